@@ -1,0 +1,73 @@
+// The only road to the board: one exchange buffer, the status of the last reply, the position counters.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "closed/ZenikCom.h"
+#include "core/Types.h"
+
+namespace ovelin {
+
+class ClsCdeZENIK {
+ public:
+  ClsCdeZENIK();
+  explicit ClsCdeZENIK(std::unique_ptr<zenikcom::Liaison> liaison);
+  ~ClsCdeZENIK();
+  ClsCdeZENIK(const ClsCdeZENIK&) = delete;
+  ClsCdeZENIK& operator=(const ClsCdeZENIK&) = delete;
+
+  // Last status reply.
+  Drapeau EtatOctet2 = Faux;        // byte 2 differs from 0
+  std::uint8_t EtatOctet3 = 0;
+  std::int32_t NbBlocsTraites = 0;  // motion records that the board has finished
+  std::int32_t NbTicks = 0;         // ticks of the motion record computed last
+  std::int32_t TicksRestants = 0;   // ticks left in the running record
+  Drapeau EnCours = Faux;           // the board is executing motion
+  Drapeau Arret = Faux;
+  Drapeau EtatBit3 = Faux, BrocheActive = Faux, EtatBit6 = Faux, EtatBit5 = Faux;
+  Drapeau EtatB8Bit0 = Faux, FinDeCourse = Faux, Origine = Faux, EtatB8Bit5 = Faux;
+  std::uint8_t Analog1 = 0, Analog2 = 0;  // per cent
+  Drapeau ToucheHautZ = Faux, ToucheBasZ = Faux, ToucheGauche = Faux, ToucheBas = Faux, ToucheHaut = Faux,
+          ToucheDroite = Faux;
+  double TempsBuffer = 0;           // s of motion in the last seven accepted records
+  std::string DebugTexte;           // dump of the last record in debug mode
+  // Position: steps at the start of the running record, estimated steps, estimated mm. mm and steps agree:
+  // PosX = PasX x MmParPasX at every moment.
+  std::int32_t PasDebutX = 0, PasDebutY = 0, PasDebutZ = 0;
+  std::int32_t PasX = 0, PasY = 0, PasZ = 0;
+  double PosX = 0, PosY = 0, PosZ = 0;              // mm
+  double OrigineX = 0, OrigineY = 0, OrigineZ = 0;  // kept here for the windows
+
+  bool IsAvailable();
+  void Reset();
+
+  // mm per step. Setting it computes the positions in mm anew from the steps.
+  void FixeResolutions(double x, double y, double z);
+  [[nodiscard]] double MmParPasX() const { return mmParPas_[0]; }
+  [[nodiscard]] double MmParPasY() const { return mmParPas_[1]; }
+  [[nodiscard]] double MmParPasZ() const { return mmParPas_[2]; }
+  // A position given in mm (the command line's --pos, CB_Origine): steps and mm agree afterwards.
+  void FixePosition(double x, double y, double z);
+
+  // One send. True exactly when the library answered 1; -101 and -102 show their box.
+  bool EnvoiCommande(std::int32_t& modeEnvoi);
+  // Appends the line to "debug.txt" of the current folder and shows it; no exchange takes place.
+  bool JournalDebug();
+
+  zenikcom::TamponOctets Tampon{};  // request and reply at once
+
+ private:
+  std::unique_ptr<zenikcom::Liaison> liaison_;
+  std::array<double, 3> mmParPas_{1, 1, 1};
+  std::int16_t profondeurEnvoi_ = 0;    // sends in progress
+  Drapeau modeProgrammation_ = Faux;
+  std::array<Drapeau, 6> etatClavier_{};
+};
+
+// The one board object; without a board until somebody installs a link.
+extern std::unique_ptr<ClsCdeZENIK> CdeZENIK;
+
+}  // namespace ovelin

@@ -1,0 +1,57 @@
+// The key store: section "[OVELIN]" of the settings file with the open project's overrides.
+//
+// Writes that belong together reach the disk together: hold a `LotCles` over them. Without one each write is a
+// batch of its own. Content that has not changed is not written.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ovelin {
+
+std::string LireCle(std::string_view cle, std::string_view defaut);
+double LireNombre(std::string_view cle, double defaut);
+bool LireBooleen(std::string_view cle, bool defaut);  // anything but "Faux" is true
+void EcrireCle(std::string_view cle, std::string_view valeur);
+void SupprimerCle(std::string_view cle);
+
+std::string LireCleSection(std::string_view section, std::string_view cle, std::string_view defaut);
+double LireNombreSection(std::string_view section, std::string_view cle, double defaut);
+void EcrireCleSection(std::string_view section, std::string_view cle, std::string_view valeur);
+void SupprimerCleSection(std::string_view section, std::string_view cle);
+
+std::vector<std::string> ListerSections(const std::string& fichier);
+void CopierSection(std::string_view source, std::string_view cible, const std::string& fichier);
+void SupprimerSection(std::string_view section, const std::string& fichier);
+void DeplacerSection(std::string_view source, std::string_view cible, const std::string& fichier);
+
+// Path of the settings file: DossierProgramme + "/OVELIN.ini".
+std::string CheminIni();
+
+// Behaviour of the store for this process.
+struct MagasinCles {
+  // Values that stand before every file, for this call only, never written. A machine key ("TB_SAV_15",
+  // "COMBO_SAV_1" ...) acts in the section of any machine table. Keys without regard to case.
+  std::map<std::string, std::string> Surcharge;
+  // False: EcrireCle leaves the settings file alone (the command line), the project still gets its line.
+  bool EcrireIni = true;
+  // The first failure of a write since it was last cleared: system's text, "" when there was none.
+  std::string DerniereErreur;
+};
+extern MagasinCles Magasin;
+
+// While one stands, files are read once and written once, at its end (or when the project writer takes over).
+class LotCles {
+ public:
+  LotCles();
+  ~LotCles();
+  LotCles(const LotCles&) = delete;
+  LotCles& operator=(const LotCles&) = delete;
+};
+
+// Forget what is held of the files (another program, or a test, has changed them).
+void OublieCles();
+
+}  // namespace ovelin

@@ -1,0 +1,36 @@
+// A file of sections and keys, kept line by line as it stands: look-up without regard to case, a key replaced where
+// it is, new keys at the end of their section, comments and order kept. In memory as bytes of the file's set;
+// names and values are UTF-8 at this interface.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace ovelin {
+
+class FichierIni {
+ public:
+  FichierIni() = default;
+  explicit FichierIni(std::string_view octets);
+
+  [[nodiscard]] std::optional<std::string> Lit(std::string_view section, std::string_view cle) const;
+  void Ecrit(std::string_view section, std::string_view cle, std::string_view valeur);
+  void Supprime(std::string_view section, std::string_view cle);
+  void SupprimeSection(std::string_view section);
+  [[nodiscard]] std::vector<std::string> Sections() const;
+  [[nodiscard]] std::vector<std::pair<std::string, std::string>> Lignes(std::string_view section) const;
+  [[nodiscard]] std::string Octets() const;
+
+ private:
+  struct Ligne {
+    std::string texte;  // bytes without the line end
+  };
+  std::vector<Ligne> lignes_;
+  std::string finLigne_ = "\r\n";
+  [[nodiscard]] std::pair<std::size_t, std::size_t> Etendue(std::string_view section) const;
+};
+
+}  // namespace ovelin

@@ -1,0 +1,42 @@
+// Files and folders.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ovelin {
+
+// Folder of "OVELIN.ini": set once at the start (see TrouveDossierProgramme), no separator at the end.
+extern std::string DossierProgramme;
+// Folder of this process for undo snapshots; empty when there is none.
+extern std::string DossierTemp;
+
+// "OVELIN.ini" or "OVELIN.inisav" beside the executable makes the installation portable; otherwise "ovelin" in the
+// user's configuration folder, made with mode 0700. `dossierExecutable` without a separator at the end.
+std::string TrouveDossierProgramme(const std::string& dossierExecutable);
+// A file that comes with the product ("OVELINfr.trad"): the program's folder first, then share/ovelin of the
+// installation, then the source tree's translations/ and samples/ while developing. Empty when nowhere.
+std::string TrouveFichierProduit(const std::string& nom);
+extern std::vector<std::string> DossiersProduit;  // where TrouveFichierProduit looks behind DossierProgramme
+
+// "" when it worked, otherwise the system's text ("No space left on device").
+using ErreurSysteme = std::string;
+
+// The whole file, or nothing and the reason.
+std::optional<std::string> LitFichierEntier(const std::string& chemin, ErreurSysteme* raison = nullptr);
+// Whole or not at all: written beside the target, flushed to disk, renamed over it. Keeps the target's mode. A
+// target without write permission is refused, also for root. Content that has not changed is not written again.
+ErreurSysteme EcritFichierEntier(const std::string& chemin, std::string_view octets);
+
+bool FichierExiste(const std::string& chemin);  // a regular file
+bool LectureSeule(const std::string& chemin);   // exists, and nobody may write it
+std::string DossierDe(const std::string& chemin);
+std::string NomDe(const std::string& chemin);          // without the folder
+std::string NomSansExtension(const std::string& nom);  // last ".xyz" taken off, folder kept
+std::string ExtensionDe(const std::string& chemin);    // upper case, without the point
+// Names of files in a folder with that upper-case extension, sorted.
+std::vector<std::string> ListeFichiers(const std::string& dossier, const std::string& extension);
+
+}  // namespace ovelin

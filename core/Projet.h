@@ -1,0 +1,27 @@
+// The project file ".OVL": one whole document, read by column.
+#pragma once
+
+#include <string>
+
+#include "core/Fichiers.h"
+
+namespace ovelin {
+
+// Writes the document. The settings in force go in first, through the key store. On failure the file that was
+// there is whole, and the system's reason comes back.
+ErreurSysteme EcrireProjet(const std::string& chemin);
+
+// Reads a project into the document. False when the checks refuse it: the message has been shown (keys "100",
+// "101" of "erreurs"), and the document is unchanged apart from NbPoints and the bounds.
+bool LireProjet(const std::string& chemin);
+// The first pass alone: NbPoints and the bounds from the file. False with the message as above.
+bool VerifierProjet(const std::string& chemin);
+
+// What lies above this folder and takes part in a reading. Empty functions are skipped.
+struct CrochetsProjet {
+  void (*ChargeTable)() = nullptr;          // machine table, colours and options follow it
+  void (*ChercheMateriau)() = nullptr;      // the material record that agrees with the values, shown by its name
+};
+extern CrochetsProjet Crochets;
+
+}  // namespace ovelin

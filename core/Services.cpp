@@ -1,0 +1,68 @@
+#include "core/Services.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+#include "core/Etat.h"
+#include "core/Traduction.h"
+
+namespace ovelin {
+
+Services Svc = ServicesMuets();
+void (*ArretFatal)() = nullptr;
+
+namespace {
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Svc = ServicesMuets(); });
+}
+
+Reponse Message(std::string_view section, std::string_view cle, Icone icone, Boutons boutons,
+                std::string_view titre) {
+  Boite boite;
+  boite.section = section;
+  boite.cle = cle;
+  boite.texte = Traduire(section, cle);
+  boite.titre = titre;
+  boite.icone = icone;
+  boite.boutons = boutons;
+  return Svc.Montre(boite);
+}
+
+Services ServicesMuets() {
+  Services s;
+  s.Montre = [](const Boite& boite) -> Reponse {
+    std::fprintf(stderr, "box without an answer: %s %s \"%s\"\n", boite.section.c_str(), boite.cle.c_str(),
+                 boite.texte.c_str());
+    Impossible("unanswered box", __FILE__, __LINE__);
+  };
+  s.ChoisitFichier = [](const DialogueFichier& d) -> std::string {
+    std::fprintf(stderr, "file dialog without an answer: %s\n", d.cle.c_str());
+    Impossible("unanswered file dialog", __FILE__, __LINE__);
+  };
+  s.Saisit = [](std::string_view, std::string_view cle, const std::string&, const std::string&) -> std::string {
+    std::fprintf(stderr, "prompt without an answer: %.*s\n", static_cast<int>(cle.size()), cle.data());
+    Impossible("unanswered prompt", __FILE__, __LINE__);
+  };
+  s.Dimensionne = [](DemandeDimension&) {};
+  s.AvancementDebut = [](const std::string&, long) {};
+  s.AvancementPlus = [] {};
+  s.AvancementFin = [] {};
+  s.Panneau = [](int, const std::string&) {};
+  s.Rafraichit = [] {};
+  s.LaisseEvenements = [](Evenements) {};
+  s.Horloge = [] {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+  };
+  s.Attend = [](double secondes) { std::this_thread::sleep_for(std::chrono::duration<double>(secondes)); };
+  s.Bip = [] {};
+  return s;
+}
+
+void Impossible(const char* quoi, const char* fichier, int ligne) {
+  std::fprintf(stderr, "%s:%d: %s\n", fichier, ligne, quoi);
+  if (ArretFatal != nullptr) ArretFatal();
+  std::abort();
+}
+
+}  // namespace ovelin

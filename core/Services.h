@@ -1,0 +1,92 @@
+// Everything the outside world does for the procedures: boxes, dialogs, progress, clock. The windows fill it with
+// the toolkit, the command line with the terminal, tests with a script. What nobody has filled fails loudly.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ovelin {
+
+enum class Icone { Aucune, Information, Question, Exclamation, Critique };
+enum class Boutons { Ok, OkAnnuler, OuiNon, OuiNonAnnuler };
+enum class Reponse { Ok, Annuler, Oui, Non };
+
+// A box. `cle` with `section` names it (tests script by key; "" for the few fixed texts, then `texte` names it);
+// `texte` is what the user reads, complete and translated.
+struct Boite {
+  std::string section;
+  std::string cle;
+  std::string texte;
+  std::string titre;
+  Icone icone = Icone::Aucune;
+  Boutons boutons = Boutons::Ok;
+  // Where a file is at fault: its name and line, for programs that read the answer.
+  std::string fichier;
+  long ligne = 0;
+};
+
+enum class Evenements {
+  Affichage,  // painting and timers; the user's input is held back
+  Tous,       // the loops of a run
+};
+
+// Save and open dialogs.
+struct DialogueFichier {
+  bool enregistrer = false;
+  std::string cle;  // names the dialog: "mnu_Ouvrir", "mnu_Save", "Btn_Gener_GCODE", "Btn_Gener_Fichier"
+  std::string titre;
+  std::string filtre;   // text of the filter
+  std::string motif;    // "*.nc"
+  std::string propose;  // proposed path or name
+};
+
+// The size dialog of a newly read drawing: mm in, ratios out.
+struct DemandeDimension {
+  double largeur = 0, hauteur = 0;    // mm
+  double courseX = 0, courseY = 0;    // travel, mm
+  double rapportX = 1, rapportY = 1;  // answer
+};
+
+struct Services {
+  std::function<Reponse(const Boite&)> Montre;
+  std::function<std::string(const DialogueFichier&)> ChoisitFichier;  // "" when cancelled
+  std::function<std::string(std::string_view section, std::string_view cle, const std::string& texte,
+                            const std::string& propose)> Saisit;      // "" when cancelled
+  std::function<void(DemandeDimension&)> Dimensionne;
+
+  // Progress: opened with a text and a total, stepped, closed.
+  std::function<void(const std::string& texte, long total)> AvancementDebut;
+  std::function<void()> AvancementPlus;
+  std::function<void()> AvancementFin;
+  // Text of a panel of the status bar, by its number from 1.
+  std::function<void(int panneau, const std::string& texte)> Panneau;
+  // Lists, trees and picture follow the document.
+  std::function<void()> Rafraichit;
+
+  std::function<void(Evenements)> LaisseEvenements;
+  std::function<double()> Horloge;         // s, monotonic
+  std::function<void(double)> Attend;      // s
+  std::function<void()> Bip;
+  char MarqueDecimale = '.';               // the user's decimal mark
+};
+extern Services Svc;
+
+// A box with the text of its key; the shortest way to show one.
+Reponse Message(std::string_view section, std::string_view cle, Icone icone, Boutons boutons = Boutons::Ok,
+                std::string_view titre = "OVELIN");
+
+// Services for a program without a window or a script: boxes fail loudly (see Verifie), progress and panels do
+// nothing, the clock is the system's.
+Services ServicesMuets();
+
+// Always-on check of what can't be: tells file and line on standard error and ends the program after `ArretFatal`.
+[[noreturn]] void Impossible(const char* quoi, const char* fichier, int ligne);
+extern void (*ArretFatal)();  // stops the machine first
+#define VERIFIE(condition) \
+  do { \
+    if (!(condition)) ::ovelin::Impossible(#condition, __FILE__, __LINE__); \
+  } while (false)
+
+}  // namespace ovelin

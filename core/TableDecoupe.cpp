@@ -1,0 +1,13 @@
+#include "core/TableDecoupe.h"
+
+#include "core/Etat.h"
+
+namespace ovelin {
+
+EtatPlan Plan;
+
+namespace {
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Plan = EtatPlan{}; });
+}
+
+}  // namespace ovelin

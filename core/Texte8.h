@@ -1,0 +1,13 @@
+// 8-bit text of files (Windows-1252) and UTF-8 of memory. Nothing is lost either way: what the set can't hold is
+// written as UTF-8, and a value whose bytes above 127 are valid UTF-8 is read as such.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ovelin {
+
+std::string DeTexte8(std::string_view octets);  // file -> memory
+std::string EnTexte8(std::string_view utf8);    // memory -> file
+
+}  // namespace ovelin

@@ -1,0 +1,24 @@
+// Texts for the user, by section and key, from "OVELINxx.trad".
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ovelin {
+
+// An empty key gives "___"; a missing one the key itself.
+std::string Traduire(std::string_view section, std::string_view cle);
+
+// Language that the system suggests, from its locale name ("fr_FR", "fr_CA", "de", "C"): French of France and
+// Switzerland "fr", "de_DE", "es_ES", "ca_ES", "it_IT" theirs, every other "en". "pt" is never suggested.
+std::string LangueDuSysteme(std::string_view locale);
+struct LangueConnue {
+  const char* code;
+  const char* nom;
+};
+const std::vector<LangueConnue>& Langues();
+// The file of the current language is read again at the next text.
+void OublieTraductions();
+
+}  // namespace ovelin

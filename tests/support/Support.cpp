@@ -1,0 +1,159 @@
+#include "tests/support/Support.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "core/Cles.h"
+#include "core/Etat.h"
+#include "core/Fichiers.h"
+#include "core/Traduction.h"
+
+namespace essai {
+
+using namespace ovelin;
+
+namespace {
+
+struct BoiteAttendue {
+  std::string section, cle, texte;
+  Reponse reponse;
+};
+struct Scenario {
+  std::deque<BoiteAttendue> boites;
+  std::deque<std::pair<std::string, std::string>> fichiers, saisies;
+  std::vector<Boite> montrees;
+  std::vector<std::pair<int, std::string>> panneaux;
+  int bips = 0;
+  std::string dossier;
+};
+Scenario Sc;
+
+std::string Nom(const Boite& b) {
+  return b.cle.empty() ? "\"" + b.texte + "\"" : b.section + "/" + b.cle + " \"" + b.texte + "\"";
+}
+
+Reponse Montre(const Boite& boite) {
+  Sc.montrees.push_back(boite);
+  if (Sc.boites.empty()) {
+    ADD_FAILURE() << "unexpected box " << Nom(boite);
+    return Reponse::Annuler;
+  }
+  const BoiteAttendue attendue = Sc.boites.front();
+  Sc.boites.pop_front();
+  const bool bonne = attendue.cle.empty() ? boite.texte == attendue.texte
+                                          : boite.section == attendue.section && boite.cle == attendue.cle;
+  if (!bonne) {
+    ADD_FAILURE() << "box " << Nom(boite) << ", expected " << attendue.section << "/" << attendue.cle
+                  << attendue.texte;
+  }
+  return attendue.reponse;
+}
+
+std::string Suivante(std::deque<std::pair<std::string, std::string>>& file, std::string_view cle) {
+  if (file.empty() || file.front().first != cle) {
+    ADD_FAILURE() << "unexpected dialog " << cle;
+    return "";
+  }
+  std::string reponse = file.front().second;
+  file.pop_front();
+  return reponse;
+}
+
+class Ecouteur : public testing::EmptyTestEventListener {
+  void OnTestStart(const testing::TestInfo&) override {
+    Sc = Scenario{};
+    RemetTout();
+    OublieCles();
+    OublieTraductions();
+    DossierProgramme = Dossier();
+    DossierTemp = Dossier() + "/temp";
+    std::filesystem::create_directories(DossierTemp);
+    DossiersProduit = {std::string(OVELIN_SOURCE_DIR) + "/translations", std::string(OVELIN_SOURCE_DIR) + "/samples"};
+    Svc.Montre = Montre;
+    Svc.ChoisitFichier = [](const DialogueFichier& d) { return Suivante(Sc.fichiers, d.cle); };
+    Svc.Saisit = [](std::string_view, std::string_view cle, const std::string&, const std::string&) {
+      return Suivante(Sc.saisies, cle);
+    };
+    Svc.Bip = [] { ++Sc.bips; };
+    Svc.Panneau = [](int panneau, const std::string& texte) { Sc.panneaux.emplace_back(panneau, texte); };
+  }
+  void OnTestEnd(const testing::TestInfo&) override {
+    for (const auto& b : Sc.boites) ADD_FAILURE() << "box never shown: " << b.section << "/" << b.cle << b.texte;
+    for (const auto& f : Sc.fichiers) ADD_FAILURE() << "file dialog never shown: " << f.first;
+    for (const auto& s : Sc.saisies) ADD_FAILURE() << "prompt never shown: " << s.first;
+    if (!Sc.dossier.empty()) {
+      std::error_code e;
+      std::filesystem::remove_all(Sc.dossier, e);
+    }
+  }
+};
+
+}  // namespace
+
+void Attend(const std::string& section, const std::string& cle, Reponse reponse) {
+  Sc.boites.push_back({section, cle, "", reponse});
+}
+void AttendTexte(const std::string& texte, Reponse reponse) { Sc.boites.push_back({"", "", texte, reponse}); }
+void AttendFichier(const std::string& cle, const std::string& reponse) { Sc.fichiers.emplace_back(cle, reponse); }
+void AttendSaisie(const std::string& cle, const std::string& reponse) { Sc.saisies.emplace_back(cle, reponse); }
+const std::vector<Boite>& Boites() { return Sc.montrees; }
+int Bips() { return Sc.bips; }
+const std::vector<std::pair<int, std::string>>& Panneaux() { return Sc.panneaux; }
+
+const std::string& Dossier() {
+  if (Sc.dossier.empty()) {
+    std::string modele = (std::filesystem::temp_directory_path() / "ovelin-test-XXXXXX").string();
+    if (mkdtemp(modele.data()) == nullptr) std::abort();
+    Sc.dossier = modele;
+  }
+  return Sc.dossier;
+}
+
+std::string EcritFichierEssai(const std::string& nom, const std::string& octets) {
+  const std::string chemin = Dossier() + "/" + nom;
+  std::ofstream(chemin, std::ios::binary) << octets;
+  return chemin;
+}
+
+std::string LitFichierEssai(const std::string& chemin) {
+  std::ifstream f(chemin, std::ios::binary);
+  std::ostringstream s;
+  s << f.rdbuf();
+  return s.str();
+}
+
+std::vector<PointTrace> Trace(const std::string& code, const std::vector<std::pair<float, float>>& xy) {
+  std::vector<PointTrace> points;
+  points.reserve(xy.size());
+  for (const auto& [x, y] : xy) points.push_back({x, y, CodePD, Code2(code)});
+  return points;
+}
+
+void AjouteSequence(const std::string& code, const std::vector<std::pair<float, float>>& xy, std::int16_t decalage,
+                    double profondeur) {
+  const auto points = Trace(code, xy);
+  TraceInitial.insert(TraceInitial.end(), points.begin(), points.end());
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  if (Sequences.size() == 1 && Sequences[0].Code == Code2{}) Sequences.clear();
+  Sequences.push_back({Code2(code), Faux, profondeur, Vrai, decalage, Vrai});
+}
+
+void AjouteCarre(const std::string& code, float x, float y, float cote, std::int16_t decalage, double profondeur) {
+  AjouteSequence(code, {{x, y}, {x, y + cote}, {x + cote, y + cote}, {x + cote, y}, {x, y}}, decalage, profondeur);
+}
+
+std::string DossierCorpus() {
+  const std::string dossier = std::string(OVELIN_SOURCE_DIR) + "/../shared/corpus";
+  return std::filesystem::is_directory(dossier) ? dossier : "";
+}
+std::string DossierExemples() { return std::string(OVELIN_SOURCE_DIR) + "/samples"; }
+
+}  // namespace essai
+
+int main(int argc, char** argv) {
+  testing::InitGoogleMock(&argc, argv);
+  testing::UnitTest::GetInstance()->listeners().Append(new essai::Ecouteur);
+  return RUN_ALL_TESTS();
+}

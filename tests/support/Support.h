@@ -1,0 +1,48 @@
+// What every test program shares: a fresh state before each test, scripted services, small builders.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "core/Document.h"
+#include "core/Services.h"
+
+namespace essai {
+
+// Expected boxes in order. A box that the script doesn't hold fails the test by its key; boxes left over at the end
+// of a test fail it too. A fresh script is installed before each test.
+void Attend(const std::string& section, const std::string& cle, ovelin::Reponse reponse = ovelin::Reponse::Ok);
+// A box without a key, by its text.
+void AttendTexte(const std::string& texte, ovelin::Reponse reponse = ovelin::Reponse::Ok);
+// Answers of file dialogs and prompts, in order, by the dialog's key.
+void AttendFichier(const std::string& cle, const std::string& reponse);
+void AttendSaisie(const std::string& cle, const std::string& reponse);
+// Boxes shown so far in this test.
+const std::vector<ovelin::Boite>& Boites();
+int Bips();
+// Texts shown in status panels so far: (panel, text).
+const std::vector<std::pair<int, std::string>>& Panneaux();
+
+// A folder of this test alone, empty, removed behind it. DossierProgramme and DossierTemp point into it.
+const std::string& Dossier();
+std::string EcritFichierEssai(const std::string& nom, const std::string& octets);
+std::string LitFichierEssai(const std::string& chemin);
+
+// A path as points: {x, y} pairs with that code. Records in Sequences as a reading gives them.
+std::vector<ovelin::PointTrace> Trace(const std::string& code, const std::vector<std::pair<float, float>>& xy);
+void AjouteSequence(const std::string& code, const std::vector<std::pair<float, float>>& xy,
+                    std::int16_t decalage = 1, double profondeur = -3);
+// Closed square with its corner at (x, y), clockwise.
+void AjouteCarre(const std::string& code, float x, float y, float cote, std::int16_t decalage = 1,
+                 double profondeur = -3);
+
+// Folder of real drawings by other people, "" where it isn't there.
+std::string DossierCorpus();
+// The project's own samples/.
+std::string DossierExemples();
+
+}  // namespace essai

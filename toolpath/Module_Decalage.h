@@ -1,0 +1,48 @@
+// The tool path: one path of the drawing into its offset trace, all traces, the notches on them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/Document.h"
+
+namespace ovelin {
+
+// Computes and stores the trace of one path; -1 does nothing.
+void CalculDecalage(Code2 code);
+// The same for several, with the outcome of calling them one after the other, at a cost that grows with the points
+// of those paths alone.
+void CalculDecalages(const std::vector<Code2>& codes);
+// All traces. True when TraceInitial was not empty and the walk ended normally.
+bool RecalculDecalages();
+
+// Opens a notch at each "PC" of a trace, in place. Radius T = LargeurEncoche / 2 + RayonFraise, mm.
+void PoseEncoches(std::vector<PointTrace>& points);
+// Intersections of the segment A-B with the circle: 0 none, 1 P1 lies on the segment, 2 P2, 3 both.
+int InterCercleSegment(const PointTrace& a, const PointTrace& b, const PointTrace& c, double r, PointTrace& p1,
+                       PointTrace& p2);
+// Drag knife: lengthens the closed traces of a path (Prolongement).
+void ProlongeTrace(Code2 code);
+
+// A click of the attachment tool at (x, y), mm. False when refused (with a beep where one is due).
+bool AjouteAttache(float x, float y);
+bool EnleveAttache(float x, float y);
+
+// What follows a change of a property of the selection.
+void DecaleSelection(std::int16_t decalage);  // Option_Decal: to or from 3 reverses the points
+void PocheSelection(bool poche);              // CB_Poche
+void FraiserSelection(bool fraiser);          // CB_Fraiser
+// A depth for the selection (TB_Profondeur). False: refused ("lib361") or answered No ("lib106").
+bool ProfondeurSelection(double profondeur);
+
+// The rules of the tool fields. False: the entry is refused; the value may stand stored all the same, as each rule
+// says. Texts take both decimal marks.
+bool EntreRayonFraise(const std::string& texte);
+bool EntreLargeurEncoche(const std::string& texte);
+bool EntreMiniEncoche(const std::string& texte);
+bool EntreHautDeg(const std::string& texte);
+bool EntrePCPoche(const std::string& texte);
+bool EntreProfPasse(const std::string& texte);
+
+}  // namespace ovelin
