@@ -50,6 +50,8 @@ Services ServicesMuets() {
   s.AvancementFin = [] {};
   s.Panneau = [](int, const std::string&) {};
   s.Rafraichit = [] {};
+  s.DessinOuvert = [](bool) {};
+  s.FichierRecent = [](const std::string&) {};
   s.LaisseEvenements = [](Evenements) {};
   s.Horloge = [] {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();

@@ -64,6 +64,11 @@ struct Services {
   std::function<void(int panneau, const std::string& texte)> Panneau;
   // Lists, trees and picture follow the document.
   std::function<void()> Rafraichit;
+  // Menus and buttons that need a drawing: disabled while one is opened, enabled when it stands; then the view is
+  // fitted to it and the caption takes its name.
+  std::function<void(bool ouvert)> DessinOuvert;
+  // A path for the recent list.
+  std::function<void(const std::string& chemin)> FichierRecent;
 
   std::function<void(Evenements)> LaisseEvenements;
   std::function<double()> Horloge;         // s, monotonic
