@@ -1,6 +1,7 @@
-// From a file on disk to the document.
+// From a file on disk to the document, and back.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "closed/Pathwerk.h"
@@ -8,27 +9,40 @@
 namespace ovelin {
 
 struct OptionsOuverture {
-  bool dehors = true;          // the path is given (command line, recent list): no dialog
-  bool ecritFichier = true;    // writes the key "Fichier"
-  bool rendUniforme = true;    // makes the line ends of the file itself uniform (text and writable files only)
+  bool dehors = true;        // the path is given (command line, recent list): no dialog
+  bool ecritFichier = true;  // writes the key "Fichier" and the recent list
+  bool rendUniforme = true;  // makes the line ends of the file itself uniform (text and writable files only)
 };
 
-enum class Ouverture { Reussie, Abandon, Refusee };
+enum class Ouverture {
+  Reussie,
+  Abandon,  // no path, or a path that does not exist: nothing has changed
+  Refusee,  // the message has been shown; the document is empty of traces
+};
 
-// mnu_Ouvrir. With `dehors` the path comes in `chemin`, otherwise from the dialog. What was told to the user has
-// been shown. `rapport`, when given, takes what the reader told.
-Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
-                     pathwerk::RapportLecture* rapport = nullptr);
+// What a foreign drawing held before it was sized, cleaned and shifted.
+struct ContenuLu {
+  pathwerk::RapportLecture rapport;  // Format is "OVL" for a project
+  std::string message;               // the library's message, without the padding
+  std::int32_t points = 0;
+  std::int32_t sequences = 0;
+  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;  // mm
+};
 
-// mnu_Save with a path: FichierProjet, the file, caption, Modifie. Returns the system's reason or "".
+// mnu_Ouvrir. With `dehors` the path comes in `chemin`, otherwise from the dialog. `contenu`, when given, takes
+// what was read.
+Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
+
+// Line ends of a text file on disk made uniform: when its first line doesn't end in a carriage return, every line
+// feed becomes carriage return and line feed. Left alone: a file with a NUL or a binary header, a file that can't
+// be written. True when it was rewritten.
+bool RendUniforme(const std::string& chemin);
+
+// mnu_Save with the path known: FichierProjet, the file, Modifie, recent list. Returns the system's reason or "".
 std::string EnregistreProjet(const std::string& chemin);
 
 // A row of the material database for the whole document (CB_BD): parameters, then the depth of every path.
-// False when the question of unequal depths ("lib106") was answered No.
+// False when the row isn't there, or the question of unequal depths ("lib106") was answered No.
 bool AppliqueMateriau(int rang);
-
-// Start of the program below the windows: folders, settings, table, board, hooks of the project reader.
-// `config` replaces the program's folder when not empty. False: the settings file can't be written.
-bool DemarreProgramme(const std::string& dossierExecutable, const std::string& config, const std::string& locale);
 
 }  // namespace ovelin
