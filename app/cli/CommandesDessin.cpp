@@ -1,0 +1,251 @@
+// Commands that open a drawing and give something back: info, gcode, save, export, trace, plan.
+#include <charconv>
+#include <cmath>
+
+#include "app/cli/Commandes.h"
+#include "app/cli/Image.h"
+#include "controller/ClsCdeZENIK.h"
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/TableDecoupe.h"
+#include "core/Traduction.h"
+#include "machine/Module_Table.h"
+#include "run/Module_GCode.h"
+#include "run/Module_Planificateur.h"
+#include "toolpath/Module_Outils.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin::cli {
+
+namespace {
+
+bool Fermee(const std::vector<PointTrace>& points, const Etendue& e) {
+  return e.nombre > 1 && pathwerk::MemePlace(points[static_cast<std::size_t>(e.premier)],
+                                             points[static_cast<std::size_t>(e.premier + e.nombre - 1)]);
+}
+
+Json Bornes(float xmin, float xmax, float ymin, float ymax) {
+  return Json{{"xmin", xmin}, {"xmax", xmax}, {"ymin", ymin}, {"ymax", ymax}};
+}
+
+// JSON text of large point lists is written by hand: the shortest number that reads back, no tree in memory.
+void AjouteNombre(std::string& sortie, float v) {
+  char tampon[32];
+  const auto fin = std::to_chars(tampon, tampon + sizeof tampon, v);
+  sortie.append(tampon, fin.ptr);
+}
+
+void AjouteTexte(std::string& sortie, const std::string& texte) {
+  sortie += Json(texte).dump(-1, ' ', true, Json::error_handler_t::replace);
+}
+
+void AjoutePoint(std::string& sortie, const PointTrace& p, bool avecSeq) {
+  sortie += '[';
+  AjouteNombre(sortie, p.X);
+  sortie += ',';
+  AjouteNombre(sortie, p.Y);
+  sortie += ',';
+  AjouteTexte(sortie, p.Cde.Texte());
+  if (avecSeq) {
+    sortie += ',';
+    AjouteTexte(sortie, p.Seq.Texte());
+  }
+  sortie += ']';
+}
+
+std::string TraceEnJson() {
+  std::string sortie = "{\"sequences\":[";
+  const IndexCodes index;
+  bool premier = true;
+  for (const Etendue& e : EtenduesSequences()) {
+    ProprietesSequence p;
+    LitSequence(index, e.code, p);
+    sortie += premier ? "\n" : ",\n";
+    premier = false;
+    sortie += "{\"code\":";
+    AjouteTexte(sortie, e.code.Texte());
+    sortie += std::string(",\"closed\":") + (Fermee(TraceInitial, e) ? "true" : "false");
+    sortie += ",\"decalage\":" + std::to_string(p.Decalage);
+    sortie += std::string(",\"poche\":") + (p.Poche != Faux ? "true" : "false");
+    sortie += std::string(",\"fraiser\":") + (p.Fraiser != Faux ? "true" : "false");
+    sortie += ",\"profondeur\":" + Json(p.Profondeur).dump();
+    sortie += ",\"points\":[";
+    for (std::int32_t i = 0; i < e.nombre; ++i) {
+      if (i > 0) sortie += ',';
+      AjoutePoint(sortie, TraceInitial[static_cast<std::size_t>(e.premier + i)], false);
+    }
+    sortie += "]}";
+  }
+  sortie += "],\n\"trace\":[";
+  premier = true;
+  for (const SequenceDecalee& s : TraceDecale) {
+    sortie += premier ? "\n" : ",\n";
+    premier = false;
+    sortie += "{\"code\":";
+    AjouteTexte(sortie, s.Seq.Texte());
+    sortie += ",\"points\":[";
+    for (std::size_t i = 0; i < s.Points.size(); ++i) {
+      if (i > 0) sortie += ',';
+      AjoutePoint(sortie, s.Points[i], true);
+    }
+    sortie += "]}";
+  }
+  sortie += "]}\n";
+  return sortie;
+}
+
+// "X,Y,Z" in mm, points as decimal marks.
+bool LitPosition(const std::string& texte, double& x, double& y, double& z) {
+  const std::size_t un = texte.find(',');
+  const std::size_t deux = un == std::string::npos ? un : texte.find(',', un + 1);
+  if (deux == std::string::npos) return false;
+  const auto a = LitNombre(texte.substr(0, un));
+  const auto b = LitNombre(texte.substr(un + 1, deux - un - 1));
+  const auto c = LitNombre(texte.substr(deux + 1));
+  if (!a || !b || !c) return false;
+  x = *a;
+  y = *b;
+  z = *c;
+  return true;
+}
+
+std::string LignesEnCsv() {
+  std::string sortie = "X,Y,Z,dX,dY,dZ,Vitesse\n";
+  for (std::int32_t i = 2; i <= NbDeplacements; ++i) {
+    const Deplacement& d = TableDecoupe[static_cast<std::size_t>(i)];
+    for (const float v : {d.X, d.Y, d.Z}) {
+      AjouteNombre(sortie, v);
+      sortie += ',';
+    }
+    for (const std::int32_t v : {d.dX, d.dY, d.dZ}) sortie += std::to_string(v) + ',';
+    AjouteNombre(sortie, d.Vitesse);
+    sortie += '\n';
+  }
+  return sortie;
+}
+
+struct Sommes {
+  std::int32_t moteur = 0;  // rows that move a motor
+  double longueur = 0;      // mm
+  double secondes = 0;      // at row speed, without ramps
+};
+
+Sommes SommesDuPlan() {
+  Sommes s;
+  for (std::int32_t i = 2; i <= NbDeplacements; ++i) {
+    const Deplacement& avant = TableDecoupe[static_cast<std::size_t>(i - 1)];
+    const Deplacement& d = TableDecoupe[static_cast<std::size_t>(i)];
+    if (d.dX != 0 || d.dY != 0 || d.dZ != 0) ++s.moteur;
+    const double l = std::hypot(static_cast<double>(d.X) - static_cast<double>(avant.X),
+                                static_cast<double>(d.Y) - static_cast<double>(avant.Y),
+                                static_cast<double>(d.Z) - static_cast<double>(avant.Z));
+    s.longueur += l;
+    if (d.Vitesse > 0) s.secondes += l / static_cast<double>(d.Vitesse);
+  }
+  return s;
+}
+
+}  // namespace
+
+int Info(Contexte& contexte, const std::string& dessin) {
+  ContenuLu lu;
+  if (const int etat = OuvreDessin(contexte, dessin, &lu)) return etat;
+  std::int32_t fermees = 0;
+  std::int32_t nombre = 0;
+  for (const Etendue& e : EtenduesSequences()) {
+    ++nombre;
+    if (Fermee(TraceInitial, e)) ++fermees;
+  }
+  Json objet;
+  objet["format"] = lu.rapport.Format;
+  objet["points"] = NbPoints;
+  objet["sequences"] = nombre;
+  objet["closed"] = fermees;
+  objet["open"] = nombre - fermees;
+  objet["bounds"] = Bornes(Xmin, Xmax, Ymin, Ymax);
+  objet["skipped"] = Json::object();
+  for (const auto& [genre, combien] : lu.rapport.Ignores) objet["skipped"][genre] = combien;
+  objet["message"] = lu.message;
+  objet["read"] = Json{
+      {"points", lu.points}, {"sequences", lu.sequences}, {"bounds", Bornes(lu.xmin, lu.xmax, lu.ymin, lu.ymax)}};
+  return Resultat(contexte, objet);
+}
+
+int GCode(Contexte& contexte, const std::string& dessin, const std::string& sortie) {
+  if (const int etat = OuvreDessin(contexte, dessin)) return etat;
+  EcritureNC ecriture;
+  if (!EcritGCode(sortie, ecriture)) return EchecBoite(contexte);
+  return Resultat(contexte, Json{{"rows", ecriture.deplacements},
+                                 {"lines", ecriture.lignes},
+                                 {"length", ecriture.LongueurNC},
+                                 {"seconds", ecriture.TempsNC}});
+}
+
+int Enregistre(Contexte& contexte, const std::string& dessin, const std::string& sortie) {
+  if (const int etat = OuvreDessin(contexte, dessin)) return etat;
+  const std::string raison = EnregistreProjet(sortie);
+  if (!raison.empty()) {
+    return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + sortie + ": " + raison,
+                 sortie);
+  }
+  return Resultat(contexte, Json{{"file", sortie}, {"points", NbPoints}, {"sequences", NbSequences()}});
+}
+
+int Exporte(Contexte& contexte, const std::string& dessin, const std::string& sortie, const std::string& source) {
+  const std::string extension = ExtensionDe(sortie);
+  const bool image = extension == "SVG" || extension == "PNG";
+  if (!image && extension != "DXF" && extension != "DAT") {
+    return Echec(contexte, "lib001", Traduire("F_Exporter", "lib001"), sortie);
+  }
+  if (const int etat = OuvreDessin(contexte, dessin)) return etat;
+  if (image) {
+    const bool initial = source != "outil";
+    const bool outil = source != "initial";
+    const std::string octets = extension == "SVG" ? ImageSvg(initial, outil) : ImagePng(initial, outil);
+    if (octets.empty())
+      return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + sortie, sortie);
+    if (const int etat = EcritResultat(contexte, sortie, octets)) return etat;
+  } else if (!ovelin::Exporte(sortie, source == "outil" ? 1 : 0)) {
+    return EchecBoite(contexte);
+  }
+  return Resultat(contexte, Json{{"file", sortie}});
+}
+
+int Trace(Contexte& contexte, const std::string& dessin, const std::string& sortie) {
+  if (const int etat = OuvreDessin(contexte, dessin)) return etat;
+  if (const int etat = EcritResultat(contexte, sortie, TraceEnJson())) return etat;
+  return Resultat(contexte, Json{{"file", sortie}, {"sequences", NbSequences()}, {"traces", TraceDecale.size()}});
+}
+
+int Planifie(Contexte& contexte, const std::string& dessin, const std::string& position,
+             const std::string& lignes) {
+  double x = 0;
+  double y = 0;
+  double z = 0;
+  if (!position.empty() && !LitPosition(position, x, y, z)) {
+    std::fprintf(stderr, "--pos X,Y,Z\n");
+    return Usage;
+  }
+  if (const int etat = OuvreDessin(contexte, dessin)) return etat;
+  const auto resolutions = ResolutionsTable();
+  CdeZENIK->FixeResolutions(resolutions[0], resolutions[1], resolutions[2]);
+  CdeZENIK->FixePosition(x, y, z);
+  if (!Tableau_Decoupe()) return EchecBoite(contexte);
+  double sansRampe = 0;
+  double vMax = 0;
+  std::int16_t reserve = 0;
+  Vitesse_Decoupe_H(sansRampe, vMax, reserve);
+  if (!lignes.empty()) {
+    if (const int etat = EcritResultat(contexte, lignes, LignesEnCsv())) return etat;
+  }
+  const Sommes sommes = SommesDuPlan();
+  return Resultat(contexte, Json{{"rows", NbDeplacements - 1},
+                                 {"records", sommes.moteur},
+                                 {"seconds", sommes.secondes},
+                                 {"length", sommes.longueur},
+                                 {"VSansRampe", sansRampe},
+                                 {"VMax", vMax}});
+}
+
+}  // namespace ovelin::cli

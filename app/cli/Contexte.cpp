@@ -1,0 +1,273 @@
+#include "app/cli/Contexte.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+
+#include "core/Cles.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/Traduction.h"
+#include "core/Types.h"
+#include "database/Module_BD.h"
+#include "machine/Module_Table.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Demarrage.h"
+
+namespace ovelin::cli {
+
+namespace {
+
+// A bar on standard error, only on a terminal and only for what takes longer than a second.
+struct Barre {
+  bool terminal = false;
+  std::string texte;
+  long total = 0, fait = 0;
+  double debut = 0, dernier = 0;
+  bool visible = false;
+
+  void Debut(const std::string& quoi, long combien) {
+    texte = quoi;
+    total = combien;
+    fait = 0;
+    debut = dernier = Svc.Horloge();
+  }
+  void Plus() {
+    ++fait;
+    if (!terminal || total <= 0) return;
+    const double maintenant = Svc.Horloge();
+    if (maintenant - debut < 1.0 || maintenant - dernier < 0.1) return;
+    dernier = maintenant;
+    visible = true;
+    constexpr int Largeur = 40;
+    const int plein = static_cast<int>(std::min(fait, total) * Largeur / total);
+    std::fprintf(stderr, "\r%s [%s%s] %ld/%ld ", texte.c_str(),
+                 std::string(static_cast<std::size_t>(plein), '#').c_str(),
+                 std::string(static_cast<std::size_t>(Largeur - plein), '.').c_str(), fait, total);
+    std::fflush(stderr);
+  }
+  void Fin() {
+    if (visible) std::fprintf(stderr, "\r\033[K");
+    visible = false;
+  }
+};
+Barre LaBarre;
+
+Reponse ReponseUnique(Boutons boutons) { return boutons == Boutons::Ok ? Reponse::Ok : Reponse::Annuler; }
+
+std::string TexteSeul(const Boite& boite) {
+  std::string texte;
+  for (const char c : boite.texte) {
+    if (c != '\r') texte += c;
+  }
+  return texte;
+}
+
+// The answer of a question: --answer by its key; the question of the power interface at the first start is answered
+// OK; without an answer the call ends here. Nothing is half done then: files are written whole at the end of each
+// procedure only.
+Reponse ReponduOuFini(Contexte& contexte, const Boite& boite) {
+  const auto trouvee = contexte.reponsesParCle.find(boite.cle);
+  if (trouvee != contexte.reponsesParCle.end()) return trouvee->second;
+  if (boite.section == "erreurs" && boite.cle == "401") return Reponse::Ok;
+  LaBarre.Fin();
+  Echec(contexte, boite.cle, TexteSeul(boite), boite.fichier, boite.ligne);
+  std::fflush(nullptr);
+  std::_Exit(Refuse);
+}
+
+Reponse Montre(Contexte& contexte, const Boite& boite) {
+  if (boite.boutons != Boutons::Ok) return ReponduOuFini(contexte, boite);
+  LaBarre.Fin();
+  contexte.derniere = boite;
+  // A refusal is printed once, by the command that ends on it; what merely informs is printed here.
+  if (boite.icone != Icone::Critique) std::fprintf(stderr, "%s\n", TexteSeul(boite).c_str());
+  return ReponseUnique(boite.boutons);
+}
+
+bool LitReponses(Contexte& contexte) {
+  static const std::map<std::string, Reponse> Mots{
+      {"yes", Reponse::Oui}, {"no", Reponse::Non}, {"ok", Reponse::Ok}, {"cancel", Reponse::Annuler}};
+  for (const std::string& r : contexte.reponses) {
+    const std::size_t egal = r.rfind('=');
+    const auto mot = egal == std::string::npos ? Mots.end() : Mots.find(r.substr(egal + 1));
+    if (mot == Mots.end()) return false;
+    contexte.reponsesParCle[r.substr(0, egal)] = mot->second;
+  }
+  return true;
+}
+
+bool LitSurcharges(const Contexte& contexte) {
+  for (const std::string& r : contexte.reglages) {
+    const std::size_t egal = r.find('=');
+    if (egal == std::string::npos || egal == 0) return false;
+    Magasin.Surcharge[r.substr(0, egal)] = r.substr(egal + 1);
+  }
+  return true;
+}
+
+bool Surchargee(std::string_view cle) {
+  for (const auto& [nom, valeur] : Magasin.Surcharge) {
+    if (Majuscules(nom) == Majuscules(cle)) return true;
+  }
+  return false;
+}
+
+// A material sets nine values; those that --set names keep the value of --set.
+void RetablitSurcharges() {
+  const Reglages materiau = Regl;
+  LitMateriau();
+  LitOutil();
+  const Reglages voulu = Regl;
+  Regl = materiau;
+  if (Surchargee("RayonFraise")) RayonFraise = voulu.RayonFraise;
+  if (Surchargee("LargeurEncoche")) LargeurEncoche = voulu.LargeurEncoche;
+  if (Surchargee("MiniEncoche")) MiniEncoche = voulu.MiniEncoche;
+  if (Surchargee("ProfFraisage")) {
+    ProfFraisage = voulu.ProfFraisage;
+    ProfondeurPourTous();
+  }
+  if (Surchargee("ProfPasse")) ProfPasse = voulu.ProfPasse;
+  if (Surchargee("Vitesse_Mat_H")) Vitesse_Mat_H = voulu.Vitesse_Mat_H;
+  if (Surchargee("Vitesse_Mat_V")) Vitesse_Mat_V = voulu.Vitesse_Mat_V;
+}
+
+std::string DossierExecutable() {
+  std::error_code erreur;
+  const std::filesystem::path chemin = std::filesystem::read_symlink("/proc/self/exe", erreur);
+  return erreur ? std::string(".") : chemin.parent_path().string();
+}
+
+std::string LocaleDesTextes() {
+  for (const char* nom : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* valeur = std::getenv(nom);
+    if (valeur != nullptr && *valeur != '\0') return valeur;
+  }
+  return "C";
+}
+
+char MarqueDuSysteme() {
+  std::setlocale(LC_NUMERIC, "");
+  const char marque = *std::localeconv()->decimal_point;
+  std::setlocale(LC_NUMERIC, "C");
+  return marque == ',' ? ',' : '.';
+}
+
+}  // namespace
+
+void InstalleServices(Contexte& contexte) {
+  LaBarre.terminal = isatty(STDERR_FILENO) == 1;
+  Svc = ServicesMuets();
+  Svc.MarqueDecimale = contexte.decimale.empty() ? MarqueDuSysteme() : contexte.decimale[0];
+  Svc.Montre = [&contexte](const Boite& boite) { return Montre(contexte, boite); };
+  Svc.AvancementDebut = [](const std::string& texte, long total) { LaBarre.Debut(texte, total); };
+  Svc.AvancementPlus = [] { LaBarre.Plus(); };
+  Svc.AvancementFin = [] { LaBarre.Fin(); };
+}
+
+int Echec(const Contexte& contexte, std::string_view cle, const std::string& texte, const std::string& fichier,
+          long ligne) {
+  std::fprintf(stderr, "%s\n", texte.c_str());
+  if (contexte.json) {
+    Json erreur;
+    erreur["key"] = cle;
+    erreur["text"] = texte;
+    erreur["file"] = fichier;
+    erreur["line"] = ligne;
+    std::printf("%s\n", Json{{"error", erreur}}.dump(-1, ' ', false, Json::error_handler_t::replace).c_str());
+  }
+  return Refuse;
+}
+
+int EchecBoite(const Contexte& contexte) {
+  const Boite& b = contexte.derniere;
+  return Echec(contexte, b.cle, TexteSeul(b), b.fichier, b.ligne);
+}
+
+int Resultat(const Contexte& contexte, const Json& objet) {
+  if (contexte.json) {
+    std::printf("%s\n", objet.dump(-1, ' ', false, Json::error_handler_t::replace).c_str());
+    return Fait;
+  }
+  for (const auto& [nom, valeur] : objet.items()) {
+    const std::string texte = valeur.is_string() ? valeur.get<std::string>()
+                                                 : valeur.dump(-1, ' ', false, Json::error_handler_t::replace);
+    std::printf("%s: %s\n", nom.c_str(), texte.c_str());
+  }
+  return Fait;
+}
+
+int Demarre(Contexte& contexte) {
+  InstalleServices(contexte);
+  Magasin.EcrireIni = false;
+  if (!LitReponses(contexte) || !LitSurcharges(contexte)) {
+    std::fprintf(stderr, "--set KEY=VALUE, --answer KEY=yes|no|ok|cancel\n");
+    return Usage;
+  }
+  OptionsDemarrage options;
+  options.dossierExecutable = DossierExecutable();
+  options.config = contexte.config;
+  options.locale = LocaleDesTextes();
+  options.langue = contexte.langue;
+  options.table = contexte.table;
+  const std::string raison = DemarreProgramme(options);
+  // Without a settings file the built-in values serve; the user is told, the job goes on.
+  if (!raison.empty()) std::fprintf(stderr, "%s\n", raison.c_str());
+  if (!contexte.table.empty()) {
+    bool connue = false;
+    for (const std::string& nom : ovelin::ListeTables())
+      connue = connue || Majuscules(nom) == Majuscules(contexte.table);
+    if (!connue) return Echec(contexte, "cli_table", Traduire("cli", "cli_table") + " " + contexte.table);
+  }
+  return Fait;
+}
+
+int RangMateriau(const std::string& nom) {
+  const auto fiches = LitFiches();
+  for (std::size_t i = 0; i < fiches.size(); ++i) {
+    if (Majuscules(fiches[i].champs[0]) == Majuscules(nom)) return static_cast<int>(i) + 1;
+  }
+  return 0;
+}
+
+int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* contenu) {
+  int rang = 0;
+  if (!contexte.materiau.empty()) {
+    rang = RangMateriau(contexte.materiau);
+    if (rang == 0)
+      return Echec(contexte, "cli_materiau", Traduire("cli", "cli_materiau") + " " + contexte.materiau);
+  }
+  OptionsOuverture options;
+  options.ecritFichier = false;
+  options.rendUniforme = false;
+  const Ouverture ouverture = mnu_Ouvrir(chemin, options, contenu);
+  if (ouverture == Ouverture::Abandon) {
+    return Echec(contexte, "lib110", Traduire("F_Representation", "lib110") + "\n" + chemin, chemin);
+  }
+  if (ouverture == Ouverture::Refusee) {
+    if (contexte.derniere.fichier.empty()) contexte.derniere.fichier = chemin;
+    return EchecBoite(contexte);
+  }
+  if (rang != 0) {
+    // An answer No to the question of unequal depths keeps the depths of the paths and leaves the traces as they
+    // are; here nobody sees that they belong to another radius, so they are computed anew.
+    AppliqueMateriau(rang);
+    if (!Magasin.Surcharge.empty()) RetablitSurcharges();
+    RecalculDecalages();
+  }
+  return Fait;
+}
+
+int EcritResultat(const Contexte& contexte, const std::string& chemin, std::string_view octets) {
+  const std::string raison = EcritFichierEntier(chemin, octets);
+  if (raison.empty()) return Fait;
+  return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + chemin + ": " + raison, chemin);
+}
+
+}  // namespace ovelin::cli

@@ -1,0 +1,54 @@
+// What one call of the command line carries: common options, the boxes shown, and how results leave the program.
+#pragma once
+
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/Services.h"
+#include "workspace/Module_Ouverture.h"
+
+namespace ovelin::cli {
+
+using Json = nlohmann::ordered_json;
+
+inline constexpr int Fait = 0;
+inline constexpr int Refuse = 1;
+inline constexpr int Usage = 2;
+
+struct Contexte {
+  // common options
+  std::string config, langue, decimale, table, materiau;
+  bool json = false;
+  std::vector<std::string> reglages;  // KEY=VALUE
+  std::vector<std::string> reponses;  // KEY=yes|no|ok|cancel
+
+  std::map<std::string, Reponse> reponsesParCle;
+  Boite derniere;  // last box that told of a refusal
+};
+
+// Services of a terminal: boxes to standard error, questions from --answer, a bar for what takes over a second.
+void InstalleServices(Contexte& contexte);
+
+// A refusal of this call: its text to standard error, {"error":{...}} to standard output with --json. Returns 1.
+int Echec(const Contexte& contexte, std::string_view cle, const std::string& texte, const std::string& fichier = "",
+          long ligne = 0);
+// The same with the last box shown.
+int EchecBoite(const Contexte& contexte);
+
+// Result of a call: the JSON object with --json, otherwise one "name: value" a line. Returns 0.
+int Resultat(const Contexte& contexte, const Json& objet);
+
+// Starts the program below the windows with the common options. 0, or 1 when the options are refused.
+int Demarre(Contexte& contexte);
+// Opens a drawing as the window does, with ratio 1, and applies --material. 0 or 1.
+int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* contenu = nullptr);
+// Writes a result file whole; 0 or 1.
+int EcritResultat(const Contexte& contexte, const std::string& chemin, std::string_view octets);
+
+// Number of a row of the material database by its name (either case); 0 when there is none.
+int RangMateriau(const std::string& nom);
+
+}  // namespace ovelin::cli

@@ -1,0 +1,330 @@
+#include "app/cli/Operations.h"
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <stdexcept>
+#include <utility>
+
+#include "app/cli/Commandes.h"
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/Traduction.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Outils.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin::cli {
+
+namespace {
+
+// An argument that is missing or of the wrong kind. Caught in Opere, never seen outside this file.
+struct MauvaisArgument : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// The arguments of one operation, each asked for with its kind.
+class Arguments {
+ public:
+  explicit Arguments(const Json& objet) : objet_(objet) {}
+
+  [[nodiscard]] bool A(const char* nom) const { return objet_.contains(nom); }
+  [[nodiscard]] double Nombre(const char* nom) const {
+    const Json& v = Valeur(nom);
+    if (!v.is_number()) throw MauvaisArgument(std::string(nom) + ": number");
+    const double n = v.get<double>();
+    if (!std::isfinite(n)) throw MauvaisArgument(std::string(nom) + ": number");
+    return n;
+  }
+  [[nodiscard]] float Reel(const char* nom) const { return static_cast<float>(Nombre(nom)); }
+  [[nodiscard]] std::int32_t Entier(const char* nom) const {
+    const double n = Nombre(nom);
+    if (n != std::floor(n) || std::fabs(n) > std::numeric_limits<std::int32_t>::max()) {
+      throw MauvaisArgument(std::string(nom) + ": integer");
+    }
+    return static_cast<std::int32_t>(n);
+  }
+  [[nodiscard]] bool Booleen(const char* nom) const {
+    const Json& v = Valeur(nom);
+    if (!v.is_boolean()) throw MauvaisArgument(std::string(nom) + ": true or false");
+    return v.get<bool>();
+  }
+  [[nodiscard]] std::string Texte(const char* nom) const {
+    const Json& v = Valeur(nom);
+    if (!v.is_string()) throw MauvaisArgument(std::string(nom) + ": text");
+    return v.get<std::string>();
+  }
+  // A field of a window: its text as typed, or a number.
+  [[nodiscard]] std::string Champ(const char* nom) const {
+    const Json& v = Valeur(nom);
+    return v.is_number() ? TexteNombre(v.get<double>()) : Texte(nom);
+  }
+  [[nodiscard]] Code2 Code(const char* nom) const { return EnCode(Texte(nom)); }
+  [[nodiscard]] std::vector<Code2> Codes(const char* nom) const {
+    std::vector<Code2> codes;
+    const Json& v = Valeur(nom);
+    if (!v.is_array()) throw MauvaisArgument(std::string(nom) + ": list of codes");
+    for (const Json& c : v) {
+      if (!c.is_string()) throw MauvaisArgument(std::string(nom) + ": list of codes");
+      codes.push_back(EnCode(c.get<std::string>()));
+    }
+    return codes;
+  }
+  // Points [[x, y], [x, y, "PC"] ...] with that code.
+  [[nodiscard]] std::vector<PointTrace> Points(const char* nom, Code2 code) const {
+    std::vector<PointTrace> points;
+    const Json& v = Valeur(nom);
+    if (!v.is_array()) throw MauvaisArgument(std::string(nom) + ": list of points");
+    for (const Json& p : v) {
+      const bool bon = p.is_array() && p.size() >= 2 && p[0].is_number() && p[1].is_number() &&
+                       (p.size() < 3 || p[2].is_string());
+      if (!bon) throw MauvaisArgument(std::string(nom) + ": [x, y] or [x, y, \"PC\"]");
+      points.push_back(
+          {p[0].get<float>(), p[1].get<float>(), p.size() < 3 ? CodePD : Code2(p[2].get<std::string>()), code});
+    }
+    return points;
+  }
+
+ private:
+  [[nodiscard]] const Json& Valeur(const char* nom) const {
+    const auto v = objet_.find(nom);
+    if (v == objet_.end()) throw MauvaisArgument(std::string(nom) + ": missing");
+    return *v;
+  }
+  static Code2 EnCode(const std::string& texte) {
+    if (texte.size() != 2) throw MauvaisArgument("code: two characters");
+    return Code2(texte);
+  }
+  const Json& objet_;
+};
+
+// Procedures that move points and leave the traces to their caller.
+template <class F>
+auto AvecTraces(F f) {
+  return [f](const Arguments& a) {
+    f(a);
+    RecalculDecalages();
+    EncombrementGeneral();
+    Modifie = Vrai;
+    return true;
+  };
+}
+// Procedures that do all of it themselves and can't refuse.
+template <class F>
+auto Simple(F f) {
+  return [f](const Arguments& a) {
+    f(a);
+    return true;
+  };
+}
+
+PointTrace Centre(const Arguments& a) {
+  PointTrace centre = CentreSelection();
+  if (a.A("x")) centre.X = a.Reel("x");
+  if (a.A("y")) centre.Y = a.Reel("y");
+  return centre;
+}
+
+void Selectionne(const std::vector<Code2>& codes) {
+  DeselectionneTout();
+  const IndexCodes index;
+  for (const Code2 code : codes) {
+    const std::int32_t fiche = index.Fiche(code);
+    if (fiche < 0) throw MauvaisArgument("codes: no path \"" + code.Texte() + "\"");
+    Sequences[static_cast<std::size_t>(fiche)].Selection = Vrai;
+  }
+}
+
+void EcritFiche(const Arguments& a) {
+  const Code2 code = a.Code("code");
+  ProprietesSequence p;
+  LitSequence(code, p);
+  if (a.A("poche")) p.Poche = EnDrapeau(a.Booleen("poche"));
+  if (a.A("fraiser")) p.Fraiser = EnDrapeau(a.Booleen("fraiser"));
+  if (a.A("profondeur")) p.Profondeur = a.Nombre("profondeur");
+  if (a.A("decalage")) {
+    const std::int32_t d = a.Entier("decalage");
+    if (d < 1 || d > 3) throw MauvaisArgument("decalage: 1, 2 or 3");
+    p.Decalage = static_cast<std::int16_t>(d);
+  }
+  EcritSequence(code, p);
+}
+
+std::int16_t Cote(const Arguments& a) {
+  const std::int32_t d = a.Entier("decalage");
+  if (d < 1 || d > 3) throw MauvaisArgument("decalage: 1, 2 or 3");
+  return static_cast<std::int16_t>(d);
+}
+
+std::int32_t Index(const Arguments& a, const char* nom, std::int32_t maximum) {
+  const std::int32_t i = a.Entier(nom);
+  if (i < 0 || i > maximum) throw MauvaisArgument(std::string(nom) + ": 0 to " + std::to_string(maximum));
+  return i;
+}
+
+std::int32_t IndexPoint(const Arguments& a, std::int32_t derriere) {
+  return Index(a, "index", static_cast<std::int32_t>(TraceInitial.size()) - 1 + derriere);
+}
+
+void Insere(const Arguments& a) {
+  const std::int32_t index = IndexPoint(a, 1);
+  const Code2 cde = a.A("cde") ? a.Code("cde") : CodePD;
+  InserePoint(index, {a.Reel("x"), a.Reel("y"), cde, a.Code("seq")});
+}
+
+bool Texte(const Arguments& a) {
+  std::int32_t style = 0;
+  if (a.A("italique") && a.Booleen("italique")) style += pathwerk::StyleItalique;
+  if (a.A("gras") && a.Booleen("gras")) style += pathwerk::StyleGras;
+  return GenereTexte(a.Texte("texte"), a.Texte("police"), a.A("espace") ? a.Entier("espace") : 0, style);
+}
+
+bool Materiau(const Arguments& a) {
+  const int rang = RangMateriau(a.Texte("materiau"));
+  if (rang == 0) throw MauvaisArgument(Traduire("cli", "cli_materiau") + " " + a.Texte("materiau"));
+  AppliqueMateriau(rang);
+  return true;
+}
+
+using Operation = std::function<bool(const Arguments&)>;
+
+const std::vector<std::pair<std::string, Operation>>& Operations() {
+  using A = const Arguments&;
+  static const std::vector<std::pair<std::string, Operation>> Table{
+      // selection
+      {"SelectionneTout", Simple([](A) { SelectionneTout(); })},
+      {"DeselectionneTout", Simple([](A) { DeselectionneTout(); })},
+      {"InverseSelection", Simple([](A) { InverseSelection(); })},
+      {"BasculeSelection", Simple([](A a) { BasculeSelection(a.Code("code")); })},
+      {"SelectionPrecedente", Simple([](A) { SelectionPrecedente(); })},
+      {"SelectionSuivante", Simple([](A) { SelectionSuivante(); })},
+      {"Selectionne", Simple([](A a) { Selectionne(a.Codes("codes")); })},
+      // records and points
+      {"EcritSequence", AvecTraces([](A a) { EcritFiche(a); })},
+      {"ProfondeurPourTous", Simple([](A) { ProfondeurPourTous(); })},
+      {"InserePoint", AvecTraces([](A a) { Insere(a); })},
+      {"RemplaceSequence",
+       AvecTraces([](A a) { RemplaceSequence(a.Code("code"), a.Points("points", a.Code("code"))); })},
+      {"InverseSequence", AvecTraces([](A a) { InverseSequence(a.Code("code")); })},
+      {"FermeSequences", AvecTraces([](A) { FermeSequences(); })},
+      {"SupprimeSelection", Simple([](A) { SupprimeSelection(); })},
+      // transforms
+      {"DeplaceSelection", Simple([](A a) { Deplacement_Selection(a.Entier("direction"), a.Reel("distance")); })},
+      {"TourneSelection", Simple([](A a) {
+         TourneSelection(a.Nombre("angle"), Centre(a));
+         Deplacement_Selection(0, 0);
+       })},
+      {"EchelleSelection", AvecTraces([](A a) { EchelleSelection(a.Reel("facteurX"), a.Reel("facteurY")); })},
+      {"MiroirSelection", AvecTraces([](A a) { MiroirSelection(a.Entier("axe")); })},
+      {"CB_OK_Dimension",
+       [](A a) {
+         return Dimensionne_Selection(a.Nombre("rapportX"), a.Nombre("rapportY"),
+                                      a.A("proportions") && a.Booleen("proportions"));
+       }},
+      {"CB_OKRecalage", Simple([](A a) { Recale(a.Nombre("x"), a.Nombre("y")); })},
+      // properties of the selection and fields of the tool
+      {"Option_Decal", Simple([](A a) { DecaleSelection(Cote(a)); })},
+      {"CB_Poche", Simple([](A a) { PocheSelection(a.Booleen("valeur")); })},
+      {"CB_Fraiser", Simple([](A a) { FraiserSelection(a.Booleen("valeur")); })},
+      {"TB_Profondeur", [](A a) { return ProfondeurSelection(a.Nombre("valeur")); }},
+      {"TB_RayonFraise", [](A a) { return EntreRayonFraise(a.Champ("valeur")); }},
+      {"TB_LargeurEncoche", [](A a) { return EntreLargeurEncoche(a.Champ("valeur")); }},
+      {"TB_MiniEncoche", [](A a) { return EntreMiniEncoche(a.Champ("valeur")); }},
+      {"TB_HautDeg", [](A a) { return EntreHautDeg(a.Champ("valeur")); }},
+      {"TB_PCPoche", [](A a) { return EntrePCPoche(a.Champ("valeur")); }},
+      {"TB_ProfPasse", [](A a) { return EntreProfPasse(a.Champ("valeur")); }},
+      {"CB_BD", [](A a) { return Materiau(a); }},
+      // attachment points
+      {"AjouteAttache", [](A a) { return AjouteAttache(a.Reel("x"), a.Reel("y")); }},
+      {"EnleveAttache", [](A a) { return EnleveAttache(a.Reel("x"), a.Reel("y")); }},
+      // order, clean-up, drag knife, text
+      {"mnu_Optimisation_Click", [](A) { return mnu_Optimisation_Click(); }},
+      {"CB_Ordre", [](A a) { return ChangeOrdre(Index(a, "index", 1)); }},
+      {"CB_Depart", [](A a) { return ChangeDepart(IndexPoint(a, 0)); }},
+      {"CB_Inversion", Simple([](A) { InverseSelectionnees(); })},
+      {"mnu_Nettoyage", [](A a) { return mnu_Nettoyage_Click(a.Reel("resolution")); }},
+      {"NettoieTout", AvecTraces([](A a) { NettoieTout(a.Reel("resolution")); })},
+      {"LisseSequence",
+       [](A a) {
+         const bool lissee = LisseSequence(a.Code("code"));
+         CalculDecalage(a.Code("code"));
+         return lissee;
+       }},
+      {"CB_Lissage", Simple([](A) { LisseSelection(); })},
+      {"ChoixDepart", Simple([](A a) { ChoixDepart(Index(a, "index", 7)); })},
+      {"CB_Prolongement", Simple([](A a) { RegleProlongement(a.Booleen("actif")); })},
+      {"GenereTexte", [](A a) { return Texte(a); }},
+      // traces
+      {"CalculDecalage", Simple([](A a) { CalculDecalage(a.Code("code")); })},
+      {"RecalculDecalages", [](A) { return RecalculDecalages(); }},
+  };
+  return Table;
+}
+
+}  // namespace
+
+ResultatOperation Opere(Contexte& contexte, const Json& operation) {
+  if (!operation.is_object() || !operation.contains("op") || !operation["op"].is_string()) {
+    return {false, "op: missing"};
+  }
+  const std::string nom = operation["op"].get<std::string>();
+  for (const auto& [connu, fait] : Operations()) {
+    if (connu != nom) continue;
+    contexte.derniere = Boite{};
+    try {
+      const bool faite = fait(Arguments(operation));
+      if (faite) return {};
+      // A refusal without a box is a beep.
+      return {false, contexte.derniere.texte.empty() ? Traduire("cli", "cli_refusee") : std::string()};
+    } catch (const MauvaisArgument& erreur) {
+      return {false, erreur.what()};
+    } catch (const Json::exception& erreur) {
+      return {false, erreur.what()};
+    }
+  }
+  return {false, Traduire("cli", "cli_operation")};
+}
+
+std::vector<std::string> NomsOperations() {
+  std::vector<std::string> noms;
+  for (const auto& [nom, fait] : Operations()) noms.push_back(nom);
+  return noms;
+}
+
+int Edite(Contexte& contexte, const std::string& dessin, const std::string& operations, const std::string& sortie) {
+  std::string raison;
+  const auto texte = LitFichierEntier(operations, &raison);
+  if (!texte) {
+    return Echec(contexte, "lib110", Traduire("F_Representation", "lib110") + "\n" + operations + ": " + raison,
+                 operations);
+  }
+  const Json liste = Json::parse(*texte, nullptr, false, true);
+  if (!liste.is_array())
+    return Echec(contexte, "cli_json", Traduire("cli", "cli_json") + " " + operations, operations);
+  if (const int etat = OuvreDessin(contexte, dessin)) return etat;
+  long rang = 0;
+  for (const Json& operation : liste) {
+    ++rang;
+    const ResultatOperation r = Opere(contexte, operation);
+    if (r.faite) continue;
+    if (r.raison.empty()) return EchecBoite(contexte);
+    const std::string nom = operation.is_object() && operation.contains("op") && operation["op"].is_string()
+                                ? operation["op"].get<std::string>()
+                                : "?";
+    return Echec(contexte, "cli_edit",
+                 NomDe(operations) + ": " + std::to_string(rang) + ". " + nom + ": " + r.raison, operations, rang);
+  }
+  EncombrementGeneral();
+  const std::string refus = EnregistreProjet(sortie);
+  if (!refus.empty()) {
+    return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + sortie + ": " + refus, sortie);
+  }
+  return Resultat(contexte, Json{{"file", sortie},
+                                 {"operations", liste.size()},
+                                 {"points", NbPoints},
+                                 {"sequences", TraceInitial.empty() ? 0 : NbSequences()}});
+}
+
+}  // namespace ovelin::cli

@@ -1,0 +1,210 @@
+// ovelin-cli: the program without a window. Options and commands here, what they do beside.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <functional>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "app/cli/Commandes.h"
+#include "app/cli/Operations.h"
+
+namespace {
+
+using namespace ovelin::cli;
+
+// What the chosen command does, run when all options are known and the program has started.
+using Action = std::function<int()>;
+
+struct Options {
+  std::string dessin, sortie, operations, source, position, lignes;
+  std::string nom, nouveau, cle, valeur, interface;
+  std::vector<std::string> champs = std::vector<std::string>(9);
+};
+
+void OptionsCommunes(CLI::App& app, Contexte& c) {
+  app.fallthrough();
+  app.add_option("--config", c.config, "Folder of the settings file")->type_name("DIR");
+  app.add_option("--lang", c.langue, "Language of messages")
+      ->check(CLI::IsMember({"fr", "en", "de", "es", "ca", "it", "pt"}));
+  app.add_option("--decimal", c.decimale, "Decimal mark of texts and files")->check(CLI::IsMember({",", "."}));
+  app.add_flag("--json", c.json, "One JSON object on standard output");
+  app.add_option("--table", c.table, "Machine table of this call")->type_name("NAME");
+  app.add_option("--material", c.materiau, "Material row applied to the drawing")->type_name("NAME");
+  app.add_option("--set", c.reglages, "A key for this call alone, never written (RayonFraise=1.5, TB_SAV_15=20)")
+      ->type_name("KEY=VALUE")
+      ->allow_extra_args(false);
+  app.add_option("--answer", c.reponses, "Answer of a question by its key")
+      ->type_name("KEY=yes|no|ok|cancel")
+      ->allow_extra_args(false);
+}
+
+CLI::App* Commande(CLI::App& app, const char* nom, const char* quoi) {
+  CLI::App* commande = app.add_subcommand(nom, quoi);
+  commande->fallthrough();
+  return commande;
+}
+
+CLI::App* AvecDessin(CLI::App& app, const char* nom, const char* quoi, Options& o) {
+  CLI::App* commande = Commande(app, nom, quoi);
+  commande->add_option("DRAWING", o.dessin, "DXF, PLT, PRN, HPGL, DAT, DRD, DRL, EPS or OVL")->required();
+  return commande;
+}
+
+void Sortie(CLI::App* commande, Options& o, const char* type) {
+  commande->add_option("-o,--output", o.sortie, "File to write")->required()->type_name(type);
+}
+
+std::string ListeOperations() {
+  std::string texte = "Operations:";
+  std::size_t colonne = texte.size();
+  for (const std::string& nom : NomsOperations()) {
+    if (colonne + nom.size() + 1 > 100) {
+      texte += "\n ";
+      colonne = 1;
+    }
+    texte += " " + nom;
+    colonne += nom.size() + 1;
+  }
+  return texte;
+}
+
+void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  AvecDessin(app, "info", "Format, points, paths, bounds of a drawing", o)->callback([&] {
+    action = [&] { return Info(c, o.dessin); };
+  });
+
+  CLI::App* gcode = AvecDessin(app, "gcode", "The job as a G-code file", o);
+  Sortie(gcode, o, "OUT.nc");
+  gcode->callback([&] { action = [&] { return GCode(c, o.dessin, o.sortie); }; });
+
+  CLI::App* save = AvecDessin(app, "save", "The project file of a drawing", o);
+  Sortie(save, o, "OUT.OVL");
+  save->callback([&] { action = [&] { return Enregistre(c, o.dessin, o.sortie); }; });
+
+  CLI::App* edit = AvecDessin(app, "edit", "Runs a list of operations and saves the project", o);
+  edit->add_option("--do", o.operations, "JSON list of operations")->required()->type_name("OPS.json");
+  Sortie(edit, o, "OUT.OVL");
+  edit->footer(ListeOperations());
+  edit->callback([&] { action = [&] { return Edite(c, o.dessin, o.operations, o.sortie); }; });
+
+  CLI::App* exporte = AvecDessin(app, "export", "The drawing or its tool path as a file or a picture", o);
+  Sortie(exporte, o, "OUT.{dxf,dat,svg,png}");
+  exporte->add_option("--source", o.source, "What is written; pictures show both without it")
+      ->check(CLI::IsMember({"initial", "outil"}));
+  exporte->callback([&] { action = [&] { return Exporte(c, o.dessin, o.sortie, o.source); }; });
+
+  CLI::App* trace = AvecDessin(app, "trace", "Paths and tool path as JSON", o);
+  Sortie(trace, o, "OUT.json");
+  trace->callback([&] { action = [&] { return Trace(c, o.dessin, o.sortie); }; });
+
+  CLI::App* plan = AvecDessin(app, "plan", "The table of moves of the job", o);
+  plan->add_option("--pos", o.position, "Position of the machine, mm")->type_name("X,Y,Z");
+  plan->add_option("--rows", o.lignes, "Rows as CSV")->type_name("OUT.csv");
+  plan->callback([&] { action = [&] { return Planifie(c, o.dessin, o.position, o.lignes); }; });
+}
+
+void CommandesCles(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  CLI::App* key = Commande(app, "key", "Reads or changes a key of the settings file");
+  key->require_subcommand(1);
+  const auto ajoute = [&](const char* nom, const char* quoi) {
+    CLI::App* geste = Commande(*key, nom, quoi);
+    geste->add_option("KEY", o.cle)->required();
+    return geste;
+  };
+  ajoute("get", "Prints the value")->callback([&] { action = [&] { return LitCle(c, o.cle); }; });
+  CLI::App* set = ajoute("set", "Writes the value");
+  set->add_option("VALUE", o.valeur)->required();
+  set->callback([&] { action = [&] { return PoseCle(c, o.cle, o.valeur); }; });
+  ajoute("delete", "Deletes the key")->callback([&] { action = [&] { return EffaceCle(c, o.cle); }; });
+}
+
+void CommandesTables(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  CLI::App* tables = Commande(app, "tables", "Machine tables: list, show, use, copy, rename, delete, preset");
+  tables->require_subcommand(0, 1);
+  tables->callback([&, tables] {
+    if (tables->get_subcommands().empty()) action = [&] { return ListeTables(c); };
+  });
+  Commande(*tables, "list", "Names of the tables and of the interfaces")->callback([&] {
+    action = [&] { return ListeTables(c); };
+  });
+  CLI::App* show = Commande(*tables, "show", "Keys and values of a table");
+  show->add_option("NAME", o.nom, "Table, the current one without it");
+  show->callback([&] { action = [&] { return MontreTable(c, o.nom); }; });
+  const auto ajoute = [&](const char* nom, const char* quoi) {
+    CLI::App* geste = Commande(*tables, nom, quoi);
+    geste->add_option("NAME", o.nom)->required();
+    return geste;
+  };
+  ajoute("use", "Makes a table current")->callback([&] { action = [&] { return UtiliseTable(c, o.nom); }; });
+  CLI::App* copy = ajoute("copy", "Copies a table and makes the copy current");
+  copy->add_option("NEW", o.nouveau)->required();
+  copy->callback([&] { action = [&] { return GereTable(c, 1, o.nom, o.nouveau); }; });
+  CLI::App* rename = ajoute("rename", "Renames a table and makes it current");
+  rename->add_option("NEW", o.nouveau)->required();
+  rename->callback([&] { action = [&] { return GereTable(c, 2, o.nom, o.nouveau); }; });
+  ajoute("delete", "Deletes a table (question lib002)")->callback([&] {
+    action = [&] { return GereTable(c, 3, o.nom, ""); };
+  });
+  CLI::App* preset = ajoute("preset", "Sets the outputs of a known interface");
+  preset->add_option("INTERFACE", o.interface)->required();
+  preset->callback([&] { action = [&] { return InterfaceTable(c, o.nom, o.interface); }; });
+}
+
+void CommandesMateriaux(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  CLI::App* materials = Commande(app, "materials", "Material presets: list, set, delete");
+  materials->require_subcommand(0, 1);
+  materials->callback([&, materials] {
+    if (materials->get_subcommands().empty()) action = [&] { return ListeMateriaux(c); };
+  });
+  Commande(*materials, "list", "All rows")->callback([&] { action = [&] { return ListeMateriaux(c); }; });
+  CLI::App* set = Commande(*materials, "set", "Changes a row, or adds one with a new name");
+  set->add_option("NAME", o.champs[0])->required();
+  const char* const noms[] = {"--radius", "--tool",   "--depth",       "--pass",
+                              "--feed-h", "--feed-v", "--notch-width", "--notch-height"};
+  const char* const quoi[] = {
+      "Tool radius, mm",       "Name of the tool",    "Total depth, mm, negative", "Depth of a pass, mm, negative",
+      "Horizontal feed, mm/s", "Vertical feed, mm/s", "Notch width, mm",           "Least notch height, mm"};
+  for (std::size_t i = 0; i < 8; ++i) set->add_option(noms[i], o.champs[i + 1], quoi[i]);
+  set->callback([&] { action = [&] { return PoseMateriau(c, o.champs); }; });
+  CLI::App* efface = Commande(*materials, "delete", "Deletes a row");
+  efface->add_option("NAME", o.nom)->required();
+  efface->callback([&] { action = [&] { return EffaceMateriau(c, o.nom); }; });
+}
+
+int Execute(int argc, char** argv) {
+  CLI::App app{"OVELIN: from a drawing to the moves of a small router", "ovelin-cli"};
+  app.set_version_flag("--version", std::to_string(OVELIN_VERSION_MAJEURE) + "." +
+                                        std::to_string(OVELIN_VERSION_MINEURE) + "." +
+                                        std::to_string(OVELIN_VERSION_REVISION));
+  app.require_subcommand(1);
+  Contexte contexte;
+  Options options;
+  Action action;
+  OptionsCommunes(app, contexte);
+  CommandesDessin(app, contexte, options, action);
+  CommandesCles(app, contexte, options, action);
+  CommandesTables(app, contexte, options, action);
+  CommandesMateriaux(app, contexte, options, action);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& erreur) {
+    return app.exit(erreur) == 0 ? Fait : Usage;
+  }
+  if (const int depart = Demarre(contexte)) return depart;
+  return action();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Execute(argc, argv);
+  } catch (const std::bad_alloc&) {
+    std::fputs("out of memory\n", stderr);
+  } catch (const std::exception& erreur) {
+    std::fprintf(stderr, "%s\n", erreur.what());
+  }
+  return Refuse;
+}
