@@ -24,9 +24,9 @@ namespace {
 
 constexpr const char* Section = "F_Representation";
 constexpr std::int32_t TropPeuDePoints = -109;
-constexpr std::int32_t SansMessage = -101;      // the one number whose box has no line of the library's
+constexpr std::int32_t SansMessage = -101;        // the one number whose box has no line of the library's
 constexpr std::int32_t SeuilOptimisation = 5000;  // points; a larger drawing keeps its order, for time
-constexpr float Marge = 5;                      // mm between the drawing and the machine's origin
+constexpr float Marge = 5;                        // mm between the drawing and the machine's origin
 
 void LitReglagesDocument() {
   LitMateriau();
