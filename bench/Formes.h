@@ -1,0 +1,22 @@
+// Drawings made for the benchmarks: smooth closed contours on a grid, so that work grows with the points alone.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "closed/Pathwerk.h"
+
+namespace banc {
+
+// `contours` lobed circles of `points` points each, clockwise, 20 mm across, 25 mm apart.
+std::vector<std::vector<pathwerk::PointTrace>> Contours(int contours, int points);
+// The same as a DXF text of closed LWPOLYLINEs.
+std::string DessinDxf(int contours, int points);
+// One closed lobed circle of 200 mm.
+std::vector<pathwerk::PointTrace> Contour(int points);
+
+// Greatest resident size of this process so far, MB.
+double MemoireMo();
+
+}  // namespace banc

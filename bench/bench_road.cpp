@@ -1,0 +1,86 @@
+// The whole road of a job, step by step, in one process: a DXF file read and oriented, offset, planned, written as
+// G-code; seconds, share and greatest memory. Also 8,000 small circles.
+//   build/bench/bin/bench_road [POINTS_PER_CONTOUR CONTOURS]
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "bench/Formes.h"
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Reglages.h"
+#include "machine/Module_Table.h"
+#include "run/Module_GCode.h"
+#include "run/Module_Planificateur.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Outils.h"
+
+namespace {
+
+using namespace ovelin;
+
+class Chrono {
+ public:
+  double Tour() {
+    const auto maintenant = std::chrono::steady_clock::now();
+    const double s = std::chrono::duration<double>(maintenant - debut_).count();
+    debut_ = maintenant;
+    return s;
+  }
+
+ private:
+  std::chrono::steady_clock::time_point debut_ = std::chrono::steady_clock::now();
+};
+
+void Route(int contours, int points) {
+  const auto dossier = std::filesystem::temp_directory_path() / "ovelin-bench";
+  std::filesystem::create_directories(dossier);
+  const std::string dessin = (dossier / "road.dxf").string();
+  std::ofstream(dessin, std::ios::binary) << banc::DessinDxf(contours, points);
+
+  Doc = Document{};
+  RayonFraise = 1.5;
+  Table.VitesseMaxX = Table.VitesseMaxY = Table.VitesseMaxZ = 15;
+  Chrono chrono;
+  std::string message(pathwerk::LongueurMessage, ' ');
+  NbPoints = pathwerk::LireFichier(TraceInitial, dessin, Xmin, Xmax, Ymin, Ymax, message);
+  Sequences.clear();
+  Code2 dernier = CodeAucun;
+  for (const PointTrace& p : TraceInitial) {
+    if (p.Seq != dernier) Sequences.push_back({p.Seq, Faux, -3, Vrai, 1, Vrai});
+    dernier = p.Seq;
+  }
+  const double lecture = chrono.Tour();
+  RecalculDecalages();
+  const double decalage = chrono.Tour();
+  Tableau_Decoupe();
+  const double plan = chrono.Tour();
+  EcritureNC ecriture;
+  EcritGCode((dossier / "road.nc").string(), ecriture);
+  const double ecrit = chrono.Tour();
+  // The writer plans again; its own share is what is left.
+  const double total = lecture + decalage + ecrit;
+  std::printf("%6d x %-6d %8d points  read %6.3f  offset %6.3f  plan %6.3f  write %6.3f  total %6.3f s  "
+              "%7.3f us/point  peak %6.0f MB  %ld lines\n",
+              contours, points, NbPoints, lecture, decalage, plan, ecrit - plan, total,
+              total * 1e6 / static_cast<double>(NbPoints), banc::MemoireMo(), ecriture.lignes);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 3) {
+    Route(std::atoi(argv[2]), std::atoi(argv[1]));
+    return 0;
+  }
+  Route(1, 1000);
+  Route(10, 1000);
+  Route(100, 1000);
+  Route(8000, 60);
+  Route(1000, 1000);
+  return 0;
+}
