@@ -16,10 +16,12 @@ namespace pathwerk {
 namespace {
 
 struct Destructeur {
+  void operator()(FcConfig* c) const { FcConfigDestroy(c); }
   void operator()(FcPattern* p) const { FcPatternDestroy(p); }
   void operator()(FcObjectSet* o) const { FcObjectSetDestroy(o); }
   void operator()(FcFontSet* s) const { FcFontSetDestroy(s); }
 };
+using Configuration = std::unique_ptr<FcConfig, Destructeur>;
 using Motif = std::unique_ptr<FcPattern, Destructeur>;
 using Objets = std::unique_ptr<FcObjectSet, Destructeur>;
 using Polices = std::unique_ptr<FcFontSet, Destructeur>;
@@ -27,16 +29,17 @@ using Polices = std::unique_ptr<FcFontSet, Destructeur>;
 const FcChar8* Octets(const std::string& texte) { return reinterpret_cast<const FcChar8*>(texte.c_str()); }
 
 // The outline fonts of a family, of all families when it is empty. An exact list: unlike a match it never
-// substitutes one family for another.
+// substitutes one family for another. Each call has a configuration of its own (a few milliseconds): fonts that
+// were installed in the meantime are there, and nothing stays behind.
 Polices Liste(const std::string& famille) {
-  if (FcInit() != FcTrue) return nullptr;
+  const Configuration configuration(FcInitLoadConfigAndFonts());
   const Motif motif(FcPatternCreate());
   const Objets objets(FcObjectSetBuild(FC_FAMILY, FC_FILE, FC_INDEX, FC_WEIGHT, FC_WIDTH, FC_SLANT, FC_VARIABLE,
                                        FC_FONTFORMAT, static_cast<char*>(nullptr)));
-  if (!motif || !objets) return nullptr;
+  if (!configuration || !motif || !objets) return nullptr;
   FcPatternAddBool(motif.get(), FC_OUTLINE, FcTrue);
   if (!famille.empty()) FcPatternAddString(motif.get(), FC_FAMILY, Octets(famille));
-  return Polices(FcFontList(nullptr, motif.get(), objets.get()));
+  return Polices(FcFontList(configuration.get(), motif.get(), objets.get()));
 }
 
 int Entier(const FcPattern* p, const char* objet, int defaut) {
