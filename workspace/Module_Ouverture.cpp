@@ -59,19 +59,6 @@ void RemplitSequences() {
   }
 }
 
-void MontreRefus(const ContenuLu& contenu) {
-  Boite boite;
-  boite.section = Section;
-  boite.cle = "lib" + std::to_string(-static_cast<long>(NbPoints));
-  boite.texte = Traduire(boite.section, boite.cle) + " (" + ExtensionCourante + ")";
-  if (NbPoints != SansMessage && !contenu.message.empty()) boite.texte += "\n" + contenu.message;
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Critique;
-  boite.fichier = FichierCourant;
-  boite.ligne = contenu.rapport.Ligne;
-  Svc.Montre(boite);
-}
-
 void LitDessin(ContenuLu& contenu) {
   pathwerk::OptionsLecture options;
   options.ToleranceSoudure = Regl.ToleranceSoudure;
@@ -123,6 +110,19 @@ bool BinaireOuNul(const std::string& octets) {
 }
 
 }  // namespace
+
+void MontreRefusLecture(const ContenuLu& contenu) {
+  Boite boite;
+  boite.section = Section;
+  boite.cle = "lib" + std::to_string(-static_cast<long>(NbPoints));
+  boite.texte = Traduire(boite.section, boite.cle) + " (" + ExtensionCourante + ")";
+  if (NbPoints != SansMessage && !contenu.message.empty()) boite.texte += "\n" + contenu.message;
+  boite.titre = NomProgramme;
+  boite.icone = Icone::Critique;
+  boite.fichier = FichierCourant;
+  boite.ligne = contenu.rapport.Ligne;
+  Svc.Montre(boite);
+}
 
 bool RendUniforme(const std::string& chemin) {
   if (LectureSeule(chemin)) return false;
@@ -183,7 +183,7 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   LitReglagesDocument();
   if (NbPoints >= 0 && NbPoints < 2) NbPoints = TropPeuDePoints;
   if (NbPoints < 0) {
-    MontreRefus(lu);
+    MontreRefusLecture(lu);
     return Ouverture::Refusee;
   }
   if (FichierProjet.empty()) DimensionneEtNettoie();

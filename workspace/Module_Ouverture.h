@@ -33,6 +33,10 @@ struct ContenuLu {
 // what was read.
 Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
 
+// The box of a refused reading: text of "lib" and the number in NbPoints, the extension, and the library's message
+// on a line of its own unless the number is -101.
+void MontreRefusLecture(const ContenuLu& contenu);
+
 // Line ends of a text file on disk made uniform: when its first line doesn't end in a carriage return, every line
 // feed becomes carriage return and line feed. Left alone: a file with a NUL or a binary header, a file that can't
 // be written. True when it was rewritten.

@@ -1,0 +1,72 @@
+#include "tests/unit/app/Appel.h"
+
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace essai {
+
+namespace fs = std::filesystem;
+
+Atelier::Atelier() {
+  std::string modele = (fs::temp_directory_path() / "ovelin-cli-XXXXXX").string();
+  if (mkdtemp(modele.data()) == nullptr) std::abort();
+  dossier_ = modele;
+}
+
+Atelier::~Atelier() {
+  std::error_code erreur;
+  fs::remove_all(dossier_, erreur);
+}
+
+std::string Atelier::Ecrit(const std::string& nom, const std::string& octets) const {
+  std::ofstream(Chemin(nom), std::ios::binary) << octets;
+  return Chemin(nom);
+}
+
+std::string Atelier::Lit(const std::string& chemin) {
+  std::ifstream f(chemin, std::ios::binary);
+  std::ostringstream s;
+  s << f.rdbuf();
+  return s.str();
+}
+
+std::vector<std::string> Atelier::Fichiers() const {
+  std::vector<std::string> noms;
+  for (const auto& entree : fs::directory_iterator(dossier_)) noms.push_back(entree.path().filename().string());
+  std::sort(noms.begin(), noms.end());
+  return noms;
+}
+
+Retour Atelier::Appelle(const std::vector<std::string>& arguments, const std::string& environnement) const {
+  const auto cite = [](const std::string& texte) {
+    std::string entre = "'";
+    for (const char c : texte) entre += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return entre + "'";
+  };
+  const fs::path sorties = fs::path(dossier_).concat(".out");
+  const fs::path erreurs = fs::path(dossier_).concat(".err");
+  std::string commande = environnement + " " + cite(OVELIN_CLI) + " --config " + cite(dossier_);
+  const bool langue = std::find(arguments.begin(), arguments.end(), "--lang") != arguments.end();
+  const bool marque = std::find(arguments.begin(), arguments.end(), "--decimal") != arguments.end();
+  if (!langue) commande += " --lang fr";
+  if (!marque) commande += " --decimal .";
+  for (const std::string& a : arguments) commande += " " + cite(a);
+  commande += " </dev/null >" + cite(sorties.string()) + " 2>" + cite(erreurs.string());
+  Retour retour;
+  const int etat = std::system(commande.c_str());
+  retour.etat = WIFEXITED(etat) ? WEXITSTATUS(etat) : 128 + WTERMSIG(etat);
+  retour.sortie = Lit(sorties.string());
+  retour.erreurs = Lit(erreurs.string());
+  fs::remove(sorties);
+  fs::remove(erreurs);
+  return retour;
+}
+
+std::string Exemple(const std::string& nom) { return std::string(OVELIN_SOURCE_DIR) + "/samples/" + nom; }
+
+}  // namespace essai

@@ -1,0 +1,39 @@
+// Calls ovelin-cli as a user's script would: a process with its own settings folder, status and both outputs.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+namespace essai {
+
+struct Retour {
+  int etat = -1;
+  std::string sortie, erreurs;
+  // Standard output as JSON; a discarded value when it isn't.
+  [[nodiscard]] nlohmann::json Json() const { return nlohmann::json::parse(sortie, nullptr, false); }
+};
+
+// A folder for one test: settings, inputs and results. Removed behind it.
+class Atelier {
+ public:
+  Atelier();
+  ~Atelier();
+  Atelier(const Atelier&) = delete;
+  Atelier& operator=(const Atelier&) = delete;
+
+  // ovelin-cli --config <folder> --lang fr --decimal . ARGUMENTS. `environnement`: "NAME=VALUE ..." before it.
+  [[nodiscard]] Retour Appelle(const std::vector<std::string>& arguments,
+                               const std::string& environnement = "") const;
+  [[nodiscard]] std::string Chemin(const std::string& nom) const { return dossier_ + "/" + nom; }
+  std::string Ecrit(const std::string& nom, const std::string& octets) const;
+  [[nodiscard]] static std::string Lit(const std::string& chemin);
+  [[nodiscard]] std::vector<std::string> Fichiers() const;
+
+ private:
+  std::string dossier_;
+};
+
+std::string Exemple(const std::string& nom);  // samples/<nom>
+
+}  // namespace essai

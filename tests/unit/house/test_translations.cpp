@@ -1,0 +1,111 @@
+// The translation files: the same keys, texts that fit, and every key that the code asks for by name.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Cles = std::map<std::string, std::string>;  // "section/key" -> text, bytes of the file
+
+std::string Lit(const fs::path& chemin) {
+  std::ifstream f(chemin, std::ios::binary);
+  std::ostringstream s;
+  s << f.rdbuf();
+  return s.str();
+}
+
+Cles LitTraduction(const std::string& langue) {
+  Cles cles;
+  std::istringstream texte(Lit(fs::path(OVELIN_SOURCE_DIR) / "translations" / ("OVELIN" + langue + ".trad")));
+  std::string ligne;
+  std::string section;
+  while (std::getline(texte, ligne)) {
+    if (!ligne.empty() && ligne.back() == '\r') ligne.pop_back();
+    if (ligne.starts_with('[')) section = ligne.substr(1, ligne.find(']') - 1);
+    const std::size_t egal = ligne.find('=');
+    if (egal == std::string::npos) continue;
+    const bool nouvelle = cles.emplace(section + "/" + ligne.substr(0, egal), ligne.substr(egal + 1)).second;
+    EXPECT_TRUE(nouvelle) << langue << ": twice " << section << "/" << ligne;
+  }
+  return cles;
+}
+
+TEST(Translations, FrenchAndEnglishHoldTheSameKeys) {
+  const Cles fr = LitTraduction("fr");
+  const Cles en = LitTraduction("en");
+  EXPECT_GT(fr.size(), 50U);
+  for (const auto& [cle, texte] : fr) EXPECT_TRUE(en.contains(cle)) << cle;
+  for (const auto& [cle, texte] : en) EXPECT_TRUE(fr.contains(cle)) << cle;
+}
+
+TEST(Translations, TextsAreNeitherEmptyNorCutOnReading) {
+  for (const char* langue : {"fr", "en"}) {
+    for (const auto& [cle, texte] : LitTraduction(langue)) {
+      EXPECT_FALSE(texte.empty()) << langue << " " << cle;
+      EXPECT_LE(texte.size(), 255U) << langue << " " << cle;
+    }
+  }
+}
+
+TEST(Translations, CommentsOfGCodeHoldNoParenthesis) {
+  for (const char* langue : {"fr", "en"}) {
+    for (const auto& [cle, texte] : LitTraduction(langue)) {
+      if (!cle.starts_with("F_Fraisage/")) continue;
+      EXPECT_EQ(texte.find_first_of("()"), std::string::npos) << langue << " " << cle << " " << texte;
+    }
+  }
+}
+
+TEST(Translations, EveryKeyThatTheCodeNamesIsThere) {
+  // Message("section", "key"), Traduire("section", "key"), and a constant section beside a literal key.
+  static const std::regex Appel(R"((?:Message|Traduire)\(\s*("?\w+"?)\s*,\s*"([^"]+)\")");
+  static const std::regex Constante(R"(constexpr\s+(?:const char\*|std::string_view)\s+(\w+)\s*=\s*"(\w+)\")");
+  const Cles fr = LitTraduction("fr");
+  int trouvees = 0;
+  for (const char* dossier : {"app", "controller", "core", "database", "machine", "run", "toolpath", "workspace"}) {
+    for (const auto& entree : fs::recursive_directory_iterator(fs::path(OVELIN_SOURCE_DIR) / dossier)) {
+      if (entree.path().extension() != ".cpp") continue;
+      const std::string texte = Lit(entree.path());
+      std::map<std::string, std::string> constantes;
+      for (std::sregex_iterator i(texte.begin(), texte.end(), Constante), fin; i != fin; ++i) {
+        constantes[(*i)[1]] = (*i)[2];
+      }
+      for (std::sregex_iterator i(texte.begin(), texte.end(), Appel), fin; i != fin; ++i) {
+        std::string section = (*i)[1];
+        if (section.starts_with('"')) {
+          section = section.substr(1, section.size() - 2);
+        } else if (constantes.contains(section)) {
+          section = constantes[section];
+        } else {
+          continue;
+        }
+        EXPECT_TRUE(fr.contains(section + "/" + std::string((*i)[2])))
+            << entree.path().filename() << ": " << section << "/" << (*i)[2];
+        ++trouvees;
+      }
+    }
+  }
+  EXPECT_GT(trouvees, 10);
+}
+
+TEST(Translations, EveryErrorNumberOfTheReaderHasItsText) {
+  static const std::regex Numero(R"(= -(\d+),)");
+  const std::string entete = Lit(fs::path(OVELIN_SOURCE_DIR) / "closed/Pathwerk.h");
+  const Cles fr = LitTraduction("fr");
+  int nombre = 0;
+  for (std::sregex_iterator i(entete.begin(), entete.end(), Numero), fin; i != fin; ++i) {
+    EXPECT_TRUE(fr.contains("F_Representation/lib" + std::string((*i)[1]))) << (*i)[1];
+    ++nombre;
+  }
+  EXPECT_GE(nombre, 18);
+  EXPECT_TRUE(fr.contains("F_Representation/lib109"));
+}
+
+}  // namespace
