@@ -12,6 +12,8 @@
 namespace ovelin {
 
 std::string LireCle(std::string_view cle, std::string_view defaut);
+// The same from the settings file alone, never from a project: which board, the address of updates.
+std::string LireCleIni(std::string_view cle, std::string_view defaut);
 double LireNombre(std::string_view cle, double defaut);
 bool LireBooleen(std::string_view cle, bool defaut);  // anything but "Faux" is true
 void EcrireCle(std::string_view cle, std::string_view valeur);
@@ -22,6 +24,7 @@ double LireNombreSection(std::string_view section, std::string_view cle, double 
 void EcrireCleSection(std::string_view section, std::string_view cle, std::string_view valeur);
 void SupprimerCleSection(std::string_view section, std::string_view cle);
 
+// Listings and copies go through a buffer of 8192 characters; what does not fit as a whole is left out.
 std::vector<std::string> ListerSections(const std::string& fichier);
 void CopierSection(std::string_view source, std::string_view cible, const std::string& fichier);
 void SupprimerSection(std::string_view section, const std::string& fichier);
@@ -35,7 +38,8 @@ struct MagasinCles {
   // Values that stand before every file, for this call only, never written. A machine key ("TB_SAV_15",
   // "COMBO_SAV_1" ...) acts in the section of any machine table. Keys without regard to case.
   std::map<std::string, std::string> Surcharge;
-  // False: EcrireCle leaves the settings file alone (the command line), the project still gets its line.
+  // False: the settings file is left alone by every write of this interface (the command line); the project still
+  // gets its line.
   bool EcrireIni = true;
   // The first failure of a write since it was last cleared: system's text, "" when there was none.
   std::string DerniereErreur;

@@ -12,11 +12,11 @@ namespace ovelin {
 
 // A path of the drawing. 24 bytes.
 struct SequenceInfo {
-  Code2 Code;                // blank in the single record of an empty table
-  Drapeau Poche = Faux;      // mill the inside of the closed path
-  double Profondeur = 0;     // mm, negative downward
-  Drapeau Fraiser = Faux;    // takes part in the run
-  std::int16_t Decalage = 0; // 1, 3: the two sides of the line; 2: on the line. To or from 3 reverses the points
+  Code2 Code;                 // blank in the single record of an empty table
+  Drapeau Poche = Faux;       // mill the inside of the closed path
+  double Profondeur = 0;      // mm, negative downward
+  Drapeau Fraiser = Faux;     // takes part in the run
+  std::int16_t Decalage = 0;  // 1, 3: the two sides of the line; 2: on the line. To or from 3 reverses the points
   Drapeau Selection = Faux;
   bool operator==(const SequenceInfo&) const = default;
 };
@@ -54,9 +54,9 @@ struct Document {
 
   Code2 SeqCourante = CodeAucun;  // path in focus
   float PointCourantX = 0, PointCourantY = 0;
-  float OrigineX = 0, OrigineY = 0;   // marked position on the plot, mm
+  float OrigineX = 0, OrigineY = 0;       // marked position on the plot, mm
   double EchelleX = 1.0, EchelleY = 1.0;  // ratios of the dimension dialog
-  Drapeau Prolongement = Faux;    // drag knife: closed traces are lengthened. Off after each start
+  Drapeau Prolongement = Faux;            // drag knife: closed traces are lengthened. Off after each start
 };
 
 extern Document Doc;

@@ -12,9 +12,16 @@ namespace ovelin {
 extern std::string DossierProgramme;
 // Folder of this process for undo snapshots; empty when there is none.
 extern std::string DossierTemp;
+// Gives this process its own folder, mode 0700, inside one of this program and this user alone in the system's
+// temporary folder, and sets `DossierTemp` to it; takes away what dead processes left there. False, with
+// `DossierTemp` empty, when it can't be had.
+bool PrepareDossierTemp();
+// Takes the folder of this process away with all that lies in it, at the end of the program.
+void OteDossierTemp();
 
 // "OVELIN.ini" or "OVELIN.inisav" beside the executable makes the installation portable; otherwise "ovelin" in the
-// user's configuration folder, made with mode 0700. `dossierExecutable` without a separator at the end.
+// user's configuration folder, made with mode 0700. `dossierExecutable` without a separator at the end. Fills
+// `DossiersProduit` too.
 std::string TrouveDossierProgramme(const std::string& dossierExecutable);
 // A file that comes with the product ("OVELINfr.trad"): the program's folder first, then share/ovelin of the
 // installation, then the source tree's translations/ and samples/ while developing. Empty when nowhere.
@@ -26,12 +33,19 @@ using ErreurSysteme = std::string;
 
 // The whole file, or nothing and the reason.
 std::optional<std::string> LitFichierEntier(const std::string& chemin, ErreurSysteme* raison = nullptr);
+// What a written file outlives: a power cut (flushed to disk before it takes its name), or the end of the program
+// alone (undo snapshots).
+enum class Garantie { Disque, Processus };
 // Whole or not at all: written beside the target, flushed to disk, renamed over it. Keeps the target's mode. A
 // target without write permission is refused, also for root. Content that has not changed is not written again.
-ErreurSysteme EcritFichierEntier(const std::string& chemin, std::string_view octets);
+// A device or a pipe takes the bytes as they come.
+ErreurSysteme EcritFichierEntier(const std::string& chemin, std::string_view octets,
+                                 Garantie garantie = Garantie::Disque);
+// Why EcritFichierEntier would refuse this path before anything is written; "" when it would not.
+ErreurSysteme EcritureRefusee(const std::string& chemin);
 
 bool FichierExiste(const std::string& chemin);  // a regular file
-bool LectureSeule(const std::string& chemin);   // exists, and nobody may write it
+bool LectureSeule(const std::string& chemin);   // exists, and nobody, or not this user, may write it
 std::string DossierDe(const std::string& chemin);
 std::string NomDe(const std::string& chemin);          // without the folder
 std::string NomSansExtension(const std::string& nom);  // last ".xyz" taken off, folder kept

@@ -19,8 +19,8 @@ bool VerifierProjet(const std::string& chemin);
 
 // What lies above this folder and takes part in a reading. Empty functions are skipped.
 struct CrochetsProjet {
-  void (*ChargeTable)() = nullptr;          // machine table, colours and options follow it
-  void (*ChercheMateriau)() = nullptr;      // the material record that agrees with the values, shown by its name
+  void (*ChargeTable)() = nullptr;      // machine table, colours and options follow it
+  void (*ChercheMateriau)() = nullptr;  // the material record that agrees with the values, shown by its name
 };
 extern CrochetsProjet Crochets;
 

@@ -41,7 +41,7 @@ struct Reglages {
   std::string TableDefaut = "KR4400";  // machine table in use
   std::string Langue = "fr";           // two letters
   bool DebugZENIK = false;
-  float Resolution = 0;         // mm, clean-up tolerance chosen; 0: none
+  float Resolution = 0;            // mm, clean-up tolerance chosen; 0: none
   float ToleranceSoudure = 0.01F;  // mm, ends nearer than this are joined on reading
 };
 
@@ -62,8 +62,8 @@ inline constinit auto& TableDefaut = Regl.TableDefaut;
 // Each group read through the key store (project first, then the settings file, then the default).
 void LitMateriau();  // Vitesse_Mat_H, Vitesse_Mat_V, HautDeg, ProfFraisage, ProfPasse, MiniEncoche, ModeZENIK
 void LitCouleurs();
-void LitOptions();   // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU
-void LitOutil();     // DecalageOutil, RayonFraise, LargeurEncoche
+void LitOptions();  // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU
+void LitOutil();    // DecalageOutil, RayonFraise, LargeurEncoche
 
 // Each group written through the key store, in the order in which a project holds it.
 void EcritMateriau();

@@ -53,7 +53,8 @@ struct Services {
   std::function<Reponse(const Boite&)> Montre;
   std::function<std::string(const DialogueFichier&)> ChoisitFichier;  // "" when cancelled
   std::function<std::string(std::string_view section, std::string_view cle, const std::string& texte,
-                            const std::string& propose)> Saisit;      // "" when cancelled
+                            const std::string& propose)>
+      Saisit;  // "" when cancelled
   std::function<void(DemandeDimension&)> Dimensionne;
 
   // Progress: opened with a text and a total, stepped, closed.
@@ -71,10 +72,10 @@ struct Services {
   std::function<void(const std::string& chemin)> FichierRecent;
 
   std::function<void(Evenements)> LaisseEvenements;
-  std::function<double()> Horloge;         // s, monotonic
-  std::function<void(double)> Attend;      // s
+  std::function<double()> Horloge;     // s, monotonic
+  std::function<void(double)> Attend;  // s
   std::function<void()> Bip;
-  char MarqueDecimale = '.';               // the user's decimal mark
+  char MarqueDecimale = '.';  // the user's decimal mark
 };
 extern Services Svc;
 
@@ -89,8 +90,8 @@ Services ServicesMuets();
 // Always-on check of what can't be: tells file and line on standard error and ends the program after `ArretFatal`.
 [[noreturn]] void Impossible(const char* quoi, const char* fichier, int ligne);
 extern void (*ArretFatal)();  // stops the machine first
-#define VERIFIE(condition) \
-  do { \
+#define VERIFIE(condition)                                                  \
+  do {                                                                      \
     if (!(condition)) ::ovelin::Impossible(#condition, __FILE__, __LINE__); \
   } while (false)
 

@@ -8,11 +8,11 @@ namespace ovelin {
 
 // One straight move. Row 1 is no move: it holds the machine's position at the moment of planning.
 struct Deplacement {
-  float X = 0, Y = 0, Z = 0;              // target, mm, absolute; Z 0 at the surface, negative downward
-  std::int32_t dX = 0, dY = 0, dZ = 0;    // increment in motor steps, signed
-  float Vitesse = 0;                      // mm/s along the path
+  float X = 0, Y = 0, Z = 0;            // target, mm, absolute; Z 0 at the surface, negative downward
+  std::int32_t dX = 0, dY = 0, dZ = 0;  // increment in motor steps, signed
+  float Vitesse = 0;                    // mm/s along the path
   std::int32_t Reserve1 = 0, Reserve2 = 0;
-  std::int32_t Ticks = 0;                 // written by the run alone
+  std::int32_t Ticks = 0;  // written by the run alone
 };
 static_assert(sizeof(Deplacement) == 40);
 

@@ -9,5 +9,7 @@ namespace ovelin {
 
 std::string DeTexte8(std::string_view octets);  // file -> memory
 std::string EnTexte8(std::string_view utf8);    // memory -> file
+// The first `longueur` bytes of a file's text; a character of several bytes is not cut in two.
+std::string Coupe8(std::string_view octets, std::size_t longueur);
 
 }  // namespace ovelin

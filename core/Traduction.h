@@ -10,9 +10,12 @@ namespace ovelin {
 // An empty key gives "___"; a missing one the key itself.
 std::string Traduire(std::string_view section, std::string_view cle);
 
-// Language that the system suggests, from its locale name ("fr_FR", "fr_CA", "de", "C"): French of France and
-// Switzerland "fr", "de_DE", "es_ES", "ca_ES", "it_IT" theirs, every other "en". "pt" is never suggested.
+// Language that the system suggests, from its locale name ("fr_FR.UTF-8", "fr_CA", "de", "C"): French of France and
+// Belgium "fr", "de_DE", "es_ES", "ca_ES", "it_IT" theirs, a language of these without a country too; every other
+// "en". "pt" is never suggested.
 std::string LangueDuSysteme(std::string_view locale);
+// Name of the user's locale for messages.
+std::string LocaleSysteme();
 struct LangueConnue {
   const char* code;
   const char* nom;

@@ -1,0 +1,212 @@
+#include "core/MagasinFichiers.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <chrono>
+#include <map>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "core/Cles.h"
+#include "core/Etat.h"
+#include "core/Fichiers.h"
+#include "core/Lignes.h"
+
+namespace ovelin::magasin {
+
+namespace {
+
+// What tells one state of a file from another without reading it.
+struct Empreinte {
+  bool existe = false;
+  dev_t volume = 0;
+  ino_t numero = 0;
+  off_t taille = 0;
+  timespec contenu{}, fiche{};
+
+  bool operator==(const Empreinte& o) const {
+    const auto meme = [](const timespec& a, const timespec& b) {
+      return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+    };
+    return existe == o.existe && volume == o.volume && numero == o.numero && taille == o.taille &&
+           meme(contenu, o.contenu) && meme(fiche, o.fiche);
+  }
+};
+
+Empreinte Releve(const std::string& chemin) {
+  struct stat etat {};
+  Empreinte e;
+  if (stat(chemin.c_str(), &etat) != 0) return e;
+  e = {true, etat.st_dev, etat.st_ino, etat.st_size, etat.st_mtim, etat.st_ctim};
+  return e;
+}
+
+// File times advance in steps of some milliseconds: a file written a moment ago may be written once more, to the
+// same length, without a trace in its times. What was read so soon is read again the next time.
+bool TropRecente(const Empreinte& e) {
+  using namespace std::chrono;
+  const auto temps = seconds(e.contenu.tv_sec) + nanoseconds(e.contenu.tv_nsec);
+  const auto maintenant = system_clock::now().time_since_epoch();
+  return e.existe && maintenant < duration_cast<nanoseconds>(temps) + milliseconds(100);
+}
+
+struct IniTenu {
+  Empreinte empreinte;
+  bool sure = false;     // the empreinte tells every later change
+  bool lisible = true;   // false: it is there and can't be read
+  bool modifie = false;  // holds writes of the batch
+  FichierIni ini;
+};
+
+struct ProjetTenu {
+  std::string chemin;
+  Empreinte empreinte;
+  bool sure = false;
+  std::unordered_map<std::string, std::string> index;
+};
+
+struct Tenu {
+  std::map<std::string, IniTenu> inis;
+  ProjetTenu projet;
+  // Lines that wait for the end of the batch, by file, in the order of their writing.
+  std::map<std::string, std::vector<std::pair<std::string, std::string>>> attente;
+  int profondeurLot = 0;
+  std::string cheminRedirige;
+  std::string* texteRedirige = nullptr;
+};
+Tenu T;
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { T = Tenu{}; });
+
+void Echec(const ErreurSysteme& erreur) {
+  if (Magasin.DerniereErreur.empty()) Magasin.DerniereErreur = erreur;
+}
+
+IniTenu& Charge(const std::string& chemin) {
+  IniTenu& tenu = T.inis[chemin];
+  if (tenu.modifie) return tenu;
+  const Empreinte e = Releve(chemin);
+  if (tenu.sure && e == tenu.empreinte) return tenu;
+  tenu = IniTenu{};
+  tenu.empreinte = e;
+  if (e.existe) {
+    ErreurSysteme raison;
+    const auto octets = LitFichierEntier(chemin, &raison);
+    tenu.lisible = octets.has_value();
+    if (octets) tenu.ini = FichierIni(*octets);
+  }
+  tenu.sure = !TropRecente(e) && Releve(chemin) == e;
+  return tenu;
+}
+
+void EcritInis() {
+  for (auto i = T.inis.begin(); i != T.inis.end();) {
+    if (!i->second.modifie) {
+      ++i;
+      continue;
+    }
+    const ErreurSysteme erreur = EcritFichierEntier(i->first, i->second.ini.Octets());
+    if (!erreur.empty()) Echec(erreur);
+    i = T.inis.erase(i);  // what stands on disk counts from now on
+  }
+}
+
+void EcritAttente() {
+  const auto attente = std::exchange(T.attente, {});
+  for (const auto& [chemin, lignes] : attente) {
+    std::string contenu;
+    if (Releve(chemin).existe) {
+      ErreurSysteme raison;
+      auto octets = LitFichierEntier(chemin, &raison);
+      if (!octets) {
+        Echec(raison);
+        continue;
+      }
+      contenu = std::move(*octets);
+    }
+    for (const auto& [cle, valeur] : lignes) PlaceLigne(contenu, cle, valeur);
+    if (const ErreurSysteme erreur = EcritFichierEntier(chemin, contenu); !erreur.empty()) Echec(erreur);
+  }
+}
+
+}  // namespace
+
+const FichierIni& Ini(const std::string& chemin) { return Charge(chemin).ini; }
+
+void ModifieIni(const std::string& chemin, const std::function<void(FichierIni&)>& change) {
+  DebutLot();
+  IniTenu& tenu = Charge(chemin);
+  if (tenu.lisible) {
+    change(tenu.ini);
+    tenu.modifie = true;
+  } else {
+    ErreurSysteme raison;
+    LitFichierEntier(chemin, &raison);
+    Echec(raison);
+  }
+  FinLot();
+}
+
+std::optional<std::string> CleProjet(const std::string& chemin, std::string_view cle8) {
+  if (const auto lignes = T.attente.find(chemin); lignes != T.attente.end()) {
+    for (auto i = lignes->second.rbegin(); i != lignes->second.rend(); ++i) {
+      if (i->first == cle8) return i->second;
+    }
+  }
+  const Empreinte e = Releve(chemin);
+  if (!(T.projet.sure && T.projet.chemin == chemin && T.projet.empreinte == e)) {
+    T.projet = ProjetTenu{};
+    T.projet.chemin = chemin;
+    T.projet.empreinte = e;
+    if (e.existe) {
+      if (const auto octets = LitFichierEntier(chemin)) T.projet.index = IndexeReglages(*octets);
+    }
+    T.projet.sure = !TropRecente(e) && Releve(chemin) == e;
+  }
+  const auto trouve = T.projet.index.find(std::string(cle8));
+  return trouve == T.projet.index.end() ? std::nullopt : std::optional(trouve->second);
+}
+
+void PlaceCleProjet(const std::string& chemin, std::string_view cle8, std::string_view valeur8) {
+  std::string valeur(valeur8);
+  for (char& c : valeur) {
+    if (c == '\r' || c == '\n') c = ' ';  // one line, whatever the value holds
+  }
+  if (T.texteRedirige != nullptr && chemin == T.cheminRedirige) {
+    PlaceLigne(*T.texteRedirige, cle8, valeur);
+    return;
+  }
+  // A drawing of another format that was opened from the command line stands as the project too: never into it.
+  if (ExtensionDe(chemin) != "OVL" || LectureSeule(chemin)) return;
+  DebutLot();
+  T.attente[chemin].emplace_back(cle8, std::move(valeur));
+  FinLot();
+}
+
+void DebutLot() { ++T.profondeurLot; }
+
+void FinLot() {
+  if (T.profondeurLot > 0 && --T.profondeurLot > 0) return;
+  EcritInis();
+  EcritAttente();
+}
+
+void Oublie() {
+  T.inis.clear();
+  T.projet = ProjetTenu{};
+  T.attente.clear();
+}
+
+Redirection::Redirection(std::string chemin, std::string& texte) {
+  T.attente.erase(chemin);
+  T.cheminRedirige = std::move(chemin);
+  T.texteRedirige = &texte;
+}
+
+Redirection::~Redirection() {
+  T.texteRedirige = nullptr;
+  T.cheminRedirige.clear();
+}
+
+}  // namespace ovelin::magasin

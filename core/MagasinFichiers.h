@@ -1,0 +1,39 @@
+// What the key store holds of its files: the settings files it has read, the settings lines of the project, and the
+// writes of a batch that have not reached the disk. Used by Cles.cpp and by the project writer.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/FichierIni.h"
+
+namespace ovelin::magasin {
+
+// The file as it stands, read again only when it has changed on disk. Empty when there is none.
+const FichierIni& Ini(const std::string& chemin);
+// Changes a file of sections; on disk at the end of the batch, or at once where there is none. A file that can't be
+// read is left alone (what would be written back is not what was there).
+void ModifieIni(const std::string& chemin, const std::function<void(FichierIni&)>& change);
+
+// Bytes behind "$$key=" in the project file, writes that wait included.
+std::optional<std::string> CleProjet(const std::string& chemin, std::string_view cle8);
+// Puts "$$key=value" into a project file (bytes of the file's set). Left out for a read-only file.
+void PlaceCleProjet(const std::string& chemin, std::string_view cle8, std::string_view valeur8);
+
+void DebutLot();
+void FinLot();
+void Oublie();
+
+// While one stands, lines for the file `chemin` go to `texte`: the project writer composes its file in memory.
+// What waited for that file is dropped, since the writer starts it anew.
+class Redirection {
+ public:
+  Redirection(std::string chemin, std::string& texte);
+  ~Redirection();
+  Redirection(const Redirection&) = delete;
+  Redirection& operator=(const Redirection&) = delete;
+};
+
+}  // namespace ovelin::magasin

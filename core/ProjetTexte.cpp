@@ -1,0 +1,223 @@
+#include "core/ProjetTexte.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "core/Lignes.h"
+#include "core/Nombres.h"
+#include "core/Services.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr std::size_t LargeurLigne = 60;
+constexpr std::size_t LargeurChamp = 15;
+constexpr std::size_t LargeurProfondeur = 20;
+
+// Columns from 1, as much of them as the line has.
+std::string_view Colonnes(std::string_view ligne, std::size_t premiere, std::size_t nombre) {
+  return premiere - 1 < ligne.size() ? ligne.substr(premiere - 1, nombre) : std::string_view{};
+}
+
+bool EstReglage(std::string_view ligne) { return ligne.starts_with("$$"); }
+bool EstPoint(std::string_view ligne) { return !EstReglage(ligne) && Colonnes(ligne, 31, 2) != "PE"; }
+
+// A number of the file, with either mark. The fields are short, so the copy stays on the stack.
+template <typename Reel>
+Reel NombreChamp(std::string_view champ) {
+  if (champ.find(',') == std::string_view::npos) {
+    if constexpr (sizeof(Reel) == sizeof(float)) {
+      return ValeurDebutFloat(champ);
+    } else {
+      return ValeurDebut(champ);
+    }
+  }
+  std::string copie(champ);
+  std::replace(copie.begin(), copie.end(), ',', '.');
+  return NombreChamp<Reel>(copie);
+}
+
+float X(std::string_view ligne) { return NombreChamp<float>(Colonnes(ligne, 1, LargeurChamp)); }
+float Y(std::string_view ligne) { return NombreChamp<float>(Colonnes(ligne, 16, LargeurChamp)); }
+
+// Position of the first record of each code.
+class RangParCode {
+ public:
+  explicit RangParCode(std::span<const SequenceInfo> sequences) {
+    rangs_.reserve(sequences.size());
+    for (std::size_t i = 0; i < sequences.size(); ++i) rangs_.try_emplace(sequences[i].Code.Cle(), i);
+  }
+  [[nodiscard]] const std::size_t* Cherche(Code2 code) const {
+    const auto trouve = rangs_.find(code.Cle());
+    return trouve == rangs_.end() ? nullptr : &trouve->second;
+  }
+  void Ajoute(Code2 code, std::size_t rang) { rangs_.try_emplace(code.Cle(), rang); }
+  void Oublie(Code2 code) { rangs_.erase(code.Cle()); }
+
+ private:
+  std::unordered_map<std::uint32_t, std::size_t> rangs_;
+};
+
+// Writes by code, as the document's own table does it: over the first record of that code; an unknown code fills
+// the first record while that is blank, else it goes behind the last.
+class TableEnLecture {
+ public:
+  explicit TableEnLecture(std::vector<SequenceInfo>& sequences) : sequences_(sequences), rangs_(sequences) {}
+
+  void Ecrit(const SequenceInfo& info) {
+    std::size_t rang = sequences_.size();
+    if (const std::size_t* connu = rangs_.Cherche(info.Code)) {
+      rang = *connu;
+    } else if (!sequences_.empty() && sequences_[0].Code == Code2{}) {
+      rang = 0;
+      rangs_.Oublie(Code2{});
+    }
+    if (rang == sequences_.size()) sequences_.emplace_back();
+    const Drapeau selection = sequences_[rang].Selection;
+    sequences_[rang] = info;
+    sequences_[rang].Selection = selection;
+    rangs_.Ajoute(info.Code, rang);
+  }
+  [[nodiscard]] bool Connait(Code2 code) const { return rangs_.Cherche(code) != nullptr; }
+
+ private:
+  std::vector<SequenceInfo>& sequences_;
+  RangParCode rangs_;
+};
+
+void SelectionneTout(std::vector<SequenceInfo>& sequences) {
+  for (SequenceInfo& s : sequences) s.Selection = Vrai;
+}
+
+// A flag of a line: anything but "0" is true.
+Drapeau Signe(std::string_view colonne) { return EnDrapeau(colonne != "0"); }
+
+SequenceInfo LitLigneSequence(std::string_view ligne) {
+  SequenceInfo s;
+  s.Code = Code2(Colonnes(ligne, 6, 2));
+  s.Poche = Signe(Colonnes(ligne, 9, 1));
+  s.Fraiser = Signe(Colonnes(ligne, 10, 1));
+  s.Profondeur = NombreChamp<double>(Colonnes(ligne, 11, LargeurProfondeur));
+  s.Decalage = 2;  // until the companion tells; old files have none
+  return s;
+}
+
+void Complete(std::string& texte, std::size_t debut, std::size_t largeur) {
+  texte.resize(debut + largeur, ' ');  // pads, or cuts what is longer
+}
+
+void Champ(std::string& texte, std::string_view contenu) {
+  const std::size_t debut = texte.size();
+  texte.append(contenu);
+  Complete(texte, debut, LargeurChamp);
+}
+
+}  // namespace
+
+RecensementProjet RecenseProjet(std::string_view contenu) {
+  RecensementProjet r;
+  std::string_view ligne;
+  while (LigneSuivante(contenu, ligne)) {
+    if (!EstPoint(ligne)) continue;
+    const float x = X(ligne);
+    const float y = Y(ligne);
+    if (r.NbPoints == 0) {
+      r.Xmin = r.Xmax = x;
+      r.Ymin = r.Ymax = y;
+    }
+    r.Xmin = std::min(r.Xmin, x);
+    r.Xmax = std::max(r.Xmax, x);
+    r.Ymin = std::min(r.Ymin, y);
+    r.Ymax = std::max(r.Ymax, y);
+    ++r.NbPoints;
+  }
+  return r;
+}
+
+ContenuProjet LitTexteProjet(std::string_view contenu, std::size_t nbPoints) {
+  ContenuProjet c;
+  c.Points.reserve(nbPoints);
+  c.Sequences.assign(1, SequenceInfo{});
+  TableEnLecture table(c.Sequences);
+  std::optional<SequenceInfo> derniere;
+  std::string_view ligne;
+  while (LigneSuivante(contenu, ligne)) {
+    if (EstPoint(ligne)) {
+      c.Points.push_back({X(ligne), Y(ligne), Code2(Colonnes(ligne, 31, 2)), Code2(Colonnes(ligne, 46, 2))});
+    } else if (ligne.starts_with("$$Seq")) {
+      derniere = LitLigneSequence(ligne);
+      table.Ecrit(*derniere);
+    } else if (ligne.starts_with("$$SeD") && derniere) {
+      derniere->Decalage = Arrondi16(ValeurDebut(Colonnes(ligne, 6, 1)));
+      table.Ecrit(*derniere);
+    } else if (ligne.starts_with("$$Mat01")) {
+      c.LargeurEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
+    } else if (ligne.starts_with("$$Mat02")) {
+      c.MiniEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
+    }
+  }
+  SelectionneTout(c.Sequences);
+  return c;
+}
+
+void CompleteSequences(std::vector<SequenceInfo>& sequences, std::span<const PointTrace> points,
+                       double profondeur) {
+  SelectionneTout(sequences);
+  TableEnLecture table(sequences);
+  Code2 courant = CodeAucun;
+  for (const PointTrace& p : points) {
+    if (p.Seq == courant) continue;
+    courant = p.Seq;
+    if (!table.Connait(courant)) table.Ecrit({courant, Faux, profondeur, Vrai, 1, Vrai});
+  }
+  SelectionneTout(sequences);
+}
+
+void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
+                      std::span<const SequenceInfo> sequences) {
+  const RangParCode rangs(sequences);
+  Code2 courant = CodeAucun;
+  for (const PointTrace& p : points) {
+    if (p.Seq == courant) continue;
+    courant = p.Seq;
+    SequenceInfo info{courant, Faux, 0.0, Vrai, 1, Vrai};
+    if (const std::size_t* rang = rangs.Cherche(courant)) info = sequences[*rang];
+    const std::size_t debut = texte.size();
+    texte.append("$$Seq").append(courant.Texte()).append("0");
+    texte += info.Poche != Faux ? '1' : '0';
+    texte += info.Fraiser != Faux ? '1' : '0';
+    texte += TexteNombreLimite(info.Profondeur, LargeurProfondeur);
+    Complete(texte, debut, LargeurLigne);
+    texte += "\r\n$$SeD";
+    texte += static_cast<char>('0' + std::clamp<int>(info.Decalage, 0, 9));
+    texte += "\r\n";
+  }
+}
+
+void ComposePoints(std::string& texte, std::span<const PointTrace> points, const std::function<void()>& pause) {
+  constexpr std::size_t lot = 4096;
+  texte.reserve(texte.size() + points.size() * (LargeurLigne + 2) + 2 * (LargeurLigne + 2));
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (i % lot == lot - 1) pause();
+    const PointTrace& p = points[i];
+    Champ(texte, TexteNombreLimite(p.X, LargeurChamp));
+    Champ(texte, TexteNombreLimite(p.Y, LargeurChamp));
+    Champ(texte, p.Cde.Texte());
+    Champ(texte, p.Seq.Texte());
+    texte += "\r\n";
+  }
+}
+
+void ComposeEncoches(std::string& texte, double largeurEncoche, double miniEncoche) {
+  const auto ligne = [&texte](const char* nom, double v) {
+    const std::size_t debut = texte.size();
+    texte.append(nom).append(TexteNombre(v));
+    Complete(texte, debut, LargeurLigne);
+    texte += "\r\n";
+  };
+  ligne("$$Mat01", largeurEncoche);
+  ligne("$$Mat02", miniEncoche);
+}
+
+}  // namespace ovelin

@@ -1,0 +1,51 @@
+// The text of a project file, to and from the arrays of the document. Values in, values out: no file, no global
+// state, so that tests and fuzzing reach it directly.
+//
+//   $$key=value          settings (written and found by the key store)
+//   $$SeqCC0PFdepth      path: code in columns 6-7, "0", pocket, mill, depth from column 11
+//   $$SeDn               its companion: side of the tool
+//   X    Y    Cde  Seq   point: four fields of 15 columns
+//   $$Mat01 n            width of the notches; $$Mat02 their height
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/Document.h"
+
+namespace ovelin {
+
+// First pass: points that count, and their bounds (mm). "PE" points and "$$" lines do not.
+struct RecensementProjet {
+  std::size_t NbPoints = 0;
+  float Xmin = 0, Xmax = 0, Ymin = 0, Ymax = 0;
+};
+RecensementProjet RecenseProjet(std::string_view contenu);
+
+// Second pass.
+struct ContenuProjet {
+  std::vector<PointTrace> Points;
+  // As the lines give them, selected; never empty: one blank record where no line names a path.
+  std::vector<SequenceInfo> Sequences;
+  std::optional<double> LargeurEncoche, MiniEncoche;  // mm, from the closing lines
+};
+// `nbPoints` is what the first pass has counted.
+ContenuProjet LitTexteProjet(std::string_view contenu, std::size_t nbPoints);
+// A record with the defaults of a fresh drawing for each run of points whose code has none. All selected.
+void CompleteSequences(std::vector<SequenceInfo>& sequences, std::span<const PointTrace> points, double profondeur);
+
+// Lines of the paths: for each run of equal `Seq` the first record with its code, or the defaults of an unknown
+// code (no pocket, milled, depth 0, side 1).
+void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
+                      std::span<const SequenceInfo> sequences);
+// Lines of the points. `pause` is called every few thousand.
+void ComposePoints(std::string& texte, std::span<const PointTrace> points, const std::function<void()>& pause);
+// The two closing lines.
+void ComposeEncoches(std::string& texte, double largeurEncoche, double miniEncoche);
+
+}  // namespace ovelin
