@@ -1,0 +1,140 @@
+// The one way in: a file, its format, its reader, the assembly, the message.
+#include <algorithm>
+#include <new>
+#include <stdexcept>
+#include <string>
+
+#include "closed/pathwerk/Disque.h"
+#include "closed/pathwerk/FormatDeDessin.h"
+#include "closed/pathwerk/Lecture.h"
+
+namespace pathwerk {
+
+namespace {
+
+// Text formats are read as text: without a byte order mark, and narrowed when it is in 16-bit units (what lies
+// beyond Latin-1 is of no use to a drawing and becomes "?").
+void Uniformise(std::string& octets) {
+  if (octets.starts_with("\xEF\xBB\xBF")) {
+    octets.erase(0, 3);
+    return;
+  }
+  const bool petit = octets.starts_with("\xFF\xFE");
+  if (!petit && !octets.starts_with("\xFE\xFF")) return;
+  std::size_t n = 0;
+  for (std::size_t i = 2; i + 1 < octets.size(); i += 2) {
+    const char bas = octets[petit ? i : i + 1];
+    const char haut = octets[petit ? i + 1 : i];
+    octets[n++] = haut == 0 ? bas : '?';
+  }
+  octets.resize(n);
+}
+
+void Lit(FormatDeDessin format, std::string& octets, const OptionsLecture& options, Lecture& lecture) {
+  if (format != FormatDeDessin::Eps && format != FormatDeDessin::Hpgl) Uniformise(octets);
+  switch (format) {
+    case FormatDeDessin::Dxf:
+      LireDxf(octets, options, lecture);
+      break;
+    case FormatDeDessin::Hpgl:
+      LireHpgl(octets, options, lecture);
+      break;
+    case FormatDeDessin::Dat:
+      LireDat(octets, options, lecture);
+      break;
+    case FormatDeDessin::Excellon:
+      LireExcellon(octets, options, lecture);
+      break;
+    case FormatDeDessin::Eps:
+      LireEps(octets, options, lecture);
+      break;
+    case FormatDeDessin::Inconnu:
+      lecture.Refuse(Erreur::FormatInconnu, 0, "");
+      break;
+  }
+}
+
+std::string TexteSucces(const RapportLecture& r) {
+  std::string t;
+  const auto ajoute = [&t](const std::string& morceau) { t += (t.empty() ? "" : ", ") + morceau; };
+  if (r.Tronque) ajoute("EOF");
+  for (const auto& [genre, nombre] : r.Ignores) ajoute(genre + " " + std::to_string(nombre));
+  return t;
+}
+
+std::string TexteEchec(const std::string& chemin, const RapportLecture& r) {
+  std::string t = NomSeul(chemin);
+  if (r.Ligne > 0) t += ":" + std::to_string(r.Ligne);
+  if (!r.Detail.empty()) t += ": " + r.Detail;
+  for (char& c : t) {
+    if (static_cast<unsigned char>(c) < ' ') c = ' ';
+  }
+  return t;
+}
+
+std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, const OptionsLecture& options,
+                   Lecture& lecture) {
+  std::string octets;
+  std::string raison;
+  if (!LitTout(chemin, octets, raison)) {
+    lecture.Refuse(Erreur::Ouverture, 0, raison);
+    return static_cast<std::int32_t>(Erreur::Ouverture);
+  }
+  const auto avance = [&](double part) {
+    if (options.Avancement) options.Avancement(part);
+  };
+  avance(0.1);
+  Lit(DevineFormat(Extension(chemin), octets), octets, options, lecture);
+  std::string().swap(octets);
+  avance(0.7);
+  const std::int32_t n = Assemble(lecture, options, points);
+  avance(1);
+  return n;
+}
+
+void Bornes(const std::vector<PointTrace>& points, float& Xmin, float& Xmax, float& Ymin, float& Ymax) {
+  if (points.empty()) return;
+  Xmin = Xmax = points[0].X;
+  Ymin = Ymax = points[0].Y;
+  for (const PointTrace& p : points) {
+    Xmin = std::min(Xmin, p.X);
+    Xmax = std::max(Xmax, p.X);
+    Ymin = std::min(Ymin, p.Y);
+    Ymax = std::max(Ymax, p.Y);
+  }
+}
+
+}  // namespace
+
+std::int32_t LireFichier(std::vector<PointTrace>& points, const std::string& chemin, float& Xmin, float& Xmax,
+                         float& Ymin, float& Ymax, std::string& message, const OptionsLecture& options,
+                         RapportLecture& rapport) {
+  const std::string nom = SansNul(chemin);
+  Lecture lecture;
+  std::int32_t n = 0;
+  std::vector<PointTrace>().swap(points);
+  const auto manque = [&] {
+    std::vector<PointTrace>().swap(points);
+    lecture.Refuse(Erreur::Memoire, 0, "");
+    n = static_cast<std::int32_t>(Erreur::Memoire);
+  };
+  try {
+    n = Ouvre(points, nom, options, lecture);
+  } catch (const std::bad_alloc&) {
+    manque();
+  } catch (const std::length_error&) {
+    manque();
+  }
+  if (n > 0) Bornes(points, Xmin, Xmax, Ymin, Ymax);
+  rapport = std::move(lecture.rapport);
+  message = EnMessage(n < 0 ? TexteEchec(nom, rapport) : TexteSucces(rapport));
+  return n;
+}
+
+std::int32_t LireFichier(std::vector<PointTrace>& points, const std::string& chemin, float& Xmin, float& Xmax,
+                         float& Ymin, float& Ymax, std::string& message) {
+  RapportLecture rapport;
+  return LireFichier(points, chemin, Xmin, Xmax, Ymin, Ymax, message, OptionsLecture{}, rapport);
+}
+
+}  // namespace pathwerk
