@@ -1,0 +1,43 @@
+(Fichier généré par OVELIN Version 4.10.0)
+(À vérifier avant tout usinage)
+(Longueurs en mm, vitesses de cet en-tête en mm/s)
+()
+( Vitesse matière : 3)
+( Vitesse descente : 1)
+( Vitesse maxi en X : 50)
+( Vitesse maxi en Y : 20)
+( Vitesse maxi en Z : 8)
+( Hauteur dégagement : 5)
+( Profondeur de fraisage : -5)
+( Profondeur de passe maxi : -2)
+()
+(Unités en millimètres)
+G71
+(Coordonnées absolues, Z 0 à la surface de la matière)
+(Mise en marche de la broche)
+M03
+F480.00000
+G00  Z5.000
+F1500.00000
+G00  X3.000 Y4.000
+F480.00000
+G01  Z0.000
+F60.00000
+G01  Z-2.000
+G01  Z0.000
+G01  Z-2.000
+G01  Z-4.000
+G01  Z0.000
+G01  Z-4.000
+G01  Z-5.000
+G01  Z0.000
+F480.00000
+G00  Z5.000
+F1500.00000
+G00  X0.000 Y0.000
+F480.00000
+G01  Z0.000
+(Arrêt de la broche)
+M05
+(Fin du programme)
+M02
