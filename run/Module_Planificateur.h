@@ -9,13 +9,20 @@
 
 namespace ovelin {
 
+// Begins a table: row 1 is the machine's position in mm, the carries are zero.
 void InitDecoupe();
+// One row in the plane, or none for a move of no length. `v` in mm/s, limited to the axes; 0 lets the planner
+// choose: Vitesse_Mat_H as typed in the material, otherwise a rapid as fast as the slower axis lets it. Steps come
+// from the running total, so the error stays below half a step. Without a table yet, one is begun.
 void AjoutDeplacement(const PointTrace& depart, const PointTrace& arrivee, Drapeau matiere, float v);
+// The same from the last row's X and Y, by deltas in mm.
 void AjoutDeplacementRelatif(float deltaX, float deltaY, Drapeau matiere, float v);
+// One row in Z alone, also for 0 mm. `v` 0: VitesseMaxZ, or Vitesse_Mat_V in the material.
 void AjoutDeplacementZ(float deltaZ, Drapeau matiere, float v);
 
-// Why a plan is refused; the table is then not touched. "" when it is good. "95" of "erreurs": a depth of pass of
-// 0 or more, or one so small that the passes never reach the depth.
+// Why a plan is refused; the table is then not touched. Empty when it is good. "95" of "erreurs": a depth of pass
+// of 0 or more, one so small that the passes never reach the depth of a milled path, or more rows than LimiteLignes
+// (NoyauPlan.h). "lib043_1" of "F_Fraisage": a coordinate, height or depth that is no number within LongueurMax.
 struct RefusPlan {
   std::string section, cle, texte;
   explicit operator bool() const { return !cle.empty(); }

@@ -1,0 +1,146 @@
+#include "run/Module_Planificateur.h"
+
+#include <cmath>
+#include <new>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "controller/ClsCdeZENIK.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "machine/Module_Table.h"
+#include "run/NoyauPlan.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin {
+
+namespace {
+
+ParametresPlan LitParametres() {
+  ParametresPlan p;
+  p.HautDeg = HautDeg;
+  p.ProfPasse = ProfPasse;
+  p.MiniEncoche = MiniEncoche;
+  p.Vitesse_Mat_H = Vitesse_Mat_H;
+  p.Vitesse_Mat_V = Vitesse_Mat_V;
+  p.VitesseMaxX = VitesseMaxX;
+  p.VitesseMaxY = VitesseMaxY;
+  p.VitesseMaxZ = VitesseMaxZ;
+  p.PosX = CdeZENIK->PosX;
+  p.PosY = CdeZENIK->PosY;
+  p.PosZ = CdeZENIK->PosZ;
+  p.MmParPasX = CdeZENIK->MmParPasX();
+  p.MmParPasY = CdeZENIK->MmParPasY();
+  p.MmParPasZ = CdeZENIK->MmParPasZ();
+  return p;
+}
+
+// Depth and flag of each record of the tool path. A code without a record in the table is milled, with depth 0.
+std::vector<UsinageTrace> LitUsinages() {
+  const IndexCodes index;
+  std::vector<UsinageTrace> usinages;
+  usinages.reserve(TraceDecale.size());
+  for (const SequenceDecalee& trace : TraceDecale) {
+    ProprietesSequence proprietes;
+    LitSequence(index, trace.Seq, proprietes);
+    usinages.push_back({proprietes.Fraiser != Faux, proprietes.Profondeur});
+  }
+  return usinages;
+}
+
+RefusPlan Refus(JugementPlan jugement) {
+  RefusPlan refus;
+  if (jugement == JugementPlan::Bon) return refus;
+  const bool passe = jugement == JugementPlan::Passe;
+  refus.section = passe ? "erreurs" : "F_Fraisage";
+  refus.cle = passe ? "95" : "lib043_1";
+  refus.texte = Traduire(refus.section, refus.cle);
+  return refus;
+}
+
+// Room for the rows, taken before anything changes. The memory of the table before is given back first thing, and
+// room that nothing was written to costs none, so two tables are never held at once.
+bool Reserve(std::int64_t lignes) {
+  const auto taille = static_cast<std::size_t>(lignes);
+  if (TableDecoupe.capacity() >= taille) return true;
+  try {
+    std::vector<Deplacement> neuve;
+    neuve.reserve(taille);
+    TableDecoupe = std::move(neuve);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  return true;
+}
+
+// A table that nobody has begun is begun.
+void Commence() {
+  if (NbDeplacements < 1) InitDecoupe();
+}
+
+}  // namespace
+
+void InitDecoupe() { InitialisePlan(Plan, LitParametres()); }
+
+void AjoutDeplacement(const PointTrace& depart, const PointTrace& arrivee, Drapeau matiere, float v) {
+  Commence();
+  PlanAjoute(Plan, LitParametres(), depart, arrivee, matiere, v);
+}
+
+void AjoutDeplacementRelatif(float deltaX, float deltaY, Drapeau matiere, float v) {
+  Commence();
+  const Deplacement& derniere = TableDecoupe[static_cast<std::size_t>(NbDeplacements)];
+  PointTrace depart;
+  depart.X = derniere.X;
+  depart.Y = derniere.Y;
+  PointTrace arrivee = depart;
+  arrivee.X += deltaX;
+  arrivee.Y += deltaY;
+  AjoutDeplacement(depart, arrivee, matiere, v);
+}
+
+void AjoutDeplacementZ(float deltaZ, Drapeau matiere, float v) {
+  Commence();
+  PlanAjouteZ(Plan, LitParametres(), deltaZ, matiere, v);
+}
+
+RefusPlan VerifiePlan() { return Refus(EstimePlan(LitParametres(), TraceDecale, LitUsinages()).jugement); }
+
+bool Tableau_Decoupe() {
+  if (TraceDecale.empty()) return false;
+  const ParametresPlan p = LitParametres();
+  const std::vector<UsinageTrace> usinages = LitUsinages();
+  const EstimationPlan estimation = EstimePlan(p, TraceDecale, usinages);
+  RefusPlan refus = Refus(estimation.jugement);
+  if (!refus && !Reserve(estimation.lignes)) refus = Refus(JugementPlan::Passe);
+  if (refus) {
+    Message(refus.section, refus.cle, Icone::Critique);
+    return false;
+  }
+  PlanifieTrace(Plan, p, TraceDecale, usinages);
+  return true;
+}
+
+void Vitesse_Decoupe_H(double& vSansRampe, double& vMax, std::int16_t& reserve) {
+  reserve = 0;
+  vSansRampe = vMax = 1e10;
+  const double sansRampeX = LireNombreTable("TB_SAV_12", 5);
+  const double sansRampeY = LireNombreTable("TB_SAV_13", 5);
+  const double maxX = LireNombreTable("TB_SAV_15", 5);
+  const double maxY = LireNombreTable("TB_SAV_16", 5);
+  if (NbDeplacements < 2) return;
+  const std::span<const Deplacement> lignes(TableDecoupe.data() + 1, static_cast<std::size_t>(NbDeplacements));
+  vSansRampe = VitesseLimite(lignes, sansRampeX, sansRampeY);
+  vMax = VitesseLimite(lignes, maxX, maxY);
+}
+
+double CalculDeplac(double x1, double x2, double y1, double y2, double v, double& longueur) {
+  const double distance = std::hypot(x2 - x1, y2 - y1);
+  longueur += distance;
+  if (distance == 0 || v == 0) return 0;
+  return distance / v;
+}
+
+}  // namespace ovelin

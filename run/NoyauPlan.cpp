@@ -1,0 +1,320 @@
+#include "run/NoyauPlan.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <unordered_map>
+
+#include "core/Nombres.h"
+#include "run/Cadence.h"
+
+namespace ovelin {
+
+namespace {
+
+std::int32_t SommeBornee(std::int32_t a, std::int32_t b) {
+  const std::int64_t somme = std::int64_t{a} + b;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(somme, std::numeric_limits<std::int32_t>::min(),
+                                                            std::numeric_limits<std::int32_t>::max()));
+}
+
+// Steps of a row from the running total, so that the error stays below half a step however many rows there are.
+//
+//   asked, in steps   0.4   0.8   1.2   1.6   2.0
+//   total, rounded     0     1     1     2     2
+//   steps of the row   0     1     0     1     0
+//
+// An axis without a resolution makes no steps.
+std::int32_t PasLigne(float cumul, double mmParPas, std::int32_t& pasCumul) {
+  if (mmParPas == 0) return 0;
+  const std::int32_t pas = Arrondi32(static_cast<double>(cumul) / mmParPas - static_cast<double>(pasCumul));
+  pasCumul = SommeBornee(pasCumul, pas);
+  return pas;
+}
+
+// A new last row behind `plan.NbDeplacements`, whatever stood there before.
+Deplacement& NouvelleLigne(EtatPlan& plan) {
+  ++plan.NbDeplacements;
+  const auto index = static_cast<std::size_t>(plan.NbDeplacements);
+  if (plan.TableDecoupe.size() != index) plan.TableDecoupe.resize(index);
+  plan.TableDecoupe.emplace_back();
+  Deplacement& ligne = plan.TableDecoupe[index];
+  const Deplacement& avant = plan.TableDecoupe[index - 1];
+  ligne.X = avant.X;
+  ligne.Y = avant.Y;
+  ligne.Z = avant.Z;
+  return ligne;
+}
+
+// How many times too fast an axis would run. An axis that doesn't move never limits; one that may not move does so
+// without end, which leaves the row a speed of 0.
+double Exces(double vitesseAxe, float vitesseMax) {
+  if (vitesseAxe == 0) return 0;
+  if (!(vitesseMax > 0)) return std::numeric_limits<double>::infinity();
+  return vitesseAxe / static_cast<double>(vitesseMax);
+}
+
+// `v` along a move of (ecartX, ecartY), so that neither axis runs faster than it can.
+double LimiteAxes(double v, double ecartX, double ecartY, double longueur, const ParametresPlan& p) {
+  const double r = std::max(Exces(v * std::abs(ecartY) / longueur, p.VitesseMaxY),
+                            Exces(v * std::abs(ecartX) / longueur, p.VitesseMaxX));
+  return r > 1 ? v / r : v;
+}
+
+// A speed of the settings in the width of a row, bounded by it.
+float EnFlottant(double v) {
+  constexpr double borne = static_cast<double>(std::numeric_limits<float>::max());
+  return static_cast<float>(std::clamp(v, -borne, borne));
+}
+
+constexpr double VitesseRapide = 1000.0;  // mm/s, before the limit of the axes
+
+// The pass below `passe`: a 32-bit float, never below the depth, so that the last one stops exactly there.
+float Plonge(float passe, double profPasse, double profondeur) {
+  return static_cast<float>(std::max(static_cast<double>(passe) + profPasse, profondeur));
+}
+
+bool EstOuvert(const std::vector<PointTrace>& points) { return !MemePlace(points.front(), points.back()); }
+
+// The tool over one path: where it is, and how high a notch holds it.
+class Fraisage {
+ public:
+  Fraisage(EtatPlan& plan, const ParametresPlan& p) : plan_(plan), p_(p) {
+    pos_.X = static_cast<float>(p.PosX);
+    pos_.Y = static_cast<float>(p.PosY);
+  }
+
+  void Usine(const std::vector<PointTrace>& points, double profondeur);
+  void Termine();
+
+ private:
+  void Suit(const std::vector<PointTrace>& points, float passe, float niveauEncoche);
+  void Z(float delta, Drapeau matiere) { PlanAjouteZ(plan_, p_, delta, matiere, 0); }
+
+  EtatPlan& plan_;
+  const ParametresPlan& p_;
+  Cadence cadence_;
+  PointTrace pos_;
+  // Height above the pass at which a notch holds the tool; 32 bits as the pass itself, so that a bridge level that
+  // equals a pass in decimals isn't lifted for by the digits that only 64 bits have. Lives from path to path.
+  float leve_ = 0;
+};
+
+// The points behind the first, cutting; up at the entry of a notch, down at its exit.
+//
+//   pass      ___________          ________
+//                        |________|            <- bridge level, Leve above the pass
+//                       "PE"     "PD"
+void Fraisage::Suit(const std::vector<PointTrace>& points, float passe, float niveauEncoche) {
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    const PointTrace& point = points[i];
+    PlanAjoute(plan_, p_, pos_, point, Vrai, 0);
+    if (leve_ == 0 && point.Cde == CodePE && niveauEncoche > passe) {
+      leve_ = niveauEncoche - passe;
+      Z(leve_, Vrai);
+    }
+    if (leve_ != 0 && point.Cde == CodePD) {
+      Z(-leve_, Vrai);
+      leve_ = 0;
+    }
+    pos_ = point;
+    cadence_.Bat();
+  }
+}
+
+// One path with all its passes. Passes are 32-bit floats and so is the depth that ends them: with 64 bits a depth
+// of -0.1 would be compared with the -0.100000001 that the rows hold, and the passes would never end.
+void Fraisage::Usine(const std::vector<PointTrace>& points, double profondeur) {
+  const bool ouvert = EstOuvert(points);
+  const auto fond = static_cast<float>(profondeur);
+  const auto niveauEncoche = static_cast<float>(p_.MiniEncoche + profondeur);
+  plan_.PassePremiere = 1;
+  float precedente = 0;
+  float passe = Plonge(0, p_.ProfPasse, profondeur);
+  do {
+    PlanAjoute(plan_, p_, pos_, points.front(), Faux, 0);
+    pos_ = points.front();
+    if (plan_.PassePremiere == 1 || ouvert) {
+      Z(-p_.HautDeg, Faux);
+      precedente = 0;
+    }
+    Z(passe - precedente, Vrai);
+    Suit(points, passe, niveauEncoche);
+    if (ouvert) {
+      Z(-passe, Vrai);
+      Z(p_.HautDeg, Faux);
+    }
+    // Pecking: out of the hole and back, to clear the chips. Two points are a hole, a point given twice; an open
+    // line of two points makes the same two rows, above clearance.
+    if (points.size() == 2 && fond != passe) {
+      Z(std::abs(passe), Vrai);
+      Z(passe, Vrai);
+    }
+    precedente = passe;
+    passe = Plonge(passe, p_.ProfPasse, profondeur);
+    if (plan_.PassePremiere < std::numeric_limits<std::int16_t>::max()) ++plan_.PassePremiere;
+    cadence_.Bat();
+  } while (fond < precedente);
+  if (!ouvert) {
+    Z(static_cast<float>(-profondeur), Vrai);
+    Z(p_.HautDeg, Faux);
+  }
+}
+
+// Every job ends on the origin of the work with the tool on the surface.
+void Fraisage::Termine() {
+  PlanAjoute(plan_, p_, pos_, PointTrace{}, Faux, 0);
+  Z(-p_.HautDeg, Faux);
+}
+
+// A length that a job can hold: false for what is no number or beyond `LongueurMax`.
+bool Mesurable(double mm) { return std::abs(mm) <= LongueurMax; }
+
+bool Mesurables(const ParametresPlan& p) {
+  return Mesurable(static_cast<double>(p.HautDeg)) && Mesurable(p.MiniEncoche) && Mesurable(p.PosX) &&
+         Mesurable(p.PosY) && Mesurable(p.PosZ);
+}
+
+}  // namespace
+
+void InitialisePlan(EtatPlan& plan, const ParametresPlan& p) {
+  plan.TableDecoupe.assign(2, Deplacement{});
+  plan.NbDeplacements = 1;
+  plan.TableDecoupe[1].X = static_cast<float>(p.PosX);
+  plan.TableDecoupe[1].Y = static_cast<float>(p.PosY);
+  plan.TableDecoupe[1].Z = static_cast<float>(p.PosZ);
+  plan.CumulX = plan.CumulY = plan.CumulZ = 0;
+  plan.PasCumulX = plan.PasCumulY = plan.PasCumulZ = 0;
+}
+
+// A row in the plane, or nothing for a move of no length. The sums in mm grow either way, so no fraction is lost.
+void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depart, const PointTrace& arrivee,
+                Drapeau matiere, float v) {
+  const float ecartX = arrivee.X - depart.X;
+  const float ecartY = arrivee.Y - depart.Y;
+  plan.CumulX += ecartX;
+  plan.CumulY += ecartY;
+  if (ecartX == 0 && ecartY == 0) return;
+
+  Deplacement& ligne = NouvelleLigne(plan);
+  ligne.X = arrivee.X;
+  ligne.Y = arrivee.Y;
+  ligne.dX = PasLigne(plan.CumulX, p.MmParPasX, plan.PasCumulX);
+  ligne.dY = PasLigne(plan.CumulY, p.MmParPasY, plan.PasCumulY);
+
+  const double x = static_cast<double>(ecartX);
+  const double y = static_cast<double>(ecartY);
+  if (v == 0 && matiere != Faux) {
+    ligne.Vitesse = EnFlottant(p.Vitesse_Mat_H);  // as typed: the window asks about the limits before a run
+    return;
+  }
+  const double voulue = v != 0 ? static_cast<double>(v) : VitesseRapide;
+  ligne.Vitesse = static_cast<float>(LimiteAxes(voulue, x, y, std::sqrt(x * x + y * y), p));
+}
+
+// A row in Z alone, also for a height of 0.
+void PlanAjouteZ(EtatPlan& plan, const ParametresPlan& p, float deltaZ, Drapeau matiere, float v) {
+  Deplacement& ligne = NouvelleLigne(plan);
+  ligne.Z += deltaZ;
+  plan.CumulZ += deltaZ;
+  ligne.dZ = PasLigne(plan.CumulZ, p.MmParPasZ, plan.PasCumulZ);
+  if (v != 0) {
+    ligne.Vitesse = v;
+  } else {
+    ligne.Vitesse = matiere == Faux ? p.VitesseMaxZ : EnFlottant(p.Vitesse_Mat_V);
+  }
+}
+
+std::int64_t NombrePasses(double profondeur, double profPasse) {
+  if (!(profPasse < 0)) return 0;
+  const auto fond = static_cast<float>(profondeur);
+  if (profondeur / profPasse > static_cast<double>(LimiteLignes)) return 0;
+  // The sums of the passes themselves, in their width: only they tell where a pass no longer goes any deeper.
+  float passe = Plonge(0, profPasse, profondeur);
+  std::int64_t passes = 1;
+  while (fond < passe) {
+    const float suivante = Plonge(passe, profPasse, profondeur);
+    if (!(suivante < passe) || passes >= LimiteLignes) return 0;
+    passe = suivante;
+    ++passes;
+  }
+  return passes;
+}
+
+EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecalee> traces,
+                          std::span<const UsinageTrace> usinages) {
+  EstimationPlan e;
+  e.lignes = 5;  // the unused one, the position, the first rise, the two rows of the end
+  if (!(p.ProfPasse < 0)) {
+    e.jugement = JugementPlan::Passe;
+    return e;
+  }
+  if (!Mesurables(p)) {
+    e.jugement = JugementPlan::Coordonnee;
+    return e;
+  }
+  std::unordered_map<double, std::int64_t> passesParProfondeur;
+  for (std::size_t i = 0; i < traces.size(); ++i) {
+    const std::vector<PointTrace>& points = traces[i].Points;
+    if (points.empty() || !usinages[i].Fraiser) continue;
+    const double profondeur = usinages[i].Profondeur;
+    std::int64_t hauteurs = 0;  // rows that notches make in a pass
+    bool mesurable = Mesurable(profondeur);
+    Code2 avant;
+    for (const PointTrace& point : points) {
+      mesurable = mesurable && Mesurable(static_cast<double>(point.X)) && Mesurable(static_cast<double>(point.Y));
+      if (point.Cde == CodePE && avant != CodePE) hauteurs += 2;
+      avant = point.Cde;
+    }
+    if (!mesurable) {
+      e.jugement = JugementPlan::Coordonnee;
+      return e;
+    }
+    const auto [place, nouvelle] = passesParProfondeur.try_emplace(profondeur, 0);
+    if (nouvelle) place->second = NombrePasses(profondeur, p.ProfPasse);
+    // a pass: rapid, descent, plunge, the cuts, the notches, two rows up, two of pecking
+    const std::int64_t parPasse = static_cast<std::int64_t>(points.size()) + hauteurs + 6;
+    if (place->second == 0 || place->second > LimiteLignes / parPasse) {
+      e.jugement = JugementPlan::Passe;
+      return e;
+    }
+    e.lignes += place->second * parPasse + 2;
+    if (e.lignes > LimiteLignes) {
+      e.jugement = JugementPlan::Passe;
+      return e;
+    }
+  }
+  return e;
+}
+
+void PlanifieTrace(EtatPlan& plan, const ParametresPlan& p, std::span<const SequenceDecalee> traces,
+                   std::span<const UsinageTrace> usinages) {
+  InitialisePlan(plan, p);
+  PlanAjouteZ(plan, p, static_cast<float>(static_cast<double>(p.HautDeg) - p.PosZ), Faux, 0);
+  Fraisage fraisage(plan, p);
+  for (std::size_t i = 0; i < traces.size(); ++i) {
+    if (traces[i].Points.empty() || !usinages[i].Fraiser) continue;
+    fraisage.Usine(traces[i].Points, usinages[i].Profondeur);
+  }
+  fraisage.Termine();
+}
+
+double VitesseLimite(std::span<const Deplacement> lignes, double vx, double vy) {
+  double limite = 1e10;
+  const auto duree = [](double ecart, double v) {  // s on one axis
+    if (ecart == 0) return 0.0;
+    return v > 0 ? ecart / v : std::numeric_limits<double>::infinity();
+  };
+  Cadence cadence;
+  for (std::size_t i = 1; i < lignes.size(); ++i) {
+    const double x = std::abs(static_cast<double>(lignes[i].X) - static_cast<double>(lignes[i - 1].X));
+    const double y = std::abs(static_cast<double>(lignes[i].Y) - static_cast<double>(lignes[i - 1].Y));
+    const double longueur = std::sqrt(x * x + y * y);
+    if (longueur == 0) continue;
+    limite = std::min(limite, longueur / std::max(duree(y, vy), duree(x, vx)));
+    cadence.Bat();
+  }
+  return limite;
+}
+
+}  // namespace ovelin

@@ -1,0 +1,68 @@
+// The kernel of the planner: values in, rows out. It reads no global; the procedures of Module_Planificateur.h are
+// short shells around it. Lengths mm, speeds mm/s, Z 0 at the surface and negative downward.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "core/Document.h"
+#include "core/TableDecoupe.h"
+#include "core/Types.h"
+
+namespace ovelin {
+
+// What a plan depends on beside the paths.
+struct ParametresPlan {
+  float HautDeg = 10;                                       // clearance height above the surface, mm
+  double ProfPasse = -1;                                    // depth of a pass, mm, negative
+  double MiniEncoche = 0;                                   // height of the bridge of a notch above the bottom, mm
+  double Vitesse_Mat_H = 2, Vitesse_Mat_V = 2;              // mm/s in the material
+  float VitesseMaxX = 5, VitesseMaxY = 5, VitesseMaxZ = 5;  // mm/s
+  double PosX = 0, PosY = 0, PosZ = 0;                      // position of the machine, mm
+  double MmParPasX = 1, MmParPasY = 1, MmParPasZ = 1;       // mm per step
+};
+
+// What a record of the tool path is milled with, one for each record.
+struct UsinageTrace {
+  bool Fraiser = true;
+  double Profondeur = 0;  // mm
+};
+
+// A plan never holds more rows than this: 2 GB of table, about a hundred hours of work on such a machine.
+inline constexpr std::int64_t LimiteLignes = 50'000'000;
+// No length of a job lies beyond this, mm: far outside every machine, far inside what 32 bits add without overflow.
+inline constexpr double LongueurMax = 1e9;
+
+void InitialisePlan(EtatPlan& plan, const ParametresPlan& p);
+void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depart, const PointTrace& arrivee,
+                Drapeau matiere, float v);
+void PlanAjouteZ(EtatPlan& plan, const ParametresPlan& p, float deltaZ, Drapeau matiere, float v);
+
+// Number of passes from the surface to `profondeur`, or 0 when they never get there: a pass of 0 or more, one that
+// 32 bits can't subtract any longer on the way down, or more than LimiteLignes of them.
+std::int64_t NombrePasses(double profondeur, double profPasse);
+
+enum class JugementPlan {
+  Bon,
+  Passe,      // the passes don't reach the depth, or make more rows than LimiteLignes
+  Coordonnee  // a point, a depth or a parameter that is no number within LongueurMax
+};
+struct EstimationPlan {
+  JugementPlan jugement = JugementPlan::Bon;
+  std::int64_t lignes = 0;  // rows at most, the unused one and the first included
+};
+// Looks at every path before the first row is made. The cost is one look at each point and one count of passes for
+// each different depth. `usinages` is as long as `traces`.
+EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecalee> traces,
+                          std::span<const UsinageTrace> usinages);
+
+// The whole job. The plan must have been judged good.
+void PlanifieTrace(EtatPlan& plan, const ParametresPlan& p, std::span<const SequenceDecalee> traces,
+                   std::span<const UsinageTrace> usinages);
+
+// What a set of rows allows. `vx`, `vy` are the speeds of the axes, mm/s. The highest speed along the path at which
+// no row drives an axis faster than its own; 1e10 without a move in the plane, 0 when a row moves an axis of speed
+// 0.
+double VitesseLimite(std::span<const Deplacement> lignes, double vx, double vy);
+
+}  // namespace ovelin
