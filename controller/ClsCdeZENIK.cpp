@@ -1,0 +1,119 @@
+#include "controller/ClsCdeZENIK.h"
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <utility>
+
+#include "core/Etat.h"
+#include "core/Nombres.h"
+#include "core/Services.h"
+
+namespace ovelin {
+
+std::unique_ptr<ClsCdeZENIK> CdeZENIK = std::make_unique<ClsCdeZENIK>();
+
+namespace {
+
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { CdeZENIK = std::make_unique<ClsCdeZENIK>(); });
+
+// Fixed texts of the link, the same in every language.
+void MontreTexte(std::string texte) {
+  Boite boite;
+  boite.texte = std::move(texte);
+  Svc.Montre(boite);
+}
+
+// The failures of the library that the user is told; nullptr for those that stay silent.
+const char* TexteEchec(std::int32_t resultat) {
+  switch (resultat) {
+    case zenikcom::TropPetit:
+      return " - Table too small";
+    case zenikcom::NonVerrouille:
+      return " - Can't lock the table";
+    default:
+      return nullptr;
+  }
+}
+
+// All 37 bytes, two upper-case hexadecimal digits each with a blank behind.
+std::string Hexadecimal(const zenikcom::TamponOctets& tampon) {
+  static constexpr char chiffres[] = "0123456789ABCDEF";
+  std::string texte;
+  texte.reserve(tampon.size() * 3);
+  for (const std::uint8_t octet : tampon) {
+    texte += chiffres[octet >> 4];
+    texte += chiffres[octet & 15];
+    texte += ' ';
+  }
+  return texte;
+}
+
+// A length in mm as whole steps. The resolution is never 0.
+std::int32_t EnPas(double mm, double mmParPas) { return Arrondi32(mm / mmParPas); }
+
+}  // namespace
+
+ClsCdeZENIK::ClsCdeZENIK() : ClsCdeZENIK(zenikcom::LiaisonAbsente()) {}
+
+// Opens nothing: the library connects on demand.
+ClsCdeZENIK::ClsCdeZENIK(std::unique_ptr<zenikcom::Liaison> liaison)
+    : liaison_(liaison ? std::move(liaison) : zenikcom::LiaisonAbsente()) {}
+
+ClsCdeZENIK::~ClsCdeZENIK() { liaison_->Ferme(); }
+
+bool ClsCdeZENIK::IsAvailable() { return liaison_->EstConnectee() == 1; }
+
+// The guard pattern 85, 170 keeps a stray buffer from resetting the board. The library is called past the send
+// routine, so that no failure is shown.
+void ClsCdeZENIK::Reset() {
+  Tampon[0] = 0;
+  Tampon[1] = 'Z';
+  Tampon[2] = 85;
+  Tampon[3] = 170;
+  Tampon[4] = 0;
+  std::int32_t modeEnvoi = 0;
+  liaison_->Envoie(Tampon, modeEnvoi);
+}
+
+bool ClsCdeZENIK::EnvoiCommande(std::int32_t& modeEnvoi) {
+  ++profondeurEnvoi_;
+  Tampon[0] = 0;  // a reply may have left something else there
+  const std::int32_t resultat = liaison_->Envoie(Tampon, modeEnvoi);
+  if (const char* echec = TexteEchec(resultat); echec != nullptr) {
+    MontreTexte("ZENIK : " + std::to_string(resultat) + echec);
+  }
+  --profondeurEnvoi_;
+  return resultat == zenikcom::Reussi;
+}
+
+bool ClsCdeZENIK::JournalDebug() {
+  DebugTexte = Hexadecimal(Tampon);
+  MontreTexte(DebugTexte);
+  // Closed again at once, so that the line is there whatever happens next.
+  std::ofstream("debug.txt", std::ios::app) << DebugTexte << '\n';
+  return true;
+}
+
+// A plan made without a machine counts in steps of 1 mm. Were the millimetres not computed anew when the table's
+// resolutions come back, the next plan would begin with a dive of as many millimetres as there were steps.
+void ClsCdeZENIK::FixeResolutions(double x, double y, double z) {
+  const std::array<double, 3> nouvelles{x, y, z};
+  for (std::size_t i = 0; i < nouvelles.size(); ++i) {
+    if (std::isfinite(nouvelles[i]) && nouvelles[i] != 0) mmParPas_[i] = nouvelles[i];
+  }
+  PosX = PasX * mmParPas_[0];
+  PosY = PasY * mmParPas_[1];
+  PosZ = PasZ * mmParPas_[2];
+}
+
+void ClsCdeZENIK::FixePosition(double x, double y, double z) {
+  PasX = PasDebutX = EnPas(x, mmParPas_[0]);
+  PasY = PasDebutY = EnPas(y, mmParPas_[1]);
+  PasZ = PasDebutZ = EnPas(z, mmParPas_[2]);
+  PosX = PasX * mmParPas_[0];
+  PosY = PasY * mmParPas_[1];
+  PosZ = PasZ * mmParPas_[2];
+}
+
+}  // namespace ovelin
