@@ -61,11 +61,20 @@ void RemplitSequences() {
 
 void LitDessin(ContenuLu& contenu) {
   pathwerk::OptionsLecture options;
-  options.ToleranceSoudure = Regl.ToleranceSoudure;
+  options.ToleranceSoudure = static_cast<double>(Regl.ToleranceSoudure);
+  // The reader tells its share done; the bar counts hundredths.
+  constexpr int Centiemes = 100;
+  int montres = 0;
+  options.Avancement = [&montres](double part) {
+    for (; montres < Centiemes && montres < part * Centiemes; ++montres) Svc.AvancementPlus();
+    Svc.LaisseEvenements(Evenements::Affichage);
+  };
+  Svc.AvancementDebut(Traduire(Section, "lib201"), Centiemes);
   TraceInitial.assign(1, PointTrace{});
   std::string message(pathwerk::LongueurMessage, ' ');
   NbPoints = pathwerk::LireFichier(TraceInitial, FichierCourant, Xmin, Xmax, Ymin, Ymax, message, options,
                                    contenu.rapport);
+  Svc.AvancementFin();
   contenu.message = Rogne(message);
   if (NbPoints < 0) TraceInitial.clear();
   contenu.points = NbPoints;
