@@ -12,12 +12,12 @@ namespace ovelin {
 
 // Values of the table in force.
 struct TableMachine {
-  std::int16_t BrocheAuto = 1;     // 1: a run switches the spindle
-  std::int16_t ClavierZENIK = 1;   // the board's keypad is used
-  float CourseX = 1000, CourseY = 500, CourseZ = 200;           // travel, mm
-  std::int32_t PasTourX = 48, PasTourY = 48, PasTourZ = 48;     // steps per turn, division included
+  std::int16_t BrocheAuto = 1;                                     // 1: a run switches the spindle
+  std::int16_t ClavierZENIK = 1;                                   // the board's keypad is used
+  float CourseX = 1000, CourseY = 500, CourseZ = 200;              // travel, mm
+  std::int32_t PasTourX = 48, PasTourY = 48, PasTourZ = 48;        // steps per turn, division included
   double TransmissionX = 1, TransmissionY = 1, TransmissionZ = 1;  // mm per turn
-  float VitesseMaxX = 5, VitesseMaxY = 5, VitesseMaxZ = 5;      // mm/s with ramp
+  float VitesseMaxX = 5, VitesseMaxY = 5, VitesseMaxZ = 5;         // mm/s with ramp
 };
 extern TableMachine Table;
 
@@ -44,29 +44,43 @@ void ChargeGlobalesTable();
 std::string LireCleTable(std::string_view cle, std::string_view defaut);
 double LireNombreTable(std::string_view cle, double defaut);
 
-// mm per step of X, Y, Z with the defaults that the board check uses (200 steps, division 1, 1 mm a turn).
+// mm per step of X, Y, Z with the defaults that the board check uses (200 steps, division 1, 1 mm a turn). They
+// also stand in for a transmission or a number of steps of 0, so that no result is 0 or infinite.
 std::array<double, 3> ResolutionsTable();
 // The finer of X and Y, mm.
 double ResolutionFine();
 
-// The editable values of a table, key by key as the parameter window shows them.
+// The editable values of a table, key by key as the parameter window shows them: numbers with the user's mark.
 using ChampsTable = std::vector<std::pair<std::string, std::string>>;
 ChampsTable Chargt_Table(std::string_view nom);
+// Writes them to the table's section, then COMBO_TABLE and OptionLPT, and takes BrocheAuto over. Values given for
+// this call only (Magasin.Surcharge) are not written. False when the settings file can't be written.
 bool Sauve_Table(std::string_view nom, const ChampsTable& champs);
 // The text of a field as it is left with that text: format of its kind, user's decimal mark.
 std::string FormateChamp(std::string_view famille, int index, std::string_view texte);
 // The twin of a field (steps per turn and degrees per step): its index and text; index -1 when there is none.
 std::pair<int, std::string> ChampJumeau(int index, std::string_view texte);
+// While a field TB_SAV is being typed: the speeds with ramp (15, 16, 17) go into their globals at once, unless 0.
+void SuitChamp(int index, std::string_view texte);
+// Slider value for the text of TB_Pente; `curseur` for a text that isn't a value between 1 and 9.
+int CurseurPente(std::string_view texte, int curseur);
+// Key "OptionLPT" for the kind of interface chosen in Combo_SAV(0).
+int OptionLPT(int interfacePuissance);
 
+// Names of the tables of the settings file, in its order.
 std::vector<std::string> ListeTables();
-// Name rule of copies: "" when it is good, else the key of the refusal ("lib006": 9 characters and more).
+// Name rule of copies: "" when it is good, else the key of the refusal in section F_ParamMachine ("lib006": 9
+// characters and more, or a character that can't stand in the name of a section).
 std::string RefusNomTable(std::string_view nom);
 // The name asked for until it is good; "" when cancelled.
 std::string NomNouvelleTable();
 enum class GestionTable { Copier = 1, Renommer = 2, Supprimer = 3 };
-// False when cancelled. `champs`: the controls as they stand, saved under the old name before a copy or a rename.
+// Copies, renames or deletes the current table. False when cancelled or when nothing could be written. `champs`:
+// the controls as they stand, saved under the old name before a copy or a rename. The new table is current
+// afterwards; after a deletion the first of the list is.
 bool Cmd_Gestion(GestionTable index, const ChampsTable& champs);
-// The same with the name given (no prompt).
+// The same with the name given (no prompt). A name that breaks the rule, or names a table that is there, is refused
+// with its message.
 bool Cmd_Gestion(GestionTable index, const ChampsTable& champs, const std::string& nouveau);
 // Makes a table current: global, key TableDefaut, globals.
 void ChoisitTable(std::string_view nom);

@@ -1,0 +1,128 @@
+// Copies, renames and deletes tables, and makes one current.
+
+#include <algorithm>
+
+#include "core/Cles.h"
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "machine/Module_Table.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_ParamMachine";
+constexpr std::string_view Prefixe = "table_";
+constexpr const char* Proposition = "NewTable-";  // one character too long: it has to be edited
+constexpr std::size_t LongueurMax = 8;            // the board holds no more of a name
+
+std::size_t NombreCaracteres(std::string_view utf8) {
+  return static_cast<std::size_t>(std::count_if(
+      utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+// Sections are found without regard to case, so names that differ by case alone name one table.
+bool MemeTable(std::string_view a, std::string_view b) { return Majuscules(a) == Majuscules(b); }
+
+bool TableExiste(std::string_view nom) {
+  const auto tables = ListeTables();
+  return std::any_of(tables.begin(), tables.end(), [&](const std::string& t) { return MemeTable(t, nom); });
+}
+
+// The question names the table; its key stays that of the text.
+bool ConfirmeSuppression(const std::string& nom) {
+  Boite boite;
+  boite.section = Section;
+  boite.cle = "lib002";
+  boite.texte = Traduire(Section, "lib002") + " " + nom + " ?";
+  boite.titre = NomProgramme;
+  boite.icone = Icone::Exclamation;
+  boite.boutons = Boutons::OkAnnuler;
+  return Svc.Montre(boite) == Reponse::Ok;
+}
+
+bool Supprime() {
+  if (!ConfirmeSuppression(TableDefaut)) return false;
+  Magasin.DerniereErreur.clear();
+  SupprimerSection(SectionTable(TableDefaut), CheminIni());
+  if (!Magasin.DerniereErreur.empty()) return false;
+  // The last table may go too: the list is empty then, and the values are the readers' defaults.
+  const auto tables = ListeTables();
+  if (tables.empty()) {
+    ChargeGlobalesTable();
+  } else {
+    ChoisitTable(tables.front());
+  }
+  return true;
+}
+
+}  // namespace
+
+std::vector<std::string> ListeTables() {
+  std::vector<std::string> noms;
+  for (const std::string& section : ListerSections(CheminIni())) {
+    if (section.size() < Prefixe.size() || !MemeTable(section.substr(0, Prefixe.size()), Prefixe)) continue;
+    noms.push_back(section.substr(Prefixe.size()));
+  }
+  return noms;
+}
+
+std::string RefusNomTable(std::string_view nom) {
+  const bool interdit = std::any_of(nom.begin(), nom.end(), [](char c) {
+    return c == '[' || c == ']' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+  });
+  return interdit || NombreCaracteres(nom) > LongueurMax ? "lib006" : "";
+}
+
+std::string NomNouvelleTable() {
+  const std::string invite = Traduire(Section, "lib007") + " " + TableDefaut;
+  while (true) {
+    const std::string nom = Rogne(Svc.Saisit(Section, "lib007", invite, Proposition));
+    const std::string refus = RefusNomTable(nom);
+    if (refus.empty()) return nom;
+    if (nom != Proposition) Message(Section, refus, Icone::Exclamation);
+  }
+}
+
+void ChoisitTable(std::string_view nom) {
+  TableDefaut = std::string(nom);
+  ChargeGlobalesTable();
+  EcrireCle("TableDefaut", TableDefaut);
+}
+
+bool Cmd_Gestion(GestionTable index, const ChampsTable& champs) {
+  return Cmd_Gestion(index, champs, index == GestionTable::Supprimer ? std::string() : NomNouvelleTable());
+}
+
+// Tables live as sections of the settings file, copies too: a file of its own beside it ("name.ini") would be read
+// by nothing.
+bool Cmd_Gestion(GestionTable index, const ChampsTable& champs, const std::string& nouveau) {
+  if (index == GestionTable::Supprimer) return Supprime();
+  const std::string nom = Rogne(nouveau);
+  if (nom.empty() || MemeTable(nom, TableDefaut)) return false;
+  if (const std::string refus = RefusNomTable(nom); !refus.empty()) {
+    Message(Section, refus, Icone::Exclamation);
+    return false;
+  }
+  if (TableExiste(nom)) {  // its values would be lost
+    Message(Section, "TableExiste", Icone::Exclamation);
+    return false;
+  }
+  if (!Sauve_Table(TableDefaut, champs)) return false;
+  Magasin.DerniereErreur.clear();
+  const std::string avant = SectionTable(TableDefaut);
+  const std::string apres = SectionTable(nom);
+  if (index == GestionTable::Copier) {
+    CopierSection(avant, apres, CheminIni());
+  } else {
+    DeplacerSection(avant, apres, CheminIni());
+  }
+  EcrireCleSection(apres, "COMBO_TABLE", nom);
+  if (!Magasin.DerniereErreur.empty()) return false;
+  ChoisitTable(nom);
+  return true;
+}
+
+}  // namespace ovelin
