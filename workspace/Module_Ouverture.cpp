@@ -105,7 +105,7 @@ void DimensionneEtNettoie() {
     }
     EncombrementGeneral();
   }
-  Svc.Panneau(2, Traduire(Section, "lib200"));
+  Svc.Panneau(2, Traduire(Section, "lib202"));
   const double d = std::hypot(static_cast<double>(Xmax) - static_cast<double>(Xmin),
                               static_cast<double>(Ymax) - static_cast<double>(Ymin));
   const double D = std::hypot(LireNombreTable("TB_SAV_18", 1000), LireNombreTable("TB_SAV_19", 600));
