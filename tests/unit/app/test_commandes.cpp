@@ -150,7 +150,7 @@ TEST(Errors, ARefusedDrawingNamesFileLineAndReason) {
 
 TEST(Errors, MessagesComeInTheLanguageAskedFor) {
   const Atelier a;
-  const std::string dessin = a.Ecrit("vide.dxf", "0\nEOF\n");
+  const std::string dessin = a.Ecrit("vide.dxf", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n");
   EXPECT_NE(a.Appelle({"info", dessin}).erreurs.find("moins de deux points"), std::string::npos);
   EXPECT_NE(a.Appelle({"info", dessin, "--lang", "en"}).erreurs.find("fewer than two points"), std::string::npos);
 }
