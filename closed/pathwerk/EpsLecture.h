@@ -1,0 +1,18 @@
+// The parts of the EPS reader that its tests and fuzzer take one by one.
+#pragma once
+
+#include <string_view>
+
+#include "closed/pathwerk/EpsProcessus.h"
+#include "closed/pathwerk/Lecture.h"
+
+namespace pathwerk {
+
+// LireEps with another program or other limits.
+void LireEpsAvec(std::string_view data, const OptionsLecture& options, const EpsMoyens& moyens, Lecture& lecture);
+
+// The output of Ghostscript as a whole, without running it.
+void LireSortieEps(std::string_view sortie, std::string_view jeton, const OptionsLecture& options,
+                   Lecture& lecture);
+
+}  // namespace pathwerk
