@@ -1,6 +1,5 @@
 #include "core/FichierIni.h"
 
-#include <array>
 #include <tuple>
 
 #include "core/Lignes.h"
@@ -11,28 +10,15 @@ namespace ovelin {
 
 namespace {
 
-// Capitals of Windows-1252, byte by byte: letters with accents have their pair 32 places further on, but for the
-// multiplication and division signs and the few letters of the block 80 to 9F.
-constexpr std::array<unsigned char, 256> TableCapitales() {
-  std::array<unsigned char, 256> t{};
-  for (unsigned i = 0; i < 256; ++i) {
-    const bool minuscule = (i >= 'a' && i <= 'z') || (i >= 0xE0 && i <= 0xFE && i != 0xF7);
-    t[i] = static_cast<unsigned char>(minuscule ? i - 32 : i);
+// Whether bytes of the file name what is asked for. `nom` is UTF-8 in capitals; the file may hold the name in
+// either set, as the editor left it that touched it last.
+bool MemeNom(std::string_view octets, std::string_view nom) {
+  for (std::size_t i = 0; i < octets.size(); ++i) {
+    const char c = octets[i];
+    if (static_cast<unsigned char>(c) >= 0x80) return Majuscules(DeTexte8(octets)) == nom;
+    if (i >= nom.size() || (c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c) != nom[i]) return false;
   }
-  t[0x9A] = 0x8A;
-  t[0x9C] = 0x8C;
-  t[0x9E] = 0x8E;
-  t[0xFF] = 0x9F;
-  return t;
-}
-constexpr std::array<unsigned char, 256> Capitale = TableCapitales();
-
-bool MemeNom(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (Capitale[static_cast<unsigned char>(a[i])] != Capitale[static_cast<unsigned char>(b[i])]) return false;
-  }
-  return true;
+  return octets.size() == nom.size();
 }
 
 std::string_view SansBlancs(std::string_view s) {
@@ -61,13 +47,15 @@ std::optional<CleValeur> EnCle(std::string_view ligne) {
 }
 
 // One line, whatever the text holds: a line end in a value would make another line of the rest.
-std::string EnLigne(std::string_view utf8) {
-  std::string s = EnTexte8(utf8);
+std::string UneLigne(std::string_view texte) {
+  std::string s(texte);
   for (char& c : s) {
     if (c == '\r' || c == '\n') c = ' ';
   }
   return s;
 }
+std::string EnLigne(std::string_view utf8) { return EnTexte8(UneLigne(utf8)); }
+std::string NomCherche(std::string_view utf8) { return Majuscules(Rogne(UneLigne(utf8))); }
 
 }  // namespace
 
@@ -80,10 +68,10 @@ FichierIni::FichierIni(std::string_view octets) : finLigne_(FinDeLigne(octets)) 
 // Lines of a section, behind its header up to the next one. {0, 0} when it isn't there: no section can begin
 // behind a header at line 0 and end there.
 std::pair<std::size_t, std::size_t> FichierIni::Etendue(std::string_view section) const {
-  const std::string nom = EnLigne(section);
+  const std::string nom = NomCherche(section);
   for (std::size_t i = 0; i < lignes_.size(); ++i) {
     const auto enTete = EnTete(lignes_[i].texte);
-    if (!enTete || !MemeNom(*enTete, SansBlancs(nom))) continue;
+    if (!enTete || !MemeNom(*enTete, nom)) continue;
     std::size_t fin = i + 1;
     while (fin < lignes_.size() && !EnTete(lignes_[fin].texte)) ++fin;
     return {i + 1, fin};
@@ -92,17 +80,17 @@ std::pair<std::size_t, std::size_t> FichierIni::Etendue(std::string_view section
 }
 
 std::optional<std::string> FichierIni::Lit(std::string_view section, std::string_view cle) const {
-  const std::string nom = EnLigne(cle);
+  const std::string nom = NomCherche(cle);
   const auto [debut, fin] = Etendue(section);
   for (std::size_t i = debut; i < fin; ++i) {
     const auto paire = EnCle(lignes_[i].texte);
-    if (paire && MemeNom(paire->cle, SansBlancs(nom))) return DeTexte8(paire->valeur);
+    if (paire && MemeNom(paire->cle, nom)) return DeTexte8(paire->valeur);
   }
   return std::nullopt;
 }
 
 void FichierIni::Ecrit(std::string_view section, std::string_view cle, std::string_view valeur) {
-  const std::string nom = EnLigne(cle);
+  const std::string nom = NomCherche(cle);
   auto [debut, fin] = Etendue(section);
   if (debut == 0) {
     lignes_.push_back({"[" + EnLigne(section) + "]"});
@@ -110,24 +98,22 @@ void FichierIni::Ecrit(std::string_view section, std::string_view cle, std::stri
   }
   for (std::size_t i = debut; i < fin; ++i) {
     const auto paire = EnCle(lignes_[i].texte);
-    if (!paire || !MemeNom(paire->cle, SansBlancs(nom))) continue;
+    if (!paire || !MemeNom(paire->cle, nom)) continue;
     if (DeTexte8(paire->valeur) == valeur) return;  // its line stays as it stands, blanks around the "=" included
     lignes_[i].texte = std::string(paire->cle) + "=" + EnLigne(valeur);
     return;
   }
   // In front of the empty lines that part this section from the next.
   while (fin > debut && SansBlancs(lignes_[fin - 1].texte).empty()) --fin;
-  lignes_.insert(lignes_.begin() + static_cast<std::ptrdiff_t>(fin),
-                 {std::string(SansBlancs(nom)) + "=" + EnLigne(valeur)});
+  lignes_.insert(lignes_.begin() + static_cast<std::ptrdiff_t>(fin), {Rogne(EnLigne(cle)) + "=" + EnLigne(valeur)});
 }
 
 void FichierIni::Supprime(std::string_view section, std::string_view cle) {
-  const std::string nom = EnLigne(cle);
+  const std::string nom = NomCherche(cle);
   const auto [debut, fin] = Etendue(section);
   for (std::size_t i = fin; i > debut; --i) {  // every one: a second line of that key would come to light
     const auto paire = EnCle(lignes_[i - 1].texte);
-    if (paire && MemeNom(paire->cle, SansBlancs(nom)))
-      lignes_.erase(lignes_.begin() + static_cast<std::ptrdiff_t>(i - 1));
+    if (paire && MemeNom(paire->cle, nom)) lignes_.erase(lignes_.begin() + static_cast<std::ptrdiff_t>(i - 1));
   }
 }
 

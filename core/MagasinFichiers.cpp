@@ -49,12 +49,14 @@ bool TropRecente(const Empreinte& e) {
   using namespace std::chrono;
   const auto temps = seconds(e.contenu.tv_sec) + nanoseconds(e.contenu.tv_nsec);
   const auto maintenant = system_clock::now().time_since_epoch();
-  return e.existe && maintenant < duration_cast<nanoseconds>(temps) + milliseconds(100);
+  const auto age = duration_cast<nanoseconds>(maintenant) - temps;
+  return e.existe && age < milliseconds(100) && age > -seconds(2);
 }
 
 struct IniTenu {
   Empreinte empreinte;
-  bool sure = false;     // the empreinte tells every later change
+  bool sure = false;     // the print tells every later change
+  long lot = 0;          // batch in which it was read: one reading a batch
   bool lisible = true;   // false: it is there and can't be read
   bool modifie = false;  // holds writes of the batch
   FichierIni ini;
@@ -64,6 +66,7 @@ struct ProjetTenu {
   std::string chemin;
   Empreinte empreinte;
   bool sure = false;
+  long lot = 0;
   std::unordered_map<std::string, std::string> index;
 };
 
@@ -73,6 +76,7 @@ struct Tenu {
   // Lines that wait for the end of the batch, by file, in the order of their writing.
   std::map<std::string, std::vector<std::pair<std::string, std::string>>> attente;
   int profondeurLot = 0;
+  long numeroLot = 0;  // of the batch that stands, from 1
   std::string cheminRedirige;
   std::string* texteRedirige = nullptr;
 };
@@ -83,9 +87,11 @@ void Echec(const ErreurSysteme& erreur) {
   if (Magasin.DerniereErreur.empty()) Magasin.DerniereErreur = erreur;
 }
 
+bool LuDansCeLot(long lot) { return T.profondeurLot > 0 && lot == T.numeroLot; }
+
 IniTenu& Charge(const std::string& chemin) {
   IniTenu& tenu = T.inis[chemin];
-  if (tenu.modifie) return tenu;
+  if (tenu.modifie || LuDansCeLot(tenu.lot)) return tenu;
   const Empreinte e = Releve(chemin);
   if (tenu.sure && e == tenu.empreinte) return tenu;
   tenu = IniTenu{};
@@ -97,7 +103,23 @@ IniTenu& Charge(const std::string& chemin) {
     if (octets) tenu.ini = FichierIni(*octets);
   }
   tenu.sure = !TropRecente(e) && Releve(chemin) == e;
+  tenu.lot = T.profondeurLot > 0 ? T.numeroLot : 0;
   return tenu;
+}
+
+void ChargeProjet(const std::string& chemin) {
+  ProjetTenu& p = T.projet;
+  if (p.chemin == chemin && LuDansCeLot(p.lot)) return;
+  const Empreinte e = Releve(chemin);
+  if (p.sure && p.chemin == chemin && p.empreinte == e) return;
+  p = ProjetTenu{};
+  p.chemin = chemin;
+  p.empreinte = e;
+  if (e.existe) {
+    if (const auto octets = LitFichierEntier(chemin)) p.index = IndexeReglages(*octets);
+  }
+  p.sure = !TropRecente(e) && Releve(chemin) == e;
+  p.lot = T.profondeurLot > 0 ? T.numeroLot : 0;
 }
 
 void EcritInis() {
@@ -127,6 +149,7 @@ void EcritAttente() {
     }
     for (const auto& [cle, valeur] : lignes) PlaceLigne(contenu, cle, valeur);
     if (const ErreurSysteme erreur = EcritFichierEntier(chemin, contenu); !erreur.empty()) Echec(erreur);
+    OublieProjet(chemin);
   }
 }
 
@@ -154,16 +177,7 @@ std::optional<std::string> CleProjet(const std::string& chemin, std::string_view
       if (i->first == cle8) return i->second;
     }
   }
-  const Empreinte e = Releve(chemin);
-  if (!(T.projet.sure && T.projet.chemin == chemin && T.projet.empreinte == e)) {
-    T.projet = ProjetTenu{};
-    T.projet.chemin = chemin;
-    T.projet.empreinte = e;
-    if (e.existe) {
-      if (const auto octets = LitFichierEntier(chemin)) T.projet.index = IndexeReglages(*octets);
-    }
-    T.projet.sure = !TropRecente(e) && Releve(chemin) == e;
-  }
+  ChargeProjet(chemin);
   const auto trouve = T.projet.index.find(std::string(cle8));
   return trouve == T.projet.index.end() ? std::nullopt : std::optional(trouve->second);
 }
@@ -184,12 +198,18 @@ void PlaceCleProjet(const std::string& chemin, std::string_view cle8, std::strin
   FinLot();
 }
 
-void DebutLot() { ++T.profondeurLot; }
+void DebutLot() {
+  if (T.profondeurLot++ == 0) ++T.numeroLot;
+}
 
 void FinLot() {
   if (T.profondeurLot > 0 && --T.profondeurLot > 0) return;
   EcritInis();
   EcritAttente();
+}
+
+void OublieProjet(const std::string& chemin) {
+  if (T.projet.chemin == chemin) T.projet = ProjetTenu{};
 }
 
 void Oublie() {

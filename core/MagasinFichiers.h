@@ -25,6 +25,8 @@ void PlaceCleProjet(const std::string& chemin, std::string_view cle8, std::strin
 void DebutLot();
 void FinLot();
 void Oublie();
+// The project file has been written by another way than PlaceCleProjet.
+void OublieProjet(const std::string& chemin);
 
 // While one stands, lines for the file `chemin` go to `texte`: the project writer composes its file in memory.
 // What waited for that file is dropped, since the writer starts it anew.

@@ -92,7 +92,10 @@ ErreurSysteme EcrireProjet(const std::string& chemin) {
   if (ErreurSysteme refus = EcritureRefusee(chemin); !refus.empty()) return refus;
   const Avancement avancement;
   try {
-    return EcritFichierEntier(chemin, Compose(chemin), Instantane != Faux ? Garantie::Processus : Garantie::Disque);
+    const Garantie garantie = Instantane != Faux ? Garantie::Processus : Garantie::Disque;
+    ErreurSysteme erreur = EcritFichierEntier(chemin, Compose(chemin), garantie);
+    magasin::OublieProjet(chemin);
+    return erreur;
   } catch (const std::bad_alloc&) {
     return std::generic_category().message(static_cast<int>(std::errc::not_enough_memory));
   }
@@ -107,6 +110,7 @@ bool LireProjet(const std::string& chemin) {
   if (chemin.empty()) return false;
   Doc.EchelleX = 1.0;
   Doc.EchelleY = 1.0;
+  const LotCles lot;  // some thirty keys out of one reading of the project
   try {
     const std::string octets = LitFichierEntier(chemin).value_or("");
     std::size_t nombre = 0;
