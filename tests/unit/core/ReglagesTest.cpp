@@ -1,0 +1,191 @@
+#include <limits>
+
+#include "core/Cles.h"
+#include "core/Document.h"
+#include "core/Reglages.h"
+#include "tests/support/Support.h"
+
+namespace {
+
+using namespace ovelin;
+using essai::EcritFichierEssai;
+using essai::LitFichierEssai;
+
+TEST(LitReglages, GivesTheDefaultsWithoutAFile) {
+  Regl.RayonFraise = 99;
+  Regl.ProfFraisage = 99;
+  Regl.PCPoche = 99;
+  Regl.CouleurNumero = 99;
+  LitMateriau();
+  LitCouleurs();
+  LitOptions();
+  LitOutil();
+  EXPECT_EQ(Regl.Vitesse_Mat_H, 2);
+  EXPECT_EQ(Regl.Vitesse_Mat_V, 2);
+  EXPECT_EQ(Regl.HautDeg, 10.0F);
+  EXPECT_EQ(Regl.ProfFraisage, -3);
+  EXPECT_EQ(Regl.ProfPasse, -1);
+  EXPECT_EQ(Regl.MiniEncoche, 0);
+  EXPECT_EQ(Regl.ModeZENIK, 0);
+  EXPECT_EQ(Regl.PCPoche, 15);
+  EXPECT_TRUE(Regl.ConfirmSuppr);
+  EXPECT_EQ(Regl.TimerInterval, 275);
+  EXPECT_EQ(Regl.gMaxMRU, 4);
+  EXPECT_EQ(Regl.DecalageOutil, 1);
+  EXPECT_EQ(Regl.RayonFraise, 3);
+  EXPECT_EQ(Regl.LargeurEncoche, 5);
+  EXPECT_EQ(Regl.CouleurNumero, 0);
+  EXPECT_EQ(Regl.CouleurSequence, 255 * 65536);
+  EXPECT_EQ(Regl.CouleurInitial, 0);
+  EXPECT_EQ(Regl.Couleurselectionne, 100);
+  EXPECT_EQ(Regl.CouleurDecalage, 255);
+  EXPECT_EQ(Regl.CouleurEncoche, 100 * 65536);
+}
+
+TEST(LitMateriau, ReadsWithTheProjectsOverrides) {
+  EcritFichierEssai("OVELIN.ini",
+                    "[OVELIN]\r\nVitesse_Mat_H=5,5\r\nVitesse_Mat_V=4\r\nHautDeg=7.25\r\nModeZENIK=2\r\n");
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "$$Vitesse_Mat_V=3\r\n$$ProfFraisage=-12.5\r\n");
+  LitMateriau();
+  EXPECT_EQ(Regl.Vitesse_Mat_H, 5.5);
+  EXPECT_EQ(Regl.Vitesse_Mat_V, 3);
+  EXPECT_EQ(Regl.HautDeg, 7.25F);
+  EXPECT_EQ(Regl.ProfFraisage, -12.5);
+  EXPECT_EQ(Regl.ModeZENIK, 2);
+}
+
+TEST(LitMateriau, TurnsAPassOfNoDepthIntoATenth) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nProfPasse=0\r\n");
+  LitMateriau();
+  EXPECT_EQ(Regl.ProfPasse, -0.1);
+}
+
+TEST(LitMateriau, FallsBackOnTheDefaultForWhatIsNoNumber) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nProfPasse=abc\r\nHautDeg=1e300\r\n");
+  LitMateriau();
+  EXPECT_EQ(Regl.ProfPasse, -1);
+  EXPECT_EQ(Regl.HautDeg, std::numeric_limits<float>::max());  // clipped, never infinite
+}
+
+TEST(LitOutil, TurnsASideBelowOneIntoOne) {
+  for (const char* texte : {"0", "-3", "0,4"}) {
+    EcritFichierEssai("OVELIN.ini", std::string("[OVELIN]\r\nDecalageOutil=") + texte + "\r\n");
+    LitOutil();
+    EXPECT_EQ(Regl.DecalageOutil, 1) << texte;
+  }
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nDecalageOutil=2\r\n");
+  LitOutil();
+  EXPECT_EQ(Regl.DecalageOutil, 2);
+}
+
+TEST(LitOptions, ReadsTheWordsAndTheNumbers) {
+  EcritFichierEssai("OVELIN.ini",
+                    "[OVELIN]\r\nPCPoche=50\r\nConfirmSuppr=Faux\r\nTimerInterval=100\r\ngMaxMRU=7\r\n");
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "$$gMaxMRU=9\r\n$$PCPoche=20\r\n");
+  LitOptions();
+  EXPECT_EQ(Regl.PCPoche, 20);
+  EXPECT_FALSE(Regl.ConfirmSuppr);
+  EXPECT_EQ(Regl.TimerInterval, 100);
+  EXPECT_EQ(Regl.gMaxMRU, 7);  // never the project's
+}
+
+TEST(LitOptions, RoundsAndClipsWhatDoesNotFit) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nPCPoche=99999\r\nTimerInterval=2.5\r\n");
+  LitOptions();
+  EXPECT_EQ(Regl.PCPoche, 32767);
+  EXPECT_EQ(Regl.TimerInterval, 2);
+}
+
+TEST(LitCouleurs, ReadsTheWholeValue) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nCouleurDecalage=16777215\r\n");
+  LitCouleurs();
+  EXPECT_EQ(Regl.CouleurDecalage, 16777215);
+}
+
+TEST(Couleur, CountsRedFirst) { EXPECT_EQ(Couleur(1, 2, 3), 1 + 2 * 256 + 3 * 65536); }
+
+TEST(EcritReglages, WritesEachGroupInItsOrder) {
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "");
+  Regl.HautDeg = 0.1F;
+  Regl.ProfPasse = -0.1;
+  Svc.MarqueDecimale = ',';
+  EcritMateriau();
+  EcritCouleurs();
+  EcritOptions();
+  EcritOutil();
+  EXPECT_EQ(
+      LitFichierEssai(FichierProjet),
+      "$$Vitesse_Mat_H=2\r\n$$Vitesse_Mat_V=2\r\n$$HautDeg=0,1\r\n$$ProfFraisage=-3\r\n$$ProfPasse=-0,1\r\n"
+      "$$MiniEncoche=0\r\n$$ModeZENIK=0\r\n$$CouleurNumero=0\r\n$$CouleurSequence=16711680\r\n"
+      "$$CouleurInitial=0\r\n$$Couleurselectionne=100\r\n$$CouleurDecalage=255\r\n$$CouleurEncoche=6553600\r\n"
+      "$$PCPoche=15\r\n$$ConfirmSuppr=Vrai\r\n$$TimerInterval=275\r\n"
+      "$$DecalageOutil=1\r\n$$RayonFraise=3\r\n$$LargeurEncoche=5\r\n");
+  EXPECT_EQ(LireCleIni("gMaxMRU", ""), "4");
+  EXPECT_EQ(LireCleIni("HautDeg", ""), "0,1");
+}
+
+TEST(EcritOptions, PutsTheProjectBack) {
+  FichierProjet = "Chargt";
+  EcritOptions();
+  EXPECT_EQ(FichierProjet, "Chargt");
+}
+
+TEST(EcritReglages, ReadsBackWhatItWrites) {
+  Regl.RayonFraise = 0.1 + 0.2;
+  Regl.HautDeg = 12.345F;
+  Regl.ConfirmSuppr = false;
+  Regl.CouleurEncoche = Couleur(1, 2, 3);
+  const Reglages avant = Regl;
+  for (const char marque : {'.', ','}) {
+    Svc.MarqueDecimale = marque;
+    EcritMateriau();
+    EcritCouleurs();
+    EcritOptions();
+    EcritOutil();
+    Regl = Reglages{};
+    LitMateriau();
+    LitCouleurs();
+    LitOptions();
+    LitOutil();
+    EXPECT_EQ(Regl.RayonFraise, avant.RayonFraise);
+    EXPECT_EQ(Regl.HautDeg, avant.HautDeg);
+    EXPECT_EQ(Regl.ConfirmSuppr, avant.ConfirmSuppr);
+    EXPECT_EQ(Regl.CouleurEncoche, avant.CouleurEncoche);
+  }
+}
+
+TEST(EcritCouleursDefaut, WritesOtherValuesPartlyUnderOtherKeys) {
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "");
+  EcritCouleursDefaut();
+  EXPECT_EQ(LitFichierEssai(FichierProjet),
+            "$$CouleurNumero=0\r\n$$CouleurSequence=16711680\r\n$$CouleurSelectionne=255\r\n"
+            "$$CouleurDeselectionne=100\r\n$$CouleurDecalage=65280\r\n$$CouleurEncoche=6553700\r\n");
+}
+
+TEST(EcritCouleursDefaut, TheSelectedColourFollowsInTheSettingsFileAlone) {
+  EcritCouleursDefaut();  // the settings file does not tell letter case
+  LitCouleurs();
+  EXPECT_EQ(Regl.Couleurselectionne, 255);
+  EXPECT_EQ(Regl.CouleurDecalage, Couleur(0, 255, 0));
+}
+
+TEST(LitReglagesDemarrage, TakesTheBuiltInDefaultsWithoutAFile) {
+  setenv("LC_ALL", "de_DE.UTF-8", 1);
+  Regl.TableDefaut = "x";
+  Regl.DebugZENIK = true;
+  LitReglagesDemarrage();
+  unsetenv("LC_ALL");
+  EXPECT_EQ(Regl.Langue, "de");
+  EXPECT_EQ(Regl.TableDefaut, "KR4400");
+  EXPECT_FALSE(Regl.DebugZENIK);
+}
+
+TEST(LitReglagesDemarrage, ReadsTheSettingsFile) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nLanguage=pt\r\nTableDefaut=Grande\r\nDebugZENIK=oui\r\n");
+  LitReglagesDemarrage();
+  EXPECT_EQ(Regl.Langue, "pt");
+  EXPECT_EQ(Regl.TableDefaut, "Grande");
+  EXPECT_TRUE(Regl.DebugZENIK);
+}
+
+}  // namespace

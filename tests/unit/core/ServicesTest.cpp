@@ -1,0 +1,112 @@
+#include <gtest/gtest-spi.h>
+
+#include "core/Document.h"
+#include "core/Etat.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "core/TableDecoupe.h"
+#include "core/Traduction.h"
+#include "tests/support/Support.h"
+
+namespace {
+
+using namespace ovelin;
+
+DialogueFichier Dialogue(const char* cle) {
+  DialogueFichier d;
+  d.cle = cle;
+  return d;
+}
+
+TEST(Message, ShowsTheTextOfItsKey) {
+  essai::EcritFichierEssai("OVELINfr.trad", "[erreurs]\n31=Deux fois\n");
+  OublieTraductions();
+  essai::Attend("erreurs", "31", Reponse::Oui);
+  EXPECT_EQ(Message("erreurs", "31", Icone::Exclamation, Boutons::OuiNon, "Erreur"), Reponse::Oui);
+  ASSERT_EQ(essai::Boites().size(), 1U);
+  const Boite& boite = essai::Boites()[0];
+  EXPECT_EQ(boite.texte, "Deux fois");
+  EXPECT_EQ(boite.titre, "Erreur");
+  EXPECT_EQ(boite.icone, Icone::Exclamation);
+  EXPECT_EQ(boite.boutons, Boutons::OuiNon);
+}
+
+TEST(Message, BearsTheProgramsNameByDefault) {
+  essai::Attend("erreurs", "31");
+  Message("erreurs", "31", Icone::Information);
+  EXPECT_EQ(essai::Boites()[0].titre, "OVELIN");
+  EXPECT_EQ(essai::Boites()[0].boutons, Boutons::Ok);
+}
+
+TEST(Script, FailsATestWithABoxThatItDoesNotHold) {
+  EXPECT_NONFATAL_FAILURE(Message("erreurs", "31", Icone::Information), "erreurs/31");
+  essai::Attend("erreurs", "32");
+  EXPECT_NONFATAL_FAILURE(Message("erreurs", "31", Icone::Information), "erreurs/31");
+  EXPECT_NONFATAL_FAILURE(Svc.ChoisitFichier(Dialogue("mnu_Save")), "mnu_Save");
+  EXPECT_NONFATAL_FAILURE(Svc.Saisit("s", "lib007", "", ""), "lib007");
+}
+
+TEST(Script, AnswersDialogsInTheirOrder) {
+  essai::AttendFichier("mnu_Save", "/x/a.OVL");
+  essai::AttendSaisie("lib007", "Neuve");
+  EXPECT_EQ(Svc.ChoisitFichier(Dialogue("mnu_Save")), "/x/a.OVL");
+  EXPECT_EQ(Svc.Saisit("F_ParamMachine", "lib007", "", ""), "Neuve");
+}
+
+TEST(ServicesMuets, EndsTheProgramAtABoxThatNobodyAnswers) {
+  const Services muets = ServicesMuets();
+  Boite boite;
+  boite.section = "erreurs";
+  boite.cle = "31";
+  EXPECT_DEATH(muets.Montre(boite), "erreurs 31");
+  EXPECT_DEATH(muets.ChoisitFichier(Dialogue("mnu_Ouvrir")), "mnu_Ouvrir");
+  EXPECT_DEATH(muets.Saisit("s", "lib007", "", ""), "lib007");
+}
+
+TEST(ServicesMuets, LetsEverythingElsePass) {
+  const Services muets = ServicesMuets();
+  DemandeDimension d;
+  muets.Dimensionne(d);
+  EXPECT_EQ(d.rapportX, 1);
+  muets.AvancementDebut("", 1);
+  muets.AvancementPlus();
+  muets.AvancementFin();
+  muets.Panneau(1, "");
+  muets.Rafraichit();
+  muets.DessinOuvert(true);
+  muets.FichierRecent("");
+  muets.LaisseEvenements(Evenements::Tous);
+  muets.Bip();
+  const double avant = muets.Horloge();
+  muets.Attend(0.001);
+  EXPECT_GE(muets.Horloge(), avant + 0.001);
+  EXPECT_EQ(muets.MarqueDecimale, '.');
+}
+
+TEST(Verifie, StopsTheMachineBeforeItEndsTheProgram) {
+  ArretFatal = [] { std::fprintf(stderr, "machine stopped\n"); };
+  EXPECT_DEATH(VERIFIE(1 + 1 == 3), "1 \\+ 1 == 3\nmachine stopped");
+  ArretFatal = nullptr;
+  EXPECT_DEATH(VERIFIE(false), "false");
+  VERIFIE(true);
+}
+
+TEST(RemetTout, MakesEveryGlobalNew) {
+  TraceInitial = essai::Trace("AB", {{1, 2}});
+  NbPoints = 1;
+  SeqCourante = Code2("AB");
+  RayonFraise = 9;
+  NbDeplacements = 5;
+  Svc.MarqueDecimale = ',';
+  RemetTout();
+  EXPECT_TRUE(TraceInitial.empty());
+  EXPECT_EQ(NbPoints, 0);
+  EXPECT_EQ(SeqCourante, CodeAucun);
+  ASSERT_EQ(Sequences.size(), 1U);
+  EXPECT_EQ(Sequences[0], SequenceInfo{});
+  EXPECT_EQ(RayonFraise, 3);
+  EXPECT_EQ(NbDeplacements, 0);
+  EXPECT_EQ(Svc.MarqueDecimale, '.');
+}
+
+}  // namespace
