@@ -20,7 +20,7 @@ class ClsCdeZENIK {
   ClsCdeZENIK& operator=(const ClsCdeZENIK&) = delete;
 
   // Last status reply.
-  Drapeau EtatOctet2 = Faux;        // byte 2 differs from 0
+  Drapeau EtatOctet2 = Faux;  // byte 2 differs from 0
   std::uint8_t EtatOctet3 = 0;
   std::int32_t NbBlocsTraites = 0;  // motion records that the board has finished
   std::int32_t NbTicks = 0;         // ticks of the motion record computed last
@@ -32,8 +32,8 @@ class ClsCdeZENIK {
   std::uint8_t Analog1 = 0, Analog2 = 0;  // per cent
   Drapeau ToucheHautZ = Faux, ToucheBasZ = Faux, ToucheGauche = Faux, ToucheBas = Faux, ToucheHaut = Faux,
           ToucheDroite = Faux;
-  double TempsBuffer = 0;           // s of motion in the last seven accepted records
-  std::string DebugTexte;           // dump of the last record in debug mode
+  double TempsBuffer = 0;  // s of motion in the last seven accepted records
+  std::string DebugTexte;  // dump of the last record in debug mode
   // Position: steps at the start of the running record, estimated steps, estimated mm. mm and steps agree:
   // PosX = PasX x MmParPasX at every moment.
   std::int32_t PasDebutX = 0, PasDebutY = 0, PasDebutZ = 0;
@@ -62,9 +62,9 @@ class ClsCdeZENIK {
  private:
   std::unique_ptr<zenikcom::Liaison> liaison_;
   std::array<double, 3> mmParPas_{1, 1, 1};
-  std::int16_t profondeurEnvoi_ = 0;    // sends in progress
-  Drapeau modeProgrammation_ = Faux;
-  std::array<Drapeau, 6> etatClavier_{};
+  std::int16_t profondeurEnvoi_ = 0;  // sends in progress
+  [[maybe_unused]] Drapeau modeProgrammation_ = Faux;
+  [[maybe_unused]] std::array<Drapeau, 6> etatClavier_{};  // keypad bits of the reply before
 };
 
 // The one board object; without a board until somebody installs a link.

@@ -92,6 +92,13 @@ void ChoisitTable(std::string_view nom) {
   EcrireCle("TableDefaut", TableDefaut);
 }
 
+bool ChangeTable(std::string_view chargee, std::string_view nom, ChampsTable& champs) {
+  if (!chargee.empty() && !Sauve_Table(chargee, champs)) return false;
+  champs = Chargt_Table(nom);
+  ChoisitTable(nom);
+  return true;
+}
+
 bool Cmd_Gestion(GestionTable index, const ChampsTable& champs) {
   return Cmd_Gestion(index, champs, index == GestionTable::Supprimer ? std::string() : NomNouvelleTable());
 }

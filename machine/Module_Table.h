@@ -84,6 +84,9 @@ bool Cmd_Gestion(GestionTable index, const ChampsTable& champs);
 bool Cmd_Gestion(GestionTable index, const ChampsTable& champs, const std::string& nouveau);
 // Makes a table current: global, key TableDefaut, globals.
 void ChoisitTable(std::string_view nom);
+// Another table is picked in the window: the one that was loaded is saved first, then `nom` is current and its
+// fields are loaded. `chargee` is "" while none was loaded. False, and nothing changed, when it can't be saved.
+bool ChangeTable(std::string_view chargee, std::string_view nom, ChampsTable& champs);
 
 // Presets of the outputs. False for an unknown name. "CNC3AX" leaves the inversions as they are.
 const std::vector<std::string>& ListeInterfaces();

@@ -55,8 +55,10 @@ TEST(Chargt_Table, EmptyTableShowsTheDefaultsOfTheReaders) {
       {"TB_SAV_27", "10"},   {"TB_SAV_28", "100"},  {"TB_SAV_29", "0"},    {"TB_SAV_30", "0"},
       {"TB_SAV_31", "0"},    {"TB_SAV_32", ""},     {"Combo_SAV_0", "0"},  {"Combo_SAV_1", "0"},
       {"Combo_SAV_10", "0"}, {"Combo_SAV_11", "1"}, {"Combo_SAV_12", "1"}, {"Combo_SAV_14", "1"},
-      {"CB_SAV_12", "0"},    {"CB_SAV_13", "0"},    {"CB_SAV_15", "0"},    {"CB_SAV_16", "1"},
-      {"CB_SAV_17", "1"},    {"CB_SAV_101", "0"},   {"CB_SAV_110", "0"},   {"Sld_SAV_0", "5"},
+      {"CB_SAV_1", "1"},     {"CB_SAV_2", "0"},     {"CB_SAV_3", "0"},     {"CB_SAV_14", "0"},
+      {"Option_SAV_0", "1"}, {"Option_SAV_1", "0"}, {"CB_SAV_12", "0"},    {"CB_SAV_13", "0"},
+      {"CB_SAV_15", "0"},    {"CB_SAV_16", "1"},    {"CB_SAV_17", "1"},    {"CB_SAV_101", "0"},
+      {"CB_SAV_110", "0"},   {"Sld_SAV_0", "5"},
   };
   for (const auto& [cle, texte] : attendus) EXPECT_EQ(Champ(champs, cle), texte) << cle;
 }

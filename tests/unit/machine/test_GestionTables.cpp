@@ -239,4 +239,31 @@ TEST(ChoisitTable, MakesItCurrentEverywhere) {
   EXPECT_EQ(Cle("OVELIN", "TableDefaut"), "Lathe");
 }
 
+TEST(ChangeTable, SavesTheOneThatWasLoadedFirst) {
+  PoseTables();
+  ChampsTable champs{{"TB_SAV_15", "31"}};
+  EXPECT_TRUE(ChangeTable("Mill", "Lathe", champs));
+  EXPECT_EQ(Cle("table_Mill", "TB_SAV_15"), "31");
+  EXPECT_EQ(champs, Chargt_Table("Lathe"));
+  EXPECT_EQ(TableDefaut, "Lathe");
+  EXPECT_EQ(VitesseMaxX, 22);
+}
+
+TEST(ChangeTable, FirstOneIsLoadedWithoutASave) {
+  PoseTables();
+  ChampsTable champs;
+  EXPECT_TRUE(ChangeTable("", "Lathe", champs));
+  EXPECT_EQ(ListeTables(), (Noms{"Mill", "Lathe"}));
+  EXPECT_EQ(champs, Chargt_Table("Lathe"));
+}
+
+TEST(ChangeTable, GivesUpWhenTheOldOneCannotBeSaved) {
+  PoseTables();
+  std::filesystem::permissions(Dossier() + "/OVELIN.ini", std::filesystem::perms::owner_read);
+  ChampsTable champs{{"TB_SAV_15", "31"}};
+  EXPECT_FALSE(ChangeTable("Mill", "Lathe", champs));
+  EXPECT_EQ(TableDefaut, "Mill");
+  EXPECT_EQ(champs.size(), 1U);
+}
+
 }  // namespace
