@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/Document.h"
+#include "toolpath/Encoches.h"
 
 namespace ovelin {
 
@@ -19,9 +20,6 @@ bool RecalculDecalages();
 
 // Opens a notch at each "PC" of a trace, in place. Radius T = LargeurEncoche / 2 + RayonFraise, mm.
 void PoseEncoches(std::vector<PointTrace>& points);
-// Intersections of the segment A-B with the circle: 0 none, 1 P1 lies on the segment, 2 P2, 3 both.
-int InterCercleSegment(const PointTrace& a, const PointTrace& b, const PointTrace& c, double r, PointTrace& p1,
-                       PointTrace& p2);
 // Drag knife: lengthens the closed traces of a path (Prolongement).
 void ProlongeTrace(Code2 code);
 

@@ -34,7 +34,7 @@ std::vector<Etendue> EtenduesSequences();
 // One code for each change of `Seq`, in order.
 std::vector<Code2> ListeCodes();
 
-// Look-up
+// Look-up. A scan is bounded by the array whatever NbPoints says.
 std::int32_t IndexSequence(Code2 code);
 std::int32_t NbPointsSequence(std::int32_t premier);
 std::int32_t EncombrementSequence(std::int32_t premier, float& xmin, float& xmax, float& ymin, float& ymax);
@@ -64,6 +64,8 @@ void EcritSequence(Code2 code, const ProprietesSequence& p);
 void ProfondeurPourTous();
 
 // Selection
+// Codes of the selected records in the table's order; with `aFraiserSeules` those alone that take part in the run.
+std::vector<Code2> CodesSelectionnes(bool aFraiserSeules = false);
 void SelectionneTout();
 void InverseSelection();
 void DeselectionneTout();
@@ -75,9 +77,12 @@ void SelectionSuivante();
 
 // Points
 double DistancePoints(const PointTrace& a, const PointTrace& b);  // mm, differences formed in 32 bits
+// A run that ends where it starts, without tolerance. A single point is closed, an empty run isn't.
+bool EstFermee(const Etendue& e);
 void InserePoint(std::int32_t index, const PointTrace& point);
 void RemplaceSequence(Code2 code, const std::vector<PointTrace>& points);
 void InverseSequence(Code2 code);
+void InverseEtendue(std::int32_t premier);  // the same for the run that begins there; -1: nothing
 void FermeSequences();
 void DeplaceSelection(int direction, float distance);  // 1: X, 3: Y; mm
 void SupprimeSelection();

@@ -1,0 +1,121 @@
+// Clicks of the attachment tool: marks "PC" on the drawing. Positions in mm of the drawing.
+#include <algorithm>
+#include <limits>
+
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Outils.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr float ResolutionRetrait = 0.01F;  // mm, clean-up behind a removed mark
+
+double Portee() { return LargeurEncoche / 2 + RayonFraise; }
+
+double DistanceCarree(const PointTrace& a, const PointTrace& b) {
+  const double dx = static_cast<double>(b.X) - a.X;
+  const double dy = static_cast<double>(b.Y) - a.Y;
+  return dx * dx + dy * dy;
+}
+
+// Foot of P on the segment A-B, the nearer end where the perpendicular misses it. A segment without length is its
+// point.
+PointTrace Pied(const PointTrace& p, const PointTrace& a, const PointTrace& b) {
+  const double dx = static_cast<double>(b.X) - a.X;
+  const double dy = static_cast<double>(b.Y) - a.Y;
+  const double carre = dx * dx + dy * dy;
+  const double t =
+      carre > 0 ? ((static_cast<double>(p.X) - a.X) * dx + (static_cast<double>(p.Y) - a.Y) * dy) / carre : 0.0;
+  PointTrace q = a;
+  q.Cde = CodePC;
+  if (t >= 1) {
+    q.X = b.X;
+    q.Y = b.Y;
+  } else if (t > 0) {
+    q.X = static_cast<float>(a.X + t * dx);
+    q.Y = static_cast<float>(a.Y + t * dy);
+  }
+  return q;
+}
+
+struct PlusProche {
+  PointTrace pied;
+  Etendue sequence;
+  std::int32_t fin = -1;  // end index of the segment; -1: the drawing has none
+};
+
+PlusProche SegmentProche(const PointTrace& p) {
+  PlusProche proche;
+  double meilleur = std::numeric_limits<double>::infinity();
+  for (const Etendue& e : EtenduesSequences()) {
+    for (std::int32_t i = e.premier + 1; i < e.premier + e.nombre; ++i) {
+      const PointTrace q =
+          Pied(p, TraceInitial[static_cast<std::size_t>(i - 1)], TraceInitial[static_cast<std::size_t>(i)]);
+      const double d = DistanceCarree(p, q);
+      if (d < meilleur) {
+        meilleur = d;
+        proche = {q, e, i};
+      }
+    }
+  }
+  return proche;
+}
+
+bool Refuse() {
+  Svc.Bip();
+  return false;
+}
+
+void Termine(Code2 code) {
+  CalculDecalage(code);
+  Modifie = Vrai;
+  Svc.Rafraichit();
+}
+
+}  // namespace
+
+bool AjouteAttache(float x, float y) {
+  const double t = Portee();
+  const PointTrace clic{x, y, CodePD, Code2{}};
+  const PlusProche proche = SegmentProche(clic);
+  if (proche.fin < 0) return false;
+  const PointTrace& q = proche.pied;
+  // Too far from everything: no sound, the click was meant for something else.
+  if (2 * t < DistancePoints(clic, q)) return false;
+  const auto debut = TraceInitial.begin() + proche.sequence.premier;
+  const auto fin = debut + proche.sequence.nombre;
+  if (DistancePoints(q, *debut) < t || DistancePoints(q, *(fin - 1)) < t) return Refuse();
+  const bool serre = std::any_of(
+      debut, fin, [&](const PointTrace& p) { return p.Cde == CodePC && DistancePoints(q, p) < LargeurEncoche; });
+  if (serre) return Refuse();
+  InserePoint(proche.fin, q);
+  Termine(q.Seq);
+  return true;
+}
+
+bool EnleveAttache(float x, float y) {
+  const PointTrace clic{x, y, CodePD, Code2{}};
+  std::size_t choisi = 0;  // the first point of the drawing is never a mark
+  double meilleur = std::numeric_limits<double>::infinity();
+  for (std::size_t i = 1; i < TraceInitial.size(); ++i) {
+    if (TraceInitial[i].Cde != CodePC) continue;
+    const double d = DistanceCarree(clic, TraceInitial[i]);
+    if (d < meilleur) {
+      meilleur = d;
+      choisi = i;
+    }
+  }
+  if (choisi == 0 || 2 * Portee() < DistancePoints(clic, TraceInitial[choisi])) return Refuse();
+  TraceInitial[choisi].Cde = CodePD;
+  const Code2 code = TraceInitial[choisi].Seq;
+  // The point is superfluous again where it lies on a straight line.
+  NettoieTout(ResolutionRetrait);
+  Termine(code);
+  return true;
+}
+
+}  // namespace ovelin

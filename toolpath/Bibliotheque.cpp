@@ -1,0 +1,18 @@
+#include "toolpath/Bibliotheque.h"
+
+#include "core/Etat.h"
+
+namespace ovelin {
+
+Bibliotheque Biblio = BibliothequePathwerk();
+
+namespace {
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Biblio = BibliothequePathwerk(); });
+}
+
+Bibliotheque BibliothequePathwerk() {
+  return {pathwerk::DecalSequence, pathwerk::NettoyageFichier, pathwerk::LissageSequence, pathwerk::Texte,
+          pathwerk::EcrireFichier};
+}
+
+}  // namespace ovelin

@@ -1,0 +1,135 @@
+// One path of the drawing into its trace, and the table of all traces.
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+
+#include "core/Reglages.h"
+#include "toolpath/Bibliotheque.h"
+#include "toolpath/Deroulement.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/Module_Vinyl.h"
+#include "toolpath/TableTraces.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr float ToleranceDecalage = 0.01F;         // mm
+constexpr std::int32_t RecouvrementContour = 100;  // asks for the single offset curve
+constexpr std::int16_t DecalageSurLigne = 2;
+
+bool EstPercage(const std::vector<PointTrace>& points) {
+  return points.size() == 2 && pathwerk::MemePlace(points[0], points[1]);
+}
+
+// Pieces are runs of equal `Seq`; each becomes an entry of the path.
+std::vector<SequenceDecalee> Morceaux(Code2 code, const std::vector<PointTrace>& points) {
+  std::vector<SequenceDecalee> entrees;
+  for (auto debut = points.begin(); debut != points.end();) {
+    const auto fin = std::find_if(debut, points.end(), [&](const PointTrace& p) { return p.Seq != debut->Seq; });
+    entrees.push_back({code, {debut, fin}});
+    debut = fin;
+  }
+  return entrees;
+}
+
+// The trace of the path that begins at `premier`. Nothing when the path is too short to have one.
+std::optional<TraceCalculee> Trace(Code2 code, std::int32_t premier, const ProprietesSequence& p) {
+  const std::int32_t n = NbPointsSequence(premier);
+  if (n < 2) return std::nullopt;
+  std::vector<PointTrace> points(TraceInitial.begin() + premier, TraceInitial.begin() + premier + n);
+  TraceCalculee trace;
+  if (!EstPercage(points)) {
+    if (p.Decalage != DecalageSurLigne) {
+      const auto rayon = static_cast<float>(RayonFraise);
+      trace.reussie = Biblio.DecalSequence(points, ToleranceDecalage, p.Decalage == 1 ? rayon : -rayon,
+                                           p.Poche != Faux ? PCPoche : RecouvrementContour) != 0;
+    }
+    // Also behind a failure, on whatever came back.
+    PoseEncoches(points);
+  }
+  if (!trace.reussie) {
+    trace.entrees.push_back({code, {}});
+    return trace;
+  }
+  trace.entrees = Morceaux(code, points);
+  if (Prolongement != Faux) {
+    for (SequenceDecalee& d : trace.entrees) ProlongePoints(d.Points);
+  }
+  return trace;
+}
+
+// What stands on the table behind `codes`, computed in that order. True when one of them came to its end.
+bool Calcule(const std::vector<Code2>& codes, Avancement* avancement) {
+  const IndexCodes index;
+  TableTraces table(TraceDecale);
+  Respiration respiration;
+  bool uneReussie = false;
+  for (const Code2 code : codes) {
+    if (avancement != nullptr) {
+      avancement->Plus();
+    } else {
+      respiration.Laisse();
+    }
+    if (code == CodeAucun) continue;
+    ProprietesSequence p;
+    LitSequence(index, code, p);
+    std::optional<TraceCalculee> trace = Trace(code, index.PremierPoint(code), p);
+    if (!trace) continue;
+    uneReussie = uneReussie || trace->reussie;
+    table.Remplace(code, std::move(*trace));
+  }
+  TraceDecale = table.Rend(TraceDecale);
+  return uneReussie;
+}
+
+// Two characters hold the number: from 100 on its first two digits.
+Code2 NumeroTrace(long n) {
+  char texte[24];
+  std::snprintf(texte, sizeof texte, "%02ld", n);
+  return Code2(std::string_view(texte).substr(0, 2));
+}
+
+}  // namespace
+
+// The entries of the path are replaced where they stand; without any they come last. A failed path leaves one entry
+// without points and drops the entries behind it: the procedure ends there.
+void CalculDecalage(Code2 code) {
+  if (code == CodeAucun) return;
+  ProprietesSequence p;
+  LitSequence(code, p);
+  std::optional<TraceCalculee> trace = Trace(code, IndexSequence(code), p);
+  if (!trace) return;
+  const auto sien = [&](const SequenceDecalee& d) { return d.Seq == code; };
+  const auto debut = std::find_if(TraceDecale.begin(), TraceDecale.end(), sien);
+  const auto fin = trace->reussie ? std::find_if_not(debut, TraceDecale.end(), sien) : TraceDecale.end();
+  const auto place = TraceDecale.erase(debut, fin);
+  TraceDecale.insert(place, std::make_move_iterator(trace->entrees.begin()),
+                     std::make_move_iterator(trace->entrees.end()));
+  if (trace->reussie) EffaceStatut();
+}
+
+void CalculDecalages(const std::vector<Code2>& codes) {
+  if (codes.empty()) return;
+  if (Calcule(codes, nullptr)) EffaceStatut();
+}
+
+bool RecalculDecalages() {
+  if (TraceInitial.empty()) return false;
+  const std::vector<Code2> codes = ListeCodes();
+  TraceDecale.clear();
+  {
+    Avancement avancement(Traduire(SectionFenetre, "lib102"), static_cast<long>(codes.size()));
+    if (Calcule(codes, &avancement)) EffaceStatut();
+  }
+  long numero = 0;
+  for (SequenceDecalee& d : TraceDecale) {
+    if (d.Points.empty()) continue;
+    const Code2 seq = NumeroTrace(++numero);
+    for (PointTrace& p : d.Points) p.Seq = seq;
+  }
+  return true;
+}
+
+}  // namespace ovelin

@@ -1,0 +1,68 @@
+// What the user sees while a command works: the status text, and pending events by time.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/Services.h"
+#include "core/Traduction.h"
+
+namespace ovelin {
+
+inline constexpr int PanneauStatut = 5;
+inline constexpr int PanneauNombre = 2;  // number of points behind a clean-up
+
+inline constexpr std::string_view SectionFenetre = "F_Representation";
+inline constexpr std::string_view SectionExport = "F_Exporter";
+
+inline void Statut(std::string_view section, std::string_view cle) {
+  Svc.Panneau(PanneauStatut, Traduire(section, cle));
+}
+inline void EffaceStatut() { Svc.Panneau(PanneauStatut, ""); }
+
+// Lets the window paint about every 15 ms, however short or long an item of the loop is. The user's input stays
+// held back: the document can't change under the loop.
+class Respiration {
+ public:
+  Respiration() : derniere_(Svc.Horloge()) {}
+  void Laisse() {
+    const double maintenant = Svc.Horloge();
+    if (maintenant - derniere_ < Periode) return;
+    Svc.LaisseEvenements(Evenements::Affichage);
+    derniere_ = Svc.Horloge();
+  }
+
+ private:
+  static constexpr double Periode = 0.015;  // s
+  double derniere_;
+};
+
+// Progress bar of a pass: opened and closed with the object, one step an item.
+class Avancement {
+ public:
+  Avancement(const std::string& texte, long total) {
+    Svc.AvancementDebut(texte, total);
+    Svc.LaisseEvenements(Evenements::Affichage);
+  }
+  ~Avancement() { Svc.AvancementFin(); }
+  Avancement(const Avancement&) = delete;
+  Avancement& operator=(const Avancement&) = delete;
+  void Plus() {
+    Svc.AvancementPlus();
+    respiration_.Laisse();
+  }
+
+ private:
+  Respiration respiration_;
+};
+
+// A fixed text without a key.
+inline Reponse MessageFixe(const std::string& texte, Icone icone) {
+  Boite boite;
+  boite.texte = texte;
+  boite.titre = "OVELIN";
+  boite.icone = icone;
+  return Svc.Montre(boite);
+}
+
+}  // namespace ovelin

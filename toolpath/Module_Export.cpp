@@ -1,0 +1,137 @@
+#include "toolpath/Module_Export.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Services.h"
+#include "toolpath/Bibliotheque.h"
+#include "toolpath/Deroulement.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin {
+
+namespace {
+
+using Points = std::vector<PointTrace>;
+
+Reponse Montre(const std::string& cle, const std::string& suite, Icone icone, Boutons boutons = Boutons::Ok) {
+  Boite boite;
+  boite.section = SectionExport;
+  boite.cle = cle;
+  boite.texte = Traduire(SectionExport, cle) + suite;
+  boite.titre = "OVELIN";
+  boite.icone = icone;
+  boite.boutons = boutons;
+  return Svc.Montre(boite);
+}
+
+bool Refuse(const std::string& cle) {
+  Montre(cle, "", Icone::Exclamation);
+  return false;
+}
+
+// 260 bytes, padded with blanks. A cut never falls into a character.
+std::string Commentaire(std::string texte) {
+  if (texte.size() > pathwerk::LongueurMessage) {
+    std::size_t n = pathwerk::LongueurMessage;
+    while (n > 0 && (static_cast<unsigned char>(texte[n]) & 0xC0U) == 0x80U) --n;
+    texte.resize(n);
+  }
+  texte.resize(pathwerk::LongueurMessage, ' ');
+  return texte;
+}
+
+// False with the system's reason when the file could not be written.
+bool Ecrit(const Points& points, const std::string& chemin, std::string& commentaire) {
+  const std::int32_t resultat = Biblio.EcrireFichier(points, chemin, commentaire);
+  commentaire = Rogne(commentaire);
+  if (resultat >= 0) return true;
+  Boite boite;
+  boite.section = SectionFenetre;
+  boite.cle = "lib" + std::to_string(-static_cast<std::int64_t>(resultat));
+  boite.texte = Traduire(boite.section, boite.cle) + "\r\n" + commentaire;
+  boite.titre = "OVELIN";
+  boite.icone = Icone::Critique;
+  boite.fichier = chemin;
+  Svc.Montre(boite);
+  return false;
+}
+
+// All traces in one array. Neighbouring entries may hold the same text in `Seq`, which is only a number for the
+// eye; here each gets a code of its own, so that the file keeps them apart.
+Points TracesReunies() {
+  Points points;
+  Code2 code = CodeAucun;
+  for (const SequenceDecalee& d : TraceDecale) {
+    code = CodeSuivant(code == Code2(u'z', u'z') ? CodeAucun : code);
+    for (const PointTrace& p : d.Points) points.push_back({p.X, p.Y, p.Cde, code});
+  }
+  return points;
+}
+
+bool EcritUnFichier(const std::string& chemin, const Points& points) {
+  if (points.empty()) return Refuse("lib007");
+  const auto parX = [](const PointTrace& a, const PointTrace& b) { return a.X < b.X; };
+  const auto parY = [](const PointTrace& a, const PointTrace& b) { return a.Y < b.Y; };
+  const auto [gauche, droite] = std::minmax_element(points.begin(), points.end(), parX);
+  const auto [bas, haut] = std::minmax_element(points.begin(), points.end(), parY);
+  std::string commentaire =
+      Commentaire(NomDe(chemin) + " - X=" + Formate(static_cast<double>(droite->X) - gauche->X, "0.00") +
+                  " - Y=" + Formate(static_cast<double>(haut->Y) - bas->Y, "0.00"));
+  if (!Ecrit(points, chemin, commentaire)) return false;
+  Montre("lib002", "\r\n" + commentaire, Icone::Information);
+  return true;
+}
+
+// "cut.dat" becomes "cut001.dat", "cut002.dat" ...
+std::string CheminNumerote(const std::string& chemin, long numero) {
+  const std::string base = NomSansExtension(chemin);
+  return base + Formate(static_cast<double>(numero), "000") + chemin.substr(base.size());
+}
+
+bool EcritUnFichierParTrace(const std::string& chemin, int source) {
+  std::vector<Points> traces;
+  if (source == 0) {
+    for (const Etendue& e : EtenduesSequences()) {
+      traces.emplace_back(TraceInitial.begin() + e.premier, TraceInitial.begin() + e.premier + e.nombre);
+    }
+  } else {
+    for (const SequenceDecalee& d : TraceDecale) {
+      if (!d.Points.empty()) traces.push_back(d.Points);
+    }
+  }
+  if (traces.empty()) return Refuse("lib007");
+  long numero = 0;
+  {
+    Avancement avancement(Traduire(SectionExport, "Frame_Avancement"), static_cast<long>(traces.size()));
+    for (const Points& points : traces) {
+      avancement.Plus();
+      ++numero;
+      std::string commentaire = Commentaire("#" + Formate(static_cast<double>(numero), "000"));
+      if (!Ecrit(points, CheminNumerote(chemin, numero), commentaire)) return false;
+    }
+  }
+  Montre("lib004",
+         " " + NomDe(CheminNumerote(chemin, 1)) + "\r\n" + Traduire(SectionExport, "lib005") + " " +
+             NomDe(CheminNumerote(chemin, numero)) + "\r\n" + Traduire(SectionExport, "lib006"),
+         Icone::Information);
+  return true;
+}
+
+}  // namespace
+
+bool Exporte(const std::string& chemin, int source) {
+  const std::string extension = ExtensionDe(chemin);
+  if (extension != "DXF" && extension != "DAT") return Refuse("lib001");
+  // A DAT file holds one path. What counts is the tool path, also where the drawing is written.
+  if (extension == "DAT" && TraceDecale.size() > 1) {
+    if (Montre("lib003", "", Icone::Question, Boutons::OkAnnuler) != Reponse::Ok) return false;
+    return EcritUnFichierParTrace(chemin, source);
+  }
+  return EcritUnFichier(chemin, source == 0 ? TraceInitial : TracesReunies());
+}
+
+}  // namespace ovelin

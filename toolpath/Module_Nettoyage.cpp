@@ -1,0 +1,119 @@
+#include "toolpath/Module_Nettoyage.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "core/Services.h"
+#include "toolpath/Bibliotheque.h"
+#include "toolpath/Deroulement.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/NettoieChemin.h"
+
+namespace ovelin {
+
+void NettoieChemin(std::vector<PointTrace>& chemin, float resolution) {
+  if (chemin.empty()) return;
+  std::vector<PointTrace> tampon = chemin;
+  const std::int32_t m = Biblio.NettoyageFichier(tampon, resolution);
+  // At least one point of a path stays; anything else is no answer, and the path stays as it is.
+  if (m < 1 || static_cast<std::size_t>(m) > std::min(chemin.size(), tampon.size())) return;
+  tampon.resize(static_cast<std::size_t>(m));
+  for (PointTrace& p : tampon) p.Seq = chemin.front().Seq;
+  chemin.swap(tampon);
+}
+
+namespace {
+
+std::vector<PointTrace> Copie(const Etendue& e) {
+  return {TraceInitial.begin() + e.premier, TraceInitial.begin() + e.premier + e.nombre};
+}
+
+void OublieOrigine() {
+  OrigineX = 0;
+  OrigineY = 0;
+}
+
+// The path smoothed, in place. False with a message when points got lost; it is then unchanged.
+bool LisseChemin(std::vector<PointTrace>& chemin) {
+  std::vector<PointTrace> tampon = chemin;
+  Biblio.LissageSequence(tampon);
+  if (tampon.size() < chemin.size()) {
+    MessageFixe("Problème lissage : nb de points", Icone::Critique);
+    return false;
+  }
+  for (PointTrace& p : tampon) p.Seq = chemin.front().Seq;
+  chemin.swap(tampon);
+  return true;
+}
+
+}  // namespace
+
+// The result is built beside the drawing and takes its place at once: what is painted meanwhile is whole.
+void NettoieTout(float resolution) {
+  std::vector<PointTrace> points;
+  points.reserve(TraceInitial.size());
+  Respiration respiration;
+  for (const Etendue& e : EtenduesSequences()) {
+    respiration.Laisse();
+    std::vector<PointTrace> chemin = Copie(e);
+    NettoieChemin(chemin, resolution);
+    points.insert(points.end(), chemin.begin(), chemin.end());
+  }
+  TraceInitial.swap(points);
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+}
+
+bool mnu_Nettoyage_Click(float resolution) {
+  if (resolution == 0 || resolution != resolution) return false;
+  NettoieTout(resolution);
+  EncombrementGeneral();
+  RecalculDecalages();
+  OublieOrigine();
+  Svc.Rafraichit();
+  Svc.Panneau(PanneauNombre, Traduire(SectionFenetre, "lib200") + " " + std::to_string(NbPoints));
+  Modifie = Vrai;
+  return true;
+}
+
+bool LisseSequence(Code2 code) {
+  const std::int32_t premier = IndexSequence(code);
+  if (premier < 0) return false;
+  std::vector<PointTrace> chemin = Copie({code, premier, NbPointsSequence(premier)});
+  if (!LisseChemin(chemin)) return false;
+  RemplaceSequence(code, chemin);
+  OublieOrigine();
+  return true;
+}
+
+// All selected paths are smoothed before the drawing is written anew, once.
+void LisseSelection() {
+  const IndexCodes index;
+  const std::vector<Code2> codes = CodesSelectionnes();
+  std::unordered_map<std::int32_t, std::vector<PointTrace>> lisses;  // by the first index of the run
+  Respiration respiration;
+  bool uneLissee = false;
+  for (const Code2 code : codes) {
+    respiration.Laisse();
+    const std::int32_t premier = index.PremierPoint(code);
+    if (premier < 0) continue;
+    const auto [it, neuf] = lisses.try_emplace(premier);
+    if (neuf) it->second = Copie({code, premier, NbPointsSequence(premier)});
+    uneLissee = LisseChemin(it->second) || uneLissee;
+  }
+  std::vector<PointTrace> points;
+  for (const Etendue& e : EtenduesSequences()) {
+    const auto it = lisses.find(e.premier);
+    const std::vector<PointTrace> chemin = it == lisses.end() ? Copie(e) : std::move(it->second);
+    points.insert(points.end(), chemin.begin(), chemin.end());
+  }
+  TraceInitial.swap(points);
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  if (uneLissee) OublieOrigine();
+  EncombrementGeneral();
+  CalculDecalages(codes);
+  Modifie = Vrai;
+  Svc.Rafraichit();
+}
+
+}  // namespace ovelin

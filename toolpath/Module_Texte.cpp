@@ -1,0 +1,138 @@
+#include "toolpath/Module_Texte.h"
+
+#include <algorithm>
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+#include "core/Document.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "toolpath/Bibliotheque.h"
+#include "toolpath/Deroulement.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/NettoieChemin.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr float ResolutionTexte = 0.01F;  // mm, where none has been chosen
+constexpr std::int32_t ErreurFichierPolice = -101;
+
+// A drawing without paths may still hold the one empty record that a deletion leaves.
+bool DessinPresent() {
+  return NbPoints > 0 && std::any_of(TraceInitial.begin(), TraceInitial.end(),
+                                     [](const PointTrace& p) { return p.Seq != Code2{}; });
+}
+
+bool RefuseTexte(std::int32_t erreur, const std::string& police) {
+  using pathwerk::Erreur;
+  Boite boite;
+  boite.section = SectionFenetre;
+  boite.cle = "lib" + std::to_string(-static_cast<std::int64_t>(erreur));
+  boite.texte = Traduire(boite.section, boite.cle);
+  if (erreur == ErreurFichierPolice || erreur == static_cast<std::int32_t>(Erreur::Police) ||
+      erreur == static_cast<std::int32_t>(Erreur::PoliceFichier)) {
+    boite.texte += " (" + police + ")";
+  }
+  boite.titre = "OVELIN";
+  boite.icone = Icone::Critique;
+  Svc.Montre(boite);
+  return false;
+}
+
+// Codes behind the greatest of the drawing. Where the count leaves the characters that a project can hold, or meets
+// a code that is taken, the first free one of the library's codes stands in.
+class CodesNeufs {
+ public:
+  explicit CodesNeufs(bool dessin) {
+    if (!dessin) return;
+    dernier_ = PlusGrandCode();
+    for (const Code2 code : ListeCodes()) pris_.insert(code.Cle());
+    for (const SequenceInfo& s : Sequences) pris_.insert(s.Code.Cle());
+  }
+  // Nothing when two characters can name no more paths.
+  std::optional<Code2> Suivant() {
+    Code2 code = CodeSuivant(dernier_);
+    while (!Permis(code) || pris_.contains(code.Cle())) {
+      if (rang_ >= pathwerk::NbCodes()) return std::nullopt;
+      code = pathwerk::CodeDeRang(rang_++);
+    }
+    pris_.insert(code.Cle());
+    dernier_ = code;
+    return code;
+  }
+
+ private:
+  static bool Permis(Code2 code) {
+    const auto permis = [](char16_t c) {
+      return c >= u' ' && c <= u'~' && c != u'-' && c != u'$' && c != u'=' && c != u',';
+    };
+    return permis(code.c[0]) && permis(code.c[1]) && code.c[1] != u' ';
+  }
+  Code2 dernier_ = CodeAucun;
+  std::unordered_set<std::uint32_t> pris_;
+  std::size_t rang_ = 0;
+};
+
+// The library's contours as paths of the document: codes, ordinary points, cleaned. Nothing when codes run out.
+std::optional<std::vector<std::vector<PointTrace>>> Chemins(const std::vector<PointTrace>& points, bool dessin) {
+  const float resolution = Regl.Resolution > 0 ? Regl.Resolution : ResolutionTexte;
+  CodesNeufs codes(dessin);
+  std::vector<std::vector<PointTrace>> chemins;
+  for (auto debut = points.begin(); debut != points.end();) {
+    const auto fin = std::find_if(debut, points.end(), [&](const PointTrace& p) { return p.Seq != debut->Seq; });
+    const std::optional<Code2> code = codes.Suivant();
+    if (!code) return std::nullopt;
+    std::vector<PointTrace> chemin(debut, fin);
+    for (PointTrace& p : chemin) {
+      p.Cde = CodePD;
+      p.Seq = *code;
+    }
+    // The new paths alone: the rest of the drawing has the points its user wants.
+    NettoieChemin(chemin, resolution);
+    chemins.push_back(std::move(chemin));
+    debut = fin;
+  }
+  return chemins;
+}
+
+void AjouteChemins(const std::vector<std::vector<PointTrace>>& chemins, bool dessin) {
+  if (!dessin) {
+    TraceInitial.clear();
+    TraceDecale.clear();
+    Sequences.clear();
+  }
+  DeselectionneTout();
+  for (const std::vector<PointTrace>& chemin : chemins) {
+    Sequences.push_back({chemin.front().Seq, Faux, ProfFraisage, Vrai, 1, Vrai});
+    TraceInitial.insert(TraceInitial.end(), chemin.begin(), chemin.end());
+  }
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+}
+
+}  // namespace
+
+// The library gives millimetres at a sensible height, so nothing is scaled.
+bool GenereTexte(const std::string& texte, const std::string& police, std::int32_t espace, std::int32_t style) {
+  std::vector<PointTrace> points(1);
+  const std::int32_t n = Biblio.Texte(points, texte, police, espace, style);
+  if (n < 0) return RefuseTexte(n, police);
+  points.resize(std::min(points.size(), static_cast<std::size_t>(n)));
+  if (points.empty()) return true;
+
+  const bool dessin = DessinPresent();
+  const auto chemins = Chemins(points, dessin);
+  if (!chemins) return RefuseTexte(static_cast<std::int32_t>(pathwerk::Erreur::TropDeSequences), police);
+  AjouteChemins(*chemins, dessin);
+  EncombrementGeneral();
+  RecalculDecalages();
+  Modifie = Vrai;
+  if (!dessin) Svc.DessinOuvert(true);
+  Svc.Rafraichit();
+  return true;
+}
+
+}  // namespace ovelin

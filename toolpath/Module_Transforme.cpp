@@ -1,0 +1,228 @@
+#include "toolpath/Module_Transforme.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "core/Cles.h"
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "toolpath/Deroulement.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin {
+
+namespace {
+
+struct Lieu {
+  double x = 0;
+  double y = 0;
+};
+
+bool Acceptable(const Lieu& l) { return std::abs(l.x) <= CoordonneeMax && std::abs(l.y) <= CoordonneeMax; }
+
+bool RefuseCoordonnee() {
+  Message(SectionFenetre, "lib113", Icone::Critique);
+  return false;
+}
+
+// Runs of the selected records: the first of each code, as the table holds them.
+std::vector<std::pair<std::size_t, std::size_t>> EtenduesSelection() {
+  const IndexCodes index;
+  std::vector<std::pair<std::size_t, std::size_t>> bornes;
+  for (const Code2 code : CodesSelectionnes()) {
+    const std::int32_t premier = index.PremierPoint(code);
+    if (premier < 0) continue;
+    bornes.emplace_back(premier, premier + NbPointsSequence(premier));
+  }
+  return bornes;
+}
+
+// Every point of the ranges to its image, or none at all when one would leave the plane of the drawing.
+template <class Image>
+bool Transforme(const std::vector<std::pair<std::size_t, std::size_t>>& bornes, const Image& image) {
+  for (const auto& [debut, fin] : bornes) {
+    for (std::size_t i = debut; i < fin; ++i) {
+      if (!Acceptable(image(TraceInitial[i]))) return RefuseCoordonnee();
+    }
+  }
+  for (const auto& [debut, fin] : bornes) {
+    for (std::size_t i = debut; i < fin; ++i) {
+      const Lieu l = image(TraceInitial[i]);
+      TraceInitial[i].X = static_cast<float>(l.x);
+      TraceInitial[i].Y = static_cast<float>(l.y);
+    }
+  }
+  return true;
+}
+
+template <class Image>
+bool TransformeTout(const Image& image) {
+  return Transforme({{0, TraceInitial.size()}}, image);
+}
+
+void Termine() {
+  EncombrementGeneral();
+  Modifie = Vrai;
+  Svc.Rafraichit();
+}
+
+// The sizes of the dimension fields are rounded to hundredths of a millimetre; limits are held against what they
+// show.
+double TailleAffichee(float debut, float fin) {
+  return std::nearbyint((static_cast<double>(fin) - debut) * 100) / 100;
+}
+
+bool RefuseDimension(std::string_view cle) {
+  Message("F_Dimension", cle, Icone::Critique);
+  return false;
+}
+
+float LimiteCourse(std::string_view cle, double defaut) {
+  return static_cast<float>(LireNombreSection("table_" + TableDefaut, cle, defaut));
+}
+
+}  // namespace
+
+bool TourneSelection(double angle, const PointTrace& centre) {
+  const double c = std::cos(angle);
+  const double s = std::sin(angle);
+  const bool faite = Transforme(EtenduesSelection(), [&](const PointTrace& p) {
+    const double dx = static_cast<double>(p.X) - centre.X;
+    const double dy = static_cast<double>(p.Y) - centre.Y;
+    return Lieu{centre.X + dx * c - dy * s, centre.Y + dx * s + dy * c};
+  });
+  if (faite) CalculDecalages(CodesSelectionnes());
+  return faite;
+}
+
+bool EchelleSelection(float facteurX, float facteurY) {
+  const PointTrace centre = CentreSelection();
+  return Transforme(EtenduesSelection(), [&](const PointTrace& p) {
+    return Lieu{(static_cast<double>(p.X) - centre.X) * facteurX + centre.X,
+                (static_cast<double>(p.Y) - centre.Y) * facteurY + centre.Y};
+  });
+}
+
+bool MiroirSelection(int axe) {
+  const PointTrace centre = CentreSelection();
+  const auto bornes = EtenduesSelection();
+  const bool faite = Transforme(bornes, [&](const PointTrace& p) {
+    return axe == 0 ? Lieu{2.0 * centre.X - p.X, p.Y} : Lieu{p.X, 2.0 * centre.Y - p.Y};
+  });
+  if (!faite) return false;
+  // The other sense of travel, so that the tool stays on the same side of the material.
+  for (const auto& [debut, fin] : bornes) InverseEtendue(static_cast<std::int32_t>(debut));
+  return true;
+}
+
+bool Deplacement_Selection(int direction, float distance) {
+  if (direction != 0) {
+    const double dx = direction == 1 ? distance : 0.0;
+    const double dy = direction == 3 ? distance : 0.0;
+    for (const auto& [debut, fin] : EtenduesSelection()) {
+      for (std::size_t i = debut; i < fin; ++i) {
+        if (!Acceptable({TraceInitial[i].X + dx, TraceInitial[i].Y + dy})) return RefuseCoordonnee();
+      }
+    }
+    DeplaceSelection(direction, distance);
+  }
+  CalculDecalages(CodesSelectionnes());
+  Termine();
+  return true;
+}
+
+bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions) {
+  const float limiteX = LimiteCourseX();
+  const float limiteY = LimiteCourseY();
+  const auto fx = static_cast<float>(rapportX);
+  const auto fy = proportions ? fx : static_cast<float>(rapportY);
+  const auto nul = [](float r) { return r == 0 || !std::isfinite(r); };
+  if (nul(fx) || nul(fy) || nul(static_cast<float>(rapportY))) return RefuseDimension("lib001");
+  if (proportions) rapportY = rapportX;
+  float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
+  EncombrementSelection(x0, x1, y0, y1, 0);
+  // In 32 bits, so that a result that is the limit on the screen is the limit here. A negative ratio mirrors; its
+  // result is as wide.
+  const auto resultatX = static_cast<float>(std::abs(TailleAffichee(x0, x1) * rapportX));
+  const auto resultatY = static_cast<float>(std::abs(TailleAffichee(y0, y1) * rapportY));
+  if (resultatX > limiteX || resultatY > limiteY) return RefuseDimension("lib002");
+  Statut(SectionFenetre, "lib102");
+  const bool faite = EchelleSelection(fx, fy);
+  if (faite) {
+    RecalculDecalages();
+    Termine();
+  }
+  EffaceStatut();
+  return faite;
+}
+
+bool Recale(double x, double y) {
+  EncombrementGeneral();
+  EncombrementSelection(Xmin, Xmax, Ymin, Ymax, 0);
+  const Lieu coin{Xmin, Ymin};
+  const bool faite = TransformeTout([&](const PointTrace& p) { return Lieu{p.X - coin.x + x, p.Y - coin.y + y}; });
+  if (faite) {
+    RecalculDecalages();
+    Termine();
+  } else {
+    EncombrementGeneral();
+  }
+  return faite;
+}
+
+float LimiteCourseX() { return LimiteCourse("TB_SAV_18", 600); }
+float LimiteCourseY() { return LimiteCourse("TB_SAV_19", 400); }
+
+bool PlaceOrigine() {
+  const Lieu origine{OrigineX, OrigineY};
+  if (!TransformeTout([&](const PointTrace& p) { return Lieu{p.X - origine.x, p.Y - origine.y}; })) return false;
+  RecalculDecalages();
+  Termine();
+  return true;
+}
+
+bool ChangePosition(std::int32_t index, float x, float y) {
+  if (index < 0 || static_cast<std::size_t>(index) >= TraceInitial.size()) return false;
+  if (!Acceptable({x, y})) return RefuseCoordonnee();
+  PointTrace& p = TraceInitial[static_cast<std::size_t>(index)];
+  p.X = x;
+  p.Y = y;
+  CalculDecalage(p.Seq);
+  Termine();
+  return true;
+}
+
+bool SupprimePoints(const std::vector<std::int32_t>& index) {
+  std::vector<bool> retire(TraceInitial.size(), false);
+  std::vector<Code2> codes;
+  for (const std::int32_t i : index) {
+    if (i < 0 || static_cast<std::size_t>(i) >= TraceInitial.size()) continue;
+    retire[static_cast<std::size_t>(i)] = true;
+    codes.push_back(TraceInitial[static_cast<std::size_t>(i)].Seq);
+  }
+  if (codes.empty()) return false;
+  if (Regl.ConfirmSuppr && Message(SectionFenetre, "lib101", Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
+    return false;
+  }
+  Statut(SectionFenetre, "lib102");
+  std::size_t garde = 0;
+  for (std::size_t i = 0; i < TraceInitial.size(); ++i) {
+    if (!retire[i]) TraceInitial[garde++] = TraceInitial[i];
+  }
+  TraceInitial.resize(garde);
+  NbPoints = static_cast<std::int32_t>(garde);
+  if (std::all_of(codes.begin(), codes.end(), [&](Code2 c) { return c == codes.front(); })) {
+    CalculDecalage(codes.front());
+  } else {
+    RecalculDecalages();
+  }
+  Statut(SectionFenetre, "lib004");
+  Termine();
+  Statut(SectionFenetre, "lib002");
+  return true;
+}
+
+}  // namespace ovelin
