@@ -8,6 +8,7 @@
 #include "core/Etat.h"
 #include "core/Nombres.h"
 #include "core/Reglages.h"
+#include "core/Texte8.h"
 
 namespace ovelin {
 
@@ -18,7 +19,8 @@ namespace {
 [[maybe_unused]] const bool enregistree = EnregistreRemise([] { MateriauCourant.clear(); });
 
 constexpr char Tabulation = '\t';
-constexpr const char* Manquante = "$$";  // no stored row reads so
+constexpr const char* Manquante = "$$";   // no stored row reads so
+constexpr std::size_t LongueurLue = 255;  // what lies behind is cut off when a value is read
 
 // Columns of a row, from 1 as in the grid.
 enum Colonne : std::size_t {
@@ -71,6 +73,13 @@ std::string Joint(const FicheMateriau& fiche) {
     texte += fiche.champs[i];
   }
   return texte;
+}
+
+// A row that would come back without its last numbers. A tab takes two characters in the file.
+bool TropLongue(const FicheMateriau& fiche) {
+  const std::string texte = Joint(fiche);
+  const auto tabulations = std::count(texte.begin(), texte.end(), Tabulation);
+  return EnTexte8(texte).size() + static_cast<std::size_t>(tabulations) > LongueurLue;
 }
 
 const std::string& Champ(const FicheMateriau& fiche, Colonne colonne) { return fiche.champs[colonne - 1]; }
@@ -127,6 +136,7 @@ std::pair<int, int> VerifieFiches(const std::vector<FicheMateriau>& fiches) {
     for (const Colonne colonne : {Rayon, Profondeur, Passe, AvanceH, AvanceV}) {
       if (!ChampValable(fiches[rang], colonne)) return {static_cast<int>(rang) + 1, static_cast<int>(colonne)};
     }
+    if (TropLongue(fiches[rang])) return {static_cast<int>(rang) + 1, static_cast<int>(Materiau)};
   }
   return {0, 0};
 }

@@ -17,7 +17,8 @@ struct FicheMateriau {
 std::vector<FicheMateriau> LitFiches();  // from the settings file alone, never from a project
 // The five presets when "DB1" is missing.
 void EcritFichesDefaut();
-// Test of all rows in order, as the window does it: row and column (from 1) of the first fault, or (0, 0).
+// Test of all rows in order, as the window does it: row and column (from 1) of the first fault, or (0, 0). Column 1
+// stands for a row that is longer than can be read back.
 std::pair<int, int> VerifieFiches(const std::vector<FicheMateriau>& fiches);
 // Writes all rows and deletes the keys behind them.
 void EcritFiches(const std::vector<FicheMateriau>& fiches);

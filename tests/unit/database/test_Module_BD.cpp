@@ -309,6 +309,22 @@ TEST(VerifieFiches, NotchFieldsAreNotTested) {
   EXPECT_EQ(VerifieFiches({Fiche("a", "1", "-1", "-1", "1", "1", "wide", "high")}), std::make_pair(0, 0));
 }
 
+TEST(VerifieFiches, RowThatCannotBeReadBackIsRefused) {
+  // "&&0.5&&2 flutes&&-4&&-2&&8&&2&&5&&4" are 35 characters: 220 are left for the name. A letter with an accent is
+  // one.
+  const auto nom = [](int lettres) {
+    std::string n;
+    for (int i = 0; i < lettres; ++i) n += "\xC3\xA9";
+    return n;
+  };
+  const FicheMateriau juste = Fiche(nom(220).c_str());
+  EXPECT_EQ(VerifieFiches({juste}), std::make_pair(0, 0));
+  EXPECT_EQ(VerifieFiches({Fiche("a"), Fiche(nom(221).c_str())}), std::make_pair(2, 1));
+  EcritFiches({juste});
+  OublieCles();
+  EXPECT_EQ(LitFiches()[0], juste);
+}
+
 TEST(VerifieFiches, StopsAtTheFirstFaultOfTheFirstRow) {
   EXPECT_EQ(VerifieFiches({Fiche("a"), Fiche("b", "1", "1", "1"), Fiche("c", "x")}), std::make_pair(2, 4));
   EXPECT_EQ(VerifieFiches({Fiche("a", "x", "1", "1", "0")}), std::make_pair(1, 2));
