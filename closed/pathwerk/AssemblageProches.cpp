@@ -3,6 +3,8 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <numbers>
+#include <queue>
 
 #include "closed/pathwerk/AssemblageChaines.h"
 #include "closed/pathwerk/Tri.h"
@@ -30,35 +32,75 @@ void RelieTout(Chaines& chaines, std::span<const Bout> bouts) {
 }
 
 // A node where very many ends meet (the hub of a star). Directions are folded onto half a turn: two ends that go on
-// straight fall side by side there, one from each half. They are matched like brackets, what is left in its order.
-void RelieGrandNoeud(Chaines& chaines, std::span<const Bout> bouts) {
-  struct Rayon {
-    double angle;
-    bool haut;
-    Bout e;
-  };
-  std::vector<Rayon> rayons;
-  rayons.reserve(bouts.size());
-  for (const Bout e : bouts) {
-    const Vec2 u = chaines.Direction(e);
-    const bool haut = u.y > 0 || (u.y == 0 && u.x > 0);
-    rayons.push_back({haut ? std::atan2(u.y, u.x) : std::atan2(-u.y, -u.x), haut, e});
-  }
-  std::sort(rayons.begin(), rayons.end(),
-            [](const Rayon& a, const Rayon& b) { return a.angle != b.angle ? a.angle < b.angle : a.e < b.e; });
-  std::vector<Rayon> pile;
-  for (const Rayon& r : rayons) {
-    if (!pile.empty() && pile.back().haut != r.haut && chaines.Permis(pile.back().e, r.e)) {
-      chaines.Relie(pile.back().e, r.e);
-      pile.pop_back();
-    } else {
-      pile.push_back(r);
+// straight fall side by side there, one from each half. Neighbours of different halves are joined, the straightest
+// first, and what stood on both sides of them become neighbours.
+class GrandNoeud {
+ public:
+  GrandNoeud(Chaines& chaines, std::span<const Bout> bouts) : chaines_(chaines) {
+    for (const Bout e : bouts) {
+      const Vec2 u = chaines.Direction(e);
+      const bool haut = u.y > 0 || (u.y == 0 && u.x > 0);
+      rayons_.push_back({haut ? std::atan2(u.y, u.x) : std::atan2(-u.y, -u.x), haut, e, 0, 0});
+    }
+    std::sort(rayons_.begin(), rayons_.end(),
+              [](const Rayon& a, const Rayon& b) { return a.angle != b.angle ? a.angle < b.angle : a.e < b.e; });
+    const std::size_t n = rayons_.size();
+    for (std::size_t i = 0; i < n; ++i) {
+      rayons_[i].avant = (i + n - 1) % n;
+      rayons_[i].apres = (i + 1) % n;
     }
   }
-  for (std::size_t i = 0; i + 1 < pile.size(); ++i) {
-    if (chaines.Permis(pile[i].e, pile[i + 1].e)) chaines.Relie(pile[i].e, pile[i + 1].e);
+
+  void Relie() {
+    for (std::size_t i = 0; i < rayons_.size(); ++i) Propose(i);
+    while (!paires_.empty()) {
+      const Paire p = paires_.top();
+      paires_.pop();
+      if (rayons_[p.i].apres != p.j || !chaines_.Permis(rayons_[p.i].e, rayons_[p.j].e)) continue;
+      chaines_.Relie(rayons_[p.i].e, rayons_[p.j].e);
+      const std::size_t a = rayons_[p.i].avant;
+      const std::size_t b = rayons_[p.j].apres;
+      rayons_[p.i].apres = rayons_[p.j].apres = p.i;  // out of the ring: never a pair again
+      rayons_[a].apres = b;
+      rayons_[b].avant = a;
+      Propose(a);
+    }
+    // All that is left comes from one side.
+    std::vector<Bout> restes;
+    for (const Rayon& r : rayons_) {
+      if (chaines_.lien[r.e] == kLibre) restes.push_back(r.e);
+    }
+    for (std::size_t i = 0; i + 1 < restes.size(); ++i) {
+      if (chaines_.Permis(restes[i], restes[i + 1])) chaines_.Relie(restes[i], restes[i + 1]);
+    }
   }
-}
+
+ private:
+  struct Rayon {
+    double angle;  // 0 to pi
+    bool haut;
+    Bout e;
+    std::size_t avant, apres;
+  };
+  struct Paire {
+    double ecart;
+    std::size_t i, j;
+    bool operator<(const Paire& p) const { return ecart != p.ecart ? ecart > p.ecart : i > p.i; }  // least on top
+  };
+
+  // Half a turn on, a ray of one half is one of the other.
+  void Propose(std::size_t i) {
+    const std::size_t j = rayons_[i].apres;
+    if (i == j) return;
+    const bool tour = j < i;
+    if ((rayons_[i].haut != rayons_[j].haut) == tour) return;
+    paires_.push({rayons_[j].angle - rayons_[i].angle + (tour ? std::numbers::pi : 0), i, j});
+  }
+
+  Chaines& chaines_;
+  std::vector<Rayon> rayons_;
+  std::priority_queue<Paire> paires_;
+};
 
 double Distance(const Chaines& chaines, Bout e, Bout f) {
   const Vec2 a = chaines.PlaceFine(e);
@@ -163,7 +205,7 @@ void RelieNoeud(Chaines& chaines, std::span<const Bout> bouts) {
   if (bouts.size() <= 24) {
     RelieTout(chaines, bouts);
   } else {
-    RelieGrandNoeud(chaines, bouts);
+    GrandNoeud(chaines, bouts).Relie();
   }
 }
 

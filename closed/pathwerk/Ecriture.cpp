@@ -20,7 +20,8 @@ constexpr std::string_view kFin = "\r\n";
 
 // The shortest text without exponent that reads back to the same float, also for a reader that goes through a
 // double.
-void AjouteNombre(std::string& t, float v) {
+void AjouteNombre(std::string& t, float valeur) {
+  const float v = valeur + 0.0F;  // a negative zero is none in a drawing
   std::array<char, 200> tampon{};
   auto fin = std::to_chars(tampon.data(), tampon.data() + tampon.size(), v, std::chars_format::fixed).ptr;
   double relu = 0;
@@ -70,9 +71,7 @@ void ParSequence(const std::vector<PointTrace>& points, F&& f) {
 // The closed flag takes the place of the last point, but only where it can't be mistaken when it is read back: a
 // point given twice is a hole, and a path that ends by standing still keeps all its points.
 bool AvecDrapeau(std::span<const PointTrace> s) {
-  return s.size() > 3 && MemePlace(s.front(), s.back()) && !MemePlace(s.front(), s[s.size() - 2]) &&
-         std::signbit(s.front().X) == std::signbit(s.back().X) &&
-         std::signbit(s.front().Y) == std::signbit(s.back().Y);
+  return s.size() > 3 && MemePlace(s.front(), s.back()) && !MemePlace(s.front(), s[s.size() - 2]);
 }
 
 // AutoCAD R12: one POLYLINE for each sequence. The first group tells the reader that order, direction and start are

@@ -69,13 +69,13 @@ bool EstHpgl(std::string_view data) {
   }
   constexpr std::array kInstructions = {"IN", "DF", "PU", "PD", "PA", "SP", "IP",
                                         "SC", "PR", "BP", "PS", "VS", "RO", "NP"};
+  const auto connue = [&](std::string_view t) {
+    return std::any_of(kInstructions.begin(), kInstructions.end(), [&](const char* k) { return t.starts_with(k); });
+  };
   const std::string_view tete = data.substr(std::min(i, data.size()));
-  if (tete.size() < 3) return false;
-  const bool connue =
-      std::any_of(kInstructions.begin(), kInstructions.end(), [&](const char* k) { return tete.starts_with(k); });
-  const char suite = tete[2];
-  const bool lettre = suite >= 'a' && suite <= 'z';
-  return connue && !lettre;
+  if (tete.size() < 3 || !connue(tete)) return false;
+  const bool lettre = (tete[2] >= 'a' && tete[2] <= 'z') || (tete[2] >= 'A' && tete[2] <= 'Z');
+  return !lettre || connue(tete.substr(2));  // "INSP1" is a plot, "PDF" and "INside" are none
 }
 
 // Two numbers on one of the first lines.
