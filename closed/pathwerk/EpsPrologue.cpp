@@ -208,7 +208,9 @@ userdict begin
 
 /OVL@d (@FICHIER@) (r) file def
 /OVL@dessin { userdict /OVL@d get cvx exec } bind def
+% What the drawing left on the stack goes first: it may be all the memory that there is.
 /OVL@fin {
+  { clear true } { clear false } ifelse
   $error /newerror get and {
     (X ) OVL@r $error /errorname get OVL@b cvs OVL@w ( ) OVL@w
     { OVL@d fileposition } stopped { pop -1 } if OVL@b cvs OVL@w (\n) OVL@w
@@ -216,7 +218,8 @@ userdict begin
   OVL@f flushfile
 } bind def
 end
-OVL@m setmatrix
+% The saved state is where "grestoreall" of a drawing goes back to.
+OVL@m setmatrix save pop
 { OVL@dessin } stopped OVL@fin
 userdict /quit undef systemdict /quit get exec
 )PS";
