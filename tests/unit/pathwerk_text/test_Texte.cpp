@@ -191,7 +191,7 @@ TEST(Texte, LeadingBlankMovesTheText) { EXPECT_NEAR(Bornes(Ecrit(" I")).x0, (651
 
 TEST(Texte, ControlCharacterCountsAsABlank) {
   EXPECT_EQ(Ecrit("\t\n").size(), 0U);
-  EXPECT_NEAR(Bornes(Ecrit("I\tI")).x1, Bornes(Ecrit("I I")).x1, 1e-6);
+  for (const char* texte : {"I\tI", "I\x7FI"}) EXPECT_NEAR(Bornes(Ecrit(texte)).x1, Bornes(Ecrit("I I")).x1, 1e-6);
 }
 
 TEST(Texte, SpacingStandsBetweenLettersOnly) {
@@ -213,6 +213,29 @@ TEST(Texte, SpacingDoesNotPartALetterFromItsAccent) {
   const Cadre serre = Bornes(Ecrit("e\xCC\x81"));
   const Cadre large = Bornes(Ecrit("e\xCC\x81", "DejaVu Sans", 500));
   EXPECT_NEAR(large.x1, serre.x1, 1e-4);
+}
+
+// x and U+0302: no letter of the font holds both, so the mark is a glyph of its own, placed by the font.
+const char* const XAccent = "x\xCC\x82";
+
+TEST(Texte, MarkIsPlacedOverItsLetter) {
+  for (const char* lettre : {"x", "X"}) {
+    const auto contours = Contours(Ecrit(lettre + std::string("\xCC\x82")));
+    ASSERT_EQ(contours.size(), 2U) << lettre;
+    const Cadre corps = Bornes(contours[0]);
+    const Cadre marque = Bornes(contours[1]);
+    EXPECT_NEAR((marque.x0 + marque.x1) / 2, (corps.x0 + corps.x1) / 2, 0.3) << lettre;
+    EXPECT_GT(marque.y0, corps.y1) << lettre;
+    EXPECT_LT(marque.y0, corps.y1 + 2) << lettre;
+  }
+}
+
+TEST(Texte, SpacingDoesNotPartALetterFromItsMark) { EXPECT_EQ(Ecrit(XAccent, "DejaVu Sans", 500), Ecrit(XAccent)); }
+
+TEST(Texte, MarkTakesNoPlaceInABolderTextEither) {
+  const std::string police = "DejaVu Sans Light";  // one face, not a bold one
+  const double sans = Bornes(Ecrit("xI", police, 0, StyleGras)).x1;
+  EXPECT_NEAR(Bornes(Ecrit(XAccent + std::string("I"), police, 0, StyleGras)).x1, sans, 0.01);
 }
 
 TEST(Texte, LigatureIsTakenApartBySpacing) {
@@ -296,9 +319,11 @@ TEST(Texte, FamilyWithoutBoldIsMadeBolder) {
   EXPECT_NEAR((deuxGras.x1 - deuxGras.x0) - (deux.x1 - deux.x0), 2 * 20.0 / 24, 0.05);
 }
 
-TEST(Texte, BoldFaceNamedByItsPathIsNotMadeBolderAgain) {
+TEST(Texte, FaceNamedByItsPathIsNotStyledAgain) {
   const std::string fichier = DossierPolices() + "DejaVuSans-Bold.ttf";
   EXPECT_EQ(Ecrit("I", fichier, 0, StyleGras), Ecrit("I", fichier));
+  const std::string oblique = DossierPolices() + "DejaVuSans-Oblique.ttf";
+  EXPECT_EQ(Ecrit("I", oblique, 0, StyleItalique), Ecrit("I", oblique));
 }
 
 // A curve of the font by the definition of the TrueType outline, sampled without a thought for its cost.
