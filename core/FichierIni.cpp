@@ -60,7 +60,7 @@ std::string NomCherche(std::string_view utf8) { return Majuscules(Rogne(UneLigne
 }  // namespace
 
 FichierIni::FichierIni(std::string_view octets) : finLigne_(FinDeLigne(octets)) {
-  if (octets.substr(0, 3) == "\xEF\xBB\xBF") octets.remove_prefix(3);  // mark of an editor that writes UTF-8
+  while (octets.substr(0, 3) == "\xEF\xBB\xBF") octets.remove_prefix(3);  // mark of an editor that writes UTF-8
   std::string_view ligne;
   while (LigneSuivante(octets, ligne)) lignes_.push_back({std::string(ligne)});
 }

@@ -59,8 +59,8 @@ std::string Compose(const std::string& chemin) {
   return texte;
 }
 
-// First pass over what has been read; refusals are shown.
-bool Verifie(const std::string& chemin, std::string_view contenu, std::size_t& nombre) {
+// Takes the count and the bounds of what has been read; refusals are shown.
+bool Verifie(const std::string& chemin, const RecensementProjet& r) {
   const auto refuse = [&chemin](const char* cle) {
     Boite boite;
     boite.section = "erreurs";
@@ -73,8 +73,6 @@ bool Verifie(const std::string& chemin, std::string_view contenu, std::size_t& n
     return false;
   };
   NbPoints = 0;
-  const RecensementProjet r = RecenseProjet(contenu);
-  nombre = r.NbPoints;
   // A file of empty lines could hold more of them than the count can tell.
   if (r.NbPoints == 0 || r.NbPoints > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
     return refuse("100");
@@ -102,8 +100,7 @@ ErreurSysteme EcrireProjet(const std::string& chemin) {
 }
 
 bool VerifierProjet(const std::string& chemin) {
-  std::size_t nombre = 0;
-  return Verifie(chemin, LitFichierEntier(chemin).value_or(""), nombre);
+  return Verifie(chemin, RecenseProjet(LitFichierEntier(chemin).value_or("")));
 }
 
 bool LireProjet(const std::string& chemin) {
@@ -112,10 +109,8 @@ bool LireProjet(const std::string& chemin) {
   Doc.EchelleY = 1.0;
   const LotCles lot;  // some thirty keys out of one reading of the project
   try {
-    const std::string octets = LitFichierEntier(chemin).value_or("");
-    std::size_t nombre = 0;
-    if (!Verifie(chemin, octets, nombre)) return false;
-    ContenuProjet contenu = LitTexteProjet(octets, nombre);
+    ContenuProjet contenu = LitTexteProjet(LitFichierEntier(chemin).value_or(""));
+    if (!Verifie(chemin, contenu.Recensement)) return false;
 
     FichierProjet = "Chargt";
     LitMateriau();

@@ -20,22 +20,22 @@
 
 namespace ovelin {
 
-// First pass: points that count, and their bounds (mm). "PE" points and "$$" lines do not.
+// Points that count, and their bounds (mm). "PE" points and "$$" lines do not.
 struct RecensementProjet {
   std::size_t NbPoints = 0;
   float Xmin = 0, Xmax = 0, Ymin = 0, Ymax = 0;
 };
 RecensementProjet RecenseProjet(std::string_view contenu);
 
-// Second pass.
+// The whole document of a file, with what the first pass would give.
 struct ContenuProjet {
+  RecensementProjet Recensement;
   std::vector<PointTrace> Points;
   // As the lines give them, selected; never empty: one blank record where no line names a path.
   std::vector<SequenceInfo> Sequences;
   std::optional<double> LargeurEncoche, MiniEncoche;  // mm, from the closing lines
 };
-// `nbPoints` is what the first pass has counted.
-ContenuProjet LitTexteProjet(std::string_view contenu, std::size_t nbPoints);
+ContenuProjet LitTexteProjet(std::string_view contenu);
 // A record with the defaults of a fresh drawing for each run of points whose code has none. All selected.
 void CompleteSequences(std::vector<SequenceInfo>& sequences, std::span<const PointTrace> points, double profondeur);
 

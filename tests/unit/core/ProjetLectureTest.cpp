@@ -345,6 +345,53 @@ TEST(EcrireProjet, GivesTheSameBytesForWhatItHasRead) {
   }
 }
 
+// Texts of up to fifteen columns, most of all those that lie between two floats or near it.
+TEST(LireProjet, GivesTheFloatNearestToEveryText) {
+  std::mt19937 alea(5);
+  std::vector<std::string> textes = {"16777217",
+                                     "16777219",
+                                     "33554434",
+                                     "-16777217",
+                                     "8388608.5",
+                                     "8388609.5",
+                                     "1.0000000596046",
+                                     "0.00000000001",
+                                     "1e-40",
+                                     "123456789012345",
+                                     "999999999999999",
+                                     "-0",
+                                     "0.1",
+                                     ".5",
+                                     "5.",
+                                     "1.4013e-45",
+                                     "3.4028235e38",
+                                     "+7",
+                                     "1 2",
+                                     "-",
+                                     "1.2.3",
+                                     "0000000000.0001",
+                                     "16777217.00000"};
+  for (int i = 0; i < 20000; ++i) {
+    std::string t = std::to_string(alea() % 100000000) + std::to_string(alea() % 10000000);
+    t.insert(alea() % t.size(), ".");
+    textes.push_back(t.substr(0, 15));
+    textes.push_back(std::to_string(16777216 + alea() % 100000000));
+    // As near as fifteen columns come to the middle of two floats; through a double a few would go astray.
+    const double milieu = 1 + std::ldexp(static_cast<double>(alea() % (1U << 23)) + 0.5, -23);
+    char tampon[32];
+    std::snprintf(tampon, sizeof tampon, "%.13f", milieu);
+    textes.emplace_back(tampon);
+  }
+  std::string contenu;
+  for (const std::string& t : textes) contenu += LignePoint(t, Remplace(t, '.', ","), "PD", " A");
+  EXPECT_TRUE(Lit(contenu));
+  for (std::size_t i = 0; i < textes.size(); ++i) {
+    const std::string lu = textes[i] == "1 2" ? "1" : textes[i];
+    ASSERT_EQ(TraceInitial[i].X, std::strtof(lu.c_str(), nullptr)) << textes[i];
+    ASSERT_EQ(TraceInitial[i].Y, TraceInitial[i].X) << textes[i];
+  }
+}
+
 TEST(LireProjet, ReadsEightThousandPathsIntoOneTable) {
   std::string contenu;
   std::string points;
