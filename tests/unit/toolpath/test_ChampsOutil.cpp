@@ -1,0 +1,164 @@
+#include "core/Cles.h"
+#include "core/Reglages.h"
+#include "tests/unit/toolpath/BiblioEssai.h"
+#include "toolpath/Module_Decalage.h"
+
+using namespace ovelin;
+using namespace essai;
+
+namespace {
+
+std::string Ecrite(const char* cle) { return LireCleSection("OVELIN", cle, "(absente)"); }
+
+class Champ : public testing::Test {
+ protected:
+  BiblioEssai biblio;
+  void SetUp() override {
+    AjouteCarre(" A", 0, 0, 10);
+    AjouteCarre(" B", 20, 0, 10);
+  }
+};
+class EntreRayonFraise_ : public Champ {};
+class EntreLargeurEncoche_ : public Champ {};
+class EntreMiniEncoche_ : public Champ {};
+class EntreHautDeg_ : public Champ {};
+class EntrePCPoche_ : public Champ {};
+class EntreProfPasse_ : public Champ {};
+
+}  // namespace
+
+TEST_F(EntreRayonFraise_, RecomputesAllTraces) {
+  EXPECT_TRUE(EntreRayonFraise("1,25"));
+  EXPECT_EQ(RayonFraise, 1.25);
+  EXPECT_EQ(biblio.appels.size(), 2U);
+  EXPECT_EQ(biblio.appels[1].decal, 1.25F);
+  EXPECT_EQ(Modifie, Vrai);
+  EXPECT_EQ(Ecrite("RayonFraise"), "1.25");
+}
+
+TEST_F(EntreRayonFraise_, AcceptsZero) {
+  EXPECT_TRUE(EntreRayonFraise("0"));
+  EXPECT_EQ(RayonFraise, 0);
+  EXPECT_EQ(biblio.appels.size(), 2U);
+}
+
+TEST_F(EntreRayonFraise_, RefusesANegativeValueThatStandsStored) {
+  AttendTexte("< 0 !");
+  EXPECT_FALSE(EntreRayonFraise("-2"));
+  EXPECT_EQ(RayonFraise, -2);
+  EXPECT_TRUE(biblio.appels.empty());
+  EXPECT_EQ(Modifie, Faux);
+  EXPECT_EQ(Ecrite("RayonFraise"), "(absente)");
+}
+
+TEST_F(EntreRayonFraise_, RefusesWhatIsNoNumber) {
+  EXPECT_FALSE(EntreRayonFraise("3 mm"));
+  EXPECT_FALSE(EntreRayonFraise(""));
+  EXPECT_EQ(RayonFraise, 3);
+  EXPECT_TRUE(biblio.appels.empty());
+}
+
+TEST_F(EntreLargeurEncoche_, StoresWritesAndRecomputes) {
+  EXPECT_TRUE(EntreLargeurEncoche("7.5"));
+  EXPECT_EQ(LargeurEncoche, 7.5);
+  EXPECT_EQ(biblio.appels.size(), 2U);
+  EXPECT_EQ(Ecrite("LargeurEncoche"), "7.5");
+  EXPECT_EQ(Modifie, Vrai);
+}
+
+TEST_F(EntreLargeurEncoche_, RefusesZeroAndWhatIsNoNumber) {
+  EXPECT_FALSE(EntreLargeurEncoche("0"));
+  EXPECT_FALSE(EntreLargeurEncoche("x"));
+  EXPECT_EQ(LargeurEncoche, 5);
+  EXPECT_TRUE(biblio.appels.empty());
+  EXPECT_EQ(Modifie, Faux);
+}
+
+TEST_F(EntreMiniEncoche_, StoresAndWritesWithoutRecomputing) {
+  EXPECT_TRUE(EntreMiniEncoche("0,75"));
+  EXPECT_EQ(MiniEncoche, 0.75);
+  EXPECT_EQ(Ecrite("MiniEncoche"), "0.75");
+  EXPECT_EQ(Modifie, Vrai);
+  EXPECT_TRUE(biblio.appels.empty());
+}
+
+TEST_F(EntreMiniEncoche_, StoresANegativeValueBeforeItRefusesIt) {
+  AttendTexte("< 0 !");
+  EXPECT_FALSE(EntreMiniEncoche("-1"));
+  EXPECT_EQ(MiniEncoche, -1);
+  EXPECT_EQ(Ecrite("MiniEncoche"), "(absente)");
+  EXPECT_EQ(Modifie, Faux);
+  EXPECT_FALSE(EntreMiniEncoche("?"));
+  EXPECT_EQ(MiniEncoche, -1);
+}
+
+TEST_F(EntreHautDeg_, TestsTheValueStoredSoFar) {
+  EXPECT_TRUE(EntreHautDeg("-4"));
+  EXPECT_EQ(HautDeg, -4);
+  EXPECT_EQ(Modifie, Vrai);
+  AttendTexte("< 0 !");
+  EXPECT_FALSE(EntreHautDeg("12"));
+  EXPECT_EQ(HautDeg, -4);
+}
+
+TEST_F(EntreHautDeg_, StoresAndWrites) {
+  EXPECT_TRUE(EntreHautDeg("12,5"));
+  EXPECT_EQ(HautDeg, 12.5F);
+  EXPECT_EQ(Ecrite("HautDeg"), "12.5");
+  EXPECT_TRUE(biblio.appels.empty());
+}
+
+TEST_F(EntreHautDeg_, RefusesWhatNo32BitNumberHolds) {
+  EXPECT_FALSE(EntreHautDeg("1e300"));
+  EXPECT_FALSE(EntreHautDeg("abc"));
+  EXPECT_EQ(HautDeg, 10);
+}
+
+TEST_F(EntrePCPoche_, RecomputesAllTracesAlsoWithoutAPocket) {
+  EXPECT_TRUE(EntrePCPoche("40"));
+  EXPECT_EQ(PCPoche, 40);
+  EXPECT_EQ(biblio.appels.size(), 2U);
+  EXPECT_EQ(Ecrite("PCPoche"), "40");
+  EXPECT_EQ(Modifie, Vrai);
+}
+
+TEST_F(EntrePCPoche_, HasNoRangeTestAndTakesAnInteger) {
+  EXPECT_TRUE(EntrePCPoche("-20"));
+  EXPECT_EQ(PCPoche, -20);
+  EXPECT_TRUE(EntrePCPoche("250"));
+  EXPECT_EQ(PCPoche, 250);
+  EXPECT_TRUE(EntrePCPoche("12.5"));
+  EXPECT_EQ(PCPoche, 12);
+  EXPECT_TRUE(EntrePCPoche("1e9"));
+  EXPECT_EQ(PCPoche, 32767);
+}
+
+TEST_F(EntrePCPoche_, IgnoresWhatIsNoNumber) {
+  EXPECT_FALSE(EntrePCPoche("15 %"));
+  EXPECT_EQ(PCPoche, 15);
+  EXPECT_TRUE(biblio.appels.empty());
+}
+
+TEST_F(EntreProfPasse_, StoresAndWritesANegativeDepth) {
+  EXPECT_TRUE(EntreProfPasse("-0,8"));
+  EXPECT_EQ(ProfPasse, -0.8);
+  EXPECT_EQ(Ecrite("ProfPasse"), "-0.8");
+  EXPECT_EQ(Modifie, Vrai);
+  EXPECT_TRUE(biblio.appels.empty());
+}
+
+TEST_F(EntreProfPasse_, KeepsARefusedDepthInForceWithoutWritingIt) {
+  for (const char* texte : {"2", "0"}) {
+    Attend("F_Representation", "lib361");
+    EXPECT_FALSE(EntreProfPasse(texte));
+    EXPECT_EQ(Boites().back().titre, "OVELIN");
+  }
+  EXPECT_EQ(ProfPasse, 0);
+  EXPECT_EQ(Ecrite("ProfPasse"), "(absente)");
+  EXPECT_EQ(Modifie, Faux);
+}
+
+TEST_F(EntreProfPasse_, IgnoresWhatIsNoNumber) {
+  EXPECT_FALSE(EntreProfPasse("-"));
+  EXPECT_EQ(ProfPasse, -1);
+}
