@@ -159,5 +159,20 @@ TEST(EstimePlan, NeverCountsFewerRowsThanThePlanHas) {
   EXPECT_LE(e.lignes, 2 * static_cast<std::int64_t>(TableDecoupe.size()));
 }
 
+TEST(EstimePlan, CountsTheTwoRowsOfEachNotch) {
+  ReglagesPlan();
+  MiniEncoche = 1;
+  std::vector<PointEssai> points{{0, 0}};
+  for (int i = 1; i < 400; ++i) points.push_back({static_cast<float>(i), 0, i % 2 == 1 ? "PE" : "PD"});
+  points.push_back({0, 0});
+  AjouteTrajet(" A", -2, points);
+  ASSERT_TRUE(Tableau_Decoupe());
+  EXPECT_EQ(NbDeplacements - 1, 3 + 400 + 2 * 200 + 3);  // down, cuts, up and down over 200 notches, up and down
+  ParametresPlan p;
+  p.ProfPasse = ProfPasse;
+  const EstimationPlan e = EstimePlan(p, TraceDecale, std::vector<UsinageTrace>{{true, -2}});
+  EXPECT_GE(e.lignes, static_cast<std::int64_t>(TableDecoupe.size()));
+}
+
 }  // namespace
 }  // namespace essai
