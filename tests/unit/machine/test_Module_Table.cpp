@@ -145,6 +145,14 @@ TEST(ResolutionsTable, ZeroGivesWayToTheDefault) {
   EXPECT_DOUBLE_EQ(r[1], 0.0025);
 }
 
+TEST(ResolutionsTable, AbsurdDivisionStillLeavesALength) {
+  PoseTable("COMBO_SAV_12=1e9\r\nCOMBO_SAV_13=-1e9\r\n");
+  for (const double r : ResolutionsTable()) {
+    EXPECT_GT(r, 0);
+    EXPECT_TRUE(std::isfinite(r));
+  }
+}
+
 TEST(ResolutionFine, IsTheFinerOfXAndY) {
   PoseTable("TB_SAV_0=4\r\nTB_SAV_1=2\r\nTB_SAV_2=0.001\r\n");
   EXPECT_DOUBLE_EQ(ResolutionFine(), 0.005);  // 2 / 400; Z, finer still, doesn't count
