@@ -1,0 +1,18 @@
+// Any bytes as a DXF drawing, as far as the points of its paths.
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "closed/pathwerk/Lecture.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
+  pathwerk::Lecture lecture;
+  const pathwerk::OptionsLecture options;
+  pathwerk::LireDxf(std::string_view(reinterpret_cast<const char*>(donnees), taille), options, lecture);
+  if (!lecture.Refuse()) {
+    std::vector<pathwerk::PointTrace> points;
+    pathwerk::Assemble(lecture, options, points);
+  }
+  return 0;
+}
