@@ -1,7 +1,6 @@
 #include "core/ProjetTexte.h"
 
 #include <algorithm>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -44,13 +43,14 @@ Reel NombreChamp(std::string_view champ) {
 }
 
 // A coordinate: the float nearest to the text, as the plain conversion gives it. Short decimal texts, nearly all of
-// a file, take a quick road. Up to 15 digits and a divisor up to 10^15 are exact in a double, so that the quotient
-// is the double nearest to the text; as a float it is the float nearest to the text unless it lies exactly between
-// two floats, where the rounding to a double may have hidden on which side the text was. (A float keeps 23 of the
-// 52 bits: between two floats the other 29 are 1 followed by zeros.)
+// a file, take a quick road: up to 15 digits and a divisor up to 10^13 are exact in a double, so that the quotient
+// v is the double nearest to the text t, and v as a float is the float nearest to t. Rounding twice can go astray
+// only where v is the middle m of two floats and t is not. Then m = M / 2^n with M odd, t = T / 10^d, and
+//     |t - m| = |r| / (2^(n-d) x 10^d),   r = M x 5^d modulo 2^(n-d), odd.
+// With d <= 13, the most that a field of 15 columns leaves behind digit and point, v = m asks for |r| = 1, and 5^d
+// is 1 modulo 4: so M is r modulo 4, and the even one of the two floats is the one on t's side.
 float Coordonnee(std::string_view champ) {
-  static constexpr double puissances[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                          1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  static constexpr double puissances[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13};
   const char* c = champ.data();
   const char* const fin = c + champ.size();
   while (c < fin && *c == ' ') ++c;
@@ -68,8 +68,6 @@ float Coordonnee(std::string_view champ) {
   }
   if (c == debut || (c < fin && *c != ' ')) return NombreChamp<float>(champ);
   const double v = static_cast<double>(mantisse) / puissances[decimales];
-  constexpr std::uint64_t masque = (std::uint64_t{1} << 29) - 1;
-  if ((std::bit_cast<std::uint64_t>(v) & masque) == std::uint64_t{1} << 28) return NombreChamp<float>(champ);
   return static_cast<float>(moins ? -v : v);
 }
 
