@@ -218,7 +218,7 @@ class Lecteur {
       premiere.assign(tous.begin(), tous.begin() + coupe);
       seconde.assign(tous.begin() + coupe, tous.end());
     }
-    blocs_.assign(1, {Contour(std::move(premiere), std::move(seconde)), Coupure::Aucune});
+    blocs_.assign(1, {Contour(std::move(premiere), seconde), Coupure::Aucune});
     return true;
   }
 

@@ -37,8 +37,8 @@ class Lecteur {
  public:
   Lecteur(std::string_view data, const OptionsLecture& options, Lecture& lecture)
       : data_(data), fleche_(options.Fleche), lecture_(lecture) {
-    // A point takes 16 bytes here and as many in the drawing, and arrays grow by doubling.
-    pointsPermis_ = data.size() + 700000;
+    // A byte rarely stands for more than a point; what a small file may ask for beyond that is bounded.
+    pointsPermis_ = data.size() + 200000;
     sansDescente_ = data.find("M15") == data.npos && data.find("M14") == data.npos;
   }
 
