@@ -1,0 +1,7 @@
+#include "closed/Pathwerk.h"
+
+namespace pathwerk {
+
+int Version() { return 62; }
+
+}  // namespace pathwerk
