@@ -1,0 +1,95 @@
+// The offset of one path, from records to records: choice of the kind, budget of the tolerance, guards.
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <utility>
+
+#include "closed/Pathwerk.h"
+#include "closed/pathwerk/Decalages.h"
+#include "closed/pathwerk/Moteur.h"
+
+namespace pathwerk {
+
+namespace geo {
+
+std::vector<Piece> DecaleFerme(const Source& source, double distance, double tolerance) {
+  std::vector<Region> regions;
+  if (!SepareLobes(source.chemin, tolerance, regions)) return {};
+  std::vector<std::pair<double, Chemin>> boucles;
+  for (const Region& region : regions) {
+    std::vector<Chemin> b;
+    if (!DecaleRegion(region, distance, tolerance, b)) return {};
+    for (Chemin& c : b) {
+      const double aire = std::abs(Aire(c));
+      boucles.emplace_back(aire, std::move(c));
+    }
+  }
+  // What lies inside comes before what contains it, as in a drawing.
+  std::stable_sort(boucles.begin(), boucles.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<Piece> pieces;
+  for (auto& [aire, c] : boucles) pieces.push_back({std::move(c), true, true});
+  return pieces;
+}
+
+}  // namespace geo
+
+namespace {
+
+constexpr double kToleranceParDefaut = 0.01;  // mm
+constexpr double kDistanceMax = 1e7;          // mm
+
+bool SansEtendue(const std::vector<PointTrace>& points) {
+  return std::all_of(points.begin(), points.end(),
+                     [&](const PointTrace& p) { return MemePlace(p, points.front()); });
+}
+
+bool TousFinis(const std::vector<PointTrace>& points) {
+  return std::all_of(points.begin(), points.end(),
+                     [](const PointTrace& p) { return std::isfinite(p.X) && std::isfinite(p.Y); });
+}
+
+std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double distance, std::int32_t recouvrement) {
+  if (points.empty() || !TousFinis(points) || !(std::abs(distance) <= kDistanceMax)) return 0;
+  if (SansEtendue(points)) {  // a hole, however often its place is given: it has no side
+    points.resize(2, points.front());
+    points[1] = points[0];
+    points[1].Cde = CodePD;
+    return 2;
+  }
+  if (distance == 0) {
+    for (PointTrace& p : points) p.Seq = Code2{u'0', u'1'};
+    return static_cast<std::int32_t>(points.size());
+  }
+  const std::optional<geo::Source> source = geo::PrepareSource(points, tolerance / 10);
+  if (!source) return 0;
+  // One tenth is spent; a little more stays aside for the rounding to floats.
+  const double reste = tolerance * 0.88;
+  std::vector<geo::Piece> pieces;
+  if (!source->ferme) {
+    pieces = geo::DecaleOuvert(*source, distance, reste);
+  } else if (recouvrement == 100) {
+    pieces = geo::DecaleFerme(*source, distance, reste);
+  } else {
+    pieces = geo::RemplitPoche(*source, distance, recouvrement, reste);
+  }
+  std::vector<PointTrace> resultat = geo::EcritPieces(std::move(pieces), *source, std::abs(distance), tolerance);
+  if (resultat.empty()) return 0;
+  points.swap(resultat);
+  return static_cast<std::int32_t>(points.size());
+}
+
+}  // namespace
+
+std::int32_t DecalSequence(std::vector<PointTrace>& points, float tolerance, float decal,
+                           std::int32_t recouvrement) {
+  double t = static_cast<double>(tolerance);
+  if (!(t > 0)) t = kToleranceParDefaut;
+  t = std::clamp(t, 1e-4, 10.0);
+  try {
+    return Decale(points, t, static_cast<double>(decal), recouvrement);
+  } catch (const std::exception&) {
+    return 0;
+  }
+}
+
+}  // namespace pathwerk

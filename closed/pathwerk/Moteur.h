@@ -1,0 +1,41 @@
+// The offset engine: the one place that knows how parallel curves are computed. Everything around it (thinning,
+// crossings, pockets, marks, floats) only stands on this contract, so that another engine can take its place.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "closed/pathwerk/Vecteur.h"
+
+namespace pathwerk::geo {
+
+// A region and the way its outline runs.
+struct Region {
+  std::vector<Chemin> contours;
+  // +1: the region lies to the left of the outline (outer contours counter-clockwise, holes clockwise).
+  // -1: to the right. 0: no area, every stretch is walked there and back.
+  int signe = 0;
+};
+
+// Parallel curves of the outline at `distance` mm, to the left of its travel when positive, else to its right.
+//
+// In: the contours of one region, closed without a repeated point, neighbours distinct, finite, near the origin
+// (|coordinate| up to 1e8 mm); they may touch themselves and each other, not cross. distance != 0; tolerance > 0.
+// Out: the border of the places on that side that are at least |distance| away from the outline, as closed loops
+// that don't repeat their first point and run as the outline beside them does. Corners are rounded. Each point of a
+// loop lies between |distance| - tolerance and |distance| from the outline, and no part of the border is missing by
+// more than the tolerance. Where the distance fits exactly,
+// as a cutter in a slot of its own width, a loop without width comes back.
+// False: no memory, or figures out of range; `boucles` is then empty.
+bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles);
+
+// Border of `a` without `b`. The regions are given as loops that run counter-clockwise around what belongs to them
+// (holes clockwise); the result is given likewise.
+bool Difference(std::span<const Chemin> a, std::span<const Chemin> b, std::vector<Chemin>& boucles);
+
+// Cuts a closed path at its crossings into the region it runs around counter-clockwise and the one it runs around
+// clockwise: a figure of eight gives one of each. What is thinner than `tolerance` doesn't count. A path that only
+// touches itself comes back as it is.
+bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions);
+
+}  // namespace pathwerk::geo

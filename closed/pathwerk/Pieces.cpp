@@ -1,0 +1,215 @@
+#include "closed/pathwerk/Pieces.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "closed/pathwerk/ArbreSegments.h"
+#include "closed/pathwerk/Simplifie.h"
+
+namespace pathwerk::geo {
+
+namespace {
+
+constexpr double kLimite = 1e8;  // mm
+
+// Marks are the points that say something: everything but "PD" and blank.
+bool EstMarque(const PointTrace& p) { return p.Cde != CodePD && p.Cde != Code2{}; }
+
+// Mean left normal of the distinct neighbours of a point; a turn right back gives the direction onward.
+Vec2 NormaleEn(const Chemin& c, bool ferme, std::size_t i) {
+  const std::size_t n = c.size();
+  if (n < 2) return {};
+  const bool avant = ferme || i > 0;
+  const bool apres = ferme || i + 1 < n;
+  const Vec2 u = avant ? Unite(c[i] - c[(i + n - 1) % n]) : Vec2{};
+  const Vec2 v = apres ? Unite(c[(i + 1) % n] - c[i]) : Vec2{};
+  const Vec2 m = Unite(u + v);
+  return m == Vec2{} ? u : Gauche(m);
+}
+
+// Place on the segments that answers to `r`: the image of the place at the distance `rayon` on either side if that
+// is as near as anything (all of a rounded corner is), else the nearest place.
+template <class Proche>
+Lieu Repond(const Repere& r, double rayon, double tolerance, Proche proche) {
+  Lieu meilleur = proche(r.lieu);
+  const double limite = std::sqrt(meilleur.distance2) + tolerance;
+  double ecart = std::numeric_limits<double>::infinity();
+  for (const double cote : {1.0, -1.0}) {
+    const Lieu l = proche(r.lieu + r.normale * (cote * rayon));
+    if (l.distance2 < ecart && Norme(l.point - r.lieu) <= limite) {
+      ecart = l.distance2;
+      meilleur = l;
+    }
+  }
+  return meilleur;
+}
+
+Lieu ProcheSur(const Chemin& c, Vec2 p) {
+  Lieu meilleur;
+  for (std::size_t i = 0, n = c.size(); i < n; ++i) {
+    Lieu l = LieuSurSegment({c[i], c[(i + 1) % n]}, p);
+    l.segment = i;
+    if (l.distance2 < meilleur.distance2) meilleur = l;
+  }
+  return meilleur;
+}
+
+void Tourne(Chemin& c, const Repere& depart, double rayon, double tolerance) {
+  const std::size_t n = c.size();
+  const Lieu l = Repond(depart, rayon, tolerance, [&c](Vec2 p) { return ProcheSur(c, p); });
+  const std::size_t apres = (l.segment + 1) % n;
+  std::size_t premier = apres;
+  bool nouveau = false;
+  if (Norme(l.point - c[l.segment]) <= tolerance / 10) {
+    premier = l.segment;
+  } else if (Norme(l.point - c[apres]) > tolerance / 10) {
+    nouveau = true;
+  }
+  std::rotate(c.begin(), c.begin() + static_cast<std::ptrdiff_t>(premier), c.end());
+  if (nouveau) c.insert(c.begin(), l.point);
+}
+
+struct Insertion {
+  std::size_t piece;
+  std::size_t segment;
+  double t;
+  Vec2 lieu;
+  Code2 cde;
+};
+
+std::vector<Insertion> PlaceMarques(const std::vector<Piece>& pieces, const Source& source, double rayon,
+                                    double tolerance) {
+  std::vector<Insertion> r;
+  if (source.reperes.empty()) return r;
+  std::vector<Segment> segments;
+  std::vector<std::size_t> debut;  // first segment of each piece
+  for (const Piece& p : pieces) {
+    debut.push_back(segments.size());
+    if (!p.marques) continue;
+    const std::vector<Segment> s = SegmentsDe(p.points, p.ferme);
+    segments.insert(segments.end(), s.begin(), s.end());
+  }
+  if (segments.empty()) return r;
+  const ArbreSegments arbre(std::move(segments));
+  for (const Repere& marque : source.reperes) {
+    const Lieu l = Repond(marque, rayon, tolerance, [&arbre](Vec2 p) { return arbre.PlusProche(p); });
+    const auto it = std::upper_bound(debut.begin(), debut.end(), l.segment) - 1;
+    r.push_back({static_cast<std::size_t>(it - debut.begin()), l.segment - *it, l.t, l.point, marque.cde});
+  }
+  std::stable_sort(r.begin(), r.end(), [](const Insertion& a, const Insertion& b) {
+    if (a.piece != b.piece) return a.piece < b.piece;
+    return a.segment != b.segment ? a.segment < b.segment : a.t < b.t;
+  });
+  return r;
+}
+
+// Records of one piece, in floats.
+class Ecrivain {
+ public:
+  Ecrivain(Vec2 centre, Code2 seq) : centre_(centre), seq_(seq) {}
+
+  void Point(Vec2 p, Code2 cde) {
+    const Vec2 q = p + centre_;
+    PointTrace r{static_cast<float>(q.x), static_cast<float>(q.y), cde, seq_};
+    if (!points_.empty() && MemePlace(r, points_.back())) {
+      if (cde == CodePD) return;
+      if (points_.back().Cde == CodePD) {  // the mark lies on a vertex
+        points_.back().Cde = cde;
+        return;
+      }
+    }
+    points_.push_back(r);
+  }
+  void Ferme() {
+    if (points_.empty()) return;
+    const PointTrace premier{points_.front().X, points_.front().Y, CodePD, seq_};
+    if (points_.size() > 1 && MemePlace(points_.back(), premier) && points_.back().Cde == CodePD) return;
+    points_.push_back(premier);
+  }
+  [[nodiscard]] bool Etendu() const {
+    return std::any_of(points_.begin(), points_.end(),
+                       [this](const PointTrace& p) { return !MemePlace(p, points_.front()); });
+  }
+  [[nodiscard]] const std::vector<PointTrace>& Points() const { return points_; }
+
+ private:
+  Vec2 centre_;
+  Code2 seq_;
+  std::vector<PointTrace> points_;
+};
+
+Code2 CodeDePiece(std::size_t rang) {
+  const auto n = static_cast<unsigned>(rang % 99 + 1);
+  return {static_cast<char16_t>(u'0' + n / 10), static_cast<char16_t>(u'0' + n % 10)};
+}
+
+}  // namespace
+
+std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, double tolerance) {
+  Source s;
+  const std::size_t n = points.size();
+  if (n == 0) return std::nullopt;
+  double x0 = kLimite, x1 = -kLimite, y0 = kLimite, y1 = -kLimite;
+  for (const PointTrace& p : points) {
+    const auto x = static_cast<double>(p.X);
+    const auto y = static_cast<double>(p.Y);
+    if (!(std::abs(x) <= kLimite && std::abs(y) <= kLimite)) return std::nullopt;
+    x0 = std::min(x0, x);
+    x1 = std::max(x1, x);
+    y0 = std::min(y0, y);
+    y1 = std::max(y1, y);
+  }
+  if (x0 == x1 && y0 == y1) return std::nullopt;
+  s.centre = {(x0 + x1) / 2, (y0 + y1) / 2};
+  s.ferme = n > 2 && MemePlace(points.front(), points.back());
+
+  Chemin brut(n);
+  std::vector<std::uint8_t> garde(n);
+  for (std::size_t i = 0; i < n; ++i) {
+    brut[i] = Vec2{static_cast<double>(points[i].X), static_cast<double>(points[i].Y)} - s.centre;
+    garde[i] = EstMarque(points[i]);
+  }
+  std::vector<std::pair<std::size_t, Code2>> marques;
+  for (const std::size_t i : Simplifie(brut, garde, tolerance)) {
+    if (s.chemin.empty() || !(brut[i] == s.chemin.back())) s.chemin.push_back(brut[i]);
+    // Of the two records of a seam that are both marked, one counts.
+    const bool couture = s.ferme && i + 1 == n && EstMarque(points[0]);
+    if (garde[i] != 0 && !couture) marques.emplace_back(s.chemin.size() - 1, points[i].Cde);
+  }
+  if (s.ferme) s.chemin.pop_back();
+  for (const auto& [rang, cde] : marques) {
+    const std::size_t i = rang % s.chemin.size();
+    s.reperes.push_back({s.chemin[i], NormaleEn(s.chemin, s.ferme, i), cde});
+  }
+  s.depart = {s.chemin[0], NormaleEn(s.chemin, s.ferme, 0), CodePD};
+  return s;
+}
+
+std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double rayon,
+                                    double tolerance) {
+  for (Piece& p : pieces) {
+    if (p.ferme && p.points.size() > 1) Tourne(p.points, source.depart, rayon, tolerance);
+  }
+  const std::vector<Insertion> marques = PlaceMarques(pieces, source, rayon, tolerance);
+  std::vector<PointTrace> r;
+  std::size_t rang = 0;
+  std::size_t m = 0;
+  for (std::size_t k = 0; k < pieces.size(); ++k) {
+    Ecrivain e(source.centre, CodeDePiece(rang));
+    const Chemin& c = pieces[k].points;
+    for (std::size_t i = 0; i < c.size(); ++i) {
+      e.Point(c[i], CodePD);
+      for (; m < marques.size() && marques[m].piece == k && marques[m].segment == i; ++m) {
+        e.Point(marques[m].lieu, marques[m].cde);
+      }
+    }
+    if (pieces[k].ferme) e.Ferme();
+    if (!e.Etendu()) continue;
+    r.insert(r.end(), e.Points().begin(), e.Points().end());
+    ++rang;
+  }
+  return r;
+}
+
+}  // namespace pathwerk::geo
