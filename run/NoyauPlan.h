@@ -1,5 +1,6 @@
-// The kernel of the planner: values in, rows out. It reads no global; the procedures of Module_Planificateur.h are
-// short shells around it. Lengths mm, speeds mm/s, Z 0 at the surface and negative downward.
+// The kernel of the planner: values in, rows out. It reads no document and no settings, only the clock by which
+// painting goes on; the procedures of Module_Planificateur.h are short shells around it. Lengths mm, speeds mm/s,
+// Z 0 at the surface and negative downward.
 #pragma once
 
 #include <cstdint>

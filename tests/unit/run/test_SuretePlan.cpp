@@ -67,14 +67,14 @@ TEST(Tableau_Decoupe, StepsFollowTheMillimetresOnEveryRow) {
       x += d.dX;
       y += d.dY;
       z += d.dZ;
-      // half a step, and what 32 bits round off the sums of some thousand long rows
+      // half a step, the eighth that the sum may stray, and the last digit that 32 bits have at these lengths
       const auto ecart = [&](std::int64_t pas, double mmParPas, float mm, float depart) {
         return std::abs(static_cast<double>(pas) * mmParPas - static_cast<double>(mm) +
                         static_cast<double>(depart));
       };
-      ASSERT_LE(ecart(x, 0.0123, d.X, Ligne(1).X), 0.0123 / 2 + 0.01) << "row " << i;
-      ASSERT_LE(ecart(y, 0.0071, d.Y, Ligne(1).Y), 0.0071 / 2 + 0.01) << "row " << i;
-      ASSERT_LE(ecart(z, 0.0049, d.Z, Ligne(1).Z), 0.0049 / 2 + 0.01) << "row " << i;
+      ASSERT_LE(ecart(x, 0.0123, d.X, Ligne(1).X), 0.0123 * 0.625 + 4e-5) << "row " << i;
+      ASSERT_LE(ecart(y, 0.0071, d.Y, Ligne(1).Y), 0.0071 * 0.625 + 4e-5) << "row " << i;
+      ASSERT_LE(ecart(z, 0.0049, d.Z, Ligne(1).Z), 0.0049 * 0.625 + 4e-5) << "row " << i;
     }
   }
 }
