@@ -120,9 +120,12 @@ void Demele(const Region& region, double d, double fleche, bool positif, std::ve
   const double echelle = PasDeGrille(Etendue(brutes));
   Ajoute(Unit(brutes, echelle, positif), echelle, !positif, boucles);
   if (!allege) return;
-  // The border keeps to rayon - fleche, a loop around places wrongly called free to less than rayon - marge.
+  // The true border keeps to rayon - fleche everywhere; a loop around places wrongly called free comes nearer than
+  // rayon - marge, but maybe not in all its points: its corners can lie where strips end.
   const double limite = (rayon - 1.15 * fleche) * (rayon - 1.15 * fleche);
-  std::erase_if(boucles, [&](const Chemin& c) { return source.PlusProche(c[0]).distance2 < limite; });
+  std::erase_if(boucles, [&](const Chemin& c) {
+    return std::any_of(c.begin(), c.end(), [&](Vec2 p) { return source.PlusProche(p).distance2 < limite; });
+  });
 }
 
 int SigneDe(double aire) { return aire > 0 ? 1 : aire < 0 ? -1 : 0; }
