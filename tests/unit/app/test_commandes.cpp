@@ -282,6 +282,16 @@ TEST(Edit, AWrongOperationTellsItsRankAndWritesNothing) {
   }
 }
 
+TEST(Edit, AProjectWithoutAPathIsNotWritten) {
+  const Atelier a;
+  const auto r =
+      a.Appelle({"edit", a.Ecrit("carre.dxf", Carre), "--do", a.Ecrit("o.json", R"([{"op":"SupprimeSelection"}])"),
+                 "-o", a.Chemin("e.OVL"), "--json"});
+  EXPECT_EQ(r.etat, 1);
+  EXPECT_EQ(r.Json()["error"]["key"], "lib109");
+  EXPECT_FALSE(std::filesystem::exists(a.Chemin("e.OVL")));
+}
+
 TEST(Edit, AFileThatIsNotAListIsRefused) {
   const Atelier a;
   for (const char* texte : {"", "{}", "[", "nul"}) {
