@@ -240,13 +240,13 @@ void PlanAjouteZ(EtatPlan& plan, const ParametresPlan& p, float deltaZ, Drapeau 
 std::int64_t NombrePasses(double profondeur, double profPasse) {
   if (!(profPasse < 0)) return 0;
   const auto fond = static_cast<float>(profondeur);
-  if (profondeur / profPasse > static_cast<double>(LimiteLignes)) return 0;
-  // The sums of the passes themselves, in their width: only they tell where a pass no longer goes any deeper.
+  // The sums of the passes themselves, in their width: only they tell where a pass no longer goes any deeper, which
+  // 24 bits of precision bring about within some 30 million passes.
   float passe = Plonge(0, profPasse, profondeur);
   std::int64_t passes = 1;
   while (fond < passe) {
     const float suivante = Plonge(passe, profPasse, profondeur);
-    if (!(suivante < passe) || passes >= LimiteLignes) return 0;
+    if (!(suivante < passe)) return 0;
     passe = suivante;
     ++passes;
   }
@@ -284,14 +284,10 @@ EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecal
     }
     const auto [place, nouvelle] = passesParProfondeur.try_emplace(profondeur, 0);
     if (nouvelle) place->second = NombrePasses(profondeur, p.ProfPasse);
-    // a pass: rapid, descent, plunge, the cuts, the notches, two rows up, two of pecking
+    // a pass at most: rapid, descent, plunge, the cuts, the notches, two rows up, two of pecking
     const std::int64_t parPasse = static_cast<std::int64_t>(points.size()) + hauteurs + 6;
-    if (place->second == 0 || place->second > LimiteLignes / parPasse) {
-      e.jugement = JugementPlan::Passe;
-      return e;
-    }
-    e.lignes += place->second * parPasse + 2;
-    if (e.lignes > LimiteLignes) {
+    e.lignes += place->second * parPasse;
+    if (place->second == 0 || e.lignes > LimiteLignes) {
       e.jugement = JugementPlan::Passe;
       return e;
     }

@@ -213,6 +213,8 @@ TEST(AjoutDeplacement, AGivenSpeedIsLimitedToTheAxesInTheMaterialToo) {
   EXPECT_FLOAT_EQ(Derniere().Vitesse, 25);
   AjoutDeplacement(P(3, 4), P(13, 4), Faux, 49);
   EXPECT_EQ(Derniere().Vitesse, 49);
+  AjoutDeplacement(P(13, 4), P(3, 4), Vrai, 0.25F);
+  EXPECT_EQ(Derniere().Vitesse, 0.25F);
 }
 
 TEST(AjoutDeplacement, AnAxisWithoutSpeedStopsTheRowsThatMoveItAlone) {
@@ -274,6 +276,14 @@ TEST(AjoutDeplacement, GrowsBehindTheLastRowOfACompactedTable) {
   EXPECT_EQ(NbDeplacements, 3);
   EXPECT_EQ(Derniere().Z, 1.5F);
   EXPECT_EQ(TableDecoupe.size(), 4U);
+}
+
+TEST(AjoutDeplacement, GoesOnWithATableThatHasBegunWhereverTheMachineIsNow) {
+  ReglagesPlan();
+  InitDecoupe();
+  CdeZENIK->PosX = 30;
+  AjoutDeplacement(P(0, 0), P(1, 1), Vrai, 0);
+  EXPECT_EQ(Texte(Ligne(1)), "0 0 0 @0");
 }
 
 TEST(AjoutDeplacement, BeginsATableThatNobodyHasBegun) {

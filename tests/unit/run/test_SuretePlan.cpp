@@ -21,6 +21,7 @@ void DocumentAleatoire(std::mt19937& alea) {
   for (int s = 0; s < 6; ++s) {
     std::vector<PointEssai> points;
     const int n = nombre(alea);
+    points.reserve(static_cast<std::size_t>(n) + 1);
     for (int i = 0; i < n; ++i) points.push_back({place(alea), place(alea), i % 4 == 2 && i + 1 < n ? "PE" : "PD"});
     if (s % 2 == 0) points.push_back({points[0].x, points[0].y});
     AjouteTrajet(std::string(" ") + static_cast<char>('A' + s), profondeur(alea), points);
