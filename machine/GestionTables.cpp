@@ -76,7 +76,7 @@ bool Supprime() {
 std::vector<std::string> ListeTables() {
   std::vector<std::string> noms;
   for (const std::string& section : ListerSections(CheminIni())) {
-    if (section.size() < Prefixe.size() || !MemeTable(section.substr(0, Prefixe.size()), Prefixe)) continue;
+    if (!MemeTable(section.substr(0, Prefixe.size()), Prefixe)) continue;
     noms.push_back(section.substr(Prefixe.size()));
   }
   return noms;
@@ -92,7 +92,7 @@ std::string RefusNomTable(std::string_view nom) {
 std::string NomNouvelleTable() {
   const std::string invite = Traduire(Section, "lib007") + " " + TableDefaut;
   while (true) {
-    const std::string nom = Rogne(Svc.Saisit(Section, "lib007", invite, Proposition));
+    std::string nom = Rogne(Svc.Saisit(Section, "lib007", invite, Proposition));
     const std::string refus = RefusNomTable(nom);
     if (refus.empty()) return nom;
     if (nom != Proposition) Message(Section, refus, Icone::Exclamation);

@@ -57,7 +57,7 @@ TEST(RefusNomTable, CountsCharactersNotBytes) {
 }
 
 TEST(RefusNomTable, CharactersThatASectionCannotHoldAreRefused) {
-  for (const char* nom : {"a]b", "[a", "a\nb", "a\tb"}) EXPECT_EQ(RefusNomTable(nom), "lib006") << nom;
+  for (const char* nom : {"a]b", "[a", "a\nb", "a\tb", "a\x7F"}) EXPECT_EQ(RefusNomTable(nom), "lib006") << nom;
 }
 
 TEST(NomNouvelleTable, AsksWithTheCurrentNameAndAProposal) {

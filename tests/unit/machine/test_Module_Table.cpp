@@ -8,7 +8,6 @@
 namespace {
 
 using namespace ovelin;
-using essai::Dossier;
 using essai::EcritFichierEssai;
 
 // A settings file with one table, current.
@@ -95,6 +94,13 @@ TEST(ChargeGlobalesTable, DivisionIsAPowerOfTwoAlsoWithTheDefaultSteps) {
   PoseTable("COMBO_SAV_12=4\r\n");
   ChargeGlobalesTable();
   EXPECT_EQ(PasTourX, 48 * 16);
+}
+
+TEST(ChargeGlobalesTable, AMotorHasWholeStepsBeforeTheyAreDivided) {
+  PoseTable("TB_SAV_3=51.43\r\nCOMBO_SAV_12=1\r\n");
+  ChargeGlobalesTable();
+  EXPECT_EQ(PasTourX, 102);
+  EXPECT_DOUBLE_EQ(ResolutionsTable()[0], 1.0 / 102);
 }
 
 TEST(ChargeGlobalesTable, AbsurdValuesStayWithinTheirTypes) {
