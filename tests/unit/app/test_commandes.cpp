@@ -53,6 +53,13 @@ TEST(Info, TellsTheOpenedDrawingAndWhatTheFileHeld) {
   EXPECT_NEAR(j["bounds"]["ymax"].get<double>(), 45, 1e-4);
 }
 
+TEST(Info, BoundsHaveTheDigitsOfTheDrawing) {
+  const Atelier a;
+  const auto r = a.Appelle({"info", a.Ecrit("p.dat", "0.1 0.2\n7.3 0.2\n7.3 9.4\n"), "--json"});
+  EXPECT_NE(r.sortie.find(R"("bounds":{"xmin":0.1,"xmax":7.3,"ymin":0.2,"ymax":9.4})"), std::string::npos)
+      << r.sortie;
+}
+
 TEST(Info, WritesNothingButTheSettingsOfTheFirstStart) {
   const Atelier a;
   const std::string dessin = a.Ecrit("carre.dxf", Carre);
