@@ -3,7 +3,9 @@
 
 #include "core/Cles.h"
 #include "core/Reglages.h"
+#include "core/Traduction.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
+#include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -298,6 +300,30 @@ TEST(SupprimePoints, RecomputesOnePathOrAll) {
   SupprimePoints({1, 6});
   EXPECT_EQ(CodesTraces(), " A B");
   EXPECT_EQ(Modifie, Vrai);
+}
+
+TEST(SupprimePoints, TellsWhatItDoes) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  Regl.ConfirmSuppr = false;
+  SupprimePoints({1});
+  std::string textes;
+  for (const auto& [panneau, montre] : Panneaux()) {
+    EXPECT_EQ(panneau, 5);
+    textes += montre + "|";
+  }
+  const auto texte = [](const char* cle) { return Traduire("F_Representation", cle); };
+  EXPECT_EQ(textes, texte("lib101") + "||" + texte("lib004") + "|" + texte("lib002") + "|");
+}
+
+TEST(SupprimePoints, LeavesTheOldTraceOfAPathThatHasNoPointsLeft) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  Regl.ConfirmSuppr = false;
+  RecalculDecalages();
+  SupprimePoints({0, 1, 2, 3, 4});
+  EXPECT_EQ(CodesDessin(), " B");
+  EXPECT_EQ(CodesTraces(), " A B");
 }
 
 TEST(SupprimePoints, IgnoresPointsThatAreNotThere) {
