@@ -135,6 +135,16 @@ TEST(mnu_Zoom1, UndoesPanAndZoom) {
   EXPECT_EQ(Vue, ajustee);
 }
 
+TEST(mnu_Zoom1, FitsTheNextDrawingWhateverTheFitOfTheLast) {
+  Bornes(0, 100, 0, 80);
+  mnu_Zoom1(Image);
+  Bornes(0, 10, 0, 8);
+  mnu_Zoom1(Image);
+  EXPECT_FLOAT_EQ(Zoom, 50 / 1.2F);
+  mnu_Zoom1({2360, 1160});
+  EXPECT_FLOAT_EQ(Zoom, 100 / 1.2F);
+}
+
 TEST(mnu_Zoom1, GivesADrawingOfTwoCoincidentPointsTheScaleOneAndTheMessageOfTheLayout) {
   Bornes(30, 30, 7, 7);
   Zoom = 12;
