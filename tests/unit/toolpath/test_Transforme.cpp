@@ -302,6 +302,39 @@ TEST(SupprimePoints, RecomputesOnePathOrAll) {
   EXPECT_EQ(Modifie, Vrai);
 }
 
+TEST(EchelleSelection, RefusesAPlaceOutsideThePlane) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  const auto avant = TraceInitial;
+  Attend("F_Representation", "lib113");
+  EXPECT_FALSE(EchelleSelection(1, 1e6F));
+  EXPECT_EQ(TraceInitial, avant);
+  // The last place of the plane is one: the box is 120 wide about X = 60.
+  EXPECT_TRUE(EchelleSelection(1e5F, 1));
+  EXPECT_EQ(TraceInitial[0].X, 60 - 60e5F);
+}
+
+TEST(MiroirSelection, RefusesAPlaceOutsideThePlaneAndReversesNothing) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  TraceInitial[2].Y = 1.5e7F;
+  const auto avant = TraceInitial;
+  Attend("F_Representation", "lib113");
+  EXPECT_FALSE(MiroirSelection(1));
+  EXPECT_EQ(TraceInitial, avant);
+}
+
+TEST(PlaceOrigine, RefusesAPlaceOutsideThePlane) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  OrigineY = -1e7F;
+  const auto avant = TraceInitial;
+  Attend("F_Representation", "lib113");
+  EXPECT_FALSE(PlaceOrigine());
+  EXPECT_EQ(TraceInitial, avant);
+  EXPECT_EQ(Modifie, Faux);
+}
+
 TEST(SupprimePoints, TellsWhatItDoes) {
   BiblioEssai biblio;
   DeuxCarres();
