@@ -31,7 +31,8 @@ namespace {
 
 constexpr int VersionPathwerkMin = 62;
 constexpr int EssaisTouche = 10;
-constexpr std::array<int, 3> VersionProgramme = {4, 10, 0};
+constexpr std::array<int, 3> VersionProgramme = {OVELIN_VERSION_MAJEURE, OVELIN_VERSION_MINEURE,
+                                                 OVELIN_VERSION_REVISION};
 constexpr const char* FichierVersion = "/Kolvane/files/OVELIN/ver.txt";
 
 template <typename R, typename... A>
