@@ -61,10 +61,7 @@ bool PieceEnBlocs::Contenu(std::size_t bloc, const PointTrace& centre, double r)
   return Ecart(b.x, b.y, centre) + b.rayon < r;
 }
 
-void PieceEnBlocs::Rentre(Place p) {
-  Applique(blocs_[p.bloc]);
-  RentrePoint(blocs_[p.bloc].points[p.rang]);
-}
+void PieceEnBlocs::Rentre(Place p) { RentrePoint(blocs_[p.bloc].points[p.rang]); }
 
 void PieceEnBlocs::Insere(Place apres, const PointTrace& point, Place& suivie) {
   Bloc& bloc = blocs_[apres.bloc];
