@@ -37,6 +37,14 @@ TEST(LireCle, ReadsTheSettingsFileAloneWithABlankProject) {
   }
 }
 
+TEST(LireCle, GivesWhatWaitsForTheProjectAsItWillBeRead) {
+  Ouvre("$$RayonFraise=2\r\n");
+  const LotCles lot;
+  EcrireCle("RayonFraise", " 3 ");
+  EXPECT_EQ(LireCle("RayonFraise", ""), "3");
+  EXPECT_NE(LitFichierEssai(FichierProjet).find("RayonFraise=2"), std::string::npos);
+}
+
 TEST(LireCle, LooksIntoTheCurrentFileWhateverTheProjectIsCalled) {
   Ouvre("$$RayonFraise=2\r\n");
   FichierProjet = "Chargt";
