@@ -153,13 +153,22 @@ class Grille {
   std::vector<Entree> cases_;
 };
 
+// May the gap be bridged by a chord?
+bool Pont(const ArcSource& source, Vec2 a, Vec2 b, double r, double creux) {
+  for (const double t : {0.25, 0.5, 0.75}) {
+    const double e = std::sqrt(source.Distance2(a + (b - a) * t, 4 * r * r));
+    if (e < r - creux || e > r + creux / 8) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit) {
   return Releveur(source, d, bruit).Releve();
 }
 
-std::size_t LieArcs(std::vector<ArcLibre>& libres, double ecart) {
+std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux) {
   std::vector<std::uint8_t> precede(libres.size(), 0);
   for (const ArcLibre& a : libres) {
     if (a.suite != kNaturel) precede[a.suite] = 1;
@@ -172,7 +181,8 @@ std::size_t LieArcs(std::vector<ArcLibre>& libres, double ecart) {
   }
   if (fins.empty()) return 0;
   // Most ends meet to the last digits: a fine grid first, the full gap for what is left.
-  for (const double pas : {std::min(1e-6, ecart), ecart}) {
+  const double large = std::max(ecart, std::sqrt(8 * r * creux));
+  for (const double pas : {std::min(1e-6, ecart), ecart, large}) {
     const Grille grille(libres, debuts, pas);
     std::vector<Paire> paires;
     for (const std::uint32_t f : fins) {
@@ -180,7 +190,7 @@ std::size_t LieArcs(std::vector<ArcLibre>& libres, double ecart) {
       grille.Autour(p.b, [&](std::uint32_t k) {
         const ArcLibre& q = libres[k];
         const double e = Norme(q.a - p.b);
-        if (e > pas) return;
+        if (e > pas || (pas > ecart && !Pont(source, p.b, q.a, r, creux))) return;
         // Vertex i is where segment i begins; as the start of a cap it also belongs to the segment before.
         const bool nommes = (p.causeB == q.source || q.causeA == p.source);
         const bool soi = k == f;
@@ -200,6 +210,40 @@ std::size_t LieArcs(std::vector<ArcLibre>& libres, double ecart) {
     if (fins.empty()) break;
   }
   return fins.size();
+}
+
+std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libres, double d, int signe) {
+  std::vector<std::uint8_t> precede(libres.size(), 0);
+  std::size_t laches = 0;
+  for (const ArcLibre& a : libres) {
+    if (a.suite != kNaturel) {
+      precede[a.suite] = 1;
+    } else {
+      ++laches;
+    }
+  }
+  if (signe == 0) return laches;
+  // Left of the outline the winding number is this, right of it one less.
+  const int gauche = signe > 0 ? 1 : 0;
+  std::size_t reste = 0;
+  std::vector<std::uint8_t> vu(libres.size(), 0);
+  const auto juge = [&](std::uint32_t depart, bool lache) {
+    const ArcLibre& p = libres[depart];
+    const int tours = source.Tours(p.arc ? p.a : (p.a + p.b) * 0.5);
+    const bool bon = d > 0 ? tours >= gauche : tours < gauche;
+    if (bon && lache) ++reste;
+    for (std::uint32_t k = depart; k != kNaturel && vu[k] == 0; k = libres[k].suite) {
+      vu[k] = 1;
+      libres[k].hors = !bon;
+    }
+  };
+  for (std::uint32_t k = 0; k < libres.size(); ++k) {
+    if (laches > 0 && precede[k] == 0) juge(k, true);
+  }
+  for (std::uint32_t k = 0; k < libres.size(); ++k) {
+    if (vu[k] == 0) juge(k, false);
+  }
+  return reste;
 }
 
 namespace {
@@ -285,7 +329,7 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
   std::vector<Chemin> boucles;
   std::vector<std::uint32_t> chaine;
   for (std::uint32_t depart = 0; depart < libres.size(); ++depart) {
-    if (vu[depart] != 0) continue;
+    if (vu[depart] != 0 || libres[depart].hors) continue;
     chaine.clear();
     for (std::uint32_t k = depart; vu[k] == 0; k = libres[k].suite) {
       vu[k] = 1;

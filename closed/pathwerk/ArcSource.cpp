@@ -16,6 +16,7 @@ ArcSource::ArcSource(std::span<const Chemin> contours) {
   for (const Chemin& c : contours) {
     if (c.size() < 2) continue;
     const std::size_t debut = sommets_.size();
+    unSeul_ = unSeul_ && debut == 0;
     for (std::size_t k = 0; k < c.size(); ++k) {
       sommets_.push_back(c[k]);
       suivant_.push_back(static_cast<std::uint32_t>(k + 1 < c.size() ? debut + k + 1 : debut));
@@ -68,6 +69,41 @@ double ArcSource::Distance2(Vec2 p, double limite2) const {
     pile[hauteur++] = 2 * k + (gauche ? 0 : 1);
   }
   return meilleur;
+}
+
+// Crossings of the ray to the right. Of a run of segments that lies wholly to the right only the ends count:
+// whatever the path does between them, it is below or above the ray at both.
+int ArcSource::Tours(Vec2 p) const {
+  int tours = 0;
+  std::size_t pile[130];
+  std::size_t hauteur = 0;
+  if (Taille() > 0) pile[hauteur++] = 1;
+  while (hauteur > 0) {
+    const std::size_t k = pile[--hauteur];
+    const Boite& b = boites_[k];
+    if (!(b.y0 <= p.y && p.y < b.y1 && b.x1 > p.x)) continue;
+    const bool feuille = k >= feuilles_;
+    if (b.x0 > p.x && unSeul_) {
+      std::size_t g = k;
+      std::size_t d = k;
+      while (g < feuilles_) g *= 2;
+      while (d < feuilles_) d = 2 * d + 1;
+      tours += static_cast<int>(B(Fin(d) - 1).y > p.y) - static_cast<int>(A(Debut(g)).y > p.y);
+      continue;
+    }
+    if (!feuille) {
+      pile[hauteur++] = 2 * k;
+      pile[hauteur++] = 2 * k + 1;
+      continue;
+    }
+    for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) {
+      const Vec2 a = A(i);
+      const Vec2 c = B(i);
+      const int sens = static_cast<int>(c.y > p.y) - static_cast<int>(a.y > p.y);
+      if (sens != 0 && Vectoriel(c - a, p - a) * sens > 0) tours += sens;
+    }
+  }
+  return tours;
 }
 
 }  // namespace pathwerk::geo

@@ -40,6 +40,8 @@ class ArcSource {
   // Squared distance to the outline, exact where it is below `limite2`; else some value not below it.
   [[nodiscard]] double Distance2(Vec2 p, double limite2) const;
   [[nodiscard]] double Distance2(std::size_t segment, Vec2 p) const;
+  // Winding number of the contours around `p`, which lies on none of them.
+  [[nodiscard]] int Tours(Vec2 p) const;
 
  private:
   std::vector<Vec2> sommets_;
@@ -47,6 +49,7 @@ class ArcSource {
   std::vector<std::uint32_t> precedent_;
   std::vector<Boite> boites_;
   std::size_t feuilles_ = 1;
+  bool unSeul_ = true;  // one contour
   double etendue_ = 0;
 };
 

@@ -104,19 +104,21 @@ void ArcTailleur::Cadre() {
   demi_ = std::max(Norme(Place(b0) - milieu_), Norme(Place(b1) - milieu_)) + 1e-12;
 }
 
-// Can nothing in this box be too near to what is left?
+// Can nothing in this box be too near to what is left, nor just touch it?
 bool ArcTailleur::TropLoin(std::size_t noeud) const {
   const ArcSource::Boite& b = source_.BoiteDe(noeud);
-  const double portee = r_ + demi_;
+  const double portee = r_ + demi_ + 2 * bruit_;
   if (Distance2(b, milieu_) >= portee * portee) return true;
   const Vec2 c{(b.x0 + b.x1) / 2 - origine_.x, (b.y0 + b.y1) / 2 - origine_.y};
   const double ex = (b.x1 - b.x0) / 2;
   const double ey = (b.y1 - b.y0) / 2;
   if (!arc_) {  // beside the strip around the whole line
-    return std::abs(Vectoriel(u_, c)) - (std::abs(u_.x) * ey + std::abs(u_.y) * ex) >= r_;
+    return std::abs(Vectoriel(u_, c)) - (std::abs(u_.x) * ey + std::abs(u_.y) * ex) >= r_ + 2 * bruit_;
   }
   // Behind the centre, seen from both ends of what is left.
-  const auto derriere = [&](Vec2 u) { return Scalaire(u, c) + std::abs(u.x) * ex + std::abs(u.y) * ey <= 0; };
+  const auto derriere = [&](Vec2 u) {
+    return Scalaire(u, c) + std::abs(u.x) * ex + std::abs(u.y) * ey < -2 * bruit_;
+  };
   return derriere(reste_.front().de.u) && derriere(reste_.back().a.u);
 }
 

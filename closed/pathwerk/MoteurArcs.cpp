@@ -56,7 +56,8 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
       const double bruit = Bruit(source.Etendue(), r);
       std::vector<ArcLibre> libres = ArcsLibres(source, d, bruit);
       const double ecart = std::min(0.05 * tolerance + 4 * std::sqrt(2 * r * bruit), 0.5 * tolerance + 0.1 * r);
-      if (LieArcs(libres, ecart) > 0) continue;
+      LieArcs(source, libres, r, ecart, 0.5 * tolerance);
+      if (OteMauvaisCote(source, libres, d, region.signe) > 0) continue;
       boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50);
       if (Verifie(source, boucles, r, fleche)) return true;
     }
