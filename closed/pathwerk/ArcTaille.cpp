@@ -134,10 +134,67 @@ void ArcTailleur::Essaie(std::size_t j) {
   if (!reste_.empty()) Cadre();
 }
 
+// Neighbours have much the same neighbourhood: the tree is searched once for a run of segments.
+void ArcTailleur::ChercheBloc() {
+  blocDebut_ = i_ - i_ % kBloc;
+  blocFin_ = std::min(blocDebut_ + kBloc, source_.Taille());
+  constexpr double kInf = std::numeric_limits<double>::infinity();
+  ArcSource::Boite b{kInf, kInf, -kInf, -kInf};
+  const auto ajoute = [&b](Vec2 p, double e) {
+    b = {std::min(b.x0, p.x - e), std::min(b.y0, p.y - e), std::max(b.x1, p.x + e), std::max(b.y1, p.y + e)};
+  };
+  Vec2 n0;
+  for (std::size_t i = blocDebut_; i < blocFin_; ++i) {
+    const Vec2 a = source_.A(i);
+    const Vec2 c = source_.B(i);
+    const Vec2 n = Gauche(Unite(c - a)) * d_;
+    const std::size_t avant = source_.Precedent(i);
+    if (i == blocDebut_ || avant + 1 != i) n0 = Gauche(Unite(a - source_.A(avant))) * d_;
+    // Rise of the arc between both normals.
+    const Vec2 corde = n - n0;
+    const double fleche = r_ - std::sqrt(std::max(0.0, r_ * r_ - Scalaire(corde, corde) / 4));
+    ajoute(a + n0, fleche);
+    ajoute(a + n, fleche);
+    ajoute(c + n, 0);
+    n0 = n;
+  }
+  const Vec2 m{(b.x0 + b.x1) / 2, (b.y0 + b.y1) / 2};
+  const double demi = Norme(Vec2{b.x1 - b.x0, b.y1 - b.y0}) / 2;
+  const double portee = r_ + demi + 3 * bruit_ + 1e-12;
+  bloc_.clear();
+  blocPlein_ = false;
+  std::size_t pile[130];
+  std::size_t hauteur = 0;
+  pile[hauteur++] = 1;
+  while (hauteur > 0) {
+    const std::size_t k = pile[--hauteur];
+    if (Distance2(source_.BoiteDe(k), m) >= portee * portee) continue;
+    if (k < source_.Feuilles()) {
+      pile[hauteur++] = 2 * k + 1;
+      pile[hauteur++] = 2 * k;
+    } else if (bloc_.size() < kFeuillesMax) {
+      bloc_.push_back(static_cast<std::uint32_t>(k));
+    } else {
+      blocPlein_ = true;
+      return;
+    }
+  }
+}
+
 bool ArcTailleur::Taille() {
   Cadre();
   for (std::size_t k = 1; k <= kMemoire && !reste_.empty(); ++k) {
     Essaie(derniers_[(tour_ + kMemoire - k) % kMemoire]);
+  }
+  if (reste_.empty()) return false;
+  if (i_ < blocDebut_ || i_ >= blocFin_) ChercheBloc();
+  if (!blocPlein_) {
+    for (const std::uint32_t k : bloc_) {
+      if (TropLoin(k)) continue;
+      for (std::size_t j = source_.Debut(k), fin = source_.Fin(k); j < fin && !reste_.empty(); ++j) Essaie(j);
+      if (reste_.empty()) return false;
+    }
+    return true;
   }
   std::size_t pile[130];
   std::size_t hauteur = 0;

@@ -48,6 +48,7 @@ class ArcTailleur {
   // Takes [t0, t1] away where that is deeper than the noise in the source segment j, or in any case.
   void Retire(const Bord& b0, const Bord& b1, std::size_t j, bool toujours);
   void Cadre();
+  void ChercheBloc();
   [[nodiscard]] bool TropLoin(std::size_t noeud) const;
   [[nodiscard]] double Mesure(Vec2 u) const;
   [[nodiscard]] Vec2 Milieu(const Bord& b0, const Bord& b1) const;
@@ -71,6 +72,13 @@ class ArcTailleur {
   static constexpr std::size_t kMemoire = 4;
   std::size_t derniers_[kMemoire] = {};  // segments that took away most lately
   std::size_t tour_ = 0;
+  // Leaves that can reach any raw piece of the segments [blocDebut_, blocFin_).
+  static constexpr std::size_t kBloc = 8;
+  static constexpr std::size_t kFeuillesMax = 96;
+  std::size_t blocDebut_ = 0;
+  std::size_t blocFin_ = 0;
+  std::vector<std::uint32_t> bloc_;
+  bool blocPlein_ = false;  // too many: the tree is searched for each piece
 };
 
 // Angle of the arc from unit vector a to b in the sense `sens`, 0 to pi.

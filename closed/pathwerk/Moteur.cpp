@@ -19,6 +19,27 @@ std::atomic<unsigned long> nbSimples{0};
 std::atomic<unsigned long> nbArcs{0};
 std::atomic<unsigned long> nbReplis{0};
 
+// Is there an inner corner whose parallels don't meet within their segments' halves? The raw curve then goes
+// through the corner itself and crosses itself beside it, so there is no use in drawing it.
+bool CoinServi(const Chemin& c, double d) {
+  const std::size_t n = c.size();
+  if (n < 3) return false;
+  Vec2 u = c[0] - c[n - 1];
+  double lu = Norme(u);
+  for (std::size_t i = 0; i < n; ++i) {
+    const Vec2 v = c[i + 1 < n ? i + 1 : 0] - c[i];
+    const double lv = Norme(v);
+    const double sinus = Vectoriel(u, v) / (lu * lv);
+    if (sinus * d > 1e-12) {
+      const double cosinus = Scalaire(u, v) / (lu * lv);
+      if (std::abs(d * sinus) > 0.51 * std::min(lu, lv) * (1 + cosinus)) return true;
+    }
+    u = v;
+    lu = lv;
+  }
+  return false;
+}
+
 }  // namespace
 
 CompteDuMoteur CompteDecaleRegion() { return {nbSimples, nbArcs, nbReplis}; }
@@ -33,6 +54,7 @@ bool DecaleRegionSimple(const Region& region, double distance, double tolerance,
     const double jeu = std::min(0.06 * tolerance, std::abs(distance) / 20);
     const double d = distance > 0 ? distance - jeu : distance + jeu;
     const bool positif = region.signe > 0 || (region.signe == 0 && distance < 0);
+    if (CoinServi(region.contours[0], d)) return false;
     Chemin brute = ParalleleBrute(region.contours[0], d, 0.85 * tolerance);
     if (brute.size() < 3) return true;
     if (ArbreSegments(SegmentsDe(brute, true)).PeutSeCroiser()) return false;

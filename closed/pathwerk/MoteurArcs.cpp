@@ -14,7 +14,7 @@ namespace pathwerk::geo {
 namespace {
 
 constexpr double kJeux[] = {0.06, 0.047, 0.071, 0.033, 0.0813};  // shares of the tolerance
-constexpr std::size_t kEchantillons = 256;
+constexpr std::size_t kEchantillons = 48;
 
 // Depth below which a touch doesn't count: some units of the last place of the greatest coordinate.
 double Bruit(double etendue, double r) { return std::max(1e-10, 4e-15 * (etendue + r)); }
@@ -32,7 +32,7 @@ bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double
       if (rang++ % pas != 0) continue;
       const Vec2 b = c[(i + 1) % c.size()];
       for (const double t : {0.0, 0.37}) {
-        const double e2 = source.Distance2(c[i] + (b - c[i]) * t, 4 * haut * haut);
+        const double e2 = source.Distance2(c[i] + (b - c[i]) * t, 1.01 * haut * haut);
         if (!(e2 >= bas * bas && e2 <= haut * haut)) return false;
       }
     }
