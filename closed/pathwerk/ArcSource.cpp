@@ -73,7 +73,7 @@ double ArcSource::Distance2(Vec2 p, double limite2) const {
 
 // Crossings of the ray to the right. Of a run of segments that lies wholly to the right only the ends count:
 // whatever the path does between them, it is below or above the ray at both.
-int ArcSource::Tours(Vec2 p) const {
+int ArcSource::Tours(Vec2 p, std::size_t sauf) const {
   int tours = 0;
   std::size_t pile[130];
   std::size_t hauteur = 0;
@@ -100,7 +100,7 @@ int ArcSource::Tours(Vec2 p) const {
       const Vec2 a = A(i);
       const Vec2 c = B(i);
       const int sens = static_cast<int>(c.y > p.y) - static_cast<int>(a.y > p.y);
-      if (sens != 0 && Vectoriel(c - a, p - a) * sens > 0) tours += sens;
+      if (sens != 0 && i != sauf && Vectoriel(c - a, p - a) * sens > 0) tours += sens;
     }
   }
   return tours;

@@ -18,6 +18,7 @@ namespace {
 std::atomic<unsigned long> nbSimples{0};
 std::atomic<unsigned long> nbArcs{0};
 std::atomic<unsigned long> nbReplis{0};
+std::atomic<unsigned long> nbReplisLobes{0};
 
 // Is there an inner corner whose parallels don't meet within their segments' halves? The raw curve then goes
 // through the corner itself and crosses itself beside it, so there is no use in drawing it.
@@ -42,7 +43,7 @@ bool CoinServi(const Chemin& c, double d) {
 
 }  // namespace
 
-CompteDuMoteur CompteDecaleRegion() { return {nbSimples, nbArcs, nbReplis}; }
+CompteDuMoteur CompteDecaleRegion() { return {nbSimples, nbArcs, nbReplis, nbReplisLobes}; }
 
 bool DecaleRegionSimple(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
   boucles.clear();
@@ -80,6 +81,18 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
 }
 
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {
+  regions.clear();
+  try {
+    if (!ArbreSegments(SegmentsDe(chemin, true)).PeutSeCroiser()) {
+      const double aire = Aire(chemin);
+      regions.push_back({{chemin}, aire > 0 ? 1 : aire < 0 ? -1 : 0});
+      return true;
+    }
+  } catch (const std::exception&) {
+    return false;
+  }
+  if (SepareLobesCoupes(chemin, tolerance, regions)) return true;
+  ++nbReplisLobes;
   return SepareLobesClipper(chemin, tolerance, regions);
 }
 

@@ -44,6 +44,7 @@ struct CompteDuMoteur {
   unsigned long simples = 0;
   unsigned long arcs = 0;
   unsigned long replis = 0;
+  unsigned long replisLobes = 0;  // crossings that Clipper cut
 };
 CompteDuMoteur CompteDecaleRegion();
 
