@@ -24,7 +24,7 @@ bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double
   std::size_t total = 0;
   for (const Chemin& c : boucles) total += c.size();
   const std::size_t pas = total / kEchantillons + 1;
-  const double bas = r - 1.02 * fleche;
+  const double bas = std::max(0.0, r - 1.02 * fleche);
   const double haut = r + 0.02 * fleche;
   std::size_t rang = 0;
   for (const Chemin& c : boucles) {

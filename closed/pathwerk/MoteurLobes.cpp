@@ -41,7 +41,7 @@ struct Etape {
   bool vertex = true;
 };
 
-constexpr double kSecousse = 1e-7;  // mm
+constexpr double kSecousse = 4e-6;  // mm
 constexpr double kMeme = 2e-11;     // mm
 constexpr int kEssais = 3;
 
@@ -53,6 +53,11 @@ int Tour(Vec2 a, Vec2 b, Vec2 c) {
   if (g - d > erreur) return 1;
   if (g - d < -erreur) return -1;
   return 2;
+}
+
+long double Produit(Vec2 a, Vec2 b) {
+  return static_cast<long double>(a.x) * static_cast<long double>(b.y) -
+         static_cast<long double>(a.y) * static_cast<long double>(b.x);
 }
 
 // All crossings of a path with itself, by a walk of the tree against itself.
@@ -112,9 +117,11 @@ class Chercheur {
     }
     const Vec2 u = b - a;
     const Vec2 v = d - c;
-    const double det = Vectoriel(u, v);
-    const double ti = std::clamp(Vectoriel(c - a, v) / det, 0.0, 1.0);
-    const double tj = std::clamp(Vectoriel(c - a, u) / det, 0.0, 1.0);
+    // Segments that nearly coincide cross in a place that must still be right beside others of its kind.
+    const long double det = Produit(u, v);
+    const auto part = [&](Vec2 w) { return std::clamp(static_cast<double>(Produit(c - a, w) / det), 0.0, 1.0); };
+    const double ti = part(v);
+    const double tj = part(u);
     trouves_.push_back({static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(j), ti, tj, a + u * ti});
   }
 
@@ -154,19 +161,22 @@ class Decoupeur {
   Decoupeur(const ArcSource& secoue, const std::vector<Croisement>& croisements)
       : s_(secoue), croisements_(croisements) {}
 
-  // Loops wider than `largeur` that bound the lobes of either sense. Returns whether all others were slivers.
-  bool Lobes(double largeur, std::vector<Chemin>& plus, std::vector<Chemin>& moins) {
+  // Loops wider than `largeur` that bound the lobes of either sense; `tous`: all others were slivers. False: the
+  // crossings are in an order that no path has.
+  bool Lobes(double largeur, std::vector<Chemin>& plus, std::vector<Chemin>& moins, bool& tous) {
     Etapes();
-    bool tous = true;
-    std::vector<std::uint8_t> vu(etapes_.size(), 0);
+    tous = true;
+    std::uint32_t boucle = 0;
+    std::vector<std::uint32_t> vu(etapes_.size(), 0);
     for (std::size_t depart = 0; depart < etapes_.size(); ++depart) {
       if (vu[depart] != 0) continue;
+      ++boucle;
       Chemin c;
       // The edge behind a stop that rises or falls most tells the winding number best.
       std::size_t raide = depart;
       double pente = -1;
       for (std::size_t e = depart; vu[e] == 0; e = Suite(e)) {
-        vu[e] = 1;
+        vu[e] = boucle;
         const Vec2 p = Lieu(e);
         const double h = std::abs(Lieu(Suite(e)).y - Lieu(e).y);
         if (h > pente) {
@@ -186,7 +196,11 @@ class Decoupeur {
         tous = false;
       }
     }
-    return tous;
+    // Both strands of a cut crossing belong to different loops, as one runs to the left of the other.
+    for (std::size_t k = 0; k < croisements_.size(); ++k) {
+      if (vu[autre_[2 * k]] == vu[autre_[2 * k + 1]]) return false;
+    }
+    return true;
   }
 
  private:
@@ -251,7 +265,7 @@ bool SepareLobesCoupes(const Chemin& chemin, double tolerance, std::vector<Regio
   try {
     double etendue = 0;
     for (const Vec2 p : chemin) etendue = std::max({etendue, std::abs(p.x), std::abs(p.y)});
-    const double force = std::max(kSecousse, 1e-13 * etendue);
+    const double force = std::max(kSecousse, 1e-12 * etendue);
     for (int essai = 0; essai < kEssais; ++essai) {
       const Chemin secoue = Secoue(chemin, force, static_cast<std::uint64_t>(essai));
       const ArcSource source(std::span(&secoue, 1));
@@ -259,7 +273,8 @@ bool SepareLobesCoupes(const Chemin& chemin, double tolerance, std::vector<Regio
       if (!Chercheur(source).Cherche(croisements)) continue;
       Region plus{{}, 1};
       Region moins{{}, -1};
-      const bool tous = Decoupeur(source, croisements).Lobes(tolerance / 2, plus.contours, moins.contours);
+      bool tous = true;
+      if (!Decoupeur(source, croisements).Lobes(tolerance / 2, plus.contours, moins.contours, tous)) continue;
       const bool unSens = plus.contours.empty() || moins.contours.empty();
       const bool contact = std::any_of(croisements.begin(), croisements.end(),
                                        [&](const Croisement& k) { return EstContact(source, k, force); });
