@@ -122,8 +122,7 @@ struct Paire {
 // Starts sorted by cell of a square grid, for a search within one cell's width.
 class Grille {
  public:
-  Grille(const std::vector<ArcLibre>& libres, const std::vector<std::uint32_t>& debuts, double pas)
-      : libres_(libres), pas_(pas) {
+  Grille(const std::vector<ArcLibre>& libres, const std::vector<std::uint32_t>& debuts, double pas) : pas_(pas) {
     cases_.reserve(debuts.size());
     for (const std::uint32_t k : debuts) cases_.push_back({Case(libres[k].a.x), Case(libres[k].a.y), k});
     std::sort(cases_.begin(), cases_.end(), [](const Entree& e, const Entree& f) {
@@ -148,7 +147,6 @@ class Grille {
     std::uint32_t k;
   };
   [[nodiscard]] std::int64_t Case(double v) const { return static_cast<std::int64_t>(std::floor(v / pas_)); }
-  const std::vector<ArcLibre>& libres_;
   double pas_;
   std::vector<Entree> cases_;
 };

@@ -13,8 +13,8 @@
 // what the path runs around counter-clockwise, loops with 0 what it runs around clockwise, all others lie inside.
 //
 // Touching corners, edges that lie on each other and points on lines leave nothing to decide: every vertex is moved
-// by a tenth of a micrometre at random before the crossings are looked for, and what that makes cross for nothing
-// comes out as slivers, which don't count.
+// by a few nanometres at random before the crossings are looked for, and what that makes cross for nothing comes out
+// as slivers, which don't count. The loops keep the moved places, so that none crosses another even by a hair.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
