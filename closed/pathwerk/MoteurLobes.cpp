@@ -13,8 +13,8 @@
 // what the path runs around counter-clockwise, loops with 0 what it runs around clockwise, all others lie inside.
 //
 // Touching corners, edges that lie on each other and points on lines leave nothing to decide: every vertex is moved
-// by a few nanometres at random before the crossings are looked for, and what that makes cross for nothing comes out
-// as slivers, which don't count. The loops keep the moved places, so that none crosses another even by a hair.
+// by a few nanometres at random before the crossings are looked for, and what that makes cross for nothing comes
+// out as slivers, which don't count. The loops keep the moved places, so that none crosses another even by a hair.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -278,9 +278,14 @@ bool SepareLobesCoupes(const Chemin& chemin, double tolerance, std::vector<Regio
       const bool unSens = plus.contours.empty() || moins.contours.empty();
       const bool contact = std::any_of(croisements.begin(), croisements.end(),
                                        [&](const Croisement& k) { return EstContact(source, k, force); });
+      if (tous && plus.contours.empty() && moins.contours.empty()) {
+        // Nothing but slivers: there and back, though not by the very same way. Each stretch counts on both sides.
+        regions.push_back({{chemin, Chemin(chemin.rbegin(), chemin.rend())}, 0});
+        return true;
+      }
       // A path that merely touches itself comes back whole, with the spikes and slits that cutting would lose.
-      if (tous && unSens && (contact || (plus.contours.empty() && moins.contours.empty()))) {
-        regions.push_back({{chemin}, !plus.contours.empty() ? 1 : !moins.contours.empty() ? -1 : 0});
+      if (tous && unSens && contact) {
+        regions.push_back({{chemin}, moins.contours.empty() ? 1 : -1});
         return true;
       }
       if (!plus.contours.empty()) regions.push_back(std::move(plus));

@@ -202,3 +202,18 @@ TEST(MoteurArcs, OutlineThatCrossesAgainstTheContractIsLeftToTheFallbackAndCount
   EXPECT_EQ(CompteDecaleRegion().arcs, avant.arcs);
   EXPECT_EQ(b.size(), 1U);
 }
+
+TEST(MoteurArcs, WayBackBesideTheWayOutGivesTheBandAroundBoth) {
+  // A curve walked out and back by other points, so that both ways cross many times within a micrometre.
+  Forme f;
+  for (int i = 0; i <= 40; ++i) f.push_back({2.5 * i, 20 * std::sin(0.1 * i)});
+  for (int i = 57; i-- > 1;) f.push_back({100.0 / 57 * i, 20 * std::sin(4.0 / 57 * i) + 0.001 * (i % 2)});
+  for (P& p : f) p.y *= 0.01;  // flat enough for the chords of both to agree
+  std::vector<Region> regions;
+  ASSERT_TRUE(pathwerk::geo::SepareLobesCoupes(EnChemin(f), kTolerance, regions));
+  ASSERT_EQ(regions.size(), 1U);
+  ASSERT_EQ(regions[0].signe, 0);
+  const Boucles b = Arcs(regions[0], 15);
+  ASSERT_EQ(b.size(), 1U);
+  EXPECT_NEAR(std::abs(AireDe(b)), 100 * 30 + kPi * 225, 2);
+}
