@@ -77,13 +77,13 @@ void ClsCdeZENIK::Reset() {
 }
 
 bool ClsCdeZENIK::EnvoiCommande(std::int32_t& modeEnvoi) {
-  ++profondeurEnvoi_;
+  ++ProfondeurEnvoi;
   Tampon[0] = 0;  // a reply may have left something else there
   const std::int32_t resultat = liaison_->Envoie(Tampon, modeEnvoi);
   if (const char* echec = TexteEchec(resultat); echec != nullptr) {
     MontreTexte("ZENIK : " + std::to_string(resultat) + echec);
   }
-  --profondeurEnvoi_;
+  --ProfondeurEnvoi;
   return resultat == zenikcom::Reussi;
 }
 

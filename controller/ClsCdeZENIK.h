@@ -62,9 +62,9 @@ class ClsCdeZENIK {
  private:
   std::unique_ptr<zenikcom::Liaison> liaison_;
   std::array<double, 3> mmParPas_{1, 1, 1};
-  std::int16_t profondeurEnvoi_ = 0;  // sends in progress
-  [[maybe_unused]] Drapeau modeProgrammation_ = Faux;
-  [[maybe_unused]] std::array<Drapeau, 6> etatClavier_{};  // keypad bits of the reply before
+  std::int16_t ProfondeurEnvoi = 0;  // sends in progress
+  [[maybe_unused]] Drapeau ModeProgrammation = Faux;
+  [[maybe_unused]] std::array<Drapeau, 6> EtatClavier{};  // keypad bits of the reply before
 };
 
 // The one board object; without a board until somebody installs a link.

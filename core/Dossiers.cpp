@@ -85,12 +85,16 @@ void OteRestes(const std::string& base) {
 
 }  // namespace
 
-std::string TrouveDossierProgramme(const std::string& dossierExecutable) {
+void TrouveDossiersProduit(const std::string& dossierExecutable) {
   DossiersProduit = {dossierExecutable + "/../share/ovelin", dossierExecutable + "/../share/ovelin/samples"};
   if (FichierExiste(dossierExecutable + "/../CMakeCache.txt")) {  // a build tree, build/<preset>/bin
     DossiersProduit.push_back(dossierExecutable + "/../../../translations");
     DossiersProduit.push_back(dossierExecutable + "/../../../samples");
   }
+}
+
+std::string TrouveDossierProgramme(const std::string& dossierExecutable) {
+  TrouveDossiersProduit(dossierExecutable);
   if (FichierExiste(dossierExecutable + "/OVELIN.ini") || FichierExiste(dossierExecutable + "/OVELIN.inisav")) {
     return dossierExecutable;
   }

@@ -74,7 +74,9 @@ bool EcritFichierDefaut() {
   Ligne(s, "F_Representation_Height = 13560");
   TableMachine(s, choix);
   Ligne(s, "");
-  return EcritFichierEntier(CheminIni(), s).empty();
+  const ErreurSysteme erreur = EcritFichierEntier(CheminIni(), s);
+  if (Magasin.DerniereErreur.empty()) Magasin.DerniereErreur = erreur;
+  return erreur.empty();
 }
 
 }  // namespace ovelin

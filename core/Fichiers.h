@@ -27,6 +27,9 @@ std::string TrouveDossierProgramme(const std::string& dossierExecutable);
 // installation, then the source tree's translations/ and samples/ while developing. Empty when nowhere.
 std::string TrouveFichierProduit(const std::string& nom);
 extern std::vector<std::string> DossiersProduit;  // where TrouveFichierProduit looks behind DossierProgramme
+// Fills `DossiersProduit` for an installation or a build tree; for a program whose settings lie elsewhere
+// (--config).
+void TrouveDossiersProduit(const std::string& dossierExecutable);
 
 // "" when it worked, otherwise the system's text ("No space left on device").
 using ErreurSysteme = std::string;

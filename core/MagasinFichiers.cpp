@@ -13,6 +13,7 @@
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Lignes.h"
+#include "core/Nombres.h"
 
 namespace ovelin::magasin {
 
@@ -174,7 +175,7 @@ void ModifieIni(const std::string& chemin, const std::function<void(FichierIni&)
 std::optional<std::string> CleProjet(const std::string& chemin, std::string_view cle8) {
   if (const auto lignes = T.attente.find(chemin); lignes != T.attente.end()) {
     for (auto i = lignes->second.rbegin(); i != lignes->second.rend(); ++i) {
-      if (i->first == cle8) return i->second;
+      if (i->first == cle8) return Rogne(i->second);  // as it will be read from the file
     }
   }
   ChargeProjet(chemin);

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <new>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -59,20 +60,31 @@ std::string Compose(const std::string& chemin) {
   return texte;
 }
 
+bool Refuse(const std::string& chemin, const char* section, const char* cle, const std::string& suite = "") {
+  Boite boite;
+  boite.section = section;
+  boite.cle = cle;
+  boite.texte = Traduire(section, cle) + suite;
+  boite.titre = NomProgramme;
+  boite.icone = Icone::Critique;
+  boite.fichier = chemin;
+  Svc.Montre(boite);
+  return false;
+}
+
+// The bytes of the file; nothing, with the system's reason shown, when it can't be read. Either way the count of
+// the drawing that stood is gone.
+std::optional<std::string> Lit(const std::string& chemin) {
+  NbPoints = 0;
+  ErreurSysteme raison;
+  auto octets = LitFichierEntier(chemin, &raison);
+  if (!octets) Refuse(chemin, "F_Representation", "lib110", "\n" + chemin + ": " + raison);
+  return octets;
+}
+
 // Takes the count and the bounds of what has been read; refusals are shown.
 bool Verifie(const std::string& chemin, const RecensementProjet& r) {
-  const auto refuse = [&chemin](const char* cle) {
-    Boite boite;
-    boite.section = "erreurs";
-    boite.cle = cle;
-    boite.texte = Traduire("erreurs", cle);
-    boite.titre = NomProgramme;
-    boite.icone = Icone::Critique;
-    boite.fichier = chemin;
-    Svc.Montre(boite);
-    return false;
-  };
-  NbPoints = 0;
+  const auto refuse = [&chemin](const char* cle) { return Refuse(chemin, "erreurs", cle); };
   // A file of empty lines could hold more of them than the count can tell.
   if (r.NbPoints == 0 || r.NbPoints > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
     return refuse("100");
@@ -100,7 +112,8 @@ ErreurSysteme EcrireProjet(const std::string& chemin) {
 }
 
 bool VerifierProjet(const std::string& chemin) {
-  return Verifie(chemin, RecenseProjet(LitFichierEntier(chemin).value_or("")));
+  const auto octets = Lit(chemin);
+  return octets && Verifie(chemin, RecenseProjet(*octets));
 }
 
 bool LireProjet(const std::string& chemin) {
@@ -109,7 +122,9 @@ bool LireProjet(const std::string& chemin) {
   Doc.EchelleY = 1.0;
   const LotCles lot;  // some thirty keys out of one reading of the project
   try {
-    ContenuProjet contenu = LitTexteProjet(LitFichierEntier(chemin).value_or(""));
+    const auto octets = Lit(chemin);
+    if (!octets) return false;
+    ContenuProjet contenu = LitTexteProjet(*octets);
     if (!Verifie(chemin, contenu.Recensement)) return false;
 
     FichierProjet = "Chargt";
@@ -120,8 +135,7 @@ bool LireProjet(const std::string& chemin) {
     if (contenu.LargeurEncoche) Regl.LargeurEncoche = *contenu.LargeurEncoche;
     if (contenu.MiniEncoche) Regl.MiniEncoche = *contenu.MiniEncoche;
   } catch (const std::bad_alloc&) {
-    Message("erreurs", "100", Icone::Critique);
-    return false;
+    return Refuse(chemin, "F_Representation", "lib114");
   }
   if (Crochets.ChercheMateriau != nullptr) Crochets.ChercheMateriau();
   CompleteSequences(Sequences, TraceInitial, Regl.ProfFraisage);

@@ -12,7 +12,8 @@ namespace ovelin {
 ErreurSysteme EcrireProjet(const std::string& chemin);
 
 // Reads a project into the document. False when the checks refuse it: the message has been shown (keys "100",
-// "101" of "erreurs"), and the document is unchanged apart from NbPoints and the bounds.
+// "101" of "erreurs", "lib110" with the system's reason for a file that can't be read), and the document is
+// unchanged apart from NbPoints and the bounds.
 bool LireProjet(const std::string& chemin);
 // The first pass alone: NbPoints and the bounds from the file. False with the message as above.
 bool VerifierProjet(const std::string& chemin);

@@ -105,7 +105,8 @@ class RangParCode {
 };
 
 // Writes by code, as the document's own table does it: over the first record of that code; an unknown code fills
-// the first record while that is blank, else it goes behind the last.
+// the first record while that is blank, else it goes behind the last. Who reads a project selects all of them in
+// the end.
 class TableEnLecture {
  public:
   explicit TableEnLecture(std::vector<SequenceInfo>& sequences) : sequences_(sequences), rangs_(sequences) {}
@@ -119,9 +120,7 @@ class TableEnLecture {
       rangs_.Oublie(Code2{});
     }
     if (rang == sequences_.size()) sequences_.emplace_back();
-    const Drapeau selection = sequences_[rang].Selection;
     sequences_[rang] = info;
-    sequences_[rang].Selection = selection;
     rangs_.Ajoute(info.Code, rang);
   }
   [[nodiscard]] bool Connait(Code2 code) const { return rangs_.Cherche(code) != nullptr; }

@@ -22,6 +22,9 @@ struct EtatPlan {
   // Rounding carry since InitDecoupe: what was asked for in mm, what was put in rows in steps.
   float CumulX = 0, CumulY = 0, CumulZ = 0;
   std::int32_t PasCumulX = 0, PasCumulY = 0, PasCumulZ = 0;
+  // What 32 bits have rounded off the three sums, mm. It joins its sum once it is worth an eighth of a step: a
+  // short job is the plain sum, and over a million rows the place is still that of the drawing.
+  double ResteX = 0, ResteY = 0, ResteZ = 0;
   std::int16_t PassePremiere = 0;  // number of the pass of the current path, from 1
 };
 extern EtatPlan Plan;

@@ -143,8 +143,9 @@ std::pair<int, std::string> ChampJumeau(int index, std::string_view texte) {
 }
 
 void SuitChamp(int index, std::string_view texte) {
-  const auto valeur = static_cast<float>(LitNombre(texte).value_or(0));
-  if (valeur == 0 || !std::isfinite(valeur)) return;
+  const double lue = LitNombre(texte).value_or(0);
+  const auto valeur = EnFloat(lue);
+  if (valeur == 0 || std::abs(lue) > static_cast<double>(std::numeric_limits<float>::max())) return;
   if (index == 15) VitesseMaxX = valeur;
   if (index == 16) VitesseMaxY = valeur;
   if (index == 17) VitesseMaxZ = valeur;

@@ -43,11 +43,24 @@ bool ConfirmeSuppression(const std::string& nom) {
   return Svc.Montre(boite) == Reponse::Ok;
 }
 
+// What the disk has refused is told with its reason. False, for the caller to hand on.
+bool RefuseEcriture() {
+  Boite boite;
+  boite.section = "F_Representation";
+  boite.cle = "lib125";
+  boite.texte = Traduire(boite.section, boite.cle) + "\n" + CheminIni() + " : " + Magasin.DerniereErreur;
+  boite.titre = NomProgramme;
+  boite.icone = Icone::Critique;
+  boite.fichier = CheminIni();
+  Svc.Montre(boite);
+  return false;
+}
+
 bool Supprime() {
   if (!ConfirmeSuppression(TableDefaut)) return false;
   Magasin.DerniereErreur.clear();
   SupprimerSection(SectionTable(TableDefaut), CheminIni());
-  if (!Magasin.DerniereErreur.empty()) return false;
+  if (!Magasin.DerniereErreur.empty()) return RefuseEcriture();
   // The last table may go too: the list is empty then, and the values are the readers' defaults.
   const auto tables = ListeTables();
   if (tables.empty()) {
@@ -63,7 +76,7 @@ bool Supprime() {
 std::vector<std::string> ListeTables() {
   std::vector<std::string> noms;
   for (const std::string& section : ListerSections(CheminIni())) {
-    if (section.size() < Prefixe.size() || !MemeTable(section.substr(0, Prefixe.size()), Prefixe)) continue;
+    if (!MemeTable(section.substr(0, Prefixe.size()), Prefixe)) continue;
     noms.push_back(section.substr(Prefixe.size()));
   }
   return noms;
@@ -79,7 +92,7 @@ std::string RefusNomTable(std::string_view nom) {
 std::string NomNouvelleTable() {
   const std::string invite = Traduire(Section, "lib007") + " " + TableDefaut;
   while (true) {
-    const std::string nom = Rogne(Svc.Saisit(Section, "lib007", invite, Proposition));
+    std::string nom = Rogne(Svc.Saisit(Section, "lib007", invite, Proposition));
     const std::string refus = RefusNomTable(nom);
     if (refus.empty()) return nom;
     if (nom != Proposition) Message(Section, refus, Icone::Exclamation);
@@ -93,7 +106,7 @@ void ChoisitTable(std::string_view nom) {
 }
 
 bool ChangeTable(std::string_view chargee, std::string_view nom, ChampsTable& champs) {
-  if (!chargee.empty() && !Sauve_Table(chargee, champs)) return false;
+  if (!chargee.empty() && !Sauve_Table(chargee, champs)) return RefuseEcriture();
   champs = Chargt_Table(nom);
   ChoisitTable(nom);
   return true;
@@ -117,7 +130,7 @@ bool Cmd_Gestion(GestionTable index, const ChampsTable& champs, const std::strin
     Message(Section, "TableExiste", Icone::Exclamation);
     return false;
   }
-  if (!Sauve_Table(TableDefaut, champs)) return false;
+  if (!Sauve_Table(TableDefaut, champs)) return RefuseEcriture();
   Magasin.DerniereErreur.clear();
   const std::string avant = SectionTable(TableDefaut);
   const std::string apres = SectionTable(nom);
@@ -127,7 +140,7 @@ bool Cmd_Gestion(GestionTable index, const ChampsTable& champs, const std::strin
     DeplacerSection(avant, apres, CheminIni());
   }
   EcrireCleSection(apres, "COMBO_TABLE", nom);
-  if (!Magasin.DerniereErreur.empty()) return false;
+  if (!Magasin.DerniereErreur.empty()) return RefuseEcriture();
   ChoisitTable(nom);
   return true;
 }

@@ -45,18 +45,18 @@ double LireNombreTable(std::string_view cle, double defaut) {
 void ChargeGlobalesTable() {
   BrocheAuto = Arrondi16(LireNombreTable("CB_SAV_16", 1));
   ClavierZENIK = Arrondi16(LireNombreTable("CB_SAV_17", 1));
-  CourseX = static_cast<float>(LireNombreTable("TB_SAV_18", 1000));
-  CourseY = static_cast<float>(LireNombreTable("TB_SAV_19", 500));
-  CourseZ = static_cast<float>(LireNombreTable("TB_SAV_188888", 200));
+  CourseX = EnFloat(LireNombreTable("TB_SAV_18", 1000));
+  CourseY = EnFloat(LireNombreTable("TB_SAV_19", 500));
+  CourseZ = EnFloat(LireNombreTable("TB_SAV_188888", 200));
   PasTourX = Arrondi32(PasParTour(0, 48, 0));
   PasTourY = Arrondi32(PasParTour(1, 48, 0));
   PasTourZ = Arrondi32(PasParTour(2, 48, 0));
   TransmissionX = LireNombreTable("TB_SAV_0", 1);
   TransmissionY = LireNombreTable("TB_SAV_1", 1);
   TransmissionZ = LireNombreTable("TB_SAV_2", 1);
-  VitesseMaxX = static_cast<float>(LireNombreTable("TB_SAV_15", 5));
-  VitesseMaxY = static_cast<float>(LireNombreTable("TB_SAV_16", 5));
-  VitesseMaxZ = static_cast<float>(LireNombreTable("TB_SAV_17", 5));
+  VitesseMaxX = EnFloat(LireNombreTable("TB_SAV_15", 5));
+  VitesseMaxY = EnFloat(LireNombreTable("TB_SAV_16", 5));
+  VitesseMaxZ = EnFloat(LireNombreTable("TB_SAV_17", 5));
 }
 
 std::array<double, 3> ResolutionsTable() {
@@ -76,10 +76,12 @@ double ResolutionFine() {
   return std::min(std::fabs(r[0]), std::fabs(r[1]));
 }
 
+// The decimals of the table's own width: 0.175 is shown as 0.18, not as the 0.17 that its 64-bit neighbour gives.
 std::string TextePente(int curseur) {
   const auto rang = static_cast<std::size_t>(std::clamp(curseur, 1, static_cast<int>(TempsDouble.size())) - 1);
-  return Traduire("F_ParamMachine", "lib004") + " " + Formate(static_cast<double>(TempsDouble[rang]), "###0.00") +
-         " " + Traduire("F_ParamMachine", "lib005");
+  const double temps = LitNombre(TexteNombre(TempsDouble[rang])).value_or(0);
+  return Traduire("F_ParamMachine", "lib004") + " " + Formate(temps, "###0.00") + " " +
+         Traduire("F_ParamMachine", "lib005");
 }
 
 }  // namespace ovelin

@@ -75,7 +75,8 @@ std::string RefusNomTable(std::string_view nom);
 // The name asked for until it is good; "" when cancelled.
 std::string NomNouvelleTable();
 enum class GestionTable { Copier = 1, Renommer = 2, Supprimer = 3 };
-// Copies, renames or deletes the current table. False when cancelled or when nothing could be written. `champs`:
+// Copies, renames or deletes the current table. False when cancelled, or when the settings file can't be written,
+// which has been told. `champs`:
 // the controls as they stand, saved under the old name before a copy or a rename. The new table is current
 // afterwards; after a deletion the first of the list is.
 bool Cmd_Gestion(GestionTable index, const ChampsTable& champs);
@@ -85,7 +86,8 @@ bool Cmd_Gestion(GestionTable index, const ChampsTable& champs, const std::strin
 // Makes a table current: global, key TableDefaut, globals.
 void ChoisitTable(std::string_view nom);
 // Another table is picked in the window: the one that was loaded is saved first, then `nom` is current and its
-// fields are loaded. `chargee` is "" while none was loaded. False, and nothing changed, when it can't be saved.
+// fields are loaded. `chargee` is "" while none was loaded. False, and nothing changed, when it can't be saved,
+// which has been told.
 bool ChangeTable(std::string_view chargee, std::string_view nom, ChampsTable& champs);
 
 // Presets of the outputs. False for an unknown name. "CNC3AX" leaves the inversions as they are.

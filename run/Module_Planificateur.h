@@ -13,7 +13,8 @@ namespace ovelin {
 void InitDecoupe();
 // One row in the plane, or none for a move of no length. `v` in mm/s, limited to the axes; 0 lets the planner
 // choose: Vitesse_Mat_H as typed in the material, otherwise a rapid as fast as the slower axis lets it. Steps come
-// from the running total, so the error stays below half a step. Without a table yet, one is begun.
+// from the running total, which strays from the path by an eighth of a step at most: the tool is never further off
+// than five eighths of one, however many rows there are. Without a table yet, one is begun.
 void AjoutDeplacement(const PointTrace& depart, const PointTrace& arrivee, Drapeau matiere, float v);
 // The same from the last row's X and Y, by deltas in mm.
 void AjoutDeplacementRelatif(float deltaX, float deltaY, Drapeau matiere, float v);

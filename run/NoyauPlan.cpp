@@ -18,6 +18,21 @@ std::int32_t SommeBornee(std::int32_t a, std::int32_t b) {
                                                             std::numeric_limits<std::int32_t>::max()));
 }
 
+// Adds a move to the sum of an axis, all in mm. `exact` is the move before its rounding to 32 bits.
+//
+// A job of a million short rows far from its start loses a tenth of a millimetre in a plain 32-bit sum, rounding by
+// rounding. What is lost is kept in `reste` and put back when it is worth an eighth of a step, so that the total
+// never strays from the path by more and the sum of a short job is the plain one.
+void Cumule(float& cumul, double& reste, float ecart, double exact, double mmParPas) {
+  const float somme = cumul + ecart;
+  reste += static_cast<double>(cumul) + exact - static_cast<double>(somme);
+  cumul = somme;
+  if (std::abs(reste) <= std::abs(mmParPas) / 8) return;
+  const auto corrigee = static_cast<float>(static_cast<double>(cumul) + reste);
+  reste -= static_cast<double>(corrigee) - static_cast<double>(cumul);
+  cumul = corrigee;
+}
+
 // Steps of a row from the running total, so that the error stays below half a step however many rows there are.
 //
 //   asked, in steps   0.4   0.8   1.2   1.6   2.0
@@ -59,12 +74,6 @@ double LimiteAxes(double v, double ecartX, double ecartY, double longueur, const
   const double r = std::max(Exces(v * std::abs(ecartY) / longueur, p.VitesseMaxY),
                             Exces(v * std::abs(ecartX) / longueur, p.VitesseMaxX));
   return r > 1 ? v / r : v;
-}
-
-// A speed of the settings in the width of a row, bounded by it.
-float EnFlottant(double v) {
-  constexpr double borne = static_cast<double>(std::numeric_limits<float>::max());
-  return static_cast<float>(std::clamp(v, -borne, borne));
 }
 
 constexpr double VitesseRapide = 1000.0;  // mm/s, before the limit of the axes
@@ -185,6 +194,7 @@ void InitialisePlan(EtatPlan& plan, const ParametresPlan& p) {
   plan.TableDecoupe[1].Z = static_cast<float>(p.PosZ);
   plan.CumulX = plan.CumulY = plan.CumulZ = 0;
   plan.PasCumulX = plan.PasCumulY = plan.PasCumulZ = 0;
+  plan.ResteX = plan.ResteY = plan.ResteZ = 0;
 }
 
 // A row in the plane, or nothing for a move of no length. The sums in mm grow either way, so no fraction is lost.
@@ -192,8 +202,10 @@ void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depar
                 Drapeau matiere, float v) {
   const float ecartX = arrivee.X - depart.X;
   const float ecartY = arrivee.Y - depart.Y;
-  plan.CumulX += ecartX;
-  plan.CumulY += ecartY;
+  const double exactX = static_cast<double>(arrivee.X) - static_cast<double>(depart.X);
+  const double exactY = static_cast<double>(arrivee.Y) - static_cast<double>(depart.Y);
+  Cumule(plan.CumulX, plan.ResteX, ecartX, exactX, p.MmParPasX);
+  Cumule(plan.CumulY, plan.ResteY, ecartY, exactY, p.MmParPasY);
   if (ecartX == 0 && ecartY == 0) return;
 
   Deplacement& ligne = NouvelleLigne(plan);
@@ -205,7 +217,7 @@ void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depar
   const double x = static_cast<double>(ecartX);
   const double y = static_cast<double>(ecartY);
   if (v == 0 && matiere != Faux) {
-    ligne.Vitesse = EnFlottant(p.Vitesse_Mat_H);  // as typed: the window asks about the limits before a run
+    ligne.Vitesse = EnFloat(p.Vitesse_Mat_H);  // as typed: the window asks about the limits before a run
     return;
   }
   const double voulue = v != 0 ? static_cast<double>(v) : VitesseRapide;
@@ -216,25 +228,25 @@ void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depar
 void PlanAjouteZ(EtatPlan& plan, const ParametresPlan& p, float deltaZ, Drapeau matiere, float v) {
   Deplacement& ligne = NouvelleLigne(plan);
   ligne.Z += deltaZ;
-  plan.CumulZ += deltaZ;
+  Cumule(plan.CumulZ, plan.ResteZ, deltaZ, static_cast<double>(deltaZ), p.MmParPasZ);
   ligne.dZ = PasLigne(plan.CumulZ, p.MmParPasZ, plan.PasCumulZ);
   if (v != 0) {
     ligne.Vitesse = v;
   } else {
-    ligne.Vitesse = matiere == Faux ? p.VitesseMaxZ : EnFlottant(p.Vitesse_Mat_V);
+    ligne.Vitesse = matiere == Faux ? p.VitesseMaxZ : EnFloat(p.Vitesse_Mat_V);
   }
 }
 
 std::int64_t NombrePasses(double profondeur, double profPasse) {
   if (!(profPasse < 0)) return 0;
   const auto fond = static_cast<float>(profondeur);
-  if (profondeur / profPasse > static_cast<double>(LimiteLignes)) return 0;
-  // The sums of the passes themselves, in their width: only they tell where a pass no longer goes any deeper.
+  // The sums of the passes themselves, in their width: only they tell where a pass no longer goes any deeper, which
+  // 24 bits of precision bring about within some 30 million passes.
   float passe = Plonge(0, profPasse, profondeur);
   std::int64_t passes = 1;
   while (fond < passe) {
     const float suivante = Plonge(passe, profPasse, profondeur);
-    if (!(suivante < passe) || passes >= LimiteLignes) return 0;
+    if (!(suivante < passe)) return 0;
     passe = suivante;
     ++passes;
   }
@@ -272,14 +284,10 @@ EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecal
     }
     const auto [place, nouvelle] = passesParProfondeur.try_emplace(profondeur, 0);
     if (nouvelle) place->second = NombrePasses(profondeur, p.ProfPasse);
-    // a pass: rapid, descent, plunge, the cuts, the notches, two rows up, two of pecking
+    // a pass at most: rapid, descent, plunge, the cuts, the notches, two rows up, two of pecking
     const std::int64_t parPasse = static_cast<std::int64_t>(points.size()) + hauteurs + 6;
-    if (place->second == 0 || place->second > LimiteLignes / parPasse) {
-      e.jugement = JugementPlan::Passe;
-      return e;
-    }
-    e.lignes += place->second * parPasse + 2;
-    if (e.lignes > LimiteLignes) {
+    e.lignes += place->second * parPasse;
+    if (place->second == 0 || e.lignes > LimiteLignes) {
       e.jugement = JugementPlan::Passe;
       return e;
     }

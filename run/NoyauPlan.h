@@ -1,5 +1,6 @@
-// The kernel of the planner: values in, rows out. It reads no global; the procedures of Module_Planificateur.h are
-// short shells around it. Lengths mm, speeds mm/s, Z 0 at the surface and negative downward.
+// The kernel of the planner: values in, rows out. It reads no document and no settings, only the clock by which
+// painting goes on; the procedures of Module_Planificateur.h are short shells around it. Lengths mm, speeds mm/s,
+// Z 0 at the surface and negative downward.
 #pragma once
 
 #include <cstdint>
@@ -38,8 +39,8 @@ void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depar
                 Drapeau matiere, float v);
 void PlanAjouteZ(EtatPlan& plan, const ParametresPlan& p, float deltaZ, Drapeau matiere, float v);
 
-// Number of passes from the surface to `profondeur`, or 0 when they never get there: a pass of 0 or more, one that
-// 32 bits can't subtract any longer on the way down, or more than LimiteLignes of them.
+// Number of passes from the surface to `profondeur`, or 0 when they never get there: a pass of 0 or more, or one
+// that 32 bits can't subtract any longer on the way down.
 std::int64_t NombrePasses(double profondeur, double profPasse);
 
 enum class JugementPlan {

@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <unordered_set>
 
+#include "core/Nombres.h"
 #include "core/Reglages.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
@@ -42,7 +44,7 @@ std::optional<TraceCalculee> Trace(Code2 code, std::int32_t premier, const Propr
   TraceCalculee trace;
   if (!EstPercage(points)) {
     if (p.Decalage != DecalageSurLigne) {
-      const auto rayon = static_cast<float>(RayonFraise);
+      const float rayon = EnFloat(RayonFraise);
       trace.reussie = Biblio.DecalSequence(points, ToleranceDecalage, p.Decalage == 1 ? rayon : -rayon,
                                            p.Poche != Faux ? PCPoche : RecouvrementContour) != 0;
     }
@@ -61,11 +63,15 @@ std::optional<TraceCalculee> Trace(Code2 code, std::int32_t premier, const Propr
 }
 
 // What stands on the table behind `codes`, computed in that order. True when one of them came to its end.
+//
+// A code comes more than once where its points stand in several runs. Its trace is that of its first run every
+// time, so it is computed once; the table takes the same outcome in again.
 bool Calcule(const std::vector<Code2>& codes, Avancement* avancement) {
   const IndexCodes index;
   TableTraces table(TraceDecale);
   Respiration respiration;
   bool uneReussie = false;
+  std::unordered_set<std::uint32_t> calcules;
   for (const Code2 code : codes) {
     if (avancement != nullptr) {
       avancement->Plus();
@@ -73,6 +79,10 @@ bool Calcule(const std::vector<Code2>& codes, Avancement* avancement) {
       respiration.Laisse();
     }
     if (code == CodeAucun) continue;
+    if (!calcules.insert(code.Cle()).second) {
+      table.Repete(code);
+      continue;
+    }
     ProprietesSequence p;
     LitSequence(index, code, p);
     std::optional<TraceCalculee> trace = Trace(code, index.PremierPoint(code), p);

@@ -31,7 +31,6 @@ bool EntreRayonFraise(const std::string& texte) {
   if (!v) return false;
   RayonFraise = *v;
   if (*v < 0) return RefuseNegatif();
-  EcritOutil();
   RecalculeTout();
   return true;
 }

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
-#include <list>
+#include <limits>
+#include <span>
 
 #include "core/Reglages.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/PieceEnBlocs.h"
 
 namespace ovelin {
 
@@ -18,9 +19,6 @@ constexpr double ToleranceSegment = 1e-6;  // mm, excess of the way over the can
 bool SurSegment(const PointTrace& a, const PointTrace& p, const PointTrace& b) {
   return DistancePoints(a, p) + DistancePoints(p, b) - DistancePoints(a, b) < ToleranceSegment;
 }
-
-using Chaine = std::list<PointTrace>;
-using Maillon = Chaine::iterator;
 
 // Where the way from `dedans` to `dehors` leaves the circle around the mark. False while it stays inside.
 //
@@ -39,57 +37,99 @@ bool Traversee(const PointTrace& dedans, const PointTrace& dehors, const PointTr
   return true;
 }
 
-// A mark that is swallowed by its neighbour's notch stays a mark.
-void Rentre(PointTrace& p) {
-  if (p.Cde != CodePC) p.Cde = CodePE;
-}
-
-// The notch of one mark:
+// The notches of one piece:
 //
 //     PD ----PE====PE==PC==PE=====PD---- PD      ==== inside the circle of radius t around the mark
 //            entry                exit
 //
-// Both ends of the piece lie outside the circle.
-void OuvreUne(Chaine& piece, Maillon marque, double t) {
-  PointTrace p1;
-  PointTrace p2;
-  PointTrace croisement;
-  const Maillon fin = std::prev(piece.end());
-  Maillon j = std::next(marque);
-  for (;; ++j) {
-    const PointTrace& avant = *std::prev(j);
-    const int inter = InterCercleSegment(avant, *j, *marque, t, p1, p2);
-    if (Traversee(avant, *j, *marque, t, j == fin, inter, p1, p2, croisement)) break;
-    Rentre(*j);
-  }
-  piece.insert(j, {croisement.X, croisement.Y, CodePD, marque->Seq});
+// Only marks whose circle holds neither end of the piece are opened, so that every search ends inside it.
+class Ouvreur {
+ public:
+  Ouvreur(std::span<const PointTrace> points, double t) : piece_(points), t_(t) {}
 
-  Maillon k = std::prev(marque);
-  for (;; --k) {
-    const PointTrace& apres = *std::next(k);
-    const int inter = InterCercleSegment(*k, apres, *marque, t, p1, p2);
-    if (Traversee(apres, *k, *marque, t, k == piece.begin(), inter, p1, p2, croisement)) break;
-    Rentre(*k);
-  }
-  piece.insert(std::next(k), {croisement.X, croisement.Y, CodePE, marque->Seq});
-}
-
-// A chain, so that an insertion costs the same on a long trace as on a short one.
-void OuvrePiece(Chaine& piece, double t) {
-  Maillon i = piece.begin();
-  while (i != piece.end() && std::next(i) != piece.end()) {
-    const bool ouvre =
-        i->Cde == CodePC && DistancePoints(*i, piece.front()) > t && DistancePoints(*i, piece.back()) > t;
-    if (!ouvre) {
-      ++i;
-      continue;
+  void OuvreTout() {
+    Place i = piece_.Premiere();
+    while (!piece_.EstDerniere(i)) {
+      const PointTrace& p = piece_.Point(i);
+      const bool ouvre = p.Cde == CodePC && DistancePoints(p, piece_.Point(piece_.Premiere())) > t_ &&
+                         DistancePoints(p, piece_.Point(piece_.Derniere())) > t_;
+      if (ouvre) Ouvre(i);
+      // Behind a notch the search goes on two places behind its mark: directly behind the exit when the notch holds
+      // the mark alone.
+      for (int pas = ouvre ? 2 : 1; pas > 0 && !piece_.EstDerniere(i); --pas) i = piece_.Suivante(i);
     }
-    OuvreUne(piece, i, t);
-    // The mark has moved on by one, and the search goes on two places behind it: directly behind the exit when
-    // the notch holds the mark alone.
-    for (int pas = 0; pas < 2 && i != piece.end(); ++pas) ++i;
   }
-}
+  std::size_t Rend(std::vector<PointTrace>& sortie) {
+    piece_.Rend(sortie);
+    return examines_;
+  }
+
+ private:
+  using Place = PieceEnBlocs::Place;
+
+  void Ouvre(Place& marque) {
+    PointTrace croisement = Franchit<true>(marque);
+    croisement.Cde = CodePD;
+    piece_.Insere(piece_.Precedente(dehors_), croisement, marque);
+    croisement = Franchit<false>(marque);
+    croisement.Cde = CodePE;
+    piece_.Insere(dehors_, croisement, marque);
+  }
+
+  // From the mark on, forward or backward, to the crossing; `dehors_` is the first point behind it. What lies
+  // between is marked.
+  template <bool Avant>
+  PointTrace Franchit(Place place) {
+    const PointTrace marque = piece_.Point(place);
+    PointTrace p1;
+    PointTrace p2;
+    PointTrace croisement;
+    while (true) {
+      dehors_ = Voisine<Avant>(place);
+      if (dehors_.bloc != place.bloc) dehors_ = PasseBlocs<Avant>(place, marque);
+      ++examines_;
+      const PointTrace& proche = piece_.Point(place);
+      const PointTrace& loin = piece_.Point(dehors_);
+      const int inter = Avant ? InterCercleSegment(proche, loin, marque, t_, p1, p2)
+                              : InterCercleSegment(loin, proche, marque, t_, p1, p2);
+      const bool bout = Avant ? piece_.EstDerniere(dehors_) : piece_.EstPremiere(dehors_);
+      if (Traversee(proche, loin, marque, t_, bout, inter, p1, p2, croisement)) break;
+      piece_.Rentre(dehors_);
+      place = dehors_;
+    }
+    return {croisement.X, croisement.Y, CodePD, marque.Seq};
+  }
+
+  template <bool Avant>
+  [[nodiscard]] Place Voisine(Place p) const {
+    return Avant ? piece_.Suivante(p) : piece_.Precedente(p);
+  }
+
+  // Over all blocks that lie inside the circle by more than the rounding of 32 bits and the tolerance can move a
+  // candidate: no segment in them can hold a crossing. `place` comes to the last point passed; the next one is the
+  // result.
+  template <bool Avant>
+  Place PasseBlocs(Place& place, const PointTrace& marque) {
+    constexpr double arrondi = 16.0 * std::numeric_limits<float>::epsilon();
+    const double etendue =
+        std::abs(static_cast<double>(marque.X)) + std::abs(static_cast<double>(marque.Y)) + 2 * t_;
+    const double sur = t_ - 10 * ToleranceSegment - arrondi * etendue;
+    Place suivante = Voisine<Avant>(place);
+    // The ends of the piece lie outside, so there is always a block that is not passed.
+    while (DistancePoints(piece_.Point(place), marque) < sur && piece_.Contenu(suivante.bloc, marque, sur)) {
+      ++examines_;
+      piece_.RentreBloc(suivante.bloc);
+      place = piece_.Bout(suivante.bloc, Avant);
+      suivante = Voisine<Avant>(place);
+    }
+    return suivante;
+  }
+
+  PieceEnBlocs piece_;
+  double t_;
+  Place dehors_;
+  std::size_t examines_ = 0;
+};
 
 }  // namespace
 
@@ -115,25 +155,27 @@ int InterCercleSegment(const PointTrace& a, const PointTrace& b, const PointTrac
   return (SurSegment(a, p1, b) ? 1 : 0) + (SurSegment(a, p2, b) ? 2 : 0);
 }
 
-void OuvreEncoches(std::vector<PointTrace>& points, double t) {
+std::size_t OuvreEncoches(std::vector<PointTrace>& points, double t) {
   // Without a radius there is no bridge.
-  if (!(t > 0)) return;
+  if (!(t > 0)) return 0;
   const auto estMarque = [](const PointTrace& p) { return p.Cde == CodePC; };
-  if (std::none_of(points.begin(), points.end(), estMarque)) return;
+  if (std::none_of(points.begin(), points.end(), estMarque)) return 0;
   std::vector<PointTrace> resultat;
   resultat.reserve(points.size() + 16);
+  std::size_t examines = 0;
   for (auto debut = points.begin(); debut != points.end();) {
     const auto fin = std::find_if(debut, points.end(), [&](const PointTrace& p) { return p.Seq != debut->Seq; });
     if (std::none_of(debut, fin, estMarque)) {
       resultat.insert(resultat.end(), debut, fin);
     } else {
-      Chaine piece(debut, fin);
-      OuvrePiece(piece, t);
-      resultat.insert(resultat.end(), piece.begin(), piece.end());
+      Ouvreur ouvreur({debut, fin}, t);
+      ouvreur.OuvreTout();
+      examines += ouvreur.Rend(resultat);
     }
     debut = fin;
   }
   points.swap(resultat);
+  return examines;
 }
 
 void PoseEncoches(std::vector<PointTrace>& points) { OuvreEncoches(points, LargeurEncoche / 2 + RayonFraise); }

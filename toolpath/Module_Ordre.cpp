@@ -7,6 +7,7 @@
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
+#include "toolpath/PointsProches.h"
 
 namespace ovelin {
 
@@ -23,37 +24,48 @@ ParCode Repertoire(const std::vector<Etendue>& etendues) {
   return repertoire;
 }
 
-// Index of the point nearest to `position` among the runs; of equals the first. -1 when none can be reached.
-std::int32_t PointProche(const std::vector<Etendue>& etendues, const PointTrace& position) {
+// Index of the point of the run that is nearest to `position`; of equals the first. -1 when none can be reached.
+std::int32_t PointProche(const Etendue& e, const PointTrace& position) {
   double meilleur = 1e15;
   std::int32_t choisi = -1;
-  for (const Etendue& e : etendues) {
-    for (std::int32_t i = e.premier; i < e.premier + e.nombre; ++i) {
-      const double d = DistancePoints(position, TraceInitial[static_cast<std::size_t>(i)]);
-      if (d < meilleur) {
-        meilleur = d;
-        choisi = i;
-      }
+  for (std::int32_t i = e.premier; i < e.premier + e.nombre; ++i) {
+    const double d = DistancePoints(position, TraceInitial[static_cast<std::size_t>(i)]);
+    if (d < meilleur) {
+      meilleur = d;
+      choisi = i;
     }
   }
   return choisi;
 }
 
 // From the machine's origin on, each path starts where it is nearest to the start of the one before. The position
-// goes on from the chosen point, on open paths as well, which keep their start.
+// goes on from the chosen point, on open paths as well, which keep their start. A code that stands in several runs
+// has its turn at each of them.
 void ChoisitDeparts() {
   const std::vector<Etendue> etendues = EtenduesSequences();
   const ParCode repertoire = Repertoire(etendues);
+  std::unordered_map<std::uint32_t, PointsProches> partagees;
   PointTrace position;
   Respiration respiration;
   for (const Etendue& e : etendues) {
     respiration.Laisse();
     const std::vector<Etendue>& siennes = repertoire.at(e.code.Cle());
-    const std::int32_t choisi = PointProche(siennes, position);
-    if (choisi < 0) continue;
-    position = TraceInitial[static_cast<std::size_t>(choisi)];
-    if (TourneDepart(siennes.front(), choisi)) Statut(SectionFenetre, "lib300");
+    bool tournee = false;
+    if (siennes.size() == 1) {
+      const std::int32_t choisi = PointProche(e, position);
+      if (choisi < 0) continue;
+      position = TraceInitial[static_cast<std::size_t>(choisi)];
+      tournee = TourneDepart(e, choisi);
+    } else {
+      PointsProches& points = partagees.try_emplace(e.code.Cle(), siennes).first->second;
+      const PointsProches::Choix choix = points.Cherche(position);
+      if (choix.index < 0) continue;
+      position = choix.place;
+      tournee = points.Tourne(choix.index);
+    }
+    if (tournee) Statut(SectionFenetre, "lib300");
   }
+  for (const auto& [cle, points] : partagees) points.Applique();
 }
 
 // The table in the order of the points: first record of each code, then what has no points.
@@ -89,7 +101,7 @@ void EcritOrdre(const std::vector<Etendue>& etendues) {
 //              |_______| without the closing copy; it is made anew
 bool TourneDepart(const Etendue& sequence, std::int32_t choisi) {
   const std::int32_t decalage = choisi - sequence.premier;
-  if (decalage <= 0 || decalage >= sequence.nombre - 1 || !EstFermee(sequence)) return false;
+  if (decalage <= 0 || decalage >= sequence.nombre || !EstFermee(sequence)) return false;
   const auto debut = TraceInitial.begin() + sequence.premier;
   const auto dernier = debut + sequence.nombre - 1;
   std::rotate(debut, debut + decalage, dernier);

@@ -21,10 +21,11 @@ namespace {
 constexpr float ResolutionTexte = 0.01F;  // mm, where none has been chosen
 constexpr std::int32_t ErreurFichierPolice = -101;
 
-// A drawing without paths may still hold the one empty record that a deletion leaves.
+// A drawing without paths may still hold the one empty record that a deletion leaves. A project that was refused
+// for want of points has set the count to 0, but the drawing that stood is still there.
 bool DessinPresent() {
-  return NbPoints > 0 && std::any_of(TraceInitial.begin(), TraceInitial.end(),
-                                     [](const PointTrace& p) { return p.Seq != Code2{}; });
+  return NbPoints >= 0 && std::any_of(TraceInitial.begin(), TraceInitial.end(),
+                                      [](const PointTrace& p) { return p.Seq != Code2{}; });
 }
 
 bool RefuseTexte(std::int32_t erreur, const std::string& police) {

@@ -81,7 +81,7 @@ bool RefuseDimension(std::string_view cle) {
 }
 
 float LimiteCourse(std::string_view cle, double defaut) {
-  return static_cast<float>(LireNombreSection("table_" + TableDefaut, cle, defaut));
+  return EnFloat(LireNombreSection("table_" + TableDefaut, cle, defaut));
 }
 
 }  // namespace
@@ -207,7 +207,7 @@ bool SupprimePoints(const std::vector<std::int32_t>& index) {
   if (Regl.ConfirmSuppr && Message(SectionFenetre, "lib101", Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
     return false;
   }
-  Statut(SectionFenetre, "lib102");
+  Statut(SectionFenetre, "lib101");
   std::size_t garde = 0;
   for (std::size_t i = 0; i < TraceInitial.size(); ++i) {
     if (!retire[i]) TraceInitial[garde++] = TraceInitial[i];

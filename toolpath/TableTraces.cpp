@@ -23,20 +23,31 @@ TableTraces::Tranche TableTraces::Range(std::vector<SequenceDecalee>&& entrees) 
 }
 
 void TableTraces::Remplace(Code2 code, TraceCalculee&& trace) {
+  const Issue issue{Range(std::move(trace.entrees)), trace.reussie};
+  issues_[code.Cle()] = issue;
+  Pose(code, issue);
+}
+
+void TableTraces::Repete(Code2 code) {
+  if (const auto issue = issues_.find(code.Cle()); issue != issues_.end()) Pose(code, issue->second);
+}
+
+void TableTraces::Pose(Code2 code, const Issue& issue) {
+  const bool vide = issue.tranche.first == issue.tranche.second;
   auto& siens = parCode_[code.Cle()];
   if (siens.empty()) {
-    if (trace.entrees.empty()) return;
-    blocs_.push_back({code, {Range(std::move(trace.entrees))}});
+    if (vide) return;
+    blocs_.push_back({code, {issue.tranche}});
     siens.push_back(std::prev(blocs_.end()));
     return;
   }
   const Chaine::iterator bloc = siens.front();
-  if (trace.entrees.empty()) {
+  if (vide) {
     Retire(bloc);
     return;
   }
-  bloc->tranches = {Range(std::move(trace.entrees))};
-  if (!trace.reussie) CoupeDerriere(bloc);
+  bloc->tranches = {issue.tranche};
+  if (!issue.reussie) CoupeDerriere(bloc);
 }
 
 // Blocks go from the end of the chain, so each is the last of its code.

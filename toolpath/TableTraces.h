@@ -33,6 +33,8 @@ class TableTraces {
   // The first block of the code makes room for the trace; behind a failed one everything is lost. A code without a
   // block gets one at the end.
   void Remplace(Code2 code, TraceCalculee&& trace);
+  // The last `Remplace` of this code once more, with the same trace; nothing where there was none.
+  void Repete(Code2 code);
   // The new table. The entries that stay are moved out of the old one.
   [[nodiscard]] std::vector<SequenceDecalee> Rend(std::vector<SequenceDecalee>& ancienne);
 
@@ -44,6 +46,13 @@ class TableTraces {
   };
   using Chaine = std::list<Bloc>;
 
+  // What `Remplace` did last for a code.
+  struct Issue {
+    Tranche tranche;
+    bool reussie = true;
+  };
+
+  void Pose(Code2 code, const Issue& issue);
   Tranche Range(std::vector<SequenceDecalee>&& entrees);
   void CoupeDerriere(Chaine::iterator bloc);
   void Retire(Chaine::iterator bloc);
@@ -52,6 +61,7 @@ class TableTraces {
   std::vector<SequenceDecalee> neuves_;
   Chaine blocs_;
   std::unordered_map<std::uint32_t, std::deque<Chaine::iterator>> parCode_;
+  std::unordered_map<std::uint32_t, Issue> issues_;
 };
 
 }  // namespace ovelin

@@ -1,5 +1,7 @@
 #include "workspace/Module_Demarrage.h"
 
+#include <filesystem>
+
 #include "core/Cles.h"
 #include "core/Fichiers.h"
 #include "core/Projet.h"
@@ -22,8 +24,14 @@ void InstalleCrochets() {
 }  // namespace
 
 std::string DemarreProgramme(const OptionsDemarrage& options) {
-  DossierProgramme = options.config.empty() ? TrouveDossierProgramme(options.dossierExecutable) : options.config;
-  DossiersProduit.insert(DossiersProduit.begin(), options.dossierExecutable + "/../share/ovelin");
+  if (options.config.empty()) {
+    DossierProgramme = TrouveDossierProgramme(options.dossierExecutable);
+  } else {
+    std::error_code erreur;
+    std::filesystem::create_directories(options.config, erreur);  // a failure shows when the settings are written
+    DossierProgramme = options.config;
+    TrouveDossiersProduit(options.dossierExecutable);
+  }
   Regl.Langue = options.langue.empty() ? LangueDuSysteme(options.locale) : options.langue;
   InstalleCrochets();
 

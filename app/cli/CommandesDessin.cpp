@@ -25,8 +25,17 @@ bool Fermee(const std::vector<PointTrace>& points, const Etendue& e) {
                                              points[static_cast<std::size_t>(e.premier + e.nombre - 1)]);
 }
 
+// A 32-bit value as the double with the same shortest text: 20.8, not 20.799999237060547.
+double Court(float v) {
+  char tampon[32];
+  const auto fin = std::to_chars(tampon, tampon + sizeof tampon, v);
+  double d = 0;
+  std::from_chars(tampon, fin.ptr, d);
+  return d;
+}
+
 Json Bornes(float xmin, float xmax, float ymin, float ymax) {
-  return Json{{"xmin", xmin}, {"xmax", xmax}, {"ymin", ymin}, {"ymax", ymax}};
+  return Json{{"xmin", Court(xmin)}, {"xmax", Court(xmax)}, {"ymin", Court(ymin)}, {"ymax", Court(ymax)}};
 }
 
 // JSON text of large point lists is written by hand: the shortest number that reads back, no tree in memory.

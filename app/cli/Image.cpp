@@ -86,6 +86,21 @@ void DessineInitial(cairo_t* c, const Vue& vue) {
   }
 }
 
+// The stretches on which the tool passes over a bridge: from an entry to the exit behind it.
+void DessineEncoches(cairo_t* c, const Vue& vue, const std::vector<PointTrace>& points) {
+  Encre(c, Regl.CouleurEncoche);
+  cairo_set_line_width(c, 3.0);
+  for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+    if (points[i].Cde == CodePE)
+      Ligne(c, vue, points.begin() + static_cast<std::ptrdiff_t>(i),
+            points.begin() + static_cast<std::ptrdiff_t>(i) + 2);
+    if (points[i].Cde == CodePC && i > 0 && points[i - 1].Cde == CodePE) {
+      Ligne(c, vue, points.begin() + static_cast<std::ptrdiff_t>(i),
+            points.begin() + static_cast<std::ptrdiff_t>(i) + 2);
+    }
+  }
+}
+
 void DessineOutil(cairo_t* c, const Vue& vue) {
   PointTrace dernier{0, 0, CodePD, {}};
   const double pointille[] = {3, 4};
@@ -103,6 +118,9 @@ void DessineOutil(cairo_t* c, const Vue& vue) {
     Encre(c, Regl.CouleurDecalage);
     cairo_set_line_width(c, 1.0);
     Ligne(c, vue, s.Points.begin(), s.Points.end());
+    DessineEncoches(c, vue, s.Points);
+    Encre(c, Regl.CouleurDecalage);
+    cairo_set_line_width(c, 1.0);
     if (s.Points.size() == 2 && pathwerk::MemePlace(s.Points[0], s.Points[1])) {
       Trou(c, vue, s.Points[0], std::max(2.0, RayonFraise * vue.zoom));
     }

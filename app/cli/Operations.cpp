@@ -316,6 +316,8 @@ int Edite(Contexte& contexte, const std::string& dessin, const std::string& oper
     return Echec(contexte, "cli_edit",
                  NomDe(operations) + ": " + std::to_string(rang) + ". " + nom + ": " + r.raison, operations, rang);
   }
+  // A project without a path could not be opened again.
+  if (TraceInitial.size() < 2) return Echec(contexte, "lib109", Traduire("F_Representation", "lib109"), sortie);
   EncombrementGeneral();
   const std::string refus = EnregistreProjet(sortie);
   if (!refus.empty()) {

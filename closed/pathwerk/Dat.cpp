@@ -114,11 +114,38 @@ class Lecteur {
     if (!Lednicer()) Rassemble();
     for (Bloc& b : blocs_) {
       const bool percage = b.points.size() == 2 && b.points[0] == b.points[1];
-      Ajoute(std::move(b.points), percage ? Nature::Percage : Nature::Ouvert);
+      const Nature nature = percage ? Nature::Percage : BordDeFuiteEpais(b.points) ? Nature::Ferme : Nature::Ouvert;
+      Ajoute(std::move(b.points), nature);
     }
   }
 
  private:
+  // An airfoil in Selig's order whose tail has a thickness: from the tail over one surface to the nose and back
+  // over the other, both ends at the tail and near each other. It is the contour of a part, so the tail is cut as
+  // well.
+  //
+  //           .----------___ start
+  //     nose (               | tail gap, at most a tenth of the chord
+  //           '----------""" end
+  //
+  static bool BordDeFuiteEpais(const std::vector<Vec2>& points) {
+    constexpr double Part = 0.1;
+    if (points.size() < 5 || points.front() == points.back()) return false;
+    const auto [nez, queue] =
+        std::minmax_element(points.begin(), points.end(), [](Vec2 a, Vec2 b) { return a.x < b.x; });
+    const double corde = queue->x - nez->x;
+    const double jeu = std::hypot(points.front().x - points.back().x, points.front().y - points.back().y);
+    const double limite = queue->x - Part * corde;
+    if (!(corde > 0) || jeu > Part * corde || points.front().x < limite || points.back().x < limite) return false;
+    // Along each surface the way goes on, but for the small steps back of a blunt nose or a cusped tail.
+    double recul = 0;
+    for (auto p = points.begin() + 1; p != points.end(); ++p) {
+      const double avance = p <= nez ? (p - 1)->x - p->x : p->x - (p - 1)->x;
+      recul += std::max(0.0, -avance);
+    }
+    return recul <= Part * corde;
+  }
+
   bool LitLigne(std::string_view ligne, long numero) {
     if (premiereLigne_.empty()) {
       premiereLigne_ = std::string(ligne.substr(0, 40));
@@ -268,10 +295,9 @@ class Lecteur {
 
 }  // namespace
 
-// Rows become paths as they stand: a Selig contour whose two tail points are the same is closed, one with a blunt
-// tail stays open (closing it is a command of its own, and nothing is drawn that the file doesn't hold). Ends are
-// never joined: an airfoil of chord 1 is 1 mm long until it is scaled, and its tail gap would fall within any
-// tolerance.
+// Rows become paths as they stand; an airfoil is a contour, whether its two tail points are the same or stand
+// apart. Other ends are never joined: a drawing of chord 1 is 1 mm long until it is scaled, and any gap would fall
+// within the tolerance.
 void LireDat(std::string_view data, const OptionsLecture& options, Lecture& lecture) {
   (void)options;
   lecture.rapport.Format = "DAT";

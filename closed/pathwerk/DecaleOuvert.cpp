@@ -22,11 +22,35 @@ namespace pathwerk::geo {
 
 namespace {
 
-constexpr double kEgal = 1e-6;  // mm: distances that differ by less are equal
+constexpr double kEgal = 1e-6;     // mm: distances that differ by less are equal
+constexpr double kContact = 0.01;  // mm: a path that comes so near to itself touches itself
 
 class Juge {
  public:
-  Juge(const Chemin& chemin, bool gauche) : chemin_(chemin), gauche_(gauche), arbre_(SegmentsDe(chemin, false)) {}
+  Juge(const Chemin& chemin, bool gauche)
+      : chemin_(chemin), gauche_(gauche), arbre_(SegmentsDe(chemin, false)), contacts_(Contacts()) {}
+
+  // The loop with a point beside each contact that an edge passes at `rayon`.
+  [[nodiscard]] Chemin CoupeAuxContacts(const Chemin& boucle, double rayon) const {
+    if (contacts_.Segments().empty()) return boucle;
+    Chemin r;
+    for (std::size_t i = 0, n = boucle.size(); i < n; ++i) {
+      const Segment arete{boucle[i], boucle[(i + 1) % n]};
+      r.push_back(arete.a);
+      std::vector<std::pair<double, Vec2>> pieds;
+      const double portee = Norme(arete.b - arete.a) / 2 + rayon + kContact;
+      contacts_.Voisins((arete.a + arete.b) * 0.5, portee * portee, [&](const Lieu& contact) {
+        const Lieu pied = LieuSurSegment(arete, contact.point);
+        const double ecart = std::abs(std::sqrt(pied.distance2) - rayon);
+        if (pied.t > 0 && pied.t < 1 && ecart <= kContact) pieds.emplace_back(pied.t, pied.point);
+      });
+      std::sort(pieds.begin(), pieds.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+      for (const auto& [t, pied] : pieds) {
+        if (Norme(pied - r.back()) > kEgal) r.push_back(pied);
+      }
+    }
+    return r;
+  }
 
   [[nodiscard]] bool BonCote(Vec2 p) const {
     const double d = std::sqrt(arbre_.PlusProche(p).distance2) + kEgal;
@@ -64,9 +88,22 @@ class Juge {
     return gauche_ ? cote > 0 : cote < 0;
   }
 
+  // Points of the path that lie on a segment other than their own two, as segments without length.
+  [[nodiscard]] ArbreSegments Contacts() const {
+    std::vector<Segment> r;
+    for (std::size_t i = 0; i < chemin_.size(); ++i) {
+      bool touche = false;
+      arbre_.Voisins(chemin_[i], kContact * kContact,
+                     [&](const Lieu& l) { touche = touche || (l.segment != i && l.segment + 1 != i); });
+      if (touche) r.push_back({chemin_[i], chemin_[i]});
+    }
+    return ArbreSegments(std::move(r));
+  }
+
   const Chemin& chemin_;
   bool gauche_;
   ArbreSegments arbre_;
+  ArbreSegments contacts_;
 };
 
 // Runs of good edges of one loop, as pieces.
@@ -109,7 +146,7 @@ std::vector<Piece> DecaleOuvert(const Source& source, double distance, double to
   if (!DecaleRegion(region, distance, tolerance, boucles)) return {};
   const Juge juge(source.chemin, distance > 0);
   std::vector<Piece> pieces;
-  for (const Chemin& b : boucles) Decoupe(b, juge, pieces);
+  for (const Chemin& b : boucles) Decoupe(juge.CoupeAuxContacts(b, std::abs(distance)), juge, pieces);
 
   std::vector<std::pair<double, std::size_t>> ordre;
   for (std::size_t i = 0; i < pieces.size(); ++i) ordre.emplace_back(juge.Rang(pieces[i].points.front()), i);

@@ -12,7 +12,7 @@ constexpr std::size_t kMemoireBase = 22'000'000;
 constexpr std::size_t kMemoireParOctet = 25;
 constexpr std::size_t kMemoireTrait = 96;  // a path beside its points
 // Blocks are read again for each insertion; nested arrays of nothing would take no memory but all the time.
-constexpr std::size_t kRelectureBase = 64'000'000;
+constexpr std::size_t kRelectureBase = 16'000'000;
 constexpr std::size_t kRelectureParOctet = 100;
 constexpr std::size_t kPasAvancement = 1U << 20;
 constexpr std::size_t kGenresMax = 100;  // kinds told apart in the report

@@ -48,7 +48,7 @@ bool EpsChemins::Recoit(std::string_view morceau) {
   while (!morceau.empty() && !arrete_) {
     const std::size_t fin = morceau.find('\n');
     const std::string_view debut = morceau.substr(0, fin);
-    if (fin != std::string_view::npos && reste_.empty() && !tropLongue_) {
+    if (fin != std::string_view::npos && reste_.empty() && !tropLongue_ && debut.size() <= kLigneMax) {
       Ligne(debut);
     } else {
       // A record's line is short; more than that is the drawing's own print and need not be kept.
@@ -59,7 +59,11 @@ bool EpsChemins::Recoit(std::string_view morceau) {
         reste_ += debut;
       }
       if (fin == std::string_view::npos) break;
-      if (!tropLongue_) Ligne(reste_);
+      if (tropLongue_) {
+        Casse();
+      } else {
+        Ligne(reste_);
+      }
       reste_.clear();
       tropLongue_ = false;
     }
@@ -82,8 +86,7 @@ void EpsChemins::Enregistrement(std::string_view texte) {
     sorte_ = 0;
     return;
   }
-  courant_.clear();  // a path that was not closed by its end is broken
-  sorte_ = 0;
+  Casse();  // a path that has not come to its end
   if (texte == "F" || texte == "S" || texte == "R") {
     sorte_ = texte[0];
   } else if (texte == "Z") {
@@ -131,6 +134,11 @@ void EpsChemins::Chemin(std::string_view ligne) {
     default:
       break;
   }
+  Casse();
+}
+
+// The path being read is broken; what follows up to the next record is nothing.
+void EpsChemins::Casse() {
   courant_.clear();
   sorte_ = 0;
 }
@@ -179,8 +187,7 @@ void EpsChemins::Emet(Trait&& trait) {
 void EpsChemins::Abandonne(Erreur numero, std::string_view detail) {
   arrete_ = true;
   lecture_.traits.clear();
-  courant_.clear();
-  sorte_ = 0;
+  Casse();
   lecture_.Refuse(numero, 0, detail);
 }
 

@@ -29,6 +29,7 @@ class EpsChemins {
   void Ligne(std::string_view ligne);
   void Enregistrement(std::string_view texte);
   void Chemin(std::string_view ligne);
+  void Casse();
   void Depart(Vec2 p);
   void FinitSousChemin(bool ferme);
   void Emet(Trait&& trait);

@@ -16,8 +16,9 @@ namespace pathwerk {
 
 namespace {
 
-// How many points an output of this size may give: a line of a path takes some 14 bytes and a curve is many chords.
-std::size_t PointsMax(std::size_t octets) { return 400'000 + octets * 6 / 10; }
+// How many points a file of this size may give, at some 45 bytes of memory each: a line takes five bytes and up, a
+// letter of a text one byte for a whole outline, so there is a generous constant.
+std::size_t PointsMax(std::size_t octets) { return 900'000 + octets * 13 / 10; }
 
 std::string Jeton() {
   std::random_device hasard;
@@ -45,9 +46,11 @@ void Lit(std::string_view data, const OptionsLecture& options, const EpsMoyens& 
     return;
   }
   const std::string jeton = Jeton();
-  EpsChemins chemins(jeton, options, lecture, PointsMax(std::max(data.size(), moyens.volume)));
+  EpsChemins chemins(jeton, options, lecture, PointsMax(data.size()));
+  // The blank behind the last word keeps the file open, and its place known, when that word is the wrong one.
+  const std::string dessin = std::string(*ps) + "\n";
   const EpsFin fin = LanceGs(
-      moyens, EpsPrologue(jeton, kEpsDessin), *ps, [&](std::string_view m) { return chemins.Recoit(m); },
+      moyens, EpsPrologue(jeton, kEpsDessin), dessin, [&](std::string_view m) { return chemins.Recoit(m); },
       options.Avancement);
   if (lecture.Refuse()) return;
   Erreur numero = fin.numero;

@@ -30,9 +30,10 @@ bool Finis(const HpglInstruction& i) {
   return std::all_of(i.nombres.begin(), i.nombres.end(), [](double v) { return std::isfinite(v); });
 }
 
-// How many points a file of this size may give: at two bytes to the pair at least, plain plots stay below half a
-// point a byte; the constant is for figures that a few bytes describe.
-std::size_t PointsMax(std::size_t octets) { return 400'000 + octets * 6 / 10; }
+// How many points a file of this size may give, at some 45 bytes of memory each. The densest plots are encoded
+// lines of one step each: five bytes, and the cost of six points. The constant is for figures that a few bytes
+// describe.
+std::size_t PointsMax(std::size_t octets) { return 900'000 + octets * 13 / 10; }
 
 // What tells a plot from anything else: two letters are soon found, so the instructions that no plot has must be
 // the fewer.

@@ -40,12 +40,11 @@ void HpglTraceur::Va(Vec2 p) {
   }
   if (enPolygone_) {
     courant_.push_back({p, baissee_});
-    ++points_;
+    ++tampon_;
   } else if (baissee_ && p != position_) {
     pointe_ = false;
     if (trait_.empty()) trait_.push_back(position_);
     trait_.push_back(p);
-    ++points_;
   }
   position_ = p;
 }
@@ -142,7 +141,7 @@ void HpglTraceur::Emet(std::span<const Vec2> points, Nature nature) {
     const Vec2 mm{p.x * kMmParUnite, p.y * kMmParUnite};
     if (t.points.empty() || t.points.back() != mm) t.points.push_back(mm);
   }
-  points_ += t.points.size() + 4;  // a path costs as much as some points
+  points_ += t.points.size() + 4;
   lecture_.traits.push_back(std::move(t));
   sansPlume_.push_back(plume_ ? 0 : 1);
 }
@@ -161,8 +160,8 @@ void HpglTraceur::Figure(std::vector<Vec2> contour, bool tampon) {
     SousPolygone s;
     s.reserve(contour.size());
     for (const Vec2 p : contour) s.push_back({p, true});
-    points_ += contour.size();
     if (!enPolygone_) VidePolygone();
+    tampon_ += contour.size();
     polygone_.push_back(std::move(s));
     if (enPolygone_) return;
     rempli_ = true;  // drawn right here
@@ -202,6 +201,7 @@ void HpglTraceur::FermePolygone() {
 void HpglTraceur::VidePolygone() {
   polygone_.clear();
   courant_.clear();
+  tampon_ = 0;
   borde_ = false;
   rempli_ = false;
 }
@@ -210,6 +210,7 @@ void HpglTraceur::VidePolygone() {
 void HpglTraceur::BordePolygone() {
   pointe_ = false;
   if (enPolygone_ || std::exchange(borde_, true)) return;
+  travail_ += tampon_;
   for (const SousPolygone& s : polygone_) {
     if (s.empty()) continue;
     std::vector<Vec2> ligne{s.front().p};
@@ -242,6 +243,7 @@ void HpglTraceur::BordePolygone() {
 void HpglTraceur::RemplitPolygone() {
   pointe_ = false;
   if (enPolygone_ || std::exchange(rempli_, true)) return;
+  travail_ += tampon_;
   for (const SousPolygone& s : polygone_) {
     std::vector<std::vector<Vec2>> anneaux;
     std::vector<Vec2> tous;

@@ -52,7 +52,10 @@ class HpglTraceur {
   // Flushes, and leaves out what was drawn without a pen when the rest was drawn with one.
   void Termine();
 
-  [[nodiscard]] bool TropDePoints() const { return points_ > pointsMax_; }
+  // Too much is held, or a buffer was edged and filled so often that the time is out of all proportion.
+  [[nodiscard]] bool TropDePoints() const {
+    return points_ + trait_.size() + tampon_ > pointsMax_ || travail_ > 16 * pointsMax_;
+  }
   [[nodiscard]] bool HorsLimites() const { return horsLimites_; }
 
  private:
@@ -69,7 +72,9 @@ class HpglTraceur {
 
   Lecture& lecture_;
   std::size_t pointsMax_;
-  std::size_t points_ = 0;
+  std::size_t points_ = 0;   // in finished paths; a path costs as much as four points
+  std::size_t travail_ = 0;  // corners that went through the window from the buffer
+  std::size_t tampon_ = 0;   // in the polygon buffer
   bool horsLimites_ = false;
 
   Vec2 position_;

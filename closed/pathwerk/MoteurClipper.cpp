@@ -100,8 +100,8 @@ bool CouvreUneFois(const Chemin& chemin, const Region (&lobes)[2], double echell
 // is well above the error of the arcs; the loops that come of that are told by one of their points.
 void Demele(const Region& region, double d, double fleche, bool positif, std::vector<Chemin>& boucles) {
   const double rayon = std::abs(d);
-  const double marge = 2.5 * fleche;
-  const bool allege = rayon > 5 * marge;
+  const double marge = 1.3 * fleche;
+  const bool allege = rayon > 10 * marge;
   std::vector<Segment> segments;
   for (const Chemin& c : region.contours) {
     const std::vector<Segment> s = SegmentsDe(c, true);
@@ -120,8 +120,12 @@ void Demele(const Region& region, double d, double fleche, bool positif, std::ve
   const double echelle = PasDeGrille(Etendue(brutes));
   Ajoute(Unit(brutes, echelle, positif), echelle, !positif, boucles);
   if (!allege) return;
-  const double limite = (rayon - 0.8 * marge) * (rayon - 0.8 * marge);
-  std::erase_if(boucles, [&](const Chemin& c) { return source.PlusProche(c[0]).distance2 < limite; });
+  // The true border keeps to rayon - fleche everywhere; a loop around places wrongly called free comes nearer than
+  // rayon - marge, but maybe not in all its points: its corners can lie where strips end.
+  const double limite = (rayon - 1.15 * fleche) * (rayon - 1.15 * fleche);
+  std::erase_if(boucles, [&](const Chemin& c) {
+    return std::any_of(c.begin(), c.end(), [&](Vec2 p) { return source.PlusProche(p).distance2 < limite; });
+  });
 }
 
 int SigneDe(double aire) { return aire > 0 ? 1 : aire < 0 ? -1 : 0; }

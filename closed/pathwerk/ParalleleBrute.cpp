@@ -17,8 +17,9 @@
 //
 // The lightened form leaves out runs of strips whose outer edge is buried under other strips. With C the places
 // that the left-out strips cover and O those of the kept ones, the places wrongly called free are C - O. The border
-// of C is made of outer edges, all more than `marge` deep in O; so C - O stays `marge` clear of that border: it is
-// cut off from what is truly free, and everything in it is nearer to the source than R - marge.
+// of C is made of outer edges, all more than `marge` deep in O; so C - O stays `marge` clear of them: it is
+// cut off from what is truly free, and all of it but its corners, where strips end, is nearer to the source than
+// R - marge.
 #include "closed/pathwerk/ParalleleBrute.h"
 
 #include <algorithm>

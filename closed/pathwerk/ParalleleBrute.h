@@ -14,8 +14,8 @@ Chemin ParalleleBrute(const Chemin& chemin, double distance, double fleche);
 
 // The same without the strips that can't border a free place: their outer edge lies more than `marge` too near to
 // the segments of `arbre` (all contours of the region). In their stead the curve follows the path itself, roughly.
-// Places covered by such strips alone then come out as free: they are cut off from the others, and every point of
-// them is at least `marge` too near to the source, so a loop around them is known by any of its points.
+// Places covered by such strips alone then come out as free: they are cut off from the others, and a loop around
+// them comes more than `marge` too near to the source, by which it is known.
 // Empty when no strip is left: nothing is free.
 Chemin ParalleleAllegee(const Chemin& chemin, double distance, double fleche, double marge,
                         const ArbreSegments& arbre);

@@ -59,6 +59,7 @@ std::size_t Portee(std::span<const Vec2> p, std::size_t a, std::size_t fin, doub
     const Vec2 v = p[j] - p[a];
     const double d = Norme(v);
     if (cone.ouvert || (d >= loin && cone.Contient(v))) atteint = j;
+    if (d < loin - 2 * e) break;  // the path turns back: its far end stays
     loin = std::max(loin, d);
     if (d > e && !cone.Restreint(v, d, e)) break;
   }

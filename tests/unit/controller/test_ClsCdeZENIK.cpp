@@ -295,6 +295,14 @@ TEST(FixePosition, LiesOnAWholeStep) {
   EXPECT_EQ(cde.PasDebutZ, 0);
 }
 
+TEST(FixePosition, MillimetresFollowTheStepsOnEveryAxis) {
+  ClsCdeZENIK cde;
+  cde.FixePosition(1.4, -2.6, 3.7);
+  EXPECT_EQ(cde.PosX, 1);
+  EXPECT_EQ(cde.PosY, -3);
+  EXPECT_EQ(cde.PosZ, 4);
+}
+
 TEST(FixePosition, FarBeyondTheCountersStopsAtTheirEnd) {
   ClsCdeZENIK cde;
   cde.FixePosition(1e30, -1e30, std::numeric_limits<double>::quiet_NaN());

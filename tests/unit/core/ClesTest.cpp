@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "core/Cles.h"
 #include "core/Document.h"
@@ -201,6 +202,18 @@ TEST(CopierSection, KeepsTheNameOfTheTargetAsItIsAndItsKeysStayFindable) {
   EXPECT_THAT(ListerSections(CheminIni()), ElementsAre("table_A", "table_Été"));
 }
 
+// The end of the list takes a place too: names that fill the buffer to the last one are one too many.
+TEST(ListerSections, KeepsAPlaceForTheEndOfTheList) {
+  const auto fichier = [](std::size_t derniere) {
+    std::string contenu;
+    for (int i = 0; i < 100; ++i) contenu += "[" + std::string(80, static_cast<char>('a' + i % 26)) + "]\r\n";
+    return EcritFichierEssai("t.ini", contenu + "[" + std::string(derniere, 'z') + "]\r\n");
+  };
+  // 100 names of 80 characters with their ends are 8100; 8192 less the end of the list and of the name leave 90.
+  EXPECT_EQ(ListerSections(fichier(90)).size(), 101U);
+  EXPECT_EQ(ListerSections(fichier(91)).size(), 100U);
+}
+
 TEST(CopierSection, GoesThroughABufferOf8192Characters) {
   std::string contenu = "[table_A]\r\n";
   for (int i = 0; i < 100; ++i) contenu += "K" + std::to_string(100 + i) + "=" + std::string(95, 'v') + "\r\n";
@@ -298,6 +311,16 @@ TEST(OublieCles, ReadsTheFilesAnew) {
   EXPECT_EQ(LireCle("k", ""), "2");  // of the same length, within the same tick of the file's clock
   OublieCles();
   EXPECT_EQ(LireCle("k", ""), "2");
+}
+
+// In place and to the same length, within one step of the file system's clock.
+TEST(LireCle, SeesAChangeThatLeavesNoTraceInTheTimesOfTheFile) {
+  for (int i = 0; i < 300; ++i) {
+    const std::string valeur = std::to_string(100 + i);
+    std::ofstream(CheminIni(), std::ios::in | std::ios::out | (i == 0 ? std::ios::trunc : std::ios::openmode{}))
+        << "[OVELIN]\r\nk=" << valeur << "\r\n";
+    ASSERT_EQ(LireCle("k", ""), valeur);
+  }
 }
 
 TEST(LireCle, SeesWhatAnotherProgramHasWritten) {

@@ -71,6 +71,7 @@ TEST(EcritFichierDefaut, LeavesNothingWhereItCannotWrite) {
   Attend("erreurs", "401", Reponse::Ok);
   EXPECT_FALSE(EcritFichierDefaut());
   EXPECT_FALSE(FichierExiste(CheminIni()));
+  EXPECT_EQ(Magasin.DerniereErreur, "No such file or directory");
 }
 
 TEST(EcritFichierDefaut, IsReadBackThroughTheKeyStore) {

@@ -102,7 +102,7 @@ TEST(FichierIni, DeletesASectionWithItsLines) {
 }
 
 TEST(FichierIni, ListsSectionsAndLinesInTheirOrder) {
-  const FichierIni ini("[B]\ny = 2\n; note\nsans egal\nx=1\n[A]\n");
+  const FichierIni ini("[B]\ny = 2\n; note\n;k=1\nsans egal\nx=1\n[A]\n");
   EXPECT_THAT(ini.Sections(), ElementsAre("B", "A"));
   EXPECT_THAT(ini.Lignes("b"), ElementsAre(Pair("y", "2"), Pair("x", "1")));
   EXPECT_TRUE(ini.Lignes("absente").empty());

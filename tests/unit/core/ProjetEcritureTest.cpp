@@ -143,10 +143,11 @@ TEST(EcrireProjet, WithoutAnOpenProjectHoldsNoSettings) {
 
 TEST(EcrireProjet, DropsKeysThatWaitedForTheFile) {
   AjouteSequence(" A", {{0, 0}, {1, 1}});
-  FichierProjet = FichierCourant = Dossier() + "/p.OVL";
+  FichierProjet = FichierCourant = EcritFichierEssai("p.OVL", "$$RayonFraise=99\r\n");
   {
     const LotCles lot;
     EcrireCle("Fichier", "avant");
+    EXPECT_EQ(LireCle("RayonFraise", ""), "99");
     EXPECT_EQ(EcrireProjet(FichierProjet), "");
     EcrireCle("Autre", "apres");
     EXPECT_EQ(LireCle("RayonFraise", ""), "3");

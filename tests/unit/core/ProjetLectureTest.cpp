@@ -123,9 +123,26 @@ TEST(LireProjet, RefusesAFileWithoutAPoint) {
   }
 }
 
-TEST(LireProjet, RefusesAFileThatIsNotThere) {
-  Attend("erreurs", "100");
+TEST(LireProjet, RefusesAFileThatCannotBeReadWithTheSystemsReason) {
+  NbPoints = 7;
+  Attend("F_Representation", "lib110");
   EXPECT_FALSE(LireProjet(Dossier() + "/absent.OVL"));
+  EXPECT_EQ(NbPoints, 0);
+  EXPECT_EQ(FichierProjet, "");
+  Attend("F_Representation", "lib110");
+  EXPECT_FALSE(VerifierProjet(Dossier()));
+  ASSERT_EQ(Boites().size(), 2U);
+  EXPECT_TRUE(Boites()[0].texte.ends_with("absent.OVL: No such file or directory")) << Boites()[0].texte;
+  EXPECT_TRUE(Boites()[1].texte.ends_with(": Is a directory")) << Boites()[1].texte;
+  EXPECT_EQ(Boites()[0].icone, Icone::Critique);
+}
+
+TEST(LireProjet, GivesABlankCodeARecordOfItsOwnBehindANamedOne) {
+  EXPECT_TRUE(Lit(LigneSequence(" A", "001", "-1") + LigneSequence("  ", "001", "-2") + DeuxPoints()));
+  ASSERT_EQ(Sequences.size(), 2U);
+  EXPECT_EQ(Sequences[0].Code, Code2(" A"));
+  EXPECT_EQ(Sequences[0].Profondeur, -1);
+  EXPECT_EQ(Sequences[1].Profondeur, -2);
 }
 
 TEST(LireProjet, RefusesPointsThatAllCoincide) {

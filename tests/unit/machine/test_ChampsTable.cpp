@@ -169,6 +169,20 @@ TEST(Sauve_Table, FieldsThatAreNotGivenKeepTheirKeys) {
   EXPECT_EQ(BrocheAuto, 0);
 }
 
+TEST(Sauve_Table, KeysThatStandNowhereCountAsTheirDefaults) {
+  PoseTable("");
+  BrocheAuto = 0;
+  Sauve_Table("Mill", {{"TB_SAV_15", "9"}});
+  EXPECT_EQ(BrocheAuto, 1);
+  EXPECT_EQ(CleEcrite("OptionLPT"), "20");
+}
+
+TEST(Sauve_Table, AFailureOfBeforeIsNotItsOwn) {
+  PoseTable("");
+  Magasin.DerniereErreur = "No space left on device";
+  EXPECT_TRUE(Sauve_Table("Mill", {{"TB_SAV_15", "9"}}));
+}
+
 TEST(Sauve_Table, ValueGivenForThisCallIsNeverWritten) {
   PoseTable("TB_SAV_15=9\r\n");
   Magasin.Surcharge["tb_sav_15"] = "33";
@@ -199,7 +213,7 @@ TEST(FormateChamp, EachGroupHasItsDecimals) {
 TEST(FormateChamp, FieldsWithoutAFormatStayAsTyped) {
   EXPECT_EQ(FormateChamp("TB_SAV", 29, "12.34567"), "12.34567");
   EXPECT_EQ(FormateChamp("TB_SAV", 30, "12.34567"), "12.34567");
-  EXPECT_EQ(FormateChamp("Combo_SAV", 3, "2"), "2");
+  EXPECT_EQ(FormateChamp("Combo_SAV", 3, "2.5"), "2.5");
 }
 
 TEST(FormateChamp, EmptyFieldIsNotProcessed) {

@@ -57,7 +57,7 @@ TEST(RefusNomTable, CountsCharactersNotBytes) {
 }
 
 TEST(RefusNomTable, CharactersThatASectionCannotHoldAreRefused) {
-  for (const char* nom : {"a]b", "[a", "a\nb", "a\tb"}) EXPECT_EQ(RefusNomTable(nom), "lib006") << nom;
+  for (const char* nom : {"a]b", "[a", "a\nb", "a\tb", "a\x7F"}) EXPECT_EQ(RefusNomTable(nom), "lib006") << nom;
 }
 
 TEST(NomNouvelleTable, AsksWithTheCurrentNameAndAProposal) {
@@ -227,8 +227,24 @@ TEST(Cmd_Gestion, FileThatCannotBeWrittenChangesNothing) {
   PoseTables();
   const std::string avant = TableDefaut;
   std::filesystem::permissions(Dossier() + "/OVELIN.ini", std::filesystem::perms::owner_read);
-  EXPECT_FALSE(Cmd_Gestion(GestionTable::Copier, {{"TB_SAV_15", "1"}}, "Copy"));
+  for (const auto index : {GestionTable::Copier, GestionTable::Renommer}) {
+    Attend("F_Representation", "lib125");
+    EXPECT_FALSE(Cmd_Gestion(index, {{"TB_SAV_15", "1"}}, "Copy"));
+    EXPECT_EQ(TableDefaut, avant);
+  }
+  Attend(Fenetre, "lib002", Reponse::Ok);
+  Attend("F_Representation", "lib125");
+  EXPECT_FALSE(Cmd_Gestion(GestionTable::Supprimer, {}));
   EXPECT_EQ(TableDefaut, avant);
+  EXPECT_EQ(ListeTables(), (Noms{"Mill", "Lathe"}));
+  ASSERT_EQ(Boites().size(), 4U);
+  for (const std::size_t i : {0U, 1U, 3U}) {
+    EXPECT_EQ(Boites()[i].icone, Icone::Critique);
+    EXPECT_EQ(Boites()[i].titre, "OVELIN");
+    EXPECT_EQ(Boites()[i].fichier, Dossier() + "/OVELIN.ini");
+    EXPECT_NE(Boites()[i].texte.find(Magasin.DerniereErreur), std::string::npos);
+    EXPECT_FALSE(Magasin.DerniereErreur.empty());
+  }
 }
 
 TEST(ChoisitTable, MakesItCurrentEverywhere) {
@@ -261,6 +277,7 @@ TEST(ChangeTable, GivesUpWhenTheOldOneCannotBeSaved) {
   PoseTables();
   std::filesystem::permissions(Dossier() + "/OVELIN.ini", std::filesystem::perms::owner_read);
   ChampsTable champs{{"TB_SAV_15", "31"}};
+  Attend("F_Representation", "lib125");
   EXPECT_FALSE(ChangeTable("Mill", "Lathe", champs));
   EXPECT_EQ(TableDefaut, "Mill");
   EXPECT_EQ(champs.size(), 1U);

@@ -8,7 +8,6 @@
 namespace {
 
 using namespace ovelin;
-using essai::Dossier;
 using essai::EcritFichierEssai;
 
 // A settings file with one table, current.
@@ -97,9 +96,22 @@ TEST(ChargeGlobalesTable, DivisionIsAPowerOfTwoAlsoWithTheDefaultSteps) {
   EXPECT_EQ(PasTourX, 48 * 16);
 }
 
-TEST(ChargeGlobalesTable, AbsurdValuesStayWithinTheirTypes) {
-  PoseTable("TB_SAV_3=1e30\r\nCOMBO_SAV_12=1e9\r\nCB_SAV_16=1e9\r\nTB_SAV_4=-1e300\r\nCOMBO_SAV_14=-400\r\n");
+TEST(ChargeGlobalesTable, AMotorHasWholeStepsBeforeTheyAreDivided) {
+  PoseTable("TB_SAV_3=51.43\r\nCOMBO_SAV_12=1\r\n");
   ChargeGlobalesTable();
+  EXPECT_EQ(PasTourX, 102);
+  EXPECT_DOUBLE_EQ(ResolutionsTable()[0], 1.0 / 102);
+}
+
+TEST(ChargeGlobalesTable, AbsurdValuesStayWithinTheirTypes) {
+  PoseTable(
+      "TB_SAV_3=1e30\r\nCOMBO_SAV_12=1e9\r\nCB_SAV_16=1e9\r\nTB_SAV_4=-1e300\r\nCOMBO_SAV_14=-400\r\n"
+      "TB_SAV_15=1e300\r\nTB_SAV_16=1e300\r\nTB_SAV_17=1e300\r\nTB_SAV_18=1e300\r\nTB_SAV_19=-1e300\r\n"
+      "TB_SAV_188888=1e300\r\n");
+  ChargeGlobalesTable();
+  for (const float v : {VitesseMaxX, VitesseMaxY, VitesseMaxZ, CourseX, CourseY, CourseZ}) {
+    EXPECT_TRUE(std::isfinite(v)) << v;
+  }
   EXPECT_EQ(PasTourX, 2147483647);
   EXPECT_EQ(PasTourY, -2147483647 - 1);
   EXPECT_EQ(PasTourZ, 0);
@@ -187,6 +199,13 @@ TEST(TextePente, ShowsTwoDecimalsWithTheUsersMark) {
   Svc.MarqueDecimale = ',';
   EXPECT_EQ(TextePente(1), "doubles in 0,02 seconds");
   EXPECT_EQ(TextePente(9), "doubles in 5,60 seconds");
+}
+
+TEST(TextePente, RoundsTheDecimalsThatTheTableNames) {
+  PoseTraduction();
+  EXPECT_EQ(TextePente(2), "doubles in 0.04 seconds");  // 0.04375
+  EXPECT_EQ(TextePente(3), "doubles in 0.09 seconds");  // 0.0875
+  EXPECT_EQ(TextePente(4), "doubles in 0.18 seconds");  // 0.175
 }
 
 TEST(TextePente, SliderBeyondItsEndsShowsTheEnd) {

@@ -57,12 +57,13 @@ std::string EnBinaire(const Groupes& groupes, bool codeLarge) {
     const bool reel = (code >= 10 && code < 60) || (code >= 110 && code < 150) || (code >= 210 && code < 240) ||
                       (code >= 1010 && code < 1060);
     const bool court = (code >= 60 && code < 80) || (code >= 170 && code < 180) || (code >= 270 && code < 290) ||
-                       (code >= 1060 && code <= 1070);
+                       (code >= 370 && code < 390) || (code >= 1060 && code <= 1070);
     if (reel) {
       Octets(t, std::stod(valeur));
     } else if (court) {
       Octets(t, static_cast<std::int16_t>(std::stoi(valeur)));
-    } else if ((code >= 90 && code < 100) || code == 1071) {
+    } else if ((code >= 90 && code < 100) || (code >= 420 && code < 430) || (code >= 440 && code < 460) ||
+               code == 1071) {
       Octets(t, static_cast<std::int32_t>(std::stoi(valeur)));
     } else if (code >= 160 && code < 170) {
       Octets(t, static_cast<std::int64_t>(std::stoll(valeur)));

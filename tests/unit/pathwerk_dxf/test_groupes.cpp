@@ -88,6 +88,15 @@ TEST(LireDxf, BinaryFilesReadAsTheirText) {
   }
 }
 
+TEST(LireDxf, BinaryFileHoldsValuesOfAllWidths) {
+  const Groupes g = DeMots(
+      Section("0=LINE 160=5000000000 170=7 290=1 310=abc 370=25 420=16711680 440=1 330=1F 10=1 20=2 11=4 21=6 "));
+  std::string t = EnBinaire(g, true);
+  const Lecture l = Lit(t);
+  ASSERT_EQ(l.traits.size(), 1u) << l.rapport.Detail;
+  AttendPoint(l.traits[0].points[1], 4, 6);
+}
+
 TEST(LireDxf, BinaryFileMayBeginWithAComment) {
   EXPECT_TRUE(Lit(EnBinaire(DeMots("999=OVELIN " + Section(kLigne)), true)).ordreImpose);
 }
@@ -168,6 +177,23 @@ TEST(LireDxf, CutOffLightPolylineNeedsItsNumberOfVertices) {
   EXPECT_EQ(Lit(Texte(p + " 10=5 20=9")).traits.size(), 1u);
   // With arcs elsewhere the bulge of the last vertex may be what is missing.
   EXPECT_EQ(Lit(Texte("0=SECTION 2=ENTITIES 0=LWPOLYLINE 90=2 70=1 10=0 20=0 42=1 10=5 20=0")).traits.size(), 0u);
+}
+
+TEST(LireDxf, OtherCutOffEntitiesNeedAllThatShapesThem) {
+  const auto traits = [](const std::string& e) { return Lit(Texte("0=SECTION 2=ENTITIES " + e)).traits.size(); };
+  EXPECT_EQ(traits("0=CIRCLE 10=0 20=0 40=5"), 1u);
+  EXPECT_EQ(traits("0=ARC 10=0 20=0 40=5 50=0"), 0u);
+  EXPECT_EQ(traits("0=ARC 10=0 20=0 40=5 50=0 51=90"), 1u);
+  // Three corners may be a triangle, or a quadrangle cut off.
+  EXPECT_EQ(traits("0=SOLID 10=0 20=0 11=4 21=0 12=0 22=3"), 0u);
+  EXPECT_EQ(traits("0=SOLID 10=0 20=0 11=4 21=0 12=0 22=3 13=4 23=3"), 1u);
+  EXPECT_EQ(traits("0=ELLIPSE 10=0 20=0 11=4 21=0 40=0.5 41=0"), 0u);
+  EXPECT_EQ(traits("0=ELLIPSE 10=0 20=0 11=4 21=0 40=0.5 41=0 42=1"), 1u);
+  const std::string spline = "0=SPLINE 70=8 71=1 72=5 73=3 74=0 40=0 40=0 40=1 40=2 40=2 10=0 20=0 10=5 20=5";
+  EXPECT_EQ(traits(spline), 0u);
+  EXPECT_EQ(traits(spline + " 10=9"), 0u);
+  EXPECT_EQ(traits(spline + " 10=9 20=0"), 1u);
+  EXPECT_EQ(traits("0=HATCH 91=1 92=2 73=1 93=3 10=0 20=0 10=5 20=0 10=5 20=5"), 0u);
 }
 
 TEST(LireDxf, CutOffInsertIsLeftOutSinceItsScaleMayBeMissing) {

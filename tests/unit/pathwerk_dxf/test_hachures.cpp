@@ -104,6 +104,21 @@ TEST(Hatch, EdgesOfAllKindsMakeOneContour) {
   EXPECT_NEAR(Aire(t.points), 60 + 4.5 * kPi + 5 * kPi + 2.0 / 3 * 16, 0.4);
 }
 
+TEST(Hatch, RationalSplineEdge) {
+  // A quarter circle of radius 10 by weights, closed over the centre.
+  const Lecture l = LitEntites(Aretes(3,
+                                      "72=4 94=2 73=1 74=0 95=6 96=3 40=0 40=0 40=0 40=1 40=1 40=1 10=10 20=0 42=1 "
+                                      "10=10 20=10 42=0.7071067811865476 "
+                                      "10=0 20=10 42=1 97=0 72=1 10=0 20=10 11=0 21=0 72=1 10=0 20=0 11=10 21=0"));
+  EXPECT_NEAR(Aire(l.traits.at(0).points), 25 * kPi, 0.2);
+}
+
+TEST(Hatch, CoordinatesThatAreNoneAreKeptToBeRefused) {
+  const Lecture l =
+      LitEntites(kDebut + "91=1 92=3 72=0 73=1 93=3 10=0 20=0 10=nan 20=0 10=5 20=5 97=0" + kFin + kContour);
+  EXPECT_EQ(l.traits.size(), 2u);
+}
+
 TEST(Hatch, ClockwiseArcsAreWrittenMirrored) {
   // From (10, 0) clockwise to (0, -10): written as 0 to 90 of the mirror image. Closed by two lines.
   const Lecture l = LitEntites(

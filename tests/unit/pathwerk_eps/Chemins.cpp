@@ -67,6 +67,15 @@ TEST(EpsChemins, AnEndlessLineIsPassedOver) {
   EXPECT_EQ(l.traits.size(), 1U);
 }
 
+TEST(EpsChemins, AnEndlessLineInsideAPathBreaksIt) {
+  const std::string texte = "\001J S\nm 0 0\nl 2048" + std::string(400, ' ') + "0\nl 4096 0\n\001J E\n";
+  EXPECT_TRUE(Sortie(texte).traits.empty());
+  Lecture l;
+  EpsChemins c("J", OptionsLecture{}, l, 1000);
+  for (const char o : texte) c.Recoit({&o, 1});
+  EXPECT_TRUE(l.traits.empty());
+}
+
 TEST(EpsChemins, TheErrorIsTakenApart) {
   Lecture l;
   EpsChemins c("J", OptionsLecture{}, l, 1000);

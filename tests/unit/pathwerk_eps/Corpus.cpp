@@ -93,5 +93,29 @@ TEST(LireEps, OwnSampleIsReadWhole) {
   EXPECT_GE(l.traits.size(), 9U);
 }
 
+TEST(LireFichier, OpensEpsByItsName) {
+  AVEC_GS();
+  std::vector<PointTrace> points;
+  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
+  std::string message(LongueurMessage, ' ');
+  const std::int32_t n = LireFichier(points, (kExemples / "logo.eps").string(), xmin, xmax, ymin, ymax, message);
+  ASSERT_GT(n, 0);
+  EXPECT_EQ(static_cast<std::size_t>(n), points.size());
+  EXPECT_NEAR(xmax - xmin, 200 * kPoint, 0.03);
+}
+
+TEST(LireFichier, NamesTheErrorOfADrawing) {
+  AVEC_GS();
+  const DossierEssai dossier;
+  const std::string chemin = dossier.Chemin() + "/faux.eps";
+  std::ofstream(chemin) << "%!PS\nnosuchname\n";
+  std::vector<PointTrace> points;
+  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
+  std::string message(LongueurMessage, ' ');
+  EXPECT_EQ(LireFichier(points, chemin, xmin, xmax, ymin, ymax, message),
+            static_cast<std::int32_t>(Erreur::GsErreur));
+  EXPECT_EQ(message.substr(0, 21), "faux.eps:2: undefined") << message;
+}
+
 }  // namespace
 }  // namespace pathwerk

@@ -104,6 +104,15 @@ TEST(LireEps, WithoutGhostscriptThereIsAClearRefusal) {
   }
 }
 
+TEST(LireEps, AProgramThatFailsWithoutAWordIsNamedByItsExitCode) {
+  EpsMoyens moyens;
+  moyens.programme = "false";
+  Lecture l;
+  LireEpsAvec("%!PS\n", OptionsLecture{}, moyens, l);
+  EXPECT_EQ(l.rapport.Numero, Erreur::GsErreur);
+  EXPECT_EQ(l.rapport.Detail, "exit 1");
+}
+
 TEST(LireEps, AnEndlessDrawingEndsByTheClock) {
   AVEC_GS();
   const DossierEssai dossier;
@@ -143,7 +152,7 @@ TEST(LireEps, GreedForMemoryIsAnErrorOfTheDrawing) {
   AVEC_GS();
   const DossierEssai dossier;
   EpsMoyens moyens;
-  moyens.memoire = std::size_t{400} << 20;
+  moyens.memoire = std::size_t{250} << 20;
   moyens.dossier = dossier.Chemin();
   Lecture l;
   LireEpsAvec("%!PS\n[ { 60000 string } loop", OptionsLecture{}, moyens, l);
@@ -169,7 +178,7 @@ TEST(LireEps, FilesThatADrawingLeavesAreGone) {
 TEST(LireEps, ADrawingThatPaintsMillionsOfPointsIsRefused) {
   AVEC_GS();
   // Each curve is thousands of chords, and takes 60 bytes of output.
-  const Lecture l = Lit("%!PS\n20000 { 0 0 moveto 0 60000 60000 60000 60000 0 curveto stroke } repeat");
+  const Lecture l = Lit("%!PS\n2000 { 0 0 moveto 0 60000 60000 60000 60000 0 curveto stroke } repeat");
   EXPECT_EQ(l.rapport.Numero, Erreur::Memoire);
   EXPECT_TRUE(l.traits.empty());
 }

@@ -325,6 +325,25 @@ TEST(DecalSequence, OpenPiecesComeInTheOrderAndDirectionOfThePath) {
   EXPECT_NEAR(static_cast<double>(p.back().back().X), 44, 0.01);
 }
 
+TEST(DecalSequence, OpenPathThatComesBackOverItselfLosesNothing) {
+  // Up, back down over itself, then off to the left or on.
+  for (const Forme& f :
+       {Forme{{9, 341}, {9, 347}, {9, 345.5}, {-39, 345.5}, {-39, 347}},
+        Forme{{0, 0}, {43.5, 0}, {43.5, -1.5}, {43.5, 4.5}}, Forme{{0, 0}, {20, 0}, {5, 0}, {30, 0}},
+        Forme{{0, 0}, {20, 0}, {20, 10}, {20, 0}, {40, 0}}}) {
+    for (const double r : {0.96, -0.96, 2.2, -2.2}) {
+      const Trace s = EnTrace(f, false);
+      EXPECT_LE(Mesure(s, Decale(s, r).second, r).Pire(), 0.01) << r << Texte(s);
+    }
+  }
+}
+
+TEST(DecalSequence, OpenZigzagWhoseRoundTipsJustCloseABayLeavesNoLoopInIt) {
+  const Trace s =
+      EnTrace({{3, 5}, {2, 3}, {1, 5}, {0, 1}, {6, 5}, {4, 3}, {2, 0}, {0, 1}, {3, 0}, {0, 1}, {3, 0}}, false);
+  EXPECT_LE(Mesure(s, Decale(s, 1.125).second, 1.125).tropPres, 0.01);
+}
+
 TEST(DecalSequence, PocketFlagOnAnOpenPathGivesItsPlainOffset) {
   const Trace s = EnTrace(Onde(50, 100, 5, 2), false);
   EXPECT_EQ(Decale(s, 2, 40).second, Decale(s, 2, 100).second);

@@ -151,6 +151,10 @@ TEST(NettoyageFichier, EveryDroppedPointLiesWithinTheToleranceOfTheLine) {
   }
 }
 
+TEST(NettoyageFichier, KeepsTheTurningPointsOfAWayBackOverItself) {
+  EXPECT_EQ(Nettoie(EnTrace({{0, 0}, {20, 0}, {12, 0}, {5, 0}, {30, 0}}, false), 0.01F).size(), 4U);
+}
+
 TEST(NettoyageFichier, JitterAroundAPlaceAndWaysBackStayWithinTheTolerance) {
   std::mt19937 g(5);
   std::uniform_real_distribution<double> u(-1, 1);

@@ -4,6 +4,7 @@
 // within a line width where it makes a page. hp2xx draws labels, which are left out here; of the two plots with
 // labels the size is that of the lines by their coordinates in the file: frame 0..10000 x 0..7000, trace 952..9577
 // x 1085..6845. hp2xx places turned plots elsewhere (its own idea of the sheet), so the place is not compared.
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -85,6 +86,59 @@ TEST(LireHpgl, OwnSampleIsReadWhole) {
   EXPECT_EQ(
       std::count_if(l.traits.begin(), l.traits.end(), [](const Trait& t) { return t.nature == Nature::Percage; }),
       2);
+}
+
+// What comes out of the whole road: number of points, paths, bounds.
+struct Resultat {
+  std::int32_t n = 0;
+  std::size_t sequences = 0;
+  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
+  std::string message = std::string(LongueurMessage, ' ');
+};
+
+Resultat Ouvre(const fs::path& chemin) {
+  Resultat r;
+  std::vector<PointTrace> points;
+  r.n = LireFichier(points, chemin.string(), r.xmin, r.xmax, r.ymin, r.ymax, r.message);
+  for (std::size_t i = 0; i < points.size() && r.n > 0; ++i) {
+    if (i == 0 || points[i].Seq != points[i - 1].Seq) ++r.sequences;
+  }
+  return r;
+}
+
+TEST(LireFichier, OpensRealPlotsWithTheBoundsOfTheirLines) {
+  if (!fs::exists(kCorpus)) GTEST_SKIP() << "no corpus here";
+  for (const Attendu& a : kAttendus) {
+    SCOPED_TRACE(a.fichier);
+    const Resultat r = Ouvre(kCorpus / a.fichier);
+    // A dashed marker and a shaded picture: more separate strokes than there are codes for paths.
+    const bool trop =
+        a.fichier == std::string("sc_s_fabric_nesting.plt") || a.fichier == std::string("ez_bf_iso_pe.plt");
+    if (trop) {
+      EXPECT_EQ(r.n, static_cast<std::int32_t>(Erreur::TropDeSequences));
+      continue;
+    }
+    ASSERT_GT(r.n, 0);
+    EXPECT_NEAR(r.xmax - r.xmin, a.large, 0.006 + a.large * 4e-6);
+    EXPECT_NEAR(r.ymax - r.ymin, a.haut, 0.006 + a.haut * 4e-6);
+    if (a.traits < 0) continue;
+    EXPECT_LE(static_cast<long>(r.sequences), a.traits);
+  }
+}
+
+TEST(LireFichier, WeldsTheLooseSegmentsOfTheOwnSample) {
+  const Resultat r = Ouvre(kExemples / "enseigne.plt");
+  // Frame, two holes, A twice, O twice, D twice, leaf, rectangle; the A was eight loose segments.
+  EXPECT_EQ(r.sequences, 11U);
+  EXPECT_FLOAT_EQ(r.xmax - r.xmin, 200);
+  EXPECT_FLOAT_EQ(r.ymax - r.ymin, 80);
+}
+
+TEST(LireFichier, SaysWhatOfAPlotWasLeftOut) {
+  if (!fs::exists(kCorpus)) GTEST_SKIP() << "no corpus here";
+  const Resultat r = Ouvre(kCorpus / "tg_feature_exercise.plt");
+  EXPECT_NE(r.message.find("LB 21"), std::string::npos) << r.message;
+  EXPECT_EQ(r.message.size(), LongueurMessage);
 }
 
 }  // namespace

@@ -98,7 +98,8 @@ TEST(LireHpgl, AnEncodedLineCutOffByTheEndKeepsItsWholePairs) {
 }
 
 TEST(HpglDecodeur, PassesOverBytesThatAreNoDigits) {
-  HpglDecodeur d("\x01 \x80" + Code64(-7) + "\xFF\r\n" + Code64(31));
+  const std::string texte = "\x01 \x80" + Code64(-7) + "\xFF\r\n" + Code64(31);
+  HpglDecodeur d(texte);
   HpglElement e;
   ASSERT_TRUE(d.Suivant(e));
   EXPECT_EQ(e.valeur, (Vec2{-7, 31}));
@@ -108,7 +109,8 @@ TEST(HpglDecodeur, PassesOverBytesThatAreNoDigits) {
 }
 
 TEST(HpglDecodeur, ReadsTheLargestNumbersOfTheFormatExactly) {
-  HpglDecodeur d(Code64((1L << 30) - 1) + Code64(-(1L << 30)));
+  const std::string texte = Code64((1L << 30) - 1) + Code64(-(1L << 30));
+  HpglDecodeur d(texte);
   HpglElement e;
   ASSERT_TRUE(d.Suivant(e));
   EXPECT_EQ(e.valeur, (Vec2{1073741823, -1073741824}));

@@ -136,6 +136,14 @@ TEST(LireHpgl, AFewBytesThatAskForMillionsOfPointsAreRefused) {
   EXPECT_TRUE(l.traits.empty());
 }
 
+TEST(LireHpgl, ALargePolygonEdgedAgainAndAgainOutsideTheWindowIsRefused) {
+  std::string bombe = "PU9,9;PM0;PD";
+  for (int i = 0; i < 50000; ++i) bombe += i % 2 == 0 ? "9,99," : "99,9,";
+  bombe += "9,9;PM2;";
+  for (int i = 0; i < 10000; ++i) bombe += "IW0,0,1,1;EP;";
+  EXPECT_EQ(Lit(bombe).rapport.Numero, Erreur::Memoire);
+}
+
 TEST(LireHpgl, ALargePlainPlotIsNoBomb) {
   // One segment in ten bytes, the densest that plain instructions can be.
   std::string texte = "IN;";

@@ -1,4 +1,7 @@
 // Scaling points, user scale, rotation, window.
+#include <array>
+#include <utility>
+
 #include "closed/pathwerk/HpglFenetre.h"
 #include "tests/unit/pathwerk_hpgl/Mesures.h"
 
@@ -110,6 +113,28 @@ TEST(LireHpgl, RotationTurnsRelativeMovesAndFigures) {
   ASSERT_EQ(t.size(), 2U);
   AttendUnites(t[0], {{900, 100}, {900, 150}});
   AttendUnites(t[1], {{900, 150}, {900, 170}, {890, 170}, {890, 150}});
+}
+
+TEST(LireHpgl, ArcsAndRelativeMovesFollowEveryRotation) {
+  // From (200, 100) a half turn about (100, 100) to (0, 100), then (10, 0) further, in the turned system.
+  const std::string corps = "PU200,100;PD;AA100,100,180;PR10,0;PU;";
+  const std::pair<const char*, std::array<Vec2, 3>> cas[] = {
+      {"RO0;", {{{200, 100}, {0, 100}, {10, 100}}}},
+      {"RO90;", {{{900, 200}, {900, 0}, {900, 10}}}},
+      {"RO180;", {{{800, 500}, {1000, 500}, {990, 500}}}},
+      {"RO270;", {{{100, 400}, {100, 600}, {100, 590}}}},
+  };
+  for (const auto& [tour, attendu] : cas) {
+    SCOPED_TRACE(tour);
+    const auto t = Traits("PS1000,600;" + std::string(tour) + corps);
+    ASSERT_EQ(t.size(), 1U);
+    const auto& p = t[0].points;
+    const Vec2 vus[] = {p.front(), p[p.size() - 2], p.back()};
+    for (std::size_t i = 0; i < 3; ++i) {
+      EXPECT_NEAR(vus[i].x * 40, attendu[i].x, 1e-6);
+      EXPECT_NEAR(vus[i].y * 40, attendu[i].y, 1e-6);
+    }
+  }
 }
 
 TEST(LireHpgl, TheWindowCutsLines) {

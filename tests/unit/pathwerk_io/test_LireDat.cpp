@@ -65,11 +65,29 @@ TEST(LireDat, TypingDamageIsSkippedCountedAndDoesNotCutThePath) {
   EXPECT_EQ(a.Ignores("ligne"), 4);
 }
 
-TEST(LireDat, SeligWithEqualTailPointsIsClosedWithATailGapItStaysOpen) {
-  EXPECT_TRUE(EstFerme(Dat("A\n1 0\n.5 .1\n0 0\n.5 -.1\n1 0\n").sequences.at(0)));
-  const auto a = Dat("A\n1 .001\n.5 .1\n0 0\n.5 -.1\n1 -.001\n");  // far nearer than the weld tolerance
+TEST(LireDat, SeligWithEqualTailPointsIsClosedAsItStands) {
+  const auto a = Dat("A\n1 0\n.5 .1\n0 0\n.5 -.1\n1 0\n");
   EXPECT_EQ(a.n, 5);
-  EXPECT_FALSE(EstFerme(a.sequences.at(0)));
+  EXPECT_TRUE(EstFerme(a.sequences.at(0)));
+}
+
+TEST(LireDat, AnAirfoilWithAThickTailIsAContourAsWell) {
+  const auto a = Dat("A\n1 .02\n.5 .1\n0 0\n.5 -.1\n1 -.02\n");
+  EXPECT_EQ(a.n, 6);
+  EXPECT_TRUE(EstFerme(a.sequences.at(0)));
+  EXPECT_LT(Aire(a.sequences[0]), 0) << "clockwise, so that the default side lies outside the part";
+}
+
+TEST(LireDat, AThickTailIsAtMostATenthOfTheChord) {
+  EXPECT_TRUE(EstFerme(Dat("A\n1 .05\n.5 .1\n0 0\n.5 -.1\n1 -.049\n").sequences.at(0)));
+  EXPECT_FALSE(EstFerme(Dat("A\n1 .05\n.5 .1\n0 0\n.5 -.1\n1 -.052\n").sequences.at(0)));
+}
+
+TEST(LireDat, OtherOpenPathsStayOpen) {
+  // Ends near each other but not at the tail, a way that goes back and forth, a polyline of four points.
+  EXPECT_FALSE(EstFerme(Dat("0 .02\n.5 .1\n1 0\n.5 -.1\n0 -.02\n").sequences.at(0)));
+  EXPECT_FALSE(EstFerme(Dat("1 .02\n.2 .1\n.8 .2\n0 0\n.5 -.1\n1 -.02\n").sequences.at(0)));
+  EXPECT_FALSE(EstFerme(Dat("1 .02\n.5 .1\n0 0\n1 -.02\n").sequences.at(0)));
 }
 
 TEST(LireDat, LednicerSurfacesBecomeOneContourFromTailToTail) {

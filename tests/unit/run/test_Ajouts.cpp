@@ -65,6 +65,65 @@ TEST(AjoutDeplacement, KeepsTheErrorUnderHalfAStepOverManyShortRows) {
   EXPECT_EQ(PasCumulX, 6250);  // 78.125 mm
 }
 
+// Rows of about `pas` mm from -77.7, far enough for 32 bits to round each sum; the worst distance of the steps from
+// the path, in steps of `mmParPas`.
+double PireEcart(int lignes, float pas, double mmParPas) {
+  ParametresPlan p;
+  p.PosX = p.PosY = static_cast<double>(-77.7F);
+  p.MmParPasX = p.MmParPasY = mmParPas;
+  EtatPlan plan;
+  InitialisePlan(plan, p);
+  float x = -77.7F;
+  double pire = 0;
+  for (int i = 0; i < lignes; ++i) {
+    const float suivant = x + pas;
+    PlanAjoute(plan, p, P(x, -x), P(suivant, -suivant), Vrai, 0);
+    x = suivant;
+    const double fait = static_cast<double>(x) - static_cast<double>(-77.7F);
+    pire = std::max({pire, std::abs(fait / mmParPas - plan.PasCumulX), std::abs(fait / mmParPas + plan.PasCumulY)});
+  }
+  return pire;
+}
+
+TEST(AjoutDeplacement, StaysOnThePathOverAMillionRowsFarFromTheStart) {
+  // half a step, and the eighth of one that the sum may be behind; a plain 32-bit sum is off by dozens of steps
+  EXPECT_LE(PireEcart(1000000, 0.0003F, 0.0025), 0.625 + 0.01);
+  EXPECT_LE(PireEcart(1000000, 0.00017F, 0.01), 0.625 + 0.01);
+}
+
+TEST(AjoutDeplacement, AShortJobIsThePlain32BitSum) {
+  ReglagesPlan();
+  CdeZENIK->FixeResolutions(0.0025, 0.0025, 0.0025);
+  CdeZENIK->FixePosition(-77.7, 31.3, 0);
+  InitDecoupe();
+  float cumul = 0;
+  std::int32_t pasCumul = 0;
+  for (int i = 0; i < 30; ++i) {
+    const float x = 0.137F * static_cast<float>(i * i % 17);
+    const float suivant = 0.137F * static_cast<float>((i + 1) * (i + 1) % 17);
+    if (x == suivant) continue;
+    AjoutDeplacement(P(x, 0), P(suivant, 0), Vrai, 0);
+    cumul += suivant - x;
+    const auto pas = static_cast<std::int32_t>(std::nearbyint(static_cast<double>(cumul) / 0.0025 - pasCumul));
+    pasCumul += pas;
+    ASSERT_EQ(Derniere().dX, pas) << i;
+    ASSERT_EQ(CumulX, cumul) << i;
+  }
+}
+
+TEST(AjoutDeplacementZ, TheSumOfManyLiftsStaysWithTheLifts) {
+  ParametresPlan p;
+  p.MmParPasZ = 0.0025;
+  EtatPlan plan;
+  InitialisePlan(plan, p);
+  double z = 0;
+  for (int i = 0; i < 300000; ++i) {
+    PlanAjouteZ(plan, p, 0.0003F, Faux, 0);
+    z += static_cast<double>(0.0003F);
+  }
+  EXPECT_NEAR(plan.PasCumulZ * 0.0025, z, 0.625 * 0.0025 + 1e-5);
+}
+
 TEST(AjoutDeplacement, RoundsHalfAStepToTheEvenNumber) {
   ReglagesPlan();
   CdeZENIK->FixeResolutions(1, 1, 1);
@@ -154,6 +213,8 @@ TEST(AjoutDeplacement, AGivenSpeedIsLimitedToTheAxesInTheMaterialToo) {
   EXPECT_FLOAT_EQ(Derniere().Vitesse, 25);
   AjoutDeplacement(P(3, 4), P(13, 4), Faux, 49);
   EXPECT_EQ(Derniere().Vitesse, 49);
+  AjoutDeplacement(P(13, 4), P(3, 4), Vrai, 0.25F);
+  EXPECT_EQ(Derniere().Vitesse, 0.25F);
 }
 
 TEST(AjoutDeplacement, AnAxisWithoutSpeedStopsTheRowsThatMoveItAlone) {
@@ -215,6 +276,14 @@ TEST(AjoutDeplacement, GrowsBehindTheLastRowOfACompactedTable) {
   EXPECT_EQ(NbDeplacements, 3);
   EXPECT_EQ(Derniere().Z, 1.5F);
   EXPECT_EQ(TableDecoupe.size(), 4U);
+}
+
+TEST(AjoutDeplacement, GoesOnWithATableThatHasBegunWhereverTheMachineIsNow) {
+  ReglagesPlan();
+  InitDecoupe();
+  CdeZENIK->PosX = 30;
+  AjoutDeplacement(P(0, 0), P(1, 1), Vrai, 0);
+  EXPECT_EQ(Texte(Ligne(1)), "0 0 0 @0");
 }
 
 TEST(AjoutDeplacement, BeginsATableThatNobodyHasBegun) {

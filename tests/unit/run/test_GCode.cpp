@@ -87,6 +87,12 @@ TEST(EcritGCode, RefusesANegativeSpeedWhichNoMachineTakes) {
   AttendRefus("F_Fraisage", "lib041");
 }
 
+TEST(EcritGCode, RefusesASpeedBeyondAllMachines) {
+  Travail();
+  Vitesse_Mat_H = 1e300;
+  AttendRefus("F_Fraisage", "lib041");
+}
+
 TEST(EcritGCode, ARefusedSpeedLeavesTheResolutionsAndTheTable) {
   Travail();
   Vitesse_Mat_H = 0;
@@ -134,6 +140,8 @@ TEST(EcritGCode, AsksForTheNameAndProposesTheLastOne) {
   EXPECT_TRUE(demandes[0].enregistrer);
   EXPECT_EQ(demandes[0].titre, "NC");
   EXPECT_EQ(demandes[0].motif, "*.nc");
+  EXPECT_THAT(demandes[0].filtre, testing::HasSubstr("NC"));
+  EXPECT_THAT(demandes[0].filtre, testing::HasSubstr("nc"));
   EXPECT_EQ(demandes[0].propose, "");
   EXPECT_EQ(demandes[1].propose, Chemin("un.nc"));
   EXPECT_EQ(NomFichierNC, Chemin("un.nc"));
@@ -162,6 +170,7 @@ TEST(EcritGCode, HoldsTheHeaderInItsOrder) {
   Travail();
   Vitesse_Mat_H = 2.5;
   RayonFraise = 1.5;
+  HautDeg = 6.5F;
   ProfFraisage = -2;
   Svc.MarqueDecimale = ',';
   EcritureNC r;
@@ -178,7 +187,7 @@ TEST(EcritGCode, HoldsTheHeaderInItsOrder) {
       "( " + t("lib048") + " 50)",
       "( " + t("lib049") + " 20)",
       "( " + t("lib050") + " 8)",
-      "( " + t("lib051") + " 5)",
+      "( " + t("lib051") + " 6,5)",
       "( " + t("lib052") + " -2)",
       "( " + t("lib053") + " -2)",
       "( " + t("lib054") + " 1,5)",
@@ -201,6 +210,10 @@ TEST(EcritGCode, WithoutAnOffsetThereIsNoLineForTheRadius) {
   Travail();
   EcritureNC avec;
   ASSERT_TRUE(EcritGCode(Chemin(), avec));
+  DecalageOutil = 3;  // the other side
+  EcritureNC autre;
+  ASSERT_TRUE(EcritGCode(Chemin("autre.nc"), autre));
+  EXPECT_EQ(autre.lignes, avec.lignes);
   DecalageOutil = 2;
   EcritureNC sans;
   ASSERT_TRUE(EcritGCode(Chemin("sans.nc"), sans));
@@ -313,6 +326,7 @@ TEST(EcritGCode, ReplacesWhatWasThere) {
 TEST(EcritGCode, ShowsItsCountGoingUpWhileItWrites) {
   ReglagesPlan();
   std::vector<PointEssai> points;
+  points.reserve(9000);
   for (int i = 0; i < 9000; ++i) points.push_back({static_cast<float>(i), 0});
   AjouteTrajet(" A", -1, points);
   double heure = 0;

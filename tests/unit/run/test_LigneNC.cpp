@@ -52,6 +52,8 @@ TEST(EcritNombreNC, NeverWritesANegativeZero) {
 
 TEST(EcritNombreNC, HoldsTheLargest32BitValuesAndNoInfinity) {
   EXPECT_EQ(EnTexte(16777216e9, 3), "16777216000000000.000");
+  EXPECT_EQ(EnTexte(4e18, 3), "4000000000000000000.000");
+  EXPECT_EQ(EnTexte(-9e21, 3), "-9000000000000000000000.000");
   EXPECT_EQ(EnTexte(-static_cast<double>(std::numeric_limits<float>::max()), 5),
             "-340282346638528859811704183484516925440.00000");
   EXPECT_LE(EnTexte(-1e308, 9).size(), TailleNombreNC);

@@ -146,6 +146,13 @@ TEST(Tableau_Decoupe, ASinglePointIsAHoleInOneStroke) {
                                "0 0 5 @50", "0 0 0 @8"}));
 }
 
+TEST(Tableau_Decoupe, ASinglePointIsNotPecked) {
+  ReglagesPlan();
+  AjouteTrajet(" A", -3, {{3, 0}});
+  EXPECT_EQ(Planifie(), (Liste{"0 0 5 @8", "3 0 5 @50", "3 0 0 @8", "3 0 -2 @1", "3 0 -3 @1", "3 0 0 @1",
+                               "3 0 5 @8", "0 0 5 @50", "0 0 0 @8"}));
+}
+
 TEST(Tableau_Decoupe, ACodeWithoutARecordIsMilledAtDepthZero) {
   ReglagesPlan();
   AjouteTrajet(" A", -3, {{0, 0}, {10, 0}, {0, 0}});
@@ -223,6 +230,15 @@ TEST(Tableau_Decoupe, APathIsFinishedBeforeTheNextAndCountsItsOwnPasses) {
   AjouteTrajet(" A", -2, {{5, 0}, {6, 0}, {5, 0}});
   EXPECT_EQ(Passes(), (std::vector<float>{-2, -4, -2}));
   EXPECT_EQ(PassePremiere, 2);  // behind the only pass of the last path
+}
+
+TEST(Tableau_Decoupe, ComesDownFromClearanceOnceHoweverManyPassesThereAre) {
+  ReglagesPlan();
+  ProfPasse = -0.0001;
+  AjouteTrajet(" A", -8, {{0, 0}, {1, 0}, {0, 0}});  // more passes than 16 bits can count
+  ASSERT_TRUE(Tableau_Decoupe());
+  EXPECT_GT(NbDeplacements, 3 * 65536);                           // a plunge and two cuts each
+  EXPECT_EQ(Plongees(8), (std::vector<float>{0, Derniere().Z}));  // to the surface at the start and at the end
 }
 
 TEST(Tableau_Decoupe, SeveralPiecesOfOnePathTakeItsDepthOneAfterTheOther) {
@@ -385,6 +401,7 @@ TEST(Tableau_Decoupe, TheStepsOfAWholeJobAddUpToTheWayBack) {
 TEST(Tableau_Decoupe, LetsPaintingGoOnByTheClockAlone) {
   ReglagesPlan();
   std::vector<PointEssai> points;
+  points.reserve(10000);
   for (int i = 0; i < 10000; ++i) points.push_back({static_cast<float>(i), 0});
   AjouteTrajet(" A", -1, points);
   int battements = 0;

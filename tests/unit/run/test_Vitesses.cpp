@@ -58,6 +58,11 @@ TEST(Vitesse_Decoupe_H, TakesFiveWhereTheTableSaysNothing) {
   Mesure(sansRampe, max);
   EXPECT_NEAR(sansRampe, 5, 1e-9);
   EXPECT_NEAR(max, 5, 1e-9);
+  InitDecoupe();
+  AjoutDeplacementRelatif(10, 0, Vrai, 0);
+  Mesure(sansRampe, max);
+  EXPECT_NEAR(sansRampe, 5, 1e-9);
+  EXPECT_NEAR(max, 5, 1e-9);
 }
 
 TEST(Vitesse_Decoupe_H, SkipsVerticalRowsAndStaysHighWithoutAMove) {

@@ -33,7 +33,8 @@ TEST_F(EntreRayonFraise_, RecomputesAllTraces) {
   EXPECT_EQ(biblio.appels.size(), 2U);
   EXPECT_EQ(biblio.appels[1].decal, 1.25F);
   EXPECT_EQ(Modifie, Vrai);
-  EXPECT_EQ(Ecrite("RayonFraise"), "1.25");
+  // The radius waits for the save, or for the end without a project.
+  EXPECT_EQ(Ecrite("RayonFraise"), "(absente)");
 }
 
 TEST_F(EntreRayonFraise_, AcceptsZero) {
@@ -99,6 +100,12 @@ TEST_F(EntreHautDeg_, TestsTheValueStoredSoFar) {
   AttendTexte("< 0 !");
   EXPECT_FALSE(EntreHautDeg("12"));
   EXPECT_EQ(HautDeg, -4);
+}
+
+TEST_F(EntreHautDeg_, TakesAnotherHeightBehindZero) {
+  HautDeg = 0;
+  EXPECT_TRUE(EntreHautDeg("4"));
+  EXPECT_EQ(HautDeg, 4);
 }
 
 TEST_F(EntreHautDeg_, StoresAndWrites) {

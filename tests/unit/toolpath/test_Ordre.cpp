@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <limits>
+#include <random>
+
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
@@ -268,6 +272,19 @@ TEST(ChangeDepart, LeavesThePathAloneForItsClosingPoint) {
   const auto avant = TraceInitial;
   EXPECT_TRUE(ChangeDepart(4));
   EXPECT_EQ(TraceInitial, avant);
+  // Equal to the first, field by field.
+  TraceInitial[4].Cde = CodePC;
+  EXPECT_TRUE(ChangeDepart(4));
+  EXPECT_EQ(TraceInitial, avant);
+}
+TEST(ChangeDepart, LeavesADrillingPointAlone) {
+  BiblioEssai biblio;
+  AjouteSequence(" A", {{3, 4}, {3, 4}});
+  const auto avant = TraceInitial;
+  EXPECT_TRUE(ChangeDepart(1));
+  EXPECT_EQ(TraceInitial, avant);
+  EXPECT_EQ(CodesTraces(), " A");
+  EXPECT_TRUE(biblio.appels.empty());
 }
 
 TEST(ChangeDepart, RefusesAnOpenPathWithMessageAndBeep) {
@@ -297,4 +314,74 @@ TEST(InverseSelectionnees, ReversesTheSelectedPathsAndKeepsTheSide) {
   for (const auto& s : Sequences) EXPECT_EQ(s.Decalage, 1);
   EXPECT_EQ(CodesTraces(), " A B C");
   EXPECT_EQ(Modifie, Vrai);
+}
+
+namespace {
+
+// The automatic choice by the letter: for each change of code all points are looked at, and the turn is done at
+// once.
+void OptimiseDUnTrait() {
+  PointTrace position;
+  for (const Code2 code : ListeCodes()) {
+    double meilleur = 1e15;
+    std::int32_t choisi = -1;
+    for (std::size_t i = 0; i < TraceInitial.size(); ++i) {
+      const double d = DistancePoints(position, TraceInitial[i]);
+      if (TraceInitial[i].Seq != code || !(d < meilleur)) continue;
+      meilleur = d;
+      choisi = static_cast<std::int32_t>(i);
+    }
+    position = TraceInitial[static_cast<std::size_t>(choisi)];
+    const std::int32_t premier = IndexSequence(code);
+    const Etendue e{code, premier, NbPointsSequence(premier)};
+    if (choisi > premier && choisi < premier + e.nombre - 1 && EstFermee(e)) {
+      const auto debut = TraceInitial.begin() + premier;
+      std::rotate(debut, TraceInitial.begin() + choisi, debut + e.nombre - 1);
+      *(debut + e.nombre - 1) = *debut;
+    }
+  }
+}
+
+}  // namespace
+
+TEST(mnu_Optimisation_Click, OfCodesInManyRunsIsThatOfEachRunAfterTheOther) {
+  std::mt19937 hasard(9);
+  const auto tire = [&](int n) { return static_cast<int>(hasard() % static_cast<unsigned>(n)); };
+  for (int essai = 0; essai < 300; ++essai) {
+    BiblioEssai biblio;
+    Doc = Document{};
+    // On a small grid, so that there are equal distances and points on each other.
+    const int grille = 2 + tire(essai % 2 == 0 ? 5 : 500);
+    const int runs = 1 + tire(60);
+    for (int r = 0; r < runs; ++r) {
+      const Code2 code(u' ', static_cast<char16_t>(u'A' + tire(1 + essai % 5)));
+      const std::size_t debut = TraceInitial.size();
+      for (int k = 1 + tire(r < 6 ? 40 : 3); k > 0; --k) {
+        const auto x = static_cast<float>(tire(grille)), y = static_cast<float>(tire(grille));
+        TraceInitial.push_back({x, y, tire(9) == 0 ? CodePU : CodePD, code});
+      }
+      if (tire(4) != 0) {
+        const PointTrace premier = TraceInitial[debut];
+        TraceInitial.push_back({premier.X, premier.Y, CodePD, code});
+      }
+    }
+    NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+    const auto avant = TraceInitial;
+    OptimiseDUnTrait();
+    const auto attendu = TraceInitial;
+    TraceInitial = avant;
+    mnu_Optimisation_Click();
+    ASSERT_EQ(TraceInitial, attendu) << essai;
+  }
+}
+
+TEST(mnu_Optimisation_Click, LeavesOutPointsBeyondReachInEveryRun) {
+  BiblioEssai biblio;
+  const float loin = std::numeric_limits<float>::infinity();
+  TraceInitial = Trace(" A", {{loin, 0}, {5, 5}, {loin, 0}});
+  for (const auto& p : Trace(" B", {{6, 5}, {9, 9}})) TraceInitial.push_back(p);
+  for (const auto& p : Trace(" A", {{loin, 2}})) TraceInitial.push_back(p);
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  mnu_Optimisation_Click();
+  EXPECT_EQ(Lieux({TraceInitial.begin(), TraceInitial.begin() + 3}), (Liste{{5, 5}, {loin, 0}, {5, 5}}));
 }

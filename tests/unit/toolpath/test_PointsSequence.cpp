@@ -85,6 +85,15 @@ TEST(FermeSequences, CopiesTheFirstPointBehindTheEndOfSelectedPaths) {
   EXPECT_EQ(CodesDessin(), " A B C");
 }
 
+TEST(FermeSequences, ClosesTheFirstRunOfACodeAlone) {
+  AjouteSequence(" A", {{0, 0}, {1, 0}, {1, 1}});
+  AjouteSequence(" B", {{5, 5}, {6, 5}, {5, 5}});
+  for (const auto& p : Trace(" A", {{8, 8}, {9, 8}})) TraceInitial.push_back(p);
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  FermeSequences();
+  EXPECT_EQ(AbscissesDessin(), (std::vector<float>{0, 1, 1, 0, 5, 6, 5, 8, 9}));
+}
+
 TEST(FermeSequences, TwiceAddsOnlyOnePoint) {
   TroisChemins();
   FermeSequences();

@@ -145,6 +145,16 @@ TEST(GenereTexte, StartsAnewBehindADeletionOfEverything) {
   EXPECT_EQ(Sequences.size(), 2U);
 }
 
+TEST(GenereTexte, KeepsTheDrawingBehindAProjectRefusedForWantOfPoints) {
+  BiblioEssai biblio;
+  Biblio.Texte = LettreO;
+  AjouteCarre(" A", 0, 0, 10);
+  NbPoints = 0;
+  EXPECT_TRUE(GenereTexte("O", "Sans", 0, 0));
+  EXPECT_EQ(CodesDessin(), " A B C");
+  EXPECT_EQ(NbPoints, static_cast<std::int32_t>(TraceInitial.size()));
+}
+
 TEST(GenereTexte, StartsAnewBehindAFailedReading) {
   BiblioEssai biblio;
   Biblio.Texte = LettreO;

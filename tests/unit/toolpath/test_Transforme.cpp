@@ -3,7 +3,9 @@
 
 #include "core/Cles.h"
 #include "core/Reglages.h"
+#include "core/Traduction.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
+#include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -298,6 +300,63 @@ TEST(SupprimePoints, RecomputesOnePathOrAll) {
   SupprimePoints({1, 6});
   EXPECT_EQ(CodesTraces(), " A B");
   EXPECT_EQ(Modifie, Vrai);
+}
+
+TEST(EchelleSelection, RefusesAPlaceOutsideThePlane) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  const auto avant = TraceInitial;
+  Attend("F_Representation", "lib113");
+  EXPECT_FALSE(EchelleSelection(1, 1e6F));
+  EXPECT_EQ(TraceInitial, avant);
+  // The last place of the plane is one: the box is 120 wide about X = 60.
+  EXPECT_TRUE(EchelleSelection(1e5F, 1));
+  EXPECT_EQ(TraceInitial[0].X, 60 - 60e5F);
+}
+
+TEST(MiroirSelection, RefusesAPlaceOutsideThePlaneAndReversesNothing) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  TraceInitial[2].Y = 1.5e7F;
+  const auto avant = TraceInitial;
+  Attend("F_Representation", "lib113");
+  EXPECT_FALSE(MiroirSelection(1));
+  EXPECT_EQ(TraceInitial, avant);
+}
+
+TEST(PlaceOrigine, RefusesAPlaceOutsideThePlane) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  OrigineY = -1e7F;
+  const auto avant = TraceInitial;
+  Attend("F_Representation", "lib113");
+  EXPECT_FALSE(PlaceOrigine());
+  EXPECT_EQ(TraceInitial, avant);
+  EXPECT_EQ(Modifie, Faux);
+}
+
+TEST(SupprimePoints, TellsWhatItDoes) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  Regl.ConfirmSuppr = false;
+  SupprimePoints({1});
+  std::string textes;
+  for (const auto& [panneau, montre] : Panneaux()) {
+    EXPECT_EQ(panneau, 5);
+    textes += montre + "|";
+  }
+  const auto texte = [](const char* cle) { return Traduire("F_Representation", cle); };
+  EXPECT_EQ(textes, texte("lib101") + "||" + texte("lib004") + "|" + texte("lib002") + "|");
+}
+
+TEST(SupprimePoints, LeavesTheOldTraceOfAPathThatHasNoPointsLeft) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  Regl.ConfirmSuppr = false;
+  RecalculDecalages();
+  SupprimePoints({0, 1, 2, 3, 4});
+  EXPECT_EQ(CodesDessin(), " B");
+  EXPECT_EQ(CodesTraces(), " A B");
 }
 
 TEST(SupprimePoints, IgnoresPointsThatAreNotThere) {

@@ -392,7 +392,7 @@ TEST(Demarre, TheFirstStartWritesTheDefaultSettingsAndThePresets) {
 }
 
 TEST(Demarre, AFolderThatCantBeWrittenGoesOnWithTheBuiltInValues) {
-  const std::string config = essai::Dossier() + "/absent/dossier";
+  const std::string config = EcritFichierEssai("fichier", "no folder") + "/dossier";
   Attend("erreurs", "401", Reponse::Ok);
   OptionsDemarrage options;
   options.dossierExecutable = essai::Dossier();
@@ -403,9 +403,8 @@ TEST(Demarre, AFolderThatCantBeWrittenGoesOnWithTheBuiltInValues) {
   EXPECT_EQ(TableDefaut, "KR4400");
 }
 
-TEST(Demarre, OptionsStandBeforeTheKeys) {
-  const std::string config = essai::Dossier() + "/config";
-  std::filesystem::create_directories(config);
+TEST(Demarre, OptionsStandBeforeTheKeysAndANewFolderIsMade) {
+  const std::string config = essai::Dossier() + "/un/nouveau";
   Attend("erreurs", "401", Reponse::Ok);
   OptionsDemarrage options;
   options.dossierExecutable = essai::Dossier();

@@ -1,0 +1,1 @@
+PE7<=gEpKcBowH;PM0PEÑ¿¿Ñ;PM2FP

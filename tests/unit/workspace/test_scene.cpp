@@ -1,0 +1,594 @@
+// What the picture shows, in which order, colours and places. At this scale a millimetre is a pixel of 15 twips,
+// and the drawing's origin stands in the lower left corner: (x, y) mm is shown at (15 x, 1500 - 15 y).
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/Reglages.h"
+#include "tests/support/Support.h"
+#include "workspace/Module_Scene.h"
+
+namespace {
+
+using namespace ovelin;
+using Points = std::vector<PointEcran>;
+
+constexpr TailleImage Image{3000, 1500};
+constexpr EtatVue Face{15, 0, 0, 0, 0};
+
+OptionsScene Options() {
+  OptionsScene o;
+  o.couleurNumero = 1;
+  o.couleurSequence = 2;
+  o.couleurInitial = 3;
+  o.couleurSelectionne = 4;
+  o.couleurDecalage = 5;
+  o.couleurEncoche = 6;
+  o.legendeDessin = "dessin";
+  o.legendeDecalage = "trajet";
+  o.mesureTexte = [](const std::string& t) { return TailleTexte{100.0F * static_cast<float>(t.size()), 160}; };
+  return o;
+}
+
+Scene Construit(const OptionsScene& o = Options()) {
+  Scene scene;
+  ConstruitScene(Doc, Face, Image, o, scene);
+  return scene;
+}
+
+std::vector<Primitive> De(const Scene& scene, Element element) {
+  std::vector<Primitive> p;
+  std::copy_if(scene.Primitives.begin(), scene.Primitives.end(), std::back_inserter(p),
+               [&](const Primitive& q) { return q.element == element; });
+  return p;
+}
+
+Points PointsDe(const Scene& scene, const Primitive& p) {
+  const auto vue = scene.PointsDe(p);
+  return {vue.begin(), vue.end()};
+}
+
+void AjouteTrace(const std::string& code, std::vector<PointTrace> points) {
+  TraceDecale.push_back({Code2(code), std::move(points)});
+}
+
+PointTrace P(float x, float y, Code2 cde = CodePD) { return {x, y, cde, {}}; }
+
+void Deselectionne() {
+  for (SequenceInfo& s : Sequences) s.Selection = Faux;
+}
+
+TEST(Dessin, ShowsNothingWithoutADrawing) { EXPECT_TRUE(Construit().Primitives.empty()); }
+
+TEST(Dessin, ShowsNothingOfARefusedReading) {
+  essai::AjouteCarre(" A", 10, 10, 20);
+  NbPoints = -115;
+  EXPECT_TRUE(Construit().Primitives.empty());
+}
+
+TEST(Dessin, IsBoundedByTheArrayWhateverTheCountSays) {
+  essai::AjouteCarre(" A", 10, 10, 20);
+  const Scene juste = Construit();
+  NbPoints = 1000;
+  EXPECT_EQ(Construit().Points, juste.Points);
+}
+
+TEST(Dessin, ReplacesWhatTheSceneHeld) {
+  essai::AjouteCarre(" A", 10, 10, 20);
+  Scene scene = Construit();
+  const auto avant = scene.Primitives;
+  ConstruitScene(Doc, Face, Image, Options(), scene);
+  EXPECT_EQ(scene.Primitives, avant);
+}
+
+TEST(Dessin, KeepsTheOrderOfItsElements) {
+  essai::AjouteCarre(" A", 10, 10, 20);
+  essai::AjouteCarre(" B", 50, 10, 20);
+  TraceInitial[2].Cde = CodePC;
+  AjouteTrace(" A", {P(5, 5), P(5, 40)});
+  AjouteTrace(" B", {P(60, 5), P(60, 40)});
+  OptionsScene o = Options();
+  o.numPoint = o.sequence = true;
+  const Scene scene = Construit(o);
+  std::vector<Element> elements;
+  for (const Primitive& p : scene.Primitives) {
+    if (elements.empty() || elements.back() != p.element) elements.push_back(p.element);
+  }
+  EXPECT_EQ(elements, (std::vector<Element>{Element::Etendue, Element::Initial, Element::Outil, Element::Attaches,
+                                            Element::Departs, Element::Numeros, Element::Axes, Element::Legende}));
+}
+
+TEST(Dessin, FramesTheExtentInBlackDashDotDot) {
+  essai::AjouteSequence(" A", {{10, 20}, {30, 20}, {30, 60}});
+  const auto cadre = De(Construit(), Element::Etendue);
+  ASSERT_EQ(cadre.size(), 1U);
+  EXPECT_EQ(cadre[0].genre, Genre::Ligne);
+  EXPECT_EQ(cadre[0].style, StyleTrait::TiretPointPoint);
+  EXPECT_EQ(static_cast<int>(cadre[0].style), 4);
+  EXPECT_EQ(cadre[0].couleur, 0);
+  EXPECT_EQ(cadre[0].fond, SansFond);
+  EXPECT_EQ(PointsDe(Construit(), cadre[0]),
+            (Points{{150, 1200}, {450, 1200}, {450, 600}, {150, 600}, {150, 1200}}));
+}
+
+TEST(Dessin, TakesTheExtentFromThePointsThemselves) {
+  essai::AjouteSequence(" A", {{10, 20}, {30, 60}});
+  Xmin = -500, Xmax = 500;  // of a moment ago
+  const Scene scene = Construit();
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[0])[0], (PointEcran{150, 1200}));
+}
+
+TEST(Dessin, DrawsSelectedPathsInTheirColourAndTheOthersInTheInitialOne) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}, {20, 30}});
+  essai::AjouteSequence(" B", {{50, 10}, {60, 10}});
+  Sequences[0].Selection = Faux;
+  const Scene scene = Construit();
+  const auto lignes = De(scene, Element::Initial);
+  ASSERT_EQ(lignes.size(), 2U);
+  EXPECT_EQ(lignes[0].couleur, 3);
+  EXPECT_EQ(lignes[0].style, StyleTrait::Plein);
+  EXPECT_EQ(PointsDe(scene, lignes[0]), (Points{{150, 1350}, {300, 1350}, {300, 1050}}));
+  EXPECT_EQ(lignes[1].couleur, 4);
+  EXPECT_EQ(PointsDe(scene, lignes[1]), (Points{{750, 1350}, {900, 1350}}));
+}
+
+TEST(Dessin, NeverJoinsTwoPaths) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  essai::AjouteSequence(" B", {{20, 10}, {20, 30}});
+  EXPECT_EQ(De(Construit(), Element::Initial).size(), 2U);
+}
+
+TEST(Dessin, DrawsAPathWithoutARecordAsNotSelected) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  Sequences.assign(1, SequenceInfo{});
+  EXPECT_EQ(De(Construit(), Element::Initial)[0].couleur, 3);
+}
+
+TEST(Dessin, TakesTheFirstRecordOfACodeThatStandsTwice) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  Sequences.push_back(Sequences[0]);
+  Sequences[0].Selection = Faux;
+  EXPECT_EQ(De(Construit(), Element::Initial)[0].couleur, 3);
+}
+
+TEST(Dessin, ShowsAHoleAsADotThatCanBeSeen) {
+  essai::AjouteSequence(" A", {{10, 10}, {10, 10}});
+  const Scene scene = Construit();
+  const auto trous = De(scene, Element::Initial);
+  ASSERT_EQ(trous.size(), 1U);
+  EXPECT_EQ(trous[0].genre, Genre::Points);
+  EXPECT_GE(trous[0].mesure, 3 * TwipsParPixel);
+  EXPECT_EQ(PointsDe(scene, trous[0]), (Points{{150, 1350}}));
+}
+
+TEST(CoteMarque, IsTheRootOfTheAreaDividedBy75AsAWholeNumber) {
+  EXPECT_EQ(CoteMarque(Image), 28.0F);           // 2121.3 / 75 = 28.28
+  EXPECT_EQ(CoteMarque({12000, 9000}), 139.0F);  // 10392.3 / 75 = 138.56
+  EXPECT_EQ(CoteMarque({0, 9000}), 0.0F);
+  EXPECT_EQ(CoteMarque({-10, 9000}), 0.0F);
+}
+
+TEST(Dessin, MarksEachPointOnlyWithTheButtonDown) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}, {20, 30}});
+  EXPECT_EQ(De(Construit(), Element::Initial).size(), 1U);
+  OptionsScene o = Options();
+  o.numPoint = true;
+  const Scene scene = Construit(o);
+  const auto marques = De(scene, Element::Initial);
+  ASSERT_EQ(marques.size(), 2U);
+  EXPECT_EQ(marques[1].genre, Genre::Carres);
+  EXPECT_EQ(marques[1].mesure, 28.0F);
+  EXPECT_EQ(marques[1].couleur, 4);
+  EXPECT_EQ(PointsDe(scene, marques[1]), (Points{{150, 1350}, {300, 1350}, {300, 1050}}));
+}
+
+TEST(Dessin, LaysTheMarksOfAPathBetweenItsLineAndTheNextPath) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  essai::AjouteSequence(" B", {{50, 10}, {60, 10}});
+  OptionsScene o = Options();
+  o.numPoint = true;
+  const auto p = De(Construit(o), Element::Initial);
+  ASSERT_EQ(p.size(), 4U);
+  EXPECT_EQ(p[0].genre, Genre::Ligne);
+  EXPECT_EQ(p[1].genre, Genre::Carres);
+  EXPECT_EQ(p[2].genre, Genre::Ligne);
+  EXPECT_EQ(p[3].genre, Genre::Carres);
+}
+
+TEST(Dessin, ShowsMovesInTheAirDottedWithAnArrowThenTheToolPath) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  AjouteTrace(" A", {P(40, 20), P(80, 20)});
+  AjouteTrace(" A", {P(80, 60), P(40, 60)});
+  const Scene scene = Construit();
+  const auto p = De(scene, Element::Outil);
+  ASSERT_EQ(p.size(), 6U);
+  for (const Primitive& q : p) EXPECT_EQ(q.couleur, 5);
+  // From the origin, where a job starts, to the first path.
+  EXPECT_EQ(p[0].style, StyleTrait::Pointille);
+  EXPECT_EQ(static_cast<int>(p[0].style), 2);
+  EXPECT_EQ(PointsDe(scene, p[0]), (Points{{0, 1500}, {600, 1200}}));
+  EXPECT_EQ(p[1].genre, Genre::Fleches);
+  EXPECT_EQ(p[2].style, StyleTrait::Plein);
+  EXPECT_EQ(PointsDe(scene, p[2]), (Points{{600, 1200}, {1200, 1200}}));
+  // From the end of that path straight up to the next one; the arrow of 90 twips around the middle.
+  EXPECT_EQ(PointsDe(scene, p[3]), (Points{{1200, 1200}, {1200, 600}}));
+  const Points fleche = PointsDe(scene, p[4]);
+  ASSERT_EQ(fleche.size(), 3U);
+  EXPECT_EQ(fleche[1], (PointEcran{1200, 855}));
+  EXPECT_EQ(fleche[0].Y, 945.0F);
+  EXPECT_EQ(fleche[2].Y, 945.0F);
+  EXPECT_EQ(fleche[0].X + fleche[2].X, 2400.0F);
+  EXPECT_EQ(PointsDe(scene, p[5]), (Points{{1200, 600}, {600, 600}}));
+}
+
+TEST(Dessin, LeavesOutPathsThatAreNotMilledAndFailedOffsets) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  essai::AjouteSequence(" B", {{10, 10}, {20, 10}});
+  essai::AjouteSequence(" C", {{10, 10}, {20, 10}});
+  Sequences[1].Fraiser = Faux;
+  AjouteTrace(" A", {P(40, 20), P(80, 20)});
+  AjouteTrace(" B", {P(5, 5), P(6, 6)});
+  AjouteTrace(" C", {});
+  AjouteTrace(" C", {P(80, 60), P(40, 60)});
+  const Scene scene = Construit();
+  const auto p = De(scene, Element::Outil);
+  ASSERT_EQ(p.size(), 6U);
+  EXPECT_EQ(PointsDe(scene, p[3]), (Points{{1200, 1200}, {1200, 600}}));  // straight from A to C
+}
+
+TEST(Dessin, ShowsNoToolPathWhenNothingIsMilled) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  Sequences[0].Fraiser = Faux;
+  AjouteTrace(" Z", {P(40, 20), P(80, 20)});  // its record is missing, which counts as milled
+  EXPECT_TRUE(De(Construit(), Element::Outil).empty());
+  Sequences[0].Fraiser = Vrai;
+  EXPECT_FALSE(De(Construit(), Element::Outil).empty());
+}
+
+TEST(Dessin, AShortMoveInTheAirHasNoArrowAndOneWithinAPixelNothingAtAll) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  AjouteTrace(" A", {P(2, 0), P(40, 0)});         // 30 twips from the origin
+  AjouteTrace(" A", {P(40, 0.5F), P(80, 0.5F)});  // 7.5 twips
+  const auto p = De(Construit(), Element::Outil);
+  ASSERT_EQ(p.size(), 3U);
+  for (const Primitive& q : p) EXPECT_EQ(q.genre, Genre::Ligne);
+  EXPECT_EQ(p[0].style, StyleTrait::Pointille);
+  EXPECT_EQ(p[1].style, StyleTrait::Plein);
+  EXPECT_EQ(p[2].style, StyleTrait::Plein);
+}
+
+TEST(Dessin, ShowsANotchDottedInItsColour) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  AjouteTrace(" A", {P(10, 0), P(20, 0), P(30, 0, CodePE), P(40, 0, CodePE), P(50, 0, CodePC), P(60, 0, CodePE),
+                     P(70, 0), P(80, 0)});
+  const Scene scene = Construit();
+  auto p = De(scene, Element::Outil);
+  p.erase(p.begin(), p.begin() + 2);  // the move in the air
+  ASSERT_EQ(p.size(), 3U);
+  EXPECT_EQ(PointsDe(scene, p[0]), (Points{{150, 1500}, {300, 1500}, {450, 1500}}));
+  EXPECT_EQ(p[0].style, StyleTrait::Plein);
+  EXPECT_EQ(p[0].couleur, 5);
+  EXPECT_EQ(PointsDe(scene, p[1]), (Points{{450, 1500}, {600, 1500}, {750, 1500}, {900, 1500}, {1050, 1500}}));
+  EXPECT_EQ(p[1].style, StyleTrait::Pointille);
+  EXPECT_EQ(p[1].couleur, 6);
+  EXPECT_EQ(PointsDe(scene, p[2]), (Points{{1050, 1500}, {1200, 1500}}));
+  EXPECT_EQ(p[2].style, StyleTrait::Plein);
+  EXPECT_EQ(p[2].couleur, 5);
+}
+
+TEST(Dessin, AMarkWithoutANotchIsDottedInTheColourOfThePath) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  AjouteTrace(" A", {P(10, 0), P(20, 0, CodePC), P(30, 0)});
+  auto p = De(Construit(), Element::Outil);
+  p.erase(p.begin(), p.begin() + 2);
+  ASSERT_EQ(p.size(), 2U);
+  EXPECT_EQ(p[1].style, StyleTrait::Pointille);
+  EXPECT_EQ(p[1].couleur, 5);
+}
+
+TEST(Dessin, AMarkAtTheEndOfATraceStartsNoStretch) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  AjouteTrace(" A", {P(10, 0), P(20, 0), P(30, 0, CodePC)});
+  auto p = De(Construit(), Element::Outil);
+  ASSERT_EQ(p.size(), 3U);
+  EXPECT_EQ(p[2].style, StyleTrait::Plein);
+  EXPECT_EQ(p[2].nombre, 3U);
+}
+
+TEST(Dessin, ShowsTheToolInAHoleAndATraceOfOnePoint) {
+  essai::AjouteSequence(" A", {{10, 10}, {10, 10}});
+  AjouteTrace(" A", {P(10, 10), P(10, 10)});
+  AjouteTrace(" A", {P(50, 10)});
+  const Scene scene = Construit();
+  Points vus;
+  for (const Primitive& p : De(scene, Element::Outil)) {
+    if (p.genre != Genre::Points) continue;
+    for (const PointEcran& q : PointsDe(scene, p)) vus.push_back(q);
+  }
+  EXPECT_EQ(vus, (Points{{150, 1350}, {750, 1350}}));
+}
+
+TEST(Dessin, MarksAttachmentPointsOfTheDrawing) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}, {20, 30}});
+  TraceInitial[1].Cde = CodePC;
+  const Scene scene = Construit();
+  const auto p = De(scene, Element::Attaches);
+  ASSERT_EQ(p.size(), 1U);
+  EXPECT_EQ(p[0].genre, Genre::Carres);
+  EXPECT_EQ(p[0].couleur, 6);
+  EXPECT_EQ(p[0].mesure, 28.0F);
+  EXPECT_EQ(PointsDe(scene, p[0]), (Points{{300, 1350}}));
+}
+
+TEST(Dessin, MarksTheStartWithAnArrowAlongTheFirstStretch) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}, {20, 30}});
+  essai::AjouteSequence(" B", {{50, 10}, {50, 12}});
+  const Scene scene = Construit();
+  const auto p = De(scene, Element::Departs);
+  ASSERT_EQ(p.size(), 1U);
+  EXPECT_EQ(p[0].genre, Genre::Fleches);
+  EXPECT_EQ(p[0].couleur, 1);
+  // 120 twips long, 90 wide: to the right from the first start, upward from the second.
+  EXPECT_EQ(PointsDe(scene, p[0]),
+            (Points{{150, 1395}, {270, 1350}, {150, 1305}, {795, 1350}, {750, 1230}, {705, 1350}}));
+}
+
+TEST(Dessin, TakesTheDirectionOfTheStartFromTheFirstStretchWithALength) {
+  essai::AjouteSequence(" A", {{10, 10}, {10, 10}, {10, 9.999F}, {90, 90}});
+  essai::AjouteSequence(" B", {{50, 10}, {50, 10}});  // a hole has no direction
+  const Scene scene = Construit();
+  const auto p = De(scene, Element::Departs);
+  ASSERT_EQ(p.size(), 1U);
+  ASSERT_EQ(p[0].nombre, 3U);
+  EXPECT_EQ(PointsDe(scene, p[0])[1], (PointEcran{150, 1470}));  // downward
+}
+
+TEST(Dessin, NumbersThePathsFromOneOnADiscWithTheButtonDown) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  essai::AjouteSequence(" B", {{50, 10}, {60, 10}});
+  Sequences[0].Selection = Faux;
+  EXPECT_TRUE(De(Construit(), Element::Numeros).empty());
+  OptionsScene o = Options();
+  o.sequence = true;
+  const Scene scene = Construit(o);
+  const auto p = De(scene, Element::Numeros);
+  ASSERT_EQ(p.size(), 4U);
+  EXPECT_EQ(p[0].genre, Genre::Disque);
+  EXPECT_EQ(p[0].mesure, 100.0F);  // the text is 100 x 160: 160 / 1.6
+  EXPECT_EQ(p[0].fond, Couleur(255, 255, 255));
+  EXPECT_EQ(p[0].couleur, 2);
+  EXPECT_EQ(PointsDe(scene, p[0]), (Points{{150, 1350}}));
+  EXPECT_EQ(p[1].genre, Genre::Texte);
+  EXPECT_EQ(p[1].ancre, Ancre::Centre);
+  EXPECT_EQ(p[1].couleur, 2);
+  EXPECT_EQ(scene.Textes[p[1].texte], "1");
+  EXPECT_EQ(PointsDe(scene, p[1]), (Points{{150, 1350}}));
+  EXPECT_EQ(p[2].fond, 4);
+  EXPECT_EQ(scene.Textes[p[3].texte], "2");
+}
+
+TEST(Dessin, SizesTheDiscByTheWidthOfALongNumber) {
+  for (int i = 0; i < 100; ++i)
+    essai::AjouteSequence("Z" + std::string(1, static_cast<char>('A' + i % 2)),
+                          {{static_cast<float>(i), 10}, {static_cast<float>(i), 20}});
+  OptionsScene o = Options();
+  o.sequence = true;
+  const Scene scene = Construit(o);
+  const auto p = De(scene, Element::Numeros);
+  ASSERT_EQ(p.size(), 200U);
+  EXPECT_EQ(scene.Textes[p[199].texte], "100");
+  EXPECT_EQ(p[198].mesure, 187.5F);  // 300 / 1.6
+}
+
+TEST(Dessin, LeavesOutANumberThatALaterOneCovers) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  essai::AjouteSequence(" B", {{10, 10}, {60, 10}});
+  essai::AjouteSequence(" C", {{12, 10}, {60, 10}});  // beside it
+  OptionsScene o = Options();
+  o.sequence = true;
+  const Scene scene = Construit(o);
+  const auto p = De(scene, Element::Numeros);
+  ASSERT_EQ(p.size(), 4U);
+  EXPECT_EQ(scene.Textes[p[1].texte], "2");
+  EXPECT_EQ(scene.Textes[p[3].texte], "3");
+}
+
+TEST(Dessin, LeavesOutNumbersAndArrowsFarOutsideThePicture) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  essai::AjouteSequence(" B", {{1000, 10}, {1000, 60}});
+  OptionsScene o = Options();
+  o.sequence = true;
+  const Scene scene = Construit(o);
+  EXPECT_EQ(De(scene, Element::Numeros).size(), 2U);
+  EXPECT_EQ(De(scene, Element::Departs)[0].nombre, 3U);
+  EXPECT_EQ(De(scene, Element::Initial).size(), 1U);
+}
+
+TEST(Dessin, DrawsTheAxesATenthOfTheWidthLong) {
+  essai::AjouteSequence(" A", {{20, 20}, {120, 20}, {120, 60}});
+  Scene scene;
+  ConstruitScene(Doc, {15, 0, 0, 300, 300}, Image, Options(), scene);
+  const auto p = De(scene, Element::Axes);
+  ASSERT_EQ(p.size(), 6U);
+  // 10 mm are 150 twips, a quarter of it behind the origin at (300, 1200).
+  EXPECT_EQ(PointsDe(scene, p[0]), (Points{{262.5F, 1200}, {450, 1200}}));
+  EXPECT_EQ(p[1].genre, Genre::Fleches);
+  EXPECT_EQ(PointsDe(scene, p[1])[1], (PointEcran{450, 1200}));
+  EXPECT_EQ(scene.Textes[p[2].texte], "X");
+  EXPECT_GT(PointsDe(scene, p[2])[0].X, 450);
+  EXPECT_EQ(PointsDe(scene, p[2])[0].Y, 1200);
+  EXPECT_EQ(PointsDe(scene, p[3]), (Points{{300, 1237.5F}, {300, 1050}}));
+  EXPECT_EQ(PointsDe(scene, p[4])[1], (PointEcran{300, 1050}));
+  EXPECT_EQ(scene.Textes[p[5].texte], "Y");
+  EXPECT_LT(PointsDe(scene, p[5])[0].Y, 1050);
+  EXPECT_EQ(PointsDe(scene, p[5])[0].X, 300);
+}
+
+TEST(Dessin, DrawsTheAxesOfAVerticalLineByItsHeightAndOfAPointAllTheSame) {
+  essai::AjouteSequence(" A", {{20, 20}, {20, 70}});
+  Scene scene;
+  ConstruitScene(Doc, {15, 0, 0, 300, 300}, Image, Options(), scene);
+  EXPECT_EQ(PointsDe(scene, De(scene, Element::Axes)[0])[1], (PointEcran{375, 1200}));  // 5 mm
+  Doc = Document{};
+  essai::AjouteSequence(" A", {{20, 20}, {20, 20}});
+  ConstruitScene(Doc, {15, 0, 0, 300, 300}, Image, Options(), scene);
+  EXPECT_EQ(PointsDe(scene, De(scene, Element::Axes)[0])[1], (PointEcran{600, 1200}));  // 20 pixels
+}
+
+TEST(Dessin, LeavesOutAxesThatThePictureDoesNotShow) {
+  essai::AjouteSequence(" A", {{520, 20}, {620, 20}});
+  Scene scene;
+  ConstruitScene(Doc, {15, 500, 0, 0, 0}, Image, Options(), scene);
+  EXPECT_TRUE(De(scene, Element::Axes).empty());
+}
+
+TEST(Dessin, WritesTheLegendUnderEachOtherNearTheCorner) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  const Scene scene = Construit();
+  const auto p = De(scene, Element::Legende);
+  ASSERT_EQ(p.size(), 2U);
+  EXPECT_EQ(scene.Textes[p[0].texte], "dessin");
+  EXPECT_EQ(p[0].couleur, 3);
+  EXPECT_EQ(p[0].ancre, Ancre::HautGauche);
+  EXPECT_EQ(PointsDe(scene, p[0]), (Points{{16, 16}}));  // a tenth of 160
+  EXPECT_EQ(scene.Textes[p[1].texte], "trajet");
+  EXPECT_EQ(p[1].couleur, 5);
+  EXPECT_EQ(PointsDe(scene, p[1]), (Points{{16, 176}}));
+}
+
+TEST(OptionsCourantes, TakeTheColoursInForceAndTheTextsOfTheLegend) {
+  Regl.CouleurNumero = 11;
+  Regl.CouleurSequence = 12;
+  Regl.CouleurInitial = 13;
+  Regl.Couleurselectionne = 14;
+  Regl.CouleurDecalage = 15;
+  Regl.CouleurEncoche = 16;
+  essai::EcritFichierEssai("OVELINfr.trad", "[F_Representation]\r\nlib350=Trait\r\nlib351=Outil\r\n");
+  const OptionsScene o = OptionsCourantes(true, false);
+  EXPECT_TRUE(o.numPoint);
+  EXPECT_FALSE(o.sequence);
+  EXPECT_TRUE(OptionsCourantes(false, true).sequence);
+  EXPECT_EQ(o.couleurNumero, 11);
+  EXPECT_EQ(o.couleurSequence, 12);
+  EXPECT_EQ(o.couleurInitial, 13);
+  EXPECT_EQ(o.couleurSelectionne, 14);
+  EXPECT_EQ(o.couleurDecalage, 15);
+  EXPECT_EQ(o.couleurEncoche, 16);
+  EXPECT_EQ(o.legendeDessin, "Trait");
+  EXPECT_EQ(o.legendeDecalage, "Outil");
+}
+
+TEST(OptionsScene, WithoutAFontACommonProportionIsAssumed) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  OptionsScene o = Options();
+  o.mesureTexte = nullptr;
+  o.sequence = true;
+  const auto p = De(Construit(o), Element::Numeros);
+  ASSERT_EQ(p.size(), 2U);
+  EXPECT_GT(p[0].mesure, 5 * TwipsParPixel);
+  EXPECT_LT(p[0].mesure, 15 * TwipsParPixel);
+}
+
+TEST(TraceCroix, ReachesAFiftiethOfTheHeightEachWay) {
+  Scene scene;
+  TraceCroix(Face, Image, Options(), P(10, 10), scene);
+  ASSERT_EQ(scene.Primitives.size(), 2U);
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[0]), (Points{{150, 1320}, {150, 1380}}));
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[1]), (Points{{120, 1350}, {180, 1350}}));
+  for (const Primitive& p : scene.Primitives) {
+    EXPECT_EQ(p.couleur, 3);
+    EXPECT_EQ(p.element, Element::Croix);
+  }
+}
+
+TEST(TraceCroix, IsNeverSmallerThanThreeHundredths) {
+  Scene scene;
+  TraceCroix(Face, {3000, 1}, Options(), P(0, 0), scene);
+  EXPECT_FLOAT_EQ(PointsDe(scene, scene.Primitives[1])[0].X, -0.03F);
+}
+
+TEST(Dessin_Position_Outil, TheFirstPositionAfterAResetHasNoLine) {
+  Scene scene;
+  MemoireOutil memoire;
+  EXPECT_EQ(memoire.X, -999.0F);
+  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Options(), memoire, 10, 10, scene));
+  ASSERT_EQ(scene.Primitives.size(), 1U);
+  EXPECT_EQ(scene.Primitives[0].genre, Genre::Disque);
+  EXPECT_EQ(scene.Primitives[0].fond, SansFond);
+  EXPECT_EQ(scene.Primitives[0].mesure, 80.0F);  // half the height of "0"
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[0]), (Points{{150, 1350}}));
+  EXPECT_EQ(memoire, (MemoireOutil{10, 10}));
+}
+
+TEST(Dessin_Position_Outil, ANewPositionReplacesTheMarkWithALineFromTheLast) {
+  Scene scene;
+  MemoireOutil memoire{10, 10};
+  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Options(), memoire, 20, 10, scene));
+  ASSERT_EQ(scene.Primitives.size(), 2U);
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[1]), (Points{{150, 1350}, {300, 1350}}));
+  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Options(), memoire, 20, 30, scene));
+  EXPECT_EQ(scene.Primitives.size(), 2U);
+}
+
+TEST(Dessin_Position_Outil, TheSamePositionAgainDoesNothing) {
+  Scene scene;
+  MemoireOutil memoire{10, 10};
+  EXPECT_FALSE(Dessin_Position_Outil(Face, Image, Options(), memoire, 10, 10, scene));
+  EXPECT_TRUE(scene.Primitives.empty());
+  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Options(), memoire, 10, 11, scene));
+}
+
+TEST(PointsApercu, TakesEachPointUpToAThousandAndEachKthBeyond) {
+  const auto nombre = [](std::size_t n) { return PointsApercu(std::vector<PointTrace>(n)).size(); };
+  EXPECT_EQ(nombre(0), 0U);
+  EXPECT_EQ(nombre(1000), 1000U);
+  EXPECT_EQ(nombre(1499), 1499U);   // k = Round(1.499) = 1
+  EXPECT_EQ(nombre(1600), 800U);    // k = 2
+  EXPECT_EQ(nombre(2500), 1250U);   // halves to even: k = 2
+  EXPECT_EQ(nombre(10000), 1000U);  // k = 10
+}
+
+TEST(PointsApercu, StartsWithTheFirstPoint) {
+  std::vector<PointTrace> points(2000);
+  for (std::size_t i = 0; i < points.size(); ++i) points[i].X = static_cast<float>(i);
+  const auto choisis = PointsApercu(points);
+  EXPECT_EQ(choisis[0].X, 0.0F);
+  EXPECT_EQ(choisis[1].X, 2.0F);
+  EXPECT_EQ(choisis.back().X, 1998.0F);
+}
+
+TEST(ConstruitApercu, FitsTheShapeWithItsRatiosIntoThePicture) {
+  const auto carre = essai::Trace(" A", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}});
+  Scene scene;
+  ConstruitApercu(carre, 1, 1, {3000, 3000}, 9, scene);
+  ASSERT_EQ(scene.Primitives.size(), 1U);
+  EXPECT_EQ(scene.Primitives[0].couleur, 9);
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[0]),
+            (Points{{180, 2820}, {2820, 2820}, {2820, 180}, {180, 180}, {180, 2820}}));
+  ConstruitApercu(carre, 2, 1, {3000, 3000}, 9, scene);
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[0]),
+            (Points{{180, 2160}, {2820, 2160}, {2820, 840}, {180, 840}, {180, 2160}}));
+}
+
+TEST(ConstruitApercu, KeepsPathsApartAndStandsAPointOrNone) {
+  auto points = essai::Trace(" A", {{0, 0}, {10, 0}});
+  const auto autre = essai::Trace(" B", {{0, 5}, {10, 5}});
+  points.insert(points.end(), autre.begin(), autre.end());
+  Scene scene;
+  ConstruitApercu(points, 1, 1, {3000, 3000}, 0, scene);
+  EXPECT_EQ(scene.Primitives.size(), 2U);
+  ConstruitApercu(essai::Trace(" A", {{7, 7}, {7, 7}}), 1, 1, {3000, 3000}, 0, scene);
+  ASSERT_EQ(scene.Primitives.size(), 1U);
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[0]), (Points{{1500, 1500}}));
+  ConstruitApercu({}, 1, 1, {3000, 3000}, 0, scene);
+  EXPECT_TRUE(scene.Primitives.empty());
+}
+
+TEST(Dessin, AnUnselectedDrawingIsAllInTheInitialColour) {
+  essai::AjouteCarre(" A", 10, 10, 20);
+  essai::AjouteCarre(" B", 50, 10, 20);
+  Deselectionne();
+  for (const Primitive& p : De(Construit(), Element::Initial)) EXPECT_EQ(p.couleur, 3);
+}
+
+}  // namespace

@@ -1,0 +1,144 @@
+// The end of the program, the lock against a second copy, the screen saver.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "core/Cles.h"
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "workspace/Module_Annulation.h"
+#include "workspace/Module_Cycle.h"
+#include "workspace/Module_Recents.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Fenetre = "F_Representation";
+constexpr const char* NomVerrouCopie = ".verrou";
+constexpr const char* NomCopieIni = "OVELIN.inisav";
+int VerrouCopie = -1;  // held as long as this copy of the program runs
+
+// The frame `Frame_Avancement` as long as the object stands.
+class CadreAvancement {
+ public:
+  CadreAvancement() {
+    Svc.AvancementDebut(Traduire(Fenetre, "Frame_Avancement"), 0);
+    Svc.LaisseEvenements(Evenements::Affichage);
+  }
+  ~CadreAvancement() { Svc.AvancementFin(); }
+  CadreAvancement(const CadreAvancement&) = delete;
+  CadreAvancement& operator=(const CadreAvancement&) = delete;
+};
+
+void EcritParametres() {
+  const CadreAvancement cadre;
+  const LotCles lot;
+  EcritMateriau();
+  EcritCouleurs();
+  EcritOptions();
+  EcritOutil();
+}
+
+void EcritPlacement(const EtatFenetre& f) {
+  const std::string nom = Fenetre;
+  const auto ecrit = [&nom](const char* suffixe, long valeur) { EcrireCle(nom + suffixe, TexteNombre(valeur)); };
+  if (!f.minimisee && !f.place.maximisee) {
+    ecrit("_Left", f.place.gauche);
+    ecrit("_Top", f.place.haut);
+    ecrit("_Width", f.place.largeur);
+    ecrit("_Height", f.place.hauteur);
+  }
+  ecrit("_Max", f.place.maximisee ? -1 : 0);
+  ecrit("_BD", f.indexBD);
+}
+
+// The settings file makes room for a fresh one where that was wanted; otherwise the user gets a copy. No failure is
+// told: the program ends.
+void FinIni(const std::string& documents) {
+  std::error_code erreur;
+  if (Cycle.RemiseDefauts) {
+    if (Message(Fenetre, "lib205", Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) return;
+    const std::string sauvee = DossierProgramme + "/" + NomCopieIni;
+    std::filesystem::remove(sauvee, erreur);
+    std::filesystem::rename(CheminIni(), sauvee, erreur);
+    OublieCles();
+    return;
+  }
+  if (documents.empty() || !std::filesystem::is_directory(documents, erreur)) return;
+  if (const auto octets = LitFichierEntier(CheminIni())) {
+    EcritFichierEntier(documents + "//" + NomCopieIni, *octets);
+  }
+}
+
+}  // namespace
+
+bool VerrouilleCopie() {
+  if (VerrouCopie >= 0) return false;  // this copy holds it
+  const std::string nom = DossierProgramme + "/" + NomVerrouCopie;
+  const int fd = open(nom.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+  if (fd < 0) return false;
+  while (flock(fd, LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EINTR) continue;
+    const bool tenu = errno == EWOULDBLOCK;
+    close(fd);
+    return tenu;
+  }
+  VerrouCopie = fd;
+  return false;
+}
+
+void LibereCopie() {
+  if (VerrouCopie >= 0) close(VerrouCopie);
+  VerrouCopie = -1;
+}
+
+bool DemandeFermeture(const CrochetsFermeture& crochets, const std::string& titre) {
+  if (crochets.FermeFenetres && !crochets.FermeFenetres()) return false;
+  if (Rogne(FichierProjet).empty()) {
+    EcritParametres();
+    return true;
+  }
+  if (Modifie == Faux) return true;
+  switch (Message(Fenetre, "lib004", Icone::Question, Boutons::OuiNonAnnuler, titre)) {
+    case Reponse::Non:
+      return true;
+    case Reponse::Oui:
+      if (crochets.Sauve) crochets.Sauve();
+      // Still modified: the save was refused, or its dialog left without a name. The work must not be lost.
+      return Modifie == Faux;
+    default:
+      return false;
+  }
+}
+
+void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents) {
+  {
+    const CadreAvancement cadre;
+    const LotCles lot;
+    SauveRecents();
+    EcritPlacement(fenetre);
+  }
+  FinIni(documents);
+  EffaceTousInstantanes();
+}
+
+CoupeVeille::CoupeVeille(CrochetsVeille crochets) : crochets_(std::move(crochets)) {
+  active_ = crochets_.Lit && crochets_.Lit();
+  if (crochets_.Ecrit) crochets_.Ecrit(false);
+}
+
+CoupeVeille::~CoupeVeille() {
+  if (crochets_.Ecrit) crochets_.Ecrit(active_);
+}
+
+}  // namespace ovelin

@@ -1,0 +1,221 @@
+#include "workspace/Module_Annulation.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "core/Cles.h"
+#include "core/Document.h"
+#include "core/Etat.h"
+#include "core/MagasinFichiers.h"
+#include "core/Nombres.h"
+#include "core/Projet.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr std::size_t ChiffresNom = 5;
+
+// What makes a file this one, whatever its name: a hard link has the same.
+struct Identite {
+  dev_t volume = 0;
+  ino_t numero = 0;
+  off_t taille = -1;  // -1: no file
+  time_t secondes = 0;
+  long nanosecondes = 0;
+  bool operator==(const Identite&) const = default;
+};
+
+Identite IdentiteDe(const std::string& chemin) {
+  struct stat etat {};
+  if (lstat(chemin.c_str(), &etat) != 0 || !S_ISREG(etat.st_mode)) return {};
+  return {etat.st_dev, etat.st_ino, etat.st_size, etat.st_mtim.tv_sec, etat.st_mtim.tv_nsec};
+}
+
+// What the last snapshot holds, so that an unchanged document is found without composing its file.
+struct DernierEtat {
+  Identite identite;
+  std::string reglages;  // its settings lines
+  char marque = '.';
+  std::vector<PointTrace> points;
+  std::vector<SequenceInfo> sequences;
+};
+DernierEtat Dernier;
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Dernier = DernierEtat{}; });
+
+// `Instantane` and the path of the snapshot stand as long as the object.
+class PendantInstantane {
+ public:
+  explicit PendantInstantane(const std::string& chemin) {
+    FichierInstantane = chemin;
+    Instantane = Vrai;
+  }
+  ~PendantInstantane() { Instantane = Faux; }
+  PendantInstantane(const PendantInstantane&) = delete;
+  PendantInstantane& operator=(const PendantInstantane&) = delete;
+};
+
+// The settings lines of a snapshot. They go to the settings file as well, which is written only where one differs.
+std::string LignesReglages(const std::string& chemin) {
+  std::string texte;
+  const LotCles lot;
+  const magasin::Redirection redirection(chemin, texte);
+  EcritMateriau();
+  EcritCouleurs();
+  EcritOptions();
+  EcritOutil();
+  return texte;
+}
+
+// The selection isn't part of a project.
+bool MemesFiches(const std::vector<SequenceInfo>& a, const std::vector<SequenceInfo>& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](SequenceInfo x, const SequenceInfo& y) {
+    x.Selection = y.Selection;
+    return x == y;
+  });
+}
+
+bool Inchange(const Identite& avant, const std::string& reglages) {
+  return avant.taille >= 0 && avant == Dernier.identite && Dernier.marque == Svc.MarqueDecimale &&
+         Dernier.reglages == reglages && Dernier.points == TraceInitial &&
+         MemesFiches(Dernier.sequences, Sequences);
+}
+
+// Two files of one length with the same bytes become one with two names.
+bool Reunit(const std::string& avant, const std::string& chemin) {
+  const Identite a = IdentiteDe(avant);
+  if (a.taille < 0 || a.taille != IdentiteDe(chemin).taille) return false;
+  const auto un = LitFichierEntier(avant);
+  if (!un || un != LitFichierEntier(chemin)) return false;
+  const std::string provisoire = chemin + ".lien";
+  if (link(avant.c_str(), provisoire.c_str()) != 0) return false;
+  if (rename(provisoire.c_str(), chemin.c_str()) == 0) return true;
+  unlink(provisoire.c_str());
+  return false;
+}
+
+bool EstInstantane(const std::string& nom) { return ExtensionDe(nom) == "OVL"; }
+
+// The last name of a sorted listing, "" when there is none. Hidden files aren't listed.
+std::string DernierNom() {
+  std::string dernier;
+  if (DossierTemp.empty()) return dernier;
+  DIR* dossier = opendir(DossierTemp.c_str());
+  if (dossier == nullptr) return dernier;
+  while (const dirent* entree = readdir(dossier)) {
+    const std::string nom = entree->d_name;
+    if (nom.starts_with(".") || nom <= dernier || !EstInstantane(nom)) continue;
+    if (entree->d_type == DT_REG || IdentiteDe(DossierTemp + "/" + nom).taille >= 0) dernier = nom;
+  }
+  closedir(dossier);
+  return dernier;
+}
+
+int Numero(const std::string& nom) {
+  const double n = ValeurDebut(std::string_view(nom).substr(0, ChiffresNom));
+  return static_cast<int>(std::clamp(n, 0.0, 99999.0));
+}
+
+void Supprime(int numero) { unlink(CheminInstantane(numero).c_str()); }
+
+// Whether there is something to go back to.
+bool ResteUnPas() {
+  std::vector<std::string> noms = ListeFichiers(DossierTemp, "OVL");
+  std::erase_if(noms, [](const std::string& nom) { return nom.starts_with("."); });
+  return !(noms.empty() || (noms.size() == 1 && noms.front() == "00001.OVL"));
+}
+
+template <typename... A>
+void Appelle(const std::function<void(A...)>& crochet, A... arguments) {
+  if (crochet) crochet(arguments...);
+}
+
+}  // namespace
+
+std::string CheminInstantane(int numero) {
+  std::string chiffres = std::to_string(numero);
+  if (chiffres.size() < ChiffresNom) chiffres.insert(0, ChiffresNom - chiffres.size(), '0');
+  return DossierTemp + "/" + chiffres + ".OVL";
+}
+
+int NumeroInstantane() { return Numero(DernierNom()); }
+
+ResultatInstantane PrendInstantane() {
+  ResultatInstantane r;
+  if (DossierTemp.empty()) return r;
+  const std::string dernierNom = DernierNom();
+  const int n = Numero(dernierNom);
+  r.bouton = n >= 2;
+  if (n >= DernierInstantane) return r;
+  const std::string chemin = CheminInstantane(n + 1);
+  const std::string avant = dernierNom.empty() ? "" : DossierTemp + "/" + dernierNom;
+  const PendantInstantane pendant(chemin);
+  std::string reglages = LignesReglages(chemin);
+  if (!avant.empty() && Inchange(IdentiteDe(avant), reglages) && link(avant.c_str(), chemin.c_str()) == 0) {
+    r.lie = true;
+  } else {
+    r.erreur = EcrireProjet(chemin);
+    if (!r.erreur.empty()) return r;
+    r.lie = !avant.empty() && Reunit(avant, chemin);
+    Dernier = {IdentiteDe(chemin), std::move(reglages), Svc.MarqueDecimale, TraceInitial, Sequences};
+  }
+  r.numero = n + 1;
+  r.bouton = r.numero >= 2;
+  return r;
+}
+
+ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
+  ResultatAnnulation r;
+  const int n = NumeroInstantane();
+  if (n < 2) return r;  // the button isn't offered then
+  Appelle(crochets.MontreBouton, false);
+  const std::string garde = FichierCourant;
+  FichierCourant = CheminInstantane(n - 1);
+  r.fait = true;
+  r.lu = LireProjet(FichierCourant);
+  // A snapshot that can't be read leaves the document; only the count was lost.
+  if (!r.lu) NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  LitMateriau();
+  LitCouleurs();
+  LitOptions();
+  LitOutil();
+  RecalculDecalages();
+  Appelle(crochets.RemplitArbres);
+  EncombrementGeneral();
+  PointCourantX = 0;
+  PointCourantY = 0;
+  Appelle(crochets.DeuxiemeDrapeauOutil);
+  FichierCourant = CheminInstantane(n);
+  Supprime(n);
+  Appelle(crochets.Dessin);
+  Supprime(n);  // Dessin has left one under the same number
+  r.bouton = ResteUnPas();
+  Appelle(crochets.MontreBouton, true);
+  FichierCourant = garde;
+  return r;
+}
+
+void EffaceTousInstantanes() {
+  Dernier = DernierEtat{};
+  if (DossierTemp.empty()) return;
+  for (const std::string& nom : ListeFichiers(DossierTemp, "OVL")) {
+    const std::string chemin = DossierTemp + "/" + nom;
+    if (unlink(chemin.c_str()) == 0) continue;
+    chmod(chemin.c_str(), 0600);  // its attributes first, where they stand in the way
+    unlink(chemin.c_str());
+  }
+}
+
+}  // namespace ovelin

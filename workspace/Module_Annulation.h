@@ -1,0 +1,49 @@
+// Undo. There is no log of commands: each complete drawing of the picture leaves a project file in `DossierTemp`,
+// "00001.OVL" and on; the highest is the present state, and undo reads back the last but one.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/Fichiers.h"
+
+namespace ovelin {
+
+// The number has 16 bits: behind this one no snapshot is taken any more, and undo goes on with what is there.
+inline constexpr int DernierInstantane = 32767;
+
+struct ResultatInstantane {
+  int numero = 0;        // of the snapshot taken; 0: none was
+  bool lie = false;      // a second name of the file before, whose content is the same
+  bool bouton = false;   // mnu_Undo is enabled
+  ErreurSysteme erreur;  // why none was taken, when the disk refused; nobody is told
+};
+// At the end of every complete Dessin. Where nothing has changed since the snapshot before, the new one is a hard
+// link to it. None without `DossierTemp`.
+ResultatInstantane PrendInstantane();
+
+// What an undo needs of the window.
+struct CrochetsAnnulation {
+  std::function<void(bool visible)> MontreBouton;  // the toolbar button mnu_Undo
+  std::function<void()> RemplitArbres;             // both trees
+  std::function<void()> DeuxiemeDrapeauOutil;      // the second flag of the tool display is set
+  std::function<void()> Dessin;                    // ends with PrendInstantane
+};
+struct ResultatAnnulation {
+  bool fait = false;    // false: there was no state to go back to
+  bool lu = false;      // the snapshot has been read; otherwise the document is as it was, the reason was shown
+  bool bouton = false;  // mnu_Undo is enabled afterwards
+};
+// One step back. `FichierCourant` is as before afterwards, `FichierProjet` is "Chargt" until the next opening or
+// saving: keys are looked up in the user's file, and what is written goes to the settings file alone.
+ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets);
+
+// Number of the last snapshot listed, 0 when there is none.
+int NumeroInstantane();
+// Path of a snapshot: five digits and ".OVL".
+std::string CheminInstantane(int numero);
+// Every "*.OVL" in `DossierTemp`, hidden and write-protected ones included: at the start, at each opening and at
+// the end.
+void EffaceTousInstantanes();
+
+}  // namespace ovelin

@@ -1,0 +1,215 @@
+#include "workspace/Module_Arbres.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Representation";
+constexpr const char* FormatTaille = "#0.0";
+constexpr const char* FormatPoint = "0.000";
+constexpr const char* Points = "pts";
+constexpr int PanneauSequence = 1;
+
+Noeud Racine(const char* cle, std::int32_t couleur) {
+  Noeud n;
+  n.texte = Traduire(Section, "lib403");
+  n.cle = Traduire(Section, cle);
+  n.couleur = couleur;
+  n.developpe = true;
+  n.image = "Closed";
+  n.imageDeveloppe = "Open";
+  return n;
+}
+
+std::string Taille(double largeur, double hauteur) {
+  return Formate(largeur, FormatTaille) + "x" + Formate(hauteur, FormatTaille);
+}
+
+// Width and height of a run of points, mm.
+std::pair<double, double> Dimensions(const PointTrace* debut, const PointTrace* fin) {
+  if (debut == fin) return {0, 0};
+  float x0 = debut->X, x1 = x0, y0 = debut->Y, y1 = y0;
+  for (const PointTrace* p = debut; p != fin; ++p) {
+    x0 = std::min(x0, p->X), x1 = std::max(x1, p->X);
+    y0 = std::min(y0, p->Y), y1 = std::max(y1, p->Y);
+  }
+  return {static_cast<double>(x1) - static_cast<double>(x0), static_cast<double>(y1) - static_cast<double>(y0)};
+}
+
+// A stretch of an array, cut to what the array holds now.
+std::pair<const PointTrace*, const PointTrace*> Etendu(const std::vector<PointTrace>& points, std::int32_t premier,
+                                                       std::int32_t nombre) {
+  const std::size_t debut = std::min(static_cast<std::size_t>(std::max(premier, 0)), points.size());
+  const std::size_t fin = std::min(debut + static_cast<std::size_t>(std::max(nombre, 0)), points.size());
+  return {points.data() + debut, points.data() + fin};
+}
+
+std::unordered_set<std::uint32_t> Selectionnees() {
+  std::unordered_set<std::uint32_t> codes;
+  for (const SequenceInfo& s : Sequences) {
+    if (s.Selection != Faux) codes.insert(s.Code.Cle());
+  }
+  return codes;
+}
+
+}  // namespace
+
+std::optional<Noeud> Arbre::Groupe(std::size_t groupe) const {
+  if (groupe >= groupes.size()) return std::nullopt;
+  const GroupeArbre& g = groupes[groupe];
+  Noeud n;
+  n.niveau = NiveauNoeud::Sequence;
+  n.texte = g.texte;
+  n.cle = g.cle;
+  n.couleur = g.couleur;
+  n.developpe = n.visible = g.selectionne;
+  return n;
+}
+
+const PointTrace* Arbre::PointDocument(std::size_t groupe, std::size_t rang) const {
+  if (groupe >= groupes.size()) return nullptr;
+  const GroupeArbre& g = groupes[groupe];
+  const std::vector<PointTrace>* points = &TraceInitial;
+  if (sorte == SorteArbre::Decale) {
+    const auto entree = static_cast<std::size_t>(g.entree);
+    if (entree >= TraceDecale.size()) return nullptr;
+    points = &TraceDecale[entree].Points;
+  }
+  const std::size_t index = static_cast<std::size_t>(g.premier) + rang;
+  if (rang >= static_cast<std::size_t>(g.nombre) || index >= points->size()) return nullptr;
+  return points->data() + index;
+}
+
+std::optional<Noeud> Arbre::Point(std::size_t groupe, std::size_t rang) const {
+  const PointTrace* p = PointDocument(groupe, rang);
+  if (p == nullptr) return std::nullopt;
+  const GroupeArbre& g = groupes[groupe];
+  Noeud n;
+  n.niveau = NiveauNoeud::Point;
+  n.texte =
+      Formate(static_cast<double>(p->X), FormatPoint) + " | " + Formate(static_cast<double>(p->Y), FormatPoint);
+  n.cle = g.cle + ":" + std::to_string(rang);
+  n.couleur = p->Cde == CodePD ? g.couleur : CouleurAutreCde;
+  n.etiquette = g.premier + static_cast<std::int32_t>(rang);
+  n.gras = n.visible = g.selectionne && rang == 0;
+  return n;
+}
+
+void Remplissage_Trace_Initial(Arbre& arbre) {
+  arbre = Arbre{};
+  arbre.sorte = SorteArbre::Initial;
+  arbre.racine = Racine("lib401", Regl.CouleurInitial);
+  std::int32_t numero = 0;
+  for (const Etendue& e : EtenduesSequences()) {
+    // The single blank record of an emptied drawing is no path.
+    if (e.code == Code2{} || e.code == CodeAucun) continue;
+    const auto [debut, fin] = Etendu(TraceInitial, e.premier, e.nombre);
+    const auto [largeur, hauteur] = Dimensions(debut, fin);
+    GroupeArbre g;
+    g.code = e.code;
+    g.premier = e.premier;
+    g.nombre = e.nombre;
+    g.couleur = Regl.CouleurInitial;
+    const std::string n = std::to_string(++numero);
+    // The number makes the key unique where a code comes in two runs.
+    g.cle = e.code.Texte() + "-" + n;
+    g.texte = n + ":" + std::to_string(e.nombre) + Points + " " + Taille(largeur, hauteur);
+    arbre.groupes.push_back(std::move(g));
+  }
+}
+
+void Remplissage_Trace_Decale(Arbre& arbre) {
+  arbre = Arbre{};
+  arbre.sorte = SorteArbre::Decale;
+  arbre.racine = Racine("lib402", Regl.CouleurDecalage);
+  const auto total = std::count_if(TraceDecale.begin(), TraceDecale.end(),
+                                   [](const SequenceDecalee& d) { return !d.Points.empty(); });
+  const IndexCodes index;
+  ProprietesSequence proprietes;
+  Code2 dernier = CodeAucun;
+  std::int32_t numero = 0;
+  for (std::size_t i = 0; i < TraceDecale.size(); ++i) {
+    const SequenceDecalee& d = TraceDecale[i];
+    if (d.Points.empty()) continue;
+    if (d.Seq != dernier) LitSequence(index, d.Seq, proprietes);
+    dernier = d.Seq;
+    GroupeArbre g;
+    g.code = d.Seq;
+    g.entree = static_cast<std::int32_t>(i);
+    g.nombre = static_cast<std::int32_t>(d.Points.size());
+    g.couleur = proprietes.Fraiser == Faux ? CouleurNonFraisee : Regl.CouleurDecalage;
+    const std::string n = std::to_string(++numero);
+    g.cle = d.Seq.Texte() + "-" + n;
+    g.texte = "-" + n + "/" + std::to_string(total) + ":" + std::to_string(g.nombre) +
+              " points PF:" + TexteNombre(proprietes.Profondeur);
+    arbre.groupes.push_back(std::move(g));
+  }
+}
+
+std::int32_t MarqueSelection(Arbre& arbre) {
+  const std::unordered_set<std::uint32_t> codes = Selectionnees();
+  std::int32_t derniere = -1;
+  for (std::size_t i = 0; i < arbre.groupes.size(); ++i) {
+    GroupeArbre& g = arbre.groupes[i];
+    g.selectionne = codes.contains(g.code.Cle());
+    if (g.selectionne) derniere = static_cast<std::int32_t>(i);
+  }
+  return derniere;
+}
+
+std::string RefaitTitre(const std::string& titre, double largeur, double hauteur) {
+  const std::size_t place = titre.find(Points);
+  if (place == std::string::npos) return titre;
+  return titre.substr(0, place) + Points + " " + Taille(largeur, hauteur);
+}
+
+void RefaitTitres(Arbre& arbre, Code2 code) {
+  if (arbre.sorte != SorteArbre::Initial) return;
+  for (GroupeArbre& g : arbre.groupes) {
+    if (g.code != code) continue;
+    const auto [debut, fin] = Etendu(TraceInitial, g.premier, g.nombre);
+    const auto [largeur, hauteur] = Dimensions(debut, fin);
+    g.texte = RefaitTitre(g.texte, largeur, hauteur);
+  }
+}
+
+ResultatClic ClicPoint(const Arbre& arbre, std::size_t groupe, std::size_t rang) {
+  ResultatClic r;
+  const PointTrace* p = arbre.PointDocument(groupe, rang);
+  if (p == nullptr) return r;
+  r.fait = true;
+  r.annuleEdition = arbre.sorte == SorteArbre::Initial;
+  r.croix = *p;
+  // The points of the tool path carry a number for the eye where those of the drawing carry the code.
+  r.croix->Seq = arbre.groupes[groupe].code;
+  PointCourantX = p->X;
+  PointCourantY = p->Y;
+  r.TB_X = Formate(static_cast<double>(p->X), FormatPoint);
+  r.TB_Y = Formate(static_cast<double>(p->Y), FormatPoint);
+  SeqCourante = r.croix->Seq;
+  Svc.Panneau(PanneauSequence, SeqCourante.Texte());
+  return r;
+}
+
+ResultatClic ClicSequence(const Arbre& arbre, std::size_t groupe) {
+  ResultatClic r;
+  if (groupe >= arbre.groupes.size()) return r;
+  r.fait = true;
+  r.annuleEdition = arbre.sorte == SorteArbre::Initial;
+  r.initSeq = true;
+  DeselectionneTout();
+  BasculeSelection(arbre.groupes[groupe].code);
+  Svc.Panneau(PanneauSequence, SeqCourante.Texte());
+  return r;
+}
+
+}  // namespace ovelin

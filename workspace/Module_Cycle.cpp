@@ -1,0 +1,239 @@
+// Start of the program and load of the main window.
+#include "workspace/Module_Cycle.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
+
+#include "closed/Pathwerk.h"
+#include "core/Cles.h"
+#include "core/Document.h"
+#include "core/Etat.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Projet.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "database/Module_BD.h"
+#include "machine/Module_Table.h"
+#include "workspace/Module_Annulation.h"
+#include "workspace/Module_Ouverture.h"
+
+namespace ovelin {
+
+EtatCycle Cycle;
+
+namespace {
+
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Cycle = EtatCycle{}; });
+
+constexpr int VersionPathwerkMin = 62;
+constexpr int EssaisTouche = 10;
+constexpr std::array<int, 3> VersionProgramme = {OVELIN_VERSION_MAJEURE, OVELIN_VERSION_MINEURE,
+                                                 OVELIN_VERSION_REVISION};
+constexpr const char* FichierVersion = "/Kolvane/files/OVELIN/ver.txt";
+
+template <typename R, typename... A>
+R Appelle(const std::function<R(A...)>& crochet, R sinon, A... arguments) {
+  return crochet ? crochet(arguments...) : sinon;
+}
+void Appelle(const std::function<void()>& crochet) {
+  if (crochet) crochet();
+}
+
+// A box whose text stands in the program, without a key.
+void MontreTexte(const char* texte, const std::string& fichier = "") {
+  Boite boite;
+  boite.texte = texte;
+  boite.titre = NomProgramme;
+  boite.icone = Icone::Exclamation;
+  boite.fichier = fichier;
+  Svc.Montre(boite);
+}
+
+// Key `AdresseMaj` without a separator at its end; empty as delivered.
+std::string AdresseServeur() {
+  std::string adresse = Rogne(LireCleIni("AdresseMaj", ""));
+  while (adresse.ends_with("/")) adresse.pop_back();
+  return adresse;
+}
+
+void TrouveDossiers(const OptionsDemarrage& options) {
+  if (options.config.empty()) {
+    DossierProgramme = TrouveDossierProgramme(options.dossierExecutable);
+    return;
+  }
+  std::error_code erreur;
+  std::filesystem::create_directories(options.config, erreur);  // a failure shows when the settings are written
+  DossierProgramme = options.config;
+  TrouveDossiersProduit(options.dossierExecutable);
+}
+
+void LitPremiersReglages(const OptionsDemarrage& options) {
+  const std::string langue = LireCle("Language", LangueDuSysteme(options.locale));
+  Regl.Langue = options.langue.empty() ? langue : options.langue;
+  const std::string table = LireCle("TableDefaut", Reglages{}.TableDefaut);
+  TableDefaut = options.table.empty() ? table : options.table;
+  Cycle.NomSysteme = "Unix";
+}
+
+void PoseConstantes(const CrochetsDemarrage& crochets) {
+  Svc.MarqueDecimale = Appelle(crochets.MarqueDecimale, Svc.MarqueDecimale);
+  Cycle.OuvertureDehors = false;
+  Cycle.Outil = MemoireOutil{MemoireOutil::Aucune, MemoireOutil::Aucune};
+  Cycle.AfficheOutil = Cycle.AfficheOutil2 = false;
+  Cycle.TouchesNumeriques = "0123456789-.,\b";
+}
+
+void Associe(const CrochetsDemarrage& crochets) {
+  if (!crochets.Associe) return;
+  crochets.Associe({NomProgramme, ".ovl", Traduire("erreurs", "310"), "OVELIN-2.ico"});
+}
+
+// The default settings file where there is none. What has been read before stays: a first run has the built-in
+// defaults of the language, the table and the debug flag.
+std::string EcritReglagesAbsents() {
+  if (FichierExiste(CheminIni()) || EcritFichierDefaut()) return "";
+  return Magasin.DerniereErreur.empty() ? CheminIni() : CheminIni() + ": " + Magasin.DerniereErreur;
+}
+
+void ChercheMiseAJour(const CrochetsDemarrage& crochets) {
+  const std::string serveur = AdresseServeur();
+  if (serveur.empty() || !Appelle(crochets.Connecte, false) || !crochets.DemandeMiseAJour) return;
+  crochets.DemandeMiseAJour(serveur + FichierVersion);
+}
+
+void ChargeReglages() {
+  Crochets.ChargeTable = [] { ChargeGlobalesTable(); };
+  Crochets.ChercheMateriau = [] { ChercheFiche(); };
+  LitCouleurs();
+  LitOutil();
+  LitOptions();
+  ChargeGlobalesTable();
+  LitMateriau();
+}
+
+// A key of the keypad that is held while the program starts is rather a keypad that isn't there.
+void VerifieClavier(const CrochetsDemarrage& crochets) {
+  bool tenue = false;
+  for (int i = 0; i < EssaisTouche; ++i) tenue = Appelle(crochets.Touche, false) || tenue;
+  if (!tenue || Message("erreurs", "410", Icone::Question, Boutons::OuiNon) != Reponse::Oui) return;
+  ClavierZENIK = 0;
+  EcrireCleSection(SectionTable(TableDefaut), "CB_SAV_17", "0");
+}
+
+void PrepareCarte(const CrochetsDemarrage& crochets) {
+  Appelle(crochets.CreeCarte);
+  if (Appelle(crochets.CartePresente, false)) {
+    Appelle(crochets.ResetBuffer);
+    if (ClavierZENIK != 0) VerifieClavier(crochets);
+  }
+  Cycle.OperationCarte = false;
+  Appelle(crochets.TableVerif);
+}
+
+// The whole screen is the limit on the far side, its edge on the near one; a place that was before the edge, on a
+// screen to the left, is kept.
+std::int32_t Ramene(std::int32_t place, std::int32_t taille, std::int32_t ecran) {
+  const std::int64_t loin = std::max<std::int64_t>(static_cast<std::int64_t>(ecran) - taille, 0);
+  return static_cast<std::int32_t>(std::min<std::int64_t>(place, loin));
+}
+
+}  // namespace
+
+ResultatDemarrage DemarreCycle(const OptionsDemarrage& options, const CrochetsDemarrage& crochets) {
+  ResultatDemarrage r;
+  TrouveDossiers(options);
+  LitPremiersReglages(options);
+  if (crochets.AutreCopie ? crochets.AutreCopie() : VerrouilleCopie()) {
+    Message("erreurs", "31", Icone::Exclamation, Boutons::Ok, "Erreur");
+    return r;
+  }
+  PoseConstantes(crochets);
+  if (!Appelle(crochets.CompteurPrecis, true)) Message("erreurs", "lib306", Icone::Information);
+  Regl.DebugZENIK = LireBooleen("DebugZENIK", Reglages{}.DebugZENIK);
+  Associe(crochets);
+  const int version = crochets.VersionPathwerk ? crochets.VersionPathwerk() : pathwerk::Version();
+  if (version < VersionPathwerkMin) Message("erreurs", "lib001", Icone::Information);
+  if (!(crochets.DossierTemporaire ? crochets.DossierTemporaire() : PrepareDossierTemp())) {
+    DossierTemp.clear();
+    MontreTexte("Temp Path Error");
+  }
+  EffaceTousInstantanes();
+  r.raison = EcritReglagesAbsents();
+  ChercheMiseAJour(crochets);
+  ChargeReglages();
+  PrepareCarte(crochets);
+  r.lance = true;
+  Appelle(crochets.MontreFenetre);
+  return r;
+}
+
+bool MiseAJourOfferte(std::string_view reponse) {
+  if (reponse.empty() || reponse.find("not found") != std::string_view::npos ||
+      reponse.find(NomProgramme) == std::string_view::npos) {
+    return false;
+  }
+  for (const int notre : VersionProgramme) {
+    const std::size_t point = reponse.find('.');
+    if (ValeurDebut(reponse.substr(0, point)) > notre) return true;
+    reponse = point == std::string_view::npos ? std::string_view() : reponse.substr(point + 1);
+  }
+  return false;
+}
+
+void TraiteMiseAJour(std::string_view reponse, const std::function<void(const std::string& adresse)>& ouvre) {
+  if (!MiseAJourOfferte(reponse)) return;
+  if (Message("erreurs", "Lib091", Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) return;
+  if (ouvre) ouvre(AdresseServeur());
+}
+
+void ChargeTableEtFiches() {
+  TableDefaut = LireCle("TableDefaut", Reglages{}.TableDefaut);
+  Cycle.OutilFiche = LireNombreTable("CB_SAV_13", 0) != 0;
+  EcritFichesDefaut();
+}
+
+Placement LitPlacement(const std::string& fenetre, std::int32_t largeurEcran, std::int32_t hauteurEcran) {
+  const Placement neuf;
+  const auto lit = [&fenetre](const char* suffixe, std::int32_t defaut) {
+    return Arrondi32(LireNombre(fenetre + suffixe, defaut));
+  };
+  Placement p;
+  p.largeur = std::max(lit("_Width", neuf.largeur), 1);
+  p.hauteur = std::max(lit("_Height", neuf.hauteur), 1);
+  p.gauche = Ramene(lit("_Left", neuf.gauche), p.largeur, largeurEcran);
+  p.haut = Ramene(lit("_Top", neuf.haut), p.hauteur, hauteurEcran);
+  p.maximisee = lit("_max", 0) == -1;
+  return p;
+}
+
+SuiteCommande OuvreLigneCommande(std::string ligne) {
+  std::erase(ligne, '"');
+  const std::string chemin = Rogne(ligne);
+  if (chemin.empty()) return SuiteCommande::Aucune;
+  const std::string extension = ExtensionDe(chemin);
+  // Fewer than the open dialog takes, on purpose.
+  static constexpr std::array<std::string_view, 5> Connues = {"DXF", "DAT", "PLT", "DRL", "OVL"};
+  if (std::find(Connues.begin(), Connues.end(), extension) == Connues.end()) {
+    MontreTexte("Extension fichier inconnue", chemin);
+    return SuiteCommande::ExtensionInconnue;
+  }
+  RendUniforme(chemin);
+  if (extension == "OVL" && !LitFichierEntier(chemin).value_or("").starts_with("$$")) {
+    MontreTexte("Fichier OVL corrompu", chemin);
+    return SuiteCommande::OvlCorrompu;
+  }
+  Cycle.OuvertureDehors = true;
+  const Ouverture ouverture = mnu_Ouvrir(chemin, OptionsOuverture{});
+  Cycle.OuvertureDehors = false;
+  // Without a drawing there is no project: the end of the program would ask to save nothing.
+  if (ouverture != Ouverture::Reussie) return SuiteCommande::Refusee;
+  FichierProjet = chemin;
+  Modifie = Vrai;
+  return SuiteCommande::Ouverte;
+}
+
+}  // namespace ovelin

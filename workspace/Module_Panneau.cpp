@@ -1,0 +1,70 @@
+#include "workspace/Module_Panneau.h"
+
+#include <cmath>
+
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+
+namespace ovelin {
+
+namespace {
+
+// To the hundredth, as short as it goes: "40", "12.5". The limits of a new size are held against this value.
+std::string Taille(float debut, float fin) {
+  const double mm = static_cast<double>(fin) - static_cast<double>(debut);
+  return TexteNombre(std::nearbyint(mm * 100) / 100);
+}
+
+}  // namespace
+
+// A mixed flag is held as 1. `CB_Poche` is checked for -1 alone, so that mixed pockets show unchecked; `CB_Fraiser`
+// for -1 or 1, so that a mixed milling shows checked. The difference is wanted: an unchecked pocket cuts less, an
+// unchecked milling would look as if nothing were cut.
+ChampsPanneau InitSeq(Arbre* initial, Arbre* decale) {
+  ChampsPanneau c;
+  c.TB_X = c.TB_Y = "0";
+  float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
+  EncombrementSelection(x0, x1, y0, y1, 0);
+  c.TB_Initial = {Taille(x0, x1), Taille(y0, y1)};
+  c.TB_Rapport = {"1", "1"};
+
+  Code2 focus;
+  c.selectionnees = NbSelectionnees(focus);
+  SelectionCommune(c.communes);
+  c.CB_Poche = c.communes.Poche == Vrai;
+  c.CB_Fraiser = c.communes.Fraiser == Vrai || c.communes.Fraiser == Mixte;
+  if (c.communes.Profondeur != 0) {
+    c.TB_Profondeur = TexteNombre(c.communes.Profondeur);
+  } else if (c.selectionnees == 1) {
+    c.TB_Profondeur = TexteNombre(Regl.ProfFraisage);
+  }
+  const bool cote = c.communes.Decalage >= 1 && c.communes.Decalage <= 3;
+  c.Option_Decal = cote ? c.communes.Decalage : std::int16_t{1};
+
+  if (initial != nullptr) MarqueSelection(*initial);
+  if (decale != nullptr) MarqueSelection(*decale);
+  return c;
+}
+
+void CB_Tout() {
+  SelectionneTout();
+  Svc.Rafraichit();
+}
+
+void CB_InverseSelection() {
+  InverseSelection();
+  Svc.Rafraichit();
+}
+
+void CB_Supprimer() {
+  Code2 dernier;
+  if (NbSelectionnees(dernier) == 0) return;
+  SupprimeSelection();
+  // A path in focus that is gone would be looked for in vain.
+  if (IndexSequence(SeqCourante) < 0) SeqCourante = CodeAucun;
+  Modifie = Vrai;
+  Svc.Rafraichit();
+}
+
+}  // namespace ovelin

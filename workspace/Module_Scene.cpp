@@ -1,0 +1,389 @@
+#include "workspace/Module_Scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+#include "core/Nombres.h"
+#include "workspace/SceneMarques.h"
+#include "workspace/SceneTraceur.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr std::int32_t Noir = Couleur(0, 0, 0);
+constexpr std::int32_t Blanc = Couleur(255, 255, 255);
+
+// Sizes on the screen, twips.
+constexpr float Percage = 75;         // dot of a hole in the drawing ...
+constexpr float PercageOutil = 45;    // ... and of the tool in it
+constexpr float FlecheLongue = 120;   // start of a path, axes
+constexpr float FlecheAir = 90;       // move in the air
+constexpr float AirSansFleche = 60;   // a shorter move has none
+constexpr float LettreAuPlus = 150;   // from the end of an axis to its letter
+constexpr float AxeSansDessin = 300;  // length of an axis of a drawing without extent
+
+// Kinds of dots and marks that may stand for each other in one pixel.
+enum Sorte : unsigned {
+  SorteInitial,
+  SorteSelectionnee,
+  SorteOutil,
+  SorteOutilPointille,
+  SorteEncoche,
+  SorteAir,
+  SorteMarque,
+  SorteMarqueSelectionnee,
+  SorteAttache,
+  SorteDepart,
+  SortePercage,
+  SortePercageSelectionne,
+  SortePercageOutil,
+  SorteCadre,
+};
+
+// A path of the drawing as one run of points.
+struct Course {
+  std::size_t premier = 0, nombre = 0;
+  bool selectionnee = false;
+};
+
+// One run over the document for one picture.
+class Peintre {
+ public:
+  Peintre(const Document& document, const EtatVue& vue, const TailleImage& taille, const OptionsScene& options,
+          Scene& scene)
+      : doc_(document),
+        taille_(taille),
+        options_(options),
+        scene_(scene),
+        traceur_(scene, vue, taille, options.pixel),
+        zoom_(vue.Zoom),
+        cote_(CoteMarque(taille)) {}
+
+  void Dessine() {
+    Releve();
+    if (courses_.empty()) return;
+    Etendue();
+    for (const Course& c : courses_) Initial(c);
+    Outil();
+    Attaches();
+    for (const Course& c : courses_) Depart(c);
+    if (options_.sequence) Numeros();
+    Axes();
+    Legende();
+  }
+
+ private:
+  void Releve();
+  void Etendue();
+  void Initial(const Course& course);
+  void Outil();
+  void Air(const PointTrace& de, const PointTrace& a);
+  void Passes(const std::vector<PointTrace>& points);
+  void Attaches();
+  void Depart(const Course& course);
+  void Numeros();
+  void Axe(float x, float y, const char* lettre);
+  void Axes();
+  void Legende();
+  void Trou(Element element, std::int32_t couleur, const PointTrace& p, float diametre, Sorte sorte);
+  [[nodiscard]] const SequenceInfo* Fiche(Code2 code) const {
+    const auto it = fiches_.find(code.Cle());
+    return it == fiches_.end() ? nullptr : it->second;
+  }
+
+  const Document& doc_;
+  TailleImage taille_;
+  const OptionsScene& options_;
+  Scene& scene_;
+  Traceur traceur_;
+  float zoom_, cote_;
+  std::unordered_map<std::uint32_t, const SequenceInfo*> fiches_;
+  std::vector<Course> courses_;
+  std::vector<std::size_t> attaches_;
+  float xmin_ = 0, xmax_ = 0, ymin_ = 0, ymax_ = 0;
+};
+
+// The runs, the bounds and the attachment points, in one walk. After a refused project NbPoints may be larger than
+// the array.
+void Peintre::Releve() {
+  fiches_.reserve(doc_.Sequences.size());
+  for (const SequenceInfo& s : doc_.Sequences) fiches_.try_emplace(s.Code.Cle(), &s);
+  const auto& points = doc_.TraceInitial;
+  const std::size_t n = doc_.NbPoints > 0 ? std::min(points.size(), static_cast<std::size_t>(doc_.NbPoints)) : 0;
+  if (n == 0) return;
+  xmin_ = xmax_ = points[0].X;
+  ymin_ = ymax_ = points[0].Y;
+  for (std::size_t i = 0; i < n; ++i) {
+    const PointTrace& p = points[i];
+    xmin_ = std::min(xmin_, p.X);
+    xmax_ = std::max(xmax_, p.X);
+    ymin_ = std::min(ymin_, p.Y);
+    ymax_ = std::max(ymax_, p.Y);
+    if (p.Cde == CodePC) attaches_.push_back(i);
+    if (i == 0 || p.Seq != points[i - 1].Seq) {
+      const SequenceInfo* fiche = Fiche(p.Seq);
+      courses_.push_back({i, 0, fiche != nullptr && fiche->Selection != Faux});
+    }
+    ++courses_.back().nombre;
+  }
+}
+
+void Peintre::Etendue() {
+  const PointTrace coins[] = {{xmin_, ymin_, CodePD, {}},
+                              {xmax_, ymin_, CodePD, {}},
+                              {xmax_, ymax_, CodePD, {}},
+                              {xmin_, ymax_, CodePD, {}},
+                              {xmin_, ymin_, CodePD, {}}};
+  traceur_.Commence(Element::Etendue, StyleTrait::TiretPointPoint, Noir, SorteCadre);
+  traceur_.Suit(std::begin(coins), std::end(coins));
+  traceur_.Finit();
+}
+
+// A hole is two points in one place: a dot that can be seen at any scale.
+void Peintre::Trou(Element element, std::int32_t couleur, const PointTrace& p, float diametre, Sorte sorte) {
+  const PointEcran place = traceur_.Place(p.X, p.Y);
+  if (!traceur_.Montre(place, diametre, sorte)) return;
+  Primitive point;
+  point.genre = Genre::Points;
+  point.element = element;
+  point.couleur = couleur;
+  point.mesure = diametre;
+  traceur_.AjouteMarque(point, {&place, 1});
+}
+
+void Peintre::Initial(const Course& course) {
+  const PointTrace* debut = doc_.TraceInitial.data() + course.premier;
+  const PointTrace* fin = debut + course.nombre;
+  const bool choisie = course.selectionnee;
+  const std::int32_t couleur = choisie ? options_.couleurSelectionne : options_.couleurInitial;
+  if (course.nombre == 2 && pathwerk::MemePlace(debut[0], debut[1])) {
+    Trou(Element::Initial, couleur, *debut, Percage, choisie ? SortePercageSelectionne : SortePercage);
+  } else {
+    traceur_.Commence(Element::Initial, StyleTrait::Plein, couleur, choisie ? SorteSelectionnee : SorteInitial);
+    traceur_.Suit(debut, fin);
+    traceur_.Finit();
+  }
+  if (!options_.numPoint) return;
+  Primitive marque;
+  marque.genre = Genre::Carres;
+  marque.element = Element::Initial;
+  marque.couleur = couleur;
+  marque.mesure = cote_;
+  for (const PointTrace* p = debut; p != fin; ++p) {
+    const PointEcran place = traceur_.Place(p->X, p->Y);
+    if (traceur_.Montre(place, cote_ / 2, choisie ? SorteMarqueSelectionnee : SorteMarque)) {
+      traceur_.AjouteMarque(marque, {&place, 1});
+    }
+  }
+}
+
+void Peintre::Outil() {
+  const auto milled = [](const SequenceInfo& s) { return s.Fraiser != Faux; };
+  if (std::none_of(doc_.Sequences.begin(), doc_.Sequences.end(), milled)) return;
+  PointTrace bout{0, 0, CodePD, {}};  // a job starts at the origin
+  for (const SequenceDecalee& trace : doc_.TraceDecale) {
+    if (trace.Points.empty()) continue;
+    const SequenceInfo* fiche = Fiche(trace.Seq);
+    if (fiche != nullptr && fiche->Fraiser == Faux) continue;
+    Air(bout, trace.Points.front());
+    if (trace.Points.size() == 2 && pathwerk::MemePlace(trace.Points[0], trace.Points[1])) {
+      Trou(Element::Outil, options_.couleurDecalage, trace.Points[0], PercageOutil, SortePercageOutil);
+    } else {
+      Passes(trace.Points);
+    }
+    bout = trace.Points.back();
+  }
+}
+
+// The move in the air, dotted, with an arrow at its middle. Within a pixel it is covered by the paths at its ends.
+void Peintre::Air(const PointTrace& de, const PointTrace& a) {
+  const PointEcran e = traceur_.Place(de.X, de.Y);
+  const PointEcran f = traceur_.Place(a.X, a.Y);
+  const float dx = f.X - e.X;
+  const float dy = f.Y - e.Y;
+  const float longueur = std::hypot(dx, dy);
+  if (!(longueur >= options_.pixel)) return;
+  traceur_.Commence(Element::Outil, StyleTrait::Pointille, options_.couleurDecalage, SorteAir);
+  traceur_.Suit(de);
+  traceur_.Suit(a);
+  traceur_.Finit();
+  if (longueur < AirSansFleche) return;
+  const float fleche = std::min(FlecheAir, longueur / 2);
+  const float ux = dx / longueur;
+  const float uy = dy / longueur;
+  const PointEcran pointe{e.X + dx / 2 + ux * fleche / 2, e.Y + dy / 2 + uy * fleche / 2};
+  if (!traceur_.Visible(pointe, FlecheAir)) return;
+  PointEcran coins[3];
+  Fleche(pointe, ux, uy, fleche, coins);
+  Primitive p;
+  p.genre = Genre::Fleches;
+  p.element = Element::Outil;
+  p.couleur = options_.couleurDecalage;
+  traceur_.AjouteMarque(p, coins);
+}
+
+// The lines of one trace. Each stretch takes its style from the point where it starts:
+//
+//     PD ---- PE .... PC .... PE .... PD ----      a notch: dotted, in the colour of notches
+//     PD ---- PC .... PD ----                      a mark too near to an end for a notch: dotted
+void Peintre::Passes(const std::vector<PointTrace>& points) {
+  enum class Sorte2 { Plein, Nu, Encoche };
+  bool dansEncoche = false;
+  const auto sorteDe = [&dansEncoche](Code2 cde) {
+    if (cde == CodePE) {
+      dansEncoche = true;
+    } else if (cde != CodePC) {
+      dansEncoche = false;
+      return Sorte2::Plein;
+    }
+    return dansEncoche ? Sorte2::Encoche : Sorte2::Nu;
+  };
+  const std::size_t n = points.size();
+  std::size_t debut = 0;
+  Sorte2 sorte = sorteDe(points[0].Cde);
+  while (debut == 0 || debut + 1 < n) {
+    std::size_t fin = debut + 1;  // first point whose stretch differs, or the last point
+    Sorte2 suivante = sorte;
+    while (fin + 1 < n && (suivante = sorteDe(points[fin].Cde)) == sorte) ++fin;
+    const bool encoche = sorte == Sorte2::Encoche;
+    const bool plein = sorte == Sorte2::Plein;
+    traceur_.Commence(Element::Outil, plein ? StyleTrait::Plein : StyleTrait::Pointille,
+                      encoche ? options_.couleurEncoche : options_.couleurDecalage,
+                      plein     ? SorteOutil
+                      : encoche ? SorteEncoche
+                                : SorteOutilPointille);
+    traceur_.Suit(points.data() + debut, points.data() + std::min(fin + 1, n));
+    traceur_.Finit();
+    debut = fin;
+    sorte = suivante;
+  }
+}
+
+void Peintre::Attaches() {
+  Primitive marque;
+  marque.genre = Genre::Carres;
+  marque.element = Element::Attaches;
+  marque.couleur = options_.couleurEncoche;
+  marque.mesure = cote_;
+  for (const std::size_t i : attaches_) {
+    const PointEcran place = traceur_.Place(doc_.TraceInitial[i].X, doc_.TraceInitial[i].Y);
+    if (traceur_.Montre(place, cote_ / 2, SorteAttache)) traceur_.AjouteMarque(marque, {&place, 1});
+  }
+}
+
+// The arrow stands on the start and points along the first stretch that has a length; the direction is taken from
+// the drawing, a stretch may be shorter than a pixel.
+void Peintre::Depart(const Course& course) {
+  const PointTrace* p = doc_.TraceInitial.data() + course.premier;
+  const PointTrace* fin = p + course.nombre;
+  const PointTrace* q = p + 1;
+  while (q != fin && pathwerk::MemePlace(*p, *q)) ++q;
+  if (q == fin) return;
+  const double dx = static_cast<double>(q->X) - static_cast<double>(p->X);
+  const double dy = static_cast<double>(q->Y) - static_cast<double>(p->Y);
+  const double longueur = std::hypot(dx, dy);
+  const PointEcran place = traceur_.Place(p->X, p->Y);
+  if (!std::isfinite(longueur) || !traceur_.Montre(place, FlecheLongue, SorteDepart)) return;
+  const auto ux = static_cast<float>(dx / longueur);
+  const auto uy = static_cast<float>(-dy / longueur);
+  PointEcran coins[3];
+  Fleche({place.X + ux * FlecheLongue, place.Y + uy * FlecheLongue}, ux, uy, FlecheLongue, coins);
+  Primitive fleche;
+  fleche.genre = Genre::Fleches;
+  fleche.element = Element::Departs;
+  fleche.couleur = options_.couleurNumero;
+  traceur_.AjouteMarque(fleche, coins);
+}
+
+// A disc that a later one of at least its size covers in the same pixel is left out.
+void Peintre::Numeros() {
+  struct Numero {
+    std::string texte;
+    PointEcran place;
+    float rayon = 0;
+    bool selectionnee = false;
+    bool cache = false;
+  };
+  const TailleTexte large = Mesure(options_, "0000000");
+  const float loin = std::max(large.largeur, large.hauteur);
+  std::vector<Numero> numeros;
+  for (std::size_t i = 0; i < courses_.size(); ++i) {
+    const PointTrace& p = doc_.TraceInitial[courses_[i].premier];
+    Numero n;
+    n.place = traceur_.Place(p.X, p.Y);
+    if (!traceur_.Visible(n.place, loin)) continue;
+    n.texte = Formate(static_cast<double>(i + 1), "####");
+    const TailleTexte mesure = Mesure(options_, n.texte);
+    n.rayon = std::max(mesure.largeur, mesure.hauteur) / 1.6F;
+    n.selectionnee = courses_[i].selectionnee;
+    if (traceur_.Visible(n.place, n.rayon)) numeros.push_back(std::move(n));
+  }
+  std::unordered_map<std::uint64_t, float> rayons;
+  for (auto n = numeros.rbegin(); n != numeros.rend(); ++n) {
+    const auto cle = [&](float v) {
+      return static_cast<std::uint64_t>(
+          static_cast<std::uint32_t>(Arrondi32(static_cast<double>(v / options_.pixel))));
+    };
+    float& rayon = rayons[cle(n->place.X) << 32U | cle(n->place.Y)];
+    n->cache = rayon >= n->rayon;
+    rayon = std::max(rayon, n->rayon);
+  }
+  for (const Numero& n : numeros) {
+    if (n.cache) continue;
+    AjouteDisque(scene_, Element::Numeros, options_.couleurSequence,
+                 n.selectionnee ? options_.couleurSelectionne : Blanc, n.place, n.rayon);
+    AjouteTexte(scene_, Element::Numeros, options_.couleurSequence, n.place, Ancre::Centre, n.texte);
+  }
+}
+
+// From a quarter of its length behind the origin to its end, with an arrow; the letter a quarter farther, but near.
+void Peintre::Axe(float x, float y, const char* lettre) {
+  const float quart = 0.25F;
+  traceur_.Commence(Element::Axes, StyleTrait::Plein, options_.couleurInitial, SorteCadre);
+  traceur_.Suit({-x * quart, -y * quart, CodePD, {}});
+  traceur_.Suit({x, y, CodePD, {}});
+  traceur_.Finit();
+  const PointEcran bout = traceur_.Place(x, y);
+  if (!traceur_.Visible(bout, FlecheLongue + LettreAuPlus)) return;
+  const float ux = x > 0 ? 1.0F : 0.0F;
+  const float uy = y > 0 ? -1.0F : 0.0F;
+  PointEcran coins[3];
+  Fleche(bout, ux, uy, FlecheLongue, coins);
+  Primitive fleche;
+  fleche.genre = Genre::Fleches;
+  fleche.element = Element::Axes;
+  fleche.couleur = options_.couleurInitial;
+  traceur_.AjouteMarque(fleche, coins);
+  const float ecart = std::clamp((x + y) * zoom_ * quart, FlecheLongue, LettreAuPlus);
+  AjouteTexte(scene_, Element::Axes, options_.couleurInitial, {bout.X + ux * ecart, bout.Y + uy * ecart},
+              Ancre::Centre, lettre);
+}
+
+void Peintre::Axes() {
+  float longueur = (xmax_ - xmin_) / 10;
+  if (!(longueur > 0)) longueur = (ymax_ - ymin_) / 10;
+  if (!(longueur > 0)) longueur = AxeSansDessin / zoom_;
+  Axe(longueur, 0, "X");
+  Axe(0, longueur, "Y");
+}
+
+void Peintre::Legende() {
+  const float hauteur = Mesure(options_, options_.legendeDessin).hauteur;
+  const float coin = hauteur / 10;
+  AjouteTexte(scene_, Element::Legende, options_.couleurInitial, {coin, coin}, Ancre::HautGauche,
+              options_.legendeDessin);
+  AjouteTexte(scene_, Element::Legende, options_.couleurDecalage, {coin, coin + hauteur}, Ancre::HautGauche,
+              options_.legendeDecalage);
+}
+
+}  // namespace
+
+void ConstruitScene(const Document& document, const EtatVue& vue, const TailleImage& taille,
+                    const OptionsScene& options, Scene& scene) {
+  scene.Vide();
+  Peintre(document, vue, taille, options, scene).Dessine();
+}
+
+}  // namespace ovelin
