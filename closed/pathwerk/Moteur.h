@@ -38,4 +38,14 @@ bool Difference(std::span<const Chemin> a, std::span<const Chemin> b, std::vecto
 // touches itself comes back as it is.
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions);
 
+// How often which engine gave the result since the program began: the raw curve alone, the arc engine, Clipper.
+// More than a few of the last in a million calls is worth a look at the drawing.
+struct CompteDuMoteur {
+  unsigned long simples = 0;
+  unsigned long arcs = 0;
+  unsigned long replis = 0;
+  unsigned long replisLobes = 0;  // crossings that Clipper cut
+};
+CompteDuMoteur CompteDecaleRegion();
+
 }  // namespace pathwerk::geo

@@ -1,13 +1,13 @@
 // The engine on Clipper 6. Clipper only unites: the raw curve is ours (ParalleleBrute), because Clipper's own arcs
-// come out up to 2.25 times as coarse as asked and every corner of a smooth contour would cost it a crossing. A raw
-// curve that doesn't meet itself is its own border and never reaches Clipper, which is quadratic on dense input.
+// come out up to 2.25 times as coarse as asked and every corner of a smooth contour would cost it a crossing. It is
+// quadratic on dense input, so it only stands in where the arc engine can't vouch for its result.
 #include <algorithm>
 #include <cmath>
 #include <exception>
 #include <polyclipping/clipper.hpp>
 
 #include "closed/pathwerk/ArbreSegments.h"
-#include "closed/pathwerk/Moteur.h"
+#include "closed/pathwerk/Moteurs.h"
 #include "closed/pathwerk/ParalleleBrute.h"
 
 namespace pathwerk::geo {
@@ -132,7 +132,7 @@ int SigneDe(double aire) { return aire > 0 ? 1 : aire < 0 ? -1 : 0; }
 
 }  // namespace
 
-bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
+bool DecaleRegionClipper(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
   boucles.clear();
   // A small share of the tolerance lets pass what fits exactly; the rest bounds the arcs.
   const double jeu = std::min(0.06 * tolerance, std::abs(distance) / 20);
@@ -141,14 +141,6 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
   const double fleche = 0.85 * tolerance;
   try {
     if (!(Etendue(region.contours) + std::abs(d) <= 1e9)) return false;
-    if (region.contours.size() == 1) {
-      Chemin brute = ParalleleBrute(region.contours[0], d, fleche);
-      if (brute.size() < 3) return true;
-      if (!ArbreSegments(SegmentsDe(brute, true)).PeutSeCroiser()) {
-        if ((Aire(brute) > 0) == positif) boucles.push_back(std::move(brute));
-        return true;
-      }
-    }
     Demele(region, d, fleche, positif, boucles);
     return true;
   } catch (const std::exception&) {
@@ -174,7 +166,7 @@ bool Difference(std::span<const Chemin> a, std::span<const Chemin> b, std::vecto
   }
 }
 
-bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {
+bool SepareLobesClipper(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {
   regions.clear();
   try {
     const double aire = Aire(chemin);

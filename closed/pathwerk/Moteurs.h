@@ -1,0 +1,18 @@
+// The engines behind Moteur.h, for benches and tests that compare them.
+#pragma once
+
+#include "closed/pathwerk/Moteur.h"
+
+namespace pathwerk::geo {
+
+// Same contracts as DecaleRegion and SepareLobes. DecaleRegionArcs answers false where it can't vouch for its result,
+// SepareLobesCoupes where crossings are too close to tell.
+bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles);
+bool DecaleRegionClipper(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles);
+bool SepareLobesCoupes(const Chemin& chemin, double tolerance, std::vector<Region>& regions);
+bool SepareLobesClipper(const Chemin& chemin, double tolerance, std::vector<Region>& regions);
+
+// The raw curve alone, where it doesn't meet itself and so is the whole answer; false where it does.
+bool DecaleRegionSimple(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles);
+
+}  // namespace pathwerk::geo
