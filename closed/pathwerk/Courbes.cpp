@@ -20,8 +20,9 @@ double FlecheUtile(double fleche) { return std::isfinite(fleche) && fleche > 1e-
 // A chord over the angle a of a circle of radius r lies r (1 - cos(a/2)) from the arc:
 //
 //        .-'''-.   <- fleche
-//      /---------\          a = 2 acos(1 - fleche / r), and never more than an eighth of a turn,
-//     a     c     b         so that the smallest circle still is an octagon
+//      /---------\          a = 4 asin(sqrt(fleche / 2r)), the same as 2 acos(1 - fleche / r) without its loss of
+//     a     c     b         digits, and never more than an eighth of a turn, so that the smallest circle still is
+//                           an octagon
 //
 // The sweep is cut in equal parts, which keeps a circle symmetrical.
 void AjouteArc(std::vector<Vec2>& points, Vec2 centre, double rayon, double angleDebut, double balayage,
@@ -30,7 +31,7 @@ void AjouteArc(std::vector<Vec2>& points, Vec2 centre, double rayon, double angl
   const double r = std::fabs(rayon);
   double pas = std::numbers::pi / 4;
   const double part = FlecheUtile(fleche) / r;  // infinite for r = 0
-  if (part < 1) pas = std::min(pas, 2 * std::acos(1 - part));
+  if (part < 1) pas = std::min(pas, 4 * std::asin(std::sqrt(part / 2)));
   // More than a turn repeats itself; a few are kept as they are.
   const double tours = std::clamp(balayage, -64 * std::numbers::pi, 64 * std::numbers::pi);
   const double ideal = std::ceil(std::fabs(tours) / pas - 1e-9);  // 1e-9: an exact share stays what it is

@@ -70,6 +70,16 @@ TEST(AjouteArc, HugeOrBrokenArcsStaySmall) {
   EXPECT_LE(p.size(), 8193U);
 }
 
+TEST(AjouteArc, AnArcWithoutSweepIsOnePointHoweverLargeItsRadius) {
+  // One chord of so large a circle covers less of the turn than a number can tell beside 1.
+  for (const double rayon : {1.0, 1e9, 1e19, 1e300}) {
+    std::vector<Vec2> p;
+    AjouteArc(p, {0, 0}, rayon, 0, 0, 0.01);
+    ASSERT_EQ(p.size(), 1U) << rayon;
+    EXPECT_EQ(p[0].x, rayon);
+  }
+}
+
 TEST(AjouteArc, RadiusZeroIsItsCentre) {
   std::vector<Vec2> p;
   AjouteArc(p, {3, 4}, 0, 0, 1, 0.01);
