@@ -128,6 +128,29 @@ void DessineOutil(cairo_t* c, const Vue& vue) {
   }
 }
 
+// A label in the outlines that the program mills: base line at (x, y), `taille` units high. Without any font there
+// is none.
+void Etiquette(cairo_t* c, double x, double y, double taille, const std::string& texte) {
+  std::vector<PointTrace> points;
+  if (pathwerk::Texte(points, texte, "DejaVu Sans", 0, 0) <= 0) {
+    const std::vector<std::string> polices = pathwerk::ListePolices();
+    if (polices.empty() || pathwerk::Texte(points, texte, polices.front(), 0, 0) <= 0) return;
+  }
+  const double echelle = taille / pathwerk::HauteurTexte;
+  Code2 dernier = CodeAucun;
+  for (const PointTrace& p : points) {
+    const double px = x + static_cast<double>(p.X) * echelle;
+    const double py = y - static_cast<double>(p.Y) * echelle;
+    if (p.Seq != dernier) {
+      cairo_move_to(c, px, py);
+    } else {
+      cairo_line_to(c, px, py);
+    }
+    dernier = p.Seq;
+  }
+  cairo_fill(c);
+}
+
 // The axes through the machine's origin and a bar of a round length.
 void DessineRepere(cairo_t* c, const Vue& vue) {
   Encre(c, Couleur(0, 110, 0));
@@ -142,12 +165,9 @@ void DessineRepere(cairo_t* c, const Vue& vue) {
   cairo_line_to(c, x, y - Fleche);
   cairo_line_to(c, x - 3, y - Fleche + 6);
   cairo_stroke(c);
-  cairo_select_font_face(c, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-  cairo_set_font_size(c, 13);
-  cairo_move_to(c, x + Fleche + 3, y + 4);
-  cairo_show_text(c, "X");
-  cairo_move_to(c, x - 4, y - Fleche - 4);
-  cairo_show_text(c, "Y");
+  constexpr double Taille = 13;
+  Etiquette(c, x + Fleche + 3, y + 4, Taille, "X");
+  Etiquette(c, x - 4, y - Fleche - 4, Taille, "Y");
 
   const double place = vue.largeur / 4 / vue.zoom;  // mm
   double barre = std::pow(10.0, std::floor(std::log10(std::max(place, 1e-6))));
@@ -162,8 +182,7 @@ void DessineRepere(cairo_t* c, const Vue& vue) {
   cairo_line_to(c, Bord + barre * vue.zoom, bas);
   cairo_line_to(c, Bord + barre * vue.zoom, bas - 4);
   cairo_stroke(c);
-  cairo_move_to(c, Bord + barre * vue.zoom + 6, bas + 4);
-  cairo_show_text(c, (TexteNombre(barre) + " mm").c_str());
+  Etiquette(c, Bord + barre * vue.zoom + 6, bas + 4, Taille, TexteNombre(barre) + " mm");
 }
 
 void Dessine(cairo_t* c, const Vue& vue, bool initial, bool outil) {
