@@ -17,6 +17,7 @@
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Annulation.h"
 
 namespace ovelin {
 
@@ -33,14 +34,6 @@ void LitReglagesDocument() {
   LitCouleurs();
   LitOptions();
   LitOutil();
-}
-
-void EffaceInstantanes() {
-  if (DossierTemp.empty()) return;
-  for (const std::string& nom : ListeFichiers(DossierTemp, "OVL")) {
-    std::error_code erreur;
-    std::filesystem::remove(std::filesystem::path(DossierTemp) / nom, erreur);
-  }
 }
 
 // One record for each change of `Seq` along the points.
@@ -174,7 +167,7 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   FichierProjet.clear();
   Prolongement = Faux;
   SeqCourante = CodeAucun;
-  EffaceInstantanes();
+  EffaceTousInstantanes();
   if (options.rendUniforme) RendUniforme(FichierCourant);
 
   const bool projet = ExtensionCourante == "OVL";
