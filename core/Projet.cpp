@@ -39,15 +39,7 @@ class Avancement {
 
 // The whole file in memory. The settings go through the key store, which hands back the lines meant for this file.
 std::string Compose(const std::string& chemin) {
-  std::string texte;
-  {
-    const LotCles lot;
-    const magasin::Redirection redirection(chemin, texte);
-    EcritMateriau();
-    EcritCouleurs();
-    EcritOptions();
-    EcritOutil();
-  }
+  std::string texte = LignesReglages(chemin);
   ComposeSequences(texte, TraceInitial, Sequences);
   double derniere = Svc.Horloge();
   ComposePoints(texte, TraceInitial, [&derniere] {
@@ -96,6 +88,19 @@ bool Verifie(const std::string& chemin, const RecensementProjet& r) {
 }
 
 }  // namespace
+
+std::string LignesReglages(const std::string& chemin) {
+  std::string texte;
+  {
+    const LotCles lot;
+    const magasin::Redirection redirection(chemin, texte);
+    EcritMateriau();
+    EcritCouleurs();
+    EcritOptions();
+    EcritOutil();
+  }
+  return texte;
+}
 
 ErreurSysteme EcrireProjet(const std::string& chemin) {
   // Before any key is written, so that a refused save changes nothing at all.

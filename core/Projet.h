@@ -11,6 +11,10 @@ namespace ovelin {
 // there is whole, and the system's reason comes back.
 ErreurSysteme EcrireProjet(const std::string& chemin);
 
+// The settings lines of the project or snapshot `chemin`, in their order. They go to the settings file as well,
+// which is written only where one differs.
+std::string LignesReglages(const std::string& chemin);
+
 // Reads a project into the document. False when the checks refuse it: the message has been shown (keys "100",
 // "101" of "erreurs", "lib110" with the system's reason for a file that can't be read), and the document is
 // unchanged apart from NbPoints and the bounds.

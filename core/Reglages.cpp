@@ -60,6 +60,13 @@ void LitOutil() {
   Regl.LargeurEncoche = LireNombre("LargeurEncoche", neuf.LargeurEncoche);
 }
 
+void LitReglagesDocument() {
+  LitMateriau();
+  LitCouleurs();
+  LitOptions();
+  LitOutil();
+}
+
 void EcritMateriau() {
   const LotCles lot;
   EcritNombre("Vitesse_Mat_H", Regl.Vitesse_Mat_H);

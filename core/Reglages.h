@@ -65,6 +65,9 @@ void LitCouleurs();
 void LitOptions();  // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU
 void LitOutil();    // DecalageOutil, RayonFraise, LargeurEncoche
 
+// All four groups in the order in which an opening or an undo reads them.
+void LitReglagesDocument();
+
 // Each group written through the key store, in the order in which a project holds it.
 void EcritMateriau();
 void EcritCouleurs();

@@ -14,7 +14,6 @@
 #include "core/Cles.h"
 #include "core/Document.h"
 #include "core/Etat.h"
-#include "core/MagasinFichiers.h"
 #include "core/Nombres.h"
 #include "core/Projet.h"
 #include "core/Reglages.h"
@@ -66,18 +65,6 @@ class PendantInstantane {
   PendantInstantane(const PendantInstantane&) = delete;
   PendantInstantane& operator=(const PendantInstantane&) = delete;
 };
-
-// The settings lines of a snapshot. They go to the settings file as well, which is written only where one differs.
-std::string LignesReglages(const std::string& chemin) {
-  std::string texte;
-  const LotCles lot;
-  const magasin::Redirection redirection(chemin, texte);
-  EcritMateriau();
-  EcritCouleurs();
-  EcritOptions();
-  EcritOutil();
-  return texte;
-}
 
 // The selection isn't part of a project.
 bool MemesFiches(const std::vector<SequenceInfo>& a, const std::vector<SequenceInfo>& b) {
@@ -187,10 +174,7 @@ ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
   r.lu = LireProjet(FichierCourant);
   // A snapshot that can't be read leaves the document; only the count was lost.
   if (!r.lu) NbPoints = static_cast<std::int32_t>(TraceInitial.size());
-  LitMateriau();
-  LitCouleurs();
-  LitOptions();
-  LitOutil();
+  LitReglagesDocument();
   RecalculDecalages();
   Appelle(crochets.RemplitArbres);
   EncombrementGeneral();

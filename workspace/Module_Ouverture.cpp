@@ -29,13 +29,6 @@ constexpr std::int32_t SansMessage = -101;        // the one number whose box ha
 constexpr std::int32_t SeuilOptimisation = 5000;  // points; a larger drawing keeps its order, for time
 constexpr float Marge = 5;                        // mm between the drawing and the machine's origin
 
-void LitReglagesDocument() {
-  LitMateriau();
-  LitCouleurs();
-  LitOptions();
-  LitOutil();
-}
-
 // One record for each change of `Seq` along the points.
 void RemplitSequences() {
   Sequences.assign(1, SequenceInfo{});
