@@ -33,6 +33,30 @@ function(ovelin_library name)
   target_link_libraries(${name} PUBLIC ovelin_options ${ARG_DEPENDS})
 endfunction()
 
+# The windows of a folder, on Qt Widgets.
+function(ovelin_ui_library name)
+  ovelin_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS)
+  target_link_libraries(${name} PUBLIC Qt6::Widgets)
+endfunction()
+
+# One test program of windows: tests/ui/<folder>, on the platform without a screen.
+function(ovelin_ui_test name)
+  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} test_ui_support)
+  target_compile_definitions(${name} PRIVATE
+    OVELIN_SOURCE_DIR="${CMAKE_SOURCE_DIR}" OVELIN_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  add_test(NAME ${name} COMMAND ${name} --gtest_shuffle --gtest_brief=1)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+endfunction()
+
 # One test program a folder of tests/unit. Tests run in random order.
 function(ovelin_test name)
   cmake_parse_arguments(ARG "PLAIN" "" "DEPENDS" ${ARGN})

@@ -29,6 +29,14 @@ Reponse Message(std::string_view section, std::string_view cle, Icone icone, Bou
   return Svc.Montre(boite);
 }
 
+void Travaille(const std::function<void()>& noyau) {
+  if (Svc.EnFond) {
+    Svc.EnFond(noyau);
+  } else {
+    noyau();
+  }
+}
+
 Services ServicesMuets() {
   Services s;
   s.Montre = [](const Boite& boite) -> Reponse {

@@ -72,12 +72,18 @@ struct Services {
   std::function<void(const std::string& chemin)> FichierRecent;
 
   std::function<void(Evenements)> LaisseEvenements;
+  // Runs a kernel over copies to its end while painting and timers go on, on a thread of its own where there is a
+  // window; see Travaille below. The kernel touches nothing of the document and calls no service.
+  std::function<void(const std::function<void()>& noyau)> EnFond;
   std::function<double()> Horloge;     // s, monotonic
   std::function<void(double)> Attend;  // s
   std::function<void()> Bip;
   char MarqueDecimale = '.';  // the user's decimal mark
 };
 extern Services Svc;
+
+// A kernel that may take long, run through `EnFond`, or directly where nobody offers one. Returns when it is done.
+void Travaille(const std::function<void()>& noyau);
 
 // A box with the text of its key; the shortest way to show one.
 Reponse Message(std::string_view section, std::string_view cle, Icone icone, Boutons boutons = Boutons::Ok,

@@ -150,10 +150,10 @@ std::string DossierCorpus() {
 }
 std::string DossierExemples() { return std::string(OVELIN_SOURCE_DIR) + "/samples"; }
 
-}  // namespace essai
-
-int main(int argc, char** argv) {
+int Lance(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
-  testing::UnitTest::GetInstance()->listeners().Append(new essai::Ecouteur);
+  testing::UnitTest::GetInstance()->listeners().Append(new Ecouteur);
   return RUN_ALL_TESTS();
 }
+
+}  // namespace essai

@@ -45,4 +45,7 @@ std::string DossierCorpus();
 // The project's own samples/.
 std::string DossierExemples();
 
+// All tests of the program, each on a fresh state with a fresh script.
+int Lance(int argc, char** argv);
+
 }  // namespace essai

@@ -1,0 +1,32 @@
+// The services of the core, filled with Qt: boxes, dialogs, clock, events.
+#pragma once
+
+#include <QWidget>
+
+#include "core/Services.h"
+
+namespace ovelin {
+
+// Boxes, file dialogs, prompt, clock, sleep, beep, events, the worker. Progress, panels, lists and the size dialog
+// belong to the main window, which fills them itself.
+void InstalleServicesQt();
+
+// Owner of dialogs: the window that is in front, or the one set here.
+void ChoisitProprietaire(QWidget* fenetre);
+QWidget* Proprietaire();
+
+// Something long is running and the user's input is held back. A wish that arrives meanwhile (a timer, a quit) is
+// put off with `Apres` and comes when it is over.
+bool PasseEnCours();
+void Apres(const std::function<void()>& souhait);
+// Held over a pass: nested ones count, the last end lets the postponed wishes run, in their order, from the event
+// loop.
+class Passe {
+ public:
+  Passe();
+  ~Passe();
+  Passe(const Passe&) = delete;
+  Passe& operator=(const Passe&) = delete;
+};
+
+}  // namespace ovelin

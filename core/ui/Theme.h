@@ -1,0 +1,28 @@
+// Colours and icons that follow the system's light or dark theme.
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QWidget>
+#include <cstdint>
+
+namespace ovelin {
+
+// Colours of the settings are red + 256 x green + 65536 x blue.
+QColor EnCouleur(std::int32_t couleur);
+std::int32_t DeCouleur(const QColor& couleur);
+
+// The palette's window is darker than its text.
+bool ThemeSombre(const QWidget& w);
+// The colour, or the same hue lighter or darker, so that it can be told from `fond` (contrast of 3 to 1).
+QColor CouleurLisible(const QColor& couleur, const QColor& fond);
+// "Paper" of the picture and of previews: white in a light theme, a dark grey in a dark one.
+QColor Papier(const QWidget& w);
+
+// An icon of the program by its name ("mnu_Ouvrir"), drawn in the palette's text colour with one accent; sharp at
+// every size and scale, greyed when disabled. An unknown name gives a null icon.
+QIcon IconeProgramme(const QString& nom);
+// Rebuilds what was drawn for another palette; called when the theme changes.
+void OublieIcones();
+
+}  // namespace ovelin

@@ -1,0 +1,3 @@
+#include "tests/support/Support.h"
+
+int main(int argc, char** argv) { return essai::Lance(argc, argv); }
