@@ -1,6 +1,7 @@
 #include "tests/ui/support/SupportUi.h"
 
 #include <QPalette>
+#include <QStyle>
 #include <QStyleFactory>
 
 namespace essai {
