@@ -5,7 +5,7 @@
 
 namespace ovelin {
 
-std::function<void(const std::string&, QWidget*)> OuvreFenetre;
+std::function<bool(const std::string&, QWidget*)> OuvreFenetre;
 std::function<bool(const std::string&)> FenetreExiste;
 std::function<int(QWidget*, int)> ChoisitCouleur;
 
