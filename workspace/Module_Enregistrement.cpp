@@ -1,0 +1,62 @@
+#include "workspace/Module_Enregistrement.h"
+
+#include <string>
+
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "workspace/Module_Ouverture.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Representation";
+constexpr const char* Extension = ".OVL";
+
+std::string DemandeChemin(const char* cle) {
+  DialogueFichier dialogue;
+  dialogue.enregistrer = true;
+  dialogue.cle = cle;
+  dialogue.titre = Traduire(Section, cle);
+  dialogue.filtre = Traduire(Section, "FiltreProjet");
+  dialogue.motif = "*.OVL";
+  if (!FichierCourant.empty()) dialogue.propose = NomSansExtension(FichierCourant) + Extension;
+  return Svc.ChoisitFichier(dialogue);
+}
+
+bool Enregistre(const std::string& chemin) {
+  if (chemin.empty()) return false;
+  const std::string raison = EnregistreProjet(chemin);
+  if (raison.empty()) return true;
+  Boite boite;
+  boite.section = Section;
+  boite.cle = "lib125";
+  boite.texte = Traduire(Section, boite.cle) + "\n" + chemin + " : " + raison;
+  boite.titre = NomProgramme;
+  boite.icone = Icone::Critique;
+  boite.fichier = chemin;
+  Svc.Montre(boite);
+  return false;
+}
+
+std::string AvecExtension(const std::string& chemin) {
+  const std::size_t debut = chemin.size() < 4 ? 0 : chemin.size() - 4;
+  return chemin.empty() || Majuscules(chemin.substr(debut)) == Extension ? chemin : chemin + Extension;
+}
+
+}  // namespace
+
+bool mnu_Save() {
+  if (TraceInitial.empty()) return false;
+  return Enregistre(ExtensionDe(FichierCourant) == "OVL" ? FichierCourant : AvecExtension(DemandeChemin("mnu_Save")));
+}
+
+bool mnu_SaveAs() {
+  if (TraceInitial.empty()) return false;
+  return Enregistre(AvecExtension(DemandeChemin("mnu_SaveAs")));
+}
+
+}  // namespace ovelin
