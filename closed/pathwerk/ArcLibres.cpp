@@ -253,9 +253,11 @@ class Aplatisseur {
     pas_ = std::min(2 * std::acos(1 - std::min(fleche / r_, 1.0)), kPi / 3);
   }
 
-  // The closed chain of stretches, in order.
-  Chemin Boucle(const std::vector<std::uint32_t>& chaine) {
+  // The closed chain of stretches, in order. `origines`: of its edges.
+  Chemin Boucle(const std::vector<std::uint32_t>& chaine, Origines& origines) {
     sortie_.clear();
+    origines_.clear();
+    ici_ = {};
     const std::size_t n = chaine.size();
     bool avant = Emousse(chaine, n - 1);
     bool ici = Emousse(chaine, 0);
@@ -264,24 +266,60 @@ class Aplatisseur {
       const ArcLibre& p = libres_[chaine[k]];
       if (ici) {
         const Vec2 c = source_.A(p.source);
-        Pose(c + Unite((p.a - c) + (p.b - c)) * r_);
+        Pose(c + Unite((p.a - c) + (p.b - c)) * r_, 1);
       } else {
-        if (!avant) Pose(p.a);
+        if (!avant) Pose(p.a, 0);
+        ici_ = {p.source, Debut(p), 0};
         if (p.arc) Arc(p);
-        if (!apres) Pose(p.b);
+        if (!apres) {
+          Pose(p.b, Fin(p));
+          ici_ = {};  // should the next stretch begin elsewhere, a chord goes there
+        }
       }
       avant = ici;
       ici = apres;
     }
-    while (sortie_.size() > 1 && Norme(sortie_.front() - sortie_.back()) < kMeme) sortie_.pop_back();
+    if (avant) ici_ = {libres_[chaine[0]].source, 0, 0};
+    Ferme();
+    origines = std::move(origines_);
     return std::move(sortie_);
   }
 
  private:
   static constexpr double kMeme = 1e-9;  // mm
 
-  void Pose(Vec2 p) {
-    if (sortie_.empty() || Norme(p - sortie_.back()) >= kMeme) sortie_.push_back(p);
+  // A point where the edge before it arrives at the share `part` of the segment it runs beside.
+  void Pose(Vec2 p, float part) {
+    if (!sortie_.empty() && Norme(p - sortie_.back()) < kMeme) return;
+    if (sortie_.empty()) {
+      premiere_ = part;
+    } else {
+      origines_.push_back({ici_.segment, ici_.de, part});
+    }
+    sortie_.push_back(p);
+    ici_.de = part;
+  }
+
+  // The edge back to the first point.
+  void Ferme() {
+    if (sortie_.size() < 2 || Norme(sortie_.front() - sortie_.back()) >= kMeme) {
+      origines_.push_back({ici_.segment, ici_.de, premiere_});
+      return;
+    }
+    sortie_.pop_back();
+    while (sortie_.size() > 1 && Norme(sortie_.front() - sortie_.back()) < kMeme) {
+      sortie_.pop_back();
+      origines_.pop_back();
+    }
+  }
+
+  [[nodiscard]] float Part(const ArcLibre& p, Vec2 q) const {
+    const Vec2 d = source_.B(p.source) - source_.A(p.source);
+    return static_cast<float>(std::clamp(Scalaire(q - source_.A(p.source), d) / Scalaire(d, d), 0.0, 1.0));
+  }
+  [[nodiscard]] float Debut(const ArcLibre& p) const { return p.arc || p.causeA == kNaturel ? 0.0F : Part(p, p.a); }
+  [[nodiscard]] float Fin(const ArcLibre& p) const {
+    return p.arc ? 0.0F : p.causeB == kNaturel ? 1.0F : Part(p, p.b);
   }
 
   // A whole arc so blunt that its middle alone will do, between two whole ends of parallels.
@@ -305,7 +343,7 @@ class Aplatisseur {
       const double a = sens_ * w * static_cast<double>(i) / static_cast<double>(n);
       const double co = std::cos(a) * r_;
       const double si = std::sin(a) * r_;
-      Pose(c + Vec2{u.x * co - u.y * si, u.x * si + u.y * co});
+      Pose(c + Vec2{u.x * co - u.y * si, u.x * si + u.y * co}, 0);
     }
   }
 
@@ -316,16 +354,21 @@ class Aplatisseur {
   double fleche_;
   double pas_ = 0;
   Chemin sortie_;
+  Origines origines_;
+  Origine ici_;         // of the edge that leaves the last point
+  float premiere_ = 0;  // where the edge back to the first point arrives
 };
 
 }  // namespace
 
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
-                                   double fleche, double mini) {
+                                   double fleche, double mini, std::vector<Origines>* origines) {
   Aplatisseur aplatisseur(source, libres, d, fleche);
   std::vector<std::uint8_t> vu(libres.size(), 0);
   std::vector<Chemin> boucles;
   std::vector<std::uint32_t> chaine;
+  Origines o;
+  if (origines != nullptr) origines->clear();
   for (std::uint32_t depart = 0; depart < libres.size(); ++depart) {
     if (vu[depart] != 0 || libres[depart].hors) continue;
     chaine.clear();
@@ -333,8 +376,10 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
       vu[k] = 1;
       chaine.push_back(k);
     }
-    Chemin c = aplatisseur.Boucle(chaine);
-    if (c.size() >= 2 && Perimetre(c) >= mini) boucles.push_back(std::move(c));
+    Chemin c = aplatisseur.Boucle(chaine, o);
+    if (c.size() < 2 || Perimetre(c) < mini) continue;
+    boucles.push_back(std::move(c));
+    if (origines != nullptr) origines->push_back(std::move(o));
   }
   return boucles;
 }

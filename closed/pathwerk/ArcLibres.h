@@ -6,6 +6,7 @@
 
 #include "closed/pathwerk/ArcSource.h"
 #include "closed/pathwerk/ArcTaille.h"
+#include "closed/pathwerk/Origine.h"
 
 namespace pathwerk::geo {
 
@@ -35,8 +36,9 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
 std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libres, double d, int signe);
 
 // Closed loops as polylines whose chords lie within `fleche` of the arcs, inside them. Loops shorter than `mini`
-// are left out. Only for linked stretches.
+// are left out. Only for linked stretches. `origines`, when asked for: where the edges of each loop lie on the
+// source.
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
-                                   double fleche, double mini);
+                                   double fleche, double mini, std::vector<Origines>* origines = nullptr);
 
 }  // namespace pathwerk::geo

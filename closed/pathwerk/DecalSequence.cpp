@@ -15,19 +15,20 @@ namespace geo {
 std::vector<Piece> DecaleFerme(const Source& source, double distance, double tolerance) {
   std::vector<Region> regions;
   if (!SepareLobes(source.chemin, tolerance, regions)) return {};
-  std::vector<std::pair<double, Chemin>> boucles;
+  std::vector<std::pair<double, Piece>> boucles;
   for (const Region& region : regions) {
     std::vector<Chemin> b;
-    if (!DecaleRegion(region, distance, tolerance, b)) return {};
-    for (Chemin& c : b) {
-      const double aire = std::abs(Aire(c));
-      boucles.emplace_back(aire, std::move(c));
+    std::vector<Origines> o;
+    if (!DecaleRegion(region, distance, tolerance, b, o)) return {};
+    for (std::size_t k = 0; k < b.size(); ++k) {
+      const double aire = std::abs(Aire(b[k]));
+      boucles.emplace_back(aire, Piece{std::move(b[k]), true, true, Remonte(region, std::move(o[k]))});
     }
   }
   // What lies inside comes before what contains it, as in a drawing.
   std::stable_sort(boucles.begin(), boucles.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<Piece> pieces;
-  for (auto& [aire, c] : boucles) pieces.push_back({std::move(c), true, true});
+  for (auto& [aire, p] : boucles) pieces.push_back(std::move(p));
   return pieces;
 }
 

@@ -45,8 +45,48 @@ bool CoinServi(const Chemin& c, double d) {
 
 CompteDuMoteur CompteDecaleRegion() { return {nbSimples, nbArcs, nbReplis, nbReplisLobes}; }
 
-bool DecaleRegionSimple(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
+Region RegionDe(const Chemin& chemin, int signe, bool deuxSens) {
+  Region r{{chemin}, signe};
+  const auto n = static_cast<std::uint32_t>(chemin.size());
+  Origines o(n);
+  for (std::uint32_t i = 0; i < n; ++i) o[i] = {i, 0, 1};
+  r.origines.push_back(std::move(o));
+  if (deuxSens) {
+    r.contours.push_back(r.contours[0]);
+    r.origines.push_back(r.origines[0]);
+    Retourne(r.contours[1], r.origines[1]);
+  }
+  return r;
+}
+
+Origines Remonte(const Region& region, Origines origines) {
+  if (region.origines.size() != region.contours.size()) return {};
+  std::vector<std::size_t> debut;  // first segment of each contour that counts
+  std::vector<std::size_t> contour;
+  std::size_t total = 0;
+  for (std::size_t k = 0; k < region.contours.size(); ++k) {
+    if (region.contours[k].size() < 2) continue;
+    debut.push_back(total);
+    contour.push_back(k);
+    total += region.contours[k].size();
+  }
+  for (Origine& o : origines) {
+    if (o.segment >= total) {
+      o = {};
+      continue;
+    }
+    const auto k =
+        static_cast<std::size_t>(std::upper_bound(debut.begin(), debut.end(), o.segment) - debut.begin()) - 1;
+    o.segment -= static_cast<std::uint32_t>(debut[k]);
+    o = Compose(o, region.origines[contour[k]]);
+  }
+  return origines;
+}
+
+bool DecaleRegionSimple(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                        std::vector<Origines>* origines) {
   boucles.clear();
+  if (origines != nullptr) origines->clear();
   if (region.contours.size() != 1) return false;
   try {
     double etendue = std::abs(distance);
@@ -56,10 +96,14 @@ bool DecaleRegionSimple(const Region& region, double distance, double tolerance,
     const double d = distance > 0 ? distance - jeu : distance + jeu;
     const bool positif = region.signe > 0 || (region.signe == 0 && distance < 0);
     if (CoinServi(region.contours[0], d)) return false;
-    Chemin brute = ParalleleBrute(region.contours[0], d, 0.85 * tolerance);
+    Origines o;
+    Chemin brute = ParalleleBrute(region.contours[0], d, 0.85 * tolerance, origines != nullptr ? &o : nullptr);
     if (brute.size() < 3) return true;
     if (ArbreSegments(SegmentsDe(brute, true)).PeutSeCroiser()) return false;
-    if ((Aire(brute) > 0) == positif) boucles.push_back(std::move(brute));
+    if ((Aire(brute) > 0) == positif) {
+      boucles.push_back(std::move(brute));
+      if (origines != nullptr) origines->push_back(std::move(o));
+    }
     return true;
   } catch (const std::exception&) {
     boucles.clear();
@@ -67,17 +111,33 @@ bool DecaleRegionSimple(const Region& region, double distance, double tolerance,
   }
 }
 
-bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
-  if (DecaleRegionSimple(region, distance, tolerance, boucles)) {
+namespace {
+
+bool Decale(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+            std::vector<Origines>* origines) {
+  if (DecaleRegionSimple(region, distance, tolerance, boucles, origines)) {
     ++nbSimples;
     return true;
   }
-  if (DecaleRegionArcs(region, distance, tolerance, boucles)) {
+  if (DecaleRegionArcs(region, distance, tolerance, boucles, origines)) {
     ++nbArcs;
     return true;
   }
   ++nbReplis;
-  return DecaleRegionClipper(region, distance, tolerance, boucles);
+  const bool fait = DecaleRegionClipper(region, distance, tolerance, boucles);
+  if (origines != nullptr) origines->assign(boucles.size(), {});
+  return fait;
+}
+
+}  // namespace
+
+bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
+  return Decale(region, distance, tolerance, boucles, nullptr);
+}
+
+bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                  std::vector<Origines>& origines) {
+  return Decale(region, distance, tolerance, boucles, &origines);
 }
 
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {
@@ -85,7 +145,7 @@ bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& re
   try {
     if (!ArbreSegments(SegmentsDe(chemin, true)).PeutSeCroiser()) {
       const double aire = Aire(chemin);
-      regions.push_back({{chemin}, aire > 0 ? 1 : aire < 0 ? -1 : 0});
+      regions.push_back(RegionDe(chemin, aire > 0 ? 1 : aire < 0 ? -1 : 0));
       return true;
     }
   } catch (const std::exception&) {

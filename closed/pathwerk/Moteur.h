@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "closed/pathwerk/Origine.h"
 #include "closed/pathwerk/Vecteur.h"
 
 namespace pathwerk::geo {
@@ -15,6 +16,8 @@ struct Region {
   // +1: the region lies to the left of the outline (outer contours counter-clockwise, holes clockwise).
   // -1: to the right. 0: no area, every stretch is walked there and back.
   int signe = 0;
+  // Of each contour, where its segments lie on the path that the region was cut from. Empty: unknown.
+  std::vector<Origines> origines = {};
 };
 
 // Parallel curves of the outline at `distance` mm, to the left of its travel when positive, else to its right.
@@ -29,13 +32,22 @@ struct Region {
 // False: no memory, or figures out of range; `boucles` is then empty.
 bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles);
 
+// The same, and of each loop where its edges lie on the contours, whose segments count on from one contour to the
+// next. Empty for the loops of the engine that can't tell.
+bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                  std::vector<Origines>& origines);
+
+// Origins on the contours of the region, carried back to the path that the region was cut from.
+Origines Remonte(const Region& region, Origines origines);
+
 // Border of `a` without `b`. The regions are given as loops that run counter-clockwise around what belongs to them
 // (holes clockwise); the result is given likewise.
 bool Difference(std::span<const Chemin> a, std::span<const Chemin> b, std::vector<Chemin>& boucles);
 
 // Cuts a closed path at its crossings into the region it runs around counter-clockwise and the one it runs around
 // clockwise: a figure of eight gives one of each. What is thinner than `tolerance` doesn't count. A path that only
-// touches itself comes back as it is.
+// touches itself comes back as it is. The regions know where their contours lie on the path, but for those of the
+// engine that can't tell.
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions);
 
 // How often which engine gave the result since the program began: the raw curve alone, the arc engine, Clipper.

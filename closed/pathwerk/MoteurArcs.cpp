@@ -42,8 +42,10 @@ bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double
 
 }  // namespace
 
-bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
+bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                      std::vector<Origines>* origines) {
   boucles.clear();
+  if (origines != nullptr) origines->clear();
   try {
     const ArcSource source(region.contours);
     const double fleche = 0.85 * tolerance;
@@ -58,12 +60,13 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
       const double ecart = std::min(0.05 * tolerance + 4 * std::sqrt(2 * r * bruit), 0.5 * tolerance + 0.1 * r);
       LieArcs(source, libres, r, ecart, 0.5 * tolerance);
       if (OteMauvaisCote(source, libres, d, region.signe) > 0) continue;
-      boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50);
+      boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50, origines);
       if (Verifie(source, boucles, r, fleche)) return true;
     }
   } catch (const std::exception&) {
   }
   boucles.clear();
+  if (origines != nullptr) origines->clear();
   return false;
 }
 

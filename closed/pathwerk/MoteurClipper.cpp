@@ -171,7 +171,7 @@ bool SepareLobesClipper(const Chemin& chemin, double tolerance, std::vector<Regi
   try {
     const double aire = Aire(chemin);
     if (!ArbreSegments(SegmentsDe(chemin, true)).PeutSeCroiser()) {
-      regions.push_back({{chemin}, SigneDe(aire)});
+      regions.push_back(RegionDe(chemin, SigneDe(aire)));
       return true;
     }
     const double echelle = PasDeGrille(Etendue(std::span(&chemin, 1)));
@@ -187,7 +187,7 @@ bool SepareLobesClipper(const Chemin& chemin, double tolerance, std::vector<Regi
     // The path merely touches itself, or its crossings are slivers: as it stands it still has the spikes and slits
     // that a union loses.
     if (simple && !(plus && moins)) {
-      regions.push_back({{chemin}, plus ? 1 : moins ? -1 : 0});
+      regions.push_back(RegionDe(chemin, plus ? 1 : moins ? -1 : 0));
       return true;
     }
     for (Region& lobe : lobes) {

@@ -163,7 +163,7 @@ class Decoupeur {
 
   // Loops wider than `largeur` that bound the lobes of either sense; `tous`: all others were slivers. False: the
   // crossings are in an order that no path has.
-  bool Lobes(double largeur, std::vector<Chemin>& plus, std::vector<Chemin>& moins, bool& tous) {
+  bool Lobes(double largeur, Region& plus, Region& moins, bool& tous) {
     Etapes();
     tous = true;
     std::uint32_t boucle = 0;
@@ -172,6 +172,7 @@ class Decoupeur {
       if (vu[depart] != 0) continue;
       ++boucle;
       Chemin c;
+      Origines o;
       // The edge behind a stop that rises or falls most tells the winding number best.
       std::size_t raide = depart;
       double pente = -1;
@@ -183,18 +184,26 @@ class Decoupeur {
           pente = h;
           raide = e;
         }
-        if (c.empty() || Norme(p - c.back()) > kMeme) c.push_back(p);
+        if (c.empty() || Norme(p - c.back()) > kMeme) {
+          c.push_back(p);
+          o.push_back(OrigineApres(e));
+        } else {
+          o.back() = OrigineApres(e);
+        }
       }
-      while (c.size() > 1 && Norme(c.front() - c.back()) <= kMeme) c.pop_back();
+      while (c.size() > 1 && Norme(c.front() - c.back()) <= kMeme) {
+        c.pop_back();
+        o.pop_back();
+      }
       if (c.size() < 3 || 2 * std::abs(Aire(c)) <= largeur * Perimetre(c)) continue;
       const int gauche = ToursAGauche(raide);
-      if (gauche == 1) {
-        plus.push_back(std::move(c));
-      } else if (gauche == 0) {
-        moins.push_back(std::move(c));
-      } else {
+      if (gauche != 0 && gauche != 1) {
         tous = false;
+        continue;
       }
+      Region& lobe = gauche == 1 ? plus : moins;
+      lobe.contours.push_back(std::move(c));
+      lobe.origines.push_back(std::move(o));
     }
     // Both strands of a cut crossing belong to different loops, as one runs to the left of the other.
     for (std::size_t k = 0; k < croisements_.size(); ++k) {
@@ -242,6 +251,13 @@ class Decoupeur {
     const std::size_t s = Suite(e);
     return etapes_[s > 0 ? s - 1 : etapes_.size() - 1].segment;
   }
+  // Of the edge behind the stop, which ends at the next stop of the same passage.
+  [[nodiscard]] Origine OrigineApres(std::size_t e) const {
+    const std::size_t s = Suite(e);
+    const Etape& a = etapes_[s > 0 ? s - 1 : etapes_.size() - 1];
+    const Etape& b = etapes_[s];
+    return {a.segment, static_cast<float>(a.t), b.vertex ? 1.0F : static_cast<float>(b.t)};
+  }
   [[nodiscard]] Vec2 Lieu(std::size_t e) const {
     return etapes_[e].vertex ? s_.A(etapes_[e].segment) : croisements_[etapes_[e].croisement].p;
   }
@@ -274,18 +290,18 @@ bool SepareLobesCoupes(const Chemin& chemin, double tolerance, std::vector<Regio
       Region plus{{}, 1};
       Region moins{{}, -1};
       bool tous = true;
-      if (!Decoupeur(source, croisements).Lobes(tolerance / 2, plus.contours, moins.contours, tous)) continue;
+      if (!Decoupeur(source, croisements).Lobes(tolerance / 2, plus, moins, tous)) continue;
       const bool unSens = plus.contours.empty() || moins.contours.empty();
       const bool contact = std::any_of(croisements.begin(), croisements.end(),
                                        [&](const Croisement& k) { return EstContact(source, k, force); });
       if (tous && plus.contours.empty() && moins.contours.empty()) {
         // Nothing but slivers: there and back, though not by the very same way. Each stretch counts on both sides.
-        regions.push_back({{chemin, Chemin(chemin.rbegin(), chemin.rend())}, 0});
+        regions.push_back(RegionDe(chemin, 0, true));
         return true;
       }
       // A path that merely touches itself comes back whole, with the spikes and slits that cutting would lose.
       if (tous && unSens && contact) {
-        regions.push_back({{chemin}, moins.contours.empty() ? 1 : -1});
+        regions.push_back(RegionDe(chemin, moins.contours.empty() ? 1 : -1));
         return true;
       }
       if (!plus.contours.empty()) regions.push_back(std::move(plus));

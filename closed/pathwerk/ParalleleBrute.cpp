@@ -40,11 +40,24 @@ class Traceur {
     pas_ = std::min(2 * std::acos(1 - std::min(fleche / r_, 1.0)), kPi / 3);
   }
 
-  Chemin Trace() {
+  Chemin Trace(Origines* origines) {
     const std::size_t n = chemin_.size();
     if (n < 2) return {};
     sortie_.reserve(2 * n);
-    for (std::size_t i = 0; i < n; ++i) Emet(CoinEn(i));
+    if (origines != nullptr) origines->reserve(2 * n);
+    float entree = 1;  // of the first corner: share of the segment before it
+    for (std::size_t i = 0; i < n; ++i) {
+      const Coin c = CoinEn(i);
+      const double recul = Emet(c);
+      if (origines == nullptr) continue;
+      const auto arrivee = static_cast<float>(1 - recul / c.la);
+      (i == 0 ? entree : origines->back().a) = arrivee;
+      // Around the corner, and on beside the segment behind it.
+      const auto segment = static_cast<std::uint32_t>(i);
+      while (origines->size() + 1 < sortie_.size()) origines->push_back({segment, 0, 0});
+      origines->push_back({segment, static_cast<float>(recul / c.lb), 1});
+    }
+    if (origines != nullptr) origines->back().a = entree;
     return std::move(sortie_);
   }
 
@@ -120,7 +133,8 @@ class Traceur {
     return c;
   }
 
-  void Emet(const Coin& c) {
+  // How much of both segments the parallels lose in the corner comes back, mm.
+  double Emet(const Coin& c) {
     const double cosinus = Scalaire(c.na, c.nb);
     const double demi = std::abs(c.angle) / 2;
     const Vec2 rencontre = cosinus > -0.99 ? c.v + (c.na + c.nb) * (d_ / (1 + cosinus)) : c.v;
@@ -129,6 +143,7 @@ class Traceur {
     } else if (c.interieur) {
       if (cosinus > -0.99 && r_ * std::tan(demi) <= 0.5 * std::min(c.la, c.lb)) {
         sortie_.push_back(rencontre);
+        return r_ * std::tan(demi);
       } else {
         sortie_.insert(sortie_.end(), {c.v + c.na * d_, c.v, c.v + c.nb * d_});
       }
@@ -139,6 +154,7 @@ class Traceur {
       Arc(c.v, c.na * d_, c.angle);
       sortie_.push_back(c.v + c.nb * d_);
     }
+    return 0;
   }
 
   static Vec2 Tourne(Vec2 v, double angle) {
@@ -214,8 +230,9 @@ class Traceur {
 
 }  // namespace
 
-Chemin ParalleleBrute(const Chemin& chemin, double distance, double fleche) {
-  return Traceur(chemin, distance, fleche).Trace();
+Chemin ParalleleBrute(const Chemin& chemin, double distance, double fleche, Origines* origines) {
+  if (origines != nullptr) origines->clear();
+  return Traceur(chemin, distance, fleche).Trace(origines);
 }
 
 Chemin ParalleleAllegee(const Chemin& chemin, double distance, double fleche, double marge,

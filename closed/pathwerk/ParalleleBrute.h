@@ -2,6 +2,7 @@
 #pragma once
 
 #include "closed/pathwerk/ArbreSegments.h"
+#include "closed/pathwerk/Origine.h"
 #include "closed/pathwerk/Vecteur.h"
 
 namespace pathwerk::geo {
@@ -9,8 +10,9 @@ namespace pathwerk::geo {
 // Closed curve that runs beside `chemin` at `distance` (left positive), not yet freed of the parts that lie too
 // near to it. Winding number of the raw curve = winding number of the path, less (left) or more (right) one for
 // every strip, sector or half disc of width |distance| that covers a place. So the places that are free of all
-// strips can be told by a winding rule. `fleche`: greatest error of the rounded corners, mm.
-Chemin ParalleleBrute(const Chemin& chemin, double distance, double fleche);
+// strips can be told by a winding rule. `fleche`: greatest error of the rounded corners, mm. `origines`, when
+// asked for: where the edges of the curve lie on the path.
+Chemin ParalleleBrute(const Chemin& chemin, double distance, double fleche, Origines* origines = nullptr);
 
 // The same without the strips that can't border a free place: their outer edge lies more than `marge` too near to
 // the segments of `arbre` (all contours of the region). In their stead the curve follows the path itself, roughly.

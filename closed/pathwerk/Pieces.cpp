@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
-#include "closed/pathwerk/ArbreSegments.h"
+#include "closed/pathwerk/Report.h"
 #include "closed/pathwerk/Simplifie.h"
 
 namespace pathwerk::geo {
@@ -28,78 +27,44 @@ Vec2 NormaleEn(const Chemin& c, bool ferme, std::size_t i) {
   return m == Vec2{} ? u : Gauche(m);
 }
 
-// Place on the segments that answers to `r`: the image of the place at the distance `rayon` on either side if that
-// is as near as anything (all of a rounded corner is), else the nearest place.
-template <class Proche>
-Lieu Repond(const Repere& r, double rayon, double tolerance, Proche proche) {
-  Lieu meilleur = proche(r.lieu);
-  const double limite = std::sqrt(meilleur.distance2) + tolerance;
-  double ecart = std::numeric_limits<double>::infinity();
-  for (const double cote : {1.0, -1.0}) {
-    const Lieu l = proche(r.lieu + r.normale * (cote * rayon));
-    if (l.distance2 < ecart && Norme(l.point - r.lieu) <= limite) {
-      ecart = l.distance2;
-      meilleur = l;
-    }
-  }
-  return meilleur;
-}
-
-Lieu ProcheSur(const Chemin& c, Vec2 p) {
-  Lieu meilleur;
-  for (std::size_t i = 0, n = c.size(); i < n; ++i) {
-    Lieu l = LieuSurSegment({c[i], c[(i + 1) % n]}, p);
-    l.segment = i;
-    if (l.distance2 < meilleur.distance2) meilleur = l;
-  }
-  return meilleur;
-}
-
-void Tourne(Chemin& c, const Repere& depart, double rayon, double tolerance) {
+// Begins a closed piece at a place of it.
+void Tourne(Piece& piece, const LieuDePiece& l, double tolerance) {
+  Chemin& c = piece.points;
+  Origines& o = piece.origines;
   const std::size_t n = c.size();
-  const Lieu l = Repond(depart, rayon, tolerance, [&c](Vec2 p) { return ProcheSur(c, p); });
-  const std::size_t apres = (l.segment + 1) % n;
+  const std::size_t apres = (l.arete + 1) % n;
   std::size_t premier = apres;
   bool nouveau = false;
-  if (Norme(l.point - c[l.segment]) <= tolerance / 10) {
-    premier = l.segment;
+  if (Norme(l.point - c[l.arete]) <= tolerance / 10) {
+    premier = l.arete;
   } else if (Norme(l.point - c[apres]) > tolerance / 10) {
     nouveau = true;
   }
   std::rotate(c.begin(), c.begin() + static_cast<std::ptrdiff_t>(premier), c.end());
   if (nouveau) c.insert(c.begin(), l.point);
+  if (o.size() != n) return;
+  std::rotate(o.begin(), o.begin() + static_cast<std::ptrdiff_t>(premier), o.end());
+  if (!nouveau) return;
+  Origine reste = o.back();
+  reste.de = o.back().a = o.back().En(l.t);
+  o.insert(o.begin(), reste);
 }
 
 struct Insertion {
-  std::size_t piece;
-  std::size_t segment;
-  double t;
-  Vec2 lieu;
+  LieuDePiece lieu;
   Code2 cde;
 };
 
-std::vector<Insertion> PlaceMarques(const std::vector<Piece>& pieces, const Source& source, double rayon,
-                                    double tolerance) {
+// The marks in the order in which the pieces pass them.
+std::vector<Insertion> PlaceMarques(const std::vector<Piece>& pieces, const Source& source, const Report& report) {
+  const std::vector<LieuDePiece> lieux = report.Marques(pieces);
   std::vector<Insertion> r;
-  if (source.reperes.empty()) return r;
-  std::vector<Segment> segments;
-  std::vector<std::size_t> debut;  // first segment of each piece
-  for (const Piece& p : pieces) {
-    debut.push_back(segments.size());
-    if (!p.marques) continue;
-    const std::vector<Segment> s = SegmentsDe(p.points, p.ferme);
-    segments.insert(segments.end(), s.begin(), s.end());
-  }
-  if (segments.empty()) return r;
-  const ArbreSegments arbre(std::move(segments));
-  for (const Repere& marque : source.reperes) {
-    const Lieu l = Repond(marque, rayon, tolerance, [&arbre](Vec2 p) { return arbre.PlusProche(p); });
-    const auto it = std::upper_bound(debut.begin(), debut.end(), l.segment) - 1;
-    r.push_back({static_cast<std::size_t>(it - debut.begin()), l.segment - *it, l.t, l.point, marque.cde});
-  }
-  std::stable_sort(r.begin(), r.end(), [](const Insertion& a, const Insertion& b) {
+  for (std::size_t i = 0; i < lieux.size(); ++i) r.push_back({lieux[i], source.reperes[i].cde});
+  std::stable_sort(r.begin(), r.end(), [](const Insertion& x, const Insertion& y) {
+    const LieuDePiece& a = x.lieu;
+    const LieuDePiece& b = y.lieu;
     if (a.piece != b.piece) return a.piece < b.piece;
-    return a.segment != b.segment ? a.segment < b.segment : a.t < b.t;
+    return a.arete != b.arete ? a.arete < b.arete : a.t < b.t;
   });
   return r;
 }
@@ -180,18 +145,19 @@ std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, doubl
   if (s.ferme) s.chemin.pop_back();
   for (const auto& [rang, cde] : marques) {
     const std::size_t i = rang % s.chemin.size();
-    s.reperes.push_back({s.chemin[i], NormaleEn(s.chemin, s.ferme, i), cde});
+    s.reperes.push_back({i, s.chemin[i], NormaleEn(s.chemin, s.ferme, i), cde});
   }
-  s.depart = {s.chemin[0], NormaleEn(s.chemin, s.ferme, 0), CodePD};
+  s.depart = {0, s.chemin[0], NormaleEn(s.chemin, s.ferme, 0), CodePD};
   return s;
 }
 
 std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double rayon,
                                     double tolerance) {
+  const Report report(source, rayon, tolerance);
   for (Piece& p : pieces) {
-    if (p.ferme && p.points.size() > 1) Tourne(p.points, source.depart, rayon, tolerance);
+    if (p.ferme && p.points.size() > 1) Tourne(p, report.Depart(p), tolerance);
   }
-  const std::vector<Insertion> marques = PlaceMarques(pieces, source, rayon, tolerance);
+  const std::vector<Insertion> marques = PlaceMarques(pieces, source, report);
   std::vector<PointTrace> r;
   std::size_t rang = 0;
   std::size_t m = 0;
@@ -200,8 +166,8 @@ std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& sou
     const Chemin& c = pieces[k].points;
     for (std::size_t i = 0; i < c.size(); ++i) {
       e.Point(c[i], CodePD);
-      for (; m < marques.size() && marques[m].piece == k && marques[m].segment == i; ++m) {
-        e.Point(marques[m].lieu, marques[m].cde);
+      for (; m < marques.size() && marques[m].lieu.piece == k && marques[m].lieu.arete == i; ++m) {
+        e.Point(marques[m].lieu.point, marques[m].cde);
       }
     }
     if (pieces[k].ferme) e.Ferme();

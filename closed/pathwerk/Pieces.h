@@ -6,12 +6,14 @@
 #include <vector>
 
 #include "closed/Pathwerk.h"
+#include "closed/pathwerk/Origine.h"
 #include "closed/pathwerk/Vecteur.h"
 
 namespace pathwerk::geo {
 
-// A place of the source to be found again on the result.
+// A point of the source that is to come out on the result.
 struct Repere {
+  std::size_t rang = 0;  // its place in the path
   Vec2 lieu;
   Vec2 normale;  // unit vector to the left of the path; halfway between both segments in a corner
   Code2 cde;
@@ -33,10 +35,12 @@ struct Piece {
   Chemin points;
   bool ferme = true;    // doesn't repeat its first point
   bool marques = true;  // takes marks
+  // Where the edges lie on the source; edge k leaves point k. Empty: unknown.
+  Origines origines = {};
 };
 
-// Writes the pieces as records: closed ones begin at the place nearest to the start of the source, each mark
-// becomes a point of its own at the nearest place of the pieces that take marks. `rayon`: distance between source
+// Writes the pieces as records: closed ones begin at the image of the source's start, each mark becomes a point of
+// its own at its image on the pieces that take marks (see Report.cpp). `rayon`: distance between source
 // and those pieces, > 0. A piece that shrinks to one place in 32-bit floats is left out. Every piece has a `Seq` of
 // its own, different from its neighbours'.
 std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double rayon,
