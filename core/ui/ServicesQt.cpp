@@ -1,0 +1,267 @@
+#include "core/ui/ServicesQt.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QThread>
+#include <QTimer>
+#include <QTranslator>
+#include <chrono>
+#include <cmath>
+#include <condition_variable>
+#include <deque>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+#include "core/Fichiers.h"
+#include "core/Reglages.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
+
+namespace ovelin {
+
+namespace {
+
+QPointer<QWidget> Choisi;
+int Passes = 0;
+std::deque<std::function<void()>> Souhaits;
+
+constexpr const char* SectionBoites = "Boites";
+
+struct Bouton {
+  QMessageBox::StandardButton bouton;
+  Reponse reponse;
+  const char* cle;
+  const char* francais;
+};
+constexpr Bouton BoutonsConnus[] = {
+    {QMessageBox::Ok, Reponse::Ok, "Btn_OK", "OK"},
+    {QMessageBox::Cancel, Reponse::Annuler, "Btn_Annuler", "Annuler"},
+    {QMessageBox::Yes, Reponse::Oui, "Btn_Oui", "&Oui"},
+    {QMessageBox::No, Reponse::Non, "Btn_Non", "&Non"},
+};
+
+QString TexteBouton(const Bouton& b) {
+  return TraduireOu(SectionBoites, QString::fromLatin1(b.cle), QString::fromUtf8(b.francais));
+}
+
+QMessageBox::StandardButtons BoutonsDe(Boutons boutons) {
+  switch (boutons) {
+    case Boutons::OkAnnuler:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case Boutons::OuiNon:
+      return QMessageBox::Yes | QMessageBox::No;
+    case Boutons::OuiNonAnnuler:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Boutons::Ok:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconeDe(Icone icone) {
+  switch (icone) {
+    case Icone::Information:
+      return QMessageBox::Information;
+    case Icone::Question:
+      return QMessageBox::Question;
+    case Icone::Exclamation:
+      return QMessageBox::Warning;
+    case Icone::Critique:
+      return QMessageBox::Critical;
+    case Icone::Aucune:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+// The first button is the default one; Escape and the window's cross answer as the most careful button does.
+Reponse MontreBoite(const Boite& boite) {
+  QMessageBox box(Proprietaire());
+  box.setObjectName(QStringLiteral("Boite"));
+  box.setWindowTitle(QString::fromStdString(boite.titre.empty() ? "OVELIN" : boite.titre));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(QString::fromStdString(boite.texte));
+  box.setIcon(IconeDe(boite.icone));
+  const QMessageBox::StandardButtons boutons = BoutonsDe(boite.boutons);
+  box.setStandardButtons(boutons);
+  for (const Bouton& b : BoutonsConnus) {
+    if (boutons.testFlag(b.bouton)) box.button(b.bouton)->setText(TexteBouton(b));
+  }
+  box.setDefaultButton(boutons.testFlag(QMessageBox::Ok) ? QMessageBox::Ok : QMessageBox::Yes);
+  const auto sortie = boutons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel
+                      : boutons.testFlag(QMessageBox::No)   ? QMessageBox::No
+                                                            : QMessageBox::Ok;
+  box.setEscapeButton(sortie);
+  const int appuye = box.exec();
+  for (const Bouton& b : BoutonsConnus) {
+    if (b.bouton == appuye) return b.reponse;
+  }
+  return boite.boutons == Boutons::OuiNon ? Reponse::Non : Reponse::Annuler;
+}
+
+// "*.DAT; *.PLT" as the dialog of the toolkit wants it, in both letter cases: its patterns tell them apart.
+QStringList MotifsDe(const std::string& motif) {
+  QStringList motifs;
+  for (const QString& partie : QString::fromStdString(motif).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+    const QString m = partie.trimmed();
+    for (const QString& forme : {m, m.toLower(), m.toUpper()}) {
+      if (!motifs.contains(forme)) motifs += forme;
+    }
+  }
+  return motifs;
+}
+
+std::string ChoisitFichierQt(const DialogueFichier& demande) {
+  QFileDialog dialogue(Proprietaire());
+  dialogue.setObjectName(QString::fromStdString(demande.cle));
+  dialogue.setWindowTitle(QString::fromStdString(demande.titre));
+  dialogue.setAcceptMode(demande.enregistrer ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialogue.setFileMode(demande.enregistrer ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  const QStringList motifs = MotifsDe(demande.motif);
+  if (!motifs.isEmpty()) {
+    dialogue.setNameFilter(
+        QStringLiteral("%1 (%2)").arg(QString::fromStdString(demande.filtre), motifs.join(QLatin1Char(' '))));
+    if (demande.enregistrer && motifs[0].startsWith(QLatin1String("*."))) {
+      dialogue.setDefaultSuffix(motifs[0].mid(2));
+    }
+  }
+  const QString propose = QString::fromStdString(demande.propose);
+  if (propose.contains(QLatin1Char('/'))) {
+    dialogue.setDirectory(QString::fromStdString(DossierDe(demande.propose)));
+    dialogue.selectFile(QString::fromStdString(NomDe(demande.propose)));
+  } else if (!propose.isEmpty()) {
+    dialogue.selectFile(propose);
+  }
+  if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return "";
+  return dialogue.selectedFiles().constFirst().toStdString();
+}
+
+std::string SaisitQt(std::string_view /*section*/, std::string_view cle, const std::string& texte,
+                     const std::string& propose) {
+  QInputDialog dialogue(Proprietaire());
+  dialogue.setObjectName(QString::fromUtf8(cle.data(), static_cast<qsizetype>(cle.size())));
+  dialogue.setWindowTitle(QStringLiteral("OVELIN"));
+  dialogue.setInputMode(QInputDialog::TextInput);
+  dialogue.setLabelText(QString::fromStdString(texte));
+  dialogue.setTextValue(QString::fromStdString(propose));
+  dialogue.setOkButtonText(TexteBouton(BoutonsConnus[0]));
+  dialogue.setCancelButtonText(TexteBouton(BoutonsConnus[1]));
+  return dialogue.exec() == QDialog::Accepted ? dialogue.textValue().toStdString() : "";
+}
+
+int ChoisitCouleurQt(QWidget* proprietaire, int couleur) {
+  const QColor choisie = QColorDialog::getColor(EnCouleur(couleur), proprietaire);
+  return choisie.isValid() ? DeCouleur(choisie) : -1;
+}
+
+bool FilFenetres() { return qApp != nullptr && QThread::currentThread() == qApp->thread(); }
+
+void LaisseEvenementsQt(Evenements mode) {
+  if (!FilFenetres()) return;
+  if (mode == Evenements::Tous) {
+    QCoreApplication::processEvents();
+    return;
+  }
+  const Passe passe;
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+// The kernel on a thread of its own; meanwhile rounds of events without the user's input, one every few
+// milliseconds. A kernel that is done at once costs no round.
+void EnFondQt(const std::function<void()>& noyau) {
+  if (!FilFenetres()) return noyau();
+  const Passe passe;
+  std::mutex verrou;
+  std::condition_variable signal;
+  bool fini = false;
+  std::exception_ptr erreur;
+  std::thread fil([&] {
+    try {
+      noyau();
+    } catch (...) {
+      erreur = std::current_exception();
+    }
+    const std::lock_guard<std::mutex> tient(verrou);
+    fini = true;
+    signal.notify_one();
+  });
+  constexpr std::chrono::milliseconds Ronde(8);
+  std::unique_lock<std::mutex> tient(verrou);
+  while (!signal.wait_for(tient, Ronde, [&] { return fini; })) {
+    tient.unlock();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    tient.lock();
+  }
+  tient.unlock();
+  fil.join();
+  if (erreur) std::rethrow_exception(erreur);
+}
+
+void AttendQt(double secondes) {
+  if (!(secondes > 0)) return;
+  std::this_thread::sleep_for(std::chrono::duration<double>(std::min(secondes, 3600.0)));
+}
+
+// Wishes that were put off, one at a time, as long as nothing long runs again.
+void Livre() {
+  while (Passes == 0 && !Souhaits.empty()) {
+    const std::function<void()> souhait = std::move(Souhaits.front());
+    Souhaits.pop_front();
+    souhait();
+  }
+}
+
+void ProgrammeLivraison() {
+  if (!Souhaits.empty() && qApp != nullptr) QTimer::singleShot(0, qApp, Livre);
+}
+
+}  // namespace
+
+void InstalleServicesQt() {
+  Svc.Montre = MontreBoite;
+  Svc.ChoisitFichier = ChoisitFichierQt;
+  Svc.Saisit = SaisitQt;
+  Svc.LaisseEvenements = LaisseEvenementsQt;
+  Svc.EnFond = EnFondQt;
+  Svc.Horloge = [] {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+  };
+  Svc.Attend = AttendQt;
+  Svc.Bip = [] { QApplication::beep(); };
+  Svc.MarqueDecimale = QLocale::system().decimalPoint() == QLatin1String(",") ? ',' : '.';
+  ChoisitCouleur = ChoisitCouleurQt;
+}
+
+void ChoisitProprietaire(QWidget* fenetre) { Choisi = fenetre; }
+
+QWidget* Proprietaire() {
+  if (QWidget* modale = QApplication::activeModalWidget()) return modale;
+  if (QWidget* devant = QApplication::activeWindow()) return devant;
+  return Choisi;
+}
+
+bool PasseEnCours() { return Passes > 0; }
+
+void Apres(const std::function<void()>& souhait) {
+  Souhaits.push_back(souhait);
+  if (Passes == 0) ProgrammeLivraison();
+}
+
+Passe::Passe() { ++Passes; }
+
+Passe::~Passe() {
+  if (--Passes == 0) ProgrammeLivraison();
+}
+
+}  // namespace ovelin
