@@ -37,6 +37,15 @@ int Orientation(Vec2 a, Vec2 b, Vec2 p) {
   return c > bruit ? 1 : c < -bruit ? -1 : 0;
 }
 
+// Squared distance of two segments, mm2; 0 where they cross.
+double Distance2EntreSegments(const Segment& s, const Segment& t) {
+  const int o1 = Orientation(s.a, s.b, t.a), o2 = Orientation(s.a, s.b, t.b);
+  const int o3 = Orientation(t.a, t.b, s.a), o4 = Orientation(t.a, t.b, s.b);
+  if (o1 * o2 < 0 && o3 * o4 < 0) return 0;
+  return std::min({LieuSurSegment(s, t.a).distance2, LieuSurSegment(s, t.b).distance2,
+                   LieuSurSegment(t, s.a).distance2, LieuSurSegment(t, s.b).distance2});
+}
+
 }  // namespace
 
 Lieu LieuSurSegment(const Segment& s, Vec2 p) {
@@ -181,6 +190,33 @@ bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<
     return CroiseEntre(2 * g, d, sens) || CroiseEntre(2 * g + 1, d, sens);
   }
   return CroiseEntre(g, 2 * d, sens) || CroiseEntre(g, 2 * d + 1, sens);
+}
+
+bool ArbreSegments::PassePres(const Segment& s, double distance) const {
+  if (segments_.empty()) return false;
+  const Vec2 n = Gauche(Unite(s.b - s.a));
+  const double x0 = std::min(s.a.x, s.b.x) - distance, x1 = std::max(s.a.x, s.b.x) + distance;
+  const double y0 = std::min(s.a.y, s.b.y) - distance, y1 = std::max(s.a.y, s.b.y) + distance;
+  std::vector<std::size_t> pile{1};
+  while (!pile.empty()) {
+    const std::size_t k = pile.back();
+    pile.pop_back();
+    const Boite& b = boites_[k];
+    if (!(b.x0 <= x1 && b.x1 >= x0 && b.y0 <= y1 && b.y1 >= y0)) continue;
+    // The box, seen along the segment.
+    const Vec2 milieu{(b.x0 + b.x1) / 2 - s.a.x, (b.y0 + b.y1) / 2 - s.a.y};
+    const double demi = ((b.x1 - b.x0) * std::abs(n.x) + (b.y1 - b.y0) * std::abs(n.y)) / 2;
+    if (std::abs(Scalaire(n, milieu)) > demi + distance) continue;
+    if (k < feuilles_) {
+      pile.push_back(2 * k);
+      pile.push_back(2 * k + 1);
+      continue;
+    }
+    for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) {
+      if (Distance2EntreSegments(segments_[i], s) < distance * distance) return true;
+    }
+  }
+  return false;
 }
 
 bool ArbreSegments::PeutSeCroiser() const {

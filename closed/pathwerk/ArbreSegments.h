@@ -57,6 +57,8 @@ class ArbreSegments {
       }
     }
   }
+  // Does some segment come nearer than `distance` to `s`?
+  [[nodiscard]] bool PassePres(const Segment& s, double distance) const;
   // The segments are those of one closed path in order: may the path touch or cross itself? Never a wrong "no".
   [[nodiscard]] bool PeutSeCroiser() const;
 

@@ -86,10 +86,11 @@ class Ecrivain {
     }
     points_.push_back(r);
   }
-  void Ferme() {
-    if (points_.empty()) return;
-    const PointTrace premier{points_.front().X, points_.front().Y, CodePD, seq_};
-    if (points_.size() > 1 && MemePlace(points_.back(), premier) && points_.back().Cde == CodePD) return;
+  // The record that holds the last place, to which Ferme comes back.
+  [[nodiscard]] std::size_t Dernier() const { return points_.size() - 1; }
+  void Ferme(std::size_t debut) {
+    const PointTrace premier{points_[debut].X, points_[debut].Y, CodePD, seq_};
+    if (points_.size() > debut + 1 && MemePlace(points_.back(), premier) && points_.back().Cde == CodePD) return;
     points_.push_back(premier);
   }
   [[nodiscard]] bool Etendu() const {
@@ -151,11 +152,15 @@ std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, doubl
   return s;
 }
 
+void Commence(Piece& piece, const Source& source, double rayon, double tolerance) {
+  if (piece.points.size() > 1) Tourne(piece, Report(source, rayon, tolerance).Depart(piece), tolerance);
+}
+
 std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double rayon,
                                     double tolerance) {
   const Report report(source, rayon, tolerance);
   for (Piece& p : pieces) {
-    if (p.ferme && p.points.size() > 1) Tourne(p, report.Depart(p), tolerance);
+    if (p.ferme && p.avant.empty() && p.points.size() > 1) Tourne(p, report.Depart(p), tolerance);
   }
   const std::vector<Insertion> marques = PlaceMarques(pieces, source, report);
   std::vector<PointTrace> r;
@@ -164,13 +169,16 @@ std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& sou
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     Ecrivain e(source.centre, CodeDePiece(rang));
     const Chemin& c = pieces[k].points;
+    for (const Vec2 p : pieces[k].avant) e.Point(p, CodePD);
+    std::size_t debut = 0;
     for (std::size_t i = 0; i < c.size(); ++i) {
       e.Point(c[i], CodePD);
+      if (i == 0) debut = e.Dernier();
       for (; m < marques.size() && marques[m].lieu.piece == k && marques[m].lieu.arete == i; ++m) {
         e.Point(marques[m].lieu.point, marques[m].cde);
       }
     }
-    if (pieces[k].ferme) e.Ferme();
+    if (pieces[k].ferme && !c.empty()) e.Ferme(debut);
     if (!e.Etendu()) continue;
     r.insert(r.end(), e.Points().begin(), e.Points().end());
     ++rang;

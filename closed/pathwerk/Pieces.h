@@ -37,12 +37,17 @@ struct Piece {
   bool marques = true;  // takes marks
   // Where the edges lie on the source; edge k leaves point k. Empty: unknown.
   Origines origines = {};
+  // Milled before it in one go with it, from first to last and straight on to points[0]; takes no marks.
+  Chemin avant = {};
 };
 
-// Writes the pieces as records: closed ones begin at the image of the source's start, each mark becomes a point of
-// its own at its image on the pieces that take marks (see Report.cpp). `rayon`: distance between source
-// and those pieces, > 0. A piece that shrinks to one place in 32-bit floats is left out. Every piece has a `Seq` of
-// its own, different from its neighbours'.
+// Begins a closed piece at the image of the source's start.
+void Commence(Piece& piece, const Source& source, double rayon, double tolerance);
+
+// Writes the pieces as records: closed ones begin at the image of the source's start (those with something before
+// them as they stand), each mark becomes a point of its own at its image on the pieces that take marks (see
+// Report.cpp). `rayon`: distance between source and those pieces, > 0. A piece that shrinks to one place in 32-bit
+// floats is left out. Every piece has a `Seq` of its own, different from its neighbours'.
 std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double rayon,
                                     double tolerance);
 
