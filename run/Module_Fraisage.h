@@ -1,0 +1,56 @@
+// The milling window's own procedures: speeds, figures of the plan, the file.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "core/TableDecoupe.h"
+#include "run/Module_GCode.h"
+#include "run/Module_Planificateur.h"
+
+namespace ovelin {
+
+// What a table of moves comes to.
+struct FiguresPlan {
+  double longueur = 0;         // mm, from the origin on
+  double longueurMatiere = 0;  // mm, of the moves that end at or below the surface
+  double temps = 0;            // s at row speed, without ramps
+  std::int32_t lignes = 0;     // moves
+  double fond = 0;             // lowest Z, mm
+  // Where the tool cuts, mm. Nothing of it is set without a cut.
+  bool coupe = false;
+  double xmin = 0, xmax = 0, ymin = 0, ymax = 0;
+};
+// `lignes` from row 1 (the start) on. The sums are those that the G-code writer makes of the same rows.
+FiguresPlan FiguresDe(std::span<const Deplacement> lignes);
+
+// The job planned anew for the window.
+struct ResumePlan {
+  RefusPlan refus;    // why there is no plan; the figures are then all 0
+  bool vide = false;  // there is no tool path
+  FiguresPlan figures;
+  std::int32_t sequences = 0;       // paths that are milled
+  std::int64_t passes = 0;          // of all of them
+  double VSansRampe = 0, VMax = 0;  // mm/s; 1e10 without a move in the plane
+};
+ResumePlan PlanifiePourFenetre();
+
+// Load of the window: a depth of pass of 0 becomes 1 mm.
+void ChargeFraisage();
+
+// A material speed is entered, mm/s: kept and written with the settings. Key of the reason in section "F_Fraisage"
+// when it can't be one, then nothing changes: "lib020" for no number, "lib021" for 0 or less or beyond measure.
+std::string EntreVit_Mat_H(const std::string& texte);
+std::string EntreVit_Mat_V(const std::string& texte);
+// CB_VitMat, `index` 1 to 4: the text of the horizontal speed lowered or raised by 1 or 0.1, between 0.1 and the
+// slower of the two axes, in the format "0.0".
+std::string PasVit_Mat_H(const std::string& texte, int index);
+
+// Btn_Gener_GCODE: speeds as they stand in the fields, a name after the drawing's where none was used yet, the
+// writer. False: refused or cancelled; the speeds are then those of before.
+bool GenereGCode(const std::string& vitesseH, const std::string& vitesseV, EcritureNC& resultat);
+
+std::string TexteDuree(double secondes);  // "1 h 02 min 05 s"
+
+}  // namespace ovelin
