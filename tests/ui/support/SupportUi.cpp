@@ -4,6 +4,9 @@
 #include <QStyle>
 #include <QStyleFactory>
 
+#include "core/Reglages.h"
+#include "core/Traduction.h"
+
 namespace essai {
 
 void Evenements() {
@@ -48,6 +51,26 @@ void ThemeSombreEssai(bool sombre) {
     p.setColor(QPalette::HighlightedText, texte);
   }
   QApplication::setPalette(p);
+}
+
+void ChoisitLangue(const std::string& code) {
+  ovelin::Regl.Langue = code;
+  ovelin::OublieTraductions();
+}
+
+const std::vector<std::string>& LanguesDuProduit() {
+  static const std::vector<std::string> langues = [] {
+    std::vector<std::string> codes;
+    for (const ovelin::LangueConnue& l : ovelin::Langues()) codes.emplace_back(l.code);
+    return codes;
+  }();
+  return langues;
+}
+
+void Capture(QWidget& fenetre, const std::string& nom) {
+  const QString dossier = qEnvironmentVariable("OVELIN_CAPTURES");
+  if (dossier.isEmpty()) return;
+  fenetre.grab().save(dossier + QLatin1Char('/') + QString::fromStdString(nom) + QStringLiteral(".png"));
 }
 
 }  // namespace essai

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QWidget>
 #include <string>
+#include <vector>
 
 #include "tests/support/Support.h"
 
@@ -31,5 +32,27 @@ void Clique(QWidget& controle, Qt::MouseButton bouton = Qt::LeftButton, Qt::Keyb
 
 // Light or dark palette of the whole application; each test begins light.
 void ThemeSombreEssai(bool sombre);
+
+// The texts of that language from now on; windows take them when they are built, or by TraduireFenetre.
+void ChoisitLangue(const std::string& code);
+// Two letters of each language that the product comes with.
+const std::vector<std::string>& LanguesDuProduit();
+
+// What a user of this window can't read or reach, one line each; empty when all is well. The window is shown and
+// laid out before. Every page of tabs and stacks is looked at in turn.
+//   texts wider or taller than their room: labels, buttons, check boxes, tabs, titles of groups and docks, headers
+//   of
+//     tables and trees, the text in a combo (each item of one that is translated), tool bars and menu bars with
+//     entries that find no room
+//   children that lie over each other or outside their parent
+// Left out: a control with the property "texteLibre" (its text is the user's, such as a path) or "placeLibre" (it
+// lies over others on purpose), and names that begin with "qt_".
+std::vector<std::string> TextesCoupes(QWidget& fenetre);
+// The same, as one text for a message.
+std::string TextesCoupesEnTexte(QWidget& fenetre);
+
+// A picture of the window into the folder of the environment variable OVELIN_CAPTURES, to be looked at; nothing
+// without it. `nom` without extension.
+void Capture(QWidget& fenetre, const std::string& nom);
 
 }  // namespace essai
