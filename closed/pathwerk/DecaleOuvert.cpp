@@ -8,8 +8,11 @@
 //     (  A ------------> B )       the caps around A and B go
 //      '------------------'        seen from the right: goes
 //
-// Each edge is judged by its middle, because its ends may lie on the change from one side to the other. An edge
-// that is as near to several segments counts if any of them has it on the wanted side.
+// An edge knows which segment it runs beside, and whether that one was walked there or back. Where the path lies on
+// itself, or beside itself by less than the tolerance tells, the edge may belong to either way; it stays if any
+// segment as near as that has it on the wanted side. A turn right back, to that same measure, is rounded on both
+// sides, so the curve goes along the way out, around the tip and along the way back. Such an edge is judged by its
+// middle and both ends; it is cut first where the path begins or ends to lie on itself.
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -17,26 +20,34 @@
 #include "closed/pathwerk/ArbreSegments.h"
 #include "closed/pathwerk/Decalages.h"
 #include "closed/pathwerk/Moteur.h"
+#include "closed/pathwerk/Origine.h"
 
 namespace pathwerk::geo {
 
 namespace {
 
-constexpr double kEgal = 1e-6;     // mm: distances that differ by less are equal
+constexpr double kMini = 1e-4;     // mm: shorter pieces are none
 constexpr double kContact = 0.01;  // mm: a path that comes so near to itself touches itself
 
 class Juge {
  public:
-  Juge(const Chemin& chemin, bool gauche)
-      : chemin_(chemin), gauche_(gauche), arbre_(SegmentsDe(chemin, false)), contacts_(Contacts()) {}
+  // `egal`: distances that differ by less are equal, mm.
+  Juge(const Chemin& chemin, bool gauche, double egal)
+      : chemin_(chemin), gauche_(gauche), egal_(egal), arbre_(SegmentsDe(chemin, false)), contacts_(Contacts()) {}
 
-  // The loop with a point beside each contact that an edge passes at `rayon`.
-  [[nodiscard]] Chemin CoupeAuxContacts(const Chemin& boucle, double rayon) const {
-    if (contacts_.Segments().empty()) return boucle;
+  // Does the path touch itself anywhere but in crossings?
+  [[nodiscard]] bool SeTouche() const { return !contacts_.Segments().empty(); }
+
+  // The loop with a point beside each contact that an edge passes at `rayon`. `origines` of its edges, or empty.
+  [[nodiscard]] Chemin CoupeAuxContacts(const Chemin& boucle, double rayon, Origines& origines) const {
+    if (!SeTouche()) return boucle;
     Chemin r;
+    Origines o;
+    const bool connues = origines.size() == boucle.size();
     for (std::size_t i = 0, n = boucle.size(); i < n; ++i) {
       const Segment arete{boucle[i], boucle[(i + 1) % n]};
       r.push_back(arete.a);
+      if (connues) o.push_back(origines[i]);
       std::vector<std::pair<double, Vec2>> pieds;
       const double portee = Norme(arete.b - arete.a) / 2 + rayon + kContact;
       contacts_.Voisins((arete.a + arete.b) * 0.5, portee * portee, [&](const Lieu& contact) {
@@ -46,14 +57,24 @@ class Juge {
       });
       std::sort(pieds.begin(), pieds.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
       for (const auto& [t, pied] : pieds) {
-        if (Norme(pied - r.back()) > kEgal) r.push_back(pied);
+        if (Norme(pied - r.back()) <= kMini / 100) continue;
+        r.push_back(pied);
+        if (!connues) continue;
+        o.back().a = origines[i].En(t);
+        o.push_back(origines[i]);
+        o.back().de = origines[i].En(t);
       }
     }
+    origines = std::move(o);
     return r;
   }
 
+  // The middle, and places beside the ends, where the side may change.
+  [[nodiscard]] bool BonCote(Vec2 a, Vec2 b) const {
+    return BonCote((a + b) * 0.5) && BonCote(a + (b - a) * 0.01) && BonCote(b + (a - b) * 0.01);
+  }
   [[nodiscard]] bool BonCote(Vec2 p) const {
-    const double d = std::sqrt(arbre_.PlusProche(p).distance2) + kEgal;
+    const double d = std::sqrt(arbre_.PlusProche(p).distance2) + egal_;
     bool bon = false;
     arbre_.Voisins(p, d * d, [&](const Lieu& l) { bon = bon || VuDuBonCote(p, l); });
     return bon;
@@ -74,18 +95,24 @@ class Juge {
       if (l.segment == 0) {
         if (Scalaire(p - s.a, u) < -1e-9) return false;  // round the first end
       } else {
-        direction = u + Unite(s.a - chemin_[l.segment - 1]);
+        direction = Direction(chemin_[l.segment - 1], s.a, s.b);
       }
     } else if (l.t == 1) {
       if (l.segment == dernier) {
         if (Scalaire(p - s.b, u) > 1e-9) return false;  // round the last end
       } else {
-        direction = u + Unite(chemin_[l.segment + 2] - s.b);
+        direction = Direction(s.a, s.b, chemin_[l.segment + 2]);
       }
     }
-    if (Norme(direction) < 1e-9) return true;  // the tip of a spike is on both sides
+    if (direction == Vec2{}) return true;  // the tip of a spike is on both sides
     const double cote = Vectoriel(direction, p - l.point);
     return gauche_ ? cote > 0 : cote < 0;
+  }
+
+  // Mean direction in the corner b; none where the path turns right back.
+  [[nodiscard]] Vec2 Direction(Vec2 a, Vec2 b, Vec2 c) const {
+    const Vec2 d = Unite(b - a) + Unite(c - b);
+    return Norme(d) * std::min(Norme(b - a), Norme(c - b)) <= egal_ ? Vec2{} : d;
   }
 
   // Points of the path that lie on a segment other than their own two, as segments without length.
@@ -102,27 +129,66 @@ class Juge {
 
   const Chemin& chemin_;
   bool gauche_;
+  double egal_;
   ArbreSegments arbre_;
   ArbreSegments contacts_;
 };
 
-// Runs of good edges of one loop, as pieces.
-void Decoupe(const Chemin& boucle, const Juge& juge, std::vector<Piece>& pieces) {
+// The path there and back, which knows which way each segment is walked.
+Region AllerRetour(const Chemin& chemin) {
+  Region region{{chemin}, 0, {{}}};
+  Origines& o = region.origines[0];
+  const auto n = static_cast<std::uint32_t>(chemin.size());
+  for (std::uint32_t i = 0; i + 1 < n; ++i) o.push_back({i, 0, 1});
+  for (std::uint32_t i = n - 1; i-- > 0;) {
+    o.push_back({i, 1, 0});
+    if (i > 0) region.contours[0].push_back(chemin[i]);
+  }
+  return region;
+}
+
+// Edges of one loop that belong to the wanted side. `origines` on the path there and back; empty: all are judged.
+std::vector<char> AretesBonnes(const Chemin& boucle, const Origines& origines, const Juge& juge,
+                               std::size_t nbPoints) {
   const std::size_t n = boucle.size();
   std::vector<char> bon(n);
-  for (std::size_t i = 0; i < n; ++i) bon[i] = juge.BonCote((boucle[i] + boucle[(i + 1) % n]) * 0.5);
+  const bool connues = origines.size() == n;
+  const auto bout = static_cast<double>(nbPoints - 1);  // where the way back begins
+  for (std::size_t i = 0; i < n; ++i) {
+    if (connues) {
+      const Origine& o = origines[i];
+      const double rang =
+          static_cast<double>(o.segment) + (static_cast<double>(o.de) + static_cast<double>(o.a)) / 2;
+      bon[i] = o.Connue() && rang > 0 && rang < bout;
+      if (bon[i] != 0 || !juge.SeTouche()) continue;
+    }
+    bon[i] = juge.BonCote(boucle[i], boucle[(i + 1) % n]);
+  }
+  // The chord over a gap goes with what it joins.
+  for (std::size_t i = 0; connues && i < n; ++i) {
+    if (!origines[i].Connue()) bon[i] = bon[(i + n - 1) % n] != 0 && bon[(i + 1) % n] != 0;
+  }
+  return bon;
+}
+
+// Runs of good edges of one loop, as pieces.
+void Decoupe(const Chemin& boucle, const Origines& origines, const std::vector<char>& bon,
+             std::vector<Piece>& pieces) {
+  const std::size_t n = boucle.size();
   const auto rompu = std::find(bon.begin(), bon.end(), 0);
   if (rompu == bon.end()) {
-    pieces.push_back({boucle, true, true});
+    pieces.push_back({boucle, true, true, origines});
     return;
   }
+  const bool connues = origines.size() == n;
   const auto s = static_cast<std::size_t>(rompu - bon.begin());
-  Chemin courant;
+  Piece courante{{}, false, true};
   const auto vide = [&] {
     double longueur = 0;
-    for (std::size_t i = 0; i + 1 < courant.size(); ++i) longueur += Norme(courant[i + 1] - courant[i]);
-    if (longueur > 100 * kEgal) pieces.push_back({courant, false, true});
-    courant.clear();
+    const Chemin& c = courante.points;
+    for (std::size_t i = 0; i + 1 < c.size(); ++i) longueur += Norme(c[i + 1] - c[i]);
+    if (longueur > kMini) pieces.push_back(std::move(courante));
+    courante = {{}, false, true};
   };
   for (std::size_t j = 1; j <= n; ++j) {
     const std::size_t i = (s + j) % n;
@@ -130,29 +196,41 @@ void Decoupe(const Chemin& boucle, const Juge& juge, std::vector<Piece>& pieces)
       vide();
       continue;
     }
-    if (courant.empty()) courant.push_back(boucle[i]);
-    courant.push_back(boucle[(i + 1) % n]);
+    if (courante.points.empty()) courante.points.push_back(boucle[i]);
+    courante.points.push_back(boucle[(i + 1) % n]);
+    if (connues) courante.origines.push_back(origines[i]);
   }
 }
 
 }  // namespace
 
 std::vector<Piece> DecaleOuvert(const Source& source, double distance, double tolerance) {
-  Region region;
-  Chemin retour = source.chemin;
-  for (std::size_t i = source.chemin.size() - 1; i-- > 1;) retour.push_back(source.chemin[i]);
-  region.contours.push_back(std::move(retour));
+  const Region region = AllerRetour(source.chemin);
   std::vector<Chemin> boucles;
-  if (!DecaleRegion(region, distance, tolerance, boucles)) return {};
-  const Juge juge(source.chemin, distance > 0);
+  std::vector<Origines> origines;
+  if (!DecaleRegion(region, distance, tolerance, boucles, origines)) return {};
+  // Both ways of a path that lies on itself have been thinned, each by itself.
+  const Juge juge(source.chemin, distance > 0, tolerance / 4);
   std::vector<Piece> pieces;
-  for (const Chemin& b : boucles) Decoupe(juge.CoupeAuxContacts(b, std::abs(distance)), juge, pieces);
+  for (std::size_t k = 0; k < boucles.size(); ++k) {
+    const Chemin b = juge.CoupeAuxContacts(boucles[k], std::abs(distance), origines[k]);
+    Decoupe(b, origines[k], AretesBonnes(b, origines[k], juge, source.chemin.size()), pieces);
+  }
 
   std::vector<std::pair<double, std::size_t>> ordre;
-  for (std::size_t i = 0; i < pieces.size(); ++i) ordre.emplace_back(juge.Rang(pieces[i].points.front()), i);
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const Origines& o = pieces[i].origines;
+    const bool aller = !o.empty() && o[0].Connue() && o[0].segment + 1 < source.chemin.size();
+    ordre.emplace_back(aller ? static_cast<double>(o[0].segment) + static_cast<double>(o[0].de)
+                             : juge.Rang(pieces[i].points.front()),
+                       i);
+  }
   std::sort(ordre.begin(), ordre.end());
   std::vector<Piece> ranges;
-  for (const auto& [rang, i] : ordre) ranges.push_back(std::move(pieces[i]));
+  for (const auto& [rang, i] : ordre) {
+    pieces[i].origines = Remonte(region, std::move(pieces[i].origines));
+    ranges.push_back(std::move(pieces[i]));
+  }
   return ranges;
 }
 

@@ -105,6 +105,8 @@ Forme SansRepetes(const Trace& t) {
   return f;
 }
 
+constexpr double kPli = 0.003;  // mm: legs of a turn right back that part by less lie on each other
+
 struct Arc {
   P centre;
   double a0, balayage;
@@ -114,23 +116,28 @@ struct Arc {
 struct Brut {
   std::vector<Seg> segments;
   std::vector<Arc> arcs;
+  // Around tips whose legs part by less than the tolerance tells: on the inner side such an arc may be there or
+  // not.
+  std::vector<Arc> permis;
   double rayon = 0;
 
   [[nodiscard]] double Distance(P p) const {
     double d = std::numeric_limits<double>::infinity();
     for (const Seg& s : segments) d = std::min(d, AuSegment(p, s.a, s.b));
-    for (const Arc& a : arcs) {
-      const P v = p - a.centre;
-      double w = std::remainder(std::atan2(v.y, v.x) - a.a0, 2 * kPi);
-      if (a.balayage < 0) w = -w;
-      if (w < 0) w += 2 * kPi;
-      if (w <= std::abs(a.balayage)) {
-        d = std::min(d, std::abs(Long(v) - rayon));
-      } else {
-        for (const double e : {a.a0, a.a0 + a.balayage}) {
-          d = std::min(d, Long(a.centre + P{std::cos(e), std::sin(e)} * rayon - p));
-        }
-      }
+    for (const auto* liste : {&arcs, &permis}) {
+      for (const Arc& a : *liste) d = std::min(d, AArc(a, p));
+    }
+    return d;
+  }
+  [[nodiscard]] double AArc(const Arc& a, P p) const {
+    const P v = p - a.centre;
+    double w = std::remainder(std::atan2(v.y, v.x) - a.a0, 2 * kPi);
+    if (a.balayage < 0) w = -w;
+    if (w < 0) w += 2 * kPi;
+    if (w <= std::abs(a.balayage)) return std::abs(Long(v) - rayon);
+    double d = std::numeric_limits<double>::infinity();
+    for (const double e : {a.a0, a.a0 + a.balayage}) {
+      d = std::min(d, Long(a.centre + P{std::cos(e), std::sin(e)} * rayon - p));
     }
     return d;
   }
@@ -153,7 +160,11 @@ Brut BrutDe(const Trace& source, double decal) {
     const P v = (e - c) * (1 / Long(e - c));
     double tour = std::atan2(Croix(u, v), Dot(u, v));
     if (std::abs(std::abs(tour) - kPi) < 1e-9) tour = decal > 0 ? -kPi : kPi;
-    if (tour * decal < 0) b.arcs.push_back({c, std::atan2(o.y, o.x), tour});
+    if (tour * decal < 0) {
+      b.arcs.push_back({c, std::atan2(o.y, o.x), tour});
+    } else if (std::min(Long(c - a), Long(e - c)) * (kPi - std::abs(tour)) < kPli) {
+      b.permis.push_back({c, std::atan2(o.y, o.x), decal > 0 ? -kPi : kPi});
+    }
   }
   return b;
 }
@@ -242,7 +253,9 @@ Ecarts Mesure(const Trace& source, const Trace& resultat, double decal, std::siz
   };
   for (std::size_t i = 0; i < brut.segments.size(); i += pas) {
     const Seg& s = brut.segments[i];
-    for (const double t : {0.0, 0.17, 0.4, 0.5, 0.81, 1.0}) essaie(s.a + (s.b - s.a) * t);
+    // Beside the very ends: where two legs part at a tip, the parallel of one touches the true curve in one point.
+    const double bord = std::min(0.1, 0.01 / Long(s.b - s.a));
+    for (const double t : {bord, 0.17, 0.4, 0.5, 0.81, 1 - bord}) essaie(s.a + (s.b - s.a) * t);
   }
   for (std::size_t i = 0; i < brut.arcs.size(); i += pas) {
     const Arc& a = brut.arcs[i];

@@ -338,6 +338,38 @@ TEST(DecalSequence, OpenPathThatComesBackOverItselfLosesNothing) {
   }
 }
 
+TEST(DecalSequence, OpenTurnRightBackIsRoundedOnBothSidesHoweverItsLegsRound) {
+  // Digits below the tolerance decide neither on which side of the way out the way back lies nor what is cut.
+  for (const double ecart : {0.0, 1e-6, -1e-6, 5e-4, -5e-4}) {
+    for (const double r : {3.0, -3.0}) {
+      const Trace s = EnTrace({{0, 0}, {40, 0}, {1, ecart}}, false);
+      const auto [n, t] = Decale(s, r);
+      ASSERT_GT(n, 0) << ecart;
+      EXPECT_EQ(Pieces(t).size(), 1U) << ecart;
+      EXPECT_NEAR(Longueur(t), 79 + kPi * 3, 0.05) << ecart;
+      EXPECT_LE(Mesure(s, t, r).Pire(), 0.01) << ecart;
+    }
+  }
+}
+
+TEST(DecalSequence, OpenSpikeWhoseWayBackGoesOnKeepsThePlaceBesideIt) {
+  // Up to a tip, back over the same line and past where the spike began; steps of a plotter bend the line by hairs.
+  const Trace s = EnTrace({{0, 0}, {20, 11.525}, {18.575, 12.35}, {24.75, 8.775}}, false);
+  for (const double r : {0.5, -0.5, 1.5, -1.5, 3.0, -3.0})
+    EXPECT_LE(Mesure(s, Decale(s, r).second, r).Pire(), 0.01) << r;
+  // Left of the way on, all along it from the tip, which lies 7.135 mm before its end.
+  const Trace t = Decale(s, 1.5).second;
+  EXPECT_LT(Distance(t, {18.575 + 1.5 * 0.501, 12.35 + 1.5 * 0.8654}), 0.01);
+}
+
+TEST(DecalSequence, OpenTipThatOpensIntoAWedgeIsSharpInside) {
+  // 0.17 mm apart at its mouth: that is drawn, and the cutter of 1 mm goes nowhere between the legs.
+  const Trace s = EnTrace({{0, 0}, {17, 0}, {0, 0.17}}, false);
+  EXPECT_LE(Mesure(s, Decale(s, 1).second, 1).Pire(), 0.01);
+  EXPECT_LT(Longueur(Decale(s, 1).second), 1);
+  EXPECT_NEAR(Longueur(Decale(s, -1).second), 34 + kPi, 0.03);
+}
+
 TEST(DecalSequence, OpenZigzagWhoseRoundTipsJustCloseABayLeavesNoLoopInIt) {
   const Trace s =
       EnTrace({{3, 5}, {2, 3}, {1, 5}, {0, 1}, {6, 5}, {4, 3}, {2, 0}, {0, 1}, {3, 0}, {0, 1}, {3, 0}}, false);
