@@ -1,0 +1,195 @@
+#include "workspace/ui/ArbreDocument.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <utility>
+
+#include "core/ui/TraduitFenetre.h"
+#include "workspace/ui/ModeleArbre.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Representation";
+
+}  // namespace
+
+ArbreDocument::ArbreDocument(SorteArbre sorte, QWidget* parent)
+    : QTreeView(parent), modele_(new ModeleArbre(sorte, this)) {
+  const bool initial = sorte == SorteArbre::Initial;
+  setObjectName(initial ? QStringLiteral("TreeView1") : QStringLiteral("TreeView2"));
+  const QString nom = TraduireOu(Section, objectName() + QStringLiteral("tt"),
+                                 initial ? QStringLiteral("Séquences et points du dessin")
+                                         : QStringLiteral("Séquences et points du trajet de l'outil"));
+  setAccessibleName(nom);
+  setToolTip(nom);
+  setHeaderHidden(true);
+  setUniformRowHeights(true);
+  setAnimated(false);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setSelectionMode(QAbstractItemView::ExtendedSelection);
+  setExpandsOnDoubleClick(true);
+  setIndentation(14);
+  modele_->PoseFond(palette().color(QPalette::Base));
+  setModel(modele_);
+  connect(this, &QTreeView::clicked, this, &ArbreDocument::Choisit);
+  connect(this, &QTreeView::expanded, this, [this](const QModelIndex& i) { SuitRacine(i, true); });
+  connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& i) { SuitRacine(i, false); });
+}
+
+Arbre& ArbreDocument::Donnees() { return modele_->Donnees(); }
+
+const Arbre& ArbreDocument::Donnees() const { return std::as_const(*modele_).Donnees(); }
+
+void ArbreDocument::SuitRacine(const QModelIndex& index, bool ouverte) {
+  if (ModeleArbre::PlaceDe(index).niveau == NiveauNoeud::Racine) modele_->RacineOuverte(ouverte);
+}
+
+// --- filling ---------------------------------------------------------------------------------------------------
+
+std::vector<ArbreDocument::Lignes> ArbreDocument::LignesChoisies() const {
+  std::vector<Lignes> lignes;
+  for (const QItemSelectionRange& r : selectionModel()->selection()) {
+    const ModeleArbre::Place place = ModeleArbre::PlaceDe(r.topLeft());
+    if (place.niveau != NiveauNoeud::Point || place.groupe >= Donnees().groupes.size()) continue;
+    const GroupeArbre& g = Donnees().groupes[place.groupe];
+    lignes.push_back({place.groupe, g.code, g.nombre, r.top(), r.bottom()});
+  }
+  return lignes;
+}
+
+bool ArbreDocument::Tient(const Lignes& l) const {
+  const auto& groupes = Donnees().groupes;
+  return l.groupe < groupes.size() && groupes[l.groupe].code == l.code && groupes[l.groupe].nombre == l.nombre;
+}
+
+void ArbreDocument::Remplit() {
+  const int defile = verticalScrollBar()->value();
+  std::vector<Lignes> lignes = LignesChoisies();
+  const ModeleArbre::Place courant = ModeleArbre::PlaceDe(currentIndex());
+  modele_->Remplit();
+  std::erase_if(lignes, [this](const Lignes& l) { return !Tient(l); });
+  Deploie(lignes);
+  QItemSelection choisis;
+  for (const Lignes& l : lignes) {
+    choisis.select(modele_->Point(l.groupe, static_cast<std::size_t>(l.premiere)),
+                   modele_->Point(l.groupe, static_cast<std::size_t>(l.derniere)));
+    if (courant.niveau == NiveauNoeud::Point && courant.groupe == l.groupe) {
+      selectionModel()->setCurrentIndex(modele_->Point(l.groupe, courant.rang), QItemSelectionModel::NoUpdate);
+    }
+  }
+  if (choisis.isEmpty()) {
+    choisis = GroupesChoisis();
+    if (!choisis.isEmpty()) {
+      selectionModel()->setCurrentIndex(choisis.constLast().topLeft(), QItemSelectionModel::NoUpdate);
+    }
+  }
+  selectionModel()->select(choisis, QItemSelectionModel::ClearAndSelect);
+  verticalScrollBar()->setValue(defile);
+}
+
+void ArbreDocument::SuitSelection() {
+  const std::int32_t derniere = Deploie({});
+  selectionModel()->select(GroupesChoisis(), QItemSelectionModel::ClearAndSelect);
+  if (derniere < 0) return;
+  const auto& groupes = Donnees().groupes;
+  const ModeleArbre::Place courant = ModeleArbre::PlaceDe(currentIndex());
+  const bool dessus = currentIndex().isValid() && courant.niveau != NiveauNoeud::Racine &&
+                      courant.groupe < groupes.size() && groupes[courant.groupe].selectionne;
+  const std::size_t groupe = dessus ? courant.groupe : static_cast<std::size_t>(derniere);
+  if (!dessus) selectionModel()->setCurrentIndex(modele_->Groupe(groupe), QItemSelectionModel::NoUpdate);
+  // The first point, then the headline above it: the later one wins where there is little room.
+  scrollTo(modele_->Point(groupe, 0));
+  scrollTo(modele_->Groupe(groupe));
+}
+
+QItemSelection ArbreDocument::GroupesChoisis() const {
+  const auto& groupes = Donnees().groupes;
+  QItemSelection choisis;
+  for (std::size_t i = 0; i < groupes.size(); ++i) {
+    if (!groupes[i].selectionne) continue;
+    const std::size_t premier = i;
+    while (i + 1 < groupes.size() && groupes[i + 1].selectionne) ++i;
+    choisis.append(QItemSelectionRange(modele_->Groupe(premier), modele_->Groupe(i)));
+  }
+  return choisis;
+}
+
+// Opens the selected paths and those of `lignes`, closes the others, and gives the last selected one or -1. All at
+// once: each opening by itself would lay the lines below it out anew.
+std::int32_t ArbreDocument::Deploie(const std::vector<Lignes>& lignes) {
+  const std::int32_t derniere = MarqueSelection(Donnees());
+  collapseAll();
+  scheduleDelayedItemsLayout();
+  expand(modele_->Racine());
+  const auto& groupes = Donnees().groupes;
+  for (std::size_t i = 0; i < groupes.size(); ++i) {
+    if (groupes[i].selectionne) expand(modele_->Groupe(i));
+  }
+  for (const Lignes& l : lignes) expand(modele_->Groupe(l.groupe));
+  executeDelayedItemsLayout();
+  viewport()->update();
+  return derniere;
+}
+
+std::vector<std::int32_t> ArbreDocument::PointsChoisis() const {
+  std::vector<std::int32_t> points;
+  if (Donnees().sorte != SorteArbre::Initial) return points;
+  for (const Lignes& l : LignesChoisies()) {
+    for (int rang = l.premiere; rang <= l.derniere; ++rang) {
+      if (Donnees().PointDocument(l.groupe, static_cast<std::size_t>(rang)) == nullptr) break;
+      points.push_back(Donnees().groupes[l.groupe].premier + rang);
+    }
+  }
+  std::sort(points.begin(), points.end());
+  points.erase(std::unique(points.begin(), points.end()), points.end());
+  return points;
+}
+
+// --- mouse and keys --------------------------------------------------------------------------------------------
+
+void ArbreDocument::Choisit(const QModelIndex& index) {
+  const ModeleArbre::Place place = ModeleArbre::PlaceDe(index);
+  if (!index.isValid() || place.niveau == NiveauNoeud::Racine) return;
+  const ResultatClic resultat = place.niveau == NiveauNoeud::Point ? ClicPoint(Donnees(), place.groupe, place.rang)
+                                                                   : ClicSequence(Donnees(), place.groupe);
+  if (resultat.fait) Q_EMIT Clic(resultat);
+}
+
+// A line that is reached with the keys counts as clicked.
+void ArbreDocument::keyPressEvent(QKeyEvent* e) {
+  const QPersistentModelIndex avant = currentIndex();
+  QTreeView::keyPressEvent(e);
+  if (currentIndex().isValid() && currentIndex() != avant) Choisit(currentIndex());
+}
+
+// The menu is about the line below the pointer. A path that is among the selected ones already leaves them as they
+// are, so that the menu acts on all of them.
+void ArbreDocument::contextMenuEvent(QContextMenuEvent* e) {
+  e->accept();
+  if (e->reason() == QContextMenuEvent::Keyboard) {
+    const QRect ligne = visualRect(currentIndex());
+    Q_EMIT MenuContexte(viewport()->mapToGlobal(ligne.isValid() ? ligne.center() : QPoint(0, 0)));
+    return;
+  }
+  const QModelIndex index = indexAt(viewport()->mapFromGlobal(e->globalPos()));
+  const ModeleArbre::Place place = ModeleArbre::PlaceDe(index);
+  const bool choisie = place.niveau == NiveauNoeud::Sequence && place.groupe < Donnees().groupes.size() &&
+                       Donnees().groupes[place.groupe].selectionne;
+  const bool plusieurs = place.niveau == NiveauNoeud::Point && selectionModel()->isSelected(index) &&
+                         selectionModel()->selectedIndexes().size() > 1;
+  if (!choisie && !plusieurs) Choisit(index);
+  Q_EMIT MenuContexte(e->globalPos());
+}
+
+void ArbreDocument::changeEvent(QEvent* e) {
+  QTreeView::changeEvent(e);
+  if (e->type() != QEvent::PaletteChange) return;
+  modele_->PoseFond(palette().color(QPalette::Base));
+  viewport()->update();
+}
+
+}  // namespace ovelin

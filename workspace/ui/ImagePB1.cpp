@@ -1,0 +1,388 @@
+#include "workspace/ui/ImagePB1.h"
+
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "core/ui/ServicesQt.h"
+#include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
+#include "workspace/Module_Annulation.h"
+#include "workspace/Module_Cycle.h"
+#include "workspace/ui/PeintScene.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Representation";
+constexpr int AttenteTaille = 80;     // ms without another change of the size
+constexpr double CranMolette = 120;   // eighths of a degree, a notch of a wheel
+constexpr double PixelsParCran = 60;  // of a touch pad that tells no angle
+constexpr int ProfondeurVoile = 190;  // of 255, the paper behind the legend
+
+QLabel* Legende(QWidget* parent, const char* nom) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(QLatin1String(nom));
+  label->setAttribute(Qt::WA_TransparentForMouseEvents);
+  label->setTextFormat(Qt::PlainText);
+  label->setAutoFillBackground(true);
+  label->hide();
+  return label;
+}
+
+// The sights of the attachment tool: a ring and a cross open in the middle, dark within a light rim so that they
+// are seen on every ground.
+QCursor CiblePetit() {
+  static constexpr int Cote = 25;
+  QPixmap image(Cote, Cote);
+  image.fill(Qt::transparent);
+  QPainter p(&image);
+  p.setRenderHint(QPainter::Antialiasing);
+  const QPointF centre(Cote / 2.0, Cote / 2.0);
+  const auto trace = [&p, &centre](const QColor& couleur, double largeur) {
+    p.setPen(QPen(couleur, largeur));
+    p.drawEllipse(centre, 7, 7);
+    for (const QPointF sens : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)}) {
+      p.drawLine(centre + sens * 2.5, centre + sens * 11);
+    }
+  };
+  trace(Qt::white, 3.4);
+  trace(Qt::black, 1.4);
+  p.end();
+  return QCursor(image, Cote / 2, Cote / 2);
+}
+
+unsigned Boutons(Qt::MouseButtons boutons) {
+  unsigned b = BoutonAucun;
+  if (boutons.testFlag(Qt::LeftButton)) b |= Bouton1;
+  if (boutons.testFlag(Qt::RightButton)) b |= Bouton2;
+  if (boutons.testFlag(Qt::MiddleButton)) b |= BoutonMilieu;
+  return b;
+}
+
+EvenementSouris EnEvenement(Qt::MouseButtons boutons, Qt::KeyboardModifiers touches, const QPointF& place) {
+  return {Boutons(boutons), touches.testFlag(Qt::ControlModifier), touches.testFlag(Qt::ShiftModifier),
+          static_cast<float>(place.x()) * TwipsParPixel, static_cast<float>(place.y()) * TwipsParPixel};
+}
+
+}  // namespace
+
+ImagePB1::ImagePB1(QWidget* parent)
+    : QWidget(parent),
+      dessin_(Legende(this, "Label_Couleur_Dessin")),
+      decalage_(Legende(this, "Label_Couleur_Decalage")) {
+  setObjectName(QStringLiteral("PB1"));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(80, 60);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setAccessibleName(TraduireOu(Section, QStringLiteral("PB1nom"), QStringLiteral("Dessin")));
+  setAccessibleDescription(TraduireOu(
+      Section, QStringLiteral("PB1aide"),
+      QStringLiteral(
+          "Dessin et trajet de l'outil. Clic : sélectionner ; molette : zoom ; bouton droit : déplacer la vue")));
+  taille_.setSingleShot(true);
+  taille_.setInterval(AttenteTaille);
+  connect(&taille_, &QTimer::timeout, this, &ImagePB1::MetEnPage);
+  suite_.setSingleShot(true);
+  connect(&suite_, &QTimer::timeout, this, &ImagePB1::Acheve);
+}
+
+TailleImage ImagePB1::Taille() const {
+  return {static_cast<float>(width()) * TwipsParPixel, static_cast<float>(height()) * TwipsParPixel};
+}
+
+OptionsScene ImagePB1::Options() const {
+  OptionsScene options = OptionsCourantes(numPoint_, sequence_);
+  options.pixel = static_cast<float>(static_cast<double>(TwipsParPixel) / devicePixelRatioF());
+  options.mesureTexte = MesureDe(font());
+  return options;
+}
+
+// --- drawing ---------------------------------------------------------------------------------------------------
+
+// A wish that can't be met now comes when the pass is over; several are one.
+void ImagePB1::Differe() {
+  if (std::exchange(differe_, true)) return;
+  Apres([image = QPointer<ImagePB1>(this)] {
+    if (image.isNull()) return;
+    image->differe_ = false;
+    image->Dessin();
+  });
+}
+
+void ImagePB1::Dessin() {
+  if (enCours_ || PasseEnCours()) return Differe();
+  suite_.stop();
+  enCours_ = true;
+  Peint();
+  std::optional<bool> bouton;
+  if (dessine_) {
+    update();
+    const Passe passe;
+    bouton = PrendInstantane().bouton;
+  }
+  enCours_ = false;
+  if (bouton) Q_EMIT Instantane(*bouton);
+}
+
+void ImagePB1::Peint() {
+  const double echelle = devicePixelRatioF();
+  const QSize pixels = (QSizeF(size()) * echelle).toSize().expandedTo(QSize(1, 1));
+  if (image_.size() != pixels) image_ = QImage(pixels, QImage::Format_RGB32);
+  image_.setDevicePixelRatio(echelle);
+  const QColor papier = Papier(*this);
+  image_.fill(papier);
+  croix_.Vide();
+  const OptionsScene options = Options();
+  ConstruitScene(Doc, Vue, Taille(), options, scene_);
+  dessine_ = !scene_.Primitives.empty();
+  if (dessine_) {
+    QPainter peintre(&image_);
+    peintre.setFont(font());
+    PeintScene(peintre, scene_, {papier, false});
+  }
+  PlaceLegende(options);
+  MontreOutil();
+  update();
+}
+
+void ImagePB1::PlaceLegende(const OptionsScene& options) {
+  const QColor papier = Papier(*this);
+  QColor voile = papier;
+  voile.setAlpha(ProfondeurVoile);
+  int coin = 0;
+  int haut = 0;
+  const auto place = [&](QLabel& label, const std::string& texte, std::int32_t couleur) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, CouleurLisible(EnCouleur(couleur), papier));
+    palette.setColor(QPalette::Window, voile);
+    if (palette != label.palette()) label.setPalette(palette);
+    label.setText(QString::fromStdString(texte));
+    label.adjustSize();
+    if (haut == 0) haut = coin = std::max(1, static_cast<int>(std::lround(label.height() / 10.0)));
+    label.move(coin, haut);
+    haut += label.height();
+    label.setVisible(dessine_);
+  };
+  place(*dessin_, options.legendeDessin, options.couleurInitial);
+  place(*decalage_, options.legendeDecalage, options.couleurDecalage);
+}
+
+void ImagePB1::Croix(const PointTrace& point) {
+  croix_.Vide();
+  TraceCroix(Vue, Taille(), Options(), point, croix_);
+  update();
+}
+
+void ImagePB1::PositionOutil(float x, float y) {
+  if (!Dessin_Position_Outil(Vue, Taille(), Options(), Cycle.Outil, x, y, outil_)) return;
+  if (!Cycle.AfficheOutil) outil_.Vide();
+  update();
+}
+
+// The mark in another view; the line from the position before belongs to the movement and goes.
+void ImagePB1::MontreOutil() {
+  outil_.Vide();
+  if (!Cycle.AfficheOutil || Cycle.Outil == MemoireOutil{}) return;
+  MarqueOutil(Vue, Taille(), Options(), MemoireOutil{}, Cycle.Outil.X, Cycle.Outil.Y, outil_);
+}
+
+// --- painting --------------------------------------------------------------------------------------------------
+
+QRect ImagePB1::RectBande() const {
+  float x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+  if (!BandeSouris(x0, y0, x1, y1)) return {};
+  const auto pixel = [](float twips) { return static_cast<int>(std::lround(twips / TwipsParPixel)); };
+  return QRect(QPoint(pixel(std::min(x0, x1)), pixel(std::min(y0, y1))),
+               QPoint(pixel(std::max(x0, x1)), pixel(std::max(y0, y1))));
+}
+
+void ImagePB1::PeintDessus(QPainter& peintre) const {
+  const AspectScene aspect{Papier(*this), true};
+  peintre.setFont(font());
+  PeintScene(peintre, croix_, aspect);
+  PeintScene(peintre, outil_, aspect);
+  if (const QRect bande = RectBande(); !bande.isNull()) {
+    const QColor couleur = palette().color(QPalette::Highlight);
+    QColor voile = couleur;
+    voile.setAlpha(40);
+    peintre.setPen(QPen(couleur, 1, Qt::DashLine));
+    peintre.setBrush(voile);
+    peintre.drawRect(bande);
+  }
+}
+
+void ImagePB1::paintEvent(QPaintEvent* e) {
+  if (image_.isNull() || image_.devicePixelRatio() != devicePixelRatioF()) Peint();
+  QPainter peintre(this);
+  const QRect dedans(QPoint(0, 0), image_.deviceIndependentSize().toSize());
+  if (!dedans.contains(e->rect())) peintre.fillRect(e->rect(), Papier(*this));
+  peintre.drawImage(QPoint(0, 0), image_);
+  PeintDessus(peintre);
+  if (clavier_ && hasFocus()) {
+    peintre.setPen(palette().color(QPalette::Highlight));
+    peintre.setBrush(Qt::NoBrush);
+    peintre.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+}
+
+QImage ImagePB1::Image() const {
+  QImage image = image_;
+  if (image.isNull()) return image;
+  QPainter peintre(&image);
+  PeintDessus(peintre);
+  for (QLabel* label : {dessin_, decalage_}) {
+    if (!label->isHidden()) peintre.drawPixmap(label->pos(), label->grab());
+  }
+  return image;
+}
+
+// --- size and look ---------------------------------------------------------------------------------------------
+
+void ImagePB1::resizeEvent(QResizeEvent* e) {
+  QWidget::resizeEvent(e);
+  taille_.start();
+}
+
+void ImagePB1::showEvent(QShowEvent* e) {
+  QWidget::showEvent(e);
+  MetEnPage();
+}
+
+void ImagePB1::MetEnPage() {
+  taille_.stop();
+  if (PasseEnCours() || enCours_) {
+    taille_.start();
+    return;
+  }
+  if (MetEnPageVue(Taille())) {
+    Dessin();
+  } else {
+    Peint();
+  }
+  Q_EMIT MisEnPage();
+}
+
+void ImagePB1::changeEvent(QEvent* e) {
+  QWidget::changeEvent(e);
+  const auto sorte = e->type();
+  if (sorte != QEvent::PaletteChange && sorte != QEvent::StyleChange && sorte != QEvent::FontChange) return;
+  if (!image_.isNull()) Peint();
+}
+
+// --- mouse -----------------------------------------------------------------------------------------------------
+
+void ImagePB1::SuitOutils() {
+  switch (CurseurSouris()) {
+    case Curseur::Defaut:
+      return unsetCursor();
+    case Curseur::CiblePetit:
+      static const QCursor Cible = CiblePetit();
+      return setCursor(Cible);
+    case Curseur::Rectangle:
+      return setCursor(Qt::CrossCursor);
+    case Curseur::Main:
+      return setCursor(Qt::ClosedHandCursor);
+  }
+}
+
+void ImagePB1::Acheve() {
+  suite_.stop();
+  Dessin();
+}
+
+// Does what a mouse event has left for the picture, and tells the window the rest.
+void ImagePB1::Conclut(const SuiteSouris& suite, bool attend) {
+  if (suite.outils) SuitOutils();
+  if (suite.bande) {
+    const QRect neuve = RectBande();
+    update(bande_.united(neuve).adjusted(-2, -2, 2, 2));
+    bande_ = neuve;
+  }
+  if (suite.redessine) {
+    if (attend) {
+      if (!suite_.isActive()) suite_.start(0);
+    } else {
+      Dessin();
+    }
+  }
+  Q_EMIT Suite(suite);
+}
+
+void ImagePB1::mousePressEvent(QMouseEvent* e) {
+  if (suite_.isActive()) Acheve();
+  Conclut(PB1_MouseDown(EnEvenement(e->button(), e->modifiers(), e->position()), Taille()), false);
+}
+
+// The second press of a double click is a click like the first. With the attachment tool it would put a second mark
+// in the place of the first, so it does nothing.
+void ImagePB1::mouseDoubleClickEvent(QMouseEvent* e) {
+  if (!Souris.mnu_Lever) mousePressEvent(e);
+}
+
+void ImagePB1::mouseMoveEvent(QMouseEvent* e) {
+  Conclut(PB1_MouseMove(EnEvenement(e->buttons(), e->modifiers(), e->position()), Taille()), true);
+}
+
+void ImagePB1::mouseReleaseEvent(QMouseEvent* e) {
+  const SuiteSouris suite = PB1_MouseUp(EnEvenement(e->button(), e->modifiers(), e->position()), Taille());
+  if (suite_.isActive()) Acheve();
+  if (suite.redessine || suite.initSeq || suite.bande || suite.outils || suite.menu) Conclut(suite, false);
+}
+
+void ImagePB1::wheelEvent(QWheelEvent* e) {
+  e->accept();
+  if (TraceInitial.empty()) return;
+  double crans = e->angleDelta().y() / CranMolette;
+  if (e->angleDelta().isNull()) crans = e->pixelDelta().y() / PixelsParCran;
+  const auto x = static_cast<float>(e->position().x()) * TwipsParPixel;
+  const auto y = static_cast<float>(e->position().y()) * TwipsParPixel;
+  if (!MoletteVue(Taille(), x, y, crans)) return;
+  SuiteSouris suite;
+  suite.redessine = true;
+  Conclut(suite, true);
+}
+
+// The key of menus; the mouse asks by a release of button 2 without a movement.
+void ImagePB1::contextMenuEvent(QContextMenuEvent* e) {
+  e->accept();
+  if (e->reason() != QContextMenuEvent::Keyboard || TraceInitial.empty()) return;
+  SuiteSouris suite;
+  suite.menu = true;
+  Q_EMIT Suite(suite);
+}
+
+void ImagePB1::enterEvent(QEnterEvent* e) {
+  QWidget::enterEvent(e);
+  SuitOutils();
+}
+
+void ImagePB1::focusInEvent(QFocusEvent* e) {
+  clavier_ = e->reason() == Qt::TabFocusReason || e->reason() == Qt::BacktabFocusReason;
+  QWidget::focusInEvent(e);
+}
+
+bool ImagePB1::event(QEvent* e) {
+  if (e->type() != QEvent::ToolTip) return QWidget::event(e);
+  const QString bulle = QString::fromStdString(BulleSouris());
+  if (bulle.isEmpty()) {
+    QToolTip::hideText();
+    e->ignore();
+  } else {
+    QToolTip::showText(static_cast<QHelpEvent*>(e)->globalPos(), bulle, this);
+  }
+  return true;
+}
+
+}  // namespace ovelin

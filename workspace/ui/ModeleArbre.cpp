@@ -1,0 +1,115 @@
+#include "workspace/ui/ModeleArbre.h"
+
+#include <QFont>
+#include <optional>
+
+#include "core/ui/Theme.h"
+
+namespace ovelin {
+
+namespace {
+
+// Internal id of an index: the root, a group, and for a point its group behind these two.
+constexpr quintptr IdRacine = 0;
+constexpr quintptr IdGroupe = 1;
+constexpr quintptr IdPoints = 2;
+
+}  // namespace
+
+ModeleArbre::ModeleArbre(SorteArbre sorte, QObject* parent) : QAbstractItemModel(parent) { arbre_.sorte = sorte; }
+
+void ModeleArbre::Remplit() {
+  beginResetModel();
+  if (arbre_.sorte == SorteArbre::Initial) {
+    Remplissage_Trace_Initial(arbre_);
+  } else {
+    Remplissage_Trace_Decale(arbre_);
+  }
+  endResetModel();
+}
+
+void ModeleArbre::PoseFond(const QColor& fond) {
+  if (fond == fond_) return;
+  fond_ = fond;
+  couleurs_.clear();
+}
+
+void ModeleArbre::RacineOuverte(bool ouverte) {
+  ouverte_ = ouverte;
+  Q_EMIT dataChanged(Racine(), Racine(), {Qt::DecorationRole});
+}
+
+void ModeleArbre::Redit() { Q_EMIT dataChanged(Racine(), Racine()); }
+
+QColor ModeleArbre::Couleur(std::int32_t couleur) const {
+  const auto [it, neuve] = couleurs_.try_emplace(couleur);
+  if (neuve) it->second = CouleurLisible(EnCouleur(couleur), fond_);
+  return it->second;
+}
+
+QModelIndex ModeleArbre::Groupe(std::size_t groupe) const { return index(static_cast<int>(groupe), 0, Racine()); }
+
+QModelIndex ModeleArbre::Point(std::size_t groupe, std::size_t rang) const {
+  return index(static_cast<int>(rang), 0, Groupe(groupe));
+}
+
+ModeleArbre::Place ModeleArbre::PlaceDe(const QModelIndex& index) {
+  const auto ligne = static_cast<std::size_t>(index.row());
+  if (!index.isValid() || index.internalId() == IdRacine) return {};
+  if (index.internalId() == IdGroupe) return {NiveauNoeud::Sequence, ligne, 0};
+  return {NiveauNoeud::Point, static_cast<std::size_t>(index.internalId() - IdPoints), ligne};
+}
+
+QModelIndex ModeleArbre::index(int ligne, int colonne, const QModelIndex& parent) const {
+  if (ligne < 0 || colonne != 0 || ligne >= rowCount(parent)) return {};
+  if (!parent.isValid()) return createIndex(ligne, 0, IdRacine);
+  if (parent.internalId() == IdRacine) return createIndex(ligne, 0, IdGroupe);
+  return createIndex(ligne, 0, IdPoints + static_cast<quintptr>(parent.row()));
+}
+
+QModelIndex ModeleArbre::parent(const QModelIndex& enfant) const {
+  if (!enfant.isValid() || enfant.internalId() == IdRacine) return {};
+  if (enfant.internalId() == IdGroupe) return createIndex(0, 0, IdRacine);
+  return createIndex(static_cast<int>(enfant.internalId() - IdPoints), 0, IdGroupe);
+}
+
+int ModeleArbre::rowCount(const QModelIndex& parent) const {
+  if (!parent.isValid()) return arbre_.racine.cle.empty() ? 0 : 1;
+  if (parent.internalId() == IdRacine) return static_cast<int>(arbre_.groupes.size());
+  const auto ligne = static_cast<std::size_t>(parent.row());
+  if (parent.internalId() != IdGroupe || ligne >= arbre_.groupes.size()) return 0;
+  return arbre_.groupes[ligne].nombre;
+}
+
+int ModeleArbre::columnCount(const QModelIndex& /*parent*/) const { return 1; }
+
+Qt::ItemFlags ModeleArbre::flags(const QModelIndex& index) const {
+  if (!index.isValid()) return Qt::NoItemFlags;
+  const Qt::ItemFlags communs = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  return index.internalId() >= IdPoints ? communs | Qt::ItemNeverHasChildren : communs;
+}
+
+QVariant ModeleArbre::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const bool utile =
+      role == Qt::DisplayRole || role == Qt::ForegroundRole || role == Qt::FontRole || role == Qt::DecorationRole;
+  if (!utile) return {};
+  const Place place = PlaceDe(index);
+  if (place.niveau == NiveauNoeud::Racine && role == Qt::DecorationRole) {
+    return IconeProgramme(QString::fromLatin1(ouverte_ ? arbre_.racine.imageDeveloppe : arbre_.racine.image));
+  }
+  std::optional<Noeud> noeud = arbre_.racine;
+  if (place.niveau == NiveauNoeud::Sequence) noeud = arbre_.Groupe(place.groupe);
+  if (place.niveau == NiveauNoeud::Point) noeud = arbre_.Point(place.groupe, place.rang);
+  if (!noeud) return {};
+  if (role == Qt::DisplayRole) return QString::fromStdString(noeud->texte);
+  if (role == Qt::ForegroundRole) return Couleur(noeud->couleur);
+  if (role == Qt::FontRole && noeud->gras) {
+    QFont gras;
+    gras.setBold(true);
+    return gras;
+  }
+  return {};
+}
+
+}  // namespace ovelin

@@ -1,0 +1,56 @@
+// The lines of a tree of the main window as a model: those of the points are made when they are looked at.
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QColor>
+#include <cstdint>
+#include <unordered_map>
+
+#include "workspace/Module_Arbres.h"
+
+namespace ovelin {
+
+// One root, below it a row for each group, below that one for each of its points.
+class ModeleArbre : public QAbstractItemModel {
+  Q_OBJECT
+ public:
+  explicit ModeleArbre(SorteArbre sorte, QObject* parent = nullptr);
+
+  void Remplit();
+  [[nodiscard]] Arbre& Donnees() { return arbre_; }
+  [[nodiscard]] const Arbre& Donnees() const { return arbre_; }
+  // Ground of the lines: their colours are lifted from it.
+  void PoseFond(const QColor& fond);
+  // The root shows its open image.
+  void RacineOuverte(bool ouverte);
+  // Lines may look different from now on.
+  void Redit();
+
+  [[nodiscard]] QModelIndex Racine() const { return index(0, 0); }
+  [[nodiscard]] QModelIndex Groupe(std::size_t groupe) const;
+  [[nodiscard]] QModelIndex Point(std::size_t groupe, std::size_t rang) const;
+  // What an index stands for. `groupe` counts for a path and a point, `rang` for a point.
+  struct Place {
+    NiveauNoeud niveau = NiveauNoeud::Racine;
+    std::size_t groupe = 0, rang = 0;
+  };
+  [[nodiscard]] static Place PlaceDe(const QModelIndex& index);
+
+  [[nodiscard]] QModelIndex index(int ligne, int colonne, const QModelIndex& parent = {}) const override;
+  [[nodiscard]] QModelIndex parent(const QModelIndex& enfant) const override;
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override { return rowCount(parent) > 0; }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+  [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+ private:
+  [[nodiscard]] QColor Couleur(std::int32_t couleur) const;
+
+  Arbre arbre_;
+  QColor fond_ = Qt::white;
+  bool ouverte_ = false;
+  mutable std::unordered_map<std::int32_t, QColor> couleurs_;
+};
+
+}  // namespace ovelin
