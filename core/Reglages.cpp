@@ -50,6 +50,9 @@ void LitOptions() {
   Regl.ConfirmSuppr = LireBooleen("ConfirmSuppr", neuf.ConfirmSuppr);
   Regl.TimerInterval = LitEntier32("TimerInterval", neuf.TimerInterval);
   Regl.gMaxMRU = LitEntier32("gMaxMRU", neuf.gMaxMRU);
+  // The tolerance acts on drawings that are not projects yet, so no project has a say in it.
+  const float soudure = EnFloat(LitNombre(LireCleIni("ToleranceSoudure", "")).value_or(-1));
+  Regl.ToleranceSoudure = soudure < 0 ? neuf.ToleranceSoudure : soudure;
 }
 
 void LitOutil() {
@@ -106,6 +109,13 @@ void EcritOutil() {
   EcritEntier("DecalageOutil", Regl.DecalageOutil);
   EcritNombre("RayonFraise", Regl.RayonFraise);
   EcritNombre("LargeurEncoche", Regl.LargeurEncoche);
+}
+
+void EcritSoudure() {
+  const std::string projet = FichierProjet;
+  FichierProjet.clear();
+  EcrireCle("ToleranceSoudure", TexteNombre(Regl.ToleranceSoudure));
+  FichierProjet = projet;
 }
 
 // Two of the names are not those that are read: "CouleurSelectionne" differs in letter case, which the settings

@@ -62,7 +62,7 @@ inline constinit auto& TableDefaut = Regl.TableDefaut;
 // Each group read through the key store (project first, then the settings file, then the default).
 void LitMateriau();  // Vitesse_Mat_H, Vitesse_Mat_V, HautDeg, ProfFraisage, ProfPasse, MiniEncoche, ModeZENIK
 void LitCouleurs();
-void LitOptions();  // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU
+void LitOptions();  // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU; ToleranceSoudure from the settings file alone
 void LitOutil();    // DecalageOutil, RayonFraise, LargeurEncoche
 
 // All four groups in the order in which an opening or an undo reads them.
@@ -73,6 +73,7 @@ void EcritMateriau();
 void EcritCouleurs();
 void EcritOptions();  // gMaxMRU with FichierProjet blanked for the moment
 void EcritOutil();
+void EcritSoudure();  // ToleranceSoudure, into the settings file alone
 
 // The six colours of the button that restores them: other values, partly under other keys than those read; kept so.
 void EcritCouleursDefaut();

@@ -96,6 +96,41 @@ TEST(LitOptions, RoundsAndClipsWhatDoesNotFit) {
   EXPECT_EQ(Regl.TimerInterval, 2);
 }
 
+TEST(LitOptions, TakesTheWeldToleranceFromTheSettingsFileAlone) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nToleranceSoudure=0,3\r\n");
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "$$ToleranceSoudure=0.5\r\n");
+  LitOptions();
+  EXPECT_EQ(Regl.ToleranceSoudure, 0.3F);
+}
+
+TEST(LitOptions, HasTheBuiltInWeldToleranceWhereTheFileHoldsNone) {
+  for (const char* valeur : {"", "abc", "-1", "1e999"}) {
+    EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nToleranceSoudure=" + std::string(valeur) + "\r\n");
+    OublieCles();
+    Regl.ToleranceSoudure = 7;
+    LitOptions();
+    EXPECT_EQ(Regl.ToleranceSoudure, 0.01F) << valeur;
+  }
+}
+
+TEST(LitOptions, LetsTheWeldToleranceBeZero) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nToleranceSoudure=0\r\n");
+  LitOptions();
+  EXPECT_EQ(Regl.ToleranceSoudure, 0.0F);
+}
+
+TEST(EcritSoudure, WritesTheSettingsFileAndNeverTheProject) {
+  const std::string projet = EcritFichierEssai("p.OVL", "$$PCPoche=20\r\n");
+  FichierCourant = FichierProjet = projet;
+  Regl.ToleranceSoudure = 0.2F;
+  EcritSoudure();
+  EXPECT_EQ(FichierProjet, projet);
+  EXPECT_EQ(LitFichierEssai(projet), "$$PCPoche=20\r\n");
+  Regl.ToleranceSoudure = 0.01F;
+  LitOptions();
+  EXPECT_EQ(Regl.ToleranceSoudure, 0.2F);
+}
+
 TEST(LitCouleurs, ReadsTheWholeValue) {
   EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nCouleurDecalage=16777215\r\n");
   LitCouleurs();
