@@ -15,6 +15,7 @@ struct AxeDimension {
   double rapport = 1;
   double resultat = 0;  // mm, as entered or initial x ratio
   double course = 0;    // travel of the machine, mm
+  double loin = 0;      // distance of the farthest point from 0, mm
   bool operator==(const AxeDimension&) const = default;
 };
 
@@ -24,7 +25,7 @@ struct ChampsDimension {
   bool operator==(const ChampsDimension&) const = default;
 };
 
-// The fields as the window shows them first: ratios 1, results the size of the drawing.
+// The fields as the window shows them first: ratios 1, results the size of the drawing, which is the one in memory.
 ChampsDimension ChampsDe(const DemandeDimension& demande);
 // The same for the drawing in memory: its bounds, the travel of the machine table in force.
 DemandeDimension DemandeDuDocument();
@@ -36,8 +37,9 @@ bool EntreResultat(ChampsDimension& champs, std::size_t axe, double resultat);
 // The box is checked: the second axis takes the ratio of the first.
 void EntreProportions(ChampsDimension& champs, bool proportions);
 
-// Why the sizes can't be: "lib001" for a ratio of 0, "lib002" for a result beyond the travel, and the first axis at
-// fault. A result that is exactly the travel is good. A mirrored drawing (negative ratio) is as wide.
+// Why the sizes can't be: "lib001" for a ratio of 0, "lib002" for a result beyond the travel, or for points that no
+// machine could reach, and the first axis at fault. A result that shows as the travel is good. A mirrored drawing
+// (negative ratio) is as wide.
 struct RefusDimension {
   std::string cle;
   std::size_t axe = 0;
@@ -46,6 +48,6 @@ struct RefusDimension {
 RefusDimension VerifieDimension(const ChampsDimension& champs);
 
 std::string TexteTaille(double mm);        // up to three decimals
-std::string TexteRapport(double rapport);  // up to six
+std::string TexteRapport(double rapport);  // the shortest that reads back to the same 32 bits
 
 }  // namespace ovelin
