@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <chrono>
 #include <map>
+#include <new>
+#include <system_error>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -14,35 +16,25 @@
 #include "core/Fichiers.h"
 #include "core/Lignes.h"
 #include "core/Nombres.h"
+#include "core/Services.h"
 
 namespace ovelin::magasin {
 
-namespace {
-
-// What tells one state of a file from another without reading it.
-struct Empreinte {
-  bool existe = false;
-  dev_t volume = 0;
-  ino_t numero = 0;
-  off_t taille = 0;
-  timespec contenu{}, fiche{};
-
-  bool operator==(const Empreinte& o) const {
-    const auto meme = [](const timespec& a, const timespec& b) {
-      return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
-    };
-    return existe == o.existe && volume == o.volume && numero == o.numero && taille == o.taille &&
-           meme(contenu, o.contenu) && meme(fiche, o.fiche);
-  }
-};
+bool Empreinte::operator==(const Empreinte& o) const {
+  const auto meme = [](const timespec& a, const timespec& b) {
+    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+  };
+  return existe == o.existe && volume == o.volume && numero == o.numero && taille == o.taille &&
+         meme(contenu, o.contenu) && meme(fiche, o.fiche);
+}
 
 Empreinte Releve(const std::string& chemin) {
   struct stat etat {};
-  Empreinte e;
-  if (stat(chemin.c_str(), &etat) != 0) return e;
-  e = {true, etat.st_dev, etat.st_ino, etat.st_size, etat.st_mtim, etat.st_ctim};
-  return e;
+  if (stat(chemin.c_str(), &etat) != 0) return {};
+  return {true, etat.st_dev, etat.st_ino, etat.st_size, etat.st_mtim, etat.st_ctim};
 }
+
+namespace {
 
 // File times advance in steps of some milliseconds: a file written a moment ago may be written once more, to the
 // same length, without a trace in its times. What was read so soon is read again the next time.
@@ -68,7 +60,7 @@ struct ProjetTenu {
   Empreinte empreinte;
   bool sure = false;
   long lot = 0;
-  std::unordered_map<std::string, std::string> index;
+  Reglages index;
 };
 
 struct Tenu {
@@ -113,14 +105,11 @@ void ChargeProjet(const std::string& chemin) {
   if (p.chemin == chemin && LuDansCeLot(p.lot)) return;
   const Empreinte e = Releve(chemin);
   if (p.sure && p.chemin == chemin && p.empreinte == e) return;
-  p = ProjetTenu{};
-  p.chemin = chemin;
-  p.empreinte = e;
+  Reglages reglages;
   if (e.existe) {
-    if (const auto octets = LitFichierEntier(chemin)) p.index = IndexeReglages(*octets);
+    if (const auto octets = LitFichierEntier(chemin)) reglages = IndexeReglages(*octets);
   }
-  p.sure = !TropRecente(e) && Releve(chemin) == e;
-  p.lot = T.profondeurLot > 0 ? T.numeroLot : 0;
+  PoseProjet(chemin, e, std::move(reglages));
 }
 
 void EcritInis() {
@@ -135,21 +124,31 @@ void EcritInis() {
   }
 }
 
-void EcritAttente() {
-  const auto attente = std::exchange(T.attente, {});
-  for (const auto& [chemin, lignes] : attente) {
+// The lines placed in a project, which may be a large file for the sake of a short line.
+ErreurSysteme PlaceLignes(const std::string& chemin,
+                          const std::vector<std::pair<std::string, std::string>>& lignes) {
+  try {
     std::string contenu;
     if (Releve(chemin).existe) {
       ErreurSysteme raison;
       auto octets = LitFichierEntier(chemin, &raison);
-      if (!octets) {
-        Echec(raison);
-        continue;
-      }
+      if (!octets) return raison;
       contenu = std::move(*octets);
     }
     for (const auto& [cle, valeur] : lignes) PlaceLigne(contenu, cle, valeur);
-    if (const ErreurSysteme erreur = EcritFichierEntier(chemin, contenu); !erreur.empty()) Echec(erreur);
+    return EcritFichierEntier(chemin, contenu);
+  } catch (const std::bad_alloc&) {
+    return std::generic_category().message(ENOMEM);
+  }
+}
+
+void EcritAttente() {
+  constexpr off_t seuilFond = 1'000'000;  // bytes from which a file is worth a thread
+  const auto attente = std::exchange(T.attente, {});
+  for (const auto& [chemin, lignes] : attente) {
+    ErreurSysteme erreur;
+    TravailleSi(Releve(chemin).taille >= seuilFond, [&] { erreur = PlaceLignes(chemin, lignes); });
+    if (!erreur.empty()) Echec(erreur);
     OublieProjet(chemin);
   }
 }
@@ -197,6 +196,11 @@ void PlaceCleProjet(const std::string& chemin, std::string_view cle8, std::strin
   DebutLot();
   T.attente[chemin].emplace_back(cle8, std::move(valeur));
   FinLot();
+}
+
+void PoseProjet(const std::string& chemin, const Empreinte& avant, Reglages&& reglages) {
+  const bool sure = !TropRecente(avant) && Releve(chemin) == avant;
+  T.projet = {chemin, avant, sure, T.profondeurLot > 0 ? T.numeroLot : 0, std::move(reglages)};
 }
 
 void DebutLot() {

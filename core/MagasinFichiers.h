@@ -2,14 +2,28 @@
 // writes of a batch that have not reached the disk. Used by Cles.cpp and by the project writer.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "core/FichierIni.h"
 
 namespace ovelin::magasin {
+
+// What tells one state of a file from another without reading it.
+struct Empreinte {
+  bool existe = false;
+  dev_t volume = 0;
+  ino_t numero = 0;
+  off_t taille = 0;
+  timespec contenu{}, fiche{};
+  bool operator==(const Empreinte& o) const;
+};
+Empreinte Releve(const std::string& chemin);
 
 // The file as it stands, read again only when it has changed on disk. Empty when there is none.
 const FichierIni& Ini(const std::string& chemin);
@@ -21,6 +35,11 @@ void ModifieIni(const std::string& chemin, const std::function<void(FichierIni&)
 std::optional<std::string> CleProjet(const std::string& chemin, std::string_view cle8);
 // Puts "$$key=value" into a project file (bytes of the file's set). Left out for a read-only file.
 void PlaceCleProjet(const std::string& chemin, std::string_view cle8, std::string_view valeur8);
+
+// The settings lines of a project that somebody has read anyway, so that it isn't read once more for its keys.
+// `avant`: its state before that reading.
+using Reglages = std::unordered_map<std::string, std::string>;
+void PoseProjet(const std::string& chemin, const Empreinte& avant, Reglages&& reglages);
 
 void DebutLot();
 void FinLot();

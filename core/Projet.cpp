@@ -1,14 +1,19 @@
 #include "core/Projet.h"
 
+#include <cstdint>
+#include <filesystem>
 #include <limits>
 #include <new>
-#include <optional>
+#include <span>
+#include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "core/Cles.h"
 #include "core/Document.h"
 #include "core/Etat.h"
+#include "core/Lignes.h"
 #include "core/MagasinFichiers.h"
 #include "core/ProjetTexte.h"
 #include "core/Reglages.h"
@@ -23,7 +28,9 @@ namespace {
 
 [[maybe_unused]] const bool enregistree = EnregistreRemise([] { Crochets = CrochetsProjet{}; });
 
-constexpr double IntervalleEvenements = 0.015;  // s
+// Points and bytes from which a file is worth a thread: below, it is there in some milliseconds.
+constexpr std::size_t SeuilFondPoints = 5000;
+constexpr std::uintmax_t SeuilFondOctets = 300000;
 
 // Progress of a save, taken away whatever happens.
 class Avancement {
@@ -37,41 +44,90 @@ class Avancement {
   Avancement& operator=(const Avancement&) = delete;
 };
 
-// The whole file in memory. The settings go through the key store, which hands back the lines meant for this file.
-std::string Compose(const std::string& chemin) {
-  std::string texte = LignesReglages(chemin);
-  ComposeSequences(texte, TraceInitial, Sequences);
-  double derniere = Svc.Horloge();
-  ComposePoints(texte, TraceInitial, [&derniere] {
-    const double maintenant = Svc.Horloge();
-    if (maintenant - derniere < IntervalleEvenements) return;
-    Svc.LaisseEvenements(Evenements::Affichage);
-    derniere = maintenant;
-  });
-  ComposeEncoches(texte, Regl.LargeurEncoche, Regl.MiniEncoche);
-  return texte;
+ErreurSysteme MemoireManque() {
+  return std::generic_category().message(static_cast<int>(std::errc::not_enough_memory));
 }
 
-bool Refuse(const std::string& chemin, const char* section, const char* cle, const std::string& suite = "") {
+// The whole file in memory, and on disk; nothing of the document is touched. `texte`: the settings lines.
+ErreurSysteme Ecrit(const std::string& chemin, std::string texte, std::span<const PointTrace> points,
+                    std::span<const SequenceInfo> sequences, double largeurEncoche, double miniEncoche,
+                    Garantie garantie) {
+  try {
+    ComposeSequences(texte, points, sequences);
+    ComposePoints(texte, points);
+    ComposeEncoches(texte, largeurEncoche, miniEncoche);
+    return EcritFichierEntier(chemin, texte, garantie);
+  } catch (const std::bad_alloc&) {
+    return MemoireManque();
+  }
+}
+
+void Montre(const std::string& chemin, std::string_view section, std::string_view cle, const std::string& suite,
+            Icone icone) {
   Boite boite;
   boite.section = section;
   boite.cle = cle;
   boite.texte = Traduire(section, cle) + suite;
   boite.titre = NomProgramme;
-  boite.icone = Icone::Critique;
+  boite.icone = icone;
   boite.fichier = chemin;
   Svc.Montre(boite);
+}
+
+// The end of the file is missing. What was whole stands.
+void AvertitTronque(const std::string& chemin) {
+  Montre(chemin, "erreurs", "102", "\n" + chemin, Icone::Exclamation);
+}
+
+bool Refuse(const std::string& chemin, std::string_view section, std::string_view cle,
+            const std::string& suite = "") {
+  Montre(chemin, section, cle, suite, Icone::Critique);
   return false;
 }
 
-// The bytes of the file; nothing, with the system's reason shown, when it can't be read. Either way the count of
-// the drawing that stood is gone.
-std::optional<std::string> Lit(const std::string& chemin) {
+// A project as it was read, nothing of the document touched yet.
+struct Lecture {
+  bool lue = false;
+  ErreurSysteme raison;  // why not
+  bool memoire = false;  // for want of memory
+  bool tronque = false;  // the end of the file is missing
+  ContenuProjet contenu;
+  magasin::Reglages reglages;
+};
+
+Lecture Lit(const std::string& chemin, bool tout) {
+  Lecture l;
+  try {
+    const auto octets = LitFichierEntier(chemin, &l.raison);
+    if (!octets) return l;
+    if (tout) {
+      l.contenu = LitTexteProjet(*octets);
+      l.reglages = IndexeReglages(*octets);
+      l.tronque = EstTronque(*octets);
+    } else {
+      l.contenu.Recensement = RecenseProjet(*octets);
+    }
+    l.lue = true;
+  } catch (const std::bad_alloc&) {
+    l.memoire = true;
+  }
+  return l;
+}
+
+// The reading, on a thread when it is worth one; what could not be read is told. Either way the count of the
+// drawing that stood is gone.
+Lecture LitOuRefuse(const std::string& chemin, bool tout) {
   NbPoints = 0;
-  ErreurSysteme raison;
-  auto octets = LitFichierEntier(chemin, &raison);
-  if (!octets) Refuse(chemin, "F_Representation", "lib110", "\n" + chemin + ": " + raison);
-  return octets;
+  std::error_code erreur;
+  const std::uintmax_t taille = std::filesystem::file_size(chemin, erreur);
+  Lecture l;
+  TravailleSi(!erreur && taille >= SeuilFondOctets, [&] { l = Lit(chemin, tout); });
+  if (l.memoire) {
+    Refuse(chemin, "F_Representation", "lib114");
+  } else if (!l.lue) {
+    Refuse(chemin, "F_Representation", "lib110", "\n" + chemin + ": " + l.raison);
+  }
+  return l;
 }
 
 // Takes the count and the bounds of what has been read; refusals are shown.
@@ -106,19 +162,32 @@ ErreurSysteme EcrireProjet(const std::string& chemin) {
   // Before any key is written, so that a refused save changes nothing at all.
   if (ErreurSysteme refus = EcritureRefusee(chemin); !refus.empty()) return refus;
   const Avancement avancement;
+  ErreurSysteme erreur;
   try {
     const Garantie garantie = Instantane != Faux ? Garantie::Processus : Garantie::Disque;
-    ErreurSysteme erreur = EcritFichierEntier(chemin, Compose(chemin), garantie);
-    magasin::OublieProjet(chemin);
-    return erreur;
+    const std::string reglages = LignesReglages(chemin);
+    const auto ecrit = [&chemin, &reglages, garantie, &erreur, largeur = Regl.LargeurEncoche,
+                        mini = Regl.MiniEncoche](std::span<const PointTrace> points,
+                                                 std::span<const SequenceInfo> sequences) {
+      erreur = Ecrit(chemin, reglages, points, sequences, largeur, mini, garantie);
+    };
+    if (TraceInitial.size() < SeuilFondPoints) {
+      ecrit(TraceInitial, Sequences);
+    } else {
+      const std::vector<PointTrace> points = TraceInitial;
+      const std::vector<SequenceInfo> sequences = Sequences;
+      Travaille([&] { ecrit(points, sequences); });
+    }
   } catch (const std::bad_alloc&) {
-    return std::generic_category().message(static_cast<int>(std::errc::not_enough_memory));
+    erreur = MemoireManque();
   }
+  magasin::OublieProjet(chemin);
+  return erreur;
 }
 
 bool VerifierProjet(const std::string& chemin) {
-  const auto octets = Lit(chemin);
-  return octets && Verifie(chemin, RecenseProjet(*octets));
+  const Lecture l = LitOuRefuse(chemin, false);
+  return l.lue && Verifie(chemin, l.contenu.Recensement);
 }
 
 bool LireProjet(const std::string& chemin) {
@@ -126,27 +195,24 @@ bool LireProjet(const std::string& chemin) {
   Doc.EchelleX = 1.0;
   Doc.EchelleY = 1.0;
   const LotCles lot;  // some thirty keys out of one reading of the project
-  try {
-    const auto octets = Lit(chemin);
-    if (!octets) return false;
-    ContenuProjet contenu = LitTexteProjet(*octets);
-    if (!Verifie(chemin, contenu.Recensement)) return false;
+  const magasin::Empreinte avant = magasin::Releve(chemin);
+  Lecture l = LitOuRefuse(chemin, true);
+  if (!l.lue || !Verifie(chemin, l.contenu.Recensement)) return false;
+  if (chemin == FichierCourant) magasin::PoseProjet(chemin, avant, std::move(l.reglages));
 
-    FichierProjet = "Chargt";
-    LitMateriau();
-    LitOutil();
-    TraceInitial = std::move(contenu.Points);
-    Sequences = std::move(contenu.Sequences);
-    if (contenu.LargeurEncoche) Regl.LargeurEncoche = *contenu.LargeurEncoche;
-    if (contenu.MiniEncoche) Regl.MiniEncoche = *contenu.MiniEncoche;
-  } catch (const std::bad_alloc&) {
-    return Refuse(chemin, "F_Representation", "lib114");
-  }
+  FichierProjet = "Chargt";
+  LitMateriau();
+  LitOutil();
+  TraceInitial = std::move(l.contenu.Points);
+  Sequences = std::move(l.contenu.Sequences);
+  if (l.contenu.LargeurEncoche) Regl.LargeurEncoche = *l.contenu.LargeurEncoche;
+  if (l.contenu.MiniEncoche) Regl.MiniEncoche = *l.contenu.MiniEncoche;
   if (Crochets.ChercheMateriau != nullptr) Crochets.ChercheMateriau();
   CompleteSequences(Sequences, TraceInitial, Regl.ProfFraisage);
   if (Crochets.ChargeTable != nullptr) Crochets.ChargeTable();
   LitCouleurs();
   LitOptions();
+  if (l.tronque) AvertitTronque(chemin);
   return true;
 }
 

@@ -209,6 +209,16 @@ ContenuProjet LitTexteProjet(std::string_view contenu) {
   return c;
 }
 
+bool EstTronque(std::string_view contenu) {
+  if (contenu.empty() || contenu.back() == '\n' || contenu.back() == '\r') return false;
+  constexpr std::string_view fermeture = "$$Mat02";
+  for (std::size_t i = contenu.rfind(fermeture); i != std::string_view::npos && i > 0;
+       i = contenu.rfind(fermeture, i - 1)) {
+    if (contenu[i - 1] == '\n' || contenu[i - 1] == '\r') return false;
+  }
+  return !contenu.starts_with(fermeture);
+}
+
 void CompleteSequences(std::vector<SequenceInfo>& sequences, std::span<const PointTrace> points,
                        double profondeur) {
   SelectionneTout(sequences);
@@ -243,13 +253,11 @@ void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
   }
 }
 
-void ComposePoints(std::string& texte, std::span<const PointTrace> points, const std::function<void()>& pause) {
-  constexpr std::size_t lot = 4096;
+void ComposePoints(std::string& texte, std::span<const PointTrace> points) {
   const char marque = Svc.MarqueDecimale;
   std::size_t debut = texte.size();
   texte.resize(debut + points.size() * (LargeurLigne + 2), ' ');
   for (std::size_t i = 0; i < points.size(); ++i, debut += LargeurLigne + 2) {
-    if (i % lot == lot - 1) pause();
     char* const ligne = texte.data() + debut;
     PoseNombre(ligne, points[i].X, marque);
     PoseNombre(ligne + LargeurChamp, points[i].Y, marque);

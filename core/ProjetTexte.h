@@ -9,7 +9,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -36,6 +35,10 @@ struct ContenuProjet {
   std::optional<double> LargeurEncoche, MiniEncoche;  // mm, from the closing lines
 };
 ContenuProjet LitTexteProjet(std::string_view contenu);
+// The file was cut off in the middle of a line: its last line has no end, and no closing line "$$Mat02" stands in
+// it. What is left of that line is read like any other stray line; as a point it stands alone under half a code, so
+// that no trace follows from it.
+bool EstTronque(std::string_view contenu);
 // A record with the defaults of a fresh drawing for each run of points whose code has none. All selected.
 void CompleteSequences(std::vector<SequenceInfo>& sequences, std::span<const PointTrace> points, double profondeur);
 
@@ -43,8 +46,7 @@ void CompleteSequences(std::vector<SequenceInfo>& sequences, std::span<const Poi
 // code (no pocket, milled, depth 0, side 1).
 void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
                       std::span<const SequenceInfo> sequences);
-// Lines of the points. `pause` is called every few thousand.
-void ComposePoints(std::string& texte, std::span<const PointTrace> points, const std::function<void()>& pause);
+void ComposePoints(std::string& texte, std::span<const PointTrace> points);  // their lines
 // The two closing lines.
 void ComposeEncoches(std::string& texte, double largeurEncoche, double miniEncoche);
 

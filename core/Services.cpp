@@ -37,6 +37,14 @@ void Travaille(const std::function<void()>& noyau) {
   }
 }
 
+void TravailleSi(bool long_, const std::function<void()>& noyau) {
+  if (long_) {
+    Travaille(noyau);
+  } else {
+    noyau();
+  }
+}
+
 Services ServicesMuets() {
   Services s;
   s.Montre = [](const Boite& boite) -> Reponse {

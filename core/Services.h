@@ -84,6 +84,8 @@ extern Services Svc;
 
 // A kernel that may take long, run through `EnFond`, or directly where nobody offers one. Returns when it is done.
 void Travaille(const std::function<void()>& noyau);
+// The same for work that may also be small: directly where it is not worth a thread.
+void TravailleSi(bool long_, const std::function<void()>& noyau);
 
 // A box with the text of its key; the shortest way to show one.
 Reponse Message(std::string_view section, std::string_view cle, Icone icone, Boutons boutons = Boutons::Ok,

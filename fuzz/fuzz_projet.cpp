@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
 
   std::string ecrit;
   ComposeSequences(ecrit, lu.Points, lu.Sequences);
-  ComposePoints(ecrit, lu.Points, [] {});
+  ComposePoints(ecrit, lu.Points);
   ComposeEncoches(ecrit, lu.LargeurEncoche.value_or(5), lu.MiniEncoche.value_or(0));
   const ContenuProjet relu = LitTexteProjet(ecrit);
   Exige(relu.Points == lu.Points);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "controller/ClsCdeZENIK.h"
+#include "core/Cadence.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
@@ -12,7 +13,6 @@
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "machine/Module_Table.h"
-#include "run/Cadence.h"
 #include "run/LigneNC.h"
 #include "run/Module_Planificateur.h"
 

@@ -5,8 +5,8 @@
 #include <limits>
 #include <unordered_map>
 
+#include "core/Cadence.h"
 #include "core/Nombres.h"
-#include "run/Cadence.h"
 
 namespace ovelin {
 

@@ -8,6 +8,7 @@
 #include "core/Reglages.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
+#include "toolpath/Encoches.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Vinyl.h"
@@ -36,29 +37,52 @@ std::vector<SequenceDecalee> Morceaux(Code2 code, const std::vector<PointTrace>&
   return entrees;
 }
 
-// The trace of the path that begins at `premier`. Nothing when the path is too short to have one.
-std::optional<TraceCalculee> Trace(Code2 code, std::int32_t premier, const ProprietesSequence& p) {
-  const std::int32_t n = NbPointsSequence(premier);
-  if (n < 2) return std::nullopt;
-  std::vector<PointTrace> points(TraceInitial.begin() + premier, TraceInitial.begin() + premier + n);
+// What a trace depends on beside its points.
+struct Reglage {
+  std::int16_t decalage = 1;  // side
+  bool poche = false;
+  float rayon = 0;                // mm
+  std::int32_t recouvrement = 0;  // of pockets, per cent
+  double encoche = 0;             // radius of a notch, mm
+  bool prolongement = false;
+};
+
+// The kernel: the points of a path of two points at least become its trace.
+TraceCalculee Trace(Code2 code, std::vector<PointTrace>& points, const Reglage& r) {
   TraceCalculee trace;
   if (!EstPercage(points)) {
-    if (p.Decalage != DecalageSurLigne) {
-      const float rayon = EnFloat(RayonFraise);
-      trace.reussie = Biblio.DecalSequence(points, ToleranceDecalage, p.Decalage == 1 ? rayon : -rayon,
-                                           p.Poche != Faux ? PCPoche : RecouvrementContour) != 0;
+    if (r.decalage != DecalageSurLigne) {
+      trace.reussie = Biblio.DecalSequence(points, ToleranceDecalage, r.decalage == 1 ? r.rayon : -r.rayon,
+                                           r.poche ? r.recouvrement : RecouvrementContour) != 0;
     }
     // Also behind a failure, on whatever came back.
-    PoseEncoches(points);
+    OuvreEncoches(points, r.encoche);
   }
   if (!trace.reussie) {
     trace.entrees.push_back({code, {}});
     return trace;
   }
   trace.entrees = Morceaux(code, points);
-  if (Prolongement != Faux) {
+  if (r.prolongement) {
     for (SequenceDecalee& d : trace.entrees) ProlongePoints(d.Points);
   }
+  return trace;
+}
+
+// Points from which a path is worth a thread: below, its trace is there in some milliseconds. A pocket makes many
+// rings out of few points.
+constexpr std::int32_t SeuilFond = 4000;
+constexpr std::int32_t SeuilFondPoche = 200;
+
+// The trace of the path that begins at `premier`. Nothing when the path is too short to have one.
+std::optional<TraceCalculee> Trace(Code2 code, std::int32_t premier, const ProprietesSequence& p) {
+  const std::int32_t n = NbPointsSequence(premier);
+  if (n < 2) return std::nullopt;
+  std::vector<PointTrace> points(TraceInitial.begin() + premier, TraceInitial.begin() + premier + n);
+  const Reglage reglage{p.Decalage, p.Poche != Faux, EnFloat(RayonFraise),
+                        PCPoche,    RayonEncoche(),  Prolongement != Faux};
+  TraceCalculee trace;
+  TravailleSi(n >= (reglage.poche ? SeuilFondPoche : SeuilFond), [&] { trace = Trace(code, points, reglage); });
   return trace;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/Cadence.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 
@@ -19,23 +20,6 @@ inline void Statut(std::string_view section, std::string_view cle) {
   Svc.Panneau(PanneauStatut, Traduire(section, cle));
 }
 inline void EffaceStatut() { Svc.Panneau(PanneauStatut, ""); }
-
-// Lets the window paint about every 15 ms, however short or long an item of the loop is. The user's input stays
-// held back: the document can't change under the loop.
-class Respiration {
- public:
-  Respiration() : derniere_(Svc.Horloge()) {}
-  void Laisse() {
-    const double maintenant = Svc.Horloge();
-    if (maintenant - derniere_ < Periode) return;
-    Svc.LaisseEvenements(Evenements::Affichage);
-    derniere_ = Svc.Horloge();
-  }
-
- private:
-  static constexpr double Periode = 0.015;  // s
-  double derniere_;
-};
 
 // Progress bar of a pass: opened and closed with the object, one step an item.
 class Avancement {

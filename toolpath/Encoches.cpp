@@ -178,6 +178,8 @@ std::size_t OuvreEncoches(std::vector<PointTrace>& points, double t) {
   return examines;
 }
 
-void PoseEncoches(std::vector<PointTrace>& points) { OuvreEncoches(points, LargeurEncoche / 2 + RayonFraise); }
+double RayonEncoche() { return LargeurEncoche / 2 + RayonFraise; }
+
+void PoseEncoches(std::vector<PointTrace>& points) { OuvreEncoches(points, RayonEncoche()); }
 
 }  // namespace ovelin

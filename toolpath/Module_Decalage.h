@@ -18,7 +18,9 @@ void CalculDecalages(const std::vector<Code2>& codes);
 // All traces. True when TraceInitial was not empty and the walk ended normally.
 bool RecalculDecalages();
 
-// Opens a notch at each "PC" of a trace, in place. Radius T = LargeurEncoche / 2 + RayonFraise, mm.
+// Radius of a notch around its mark: LargeurEncoche / 2 + RayonFraise, mm.
+double RayonEncoche();
+// Opens a notch of that radius at each "PC" of a trace, in place.
 void PoseEncoches(std::vector<PointTrace>& points);
 // Drag knife: lengthens the closed traces of a path (Prolongement).
 void ProlongeTrace(Code2 code);

@@ -25,6 +25,8 @@ void NettoieChemin(std::vector<PointTrace>& chemin, float resolution) {
 
 namespace {
 
+constexpr std::size_t SeuilFond = 20000;  // points from which a path is worth a thread: some ten milliseconds
+
 std::vector<PointTrace> Copie(const Etendue& e) {
   return {TraceInitial.begin() + e.premier, TraceInitial.begin() + e.premier + e.nombre};
 }
@@ -37,7 +39,7 @@ void OublieOrigine() {
 // The path smoothed, in place. False with a message when points got lost; it is then unchanged.
 bool LisseChemin(std::vector<PointTrace>& chemin) {
   std::vector<PointTrace> tampon = chemin;
-  Biblio.LissageSequence(tampon);
+  TravailleSi(tampon.size() >= SeuilFond, [&] { Biblio.LissageSequence(tampon); });
   if (tampon.size() < chemin.size()) {
     MessageFixe("Problème lissage : nb de points", Icone::Critique);
     return false;
@@ -57,7 +59,7 @@ void NettoieTout(float resolution) {
   for (const Etendue& e : EtenduesSequences()) {
     respiration.Laisse();
     std::vector<PointTrace> chemin = Copie(e);
-    NettoieChemin(chemin, resolution);
+    TravailleSi(chemin.size() >= SeuilFond, [&] { NettoieChemin(chemin, resolution); });
     points.insert(points.end(), chemin.begin(), chemin.end());
   }
   TraceInitial.swap(points);

@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <filesystem>
+#include <new>
+#include <utility>
 #include <vector>
 
 #include "core/Cles.h"
@@ -45,29 +47,52 @@ void RemplitSequences() {
   }
 }
 
-void LitDessin(ContenuLu& contenu) {
+// What the library gives, nothing of the document touched yet.
+struct DessinLu {
+  std::vector<PointTrace> points;
+  std::int32_t nombre = 0;
+  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
+  std::string message = std::string(pathwerk::LongueurMessage, ' ');
+  pathwerk::RapportLecture rapport;
+};
+
+// The reading runs on a thread where there is one; then nobody can follow its share done, and the bar moves without
+// a total.
+DessinLu LitFichierDessin(const std::string& chemin) {
+  DessinLu lu;
+  lu.points.assign(1, PointTrace{});
+  lu.xmin = Xmin, lu.xmax = Xmax, lu.ymin = Ymin, lu.ymax = Ymax;
   pathwerk::OptionsLecture options;
   options.ToleranceSoudure = static_cast<double>(Regl.ToleranceSoudure);
-  // The reader tells its share done; the bar counts hundredths.
   constexpr int Centiemes = 100;
   int montres = 0;
-  options.Avancement = [&montres](double part) {
-    for (; montres < Centiemes && montres < part * Centiemes; ++montres) Svc.AvancementPlus();
-    Svc.LaisseEvenements(Evenements::Affichage);
-  };
-  Svc.AvancementDebut(Traduire(Section, "lib201"), Centiemes);
-  TraceInitial.assign(1, PointTrace{});
-  std::string message(pathwerk::LongueurMessage, ' ');
-  NbPoints = pathwerk::LireFichier(TraceInitial, FichierCourant, Xmin, Xmax, Ymin, Ymax, message, options,
-                                   contenu.rapport);
+  if (!Svc.EnFond) {
+    options.Avancement = [&montres](double part) {
+      for (; montres < Centiemes && montres < part * Centiemes; ++montres) Svc.AvancementPlus();
+    };
+  }
+  Svc.AvancementDebut(Traduire(Section, "lib201"), Svc.EnFond ? 0 : Centiemes);
+  Svc.LaisseEvenements(Evenements::Affichage);
+  Travaille([&] {
+    lu.nombre = pathwerk::LireFichier(lu.points, chemin, lu.xmin, lu.xmax, lu.ymin, lu.ymax, lu.message, options,
+                                      lu.rapport);
+  });
   Svc.AvancementFin();
-  contenu.message = Rogne(message);
+  return lu;
+}
+
+void LitDessin(ContenuLu& contenu) {
+  DessinLu lu = LitFichierDessin(FichierCourant);
+  TraceInitial = std::move(lu.points);
+  NbPoints = lu.nombre;
   if (NbPoints < 0) TraceInitial.clear();
+  Xmin = contenu.xmin = lu.xmin;
+  Xmax = contenu.xmax = lu.xmax;
+  Ymin = contenu.ymin = lu.ymin;
+  Ymax = contenu.ymax = lu.ymax;
   contenu.points = NbPoints;
-  contenu.xmin = Xmin;
-  contenu.xmax = Xmax;
-  contenu.ymin = Ymin;
-  contenu.ymax = Ymax;
+  contenu.message = Rogne(lu.message);
+  contenu.rapport = std::move(lu.rapport);
   RemplitSequences();
   contenu.sequences = TraceInitial.empty() ? 0 : NbSequences();
 }
@@ -104,6 +129,25 @@ bool BinaireOuNul(const std::string& octets) {
   return octets.starts_with("\xC5\xD0\xD3\xC6") || octets.starts_with("AutoCAD Binary DXF");
 }
 
+// Reading, joining and writing of the file alone.
+bool RendFichierUniforme(const std::string& chemin) {
+  try {
+    const auto octets = LitFichierEntier(chemin);
+    if (!octets || BinaireOuNul(*octets)) return false;
+    const std::size_t premiere = octets->find('\n');
+    if (premiere == std::string::npos || (premiere > 0 && (*octets)[premiere - 1] == '\r')) return false;
+    std::string uniforme;
+    uniforme.reserve(octets->size() + octets->size() / 8);
+    for (const char c : *octets) {
+      if (c == '\n') uniforme += '\r';
+      uniforme += c;
+    }
+    return EcritFichierEntier(chemin, uniforme).empty();
+  } catch (const std::bad_alloc&) {
+    return false;  // the reader tells what it can't take
+  }
+}
+
 }  // namespace
 
 void MontreRefusLecture(const ContenuLu& contenu) {
@@ -121,17 +165,9 @@ void MontreRefusLecture(const ContenuLu& contenu) {
 
 bool RendUniforme(const std::string& chemin) {
   if (LectureSeule(chemin)) return false;
-  const auto octets = LitFichierEntier(chemin);
-  if (!octets || BinaireOuNul(*octets)) return false;
-  const std::size_t premiere = octets->find('\n');
-  if (premiere == std::string::npos || (premiere > 0 && (*octets)[premiere - 1] == '\r')) return false;
-  std::string uniforme;
-  uniforme.reserve(octets->size() + octets->size() / 8);
-  for (const char c : *octets) {
-    if (c == '\n') uniforme += '\r';
-    uniforme += c;
-  }
-  return EcritFichierEntier(chemin, uniforme).empty();
+  bool rendu = false;
+  Travaille([&] { rendu = RendFichierUniforme(chemin); });
+  return rendu;
 }
 
 Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu) {

@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <thread>
 
 #include "core/Cles.h"
 #include "core/Document.h"
@@ -195,17 +196,38 @@ TEST(EcrireProjet, ShowsItsProgressAndTakesItAway) {
   EXPECT_EQ(suite, "df");
 }
 
-TEST(EcrireProjet, LetsPaintingRunByTime) {
-  AjouteSequence(" A", std::vector<std::pair<float, float>>(20000, {1, 2}));
-  int fois = 0;
-  double temps = 0;
-  Svc.LaisseEvenements = [&fois](Evenements) { ++fois; };
-  Enregistre();
-  const int sansAttente = fois;
+// A thread of its own for the kernel, as a window offers it. What happens on the other side meanwhile is `pendant`.
+int EnFondEssai(const std::function<void()>& pendant = {}) {
+  static int fois;
   fois = 0;
-  Svc.Horloge = [&temps] { return temps += 0.02; };
+  Svc.EnFond = [pendant](const std::function<void()>& noyau) {
+    ++fois;
+    std::thread fil(noyau);
+    if (pendant) pendant();
+    fil.join();
+  };
   Enregistre();
-  EXPECT_GE(fois, sansAttente + 4);
+  return fois;
+}
+
+TEST(EcrireProjet, WritesALargeDrawingBesideTheWindowAndASmallOneDirectly) {
+  AjouteSequence(" A", {{1, 2}, {3, 4}});
+  EXPECT_EQ(EnFondEssai(), 0);
+  AjouteSequence(" B", std::vector<std::pair<float, float>>(20000, {1, 2}));
+  const std::string direct = Enregistre();
+  EXPECT_EQ(EnFondEssai(), 1);
+  EXPECT_EQ(LitFichierEssai(FichierProjet), direct);
+}
+
+TEST(EcrireProjet, WritesTheDocumentAsItStoodAtTheStart) {
+  AjouteSequence(" A", std::vector<std::pair<float, float>>(20000, {1, 2}));
+  const std::string avant = Enregistre();
+  EXPECT_EQ(EnFondEssai([] {
+              for (PointTrace& p : TraceInitial) p.X = 9;
+              Sequences[0].Profondeur = -8;
+            }),
+            1);
+  EXPECT_EQ(LitFichierEssai(FichierProjet), avant);
 }
 
 TEST(EcrireProjet, CutsADepthWithoutLosingItsMagnitude) {

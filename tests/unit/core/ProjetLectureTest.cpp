@@ -7,6 +7,7 @@
 #include "core/Cles.h"
 #include "core/Document.h"
 #include "core/Projet.h"
+#include "core/ProjetTexte.h"
 #include "core/Reglages.h"
 #include "tests/support/Support.h"
 #include "tests/unit/core/ProjetTest.h"
@@ -237,22 +238,43 @@ TEST(LireProjet, ReadsAStrayLineAsAPoint) {
   EXPECT_EQ(TraceInitial[0], (PointTrace{7, 0, Code2("  "), Code2("  ")}));
 }
 
-TEST(LireProjet, ReadsAFileThatEndsInTheMiddleOfALine) {
+TEST(LireProjet, ReadsAFileThatEndsInTheMiddleOfALineAndWarns) {
   for (std::size_t reste = 1; reste <= 31; ++reste) {
     const std::string contenu = DeuxPoints() + LignePoint("3.5", "4.5", "PD", " A").substr(0, reste);
+    Attend("erreurs", "102");
     EXPECT_TRUE(Lit(contenu));
     ASSERT_EQ(TraceInitial.size(), 3U);
     EXPECT_EQ(TraceInitial[2].X, reste == 1 ? 3.0F : reste == 2 ? 3.0F : 3.5F) << reste;
   }
+  EXPECT_EQ(essai::Boites().back().icone, Icone::Exclamation);
+  EXPECT_EQ(essai::Boites().back().fichier, FichierCourant);
   // Cut behind the first letter of "PE" it is not known as one.
+  Attend("erreurs", "102");
   EXPECT_TRUE(Lit(DeuxPoints() + LignePoint("3.5", "4.5", "PE", " A").substr(0, 32)));
   EXPECT_EQ(TraceInitial.size(), 2U);
+}
+
+TEST(LireProjet, TakesAWholeFileWithoutTheLastLineEndForWhole) {
+  ASSERT_TRUE(Complet.ends_with("\r\n"));
+  EXPECT_TRUE(Lit(Complet.substr(0, Complet.size() - 2)));
+  AttendComplet();
+  EXPECT_TRUE(essai::Boites().empty());
+}
+
+TEST(EstTronque, AsksForTheClosingLineOnlyWhereTheLastLineHasNoEnd) {
+  EXPECT_FALSE(EstTronque(""));
+  EXPECT_FALSE(EstTronque("1\r\n"));
+  EXPECT_FALSE(EstTronque("1\r"));
+  EXPECT_TRUE(EstTronque("1\r\n2"));
+  EXPECT_FALSE(EstTronque("1\r\n$$Mat02 0\r\n$$PCPoche=1"));
+  EXPECT_FALSE(EstTronque("$$Mat02 0\n2"));
+  EXPECT_TRUE(EstTronque("1 $$Mat02\n2"));
 }
 
 TEST(LireProjet, AnyPlaceToCutAFileGivesARefusalOrADocument) {
   for (std::size_t n = 0; n < Complet.size(); n += 7) {
     Svc.Montre = [](const Boite& b) {
-      EXPECT_TRUE(b.cle == "100" || b.cle == "101");
+      EXPECT_TRUE(b.cle == "100" || b.cle == "101" || b.cle == "102");
       return Reponse::Ok;
     };
     if (Lit(Complet.substr(0, n))) {
