@@ -20,7 +20,7 @@ std::string DemandeChemin(const char* cle) {
   DialogueFichier dialogue;
   dialogue.enregistrer = true;
   dialogue.cle = cle;
-  dialogue.titre = Traduire(Section, cle);
+  dialogue.titre = Traduire(Section, "TitreProjet");
   dialogue.filtre = Traduire(Section, "FiltreProjet");
   dialogue.motif = "*.OVL";
   if (!FichierCourant.empty()) dialogue.propose = NomSansExtension(FichierCourant) + Extension;

@@ -1,0 +1,105 @@
+#include "workspace/ui/BarreEtat.h"
+
+#include <algorithm>
+
+#include "core/ui/Theme.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr int Images = 4;
+constexpr int PeriodeImage = 150;  // ms
+constexpr int CoteImage = 16;      // logical pixels
+
+}  // namespace
+
+BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent) {
+  setObjectName(QStringLiteral("SB1"));
+  setSizeGripEnabled(true);
+  textes_ = {Etiquette("SB1_1", 0), Etiquette("SB1_2", 0), Etiquette("SB1_5", 0)};
+  addWidget(textes_[0], 3);
+  addWidget(textes_[1], 2);
+  addWidget(textes_[2], 3);
+  picture_ = Etiquette("SB1_10", CoteImage);
+  addWidget(picture_);
+  avancement_ = new QProgressBar(this);
+  avancement_->setObjectName(QStringLiteral("PB_Avancement"));
+  avancement_->setFixedWidth(140);
+  avancement_->setMaximumHeight(16);
+  avancement_->setVisible(false);
+  addWidget(avancement_);
+  for (int i = 0; i < 3; ++i) {
+    positions_[static_cast<std::size_t>(i)] = Etiquette(i == 0   ? "SB1_6"
+                                                        : i == 1 ? "SB1_7"
+                                                                 : "SB1_8",
+                                                        i < 2 ? 105 : 0);
+    addPermanentWidget(positions_[static_cast<std::size_t>(i)]);
+  }
+  carte_ = Etiquette("SB1_9", 0);
+  addPermanentWidget(carte_);
+  minuterie_ = new QTimer(this);
+  minuterie_->setObjectName(QStringLiteral("Timer_Decalage"));
+  minuterie_->setInterval(PeriodeImage);
+  connect(minuterie_, &QTimer::timeout, this, &BarreEtat::Timer_Decalage_Timer);
+}
+
+QLabel* BarreEtat::Etiquette(const char* nom, int largeur) {
+  auto* etiquette = new QLabel(this);
+  etiquette->setObjectName(QString::fromLatin1(nom));
+  etiquette->setTextFormat(Qt::PlainText);
+  etiquette->setMinimumWidth(largeur);
+  if (largeur == 0) etiquette->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  return etiquette;
+}
+
+void BarreEtat::Panneau(int numero, const std::string& texte) {
+  const std::size_t place = numero == 1 ? 0 : numero == 2 ? 1 : 2;
+  const QString t = QString::fromStdString(texte).trimmed();
+  textes_[place]->setText(t);
+  textes_[place]->setToolTip(t);
+}
+
+void BarreEtat::Positions(const std::array<std::string, 3>& textes) {
+  for (std::size_t i = 0; i < textes.size(); ++i) positions_[i]->setText(QString::fromStdString(textes[i]));
+}
+
+void BarreEtat::Carte(const QString& texte, const QString& bulle) {
+  carte_->setText(texte);
+  carte_->setToolTip(bulle);
+  carte_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+}
+
+void BarreEtat::SB_Avancement(const std::string& texte, long total) {
+  Panneau(2, texte);
+  fait_ = 0;
+  avancement_->setRange(0, static_cast<int>(std::clamp(total, 0L, 1'000'000'000L)));
+  avancement_->setValue(0);
+  avancement_->setVisible(true);
+  picture_->setPixmap(IconeProgramme(QStringLiteral("picStanding")).pixmap(CoteImage, CoteImage));
+  minuterie_->start();
+}
+
+void BarreEtat::SB_AvancementPlus() {
+  ++fait_;
+  // A bar of a few hundred pixels doesn't need every step of many thousands.
+  const int maximum = avancement_->maximum();
+  const long pas = std::max(1, maximum / 200);
+  if (fait_ % pas == 0 || fait_ >= maximum) {
+    avancement_->setValue(static_cast<int>(std::min<long>(fait_, maximum)));
+  }
+}
+
+void BarreEtat::SB_AvancementFin() {
+  minuterie_->stop();
+  avancement_->setVisible(false);
+  picture_->clear();
+  Panneau(2, "");
+}
+
+void BarreEtat::Timer_Decalage_Timer() {
+  image_ = (image_ + 1) % Images;
+  picture_->setPixmap(IconeProgramme(QStringLiteral("decalage_%1").arg(image_)).pixmap(CoteImage, CoteImage));
+}
+
+}  // namespace ovelin

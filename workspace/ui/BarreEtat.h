@@ -1,0 +1,44 @@
+// The status bar of the main window: file, status text, position, progress, the board in use.
+#pragma once
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QTimer>
+#include <array>
+#include <string>
+
+namespace ovelin {
+
+class BarreEtat : public QStatusBar {
+  Q_OBJECT
+ public:
+  explicit BarreEtat(QWidget* parent = nullptr);
+
+  // Panels by their number from 1: 1 file or path in focus; 2 counts and the name of a long pass; 5 what a command
+  // is doing.
+  void Panneau(int numero, const std::string& texte);
+  void Positions(const std::array<std::string, 3>& textes);
+  void Carte(const QString& texte, const QString& bulle);
+
+  // Progress of a pass with a known number of steps.
+  void SB_Avancement(const std::string& texte, long total);
+  void SB_AvancementPlus();
+  void SB_AvancementFin();
+  // Timer_Decalage: the next of the four pictures.
+  void Timer_Decalage_Timer();
+
+ private:
+  QLabel* Etiquette(const char* nom, int largeur);
+
+  std::array<QLabel*, 3> textes_{};  // panels 1, 2, 5
+  std::array<QLabel*, 3> positions_{};
+  QLabel* picture_;
+  QLabel* carte_;
+  QProgressBar* avancement_;
+  QTimer* minuterie_;
+  int image_ = 0;
+  long fait_ = 0;
+};
+
+}  // namespace ovelin

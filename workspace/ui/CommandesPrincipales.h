@@ -1,0 +1,64 @@
+// The commands of the main window: one action each, under its prescribed name, in the menus and on the toolbar.
+#pragma once
+
+#include <QAction>
+#include <QComboBox>
+#include <QMenuBar>
+#include <QToolBar>
+#include <functional>
+#include <map>
+#include <string>
+
+namespace ovelin {
+
+// What the commands do is given by name; a command without an entry isn't shown.
+using Executions = std::map<std::string, std::function<void()>>;
+
+class CommandesPrincipales : public QObject {
+  Q_OBJECT
+ public:
+  // Menus into `menus`, buttons into `barre`; what is made belongs to `parent`.
+  CommandesPrincipales(QMenuBar* menus, QToolBar* barre, const Executions& executions, QObject* parent);
+
+  // The command, or null where it isn't shown.
+  [[nodiscard]] QAction* Action(const char* nom) const;
+  void Active(const char* nom, bool active);
+  void Coche(const char* nom, bool coche);  // a toggle, without running it
+  // Menus and buttons that need a drawing.
+  void DessinOuvert(bool ouvert);
+  // The button mnu_Undo on the toolbar.
+  void MontreUndo(bool visible);
+
+  // Entries of the recent files, from index 1.
+  void RemplitRecents(const std::vector<std::string>& textes);
+  std::function<void(std::size_t index)> Recent;
+
+  // Combo_Zoom: an item "+", " ", "-" was chosen; its arrows or the wheel: 1 up, -1 down.
+  std::function<void(const std::string& choix)> ChoixZoom;
+  std::function<void(int sens)> PasZoom;
+
+  [[nodiscard]] QComboBox* CB_BD() const { return cbBD_; }
+  [[nodiscard]] QComboBox* Combo_Zoom() const { return comboZoom_; }
+  // Buttons and menus again for another palette.
+  void Redessine();
+
+ private:
+  QAction* Cree(const char* nom, const char* texte, const char* raccourci, bool bascule);
+  void RemplitMenus(QMenuBar* menus);
+  void RemplitBarre(QToolBar* barre);
+  void AjouteBouton(const char* nom);
+  void AjouteMateriau();
+  void AjouteZoom();
+
+  const Executions& executions_;
+  std::map<std::string, QAction*> actions_;
+  std::map<std::string, QAction*> boutons_;
+  QToolBar* barre_;
+  QMenu* menuFichier_ = nullptr;
+  QAction* separateurRecents_ = nullptr;
+  std::vector<QAction*> recents_;
+  QComboBox* cbBD_ = nullptr;
+  QComboBox* comboZoom_ = nullptr;
+};
+
+}  // namespace ovelin
