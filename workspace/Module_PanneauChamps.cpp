@@ -1,0 +1,104 @@
+#include "workspace/Module_PanneauChamps.h"
+
+#include <cmath>
+
+#include "controller/ClsCdeZENIK.h"
+#include "core/Nombres.h"
+#include "core/Services.h"
+#include "toolpath/Deroulement.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/Module_Transforme.h"
+
+namespace ovelin {
+
+namespace {
+
+double Arrondi(double v, double parUnite) { return std::nearbyint(v * parUnite) / parUnite; }
+
+double Valeur(const std::string& texte) { return LitNombre(texte).value_or(0); }
+
+}  // namespace
+
+std::string TexteDeplacement(double mm) {
+  const double net = Arrondi(mm, 1e4);
+  return Arrondi(net, 10) == net ? Formate(net, "0.0") : TexteNombre(net);
+}
+
+ChampEntre AjouteDeplacement(int direction, const std::string& texte, double pas) {
+  if (!Deplacement_Selection(direction, EnFloat(pas))) return {false, texte};
+  return {true, TexteDeplacement(Valeur(texte) + pas)};
+}
+
+ChampEntre EntreDeplacement(int direction, const std::string& entree, const std::string& texte) {
+  const auto v = LitNombre(texte);
+  if (!v) return {false, texte};
+  const float valeur = EnFloat(*v);
+  if (!Deplacement_Selection(direction, valeur - EnFloat(Valeur(entree)))) return {false, texte};
+  return {true, TexteDeplacement(static_cast<double>(valeur))};
+}
+
+bool CB_Rotation(int index, const std::string& angle) {
+  const auto degres = LitNombre(angle);
+  if (!degres) return false;
+  const double radians = *degres * Pi / 180;
+  Statut(SectionFenetre, "lib102");
+  const bool faite = TourneSelection(index == 0 ? radians : -radians, CentreSelection());
+  if (faite) Deplacement_Selection(0, 0);
+  EffaceStatut();
+  return faite;
+}
+
+bool CB_Miroir(int index) {
+  const bool faite = MiroirSelection(index);
+  if (!faite) return false;
+  Statut(SectionFenetre, "lib102");
+  Deplacement_Selection(0, 0);
+  EffaceStatut();
+  return true;
+}
+
+ChampsDimension TaillesPanneau(const std::array<std::string, 2>& TB_Initial, bool proportions) {
+  ChampsDimension champs;
+  champs.proportions = proportions;
+  for (std::size_t i = 0; i < 2; ++i) {
+    champs.axes[i].initial = champs.axes[i].resultat = Valeur(TB_Initial[i]);
+  }
+  return champs;
+}
+
+bool CB_OK_Dimension(const ChampsDimension& champs) {
+  return Dimensionne_Selection(champs.axes[0].rapport, champs.axes[1].rapport, champs.proportions);
+}
+
+bool CB_Origine() {
+  const double dx = OrigineX;
+  const double dy = OrigineY;
+  if (!PlaceOrigine()) return false;
+  CdeZENIK->FixePosition(CdeZENIK->PosX - dx, CdeZENIK->PosY - dy, CdeZENIK->PosZ);
+  return true;
+}
+
+bool CB_OKRecalage(const std::string& x, const std::string& y) {
+  const auto vx = LitNombre(x);
+  const auto vy = LitNombre(y);
+  return vx && vy && Recale(*vx, *vy);
+}
+
+bool CB_PositionOK(std::int32_t index, const std::string& x, const std::string& y) {
+  const auto vx = LitNombre(x);
+  const auto vy = LitNombre(y);
+  return vx && vy && ChangePosition(index, EnFloat(*vx), EnFloat(*vy));
+}
+
+std::string TexteProfondeur(const std::string& texte) {
+  const auto v = LitNombre(texte);
+  return v ? Formate(*v, "0.00") : texte;
+}
+
+bool EntreProfondeur(const std::string& texte) {
+  const auto v = LitNombre(texte);
+  return v && ProfondeurSelection(*v);
+}
+
+}  // namespace ovelin

@@ -1,0 +1,131 @@
+#include "workspace/ui/CadreDeplacement.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QSignalBlocker>
+
+#include "core/Nombres.h"
+#include "workspace/Module_PanneauChamps.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr double PasFleche = 0.1;     // mm
+constexpr double ParMillimetre = 10;  // steps of a scroll bar
+constexpr int Course = 1000;          // steps to each side of the middle
+
+}  // namespace
+
+CadreDeplacement::CadreDeplacement(QWidget* parent) : QGroupBox(QStringLiteral("Déplacement"), parent) {
+  setObjectName(QStringLiteral("FRAME1_DEPLACEMENT"));
+  x_ = CreeAxe(1, "TB_X", "Déplacement en X depuis le choix des séquences", "HScroll_Sequence", Qt::Horizontal);
+  y_ = CreeAxe(3, "TB_Y", "Déplacement en Y depuis le choix des séquences", "VScroll_Sequence", Qt::Vertical);
+  x_.barre->setToolTip(QStringLiteral("Déplacer vers la gauche ou la droite"));
+  y_.barre->setToolTip(QStringLiteral("Déplacer vers le bas ou le haut"));
+  // The bigger value lies above, as in the drawing.
+  y_.barre->setInvertedAppearance(true);
+  y_.barre->setInvertedControls(false);
+
+  auto* grille = new QGridLayout(this);
+  grille->setContentsMargins(6, 4, 6, 6);
+  grille->setSpacing(4);
+  grille->addWidget(EtiquettePanneau("Lbl_X", "X", x_.champ->Champ()), 0, 0);
+  grille->addWidget(x_.champ->Champ(), 0, 1);
+  grille->addWidget(EtiquettePanneau("Lbl_Y", "Y", y_.champ->Champ()), 1, 0);
+  grille->addWidget(y_.champ->Champ(), 1, 1);
+  Flechette("CB_Haut", "0,1 mm vers le haut", y_, PasFleche, grille, 0, 4);
+  Flechette("CB_Gauche", "0,1 mm vers la gauche", x_, -PasFleche, grille, 1, 3);
+  Flechette("CB_Droite", "0,1 mm vers la droite", x_, PasFleche, grille, 1, 5);
+  Flechette("CB_Bas", "0,1 mm vers le bas", y_, -PasFleche, grille, 2, 4);
+  grille->addWidget(x_.barre, 2, 0, 1, 2);
+  grille->addWidget(y_.barre, 0, 6, 3, 1);
+  grille->setColumnStretch(1, 1);
+  grille->setColumnMinimumWidth(2, 8);
+}
+
+CadreDeplacement::Axe CadreDeplacement::CreeAxe(int direction, const char* champ, const char* bulle,
+                                                const char* barre, Qt::Orientation sens) {
+  Axe& axe = direction == 1 ? x_ : y_;
+  Axe neuf;
+  neuf.direction = direction;
+  neuf.champ =
+      new Saisie(ChampPanneau(champ, "mm", bulle), [this, &axe](const std::string& texte) { Entre(axe, texte); });
+  neuf.barre = new QScrollBar(sens);
+  neuf.barre->setObjectName(QString::fromLatin1(barre));
+  neuf.barre->setRange(-Course, Course);
+  neuf.barre->setPageStep(static_cast<int>(ParMillimetre));
+  neuf.barre->setFocusPolicy(Qt::StrongFocus);
+  neuf.barre->installEventFilter(this);
+  connect(neuf.barre, &QScrollBar::valueChanged, this, [this, &axe](int valeur) { Defile(axe, valeur); });
+  return neuf;
+}
+
+void CadreDeplacement::Flechette(const char* nom, const char* bulle, Axe& axe, double pas, QGridLayout* grille,
+                                 int ligne, int colonne) {
+  QToolButton* bouton = BoutonPanneau(nom, bulle);
+  bouton->setAutoRepeat(true);
+  connect(bouton, &QToolButton::clicked, this, [this, &axe, pas] { Ajoute(axe, pas); });
+  grille->addWidget(bouton, ligne, colonne);
+}
+
+// The wheel over a scroll bar scrolls the page; it moves the selection only where the bar has the keyboard.
+bool CadreDeplacement::eventFilter(QObject* objet, QEvent* e) {
+  const auto* barre = qobject_cast<QScrollBar*>(objet);
+  if (barre != nullptr && e->type() == QEvent::Wheel && !barre->hasFocus()) {
+    e->ignore();
+    return true;
+  }
+  return QGroupBox::eventFilter(objet, e);
+}
+
+void CadreDeplacement::Montre(const std::string& x, const std::string& y) {
+  if (enMouvement_) return;
+  const auto texte = [](const std::string& t) {
+    const auto v = LitNombre(t);
+    return v ? TexteDeplacement(*v) : t;
+  };
+  x_.champ->Montre(texte(x));
+  y_.champ->Montre(texte(y));
+  Centre(x_);
+  Centre(y_);
+}
+
+void CadreDeplacement::MontrePoint(const std::string& x, const std::string& y) {
+  x_.champ->Montre(x);
+  y_.champ->Montre(y);
+}
+
+void CadreDeplacement::Entre(Axe& axe, const std::string& texte) {
+  enMouvement_ = true;
+  const ChampEntre r = EntreDeplacement(axe.direction, axe.champ->EnVigueur(), texte);
+  enMouvement_ = false;
+  if (r.fait) {
+    axe.champ->Montre(r.texte);
+  } else if (!EstNumerique(texte)) {
+    axe.champ->Refuse(RaisonNombre());
+  } else {
+    axe.champ->Montre(axe.champ->EnVigueur());
+  }
+}
+
+void CadreDeplacement::Ajoute(Axe& axe, double pas) {
+  enMouvement_ = true;
+  const ChampEntre r = AjouteDeplacement(axe.direction, axe.champ->EnVigueur(), pas);
+  enMouvement_ = false;
+  axe.champ->Montre(r.texte);
+}
+
+void CadreDeplacement::Defile(Axe& axe, int valeur) {
+  const int ecart = valeur - axe.memoire;
+  axe.memoire = valeur;
+  Ajoute(axe, ecart / ParMillimetre);
+}
+
+void CadreDeplacement::Centre(Axe& axe) {
+  const QSignalBlocker silence(axe.barre);
+  axe.barre->setValue(0);
+  axe.memoire = 0;
+}
+
+}  // namespace ovelin

@@ -1,0 +1,45 @@
+// FRAME1_DEPLACEMENT: the selection is moved by fields, arrows and scroll bars.
+#pragma once
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QScrollBar>
+#include <string>
+
+#include "workspace/ui/Saisie.h"
+
+namespace ovelin {
+
+class CadreDeplacement : public QGroupBox {
+  Q_OBJECT
+ public:
+  explicit CadreDeplacement(QWidget* parent = nullptr);
+
+  // Displacement since the last reset, mm; the scroll bars go to their middle. Nothing while a move of this frame
+  // runs: then the frame itself knows what it shows.
+  void Montre(const std::string& x, const std::string& y);
+  void MontrePoint(const std::string& x, const std::string& y);
+
+ protected:
+  bool eventFilter(QObject* objet, QEvent* e) override;
+
+ private:
+  struct Axe {
+    int direction = 0;  // 1: X, 3: Y
+    Saisie* champ = nullptr;
+    QScrollBar* barre = nullptr;
+    int memoire = 0;  // of the scroll bar
+  };
+  void Flechette(const char* nom, const char* bulle, Axe& axe, double pas, QGridLayout* grille, int ligne,
+                 int colonne);
+  Axe CreeAxe(int direction, const char* champ, const char* bulle, const char* barre, Qt::Orientation sens);
+  void Entre(Axe& axe, const std::string& texte);
+  void Ajoute(Axe& axe, double pas);
+  void Defile(Axe& axe, int valeur);
+  void Centre(Axe& axe);
+
+  Axe x_, y_;
+  bool enMouvement_ = false;
+};
+
+}  // namespace ovelin

@@ -1,0 +1,99 @@
+#include "workspace/ui/CadreDimensions.h"
+
+#include <QGridLayout>
+
+#include "core/Nombres.h"
+
+namespace ovelin {
+
+namespace {
+
+QLabel* EnTete(const char* nom, const char* texte) {
+  QLabel* tete = EtiquettePanneau(nom, texte, nullptr);
+  tete->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+  return tete;
+}
+
+}  // namespace
+
+CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Dimensions"), parent) {
+  setObjectName(QStringLiteral("FRAME1_DIMENSIONS"));
+  auto* grille = new QGridLayout(this);
+  grille->setContentsMargins(6, 4, 6, 6);
+  grille->setSpacing(4);
+  grille->addWidget(EnTete("Lbl_Initial", "Actuelle"), 0, 1);
+  grille->addWidget(EnTete("Lbl_Rapport", "Rapport"), 0, 2);
+  grille->addWidget(EnTete("Lbl_Resultat", "Résultat"), 0, 3);
+  for (int axe = 0; axe < 2; ++axe) {
+    const auto i = static_cast<std::size_t>(axe);
+    const std::string suite = "_" + std::to_string(axe);
+    initial_[i] = ChampPanneau(("TB_Initial" + suite).c_str(), "mm", "Taille actuelle de la sélection");
+    initial_[i]->setReadOnly(true);
+    auto* rapport = ChampPanneau(("TB_Rapport" + suite).c_str(), "", "Multiplie la taille : 2 la double");
+    auto* resultat = ChampPanneau(("TB_Resultat" + suite).c_str(), "mm", "Taille voulue de la sélection");
+    rapport_[i] = new Saisie(rapport, [this, axe](const std::string& texte) { Entre(axe, false, texte); });
+    resultat_[i] = new Saisie(resultat, [this, axe](const std::string& texte) { Entre(axe, true, texte); });
+    grille->addWidget(EtiquettePanneau(axe == 0 ? "Lbl_DimX" : "Lbl_DimY", axe == 0 ? "X" : "Y", rapport), axe + 1,
+                      0);
+    grille->addWidget(initial_[i], axe + 1, 1);
+    grille->addWidget(rapport, axe + 1, 2);
+    grille->addWidget(resultat, axe + 1, 3);
+  }
+  prop_ = new QCheckBox(QStringLiteral("Proportions"));
+  prop_->setObjectName(QStringLiteral("CB_Prop"));
+  prop_->setToolTip(QStringLiteral("Le même rapport en X et en Y"));
+  ok_ = BoutonPanneau("CB_OK_Dimension", "Donner ces dimensions à la sélection", "Appliquer");
+  grille->addWidget(prop_, 3, 0, 1, 3);
+  grille->addWidget(ok_, 3, 3);
+  for (int colonne = 1; colonne < 4; ++colonne) grille->setColumnStretch(colonne, 1);
+  connect(prop_, &QCheckBox::clicked, this, [this](bool coche) {
+    EntreProportions(champs_, coche);
+    if (coche) MontreChamps();
+  });
+  connect(ok_, &QToolButton::clicked, this, &CadreDimensions::Applique);
+}
+
+void CadreDimensions::Commence(const std::array<std::string, 2>& tailles) {
+  champs_ = TaillesPanneau(tailles, prop_->isChecked());
+  MontreChamps();
+  for (std::size_t i = 0; i < 2; ++i) initial_[i]->Montre(tailles[i]);
+}
+
+void CadreDimensions::Montre(const ChampsPanneau& champs) {
+  Commence(champs.TB_Initial);
+  for (std::size_t i = 0; i < 2; ++i) resultat_[i]->Montre(champs.TB_Resultat[i]);
+}
+
+void CadreDimensions::MontreTailles(const std::array<std::string, 2>& tailles) { Commence(tailles); }
+
+void CadreDimensions::MontreChamps() {
+  for (std::size_t i = 0; i < 2; ++i) {
+    rapport_[i]->Montre(TexteRapport(champs_.axes[i].rapport));
+    resultat_[i]->Montre(TexteTaille(champs_.axes[i].resultat));
+  }
+}
+
+// The text of a ratio may be shorter than the ratio: left as it is, it says nothing new.
+void CadreDimensions::Entre(int axe, bool resultat, const std::string& texte) {
+  const auto i = static_cast<std::size_t>(axe);
+  Saisie* saisie = (resultat ? resultat_ : rapport_)[i];
+  const auto v = LitNombre(texte);
+  if (!v) return saisie->Refuse(RaisonNombre());
+  if (!resultat) {
+    EntreRapport(champs_, i, texte == saisie->EnVigueur() ? champs_.axes[i].rapport : *v);
+  } else if (!EntreResultat(champs_, i, *v)) {
+    return saisie->Refuse(TextePanneau("champ_taille", "Une taille de 0 ne peut pas être changée."));
+  }
+  MontreChamps();
+}
+
+void CadreDimensions::Applique() {
+  for (const auto& champs : {rapport_, resultat_}) {
+    for (const Saisie* saisie : champs) {
+      if (saisie->Champ()->EstRefuse()) return saisie->Champ()->setFocus(Qt::OtherFocusReason);
+    }
+  }
+  CB_OK_Dimension(champs_);
+}
+
+}  // namespace ovelin

@@ -1,0 +1,216 @@
+#include "workspace/ui/PageFraisage.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/ui/Theme.h"
+#include "toolpath/Module_Decalage.h"
+#include "workspace/Module_PanneauChamps.h"
+
+namespace ovelin {
+
+// A field of the tool: its names, its rule, what it shows, and what it tells of a number that is refused.
+struct LigneOutil {
+  const char* champ;
+  const char* etiquette;
+  const char* texte;
+  const char* unite;
+  const char* bulle;
+  bool (*entre)(const std::string&);
+  std::string (*valeur)();
+  const char* raison;
+  const char* sinon;
+};
+
+namespace {
+
+constexpr const char* CleNegatif = "champ_negatif";
+constexpr const char* Negatif = "La valeur ne peut pas être négative.";
+
+constexpr LigneOutil LignesOutil[] = {
+    {"TB_RayonFraise", "Lbl_RayonFraise", "Rayon de l'outil", "mm",
+     "Rayon de la fraise : la moitié de son diamètre", EntreRayonFraise, [] { return TexteNombre(RayonFraise); },
+     CleNegatif, Negatif},
+    {"TB_LargeurEncoche", "Lbl_LargeurEncoche", "Largeur des encoches", "mm",
+     "Largeur du pont de matière laissé à chaque point d'attache", EntreLargeurEncoche,
+     [] { return TexteNombre(LargeurEncoche); }, "champ_nul", "La valeur ne peut pas être 0."},
+    {"TB_MiniEncoche", "Lbl_MiniEncoche", "Hauteur mini des encoches", "mm",
+     "Hauteur du pont de matière au-dessus du fond de la coupe", EntreMiniEncoche,
+     [] { return TexteNombre(MiniEncoche); }, CleNegatif, Negatif},
+    {"TB_HautDeg", "Lbl_HautDeg", "Hauteur dégagement (mm)", "mm",
+     "Hauteur de l'outil au-dessus de la matière pendant les déplacements", EntreHautDeg,
+     [] { return TexteNombre(Regl.HautDeg); }, CleNegatif, Negatif},
+    {"TB_PCPoche", "Lbl_PCPoche", "% recouvrement poches", "%",
+     "Part de la passe précédente que l'outil recouvre dans une poche", EntrePCPoche,
+     [] { return TexteNombre(static_cast<long>(PCPoche)); }, "", ""},
+    {"TB_ProfPasse", "Lbl_ProfPasse", "Profondeur de passe maxi", "mm",
+     "Profondeur d'une passe, négative : -1 enlève 1 mm à chaque passe", EntreProfPasse,
+     [] { return TexteNombre(ProfPasse); }, "lib361", "La profondeur doit être négative."},
+};
+
+// What a value of the overlap means that is no overlap; nothing for 0 to 99.
+QString AvisPoche(int pourCent) {
+  if (pourCent < 0) return TextePanneau("TB_PCPoche_negatif", "Au-dessous de 0 % : compte comme 0 %.");
+  if (pourCent == 100) return TextePanneau("TB_PCPoche_100", "100 % : la poche n'est pas vidée, un seul contour.");
+  if (pourCent > 100) return TextePanneau("TB_PCPoche_plus", "Plus de 100 % : un seul contour dans la poche.");
+  return {};
+}
+
+}  // namespace
+
+PageFraisage::PageFraisage(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("FRAME_Fraisage"));
+  auto* colonne = new QVBoxLayout(this);
+  colonne->setContentsMargins(6, 6, 6, 6);
+  colonne->setSpacing(6);
+  selection_ = Selection();
+  colonne->addWidget(selection_);
+  colonne->addWidget(Outil());
+  colonne->addStretch(1);
+  Remplit({});
+  VideOutil();
+}
+
+QGroupBox* PageFraisage::Selection() {
+  auto* cadre = new QGroupBox(QStringLiteral("Sélection"));
+  cadre->setObjectName(QStringLiteral("FRAME1_SELECTION"));
+  auto* grille = new QGridLayout(cadre);
+  grille->setContentsMargins(6, 4, 6, 6);
+  grille->setSpacing(4);
+  fraiser_ = new QCheckBox(QStringLiteral("Fraiser"));
+  fraiser_->setObjectName(QStringLiteral("CB_Fraiser"));
+  fraiser_->setToolTip(QStringLiteral("Les séquences choisies sont fraisées"));
+  poche_ = new QCheckBox(QStringLiteral("Poche"));
+  poche_->setObjectName(QStringLiteral("CB_Poche"));
+  poche_->setToolTip(QStringLiteral("Tout l'intérieur des séquences choisies est fraisé"));
+  for (QCheckBox* coche : {fraiser_, poche_}) coche->setIcon(IconeProgramme(coche->objectName()));
+  auto* profondeur = ChampPanneau("TB_Profondeur", "mm", "Profondeur totale, négative : -3 descend de 3 mm");
+  profondeur_ = new Saisie(profondeur, [this](const std::string& texte) { Profondeur(texte); });
+  grille->addWidget(fraiser_, 0, 0);
+  grille->addWidget(poche_, 0, 1);
+  grille->addWidget(EtiquettePanneau("Lbl_Profondeur", "Profondeur", profondeur), 1, 0);
+  grille->addWidget(profondeur, 1, 1);
+
+  static constexpr const char* Bulles[] = {"Outil à gauche du trait, dans le sens du parcours",
+                                           "Outil sur le trait",
+                                           "Même côté que le premier, parcouru dans l'autre sens"};
+  auto* cotes = new QHBoxLayout;
+  cotes->setSpacing(4);
+  auto* groupe = new QButtonGroup(this);
+  for (int i = 0; i < 3; ++i) {
+    const std::string nom = "Option_Decal_" + std::to_string(i + 1);
+    QToolButton* bouton = BoutonPanneau(nom.c_str(), Bulles[i]);
+    bouton->setToolTip(TextePanneau(("tt4" + std::to_string(i + 2)).c_str(), Bulles[i]));
+    bouton->setCheckable(true);
+    bouton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    groupe->addButton(bouton, i + 1);
+    cotes->addWidget(bouton, 1);
+    decal_[static_cast<std::size_t>(i)] = bouton;
+  }
+  grille->addWidget(EtiquettePanneau("Lbl_Decal", "Côté de l'outil", decal_[0]), 2, 0);
+  grille->addLayout(cotes, 2, 1);
+  grille->setColumnStretch(0, 1);
+  grille->setColumnStretch(1, 1);
+
+  // Only what the user does runs a command, never the filling of the panel.
+  connect(fraiser_, &QCheckBox::clicked, this, [](bool coche) { FraiserSelection(coche); });
+  connect(poche_, &QCheckBox::clicked, this, [](bool coche) { PocheSelection(coche); });
+  connect(groupe, &QButtonGroup::idClicked, this, [this](int cote) {
+    if (cote != decalCommun_) DecaleSelection(static_cast<std::int16_t>(cote));
+  });
+  return cadre;
+}
+
+QGroupBox* PageFraisage::Outil() {
+  auto* cadre = new QGroupBox(QStringLiteral("Outil"));
+  cadre->setObjectName(QStringLiteral("FRAME1_OUTIL"));
+  auto* grille = new QGridLayout(cadre);
+  grille->setContentsMargins(6, 4, 6, 6);
+  grille->setSpacing(4);
+  outil_.reserve(std::size(LignesOutil));
+  for (const LigneOutil& ligne : LignesOutil) AjouteChamp(grille, ligne);
+  grille->setColumnStretch(0, 1);
+  return cadre;
+}
+
+void PageFraisage::AjouteChamp(QGridLayout* grille, const LigneOutil& ligne) {
+  ChampNombre* champ = ChampPanneau(ligne.champ, ligne.unite, ligne.bulle);
+  champ->setFixedWidth(104);
+  const std::size_t rang = outil_.size();
+  auto* saisie = new Saisie(champ, [this, rang](const std::string& texte) { EntreOutil(outil_[rang], texte); });
+  // The height is tested before the entry is looked at: one that got in by mistake is refused at each leaving.
+  if (ligne.entre == EntreHautDeg) saisie->memeInchange = [] { return Regl.HautDeg < 0; };
+  outil_.push_back({saisie, ligne.entre, ligne.valeur, ligne.raison, ligne.sinon});
+  const int rangee = grille->rowCount();
+  grille->addWidget(EtiquettePanneau(ligne.etiquette, ligne.texte, champ), rangee, 0);
+  grille->addWidget(champ, rangee, 1);
+  if (ligne.entre != EntrePCPoche) return;
+  avisPoche_ = new QLabel;
+  avisPoche_->setObjectName(QStringLiteral("Lbl_AvisPoche"));
+  avisPoche_->setWordWrap(true);
+  avisPoche_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  grille->addWidget(avisPoche_, rangee + 1, 0, 1, 2);
+}
+
+void PageFraisage::Remplit(const ChampsPanneau& champs) {
+  selection_->setEnabled(champs.selectionnees > 0);
+  poche_->setChecked(champs.CB_Poche);
+  fraiser_->setChecked(champs.CB_Fraiser);
+  profondeur_->Montre(TexteProfondeur(champs.TB_Profondeur));
+  decalCommun_ = champs.communes.Decalage;
+  decal_[static_cast<std::size_t>(champs.Option_Decal - 1)]->setChecked(true);
+}
+
+void PageFraisage::RemplitOutil() {
+  for (const ChampOutil& champ : outil_) champ.saisie->Montre(champ.valeur());
+  AvertitPoche(true);
+}
+
+void PageFraisage::VideOutil() {
+  for (const ChampOutil& champ : outil_) champ.saisie->Montre("");
+  AvertitPoche(false);
+}
+
+void PageFraisage::FocusLargeurEncoche() {
+  ChampNombre* champ = findChild<ChampNombre*>(QStringLiteral("TB_LargeurEncoche"));
+  champ->setFocus(Qt::OtherFocusReason);
+  champ->selectAll();
+}
+
+// A refused value that is in force all the same stays in sight with its reason.
+void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte) {
+  if (champ.entre(texte)) {
+    champ.saisie->Montre(champ.valeur());
+  } else if (!EstNumerique(texte)) {
+    champ.saisie->Refuse(RaisonNombre());
+  } else {
+    const auto v = LitNombre(champ.valeur());
+    champ.saisie->Refuse(TextePanneau(champ.raison, champ.sinon), v == LitNombre(texte));
+  }
+  if (champ.entre == EntrePCPoche) AvertitPoche(true);
+  if (champ.entre == EntreLargeurEncoche && champ.saisie->Champ()->EstRefuse()) FocusLargeurEncoche();
+}
+
+// A refused depth changes nothing: the field shows again what is in force, and why.
+void PageFraisage::Profondeur(const std::string& texte) {
+  if (EntreProfondeur(texte)) return;
+  const auto v = LitNombre(texte);
+  profondeur_->Montre(profondeur_->EnVigueur());
+  if (!v) {
+    profondeur_->Refuse(RaisonNombre());
+  } else if (!(*v < 0)) {
+    profondeur_->Refuse(TextePanneau("lib361", "La profondeur doit être négative."));
+  }
+}
+
+void PageFraisage::AvertitPoche(bool montre) {
+  const QString avis = montre ? AvisPoche(PCPoche) : QString();
+  avisPoche_->setText(avis);
+  avisPoche_->setVisible(!avis.isEmpty());
+}
+
+}  // namespace ovelin

@@ -1,0 +1,54 @@
+// Page "Fraisage" of the panel: properties of the selection, and FRAME1_OUTIL with the tool parameters.
+#pragma once
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QToolButton>
+#include <QWidget>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "workspace/Module_Panneau.h"
+#include "workspace/ui/Saisie.h"
+
+namespace ovelin {
+
+class PageFraisage : public QWidget {
+  Q_OBJECT
+ public:
+  explicit PageFraisage(QWidget* parent = nullptr);
+
+  void Remplit(const ChampsPanneau& champs);  // after InitSeq
+  void RemplitOutil();                        // the tool fields from the values in force
+  void VideOutil();                           // the tool fields stay blank
+  void FocusLargeurEncoche();
+
+ private:
+  struct ChampOutil {
+    Saisie* saisie = nullptr;
+    bool (*entre)(const std::string&) = nullptr;
+    std::string (*valeur)() = nullptr;
+    const char* raison = "";  // key of what the field tells of a refused number
+    const char* sinon = "";
+  };
+  QGroupBox* Selection();
+  QGroupBox* Outil();
+  void AjouteChamp(QGridLayout* grille, const struct LigneOutil& ligne);
+  void EntreOutil(const ChampOutil& champ, const std::string& texte);
+  void Profondeur(const std::string& texte);
+  void AvertitPoche(bool montre);
+
+  std::int16_t decalCommun_ = 0;  // side of the whole selection; 0: they differ
+  QGroupBox* selection_ = nullptr;
+  QCheckBox* poche_ = nullptr;
+  QCheckBox* fraiser_ = nullptr;
+  Saisie* profondeur_ = nullptr;
+  std::array<QToolButton*, 3> decal_{};
+  std::vector<ChampOutil> outil_;
+  QLabel* avisPoche_ = nullptr;
+};
+
+}  // namespace ovelin

@@ -1,0 +1,229 @@
+#include "workspace/ui/PagePoints.h"
+
+#include <QAbstractListModel>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "core/Document.h"
+#include "core/Nombres.h"
+#include "core/ui/Fenetres.h"
+#include "toolpath/Module_Ordre.h"
+#include "toolpath/Module_Transforme.h"
+#include "workspace/Module_PanneauChamps.h"
+#include "workspace/ui/Saisie.h"
+
+namespace ovelin {
+
+namespace {
+
+std::string TextePoint(const PointTrace& p) {
+  return Formate(static_cast<double>(p.X), "0.000") + " | " + Formate(static_cast<double>(p.Y), "0.000");
+}
+
+bool EstPoint(std::int32_t index) { return index >= 0 && static_cast<std::size_t>(index) < TraceInitial.size(); }
+
+}  // namespace
+
+// The chosen points. A line is made when it is looked at, out of the document as it stands then.
+class ModelePoints : public QAbstractListModel {
+ public:
+  using QAbstractListModel::QAbstractListModel;
+
+  void Remplit(std::vector<std::int32_t> index) {
+    if (index == index_) return;
+    beginResetModel();
+    index_ = std::move(index);
+    endResetModel();
+  }
+  [[nodiscard]] const std::vector<std::int32_t>& Index() const { return index_; }
+  [[nodiscard]] std::int32_t Point(int rang) const {
+    return rang < 0 || rang >= rowCount({}) ? -1 : index_[static_cast<std::size_t>(rang)];
+  }
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(index_.size());
+  }
+  [[nodiscard]] QVariant data(const QModelIndex& ligne, int role) const override {
+    const std::int32_t i = Point(ligne.row());
+    if (role != Qt::DisplayRole || !EstPoint(i)) return {};
+    const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
+    const std::string cde = p.Cde == CodePD ? "" : "   " + p.Cde.Texte();
+    return QString::fromStdString(TextePoint(p) + cde);
+  }
+
+ private:
+  std::vector<std::int32_t> index_;
+};
+
+PagePoints::PagePoints(QWidget* parent) : QWidget(parent), modele_(new ModelePoints(this)) {
+  setObjectName(QStringLiteral("FRAME_ListePoints"));
+  auto* colonne = new QVBoxLayout(this);
+  colonne->setContentsMargins(6, 6, 6, 6);
+  colonne->setSpacing(6);
+  colonne->addWidget(Liste(), 1);
+  colonne->addWidget(Boutons());
+  colonne->addWidget(Position());
+  colonne->addWidget(Origine());
+  ActivePoint();
+}
+
+QWidget* PagePoints::Liste() {
+  auto* cadre = new QWidget;
+  auto* colonne = new QVBoxLayout(cadre);
+  colonne->setContentsMargins(0, 0, 0, 0);
+  colonne->setSpacing(4);
+  invite_ = new QLabel(QStringLiteral("Choisissez des points dans l'arbre du dessin."));
+  invite_->setObjectName(QStringLiteral("Lbl_ListePoints"));
+  invite_->setWordWrap(true);
+  liste_ = new QListView;
+  liste_->setObjectName(QStringLiteral("List_Position"));
+  liste_->setToolTip(QStringLiteral("Points choisis dans l'arbre : X | Y en mm"));
+  liste_->setUniformItemSizes(true);
+  liste_->setMinimumHeight(60);
+  liste_->setModel(modele_);
+  connect(liste_->selectionModel(), &QItemSelectionModel::currentChanged, this, &PagePoints::ActivePoint);
+  colonne->addWidget(invite_);
+  colonne->addWidget(liste_, 1);
+  return cadre;
+}
+
+QWidget* PagePoints::Boutons() {
+  auto* cadre = new QWidget;
+  auto* grille = new QGridLayout(cadre);
+  grille->setContentsMargins(0, 0, 0, 0);
+  grille->setSpacing(4);
+  depart_ = BoutonPanneau("CB_Depart", "La séquence fermée commence à ce point", "Point de départ");
+  supprime_ = BoutonPanneau("CB_Supprimer_Point", "Retirer du dessin les points choisis", "Supprimer");
+  position_ = BoutonPanneau("CB_Position", "Donner d'autres coordonnées au point", "Position...");
+  goto_ = BoutonPanneau("CB_Goto", "Déplacer la machine jusqu'au point", "Y aller");
+  position_->setCheckable(true);
+  grille->addWidget(depart_, 0, 0);
+  grille->addWidget(supprime_, 0, 1);
+  grille->addWidget(position_, 1, 0);
+  grille->addWidget(goto_, 1, 1);
+  grille->setColumnStretch(0, 1);
+  grille->setColumnStretch(1, 1);
+  connect(depart_, &QToolButton::clicked, this, &PagePoints::Depart);
+  connect(supprime_, &QToolButton::clicked, this, &PagePoints::Supprime);
+  connect(position_, &QToolButton::clicked, this, [this](bool ouvert) {
+    cadrePosition_->setVisible(ouvert);
+    if (ouvert) x_->setFocus(Qt::OtherFocusReason);
+  });
+  connect(goto_, &QToolButton::clicked, this, [this] {
+    if (OuvreFenetre) OuvreFenetre("F_PilMan", window());
+  });
+  return cadre;
+}
+
+QWidget* PagePoints::Position() {
+  cadrePosition_ = new QFrame;
+  cadrePosition_->setObjectName(QStringLiteral("Frame_Position"));
+  cadrePosition_->setFrameStyle(QFrame::StyledPanel);
+  auto* ligne = new QHBoxLayout(cadrePosition_);
+  ligne->setContentsMargins(6, 4, 6, 4);
+  ligne->setSpacing(4);
+  x_ = ChampPanneau("TB_PositionX", "mm", "Nouveau X du point");
+  y_ = ChampPanneau("TB_PositionY", "mm", "Nouveau Y du point");
+  positionOK_ = BoutonPanneau("CB_PositionOK", "Placer le point ici");
+  ligne->addWidget(EtiquettePanneau("Lbl_PositionX", "X", x_));
+  ligne->addWidget(x_, 1);
+  ligne->addWidget(EtiquettePanneau("Lbl_PositionY", "Y", y_));
+  ligne->addWidget(y_, 1);
+  ligne->addWidget(positionOK_);
+  cadrePosition_->hide();
+  connect(positionOK_, &QToolButton::clicked, this, &PagePoints::PositionOK);
+  return cadrePosition_;
+}
+
+QWidget* PagePoints::Origine() {
+  auto* cadre = new QGroupBox(QStringLiteral("Position marquée"));
+  cadre->setObjectName(QStringLiteral("Frame_Origine"));
+  auto* ligne = new QHBoxLayout(cadre);
+  ligne->setContentsMargins(6, 4, 6, 6);
+  marquee_ = new QLabel;
+  marquee_->setObjectName(QStringLiteral("Lbl_Marquee"));
+  marquee_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  origine_ = BoutonPanneau("CB_Origine", "La position marquée devient le point (0, 0) du dessin", "Origine ici");
+  ligne->addWidget(marquee_, 1);
+  ligne->addWidget(origine_);
+  connect(origine_, &QToolButton::clicked, this, [] { CB_Origine(); });
+  return cadre;
+}
+
+void PagePoints::Remplit(const ChampsPanneau& /*champs*/) {
+  RelitChoix();
+  marquee_->setText(QStringLiteral("X %1 mm   Y %2 mm")
+                        .arg(QString::fromStdString(Formate(static_cast<double>(OrigineX), "0.000")),
+                             QString::fromStdString(Formate(static_cast<double>(OrigineY), "0.000"))));
+  origine_->setEnabled(!TraceInitial.empty());
+}
+
+void PagePoints::MontrePoint(const ResultatClic& clic) {
+  RelitChoix();
+  if (!clic.croix) return;
+  const auto& index = modele_->Index();
+  const auto meme = [&](std::int32_t i) {
+    if (!EstPoint(i)) return false;
+    const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
+    return p.X == clic.croix->X && p.Y == clic.croix->Y && p.Seq == clic.croix->Seq;
+  };
+  const auto it = std::find_if(index.begin(), index.end(), meme);
+  if (it != index.end()) liste_->setCurrentIndex(modele_->index(static_cast<int>(it - index.begin()), 0));
+}
+
+// The current point stays the same one where it is still chosen; otherwise the first.
+void PagePoints::RelitChoix() {
+  const std::int32_t avant = PointActuel();
+  modele_->Remplit(PointsChoisis ? PointsChoisis() : std::vector<std::int32_t>{});
+  const auto& index = modele_->Index();
+  const auto it = std::lower_bound(index.begin(), index.end(), avant);
+  const bool la = it != index.end() && *it == avant;
+  if (!index.empty()) liste_->setCurrentIndex(modele_->index(la ? static_cast<int>(it - index.begin()) : 0, 0));
+  liste_->viewport()->update();
+  ActivePoint();
+}
+
+std::int32_t PagePoints::PointActuel() const {
+  const std::int32_t i = modele_->Point(liste_->currentIndex().row());
+  return EstPoint(i) ? i : -1;
+}
+
+void PagePoints::ActivePoint() {
+  const std::int32_t i = PointActuel();
+  const bool un = i >= 0;
+  invite_->setVisible(!un);
+  for (QToolButton* b : {depart_, supprime_, position_, goto_, positionOK_}) b->setEnabled(un);
+  goto_->setVisible(FenetreExiste && FenetreExiste("F_PilMan"));
+  if (!un) {
+    position_->setChecked(false);
+    cadrePosition_->hide();
+  }
+  const PointTrace p = un ? TraceInitial[static_cast<std::size_t>(i)] : PointTrace{};
+  x_->Montre(un ? TexteNombre(p.X) : "");
+  y_->Montre(un ? TexteNombre(p.Y) : "");
+  x_->Accepte();
+  y_->Accepte();
+}
+
+void PagePoints::Depart() { ChangeDepart(PointActuel()); }
+
+void PagePoints::Supprime() { SupprimePoints(modele_->Index()); }
+
+void PagePoints::PositionOK() {
+  for (ChampNombre* champ : {x_, y_}) {
+    if (EstNumerique(champ->Texte())) continue;
+    champ->Refuse(RaisonNombre());
+    champ->setFocus(Qt::OtherFocusReason);
+    return;
+  }
+  const std::int32_t i = PointActuel();
+  if (!CB_PositionOK(i, x_->Texte(), y_->Texte())) return;
+  cadrePosition_->hide();
+  position_->setChecked(false);
+}
+
+}  // namespace ovelin

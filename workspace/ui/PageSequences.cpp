@@ -1,0 +1,153 @@
+#include "workspace/ui/PageSequences.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "core/Nombres.h"
+#include "toolpath/Module_Nettoyage.h"
+#include "toolpath/Module_Ordre.h"
+#include "workspace/Module_PanneauChamps.h"
+
+namespace ovelin {
+
+namespace {
+
+struct Commande {
+  const char* nom;
+  const char* bulle;
+  void (*fait)();
+  bool selection;  // works on the selection
+};
+
+constexpr Commande Commandes1[] = {
+    {"CB_Tout", "Tout sélectionner", CB_Tout, false},
+    {"CB_InverseSelection", "Inverser la sélection", CB_InverseSelection, false},
+    {"CB_Supprimer", "Supprimer les séquences choisies", CB_Supprimer, true},
+    {"CB_Ordre_0", "Fraiser plus tôt dans l'ordre", [] { ChangeOrdre(0); }, true},
+    {"CB_Ordre_1", "Fraiser plus tard dans l'ordre", [] { ChangeOrdre(1); }, true},
+    {"CB_Inversion", "Inverser le sens du parcours : l'outil passe de l'autre côté", InverseSelectionnees, true},
+    {"CB_Lissage", "Lisser les séquences choisies", LisseSelection, true},
+};
+
+QHBoxLayout* Ligne(QWidget* cadre) {
+  auto* ligne = new QHBoxLayout(cadre);
+  ligne->setContentsMargins(6, 4, 6, 6);
+  ligne->setSpacing(4);
+  return ligne;
+}
+
+}  // namespace
+
+PageSequences::PageSequences(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("FRAME_Sequences"));
+  auto* colonne = new QVBoxLayout(this);
+  colonne->setContentsMargins(6, 6, 6, 6);
+  colonne->setSpacing(4);
+  deplacement_ = new CadreDeplacement;
+  dimensions_ = new CadreDimensions;
+  colonne->addWidget(Commandes());
+  colonne->addWidget(deplacement_);
+  colonne->addWidget(Geometrie());
+  colonne->addWidget(dimensions_);
+  colonne->addWidget(Recalage());
+  colonne->addStretch(1);
+  avecSelection_.insert(avecSelection_.end(), {deplacement_, dimensions_});
+  Remplit({});
+}
+
+QWidget* PageSequences::Commandes() {
+  auto* cadre = new QWidget;
+  auto* ligne = new QHBoxLayout(cadre);
+  ligne->setContentsMargins(0, 0, 0, 0);
+  ligne->setSpacing(4);
+  for (const Commande& c : Commandes1) {
+    QToolButton* bouton = BoutonPanneau(c.nom, c.bulle);
+    bouton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(bouton, &QToolButton::clicked, this, [fait = c.fait] { fait(); });
+    ligne->addWidget(bouton);
+    (c.selection ? avecSelection_ : avecDessin_).push_back(bouton);
+  }
+  return cadre;
+}
+
+QWidget* PageSequences::Geometrie() {
+  auto* cadre = new QGroupBox(QStringLiteral("Géométrie"));
+  cadre->setObjectName(QStringLiteral("FRAME1_GEOMETRIE"));
+  QHBoxLayout* ligne = Ligne(cadre);
+  angle_ = ChampPanneau("TB_Angle", "°", "Angle de rotation");
+  angle_->Montre("90");
+  ligne->addWidget(EtiquettePanneau("Lbl_Angle", "Angle", angle_));
+  ligne->addWidget(angle_, 1);
+  static constexpr const char* Sens[] = {"Tourner dans le sens contraire des aiguilles d'une montre",
+                                         "Tourner dans le sens des aiguilles d'une montre"};
+  for (int i = 0; i < 2; ++i) {
+    QToolButton* tourne = BoutonPanneau(("CB_Rotation_" + std::to_string(i)).c_str(), Sens[i]);
+    connect(tourne, &QToolButton::clicked, this, [this, i] { Tourne(i); });
+    ligne->addWidget(tourne);
+    rotation_[static_cast<std::size_t>(i)] = tourne;
+  }
+  ligne->addSpacing(8);
+  static constexpr const char* Miroirs[] = {"Miroir : échanger la gauche et la droite",
+                                            "Miroir : échanger le haut et le bas"};
+  for (int i = 0; i < 2; ++i) {
+    QToolButton* miroir = BoutonPanneau(("CB_Miroir_" + std::to_string(i)).c_str(), Miroirs[i]);
+    connect(miroir, &QToolButton::clicked, this, [i] { CB_Miroir(i); });
+    ligne->addWidget(miroir);
+  }
+  avecSelection_.push_back(cadre);
+  return cadre;
+}
+
+QWidget* PageSequences::Recalage() {
+  auto* cadre = new QGroupBox(QStringLiteral("Recalage"));
+  cadre->setObjectName(QStringLiteral("FRAME1_RECALAGE"));
+  QHBoxLayout* ligne = Ligne(cadre);
+  recalage_ = {ChampPanneau("TB_DecalageX", "mm", "X du coin en bas à gauche"),
+               ChampPanneau("TB_DecalageY", "mm", "Y du coin en bas à gauche")};
+  for (std::size_t i = 0; i < 2; ++i) {
+    recalage_[i]->Montre("0");
+    ligne->addWidget(
+        EtiquettePanneau(i == 0 ? "Lbl_DecalageX" : "Lbl_DecalageY", i == 0 ? "X" : "Y", recalage_[i]));
+    ligne->addWidget(recalage_[i], 1);
+  }
+  QToolButton* ok =
+      BoutonPanneau("CB_OKRecalage", "Déplacer tout le dessin : le coin de la sélection vient ici", "Placer");
+  ok->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  connect(ok, &QToolButton::clicked, this, &PageSequences::Place);
+  ligne->addWidget(ok);
+  avecDessin_.push_back(cadre);
+  return cadre;
+}
+
+void PageSequences::Remplit(const ChampsPanneau& champs) {
+  for (QWidget* w : avecSelection_) w->setEnabled(champs.selectionnees > 0);
+  for (QWidget* w : avecDessin_) w->setEnabled(!TraceInitial.empty());
+  deplacement_->Montre(champs.TB_X, champs.TB_Y);
+  dimensions_->Montre(champs);
+}
+
+void PageSequences::MontrePoint(const ResultatClic& clic) {
+  if (clic.croix) deplacement_->MontrePoint(clic.TB_X, clic.TB_Y);
+}
+
+void PageSequences::Tourne(int index) {
+  if (!EstNumerique(angle_->Texte())) {
+    angle_->Refuse(RaisonNombre());
+    return angle_->setFocus(Qt::OtherFocusReason);
+  }
+  const bool faite = CB_Rotation(index, angle_->Texte());
+  rotation_[static_cast<std::size_t>(index)]->setFocus(Qt::OtherFocusReason);
+  if (faite) dimensions_->MontreTailles(InitSeq().TB_Initial);
+}
+
+void PageSequences::Place() {
+  for (ChampNombre* champ : recalage_) {
+    if (EstNumerique(champ->Texte())) continue;
+    champ->Refuse(RaisonNombre());
+    return champ->setFocus(Qt::OtherFocusReason);
+  }
+  if (CB_OKRecalage(recalage_[0]->Texte(), recalage_[1]->Texte())) deplacement_->Montre("0", "0");
+}
+
+}  // namespace ovelin
