@@ -1,0 +1,179 @@
+// The commands of the main window, by name.
+#include <algorithm>
+
+#include "core/Document.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/ServicesQt.h"
+#include "database/Module_BD.h"
+#include "toolpath/Module_Nettoyage.h"
+#include "toolpath/Module_Ordre.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/Module_Transforme.h"
+#include "workspace/Module_Annulation.h"
+#include "workspace/Module_Enregistrement.h"
+#include "workspace/Module_Ouverture.h"
+#include "workspace/ui/F_Representation.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Representation";
+constexpr float PasFleche = 0.1F, PasFlecheLong = 1.0F;  // mm
+
+bool Existe(const char* nom) { return FenetreExiste && FenetreExiste(nom); }
+
+}  // namespace
+
+Executions F_Representation::ToutesExecutions() {
+  Executions e;
+  e["mnu_Ouvrir"] = [this] { Ouvre(""); };
+  e["mnu_Save"] = [this] {
+    if (mnu_Save()) Titre();
+  };
+  e["mnu_SaveAs"] = [this] {
+    if (mnu_SaveAs()) Titre();
+  };
+  e["mnu_Quitter"] = [this] { close(); };
+  e["mnu_Undo"] = [this] { Annule(); };
+  e["mnu_Tout"] = [] { CB_Tout(); };
+  e["mnu_InverseSelection"] = [] { CB_InverseSelection(); };
+  e["mnu_Supprimer"] = [] { CB_Supprimer(); };
+  e["mnu_ZoomPlus"] = [this] { Redessine(mnu_ZoomPlus()); };
+  e["mnu_ZoomMoins"] = [this] { Redessine(mnu_ZoomMoins()); };
+  e["mnu_Zoom1"] = [this] { Redessine(mnu_Zoom1(PB1_->Taille())); };
+  e["mnu_ZoomSelection"] = [this] {
+    SuitSouris(mnu_ZoomSelection_Click());
+    SuitOutils();
+  };
+  e["mnu_Lever"] = [this] {
+    SuitSouris(mnu_Lever_Click());
+    SuitOutils();
+  };
+  e["mnu_NumPoint"] = [this] {
+    PB1_->NumPoint(commandes_->Action("mnu_NumPoint")->isChecked());
+    PB1_->Dessin();
+  };
+  e["mnu_Sequence"] = [this] {
+    PB1_->NumSequence(commandes_->Action("mnu_Sequence")->isChecked());
+    PB1_->Dessin();
+  };
+  e["mnu_Panneau"] = [this] {
+    const bool visible = commandes_->Action("mnu_Panneau")->isChecked();
+    const int panneau = visible ? std::max(panneau_->sizeHint().width(), panneau_->minimumSizeHint().width()) : 0;
+    separateur_->setSizes({width() - panneau, panneau});
+  };
+  e["mnu_Optimisation"] = [] { mnu_Optimisation_Click(); };
+  e["mnu_Defaut"] = [this] { mnu_Defaut(); };
+  if (Existe("F_Nettoyage")) e["mnu_Nettoyage"] = [this] { mnu_Nettoyage(); };
+  if (Existe("F_BD")) {
+    e["mnu_BD"] = [this] {
+      if (OuvreFenetre("F_BD", this)) RemplitCB_BD();
+    };
+  }
+  const auto fenetre = [&](const char* commande, const char* nom) {
+    if (Existe(nom)) e[commande] = [this, nom] { Fenetre(nom); };
+  };
+  fenetre("mnu_Fraisage", "F_Fraisage");
+  fenetre("mnu_Exporter", "F_Exporter");
+  fenetre("mnu_Vinyl", "F_Vinyl");
+  fenetre("mnu_Texte", "F_Texte");
+  fenetre("mnu_Soudure", "F_Soudure");
+  fenetre("mnu_ZENIK", "F_ParamMachine");
+  fenetre("mnu_PilMan", "F_PilMan");
+  fenetre("mnu_APropos", "F_About");
+  if (Existe("F_ParamAppli")) {
+    e["mnu_ParamAppli"] = [this] {
+      Fenetre("F_ParamAppli");
+      // The colours may have changed.
+      panneau_->Couleurs();
+      Rafraichit();
+    };
+  }
+  return e;
+}
+
+void F_Representation::Fenetre(const char* nom) {
+  if (OuvreFenetre) OuvreFenetre(nom, this);
+}
+
+// An empty path asks with the dialog.
+void F_Representation::Ouvre(const std::string& chemin) {
+  OptionsOuverture options;
+  options.dehors = !chemin.empty();
+  Cycle.OuvertureDehors = options.dehors;
+  mnu_Ouvrir(chemin, options);
+  Cycle.OuvertureDehors = false;
+  ApresOuverture();
+}
+
+void F_Representation::ApresOuverture() {
+  panneau_->Fraisage()->RemplitOutil();
+  if (NbPoints >= 0) return;
+  // Nothing was read: lists and picture are empty, as the document is.
+  Rafraichit();
+}
+
+void F_Representation::Annule() {
+  CrochetsAnnulation crochets;
+  crochets.MontreBouton = [this](bool visible) { commandes_->MontreUndo(visible); };
+  crochets.RemplitArbres = [this] { panneau_->RemplitArbres(); };
+  crochets.DeuxiemeDrapeauOutil = [] { Cycle.AfficheOutil2 = true; };
+  crochets.Dessin = [this] { PB1_->Dessin(); };
+  const ResultatAnnulation resultat = mnu_Undo(crochets);
+  commandes_->Active("mnu_Undo", resultat.bouton);
+  panneau_->InitSeq();
+  panneau_->Fraisage()->RemplitOutil();
+}
+
+// The entry in front applies nothing; the index of a row is its number.
+void F_Representation::RemplitCB_BD() {
+  QComboBox* combo = commandes_->CB_BD();
+  combo->clear();
+  combo->addItem(QString::fromStdString(Traduire(Section, "50")));
+  for (const FicheMateriau& fiche : LitFiches()) combo->addItem(QString::fromStdString(fiche.champs[0]));
+  combo->setCurrentIndex(0);
+}
+
+void F_Representation::ChoisitMateriau(int rang) {
+  if (rang > 0) AppliqueMateriau(rang);
+  panneau_->Fraisage()->RemplitOutil();
+  panneau_->InitSeq();
+}
+
+// The settings file makes room for a fresh one when the program ends, which it does now.
+void F_Representation::mnu_Defaut() {
+  Cycle.RemiseDefauts = true;
+  close();
+}
+
+void F_Representation::mnu_Nettoyage() {
+  Regl.Resolution = 0;
+  Fenetre("F_Nettoyage");
+  if (!mnu_Nettoyage_Click(Regl.Resolution)) return;
+  setWindowTitle(
+      QString::fromStdString(Traduire(Section, "lib200") + " " + std::to_string(NbPoints)));
+}
+
+// The selection follows the cursor keys, a tenth of a millimetre a stroke, a whole one with Shift.
+bool F_Representation::FlecheDeplace(int touche, Qt::KeyboardModifiers touches) {
+  int direction = 0;
+  float signe = 1;
+  switch (touche) {
+    case Qt::Key_Left: direction = 1; signe = -1; break;
+    case Qt::Key_Right: direction = 1; break;
+    case Qt::Key_Down: direction = 3; signe = -1; break;
+    case Qt::Key_Up: direction = 3; break;
+    default: return false;
+  }
+  Code2 dernier;
+  if (NbSelectionnees(dernier) == 0) return true;
+  const float pas = (touches & Qt::ShiftModifier) != 0 ? PasFlecheLong : PasFleche;
+  Deplacement_Selection(direction, signe * pas);
+  return true;
+}
+
+}  // namespace ovelin

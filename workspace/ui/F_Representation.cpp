@@ -1,0 +1,354 @@
+#include "workspace/ui/F_Representation.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QUrl>
+#include <utility>
+
+#include "controller/ClsCdeZENIK.h"
+#include "core/Cles.h"
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/Traduction.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/ServicesQt.h"
+#include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
+#include "database/Module_BD.h"
+#include "toolpath/Module_Nettoyage.h"
+#include "toolpath/Module_Ordre.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/Module_Transforme.h"
+#include "workspace/Module_Annulation.h"
+#include "workspace/Module_Enregistrement.h"
+#include "workspace/Module_Ouverture.h"
+#include "workspace/Module_Recents.h"
+#include "workspace/Module_Souris.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Representation";
+constexpr const char* CleSeparateur = "F_Representation_Panneau";
+constexpr int LargeurPanneau = 340;  // logical pixels
+constexpr int LargeurMin = 760, HauteurMin = 520;
+constexpr int CoteIcone = 24;
+
+const QStringList& ExtensionsLues() {
+  static const QStringList Liste{"DAT", "PLT", "PRN", "HPGL", "OVL", "DXF", "DRD", "DRL", "EPS"};
+  return Liste;
+}
+
+std::string FichierDepose(const QMimeData* donnees) {
+  if (donnees == nullptr || donnees->urls().size() != 1) return "";
+  const QString chemin = donnees->urls().front().toLocalFile();
+  const QString extension = QString::fromStdString(ExtensionDe(chemin.toStdString()));
+  return ExtensionsLues().contains(extension) ? chemin.toStdString() : "";
+}
+
+std::int32_t EnTwips(int pixels) { return static_cast<std::int32_t>(static_cast<float>(pixels) * TwipsParPixel); }
+int EnPixels(std::int32_t twips) { return static_cast<int>(static_cast<float>(twips) / TwipsParPixel); }
+
+}  // namespace
+
+F_Representation::F_Representation(QWidget* parent) : QMainWindow(parent), avant_(Svc) {
+  setObjectName(QString::fromLatin1(Section));
+  setWindowTitle(QString::fromLatin1(NomProgramme));
+  setMinimumSize(LargeurMin, HauteurMin);
+  setAcceptDrops(true);
+  DossierDocuments = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
+  executions_ = ToutesExecutions();
+  Dispose();
+  Relie();
+  InstalleServices();
+}
+
+F_Representation::~F_Representation() { Svc = avant_; }
+
+// --- layout ------------------------------------------------------------------------------------------------------
+
+void F_Representation::Dispose() {
+  TB1_ = new QToolBar(this);
+  TB1_->setObjectName(QStringLiteral("TB1"));
+  TB1_->setMovable(false);
+  TB1_->setContextMenuPolicy(Qt::PreventContextMenu);
+  TB1_->setIconSize({CoteIcone, CoteIcone});
+  addToolBar(TB1_);
+  commandes_ = new CommandesPrincipales(menuBar(), TB1_, executions_, this);
+
+  separateur_ = new QSplitter(Qt::Horizontal, this);
+  separateur_->setObjectName(QStringLiteral("Separateur"));
+  PB1_ = new ImagePB1(separateur_);
+  PB1_->setMinimumWidth(240);
+  PB1_->installEventFilter(this);
+  vide_ = new QLabel(QStringLiteral("Ouvrez un dessin (Ctrl+O) ou déposez un fichier ici"), PB1_);
+  vide_->setObjectName(QStringLiteral("Lbl_Vide"));
+  vide_->setAlignment(Qt::AlignCenter);
+  vide_->setWordWrap(true);
+  vide_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  panneau_ = new PanneauLateral(separateur_);
+  separateur_->addWidget(PB1_);
+  separateur_->addWidget(panneau_);
+  separateur_->setStretchFactor(0, 1);
+  separateur_->setStretchFactor(1, 0);
+  separateur_->setCollapsible(0, false);
+  separateur_->setSizes({1000, LargeurPanneau});
+  setCentralWidget(separateur_);
+
+  SB1_ = new BarreEtat(this);
+  setStatusBar(SB1_);
+  cadre_ = new FrameAvancement(PB1_);
+  Timer_Interro_ = new QTimer(this);
+  Timer_Interro_->setObjectName(QStringLiteral("Timer_Interro"));
+}
+
+void F_Representation::Relie() {
+  connect(PB1_, &ImagePB1::Suite, this, &F_Representation::SuitSouris);
+  connect(PB1_, &ImagePB1::Instantane, this, [this](bool bouton) { commandes_->Active("mnu_Undo", bouton); });
+  connect(panneau_, &PanneauLateral::Clic, this, [this](const ResultatClic& clic) {
+    if (clic.croix) PB1_->Croix(*clic.croix);
+    if (clic.initSeq) {
+      panneau_->InitSeq();
+      PB1_->Dessin();
+    }
+  });
+  connect(panneau_, &PanneauLateral::MenuArbre, this, &F_Representation::MenuImage);
+  connect(separateur_, &QSplitter::splitterMoved, this,
+          [this] { commandes_->Coche("mnu_Panneau", separateur_->sizes().value(1) > 0); });
+  connect(commandes_->CB_BD(), &QComboBox::activated, this, &F_Representation::ChoisitMateriau);
+  connect(Timer_Interro_, &QTimer::timeout, this, &F_Representation::AfficheCarte);
+  commandes_->Recent = [this](std::size_t index) {
+    mnu_MRU(index);
+    ApresOuverture();
+  };
+  commandes_->ChoixZoom = [this](const std::string& choix) { Redessine(Combo_Zoom(choix)); };
+  commandes_->PasZoom = [this](int sens) { Redessine(Combo_ZoomFleche(sens)); };
+}
+
+// What the procedures ask of the window that shows the document.
+void F_Representation::InstalleServices() {
+  Svc.Rafraichit = [this] { Rafraichit(); };
+  Svc.DessinOuvert = [this](bool ouvert) { DessinOuvert(ouvert); };
+  Svc.FichierRecent = [this](const std::string& chemin) {
+    AjouteRecent(chemin);
+    commandes_->RemplitRecents(TextesRecents());
+  };
+  Svc.Panneau = [this](int numero, const std::string& texte) { SB1_->Panneau(numero, texte); };
+  // A pass that doesn't know its length, the writing of a file, has the frame; the others the status bar.
+  Svc.AvancementDebut = [this](const std::string& texte, long total) {
+    if (total <= 0) {
+      cadre_->Montre(texte);
+    } else {
+      SB1_->SB_Avancement(texte, total);
+    }
+  };
+  Svc.AvancementPlus = [this] { SB1_->SB_AvancementPlus(); };
+  Svc.AvancementFin = [this] {
+    cadre_->Cache();
+    SB1_->SB_AvancementFin();
+  };
+}
+
+void F_Representation::Place() {
+  const QRect ecran = screen()->availableGeometry();
+  const Placement p = LitPlacement(Section, EnTwips(ecran.width()), EnTwips(ecran.height()));
+  resize(std::min(EnPixels(p.largeur), ecran.width()), std::min(EnPixels(p.hauteur), ecran.height()));
+  move(ecran.left() + EnPixels(p.gauche), ecran.top() + EnPixels(p.haut));
+  if (p.maximisee) setWindowState(windowState() | Qt::WindowMaximized);
+  const int panneau = static_cast<int>(LireNombre(CleSeparateur, LargeurPanneau));
+  separateur_->setSizes({std::max(width() - panneau, 1), std::max(panneau, 0)});
+  commandes_->Coche("mnu_Panneau", panneau > 0);
+}
+
+void F_Representation::AppliqueTheme() {
+  OublieIcones();
+  commandes_->Redessine();
+  panneau_->Couleurs();
+  // The one command that stands out.
+  TB1_->setStyleSheet(QStringLiteral("QToolButton[principal=\"true\"] { background: palette(highlight); "
+                                     "color: palette(highlighted-text); border-radius: 4px; padding: 3px 8px; "
+                                     "font-weight: bold; } "
+                                     "QToolButton[principal=\"true\"]:disabled { background: palette(mid); }"));
+}
+
+EtatFenetre F_Representation::EtatCourant() const {
+  EtatFenetre etat;
+  const QRect ecran = screen()->availableGeometry();
+  etat.place.gauche = EnTwips(x() - ecran.left());
+  etat.place.haut = EnTwips(y() - ecran.top());
+  etat.place.largeur = EnTwips(width());
+  etat.place.hauteur = EnTwips(height());
+  etat.place.maximisee = isMaximized();
+  etat.minimisee = isMinimized();
+  etat.indexBD = commandes_->CB_BD()->currentIndex();
+  return etat;
+}
+
+// --- load and end --------------------------------------------------------------------------------------------------
+
+void F_Representation::Form_Load(const std::string& ligneCommande) {
+  panneau_->Couleurs();
+  Cycle.RemiseDefauts = false;
+  PrepareFenetre(*this, Section);
+  ChoisitProprietaire(this);
+  MargeVue = EtatVue{}.MargeVue;
+  AppliqueTheme();
+  ChargeTableEtFiches();
+  RemplitCB_BD();
+  SeqCourante = CodeAucun;
+  Modifie = Faux;
+  RemplitRecents();
+  commandes_->RemplitRecents(TextesRecents());
+  Place();
+  show();
+  AfficheCarte();
+  Timer_Interro_->start(std::max(Regl.TimerInterval, 50));
+  charge_ = true;
+  const SuiteCommande suite = OuvreLigneCommande(ligneCommande);
+  ApresOuverture();
+  if (FinChargement(suite)) {
+    panneau_->Fraisage()->VideOutil();
+    return;
+  }
+  panneau_->Fraisage()->RemplitOutil();
+  if (FenetreExiste && FenetreExiste("F_PilMan")) Fenetre("F_PilMan");
+}
+
+void F_Representation::closeEvent(QCloseEvent* e) {
+  if (dechargee_) return;
+  if (PasseEnCours()) {
+    e->ignore();
+    Apres([this] { close(); });
+    return;
+  }
+  CrochetsFermeture crochets;
+  crochets.FermeFenetres = [this] {
+    for (QWidget* fenetre : QApplication::topLevelWidgets()) {
+      if (fenetre != this && fenetre->isVisible() && fenetre->isWindow() && !fenetre->close()) return false;
+    }
+    return true;
+  };
+  crochets.Sauve = [] { mnu_Save(); };
+  if (!DemandeFermeture(crochets, windowTitle().toStdString())) {
+    Cycle.RemiseDefauts = false;
+    e->ignore();
+    return;
+  }
+  dechargee_ = true;
+  Timer_Interro_->stop();
+  if (separateur_->sizes().value(1) != LargeurPanneau) {
+    EcrireCle(CleSeparateur, TexteNombre(static_cast<long>(separateur_->sizes().value(1))));
+  }
+  DechargeFenetre(EtatCourant(), DossierDocuments);
+  e->accept();
+}
+
+void F_Representation::changeEvent(QEvent* e) {
+  QMainWindow::changeEvent(e);
+  if (e->type() != QEvent::PaletteChange || !charge_) return;
+  AppliqueTheme();
+}
+
+// --- the document on show ------------------------------------------------------------------------------------------
+
+void F_Representation::Rafraichit() {
+  vide_->setVisible(TraceInitial.empty());
+  panneau_->RemplitArbres();
+  panneau_->InitSeq();
+  PB1_->Dessin();
+}
+
+void F_Representation::DessinOuvert(bool ouvert) {
+  commandes_->DessinOuvert(ouvert);
+  if (!ouvert) {
+    commandes_->Active("mnu_Undo", false);
+    return;
+  }
+  RelacheOutils();
+  SuitOutils();
+  Titre();
+  mnu_Zoom1(PB1_->Taille());
+}
+
+void F_Representation::Titre() {
+  const std::string nom = NomDe(FichierCourant);
+  setWindowTitle(QString::fromStdString(nom.empty() ? NomProgramme : std::string(NomProgramme) + " <-> " + nom));
+}
+
+void F_Representation::Redessine(bool du) {
+  if (du) PB1_->Dessin();
+}
+
+void F_Representation::SuitSouris(const SuiteSouris& suite) {
+  if (suite.positions) SB1_->Positions(suite.panneaux);
+  if (suite.listes) panneau_->RemplitArbres();
+  if (suite.initSeq || suite.listes) panneau_->InitSeq();
+  if (suite.outils) SuitOutils();
+  if (suite.pageOutil) {
+    panneau_->Option1(PageSequence::Fraisage);
+    panneau_->Fraisage()->FocusLargeurEncoche();
+  }
+  if (suite.menu) MenuImage(QCursor::pos());
+}
+
+void F_Representation::SuitOutils() {
+  commandes_->Coche("mnu_Lever", Souris.mnu_Lever);
+  commandes_->Coche("mnu_ZoomSelection", Souris.mnu_ZoomSelection);
+  PB1_->SuitOutils();
+}
+
+void F_Representation::AfficheCarte() {
+  const bool presente = CdeZENIK && CdeZENIK->IsAvailable();
+  SB1_->Carte(TraduireOu(Section, presente ? "Carte_usb" : "Carte_aucune",
+                         presente ? QStringLiteral("Carte ZENIK") : QStringLiteral("Sans carte")),
+              TraduireOu(Section, "Carte_tt", QStringLiteral("Carte de commande de la machine")));
+}
+
+void F_Representation::MenuImage(const QPoint& ecran) {
+  if (TraceInitial.empty()) return;
+  auto* menu = new QMenu(this);
+  menu->setObjectName(QStringLiteral("mnu_Contexte"));
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const char* nom : {"mnu_Tout", "mnu_InverseSelection", "mnu_Supprimer", "", "mnu_Undo", "", "mnu_Zoom1",
+                          "mnu_ZoomSelection", "", "mnu_Lever", "mnu_Fraisage"}) {
+    if (*nom == '\0') {
+      menu->addSeparator();
+    } else if (QAction* action = commandes_->Action(nom)) {
+      menu->addAction(action);
+    }
+  }
+  menu->popup(ecran);
+}
+
+// --- files dropped, keys ---------------------------------------------------------------------------------------------
+
+void F_Representation::dragEnterEvent(QDragEnterEvent* e) {
+  if (!FichierDepose(e->mimeData()).empty()) e->acceptProposedAction();
+}
+
+void F_Representation::dropEvent(QDropEvent* e) {
+  const std::string chemin = FichierDepose(e->mimeData());
+  if (chemin.empty()) return;
+  e->acceptProposedAction();
+  // The program that the file comes from waits for the answer: the opening, with its dialogs, comes after it.
+  QTimer::singleShot(0, this, [this, chemin] { Ouvre(chemin); });
+}
+
+bool F_Representation::eventFilter(QObject* objet, QEvent* e) {
+  if (objet == PB1_ && e->type() == QEvent::Resize) vide_->setGeometry(PB1_->rect());
+  if (objet == PB1_ && e->type() == QEvent::KeyPress) {
+    const auto* touche = static_cast<QKeyEvent*>(e);
+    if (FlecheDeplace(touche->key(), touche->modifiers())) return true;
+  }
+  return QMainWindow::eventFilter(objet, e);
+}
+
+}  // namespace ovelin

@@ -1,0 +1,85 @@
+// The main window: it is the application. Lays out menus, toolbar, picture, side panel and status bar, hands events
+// to the procedures and shows what comes back.
+#pragma once
+
+#include <QMainWindow>
+#include <QSplitter>
+#include <string>
+
+#include "core/Services.h"
+#include "workspace/Module_Cycle.h"
+#include "workspace/ui/BarreEtat.h"
+#include "workspace/ui/CommandesPrincipales.h"
+#include "workspace/ui/FrameAvancement.h"
+#include "workspace/ui/ImagePB1.h"
+#include "workspace/ui/PanneauLateral.h"
+
+namespace ovelin {
+
+class F_Representation : public QMainWindow {
+  Q_OBJECT
+ public:
+  explicit F_Representation(QWidget* parent = nullptr);
+  ~F_Representation() override;
+
+  // The load, in its binding order; `ligneCommande` as the program was given it. The window must have its services
+  // (see InstalleServicesQt); it adds those that show the document.
+  void Form_Load(const std::string& ligneCommande);
+
+  // The user's documents, where a copy of the settings file is left at the end; "" for none.
+  std::string DossierDocuments;
+
+ protected:
+  void closeEvent(QCloseEvent* e) override;
+  void changeEvent(QEvent* e) override;
+  void dragEnterEvent(QDragEnterEvent* e) override;
+  void dropEvent(QDropEvent* e) override;
+  bool eventFilter(QObject* objet, QEvent* e) override;
+
+ private:
+  // layout
+  void Dispose();
+  void Relie();
+  void InstalleServices();
+  void Place();  // where and how large the window was
+  void AppliqueTheme();
+  [[nodiscard]] EtatFenetre EtatCourant() const;
+
+  // the document on show
+  void Rafraichit();
+  void DessinOuvert(bool ouvert);
+  void Redessine(bool du);  // Dessin where a procedure says that it is due
+  void SuitSouris(const SuiteSouris& suite);
+  void SuitOutils();
+  void AfficheCarte();
+  void Titre();
+
+  // commands
+  Executions ToutesExecutions();
+  void Ouvre(const std::string& chemin);  // without a dialog
+  void ApresOuverture();
+  void Annule();
+  void RemplitCB_BD();
+  void ChoisitMateriau(int rang);
+  void Fenetre(const char* nom);
+  void mnu_Defaut();
+  void mnu_Nettoyage();
+  void MenuImage(const QPoint& ecran);
+  bool FlecheDeplace(int touche, Qt::KeyboardModifiers touches);
+
+  Executions executions_;
+  Services avant_;  // as before this window, put back at its end
+  QToolBar* TB1_ = nullptr;
+  CommandesPrincipales* commandes_ = nullptr;
+  QSplitter* separateur_ = nullptr;
+  ImagePB1* PB1_ = nullptr;
+  QLabel* vide_ = nullptr;  // what to do while there is no drawing
+  PanneauLateral* panneau_ = nullptr;
+  BarreEtat* SB1_ = nullptr;
+  FrameAvancement* cadre_ = nullptr;
+  QTimer* Timer_Interro_ = nullptr;
+  bool charge_ = false;
+  bool dechargee_ = false;
+};
+
+}  // namespace ovelin

@@ -1,0 +1,137 @@
+#include "workspace/ui/PanneauLateral.h"
+
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "core/Reglages.h"
+#include "core/ui/Theme.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin {
+
+namespace {
+
+// A switch of a row of names; what it shows is the stack below it.
+QTabBar* Choix(const char* nom, const std::vector<QString>& textes, QStackedWidget* pile) {
+  auto* choix = new QTabBar;
+  choix->setObjectName(QString::fromLatin1(nom));
+  choix->setDrawBase(true);
+  choix->setExpanding(true);
+  choix->setDocumentMode(true);
+  choix->setUsesScrollButtons(false);
+  for (const QString& texte : textes) {
+    const QString icone = QString::fromLatin1(nom) + "_" + QString::number(choix->count());
+    choix->addTab(IconeProgramme(icone), texte);
+  }
+  QObject::connect(choix, &QTabBar::currentChanged, pile, &QStackedWidget::setCurrentIndex);
+  return choix;
+}
+
+QWidget* Empile(QTabBar* choix, QStackedWidget* pile, const char* nom) {
+  auto* cadre = new QFrame;
+  cadre->setObjectName(QString::fromLatin1(nom));
+  auto* colonne = new QVBoxLayout(cadre);
+  colonne->setContentsMargins(0, 0, 0, 0);
+  colonne->setSpacing(0);
+  colonne->addWidget(choix);
+  colonne->addWidget(pile, 1);
+  return cadre;
+}
+
+// A page scrolls when the window is lower than it needs.
+QScrollArea* Defilant(QWidget* page) {
+  auto* zone = new QScrollArea;
+  zone->setFrameShape(QFrame::NoFrame);
+  zone->setWidgetResizable(true);
+  zone->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  zone->setFocusPolicy(Qt::NoFocus);
+  zone->setWidget(page);
+  return zone;
+}
+
+}  // namespace
+
+PanneauLateral::PanneauLateral(QWidget* parent) : QSplitter(Qt::Vertical, parent) {
+  setObjectName(QStringLiteral("Panneau"));
+  setChildrenCollapsible(false);
+  addWidget(HautArbres());
+  addWidget(BasPages());
+  setStretchFactor(0, 1);
+  setStretchFactor(1, 0);
+  points_->PointsChoisis = [this] { return TreeView1()->PointsChoisis(); };
+  points_->ArbreChange = [this] { RemplitArbres(); };
+  for (ArbreDocument* arbre : arbres_) {
+    connect(arbre, &ArbreDocument::Clic, this, &PanneauLateral::ClicArbre);
+    connect(arbre, &ArbreDocument::MenuContexte, this, &PanneauLateral::MenuArbre);
+  }
+  Option1(PageSequence::Fraisage);
+}
+
+QWidget* PanneauLateral::HautArbres() {
+  pileArbres_ = new QStackedWidget;
+  arbres_ = {new ArbreDocument(SorteArbre::Initial), new ArbreDocument(SorteArbre::Decale)};
+  arbres_[0]->setObjectName(QStringLiteral("TreeView1"));
+  arbres_[1]->setObjectName(QStringLiteral("TreeView2"));
+  for (ArbreDocument* arbre : arbres_) pileArbres_->addWidget(arbre);
+  choixArbre_ = Choix("Option_DI", {QStringLiteral("Dessin"), QStringLiteral("Trajet de l'outil")}, pileArbres_);
+  QWidget* cadre = Empile(choixArbre_, pileArbres_, "Frame_Arbres");
+  cadre->setMinimumHeight(120);
+  return cadre;
+}
+
+QWidget* PanneauLateral::BasPages() {
+  pilePages_ = new QStackedWidget;
+  points_ = new PagePoints;
+  fraisage_ = new PageFraisage;
+  sequences_ = new PageSequences;
+  for (QWidget* page : {static_cast<QWidget*>(points_), static_cast<QWidget*>(fraisage_),
+                        static_cast<QWidget*>(sequences_)}) {
+    pilePages_->addWidget(Defilant(page));
+  }
+  choixPage_ = Choix("Option1", {QStringLiteral("Points"), QStringLiteral("Fraisage"), QStringLiteral("Séquences")},
+                     pilePages_);
+  return Empile(choixPage_, pilePages_, "Frame_Sequence");
+}
+
+void PanneauLateral::Option1(PageSequence page) { choixPage_->setCurrentIndex(static_cast<int>(page)); }
+
+void PanneauLateral::Couleurs() {
+  const QColor fond = palette().color(QPalette::Window);
+  choixArbre_->setTabTextColor(0, CouleurLisible(EnCouleur(Regl.CouleurInitial), fond));
+  choixArbre_->setTabTextColor(1, CouleurLisible(EnCouleur(Regl.CouleurDecalage), fond));
+  for (QTabBar* choix : {choixArbre_, choixPage_}) {
+    for (int i = 0; i < choix->count(); ++i) {
+      choix->setTabIcon(i, IconeProgramme(choix->objectName() + "_" + QString::number(i)));
+    }
+  }
+}
+
+void PanneauLateral::RemplitArbres() {
+  for (ArbreDocument* arbre : arbres_) arbre->Remplit();
+}
+
+void PanneauLateral::InitSeq() {
+  ChampsPanneau champs = ovelin::InitSeq(&TreeView1()->Donnees(), &TreeView2()->Donnees());
+  for (ArbreDocument* arbre : arbres_) arbre->SuitSelection();
+  std::vector<Code2> selection = CodesSelectionnes();
+  if (!selection.empty() && selection == selection_) {
+    champs.TB_X = sequences_->findChild<QLineEdit*>(QStringLiteral("TB_X"))->text().toStdString();
+    champs.TB_Y = sequences_->findChild<QLineEdit*>(QStringLiteral("TB_Y"))->text().toStdString();
+  }
+  selection_ = std::move(selection);
+  points_->Remplit(champs);
+  fraisage_->Remplit(champs);
+  sequences_->Remplit(champs);
+}
+
+void PanneauLateral::ClicArbre(const ResultatClic& resultat) {
+  if (resultat.croix) {
+    points_->MontrePoint(resultat);
+    sequences_->MontrePoint(resultat);
+  }
+  Q_EMIT Clic(resultat);
+}
+
+}  // namespace ovelin

@@ -1,0 +1,57 @@
+// The side of the main window: a switch between the two trees above, the three pages of Frame_Sequence below.
+#pragma once
+
+#include <QFrame>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTabBar>
+
+#include "workspace/Module_Panneau.h"
+#include "workspace/ui/ArbreDocument.h"
+#include "workspace/ui/PageFraisage.h"
+#include "workspace/ui/PagePoints.h"
+#include "workspace/ui/PageSequences.h"
+
+namespace ovelin {
+
+enum class PageSequence { Points = 0, Fraisage = 1, Ordre = 2 };
+
+class PanneauLateral : public QSplitter {
+  Q_OBJECT
+ public:
+  explicit PanneauLateral(QWidget* parent = nullptr);
+
+  [[nodiscard]] ArbreDocument* TreeView1() const { return arbres_[0]; }
+  [[nodiscard]] ArbreDocument* TreeView2() const { return arbres_[1]; }
+  [[nodiscard]] PagePoints* Points() const { return points_; }
+  [[nodiscard]] PageFraisage* Fraisage() const { return fraisage_; }
+  [[nodiscard]] PageSequences* SequencesPage() const { return sequences_; }
+
+  void Option1(PageSequence page);  // shows that page
+  void Couleurs();                  // Option_DI takes the colours of the two traces
+  void RemplitArbres();
+  // The panel from the document; the trees follow the selection. What has been typed as a displacement stays as
+  // long as the same paths are selected.
+  void InitSeq();
+
+ Q_SIGNALS:
+  void Clic(const ovelin::ResultatClic& resultat);
+  void MenuArbre(const QPoint& ecran);
+
+ private:
+  QWidget* HautArbres();
+  QWidget* BasPages();
+  void ClicArbre(const ResultatClic& resultat);
+
+  std::array<ArbreDocument*, 2> arbres_{};
+  PagePoints* points_ = nullptr;
+  PageFraisage* fraisage_ = nullptr;
+  PageSequences* sequences_ = nullptr;
+  QTabBar* choixArbre_ = nullptr;
+  QTabBar* choixPage_ = nullptr;
+  QStackedWidget* pileArbres_ = nullptr;
+  QStackedWidget* pilePages_ = nullptr;
+  std::vector<Code2> selection_;  // paths that the panel shows
+};
+
+}  // namespace ovelin
