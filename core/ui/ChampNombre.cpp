@@ -146,6 +146,11 @@ void ChampNombre::DitQuitte(bool memeInchange) {
   entree_ = Texte();
 }
 
+QString ChampNombre::Filtre(const QString& texte, const QString& reste) const {
+  QString passe = FiltreTouche(texte, reste, Svc.MarqueDecimale).remove(QLatin1Char('\b'));
+  return entier_ ? passe.remove(QLatin1Char(Svc.MarqueDecimale)) : passe;
+}
+
 // A text that came in as a whole. A number written with an exponent is taken by its value: by its digits alone
 // "1e3" would become 13.
 void ChampNombre::Colle(const QString& texte) {
@@ -155,13 +160,13 @@ void ChampNombre::Colle(const QString& texte) {
   }
   QString reste = text();
   if (hasSelectedText()) reste.remove(selectionStart(), selectedText().size());
-  insert(FiltreTouche(net, reste, Svc.MarqueDecimale).remove(QLatin1Char('\b')));
+  insert(Filtre(net, reste));
 }
 
 // What came another way than by keys (dropped, pasted by the menu, by an input method).
 void ChampNombre::FiltreSaisie(const QString& texte) {
   Accepte();
-  const QString net = FiltreTouche(texte, {}, Svc.MarqueDecimale);
+  const QString net = Filtre(texte, {});
   if (net == texte) return;
   const auto place = cursorPosition() - (texte.size() - net.size());
   setText(net);
@@ -199,7 +204,7 @@ void ChampNombre::keyPressEvent(QKeyEvent* e) {
   if (touche.isEmpty() || !touche.at(0).isPrint() || commande) return QLineEdit::keyPressEvent(e);
   QString reste = text();
   if (hasSelectedText()) reste.remove(selectionStart(), selectedText().size());
-  const QString passe = FiltreTouche(touche, reste, Svc.MarqueDecimale);
+  const QString passe = Filtre(touche, reste);
   if (!passe.isEmpty()) insert(passe);
   e->accept();
 }
@@ -232,6 +237,8 @@ void ChampNombre::focusInEvent(QFocusEvent* e) {
 void ChampNombre::focusOutEvent(QFocusEvent* e) {
   QLineEdit::focusOutEvent(e);
   if (bulle_ == nullptr) qApp->removeEventFilter(this);
+  // The window goes, or is being destroyed and its handlers with it: the entry goes with it.
+  if (window()->isHidden()) return;
   const QWidget* menu = QApplication::activePopupWidget();
   if (e->reason() == Qt::PopupFocusReason && menu != nullptr && menu->parentWidget() == this) return;
   const bool provisoire = e->reason() == Qt::PopupFocusReason || e->reason() == Qt::ActiveWindowFocusReason;

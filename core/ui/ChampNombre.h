@@ -16,6 +16,9 @@ class ChampNombre : public QLineEdit {
   explicit ChampNombre(const QString& nom, const QString& unite = {}, QWidget* parent = nullptr);
   ~ChampNombre() override;
 
+  // Digits and "-" alone pass.
+  void EntierSeul() { entier_ = true; }
+
   // Shows a value of the program; it counts as the text on entry from then on, so that leaving the field after it
   // is no change. A refusal stays.
   void Montre(const std::string& texte);
@@ -47,6 +50,7 @@ class ChampNombre : public QLineEdit {
 
  private:
   void DitQuitte(bool memeInchange);
+  [[nodiscard]] QString Filtre(const QString& texte, const QString& reste) const;
   void Colle(const QString& texte);
   void FiltreSaisie(const QString& texte);
   void PlaceUnite();
@@ -58,6 +62,7 @@ class ChampNombre : public QLineEdit {
   QString description_;  //
   QPointer<QLabel> bulle_;
   std::string entree_;
+  bool entier_ = false;
   bool refuse_ = false;
   bool dit_ = false;  // inside `Quitte`: a box of its handler takes the keyboard and must not say it again
 };

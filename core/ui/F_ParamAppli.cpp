@@ -1,0 +1,341 @@
+#include "core/ui/F_ParamAppli.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/Cles.h"
+#include "core/Nombres.h"
+#include "core/Services.h"
+#include "core/ui/ChampNombre.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/Fleches.h"
+#include "core/ui/LanguesPresentes.h"
+#include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_ParamAppli";
+constexpr int IntervalleMin = 25;    // ms; below, a held arrow runs away
+constexpr int IntervalleMax = 1000;  // ms
+constexpr int MruMax = 50;
+
+struct CouleurReglee {
+  std::int32_t Reglages::*valeur;
+  const char* texte;
+};
+// In the order of the buttons.
+constexpr std::array<CouleurReglee, 6> Couleurs{{
+    {&Reglages::CouleurNumero, "N° des points"},
+    {&Reglages::CouleurSequence, "Séquences"},
+    {&Reglages::CouleurInitial, "Tracé initial"},
+    {&Reglages::Couleurselectionne, "Sélection"},
+    {&Reglages::CouleurDecalage, "Trajet de l'outil"},
+    {&Reglages::CouleurEncoche, "Point d'attache"},
+}};
+
+QString Indice(const char* nom, int i) { return QString::fromLatin1(nom) + QLatin1Char('_') + QString::number(i); }
+
+template <class T>
+T* Nomme(T* w, const QString& nom, const QString& bulle = {}) {
+  w->setObjectName(nom);
+  if (!bulle.isEmpty()) w->setToolTip(bulle);
+  return w;
+}
+
+QLabel* Etiquette(const char* nom, const QString& texte, QWidget* de = nullptr) {
+  auto* l = Nomme(new QLabel(texte), QString::fromLatin1(nom));
+  l->setTextFormat(Qt::PlainText);
+  l->setBuddy(de);
+  return l;
+}
+
+}  // namespace
+
+F_ParamAppli::F_ParamAppli(QWidget* proprietaire) : QDialog(proprietaire), avant_(Regl) {
+  setWindowTitle(QStringLiteral("Paramètres de l'application"));
+  setModal(true);
+  auto* boite = new QVBoxLayout(this);
+  boite->setContentsMargins(8, 8, 8, 8);
+  SSTab1_ = Nomme(new QTabWidget, QStringLiteral("SSTab1"));
+  SSTab1_->addTab(PageOptions(), QStringLiteral("Options"));
+  SSTab1_->addTab(PageCouleurs(), QStringLiteral("Couleurs"));
+  SSTab1_->addTab(PageLangue(), QStringLiteral("Langue"));
+  boite->addWidget(SSTab1_);
+
+  auto* boutons = new QHBoxLayout;
+  auto* ok = Nomme(new QPushButton(QStringLiteral("OK")), QStringLiteral("Btn_OK"),
+                   QStringLiteral("Enregistre les options et ferme la fenêtre"));
+  auto* annuler = Nomme(new QPushButton(QStringLiteral("Annuler")), QStringLiteral("Btn_Annuler"),
+                        QStringLiteral("Remet les valeurs d'avant et ferme la fenêtre"));
+  ok->setIcon(IconeProgramme(ok->objectName()));
+  annuler->setIcon(IconeProgramme(annuler->objectName()));
+  ok->setDefault(true);
+  boutons->addStretch();
+  boutons->addWidget(ok);
+  boutons->addWidget(annuler);
+  boite->addLayout(boutons);
+  connect(ok, &QPushButton::clicked, this, &F_ParamAppli::accept);
+  connect(annuler, &QPushButton::clicked, this, &F_ParamAppli::reject);
+
+  PrepareFenetre(*this, Section);
+  RemplitLangues();
+  MontreValeurs();
+  NommeCommandes();
+  Relie();
+  // shown with a value that the bar can take, the setting takes it too
+  Regl.TimerInterval = std::max(Regl.TimerInterval, HScroll_TimerInterval_->minimum());
+}
+
+QWidget* F_ParamAppli::PageOptions() {
+  auto* page = new QWidget;
+  auto* grille = new QGridLayout(page);
+  grille->setContentsMargins(8, 10, 8, 8);
+  grille->setVerticalSpacing(10);
+  CB_Confirm_Suppr_ =
+      Nomme(new QCheckBox(QStringLiteral("Confirmer la suppression de points")), QStringLiteral("CB_Confirm_Suppr"),
+            QStringLiteral("Une question est posée avant chaque suppression de points"));
+  grille->addWidget(CB_Confirm_Suppr_, 0, 0, 1, 3);
+
+  HScroll_TimerInterval_ = Nomme(new QSlider(Qt::Horizontal), QStringLiteral("HScroll_TimerInterval"),
+                                 QStringLiteral("Temps entre deux pas quand un bouton fléché reste enfoncé"));
+  HScroll_TimerInterval_->setRange(IntervalleMin, IntervalleMax);
+  HScroll_TimerInterval_->setSingleStep(5);
+  HScroll_TimerInterval_->setPageStep(50);
+  HScroll_TimerInterval_->setMinimumWidth(140);
+  LB_TimerInterval_ = Etiquette("LB_TimerInterval", {});
+  LB_TimerInterval_->setMinimumWidth(
+      LB_TimerInterval_->fontMetrics().horizontalAdvance(QStringLiteral("00000 ms")));
+  LB_TimerInterval_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  grille->addWidget(
+      Etiquette("Label_TimerInterval", QStringLiteral("Répétition des flèches :"), HScroll_TimerInterval_), 1, 0);
+  grille->addWidget(HScroll_TimerInterval_, 1, 1);
+  grille->addWidget(LB_TimerInterval_, 1, 2);
+
+  const QString bulle = QStringLiteral("Nombre de fichiers gardés dans le menu Fichier, de 0 à 50");
+  TB_MRU_ = new ChampNombre(QStringLiteral("TB_MRU"));
+  TB_MRU_->EntierSeul();
+  TB_MRU_->setMaxLength(4);
+  TB_MRU_->setToolTip(bulle);
+  TB_MRU_->setFixedWidth(52);
+  VScroll_MRU_ = Nomme(new Fleches({}), QStringLiteral("VScroll_MRU"), bulle);
+  VScroll_MRU_->setRange(0, MruMax);
+  auto* rang = new QHBoxLayout;
+  rang->setSpacing(0);
+  rang->addWidget(TB_MRU_);
+  rang->addWidget(VScroll_MRU_);
+  rang->addStretch();
+  grille->addWidget(Etiquette("Label_MRU", QStringLiteral("Fichiers récents :"), TB_MRU_), 2, 0);
+  grille->addLayout(rang, 2, 1, 1, 2);
+  grille->setColumnStretch(1, 1);
+  grille->setRowStretch(3, 1);
+  return page;
+}
+
+QWidget* F_ParamAppli::PageCouleurs() {
+  auto* page = new QWidget;
+  auto* grille = new QGridLayout(page);
+  grille->setContentsMargins(8, 10, 8, 8);
+  for (int i = 0; i < static_cast<int>(Couleurs.size()); ++i) LigneCouleur(*grille, i);
+  auto* defaut = Nomme(new QPushButton(QStringLiteral("Couleurs par défaut")), QStringLiteral("Btn_Valeurs_Defaut"),
+                       QStringLiteral("Remet les six couleurs de départ"));
+  grille->addWidget(defaut, 6, 0, 1, 3, Qt::AlignRight);
+  grille->setColumnStretch(0, 1);
+  grille->setRowStretch(7, 1);
+  connect(defaut, &QPushButton::clicked, this, [this] { ValeursDefaut(); });
+  return page;
+}
+
+// What the colour is for, a sample of it, the button that changes it.
+void F_ParamAppli::LigneCouleur(QGridLayout& grille, int i) {
+  const auto rang = static_cast<std::size_t>(i);
+  auto* bouton = Nomme(new QPushButton(QStringLiteral("Choisir...")), Indice("Btn_Couleur", i),
+                       QStringLiteral("Choisit une autre couleur"));
+  bouton->setAutoDefault(false);
+  auto* echantillon = Nomme(new QLabel, Indice("LB_Couleur", i));
+  echantillon->setFrameStyle(QFrame::Box | QFrame::Plain);
+  echantillon->setMinimumSize(56, 20);
+  echantillon->setAutoFillBackground(true);
+  LB_Couleur_[rang] = echantillon;
+  auto* texte = Etiquette("", QString::fromUtf8(Couleurs[rang].texte), bouton);
+  texte->setObjectName(Indice("Label_Couleur", i));
+  grille.addWidget(texte, i, 0);
+  grille.addWidget(echantillon, i, 1);
+  grille.addWidget(bouton, i, 2);
+  connect(bouton, &QPushButton::clicked, this, [this, i] { ChangeCouleur(i); });
+}
+
+QWidget* F_ParamAppli::PageLangue() {
+  auto* page = new QWidget;
+  auto* boite = new QVBoxLayout(page);
+  boite->setContentsMargins(8, 10, 8, 8);
+  LB_Langues_ = Nomme(new QListWidget, QStringLiteral("LB_Langues"), QStringLiteral("Langue des textes"));
+  boite->addWidget(Etiquette("Label_Langues", QStringLiteral("Langue :"), LB_Langues_));
+  boite->addWidget(LB_Langues_);
+  auto* note = Etiquette("Label_LangueNote",
+                         QStringLiteral("Les autres fenêtres changent de langue à leur prochaine ouverture."));
+  note->setWordWrap(true);
+  boite->addWidget(note);
+  return page;
+}
+
+void F_ParamAppli::Relie() {
+  connect(CB_Confirm_Suppr_, &QCheckBox::toggled, this, [](bool coche) { Regl.ConfirmSuppr = coche; });
+  connect(HScroll_TimerInterval_, &QSlider::valueChanged, this, [this](int ms) {
+    Regl.TimerInterval = ms;
+    MontreIntervalle();
+  });
+  connect(TB_MRU_, &ChampNombre::Quitte, this, &F_ParamAppli::QuitteMRU);
+  connect(VScroll_MRU_, &Fleches::valueChanged, this, [this](int n) {
+    Regl.gMaxMRU = n;
+    TB_MRU_->Accepte();
+    TB_MRU_->Montre(TexteNombre(static_cast<long>(n)));
+  });
+  connect(LB_Langues_, &QListWidget::itemClicked, this, [this] { ChoisitLangue(); });
+  connect(LB_Langues_, &QListWidget::itemActivated, this, [this] { ChoisitLangue(); });
+}
+
+void F_ParamAppli::MontreValeurs() {
+  CB_Confirm_Suppr_->setChecked(Regl.ConfirmSuppr);
+  // a stored value beyond the bar's end is kept: the bar grows
+  HScroll_TimerInterval_->setMaximum(std::max(IntervalleMax, static_cast<int>(Regl.TimerInterval)));
+  HScroll_TimerInterval_->setValue(std::max(Regl.TimerInterval, HScroll_TimerInterval_->minimum()));
+  MontreIntervalle();
+  TB_MRU_->Montre(TexteNombre(static_cast<long>(Regl.gMaxMRU)));
+  VScroll_MRU_->setValue(Regl.gMaxMRU);
+  MontreCouleurs();
+}
+
+void F_ParamAppli::MontreIntervalle() {
+  LB_TimerInterval_->setText(QString::number(HScroll_TimerInterval_->value()) + QStringLiteral(" ms"));
+}
+
+void F_ParamAppli::MontreCouleurs() {
+  for (std::size_t i = 0; i < Couleurs.size(); ++i) {
+    const QColor couleur = EnCouleur(Regl.*Couleurs[i].valeur);
+    QPalette p = LB_Couleur_[i]->palette();
+    p.setColor(QPalette::Window, couleur);
+    LB_Couleur_[i]->setPalette(p);
+    LB_Couleur_[i]->setToolTip(couleur.name());
+  }
+}
+
+// A button is called by what it changes, not by its own short text; a sample by its colour's use.
+void F_ParamAppli::NommeCommandes() {
+  for (int i = 0; i < static_cast<int>(Couleurs.size()); ++i) {
+    const QString quoi = findChild<QLabel*>(Indice("Label_Couleur", i))->text();
+    auto* bouton = findChild<QPushButton*>(Indice("Btn_Couleur", i));
+    bouton->setAccessibleName(quoi + QStringLiteral(" : ") + bouton->text());
+    LB_Couleur_[static_cast<std::size_t>(i)]->setAccessibleName(quoi);
+  }
+  VScroll_MRU_->setAccessibleName(TB_MRU_->accessibleName());
+}
+
+void F_ParamAppli::RemplitLangues() {
+  LB_Langues_->clear();
+  for (const LanguePresente& langue : LanguesPresentes()) {
+    auto* ligne = new QListWidgetItem(QString::fromStdString(langue.nom), LB_Langues_);
+    ligne->setData(Qt::UserRole, QString::fromStdString(langue.code));
+    if (langue.code == Regl.Langue) LB_Langues_->setCurrentItem(ligne);
+  }
+}
+
+void F_ParamAppli::ChoisitLangue() {
+  const QListWidgetItem* ligne = LB_Langues_->currentItem();
+  if (ligne == nullptr) return;
+  const std::string code = ligne->data(Qt::UserRole).toString().toStdString();
+  if (code == Regl.Langue) return;
+  Regl.Langue = code;
+  EcrireCle("Language", code);
+  TraduitBoiteAOutils();
+  TraduireFenetre(*this);
+  NommeCommandes();
+}
+
+void F_ParamAppli::ChangeCouleur(int i) {
+  if (!ChoisitCouleur) return;
+  std::int32_t& valeur = Regl.*Couleurs[static_cast<std::size_t>(i)].valeur;
+  const int choisie = ChoisitCouleur(this, valeur);
+  if (choisie < 0) return;
+  valeur = choisie;
+  MontreCouleurs();
+  DitCouleurs();
+}
+
+void F_ParamAppli::ValeursDefaut() {
+  defaut_ = true;
+  EcritCouleursDefaut();
+  LitCouleurs();
+  MontreCouleurs();
+  DitCouleurs();
+}
+
+void F_ParamAppli::QuitteMRU(bool change) {
+  refus_ = false;
+  if (!change) return;
+  const auto v = LitNombre(TB_MRU_->Texte());
+  if (!v || *v < 0 || *v > MruMax) {
+    refus_ = true;
+    TB_MRU_->Refuse(TraduireOu(Section, QStringLiteral("lib001"), QStringLiteral("Un nombre entier de 0 à 50")));
+    TB_MRU_->Restitue();
+    return;
+  }
+  TB_MRU_->Accepte();
+  Regl.gMaxMRU = Arrondi32(*v);
+  const QSignalBlocker silence(VScroll_MRU_);
+  VScroll_MRU_->setValue(Regl.gMaxMRU);
+}
+
+void F_ParamAppli::DitCouleurs() {
+  if (CouleursChangees) CouleursChangees();
+  if (Svc.Rafraichit) Svc.Rafraichit();
+}
+
+void F_ParamAppli::accept() {
+  // The field was left for this button with an entry that was refused: the window stays, to be read.
+  if (refus_) {
+    refus_ = false;
+    SSTab1_->setCurrentIndex(0);
+    return TB_MRU_->setFocus();
+  }
+  {
+    const LotCles lot;
+    EcritOptions();
+    const bool couleurs = std::any_of(Couleurs.begin(), Couleurs.end(),
+                                      [&](const CouleurReglee& c) { return Regl.*c.valeur != avant_.*c.valeur; });
+    if (couleurs) EcritCouleurs();
+  }
+  QDialog::accept();
+}
+
+void F_ParamAppli::reject() {
+  Regl.ConfirmSuppr = avant_.ConfirmSuppr;
+  Regl.TimerInterval = avant_.TimerInterval;
+  Regl.gMaxMRU = avant_.gMaxMRU;
+  bool couleurs = false;
+  for (const CouleurReglee& c : Couleurs) {
+    couleurs = couleurs || Regl.*c.valeur != avant_.*c.valeur;
+    Regl.*c.valeur = avant_.*c.valeur;
+  }
+  // What has been written meanwhile goes back too.
+  if (defaut_) EcritCouleurs();
+  if (Regl.Langue != avant_.Langue) {
+    Regl.Langue = avant_.Langue;
+    EcrireCle("Language", Regl.Langue);
+    TraduitBoiteAOutils();
+  }
+  if (couleurs) DitCouleurs();
+  QDialog::reject();
+}
+
+}  // namespace ovelin
