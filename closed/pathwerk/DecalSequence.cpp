@@ -73,7 +73,7 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
   } else {
     pieces = geo::RemplitPoche(*source, distance, recouvrement, reste);
   }
-  std::vector<PointTrace> resultat = geo::EcritPieces(std::move(pieces), *source, std::abs(distance), tolerance);
+  std::vector<PointTrace> resultat = geo::EcritPieces(std::move(pieces), *source, distance, tolerance);
   if (resultat.empty()) return 0;
   points.swap(resultat);
   return static_cast<std::int32_t>(points.size());

@@ -15,6 +15,7 @@
 // middle and both ends; it is cut first where the path begins or ends to lie on itself.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "closed/pathwerk/ArbreSegments.h"
@@ -70,14 +71,17 @@ class Juge {
   }
 
   // The middle, and places beside the ends, where the side may change.
-  [[nodiscard]] bool BonCote(Vec2 a, Vec2 b) const {
-    return BonCote((a + b) * 0.5) && BonCote(a + (b - a) * 0.01) && BonCote(b + (a - b) * 0.01);
-  }
-  [[nodiscard]] bool BonCote(Vec2 p) const {
-    const double d = std::sqrt(arbre_.PlusProche(p).distance2) + egal_;
-    bool bon = false;
-    arbre_.Voisins(p, d * d, [&](const Lieu& l) { bon = bon || VuDuBonCote(p, l); });
-    return bon;
+  // `o`: the stretch that has the edge on the wanted side.
+  [[nodiscard]] bool BonCote(Vec2 a, Vec2 b, Origine& o) const {
+    const Lieu l = VuDe((a + b) * 0.5);
+    if (l.distance2 == kJamais || VuDe(a + (b - a) * 0.01).distance2 == kJamais ||
+        VuDe(b + (a - b) * 0.01).distance2 == kJamais) {
+      return false;
+    }
+    const Segment& s = arbre_.Segments()[l.segment];
+    o = {static_cast<std::uint32_t>(l.segment), static_cast<float>(LieuSurSegment(s, a).t),
+         static_cast<float>(LieuSurSegment(s, b).t)};
+    return true;
   }
   // How far along the path the place nearest to `p` lies: segment and share of it.
   [[nodiscard]] double Rang(Vec2 p) const {
@@ -86,6 +90,17 @@ class Juge {
   }
 
  private:
+  static constexpr double kJamais = std::numeric_limits<double>::infinity();
+
+  // The nearest place that sees `p` on the wanted side, of all that are as near as any; at kJamais if none does.
+  [[nodiscard]] Lieu VuDe(Vec2 p) const {
+    const double d = std::sqrt(arbre_.PlusProche(p).distance2) + egal_;
+    Lieu bon;
+    arbre_.Voisins(p, d * d, [&](const Lieu& l) {
+      if (l.distance2 < bon.distance2 && VuDuBonCote(p, l)) bon = l;
+    });
+    return bon;
+  }
   [[nodiscard]] bool VuDuBonCote(Vec2 p, const Lieu& l) const {
     const std::size_t dernier = chemin_.size() - 2;
     const Segment& s = arbre_.Segments()[l.segment];
@@ -148,8 +163,8 @@ Region AllerRetour(const Chemin& chemin) {
 }
 
 // Edges of one loop that belong to the wanted side. `origines` on the path there and back; empty: all are judged.
-std::vector<char> AretesBonnes(const Chemin& boucle, const Origines& origines, const Juge& juge,
-                               std::size_t nbPoints) {
+// An edge that either way may claim comes to belong to the way that has it on the wanted side.
+std::vector<char> AretesBonnes(const Chemin& boucle, Origines& origines, const Juge& juge, std::size_t nbPoints) {
   const std::size_t n = boucle.size();
   std::vector<char> bon(n);
   const bool connues = origines.size() == n;
@@ -162,7 +177,9 @@ std::vector<char> AretesBonnes(const Chemin& boucle, const Origines& origines, c
       bon[i] = o.Connue() && rang > 0 && rang < bout;
       if (bon[i] != 0 || !juge.SeTouche()) continue;
     }
-    bon[i] = juge.BonCote(boucle[i], boucle[(i + 1) % n]);
+    Origine autre;
+    bon[i] = juge.BonCote(boucle[i], boucle[(i + 1) % n], autre);
+    if (connues && bon[i] != 0 && origines[i].Connue()) origines[i] = autre;
   }
   // The chord over a gap goes with what it joins.
   for (std::size_t i = 0; connues && i < n; ++i) {
@@ -214,7 +231,8 @@ std::vector<Piece> DecaleOuvert(const Source& source, double distance, double to
   std::vector<Piece> pieces;
   for (std::size_t k = 0; k < boucles.size(); ++k) {
     const Chemin b = juge.CoupeAuxContacts(boucles[k], std::abs(distance), origines[k]);
-    Decoupe(b, origines[k], AretesBonnes(b, origines[k], juge, source.chemin.size()), pieces);
+    const std::vector<char> bon = AretesBonnes(b, origines[k], juge, source.chemin.size());
+    Decoupe(b, origines[k], bon, pieces);
   }
 
   std::vector<std::pair<double, std::size_t>> ordre;

@@ -42,13 +42,14 @@ struct Piece {
 };
 
 // Begins a closed piece at the image of the source's start.
-void Commence(Piece& piece, const Source& source, double rayon, double tolerance);
+void Commence(Piece& piece, const Source& source, double distance, double tolerance);
 
 // Writes the pieces as records: closed ones begin at the image of the source's start (those with something before
 // them as they stand), each mark becomes a point of its own at its image on the pieces that take marks (see
-// Report.cpp). `rayon`: distance between source and those pieces, > 0. A piece that shrinks to one place in 32-bit
+// Report.cpp). `distance`: between source and those pieces, left positive; where the pieces lie on the other
+// side, as in a pocket, the sign doesn't matter. A piece that shrinks to one place in 32-bit
 // floats is left out. Every piece has a `Seq` of its own, different from its neighbours'.
-std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double rayon,
+std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double distance,
                                     double tolerance);
 
 }  // namespace pathwerk::geo

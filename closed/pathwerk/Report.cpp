@@ -41,17 +41,24 @@ std::size_t NbAretes(const Piece& piece) {
   return n < 2 ? 0 : piece.ferme ? n : n - 1;
 }
 
+// Does the piece run along the source the way that goes?
+bool Avance(const Piece& piece) {
+  double somme = 0;
+  for (const Origine& o : piece.origines) somme += o.Connue() ? static_cast<double>(o.a - o.de) : 0;
+  return somme >= 0;
+}
+
 bool SaitDOuElleVient(const Piece& piece) { return piece.origines.size() >= NbAretes(piece); }
 
-// The place nearest to either image if it is as near to the source as anything (all of a rounded corner is), else
-// the nearest place.
+// The place nearest to the image on either side, its own first, if it is as near to the source as anything (all of
+// a rounded corner is), else the nearest place.
 template <class Proche>
-Lieu Repond(const Repere& r, double rayon, double tolerance, Proche proche) {
+Lieu Repond(const Repere& r, double distance, double tolerance, Proche proche) {
   Lieu meilleur = proche(r.lieu);
   const double limite = std::sqrt(meilleur.distance2) + tolerance;
   double ecart = kInf;
   for (const double cote : {1.0, -1.0}) {
-    const Lieu l = proche(r.lieu + r.normale * (cote * rayon));
+    const Lieu l = proche(r.lieu + r.normale * (cote * distance));
     if (l.distance2 < ecart && Norme(l.point - r.lieu) <= limite) {
       ecart = l.distance2;
       meilleur = l;
@@ -62,9 +69,9 @@ Lieu Repond(const Repere& r, double rayon, double tolerance, Proche proche) {
 
 // An image that lies on the pieces, wherever they come from.
 template <class Proche>
-std::optional<Lieu> SurImage(const Repere& r, double rayon, double tolerance, Proche proche) {
+std::optional<Lieu> SurImage(const Repere& r, double distance, double tolerance, Proche proche) {
   for (const double cote : {1.0, -1.0}) {
-    const Lieu l = proche(r.lieu + r.normale * (cote * rayon));
+    const Lieu l = proche(r.lieu + r.normale * (cote * distance));
     if (l.distance2 <= tolerance * tolerance) return l;
   }
   return std::nullopt;
@@ -111,8 +118,8 @@ class Foret {
 
 }  // namespace
 
-Report::Report(const Source& source, double rayon, double tolerance)
-    : source_(source), rayon_(rayon), tolerance_(tolerance) {
+Report::Report(const Source& source, double distance, double tolerance)
+    : source_(source), distance_(distance), tolerance_(tolerance) {
   const Chemin& c = source.chemin;
   longueur_.reserve(c.size() + 1);
   double s = 0;
@@ -139,7 +146,7 @@ double Report::Ecart(double a, double b) const {
 double Report::AuxImages(const Repere& r, const Piece& piece, std::size_t arete, LieuDePiece& lieu) const {
   double meilleur = kInf;
   for (const double cote : {1.0, -1.0}) {
-    const Lieu l = LieuSurSegment(AreteDe(piece, arete), r.lieu + r.normale * (cote * rayon_));
+    const Lieu l = LieuSurSegment(AreteDe(piece, arete), r.lieu + r.normale * (cote * distance_));
     if (l.distance2 >= meilleur) continue;
     meilleur = l.distance2;
     lieu = {lieu.piece, arete, l.t, l.point};
@@ -147,15 +154,32 @@ double Report::AuxImages(const Repere& r, const Piece& piece, std::size_t arete,
   return meilleur;
 }
 
+// Where the piece leaves the place `s` of the source, which the edge reaches: around a corner many edges run beside
+// one place. `suivante`: going on along the piece, else going back.
+LieuDePiece Report::Bout(const Piece& piece, std::size_t arete, double s, bool suivante) const {
+  const std::size_t n = NbAretes(piece);
+  std::size_t k = arete;
+  for (std::size_t pas = 1; pas < n; ++pas) {
+    if (!piece.ferme && k == (suivante ? n - 1 : 0)) break;
+    const std::size_t voisine = suivante ? (k + 1) % n : (k + n - 1) % n;
+    const Origine& o = piece.origines[voisine];
+    if (!o.Connue() || o.de != o.a || Ecart(Place(o, o.de), s) > 0) break;
+    k = voisine;
+  }
+  const Segment bout = AreteDe(piece, k);
+  return {0, k, suivante ? 1.0 : 0.0, suivante ? bout.b : bout.a};
+}
+
 LieuDePiece Report::Depart(const Piece& piece) const {
   const Repere& depart = source_.depart;
   const auto proche = [&piece](Vec2 p) { return ProcheSur(piece, p); };
   const auto enPiece = [](const Lieu& l) { return LieuDePiece{0, l.segment, l.t, l.point}; };
-  if (!SaitDOuElleVient(piece)) return enPiece(Repond(depart, rayon_, tolerance_, proche));
+  if (!SaitDOuElleVient(piece)) return enPiece(Repond(depart, distance_, tolerance_, proche));
   const double ici = longueur_[depart.rang];
   const double seuil = tolerance_ / 10;
   LieuDePiece image;
-  LieuDePiece long_;
+  std::size_t voisine = 0;
+  double lieuVoisin = 0;
   double meilleureImage = kInf;
   double meilleurEcart = kInf;
   for (std::size_t k = 0, n = NbAretes(piece); k < n; ++k) {
@@ -173,13 +197,16 @@ LieuDePiece Report::Depart(const Piece& piece) const {
       }
     } else if (e < meilleurEcart) {
       meilleurEcart = e;
-      const Segment s = AreteDe(piece, k);
-      long_ = {0, k, de <= a ? 0.0 : 1.0, de <= a ? s.a : s.b};
+      voisine = k;
+      lieuVoisin = Place(o, de <= a ? o.de : o.a);
     }
   }
   if (meilleureImage < kInf) return image;
-  if (const auto l = SurImage(depart, rayon_, tolerance_, proche)) return enPiece(*l);
-  return meilleurEcart < kInf ? long_ : enPiece(Repond(depart, rayon_, tolerance_, proche));
+  if (const auto l = SurImage(depart, distance_, tolerance_, proche)) return enPiece(*l);
+  if (meilleurEcart == kInf) return enPiece(Repond(depart, distance_, tolerance_, proche));
+  // Met on the way on from the start, or on the way back.
+  const bool devant = lieuVoisin - ici <= longueur_.back() / 2;
+  return Bout(piece, voisine, lieuVoisin, devant != Avance(piece));
 }
 
 // Stretch of the source beside one edge, mm along the source.
@@ -211,8 +238,10 @@ class Report::Index {
     // Of all up to each one, that which reaches farthest.
     loin_.reserve(etendues_.size());
     for (std::uint32_t i = 0; i < etendues_.size(); ++i) {
-      loin_.push_back(i == 0 || etendues_[i].a > etendues_[loin_.back()].a ? i : loin_.back());
+      loin_.push_back(i == 0 || etendues_[i].a >= etendues_[loin_.back()].a ? i : loin_.back());
     }
+    // Which way each piece runs along the source.
+    for (const Piece& p : pieces) avance_.push_back(Avance(p));
   }
   [[nodiscard]] bool Vide() const { return etendues_.empty(); }
 
@@ -246,12 +275,12 @@ class Report::Index {
         const Etendue& e = etendues_[loin_[i - 1]];
         if (s - e.a < meilleur) {
           meilleur = s - e.a;
-          lieu = Bout(e, false);
+          lieu = Bout(e, e.a, true);
         }
       }
       if (i < etendues_.size() && etendues_[i].de - s < meilleur) {
         meilleur = etendues_[i].de - s;
-        lieu = Bout(etendues_[i], true);
+        lieu = Bout(etendues_[i], etendues_[i].de, false);
       }
     });
     return lieu;
@@ -274,17 +303,17 @@ class Report::Index {
                                      [](double v, const Etendue& e) { return v < e.de; });
     return static_cast<std::size_t>(it - etendues_.begin());
   }
-  [[nodiscard]] LieuDePiece Bout(const Etendue& e, bool premier) const {
-    const Origine& o = pieces_[e.piece].origines[e.arete];
-    const bool debut = premier == (o.de <= o.a);
-    const Segment s = AreteDe(pieces_[e.piece], e.arete);
-    return {e.piece, e.arete, debut ? 0.0 : 1.0, debut ? s.a : s.b};
+  [[nodiscard]] LieuDePiece Bout(const Etendue& e, double s, bool derriere) const {
+    LieuDePiece l = report_.Bout(pieces_[e.piece], e.arete, s, derriere == (avance_[e.piece] != 0));
+    l.piece = e.piece;
+    return l;
   }
 
   const Report& report_;
   std::span<const Piece> pieces_;
   std::vector<Etendue> etendues_;
   std::vector<std::uint32_t> loin_;
+  std::vector<char> avance_;
 };
 
 std::vector<LieuDePiece> Report::Marques(std::span<const Piece> pieces) const {
@@ -299,11 +328,11 @@ std::vector<LieuDePiece> Report::Marques(std::span<const Piece> pieces) const {
   const auto proche = [&foret](Vec2 p) { return foret.PlusProche(p); };
   for (const Repere& marque : source_.reperes) {
     if (!index || index->Vide()) {
-      const Lieu l = Repond(marque, rayon_, tolerance_, proche);
+      const Lieu l = Repond(marque, distance_, tolerance_, proche);
       lieux.push_back(foret.EnPiece(l));
     } else if (const auto image = index->Image(marque)) {
       lieux.push_back(*image);
-    } else if (const auto l = SurImage(marque, rayon_, tolerance_, proche)) {
+    } else if (const auto l = SurImage(marque, distance_, tolerance_, proche)) {
       lieux.push_back(foret.EnPiece(*l));
     } else {
       lieux.push_back(index->LeLong(marque));

@@ -17,10 +17,11 @@ struct LieuDePiece {
   Vec2 point;
 };
 
-// Where the places of the source come out, `rayon` mm beside it; `tolerance` as of the offset.
+// Where the places of the source come out, `distance` mm beside it: to the left when positive, else to the right,
+// or on the other side where there is nothing (a pocket). `tolerance` as of the offset.
 class Report {
  public:
-  Report(const Source& source, double rayon, double tolerance);
+  Report(const Source& source, double distance, double tolerance);
 
   // The place of one closed piece that answers to the start of the source. Linear in the piece.
   [[nodiscard]] LieuDePiece Depart(const Piece& piece) const;
@@ -32,10 +33,11 @@ class Report {
   class Index;
   [[nodiscard]] double Place(const Origine& o, float part) const;
   [[nodiscard]] double Ecart(double a, double b) const;
+  [[nodiscard]] LieuDePiece Bout(const Piece& piece, std::size_t arete, double s, bool suivante) const;
   [[nodiscard]] double AuxImages(const Repere& r, const Piece& piece, std::size_t arete, LieuDePiece& lieu) const;
 
   const Source& source_;
-  double rayon_;
+  double distance_;
   double tolerance_;
   std::vector<double> longueur_;  // along the path to each vertex, and all of it behind the last
 };
