@@ -57,6 +57,36 @@ const std::map<std::string, std::set<std::string>> Permis{
       "closed/ZenikCom.h"}},
 };
 
+// The windows of a folder use what the folder itself may use, the ground of all windows and nothing of another
+// folder's windows: these they open by name.
+std::map<std::string, std::set<std::string>> PermisFenetres() {
+  std::map<std::string, std::set<std::string>> permis;
+  for (const auto& [dossier, logique] : Permis) {
+    if (dossier == "closed") continue;
+    std::set<std::string>& debuts = permis[dossier + "/ui"];
+    debuts = logique;
+    debuts.insert("core/ui/");
+    debuts.insert(dossier + "/ui/");
+  }
+  return permis;
+}
+
+bool DeFenetres(const std::string& chemin) { return chemin.find("/ui/") != std::string::npos; }
+
+// The part of a path below the project's root.
+std::string Relatif(const std::string& fichier) {
+  return fs::relative(fichier, fs::path(OVELIN_SOURCE_DIR)).generic_string();
+}
+
+// Whether one of the beginnings allows this file. "run/" does not reach the windows in "run/ui/".
+bool Autorise(const std::set<std::string>& permis, const std::string& inclus) {
+  for (const std::string& debut : permis) {
+    if (!inclus.starts_with(debut)) continue;
+    if (!DeFenetres(inclus) || DeFenetres(debut)) return true;
+  }
+  return false;
+}
+
 const std::set<std::string> Dossiers{"app",    "closed", "controller", "core",     "database",  "gcode", "machine",
                                      "manual", "run",    "tests",      "toolpath", "workspace", "fuzz",  "bench"};
 
@@ -67,19 +97,41 @@ TEST(Inclusions, EachFolderUsesOnlyWhatTheTableAllows) {
     const auto inclusions = Inclusions(dossier);
     EXPECT_FALSE(inclusions.empty()) << dossier;
     for (const Inclusion& i : inclusions) {
-      if (!DuProjet(i.inclus)) continue;
-      bool bonne = false;
-      for (const std::string& debut : permis) bonne = bonne || i.inclus.starts_with(debut);
-      EXPECT_TRUE(bonne) << i.fichier << " includes " << i.inclus;
+      if (!DuProjet(i.inclus) || DeFenetres(Relatif(i.fichier))) continue;
+      EXPECT_TRUE(Autorise(permis, i.inclus)) << i.fichier << " includes " << i.inclus;
     }
   }
+}
+
+TEST(Inclusions, WindowsUseTheirOwnFolderAndTheGroundOfWindows) {
+  int fenetres = 0;
+  for (const auto& [dossier, permis] : PermisFenetres()) {
+    for (const Inclusion& i : Inclusions(dossier)) {
+      ++fenetres;
+      if (!DuProjet(i.inclus)) continue;
+      EXPECT_TRUE(Autorise(permis, i.inclus)) << i.fichier << " includes " << i.inclus;
+    }
+  }
+  EXPECT_GT(fenetres, 50);
+}
+
+TEST(Inclusions, TheTableTellsWindowsFromLogic) {
+  const auto fenetres = PermisFenetres();
+  EXPECT_TRUE(Autorise(fenetres.at("workspace/ui"), "core/ui/Theme.h"));
+  EXPECT_TRUE(Autorise(fenetres.at("workspace/ui"), "run/Module_GCode.h"));
+  EXPECT_TRUE(Autorise(fenetres.at("workspace/ui"), "workspace/ui/F_Representation.h"));
+  EXPECT_FALSE(Autorise(fenetres.at("workspace/ui"), "run/ui/F_Fraisage.h"));
+  EXPECT_FALSE(Autorise(fenetres.at("database/ui"), "run/Module_GCode.h"));
+  EXPECT_FALSE(Autorise(fenetres.at("core/ui"), "workspace/Vue.h"));
+  EXPECT_FALSE(Autorise(Permis.at("workspace"), "core/ui/Theme.h"));
+  EXPECT_FALSE(Autorise(Permis.at("run"), "run/ui/F_Fraisage.h"));
 }
 
 TEST(Inclusions, NoLogicFolderKnowsTheWindowToolkit) {
   static const std::regex Qt(R"(^(Q[A-Z]\w+|Qt\w*/.*|q[a-z]+\.h)$)");
   for (const auto& [dossier, permis] : Permis) {
     for (const Inclusion& i : Inclusions(dossier)) {
-      if (i.fichier.find("/ui/") != std::string::npos) continue;
+      if (DeFenetres(Relatif(i.fichier))) continue;
       EXPECT_FALSE(std::regex_match(i.inclus, Qt)) << i.fichier << " includes " << i.inclus;
     }
   }

@@ -1,6 +1,7 @@
 // The translation files: the same keys, texts that fit, and every key that the code asks for by name.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -37,16 +38,28 @@ Cles LitTraduction(const std::string& langue) {
   return cles;
 }
 
-TEST(Translations, FrenchAndEnglishHoldTheSameKeys) {
+constexpr std::array<const char*, 7> Langues{"fr", "en", "de", "es", "ca", "it", "pt"};
+
+// What a translation must keep of the text: the marks of values that are put in, and the line breaks.
+std::multiset<std::string> Marques(const std::string& texte) {
+  static const std::regex Marque(R"(%[0-9a-zA-Z]|\{[^}]*\}|\\[nt]|<br/?>|&&)");
+  std::multiset<std::string> marques;
+  for (std::sregex_iterator i(texte.begin(), texte.end(), Marque), fin; i != fin; ++i) marques.insert(i->str());
+  return marques;
+}
+
+TEST(Translations, AllSevenHoldTheSameKeys) {
   const Cles fr = LitTraduction("fr");
-  const Cles en = LitTraduction("en");
   EXPECT_GT(fr.size(), 50U);
-  for (const auto& [cle, texte] : fr) EXPECT_TRUE(en.contains(cle)) << cle;
-  for (const auto& [cle, texte] : en) EXPECT_TRUE(fr.contains(cle)) << cle;
+  for (const char* langue : Langues) {
+    const Cles autre = LitTraduction(langue);
+    for (const auto& [cle, texte] : fr) EXPECT_TRUE(autre.contains(cle)) << langue << " lacks " << cle;
+    for (const auto& [cle, texte] : autre) EXPECT_TRUE(fr.contains(cle)) << "fr lacks " << cle << " of " << langue;
+  }
 }
 
 TEST(Translations, TextsAreNeitherEmptyNorCutOnReading) {
-  for (const char* langue : {"fr", "en"}) {
+  for (const char* langue : Langues) {
     for (const auto& [cle, texte] : LitTraduction(langue)) {
       EXPECT_FALSE(texte.empty()) << langue << " " << cle;
       EXPECT_LE(texte.size(), 255U) << langue << " " << cle;
@@ -54,10 +67,57 @@ TEST(Translations, TextsAreNeitherEmptyNorCutOnReading) {
   }
 }
 
-TEST(Translations, CommentsOfGCodeHoldNoParenthesis) {
-  for (const char* langue : {"fr", "en"}) {
+TEST(Translations, KeepThePlacesOfValuesAndTheLineBreaks) {
+  EXPECT_EQ(Marques("a %1 of {x}\\n"), (std::multiset<std::string>{"%1", "{x}", "\\n"}));
+  const Cles fr = LitTraduction("fr");
+  for (const char* langue : Langues) {
     for (const auto& [cle, texte] : LitTraduction(langue)) {
-      if (!cle.starts_with("F_Fraisage/")) continue;
+      const auto francais = fr.find(cle);
+      if (francais == fr.end()) continue;
+      EXPECT_EQ(Marques(texte), Marques(francais->second)) << langue << " " << cle;
+    }
+  }
+}
+
+// In a file of 8-bit text a byte above 127 is a letter of Windows-1252; five bytes are none, and a sequence that
+// reads as UTF-8 would be taken for it.
+TEST(Translations, EveryByteIsALetterOfWindows1252) {
+  const std::set<unsigned char> aucune{0x81, 0x8D, 0x8F, 0x90, 0x9D};
+  for (const char* langue : Langues) {
+    for (const auto& [cle, texte] : LitTraduction(langue)) {
+      for (std::size_t i = 0; i < texte.size(); ++i) {
+        const auto octet = static_cast<unsigned char>(texte[i]);
+        EXPECT_FALSE(aucune.contains(octet)) << langue << " " << cle;
+        EXPECT_GE(octet, 0x20) << langue << " " << cle;
+        const bool suite = i + 1 < texte.size() && (static_cast<unsigned char>(texte[i + 1]) & 0xC0U) == 0x80U;
+        EXPECT_FALSE(octet >= 0xC2 && octet < 0xF5 && suite) << langue << " " << cle << " holds UTF-8";
+      }
+    }
+  }
+}
+
+// A letter behind "&" is the key of its control; two "&" in a text are one too many.
+TEST(Translations, ATextHasAtMostOneKeyLetter) {
+  for (const char* langue : Langues) {
+    for (const auto& [cle, texte] : LitTraduction(langue)) {
+      std::size_t lettres = 0;
+      for (std::size_t i = 0; i + 1 < texte.size(); ++i) {
+        if (texte[i] != '&') continue;
+        if (texte[i + 1] == '&') {
+          ++i;
+        } else if (texte[i + 1] != ' ') {
+          ++lettres;
+        }
+      }
+      EXPECT_LE(lettres, 1U) << langue << " " << cle;
+    }
+  }
+}
+
+TEST(Translations, CommentsOfGCodeHoldNoParenthesis) {
+  for (const char* langue : Langues) {
+    for (const auto& [cle, texte] : LitTraduction(langue)) {
+      if (!cle.starts_with("F_Fraisage/lib")) continue;
       EXPECT_EQ(texte.find_first_of("()"), std::string::npos) << langue << " " << cle << " " << texte;
     }
   }
