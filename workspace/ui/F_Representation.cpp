@@ -260,6 +260,8 @@ void F_Representation::changeEvent(QEvent* e) {
 // --- the document on show ------------------------------------------------------------------------------------------
 
 void F_Representation::Rafraichit() {
+  // What an opening leaves on its way isn't shown, and no step of undo leads there.
+  if (ouverture_) return;
   vide_->setVisible(TraceInitial.empty());
   panneau_->RemplitArbres();
   panneau_->InitSeq();
@@ -268,6 +270,7 @@ void F_Representation::Rafraichit() {
 
 void F_Representation::DessinOuvert(bool ouvert) {
   commandes_->DessinOuvert(ouvert);
+  ouverture_ = !ouvert;
   if (!ouvert) {
     commandes_->Active("mnu_Undo", false);
     return;

@@ -79,6 +79,7 @@ class F_Representation : public QMainWindow {
   FrameAvancement* cadre_ = nullptr;
   QTimer* Timer_Interro_ = nullptr;
   bool charge_ = false;
+  bool ouverture_ = false;  // a drawing is being opened
   bool dechargee_ = false;
 };
 
