@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "core/TableDecoupe.h"
 #include "run/Module_GCode.h"
@@ -31,7 +33,7 @@ struct ResumePlan {
   bool vide = false;  // there is no tool path
   FiguresPlan figures;
   std::int32_t sequences = 0;       // paths that are milled
-  std::int64_t passes = 0;          // of all of them
+  std::int64_t passes = 0;          // of the path that takes the most
   double VSansRampe = 0, VMax = 0;  // mm/s; 1e10 without a move in the plane
 };
 ResumePlan PlanifiePourFenetre();
@@ -50,6 +52,11 @@ std::string PasVit_Mat_H(const std::string& texte, int index);
 // Btn_Gener_GCODE: speeds as they stand in the fields, a name after the drawing's where none was used yet, the
 // writer. False: refused or cancelled; the speeds are then those of before.
 bool GenereGCode(const std::string& vitesseH, const std::string& vitesseV, EcritureNC& resultat);
+
+// The window closes: both speeds are written, and the place of its corner on the screen (pixels; kept in twips with
+// the user's settings, never in a project).
+void FermeFraisage(int gauche, int haut);
+std::optional<std::pair<int, int>> LitPlaceFraisage();
 
 std::string TexteDuree(double secondes);  // "1 h 02 min 05 s"
 

@@ -1,0 +1,201 @@
+#include "run/Module_Fraisage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <map>
+#include <utility>
+
+#include "core/Cles.h"
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "machine/Module_Table.h"
+#include "run/NoyauPlan.h"
+#include "toolpath/Module_Sequence.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr double VitesseMaximum = 1e9;  // mm/s, what the writer takes at most
+constexpr int TwipsPixel = 15;
+constexpr double VitesseMinimum = 0.1;  // mm/s, of the step buttons
+
+void Etend(FiguresPlan& f, const Deplacement& d) {
+  const auto x = static_cast<double>(d.X);
+  const auto y = static_cast<double>(d.Y);
+  if (!f.coupe) {
+    f.xmin = f.xmax = x;
+    f.ymin = f.ymax = y;
+    f.coupe = true;
+    return;
+  }
+  f.xmin = std::min(f.xmin, x);
+  f.xmax = std::max(f.xmax, x);
+  f.ymin = std::min(f.ymin, y);
+  f.ymax = std::max(f.ymax, y);
+}
+
+// Where the tool cuts: what it does below the surface, and ways in the plane at it (a pen). The final descent to
+// the surface at the origin is none.
+void Etend(FiguresPlan& f, const Deplacement& avant, const Deplacement& d) {
+  const bool plan = d.X != avant.X || d.Y != avant.Y;
+  if (d.Z > 0 || (d.Z == 0 && !plan)) return;
+  if (plan) Etend(f, avant);
+  Etend(f, d);
+}
+
+struct Usinage {
+  std::int32_t sequences = 0;
+  std::int64_t passes = 0;
+};
+
+// Paths that are milled, and the passes of the one that takes the most.
+Usinage CompteUsinage() {
+  const IndexCodes index;
+  std::map<double, std::int64_t> passesParProfondeur;
+  Usinage u;
+  Code2 precedent = CodeAucun;
+  for (const SequenceDecalee& trace : TraceDecale) {
+    if (trace.Points.empty()) continue;
+    ProprietesSequence proprietes;
+    LitSequence(index, trace.Seq, proprietes);
+    if (proprietes.Fraiser == Faux) continue;
+    // the records of one path follow each other
+    if (u.sequences == 0 || !(trace.Seq == precedent)) ++u.sequences;
+    precedent = trace.Seq;
+    const auto [place, neuve] = passesParProfondeur.try_emplace(proprietes.Profondeur, 0);
+    if (neuve) place->second = NombrePasses(proprietes.Profondeur, ProfPasse);
+    u.passes = std::max(u.passes, place->second);
+  }
+  return u;
+}
+
+bool VitesseValable(double v) { return v > 0 && v <= VitesseMaximum; }
+
+std::string EntreVitesse(double& vitesse, const std::string& texte) {
+  const auto v = LitNombre(texte);
+  if (!v) return "lib020";
+  if (!VitesseValable(*v)) return "lib021";
+  if (*v == vitesse) return "";
+  vitesse = *v;
+  Modifie = Vrai;
+  EcritMateriau();
+  return "";
+}
+
+// The drawing's name in its own folder.
+std::string NomPropose() {
+  if (FichierCourant.empty()) return "";
+  return NomSansExtension(FichierCourant) + ".nc";
+}
+
+}  // namespace
+
+FiguresPlan FiguresDe(std::span<const Deplacement> lignes) {
+  FiguresPlan f;
+  double x = 0;
+  double y = 0;
+  double z = 0;
+  for (std::size_t i = 1; i < lignes.size(); ++i) {
+    const Deplacement& d = lignes[i];
+    const double ecartX = static_cast<double>(d.X) - x;
+    const double ecartY = static_cast<double>(d.Y) - y;
+    const double ecartZ = static_cast<double>(d.Z) - z;
+    const double distance = std::sqrt(ecartX * ecartX + ecartY * ecartY + ecartZ * ecartZ);
+    f.longueur += distance;
+    if (d.Z <= 0) f.longueurMatiere += distance;
+    if (d.Vitesse != 0) f.temps += distance / static_cast<double>(d.Vitesse);
+    f.fond = std::min(f.fond, static_cast<double>(d.Z));
+    Etend(f, lignes[i - 1], d);
+    x = static_cast<double>(d.X);
+    y = static_cast<double>(d.Y);
+    z = static_cast<double>(d.Z);
+    ++f.lignes;
+  }
+  return f;
+}
+
+ResumePlan PlanifiePourFenetre() {
+  ResumePlan resume;
+  resume.vide = TraceDecale.empty();
+  if (resume.vide) return resume;
+  resume.refus = VerifiePlan();
+  if (resume.refus || !Tableau_Decoupe()) return resume;
+  resume.figures = FiguresDe({TableDecoupe.data() + 1, static_cast<std::size_t>(NbDeplacements)});
+  const Usinage usinage = CompteUsinage();
+  resume.sequences = usinage.sequences;
+  resume.passes = usinage.passes;
+  std::int16_t reserve = 0;
+  Vitesse_Decoupe_H(resume.VSansRampe, resume.VMax, reserve);
+  return resume;
+}
+
+void ChargeFraisage() {
+  if (ProfPasse == 0) ProfPasse = -1;
+}
+
+std::string EntreVit_Mat_H(const std::string& texte) { return EntreVitesse(Vitesse_Mat_H, texte); }
+std::string EntreVit_Mat_V(const std::string& texte) { return EntreVitesse(Vitesse_Mat_V, texte); }
+
+std::string PasVit_Mat_H(const std::string& texte, int index) {
+  const double pas = index == 1 ? -1 : index == 2 ? -0.1 : index == 3 ? 0.1 : index == 4 ? 1 : 0;
+  const double maximum = static_cast<double>(std::min(VitesseMaxX, VitesseMaxY));
+  const double v = LitNombre(texte).value_or(Vitesse_Mat_H) + pas;
+  return Formate(std::max(VitesseMinimum, std::min(v, maximum)), "0.0");
+}
+
+bool GenereGCode(const std::string& vitesseH, const std::string& vitesseV, EcritureNC& resultat) {
+  const bool bonneH = EntreVit_Mat_H(vitesseH).empty();
+  const bool bonneV = EntreVit_Mat_V(vitesseV).empty();
+  const double avantH = Vitesse_Mat_H;
+  const double avantV = Vitesse_Mat_V;
+  // A refused one as it stands in its field, so that the writer says what is wrong; it isn't kept.
+  if (!bonneH) Vitesse_Mat_H = LitNombre(vitesseH).value_or(0);
+  if (!bonneV) Vitesse_Mat_V = LitNombre(vitesseV).value_or(0);
+  const bool propose = NomFichierNC.empty();
+  const std::string nom = NomPropose();
+  if (propose) NomFichierNC = nom;
+  const bool ecrit = EcritGCode("", resultat);
+  Vitesse_Mat_H = avantH;
+  Vitesse_Mat_V = avantV;
+  // A name that nobody has chosen isn't one that was used.
+  if (!ecrit && propose && NomFichierNC == nom) NomFichierNC.clear();
+  return ecrit;
+}
+
+void FermeFraisage(int gauche, int haut) {
+  const LotCles lot;
+  EcrireCle("Vitesse_Mat_H", TexteNombre(Vitesse_Mat_H));
+  EcrireCle("Vitesse_Mat_V", TexteNombre(Vitesse_Mat_V));
+  const std::string projet = std::exchange(FichierProjet, std::string());
+  EcrireCle("F_Fraisage_Left", TexteNombre(static_cast<long>(gauche) * TwipsPixel));
+  EcrireCle("F_Fraisage_Top", TexteNombre(static_cast<long>(haut) * TwipsPixel));
+  FichierProjet = projet;
+}
+
+std::optional<std::pair<int, int>> LitPlaceFraisage() {
+  const auto gauche = LitNombre(LireCleIni("F_Fraisage_Left", ""));
+  const auto haut = LitNombre(LireCleIni("F_Fraisage_Top", ""));
+  if (!gauche || !haut) return std::nullopt;
+  return std::pair<int, int>{Arrondi32(*gauche / TwipsPixel), Arrondi32(*haut / TwipsPixel)};
+}
+
+std::string TexteDuree(double secondes) {
+  const auto total = static_cast<long>(Arrondi32(std::max(0.0, secondes)));
+  const long heures = total / 3600;
+  const long minutes = total / 60 % 60;
+  char tampon[64];
+  if (heures > 0) {
+    std::snprintf(tampon, sizeof tampon, "%ld h %02ld min %02ld s", heures, minutes, total % 60);
+  } else if (minutes > 0) {
+    std::snprintf(tampon, sizeof tampon, "%ld min %02ld s", minutes, total % 60);
+  } else {
+    std::snprintf(tampon, sizeof tampon, "%ld s", total);
+  }
+  return tampon;
+}
+
+}  // namespace ovelin
