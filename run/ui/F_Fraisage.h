@@ -7,7 +7,6 @@
 #include "core/ui/ChampNombre.h"
 #include "run/Module_Fraisage.h"
 
-class QGridLayout;
 class QLabel;
 class QLayout;
 class QProgressBar;
@@ -16,6 +15,8 @@ class QTimer;
 class QToolButton;
 
 namespace ovelin {
+
+class PanneauPlan;
 
 class F_Fraisage : public QDialog {
   Q_OBJECT
@@ -33,15 +34,12 @@ class F_Fraisage : public QDialog {
  private:
   void Construit();
   QLayout* ConstruitVitesses();
-  QLayout* ConstruitPlan();
   QLayout* ConstruitFichier();
-  QLabel* AjouteFigure(QGridLayout& grille, int ligne, int colonne, const char* nom, const QString& titre);
   void RetablitPlace();
 
   void VitesseQuitte(ChampNombre& champ, bool change);
   void Pas(int index);
   void Planifie();
-  void MontrePlan();
   void MontreTotaux(double longueur, double temps);
   void Btn_Gener_GCODE_Click();
   void Libre(bool libre);
@@ -52,7 +50,7 @@ class F_Fraisage : public QDialog {
   ChampNombre* TB_Vit_Mat_H_ = nullptr;
   ChampNombre* TB_Vit_Mat_V_ = nullptr;
   std::array<QToolButton*, 4> CB_VitMat_{};
-  QLabel* Lbl_Avis_ = nullptr;
+  PanneauPlan* plan_ = nullptr;
   QLineEdit* TB_LongueurParcours_NC_ = nullptr;
   QLineEdit* TB_TempsFraisage_NC_ = nullptr;
   QLabel* Lbl_Duree_ = nullptr;

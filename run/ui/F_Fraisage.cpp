@@ -1,0 +1,291 @@
+#include "run/ui/F_Fraisage.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/ServicesQt.h"
+#include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
+#include "run/ui/PanneauPlan.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Fraisage";
+constexpr int PeriodeSuivi = 50;  // ms between two looks at the writing
+constexpr int PasBarre = 1000;
+
+QString T(const char* cle, const char* sinon) {
+  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
+}
+
+QLabel* Etiquette(const char* nom, const char* texte, QWidget* controle) {
+  auto* etiquette = new QLabel(QString::fromUtf8(texte));
+  etiquette->setObjectName(QString::fromLatin1(nom));
+  etiquette->setBuddy(controle);
+  return etiquette;
+}
+
+QLineEdit* Total(const char* nom, const char* bulle, QWidget* parent) {
+  auto* champ = new QLineEdit(parent);
+  champ->setObjectName(QString::fromLatin1(nom));
+  champ->setReadOnly(true);
+  champ->setAlignment(Qt::AlignRight);
+  champ->setToolTip(QString::fromUtf8(bulle));
+  champ->setMaximumWidth(120);
+  return champ;
+}
+
+QGroupBox* Groupe(const char* nom, const char* titre, QLayout* contenu, QWidget* parent) {
+  auto* groupe = new QGroupBox(QString::fromUtf8(titre), parent);
+  groupe->setObjectName(QString::fromLatin1(nom));
+  contenu->setContentsMargins(8, 6, 8, 8);
+  groupe->setLayout(contenu);
+  return groupe;
+}
+
+}  // namespace
+
+F_Fraisage::F_Fraisage(QWidget* parent) : QDialog(parent) {
+  setModal(true);
+  ChargeFraisage();
+  Construit();
+  PrepareFenetre(*this, Section);
+  TB_Vit_Mat_H_->Montre(TexteNombre(Vitesse_Mat_H));
+  TB_Vit_Mat_V_->Montre(TexteNombre(Vitesse_Mat_V));
+  Planifie();
+  RetablitPlace();
+  Btn_Gener_GCODE_->setFocus();
+}
+
+void F_Fraisage::Construit() {
+  setWindowTitle(QStringLiteral("Fraisage"));
+  suivi_ = new QTimer(this);
+  suivi_->setInterval(PeriodeSuivi);
+  connect(suivi_, &QTimer::timeout, this, &F_Fraisage::MontreAvancement);
+
+  auto* boite = new QVBoxLayout(this);
+  boite->setContentsMargins(8, 8, 8, 8);
+  boite->setSpacing(8);
+  boite->addWidget(Groupe("Frame_Vitesses", "Vitesses", ConstruitVitesses(), this));
+  plan_ = new PanneauPlan(this);
+  boite->addWidget(plan_);
+  boite->addWidget(Groupe("Frame_GCODE", "Fichier GCODE", ConstruitFichier(), this));
+  boite->addStretch();
+
+  Btn_Fermer_ = new QPushButton(QStringLiteral("Fermer"), this);
+  Btn_Fermer_->setObjectName(QStringLiteral("Btn_Fermer"));
+  Btn_Fermer_->setToolTip(QString::fromUtf8("Fermer la fenêtre"));
+  Btn_Fermer_->setAutoDefault(false);
+  connect(Btn_Fermer_, &QPushButton::clicked, this, &F_Fraisage::reject);
+  auto* rangee = new QHBoxLayout;
+  rangee->addStretch();
+  rangee->addWidget(Btn_Fermer_);
+  boite->addLayout(rangee);
+}
+
+QLayout* F_Fraisage::ConstruitVitesses() {
+  TB_Vit_Mat_H_ = new ChampNombre(QStringLiteral("TB_Vit_Mat_H"), QStringLiteral("mm/s"), this);
+  TB_Vit_Mat_H_->setToolTip(QString::fromUtf8("Avance de l'outil dans la matière"));
+  TB_Vit_Mat_V_ = new ChampNombre(QStringLiteral("TB_Vit_Mat_V"), QStringLiteral("mm/s"), this);
+  TB_Vit_Mat_V_->setToolTip(QString::fromUtf8("Vitesse de l'outil quand il descend dans la matière"));
+  auto* pas = new QHBoxLayout;
+  pas->setSpacing(2);
+  pas->addWidget(TB_Vit_Mat_H_, 1);
+  static constexpr std::array<const char*, 4> Textes{"-1", "-0,1", "+0,1", "+1"};
+  for (int index = 1; index <= 4; ++index) {
+    const auto i = static_cast<std::size_t>(index) - 1;
+    auto* bouton = new QToolButton(this);
+    bouton->setObjectName(QStringLiteral("CB_VitMat_%1").arg(index));
+    QString texte = QString::fromLatin1(Textes[i]);
+    if (Svc.MarqueDecimale == '.') texte.replace(QLatin1Char(','), QLatin1Char('.'));
+    bouton->setText(texte);
+    bouton->setFocusPolicy(Qt::StrongFocus);
+    bouton->setToolTip(QString::fromUtf8("Change la vitesse matière"));
+    bouton->setAccessibleName(T("Lbl_Vit_Mat_H", "Vitesse matière") + QLatin1Char(' ') + texte);
+    bouton->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    connect(bouton, &QToolButton::clicked, this, [this, index] { Pas(index); });
+    CB_VitMat_[i] = bouton;
+    pas->addWidget(bouton);
+  }
+  auto* grille = new QGridLayout;
+  grille->setHorizontalSpacing(8);
+  grille->setVerticalSpacing(6);
+  grille->addWidget(Etiquette("Lbl_Vit_Mat_H", "Vitesse &matière :", TB_Vit_Mat_H_), 0, 0);
+  grille->addLayout(pas, 0, 1);
+  grille->addWidget(Etiquette("Lbl_Vit_Mat_V", "Vitesse &descente :", TB_Vit_Mat_V_), 1, 0);
+  auto* descente = new QHBoxLayout;
+  descente->addWidget(TB_Vit_Mat_V_, 1);
+  descente->addStretch(1);
+  grille->addLayout(descente, 1, 1);
+  grille->setColumnStretch(1, 1);
+  connect(TB_Vit_Mat_H_, &ChampNombre::Quitte, this, [this](bool c) { VitesseQuitte(*TB_Vit_Mat_H_, c); });
+  connect(TB_Vit_Mat_V_, &ChampNombre::Quitte, this, [this](bool c) { VitesseQuitte(*TB_Vit_Mat_V_, c); });
+  return grille;
+}
+
+QLayout* F_Fraisage::ConstruitFichier() {
+  TB_LongueurParcours_NC_ =
+      Total("TB_LongueurParcours_NC", "Longueur du parcours, déplacements rapides compris", this);
+  TB_TempsFraisage_NC_ =
+      Total("TB_TempsFraisage_NC", "Temps à vitesse constante : les rampes de la machine s'y ajoutent", this);
+  Lbl_Duree_ = Etiquette("Lbl_Duree", "", nullptr);
+  ProgressBar_NC_ = new QProgressBar(this);
+  ProgressBar_NC_->setObjectName(QStringLiteral("ProgressBar_NC"));
+  ProgressBar_NC_->setToolTip(QString::fromUtf8("Avancement de l'écriture"));
+  ProgressBar_NC_->setRange(0, PasBarre);
+  ProgressBar_NC_->setTextVisible(false);
+  QSizePolicy garde = ProgressBar_NC_->sizePolicy();
+  garde.setRetainSizeWhenHidden(true);  // nothing jumps when it comes
+  ProgressBar_NC_->setSizePolicy(garde);
+  ProgressBar_NC_->setMaximumHeight(10);
+  ProgressBar_NC_->hide();
+  Lbl_Resultat_ = Etiquette("Lbl_Resultat", "", nullptr);
+  Lbl_Resultat_->setWordWrap(true);
+  Lbl_Resultat_->setTextFormat(Qt::PlainText);
+  Lbl_Resultat_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  Lbl_Resultat_->setProperty("texteLibre", true);
+
+  Btn_Gener_GCODE_ = new QPushButton(QString::fromUtf8("&Générer le fichier GCODE"), this);
+  Btn_Gener_GCODE_->setObjectName(QStringLiteral("Btn_Gener_GCODE"));
+  Btn_Gener_GCODE_->setIcon(IconeProgramme(QStringLiteral("Btn_Gener_GCODE")));
+  Btn_Gener_GCODE_->setIconSize({24, 24});
+  Btn_Gener_GCODE_->setToolTip(QString::fromUtf8("Planifier le dessin et écrire le fichier .nc"));
+  Btn_Gener_GCODE_->setDefault(true);
+  Btn_Gener_GCODE_->setMinimumHeight(38);
+  QFont gras = Btn_Gener_GCODE_->font();
+  gras.setBold(true);
+  Btn_Gener_GCODE_->setFont(gras);
+  connect(Btn_Gener_GCODE_, &QPushButton::clicked, this, &F_Fraisage::Btn_Gener_GCODE_Click);
+
+  auto* grille = new QGridLayout;
+  grille->setHorizontalSpacing(8);
+  grille->setVerticalSpacing(6);
+  grille->addWidget(Etiquette("Lbl_Longueur_NC", "Longueur parcours en mm", TB_LongueurParcours_NC_), 0, 0);
+  grille->addWidget(TB_LongueurParcours_NC_, 0, 1);
+  grille->addWidget(Etiquette("Lbl_Temps_NC", "Temps de fraisage en secondes", TB_TempsFraisage_NC_), 1, 0);
+  grille->addWidget(TB_TempsFraisage_NC_, 1, 1);
+  grille->addWidget(Lbl_Duree_, 1, 2);
+  grille->setColumnStretch(2, 1);
+  grille->addWidget(Btn_Gener_GCODE_, 2, 0, 1, 3);
+  grille->addWidget(ProgressBar_NC_, 3, 0, 1, 3);
+  grille->addWidget(Lbl_Resultat_, 4, 0, 1, 3);
+  return grille;
+}
+
+// The window comes back where it was, as far as a screen shows that place.
+void F_Fraisage::RetablitPlace() {
+  const auto place = LitPlaceFraisage();
+  if (!place) return;
+  const QPoint coin(place->first, place->second);
+  const QScreen* ecran = QGuiApplication::screenAt(coin);
+  if (ecran == nullptr) return;
+  const QRect libre = ecran->availableGeometry();
+  const QSize taille = sizeHint();
+  move(std::max(libre.left(), std::min(coin.x(), libre.right() - taille.width())),
+       std::max(libre.top(), std::min(coin.y(), libre.bottom() - taille.height())));
+}
+
+void F_Fraisage::VitesseQuitte(ChampNombre& champ, bool change) {
+  if (!change) return;
+  const bool h = &champ == TB_Vit_Mat_H_;
+  const std::string refus = h ? EntreVit_Mat_H(champ.Texte()) : EntreVit_Mat_V(champ.Texte());
+  if (!refus.empty()) {
+    champ.Refuse(refus == "lib020" ? T("lib020", "Ce n'est pas un nombre.")
+                                   : T("lib021", "La vitesse doit être supérieure à 0."));
+    return;
+  }
+  champ.Accepte();
+  champ.Montre(TexteNombre(h ? Vitesse_Mat_H : Vitesse_Mat_V));
+  Planifie();
+}
+
+void F_Fraisage::Pas(int index) {
+  const std::string texte = PasVit_Mat_H(TB_Vit_Mat_H_->Texte(), index);
+  TB_Vit_Mat_H_->Accepte();
+  TB_Vit_Mat_H_->Montre(texte);
+  EntreVit_Mat_H(texte);
+  Planifie();
+}
+
+void F_Fraisage::Planifie() {
+  resume_ = PlanifiePourFenetre();
+  plan_->Montre(resume_);
+  MontreTotaux(resume_.figures.longueur, resume_.figures.temps);
+  Lbl_Resultat_->clear();
+}
+
+void F_Fraisage::MontreTotaux(double longueur, double temps) {
+  TB_LongueurParcours_NC_->setText(QString::fromStdString(Formate(longueur, "####0.0")));
+  TB_TempsFraisage_NC_->setText(QString::fromStdString(Formate(temps, "####0.0")));
+  Lbl_Duree_->setText(QString::fromStdString(TexteDuree(temps)));
+}
+
+void F_Fraisage::MontreAvancement() {
+  if (!ecrit_) return;
+  MontreTotaux(ecriture_.LongueurNC, ecriture_.TempsNC);
+  const double total = std::max(1.0, static_cast<double>(NbDeplacements) - 1);
+  ProgressBar_NC_->setValue(static_cast<int>(PasBarre * static_cast<double>(ecriture_.deplacements) / total));
+}
+
+void F_Fraisage::Libre(bool libre) {
+  ecrit_ = !libre;
+  for (QWidget* w : {static_cast<QWidget*>(TB_Vit_Mat_H_), static_cast<QWidget*>(TB_Vit_Mat_V_),
+                     static_cast<QWidget*>(Btn_Gener_GCODE_), static_cast<QWidget*>(Btn_Fermer_)}) {
+    w->setEnabled(libre);
+  }
+  for (QToolButton* bouton : CB_VitMat_) bouton->setEnabled(libre);
+  ProgressBar_NC_->setVisible(!libre);
+  if (libre) {
+    suivi_->stop();
+  } else {
+    ProgressBar_NC_->setValue(0);
+    suivi_->start();
+  }
+}
+
+void F_Fraisage::Btn_Gener_GCODE_Click() {
+  if (ecrit_) return;
+  const Passe passe;
+  Lbl_Resultat_->clear();
+  Libre(false);
+  const bool ecrite = GenereGCode(TB_Vit_Mat_H_->Texte(), TB_Vit_Mat_V_->Texte(), ecriture_);
+  Libre(true);
+  Btn_Gener_GCODE_->setFocus();
+  if (!ecrite) {
+    MontreTotaux(resume_.figures.longueur, resume_.figures.temps);
+    return;
+  }
+  MontreTotaux(ecriture_.LongueurNC, ecriture_.TempsNC);
+  Lbl_Resultat_->setText(T("lib022", "Fichier écrit :") + QLatin1Char(' ') +
+                         QString::fromStdString(NomDe(NomFichierNC)));
+  Lbl_Resultat_->setToolTip(QString::fromStdString(NomFichierNC));
+}
+
+void F_Fraisage::done(int resultat) {
+  if (ecrit_) {  // the file is finished first
+    Apres([moi = QPointer<F_Fraisage>(this), resultat] {
+      if (moi != nullptr) moi->done(resultat);
+    });
+    return;
+  }
+  FermeFraisage(x(), y());
+  QDialog::done(resultat);
+}
+
+}  // namespace ovelin

@@ -1,0 +1,105 @@
+#include "run/ui/PanneauPlan.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/ui/TraduitFenetre.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr double SansMouvement = 1e10;  // what the speeds are without a move in the plane
+
+QString T(const char* cle, const char* sinon) {
+  return TraduireOu("F_Fraisage", QString::fromLatin1(cle), QString::fromUtf8(sinon));
+}
+
+QString Mesure(double v, const char* motif, const char* unite) {
+  return QString::fromStdString(Formate(v, motif)) + QLatin1Char(' ') + QLatin1String(unite);
+}
+
+QString Vitesse(double v) { return v < SansMouvement ? Mesure(v, "0.00", "mm/s") : QStringLiteral("-"); }
+
+QString Etendue(double debut, double fin) {
+  return QString::fromStdString(Formate(debut, "0.0")) + QStringLiteral(" / ") + Mesure(fin, "0.0", "mm");
+}
+
+QString Entier(long n) { return QString::fromStdString(TexteNombre(n)); }
+
+}  // namespace
+
+PanneauPlan::PanneauPlan(QWidget* parent) : QGroupBox(QStringLiteral("Parcours"), parent) {
+  setObjectName(QStringLiteral("Frame_Plan"));
+  auto* grille = new QGridLayout(this);
+  grille->setContentsMargins(8, 6, 8, 8);
+  grille->setHorizontalSpacing(8);
+  grille->setVerticalSpacing(4);
+  sequences_ = Figure(*grille, 0, 0, "Sequences", "Séquences :", "Séquences fraisées");
+  passes_ = Figure(*grille, 0, 1, "Passes", "Passes :", "Passes de la séquence la plus profonde");
+  fond_ = Figure(*grille, 1, 0, "Fond", "Profondeur :", "Point le plus bas de l'outil");
+  rayon_ = Figure(*grille, 1, 1, "Rayon", "Rayon de l'outil :", "Rayon de l'outil du dessin");
+  etendueX_ = Figure(*grille, 2, 0, "EtendueX", "Étendue X :", "Où l'outil coupe en X : début et fin");
+  etendueY_ = Figure(*grille, 2, 1, "EtendueY", "Étendue Y :", "Où l'outil coupe en Y : début et fin");
+  sansRampe_ =
+      Figure(*grille, 3, 0, "VSansRampe", "Sans rampe :", "Vitesse la plus haute qui ne demande pas de rampe");
+  maxi_ =
+      Figure(*grille, 3, 1, "VMax", "Vitesse maxi :", "Vitesse la plus haute que les axes suivent sur ce parcours");
+  lignes_ = Figure(*grille, 4, 0, "Lignes", "Déplacements :", "Lignes du plan");
+  avis_ = new QLabel(this);
+  avis_->setObjectName(QStringLiteral("Lbl_Avis"));
+  avis_->setWordWrap(true);
+  avis_->setTextFormat(Qt::PlainText);
+  QFont gras = avis_->font();
+  gras.setBold(true);
+  avis_->setFont(gras);
+  grille->addWidget(avis_, 5, 0, 1, 4);
+  for (const int colonne : {1, 3}) grille->setColumnStretch(colonne, 1);
+}
+
+// A title "Lbl_<nom>" and its value "Val_<nom>".
+QLabel* PanneauPlan::Figure(QGridLayout& grille, int ligne, int colonne, const char* nom, const char* titre,
+                            const char* bulle) {
+  auto* etiquette = new QLabel(QString::fromUtf8(titre), this);
+  etiquette->setObjectName(QStringLiteral("Lbl_") + QLatin1String(nom));
+  etiquette->setToolTip(QString::fromUtf8(bulle));
+  auto* valeur = new QLabel(this);
+  valeur->setObjectName(QStringLiteral("Val_") + QLatin1String(nom));
+  valeur->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  valeur->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  grille.addWidget(etiquette, ligne, 2 * colonne);
+  grille.addWidget(valeur, ligne, 2 * colonne + 1);
+  return valeur;
+}
+
+QString PanneauPlan::Avis(const ResumePlan& resume) const {
+  if (resume.vide) return T("lib040", "Il n'y a pas de trajet d'outil : ouvrez d'abord un dessin.");
+  if (resume.refus) return QString::fromStdString(resume.refus.texte);
+  if (resume.sequences == 0) return T("lib023", "Aucune séquence n'est à fraiser.");
+  if (Vitesse_Mat_H > resume.VMax) {
+    return T("lib024", "La vitesse matière dépasse la vitesse maxi de ce parcours.");
+  }
+  return {};
+}
+
+void PanneauPlan::Montre(const ResumePlan& resume) {
+  const FiguresPlan& f = resume.figures;
+  const bool plan = !resume.vide && !resume.refus;
+  const QString rien = QStringLiteral("-");
+  sequences_->setText(plan ? Entier(resume.sequences) : rien);
+  passes_->setText(plan ? Entier(static_cast<long>(resume.passes)) : rien);
+  lignes_->setText(plan ? Entier(f.lignes) : rien);
+  fond_->setText(plan ? Mesure(f.fond, "0.0##", "mm") : rien);
+  rayon_->setText(Mesure(RayonFraise, "0.0##", "mm"));
+  sansRampe_->setText(plan ? Vitesse(resume.VSansRampe) : rien);
+  maxi_->setText(plan ? Vitesse(resume.VMax) : rien);
+  etendueX_->setText(f.coupe ? Etendue(f.xmin, f.xmax) : rien);
+  etendueY_->setText(f.coupe ? Etendue(f.ymin, f.ymax) : rien);
+  const QString avis = Avis(resume);
+  avis_->setText(avis);
+  avis_->setVisible(!avis.isEmpty());
+}
+
+}  // namespace ovelin
