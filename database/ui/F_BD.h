@@ -2,11 +2,14 @@
 #pragma once
 
 #include <QDialog>
+#include <array>
 #include <functional>
 #include <string>
 
 #include "database/GrilleBD.h"
 
+class QAction;
+class QKeyEvent;
 class QMenu;
 class QTableWidget;
 
@@ -25,42 +28,49 @@ class F_BD : public QDialog {
  protected:
   bool eventFilter(QObject* objet, QEvent* e) override;
   void resizeEvent(QResizeEvent* e) override;
+  void changeEvent(QEvent* e) override;
 
  private:
-  enum class Ouverture { ToutChoisi, Fin };
+  enum class Choix { Tout, Fin };  // what of the cell's text is selected, or the caret behind it
 
+  // F_BD.cpp: layout, filling, validation
   void Construit();
+  void ConstruitGrille();
   void ConstruitMenu();
   void EnTetes();
   void Remplit();
   void MontreLigne(int ligne);
   void Elargit();
+  void Valide();
+  bool Refuse();  // says what is wrong and goes there; false when nothing is
+  void MontreFaute(int ligne, int colonne, const QString& raison);
+  void OteFaute();
+  bool Ecrit();  // false, and said, when the settings file can't be written
 
-  bool ToucheGrille(int touche, int modificateurs, const QString& texte);
-  void OuvreSaisie(int ligne, int colonne, Ouverture ouverture);
+  // SaisieGrilleBD.cpp: the editor, the keys, the rows
+  bool ToucheGrille(const QKeyEvent& e);
+  bool ToucheSaisie(const QKeyEvent& e);
+  void OuvreSaisie(int ligne, int colonne, Choix choix);
   void PlaceSaisie();
-  void RangeSaisie();  // its text into the cell; the editor is emptied and hidden
-  void AbandonneSaisie();
-  void Avance(bool enAvant, bool ouvre);
-  void Monte(int lignes);
+  void RangeSaisie();         // its text into the cell, then as below
+  void AbandonneSaisie();     // emptied and hidden
+  bool Avance(bool enAvant);  // to the next cell or the one before; false at the end
   void Pose(int ligne, int colonne, const std::string& texte);
-  void MenuEn(int ligne, const QPoint& place);
+  void OuvreMenu(int ligne, int colonne, const QPoint& place);
   void Insere();
   void Supprime();
   void Copie() const;
   void Colle();
 
-  void Valide();
-  bool Refuse();  // says what is wrong and goes there; false when nothing is
-  void MontreFaute(int ligne, int colonne, const QString& raison);
-  void OteFaute();
-
   GrilleBD grille_;
+  bool modifiee_ = false;
   QTableWidget* MSFlexGrid1_ = nullptr;
   SaisieBD* txtSaisie_ = nullptr;
   QMenu* mnu_DB_ = nullptr;
+  QAction* mnu_DB_Insert_ = nullptr;
+  QAction* mnu_DB_Delete_ = nullptr;
+  std::array<QString, GrilleBD::Colonnes> titres_;
   int ligneSaisie_ = -1, colonneSaisie_ = -1;
-  int ligneMenu_ = -1;
   int ligneFaute_ = -1, colonneFaute_ = -1;
 };
 

@@ -1,0 +1,304 @@
+#include "database/ui/F_BD.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/Cles.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
+#include "database/ui/SaisieBD.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_BD";
+constexpr std::array<const char*, GrilleBD::Colonnes> TitresFrancais{"Matière",
+                                                                     "Rayon de l'outil (mm)",
+                                                                     "Outil",
+                                                                     "Profondeur totale (mm)",
+                                                                     "Profondeur de passe (mm)",
+                                                                     "Vitesse matière (mm/s)",
+                                                                     "Vitesse descente (mm/s)",
+                                                                     "Largeur encoches (mm)",
+                                                                     "Hauteur mini encoches (mm)"};
+
+QString T(const char* cle, const char* sinon) {
+  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
+}
+
+// A heading on lines of about this width, in pixels; no word is cut.
+QString EnLignes(const QString& texte, const QFontMetrics& mesure, int largeur) {
+  QString lignes;
+  QString ligne;
+  for (const QString& mot : texte.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    const QString longue = ligne.isEmpty() ? mot : ligne + QLatin1Char(' ') + mot;
+    if (!ligne.isEmpty() && mesure.horizontalAdvance(longue) > largeur) {
+      lignes += ligne + QLatin1Char('\n');
+      ligne = mot;
+    } else {
+      ligne = longue;
+    }
+  }
+  return lignes + ligne;
+}
+
+// Why a value of that column (from 1) is refused.
+QString Raison(int colonne) {
+  switch (colonne) {
+    case 1:
+      return T("lib023", "Fiche trop longue : 255 caractères au plus.");
+    case 2:
+      return T("lib020", "Un nombre positif ou nul.");
+    case 4:
+    case 5:
+      return T("lib021", "Un nombre négatif ou nul.");
+    default:
+      return T("lib022", "Un nombre supérieur à 0.");
+  }
+}
+
+}  // namespace
+
+F_BD::F_BD(QWidget* parent) : QDialog(parent) {
+  setModal(true);
+  Construit();
+  PrepareFenetre(*this, Section);
+  grille_ = GrilleBD(LitFiches());
+  EnTetes();
+  Remplit();
+  MSFlexGrid1_->setCurrentCell(0, 0);
+  MSFlexGrid1_->setFocus();
+  resize(820, 380);
+}
+
+void F_BD::Construit() {
+  setWindowTitle(QStringLiteral("Matières et outils"));
+  setSizeGripEnabled(true);
+  ConstruitGrille();
+  ConstruitMenu();
+  auto* aide = new QLabel(QString::fromUtf8("Clic droit sur une ligne : insérer ou supprimer"), this);
+  aide->setObjectName(QStringLiteral("Label1"));
+  const auto bouton = [this](const char* nom, const char* texte, const char* bulle) {
+    auto* b = new QPushButton(QString::fromUtf8(texte), this);
+    b->setObjectName(QString::fromLatin1(nom));
+    b->setIcon(IconeProgramme(QString::fromLatin1(nom)));
+    b->setToolTip(QString::fromUtf8(bulle));
+    b->setAutoDefault(false);
+    return b;
+  };
+  auto* Btn_OK = bouton("Btn_OK", "OK", "Vérifier et garder toutes les fiches");
+  auto* Btn_Annuler = bouton("Btn_Annuler", "Annuler", "Fermer sans rien changer");
+  connect(Btn_OK, &QPushButton::clicked, this, &F_BD::Valide);
+  connect(Btn_Annuler, &QPushButton::clicked, this, &F_BD::reject);
+  auto* rangee = new QHBoxLayout;
+  rangee->setSpacing(6);
+  rangee->addWidget(aide, 1);
+  rangee->addWidget(Btn_OK);
+  rangee->addWidget(Btn_Annuler);
+  auto* boite = new QVBoxLayout(this);
+  boite->setContentsMargins(8, 8, 8, 8);
+  boite->setSpacing(8);
+  boite->addWidget(MSFlexGrid1_, 1);
+  boite->addLayout(rangee);
+  setTabOrder(MSFlexGrid1_, Btn_OK);
+  setTabOrder(Btn_OK, Btn_Annuler);
+}
+
+void F_BD::ConstruitGrille() {
+  MSFlexGrid1_ = new QTableWidget(0, static_cast<int>(GrilleBD::Colonnes), this);
+  MSFlexGrid1_->setObjectName(QStringLiteral("MSFlexGrid1"));
+  MSFlexGrid1_->setToolTip(QString::fromUtf8("Une ligne par matière et par outil"));
+  MSFlexGrid1_->setAccessibleName(QString::fromUtf8("Fiches des matières"));
+  MSFlexGrid1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  MSFlexGrid1_->setSelectionMode(QAbstractItemView::SingleSelection);
+  MSFlexGrid1_->setAlternatingRowColors(true);
+  MSFlexGrid1_->setTabKeyNavigation(false);
+  MSFlexGrid1_->setItemDelegate(new CellulesBD(MSFlexGrid1_));
+  MSFlexGrid1_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  MSFlexGrid1_->setCornerButtonEnabled(false);
+  QHeaderView* haut = MSFlexGrid1_->horizontalHeader();
+  haut->setHighlightSections(false);
+  haut->setSectionsClickable(false);
+  haut->setDefaultAlignment(Qt::AlignCenter);
+  QHeaderView* cote = MSFlexGrid1_->verticalHeader();
+  cote->setSectionResizeMode(QHeaderView::Fixed);
+  cote->setSectionsClickable(false);
+  cote->setDefaultSectionSize(fontMetrics().height() + 8);
+  MSFlexGrid1_->installEventFilter(this);
+  MSFlexGrid1_->viewport()->installEventFilter(this);
+  txtSaisie_ = new SaisieBD(MSFlexGrid1_->viewport());
+  txtSaisie_->setToolTip(QString::fromUtf8("Entrée garde le texte, Échap l'abandonne"));
+  txtSaisie_->installEventFilter(this);
+  connect(MSFlexGrid1_, &QTableWidget::cellClicked, this,
+          [this](int ligne, int colonne) { OuvreSaisie(ligne, colonne, Choix::Tout); });
+  connect(haut, &QHeaderView::sectionResized, this, [this] { PlaceSaisie(); });
+  for (const QScrollBar* barre : {MSFlexGrid1_->horizontalScrollBar(), MSFlexGrid1_->verticalScrollBar()}) {
+    connect(barre, &QScrollBar::valueChanged, this, [this] { PlaceSaisie(); });
+  }
+}
+
+void F_BD::ConstruitMenu() {
+  mnu_DB_ = new QMenu(this);
+  mnu_DB_->setObjectName(QStringLiteral("mnu_DB"));
+  const auto action = [this](const char* nom, const char* texte, const QKeySequence& touches) {
+    auto* a = new QAction(QString::fromUtf8(texte), this);
+    a->setObjectName(QString::fromLatin1(nom));
+    a->setShortcut(touches);
+    a->setShortcutContext(Qt::WidgetShortcut);
+    a->setShortcutVisibleInContextMenu(true);
+    mnu_DB_->addAction(a);
+    MSFlexGrid1_->addAction(a);
+    return a;
+  };
+  mnu_DB_Insert_ = action("mnu_DB_Insert", "Insérer une ligne", QKeySequence(Qt::Key_Insert));
+  mnu_DB_Delete_ = action("mnu_DB_Delete", "Supprimer la ligne", QKeySequence(Qt::CTRL | Qt::Key_Delete));
+  connect(mnu_DB_Insert_, &QAction::triggered, this, &F_BD::Insere);
+  connect(mnu_DB_Delete_, &QAction::triggered, this, &F_BD::Supprime);
+}
+
+// Headings "lib010" to "lib018", broken so that a column needs no more width than its numbers and its longest word.
+void F_BD::EnTetes() {
+  const QFontMetrics mesure = MSFlexGrid1_->horizontalHeader()->fontMetrics();
+  const int nombre = mesure.horizontalAdvance(QStringLiteral("-0000,000"));
+  int lignes = 1;
+  for (std::size_t c = 0; c < GrilleBD::Colonnes; ++c) {
+    const std::string cle = "lib0" + std::to_string(10 + c);
+    titres_[c] = T(cle.c_str(), TitresFrancais[c]);
+    auto* titre = new QTableWidgetItem(EnLignes(titres_[c], mesure, nombre));
+    titre->setToolTip(titres_[c]);
+    MSFlexGrid1_->setHorizontalHeaderItem(static_cast<int>(c), titre);
+    lignes = std::max(lignes, static_cast<int>(titre->text().count(QLatin1Char('\n'))) + 1);
+  }
+  MSFlexGrid1_->horizontalHeader()->setFixedHeight(lignes * mesure.height() + 8);
+  MSFlexGrid1_->verticalHeader()->setFixedWidth(mesure.horizontalAdvance(QStringLiteral("   ")) + 8);
+}
+
+void F_BD::Remplit() {
+  const int lignes = static_cast<int>(grille_.Lignes());
+  MSFlexGrid1_->setRowCount(lignes);
+  for (int ligne = 0; ligne < lignes; ++ligne) MontreLigne(ligne);
+  Elargit();
+}
+
+void F_BD::MontreLigne(int ligne) {
+  if (MSFlexGrid1_->verticalHeaderItem(ligne) == nullptr) {
+    MSFlexGrid1_->setVerticalHeaderItem(ligne, new QTableWidgetItem(QStringLiteral("   ")));
+  }
+  for (std::size_t c = 0; c < GrilleBD::Colonnes; ++c) {
+    const int colonne = static_cast<int>(c);
+    QTableWidgetItem* cellule = MSFlexGrid1_->item(ligne, colonne);
+    if (cellule == nullptr) {
+      cellule = new QTableWidgetItem;
+      cellule->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+      cellule->setTextAlignment((GrilleBD::Numerique(c) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+      MSFlexGrid1_->setItem(ligne, colonne, cellule);
+    }
+    cellule->setText(QString::fromStdString(grille_.Cellule(static_cast<std::size_t>(ligne), c)));
+  }
+}
+
+// Each column as wide as what it holds; what is left over goes to the two names.
+void F_BD::Elargit() {
+  int reste = MSFlexGrid1_->viewport()->width();
+  for (int c = 0; c < MSFlexGrid1_->columnCount(); ++c) {
+    MSFlexGrid1_->resizeColumnToContents(c);
+    const bool nom = !GrilleBD::Numerique(static_cast<std::size_t>(c));
+    const int minimum = nom ? 90 : 64;
+    MSFlexGrid1_->setColumnWidth(c, std::max(minimum, MSFlexGrid1_->columnWidth(c) + 4));
+    reste -= MSFlexGrid1_->columnWidth(c);
+  }
+  if (reste <= 0) return;
+  MSFlexGrid1_->setColumnWidth(0, MSFlexGrid1_->columnWidth(0) + reste * 2 / 3);
+  MSFlexGrid1_->setColumnWidth(2, MSFlexGrid1_->columnWidth(2) + reste - reste * 2 / 3);
+}
+
+void F_BD::resizeEvent(QResizeEvent* e) {
+  QDialog::resizeEvent(e);
+  Elargit();
+  PlaceSaisie();
+}
+
+void F_BD::changeEvent(QEvent* e) {
+  QDialog::changeEvent(e);
+  if (e->type() != QEvent::FontChange || MSFlexGrid1_ == nullptr || MSFlexGrid1_->rowCount() == 0) return;
+  EnTetes();
+  Elargit();
+}
+
+void F_BD::Valide() {
+  RangeSaisie();
+  if (Refuse() || !Ecrit()) return;
+  if (FichesChangees) FichesChangees();
+  accept();
+}
+
+bool F_BD::Refuse() {
+  OteFaute();
+  const std::vector<FicheMateriau> fiches = grille_.Fiches();
+  const auto [ligne, colonne] = VerifieFiches(fiches);
+  if (ligne == 0) return false;
+  const QString raison = Raison(colonne);
+  MontreFaute(ligne - 1, colonne - 1, raison);
+  const QString nom = QString::fromStdString(fiches[static_cast<std::size_t>(ligne) - 1].champs[0]);
+  Boite boite;
+  boite.section = Section;
+  boite.cle = "lib001";
+  boite.texte = Traduire(Section, boite.cle) + " " + titres_[static_cast<std::size_t>(colonne) - 1].toStdString() +
+                "\n" + QStringLiteral("%1 : %2").arg(ligne).arg(nom).toStdString() + "\n" + raison.toStdString();
+  boite.titre = "OVELIN";
+  boite.icone = Icone::Exclamation;
+  Svc.Montre(boite);
+  MSFlexGrid1_->setFocus();
+  return true;
+}
+
+void F_BD::MontreFaute(int ligne, int colonne, const QString& raison) {
+  ligneFaute_ = ligne;
+  colonneFaute_ = colonne;
+  MSFlexGrid1_->setCurrentCell(ligne, colonne);
+  QTableWidgetItem* cellule = MSFlexGrid1_->item(ligne, colonne);
+  cellule->setData(CellulesBD::RoleFaute, true);
+  cellule->setToolTip(raison);
+  cellule->setData(Qt::AccessibleDescriptionRole, raison);
+  MSFlexGrid1_->scrollToItem(cellule);
+}
+
+void F_BD::OteFaute() {
+  if (ligneFaute_ < 0) return;
+  if (QTableWidgetItem* cellule = MSFlexGrid1_->item(ligneFaute_, colonneFaute_)) {
+    cellule->setData(CellulesBD::RoleFaute, {});
+    cellule->setToolTip({});
+    cellule->setData(Qt::AccessibleDescriptionRole, {});
+  }
+  ligneFaute_ = colonneFaute_ = -1;
+}
+
+bool F_BD::Ecrit() {
+  Magasin.DerniereErreur.clear();
+  EcritFiches(grille_.Fiches());
+  if (Magasin.DerniereErreur.empty()) return true;
+  Boite boite;
+  boite.section = Section;
+  boite.cle = "lib002";
+  boite.texte = Traduire(Section, boite.cle) + "\n" + CheminIni() + " : " + Magasin.DerniereErreur;
+  boite.titre = "OVELIN";
+  boite.icone = Icone::Critique;
+  boite.fichier = CheminIni();
+  Svc.Montre(boite);
+  return false;
+}
+
+}  // namespace ovelin
