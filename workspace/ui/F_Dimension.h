@@ -35,12 +35,12 @@ class F_Dimension : public QDialog {
 
   void Construit();
   void ConstruitAxe(QGridLayout& grille, std::size_t axe);
+  void ConstruitBarre();
   void Branche(std::size_t axe);
   void MontreChamps();
-  void RapportQuitte(std::size_t axe, bool change);
-  void ResultatQuitte(std::size_t axe, bool change);
-  bool Applique();  // the fields into the answer; false when refused
-  bool LitChamps();
+  void Quitte(ChampNombre& champ, std::size_t axe, bool rapport, bool change);
+  bool Applique();   // the fields into the answer; false when refused
+  bool LitChamps();  // every field holds a number; otherwise it says which doesn't
 
   DemandeDimension demande_;
   ChampsDimension champs_;

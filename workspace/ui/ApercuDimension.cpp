@@ -1,0 +1,48 @@
+#include "workspace/ui/ApercuDimension.h"
+
+#include <QPainter>
+#include <utility>
+
+#include "core/Reglages.h"
+#include "core/ui/Theme.h"
+#include "workspace/ui/PeintScene.h"
+
+namespace ovelin {
+
+ApercuDimension::ApercuDimension(std::vector<PointTrace> points, QWidget* parent)
+    : QWidget(parent), points_(std::move(points)) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void ApercuDimension::Montre(double rapportX, double rapportY) {
+  rapportX_ = rapportX;
+  rapportY_ = rapportY;
+  Refait();
+}
+
+void ApercuDimension::Refait() {
+  TailleImage taille;
+  taille.largeur = static_cast<float>(width()) * TwipsParPixel;
+  taille.hauteur = static_cast<float>(height()) * TwipsParPixel;
+  ConstruitApercu(points_, rapportX_, rapportY_, taille, Regl.CouleurInitial, scene_);
+  update();
+}
+
+void ApercuDimension::resizeEvent(QResizeEvent* e) {
+  QWidget::resizeEvent(e);
+  Refait();
+}
+
+void ApercuDimension::paintEvent(QPaintEvent* /*e*/) {
+  QPainter peintre(this);
+  AspectScene aspect;
+  aspect.papier = Papier(*this);
+  peintre.fillRect(rect(), aspect.papier);
+  PeintScene(peintre, scene_, aspect);
+  peintre.setRenderHint(QPainter::Antialiasing, false);
+  peintre.setPen(palette().color(QPalette::Mid));
+  peintre.setBrush(Qt::NoBrush);
+  peintre.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+}  // namespace ovelin

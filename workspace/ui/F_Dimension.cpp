@@ -1,0 +1,213 @@
+#include "workspace/ui/F_Dimension.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "core/Document.h"
+#include "core/Nombres.h"
+#include "core/Services.h"
+#include "core/Traduction.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
+#include "workspace/ui/ApercuDimension.h"
+#include "workspace/ui/DialogueSimple.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Dimension";
+
+QString Raison(const char* cle, const char* sinon) {
+  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
+}
+
+QLabel* Entete(const char* nom, const char* texte) {
+  QLabel* entete = EtiquetteDialogue(nom, texte, nullptr);
+  entete->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+  return entete;
+}
+
+ChampNombre* Champ(const QString& nom, const char* unite, const char* bulle, QWidget* parent) {
+  auto* champ = new ChampNombre(nom, QString::fromUtf8(unite), parent);
+  champ->setToolTip(QString::fromUtf8(bulle));
+  champ->setMinimumWidth(84);
+  return champ;
+}
+
+}  // namespace
+
+F_Dimension::F_Dimension(QWidget* parent) : F_Dimension(DemandeDuDocument(), parent) {}
+
+F_Dimension::F_Dimension(const DemandeDimension& demande, QWidget* parent) : QDialog(parent), demande_(demande) {
+  demande_.rapportX = demande_.rapportY = 1.0;
+  champs_ = ChampsDe(demande_);
+  Construit();
+  PrepareFenetre(*this, Section);
+  MontreChamps();
+  PB1_->Montre(1.0, 1.0);
+  axes_[0].rapport->setFocus();
+  axes_[0].rapport->selectAll();
+}
+
+void F_Dimension::Construit() {
+  setWindowTitle(QStringLiteral("Dimensions du dessin"));
+  PB1_ = new ApercuDimension(PointsApercu(TraceInitial), this);
+  PB1_->setObjectName(QStringLiteral("PB1"));
+  PB1_->setToolTip(QString::fromUtf8("Aperçu du dessin avec les rapports appliqués"));
+  PB1_->setAccessibleName(QString::fromUtf8("Aperçu du dessin"));
+
+  auto* grille = new QGridLayout;
+  grille->setSpacing(6);
+  grille->addWidget(Entete("Lbl_Initial", "Actuelle"), 0, 1);
+  grille->addWidget(Entete("Lbl_Rapport", "Rapport"), 0, 2);
+  grille->addWidget(Entete("Lbl_Resultat", "Résultat"), 0, 3);
+  ConstruitAxe(*grille, 0);
+  ConstruitAxe(*grille, 1);
+  CB_Proportions_ = new QCheckBox(QStringLiteral("&Garder les proportions"), this);
+  CB_Proportions_->setObjectName(QStringLiteral("CB_Proportions"));
+  CB_Proportions_->setToolTip(QString::fromUtf8("Le même rapport en largeur et en hauteur"));
+  grille->addWidget(CB_Proportions_, 3, 1, 1, 3);
+  for (int colonne = 1; colonne < 4; ++colonne) grille->setColumnStretch(colonne, 1);
+
+  auto* corps = new QVBoxLayout;
+  corps->setContentsMargins(8, 8, 8, 4);
+  corps->setSpacing(8);
+  corps->addWidget(PB1_, 1);
+  corps->addLayout(grille);
+  const BoutonsDialogue boutons =
+      PoseBoutons(*this, "Donner ces dimensions au dessin", "Garder le dessin à sa taille");
+  auto* Btn_Appliquer = new QPushButton(QStringLiteral("A&ppliquer"), this);
+  Btn_Appliquer->setObjectName(QStringLiteral("Btn_Appliquer"));
+  Btn_Appliquer->setToolTip(QString::fromUtf8("Montrer le résultat dans l'aperçu"));
+  Btn_Appliquer->setAutoDefault(false);
+  boutons.rangee->insertWidget(1, Btn_Appliquer);
+  corps->addLayout(boutons.rangee);
+
+  ConstruitBarre();
+  auto* boite = new QVBoxLayout(this);
+  boite->setContentsMargins(0, 0, 0, 0);
+  boite->setSpacing(0);
+  boite->addLayout(corps, 1);
+  boite->addWidget(SB1_);
+
+  Branche(0);
+  Branche(1);
+  connect(CB_Proportions_, &QCheckBox::toggled, this, [this](bool coche) {
+    EntreProportions(champs_, coche);
+    MontreChamps();
+  });
+  connect(Btn_Appliquer, &QPushButton::clicked, this, &F_Dimension::Applique);
+  connect(boutons.ok, &QPushButton::clicked, this, [this] {
+    if (Applique()) accept();
+  });
+  OrdreTab({axes_[0].rapport, axes_[0].resultat, axes_[1].rapport, axes_[1].resultat, CB_Proportions_,
+            Btn_Appliquer, boutons.ok, boutons.annuler});
+}
+
+void F_Dimension::ConstruitAxe(QGridLayout& grille, std::size_t axe) {
+  const QString prefixe = axe == 0 ? QStringLiteral("TB_H_") : QStringLiteral("TB_V_");
+  Axe& a = axes_[axe];
+  a.initial = Champ(prefixe + QStringLiteral("Initial"), "mm", "Taille du dessin", this);
+  a.initial->setReadOnly(true);
+  a.initial->setFocusPolicy(Qt::ClickFocus);
+  a.rapport = Champ(prefixe + QStringLiteral("Rapport"), "", "Multiplie la taille : 2 la double", this);
+  a.resultat = Champ(prefixe + QStringLiteral("Resultat"), "mm", "Taille voulue", this);
+  const int ligne = static_cast<int>(axe) + 1;
+  grille.addWidget(
+      EtiquetteDialogue(axe == 0 ? "Lbl_H" : "Lbl_V", axe == 0 ? "&Largeur (X) :" : "&Hauteur (Y) :", a.rapport),
+      ligne, 0);
+  grille.addWidget(a.initial, ligne, 1);
+  grille.addWidget(a.rapport, ligne, 2);
+  grille.addWidget(a.resultat, ligne, 3);
+}
+
+void F_Dimension::ConstruitBarre() {
+  SB1_ = new QStatusBar(this);
+  SB1_->setObjectName(QStringLiteral("SB1"));
+  SB1_->setSizeGripEnabled(true);
+  SB1_->setToolTip(QString::fromUtf8("Course de la machine"));
+  const auto panneau = [this](const char* nom, const std::string& texte) {
+    auto* etiquette = new QLabel(QString::fromStdString(texte), SB1_);
+    etiquette->setObjectName(QString::fromLatin1(nom));
+    SB1_->addWidget(etiquette);
+  };
+  panneau("SB1_0", "Course :");
+  panneau("SB1_1", "X = " + TexteNombre(EnFloat(demande_.courseX)) + " mm");
+  panneau("SB1_2", "Y = " + TexteNombre(EnFloat(demande_.courseY)) + " mm");
+}
+
+void F_Dimension::Branche(std::size_t axe) {
+  connect(axes_[axe].rapport, &ChampNombre::Quitte, this,
+          [this, axe](bool change) { Quitte(*axes_[axe].rapport, axe, true, change); });
+  connect(axes_[axe].resultat, &ChampNombre::Quitte, this,
+          [this, axe](bool change) { Quitte(*axes_[axe].resultat, axe, false, change); });
+}
+
+void F_Dimension::MontreChamps() {
+  for (std::size_t axe = 0; axe < axes_.size(); ++axe) {
+    const AxeDimension& valeurs = champs_.axes[axe];
+    const Axe& a = axes_[axe];
+    a.initial->Montre(TexteTaille(valeurs.initial));
+    a.rapport->Montre(TexteRapport(valeurs.rapport));
+    a.resultat->Montre(TexteTaille(valeurs.resultat));
+    a.rapport->Accepte();
+    a.resultat->Accepte();
+  }
+}
+
+// A field that is left as it was changes nothing: its text is shorter than its value.
+void F_Dimension::Quitte(ChampNombre& champ, std::size_t axe, bool rapport, bool change) {
+  if (!change) return;
+  const auto v = LitNombre(champ.Texte());
+  if (!v) return champ.Refuse(Raison("lib003", "Ce n'est pas un nombre."));
+  if (rapport) {
+    EntreRapport(champs_, axe, *v);
+  } else if (!EntreResultat(champs_, axe, *v)) {
+    champ.Restitue();
+    MontreChamps();
+    return champ.Refuse(Raison("lib004", "Le dessin n'a pas d'étendue dans ce sens."));
+  }
+  MontreChamps();
+}
+
+bool F_Dimension::LitChamps() {
+  for (const Axe& a : axes_) {
+    for (ChampNombre* champ : {a.rapport, a.resultat}) {
+      if (EstNumerique(champ->Texte())) continue;
+      champ->setFocus();
+      champ->Refuse(Raison("lib003", "Ce n'est pas un nombre."));
+      return false;
+    }
+  }
+  return true;
+}
+
+bool F_Dimension::Applique() {
+  if (!LitChamps()) return false;
+  const RefusDimension refus = VerifieDimension(champs_);
+  if (refus) {
+    Message(Section, refus.cle, Icone::Critique);
+    ChampNombre* champ = refus.cle == "lib001" ? axes_[refus.axe].rapport : axes_[refus.axe].resultat;
+    champ->setFocus();
+    champ->Refuse(QString::fromStdString(Traduire(Section, refus.cle)));
+    return false;
+  }
+  MontreChamps();
+  demande_.rapportX = champs_.axes[0].rapport;
+  demande_.rapportY = champs_.axes[1].rapport;
+  PB1_->Montre(demande_.rapportX, demande_.rapportY);
+  return true;
+}
+
+DemandeDimension F_Dimension::Reponse() const {
+  DemandeDimension reponse = demande_;
+  if (result() != Accepted) reponse.rapportX = reponse.rapportY = 1.0;
+  return reponse;
+}
+
+}  // namespace ovelin

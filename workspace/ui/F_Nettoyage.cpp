@@ -1,0 +1,95 @@
+#include "workspace/ui/F_Nettoyage.h"
+
+#include <QGridLayout>
+#include <QVBoxLayout>
+#include <cmath>
+
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/TraduitFenetre.h"
+#include "machine/Module_Table.h"
+#include "workspace/ui/DialogueSimple.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Nettoyage";
+
+QString Raison(const char* cle, const char* sinon) {
+  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
+}
+
+}  // namespace
+
+F_Nettoyage::F_Nettoyage(QWidget* parent) : QDialog(parent) {
+  Regl.Resolution = 0;
+  Construit();
+  PrepareFenetre(*this, Section);
+  const auto resolutions = ResolutionsTable();
+  for (std::size_t axe = 0; axe < Lbl_Resolution_.size(); ++axe) {
+    const std::string texte = Formate(std::abs(resolutions[axe]), "0.000");
+    Lbl_Resolution_[axe]->setText(QString::fromStdString(texte) + QStringLiteral(" mm"));
+  }
+  TB_Resolution_->Montre(TexteNombre(EnFloat(ResolutionFine())));
+  TB_Resolution_->setFocus();
+  TB_Resolution_->selectAll();
+}
+
+void F_Nettoyage::Construit() {
+  setWindowTitle(QStringLiteral("Nettoyage"));
+  auto* boite = new QVBoxLayout(this);
+  boite->setContentsMargins(8, 8, 8, 8);
+  boite->setSpacing(8);
+  auto* grille = new QGridLayout;
+  grille->setHorizontalSpacing(8);
+  grille->setVerticalSpacing(6);
+  for (int axe = 0; axe < 2; ++axe) {
+    auto* valeur = new QLabel(this);
+    valeur->setObjectName(QStringLiteral("Lbl_Resolution_%1").arg(axe));
+    valeur->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    valeur->setToolTip(QString::fromUtf8("Avance de la machine en un pas de moteur"));
+    const char* nom = axe == 0 ? "Label1" : "Label2";
+    const char* texte = axe == 0 ? "Résolution de la machine en X :" : "Résolution de la machine en Y :";
+    grille->addWidget(EtiquetteDialogue(nom, texte, nullptr), axe, 0);
+    grille->addWidget(valeur, axe, 1);
+    Lbl_Resolution_[static_cast<std::size_t>(axe)] = valeur;
+  }
+  TB_Resolution_ = new ChampNombre(QStringLiteral("TB_Resolution"), QStringLiteral("mm"), this);
+  TB_Resolution_->setToolTip(
+      QString::fromUtf8("Les points plus proches que cette valeur, ou de la ligne de leurs voisins, sont retirés"));
+  grille->addWidget(EtiquetteDialogue("Label3", "&Tolérance du nettoyage :", TB_Resolution_), 2, 0);
+  grille->addWidget(TB_Resolution_, 2, 1);
+  grille->setColumnStretch(0, 1);
+  grille->setColumnMinimumWidth(1, 100);
+  boite->addLayout(grille);
+  boite->addStretch();
+  const BoutonsDialogue boutons =
+      PoseBoutons(*this, "Nettoyer le dessin avec cette tolérance", "Fermer sans rien changer");
+  boite->addLayout(boutons.rangee);
+  connect(TB_Resolution_, &ChampNombre::Quitte, this, [this] { Lit(); });
+  connect(boutons.ok, &QPushButton::clicked, this, [this] {
+    if (!Lit()) return TB_Resolution_->setFocus();
+    Regl.Resolution = EnFloat(*LitNombre(TB_Resolution_->Texte()));
+    accept();
+  });
+  OrdreTab({TB_Resolution_, boutons.ok, boutons.annuler});
+}
+
+bool F_Nettoyage::Lit() {
+  const auto v = LitNombre(TB_Resolution_->Texte());
+  if (!v) {
+    TB_Resolution_->Refuse(Raison("lib001", "Ce n'est pas un nombre."));
+    return false;
+  }
+  if (*v < 0) {
+    TB_Resolution_->Refuse(Raison("lib002", "La tolérance ne peut pas être négative."));
+    return false;
+  }
+  TB_Resolution_->Accepte();
+  TB_Resolution_->Montre(TexteNombre(EnFloat(*v)));
+  return true;
+}
+
+}  // namespace ovelin

@@ -1,0 +1,109 @@
+#include "workspace/ui/F_Soudure.h"
+
+#include <QGridLayout>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/Nombres.h"
+#include "core/Reglages.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/TraduitFenetre.h"
+#include "workspace/ui/DialogueSimple.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr const char* Section = "F_Soudure";
+// The bar runs downward from 0.5 mm in steps of 0.1.
+constexpr int PlaceMax = 5;
+constexpr double PlacesParMm = 10;
+
+double ValeurDe(int place) { return (PlaceMax - place) / PlacesParMm; }
+int PlaceDe(double v) { return std::clamp(PlaceMax - Arrondi32(v * PlacesParMm), 0, PlaceMax); }
+
+QString Raison(const char* cle, const char* sinon) {
+  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
+}
+
+}  // namespace
+
+F_Soudure::F_Soudure(QWidget* parent) : QDialog(parent) {
+  Construit();
+  PrepareFenetre(*this, Section);
+  TB_Tolerance_->Montre(TexteNombre(Regl.ToleranceSoudure));
+  SuitChamp();
+  TB_Tolerance_->setFocus();
+  TB_Tolerance_->selectAll();
+}
+
+void F_Soudure::Construit() {
+  setWindowTitle(QStringLiteral("Soudure des extrémités"));
+  auto* boite = new QVBoxLayout(this);
+  boite->setContentsMargins(8, 8, 8, 8);
+  boite->setSpacing(8);
+  TB_Tolerance_ = new ChampNombre(QStringLiteral("TB_Tolerance"), QStringLiteral("mm"), this);
+  TB_Tolerance_->setToolTip(
+      QString::fromUtf8("Les extrémités plus proches que cette valeur sont jointes à l'ouverture d'un dessin"));
+  VScroll_Tolerance_ = new QScrollBar(Qt::Vertical, this);
+  VScroll_Tolerance_->setObjectName(QStringLiteral("VScroll_Tolerance"));
+  VScroll_Tolerance_->setRange(0, PlaceMax);
+  VScroll_Tolerance_->setPageStep(1);
+  VScroll_Tolerance_->setFocusPolicy(Qt::StrongFocus);
+  VScroll_Tolerance_->setMinimumHeight(90);
+  VScroll_Tolerance_->setToolTip(QString::fromUtf8("De 0,5 mm en haut à 0 en bas, par dixièmes"));
+  auto* etiquette = EtiquetteDialogue("Label1", "&Tolérance des extrémités (mm)", TB_Tolerance_);
+  auto* aide = EtiquetteDialogue("Label2", "Agit sur les dessins ouverts ensuite.", nullptr);
+  aide->setWordWrap(true);
+  auto* grille = new QGridLayout;
+  grille->setSpacing(6);
+  grille->addWidget(etiquette, 0, 0);
+  grille->addWidget(TB_Tolerance_, 1, 0);
+  grille->addWidget(aide, 2, 0);
+  grille->addWidget(VScroll_Tolerance_, 0, 1, 4, 1);
+  grille->setRowStretch(3, 1);
+  grille->setColumnStretch(0, 1);
+  boite->addLayout(grille, 1);
+  const BoutonsDialogue boutons = PoseBoutons(*this, "Garder cette tolérance", "Fermer sans rien changer");
+  boite->addLayout(boutons.rangee);
+  connect(TB_Tolerance_, &ChampNombre::Quitte, this, [this] {
+    if (Lit()) SuitChamp();
+  });
+  connect(VScroll_Tolerance_, &QScrollBar::valueChanged, this, &F_Soudure::SuitCurseur);
+  connect(boutons.ok, &QPushButton::clicked, this, [this] {
+    if (!Lit()) return TB_Tolerance_->setFocus();
+    Regl.ToleranceSoudure = EnFloat(*LitNombre(TB_Tolerance_->Texte()));
+    EcritSoudure();
+    accept();
+  });
+  OrdreTab({TB_Tolerance_, VScroll_Tolerance_, boutons.ok, boutons.annuler});
+}
+
+bool F_Soudure::Lit() {
+  const auto v = LitNombre(TB_Tolerance_->Texte());
+  if (!v) {
+    TB_Tolerance_->Refuse(Raison("lib001", "Ce n'est pas un nombre."));
+    return false;
+  }
+  if (*v < 0) {
+    TB_Tolerance_->Refuse(Raison("lib002", "La tolérance ne peut pas être négative."));
+    return false;
+  }
+  TB_Tolerance_->Accepte();
+  TB_Tolerance_->Montre(TexteNombre(EnFloat(*v)));
+  return true;
+}
+
+void F_Soudure::SuitChamp() {
+  const QSignalBlocker silence(VScroll_Tolerance_);  // the field keeps a value between two places
+  VScroll_Tolerance_->setValue(PlaceDe(LitNombre(TB_Tolerance_->Texte()).value_or(0)));
+}
+
+void F_Soudure::SuitCurseur(int place) {
+  TB_Tolerance_->Accepte();
+  TB_Tolerance_->Montre(TexteNombre(ValeurDe(place)));
+}
+
+}  // namespace ovelin
