@@ -1,0 +1,110 @@
+// Pockets as the program asks for them: time, pieces (each begins with a lift), length against area / step.
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <numbers>
+#include <string>
+#include <vector>
+
+#include "FormesDecalage.h"
+#include "closed/Pathwerk.h"
+
+using namespace pathwerk;
+using banc::Chemin;
+
+namespace {
+
+using Trace = std::vector<PointTrace>;
+
+Trace EnTrace(const Chemin& c) {
+  Trace t;
+  for (const Vec2 p : c) t.push_back({static_cast<float>(p.x), static_cast<float>(p.y), CodePD, Code2(" A")});
+  t.push_back(t.front());
+  return t;
+}
+
+double Pas(const PointTrace& a, const PointTrace& b) {
+  return std::hypot(static_cast<double>(b.X) - static_cast<double>(a.X),
+                    static_cast<double>(b.Y) - static_cast<double>(a.Y));
+}
+
+double Aire(const Trace& t) {
+  double s = 0;
+  for (std::size_t i = 0; i + 1 < t.size(); ++i) {
+    s += static_cast<double>(t[i].X) * static_cast<double>(t[i + 1].Y) -
+         static_cast<double>(t[i + 1].X) * static_cast<double>(t[i].Y);
+  }
+  return std::abs(s) / 2;
+}
+
+// All contours at once, in milliseconds of processor time.
+void Mesure(const std::string& nom, const std::vector<Trace>& contours, double rayon, int recouvrement) {
+  double aire = 0;
+  double coupe = 0;
+  double leve = 0;
+  std::size_t points = 0;
+  std::size_t pieces = 0;
+  std::clock_t temps = 0;
+  for (const Trace& c : contours) {
+    aire += Aire(c);
+    Trace t = c;
+    const std::clock_t debut = std::clock();
+    const auto r = DecalSequence(t, 0.01F, static_cast<float>(rayon), recouvrement);
+    temps += std::clock() - debut;
+    if (r == 0) continue;
+    points += t.size();
+    ++pieces;
+    for (std::size_t i = 1; i < t.size(); ++i) {
+      const bool suite = t[i].Seq == t[i - 1].Seq;
+      pieces += suite ? 0 : 1;
+      (suite ? coupe : leve) += Pas(t[i - 1], t[i]);
+    }
+  }
+  const double pas = 2 * rayon * (100 - recouvrement) / 100;
+  std::printf(
+      "%-22s R %-4g %2d %% | %9.1f ms  %7zu points  %6zu pieces  %10.0f mm cut = %.3f area/step  %8.0f mm over\n",
+      nom.c_str(), rayon, recouvrement, static_cast<double>(temps) * 1e3 / CLOCKS_PER_SEC, points, pieces, coupe,
+      coupe * pas / aire, leve);
+  std::fflush(stdout);
+}
+
+std::vector<Trace> Lettres(const char* texte) {
+  std::vector<Trace> contours;
+  for (const std::string& police : ListePolices()) {
+    Trace t;
+    if (Texte(t, texte, police, 0, 0) <= 0) break;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+      if (i == 0 || !(t[i].Seq == t[i - 1].Seq)) contours.emplace_back();
+      contours.back().push_back(t[i]);
+    }
+    if (!contours.empty()) break;
+  }
+  return contours;
+}
+
+Chemin Cercle(double rayon, int n) {
+  Chemin c;
+  for (int i = 0; i < n; ++i) {
+    const double a = 2 * std::numbers::pi * i / n;
+    c.push_back({rayon * std::cos(a), rayon * std::sin(a)});
+  }
+  return c;
+}
+
+}  // namespace
+
+int main() {
+  const std::vector<Trace> carre{EnTrace({{0, 0}, {200, 0}, {200, 200}, {0, 200}})};
+  const std::vector<Trace> disque{EnTrace(Cercle(100, 720))};
+  const std::vector<Trace> etoile{EnTrace(banc::Etoile(10000))};
+  const std::vector<Trace> peigne{EnTrace(banc::Peigne(200))};
+  const std::vector<Trace> bruit{EnTrace(banc::Bruite(20000, 0.02))};
+  const std::vector<Trace> lettres = Lettres("The quick brown fox & @ 0123456789");
+  for (const int recouvrement : {0, 10, 40, 60, 75, 90}) Mesure("square of 200 mm", carre, 0.5, recouvrement);
+  for (const int recouvrement : {0, 40, 90}) Mesure("disc of 200 mm", disque, 0.5, recouvrement);
+  for (const int recouvrement : {0, 40, 60}) Mesure("star of 10,000 points", etoile, 0.5, recouvrement);
+  for (const int recouvrement : {0, 40}) Mesure("comb", peigne, 0.5, recouvrement);
+  for (const int recouvrement : {0, 40}) Mesure("noise, 20,000 points", bruit, 0.5, recouvrement);
+  for (const int recouvrement : {0, 40, 75}) Mesure("text", lettres, 0.1, recouvrement);
+  return 0;
+}
