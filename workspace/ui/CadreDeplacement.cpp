@@ -81,12 +81,18 @@ bool CadreDeplacement::eventFilter(QObject* objet, QEvent* e) {
 
 void CadreDeplacement::Montre(const std::string& x, const std::string& y) {
   if (enMouvement_) return;
-  const auto texte = [](const std::string& t) {
-    const auto v = LitNombre(t);
-    return v ? TexteDeplacement(*v) : t;
+  const auto montre = [this](Axe& axe, const std::string& texte) {
+    const auto v = LitNombre(texte);
+    const std::string neuf = v ? TexteDeplacement(*v) : texte;
+    if (neuf != axe.champ->EnVigueur()) Centre(axe);
+    axe.champ->Montre(neuf);
   };
-  x_.champ->Montre(texte(x));
-  y_.champ->Montre(texte(y));
+  montre(x_, x);
+  montre(y_, y);
+}
+
+void CadreDeplacement::Remet() {
+  Montre("0", "0");
   Centre(x_);
   Centre(y_);
 }

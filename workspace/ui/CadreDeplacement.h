@@ -15,9 +15,10 @@ class CadreDeplacement : public QGroupBox {
  public:
   explicit CadreDeplacement(QWidget* parent = nullptr);
 
-  // Displacement since the last reset, mm; the scroll bars go to their middle. Nothing while a move of this frame
-  // runs: then the frame itself knows what it shows.
+  // Displacement since the last reset, mm; where it is another one the scroll bars go to their middle. Nothing
+  // while a move of this frame runs: then the frame itself knows what it shows.
   void Montre(const std::string& x, const std::string& y);
+  void Remet();  // no displacement, the scroll bars in their middle
   void MontrePoint(const std::string& x, const std::string& y);
 
  protected:

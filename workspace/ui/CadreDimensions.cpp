@@ -24,13 +24,21 @@ CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Di
   grille->addWidget(EnTete("Lbl_Initial", "Actuelle"), 0, 1);
   grille->addWidget(EnTete("Lbl_Rapport", "Rapport"), 0, 2);
   grille->addWidget(EnTete("Lbl_Resultat", "Résultat"), 0, 3);
+  QPalette sansFond;  // what can't be changed doesn't look like a field
+  sansFond.setColor(QPalette::Base, Qt::transparent);
   for (int axe = 0; axe < 2; ++axe) {
     const auto i = static_cast<std::size_t>(axe);
     const std::string suite = "_" + std::to_string(axe);
-    initial_[i] = ChampPanneau(("TB_Initial" + suite).c_str(), "mm", "Taille actuelle de la sélection");
+    initial_[i] = ChampPanneau(("TB_Initial" + suite).c_str(), "mm",
+                               axe == 0 ? "Largeur actuelle de la sélection" : "Hauteur actuelle de la sélection");
     initial_[i]->setReadOnly(true);
-    auto* rapport = ChampPanneau(("TB_Rapport" + suite).c_str(), "", "Multiplie la taille : 2 la double");
-    auto* resultat = ChampPanneau(("TB_Resultat" + suite).c_str(), "mm", "Taille voulue de la sélection");
+    initial_[i]->setFrame(false);
+    initial_[i]->setPalette(sansFond);
+    auto* rapport =
+        ChampPanneau(("TB_Rapport" + suite).c_str(), "",
+                     axe == 0 ? "Multiplie la largeur : 2 la double" : "Multiplie la hauteur : 2 la double");
+    auto* resultat = ChampPanneau(("TB_Resultat" + suite).c_str(), "mm",
+                                  axe == 0 ? "Largeur voulue de la sélection" : "Hauteur voulue de la sélection");
     rapport_[i] = new Saisie(rapport, [this, axe](const std::string& texte) { Entre(axe, false, texte); });
     resultat_[i] = new Saisie(resultat, [this, axe](const std::string& texte) { Entre(axe, true, texte); });
     grille->addWidget(EtiquettePanneau(axe == 0 ? "Lbl_DimX" : "Lbl_DimY", axe == 0 ? "X" : "Y", rapport), axe + 1,
@@ -42,7 +50,7 @@ CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Di
   prop_ = new QCheckBox(QStringLiteral("Proportions"));
   prop_->setObjectName(QStringLiteral("CB_Prop"));
   prop_->setToolTip(QStringLiteral("Le même rapport en X et en Y"));
-  ok_ = BoutonPanneau("CB_OK_Dimension", "Donner ces dimensions à la sélection", "Appliquer");
+  ok_ = BoutonTexte("CB_OK_Dimension", "Appliquer", "Donner ces dimensions à la sélection");
   grille->addWidget(prop_, 3, 0, 1, 3);
   grille->addWidget(ok_, 3, 3);
   for (int colonne = 1; colonne < 4; ++colonne) grille->setColumnStretch(colonne, 1);
@@ -50,7 +58,7 @@ CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Di
     EntreProportions(champs_, coche);
     if (coche) MontreChamps();
   });
-  connect(ok_, &QToolButton::clicked, this, &CadreDimensions::Applique);
+  connect(ok_, &QPushButton::clicked, this, &CadreDimensions::Applique);
 }
 
 void CadreDimensions::Commence(const std::array<std::string, 2>& tailles) {

@@ -4,7 +4,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QToolButton>
+#include <QPushButton>
 #include <array>
 #include <string>
 
@@ -34,7 +34,7 @@ class CadreDimensions : public QGroupBox {
   std::array<Saisie*, 2> rapport_{};
   std::array<Saisie*, 2> resultat_{};
   QCheckBox* prop_ = nullptr;
-  QToolButton* ok_ = nullptr;
+  QPushButton* ok_ = nullptr;
 };
 
 }  // namespace ovelin

@@ -95,34 +95,46 @@ QGroupBox* PageFraisage::Selection() {
   grille->addWidget(EtiquettePanneau("Lbl_Profondeur", "Profondeur", profondeur), 1, 0);
   grille->addWidget(profondeur, 1, 1);
 
-  static constexpr const char* Bulles[] = {"Outil à gauche du trait, dans le sens du parcours",
-                                           "Outil sur le trait",
-                                           "Même côté que le premier, parcouru dans l'autre sens"};
-  auto* cotes = new QHBoxLayout;
-  cotes->setSpacing(4);
-  auto* groupe = new QButtonGroup(this);
-  for (int i = 0; i < 3; ++i) {
-    const std::string nom = "Option_Decal_" + std::to_string(i + 1);
-    QToolButton* bouton = BoutonPanneau(nom.c_str(), Bulles[i]);
-    bouton->setToolTip(TextePanneau(("tt4" + std::to_string(i + 2)).c_str(), Bulles[i]));
-    bouton->setCheckable(true);
-    bouton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    groupe->addButton(bouton, i + 1);
-    cotes->addWidget(bouton, 1);
-    decal_[static_cast<std::size_t>(i)] = bouton;
-  }
-  grille->addWidget(EtiquettePanneau("Lbl_Decal", "Côté de l'outil", decal_[0]), 2, 0);
-  grille->addLayout(cotes, 2, 1);
+  grille->addWidget(EtiquettePanneau("Lbl_Decal", "Côté de l'outil", nullptr), 2, 0);
+  grille->addWidget(Cotes(), 2, 1);
   grille->setColumnStretch(0, 1);
   grille->setColumnStretch(1, 1);
 
   // Only what the user does runs a command, never the filling of the panel.
   connect(fraiser_, &QCheckBox::clicked, this, [](bool coche) { FraiserSelection(coche); });
   connect(poche_, &QCheckBox::clicked, this, [](bool coche) { PocheSelection(coche); });
+  return cadre;
+}
+
+QWidget* PageFraisage::Cotes() {
+  auto* cadre = new QWidget;
+  auto* ligne = new QHBoxLayout(cadre);
+  ligne->setContentsMargins(0, 0, 0, 0);
+  ligne->setSpacing(4);
+  auto* groupe = new QButtonGroup(cadre);
+  for (int cote = 1; cote <= 3; ++cote) {
+    auto* bouton = new QRadioButton;
+    bouton->setObjectName(QStringLiteral("Option_Decal_%1").arg(cote));
+    bouton->setIcon(IconeProgramme(bouton->objectName()));
+    bouton->setIconSize({20, 20});
+    groupe->addButton(bouton, cote);
+    ligne->addWidget(bouton, 1);
+    decal_[static_cast<std::size_t>(cote - 1)] = bouton;
+  }
+  BullesCotes();
+  // Where the sides differ the first is shown; choosing it then is a choice as well.
   connect(groupe, &QButtonGroup::idClicked, this, [this](int cote) {
     if (cote != decalCommun_) DecaleSelection(static_cast<std::int16_t>(cote));
   });
   return cadre;
+}
+
+// The tips of the sides have keys of their own.
+void PageFraisage::BullesCotes() {
+  decal_[0]->setToolTip(TextePanneau("tt42", "Outil à gauche du parcours : hors de la pièce, dans ses trous"));
+  decal_[1]->setToolTip(TextePanneau("tt43", "Outil sur le trait"));
+  decal_[2]->setToolTip(TextePanneau("tt44", "Même côté, parcouru dans l'autre sens"));
+  for (QRadioButton* bouton : decal_) bouton->setAccessibleName(bouton->toolTip());
 }
 
 QGroupBox* PageFraisage::Outil() {
@@ -163,6 +175,7 @@ void PageFraisage::Remplit(const ChampsPanneau& champs) {
   profondeur_->Montre(TexteProfondeur(champs.TB_Profondeur));
   decalCommun_ = champs.communes.Decalage;
   decal_[static_cast<std::size_t>(champs.Option_Decal - 1)]->setChecked(true);
+  BullesCotes();
 }
 
 void PageFraisage::RemplitOutil() {

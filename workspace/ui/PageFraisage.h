@@ -5,7 +5,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QToolButton>
+#include <QRadioButton>
 #include <QWidget>
 #include <array>
 #include <string>
@@ -35,6 +35,8 @@ class PageFraisage : public QWidget {
     const char* sinon = "";
   };
   QGroupBox* Selection();
+  QWidget* Cotes();
+  void BullesCotes();
   QGroupBox* Outil();
   void AjouteChamp(QGridLayout* grille, const struct LigneOutil& ligne);
   void EntreOutil(const ChampOutil& champ, const std::string& texte);
@@ -46,7 +48,7 @@ class PageFraisage : public QWidget {
   QCheckBox* poche_ = nullptr;
   QCheckBox* fraiser_ = nullptr;
   Saisie* profondeur_ = nullptr;
-  std::array<QToolButton*, 3> decal_{};
+  std::array<QRadioButton*, 3> decal_{};
   std::vector<ChampOutil> outil_;
   QLabel* avisPoche_ = nullptr;
 };

@@ -1,7 +1,6 @@
 #include "workspace/ui/PagePoints.h"
 
 #include <QAbstractListModel>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -93,27 +92,29 @@ QWidget* PagePoints::Liste() {
 
 QWidget* PagePoints::Boutons() {
   auto* cadre = new QWidget;
-  auto* grille = new QGridLayout(cadre);
-  grille->setContentsMargins(0, 0, 0, 0);
-  grille->setSpacing(4);
-  depart_ = BoutonPanneau("CB_Depart", "La séquence fermée commence à ce point", "Point de départ");
-  supprime_ = BoutonPanneau("CB_Supprimer_Point", "Retirer du dessin les points choisis", "Supprimer");
-  position_ = BoutonPanneau("CB_Position", "Donner d'autres coordonnées au point", "Position...");
-  goto_ = BoutonPanneau("CB_Goto", "Déplacer la machine jusqu'au point", "Y aller");
+  auto* colonne = new QVBoxLayout(cadre);
+  colonne->setContentsMargins(0, 0, 0, 0);
+  colonne->setSpacing(4);
+  depart_ = BoutonTexte("CB_Depart", "Point de départ", "La séquence fermée commence à ce point");
+  position_ = BoutonTexte("CB_Position", "Position...", "Donner d'autres coordonnées au point");
+  supprime_ = BoutonTexte("CB_Supprimer_Point", "Supprimer", "Retirer du dessin les points choisis");
+  goto_ = BoutonTexte("CB_Goto", "Y aller", "Déplacer la machine jusqu'au point");
   position_->setCheckable(true);
-  grille->addWidget(depart_, 0, 0);
-  grille->addWidget(supprime_, 0, 1);
-  grille->addWidget(position_, 1, 0);
-  grille->addWidget(goto_, 1, 1);
-  grille->setColumnStretch(0, 1);
-  grille->setColumnStretch(1, 1);
-  connect(depart_, &QToolButton::clicked, this, &PagePoints::Depart);
-  connect(supprime_, &QToolButton::clicked, this, &PagePoints::Supprime);
-  connect(position_, &QToolButton::clicked, this, [this](bool ouvert) {
+  // What is not there leaves its room to its neighbour.
+  for (const auto& [gauche, droite] : {std::pair{depart_, position_}, std::pair{supprime_, goto_}}) {
+    auto* ligne = new QHBoxLayout;
+    ligne->setSpacing(4);
+    ligne->addWidget(gauche, 1);
+    ligne->addWidget(droite, 1);
+    colonne->addLayout(ligne);
+  }
+  connect(depart_, &QAbstractButton::clicked, this, &PagePoints::Depart);
+  connect(supprime_, &QAbstractButton::clicked, this, &PagePoints::Supprime);
+  connect(position_, &QAbstractButton::clicked, this, [this](bool ouvert) {
     cadrePosition_->setVisible(ouvert);
     if (ouvert) x_->setFocus(Qt::OtherFocusReason);
   });
-  connect(goto_, &QToolButton::clicked, this, [this] {
+  connect(goto_, &QAbstractButton::clicked, this, [this] {
     if (OuvreFenetre) OuvreFenetre("F_PilMan", window());
   });
   return cadre;
@@ -135,7 +136,7 @@ QWidget* PagePoints::Position() {
   ligne->addWidget(y_, 1);
   ligne->addWidget(positionOK_);
   cadrePosition_->hide();
-  connect(positionOK_, &QToolButton::clicked, this, &PagePoints::PositionOK);
+  connect(positionOK_, &QAbstractButton::clicked, this, &PagePoints::PositionOK);
   return cadrePosition_;
 }
 
@@ -146,11 +147,11 @@ QWidget* PagePoints::Origine() {
   ligne->setContentsMargins(6, 4, 6, 6);
   marquee_ = new QLabel;
   marquee_->setObjectName(QStringLiteral("Lbl_Marquee"));
-  marquee_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  origine_ = BoutonPanneau("CB_Origine", "La position marquée devient le point (0, 0) du dessin", "Origine ici");
+  marquee_->setToolTip(QStringLiteral("Point du tracé le plus proche du dernier clic sur le dessin"));
+  origine_ = BoutonTexte("CB_Origine", "Origine ici", "La position marquée devient le point (0, 0) du dessin");
   ligne->addWidget(marquee_, 1);
   ligne->addWidget(origine_);
-  connect(origine_, &QToolButton::clicked, this, [] { CB_Origine(); });
+  connect(origine_, &QAbstractButton::clicked, this, [] { CB_Origine(); });
   return cadre;
 }
 
@@ -196,7 +197,7 @@ void PagePoints::ActivePoint() {
   const std::int32_t i = PointActuel();
   const bool un = i >= 0;
   invite_->setVisible(!un);
-  for (QToolButton* b : {depart_, supprime_, position_, goto_, positionOK_}) b->setEnabled(un);
+  for (QAbstractButton* b : {depart_, supprime_, position_, goto_, positionOK_}) b->setEnabled(un);
   goto_->setVisible(FenetreExiste && FenetreExiste("F_PilMan"));
   if (!un) {
     position_->setChecked(false);

@@ -1,10 +1,10 @@
 // Page "Points" of the panel: what is done with the points chosen in TreeView1, and with the marked position.
 #pragma once
 
+#include <QAbstractButton>
 #include <QFrame>
 #include <QLabel>
 #include <QListView>
-#include <QToolButton>
 #include <cstdint>
 #include <functional>
 #include <vector>
@@ -48,8 +48,8 @@ class PagePoints : public QWidget {
   QLabel* marquee_ = nullptr;
   ChampNombre* x_ = nullptr;
   ChampNombre* y_ = nullptr;
-  QToolButton *depart_ = nullptr, *supprime_ = nullptr, *position_ = nullptr, *goto_ = nullptr;
-  QToolButton *positionOK_ = nullptr, *origine_ = nullptr;
+  QAbstractButton *depart_ = nullptr, *supprime_ = nullptr, *position_ = nullptr, *goto_ = nullptr;
+  QAbstractButton *positionOK_ = nullptr, *origine_ = nullptr;
 };
 
 }  // namespace ovelin

@@ -111,10 +111,9 @@ QWidget* PageSequences::Recalage() {
         EtiquettePanneau(i == 0 ? "Lbl_DecalageX" : "Lbl_DecalageY", i == 0 ? "X" : "Y", recalage_[i]));
     ligne->addWidget(recalage_[i], 1);
   }
-  QToolButton* ok =
-      BoutonPanneau("CB_OKRecalage", "Déplacer tout le dessin : le coin de la sélection vient ici", "Placer");
-  ok->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  connect(ok, &QToolButton::clicked, this, &PageSequences::Place);
+  QPushButton* ok =
+      BoutonTexte("CB_OKRecalage", "Placer", "Déplacer tout le dessin : le coin de la sélection vient ici");
+  connect(ok, &QPushButton::clicked, this, &PageSequences::Place);
   ligne->addWidget(ok);
   avecDessin_.push_back(cadre);
   return cadre;
@@ -147,7 +146,7 @@ void PageSequences::Place() {
     champ->Refuse(RaisonNombre());
     return champ->setFocus(Qt::OtherFocusReason);
   }
-  if (CB_OKRecalage(recalage_[0]->Texte(), recalage_[1]->Texte())) deplacement_->Montre("0", "0");
+  if (CB_OKRecalage(recalage_[0]->Texte(), recalage_[1]->Texte())) deplacement_->Remet();
 }
 
 }  // namespace ovelin

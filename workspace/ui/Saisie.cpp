@@ -7,6 +7,19 @@
 
 namespace ovelin {
 
+namespace {
+
+void Habille(QAbstractButton* bouton, const char* nom, const char* bulle) {
+  bouton->setObjectName(QString::fromLatin1(nom));
+  bouton->setToolTip(QString::fromUtf8(bulle));
+  bouton->setIcon(IconeProgramme(bouton->objectName()));
+  bouton->setIconSize({20, 20});
+  // A press takes the keyboard, so that an entry in a field is taken over first.
+  bouton->setFocusPolicy(Qt::StrongFocus);
+}
+
+}  // namespace
+
 Saisie::Saisie(ChampNombre* champ, std::function<void(const std::string&)> regle)
     : QObject(champ), champ_(champ), regle_(std::move(regle)) {
   connect(champ, &ChampNombre::Quitte, this, &Saisie::Quitte);
@@ -36,19 +49,15 @@ QString TextePanneau(const char* cle, const char* sinon) {
 
 QString RaisonNombre() { return TextePanneau("champ_nombre", "Ce n'est pas un nombre."); }
 
-QToolButton* BoutonPanneau(const char* nom, const char* bulle, const char* texte) {
+QToolButton* BoutonPanneau(const char* nom, const char* bulle) {
   auto* bouton = new QToolButton;
-  bouton->setObjectName(QString::fromLatin1(nom));
-  bouton->setToolTip(QString::fromUtf8(bulle));
-  if (*texte != '\0') bouton->setText(QString::fromUtf8(texte));
-  bouton->setIcon(IconeProgramme(bouton->objectName()));
-  bouton->setIconSize({20, 20});
-  // A press takes the keyboard, so that an entry in a field is taken over first.
-  bouton->setFocusPolicy(Qt::StrongFocus);
-  if (*texte != '\0') {
-    bouton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    bouton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  }
+  Habille(bouton, nom, bulle);
+  return bouton;
+}
+
+QPushButton* BoutonTexte(const char* nom, const char* texte, const char* bulle) {
+  auto* bouton = new QPushButton(QString::fromUtf8(texte));
+  Habille(bouton, nom, bulle);
   return bouton;
 }
 

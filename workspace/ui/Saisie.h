@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPushButton>
 #include <QToolButton>
 #include <functional>
 #include <string>
@@ -37,8 +38,9 @@ QString TextePanneau(const char* cle, const char* sinon);
 // "Not a number", for every field.
 QString RaisonNombre();
 
-// A button with the icon of its name; with a text it stands beside the icon.
-QToolButton* BoutonPanneau(const char* nom, const char* bulle, const char* texte = "");
+// A button with the icon of its name, and one with a text beside it.
+QToolButton* BoutonPanneau(const char* nom, const char* bulle);
+QPushButton* BoutonTexte(const char* nom, const char* texte, const char* bulle);
 // A field with its tool tip and its name for those who hear it.
 ChampNombre* ChampPanneau(const char* nom, const char* unite, const char* bulle);
 // The label in front of a field.
