@@ -61,11 +61,15 @@ bool ThemeSombre(const QWidget& w) {
   return Luminance(w.palette().color(QPalette::Window)) < Luminance(w.palette().color(QPalette::WindowText));
 }
 
-// The lightness moves in small steps up and down at once; the first that is far enough from the ground is the
-// nearest. One of black and white always is.
+// What was chosen for another ground is mirrored in its lightness first: black on white becomes white on black,
+// dark red a light one, and two colours that could be told apart still can. From there the lightness moves in small
+// steps up and down at once; the first that is far enough from the ground is the nearest. One of black and white
+// always is.
 QColor CouleurLisible(const QColor& couleur, const QColor& fond) {
   if (Contraste(couleur, fond) >= ContrasteVoulu) return couleur;
-  const auto clarte = static_cast<float>(couleur.lightnessF());
+  const float clarte = 1.0F - static_cast<float>(couleur.lightnessF());
+  const QColor miroir = AvecClarte(couleur, clarte);
+  if (Contraste(miroir, fond) >= ContrasteVoulu) return miroir;
   for (float pas = 0.01F; pas < 1.01F; pas += 0.01F) {
     for (const float sens : {1.0F, -1.0F}) {
       const QColor essai = AvecClarte(couleur, clarte + sens * pas);

@@ -122,6 +122,11 @@ class ComboPas : public QComboBox {
   }
 };
 
+// A menu's text without its key and its dots.
+QString TexteBouton(const QAction& commande) {
+  return commande.text().remove('&').remove(QStringLiteral("..."));
+}
+
 }  // namespace
 
 CommandesPrincipales::CommandesPrincipales(QMenuBar* menus, QToolBar* barre, const Executions& executions,
@@ -201,13 +206,14 @@ void CommandesPrincipales::RemplitBarre(QToolBar* barre) {
 // A button is an action of its own that follows the menu's: its tool tip is translated by itself.
 void CommandesPrincipales::AjouteBouton(const char* nom) {
   QAction* commande = actions_.at(nom);
-  QAction* bouton = barre_->addAction(commande->icon(), commande->text().remove('&'));
+  QAction* bouton = barre_->addAction(commande->icon(), TexteBouton(*commande));
   bouton->setObjectName(barre_->objectName() + "_" + QString::fromLatin1(nom));
   bouton->setCheckable(commande->isCheckable());
   connect(bouton, &QAction::triggered, commande, &QAction::trigger);
   const auto suit = [commande, bouton] {
     bouton->setEnabled(commande->isEnabled());
     bouton->setChecked(commande->isChecked());
+    bouton->setIconText(TexteBouton(*commande));
   };
   connect(commande, &QAction::changed, bouton, suit);
   // The click has toggled the button itself; the command has the last word.

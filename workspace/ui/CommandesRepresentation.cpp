@@ -155,8 +155,7 @@ void F_Representation::mnu_Nettoyage() {
   Regl.Resolution = 0;
   Fenetre("F_Nettoyage");
   if (!mnu_Nettoyage_Click(Regl.Resolution)) return;
-  setWindowTitle(
-      QString::fromStdString(Traduire(Section, "lib200") + " " + std::to_string(NbPoints)));
+  setWindowTitle(QString::fromStdString(Traduire(Section, "lib200") + " " + std::to_string(NbPoints)));
 }
 
 // The selection follows the cursor keys, a tenth of a millimetre a stroke, a whole one with Shift.
@@ -164,11 +163,22 @@ bool F_Representation::FlecheDeplace(int touche, Qt::KeyboardModifiers touches) 
   int direction = 0;
   float signe = 1;
   switch (touche) {
-    case Qt::Key_Left: direction = 1; signe = -1; break;
-    case Qt::Key_Right: direction = 1; break;
-    case Qt::Key_Down: direction = 3; signe = -1; break;
-    case Qt::Key_Up: direction = 3; break;
-    default: return false;
+    case Qt::Key_Left:
+      direction = 1;
+      signe = -1;
+      break;
+    case Qt::Key_Right:
+      direction = 1;
+      break;
+    case Qt::Key_Down:
+      direction = 3;
+      signe = -1;
+      break;
+    case Qt::Key_Up:
+      direction = 3;
+      break;
+    default:
+      return false;
   }
   Code2 dernier;
   if (NbSelectionnees(dernier) == 0) return true;

@@ -73,7 +73,7 @@ F_Representation::F_Representation(QWidget* parent) : QMainWindow(parent), avant
 
 F_Representation::~F_Representation() { Svc = avant_; }
 
-// --- layout ------------------------------------------------------------------------------------------------------
+// --- layout
 
 void F_Representation::Dispose() {
   TB1_ = new QToolBar(this);
@@ -173,10 +173,11 @@ void F_Representation::AppliqueTheme() {
   commandes_->Redessine();
   panneau_->Couleurs();
   // The one command that stands out.
-  TB1_->setStyleSheet(QStringLiteral("QToolButton[principal=\"true\"] { background: palette(highlight); "
-                                     "color: palette(highlighted-text); border-radius: 4px; padding: 3px 8px; "
-                                     "font-weight: bold; } "
-                                     "QToolButton[principal=\"true\"]:disabled { background: palette(mid); }"));
+  TB1_->setStyleSheet(
+      QStringLiteral("QToolButton[principal=\"true\"] { background: palette(highlight); "
+                     "color: palette(highlighted-text); border-radius: 4px; padding: 3px 8px; "
+                     "font-weight: bold; } "
+                     "QToolButton[principal=\"true\"]:disabled { background: palette(mid); }"));
 }
 
 EtatFenetre F_Representation::EtatCourant() const {
@@ -192,7 +193,7 @@ EtatFenetre F_Representation::EtatCourant() const {
   return etat;
 }
 
-// --- load and end --------------------------------------------------------------------------------------------------
+// --- load and end
 
 void F_Representation::Form_Load(const std::string& ligneCommande) {
   panneau_->Couleurs();
@@ -257,7 +258,7 @@ void F_Representation::changeEvent(QEvent* e) {
   AppliqueTheme();
 }
 
-// --- the document on show ------------------------------------------------------------------------------------------
+// --- the document on show
 
 void F_Representation::Rafraichit() {
   // What an opening leaves on its way isn't shown, and no step of undo leads there.
@@ -331,7 +332,7 @@ void F_Representation::MenuImage(const QPoint& ecran) {
   menu->popup(ecran);
 }
 
-// --- files dropped, keys ---------------------------------------------------------------------------------------------
+// --- files dropped, keys
 
 void F_Representation::dragEnterEvent(QDragEnterEvent* e) {
   if (!FichierDepose(e->mimeData()).empty()) e->acceptProposedAction();

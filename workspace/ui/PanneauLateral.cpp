@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "core/Reglages.h"
@@ -66,6 +67,7 @@ PanneauLateral::PanneauLateral(QWidget* parent) : QSplitter(Qt::Vertical, parent
     connect(arbre, &ArbreDocument::Clic, this, &PanneauLateral::ClicArbre);
     connect(arbre, &ArbreDocument::MenuContexte, this, &PanneauLateral::MenuArbre);
   }
+  connect(this, &QSplitter::splitterMoved, this, [this] { regle_ = true; });
   Option1(PageSequence::Fraisage);
 }
 
@@ -86,13 +88,30 @@ QWidget* PanneauLateral::BasPages() {
   points_ = new PagePoints;
   fraisage_ = new PageFraisage;
   sequences_ = new PageSequences;
-  for (QWidget* page : {static_cast<QWidget*>(points_), static_cast<QWidget*>(fraisage_),
-                        static_cast<QWidget*>(sequences_)}) {
+  for (QWidget* page :
+       {static_cast<QWidget*>(points_), static_cast<QWidget*>(fraisage_), static_cast<QWidget*>(sequences_)}) {
     pilePages_->addWidget(Defilant(page));
   }
   choixPage_ = Choix("Option1", {QStringLiteral("Points"), QStringLiteral("Fraisage"), QStringLiteral("Séquences")},
                      pilePages_);
   return Empile(choixPage_, pilePages_, "Frame_Sequence");
+}
+
+// The pages have the height that they need and the trees take what is left, until the user moves the line between.
+void PanneauLateral::resizeEvent(QResizeEvent* e) {
+  QSplitter::resizeEvent(e);
+  if (!regle_) Repartit();
+}
+
+void PanneauLateral::Repartit() {
+  int hauteur = 0;
+  for (const QWidget* page : {static_cast<QWidget*>(points_), static_cast<QWidget*>(fraisage_),
+                              static_cast<QWidget*>(sequences_)}) {
+    hauteur = std::max(hauteur, page->sizeHint().height());
+  }
+  hauteur += choixPage_->sizeHint().height();
+  const int arbres = std::max(height() - hauteur - handleWidth(), widget(0)->minimumHeight());
+  setSizes({arbres, std::max(height() - arbres - handleWidth(), 1)});
 }
 
 void PanneauLateral::Option1(PageSequence page) { choixPage_->setCurrentIndex(static_cast<int>(page)); }

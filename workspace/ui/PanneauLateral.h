@@ -38,10 +38,14 @@ class PanneauLateral : public QSplitter {
   void Clic(const ovelin::ResultatClic& resultat);
   void MenuArbre(const QPoint& ecran);
 
+ protected:
+  void resizeEvent(QResizeEvent* e) override;
+
  private:
   QWidget* HautArbres();
   QWidget* BasPages();
   void ClicArbre(const ResultatClic& resultat);
+  void Repartit();
 
   std::array<ArbreDocument*, 2> arbres_{};
   PagePoints* points_ = nullptr;
@@ -51,6 +55,7 @@ class PanneauLateral : public QSplitter {
   QTabBar* choixPage_ = nullptr;
   QStackedWidget* pileArbres_ = nullptr;
   QStackedWidget* pilePages_ = nullptr;
+  bool regle_ = false;  // the user has moved the line between trees and pages
   std::vector<Code2> selection_;  // paths that the panel shows
 };
 
