@@ -239,9 +239,9 @@ void ChampNombre::focusOutEvent(QFocusEvent* e) {
   if (bulle_ == nullptr) qApp->removeEventFilter(this);
   // The window goes, or is being destroyed and its handlers with it: the entry goes with it.
   if (window()->isHidden()) return;
-  const QWidget* menu = QApplication::activePopupWidget();
-  if (e->reason() == Qt::PopupFocusReason && menu != nullptr && menu->parentWidget() == this) return;
   const bool provisoire = e->reason() == Qt::PopupFocusReason || e->reason() == Qt::ActiveWindowFocusReason;
+  const QWidget* menu = QApplication::activePopupWidget();
+  if (provisoire && menu != nullptr && menu->parentWidget() == this) return;
   DitQuitte(!provisoire);
 }
 

@@ -1,19 +1,16 @@
 #include "core/ui/ServicesQt.h"
 
-#include <QAbstractButton>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QColorDialog>
-#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QInputDialog>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QThread>
 #include <QTimer>
-#include <QTranslator>
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
@@ -25,6 +22,7 @@
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
 #include "core/ui/Fenetres.h"
+#include "core/ui/LanguesPresentes.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 
@@ -122,29 +120,54 @@ QStringList MotifsDe(const std::string& motif) {
   return motifs;
 }
 
-std::string ChoisitFichierQt(const DialogueFichier& demande) {
-  QFileDialog dialogue(Proprietaire());
+QString TexteBoite(const char* cle, const char* francais) {
+  return TraduireOu(SectionBoites, QString::fromLatin1(cle), QString::fromUtf8(francais));
+}
+
+void PrepareDialogue(QFileDialog& dialogue, const DialogueFichier& demande) {
   dialogue.setObjectName(QString::fromStdString(demande.cle));
   dialogue.setWindowTitle(QString::fromStdString(demande.titre));
   dialogue.setAcceptMode(demande.enregistrer ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialogue.setFileMode(demande.enregistrer ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialogue.setOption(QFileDialog::DontConfirmOverwrite);  // asked here, in the language of the program
+  dialogue.setLabelText(QFileDialog::Accept, demande.enregistrer ? TexteBoite("Btn_Enregistrer", "&Enregistrer")
+                                                                 : TexteBoite("Btn_Ouvrir", "&Ouvrir"));
+  dialogue.setLabelText(QFileDialog::Reject, TexteBoite("Btn_Annuler", "Annuler"));
+  dialogue.setLabelText(QFileDialog::LookIn, TexteBoite("Fichier_Dossier", "Dossier :"));
+  dialogue.setLabelText(QFileDialog::FileName, TexteBoite("Fichier_Nom", "&Nom :"));
+  dialogue.setLabelText(QFileDialog::FileType, TexteBoite("Fichier_Type", "Type :"));
   const QStringList motifs = MotifsDe(demande.motif);
   if (!motifs.isEmpty()) {
-    dialogue.setNameFilter(
-        QStringLiteral("%1 (%2)").arg(QString::fromStdString(demande.filtre), motifs.join(QLatin1Char(' '))));
+    const QString texte = demande.filtre.empty() ? motifs[0] : QString::fromStdString(demande.filtre);
+    dialogue.setNameFilter(QStringLiteral("%1 (%2)").arg(texte, motifs.join(QLatin1Char(' '))));
     if (demande.enregistrer && motifs[0].startsWith(QLatin1String("*."))) {
       dialogue.setDefaultSuffix(motifs[0].mid(2));
     }
   }
-  const QString propose = QString::fromStdString(demande.propose);
-  if (propose.contains(QLatin1Char('/'))) {
+  if (demande.propose.find('/') != std::string::npos) {
     dialogue.setDirectory(QString::fromStdString(DossierDe(demande.propose)));
     dialogue.selectFile(QString::fromStdString(NomDe(demande.propose)));
-  } else if (!propose.isEmpty()) {
-    dialogue.selectFile(propose);
+  } else if (!demande.propose.empty()) {
+    dialogue.selectFile(QString::fromStdString(demande.propose));
   }
-  if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return "";
-  return dialogue.selectedFiles().constFirst().toStdString();
+}
+
+// A file that is there is overwritten only after a yes; a no leads back to the dialog.
+std::string ChoisitFichierQt(const DialogueFichier& demande) {
+  QFileDialog dialogue(Proprietaire());
+  PrepareDialogue(dialogue, demande);
+  for (;;) {
+    if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return "";
+    const std::string chemin = dialogue.selectedFiles().constFirst().toStdString();
+    if (!demande.enregistrer || !FichierExiste(chemin)) return chemin;
+    Boite question;
+    question.section = SectionBoites;
+    question.cle = "lib001";
+    question.texte = TexteBoite("lib001", "Ce fichier existe déjà. Le remplacer ?").toStdString() + "\n" + chemin;
+    question.icone = Icone::Exclamation;
+    question.boutons = Boutons::OuiNon;
+    if (MontreBoite(question) == Reponse::Oui) return chemin;
+  }
 }
 
 std::string SaisitQt(std::string_view /*section*/, std::string_view cle, const std::string& texte,
@@ -165,16 +188,79 @@ int ChoisitCouleurQt(QWidget* proprietaire, int couleur) {
   return choisie.isValid() ? DeCouleur(choisie) : -1;
 }
 
+// A round of events without the user's input. The toolkit leaves what comes from the screen in its queue for later;
+// what reaches a widget another way (a file that is dropped, a press through the accessibility bus) is refused
+// here. A box that a timer opens inside the round gets its input.
+class Ronde : public QObject {
+ public:
+  Ronde() : modale_(QApplication::activeModalWidget()), dehors_(EnCours) {
+    EnCours = this;
+    qApp->installEventFilter(this);
+  }
+  ~Ronde() override { EnCours = dehors_; }
+  Ronde(const Ronde&) = delete;
+  Ronde& operator=(const Ronde&) = delete;
+
+  void Tourne() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+
+  bool eventFilter(QObject* /*objet*/, QEvent* e) override {
+    return EnCours == this && QApplication::activeModalWidget() == modale_ && DeLUtilisateur(e->type());
+  }
+
+  // None while it stands: the loops of a run take everything, wherever they run.
+  class Suspend {
+   public:
+    Suspend() : avant_(EnCours) { EnCours = nullptr; }
+    ~Suspend() { EnCours = avant_; }
+    Suspend(const Suspend&) = delete;
+    Suspend& operator=(const Suspend&) = delete;
+
+   private:
+    const Ronde* avant_;
+  };
+
+ private:
+  static bool DeLUtilisateur(QEvent::Type type) {
+    switch (type) {
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::KeyPress:
+      case QEvent::KeyRelease:
+      case QEvent::Shortcut:
+      case QEvent::ShortcutOverride:
+      case QEvent::Wheel:
+      case QEvent::ContextMenu:
+      case QEvent::TouchBegin:
+      case QEvent::TouchUpdate:
+      case QEvent::TouchEnd:
+      case QEvent::TabletPress:
+      case QEvent::TabletRelease:
+      case QEvent::NativeGesture:
+      case QEvent::Drop:
+        return true;
+      default:
+        return false;
+    }
+  }
+
+  static const Ronde* EnCours;
+  const QWidget* modale_;
+  const Ronde* dehors_;
+};
+const Ronde* Ronde::EnCours = nullptr;
+
 bool FilFenetres() { return qApp != nullptr && QThread::currentThread() == qApp->thread(); }
 
 void LaisseEvenementsQt(Evenements mode) {
   if (!FilFenetres()) return;
   if (mode == Evenements::Tous) {
+    const Ronde::Suspend suspend;
     QCoreApplication::processEvents();
     return;
   }
   const Passe passe;
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  Ronde().Tourne();
 }
 
 // The kernel on a thread of its own; meanwhile rounds of events without the user's input, one every few
@@ -196,11 +282,11 @@ void EnFondQt(const std::function<void()>& noyau) {
     fini = true;
     signal.notify_one();
   });
-  constexpr std::chrono::milliseconds Ronde(8);
+  constexpr std::chrono::milliseconds Delai(8);
   std::unique_lock<std::mutex> tient(verrou);
-  while (!signal.wait_for(tient, Ronde, [&] { return fini; })) {
+  while (!signal.wait_for(tient, Delai, [&] { return fini; })) {
     tient.unlock();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    Ronde().Tourne();
     tient.lock();
   }
   tient.unlock();
@@ -229,6 +315,7 @@ void ProgrammeLivraison() {
 }  // namespace
 
 void InstalleServicesQt() {
+  TraduitBoiteAOutils();
   Svc.Montre = MontreBoite;
   Svc.ChoisitFichier = ChoisitFichierQt;
   Svc.Saisit = SaisitQt;
@@ -249,6 +336,16 @@ QWidget* Proprietaire() {
   if (QWidget* modale = QApplication::activeModalWidget()) return modale;
   if (QWidget* devant = QApplication::activeWindow()) return devant;
   return Choisi;
+}
+
+bool RemetFermeture(QWidget& fenetre, QCloseEvent& demande) {
+  if (!PasseEnCours()) return false;
+  demande.ignore();
+  const QPointer<QWidget> laquelle(&fenetre);
+  Apres([laquelle] {
+    if (laquelle != nullptr) laquelle->close();
+  });
+  return true;
 }
 
 bool PasseEnCours() { return Passes > 0; }

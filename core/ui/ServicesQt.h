@@ -5,6 +5,8 @@
 
 #include "core/Services.h"
 
+class QCloseEvent;
+
 namespace ovelin {
 
 // Boxes, file dialogs, prompt, clock, sleep, beep, events, the worker. Progress, panels, lists and the size dialog
@@ -19,6 +21,9 @@ QWidget* Proprietaire();
 // put off with `Apres` and comes when it is over.
 bool PasseEnCours();
 void Apres(const std::function<void()>& souhait);
+// For the closeEvent of a window: while something long runs the request is refused for now, and comes again behind
+// it. True: put off.
+bool RemetFermeture(QWidget& fenetre, QCloseEvent& demande);
 // Held over a pass: nested ones count, the last end lets the postponed wishes run, in their order, from the event
 // loop.
 class Passe {

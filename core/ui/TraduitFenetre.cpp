@@ -16,6 +16,7 @@
 #include <QTableView>
 #include <QToolBar>
 #include <QTreeView>
+#include <vector>
 
 #include "core/Traduction.h"
 
@@ -35,6 +36,8 @@ class Marche {
   void Fenetre(QWidget& fenetre) {
     Pose(fenetre, QStringLiteral("0"), fenetre.windowTitle(), [&](const QString& t) { fenetre.setWindowTitle(t); });
     Enfants(fenetre);
+    // once every label has its text
+    for (QWidget* w : reprises_) Nomme(*w);
   }
 
  private:
@@ -71,7 +74,7 @@ class Marche {
     if (w->isWindow() && menu == nullptr) return;  // a window of its own section
     if (!nom.isEmpty() && !nom.startsWith(QLatin1String("qt_"))) Controle(*w, nom);
     Enfants(objet);
-    Nomme(*w);
+    reprises_.push_back(w);
   }
 
   void Action(QAction& a, const QString& nom) {
@@ -229,6 +232,7 @@ class Marche {
   }
 
   std::string section_;
+  std::vector<QWidget*> reprises_;  // controls that have been walked
 };
 
 }  // namespace
