@@ -31,7 +31,7 @@ ArbreDocument::ArbreDocument(SorteArbre sorte, QWidget* parent)
   setAnimated(false);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionMode(QAbstractItemView::ExtendedSelection);
-  setExpandsOnDoubleClick(true);
+  setExpandsOnDoubleClick(false);  // the first click has opened it already
   setIndentation(14);
   modele_->PoseFond(palette().color(QPalette::Base));
   setModel(modele_);
@@ -179,8 +179,8 @@ void ArbreDocument::contextMenuEvent(QContextMenuEvent* e) {
   const ModeleArbre::Place place = ModeleArbre::PlaceDe(index);
   const bool choisie = place.niveau == NiveauNoeud::Sequence && place.groupe < Donnees().groupes.size() &&
                        Donnees().groupes[place.groupe].selectionne;
-  const bool plusieurs = place.niveau == NiveauNoeud::Point && selectionModel()->isSelected(index) &&
-                         selectionModel()->selectedIndexes().size() > 1;
+  const bool plusieurs =
+      place.niveau == NiveauNoeud::Point && selectionModel()->isSelected(index) && PointsChoisis().size() > 1;
   if (!choisie && !plusieurs) Choisit(index);
   Q_EMIT MenuContexte(e->globalPos());
 }

@@ -150,7 +150,8 @@ void ImagePB1::Peint() {
   if (dessine_) {
     QPainter peintre(&image_);
     peintre.setFont(font());
-    PeintScene(peintre, scene_, {papier, false});
+    const bool distincte = options.couleurSelectionne != options.couleurInitial;
+    PeintScene(peintre, scene_, {papier, false, distincte ? options.couleurSelectionne : -1});
   }
   PlaceLegende(options);
   MontreOutil();
@@ -209,7 +210,7 @@ QRect ImagePB1::RectBande() const {
 }
 
 void ImagePB1::PeintDessus(QPainter& peintre) const {
-  const AspectScene aspect{Papier(*this), true};
+  const AspectScene aspect{Papier(*this)};
   peintre.setFont(font());
   PeintScene(peintre, croix_, aspect);
   PeintScene(peintre, outil_, aspect);
@@ -257,7 +258,7 @@ void ImagePB1::resizeEvent(QResizeEvent* e) {
 
 void ImagePB1::showEvent(QShowEvent* e) {
   QWidget::showEvent(e);
-  MetEnPage();
+  if (size() != misEnPage_) MetEnPage();
 }
 
 void ImagePB1::MetEnPage() {
@@ -266,6 +267,7 @@ void ImagePB1::MetEnPage() {
     taille_.start();
     return;
   }
+  misEnPage_ = size();
   if (MetEnPageVue(Taille())) {
     Dessin();
   } else {

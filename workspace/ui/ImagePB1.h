@@ -83,9 +83,10 @@ class ImagePB1 : public QWidget {
   QImage image_;
   Scene scene_;  // memory kept from one Dessin to the next
   Scene croix_, outil_;
-  QRect bande_;    // where the rubber band was painted
-  QTimer taille_;  // runs until the size has settled
-  QTimer suite_;   // of no length: the movements that are waiting come first
+  QRect bande_;      // where the rubber band was painted
+  QSize misEnPage_;  // size taken over last
+  QTimer taille_;    // runs until the size has settled
+  QTimer suite_;     // of no length: the movements that are waiting come first
   QLabel *dessin_, *decalage_;
 };
 

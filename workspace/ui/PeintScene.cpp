@@ -3,12 +3,16 @@
 #include <QFontMetricsF>
 #include <QPolygonF>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
+#include <optional>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
 #include "core/ui/Theme.h"
+#include "workspace/ui/TraitRapide.h"
 
 namespace ovelin {
 
@@ -16,18 +20,56 @@ namespace {
 
 constexpr double Pixels = 1.0 / static_cast<double>(TwipsParPixel);  // of a twip
 
-// Dashes in widths of the pen.
-const QList<qreal> MotifPointille{1, 3};
-const QList<qreal> MotifTiretPointPoint{8, 3, 1, 3, 1, 3};
+// Dashes in widths of the line, drawn and left out in turn.
+constexpr std::array<float, 2> MotifPointille{1.5F, 2.5F};
+constexpr std::array<float, 6> MotifTiretPointPoint{8, 3, 1, 3, 1, 3};
 
-// What can be drawn smoothly at once, in stretches; a dotted line counts its dots.
-constexpr double TraitsLisses = 25'000;
+// Lines of selected paths are wider than others, in logical pixels; a whole number where they aren't smooth.
+constexpr double LargeurSelection = 1.75;
+
+// What can be drawn smoothly at once, in stretches; a dotted line counts its dots. The toolkit builds an outline
+// for each line wider than a pixel, which takes many times as long.
+constexpr double TraitsLisses = 40'000;
+constexpr double PoidsLarge = 6;
 constexpr double PeriodePointille = 4;  // pixels
+
+constexpr std::int32_t Blanc = ovelin::Couleur(255, 255, 255);
+
+std::span<const float> MotifDe(StyleTrait style) {
+  switch (style) {
+    case StyleTrait::Pointille:
+      return MotifPointille;
+    case StyleTrait::TiretPointPoint:
+      return MotifTiretPointPoint;
+    case StyleTrait::Plein:
+      break;
+  }
+  return {};
+}
+
+bool EstSelection(const Primitive& p, const AspectScene& aspect) {
+  return p.genre == Genre::Ligne && p.element == Element::Initial && p.couleur == aspect.selection;
+}
+
+// The picture that the painter draws into pixel by pixel, or none.
+QImage* ImageDe(const QPainter& peintre) {
+  QPaintDevice* support = peintre.device();
+  if (support->devType() != QInternal::Image || peintre.hasClipping()) return nullptr;
+  auto* image = static_cast<QImage*>(support);
+  return image->format() == QImage::Format_RGB32 ? image : nullptr;
+}
 
 class Peinture {
  public:
   Peinture(QPainter& peintre, const Scene& scene, const AspectScene& aspect)
-      : p_(peintre), scene_(scene), aspect_(aspect), lisse_(PeutLisser(scene)) {}
+      : p_(peintre),
+        scene_(scene),
+        aspect_(aspect),
+        epaisseur_(std::max(1.0, peintre.device()->devicePixelRatioF())),
+        lisse_(PeutLisser(scene, aspect, epaisseur_)) {
+    QImage* image = lisse_ ? nullptr : ImageDe(peintre);
+    if (image != nullptr) rapide_.emplace(*image);
+  }
 
   void Tout() {
     p_.save();
@@ -41,12 +83,13 @@ class Peinture {
  private:
   void Une(const Primitive& p);
   void Ligne(const Primitive& p);
+  void LigneRapide(const Primitive& p);
   void Points(const Primitive& p);
   void Carres(const Primitive& p);
   void Disque(const Primitive& p);
   void Fleches(const Primitive& p);
   void Texte(const Primitive& p);
-  void Crayon(const QColor& couleur, StyleTrait style);
+  void Crayon(const QColor& couleur, StyleTrait style, double largeur = 1);
   void Plein(const QColor& couleur);
   // The colour as it can be told from what lies under it.
   const QColor& Couleur(std::int32_t couleur, const QColor& fond);
@@ -56,10 +99,13 @@ class Peinture {
   QPainter& p_;
   const Scene& scene_;
   const AspectScene& aspect_;
+  double epaisseur_;  // of a line, pixels of the device
   bool lisse_;
+  std::optional<TraitRapide> rapide_;
+  std::vector<float> motif_;
   std::vector<QPointF> tampon_;
   std::unordered_map<std::uint64_t, QColor> couleurs_;
-  std::int32_t fondDisque_ = SansFond;  // of the disc that a number stands on
+  QColor fondDisque_;  // of the disc that a number stands on
 };
 
 const QColor& Peinture::Couleur(std::int32_t couleur, const QColor& fond) {
@@ -78,11 +124,11 @@ const std::vector<QPointF>& Peinture::Place(const Primitive& p) {
   return tampon_;
 }
 
-void Peinture::Crayon(const QColor& couleur, StyleTrait style) {
-  QPen crayon(couleur, 1);
+void Peinture::Crayon(const QColor& couleur, StyleTrait style, double largeur) {
+  QPen crayon(couleur, epaisseur_ * largeur);
   crayon.setCosmetic(true);
-  if (style == StyleTrait::Pointille) crayon.setDashPattern(MotifPointille);
-  if (style == StyleTrait::TiretPointPoint) crayon.setDashPattern(MotifTiretPointPoint);
+  const auto motif = MotifDe(style);
+  if (!motif.empty()) crayon.setDashPattern(QList<qreal>(motif.begin(), motif.end()));
   p_.setPen(crayon);
   p_.setBrush(Qt::NoBrush);
 }
@@ -92,9 +138,27 @@ void Peinture::Plein(const QColor& couleur) {
   p_.setBrush(couleur);
 }
 
+void Peinture::LigneRapide(const Primitive& p) {
+  const auto motif = MotifDe(p.style);
+  motif_.assign(motif.begin(), motif.end());
+  for (float& tiret : motif_) tiret *= static_cast<float>(epaisseur_);
+  rapide_->Motif(motif_);
+  rapide_->Crayon(Couleur(p.couleur).rgb(),
+                  static_cast<int>(std::lround(epaisseur_ * (EstSelection(p, aspect_) ? 2 : 1))));
+  const QTransform place = p_.deviceTransform();
+  const auto sx = static_cast<float>(place.m11() * Pixels);
+  const auto sy = static_cast<float>(place.m22() * Pixels);
+  const auto dx = static_cast<float>(place.dx());
+  const auto dy = static_cast<float>(place.dy());
+  const auto points = scene_.PointsDe(p);
+  rapide_->Commence(points[0].X * sx + dx, points[0].Y * sy + dy);
+  for (const PointEcran& e : points.subspan(1)) rapide_->Suit(e.X * sx + dx, e.Y * sy + dy);
+}
+
 void Peinture::Ligne(const Primitive& p) {
+  if (rapide_) return LigneRapide(p);
   p_.setRenderHint(QPainter::Antialiasing, lisse_);
-  Crayon(Couleur(p.couleur), p.style);
+  Crayon(Couleur(p.couleur), p.style, EstSelection(p, aspect_) ? LargeurSelection : 1);
   const auto& points = Place(p);
   p_.drawPolyline(points.data(), static_cast<int>(points.size()));
 }
@@ -116,8 +180,8 @@ void Peinture::Carres(const Primitive& p) {
 void Peinture::Disque(const Primitive& p) {
   p_.setRenderHint(QPainter::Antialiasing, true);
   Crayon(Couleur(p.couleur), StyleTrait::Plein);
-  fondDisque_ = p.fond;
-  if (p.fond != SansFond) p_.setBrush(EnCouleur(p.fond));
+  fondDisque_ = p.fond == Blanc ? QColor(Qt::white) : p.fond != SansFond ? Couleur(p.fond) : QColor();
+  if (fondDisque_.isValid()) p_.setBrush(fondDisque_);
   const double rayon = static_cast<double>(p.mesure) * Pixels;
   for (const QPointF& q : Place(p)) p_.drawEllipse(q, rayon, rayon);
 }
@@ -130,8 +194,8 @@ void Peinture::Fleches(const Primitive& p) {
 }
 
 void Peinture::Texte(const Primitive& p) {
-  const bool surDisque = p.element == Element::Numeros && fondDisque_ != SansFond;
-  p_.setPen(surDisque ? Couleur(p.couleur, EnCouleur(fondDisque_)) : Couleur(p.couleur));
+  const bool surDisque = p.element == Element::Numeros && fondDisque_.isValid();
+  p_.setPen(Couleur(p.couleur, surDisque ? fondDisque_ : aspect_.papier));
   const QString texte = QString::fromStdString(scene_.Textes[p.texte]);
   const QFontMetricsF mesure(p_.font(), p_.device());
   const QPointF place = Place(p).front();
@@ -161,19 +225,22 @@ void Peinture::Une(const Primitive& p) {
 
 }  // namespace
 
-bool PeutLisser(const Scene& scene) {
-  double traits = static_cast<double>(scene.Points.size());
+bool PeutLisser(const Scene& scene, const AspectScene& aspect, double pixels) {
+  double traits = 0;
   for (const Primitive& p : scene.Primitives) {
-    if (traits > TraitsLisses) return false;
-    if (p.genre != Genre::Ligne || p.style == StyleTrait::Plein) continue;
     const auto points = scene.PointsDe(p);
-    double longueur = 0;
-    for (std::size_t i = 1; i < points.size(); ++i) {
-      longueur += static_cast<double>(std::hypot(points[i].X - points[i - 1].X, points[i].Y - points[i - 1].Y));
+    double siens = static_cast<double>(points.size());
+    if (p.genre == Genre::Ligne && p.style != StyleTrait::Plein) {
+      double longueur = 0;
+      for (std::size_t i = 1; i < points.size(); ++i) {
+        longueur += static_cast<double>(std::hypot(points[i].X - points[i - 1].X, points[i].Y - points[i - 1].Y));
+      }
+      siens += longueur * Pixels / PeriodePointille;
     }
-    traits += longueur * Pixels / PeriodePointille;
+    traits += siens * (pixels > 1 || EstSelection(p, aspect) ? PoidsLarge : 1);
+    if (traits > TraitsLisses) return false;
   }
-  return traits <= TraitsLisses;
+  return true;
 }
 
 void PeintScene(QPainter& peintre, const Scene& scene, const AspectScene& aspect) {

@@ -4,7 +4,9 @@
 #include <QColor>
 #include <QFont>
 #include <QPainter>
-#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
 
 #include "workspace/Module_Scene.h"
 
@@ -12,8 +14,9 @@ namespace ovelin {
 
 // How a scene is painted.
 struct AspectScene {
-  QColor papier;        // what lies under it already: colours that could not be told from it are lifted
-  bool legende = true;  // false: the texts of the legend are left to labels
+  QColor papier;                // what lies under it already: colours that could not be told from it are lifted
+  bool legende = true;          // false: the texts of the legend are left to labels
+  std::int32_t selection = -1;  // lines of the drawing in this colour are wide; -1: none are
 };
 
 // Walks the list in its order. The painter counts in logical pixels, 15 twips each, with its origin at the corner
@@ -21,8 +24,8 @@ struct AspectScene {
 // scene is small enough to be drawn so at once (see PeutLisser).
 void PeintScene(QPainter& peintre, const Scene& scene, const AspectScene& aspect);
 
-// Whether smooth edges can be afforded: by what there is to draw.
-bool PeutLisser(const Scene& scene);
+// Whether smooth edges can be afforded: by what there is to draw, with lines of this many pixels of the device.
+bool PeutLisser(const Scene& scene, const AspectScene& aspect, double pixels);
 
 // Sizes of texts in this font, for OptionsScene::mesureTexte.
 std::function<TailleTexte(const std::string&)> MesureDe(const QFont& police);
