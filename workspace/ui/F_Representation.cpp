@@ -263,7 +263,7 @@ void F_Representation::changeEvent(QEvent* e) {
 void F_Representation::Rafraichit() {
   // What an opening leaves on its way isn't shown, and no step of undo leads there.
   if (ouverture_) return;
-  vide_->setVisible(TraceInitial.empty());
+  vide_->setVisible(TraceInitial.size() < 2);
   panneau_->RemplitArbres();
   panneau_->InitSeq();
   PB1_->Dessin();
