@@ -17,6 +17,7 @@ constexpr int CoteImage = 16;      // logical pixels
 BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent) {
   setObjectName(QStringLiteral("SB1"));
   setSizeGripEnabled(true);
+  setContentsMargins(6, 0, 0, 0);
   textes_ = {Etiquette("SB1_1", 0), Etiquette("SB1_2", 0), Etiquette("SB1_5", 0)};
   addWidget(textes_[0], 3);
   addWidget(textes_[1], 2);

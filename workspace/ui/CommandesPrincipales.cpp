@@ -122,6 +122,17 @@ class ComboPas : public QComboBox {
   }
 };
 
+// The picture of the button that stands out: drawn for its ground, the colour of a selection.
+QIcon IconePrincipale(const std::string& nom) {
+  const QIcon icone = IconeProgramme(QString::fromStdString(nom));
+  QIcon sur;
+  for (const int cote : {24, 48, 72}) {
+    sur.addPixmap(icone.pixmap(QSize(cote, cote), 1.0, QIcon::Selected), QIcon::Normal);
+    sur.addPixmap(icone.pixmap(QSize(cote, cote), 1.0, QIcon::Disabled), QIcon::Disabled);
+  }
+  return sur;
+}
+
 // A menu's text without its key and its dots.
 QString TexteBouton(const QAction& commande) {
   return commande.text().remove('&').remove(QStringLiteral("..."));
@@ -224,6 +235,7 @@ void CommandesPrincipales::AjouteBouton(const char* nom) {
   if (std::string_view(nom) == "mnu_Fraisage") {
     outil->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     outil->setProperty("principal", true);
+    bouton->setIcon(IconePrincipale(nom));
   }
 }
 
@@ -310,7 +322,8 @@ void CommandesPrincipales::Redessine() {
     const QIcon icone = IconeProgramme(QString::fromStdString(nom));
     action->setIcon(icone);
     const auto bouton = boutons_.find(nom);
-    if (bouton != boutons_.end()) bouton->second->setIcon(icone);
+    if (bouton == boutons_.end()) continue;
+    bouton->second->setIcon(nom == "mnu_Fraisage" ? IconePrincipale(nom) : icone);
   }
 }
 

@@ -258,7 +258,10 @@ void ImagePB1::resizeEvent(QResizeEvent* e) {
 
 void ImagePB1::showEvent(QShowEvent* e) {
   QWidget::showEvent(e);
-  if (size() != misEnPage_) MetEnPage();
+  // From the event loop: a Dessin lets events run for its snapshot, which the showing of a window doesn't bear.
+  QTimer::singleShot(0, this, [this] {
+    if (size() != misEnPage_) MetEnPage();
+  });
 }
 
 void ImagePB1::MetEnPage() {
