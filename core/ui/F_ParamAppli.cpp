@@ -114,6 +114,7 @@ QWidget* F_ParamAppli::PageOptions() {
   HScroll_TimerInterval_->setPageStep(50);
   HScroll_TimerInterval_->setMinimumWidth(140);
   LB_TimerInterval_ = Etiquette("LB_TimerInterval", {});
+  LB_TimerInterval_->setProperty("texteLibre", true);  // a value
   LB_TimerInterval_->setMinimumWidth(
       LB_TimerInterval_->fontMetrics().horizontalAdvance(QStringLiteral("00000 ms")));
   LB_TimerInterval_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -166,6 +167,7 @@ void F_ParamAppli::LigneCouleur(QGridLayout& grille, int i) {
   echantillon->setFrameStyle(QFrame::Box | QFrame::Plain);
   echantillon->setMinimumSize(56, 20);
   echantillon->setAutoFillBackground(true);
+  echantillon->setProperty("texteLibre", true);  // its tip is a colour
   LB_Couleur_[rang] = echantillon;
   auto* texte = Etiquette("", QString::fromUtf8(Couleurs[rang].texte), bouton);
   texte->setObjectName(Indice("Label_Couleur", i));

@@ -55,7 +55,7 @@ void Fleches::paintEvent(QPaintEvent* /*e*/) {
     option.state.setFlag(QStyle::State_Raised, enfoncee_ != m.action);
     option.state.setFlag(QStyle::State_Sunken, enfoncee_ == m.action);
     option.state.setFlag(QStyle::State_Enabled, isEnabled() && m.possible);
-    style()->drawPrimitive(QStyle::PE_PanelButtonBevel, &option, &p, this);
+    style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &option, &p, this);
     const int cote = 7;
     option.rect = QRect(m.place.center().x() - cote / 2, m.place.center().y() - cote / 2, cote, cote);
     style()->drawPrimitive(m.fleche, &option, &p, this);

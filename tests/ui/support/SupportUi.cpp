@@ -39,7 +39,9 @@ void Clique(QWidget& controle, Qt::MouseButton bouton, Qt::KeyboardModifiers tou
 void ThemeSombreEssai(bool sombre) {
   QPalette p = QApplication::style()->standardPalette();
   if (sombre) {
-    const QColor fond(45, 45, 48), base(30, 30, 30), texte(230, 230, 230), gris(130, 130, 130);
+    const QColor fond(45, 45, 48);
+    p = QPalette(fond, fond);  // lights and shadows follow
+    const QColor base(30, 30, 30), texte(230, 230, 230), gris(130, 130, 130);
     for (const auto role : {QPalette::Window, QPalette::Button}) p.setColor(role, fond);
     for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::ToolTipBase}) p.setColor(role, base);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {

@@ -51,6 +51,14 @@ std::vector<std::string> TextesCoupes(QWidget& fenetre);
 // The same, as one text for a message.
 std::string TextesCoupesEnTexte(QWidget& fenetre);
 
+// Texts of this window that the language in force has no words for, one line each: captions, controls, actions,
+// tabs and headers that say something and whose key is missing. Left out as above, besides entries that are numbers
+// or signs alone.
+std::vector<std::string> SansTraduction(QWidget& fenetre);
+// Controls that can be reached with the keyboard and have no accessible name or no tool tip, and labels and fields
+// that nobody named.
+std::vector<std::string> SansNom(QWidget& fenetre);
+
 // A picture of the window into the folder of the environment variable OVELIN_CAPTURES, to be looked at; nothing
 // without it. `nom` without extension.
 void Capture(QWidget& fenetre, const std::string& nom);
