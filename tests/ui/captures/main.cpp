@@ -1,0 +1,117 @@
+// captures FOLDER [LANGUAGE...]: a PNG of every scene in each language (fr and en without any), light and dark, in
+// each size; what finds no room in its control is told on standard error. The scale is Qt's (QT_SCALE_FACTOR).
+#include <QApplication>
+#include <QDir>
+#include <QStyleFactory>
+#include <QTemporaryDir>
+#include <cstdio>
+
+#include "core/Etat.h"
+#include "core/Fichiers.h"
+#include "core/Services.h"
+#include "core/ui/Fenetres.h"
+#include "core/ui/ServicesQt.h"
+#include "core/ui/Theme.h"
+#include "tests/ui/captures/Scenes.h"
+#include "tests/ui/support/SupportUi.h"
+#include "workspace/Module_Demarrage.h"
+#include "workspace/Module_Ouverture.h"
+
+namespace {
+
+void Ouvre(const std::string& exemple) {
+  ovelin::mnu_Ouvrir(essai::DossierExemples() + "/" + exemple, {true, false, false});
+}
+
+// Nobody is there to answer: boxes are told and take their first button.
+void Services() {
+  ovelin::InstalleServicesQt();
+  ovelin::Svc.Montre = [](const ovelin::Boite& b) {
+    std::fprintf(stderr, "%s/%s: %s\n", b.section.c_str(), b.cle.c_str(), b.texte.c_str());
+    return b.boutons == ovelin::Boutons::OuiNon ? ovelin::Reponse::Oui : ovelin::Reponse::Ok;
+  };
+  ovelin::Svc.Dimensionne = [](ovelin::DemandeDimension&) {};
+  ovelin::Svc.Bip = [] {};
+  // every command in its menu and on its tool bar
+  ovelin::FenetreExiste = [](const std::string& nom) {
+    return nom == "F_BD" || nom == "F_Dimension" || nom == "F_Fraisage" || nom == "F_Nettoyage" ||
+           nom == "F_ParamAppli" || nom == "F_Soudure";
+  };
+  ovelin::OuvreFenetre = [](const std::string&, QWidget*) { return false; };
+}
+
+// The program as after its first start, so that no picture depends on the one before.
+class Programme {
+ public:
+  explicit Programme(const std::string& langue) {
+    ovelin::RemetTout();
+    Services();
+    ovelin::Svc.MarqueDecimale = langue == "en" ? '.' : ',';
+    ovelin::OptionsDemarrage options;
+    options.dossierExecutable = QApplication::applicationDirPath().toStdString();
+    options.config = reglages_.path().toStdString();
+    options.locale = "C";
+    options.langue = langue;
+    ovelin::DemarreProgramme(options);
+    ovelin::PrepareDossierTemp();
+    essai::ChoisitLangue(langue);
+  }
+  ~Programme() { ovelin::OteDossierTemp(); }
+  Programme(const Programme&) = delete;
+  Programme& operator=(const Programme&) = delete;
+
+ private:
+  QTemporaryDir reglages_;
+};
+
+void Photographie(const captures::Scene& scene, const QString& dossier, const std::string& langue, bool sombre) {
+  essai::ThemeSombreEssai(sombre);
+  ovelin::OublieIcones();
+  for (const QSize& voulue : scene.tailles) {
+    const Programme programme(langue);
+    if (!scene.fichier.empty() && !scene.ouvreDedans) Ouvre(scene.fichier);
+    const std::unique_ptr<QWidget> fenetre = scene.construit();
+    const QSize taille = voulue.isValid() ? voulue : fenetre->sizeHint();
+    essai::Montre(*fenetre, taille.width(), taille.height());
+    if (!scene.fichier.empty() && scene.ouvreDedans) Ouvre(scene.fichier);
+    if (scene.prepare) scene.prepare(*fenetre);
+    essai::Evenements();
+    const QString nom = QStringLiteral("%1-%2-%3-%4x%5")
+                            .arg(QString::fromStdString(scene.nom), QString::fromStdString(langue),
+                                 sombre ? QStringLiteral("dark") : QStringLiteral("light"))
+                            .arg(fenetre->width())
+                            .arg(fenetre->height());
+    const qreal echelle = fenetre->devicePixelRatio();
+    fenetre->grab().save(dossier + QLatin1Char('/') + nom +
+                         (echelle > 1 ? QStringLiteral("@%1x.png").arg(echelle) : QStringLiteral(".png")));
+    if (!sombre) {
+      for (const std::string& faute : essai::TextesCoupes(*fenetre)) {
+        std::fprintf(stderr, "%s: %s\n", nom.toUtf8().constData(), faute.c_str());
+      }
+    }
+    fenetre->hide();
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() < 2 || !QDir().mkpath(arguments[1])) {
+    std::fprintf(stderr, "captures FOLDER [LANGUAGE...]\n");
+    return 2;
+  }
+  std::vector<std::string> langues;
+  for (const QString& l : arguments.mid(2)) langues.push_back(l.toStdString());
+  if (langues.empty()) langues = {"fr", "en"};
+
+  for (const captures::Scene& scene : captures::Scenes()) {
+    for (const std::string& langue : langues) {
+      for (const bool sombre : {false, true}) Photographie(scene, arguments[1], langue, sombre);
+    }
+  }
+  return 0;
+}
