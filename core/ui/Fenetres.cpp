@@ -1,5 +1,6 @@
 #include "core/ui/Fenetres.h"
 
+#include "core/ui/LanguesPresentes.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 
@@ -12,6 +13,7 @@ std::function<int(QWidget*, int)> ChoisitCouleur;
 void PrepareFenetre(QWidget& fenetre, const char* nom) {
   fenetre.setObjectName(QString::fromLatin1(nom));
   fenetre.setWindowIcon(IconeProgramme(QStringLiteral("OVELIN-2")));
+  TraduitBoiteAOutils();
   TraduireFenetre(fenetre);
 }
 

@@ -49,7 +49,9 @@ std::vector<LanguePresente> LanguesPresentes() {
 
 void TraduitBoiteAOutils() {
   static QTranslator textes;
-  if (QCoreApplication::instance() == nullptr) return;
+  static std::string langue;
+  if (QCoreApplication::instance() == nullptr || langue == Regl.Langue) return;
+  langue = Regl.Langue;
   QCoreApplication::removeTranslator(&textes);
   const QString nom = QStringLiteral("qtbase_") + QString::fromStdString(Regl.Langue);
   if (textes.load(nom, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

@@ -17,6 +17,7 @@
 #include <deque>
 #include <exception>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "core/Fichiers.h"
@@ -264,7 +265,7 @@ void LaisseEvenementsQt(Evenements mode) {
 }
 
 // The kernel on a thread of its own; meanwhile rounds of events without the user's input, one every few
-// milliseconds. A kernel that is done at once costs no round.
+// milliseconds. A kernel that is done at once costs no round. Where the system has no thread left it runs here.
 void EnFondQt(const std::function<void()>& noyau) {
   if (!FilFenetres()) return noyau();
   const Passe passe;
@@ -272,16 +273,21 @@ void EnFondQt(const std::function<void()>& noyau) {
   std::condition_variable signal;
   bool fini = false;
   std::exception_ptr erreur;
-  std::thread fil([&] {
-    try {
-      noyau();
-    } catch (...) {
-      erreur = std::current_exception();
-    }
-    const std::lock_guard<std::mutex> tient(verrou);
-    fini = true;
-    signal.notify_one();
-  });
+  std::thread fil;
+  try {
+    fil = std::thread([&] {
+      try {
+        noyau();
+      } catch (...) {
+        erreur = std::current_exception();
+      }
+      const std::lock_guard<std::mutex> tient(verrou);
+      fini = true;
+      signal.notify_one();
+    });
+  } catch (const std::system_error&) {
+    return noyau();
+  }
   constexpr std::chrono::milliseconds Delai(8);
   std::unique_lock<std::mutex> tient(verrou);
   while (!signal.wait_for(tient, Delai, [&] { return fini; })) {

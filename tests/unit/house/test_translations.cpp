@@ -124,8 +124,10 @@ TEST(Translations, CommentsOfGCodeHoldNoParenthesis) {
 }
 
 TEST(Translations, EveryKeyThatTheCodeNamesIsThere) {
-  // Message("section", "key"), Traduire("section", "key"), and a constant section beside a literal key.
-  static const std::regex Appel(R"((?:Message|Traduire)\(\s*("?\w+"?)\s*,\s*"([^"]+)\")");
+  // Message("section", "key"), Traduire("section", "key"), TraduireOu("section", key, text), and a constant section
+  // beside a literal key.
+  static const std::regex Appel(
+      R"((?:Message|Traduire|TraduireOu)\(\s*("?\w+"?)\s*,\s*(?:QStringLiteral\(|QLatin1String\()?"([^"]+)\")");
   static const std::regex Constante(R"(constexpr\s+(?:const char\*|std::string_view)\s+(\w+)\s*=\s*"(\w+)\")");
   const Cles fr = LitTraduction("fr");
   int trouvees = 0;
