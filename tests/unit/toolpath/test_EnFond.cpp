@@ -53,10 +53,11 @@ TEST(EnFond, TracesAPocketBesideTheWindowWithFewerPoints) {
   OffreDesFils();
   CalculDecalage(Code2(" A"));
   EXPECT_EQ(Fils, 0);
+  const std::size_t contour = TraceDecale.at(0).Points.size();
   Sequences[0].Poche = Vrai;
   CalculDecalage(Code2(" A"));
   EXPECT_EQ(Fils, 1);
-  EXPECT_GT(TraceDecale.size(), 5U);  // rings
+  EXPECT_GT(TraceDecale.at(0).Points.size(), 5 * contour);  // rings
 }
 
 TEST(EnFond, OpensTheNotchesOfALongPathWithTheSettingsOfItsStart) {
