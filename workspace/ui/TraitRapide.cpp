@@ -21,6 +21,7 @@ void TraitRapide::Motif(std::span<const float> motif) { motif_ = motif; }
 void TraitRapide::Commence(float x, float y) {
   x_ = x;
   y_ = y;
+  premiere_ = true;
   tiret_ = 0;
   reste_ = motif_.empty() ? 0 : motif_[0];
 }
@@ -67,10 +68,16 @@ void TraitRapide::Trace(float x0, float y0, float x1, float y1) {
     for (std::int32_t i = debut; i <= fin; ++i) Pixel<Couche>(i, travers(i));
     return;
   }
-  const float longueur = std::hypot(x1 - x0, y1 - y0) / static_cast<float>(std::abs(i1 - i0) + 1);
-  for (std::int32_t i = i0;; i += sens) {
-    if (Dessine(longueur) && i >= 0 && i < bornes) Pixel<Couche>(i, travers(i));
-    if (i == i1) break;
+  // The pixel of the start is that of the stretch before.
+  const std::int32_t pas = std::abs(i1 - i0) + (premiere_ ? 1 : 0);
+  const float longueur = std::hypot(x1 - x0, y1 - y0);
+  if (pas == 0) {
+    Dessine(longueur);
+    return;
+  }
+  std::int32_t i = premiere_ ? i0 : i0 + sens;
+  for (std::int32_t n = 0; n < pas; ++n, i += sens) {
+    if (Dessine(longueur / static_cast<float>(pas)) && i >= 0 && i < bornes) Pixel<Couche>(i, travers(i));
   }
 }
 
@@ -80,6 +87,7 @@ void TraitRapide::Suit(float x, float y) {
   } else {
     Trace<false>(y_, x_, y, x);
   }
+  premiere_ = false;
   x_ = x;
   y_ = y;
 }

@@ -47,6 +47,7 @@ class TraitRapide {
   std::span<const float> motif_;
   std::size_t tiret_ = 0;  // where the dashes stand: which one ...
   float reste_ = 0;        // ... and how much of it is left, pixels
+  bool premiere_ = true;   // of the line no stretch has been drawn
   float x_ = 0, y_ = 0;
 };
 

@@ -1,0 +1,282 @@
+// From primitives to pixels: order, styles, colours, widths; smooth and quick lines alike.
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+
+#include "core/Reglages.h"
+#include "core/ui/Theme.h"
+#include "tests/ui/image/Atelier.h"
+#include "workspace/ui/PeintScene.h"
+#include "workspace/ui/TraitRapide.h"
+
+namespace {
+
+using namespace ovelin;
+using essai::Compte;
+using essai::Ecart;
+
+constexpr std::int32_t Rouge = Couleur(255, 0, 0);
+constexpr std::int32_t Bleu = Couleur(0, 0, 255);
+constexpr std::int32_t Vert = Couleur(0, 110, 0);
+
+// Places in logical pixels.
+Scene& Ajoute(Scene& scene, Primitive p, const std::vector<std::pair<float, float>>& places) {
+  p.premier = static_cast<std::uint32_t>(scene.Points.size());
+  p.nombre = static_cast<std::uint32_t>(places.size());
+  for (const auto& [x, y] : places) scene.Points.push_back({x * TwipsParPixel, y * TwipsParPixel});
+  scene.Primitives.push_back(p);
+  return scene;
+}
+
+Primitive Trait(std::int32_t couleur, StyleTrait style = StyleTrait::Plein) {
+  Primitive p;
+  p.couleur = couleur;
+  p.style = style;
+  return p;
+}
+
+Primitive Marque(Genre genre, std::int32_t couleur, float pixels) {
+  Primitive p;
+  p.genre = genre;
+  p.couleur = couleur;
+  p.mesure = pixels * TwipsParPixel;
+  return p;
+}
+
+QImage Peint(const Scene& scene, const AspectScene& aspect = {Qt::white}, double echelle = 1) {
+  QImage image(QSize(100, 100) * echelle, QImage::Format_RGB32);
+  image.setDevicePixelRatio(echelle);
+  image.fill(aspect.papier);
+  QPainter p(&image);
+  PeintScene(p, scene, aspect);
+  return image;
+}
+
+// So many points beside the picture that lines are no longer smooth.
+void Alourdit(Scene& scene) {
+  std::vector<std::pair<float, float>> dehors;
+  for (int i = 0; i < 50'000; ++i) dehors.emplace_back(-50.0F - static_cast<float>(i % 2), -50.0F);
+  Ajoute(scene, Trait(Rouge), dehors);
+}
+
+TEST(PeintScene, WhatComesLaterInTheListLiesOnTop) {
+  for (const bool lourde : {false, true}) {
+    Scene scene;
+    if (lourde) Alourdit(scene);
+    Ajoute(scene, Marque(Genre::Carres, Rouge, 20), {{30, 30}});
+    Ajoute(scene, Trait(Bleu), {{30, 10}, {30, 90}});
+    Ajoute(scene, Marque(Genre::Disque, Vert, 6), {{30, 70}});
+    scene.Primitives.back().fond = Vert;
+    const QImage image = Peint(scene);
+    EXPECT_LT(Ecart(image.pixelColor(24, 30), QColor(255, 0, 0)), 60);
+    EXPECT_GT(image.pixelColor(30, 30).blue() + image.pixelColor(29, 30).blue(), 200) << "the line over the square";
+    EXPECT_LT(Ecart(image.pixelColor(30, 70), QColor(0, 110, 0)), 60) << "the disc over the line";
+  }
+}
+
+TEST(PeintScene, EachGenreMarksItsPlaceInItsSize) {
+  Scene scene;
+  Ajoute(scene, Marque(Genre::Points, Rouge, 6), {{20, 20}});
+  Ajoute(scene, Marque(Genre::Carres, Bleu, 9), {{50, 20}});
+  Ajoute(scene, Marque(Genre::Fleches, Vert, 0), {{70, 15}, {80, 20}, {70, 25}});
+  const QImage image = Peint(scene);
+  EXPECT_EQ(Compte(image, QColor(0, 0, 255), 10), 81);
+  EXPECT_NEAR(Compte(image, QColor(255, 0, 0), 150), 28, 6);
+  EXPECT_NEAR(Compte(image, QColor(0, 110, 0), 150), 45, 8);
+  EXPECT_LT(Ecart(image.pixelColor(20, 20), QColor(255, 0, 0)), 30);
+  EXPECT_LT(Ecart(image.pixelColor(73, 20), QColor(0, 110, 0)), 30);
+}
+
+TEST(PeintScene, ADottedLineLeavesPaperBetweenItsDotsAndADashedOneLess) {
+  for (const bool lourde : {false, true}) {
+    const auto compte = [&](StyleTrait style) {
+      Scene scene;
+      if (lourde) Alourdit(scene);
+      Ajoute(scene, Trait(Bleu, style), {{5.5F, 50.5F}, {95.5F, 50.5F}});
+      return Compte(Peint(scene), QColor(0, 0, 255), 300);
+    };
+    EXPECT_GE(compte(StyleTrait::Plein), 89) << lourde;
+    EXPECT_GT(compte(StyleTrait::Pointille), 20) << lourde;
+    EXPECT_LT(compte(StyleTrait::Pointille), 60) << lourde;
+    EXPECT_GT(compte(StyleTrait::TiretPointPoint), compte(StyleTrait::Pointille)) << lourde;
+    EXPECT_LT(compte(StyleTrait::TiretPointPoint), 80) << lourde;
+  }
+}
+
+TEST(PeintScene, DashesGoOnFromOneStretchToTheNext) {
+  Scene une;
+  Scene plusieurs;
+  Alourdit(une);
+  Alourdit(plusieurs);
+  Ajoute(une, Trait(Bleu, StyleTrait::Pointille), {{5, 50.5F}, {95, 50.5F}});
+  std::vector<std::pair<float, float>> points;
+  for (int i = 0; i <= 45; ++i) points.emplace_back(5.0F + 2 * static_cast<float>(i), 50.5F);
+  Ajoute(plusieurs, Trait(Bleu, StyleTrait::Pointille), points);
+  EXPECT_NEAR(Compte(Peint(une), QColor(0, 0, 255)), Compte(Peint(plusieurs), QColor(0, 0, 255)), 25);
+  EXPECT_LT(Compte(Peint(plusieurs), QColor(0, 0, 255)), 70) << "a line of short stretches is dotted too";
+}
+
+TEST(PeintScene, QuickLinesLieWhereSmoothOnesDo) {
+  const std::vector<std::pair<float, float>> zigzag{{10, 10}, {80, 20},    {30, 90},
+                                                    {31, 12}, {90, 88.5F}, {10, 88.5F}};
+  for (const double echelle : {1.0, 2.0}) {
+    Scene legere;
+    Ajoute(legere, Trait(Bleu), zigzag);
+    Scene lourde;
+    Alourdit(lourde);
+    Ajoute(lourde, Trait(Bleu), zigzag);
+    const QImage a = Peint(legere, {Qt::white}, echelle);
+    const QImage b = Peint(lourde, {Qt::white}, echelle);
+    const auto encre = [](const QImage& image, int x, int y) {
+      int meilleure = 0;
+      for (int dy = -1; dy <= 1; ++dy) {
+        for (int dx = -1; dx <= 1; ++dx) {
+          if (image.rect().contains(x + dx, y + dy)) {
+            meilleure = std::max(meilleure, 255 - image.pixelColor(x + dx, y + dy).red());
+          }
+        }
+      }
+      return meilleure;
+    };
+    for (int y = 0; y < a.height(); ++y) {
+      for (int x = 0; x < a.width(); ++x) {
+        const std::string ou = std::to_string(x) + " " + std::to_string(y);
+        EXPECT_TRUE(a.pixelColor(x, y).red() >= 100 || encre(b, x, y) > 200) << ou;
+        EXPECT_TRUE(b.pixelColor(x, y).red() >= 100 || encre(a, x, y) > 60) << ou;
+      }
+    }
+  }
+}
+
+TEST(PeintScene, LinesHaveOneLogicalPixelOnEveryScreen) {
+  for (const double echelle : {1.0, 2.0, 3.0}) {
+    Scene scene;
+    Alourdit(scene);
+    Ajoute(scene, Trait(Bleu), {{50.2F, 10.2F}, {50.2F, 90.2F}});
+    const QImage image = Peint(scene, {Qt::white}, echelle);
+    int large = 0;
+    for (int x = 0; x < image.width(); ++x) large += image.pixelColor(x, image.height() / 2).red() < 100 ? 1 : 0;
+    EXPECT_EQ(large, static_cast<int>(echelle));
+  }
+}
+
+TEST(PeintScene, LinesOfTheSelectionAreWider) {
+  for (const bool lourde : {false, true}) {
+    Scene scene;
+    if (lourde) Alourdit(scene);
+    Ajoute(scene, Trait(Rouge), {{20.5F, 10}, {20.5F, 90}});
+    Ajoute(scene, Trait(Bleu), {{60.5F, 10}, {60.5F, 90}});
+    AspectScene aspect{Qt::white};
+    const auto largeur = [&](int depuis) {
+      const QImage image = Peint(scene, aspect);
+      int encre = 0;
+      for (int x = depuis; x < depuis + 30; ++x) encre += 255 - image.pixelColor(x, 50).green();
+      return encre;
+    };
+    EXPECT_NEAR(largeur(5), largeur(45), 30);
+    aspect.selection = Rouge;
+    EXPECT_GT(largeur(5), 3 * largeur(45) / 2);
+  }
+}
+
+TEST(PeintScene, LinesFarBeyondTheEdgeAreHarmless) {
+  Scene scene;
+  Alourdit(scene);
+  Ajoute(scene, Trait(Bleu, StyleTrait::Pointille), {{-500, 50}, {600, 50}});
+  Ajoute(scene, Trait(Bleu), {{50, -500}, {50, 600}});
+  Ajoute(scene, Trait(Bleu), {{-500, -500}, {-400, 900}});
+  const QImage image = Peint(scene);
+  EXPECT_LT(image.pixelColor(50, 5).red(), 100);
+  EXPECT_LT(image.pixelColor(50, 95).red(), 100);
+  EXPECT_LT(Compte(image, QColor(0, 0, 255)), 200);
+}
+
+TEST(PeintScene, LeavesTheLegendToLabelsWhenAsked) {
+  Scene scene;
+  scene.Textes.emplace_back("legend");
+  Primitive texte = Marque(Genre::Texte, Rouge, 0);
+  texte.element = Element::Legende;
+  texte.ancre = Ancre::HautGauche;
+  Ajoute(scene, texte, {{5, 5}});
+  EXPECT_GT(Compte(Peint(scene), QColor(255, 0, 0), 200), 5);
+  EXPECT_EQ(Compte(Peint(scene, {Qt::white, false}), QColor(Qt::white), 0), 100 * 100);
+}
+
+TEST(PeintScene, ATextStandsAroundItsPlaceOrBelowIt) {
+  Scene scene;
+  scene.Textes.emplace_back("8");
+  Primitive texte = Marque(Genre::Texte, Rouge, 0);
+  Ajoute(scene, texte, {{50, 50}});
+  const auto etendue = [](const QImage& image) {
+    QRect r;
+    for (int y = 0; y < 100; ++y) {
+      for (int x = 0; x < 100; ++x) {
+        if (image.pixelColor(x, y) != QColor(Qt::white)) r = r.united(QRect(x, y, 1, 1));
+      }
+    }
+    return r;
+  };
+  const QRect centre = etendue(Peint(scene));
+  EXPECT_NEAR(centre.center().x(), 50, 2);
+  EXPECT_NEAR(centre.center().y(), 50, 3);
+  scene.Primitives[0].ancre = Ancre::HautGauche;
+  const QRect dessous = etendue(Peint(scene));
+  EXPECT_GE(dessous.left(), 50);
+  EXPECT_GE(dessous.top(), 50);
+}
+
+TEST(PeintScene, ANumberIsTakenFromTheGroundOfItsDisc) {
+  Scene scene;
+  scene.Textes.emplace_back("8");
+  Primitive disque = Marque(Genre::Disque, Bleu, 20);
+  disque.element = Element::Numeros;
+  disque.fond = Couleur(0, 0, 200);  // the number would be blue on blue
+  Ajoute(scene, disque, {{50, 50}});
+  Primitive texte = Marque(Genre::Texte, Bleu, 0);
+  texte.element = Element::Numeros;
+  Ajoute(scene, texte, {{50, 50}});
+  const QImage image = Peint(scene);
+  int lisibles = 0;
+  for (int y = 40; y < 60; ++y) {
+    for (int x = 40; x < 60; ++x) lisibles += image.pixelColor(x, y).red() > 60 ? 1 : 0;
+  }
+  EXPECT_GT(lisibles, 4);
+}
+
+TEST(PeutLisser, FewLinesAreSmoothManyAreNot) {
+  Scene scene;
+  Ajoute(scene, Trait(Bleu), {{0, 0}, {90, 90}});
+  EXPECT_TRUE(PeutLisser(scene, {Qt::white}, 1));
+  EXPECT_TRUE(PeutLisser(scene, {Qt::white}, 2));
+  Alourdit(scene);
+  EXPECT_FALSE(PeutLisser(scene, {Qt::white}, 1));
+}
+
+TEST(PeutLisser, DotsOfLongDottedLinesCount) {
+  Scene scene;
+  for (int i = 0; i < 300; ++i) Ajoute(scene, Trait(Bleu, StyleTrait::Pointille), {{0, 0}, {2000, 1000}});
+  EXPECT_FALSE(PeutLisser(scene, {Qt::white}, 1));
+  for (Primitive& p : scene.Primitives) p.style = StyleTrait::Plein;
+  EXPECT_TRUE(PeutLisser(scene, {Qt::white}, 1));
+}
+
+TEST(PeutLisser, WideLinesCountForMore) {
+  Scene scene;
+  std::vector<std::pair<float, float>> points;
+  for (int i = 0; i < 20'000; ++i) points.emplace_back(static_cast<float>(i % 97), static_cast<float>(i % 89));
+  Ajoute(scene, Trait(Rouge), points);
+  EXPECT_TRUE(PeutLisser(scene, {Qt::white}, 1));
+  EXPECT_FALSE(PeutLisser(scene, {Qt::white}, 2));
+  EXPECT_FALSE(PeutLisser(scene, {Qt::white, true, Rouge}, 1));
+}
+
+TEST(MesureDe, TellsTheFontInTwips) {
+  const QFont police = QApplication::font();
+  const QFontMetricsF mesure(police);
+  const TailleTexte taille = MesureDe(police)("1234");
+  EXPECT_NEAR(static_cast<double>(taille.largeur), mesure.horizontalAdvance(QStringLiteral("1234")) * 15, 1);
+  EXPECT_NEAR(static_cast<double>(taille.hauteur), mesure.height() * 15, 1);
+}
+
+}  // namespace
