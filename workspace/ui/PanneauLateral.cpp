@@ -8,11 +8,14 @@
 
 #include "core/Reglages.h"
 #include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
 #include "toolpath/Module_Sequence.h"
 
 namespace ovelin {
 
 namespace {
+
+constexpr const char* Section = "F_Representation";
 
 // A switch of a row of names; what it shows is the stack below it.
 QTabBar* Choix(const char* nom, const std::vector<QString>& textes, QStackedWidget* pile) {
@@ -67,6 +70,8 @@ PanneauLateral::PanneauLateral(QWidget* parent) : QSplitter(Qt::Vertical, parent
     connect(arbre, &ArbreDocument::Clic, this, &PanneauLateral::ClicArbre);
     connect(arbre, &ArbreDocument::MenuContexte, this, &PanneauLateral::MenuArbre);
   }
+  choixArbre_->setAccessibleName(TraduireOu(Section, "Option_DI", QStringLiteral("Arbre montré")));
+  choixPage_->setAccessibleName(TraduireOu(Section, "Option1", QStringLiteral("Page montrée")));
   connect(this, &QSplitter::splitterMoved, this, [this] { regle_ = true; });
   Option1(PageSequence::Fraisage);
 }
