@@ -67,6 +67,8 @@ ChampsDimension TaillesPanneau(const std::array<std::string, 2>& TB_Initial, boo
   return champs;
 }
 
+std::string TexteResultat(double mm) { return TexteNombre(Arrondi(mm, 1e3)); }
+
 bool CB_OK_Dimension(const ChampsDimension& champs) {
   return Dimensionne_Selection(champs.axes[0].rapport, champs.axes[1].rapport, champs.proportions);
 }

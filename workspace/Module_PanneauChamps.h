@@ -38,6 +38,8 @@ bool CB_Miroir(int index);  // 0: left and right exchanged, 1: top and bottom
 
 // The size fields of a panel that has been filled: sizes and ratios as their texts say.
 ChampsDimension TaillesPanneau(const std::array<std::string, 2>& TB_Initial, bool proportions);
+// A size as the fields beside it show theirs: as short as it goes, to the micrometre.
+std::string TexteResultat(double mm);
 // CB_OK_Dimension with the ratios of the fields.
 bool CB_OK_Dimension(const ChampsDimension& champs);
 

@@ -23,9 +23,7 @@ CadreDeplacement::CadreDeplacement(QWidget* parent) : QGroupBox(QStringLiteral("
   y_ = CreeAxe(3, "TB_Y", "Déplacement en Y depuis le choix des séquences", "VScroll_Sequence", Qt::Vertical);
   x_.barre->setToolTip(QStringLiteral("Déplacer vers la gauche ou la droite"));
   y_.barre->setToolTip(QStringLiteral("Déplacer vers le bas ou le haut"));
-  // The bigger value lies above, as in the drawing.
-  y_.barre->setInvertedAppearance(true);
-  y_.barre->setInvertedControls(false);
+  x_.barre->setInvertedControls(false);  // the right arrow key goes to the right
 
   auto* grille = new QGridLayout(this);
   grille->setContentsMargins(6, 4, 6, 6);
@@ -49,6 +47,8 @@ CadreDeplacement::Axe CadreDeplacement::CreeAxe(int direction, const char* champ
   Axe& axe = direction == 1 ? x_ : y_;
   Axe neuf;
   neuf.direction = direction;
+  // A vertical bar counts downward, the drawing upward.
+  neuf.parPas = (direction == 1 ? 1 : -1) / ParMillimetre;
   neuf.champ =
       new Saisie(ChampPanneau(champ, "mm", bulle), [this, &axe](const std::string& texte) { Entre(axe, texte); });
   neuf.barre = new QScrollBar(sens);
@@ -84,7 +84,7 @@ void CadreDeplacement::Montre(const std::string& x, const std::string& y) {
   const auto montre = [this](Axe& axe, const std::string& texte) {
     const auto v = LitNombre(texte);
     const std::string neuf = v ? TexteDeplacement(*v) : texte;
-    if (neuf != axe.champ->EnVigueur()) Centre(axe);
+    if (neuf != axe.champ->EnVigueur()) Regle(axe, 0);
     axe.champ->Montre(neuf);
   };
   montre(x_, x);
@@ -93,8 +93,8 @@ void CadreDeplacement::Montre(const std::string& x, const std::string& y) {
 
 void CadreDeplacement::Remet() {
   Montre("0", "0");
-  Centre(x_);
-  Centre(y_);
+  Regle(x_, 0);
+  Regle(y_, 0);
 }
 
 void CadreDeplacement::MontrePoint(const std::string& x, const std::string& y) {
@@ -115,23 +115,26 @@ void CadreDeplacement::Entre(Axe& axe, const std::string& texte) {
   }
 }
 
-void CadreDeplacement::Ajoute(Axe& axe, double pas) {
+bool CadreDeplacement::Ajoute(Axe& axe, double pas) {
   enMouvement_ = true;
   const ChampEntre r = AjouteDeplacement(axe.direction, axe.champ->EnVigueur(), pas);
   enMouvement_ = false;
   axe.champ->Montre(r.texte);
+  return r.fait;
 }
 
+// The bar of a refused move goes back to where it was.
 void CadreDeplacement::Defile(Axe& axe, int valeur) {
-  const int ecart = valeur - axe.memoire;
+  const int avant = axe.memoire;
   axe.memoire = valeur;
-  Ajoute(axe, ecart / ParMillimetre);
+  if (Ajoute(axe, (valeur - avant) * axe.parPas)) return;
+  Regle(axe, avant);
 }
 
-void CadreDeplacement::Centre(Axe& axe) {
+void CadreDeplacement::Regle(Axe& axe, int valeur) {
   const QSignalBlocker silence(axe.barre);
-  axe.barre->setValue(0);
-  axe.memoire = 0;
+  axe.barre->setValue(valeur);
+  axe.memoire = valeur;
 }
 
 }  // namespace ovelin

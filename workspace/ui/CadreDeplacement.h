@@ -29,15 +29,16 @@ class CadreDeplacement : public QGroupBox {
     int direction = 0;  // 1: X, 3: Y
     Saisie* champ = nullptr;
     QScrollBar* barre = nullptr;
-    int memoire = 0;  // of the scroll bar
+    double parPas = 0;  // mm a step of the scroll bar
+    int memoire = 0;    // value of the scroll bar that has been moved by
   };
   void Flechette(const char* nom, const char* bulle, Axe& axe, double pas, QGridLayout* grille, int ligne,
                  int colonne);
   Axe CreeAxe(int direction, const char* champ, const char* bulle, const char* barre, Qt::Orientation sens);
   void Entre(Axe& axe, const std::string& texte);
-  void Ajoute(Axe& axe, double pas);
+  bool Ajoute(Axe& axe, double pas);
   void Defile(Axe& axe, int valeur);
-  void Centre(Axe& axe);
+  void Regle(Axe& axe, int valeur);
 
   Axe x_, y_;
   bool enMouvement_ = false;

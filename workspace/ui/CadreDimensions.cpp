@@ -33,6 +33,7 @@ CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Di
                                axe == 0 ? "Largeur actuelle de la sélection" : "Hauteur actuelle de la sélection");
     initial_[i]->setReadOnly(true);
     initial_[i]->setFrame(false);
+    initial_[i]->setFocusPolicy(Qt::ClickFocus);
     initial_[i]->setPalette(sansFond);
     auto* rapport =
         ChampPanneau(("TB_Rapport" + suite).c_str(), "",
@@ -51,7 +52,7 @@ CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Di
   prop_->setObjectName(QStringLiteral("CB_Prop"));
   prop_->setToolTip(QStringLiteral("Le même rapport en X et en Y"));
   ok_ = BoutonTexte("CB_OK_Dimension", "Appliquer", "Donner ces dimensions à la sélection");
-  grille->addWidget(prop_, 3, 0, 1, 3);
+  grille->addWidget(prop_, 3, 0, 1, 3, Qt::AlignLeft);
   grille->addWidget(ok_, 3, 3);
   for (int colonne = 1; colonne < 4; ++colonne) grille->setColumnStretch(colonne, 1);
   connect(prop_, &QCheckBox::clicked, this, [this](bool coche) {
@@ -77,7 +78,7 @@ void CadreDimensions::MontreTailles(const std::array<std::string, 2>& tailles) {
 void CadreDimensions::MontreChamps() {
   for (std::size_t i = 0; i < 2; ++i) {
     rapport_[i]->Montre(TexteRapport(champs_.axes[i].rapport));
-    resultat_[i]->Montre(TexteTaille(champs_.axes[i].resultat));
+    resultat_[i]->Montre(TexteResultat(champs_.axes[i].resultat));
   }
 }
 

@@ -71,6 +71,9 @@ PageFraisage::PageFraisage(QWidget* parent) : QWidget(parent) {
   colonne->addWidget(selection_);
   colonne->addWidget(Outil());
   colonne->addStretch(1);
+  OrdreTabulation(
+      *this, {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_2", "Option_Decal_3",
+              "TB_RayonFraise", "TB_LargeurEncoche", "TB_MiniEncoche", "TB_HautDeg", "TB_PCPoche", "TB_ProfPasse"});
   Remplit({});
   VideOutil();
 }
@@ -90,8 +93,8 @@ QGroupBox* PageFraisage::Selection() {
   for (QCheckBox* coche : {fraiser_, poche_}) coche->setIcon(IconeProgramme(coche->objectName()));
   auto* profondeur = ChampPanneau("TB_Profondeur", "mm", "Profondeur totale, négative : -3 descend de 3 mm");
   profondeur_ = new Saisie(profondeur, [this](const std::string& texte) { Profondeur(texte); });
-  grille->addWidget(fraiser_, 0, 0);
-  grille->addWidget(poche_, 0, 1);
+  grille->addWidget(fraiser_, 0, 0, Qt::AlignLeft);
+  grille->addWidget(poche_, 0, 1, Qt::AlignLeft);
   grille->addWidget(EtiquettePanneau("Lbl_Profondeur", "Profondeur", profondeur), 1, 0);
   grille->addWidget(profondeur, 1, 1);
 
@@ -118,7 +121,7 @@ QWidget* PageFraisage::Cotes() {
     bouton->setIcon(IconeProgramme(bouton->objectName()));
     bouton->setIconSize({20, 20});
     groupe->addButton(bouton, cote);
-    ligne->addWidget(bouton, 1);
+    ligne->addWidget(bouton, 1, Qt::AlignLeft);
     decal_[static_cast<std::size_t>(cote - 1)] = bouton;
   }
   BullesCotes();

@@ -67,6 +67,8 @@ PagePoints::PagePoints(QWidget* parent) : QWidget(parent), modele_(new ModelePoi
   colonne->addWidget(Boutons());
   colonne->addWidget(Position());
   colonne->addWidget(Origine());
+  OrdreTabulation(*this, {"List_Position", "CB_Depart", "CB_Position", "CB_Supprimer_Point", "CB_Goto",
+                          "TB_PositionX", "TB_PositionY", "CB_PositionOK", "CB_Origine"});
   ActivePoint();
 }
 

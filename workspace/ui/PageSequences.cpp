@@ -52,6 +52,13 @@ PageSequences::PageSequences(QWidget* parent) : QWidget(parent) {
   colonne->addWidget(dimensions_);
   colonne->addWidget(Recalage());
   colonne->addStretch(1);
+  OrdreTabulation(*this,
+                  {"CB_Tout",         "CB_InverseSelection", "CB_Supprimer",  "CB_Ordre_0",    "CB_Ordre_1",
+                   "CB_Inversion",    "CB_Lissage",          "TB_X",          "TB_Y",          "HScroll_Sequence",
+                   "CB_Haut",         "CB_Gauche",           "CB_Droite",     "CB_Bas",        "VScroll_Sequence",
+                   "TB_Angle",        "CB_Rotation_0",       "CB_Rotation_1", "CB_Miroir_0",   "CB_Miroir_1",
+                   "TB_Rapport_0",    "TB_Resultat_0",       "TB_Rapport_1",  "TB_Resultat_1", "CB_Prop",
+                   "CB_OK_Dimension", "TB_DecalageX",        "TB_DecalageY",  "CB_OKRecalage"});
   avecSelection_.insert(avecSelection_.end(), {deplacement_, dimensions_});
   Remplit({});
 }

@@ -1,5 +1,6 @@
 #include "workspace/ui/Saisie.h"
 
+#include <QKeyEvent>
 #include <utility>
 
 #include "core/ui/Theme.h"
@@ -23,6 +24,7 @@ void Habille(QAbstractButton* bouton, const char* nom, const char* bulle) {
 Saisie::Saisie(ChampNombre* champ, std::function<void(const std::string&)> regle)
     : QObject(champ), champ_(champ), regle_(std::move(regle)) {
   connect(champ, &ChampNombre::Quitte, this, &Saisie::Quitte);
+  champ->installEventFilter(this);
 }
 
 void Saisie::Montre(const std::string& texte) {
@@ -41,6 +43,14 @@ void Saisie::Quitte() {
   const std::string texte = champ_->Texte();
   if (texte == enVigueur_ && !champ_->hasFocus() && !(memeInchange && memeInchange())) return;
   regle_(texte);
+}
+
+bool Saisie::eventFilter(QObject* objet, QEvent* e) {
+  const bool touche = objet == champ_ && e->type() == QEvent::KeyPress;
+  if (!touche || static_cast<QKeyEvent*>(e)->key() != Qt::Key_Escape || champ_->Texte() == enVigueur_) return false;
+  Montre(enVigueur_);
+  champ_->selectAll();
+  return true;
 }
 
 QString TextePanneau(const char* cle, const char* sinon) {
@@ -73,6 +83,15 @@ QLabel* EtiquettePanneau(const char* nom, const char* texte, QWidget* champ) {
   etiquette->setObjectName(QString::fromLatin1(nom));
   etiquette->setBuddy(champ);
   return etiquette;
+}
+
+void OrdreTabulation(QWidget& page, std::initializer_list<const char*> noms) {
+  QWidget* avant = nullptr;
+  for (const char* nom : noms) {
+    auto* w = page.findChild<QWidget*>(QString::fromLatin1(nom));
+    if (avant != nullptr) QWidget::setTabOrder(avant, w);
+    avant = w;
+  }
 }
 
 }  // namespace ovelin

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QToolButton>
 #include <functional>
+#include <initializer_list>
 #include <string>
 
 #include "core/ui/ChampNombre.h"
@@ -12,7 +13,8 @@
 namespace ovelin {
 
 // Runs the rule of a field when an entry has been made: the field is left with another text than the one in force,
-// or Enter is pressed. Going through a field with the tab key changes nothing.
+// or Enter is pressed. Going through a field with the tab key changes nothing, Escape brings the value in force
+// back.
 class Saisie : public QObject {
  public:
   Saisie(ChampNombre* champ, std::function<void(const std::string& texte)> regle);
@@ -25,6 +27,9 @@ class Saisie : public QObject {
   void Refuse(const QString& raison, bool stocke = false);
   // Leaving the field runs the rule although nothing was typed.
   std::function<bool()> memeInchange;
+
+ protected:
+  bool eventFilter(QObject* objet, QEvent* e) override;
 
  private:
   void Quitte();
@@ -45,5 +50,8 @@ QPushButton* BoutonTexte(const char* nom, const char* texte, const char* bulle);
 ChampNombre* ChampPanneau(const char* nom, const char* unite, const char* bulle);
 // The label in front of a field.
 QLabel* EtiquettePanneau(const char* nom, const char* texte, QWidget* champ);
+
+// The order in which the tab key goes through the controls of these names.
+void OrdreTabulation(QWidget& page, std::initializer_list<const char*> noms);
 
 }  // namespace ovelin

@@ -1,0 +1,344 @@
+// Page "Fraisage": properties of the selection.
+#include "core/Reglages.h"
+#include "tests/ui/panneau/Banc.h"
+
+namespace {
+
+using namespace ovelin;
+using essai::Clique;
+using essai::Sortie;
+using essai::Tape;
+
+class Fraisage : public essai::Banc<PageFraisage> {
+ protected:
+  // The tool path of the second square runs inside it, a radius off its sides.
+  static bool Dedans() {
+    for (const SequenceDecalee& s : TraceDecale) {
+      if (s.Seq != Code2(" B")) continue;
+      for (const PointTrace& p : s.Points) {
+        if (p.X < 22.9F || p.X > 47.1F || p.Y < 7.9F || p.Y > 32.1F) return false;
+      }
+    }
+    return true;
+  }
+  void TousChoisis() {
+    for (SequenceInfo& s : Sequences) s.Selection = Vrai;
+  }
+};
+
+TEST_F(Fraisage, PropertiesWaitForASelection) {
+  DeuxCarres();
+  Sequences[1].Selection = Faux;
+  Ouvre();
+  for (const char* nom : {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_3"}) {
+    EXPECT_FALSE(Actif(nom)) << nom;
+  }
+  EXPECT_TRUE(Actif("TB_RayonFraise"));
+  Sequences[1].Selection = Vrai;
+  Remplit();
+  for (const char* nom : {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_3"}) {
+    EXPECT_TRUE(Actif(nom)) << nom;
+  }
+}
+
+TEST_F(Fraisage, FillingRunsNoCommand) {
+  DeuxCarres();
+  Ouvre();
+  const Document avant = Doc;
+  for (const Drapeau drapeau : {Vrai, Faux, Vrai}) {
+    Sequences[1].Poche = Sequences[1].Fraiser = drapeau;
+    Sequences[1].Decalage = drapeau == Vrai ? std::int16_t{3} : std::int16_t{2};
+    Remplit();
+    EXPECT_EQ(Coche("CB_Poche"), drapeau == Vrai);
+    EXPECT_EQ(Coche("CB_Fraiser"), drapeau == Vrai);
+    EXPECT_EQ(Coche("Option_Decal_3"), drapeau == Vrai);
+    EXPECT_EQ(Coche("Option_Decal_2"), drapeau != Vrai);
+  }
+  EXPECT_EQ(rafraichis_, 0);
+  EXPECT_EQ(Modifie, Faux);
+  EXPECT_EQ(TraceDecale, avant.TraceDecale);
+}
+
+TEST_F(Fraisage, MixedPocketsShowUncheckedAndOneClickSetsAll) {
+  DeuxCarres();
+  TousChoisis();
+  Sequences[0].Poche = Vrai;
+  Ouvre();
+  EXPECT_FALSE(Coche("CB_Poche"));
+  EXPECT_FALSE(Dedans());
+  Clique(*C("CB_Poche"));
+  EXPECT_EQ(Sequences[0].Poche, Vrai);
+  EXPECT_EQ(Sequences[1].Poche, Vrai);
+  EXPECT_TRUE(Coche("CB_Poche"));
+  EXPECT_TRUE(Dedans());
+  EXPECT_EQ(Modifie, Vrai);
+  EXPECT_EQ(rafraichis_, 1);
+  Clique(*C("CB_Poche"));
+  EXPECT_EQ(Sequences[0].Poche, Faux);
+  EXPECT_EQ(Sequences[1].Poche, Faux);
+  EXPECT_EQ(rafraichis_, 2);
+}
+
+TEST_F(Fraisage, MixedMillingShowsCheckedAndOneClickClearsAll) {
+  DeuxCarres();
+  TousChoisis();
+  Sequences[0].Fraiser = Faux;
+  Ouvre();
+  EXPECT_TRUE(Coche("CB_Fraiser"));
+  Clique(*C("CB_Fraiser"));
+  EXPECT_EQ(Sequences[0].Fraiser, Faux);
+  EXPECT_EQ(Sequences[1].Fraiser, Faux);
+  EXPECT_EQ(rafraichis_, 1);
+  QTest::keyClick(C("CB_Fraiser"), Qt::Key_Space);
+  EXPECT_EQ(Sequences[0].Fraiser, Vrai);
+  EXPECT_EQ(Sequences[1].Fraiser, Vrai);
+  EXPECT_EQ(rafraichis_, 2);
+}
+
+TEST_F(Fraisage, PocketIsSetOnAnOpenPathAsWell) {
+  DeuxCarres();
+  essai::AjouteSequence(" C", {{100, 0}, {120, 0}, {120, 20}});
+  TousChoisis();
+  RecalculDecalages();
+  Ouvre();
+  Clique(*C("CB_Poche"));
+  for (const SequenceInfo& s : Sequences) EXPECT_EQ(s.Poche, Vrai) << s.Code.Texte();
+}
+
+TEST_F(Fraisage, NotSelectedPathsKeepTheirProperties) {
+  DeuxCarres();
+  Ouvre();
+  const SequenceInfo avant = Sequences[0];
+  Clique(*C("CB_Poche"));
+  Clique(*C("CB_Fraiser"));
+  Clique(*C("Option_Decal_2"));
+  Tape(*C("TB_Profondeur"), "-1");
+  EXPECT_EQ(Sequences[0], avant);
+}
+
+// --- Option_Decal
+
+TEST_F(Fraisage, SideOnTheLineLeavesTheOrderOfThePoints) {
+  DeuxCarres();
+  Ouvre();
+  const auto points = TraceInitial;
+  Clique(*C("Option_Decal_2"));
+  EXPECT_EQ(Sequences[1].Decalage, 2);
+  EXPECT_EQ(TraceInitial, points);
+  EXPECT_EQ(TraceDecale.back().Points.size(), 5U);  // the path's own points
+  EXPECT_TRUE(Coche("Option_Decal_2"));
+  EXPECT_EQ(rafraichis_, 1);
+}
+
+TEST_F(Fraisage, ThirdSideTurnsThePointsRoundAndBack) {
+  DeuxCarres();
+  Ouvre();
+  const auto points = TraceInitial;
+  Clique(*C("Option_Decal_3"));
+  EXPECT_EQ(Sequences[1].Decalage, 3);
+  EXPECT_EQ(TraceInitial[6], points[8]);
+  EXPECT_EQ(TraceInitial[0], points[0]);
+  Clique(*C("Option_Decal_1"));
+  EXPECT_EQ(TraceInitial, points);
+  EXPECT_EQ(Sequences[1].Decalage, 1);
+}
+
+TEST_F(Fraisage, DifferentSidesShowTheFirstAndAClickOnItSetsAll) {
+  DeuxCarres();
+  TousChoisis();
+  Sequences[0].Decalage = 2;
+  Ouvre();
+  EXPECT_TRUE(Coche("Option_Decal_1"));
+  Clique(*C("Option_Decal_1"));
+  EXPECT_EQ(Sequences[0].Decalage, 1);
+  EXPECT_EQ(Sequences[1].Decalage, 1);
+  EXPECT_EQ(Modifie, Vrai);
+}
+
+TEST_F(Fraisage, ClickOnTheSideThatAllHaveChangesNothing) {
+  DeuxCarres();
+  Ouvre();
+  Clique(*C("Option_Decal_1"));
+  EXPECT_EQ(rafraichis_, 0);
+  EXPECT_EQ(Modifie, Faux);
+}
+
+TEST_F(Fraisage, SidesCanBeChosenWithTheKeys) {
+  DeuxCarres();
+  Ouvre();
+  C("Option_Decal_1")->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(C("Option_Decal_1"), Qt::Key_Right);
+  essai::Evenements();
+  EXPECT_TRUE(Coche("Option_Decal_2"));
+  EXPECT_EQ(Sequences[1].Decalage, 2);
+}
+
+TEST_F(Fraisage, SidesHaveTheirOwnTips) {
+  essai::EcritFichierEssai("OVELINen.trad", "[F_Representation]\r\ntt42=Left\r\ntt43=On\r\ntt44=Back\r\n");
+  essai::ChoisitLangue("en");
+  DeuxCarres();
+  Ouvre();
+  EXPECT_EQ(C("Option_Decal_1")->toolTip(), "Left");
+  EXPECT_EQ(C("Option_Decal_2")->toolTip(), "On");
+  EXPECT_EQ(C("Option_Decal_3")->toolTip(), "Back");
+}
+
+// --- TB_Profondeur
+
+TEST_F(Fraisage, DepthHasTwoDecimals) {
+  DeuxCarres();
+  Svc.MarqueDecimale = ',';
+  Sequences[1].Profondeur = -4.5;
+  Ouvre();
+  EXPECT_EQ(Texte("TB_Profondeur"), "-4,50");
+}
+
+TEST_F(Fraisage, DepthOfHalfAMillimetreIsTakenForAllOfTheSelection) {
+  DeuxCarres();
+  TousChoisis();
+  Ouvre();
+  Tape(*C("TB_Profondeur"), "-,5");
+  EXPECT_EQ(Sequences[0].Profondeur, -0.5);
+  EXPECT_EQ(Sequences[1].Profondeur, -0.5);
+  EXPECT_EQ(Texte("TB_Profondeur"), "-0.50");
+  EXPECT_EQ(Modifie, Vrai);
+}
+
+TEST_F(Fraisage, DepthIsTakenByTheEnterKeyOnce) {
+  DeuxCarres();
+  Ouvre();
+  Tape(*C("TB_Profondeur"), "-7", Sortie::Entree);
+  EXPECT_EQ(Sequences[1].Profondeur, -7);
+  EXPECT_EQ(Texte("TB_Profondeur"), "-7.00");
+  EXPECT_EQ(rafraichis_, 1);
+  QTest::keyClick(C("TB_Profondeur"), Qt::Key_Tab);
+  EXPECT_EQ(rafraichis_, 1);
+}
+
+TEST_F(Fraisage, DepthOfZeroIsRefusedAndNothingChanges) {
+  DeuxCarres();
+  Ouvre();
+  for (const char* texte : {"0", "3", "0.00"}) {
+    essai::Attend("F_Representation", "lib361");
+    Tape(*C("TB_Profondeur"), texte);
+    EXPECT_EQ(Sequences[1].Profondeur, -3) << texte;
+    EXPECT_EQ(Modifie, Faux);
+    EXPECT_TRUE(Refuse("TB_Profondeur"));
+    EXPECT_EQ(Texte("TB_Profondeur"), "-3.00");
+  }
+}
+
+TEST_F(Fraisage, DepthThatIsNoNumberIsRefusedAtTheField) {
+  DeuxCarres();
+  Ouvre();
+  for (const char* texte : {"-", "", "--3", "3-"}) {
+    Tape(*C("TB_Profondeur"), texte);
+    EXPECT_EQ(Sequences[1].Profondeur, -3) << texte;
+    EXPECT_TRUE(Refuse("TB_Profondeur")) << texte;
+    EXPECT_EQ(Texte("TB_Profondeur"), "-3.00") << texte;
+  }
+}
+
+TEST_F(Fraisage, DifferentDepthsAskAndNoBringsTheTextBack) {
+  DeuxCarres();
+  TousChoisis();
+  Sequences[0].Profondeur = -1;
+  Ouvre();
+  EXPECT_EQ(Texte("TB_Profondeur"), "");
+  essai::Attend("F_Representation", "lib106", Reponse::Non);
+  Tape(*C("TB_Profondeur"), "-5");
+  EXPECT_EQ(Sequences[0].Profondeur, -1);
+  EXPECT_EQ(Sequences[1].Profondeur, -3);
+  EXPECT_EQ(Texte("TB_Profondeur"), "");
+  EXPECT_FALSE(Refuse("TB_Profondeur"));
+  EXPECT_EQ(Modifie, Faux);
+}
+
+TEST_F(Fraisage, DifferentDepthsAskAndYesGivesAllTheNewOne) {
+  DeuxCarres();
+  TousChoisis();
+  Sequences[0].Profondeur = -1;
+  Ouvre();
+  essai::Attend("F_Representation", "lib106", Reponse::Oui);
+  Tape(*C("TB_Profondeur"), "-5");
+  EXPECT_EQ(Sequences[0].Profondeur, -5);
+  EXPECT_EQ(Sequences[1].Profondeur, -5);
+  EXPECT_EQ(Texte("TB_Profondeur"), "-5.00");
+}
+
+TEST_F(Fraisage, DifferentDepthsAreAskedAboutBeforeTheNewOneIsLookedAt) {
+  DeuxCarres();
+  TousChoisis();
+  Sequences[0].Profondeur = -1;
+  Ouvre();
+  essai::Attend("F_Representation", "lib106", Reponse::Oui);
+  essai::Attend("F_Representation", "lib361");
+  Tape(*C("TB_Profondeur"), "2");
+  EXPECT_EQ(Sequences[0].Profondeur, -1);
+}
+
+TEST_F(Fraisage, GoingThroughTheFieldAsksNothing) {
+  DeuxCarres();
+  TousChoisis();
+  Sequences[0].Profondeur = -1;
+  Ouvre();
+  C("TB_Profondeur")->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(C("TB_Profondeur"), Qt::Key_Tab);
+  essai::Evenements();
+  EXPECT_FALSE(C("TB_Profondeur")->hasFocus());
+  EXPECT_EQ(rafraichis_, 0);
+  EXPECT_EQ(Modifie, Faux);
+}
+
+TEST_F(Fraisage, EscapeBringsTheTextBack) {
+  DeuxCarres();
+  Ouvre();
+  QWidget* champ = C("TB_Profondeur");
+  champ->setFocus(Qt::TabFocusReason);
+  QTest::keyClicks(champ, "-9");
+  QTest::keyClick(champ, Qt::Key_Escape);
+  EXPECT_EQ(Texte("TB_Profondeur"), "-3.00");
+  QTest::keyClick(champ, Qt::Key_Tab);
+  EXPECT_EQ(Sequences[1].Profondeur, -3);
+}
+
+// The box of the question takes the keyboard from the field: that is no second leaving.
+TEST_F(Fraisage, BoxThatTakesTheKeyboardDoesNotAskAgain) {
+  DeuxCarres();
+  TousChoisis();
+  Sequences[0].Profondeur = -1;
+  Ouvre();
+  int boites = 0;
+  Svc.Montre = [&](const Boite& boite) {
+    EXPECT_EQ(boite.cle, "lib106");
+    ++boites;
+    QWidget boiteQt;
+    essai::Montre(boiteQt);
+    EXPECT_FALSE(C("TB_Profondeur")->hasFocus());
+    boiteQt.hide();
+    fenetre_->activateWindow();
+    essai::Evenements();
+    return Reponse::Oui;
+  };
+  Tape(*C("TB_Profondeur"), "-5", Sortie::Entree);
+  EXPECT_EQ(boites, 1);
+  EXPECT_EQ(Sequences[0].Profondeur, -5);
+  Sequences[0].Profondeur = -1;
+  Remplit();
+  Tape(*C("TB_Profondeur"), "-6", Sortie::Tab);
+  EXPECT_EQ(boites, 2);
+  EXPECT_EQ(Sequences[0].Profondeur, -6);
+}
+
+// A press on a check box takes the entry over before the box is toggled.
+TEST_F(Fraisage, EntryIsTakenOverByAPressOnAnotherControl) {
+  DeuxCarres();
+  Ouvre();
+  C("TB_Profondeur")->setFocus(Qt::TabFocusReason);
+  QTest::keyClicks(C("TB_Profondeur"), "-8");
+  Clique(*C("CB_Poche"));
+  EXPECT_EQ(Sequences[1].Profondeur, -8);
+  EXPECT_EQ(Sequences[1].Poche, Vrai);
+}
+
+}  // namespace
