@@ -1,0 +1,9 @@
+// The windows of the program, by name: the one place that knows them all.
+#pragma once
+
+namespace ovelin {
+
+// Fills `OuvreFenetre` and `FenetreExiste` (core/ui/Fenetres.h).
+void InstalleFenetres();
+
+}  // namespace ovelin
