@@ -9,6 +9,7 @@
 #include "core/Document.h"
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
+#include "core/ui/ServicesQt.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "workspace/Module_Recents.h"
 
@@ -192,6 +193,43 @@ TEST_F(Fermeture, PlaceAndMaterialAreKeptAndSnapshotsAreGone) {
   EXPECT_EQ(LireCleIni("F_Representation_Max", ""), "0");
   EXPECT_EQ(LireCleIni("F_Representation_BD", ""), "0");
   EXPECT_TRUE(ListeFichiers(DossierTemp, "OVL").empty());
+}
+
+TEST_F(Fermeture, AQuitThatArrivesDuringAPassComesAfterIt) {
+  Charge();
+  {
+    const Passe passe;
+    fenetre_->close();
+    essai::Evenements();
+    EXPECT_TRUE(fenetre_->isVisible());
+  }
+  essai::Evenements();
+  EXPECT_FALSE(fenetre_->isVisible());
+}
+
+TEST_F(Fermeture, OtherWindowsAreClosedFirst) {
+  Charge();
+  QWidget autre;
+  autre.show();
+  essai::Evenements();
+  fenetre_->close();
+  EXPECT_FALSE(autre.isVisible());
+}
+
+TEST_F(Fermeture, AfterAnUndoTheProjectIsStillAskedForAndSavedToItsFile) {
+  const std::string projet = Exemple("plaque-poches.OVL");
+  Charge(projet);
+  Commande("mnu_Tout");
+  Commande("mnu_InverseSelection");
+  Commande("mnu_Undo");
+  ASSERT_EQ(FichierProjet, "Chargt");
+  Modifie = Vrai;
+  essai::Attend("F_Representation", "lib004", Reponse::Oui);
+  fenetre_->close();
+  EXPECT_FALSE(fenetre_->isVisible());
+  EXPECT_EQ(FichierProjet, projet);
+  EXPECT_FALSE(FichierExiste("Chargt"));
+  EXPECT_FALSE(FichierExiste(essai::Dossier() + "/Chargt"));
 }
 
 TEST_F(Fermeture, RestoringTheDefaultsQuitsAndMakesRoomForAFreshFile) {
