@@ -159,7 +159,7 @@ QWidget* PagePoints::Origine() {
 
 void PagePoints::Remplit(const ChampsPanneau& /*champs*/) {
   RelitChoix();
-  marquee_->setText(QStringLiteral("X %1 mm   Y %2 mm")
+  marquee_->setText(QStringLiteral("X  %1 mm\nY  %2 mm")
                         .arg(QString::fromStdString(Formate(static_cast<double>(OrigineX), "0.000")),
                              QString::fromStdString(Formate(static_cast<double>(OrigineY), "0.000"))));
   origine_->setEnabled(!TraceInitial.empty());

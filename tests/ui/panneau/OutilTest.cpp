@@ -149,6 +149,7 @@ TEST_F(Outil, WidthOfZeroIsRefusedAndKeepsTheKeyboardUntilItIsMended) {
   for (const char* texte : {"0", "-", "0.0"}) {
     Tape(*C("TB_LargeurEncoche"), texte);
     EXPECT_TRUE(C("TB_LargeurEncoche")->hasFocus()) << texte;
+    essai::Capture(*fenetre_, "PageFraisage-refus");
     EXPECT_TRUE(Refuse("TB_LargeurEncoche")) << texte;
     EXPECT_EQ(LargeurEncoche, 5) << texte;
     // unchanged, it still can't be left
@@ -280,6 +281,8 @@ TEST_F(Outil, OverlapThatIsNoneIsTakenWithAWarningAtTheField) {
     EXPECT_EQ(PCPoche, valeur);
     EXPECT_FALSE(Refuse("TB_PCPoche"));
     EXPECT_TRUE(C("Lbl_AvisPoche")->isVisible()) << texte;
+    EXPECT_EQ(essai::TextesCoupesEnTexte(*fenetre_), "") << texte;
+    essai::Capture(*fenetre_, std::string("PageFraisage-avis") + texte);
     avis.push_back(C<QLabel>("Lbl_AvisPoche")->text());
   }
   EXPECT_NE(avis[0], avis[1]);

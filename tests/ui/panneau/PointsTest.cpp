@@ -206,6 +206,7 @@ TEST_F(Points, PositionPanelOpensForTheCurrentPointAndPlacesIt) {
   ChoisitLigne(1);
   Clique(*C("CB_Position"));
   EXPECT_TRUE(C("Frame_Position")->isVisible());
+  essai::Capture(*fenetre_, "PagePoints-position");
   EXPECT_EQ(Texte("TB_PositionX"), "50");
   EXPECT_EQ(Texte("TB_PositionY"), "35");
   Tape(*C("TB_PositionX"), "52.5");
@@ -268,7 +269,7 @@ TEST_F(Points, MarkedPositionIsShownAndBecomesTheOrigin) {
   CdeZENIK->FixeResolutions(0.01, 0.01, 0.01);
   CdeZENIK->FixePosition(100, 50, -2);
   Ouvre();
-  EXPECT_EQ(C<QLabel>("Lbl_Marquee")->text().toStdString(), "X 20.250 mm   Y -5.000 mm");
+  EXPECT_EQ(C<QLabel>("Lbl_Marquee")->text().toStdString(), "X  20.250 mm\nY  -5.000 mm");
   Clique(*C("CB_Origine"));
   EXPECT_FLOAT_EQ(TraceInitial[0].X, -20.25F);
   EXPECT_FLOAT_EQ(TraceInitial[0].Y, 5);
@@ -281,6 +282,23 @@ TEST_F(Points, MarkedPositionIsShownAndBecomesTheOrigin) {
   EXPECT_EQ(CdeZENIK->PasX, 7975);
   EXPECT_EQ(CdeZENIK->PasY, 5500);
   EXPECT_EQ(Modifie, Vrai);
+}
+
+TEST_F(Points, LargePlacesFindTheirRoomInASmallPanel) {
+  essai::ChoisitLangue("de");
+  DeuxCarres();
+  for (PointTrace& p : TraceInitial) {
+    p.X -= 1234.567F;
+    p.Y -= 1234.567F;
+  }
+  OrigineX = OrigineY = -1234.567F;
+  Ouvre(300, 440);
+  Choisit({6, 7});
+  Clique(*C("CB_Position"));
+  EXPECT_LE(page_->minimumSizeHint().width(), 300);
+  EXPECT_LE(page_->minimumSizeHint().height(), 440);
+  EXPECT_EQ(essai::TextesCoupesEnTexte(*fenetre_), "");
+  essai::Capture(*fenetre_, "PagePoints-grand");
 }
 
 TEST_F(Points, OriginBeyondTheDrawingsPlaneLeavesTheMachine) {
