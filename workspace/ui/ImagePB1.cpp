@@ -122,6 +122,10 @@ void ImagePB1::Differe() {
 }
 
 void ImagePB1::Dessin() {
+  if (!misEnPage_.isValid()) {
+    demande_ = true;  // the layout of the first showing ends with a Dessin; before it there is no place to draw in
+    return;
+  }
   if (enCours_ || PasseEnCours()) return Differe();
   suite_.stop();
   enCours_ = true;
@@ -271,7 +275,8 @@ void ImagePB1::MetEnPage() {
     return;
   }
   misEnPage_ = size();
-  if (MetEnPageVue(Taille())) {
+  const bool demande = std::exchange(demande_, false);
+  if (MetEnPageVue(Taille()) || demande) {
     Dessin();
   } else {
     Peint();

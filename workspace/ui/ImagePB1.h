@@ -26,7 +26,8 @@ class ImagePB1 : public QWidget {
   void NumSequence(bool montre) { sequence_ = montre; }
 
   // The whole picture anew, then the snapshot of undo. While another one or a pass runs it is put off, and comes
-  // once when that is over. Without points the paper is left empty and no snapshot is taken.
+  // once when that is over. Before the first showing it waits for that. Without points the paper is left empty and
+  // no snapshot is taken.
   void Dessin();
   [[nodiscard]] bool DessinEnCours() const { return enCours_; }
   // A cross at a point of the drawing, until the next Dessin.
@@ -77,6 +78,7 @@ class ImagePB1 : public QWidget {
 
   bool numPoint_ = false, sequence_ = false;
   bool enCours_ = false;  // a Dessin runs
+  bool demande_ = false;  // one was wished before the first showing
   bool differe_ = false;  // one comes after
   bool dessine_ = false;  // a drawing is shown
   bool clavier_ = false;  // the focus has come by the keyboard

@@ -5,6 +5,13 @@
 
 namespace ovelin {
 
+namespace {
+
+// Pixels. A stretch that begins or ends farther out is left out: no picture is so large, and lines come cut to it.
+constexpr float Loin = 1e6F;
+
+}  // namespace
+
 TraitRapide::TraitRapide(QImage& image)
     : pixels_(reinterpret_cast<std::uint32_t*>(image.bits())),
       rangee_(static_cast<std::int64_t>(image.bytesPerLine()) / static_cast<std::int64_t>(sizeof(std::uint32_t))),
@@ -82,6 +89,12 @@ void TraitRapide::Trace(float x0, float y0, float x1, float y1) {
 }
 
 void TraitRapide::Suit(float x, float y) {
+  const auto proche = [](float v) { return std::abs(v) <= Loin; };
+  if (!proche(x) || !proche(y) || !proche(x_) || !proche(y_)) {
+    x_ = x;
+    y_ = y;
+    return;
+  }
   if (std::abs(x - x_) >= std::abs(y - y_)) {
     Trace<true>(x_, y_, x, y);
   } else {

@@ -163,6 +163,27 @@ TEST(Dessin, TheFirstSnapshotDoesNotOfferUndo) {
   EXPECT_FALSE(boutons.front());
 }
 
+TEST(Dessin, WishesBeforeTheFirstShowingAreOneDessinAndOneSnapshot) {
+  DeuxCarres();
+  ImagePB1 image;
+  mnu_Zoom1(image.Taille());
+  image.Dessin();
+  image.Dessin();
+  EXPECT_EQ(NumeroInstantane(), 0);
+  essai::Montre(image, 300, 200);
+  EXPECT_EQ(NumeroInstantane(), 1) << "undo would be offered for nothing";
+}
+
+TEST(Dessin, AWishBeforeTheFirstShowingIsMetForADrawingWithoutExtentToo) {
+  essai::AjouteSequence("AA", {{5, 5}, {5, 5}});
+  EncombrementGeneral();
+  ImagePB1 image;
+  image.Dessin();
+  essai::Attend("F_Representation", "lib005");
+  essai::Montre(image, 300, 200);
+  EXPECT_EQ(NumeroInstantane(), 1);
+}
+
 TEST(Dessin, ThePictureIsKept) {
   DeuxCarres();
   Atelier a;

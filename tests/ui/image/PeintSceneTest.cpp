@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <limits>
 
 #include "core/Reglages.h"
 #include "core/ui/Theme.h"
@@ -186,6 +187,9 @@ TEST(PeintScene, LinesFarBeyondTheEdgeAreHarmless) {
   Ajoute(scene, Trait(Bleu, StyleTrait::Pointille), {{-500, 50}, {600, 50}});
   Ajoute(scene, Trait(Bleu), {{50, -500}, {50, 600}});
   Ajoute(scene, Trait(Bleu), {{-500, -500}, {-400, 900}});
+  const float infini = std::numeric_limits<float>::infinity();
+  Ajoute(scene, Trait(Bleu), {{20, 20}, {1e30F, 20}, {infini, infini}, {-1e30F, 3}});
+  Ajoute(scene, Trait(Bleu, StyleTrait::Pointille), {{std::numeric_limits<float>::quiet_NaN(), 20}, {1e9F, 20}});
   const QImage image = Peint(scene);
   EXPECT_LT(image.pixelColor(50, 5).red(), 100);
   EXPECT_LT(image.pixelColor(50, 95).red(), 100);
