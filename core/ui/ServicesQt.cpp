@@ -1,5 +1,6 @@
 #include "core/ui/ServicesQt.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
@@ -198,7 +199,11 @@ class Ronde : public QObject {
     EnCours = this;
     qApp->installEventFilter(this);
   }
-  ~Ronde() override { EnCours = dehors_; }
+  // What was left in the queue is forgotten by the dispatcher until something new arrives: it has to be told.
+  ~Ronde() override {
+    EnCours = dehors_;
+    if (auto* boucle = QAbstractEventDispatcher::instance()) boucle->wakeUp();
+  }
   Ronde(const Ronde&) = delete;
   Ronde& operator=(const Ronde&) = delete;
 

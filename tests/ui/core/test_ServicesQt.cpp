@@ -2,6 +2,7 @@
 // kernels, wishes that wait.
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -297,6 +298,31 @@ TEST_F(ServicesQt, PaintingAndTimersGoOnWhileTheUsersInputIsHeldBack) {
   EXPECT_EQ(temoin.clics, 0);
   EXPECT_EQ(temoin.Texte(), "");
   EXPECT_FALSE(PasseEnCours());
+}
+
+// Here the input comes through the queue of the window system, as from a real mouse.
+TEST_F(ServicesQt, InputThatWasHeldBackComesWithTheNextEvents) {
+  class Piste : public QWidget {
+   public:
+    Piste() { setMouseTracking(true); }
+    int mouvements = 0;
+
+   protected:
+    void mouseMoveEvent(QMouseEvent* /*e*/) override { ++mouvements; }
+  } piste;
+  piste.move(50, 50);
+  essai::Montre(piste, 100, 100);
+  QCursor::setPos(10, 10);
+  essai::Evenements();
+  piste.mouvements = 0;
+  QCursor::setPos(piste.mapToGlobal(QPoint(20, 20)));
+  Svc.LaisseEvenements(Evenements::Affichage);
+  Svc.LaisseEvenements(Evenements::Affichage);
+  EXPECT_EQ(piste.mouvements, 0);
+  Svc.LaisseEvenements(Evenements::Tous);
+  EXPECT_EQ(piste.mouvements, 1);
+  QCursor::setPos(10, 10);
+  essai::Evenements();
 }
 
 TEST_F(ServicesQt, TheLoopsOfARunTakeEverything) {
