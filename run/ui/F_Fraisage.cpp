@@ -9,6 +9,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QStackedWidget>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -97,6 +98,16 @@ void F_Fraisage::Construit() {
   rangee->addStretch();
   rangee->addWidget(Btn_Fermer_);
   boite->addLayout(rangee);
+
+  QWidget* avant = TB_Vit_Mat_H_;
+  for (QWidget* suite : {static_cast<QWidget*>(CB_VitMat_[0]), static_cast<QWidget*>(CB_VitMat_[1]),
+                         static_cast<QWidget*>(CB_VitMat_[2]), static_cast<QWidget*>(CB_VitMat_[3]),
+                         static_cast<QWidget*>(TB_Vit_Mat_V_), static_cast<QWidget*>(TB_LongueurParcours_NC_),
+                         static_cast<QWidget*>(TB_TempsFraisage_NC_), static_cast<QWidget*>(Btn_Gener_GCODE_),
+                         static_cast<QWidget*>(Btn_Fermer_)}) {
+    setTabOrder(avant, suite);
+    avant = suite;
+  }
 }
 
 QLayout* F_Fraisage::ConstruitVitesses() {
@@ -106,7 +117,6 @@ QLayout* F_Fraisage::ConstruitVitesses() {
   TB_Vit_Mat_V_->setToolTip(QString::fromUtf8("Vitesse de l'outil quand il descend dans la matière"));
   auto* pas = new QHBoxLayout;
   pas->setSpacing(2);
-  pas->addWidget(TB_Vit_Mat_H_, 1);
   static constexpr std::array<const char*, 4> Textes{"-1", "-0,1", "+0,1", "+1"};
   for (int index = 1; index <= 4; ++index) {
     const auto i = static_cast<std::size_t>(index) - 1;
@@ -116,8 +126,8 @@ QLayout* F_Fraisage::ConstruitVitesses() {
     if (Svc.MarqueDecimale == '.') texte.replace(QLatin1Char(','), QLatin1Char('.'));
     bouton->setText(texte);
     bouton->setFocusPolicy(Qt::StrongFocus);
-    bouton->setToolTip(QString::fromUtf8("Change la vitesse matière"));
-    bouton->setAccessibleName(T("Lbl_Vit_Mat_H", "Vitesse matière") + QLatin1Char(' ') + texte);
+    bouton->setToolTip(T("CB_VitMatnom", "Vitesse matière") + QLatin1Char(' ') + texte + QStringLiteral(" mm/s"));
+    bouton->setAccessibleName(T("CB_VitMatnom", "Vitesse matière") + QLatin1Char(' ') + texte);
     bouton->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     connect(bouton, &QToolButton::clicked, this, [this, index] { Pas(index); });
     CB_VitMat_[i] = bouton;
@@ -127,12 +137,10 @@ QLayout* F_Fraisage::ConstruitVitesses() {
   grille->setHorizontalSpacing(8);
   grille->setVerticalSpacing(6);
   grille->addWidget(Etiquette("Lbl_Vit_Mat_H", "Vitesse &matière :", TB_Vit_Mat_H_), 0, 0);
-  grille->addLayout(pas, 0, 1);
+  grille->addWidget(TB_Vit_Mat_H_, 0, 1);
+  grille->addLayout(pas, 0, 2);
   grille->addWidget(Etiquette("Lbl_Vit_Mat_V", "Vitesse &descente :", TB_Vit_Mat_V_), 1, 0);
-  auto* descente = new QHBoxLayout;
-  descente->addWidget(TB_Vit_Mat_V_, 1);
-  descente->addStretch(1);
-  grille->addLayout(descente, 1, 1);
+  grille->addWidget(TB_Vit_Mat_V_, 1, 1);
   grille->setColumnStretch(1, 1);
   connect(TB_Vit_Mat_H_, &ChampNombre::Quitte, this, [this](bool c) { VitesseQuitte(*TB_Vit_Mat_H_, c); });
   connect(TB_Vit_Mat_V_, &ChampNombre::Quitte, this, [this](bool c) { VitesseQuitte(*TB_Vit_Mat_V_, c); });
@@ -150,15 +158,9 @@ QLayout* F_Fraisage::ConstruitFichier() {
   ProgressBar_NC_->setToolTip(QString::fromUtf8("Avancement de l'écriture"));
   ProgressBar_NC_->setRange(0, PasBarre);
   ProgressBar_NC_->setTextVisible(false);
-  QSizePolicy garde = ProgressBar_NC_->sizePolicy();
-  garde.setRetainSizeWhenHidden(true);  // nothing jumps when it comes
-  ProgressBar_NC_->setSizePolicy(garde);
-  ProgressBar_NC_->setMaximumHeight(10);
-  ProgressBar_NC_->hide();
   Lbl_Resultat_ = Etiquette("Lbl_Resultat", "", nullptr);
   Lbl_Resultat_->setWordWrap(true);
   Lbl_Resultat_->setTextFormat(Qt::PlainText);
-  Lbl_Resultat_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   Lbl_Resultat_->setProperty("texteLibre", true);
 
   Btn_Gener_GCODE_ = new QPushButton(QString::fromUtf8("&Générer le fichier GCODE"), this);
@@ -183,8 +185,13 @@ QLayout* F_Fraisage::ConstruitFichier() {
   grille->addWidget(Lbl_Duree_, 1, 2);
   grille->setColumnStretch(2, 1);
   grille->addWidget(Btn_Gener_GCODE_, 2, 0, 1, 3);
-  grille->addWidget(ProgressBar_NC_, 3, 0, 1, 3);
-  grille->addWidget(Lbl_Resultat_, 4, 0, 1, 3);
+  // one place for what goes on and for what came of it
+  bas_ = new QStackedWidget(this);
+  bas_->addWidget(Lbl_Resultat_);
+  bas_->addWidget(ProgressBar_NC_);
+  bas_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+  bas_->setMinimumHeight(2 * fontMetrics().height());  // nothing jumps when it comes
+  grille->addWidget(bas_, 3, 0, 1, 3);
   return grille;
 }
 
@@ -224,7 +231,9 @@ void F_Fraisage::Pas(int index) {
 }
 
 void F_Fraisage::Planifie() {
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   resume_ = PlanifiePourFenetre();
+  QGuiApplication::restoreOverrideCursor();
   plan_->Montre(resume_);
   MontreTotaux(resume_.figures.longueur, resume_.figures.temps);
   Lbl_Resultat_->clear();
@@ -250,7 +259,7 @@ void F_Fraisage::Libre(bool libre) {
     w->setEnabled(libre);
   }
   for (QToolButton* bouton : CB_VitMat_) bouton->setEnabled(libre);
-  ProgressBar_NC_->setVisible(!libre);
+  bas_->setCurrentWidget(libre ? static_cast<QWidget*>(Lbl_Resultat_) : ProgressBar_NC_);
   if (libre) {
     suivi_->stop();
   } else {

@@ -11,6 +11,7 @@ class QLabel;
 class QLayout;
 class QProgressBar;
 class QPushButton;
+class QStackedWidget;
 class QTimer;
 class QToolButton;
 
@@ -54,6 +55,7 @@ class F_Fraisage : public QDialog {
   QLineEdit* TB_LongueurParcours_NC_ = nullptr;
   QLineEdit* TB_TempsFraisage_NC_ = nullptr;
   QLabel* Lbl_Duree_ = nullptr;
+  QStackedWidget* bas_ = nullptr;
   QProgressBar* ProgressBar_NC_ = nullptr;
   QLabel* Lbl_Resultat_ = nullptr;
   QPushButton* Btn_Gener_GCODE_ = nullptr;

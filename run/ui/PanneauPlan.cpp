@@ -37,17 +37,17 @@ PanneauPlan::PanneauPlan(QWidget* parent) : QGroupBox(QStringLiteral("Parcours")
   grille->setContentsMargins(8, 6, 8, 8);
   grille->setHorizontalSpacing(8);
   grille->setVerticalSpacing(4);
-  sequences_ = Figure(*grille, 0, 0, "Sequences", "Séquences :", "Séquences fraisées");
+  sequences_ = Figure(*grille, 0, 0, "Sequences", "Séquences :", "Séquences à fraiser");
   passes_ = Figure(*grille, 0, 1, "Passes", "Passes :", "Passes de la séquence la plus profonde");
   fond_ = Figure(*grille, 1, 0, "Fond", "Profondeur :", "Point le plus bas de l'outil");
-  rayon_ = Figure(*grille, 1, 1, "Rayon", "Rayon de l'outil :", "Rayon de l'outil du dessin");
+  rayon_ = Figure(*grille, 1, 1, "Rayon", "Rayon de l'outil :", "Rayon de la fraise du dessin");
   etendueX_ = Figure(*grille, 2, 0, "EtendueX", "Étendue X :", "Où l'outil coupe en X : début et fin");
   etendueY_ = Figure(*grille, 2, 1, "EtendueY", "Étendue Y :", "Où l'outil coupe en Y : début et fin");
   sansRampe_ =
       Figure(*grille, 3, 0, "VSansRampe", "Sans rampe :", "Vitesse la plus haute qui ne demande pas de rampe");
   maxi_ =
       Figure(*grille, 3, 1, "VMax", "Vitesse maxi :", "Vitesse la plus haute que les axes suivent sur ce parcours");
-  lignes_ = Figure(*grille, 4, 0, "Lignes", "Déplacements :", "Lignes du plan");
+  lignes_ = Figure(*grille, 4, 0, "Lignes", "Déplacements :", "Déplacements du plan");
   avis_ = new QLabel(this);
   avis_->setObjectName(QStringLiteral("Lbl_Avis"));
   avis_->setWordWrap(true);
@@ -55,8 +55,9 @@ PanneauPlan::PanneauPlan(QWidget* parent) : QGroupBox(QStringLiteral("Parcours")
   QFont gras = avis_->font();
   gras.setBold(true);
   avis_->setFont(gras);
-  grille->addWidget(avis_, 5, 0, 1, 4);
-  for (const int colonne : {1, 3}) grille->setColumnStretch(colonne, 1);
+  grille->addWidget(avis_, 5, 0, 1, 5);
+  for (const int colonne : {1, 4}) grille->setColumnStretch(colonne, 1);
+  grille->setColumnMinimumWidth(2, 12);  // between the two pairs
 }
 
 // A title "Lbl_<nom>" and its value "Val_<nom>".
@@ -68,9 +69,8 @@ QLabel* PanneauPlan::Figure(QGridLayout& grille, int ligne, int colonne, const c
   auto* valeur = new QLabel(this);
   valeur->setObjectName(QStringLiteral("Val_") + QLatin1String(nom));
   valeur->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  valeur->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  grille.addWidget(etiquette, ligne, 2 * colonne);
-  grille.addWidget(valeur, ligne, 2 * colonne + 1);
+  grille.addWidget(etiquette, ligne, 3 * colonne);
+  grille.addWidget(valeur, ligne, 3 * colonne + 1);
   return valeur;
 }
 
