@@ -25,7 +25,8 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_BD";
-constexpr std::array<const char*, GrilleBD::Colonnes> TitresFrancais{"Matière",
+constexpr int NomMontre = 40;  // characters of a name in a box
+constexpr std::array<const char*, GrilleBD::Colonnes> TitresFrancais{"Matériau",
                                                                      "Rayon de l'outil (mm)",
                                                                      "Outil",
                                                                      "Profondeur totale (mm)",
@@ -61,12 +62,12 @@ QString Raison(int colonne) {
     case 1:
       return T("lib023", "Fiche trop longue : 255 caractères au plus.");
     case 2:
-      return T("lib020", "Un nombre positif ou nul.");
+      return T("lib020", "Il faut un nombre positif ou nul.");
     case 4:
     case 5:
-      return T("lib021", "Un nombre négatif ou nul.");
+      return T("lib021", "Il faut un nombre négatif ou nul.");
     default:
-      return T("lib022", "Un nombre supérieur à 0.");
+      return T("lib022", "Il faut un nombre supérieur à 0.");
   }
 }
 
@@ -81,12 +82,12 @@ F_BD::F_BD(QWidget* parent) : QDialog(parent) {
   Remplit();
   MSFlexGrid1_->setCurrentCell(0, 0);
   MSFlexGrid1_->setFocus();
-  resize(820, 380);
+  const int colonnes = MSFlexGrid1_->horizontalHeader()->length() + MSFlexGrid1_->verticalHeader()->width();
+  resize(std::clamp(colonnes + 40, 820, 1000), 380);
 }
 
 void F_BD::Construit() {
-  setWindowTitle(QStringLiteral("Matières et outils"));
-  setSizeGripEnabled(true);
+  setWindowTitle(QStringLiteral("Matériaux"));
   ConstruitGrille();
   ConstruitMenu();
   auto* aide = new QLabel(QString::fromUtf8("Clic droit sur une ligne : insérer ou supprimer"), this);
@@ -120,8 +121,9 @@ void F_BD::Construit() {
 void F_BD::ConstruitGrille() {
   MSFlexGrid1_ = new QTableWidget(0, static_cast<int>(GrilleBD::Colonnes), this);
   MSFlexGrid1_->setObjectName(QStringLiteral("MSFlexGrid1"));
-  MSFlexGrid1_->setToolTip(QString::fromUtf8("Une ligne par matière et par outil"));
-  MSFlexGrid1_->setAccessibleName(QString::fromUtf8("Fiches des matières"));
+  MSFlexGrid1_->setToolTip(
+      QString::fromUtf8("Une ligne par matériau et par outil ; la dernière sert à en ajouter"));
+  MSFlexGrid1_->setAccessibleName(T("MSFlexGrid1nom", "Fiches des matériaux"));
   MSFlexGrid1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   MSFlexGrid1_->setSelectionMode(QAbstractItemView::SingleSelection);
   MSFlexGrid1_->setAlternatingRowColors(true);
@@ -129,6 +131,7 @@ void F_BD::ConstruitGrille() {
   MSFlexGrid1_->setItemDelegate(new CellulesBD(MSFlexGrid1_));
   MSFlexGrid1_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   MSFlexGrid1_->setCornerButtonEnabled(false);
+  MSFlexGrid1_->setMinimumSize(440, 190);
   QHeaderView* haut = MSFlexGrid1_->horizontalHeader();
   haut->setHighlightSections(false);
   haut->setSectionsClickable(false);
@@ -212,23 +215,22 @@ void F_BD::MontreLigne(int ligne) {
 
 // Each column as wide as what it holds; what is left over goes to the two names.
 void F_BD::Elargit() {
+  std::array<int, GrilleBD::Colonnes> largeurs{};
   int reste = MSFlexGrid1_->viewport()->width();
-  for (int c = 0; c < MSFlexGrid1_->columnCount(); ++c) {
-    MSFlexGrid1_->resizeColumnToContents(c);
-    const bool nom = !GrilleBD::Numerique(static_cast<std::size_t>(c));
-    const int minimum = nom ? 90 : 64;
-    MSFlexGrid1_->setColumnWidth(c, std::max(minimum, MSFlexGrid1_->columnWidth(c) + 4));
-    reste -= MSFlexGrid1_->columnWidth(c);
+  for (std::size_t c = 0; c < GrilleBD::Colonnes; ++c) {
+    const int colonne = static_cast<int>(c);
+    const int tete = MSFlexGrid1_->horizontalHeader()->sectionSizeHint(colonne);
+    const int contenu = std::max(tete, CellulesBD::Largeur(*MSFlexGrid1_, colonne)) + 4;
+    largeurs[c] = std::max(GrilleBD::Numerique(c) ? 64 : 90, contenu);
+    reste -= largeurs[c];
   }
-  if (reste <= 0) return;
-  MSFlexGrid1_->setColumnWidth(0, MSFlexGrid1_->columnWidth(0) + reste * 2 / 3);
-  MSFlexGrid1_->setColumnWidth(2, MSFlexGrid1_->columnWidth(2) + reste - reste * 2 / 3);
-}
-
-void F_BD::resizeEvent(QResizeEvent* e) {
-  QDialog::resizeEvent(e);
-  Elargit();
-  PlaceSaisie();
+  if (reste > 0) {
+    largeurs[0] += reste * 2 / 3;
+    largeurs[2] += reste - reste * 2 / 3;
+  }
+  for (std::size_t c = 0; c < GrilleBD::Colonnes; ++c) {
+    MSFlexGrid1_->setColumnWidth(static_cast<int>(c), largeurs[c]);
+  }
 }
 
 void F_BD::changeEvent(QEvent* e) {
@@ -252,7 +254,8 @@ bool F_BD::Refuse() {
   if (ligne == 0) return false;
   const QString raison = Raison(colonne);
   MontreFaute(ligne - 1, colonne - 1, raison);
-  const QString nom = QString::fromStdString(fiches[static_cast<std::size_t>(ligne) - 1].champs[0]);
+  QString nom = QString::fromStdString(fiches[static_cast<std::size_t>(ligne) - 1].champs[0]);
+  if (nom.size() > NomMontre) nom = nom.left(NomMontre) + QStringLiteral("...");
   Boite boite;
   boite.section = Section;
   boite.cle = "lib001";

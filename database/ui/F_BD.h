@@ -27,7 +27,6 @@ class F_BD : public QDialog {
 
  protected:
   bool eventFilter(QObject* objet, QEvent* e) override;
-  void resizeEvent(QResizeEvent* e) override;
   void changeEvent(QEvent* e) override;
 
  private:

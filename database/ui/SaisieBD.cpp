@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QRegularExpressionValidator>
+#include <algorithm>
 
 #include "core/ui/ChampNombre.h"
 #include "core/ui/Theme.h"
@@ -34,6 +35,15 @@ void SaisieBD::keyPressEvent(QKeyEvent* e) {
   const QString passe = FiltreTouche(touche, reste, ',');
   if (!passe.isEmpty()) insert(passe);
   e->accept();
+}
+
+int CellulesBD::Largeur(const QTableWidget& grille, int colonne) {
+  int largeur = 0;
+  for (int ligne = 0; ligne < grille.rowCount(); ++ligne) {
+    const QTableWidgetItem* cellule = grille.item(ligne, colonne);
+    if (cellule != nullptr) largeur = std::max(largeur, grille.fontMetrics().horizontalAdvance(cellule->text()));
+  }
+  return largeur + 10;
 }
 
 void CellulesBD::paint(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const {

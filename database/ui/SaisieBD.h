@@ -3,6 +3,7 @@
 
 #include <QLineEdit>
 #include <QStyledItemDelegate>
+#include <QTableWidget>
 
 namespace ovelin {
 
@@ -28,6 +29,8 @@ class CellulesBD : public QStyledItemDelegate {
  public:
   static constexpr int RoleFaute = Qt::UserRole + 1;
   using QStyledItemDelegate::QStyledItemDelegate;
+  // Pixels that the widest text of a column takes, with its margins.
+  static int Largeur(const QTableWidget& grille, int colonne);
   void paint(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 

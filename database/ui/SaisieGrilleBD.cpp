@@ -33,6 +33,11 @@ bool F_BD::eventFilter(QObject* objet, QEvent* e) {
     }
   } else if (objet == MSFlexGrid1_ && e->type() == QEvent::KeyPress) {
     return ToucheGrille(static_cast<const QKeyEvent&>(*e));
+  } else if (MSFlexGrid1_ != nullptr && objet == MSFlexGrid1_->viewport() && e->type() == QEvent::Resize) {
+    // The grid itself goes on laying itself out during this event: the columns follow after it.
+    QMetaObject::invokeMethod(
+        this, [this] { Elargit(); }, Qt::QueuedConnection);
+    PlaceSaisie();
   } else if (MSFlexGrid1_ != nullptr && objet == MSFlexGrid1_->viewport() && e->type() == QEvent::ContextMenu) {
     const auto& menu = static_cast<const QContextMenuEvent&>(*e);
     if (menu.reason() == QContextMenuEvent::Keyboard) {
@@ -167,6 +172,7 @@ void F_BD::Pose(int ligne, int colonne, const std::string& texte) {
     MSFlexGrid1_->setRowCount(neuve + 1);
     MontreLigne(neuve);
   }
+  Elargit();
 }
 
 void F_BD::OuvreMenu(int ligne, int colonne, const QPoint& place) {
