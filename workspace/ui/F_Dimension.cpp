@@ -32,9 +32,10 @@ QLabel* Entete(const char* nom, const char* texte) {
   return entete;
 }
 
-ChampNombre* Champ(const QString& nom, const char* unite, const char* bulle, QWidget* parent) {
+ChampNombre* Champ(const QString& nom, const char* unite, const char* dit, const char* bulle, QWidget* parent) {
   auto* champ = new ChampNombre(nom, QString::fromUtf8(unite), parent);
   champ->setToolTip(QString::fromUtf8(bulle));
+  champ->setAccessibleName(QString::fromUtf8(dit));
   champ->setMinimumWidth(84);
   return champ;
 }
@@ -110,13 +111,21 @@ void F_Dimension::Construit() {
 }
 
 void F_Dimension::ConstruitAxe(QGridLayout& grille, std::size_t axe) {
-  const QString prefixe = axe == 0 ? QStringLiteral("TB_H_") : QStringLiteral("TB_V_");
+  const bool h = axe == 0;
+  const QString prefixe = h ? QStringLiteral("TB_H_") : QStringLiteral("TB_V_");
   Axe& a = axes_[axe];
-  a.initial = Champ(prefixe + QStringLiteral("Initial"), "mm", "Taille du dessin", this);
+  a.initial = Champ(prefixe + QStringLiteral("Initial"), "mm", h ? "Largeur actuelle" : "Hauteur actuelle",
+                    "Taille du dessin tel qu'il a été lu", this);
   a.initial->setReadOnly(true);
+  a.initial->setFrame(false);
+  QPalette nue;
+  nue.setColor(QPalette::Base, Qt::transparent);  // shown, not entered
+  a.initial->setPalette(nue);
   a.initial->setFocusPolicy(Qt::ClickFocus);
-  a.rapport = Champ(prefixe + QStringLiteral("Rapport"), "", "Multiplie la taille : 2 la double", this);
-  a.resultat = Champ(prefixe + QStringLiteral("Resultat"), "mm", "Taille voulue", this);
+  a.rapport = Champ(prefixe + QStringLiteral("Rapport"), "", h ? "Rapport en largeur" : "Rapport en hauteur",
+                    "Multiplie la taille : 2 la double", this);
+  a.resultat = Champ(prefixe + QStringLiteral("Resultat"), "mm", h ? "Largeur voulue" : "Hauteur voulue",
+                     "Taille voulue : le rapport suit", this);
   const int ligne = static_cast<int>(axe) + 1;
   grille.addWidget(
       EtiquetteDialogue(axe == 0 ? "Lbl_H" : "Lbl_V", axe == 0 ? "&Largeur (X) :" : "&Hauteur (Y) :", a.rapport),
@@ -130,7 +139,8 @@ void F_Dimension::ConstruitBarre() {
   SB1_ = new QStatusBar(this);
   SB1_->setObjectName(QStringLiteral("SB1"));
   SB1_->setSizeGripEnabled(true);
-  SB1_->setToolTip(QString::fromUtf8("Course de la machine"));
+  SB1_->setContentsMargins(6, 0, 0, 0);
+  SB1_->setToolTip(QString::fromUtf8("Course de la machine : le dessin doit y tenir"));
   const auto panneau = [this](const char* nom, const std::string& texte) {
     auto* etiquette = new QLabel(QString::fromStdString(texte), SB1_);
     etiquette->setObjectName(QString::fromLatin1(nom));

@@ -40,7 +40,7 @@ F_Soudure::F_Soudure(QWidget* parent) : QDialog(parent) {
 }
 
 void F_Soudure::Construit() {
-  setWindowTitle(QStringLiteral("Soudure des extrémités"));
+  setWindowTitle(QStringLiteral("Tolérance de soudure"));
   auto* boite = new QVBoxLayout(this);
   boite->setContentsMargins(8, 8, 8, 8);
   boite->setSpacing(8);
@@ -52,19 +52,22 @@ void F_Soudure::Construit() {
   VScroll_Tolerance_->setRange(0, PlaceMax);
   VScroll_Tolerance_->setPageStep(1);
   VScroll_Tolerance_->setFocusPolicy(Qt::StrongFocus);
+  VScroll_Tolerance_->setAccessibleName(QStringLiteral("Tolérance par dixièmes"));
   VScroll_Tolerance_->setMinimumHeight(90);
   VScroll_Tolerance_->setToolTip(QString::fromUtf8("De 0,5 mm en haut à 0 en bas, par dixièmes"));
   auto* etiquette = EtiquetteDialogue("Label1", "&Tolérance des extrémités (mm)", TB_Tolerance_);
   auto* aide = EtiquetteDialogue("Label2", "Agit sur les dessins ouverts ensuite.", nullptr);
   aide->setWordWrap(true);
   auto* grille = new QGridLayout;
-  grille->setSpacing(6);
+  grille->setHorizontalSpacing(12);
+  grille->setVerticalSpacing(6);
   grille->addWidget(etiquette, 0, 0);
   grille->addWidget(TB_Tolerance_, 1, 0);
   grille->addWidget(aide, 2, 0);
   grille->addWidget(VScroll_Tolerance_, 0, 1, 4, 1);
   grille->setRowStretch(3, 1);
   grille->setColumnStretch(0, 1);
+  grille->setColumnMinimumWidth(0, 220);
   boite->addLayout(grille, 1);
   const BoutonsDialogue boutons = PoseBoutons(*this, "Garder cette tolérance", "Fermer sans rien changer");
   boite->addLayout(boutons.rangee);
