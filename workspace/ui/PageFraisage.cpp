@@ -98,8 +98,13 @@ QGroupBox* PageFraisage::Selection() {
   grille->addWidget(EtiquettePanneau("Lbl_Profondeur", "Profondeur", profondeur), 1, 0);
   grille->addWidget(profondeur, 1, 1);
 
-  grille->addWidget(EtiquettePanneau("Lbl_Decal", "Côté de l'outil", nullptr), 2, 0);
+  cote_ = EtiquettePanneau("Lbl_Decal", "Côté de l'outil", nullptr);
+  grille->addWidget(cote_, 2, 0);
   grille->addWidget(Cotes(), 2, 1);
+  melange_ = new QLabel;
+  melange_->setObjectName(QStringLiteral("Lbl_Melange"));
+  melange_->setWordWrap(true);
+  grille->addWidget(melange_, 3, 0, 1, 2);
   grille->setColumnStretch(0, 1);
   grille->setColumnStretch(1, 1);
 
@@ -179,6 +184,18 @@ void PageFraisage::Remplit(const ChampsPanneau& champs) {
   decalCommun_ = champs.communes.Decalage;
   decal_[static_cast<std::size_t>(champs.Option_Decal - 1)]->setChecked(true);
   BullesCotes();
+  MontreMelange(champs);
+}
+
+// A box or a side shows one state where the selected paths have several: which ones is told below.
+void PageFraisage::MontreMelange(const ChampsPanneau& champs) {
+  QStringList noms;
+  if (champs.communes.Fraiser == Mixte) noms += fraiser_->text();
+  if (champs.communes.Poche == Mixte) noms += poche_->text();
+  if (champs.communes.Decalage == 0) noms += cote_->text();
+  melange_->setVisible(champs.selectionnees > 1 && !noms.isEmpty());
+  melange_->setText(TextePanneau("champ_melange", "Différent selon la séquence :") + QLatin1Char(' ') +
+                    noms.join(QStringLiteral(", ")));
 }
 
 void PageFraisage::RemplitOutil() {

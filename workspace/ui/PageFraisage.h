@@ -41,10 +41,13 @@ class PageFraisage : public QWidget {
   void AjouteChamp(QGridLayout* grille, const struct LigneOutil& ligne);
   void EntreOutil(const ChampOutil& champ, const std::string& texte);
   void Profondeur(const std::string& texte);
+  void MontreMelange(const ChampsPanneau& champs);
   void AvertitPoche(bool montre);
 
   std::int16_t decalCommun_ = 0;  // side of the whole selection; 0: they differ
   QGroupBox* selection_ = nullptr;
+  QLabel* melange_ = nullptr;
+  QLabel* cote_ = nullptr;
   QCheckBox* poche_ = nullptr;
   QCheckBox* fraiser_ = nullptr;
   Saisie* profondeur_ = nullptr;

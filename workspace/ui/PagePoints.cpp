@@ -114,7 +114,7 @@ QWidget* PagePoints::Boutons() {
   connect(supprime_, &QAbstractButton::clicked, this, &PagePoints::Supprime);
   connect(position_, &QAbstractButton::clicked, this, [this](bool ouvert) {
     cadrePosition_->setVisible(ouvert);
-    if (ouvert) x_->setFocus(Qt::OtherFocusReason);
+    if (ouvert) x_->setFocus(Qt::TabFocusReason);
   });
   connect(goto_, &QAbstractButton::clicked, this, [this] {
     if (OuvreFenetre) OuvreFenetre("F_PilMan", window());

@@ -95,6 +95,32 @@ TEST_F(Fraisage, MixedMillingShowsCheckedAndOneClickClearsAll) {
   EXPECT_EQ(rafraichis_, 2);
 }
 
+TEST_F(Fraisage, WhatDiffersInTheSelectionIsTold) {
+  DeuxCarres();
+  Ouvre();
+  EXPECT_FALSE(C("Lbl_Melange")->isVisible());
+  TousChoisis();
+  Remplit();
+  EXPECT_FALSE(C("Lbl_Melange")->isVisible());
+  Sequences[0].Fraiser = Faux;
+  Remplit();
+  EXPECT_TRUE(C("Lbl_Melange")->isVisible());
+  EXPECT_EQ(C<QLabel>("Lbl_Melange")->text().toStdString(), "Différent selon la séquence : Fraiser");
+  Sequences[0].Poche = Vrai;
+  Sequences[0].Decalage = 2;
+  for (const std::string& langue : essai::LanguesDuProduit()) {
+    essai::ChoisitLangue(langue);
+    Ouvre(300, 440);
+    EXPECT_TRUE(C("Lbl_Melange")->isVisible());
+    EXPECT_EQ(C<QLabel>("Lbl_Melange")->text().count(','), 2);
+    EXPECT_EQ(essai::TextesCoupesEnTexte(*fenetre_), "") << langue;
+  }
+  Clique(*C("CB_Poche"));
+  Clique(*C("CB_Fraiser"));
+  Clique(*C("Option_Decal_1"));
+  EXPECT_FALSE(C("Lbl_Melange")->isVisible());
+}
+
 TEST_F(Fraisage, PocketIsSetOnAnOpenPathAsWell) {
   DeuxCarres();
   essai::AjouteSequence(" C", {{100, 0}, {120, 0}, {120, 20}});
