@@ -186,6 +186,19 @@ TEST_F(Outil, EscapeFreesARefusedWidth) {
   EXPECT_EQ(rafraichis_, 0);
 }
 
+TEST_F(Outil, RefusedWidthDoesNotHoldAPageThatIsHidden) {
+  Pret();
+  Tape(*C("TB_LargeurEncoche"), "0");
+  page_->hide();
+  essai::Evenements();
+  EXPECT_EQ(LargeurEncoche, 5);
+  page_->show();
+  essai::Evenements();
+  EXPECT_TRUE(Refuse("TB_LargeurEncoche"));
+  Tape(*C("TB_LargeurEncoche"), "4");
+  EXPECT_EQ(LargeurEncoche, 4);
+}
+
 TEST_F(Outil, NegativeWidthIsNotZeroAndIsTaken) {
   Pret();
   Tape(*C("TB_LargeurEncoche"), "-1");
