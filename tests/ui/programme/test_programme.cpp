@@ -1,0 +1,168 @@
+// The start and the end of the whole program.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QTimer>
+#include <filesystem>
+
+#include "core/Cles.h"
+#include "core/Fichiers.h"
+#include "core/Reglages.h"
+#include "core/ui/Fenetres.h"
+#include "tests/ui/programme/ProgrammeEssai.h"
+
+namespace {
+
+using namespace ovelin;
+using namespace essai;
+
+TEST(Programme, OpensItsWindowWithADrawing) {
+  ConfigPresente();
+  const std::string dessin = Dossier() + "/equerre.dxf";
+  std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin);
+  ProgrammeEssai p(dessin);
+  ASSERT_TRUE(p.Demarre());
+  EXPECT_TRUE(p.Fenetre()->isVisible());
+  EXPECT_EQ(p.Fenetre()->windowTitle(), QStringLiteral("OVELIN <-> equerre.dxf"));
+  EXPECT_FALSE(TraceDecale.empty());
+  EXPECT_TRUE(p.Active("mnu_Save"));
+}
+
+TEST(Programme, AsksForThePowerInterfaceAtItsFirstStartAndWritesItsSettings) {
+  Attend("erreurs", "401", Reponse::Ok);
+  ProgrammeEssai p;
+  ASSERT_TRUE(p.Demarre());
+  EXPECT_TRUE(FichierExiste(Dossier() + "/config/OVELIN.ini"));
+}
+
+TEST(Programme, InscribesTheProjectFilesForTheDesktop) {
+  ConfigPresente();
+  ProgrammeEssai p;
+  ASSERT_TRUE(p.Demarre());
+  const std::string entree = LitFichierEssai(Dossier() + "/donnees/applications/ovelin.desktop");
+  EXPECT_NE(entree.find("Exec=\"" + QCoreApplication::applicationFilePath().toStdString() + "\" %f"),
+            std::string::npos)
+      << entree;
+}
+
+TEST(Programme, RefusesASecondCopyWithItsBox) {
+  ConfigPresente();
+  const int autre = open((Dossier() + "/config/.verrou").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  ASSERT_GE(autre, 0);
+  ASSERT_EQ(flock(autre, LOCK_EX | LOCK_NB), 0);
+  Attend("erreurs", "31");
+  {
+    ProgrammeEssai p;
+    EXPECT_FALSE(p.Demarre());
+    EXPECT_EQ(p.Fenetre(), nullptr);
+    EXPECT_EQ(Boites().back().titre, "Erreur");
+    EXPECT_EQ(Boites().back().icone, Icone::Exclamation);
+  }
+  close(autre);
+  EXPECT_FALSE(std::filesystem::exists(Dossier() + "/donnees/applications"));  // nothing else has happened
+}
+
+TEST(Programme, LetsTheNextCopyInWhenItHasEnded) {
+  ConfigPresente();
+  for (int fois = 0; fois < 2; ++fois) {
+    ProgrammeEssai p;
+    EXPECT_TRUE(p.Demarre());
+    const int autre = open((Dossier() + "/config/.verrou").c_str(), O_RDWR | O_CLOEXEC);
+    EXPECT_NE(flock(autre, LOCK_EX | LOCK_NB), 0);
+    close(autre);
+  }
+}
+
+TEST(Programme, TakesItsTemporaryFolderAway) {
+  ConfigPresente();
+  std::string temporaire;
+  {
+    ProgrammeEssai p;
+    ASSERT_TRUE(p.Demarre());
+    temporaire = DossierTemp;
+    EXPECT_TRUE(std::filesystem::is_directory(temporaire));
+    EcritFichierEntier(temporaire + "/00001.OVL", "x");
+  }
+  EXPECT_FALSE(std::filesystem::exists(temporaire));
+}
+
+TEST(Programme, WritesItsPlaceWhenItsWindowCloses) {
+  ConfigPresente();
+  ProgrammeEssai p;
+  ASSERT_TRUE(p.Demarre());
+  p.Fenetre()->resize(900, 700);
+  essai::Evenements();
+  p.Fenetre()->close();
+  EXPECT_EQ(LireCle("F_Representation_Width", ""), "13500");  // twips, 15 a pixel
+  EXPECT_EQ(LireCle("F_Representation_Height", ""), "10500");
+}
+
+// Each name that the windows ask for exists or its command isn't shown.
+TEST(InstalleFenetres, KnowsItsWindowsAndNoOthers) {
+  ConfigPresente();
+  const ProgrammeEssai p;
+  for (const char* nom : {"F_ParamAppli"}) EXPECT_TRUE(FenetreExiste(nom)) << nom;
+  EXPECT_FALSE(FenetreExiste("F_Martienne"));
+  EXPECT_FALSE(OuvreFenetre("F_Martienne", nullptr));
+}
+
+TEST(Programme, OpensAModalWindowAndComesBack) {
+  ConfigPresente();
+  ProgrammeEssai p;
+  ASSERT_TRUE(p.Demarre());
+  std::string modale;
+  QTimer::singleShot(0, p.Fenetre(), [&modale] {
+    QWidget* devant = QApplication::activeModalWidget();
+    modale = devant == nullptr ? "" : devant->objectName().toStdString();
+    if (devant != nullptr) devant->close();
+  });
+  OuvreFenetre("F_ParamAppli", p.Fenetre());
+  EXPECT_EQ(modale, "F_ParamAppli");
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+// --- settings that can't be written ----------------------------------------------------------------------------
+
+TEST(SignaleReglages, TellsAFailedWriteOnceAndTheProgramGoesOn) {
+  const std::string ini = ConfigPresente();
+  const std::string dessin = Dossier() + "/equerre.dxf";
+  std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin);
+  ProgrammeEssai p;
+  ASSERT_TRUE(p.Demarre());
+  p.programme->SignaleReglages();
+  const std::string avant = LitFichierEssai(ini);
+  ASSERT_EQ(chmod(ini.c_str(), 0444), 0);
+  p.Ouvre(dessin);
+  EXPECT_FALSE(TraceDecale.empty());
+  Attend("erreurs", "103");
+  p.programme->SignaleReglages();
+  EXPECT_NE(Boites().back().texte.find("OVELIN.ini: Permission denied"), std::string::npos)
+      << Boites().back().texte;
+  p.Ouvre(dessin);
+  p.programme->SignaleReglages();  // the same once more: nothing is said
+  EXPECT_EQ(LitFichierEssai(ini), avant);
+}
+
+TEST(SignaleReglages, TellsAFolderInWhichNoSettingsCanBe) {
+  EcritFichierEssai("fichier", "a file where the folder would be");
+  Attend("erreurs", "401", Reponse::Ok);
+  Attend("erreurs", "103");
+  ProgrammeEssai p("", Dossier() + "/fichier/config");
+  ASSERT_TRUE(p.Demarre());
+  EXPECT_TRUE(p.Fenetre()->isVisible());
+  EXPECT_EQ(Regl.RayonFraise, Reglages{}.RayonFraise);  // the built-in values are in force
+  p.programme->SignaleReglages();
+}
+
+// --- the fatal path --------------------------------------------------------------------------------------------
+
+TEST(Programme, StopsTheMachineBeforeAFatalEnd) {
+  ConfigPresente();
+  const ProgrammeEssai p;
+  ASSERT_NE(ArretFatal, nullptr);
+  ArretFatal();  // without a board there is nothing to stop
+}
+
+}  // namespace
