@@ -157,6 +157,7 @@ bool RecalculDecalages() {
     Avancement avancement(Traduire(SectionFenetre, "lib102"), static_cast<long>(codes.size()));
     if (Calcule(codes, &avancement)) EffaceStatut();
   }
+  Svc.LaisseEvenements(Evenements::Affichage);
   long numero = 0;
   for (SequenceDecalee& d : TraceDecale) {
     if (d.Points.empty()) continue;

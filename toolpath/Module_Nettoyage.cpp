@@ -69,9 +69,11 @@ void NettoieTout(float resolution) {
 bool mnu_Nettoyage_Click(float resolution) {
   if (resolution == 0 || resolution != resolution) return false;
   NettoieTout(resolution);
+  Svc.LaisseEvenements(Evenements::Affichage);
   EncombrementGeneral();
   RecalculDecalages();
   OublieOrigine();
+  Svc.LaisseEvenements(Evenements::Affichage);
   Svc.Rafraichit();
   Svc.Panneau(PanneauNombre, Traduire(SectionFenetre, "lib200") + " " + std::to_string(NbPoints));
   Modifie = Vrai;

@@ -210,6 +210,7 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   } else {
     TraceDecale.clear();
     LitDessin(lu);
+    Svc.LaisseEvenements(Evenements::Affichage);
   }
   LitReglagesDocument();
   if (NbPoints >= 0 && NbPoints < 2) NbPoints = TropPeuDePoints;
@@ -225,7 +226,9 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
       point.Y += Marge;
     }
   }
+  Svc.LaisseEvenements(Evenements::Affichage);
   RecalculDecalages();
+  Svc.LaisseEvenements(Evenements::Affichage);
   EncombrementGeneral();
   if (projet) {
     lu.xmin = Xmin;
@@ -237,7 +240,10 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   PointCourantX = TraceInitial.front().X;
   PointCourantY = TraceInitial.front().Y;
   Svc.Panneau(1, " " + NomDe(FichierCourant));
+  // The view, the lists and the picture of a large drawing take their time one by one.
+  Svc.LaisseEvenements(Evenements::Affichage);
   Svc.DessinOuvert(true);
+  Svc.LaisseEvenements(Evenements::Affichage);
   Svc.Rafraichit();
   return Ouverture::Reussie;
 }
