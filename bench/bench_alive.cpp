@@ -1,0 +1,197 @@
+// Whether the window stays alive under a large drawing: the longest time between two rounds of events while a
+// drawing of 1,000,000 points is opened, re-offset, cleaned, saved and opened again as a project. Runs in the main
+// window without a screen. Wanted: no gap above 100 ms.
+//   build/bench/bin/bench_alive [POINTS_PER_CONTOUR CONTOURS [NOISE_MM]] [--where MS]
+// With --where the place behind each gap longer than that is told, as addresses for addr2line.
+#include <execinfo.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QBasicTimer>
+#include <QTimerEvent>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "bench/Formes.h"
+#include "core/Document.h"
+#include "core/Fichiers.h"
+#include "core/Reglages.h"
+#include "core/Services.h"
+#include "core/ui/ServicesQt.h"
+#include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Nettoyage.h"
+#include "workspace/Module_Cycle.h"
+#include "workspace/Module_Ouverture.h"
+#include "workspace/ui/F_Representation.h"
+
+namespace {
+
+using namespace ovelin;
+using Horloge = std::chrono::steady_clock;
+
+// A timer that is always due: it fires once in every round of events.
+class Pouls : public QObject {
+ public:
+  explicit Pouls(double montre) : montre_(montre), dernier_(Horloge::now()) {
+    battement_.start(0, Qt::PreciseTimer, this);
+  }
+
+  void Debute() {
+    dernier_ = Horloge::now();
+    QCoreApplication::processEvents();
+    plusLong_ = plusTravaille_ = 0;
+    rondes_ = 0;
+    debut_ = dernier_ = Horloge::now();
+    travail_ = Travail();
+  }
+  void Finit(const char* phase) {
+    QCoreApplication::processEvents();
+    Note();
+    std::printf("%-28s %8.0f ms in all, %6ld rounds, longest gap %6.1f ms, of work %6.1f ms%s\n", phase,
+                Ecart(debut_), rondes_, plusLong_, plusTravaille_, plusLong_ > 100 ? "  <-- too long" : "");
+    std::fflush(stdout);
+    pire = std::max(pire, plusLong_);
+  }
+  double pire = 0;
+
+ protected:
+  void timerEvent(QTimerEvent*) override {
+    Note();
+    ++rondes_;
+  }
+
+ private:
+  static double Ecart(Horloge::time_point depuis) {
+    return std::chrono::duration<double, std::milli>(Horloge::now() - depuis).count();
+  }
+  // Processor time of this thread, ms: what a gap takes where nothing else runs on the machine.
+  static double Travail() {
+    timespec t{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+    return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_nsec) * 1e-6;
+  }
+  void Note() {
+    const double ecart = Ecart(dernier_);
+    if (montre_ > 0 && ecart > montre_) {
+      std::fprintf(stderr, "--- %.1f ms before\n", ecart);
+      void* pile[40];
+      backtrace_symbols_fd(pile, backtrace(pile, 40), STDERR_FILENO);
+    }
+    plusLong_ = std::max(plusLong_, ecart);
+    const double travail = Travail();
+    plusTravaille_ = std::max(plusTravaille_, travail - travail_);
+    travail_ = travail;
+    dernier_ = Horloge::now();
+  }
+
+  QBasicTimer battement_;
+  double montre_;
+  double plusLong_ = 0, plusTravaille_ = 0, travail_ = 0;  // ms
+  long rondes_ = 0;
+  Horloge::time_point dernier_, debut_;
+};
+
+// One closed contour with 200 deep lobes, some 80 m long, each point off by up to `bruit` mm.
+std::string ContourBruite(int points, double bruit) {
+  std::mt19937 hasard(7);
+  std::uniform_real_distribution<double> ecart(-bruit, bruit);
+  std::string texte =
+      "0\n"
+      "SECTION\n2\nENTITIES\n0\nLWPOLYLINE\n8\n0\n70\n1\n90\n" +
+      std::to_string(points) + "\n";
+  char ligne[80];
+  for (int i = 0; i < points; ++i) {
+    const double a = 2 * M_PI * i / points;
+    const double r = 300 + 100 * std::sin(200 * a);
+    std::snprintf(ligne, sizeof ligne, "10\n%.4f\n20\n%.4f\n", 400 + r * std::cos(a) + ecart(hasard),
+                  400 - r * std::sin(a) + ecart(hasard));
+    texte += ligne;
+  }
+  return texte + "0\nENDSEC\n0\nEOF\n";
+}
+
+void Mesure(int points, int contours, double montre) {
+  const auto dossier = std::filesystem::temp_directory_path() / ("ovelin-alive-" + std::to_string(getpid()));
+  std::filesystem::create_directories(dossier);
+  DossierProgramme = dossier.string();
+  std::ofstream(dossier / "OVELIN.ini") << "[OVELIN]\r\nRayonFraise=1.5\r\n";
+  const std::string dessin = (dossier / "grand.dxf").string();
+  const std::string projet = (dossier / "grand.OVL").string();
+  std::ofstream(dessin, std::ios::binary)
+      << (contours == 1 ? ContourBruite(points, 0.01) : banc::DessinDxf(contours, points));
+  PrepareDossierTemp();
+
+  InstalleServicesQt();
+  Svc.Montre = [](const Boite& b) {
+    std::printf("box: %s\n", b.texte.c_str());
+    return Reponse::Ok;
+  };
+  F_Representation fenetre;
+  Svc.Dimensionne = [](DemandeDimension&) {};
+  fenetre.DossierDocuments.clear();
+  fenetre.resize(1280, 800);
+  fenetre.Form_Load("");
+  std::printf("--- %d x %d points\n", contours, points);
+  std::fflush(stdout);
+  Pouls pouls(montre);
+  const auto phase = [&pouls](const char* nom, const std::function<void()>& quoi) {
+    pouls.Debute();
+    quoi();
+    pouls.Finit(nom);
+  };
+  phase("open the drawing", [&] {
+    Svc.ChoisitFichier = [&](const DialogueFichier&) { return dessin; };
+    OptionsOuverture options;
+    options.dehors = false;
+    mnu_Ouvrir("", options);
+  });
+  std::printf("%28s %d points, %zu records of the trace\n", "", NbPoints, TraceDecale.size());
+  phase("offset with another radius", [] {
+    RayonFraise = 2.0;
+    RecalculDecalages();
+  });
+  phase("clean", [] { mnu_Nettoyage_Click(0.0005F); });
+  phase("save the project", [&] { EnregistreProjet(projet); });
+  phase("open the project", [&] { mnu_Ouvrir(projet, OptionsOuverture{}); });
+  std::printf("%28s worst: %.1f ms\n", "", pouls.pire);
+  Modifie = Faux;
+  FichierProjet.clear();
+  fenetre.close();
+  OteDossierTemp();
+  std::error_code erreur;
+  std::filesystem::remove_all(dossier, erreur);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  double montre = 0;
+  std::vector<double> nombres;
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--where") == 0 && i + 1 < argc) {
+      montre = std::atof(argv[++i]);
+    } else {
+      nombres.push_back(std::atof(argv[i]));
+    }
+  }
+  if (nombres.size() >= 2) {
+    Mesure(static_cast<int>(nombres[0]), static_cast<int>(nombres[1]), montre);
+    return 0;
+  }
+  Mesure(1000, 1000, montre);
+  Mesure(1000000, 1, montre);
+  return 0;
+}
