@@ -2,7 +2,6 @@
 // crossings, pockets, marks, floats) only stands on this contract, so that another engine can take its place.
 #pragma once
 
-#include <span>
 #include <vector>
 
 #include "closed/pathwerk/Origine.h"
@@ -39,10 +38,6 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
 
 // Origins on the contours of the region, carried back to the path that the region was cut from.
 Origines Remonte(const Region& region, Origines origines);
-
-// Border of `a` without `b`. The regions are given as loops that run counter-clockwise around what belongs to them
-// (holes clockwise); the result is given likewise.
-bool Difference(std::span<const Chemin> a, std::span<const Chemin> b, std::vector<Chemin>& boucles);
 
 // Cuts a closed path at its crossings into the region it runs around counter-clockwise and the one it runs around
 // clockwise: a figure of eight gives one of each. What is thinner than `tolerance` doesn't count. A path that only

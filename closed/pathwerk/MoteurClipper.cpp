@@ -5,6 +5,7 @@
 #include <cmath>
 #include <exception>
 #include <polyclipping/clipper.hpp>
+#include <span>
 
 #include "closed/pathwerk/ArbreSegments.h"
 #include "closed/pathwerk/Moteurs.h"
@@ -142,23 +143,6 @@ bool DecaleRegionClipper(const Region& region, double distance, double tolerance
   try {
     if (!(Etendue(region.contours) + std::abs(d) <= 1e9)) return false;
     Demele(region, d, fleche, positif, boucles);
-    return true;
-  } catch (const std::exception&) {
-    boucles.clear();
-    return false;
-  }
-}
-
-bool Difference(std::span<const Chemin> a, std::span<const Chemin> b, std::vector<Chemin>& boucles) {
-  boucles.clear();
-  try {
-    const double echelle = PasDeGrille(std::max(Etendue(a), Etendue(b)));
-    cl::Clipper clipper;
-    for (const Chemin& c : a) clipper.AddPath(VersGrille(c, echelle), cl::ptSubject, true);
-    for (const Chemin& c : b) clipper.AddPath(VersGrille(c, echelle), cl::ptClip, true);
-    cl::Paths r;
-    clipper.Execute(cl::ctDifference, r, cl::pftPositive, cl::pftPositive);
-    Ajoute(r, echelle, false, boucles);
     return true;
   } catch (const std::exception&) {
     boucles.clear();
