@@ -4,8 +4,15 @@
 #include <map>
 #include <string>
 
+#include "core/Services.h"
 #include "core/ui/F_ParamAppli.h"
 #include "core/ui/Fenetres.h"
+#include "core/ui/ServicesQt.h"
+#include "database/ui/F_BD.h"
+#include "run/ui/F_Fraisage.h"
+#include "workspace/ui/F_Dimension.h"
+#include "workspace/ui/F_Nettoyage.h"
+#include "workspace/ui/F_Soudure.h"
 
 namespace ovelin {
 
@@ -22,7 +29,11 @@ using Ouvreur = bool (*)(QWidget*);
 
 const std::map<std::string, Ouvreur>& Fenetres() {
   static const std::map<std::string, Ouvreur> toutes{
+      {"F_BD", Ouvre<F_BD>},
+      {"F_Fraisage", Ouvre<F_Fraisage>},
+      {"F_Nettoyage", Ouvre<F_Nettoyage>},
       {"F_ParamAppli", Ouvre<F_ParamAppli>},
+      {"F_Soudure", Ouvre<F_Soudure>},
   };
   return toutes;
 }
@@ -34,6 +45,12 @@ void InstalleFenetres() {
   OuvreFenetre = [](const std::string& nom, QWidget* proprietaire) {
     const auto trouvee = Fenetres().find(nom);
     return trouvee != Fenetres().end() && trouvee->second(proprietaire);
+  };
+  // The size dialog of a drawing that is being opened.
+  Svc.Dimensionne = [](DemandeDimension& demande) {
+    F_Dimension fenetre(demande, Proprietaire());
+    fenetre.exec();
+    demande = fenetre.Reponse();
   };
 }
 

@@ -3,7 +3,7 @@
 
 namespace ovelin {
 
-// Fills `OuvreFenetre` and `FenetreExiste` (core/ui/Fenetres.h).
+// Fills `OuvreFenetre` and `FenetreExiste` (core/ui/Fenetres.h), and the size dialog of `Svc`.
 void InstalleFenetres();
 
 }  // namespace ovelin

@@ -112,6 +112,7 @@ void F_Representation::Ouvre(const std::string& chemin) {
 
 void F_Representation::ApresOuverture() {
   ouverture_ = false;
+  PB1_->Retient(false);
   panneau_->Fraisage()->RemplitOutil();
   if (NbPoints >= 0) return;
   // Nothing was read: lists and picture are empty, as the document is.

@@ -168,6 +168,16 @@ void F_Representation::Place() {
   commandes_->Coche("mnu_Panneau", panneau > 0);
 }
 
+// The frame that the desktop puts around the window is known once it is shown.
+void F_Representation::RentreDansEcran() {
+  if (isMaximized() || isFullScreen()) return;
+  const QRect ecran = screen()->availableGeometry();
+  const QRect cadre = frameGeometry();
+  resize(width() - std::max(cadre.width() - ecran.width(), 0), height() - std::max(cadre.height() - ecran.height(), 0));
+  move(std::max(std::min(cadre.left(), ecran.right() + 1 - frameGeometry().width()), ecran.left()),
+       std::max(std::min(cadre.top(), ecran.bottom() + 1 - frameGeometry().height()), ecran.top()));
+}
+
 void F_Representation::AppliqueTheme() {
   OublieIcones();
   commandes_->Redessine();
@@ -210,6 +220,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
   commandes_->RemplitRecents(TextesRecents());
   Place();
   show();
+  QTimer::singleShot(0, this, &F_Representation::RentreDansEcran);
   AfficheCarte();
   Timer_Interro_->start(std::max(Regl.TimerInterval, 50));
   charge_ = true;
@@ -272,7 +283,9 @@ void F_Representation::Rafraichit() {
 void F_Representation::DessinOuvert(bool ouvert) {
   commandes_->DessinOuvert(ouvert);
   ouverture_ = !ouvert;
+  PB1_->Retient(ouverture_);
   if (!ouvert) {
+    vide_->hide();
     commandes_->Active("mnu_Undo", false);
     return;
   }

@@ -121,7 +121,14 @@ void ImagePB1::Differe() {
   });
 }
 
+void ImagePB1::Retient(bool retient) {
+  if (retenue_ == retient) return;
+  retenue_ = retient;
+  if (!retient && isVisible() && size() != misEnPage_) taille_.start();
+}
+
 void ImagePB1::Dessin() {
+  if (retenue_) return;
   if (!misEnPage_.isValid()) {
     demande_ = true;  // the layout of the first showing ends with a Dessin; before it there is no place to draw in
     return;
@@ -270,6 +277,7 @@ void ImagePB1::showEvent(QShowEvent* e) {
 
 void ImagePB1::MetEnPage() {
   taille_.stop();
+  if (retenue_) return;
   if (PasseEnCours() || enCours_) {
     taille_.start();
     return;

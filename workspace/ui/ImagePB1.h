@@ -30,6 +30,9 @@ class ImagePB1 : public QWidget {
   // no snapshot is taken.
   void Dessin();
   [[nodiscard]] bool DessinEnCours() const { return enCours_; }
+  // While a drawing is being opened: what is shown stays, no Dessin, no layout. A size that has changed meanwhile is
+  // taken over afterwards.
+  void Retient(bool retient);
   // A cross at a point of the drawing, until the next Dessin.
   void Croix(const PointTrace& point);
   // The running tool at (x, y), mm, over the picture; shown with the flag of the tool display.
@@ -78,6 +81,7 @@ class ImagePB1 : public QWidget {
 
   bool numPoint_ = false, sequence_ = false;
   bool enCours_ = false;  // a Dessin runs
+  bool retenue_ = false;  // a drawing is being opened
   bool demande_ = false;  // one was wished before the first showing
   bool differe_ = false;  // one comes after
   bool dessine_ = false;  // a drawing is shown

@@ -103,6 +103,37 @@ TEST_F(Ouverture_, TheDialogsAnswerIsOpened) {
   EXPECT_NE(fenetre_->findChild<QAction*>("mnu_MRU_1"), nullptr);
 }
 
+TEST_F(Ouverture_, NothingIsThereToUndoBehindIt) {
+  Charge();
+  essai::AttendFichier("mnu_Ouvrir", Exemple("plaque.dxf"));
+  Commande("mnu_Ouvrir");
+  EXPECT_FALSE(Menu("mnu_Undo")->isEnabled());
+  EXPECT_TRUE(Bouton("mnu_Undo")->isVisible());
+  EXPECT_EQ(ListeFichiers(DossierTemp, "OVL").size(), 1U);
+}
+
+// The window has just been shown and is laid out, and painted, while the size dialog is open.
+TEST_F(Ouverture_, TheDrawingIsNotShownBeforeItIsReady) {
+  QImage pendant;
+  Svc.Dimensionne = [&](DemandeDimension&) {
+    essai::Evenements();
+    C<ImagePB1>("PB1")->MetEnPage();
+    pendant = C<ImagePB1>("PB1")->Image();
+    EXPECT_FALSE(C<QLabel>("Lbl_Vide")->isVisible());
+  };
+  const std::string chemin = Exemple("plaque.dxf");
+  fenetre_ = std::make_unique<F_Representation>();
+  fenetre_->DossierDocuments.clear();
+  fenetre_->Form_Load(chemin);
+  C<ImagePB1>("PB1")->MetEnPage();
+  essai::Evenements();
+  EXPECT_FALSE(Menu("mnu_Undo")->isEnabled());
+  EXPECT_EQ(ListeFichiers(DossierTemp, "OVL").size(), 1U);
+  const QImage apres = C<ImagePB1>("PB1")->Image();
+  ASSERT_FALSE(apres.isNull());
+  EXPECT_FALSE(pendant == apres);
+}
+
 TEST_F(Ouverture_, ACancelledDialogChangesNothing) {
   Charge(Exemple("plaque.dxf"));
   const Document avant = Doc;
