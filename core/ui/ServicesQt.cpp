@@ -11,7 +11,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QThread>
-#include <QTimer>
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
@@ -160,7 +159,7 @@ std::string ChoisitFichierQt(const DialogueFichier& demande) {
   PrepareDialogue(dialogue, demande);
   for (;;) {
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return "";
-    const std::string chemin = dialogue.selectedFiles().constFirst().toStdString();
+    std::string chemin = dialogue.selectedFiles().constFirst().toStdString();
     if (!demande.enregistrer || !FichierExiste(chemin)) return chemin;
     Boite question;
     question.section = SectionBoites;
@@ -320,7 +319,7 @@ void Livre() {
 }
 
 void ProgrammeLivraison() {
-  if (!Souhaits.empty() && qApp != nullptr) QTimer::singleShot(0, qApp, Livre);
+  if (!Souhaits.empty() && qApp != nullptr) QMetaObject::invokeMethod(qApp, Livre, Qt::QueuedConnection);
 }
 
 }  // namespace

@@ -70,9 +70,9 @@ QColor CouleurLisible(const QColor& couleur, const QColor& fond) {
   const float clarte = 1.0F - static_cast<float>(couleur.lightnessF());
   const QColor miroir = AvecClarte(couleur, clarte);
   if (Contraste(miroir, fond) >= ContrasteVoulu) return miroir;
-  for (float pas = 0.01F; pas < 1.01F; pas += 0.01F) {
-    for (const float sens : {1.0F, -1.0F}) {
-      const QColor essai = AvecClarte(couleur, clarte + sens * pas);
+  for (int pas = 1; pas <= 100; ++pas) {
+    for (const float sens : {0.01F, -0.01F}) {
+      const QColor essai = AvecClarte(couleur, clarte + sens * static_cast<float>(pas));
       if (Contraste(essai, fond) >= ContrasteVoulu) return essai;
     }
   }

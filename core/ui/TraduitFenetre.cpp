@@ -61,8 +61,7 @@ class Marche {
   }
 
   void Enfants(const QObject& parent) {
-    const QObjectList enfants = parent.children();
-    for (QObject* enfant : enfants) Objet(*enfant);
+    for (QObject* enfant : parent.children()) Objet(*enfant);
   }
 
   void Objet(QObject& objet) {
