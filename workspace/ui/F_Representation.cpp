@@ -41,6 +41,7 @@ constexpr const char* CleSeparateur = "F_Representation_Panneau";
 constexpr int LargeurPanneau = 340;  // logical pixels
 constexpr int LargeurMin = 760, HauteurMin = 520;
 constexpr int CoteIcone = 24;
+constexpr int DelaiCadre = 250;  // ms until the desktop has put its frame around the window
 
 const QStringList& ExtensionsLues() {
   static const QStringList Liste{"DAT", "PLT", "PRN", "HPGL", "OVL", "DXF", "DRD", "DRL", "EPS"};
@@ -168,7 +169,7 @@ void F_Representation::Place() {
   commandes_->Coche("mnu_Panneau", panneau > 0);
 }
 
-// The frame that the desktop puts around the window is known once it is shown.
+// The frame that the desktop puts around the window is known a moment after it is shown.
 void F_Representation::RentreDansEcran() {
   if (isMaximized() || isFullScreen()) return;
   const QRect ecran = screen()->availableGeometry();
@@ -220,7 +221,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
   commandes_->RemplitRecents(TextesRecents());
   Place();
   show();
-  QTimer::singleShot(0, this, &F_Representation::RentreDansEcran);
+  QTimer::singleShot(DelaiCadre, this, &F_Representation::RentreDansEcran);
   AfficheCarte();
   Timer_Interro_->start(std::max(Regl.TimerInterval, 50));
   charge_ = true;
