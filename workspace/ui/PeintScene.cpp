@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -66,7 +68,8 @@ class Peinture {
         scene_(scene),
         aspect_(aspect),
         epaisseur_(std::max(1.0, peintre.device()->devicePixelRatioF())),
-        lisse_(PeutLisser(scene, aspect, epaisseur_)) {
+        lisse_(PeutLisser(scene, aspect, epaisseur_)),
+        police_(peintre.font(), peintre.device()) {
     QImage* image = lisse_ ? nullptr : ImageDe(peintre);
     if (image != nullptr) rapide_.emplace(*image);
   }
@@ -105,7 +108,9 @@ class Peinture {
   std::vector<float> motif_;
   std::vector<QPointF> tampon_;
   std::unordered_map<std::uint64_t, QColor> couleurs_;
-  QColor fondDisque_;  // of the disc that a number stands on
+  QFontMetricsF police_;
+  std::map<std::tuple<float, std::int32_t, std::int32_t>, QImage> disques_;  // by radius and colours
+  QColor fondDisque_;                                                        // of the disc that a number stands on
 };
 
 const QColor& Peinture::Couleur(std::int32_t couleur, const QColor& fond) {
@@ -178,12 +183,34 @@ void Peinture::Carres(const Primitive& p) {
 }
 
 void Peinture::Disque(const Primitive& p) {
-  p_.setRenderHint(QPainter::Antialiasing, true);
-  Crayon(Couleur(p.couleur), StyleTrait::Plein);
   fondDisque_ = p.fond == Blanc ? QColor(Qt::white) : p.fond != SansFond ? Couleur(p.fond) : QColor();
-  if (fondDisque_.isValid()) p_.setBrush(fondDisque_);
+  const QColor& bord = Couleur(p.couleur);
   const double rayon = static_cast<double>(p.mesure) * Pixels;
-  for (const QPointF& q : Place(p)) p_.drawEllipse(q, rayon, rayon);
+  const auto trace = [&](QPainter& peintre, const QPointF& centre) {
+    peintre.setRenderHint(QPainter::Antialiasing, true);
+    peintre.setPen(QPen(bord, 1));
+    peintre.setBrush(fondDisque_.isValid() ? QBrush(fondDisque_) : QBrush(Qt::NoBrush));
+    peintre.drawEllipse(centre, rayon, rayon);
+  };
+  if (lisse_) {
+    for (const QPointF& q : Place(p)) trace(p_, q);
+    return;
+  }
+  // Thousands of them are few kinds: each is drawn once and copied, at whole pixels.
+  QImage& tampon = disques_[{p.mesure, p.couleur, p.fond}];
+  const double cote = 2 * std::ceil(rayon + 1);
+  if (tampon.isNull()) {
+    tampon = QImage((QSizeF(cote, cote) * epaisseur_).toSize(), QImage::Format_ARGB32_Premultiplied);
+    tampon.setDevicePixelRatio(epaisseur_);
+    tampon.fill(Qt::transparent);
+    QPainter peintre(&tampon);
+    trace(peintre, QPointF(cote / 2, cote / 2));
+  }
+  for (const QPointF& q : Place(p)) {
+    const QPointF coin(q.x() - cote / 2, q.y() - cote / 2);
+    p_.drawImage(QPointF(std::round(coin.x() * epaisseur_), std::round(coin.y() * epaisseur_)) / epaisseur_,
+                 tampon);
+  }
 }
 
 void Peinture::Fleches(const Primitive& p) {
@@ -197,11 +224,11 @@ void Peinture::Texte(const Primitive& p) {
   const bool surDisque = p.element == Element::Numeros && fondDisque_.isValid();
   p_.setPen(Couleur(p.couleur, surDisque ? fondDisque_ : aspect_.papier));
   const QString texte = QString::fromStdString(scene_.Textes[p.texte]);
-  const QFontMetricsF mesure(p_.font(), p_.device());
   const QPointF place = Place(p).front();
-  QPointF pied(place.x(), place.y() + mesure.ascent());
+  QPointF pied(place.x(), place.y() + police_.ascent());
   if (p.ancre == Ancre::Centre) {
-    pied = {place.x() - mesure.horizontalAdvance(texte) / 2, place.y() + (mesure.ascent() - mesure.descent()) / 2};
+    pied = {place.x() - police_.horizontalAdvance(texte) / 2,
+            place.y() + (police_.ascent() - police_.descent()) / 2};
   }
   p_.drawText(pied, texte);
 }
