@@ -20,7 +20,7 @@ namespace {
 constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr std::size_t kEssais = 8;       // places of a ring tried for a free move
 constexpr double kReserve = 0.9;         // share of the radius by which one place may clear a whole spot
-constexpr std::size_t kSondages = 4000;  // places of a tree tried for a move to another tree
+constexpr std::size_t kSondages = 1000;  // places of a tree tried for a move to another tree
 
 }  // namespace
 
@@ -63,12 +63,26 @@ class ArbreAnneaux::Index {
   };
   [[nodiscard]] Trouve PlusProche(Vec2 p) const {
     const Lieu l = arbre_.PlusProche(p);
-    const auto it = std::upper_bound(debut_.begin(), debut_.end(), l.segment) - 1;
-    return {rangs_[static_cast<std::size_t>(it - debut_.begin())], l};
+    return {Rang(l.segment), l};
+  }
+  // Nearest place among those nearer than sqrt(limite2); kAucun when there is none.
+  [[nodiscard]] Trouve PlusProcheSous(Vec2 p, double limite2) const {
+    if (limite2 == kInf) return PlusProche(p);
+    Lieu meilleur;
+    meilleur.distance2 = limite2;
+    arbre_.Voisins(p, limite2, [&meilleur](const Lieu& l) {
+      if (l.distance2 < meilleur.distance2) meilleur = l;
+    });
+    if (meilleur.distance2 >= limite2) return {kAucun, {}};
+    return {Rang(meilleur.segment), meilleur};
   }
   [[nodiscard]] const ArbreSegments& Arbre() const { return arbre_; }
 
  private:
+  [[nodiscard]] std::size_t Rang(std::size_t segment) const {
+    const auto it = std::upper_bound(debut_.begin(), debut_.end(), segment) - 1;
+    return rangs_[static_cast<std::size_t>(it - debut_.begin())];
+  }
   std::vector<Segment> Segments(const std::vector<Anneau>& anneaux) {
     std::vector<Segment> segments;
     for (const std::size_t k : rangs_) {
@@ -216,8 +230,8 @@ void ArbreAnneaux::LieIles(bool horaire, double tolerance) {
       const Chemin& c = anneaux_[k].points;
       for (std::size_t i = 0; i < c.size(); ++i) {
         if (rang++ % saut != 0) continue;
-        const Index::Trouve t = index.PlusProche(c[i]);
-        if (t.lieu.distance2 >= meilleur || !acces_.Libre(c[i], t.lieu.point)) continue;
+        const Index::Trouve t = index.PlusProcheSous(c[i], meilleur);
+        if (t.anneau == kAucun || !acces_.Libre(c[i], t.lieu.point)) continue;
         meilleur = t.lieu.distance2;
         de = k;
         vers = t.anneau;
