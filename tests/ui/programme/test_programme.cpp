@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <filesystem>
 
+#include "app/ovelin/Composition.h"
 #include "core/Cles.h"
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
@@ -99,28 +100,64 @@ TEST(Programme, WritesItsPlaceWhenItsWindowCloses) {
   EXPECT_EQ(LireCle("F_Representation_Height", ""), "10500");
 }
 
+// Closes the next modal window as soon as it is there.
+class FermeModale {
+ public:
+  FermeModale() {
+    QObject::connect(&minuterie_, &QTimer::timeout, &minuterie_, [this] {
+      QWidget* devant = QApplication::activeModalWidget();
+      if (devant == nullptr) return;
+      minuterie_.stop();
+      nom = devant->objectName().toStdString();
+      devant->close();
+    });
+    minuterie_.start(0);
+  }
+  std::string nom;
+
+ private:
+  QTimer minuterie_;
+};
+
+constexpr const char* Modales[] = {"F_BD", "F_Fraisage", "F_Nettoyage", "F_ParamAppli", "F_Soudure"};
+
 // Each name that the windows ask for exists or its command isn't shown.
 TEST(InstalleFenetres, KnowsItsWindowsAndNoOthers) {
   ConfigPresente();
   const ProgrammeEssai p;
-  for (const char* nom : {"F_ParamAppli"}) EXPECT_TRUE(FenetreExiste(nom)) << nom;
+  for (const char* nom : Modales) EXPECT_TRUE(FenetreExiste(nom)) << nom;
   EXPECT_FALSE(FenetreExiste("F_Martienne"));
   EXPECT_FALSE(OuvreFenetre("F_Martienne", nullptr));
 }
 
-TEST(Programme, OpensAModalWindowAndComesBack) {
+TEST(Programme, OpensEachModalWindowAndComesBack) {
   ConfigPresente();
-  ProgrammeEssai p;
+  const std::string dessin = Dossier() + "/equerre.dxf";
+  std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin);
+  ProgrammeEssai p(dessin);
   ASSERT_TRUE(p.Demarre());
-  std::string modale;
-  QTimer::singleShot(0, p.Fenetre(), [&modale] {
-    QWidget* devant = QApplication::activeModalWidget();
-    modale = devant == nullptr ? "" : devant->objectName().toStdString();
-    if (devant != nullptr) devant->close();
-  });
-  OuvreFenetre("F_ParamAppli", p.Fenetre());
-  EXPECT_EQ(modale, "F_ParamAppli");
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  for (const std::string nom : Modales) {
+    const FermeModale ferme;
+    OuvreFenetre(nom, p.Fenetre());
+    EXPECT_EQ(ferme.nom, nom);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  }
+}
+
+// The real size dialog of a drawing that is no project: its OK lets the opening go on.
+TEST(Programme, AsksForTheSizeOfADrawing) {
+  ConfigPresente();
+  const std::string dessin = Dossier() + "/equerre.dxf";
+  std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin);
+  ProgrammeEssai p;
+  const Services script = Svc;
+  InstalleFenetres();
+  ASSERT_NE(Svc.Dimensionne.target_type(), script.Dimensionne.target_type());
+  ASSERT_TRUE(p.Demarre());
+  const FermeModale ferme;
+  p.Ouvre(dessin);
+  EXPECT_EQ(ferme.nom, "F_Dimension");
+  EXPECT_FALSE(TraceDecale.empty());
 }
 
 // --- settings that can't be written ----------------------------------------------------------------------------
