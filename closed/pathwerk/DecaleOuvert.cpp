@@ -34,21 +34,43 @@ class Juge {
  public:
   // `egal`: distances that differ by less are equal, mm.
   Juge(const Chemin& chemin, bool gauche, double egal)
-      : chemin_(chemin), gauche_(gauche), egal_(egal), arbre_(SegmentsDe(chemin, false)), contacts_(Contacts()) {}
+      : chemin_(chemin),
+        gauche_(gauche),
+        egal_(egal),
+        arbre_(SegmentsDe(chemin, false)),
+        touche_(chemin.size() - 1, 0),
+        contacts_(Contacts()) {}
 
-  // Does the path touch itself anywhere but in crossings?
-  [[nodiscard]] bool SeTouche() const { return !contacts_.Segments().empty(); }
+  // Does an edge of that origin, on the path there and back, run beside the way there?
+  [[nodiscard]] bool Aller(const Origine& o) const {
+    const double rang = static_cast<double>(o.segment) + (static_cast<double>(o.de) + static_cast<double>(o.a)) / 2;
+    return o.Connue() && rang > 0 && rang < static_cast<double>(chemin_.size() - 1);
+  }
+  // May it belong to either way, because the path lies on itself there?
+  [[nodiscard]] bool Ambigue(const Origine& o) const {
+    if (!o.Connue()) return true;
+    if (Aller(o)) return false;
+    const std::size_t dernier = chemin_.size() - 2;
+    const std::size_t s = o.segment <= dernier ? o.segment : 2 * dernier + 1 - o.segment;
+    // An edge around a vertex has a segment on either side of it.
+    const std::size_t autre = o.de == o.a && s < dernier ? s + 1 : s;
+    return touche_[s] != 0 || touche_[autre] != 0;
+  }
 
-  // The loop with a point beside each contact that an edge passes at `rayon`. `origines` of its edges, or empty.
+  // The loop with a point beside each contact that an edge passes at `rayon`, where that may change the side.
+  // `origines` of its edges, or empty.
   [[nodiscard]] Chemin CoupeAuxContacts(const Chemin& boucle, double rayon, Origines& origines) const {
-    if (!SeTouche()) return boucle;
+    if (contacts_.Segments().empty()) return boucle;
     Chemin r;
     Origines o;
     const bool connues = origines.size() == boucle.size();
     for (std::size_t i = 0, n = boucle.size(); i < n; ++i) {
       const Segment arete{boucle[i], boucle[(i + 1) % n]};
       r.push_back(arete.a);
-      if (connues) o.push_back(origines[i]);
+      if (connues) {
+        o.push_back(origines[i]);
+        if (!Ambigue(origines[i])) continue;
+      }
       std::vector<std::pair<double, Vec2>> pieds;
       const double portee = Norme(arete.b - arete.a) / 2 + rayon + kContact;
       contacts_.Voisins((arete.a + arete.b) * 0.5, portee * portee, [&](const Lieu& contact) {
@@ -130,14 +152,21 @@ class Juge {
     return Norme(d) * std::min(Norme(b - a), Norme(c - b)) <= egal_ ? Vec2{} : d;
   }
 
-  // Points of the path that lie on a segment other than their own two, as segments without length.
-  [[nodiscard]] ArbreSegments Contacts() const {
+  // Points of the path that lie on a segment other than their own two, as segments without length. Marks all
+  // segments that meet there.
+  [[nodiscard]] ArbreSegments Contacts() {
     std::vector<Segment> r;
     for (std::size_t i = 0; i < chemin_.size(); ++i) {
       bool touche = false;
-      arbre_.Voisins(chemin_[i], kContact * kContact,
-                     [&](const Lieu& l) { touche = touche || (l.segment != i && l.segment + 1 != i); });
-      if (touche) r.push_back({chemin_[i], chemin_[i]});
+      arbre_.Voisins(chemin_[i], kContact * kContact, [&](const Lieu& l) {
+        if (l.segment == i || l.segment + 1 == i) return;
+        touche = true;
+        touche_[l.segment] = 1;
+      });
+      if (!touche) continue;
+      r.push_back({chemin_[i], chemin_[i]});
+      if (i > 0) touche_[i - 1] = 1;
+      if (i + 1 < chemin_.size()) touche_[i] = 1;
     }
     return ArbreSegments(std::move(r));
   }
@@ -146,6 +175,7 @@ class Juge {
   bool gauche_;
   double egal_;
   ArbreSegments arbre_;
+  std::vector<char> touche_;  // segments that come so near to another place of the path
   ArbreSegments contacts_;
 };
 
@@ -164,18 +194,14 @@ Region AllerRetour(const Chemin& chemin) {
 
 // Edges of one loop that belong to the wanted side. `origines` on the path there and back; empty: all are judged.
 // An edge that either way may claim comes to belong to the way that has it on the wanted side.
-std::vector<char> AretesBonnes(const Chemin& boucle, Origines& origines, const Juge& juge, std::size_t nbPoints) {
+std::vector<char> AretesBonnes(const Chemin& boucle, Origines& origines, const Juge& juge) {
   const std::size_t n = boucle.size();
   std::vector<char> bon(n);
   const bool connues = origines.size() == n;
-  const auto bout = static_cast<double>(nbPoints - 1);  // where the way back begins
   for (std::size_t i = 0; i < n; ++i) {
     if (connues) {
-      const Origine& o = origines[i];
-      const double rang =
-          static_cast<double>(o.segment) + (static_cast<double>(o.de) + static_cast<double>(o.a)) / 2;
-      bon[i] = o.Connue() && rang > 0 && rang < bout;
-      if (bon[i] != 0 || !juge.SeTouche()) continue;
+      bon[i] = juge.Aller(origines[i]);
+      if (bon[i] != 0 || !juge.Ambigue(origines[i])) continue;
     }
     Origine autre;
     bon[i] = juge.BonCote(boucle[i], boucle[(i + 1) % n], autre);
@@ -231,7 +257,7 @@ std::vector<Piece> DecaleOuvert(const Source& source, double distance, double to
   std::vector<Piece> pieces;
   for (std::size_t k = 0; k < boucles.size(); ++k) {
     const Chemin b = juge.CoupeAuxContacts(boucles[k], std::abs(distance), origines[k]);
-    const std::vector<char> bon = AretesBonnes(b, origines[k], juge, source.chemin.size());
+    const std::vector<char> bon = AretesBonnes(b, origines[k], juge);
     Decoupe(b, origines[k], bon, pieces);
   }
 

@@ -8,6 +8,7 @@
 #include <exception>
 
 #include "closed/pathwerk/ArbreSegments.h"
+#include "closed/pathwerk/ArcSource.h"
 #include "closed/pathwerk/Moteurs.h"
 #include "closed/pathwerk/ParalleleBrute.h"
 
@@ -114,7 +115,38 @@ bool DecaleRegionSimple(const Region& region, double distance, double tolerance,
 namespace {
 
 bool Decale(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+            std::vector<Origines>* origines);
+
+// The border around all strands on both sides, of which the loops on the wanted side stay.
+bool DecaleFouillis(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                    std::vector<Origines>* origines) {
+  const Region deux = RegionDe(region.contours[0], 0, true);
+  if (!Decale(deux, distance, tolerance, boucles, origines)) return false;
+  const ArcSource source(region.contours);
+  const int gauche = region.signe > 0 ? 1 : 0;
+  std::size_t garde = 0;
+  for (std::size_t k = 0; k < boucles.size(); ++k) {
+    const int tours = source.Tours(boucles[k][0]);
+    if (distance > 0 ? tours < gauche : tours >= gauche) continue;
+    std::swap(boucles[garde], boucles[k]);
+    if (origines != nullptr) (*origines)[garde] = Remonte(deux, std::move((*origines)[k]));
+    ++garde;
+  }
+  boucles.resize(garde);
+  if (origines != nullptr) origines->resize(garde);
+  return true;
+}
+
+bool Decale(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
             std::vector<Origines>* origines) {
+  if (region.fouillis) {
+    try {
+      return DecaleFouillis(region, distance, tolerance, boucles, origines);
+    } catch (const std::exception&) {
+      boucles.clear();
+      return false;
+    }
+  }
   if (DecaleRegionSimple(region, distance, tolerance, boucles, origines)) {
     ++nbSimples;
     return true;

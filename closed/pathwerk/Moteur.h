@@ -17,6 +17,9 @@ struct Region {
   int signe = 0;
   // Of each contour, where its segments lie on the path that the region was cut from. Empty: unknown.
   std::vector<Origines> origines = {};
+  // One contour that crosses itself all over: each strand is a wall from both sides, the winding number tells which
+  // places lie in the region.
+  bool fouillis = false;
 };
 
 // Parallel curves of the outline at `distance` mm, to the left of its travel when positive, else to its right.

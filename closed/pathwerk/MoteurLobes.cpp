@@ -15,6 +15,10 @@
 // Touching corners, edges that lie on each other and points on lines leave nothing to decide: every vertex is moved
 // by a few nanometres at random before the crossings are looked for, and what that makes cross for nothing comes
 // out as slivers, which don't count. The loops keep the moved places, so that none crosses another even by a hair.
+//
+// A scan far denser than its noise crosses itself hundreds of times a point. Such a scribble stays in one piece,
+// every strand of it a wall: the cutter keeps its distance from all of them, on the side that the winding number
+// tells.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -44,6 +48,7 @@ struct Etape {
 constexpr double kSecousse = 4e-6;  // mm
 constexpr double kMeme = 2e-11;     // mm
 constexpr int kEssais = 3;
+constexpr std::size_t kCroisementsMin = 300000;  // so many any path may have, and four more a point
 
 // Sign of the turn a -> b -> c; 2 where rounding leaves it open.
 int Tour(Vec2 a, Vec2 b, Vec2 c) {
@@ -63,7 +68,9 @@ long double Produit(Vec2 a, Vec2 b) {
 // All crossings of a path with itself, by a walk of the tree against itself.
 class Chercheur {
  public:
-  explicit Chercheur(const ArcSource& s) : s_(s), max_(16 * s.Taille() + 1000000) {}
+  explicit Chercheur(const ArcSource& s) : s_(s), max_(4 * s.Taille() + kCroisementsMin) {}
+  // So many that the path is a scribble rather than an outline?
+  [[nodiscard]] bool Trop() const { return trop_; }
   // False: a case that rounding can't tell, or too many.
   bool Cherche(std::vector<Croisement>& croisements) {
     Dans(1);
@@ -111,7 +118,8 @@ class Chercheur {
     const int t1 = Tour(a, b, c), t2 = Tour(a, b, d), t3 = Tour(c, d, a), t4 = Tour(c, d, b);
     if (t1 == t2 && t1 != 2) return;
     if (t3 == t4 && t3 != 2) return;
-    if (t1 == 2 || t2 == 2 || t3 == 2 || t4 == 2 || trouves_.size() >= max_) {
+    trop_ = trop_ || trouves_.size() >= max_;
+    if (t1 == 2 || t2 == 2 || t3 == 2 || t4 == 2 || trop_) {
       net_ = false;
       return;
     }
@@ -129,6 +137,7 @@ class Chercheur {
   std::size_t max_;
   std::vector<Croisement> trouves_;
   bool net_ = true;
+  bool trop_ = false;
 };
 
 // Vertices moved at random, the same way each time.
@@ -286,7 +295,13 @@ bool SepareLobesCoupes(const Chemin& chemin, double tolerance, std::vector<Regio
       const Chemin secoue = Secoue(chemin, force, static_cast<std::uint64_t>(essai));
       const ArcSource source(std::span(&secoue, 1));
       std::vector<Croisement> croisements;
-      if (!Chercheur(source).Cherche(croisements)) continue;
+      Chercheur chercheur(source);
+      if (!chercheur.Cherche(croisements)) {
+        if (!chercheur.Trop()) continue;
+        regions.push_back(RegionDe(chemin, Aire(chemin) >= 0 ? 1 : -1));
+        regions.back().fouillis = true;
+        return true;
+      }
       Region plus{{}, 1};
       Region moins{{}, -1};
       bool tous = true;

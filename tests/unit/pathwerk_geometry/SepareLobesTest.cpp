@@ -47,7 +47,8 @@ TEST(SepareLobes, FigureOfEightThroughACommonCornerIsCutThere) {
 
 TEST(SepareLobes, PentagramIsOneRegionWithoutTheLineInside) {
   Chemin c;
-  for (int i = 0; i < 5; ++i) c.push_back({10 * std::cos(4 * 3.14159265358979 * i / 5), 10 * std::sin(4 * M_PI * i / 5)});
+  for (int i = 0; i < 5; ++i)
+    c.push_back({10 * std::cos(4 * 3.14159265358979 * i / 5), 10 * std::sin(4 * M_PI * i / 5)});
   const std::vector<Region> r = Lobes(c);
   ASSERT_EQ(r.size(), 1U);
   EXPECT_EQ(r[0].signe, 1);
@@ -100,6 +101,30 @@ TEST(SepareLobes, LoopThinnerThanTheToleranceDoesNotCount) {
   ASSERT_TRUE(SepareLobes(c, kTolerance, r));
   ASSERT_EQ(r.size(), 1U);
   EXPECT_EQ(r[0].signe, 1);
+}
+
+TEST(SepareLobes, ScribbleThatCrossesItselfHundredsOfTimesAPointStaysWhole) {
+  // Chords between random places of a circle: any two of them cross once in three.
+  std::mt19937_64 g(4);
+  std::uniform_real_distribution<double> u(0, 6.283185307179586);
+  Chemin c;
+  for (int i = 0; i < 1600; ++i) {
+    const double a = u(g);
+    c.push_back({20 * std::cos(a), 20 * std::sin(a)});
+  }
+  std::vector<Region> r;
+  ASSERT_TRUE(SepareLobes(c, kTolerance, r));
+  ASSERT_EQ(r.size(), 1U);
+  ASSERT_TRUE(r[0].fouillis);
+  ASSERT_EQ(r[0].contours.size(), 1U);
+  EXPECT_EQ(r[0].contours[0].size(), c.size());
+  EXPECT_EQ(r[0].signe, AireDe({c}) > 0 ? 1 : -1);
+  // Around the outside the cutter keeps clear of every strand.
+  std::vector<Chemin> b;
+  ASSERT_TRUE(pathwerk::geo::DecaleRegion(r[0], r[0].signe > 0 ? -3 : 3, kTolerance, b));
+  ASSERT_EQ(b.size(), 1U);
+  EXPECT_NEAR(std::abs(AireDe(b)), 3.14159265 * 23 * 23, 1);
+  for (std::size_t i = 0; i < b[0].size(); i += 7) EXPECT_GE(Distance({c}, b[0][i]), 3 - kTolerance);
 }
 
 TEST(SepareLobes, WindingOfRandomPathsDecidesEveryPlace) {
