@@ -30,8 +30,8 @@ class ImagePB1 : public QWidget {
   // no snapshot is taken.
   void Dessin();
   [[nodiscard]] bool DessinEnCours() const { return enCours_; }
-  // While a drawing is being opened: what is shown stays, no Dessin, no layout. A size that has changed meanwhile is
-  // taken over afterwards.
+  // While a drawing is being opened: what is shown stays, no Dessin, no layout. A size that has changed meanwhile
+  // is taken over afterwards.
   void Retient(bool retient);
   // A cross at a point of the drawing, until the next Dessin.
   void Croix(const PointTrace& point);
