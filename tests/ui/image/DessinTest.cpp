@@ -260,6 +260,27 @@ int Differents(const QImage& a, const QImage& b) {
   return n;
 }
 
+TEST(Retient, WhatIsShownStaysWhileADrawingIsOpened) {
+  DeuxCarres();
+  Atelier a;
+  const QImage avant = a.image.Image();
+  a.image.Retient(true);
+  Doc = Document{};
+  essai::AjouteCarre("AA", 0, 0, 10);
+  a.image.Dessin();
+  EXPECT_EQ(a.image.Image(), avant);
+  EXPECT_EQ(NumeroInstantane(), 1);
+  a.image.resize(700, 450);
+  a.image.MetEnPage();
+  EXPECT_EQ(a.miseEnPage, 0);
+  EXPECT_EQ(a.image.Image(), avant);
+  EncombrementGeneral();
+  a.image.Retient(false);
+  a.image.Dessin();
+  EXPECT_NE(a.image.Image(), avant);
+  EXPECT_EQ(NumeroInstantane(), 2);
+}
+
 // --- marks on top ----------------------------------------------------------------------------------------------
 
 TEST(Croix, LastsUntilTheNextDessin) {
