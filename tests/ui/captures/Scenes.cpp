@@ -52,8 +52,8 @@ std::vector<Scene> Principales() {
       {"F_Representation-plaque-fraisage", "plaque.dxf", true, Principale, Page(1, 1), {petite, moyenne, grande}},
       {"F_Representation-plaque-sequences", "plaque.dxf", true, Principale, Page(2, 2), {petite, moyenne}},
       {"F_Representation-enseigne", "enseigne.plt", true, Principale, Page(1, 0), {moyenne, grande}},
-      {"F_Representation-poches", "plaque-poches.OVL", true, Principale, Page(1, 0), {moyenne}},
-      {"F_Representation-attaches", "equerre-attaches.OVL", true, Principale, Page(0, 1), {moyenne}},
+      {"F_Representation-poches", "plaque-poches.OVL", true, Principale, Page(2, 2), {moyenne}},
+      {"F_Representation-attaches", "equerre-attaches.OVL", true, Principale, Page(1, 1), {moyenne}},
   };
 }
 

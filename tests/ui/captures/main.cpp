@@ -1,7 +1,9 @@
 // captures FOLDER [LANGUAGE...]: a PNG of every scene in each language (fr and en without any), light and dark, in
 // each size; what finds no room in its control is told on standard error. The scale is Qt's (QT_SCALE_FACTOR).
+#include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -18,10 +20,6 @@
 #include "workspace/Module_Ouverture.h"
 
 namespace {
-
-void Ouvre(const std::string& exemple) {
-  ovelin::mnu_Ouvrir(essai::DossierExemples() + "/" + exemple, {true, false, false});
-}
 
 // Nobody is there to answer: boxes are told and take their first button.
 void Services() {
@@ -57,6 +55,19 @@ class Programme {
     essai::ChoisitLangue(langue);
   }
   ~Programme() { ovelin::OteDossierTemp(); }
+
+  // A copy of the sample, as an opening may rewrite its line ends: by the command of the window, or into the
+  // document alone.
+  void Ouvre(const std::string& exemple, QWidget* fenetre) {
+    const QString copie = reglages_.filePath(QString::fromStdString(exemple));
+    QFile::copy(QString::fromStdString(essai::DossierExemples() + "/" + exemple), copie);
+    if (fenetre == nullptr) {
+      ovelin::mnu_Ouvrir(copie.toStdString(), {true, false, false});
+      return;
+    }
+    ovelin::Svc.ChoisitFichier = [copie](const ovelin::DialogueFichier&) { return copie.toStdString(); };
+    fenetre->findChild<QAction*>("mnu_Ouvrir")->trigger();
+  }
   Programme(const Programme&) = delete;
   Programme& operator=(const Programme&) = delete;
 
@@ -68,12 +79,12 @@ void Photographie(const captures::Scene& scene, const QString& dossier, const st
   essai::ThemeSombreEssai(sombre);
   ovelin::OublieIcones();
   for (const QSize& voulue : scene.tailles) {
-    const Programme programme(langue);
-    if (!scene.fichier.empty() && !scene.ouvreDedans) Ouvre(scene.fichier);
+    Programme programme(langue);
+    if (!scene.fichier.empty() && !scene.ouvreDedans) programme.Ouvre(scene.fichier, nullptr);
     const std::unique_ptr<QWidget> fenetre = scene.construit();
     const QSize taille = voulue.isValid() ? voulue : fenetre->sizeHint();
     essai::Montre(*fenetre, taille.width(), taille.height());
-    if (!scene.fichier.empty() && scene.ouvreDedans) Ouvre(scene.fichier);
+    if (!scene.fichier.empty() && scene.ouvreDedans) programme.Ouvre(scene.fichier, fenetre.get());
     if (scene.prepare) scene.prepare(*fenetre);
     essai::Evenements();
     const QString nom = QStringLiteral("%1-%2-%3-%4x%5")
