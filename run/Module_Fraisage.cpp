@@ -49,21 +49,25 @@ void Etend(FiguresPlan& f, const Deplacement& avant, const Deplacement& d) {
 
 struct Usinage {
   std::int32_t sequences = 0;
+  std::int32_t sansTrajet = 0;
   std::int64_t passes = 0;
 };
 
-// Paths that are milled, and the passes of the one that takes the most.
+// Paths that are milled, the passes of the one that takes the most, and paths without a tool path. The records of one
+// path follow each other; that of a failed offset stands alone, without points.
 Usinage CompteUsinage() {
   const IndexCodes index;
   std::map<double, std::int64_t> passesParProfondeur;
   Usinage u;
   Code2 precedent = CodeAucun;
   for (const SequenceDecalee& trace : TraceDecale) {
-    if (trace.Points.empty()) continue;
     ProprietesSequence proprietes;
     LitSequence(index, trace.Seq, proprietes);
     if (proprietes.Fraiser == Faux) continue;
-    // the records of one path follow each other
+    if (trace.Points.empty()) {
+      ++u.sansTrajet;
+      continue;
+    }
     if (u.sequences == 0 || !(trace.Seq == precedent)) ++u.sequences;
     precedent = trace.Seq;
     const auto [place, neuve] = passesParProfondeur.try_emplace(proprietes.Profondeur, 0);
@@ -127,6 +131,7 @@ ResumePlan PlanifiePourFenetre() {
   resume.figures = FiguresDe({TableDecoupe.data() + 1, static_cast<std::size_t>(NbDeplacements)});
   const Usinage usinage = CompteUsinage();
   resume.sequences = usinage.sequences;
+  resume.sansTrajet = usinage.sansTrajet;
   resume.passes = usinage.passes;
   std::int16_t reserve = 0;
   Vitesse_Decoupe_H(resume.VSansRampe, resume.VMax, reserve);

@@ -77,9 +77,13 @@ QLabel* PanneauPlan::Figure(QGridLayout& grille, int ligne, int colonne, const c
 QString PanneauPlan::Avis(const ResumePlan& resume) const {
   if (resume.vide) return T("lib040", "Il n'y a pas de trajet d'outil : ouvrez d'abord un dessin.");
   if (resume.refus) return QString::fromStdString(resume.refus.texte);
-  if (resume.sequences == 0) return T("lib023", "Aucune séquence n'est à fraiser.");
+  if (resume.sequences + resume.sansTrajet == 0) return T("lib023", "Aucune séquence n'est à fraiser.");
   if (Vitesse_Mat_H > resume.VMax) {
     return T("lib024", "La vitesse matière dépasse la vitesse maxi de ce parcours.");
+  }
+  if (resume.sansTrajet > 0) {
+    return T("lib025", "Séquences trop étroites pour l'outil, non fraisées :") + QLatin1Char(' ') +
+           Entier(resume.sansTrajet);
   }
   return {};
 }
@@ -88,7 +92,9 @@ void PanneauPlan::Montre(const ResumePlan& resume) {
   const FiguresPlan& f = resume.figures;
   const bool plan = !resume.vide && !resume.refus;
   const QString rien = QStringLiteral("-");
-  sequences_->setText(plan ? Entier(resume.sequences) : rien);
+  QString sequences = Entier(resume.sequences);
+  if (resume.sansTrajet > 0) sequences += QStringLiteral(" / ") + Entier(resume.sequences + resume.sansTrajet);
+  sequences_->setText(plan ? sequences : rien);
   passes_->setText(plan ? Entier(static_cast<long>(resume.passes)) : rien);
   lignes_->setText(plan ? Entier(f.lignes) : rien);
   fond_->setText(plan ? Mesure(f.fond, "0.0##", "mm") : rien);

@@ -71,6 +71,15 @@ TEST(F_Fraisage, ShowsBothSpeedsWithTheUsersMark) {
   EXPECT_EQ(b.v->Texte(), "1");
 }
 
+TEST(F_Fraisage, TellsOfHolesThatTheToolIsTooThickFor) {
+  Travail();
+  essai::AjouteSequence(" B", {{20, 20}, {22, 20}, {22, 22}, {20, 22}, {20, 20}});
+  RecalculDecalages();
+  Banc b;
+  EXPECT_EQ(b.Texte("Val_Sequences"), "1 / 2");
+  EXPECT_TRUE(b.Texte("Lbl_Avis").ends_with(": 1")) << b.Texte("Lbl_Avis");
+}
+
 TEST(F_Fraisage, ShowsWhatThePlanComesTo) {
   Travail();
   Banc b;

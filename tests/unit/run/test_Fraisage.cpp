@@ -90,6 +90,15 @@ TEST(PlanifiePourFenetre, CountsPathsAndThePassesOfTheDeepest) {
   EXPECT_EQ(r.figures.lignes, NbDeplacements - 1);
 }
 
+TEST(PlanifiePourFenetre, CountsThePathsWhereTheToolFindsNoRoom) {
+  Travail();
+  AjouteTrajet(" B", -2, {});
+  AjouteTrajet(" C", -2, {}, false);  // not milled anyway
+  const ResumePlan r = PlanifiePourFenetre();
+  EXPECT_EQ(r.sequences, 1);
+  EXPECT_EQ(r.sansTrajet, 1);
+}
+
 TEST(PlanifiePourFenetre, GivesTheSumsOfTheFileThatIsWritten) {
   Travail();
   AjouteTrajet(" B", -2, Ouverte);
