@@ -179,6 +179,9 @@ float LimiteCourseY() { return LimiteCourse("TB_SAV_19", 400); }
 bool PlaceOrigine() {
   const Lieu origine{OrigineX, OrigineY};
   if (!TransformeTout([&](const PointTrace& p) { return Lieu{p.X - origine.x, p.Y - origine.y}; })) return false;
+  // The marked place is (0, 0) now: a second press moves nothing.
+  OrigineX = 0;
+  OrigineY = 0;
   RecalculDecalages();
   Termine();
   return true;

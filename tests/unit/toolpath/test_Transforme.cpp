@@ -324,6 +324,17 @@ TEST(MiroirSelection, RefusesAPlaceOutsideThePlaneAndReversesNothing) {
   EXPECT_EQ(TraceInitial, avant);
 }
 
+TEST(PlaceOrigine, ASecondCallMovesNothing) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  OrigineX = 2;
+  OrigineY = 3;
+  ASSERT_TRUE(PlaceOrigine());
+  const auto avant = TraceInitial;
+  ASSERT_TRUE(PlaceOrigine());
+  EXPECT_TRUE(TraceInitial == avant);
+}
+
 TEST(PlaceOrigine, RefusesAPlaceOutsideThePlane) {
   BiblioEssai biblio;
   DeuxCarres();
