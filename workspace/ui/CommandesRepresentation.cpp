@@ -22,6 +22,7 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Representation";
+constexpr int PeriodeMin = 50;  // ms
 constexpr float PasFleche = 0.1F, PasFlecheLong = 1.0F;  // mm
 
 bool Existe(const char* nom) { return FenetreExiste && FenetreExiste(nom); }
@@ -87,9 +88,10 @@ Executions F_Representation::ToutesExecutions() {
   fenetre("mnu_APropos", "F_About");
   if (Existe("F_ParamAppli")) {
     e["mnu_ParamAppli"] = [this] {
-      Fenetre("F_ParamAppli");
-      // The colours may have changed.
+      if (!OuvreFenetre("F_ParamAppli", this)) return;
+      // The colours, the number of recent files and the period of the timer may have changed.
       panneau_->Couleurs();
+      Timer_Interro_->setInterval(std::max(Regl.TimerInterval, PeriodeMin));
       Rafraichit();
     };
   }

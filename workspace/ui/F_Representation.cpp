@@ -314,7 +314,11 @@ void F_Representation::SuitSouris(const SuiteSouris& suite) {
     panneau_->Option1(PageSequence::Fraisage);
     panneau_->Fraisage()->FocusLargeurEncoche();
   }
-  if (suite.menu) MenuImage(QCursor::pos());
+  if (suite.menu) {
+    // Asked for with the keyboard, it opens in the middle of the picture.
+    const bool dessus = PB1_->rect().contains(PB1_->mapFromGlobal(QCursor::pos()));
+    MenuImage(dessus ? QCursor::pos() : PB1_->mapToGlobal(PB1_->rect().center()));
+  }
 }
 
 void F_Representation::SuitOutils() {

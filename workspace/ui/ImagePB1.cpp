@@ -296,7 +296,7 @@ void ImagePB1::changeEvent(QEvent* e) {
   QWidget::changeEvent(e);
   const auto sorte = e->type();
   if (sorte != QEvent::PaletteChange && sorte != QEvent::StyleChange && sorte != QEvent::FontChange) return;
-  if (!image_.isNull()) Peint();
+  if (!image_.isNull() && !retenue_) Peint();
 }
 
 // --- mouse -----------------------------------------------------------------------------------------------------

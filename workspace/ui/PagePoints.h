@@ -26,8 +26,6 @@ class PagePoints : public QWidget {
   void MontrePoint(const ResultatClic& clic);  // a point line of TreeView1 was clicked: it becomes the current one
   // The selected point lines of TreeView1, indices in TraceInitial, rising.
   std::function<std::vector<std::int32_t>()> PointsChoisis;
-  // The points have changed in another way than through a procedure that has everything follow.
-  std::function<void()> ArbreChange;
 
  private:
   QWidget* Liste();

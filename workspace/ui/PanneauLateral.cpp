@@ -65,7 +65,6 @@ PanneauLateral::PanneauLateral(QWidget* parent) : QSplitter(Qt::Vertical, parent
   setStretchFactor(0, 1);
   setStretchFactor(1, 0);
   points_->PointsChoisis = [this] { return TreeView1()->PointsChoisis(); };
-  points_->ArbreChange = [this] { RemplitArbres(); };
   for (ArbreDocument* arbre : arbres_) {
     connect(arbre, &ArbreDocument::Clic, this, &PanneauLateral::ClicArbre);
     connect(arbre, &ArbreDocument::MenuContexte, this, &PanneauLateral::MenuArbre);
