@@ -72,7 +72,7 @@ std::vector<Insertion> PlaceMarques(const std::vector<Piece>& pieces, const Sour
 // Records of one piece, in floats.
 class Ecrivain {
  public:
-  Ecrivain(Vec2 centre, Code2 seq) : centre_(centre), seq_(seq) {}
+  Ecrivain(Vec2 centre, Code2 seq, std::size_t points) : centre_(centre), seq_(seq) { points_.reserve(points); }
 
   void Point(Vec2 p, Code2 cde) {
     const Vec2 q = p + centre_;
@@ -97,7 +97,7 @@ class Ecrivain {
     return std::any_of(points_.begin(), points_.end(),
                        [this](const PointTrace& p) { return !MemePlace(p, points_.front()); });
   }
-  [[nodiscard]] const std::vector<PointTrace>& Points() const { return points_; }
+  [[nodiscard]] std::vector<PointTrace>& Points() { return points_; }
 
  private:
   Vec2 centre_;
@@ -167,8 +167,8 @@ std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& sou
   std::size_t rang = 0;
   std::size_t m = 0;
   for (std::size_t k = 0; k < pieces.size(); ++k) {
-    Ecrivain e(source.centre, CodeDePiece(rang));
     const Chemin& c = pieces[k].points;
+    Ecrivain e(source.centre, CodeDePiece(rang), pieces[k].avant.size() + c.size() + 1);
     for (const Vec2 p : pieces[k].avant) e.Point(p, CodePD);
     std::size_t debut = 0;
     for (std::size_t i = 0; i < c.size(); ++i) {
@@ -180,7 +180,11 @@ std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& sou
     }
     if (pieces[k].ferme && !c.empty()) e.Ferme(debut);
     if (!e.Etendu()) continue;
-    r.insert(r.end(), e.Points().begin(), e.Points().end());
+    if (r.empty()) {
+      r.swap(e.Points());
+    } else {
+      r.insert(r.end(), e.Points().begin(), e.Points().end());
+    }
     ++rang;
   }
   return r;

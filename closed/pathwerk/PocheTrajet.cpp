@@ -28,6 +28,12 @@ class Trajet {
  public:
   explicit Trajet(const std::vector<Anneau>& anneaux) : anneaux_(anneaux) {}
 
+  // Room for all rings at once.
+  void Reserve() {
+    std::size_t points = 0;
+    for (const Anneau& a : anneaux_) points += a.points.size() + 2 * a.attaches.size() + 1;
+    chemin_.reserve(points);
+  }
   // A ring and all that hangs on it, from its start back to it. Moves before the first cut are left out.
   void Fraise(std::size_t racine) {
     std::vector<Tour> pile{{racine, 0, 0}};
@@ -111,6 +117,7 @@ class Racine {
     std::vector<Etape> etapes = Etapes(cherche);
     PlaceEtapes(etapes, cherche);
     Trajet trajet(arbre_.Anneaux());
+    if (arbre_.Racines().size() == 1) trajet.Reserve();
     for (std::size_t i = 0; i < etapes.size(); ++i) {
       arbre_.PlaceDescendance(etapes[i].anneau);
       trajet.Fraise(etapes[i].anneau);
