@@ -105,6 +105,22 @@ TEST(LieuDuBureau, LiesInTheUsersDataFolderAndBringsTheIcon) {
   EXPECT_TRUE(lieu.icone.starts_with("<svg"));
 }
 
+// What an installation gives all users names the same type and the same entry.
+TEST(TexteMime, AgreesWithThePackage) {
+  const std::string paquet = LitFichierEssai(OVELIN_SOURCE_DIR "/packaging/ovelin.xml");
+  const std::string entree = LitFichierEssai(OVELIN_SOURCE_DIR "/packaging/ovelin.desktop");
+  const std::string mime = TexteMime({"OVELIN", ".ovl", "OVELIN project", "OVELIN-2.ico"});
+  std::size_t debut = 0;
+  for (std::size_t fin = mime.find('\n'); fin != std::string::npos; fin = mime.find('\n', debut)) {
+    const std::string ligne = mime.substr(debut, fin - debut + 1);
+    EXPECT_NE(paquet.find(ligne), std::string::npos) << ligne;
+    debut = fin + 1;
+  }
+  for (const char* ligne : {"\nExec=ovelin %f\n", "\nMimeType=application/x-ovelin;\n", "\nIcon=ovelin\n"}) {
+    EXPECT_NE(entree.find(ligne), std::string::npos) << ligne;
+  }
+}
+
 // The system's own tool reads what has been written.
 TEST(InscritAssociation, IsUnderstoodByTheToolOfTheDesktop) {
   const QString outil = QStandardPaths::findExecutable(QStringLiteral("update-mime-database"));
