@@ -20,6 +20,7 @@ namespace pathwerk::geo {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
+constexpr double kMemeCoin = 1e-7;  // mm
 constexpr double kDemiTour = 1e-9;  // rad: a turn this near to half a turn goes right back
 
 struct Coin {
@@ -92,6 +93,14 @@ class Releveur {
     const std::vector<Intervalle>& reste = tailleur_.Reste();
     const bool joint = reste.front().de.cause == kNaturel;
     if (joint && ouvert_ != kNaturel) libres_[ouvert_].suite = static_cast<std::uint32_t>(libres_.size());
+    if (!libres_.empty() && !arc && reste.front().de.cause == source_.Precedent(i)) {
+      // An inner corner where both parallels merely cut each other short, as nearly all do.
+      ArcLibre& avant = libres_.back();
+      if (!avant.arc && avant.source == source_.Precedent(i) && avant.causeB == i &&
+          Norme(tailleur_.Place(reste.front().de) - avant.b) < kMemeCoin) {
+        avant.suite = static_cast<std::uint32_t>(libres_.size());
+      }
+    }
     for (const Intervalle& v : reste) {
       ArcLibre a;
       a.a = tailleur_.Place(v.de);

@@ -248,6 +248,10 @@ void ArcTailleur::RetireDeSegment(std::size_t j) {
     }
     return;
   }
+  // Wholly before or behind all that is left.
+  const double ta = Scalaire(u_, a);
+  const double tb = Scalaire(u_, b);
+  if (std::max(ta, tb) + r_ < reste_.front().de.t || std::min(ta, tb) - r_ > reste_.back().a.t) return;
   double t0 = std::numeric_limits<double>::infinity();
   double t1 = -t0;
   CoupeDisque(a, u_, r_, t0, t1);
@@ -281,6 +285,8 @@ void ArcTailleur::RetireEgalSegment(std::size_t j, Vec2 v, double l) {
 
 void ArcTailleur::RetireDArc(std::size_t j) {
   if (j == i_ || j == source_.Precedent(i_)) return;
+  const double portee = r_ + demi_ + 2 * bruit_;
+  if (source_.Distance2(j, milieu_) > portee * portee) return;
   const Vec2 a = source_.A(j) - origine_;
   const Vec2 b = source_.B(j) - origine_;
   const Vec2 w = b - a;
