@@ -5,6 +5,9 @@
 #include <cmath>
 #include <cstdio>
 #include <numbers>
+#include <random>
+
+#include "closed/pathwerk/Lecture.h"
 
 namespace banc {
 
@@ -40,14 +43,27 @@ std::vector<pathwerk::PointTrace> Contour(int points) {
   return un;
 }
 
-std::string DessinDxf(int contours, int points) {
+std::string DessinDxf(int contours, int points, double bruit) {
+  std::mt19937_64 hasard(1);
+  std::uniform_real_distribution<double> ecart(-bruit, bruit);
   std::string texte = "0\nSECTION\n2\nHEADER\n9\n$INSUNITS\n70\n4\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n";
   char ligne[96];
   for (const auto& contour : Contours(contours, points)) {
+    pathwerk::Vec2 milieu;
+    for (const auto& p : contour) {
+      milieu.x += static_cast<double>(p.X) / static_cast<double>(contour.size());
+      milieu.y += static_cast<double>(p.Y) / static_cast<double>(contour.size());
+    }
     texte += "0\nLWPOLYLINE\n8\n0\n90\n" + std::to_string(contour.size() - 1) + "\n70\n1\n";
     for (std::size_t i = 0; i + 1 < contour.size(); ++i) {
-      const int n = std::snprintf(ligne, sizeof ligne, " 10\n%.9g\n 20\n%.9g\n", static_cast<double>(contour[i].X),
-                                  static_cast<double>(contour[i].Y));
+      double x = static_cast<double>(contour[i].X);
+      double y = static_cast<double>(contour[i].Y);
+      if (bruit > 0) {
+        const double r = 10 + ecart(hasard) / std::hypot(x - milieu.x, y - milieu.y);
+        x = 10 * milieu.x + r * (x - milieu.x);
+        y = 10 * milieu.y + r * (y - milieu.y);
+      }
+      const int n = std::snprintf(ligne, sizeof ligne, " 10\n%.9g\n 20\n%.9g\n", x, y);
       texte.append(ligne, static_cast<std::size_t>(n));
     }
   }

@@ -1,7 +1,6 @@
 // Drawings made for the benchmarks: smooth closed contours on a grid, so that work grows with the points alone.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,8 +10,9 @@ namespace banc {
 
 // `contours` lobed circles of `points` points each, clockwise, 20 mm across, 25 mm apart.
 std::vector<std::vector<pathwerk::PointTrace>> Contours(int contours, int points);
-// The same as a DXF text of closed LWPOLYLINEs.
-std::string DessinDxf(int contours, int points);
+// The same as a DXF text of closed LWPOLYLINEs; with noise, as scanned: ten times as great, and each point nearer
+// to the middle or farther from it by up to `bruit` mm.
+std::string DessinDxf(int contours, int points, double bruit = 0);
 // One closed lobed circle of 200 mm.
 std::vector<pathwerk::PointTrace> Contour(int points);
 

@@ -1,253 +1,393 @@
-// The offset on hard outlines, both engines side by side: time, error, pieces, memory. `bench_offset [max points]`
-// leaves larger outlines out. Clipper's own offset runs on at most 20,000 points and the union of raw curves on at
-// most 200,000; `bench_offset N clipper` runs both on everything, which takes minutes to hours.
-#include <algorithm>
+// The offset on every kind of outline, Clipper's own offset beside it, in one run:
+//   bench_offset [MAX_POINTS [SECONDS_FOR_CLIPPER [FAMILY]]]
+// leaves larger outlines out, and all but those whose name holds FAMILY. Each case runs in a process of its own;
+// Clipper gets a minute of processor time for each unless told otherwise. Columns:
+//
+//   own: DecalSequence as the program calls it, from records to records, seconds
+//
+//   Clipper: thinning as ours (coarser, its result is off by far more than the tolerance), ClipperOffset with round
+//   joins at an arc tolerance of 0.01 mm, and
+//   back
+//
+//   ratio: Clipper's time to ours
+//
+//   growth: our time to that of the same family with a tenth of the points
+//
+//   B/pt: greatest memory of DecalSequence a point
+//
+//   error: of samples of our result, of samples of the true curve, and the greater one of Clipper's, mm
+//
+//   fallback: how often our engine took Clipper's result
+//
+// Clipper can't offset an open path on one side; there it makes the band on both. What misses a goal has a star.
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <functional>
+#include <map>
+#include <optional>
 #include <polyclipping/clipper.hpp>
 #include <string>
 #include <vector>
 
-#include "FormesDecalage.h"
-#include "bench/Formes.h"
+#include "bench/Enfant.h"
+#include "bench/ErreurDecalage.h"
+#include "bench/FormesDecalage.h"
 #include "closed/Pathwerk.h"
-#include "closed/pathwerk/ArbreSegments.h"
-#include "closed/pathwerk/Decalages.h"
-#include "closed/pathwerk/Moteurs.h"
+#include "closed/pathwerk/Moteur.h"
+#include "closed/pathwerk/Simplifie.h"
 
 using namespace pathwerk;
-using namespace pathwerk::geo;
 using banc::Chemin;
 
 namespace {
 
-constexpr double kTolerance = 0.0088;  // mm: what the offset of one path leaves to its engine
+constexpr float kTolerance = 0.01F;     // mm
+constexpr unsigned kNotreLimite = 600;  // s
+constexpr double kEchelle = 1e5;        // Clipper's units a millimetre
 
-// Processor time, so that other work on the machine doesn't count.
-double Secondes(const std::function<void()>& f) {
-  const std::clock_t t = std::clock();
-  f();
-  return static_cast<double>(std::clock() - t) / CLOCKS_PER_SEC;
-}
+unsigned limite = 60;  // of Clipper, s
 
-Source SourceDe(const Chemin& c, bool ferme) {
-  std::vector<PointTrace> t;
+using Records = std::vector<PointTrace>;
+
+Records EnRecords(const Chemin& c, bool ferme) {
+  Records t;
+  t.reserve(c.size() + 1);
   for (const Vec2 p : c) t.push_back({static_cast<float>(p.x), static_cast<float>(p.y), CodePD, Code2(" A")});
   if (ferme) t.push_back(t.front());
-  return *PrepareSource(t, 0.001);
+  return t;
 }
 
-// Greatest error of samples of the result: off the distance, mm.
-double Erreur(const std::vector<Region>& regions, const std::vector<Chemin>& boucles, double r) {
-  std::vector<Segment> s;
-  for (const Region& region : regions) {
-    for (const Chemin& c : region.contours) {
-      const auto q = SegmentsDe(c, true);
-      s.insert(s.end(), q.begin(), q.end());
-    }
-  }
-  const ArbreSegments arbre(std::move(s));
-  std::size_t n = 0;
-  for (const Chemin& c : boucles) n += c.size();
-  const std::size_t pas = n / 20000 + 1;
-  double pire = 0;
-  std::size_t rang = 0;
-  for (const Chemin& c : boucles) {
-    for (std::size_t i = 0; i < c.size(); ++i) {
-      if (rang++ % pas != 0) continue;
-      for (const double t : {0.0, 0.5, 0.77}) {
-        const Vec2 p = c[i] + (c[(i + 1) % c.size()] - c[i]) * t;
-        pire = std::max(pire, std::abs(std::sqrt(arbre.PlusProche(p).distance2) - r));
-      }
-    }
-  }
-  return pire;
+Chemin EnChemin(const Records& t) {
+  Chemin c;
+  c.reserve(t.size());
+  for (const PointTrace& p : t) c.push_back({static_cast<double>(p.X), static_cast<double>(p.Y)});
+  return c;
 }
 
-// Clipper's own offset of the thinned outline, arcs as fine as the tolerance needs.
-std::size_t OffsetDeClipper(const std::vector<Region>& regions, double d) {
-  const double echelle = 1e5;
-  std::size_t n = 0;
-  for (const Region& region : regions) {
-    ClipperLib::Paths p;
-    for (const Chemin& c : region.contours) {
-      ClipperLib::Path q;
-      for (const Vec2 v : c) q.emplace_back(std::llround(v.x * echelle), std::llround(v.y * echelle));
-      p.push_back(std::move(q));
+// --- Clipper -----------------------------------------------------------------------------------------------
+
+class DeClipper {
+ public:
+  DeClipper(const Records& t, bool ferme) : ferme_(ferme), offset_(2, 0.01 * kEchelle) {
+    const Chemin c = EnChemin(t);
+    ClipperLib::Path q;
+    for (const std::size_t i : geo::Simplifie(c, std::vector<std::uint8_t>(c.size(), 0), 0.001)) {
+      q.emplace_back(std::llround(c[i].x * kEchelle), std::llround(c[i].y * kEchelle));
     }
-    ClipperLib::ClipperOffset o(2, kTolerance * echelle / 2.25);
-    o.AddPaths(p, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
+    if (ferme) q.pop_back();
+    sens_ = ClipperLib::Orientation(q) ? -1 : 1;  // a positive delta grows the outline
+    offset_.AddPath(q, ClipperLib::jtRound, ferme ? ClipperLib::etClosedPolygon : ClipperLib::etOpenRound);
+  }
+  // Segments of the offset, mm.
+  std::vector<geo::Segment> Decale(double d) {
     ClipperLib::Paths r;
-    o.Execute(r, (region.signe >= 0 ? -d : d) * echelle);
-    n += r.size();
+    offset_.Execute(r, (ferme_ ? sens_ * d : std::abs(d)) * kEchelle);
+    std::vector<geo::Segment> s;
+    const auto place = [](const ClipperLib::IntPoint& p) {
+      return Vec2{static_cast<double>(p.X) / kEchelle, static_cast<double>(p.Y) / kEchelle};
+    };
+    for (const ClipperLib::Path& p : r) {
+      for (std::size_t i = 0; i < p.size(); ++i) s.push_back({place(p[i]), place(p[(i + 1) % p.size()])});
+    }
+    return s;
   }
-  return n;
+
+ private:
+  bool ferme_;
+  double sens_ = 1;
+  ClipperLib::ClipperOffset offset_;
+};
+
+// --- One case ----------------------------------------------------------------------------------------------
+
+struct Mesures {
+  double secondes = 0;
+  double octets = 0;  // a point
+  double erreur = 0;
+  double manque = 0;
+  unsigned long replis = 0;
+  unsigned long pieces = 0;
+};
+
+std::vector<geo::Segment> SegmentsDe(const Records& t) {
+  std::vector<geo::Segment> s;
+  const Chemin c = EnChemin(t);
+  for (std::size_t i = 0; i + 1 < t.size(); ++i) {
+    if (t[i].Seq == t[i + 1].Seq) s.push_back({c[i], c[i + 1]});
+  }
+  return s;
 }
+
+void MesureErreur(const Records& source, bool ferme, const std::vector<geo::Segment>& resultat, double d,
+                  Mesures& m) {
+  const geo::ArbreSegments arbre(SegmentsDe(source));
+  Chemin c = EnChemin(source);
+  if (ferme) c.pop_back();
+  m.erreur = banc::ErreurDuResultat(arbre, resultat, std::abs(d));
+  m.manque = banc::ErreurManquante(c, ferme, arbre, resultat, d);
+}
+
+unsigned long Replis() {
+  const geo::CompteDuMoteur n = geo::CompteDecaleRegion();
+  return n.replis + n.replisLobes;
+}
+
+// Time, memory and fallbacks of ours over many calls.
+template <class F>
+Mesures Notre(std::size_t points, F appels) {
+  Mesures m;
+  m.octets = banc::MemoireDe(appels) / static_cast<double>(points);
+  m.replis = Replis();
+  m.secondes = banc::TempsMoyen(appels);
+  return m;
+}
+
+struct Ligne {
+  std::string famille;
+  std::size_t points = 0;
+  double rayon = 0;
+  bool lisse = false;  // smooth outlines need not be ten times as fast as Clipper's
+  std::optional<Mesures> notre;
+  std::optional<Mesures> clipper;
+};
+
+class Tableau {
+ public:
+  static void Titre() {
+    std::printf("%-22s %9s %6s | %9s %9s %9s %7s %6s | %8s %8s %8s | %s\n", "outline", "points", "R", "own s",
+                "Clipper s", "ratio", "growth", "B/pt", "error", "missing", "Clipper", "fallback");
+  }
+  void Ecrit(const Ligne& l) {
+    if (!l.notre) {
+      std::printf("%-22s %9zu %6g | failed *\n", l.famille.c_str(), l.points, l.rayon);
+      ++manques_;
+      return;
+    }
+    const Mesures& m = *l.notre;
+    std::printf("%-22s %9zu %6g | %9.5f ", l.famille.c_str(), l.points, l.rayon, m.secondes);
+    const double leur = l.clipper ? l.clipper->secondes : limite;
+    const double rapport = leur / m.secondes;
+    const bool dense = !l.lisse && l.points >= 100000;
+    const bool lent = (l.clipper && rapport < 1 / 1.3) || (l.points >= 1000000 && m.secondes > 8) ||
+                      (dense && l.points <= 200000 && rapport < 10);
+    std::printf(l.clipper ? "%9.5f %8.1fx" : ">%8.0f %7.0fx+", leur, rapport);
+    std::printf("%c", Note(lent));
+    const auto petit = temps_.find({l.famille, l.points / 10});
+    if (petit != temps_.end() && l.points >= 1000000) {
+      const double croissance = m.secondes / petit->second;
+      std::printf("%6.1fx%c", croissance, Note(croissance >= 14));
+    } else {
+      std::printf("%8s", "");
+    }
+    temps_[{l.famille, l.points}] = m.secondes;
+    std::printf("%5.0f%c |", m.octets, Note(m.octets >= 1000));
+    std::printf(" %.5f%c %.5f%c", m.erreur, Note(m.erreur > 0.01), m.manque, Note(m.manque > 0.01));
+    if (l.clipper) {
+      std::printf(" %.5f", std::max(l.clipper->erreur, l.clipper->manque));
+    } else {
+      std::printf(" %7s", "");
+    }
+    std::printf("  | %lu%c\n", m.replis, Note(m.replis > 0));
+    std::fflush(stdout);
+  }
+  [[nodiscard]] int Manques() const { return manques_; }
+
+ private:
+  char Note(bool manque) {
+    manques_ += manque ? 1 : 0;
+    return manque ? '*' : ' ';
+  }
+  std::map<std::pair<std::string, std::size_t>, double> temps_;
+  int manques_ = 0;
+};
+
+// --- Families ----------------------------------------------------------------------------------------------
 
 struct Cas {
-  std::string nom;
+  const char* nom;
   std::size_t points;
   Chemin (*forme)(std::size_t);
   bool ferme;
   double d;
+  bool lisse = false;
 };
 
-void Compare(const Cas& cas, bool clipper, bool offset) {
-  const Chemin c = cas.forme(cas.points);
-  Source source;
-  const double avant = banc::MemoireMo();
-  const double tPrepare = Secondes([&] { source = SourceDe(c, cas.ferme); });
-  std::vector<Region> regions;
-  double tLobes = 0;
-  if (cas.ferme) {
-    tLobes = Secondes([&] { SepareLobes(source.chemin, kTolerance, regions); });
-  } else {
-    Region r;
-    r.contours.push_back(source.chemin);
-    for (std::size_t i = source.chemin.size() - 1; i-- > 1;) r.contours[0].push_back(source.chemin[i]);
-    regions.push_back(std::move(r));
-  }
-  std::vector<Chemin> boucles;
-  bool repli = false;
-  const auto moteur = [&](bool notre) {
-    boucles.clear();
-    for (const Region& r : regions) {
-      std::vector<Chemin> b;
-      if (!DecaleRegionSimple(r, cas.d, kTolerance, b)) {
-        if (notre) {
-          if (!DecaleRegionArcs(r, cas.d, kTolerance, b)) repli = true;
-        } else {
-          DecaleRegionClipper(r, cas.d, kTolerance, b);
-        }
-      }
-      boucles.insert(boucles.end(), b.begin(), b.end());
-    }
-  };
-  const double t = Secondes([&] { moteur(true); });
-  const double memoire = banc::MemoireMo() - avant;
-  const std::size_t pieces = boucles.size();
-  const double erreur = Erreur(regions, boucles, std::abs(cas.d));
-  std::printf("%-14s %8zu %8zu R %-5g | prep %7.1f lobes %8.1f own %8.1f ms err %.4f pieces %5zu %5.0f B/pt%s",
-              cas.nom.c_str(), cas.points, source.chemin.size(), cas.d, tPrepare * 1e3, tLobes * 1e3, t * 1e3,
-              erreur, pieces, memoire * 1048576 / static_cast<double>(cas.points), repli ? " FALLBACK" : "");
-  if (clipper) {
-    std::size_t np = 0;
-    const double tc = Secondes([&] { moteur(false); });
-    const double ec = Erreur(regions, boucles, std::abs(cas.d));
-    const double to = cas.ferme && offset ? Secondes([&] { np = OffsetDeClipper(regions, cas.d); }) : 0;
-    std::printf(" | union %9.1f ms err %.4f pieces %5zu x%.1f | ClipperOffset %9.1f ms pieces %5zu x%.1f", tc * 1e3,
-                ec, boucles.size(), tc / t, to * 1e3, np, to / t);
-  }
-  std::printf("\n");
-  std::fflush(stdout);
+Ligne Compare(const Cas& cas) {
+  Ligne l{cas.nom, cas.points, cas.d, cas.lisse, {}, {}};
+  l.notre = banc::DansUnEnfant<Mesures>(
+      [&] {
+        const Records source = EnRecords(cas.forme(cas.points), cas.ferme);
+        Records t;
+        Mesures m = Notre(cas.points, [&] {
+          t = source;
+          DecalSequence(t, kTolerance, static_cast<float>(cas.d), 100);
+        });
+        MesureErreur(source, cas.ferme, SegmentsDe(t), cas.d, m);
+        return m;
+      },
+      kNotreLimite);
+  l.clipper = banc::DansUnEnfant<Mesures>(
+      [&] {
+        const Records source = EnRecords(cas.forme(cas.points), cas.ferme);
+        std::vector<geo::Segment> s;
+        Mesures m;
+        m.secondes = banc::TempsMoyen([&] {
+          const Records t = source;  // as ours has to
+          s = DeClipper(t, cas.ferme).Decale(cas.d);
+        });
+        MesureErreur(source, cas.ferme, s, cas.d, m);
+        return m;
+      },
+      limite);
+  return l;
 }
 
-// Every contour by itself, as the program calls it: what small shapes cost.
-void CompareTexte() {
-  std::vector<PointTrace> tout;
+// Every contour of a page by itself: what small shapes cost.
+std::vector<Records> Page() {
+  std::vector<Records> contours;
   for (const std::string& police : ListePolices()) {
     for (int i = 0; i < 30; ++i) {
-      std::vector<PointTrace> t;
-      if (Texte(t, "The quick brown fox jumps over 0123456789 & @ lazy dogs", police, 0, 0) <= 0) break;
-      tout.insert(tout.end(), t.begin(), t.end());
-    }
-    if (!tout.empty()) break;
-  }
-  std::vector<std::vector<Region>> contours;
-  Chemin c;
-  for (std::size_t i = 0; i < tout.size(); ++i) {
-    c.push_back({static_cast<double>(tout[i].X), static_cast<double>(tout[i].Y)});
-    if (i + 1 < tout.size() && tout[i + 1].Seq == tout[i].Seq) continue;
-    if (c.size() > 3) {
-      const Source s = SourceDe(Chemin(c.begin(), c.end() - 1), true);
-      std::vector<Region> r;
-      SepareLobes(s.chemin, kTolerance, r);
-      contours.push_back(std::move(r));
-    }
-    c.clear();
-  }
-  for (const double d : {0.5, -0.5, 3.0}) {
-    double t[3] = {};
-    for (const auto& regions : contours) {
-      for (const Region& r : regions) {
-        std::vector<Chemin> b;
-        t[0] += Secondes([&] { DecaleRegion(r, d, kTolerance, b); });
-        t[1] +=
-            Secondes([&] { DecaleRegionSimple(r, d, kTolerance, b) || DecaleRegionClipper(r, d, kTolerance, b); });
+      Records t;
+      if (Texte(t, "The quick brown fox jumps over 21 lazy dogs & cats.", police, 0, 0) <= 0) break;
+      for (std::size_t a = 0, b = 0; a < t.size(); a = b) {
+        while (b < t.size() && t[b].Seq == t[a].Seq) ++b;
+        contours.emplace_back(t.begin() + static_cast<std::ptrdiff_t>(a),
+                              t.begin() + static_cast<std::ptrdiff_t>(b));
       }
-      t[2] += Secondes([&] { OffsetDeClipper(regions, d); });
     }
-    std::printf("text, %zu contours, R %g: own %.1f ms | union %.1f ms x%.1f | ClipperOffset %.1f ms x%.1f\n",
-                contours.size(), d, t[0] * 1e3, t[1] * 1e3, t[1] / t[0], t[2] * 1e3, t[2] / t[0]);
+    if (!contours.empty()) break;
   }
+  return contours;
 }
 
-// All rings of a fill, each from the outline.
-void CompareRings(const char* nom, const Chemin& c, double rayon, int recouvrement) {
-  const Source s = SourceDe(c, true);
-  std::vector<Region> regions;
-  SepareLobes(s.chemin, kTolerance, regions);
-  const double pas = rayon * 2 * (100 - recouvrement) / 100.0;
-  double t[2] = {};
-  std::size_t anneaux[2] = {};
-  for (const int k : {0, 1}) {
-    for (const Region& r : regions) {
-      for (double l = rayon;; l += pas) {
-        std::vector<Chemin> b;
-        const double d = r.signe >= 0 ? l : -l;
-        t[k] += Secondes([&] {
-          if (k == 0) {
-            DecaleRegion(r, d, kTolerance, b);
-          } else if (!DecaleRegionSimple(r, d, kTolerance, b)) {
-            DecaleRegionClipper(r, d, kTolerance, b);
+Ligne CompareTexte(double d) {
+  std::size_t points = 0;
+  const std::vector<Records> page = Page();
+  for (const Records& t : page) points += t.size();
+  Ligne l{std::to_string(page.size()) + " contours of text", points, d, true, {}, {}};
+  l.notre = banc::DansUnEnfant<Mesures>(
+      [&] {
+        Mesures m = Notre(points, [&] {
+          for (Records t : page) DecalSequence(t, kTolerance, static_cast<float>(d), 100);
+        });
+        for (const Records& contour : page) {
+          Records t = contour;
+          Mesures un;
+          if (DecalSequence(t, kTolerance, static_cast<float>(d), 100) == 0) continue;
+          MesureErreur(contour, true, SegmentsDe(t), d, un);
+          m.erreur = std::max(m.erreur, un.erreur);
+          m.manque = std::max(m.manque, un.manque);
+        }
+        return m;
+      },
+      kNotreLimite);
+  l.clipper = banc::DansUnEnfant<Mesures>(
+      [&] {
+        Mesures m;
+        m.secondes = banc::TempsMoyen([&] {
+          for (const Records& contour : page) {
+            const Records t = contour;  // as ours has to
+            DeClipper(t, true).Decale(d);
           }
         });
-        anneaux[k] += b.size();
-        if (b.empty()) break;
-      }
-    }
+        return m;
+      },
+      limite);
+  return l;
+}
+
+// A fill, and Clipper's rings at the same step.
+Ligne ComparePoche(const char* nom, const Chemin& c, double rayon, int recouvrement) {
+  Ligne l{nom, c.size(), rayon, true, {}, {}};
+  const Records source = EnRecords(c, true);
+  l.notre = banc::DansUnEnfant<Mesures>(
+      [&] {
+        Mesures m = Notre(c.size(), [&] {
+          Records t = source;
+          DecalSequence(t, kTolerance, static_cast<float>(rayon), recouvrement);
+        });
+        m.octets = 0;  // the fill of a square has a thousand times the points of the square
+        return m;
+      },
+      kNotreLimite);
+  const double pas = rayon * 2 * (100 - recouvrement) / 100.0;
+  l.clipper = banc::DansUnEnfant<Mesures>(
+      [&] {
+        Mesures m;
+        m.secondes = banc::TempsMoyen([&] {
+          DeClipper clipper(source, true);
+          for (double p = rayon; !clipper.Decale(p).empty(); p += pas) ++m.pieces;
+        });
+        return m;
+      },
+      limite);
+  return l;
+}
+
+// One point of ten a mark.
+void AvecMarques(std::size_t points) {
+  double t[2] = {};
+  Records source = EnRecords(banc::Lisse(points), true);
+  for (const int k : {0, 1}) {
+    const auto m = banc::DansUnEnfant<Mesures>(
+        [&] {
+          for (std::size_t i = 0; k == 1 && i < source.size(); i += 10) source[i].Cde = CodePC;
+          return Notre(points, [&] {
+            Records r = source;
+            DecalSequence(r, kTolerance, 3.0F, 100);
+          });
+        },
+        kNotreLimite);
+    t[k] = m ? m->secondes : -1;
   }
-  std::printf("%s, R %g, %d %%: own %.1f ms, %zu rings | union %.1f ms, %zu rings x%.1f\n", nom, rayon,
-              recouvrement, t[0] * 1e3, anneaux[0], t[1] * 1e3, anneaux[1], t[1] / t[0]);
+  std::printf("smooth outline of %zu points with %zu marks: %.4f s, without %.4f s\n", points, points / 10, t[1],
+              t[0]);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const std::size_t max = argc > 1 ? static_cast<std::size_t>(std::atol(argv[1])) : 2000000;
-  const bool tout = argc > 2;
-  const std::vector<Cas> cas{
-      {"smooth", 10000, banc::Lisse, true, 3},
-      {"smooth", 100000, banc::Lisse, true, 3},
-      {"smooth", 1000000, banc::Lisse, true, 3},
-      {"smooth out", 100000, banc::Lisse, true, -3},
-      {"noisy", 100000, [](std::size_t n) { return banc::Bruite(n, 0.02); }, true, 3},
-      {"noisy", 1000000, [](std::size_t n) { return banc::Bruite(n, 0.02); }, true, 3},
-      {"noisy out", 100000, [](std::size_t n) { return banc::Bruite(n, 0.02); }, true, -3},
-      {"noisy out", 1000000, [](std::size_t n) { return banc::Bruite(n, 0.02); }, true, -3},
-      {"koch inside", 196608, banc::Koch, true, 0.5},
-      {"koch inside", 786432, banc::Koch, true, 0.5},
-      {"koch outside", 196608, banc::Koch, true, -0.5},
+  if (argc > 2) limite = static_cast<unsigned>(std::atoi(argv[2]));
+  const std::string famille = argc > 3 ? argv[3] : "";
+  const auto bruite = [](std::size_t n) { return banc::Bruite(n, 0.02); };
+  const Cas cas[] = {
+      {"smooth", 10000, banc::Lisse, true, 3, true},
+      {"smooth", 100000, banc::Lisse, true, 3, true},
+      {"smooth", 1000000, banc::Lisse, true, 3, true},
+      {"noisy", 100000, bruite, true, 3},
+      {"noisy", 1000000, bruite, true, 3},
+      {"noisy, outside", 100000, bruite, true, -3},
+      {"noisy, outside", 1000000, bruite, true, -3},
+      {"Koch, inside", 196608, banc::Koch, true, 0.5},
+      {"Koch, inside", 786432, banc::Koch, true, 0.5},
       {"comb", 10000, banc::Peigne, true, -1},
       {"comb", 100000, banc::Peigne, true, -1},
       {"comb", 1000000, banc::Peigne, true, -1},
-      {"comb inside", 100000, banc::Peigne, true, 1},
-      {"spiral", 10000, banc::Spirale, true, -1},
-      {"spiral", 100000, banc::Spirale, true, -1},
-      {"spiral", 1000000, banc::Spirale, true, -1},
-      {"spiral inside", 100000, banc::Spirale, true, 0.5},
+      {"spiral, exact fit", 100000, banc::Spirale, true, -1},
+      {"spiral, exact fit", 1000000, banc::Spirale, true, -1},
+      {"spiral, inside", 100000, banc::Spirale, true, 0.5},
+      {"spiral, inside", 1000000, banc::Spirale, true, 0.5},
       {"open wave", 10000, banc::Onde, false, 1},
-      {"open crossing", 100000, banc::Marche, false, 1},
+      {"open, crossing itself", 100000, banc::Marche, false, 1},
+      {"open, crossing itself", 1000000, banc::Marche, false, 1},
   };
+  const auto voulu = [&famille](const std::string& nom) { return nom.find(famille) != std::string::npos; };
+  Tableau tableau;
+  Tableau::Titre();
   for (const Cas& c : cas) {
-    if (c.points <= max) Compare(c, tout || c.points <= 200000, tout || c.points <= 20000);
+    if (c.points <= max && voulu(c.nom)) tableau.Ecrit(Compare(c));
   }
-  CompareTexte();
-  CompareRings("square of 200 mm", {{0, 0}, {200, 0}, {200, 200}, {0, 200}}, 0.5, 40);
-  CompareRings("star of 10,000 points", banc::Etoile(10000), 0.5, 40);
-  const CompteDuMoteur n = CompteDecaleRegion();
-  std::printf("calls: raw curve %lu, arcs %lu, fallback %lu\n", n.simples, n.arcs, n.replis);
+  for (const double d : {0.5, -0.5, 3.0}) {
+    if (voulu("text")) tableau.Ecrit(CompareTexte(d));
+  }
+  if (voulu("pocket")) {
+    tableau.Ecrit(ComparePoche("pocket, 200 mm square", {{0, 0}, {200, 0}, {200, 200}, {0, 200}}, 0.5, 40));
+    tableau.Ecrit(ComparePoche("pocket, star", banc::Etoile(10000), 0.5, 40));
+  }
+  for (const std::size_t n : {std::size_t{100000}, std::size_t{1000000}}) {
+    if (n <= max && voulu("marks")) AvecMarques(n);
+  }
+  std::printf("goals missed: %d\n", tableau.Manques());
   return 0;
 }

@@ -1,12 +1,14 @@
 // The whole road of a job, step by step, in one process: a DXF file read and oriented, offset, planned, written as
-// G-code; seconds, share and greatest memory. Also 8,000 small circles.
-//   build/bench/bin/bench_road [POINTS_PER_CONTOUR CONTOURS]
+// G-code; seconds, share and greatest memory. Also 8,000 small circles, and outlines scanned badly, each point off
+// by up to 0.02 mm.
+//   build/bench/bin/bench_road [POINTS_PER_CONTOUR CONTOURS [NOISE_MM]]
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/Formes.h"
@@ -36,11 +38,11 @@ class Chrono {
   std::chrono::steady_clock::time_point debut_ = std::chrono::steady_clock::now();
 };
 
-void Route(int contours, int points) {
+void Route(int contours, int points, double bruit = 0) {
   const auto dossier = std::filesystem::temp_directory_path() / "ovelin-bench";
   std::filesystem::create_directories(dossier);
   const std::string dessin = (dossier / "road.dxf").string();
-  std::ofstream(dessin, std::ios::binary) << banc::DessinDxf(contours, points);
+  std::ofstream(dessin, std::ios::binary) << banc::DessinDxf(contours, points, bruit);
 
   Doc = Document{};
   RayonFraise = 1.5;
@@ -64,17 +66,19 @@ void Route(int contours, int points) {
   const double ecrit = chrono.Tour();
   // The writer plans again; its own share is what is left.
   const double total = lecture + decalage + ecrit;
-  std::printf("%6d x %-6d %8d points  read %6.3f  offset %6.3f  plan %6.3f  write %6.3f  total %6.3f s  "
-              "%7.3f us/point  peak %6.0f MB  %ld lines\n",
-              contours, points, NbPoints, lecture, decalage, plan, ecrit - plan, total,
+  std::printf("%5d x %-7d %5s %8d points ", contours, points, bruit > 0 ? "noisy" : "", NbPoints);
+  const std::pair<const char*, double> etapes[] = {
+      {"read", lecture}, {"offset", decalage}, {"plan", plan}, {"write", ecrit - plan}};
+  for (const auto& [nom, s] : etapes) std::printf(" %s %6.3f s %4.1f %% ", nom, s, 100 * s / total);
+  std::printf(" total %6.3f s  %6.3f us/point  peak %5.0f MB  %ld lines\n", total,
               total * 1e6 / static_cast<double>(NbPoints), banc::MemoireMo(), ecriture.lignes);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 3) {
-    Route(std::atoi(argv[2]), std::atoi(argv[1]));
+  if (argc >= 3) {
+    Route(std::atoi(argv[2]), std::atoi(argv[1]), argc > 3 ? std::atof(argv[3]) : 0);
     return 0;
   }
   Route(1, 1000);
@@ -82,5 +86,8 @@ int main(int argc, char** argv) {
   Route(100, 1000);
   Route(8000, 60);
   Route(1000, 1000);
+  Route(1, 1000000);
+  Route(10, 100000, 0.02);
+  Route(1, 1000000, 0.02);
   return 0;
 }
