@@ -7,6 +7,7 @@
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <set>
 
 #include "core/Etat.h"
 #include "core/Fichiers.h"
@@ -21,11 +22,14 @@
 
 namespace {
 
-// Nobody is there to answer: boxes are told and take their first button.
+// Nobody is there to answer: boxes are told once and take their first button.
 void Services() {
   ovelin::InstalleServicesQt();
   ovelin::Svc.Montre = [](const ovelin::Boite& b) {
-    std::fprintf(stderr, "%s/%s: %s\n", b.section.c_str(), b.cle.c_str(), b.texte.c_str());
+    static std::set<std::string> dites;
+    if (dites.insert(b.section + "/" + b.cle).second) {
+      std::fprintf(stderr, "%s/%s: %s\n", b.section.c_str(), b.cle.c_str(), b.texte.c_str());
+    }
     return b.boutons == ovelin::Boutons::OuiNon ? ovelin::Reponse::Oui : ovelin::Reponse::Ok;
   };
   ovelin::Svc.Dimensionne = [](ovelin::DemandeDimension&) {};
