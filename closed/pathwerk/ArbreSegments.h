@@ -40,14 +40,15 @@ class ArbreSegments {
   template <class Visite>
   void Voisins(Vec2 p, double limite2, Visite visite) const {
     if (segments_.empty()) return;
-    std::vector<std::size_t> pile{1};
-    while (!pile.empty()) {
-      const std::size_t k = pile.back();
-      pile.pop_back();
+    std::size_t pile[130];
+    std::size_t hauteur = 0;
+    pile[hauteur++] = 1;
+    while (hauteur > 0) {
+      const std::size_t k = pile[--hauteur];
       if (Distance2(k, p) > limite2) continue;
       if (k < feuilles_) {
-        pile.push_back(2 * k);
-        pile.push_back(2 * k + 1);
+        pile[hauteur++] = 2 * k;
+        pile[hauteur++] = 2 * k + 1;
         continue;
       }
       for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) {
