@@ -140,7 +140,8 @@ std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::str
 
 // Offset of one path. `decal` > 0 lies to the left of the direction of travel, mm. `tolerance` bounds the distance
 // between the result and the true offset curve. `recouvrement` 100 asks for the single offset curve, any other
-// value (closed paths) for a pocket with that overlap in per cent. Marks "PC" come back at their nearest place.
+// value (closed paths) for a pocket with that overlap in per cent. Marks "PC" come back at the
+// image of their place; where the cutter can't follow, at the place where it passes it over.
 // The result replaces `points`; pieces are runs of equal `Seq`. 0: no trace.
 std::int32_t DecalSequence(std::vector<PointTrace>& points, float tolerance, float decal,
                            std::int32_t recouvrement);
