@@ -11,6 +11,7 @@
 
 #include "core/Nombres.h"
 #include "core/Services.h"
+#include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 
 namespace ovelin {
@@ -138,11 +139,16 @@ void ChampNombre::DitQuitte(bool memeInchange) {
   if (dit_) return;
   const bool change = Texte() != entree_;
   if (!change && !memeInchange) return;
-  const QPointer<ChampNombre> moi(this);
+  // A handler may end the field, or end itself for want of memory.
+  struct Pendant {
+    QPointer<ChampNombre> champ;
+    ~Pendant() {
+      if (champ != nullptr) champ->dit_ = false;
+    }
+  } const pendant{this};
   dit_ = true;
   Q_EMIT Quitte(change);
-  if (moi == nullptr) return;
-  dit_ = false;
+  if (pendant.champ == nullptr) return;
   entree_ = Texte();
 }
 
@@ -242,6 +248,8 @@ void ChampNombre::focusOutEvent(QFocusEvent* e) {
   const bool provisoire = e->reason() == Qt::PopupFocusReason || e->reason() == Qt::ActiveWindowFocusReason;
   const QWidget* menu = QApplication::activePopupWidget();
   if (provisoire && menu != nullptr && menu->parentWidget() == this) return;
+  // Another window comes to the front while something long runs: the entry waits until the field is really left.
+  if (provisoire && PasseEnCours()) return;
   DitQuitte(!provisoire);
 }
 

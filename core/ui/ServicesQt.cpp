@@ -1,6 +1,8 @@
 #include "core/ui/ServicesQt.h"
 
+#include <QAbstractButton>
 #include <QAbstractEventDispatcher>
+#include <QAbstractSlider>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
@@ -208,8 +210,9 @@ class Ronde : public QObject {
 
   void Tourne() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
 
-  bool eventFilter(QObject* /*objet*/, QEvent* e) override {
-    return EnCours == this && QApplication::activeModalWidget() == modale_ && DeLUtilisateur(e->type());
+  bool eventFilter(QObject* objet, QEvent* e) override {
+    const bool sien = DeLUtilisateur(e->type()) || (e->type() == QEvent::Timer && RepeteUnePression(*objet));
+    return EnCours == this && QApplication::activeModalWidget() == modale_ && sien;
   }
 
   // None while it stands: the loops of a run take everything, wherever they run.
@@ -225,6 +228,11 @@ class Ronde : public QObject {
   };
 
  private:
+  // An arrow that is held down works by a timer of its own: it goes on behind the pass.
+  static bool RepeteUnePression(const QObject& objet) {
+    return qobject_cast<const QAbstractButton*>(&objet) != nullptr ||
+           qobject_cast<const QAbstractSlider*>(&objet) != nullptr;
+  }
   static bool DeLUtilisateur(QEvent::Type type) {
     switch (type) {
       case QEvent::MouseButtonPress:

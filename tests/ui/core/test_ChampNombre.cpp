@@ -13,6 +13,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <memory>
+#include <new>
 
 #include "core/ui/ChampNombre.h"
 #include "core/ui/ServicesQt.h"
@@ -250,6 +251,32 @@ TEST_F(Champ, AnotherWindowInFrontTakesTheEntryOverWithoutANewEntryOnTheWayBack)
   devant.hide();
   Touche(Qt::Key_Tab);
   EXPECT_THAT(quittes_, ElementsAre(true, false));
+}
+
+TEST_F(Champ, AnotherWindowInFrontDuringAPassLeavesTheEntryToTheLeavingOfTheField) {
+  Ouvre();
+  Frappe("5");
+  QWidget devant;
+  {
+    const Passe passe;
+    essai::Montre(devant);
+    EXPECT_THAT(quittes_, IsEmpty());
+  }
+  essai::Montre(fenetre_);
+  devant.hide();
+  Touche(Qt::Key_Tab);
+  EXPECT_THAT(quittes_, ElementsAre(true));
+}
+
+TEST_F(Champ, SpeaksAgainAfterAHandlerThatFailed) {
+  Ouvre();
+  const auto echec = QObject::connect(champ_, &ChampNombre::Quitte, champ_, [] { throw std::bad_alloc(); });
+  Frappe("5");
+  EXPECT_THROW(Touche(Qt::Key_Return), std::bad_alloc);
+  QObject::disconnect(echec);
+  quittes_.clear();
+  Touche(Qt::Key_Return);
+  EXPECT_THAT(quittes_, ElementsAre(true)) << "the entry has not been taken over yet";
 }
 
 TEST_F(Champ, ItsOwnMenuIsNoLeaving) {

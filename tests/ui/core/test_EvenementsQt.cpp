@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <atomic>
 #include <stdexcept>
@@ -113,6 +114,27 @@ TEST_F(EvenementsQt, InputThatWasHeldBackComesWithTheNextEvents) {
   EXPECT_EQ(piste.mouvements, 1);
   QCursor::setPos(10, 10);
   essai::Evenements();
+}
+
+// An arrow or a scroll bar that is held down goes on by a timer, which is the user's hand all the same.
+TEST_F(EvenementsQt, AnArrowHeldDownRepeatsBehindThePassOnly) {
+  QWidget fenetre;
+  auto* boite = new QVBoxLayout(&fenetre);
+  auto* fleche = new QToolButton;
+  fleche->setAutoRepeat(true);
+  fleche->setAutoRepeatDelay(0);
+  fleche->setAutoRepeatInterval(0);
+  boite->addWidget(fleche);
+  essai::Montre(fenetre, 200, 100);
+  int clics = 0;
+  QObject::connect(fleche, &QToolButton::clicked, [&] { ++clics; });
+  QTest::mousePress(fleche, Qt::LeftButton);
+  clics = 0;
+  for (int i = 0; i < 5; ++i) Svc.LaisseEvenements(Evenements::Affichage);
+  EXPECT_EQ(clics, 0);
+  essai::Evenements();
+  EXPECT_GT(clics, 0);
+  QTest::mouseRelease(fleche, Qt::LeftButton);
 }
 
 TEST_F(EvenementsQt, TheLoopsOfARunTakeEverything) {
