@@ -49,17 +49,23 @@ void EcritParametres() {
   EcritOutil();
 }
 
+void EcritCleFenetre(const char* suffixe, long valeur) {
+  EcrireCle(std::string(Fenetre) + suffixe, TexteNombre(valeur));
+}
+
+// A maximised window keeps the place that it had before.
+void EcritPlace(const EtatFenetre& f) {
+  if (f.minimisee || f.place.maximisee) return;
+  EcritCleFenetre("_Left", f.place.gauche);
+  EcritCleFenetre("_Top", f.place.haut);
+  EcritCleFenetre("_Width", f.place.largeur);
+  EcritCleFenetre("_Height", f.place.hauteur);
+}
+
 void EcritPlacement(const EtatFenetre& f) {
-  const std::string nom = Fenetre;
-  const auto ecrit = [&nom](const char* suffixe, long valeur) { EcrireCle(nom + suffixe, TexteNombre(valeur)); };
-  if (!f.minimisee && !f.place.maximisee) {
-    ecrit("_Left", f.place.gauche);
-    ecrit("_Top", f.place.haut);
-    ecrit("_Width", f.place.largeur);
-    ecrit("_Height", f.place.hauteur);
-  }
-  ecrit("_Max", f.place.maximisee ? -1 : 0);
-  ecrit("_BD", f.indexBD);
+  EcritPlace(f);
+  EcritCleFenetre("_Max", f.place.maximisee ? -1 : 0);
+  EcritCleFenetre("_BD", f.indexBD);
 }
 
 // The settings file makes room for a fresh one where that was wanted; otherwise the user gets a copy. No failure is
@@ -130,6 +136,16 @@ void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents) {
   }
   FinIni(documents);
   EffaceTousInstantanes();
+}
+
+// The load of the window looks into the settings file alone; a large project isn't written anew for each new size.
+void RetaillePlacement(const EtatFenetre& fenetre) {
+  const std::string projet = std::exchange(FichierProjet, std::string());
+  {
+    const LotCles lot;
+    EcritPlace(fenetre);
+  }
+  FichierProjet = projet;
 }
 
 CoupeVeille::CoupeVeille(CrochetsVeille crochets) : crochets_(std::move(crochets)) {

@@ -117,6 +117,9 @@ struct EtatFenetre {
   bool minimisee = false;
   int indexBD = 0;  // of the combo CB_BD
 };
+// The window has another size: its place goes to the settings file, so that one that is maximised afterwards and
+// then closed comes back with the size that it had last.
+void RetaillePlacement(const EtatFenetre& fenetre);
 // The unloading: recent list, placement keys, the end of the settings file, snapshots. `documents`: the user's
 // documents folder, "" for none.
 void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents);

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include "core/Nombres.h"
@@ -102,10 +103,14 @@ void CadreDeplacement::MontrePoint(const std::string& x, const std::string& y) {
   y_.champ->Montre(y);
 }
 
+// The refresh that comes with a move leaves the fields to it.
+ChampEntre CadreDeplacement::Bouge(const std::function<ChampEntre()>& mouvement) {
+  const QScopedValueRollback<bool> pendant(enMouvement_, true);
+  return mouvement();
+}
+
 void CadreDeplacement::Entre(Axe& axe, const std::string& texte) {
-  enMouvement_ = true;
-  const ChampEntre r = EntreDeplacement(axe.direction, axe.champ->EnVigueur(), texte);
-  enMouvement_ = false;
+  const ChampEntre r = Bouge([&] { return EntreDeplacement(axe.direction, axe.champ->EnVigueur(), texte); });
   if (r.fait) {
     axe.champ->Montre(r.texte);
   } else if (!EstNumerique(texte)) {
@@ -116,9 +121,7 @@ void CadreDeplacement::Entre(Axe& axe, const std::string& texte) {
 }
 
 bool CadreDeplacement::Ajoute(Axe& axe, double pas) {
-  enMouvement_ = true;
-  const ChampEntre r = AjouteDeplacement(axe.direction, axe.champ->EnVigueur(), pas);
-  enMouvement_ = false;
+  const ChampEntre r = Bouge([&] { return AjouteDeplacement(axe.direction, axe.champ->EnVigueur(), pas); });
   axe.champ->Montre(r.texte);
   return r.fait;
 }

@@ -4,8 +4,10 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QScrollBar>
+#include <functional>
 #include <string>
 
+#include "workspace/Module_PanneauChamps.h"
 #include "workspace/ui/Saisie.h"
 
 namespace ovelin {
@@ -35,6 +37,7 @@ class CadreDeplacement : public QGroupBox {
   void Flechette(const char* nom, const char* bulle, Axe& axe, double pas, QGridLayout* grille, int ligne,
                  int colonne);
   Axe CreeAxe(int direction, const char* champ, const char* bulle, const char* barre, Qt::Orientation sens);
+  ChampEntre Bouge(const std::function<ChampEntre()>& mouvement);
   void Entre(Axe& axe, const std::string& texte);
   bool Ajoute(Axe& axe, double pas);
   void Defile(Axe& axe, int valeur);

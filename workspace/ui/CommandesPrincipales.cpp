@@ -97,7 +97,7 @@ const std::vector<std::vector<const char*>>& Groupes() {
 
 constexpr std::array MenusDuDessin{"mnu_Save",         "mnu_SaveAs", "mnu_Exporter", "mnu_Fraisage",
                                    "mnu_Optimisation", "mnu_Vinyl",  "mnu_Nettoyage"};
-// On the toolbar alone in the text of old; the entries of the menus go with them.
+// Buttons of the toolbar; the entries of the menus go with them.
 constexpr std::array BoutonsDuDessin{"mnu_NumPoint",         "mnu_Sequence", "mnu_Lever",         "mnu_ZoomMoins",
                                      "mnu_ZoomPlus",         "mnu_Zoom1",    "mnu_ZoomSelection", "mnu_Tout",
                                      "mnu_InverseSelection", "mnu_Supprimer"};
@@ -134,9 +134,7 @@ QIcon IconePrincipale(const std::string& nom) {
 }
 
 // A menu's text without its key and its dots.
-QString TexteBouton(const QAction& commande) {
-  return commande.text().remove('&').remove(QStringLiteral("..."));
-}
+QString TexteBouton(const QAction& commande) { return commande.text().remove('&').remove(QStringLiteral("...")); }
 
 }  // namespace
 
@@ -301,7 +299,12 @@ void CommandesPrincipales::MontreUndo(bool visible) {
 
 void CommandesPrincipales::RemplitRecents(const std::vector<std::string>& textes) {
   if (menuFichier_ == nullptr || separateurRecents_ == nullptr) return;
-  qDeleteAll(recents_);
+  // Later: the one that was chosen is still at work when the list changes.
+  for (QAction* entree : recents_) {
+    menuFichier_->removeAction(entree);
+    entree->setParent(nullptr);
+    entree->deleteLater();
+  }
   recents_.clear();
   for (std::size_t i = 1; i <= textes.size(); ++i) {
     auto* entree = new QAction((i < 10 ? QStringLiteral("&") : QString()) +

@@ -1,4 +1,4 @@
-// The commands of the main window: one action each, under its prescribed name, in the menus and on the toolbar.
+// The commands of the main window: one action each, under its own name, in the menus and on the toolbar.
 #pragma once
 
 #include <QAction>

@@ -1,5 +1,7 @@
 // The commands of the main window, by name.
+#include <QPointer>
 #include <algorithm>
+#include <utility>
 
 #include "core/Document.h"
 #include "core/Reglages.h"
@@ -22,7 +24,7 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Representation";
-constexpr int PeriodeMin = 50;  // ms
+constexpr int PeriodeMin = 50;                           // ms
 constexpr float PasFleche = 0.1F, PasFlecheLong = 1.0F;  // mm
 
 bool Existe(const char* nom) { return FenetreExiste && FenetreExiste(nom); }
@@ -104,17 +106,29 @@ void F_Representation::Fenetre(const char* nom) {
 
 // An empty path asks with the dialog.
 void F_Representation::Ouvre(const std::string& chemin) {
-  OptionsOuverture options;
-  options.dehors = !chemin.empty();
-  Cycle.OuvertureDehors = options.dehors;
-  mnu_Ouvrir(chemin, options);
-  Cycle.OuvertureDehors = false;
+  {
+    const PendantOuverture pendant(*this);
+    OptionsOuverture options;
+    options.dehors = !chemin.empty();
+    Cycle.OuvertureDehors = options.dehors;
+    mnu_Ouvrir(chemin, options);
+  }
   ApresOuverture();
 }
 
-void F_Representation::ApresOuverture() {
+// Also where the opening ended for want of memory: the window must not wait for a drawing that never comes.
+void F_Representation::FinitOuverture() {
+  ouvre_ = false;
   ouverture_ = false;
+  Cycle.OuvertureDehors = false;
   PB1_->Retient(false);
+  if (!std::exchange(fermetureDue_, false)) return;
+  Apres([moi = QPointer<F_Representation>(this)] {
+    if (moi != nullptr) moi->close();
+  });
+}
+
+void F_Representation::ApresOuverture() {
   panneau_->Fraisage()->RemplitOutil();
   if (NbPoints >= 0) return;
   // Nothing was read: lists and picture are empty, as the document is.

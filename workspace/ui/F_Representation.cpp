@@ -5,6 +5,7 @@
 #include <QDragEnterEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
@@ -114,6 +115,9 @@ void F_Representation::Dispose() {
 void F_Representation::Relie() {
   connect(PB1_, &ImagePB1::Suite, this, &F_Representation::SuitSouris);
   connect(PB1_, &ImagePB1::Instantane, this, [this](bool bouton) { commandes_->Active("mnu_Undo", bouton); });
+  connect(PB1_, &ImagePB1::MisEnPage, this, [this] {
+    if (charge_ && !dechargee_) RetaillePlacement(EtatCourant());
+  });
   connect(panneau_, &PanneauLateral::Clic, this, [this](const ResultatClic& clic) {
     if (clic.croix) PB1_->Croix(*clic.croix);
     if (clic.initSeq) {
@@ -127,7 +131,10 @@ void F_Representation::Relie() {
   connect(commandes_->CB_BD(), &QComboBox::activated, this, &F_Representation::ChoisitMateriau);
   connect(Timer_Interro_, &QTimer::timeout, this, &F_Representation::AfficheCarte);
   commandes_->Recent = [this](std::size_t index) {
-    mnu_MRU(index);
+    {
+      const PendantOuverture pendant(*this);
+      mnu_MRU(index);
+    }
     ApresOuverture();
   };
   commandes_->ChoixZoom = [this](const std::string& choix) { Redessine(Combo_Zoom(choix)); };
@@ -174,7 +181,8 @@ void F_Representation::RentreDansEcran() {
   if (isMaximized() || isFullScreen()) return;
   const QRect ecran = screen()->availableGeometry();
   const QRect cadre = frameGeometry();
-  resize(width() - std::max(cadre.width() - ecran.width(), 0), height() - std::max(cadre.height() - ecran.height(), 0));
+  resize(width() - std::max(cadre.width() - ecran.width(), 0),
+         height() - std::max(cadre.height() - ecran.height(), 0));
   move(std::max(std::min(cadre.left(), ecran.right() + 1 - frameGeometry().width()), ecran.left()),
        std::max(std::min(cadre.top(), ecran.bottom() + 1 - frameGeometry().height()), ecran.top()));
 }
@@ -225,7 +233,10 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
   AfficheCarte();
   Timer_Interro_->start(std::max(Regl.TimerInterval, 50));
   charge_ = true;
-  const SuiteCommande suite = OuvreLigneCommande(ligneCommande);
+  const SuiteCommande suite = [&] {
+    const PendantOuverture pendant(*this);
+    return OuvreLigneCommande(ligneCommande);
+  }();
   ApresOuverture();
   if (FinChargement(suite)) {
     panneau_->Fraisage()->VideOutil();
@@ -237,10 +248,10 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
 
 void F_Representation::closeEvent(QCloseEvent* e) {
   if (dechargee_) return;
-  if (PasseEnCours()) {
-    e->ignore();
-    Apres([this] { close(); });
-    return;
+  if (RemetFermeture(*this, *e)) return;
+  if (ouvre_) {
+    fermetureDue_ = true;
+    return e->ignore();
   }
   CrochetsFermeture crochets;
   crochets.FermeFenetres = [this] {
@@ -361,7 +372,10 @@ void F_Representation::dropEvent(QDropEvent* e) {
   if (chemin.empty()) return;
   e->acceptProposedAction();
   // The program that the file comes from waits for the answer: the opening, with its dialogs, comes after it.
-  QTimer::singleShot(0, this, [this, chemin] { Ouvre(chemin); });
+  // Not inside a pass that has begun meanwhile, either.
+  Apres([moi = QPointer<F_Representation>(this), chemin] {
+    if (moi != nullptr) moi->Ouvre(chemin);
+  });
 }
 
 bool F_Representation::eventFilter(QObject* objet, QEvent* e) {

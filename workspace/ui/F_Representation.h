@@ -68,6 +68,19 @@ class F_Representation : public QMainWindow {
   void MenuImage(const QPoint& ecran);
   bool FlecheDeplace(int touche, Qt::KeyboardModifiers touches);
 
+  // An opening from its first question to its end, however it ends: a quit that comes meanwhile is put off.
+  class PendantOuverture {
+   public:
+    explicit PendantOuverture(F_Representation& fenetre) : fenetre_(fenetre) { fenetre_.ouvre_ = true; }
+    ~PendantOuverture() { fenetre_.FinitOuverture(); }
+    PendantOuverture(const PendantOuverture&) = delete;
+    PendantOuverture& operator=(const PendantOuverture&) = delete;
+
+   private:
+    F_Representation& fenetre_;
+  };
+  void FinitOuverture();
+
   Executions executions_;
   Services avant_;  // as before this window, put back at its end
   QToolBar* TB1_ = nullptr;
@@ -80,7 +93,9 @@ class F_Representation : public QMainWindow {
   FrameAvancement* cadre_ = nullptr;
   QTimer* Timer_Interro_ = nullptr;
   bool charge_ = false;
-  bool ouverture_ = false;  // a drawing is being opened
+  bool ouvre_ = false;         // an opening runs, its dialogs included
+  bool fermetureDue_ = false;  // the window was to close meanwhile
+  bool ouverture_ = false;     // the drawing of before is gone, the new one is not ready
   bool dechargee_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
@@ -135,15 +136,17 @@ void ImagePB1::Dessin() {
   }
   if (enCours_ || PasseEnCours()) return Differe();
   suite_.stop();
-  enCours_ = true;
-  Peint();
   std::optional<bool> bouton;
-  if (dessine_) {
-    update();
-    const Passe passe;
-    bouton = PrendInstantane().bouton;
+  {
+    // Also when memory runs out on the way: a picture that drew for ever would never be drawn again.
+    const QScopedValueRollback<bool> pendant(enCours_, true);
+    Peint();
+    if (dessine_) {
+      update();
+      const Passe passe;
+      bouton = PrendInstantane().bouton;
+    }
   }
-  enCours_ = false;
   if (bouton) Q_EMIT Instantane(*bouton);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QPaintEvent>
+#include <stdexcept>
 
 #include "core/Fichiers.h"
 #include "core/Services.h"
@@ -224,6 +225,19 @@ TEST(Dessin, ASecondOneThatArrivesMeanwhileComesAfterOnce) {
   essai::Evenements();
   EXPECT_EQ(a.boutons.size(), 2U);
   EXPECT_EQ(NumeroInstantane(), 3);
+}
+
+TEST(Dessin, OneThatFailsOnTheWayLeavesAPictureThatDraws) {
+  DeuxCarres();
+  Atelier a;
+  const auto avant = Svc.LaisseEvenements;
+  Svc.LaisseEvenements = [](Evenements) { throw std::runtime_error("full"); };
+  TraceInitial[0].X += 1;
+  EXPECT_THROW(a.image.Dessin(), std::runtime_error);
+  Svc.LaisseEvenements = avant;
+  EXPECT_FALSE(a.image.DessinEnCours());
+  a.image.Dessin();
+  EXPECT_EQ(a.boutons.size(), 1U);
 }
 
 TEST(Dessin, WaitsForARunningPass) {

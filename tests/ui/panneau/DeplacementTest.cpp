@@ -1,6 +1,7 @@
 // FRAME1_DEPLACEMENT: fields, arrows and scroll bars move the selection.
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <new>
 
 #include "tests/ui/panneau/Banc.h"
 
@@ -136,6 +137,18 @@ TEST_F(Deplacement, AnotherSelectionBeginsAtZero) {
   EXPECT_EQ(Texte("TB_X"), "0.0");
   EXPECT_EQ(C<QScrollBar>("HScroll_Sequence")->value(), 0);
   EXPECT_NEAR(X(), 25.1, 1e-4);
+}
+
+TEST_F(Deplacement, FieldsFollowTheSelectionAgainAfterAMoveThatFailed) {
+  DeuxCarres();
+  Ouvre();
+  Clique(*C("CB_Droite"));
+  const auto avant = Svc.Rafraichit;
+  Svc.Rafraichit = [] { throw std::bad_alloc(); };
+  EXPECT_THROW(Clique(*C("CB_Droite")), std::bad_alloc);
+  Svc.Rafraichit = avant;
+  Clique(*C("CB_InverseSelection"));
+  EXPECT_EQ(Texte("TB_X"), "0.0");
 }
 
 TEST_F(Deplacement, FieldsShowAClickedPointAndMoveFromThere) {

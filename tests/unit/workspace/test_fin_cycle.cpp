@@ -201,6 +201,23 @@ TEST(DechargeFenetre, AMaximisedOrMinimisedWindowKeepsItsLastPlace) {
   EXPECT_EQ(LireCleIni("F_Representation_Max", ""), "0");
 }
 
+TEST(RetaillePlacement, WritesAPlaceUnlessTheWindowIsMaximisedOrMinimised) {
+  EtatFenetre f = Fenetre();
+  f.place = {1, 2, 3000, 4000, false};
+  RetaillePlacement(f);
+  f.place.largeur = 9999;
+  f.place.maximisee = true;
+  RetaillePlacement(f);
+  f.place.maximisee = false;
+  f.minimisee = true;
+  RetaillePlacement(f);
+  EXPECT_EQ(LireCleIni("F_Representation_Left", ""), "1");
+  EXPECT_EQ(LireCleIni("F_Representation_Top", ""), "2");
+  EXPECT_EQ(LireCleIni("F_Representation_Width", ""), "3000");
+  EXPECT_EQ(LireCleIni("F_Representation_Height", ""), "4000");
+  EXPECT_EQ(LireCleIni("F_Representation_Max", "-"), "-") << "the state belongs to the end of the window";
+}
+
 TEST(DechargeFenetre, PlacementGoesIntoTheProjectTheRecentListDoesNot) {
   FichierProjet = FichierCourant = EcritProjetEssai("p.OVL");
   FichierProjet = FichierCourant = essai::Dossier() + "/p.OVL";
