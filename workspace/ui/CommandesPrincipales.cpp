@@ -4,9 +4,11 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QPointer>
 #include <QToolButton>
 #include <array>
 
+#include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 
 namespace ovelin {
@@ -154,9 +156,17 @@ QAction* CommandesPrincipales::Cree(const char* nom, const char* texte, const ch
   action->setObjectName(QString::fromLatin1(nom));
   action->setCheckable(bascule);
   if (*raccourci != '\0') action->setShortcut(QKeySequence(QString::fromLatin1(raccourci)));
-  connect(action, &QAction::triggered, this, [&execute = execution->second] { execute(); });
+  connect(action, &QAction::triggered, this, [this, &commande = execution->second] { Execute(commande); });
   actions_[nom] = action;
   return action;
+}
+
+// A command can come another way than by mouse and keys, which are held back over a pass: it waits for its end.
+void CommandesPrincipales::Execute(const std::function<void()>& commande) {
+  if (!PasseEnCours()) return commande();
+  Apres([moi = QPointer<CommandesPrincipales>(this), commande] {
+    if (moi != nullptr) commande();
+  });
 }
 
 void CommandesPrincipales::RemplitMenus(QMenuBar* menus) {
@@ -312,7 +322,9 @@ void CommandesPrincipales::RemplitRecents(const std::vector<std::string>& textes
                                this);
     entree->setObjectName(QStringLiteral("mnu_MRU_%1").arg(i));
     connect(entree, &QAction::triggered, this, [this, i] {
-      if (Recent) Recent(i);
+      Execute([this, i] {
+        if (Recent) Recent(i);
+      });
     });
     menuFichier_->insertAction(separateurRecents_, entree);
     recents_.push_back(entree);

@@ -44,6 +44,7 @@ class CommandesPrincipales : public QObject {
 
  private:
   QAction* Cree(const char* nom, const char* texte, const char* raccourci, bool bascule);
+  void Execute(const std::function<void()>& commande);
   void RemplitMenus(QMenuBar* menus);
   void RemplitBarre(QToolBar* barre);
   void AjouteBouton(const char* nom);

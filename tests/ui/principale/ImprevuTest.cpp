@@ -77,6 +77,25 @@ TEST_F(Imprevu, AQuitDuringTheLoadComesWhenItIsDone) {
   EXPECT_FALSE(fenetre_->isVisible());
 }
 
+TEST_F(Imprevu, AnUndoThatArrivesDuringAPassComesAfterIt) {
+  Charge(Exemple("plaque.dxf"));
+  const auto debut = TraceInitial;
+  Commande("mnu_Tout");
+  C<ImagePB1>("PB1")->setFocus();
+  QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Right);
+  essai::Evenements();
+  const auto deplace = TraceInitial;
+  ASSERT_FALSE(deplace == debut);
+  {
+    const Passe passe;
+    Menu("mnu_Undo")->trigger();
+    essai::Evenements();
+    EXPECT_TRUE(TraceInitial == deplace);
+  }
+  essai::Evenements();
+  EXPECT_TRUE(TraceInitial == debut);
+}
+
 TEST_F(Imprevu, ADrawingDroppedBeforeAPassIsOpenedBehindIt) {
   Charge();
   QMimeData donnees;
