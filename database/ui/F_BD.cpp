@@ -11,6 +11,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "core/Cles.h"
 #include "core/Services.h"
@@ -292,11 +293,12 @@ void F_BD::OteFaute() {
 bool F_BD::Ecrit() {
   Magasin.DerniereErreur.clear();
   EcritFiches(grille_.Fiches());
-  if (Magasin.DerniereErreur.empty()) return true;
+  const std::string raison = std::exchange(Magasin.DerniereErreur, "");  // told here, and by nobody else again
+  if (raison.empty()) return true;
   Boite boite;
   boite.section = Section;
   boite.cle = "lib002";
-  boite.texte = Traduire(Section, boite.cle) + "\n" + CheminIni() + " : " + Magasin.DerniereErreur;
+  boite.texte = Traduire(Section, boite.cle) + "\n" + CheminIni() + " : " + raison;
   boite.titre = "OVELIN";
   boite.icone = Icone::Critique;
   boite.fichier = CheminIni();

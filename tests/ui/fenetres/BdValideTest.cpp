@@ -176,6 +176,7 @@ TEST(F_BD, SaysThatTheSettingsFileCannotBeWritten) {
   b.Ok();
   EXPECT_TRUE(b.f.isVisible());
   EXPECT_FALSE(change);
+  EXPECT_EQ(Magasin.DerniereErreur, "") << "it has been told";
   DossierProgramme = avant;
   OublieCles();
   b.Ok();
