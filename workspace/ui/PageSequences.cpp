@@ -113,7 +113,6 @@ QWidget* PageSequences::Recalage() {
   recalage_ = {ChampPanneau("TB_DecalageX", "mm", "X du coin en bas à gauche"),
                ChampPanneau("TB_DecalageY", "mm", "Y du coin en bas à gauche")};
   for (std::size_t i = 0; i < 2; ++i) {
-    recalage_[i]->Montre("0");
     ligne->addWidget(
         EtiquettePanneau(i == 0 ? "Lbl_DecalageX" : "Lbl_DecalageY", i == 0 ? "X" : "Y", recalage_[i]));
     ligne->addWidget(recalage_[i], 1);

@@ -240,6 +240,8 @@ TEST_F(Deplacement, PlacingBringsTheBarsBackToTheirMiddle) {
   QTest::keyClick(h, Qt::Key_Right);
   Tape(*C("TB_X"), "0");
   ASSERT_EQ(h->value(), 1);
+  Tape(*C("TB_DecalageX"), "0");
+  Tape(*C("TB_DecalageY"), "0");
   Clique(*C("CB_OKRecalage"));
   EXPECT_EQ(h->value(), 0);
   EXPECT_EQ(Texte("TB_X"), "0.0");

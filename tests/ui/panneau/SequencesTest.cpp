@@ -239,7 +239,10 @@ TEST_F(SequencesPage, PlacingWithoutASelectionTakesTheDrawingsCorner) {
   DeuxCarres();
   Sequences[1].Selection = Faux;
   Ouvre();
+  EXPECT_EQ(Texte("TB_DecalageX"), "") << "no position is offered";
+  EXPECT_EQ(Texte("TB_DecalageY"), "");
   Tape(*C("TB_DecalageX"), "5");
+  Tape(*C("TB_DecalageY"), "0");
   Clique(*C("CB_OKRecalage"));
   EXPECT_NEAR(TraceInitial[0].X, 5, 1e-4);
   EXPECT_NEAR(TraceInitial[0].Y, 0, 1e-4);
@@ -249,6 +252,7 @@ TEST_F(SequencesPage, PlacingWithoutANumberIsRefusedAtItsField) {
   DeuxCarres();
   Ouvre();
   const auto points = TraceInitial;
+  Tape(*C("TB_DecalageX"), "5");
   Tape(*C("TB_DecalageY"), "");
   Clique(*C("CB_OKRecalage"));
   EXPECT_TRUE(Refuse("TB_DecalageY"));
@@ -262,6 +266,7 @@ TEST_F(SequencesPage, PlacingBeyondThePlaneIsRefused) {
   const auto points = TraceInitial;
   essai::Attend("F_Representation", "lib113");
   Tape(*C("TB_DecalageX"), "99999999");
+  Tape(*C("TB_DecalageY"), "0");
   Clique(*C("CB_OKRecalage"));
   EXPECT_EQ(TraceInitial, points);
 }
