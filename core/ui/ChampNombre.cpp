@@ -48,6 +48,14 @@ QString FiltreTouche(const QString& touche, const QString& texteReste, char marq
   return passe;
 }
 
+void MontreSeulement(QLineEdit& champ) {
+  champ.setReadOnly(true);
+  champ.setFrame(false);
+  QPalette nue;
+  nue.setColor(QPalette::Base, Qt::transparent);
+  champ.setPalette(nue);
+}
+
 ChampNombre::ChampNombre(const QString& nom, const QString& unite, QWidget* parent)
     : QLineEdit(parent), unite_(unite) {
   setObjectName(nom);

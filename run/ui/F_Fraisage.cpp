@@ -45,11 +45,7 @@ QLabel* Etiquette(const char* nom, const char* texte, QWidget* controle) {
 QLineEdit* Total(const char* nom, const char* bulle, QWidget* parent) {
   auto* champ = new QLineEdit(parent);
   champ->setObjectName(QString::fromLatin1(nom));
-  champ->setReadOnly(true);
-  champ->setFrame(false);
-  QPalette nue;
-  nue.setColor(QPalette::Base, Qt::transparent);  // shown, not entered
-  champ->setPalette(nue);
+  MontreSeulement(*champ);
   champ->setAlignment(Qt::AlignRight);
   champ->setToolTip(QString::fromUtf8(bulle));
   champ->setMaximumWidth(120);

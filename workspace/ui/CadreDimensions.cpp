@@ -24,17 +24,13 @@ CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Di
   grille->addWidget(EnTete("Lbl_Initial", "Actuelle"), 0, 1);
   grille->addWidget(EnTete("Lbl_Rapport", "Rapport"), 0, 2);
   grille->addWidget(EnTete("Lbl_Resultat", "Résultat"), 0, 3);
-  QPalette sansFond;  // what can't be changed doesn't look like a field
-  sansFond.setColor(QPalette::Base, Qt::transparent);
   for (int axe = 0; axe < 2; ++axe) {
     const auto i = static_cast<std::size_t>(axe);
     const std::string suite = "_" + std::to_string(axe);
     initial_[i] = ChampPanneau(("TB_Initial" + suite).c_str(), "mm",
                                axe == 0 ? "Largeur actuelle de la sélection" : "Hauteur actuelle de la sélection");
-    initial_[i]->setReadOnly(true);
-    initial_[i]->setFrame(false);
+    MontreSeulement(*initial_[i]);
     initial_[i]->setFocusPolicy(Qt::ClickFocus);
-    initial_[i]->setPalette(sansFond);
     auto* rapport =
         ChampPanneau(("TB_Rapport" + suite).c_str(), "",
                      axe == 0 ? "Multiplie la largeur : 2 la double" : "Multiplie la hauteur : 2 la double");

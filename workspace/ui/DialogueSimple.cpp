@@ -1,6 +1,8 @@
 #include "workspace/ui/DialogueSimple.h"
 
+#include "core/Nombres.h"
 #include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
 
 namespace ovelin {
 
@@ -44,6 +46,19 @@ QLabel* EtiquetteDialogue(const char* nom, const char* texte, QWidget* controle)
   etiquette->setObjectName(QString::fromLatin1(nom));
   etiquette->setBuddy(controle);
   return etiquette;
+}
+
+std::optional<float> LitTolerance(ChampNombre& champ, const char* section) {
+  const auto refuse = [&](const char* cle, const char* sinon) {
+    champ.Refuse(TraduireOu(section, QString::fromLatin1(cle), QString::fromUtf8(sinon)));
+    return std::nullopt;
+  };
+  const auto v = LitNombre(champ.Texte());
+  if (!v) return refuse("lib001", "Ce n'est pas un nombre.");
+  if (*v < 0) return refuse("lib002", "La tolérance ne peut pas être négative.");
+  champ.Accepte();
+  champ.Montre(TexteNombre(EnFloat(*v)));
+  return EnFloat(*v);
 }
 
 }  // namespace ovelin

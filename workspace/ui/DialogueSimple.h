@@ -6,6 +6,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <initializer_list>
+#include <optional>
+
+#include "core/ui/ChampNombre.h"
 
 namespace ovelin {
 
@@ -22,5 +25,9 @@ void OrdreTab(std::initializer_list<QWidget*> controles);
 
 // The label in front of a control; a key of its mnemonic goes to it.
 QLabel* EtiquetteDialogue(const char* nom, const char* texte, QWidget* controle);
+
+// A tolerance as its field holds it, mm; the field shows the value that will be used. Nothing for what is no number
+// or negative, which the field then tells ("lib001", "lib002" of that section).
+std::optional<float> LitTolerance(ChampNombre& champ, const char* section);
 
 }  // namespace ovelin

@@ -116,11 +116,7 @@ void F_Dimension::ConstruitAxe(QGridLayout& grille, std::size_t axe) {
   Axe& a = axes_[axe];
   a.initial = Champ(prefixe + QStringLiteral("Initial"), "mm", h ? "Largeur actuelle" : "Hauteur actuelle",
                     "Taille du dessin tel qu'il a été lu", this);
-  a.initial->setReadOnly(true);
-  a.initial->setFrame(false);
-  QPalette nue;
-  nue.setColor(QPalette::Base, Qt::transparent);  // shown, not entered
-  a.initial->setPalette(nue);
+  MontreSeulement(*a.initial);
   a.initial->setFocusPolicy(Qt::ClickFocus);
   a.rapport = Champ(prefixe + QStringLiteral("Rapport"), "", h ? "Rapport en largeur" : "Rapport en hauteur",
                     "Multiplie la taille : 2 la double", this);

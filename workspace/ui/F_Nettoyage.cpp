@@ -7,7 +7,6 @@
 #include "core/Nombres.h"
 #include "core/Reglages.h"
 #include "core/ui/Fenetres.h"
-#include "core/ui/TraduitFenetre.h"
 #include "machine/Module_Table.h"
 #include "workspace/ui/DialogueSimple.h"
 
@@ -16,10 +15,6 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Nettoyage";
-
-QString Raison(const char* cle, const char* sinon) {
-  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
-}
 
 }  // namespace
 
@@ -68,28 +63,14 @@ void F_Nettoyage::Construit() {
   const BoutonsDialogue boutons =
       PoseBoutons(*this, "Nettoyer le dessin avec cette tolérance", "Fermer sans rien changer");
   boite->addLayout(boutons.rangee);
-  connect(TB_Resolution_, &ChampNombre::Quitte, this, [this] { Lit(); });
+  connect(TB_Resolution_, &ChampNombre::Quitte, this, [this] { LitTolerance(*TB_Resolution_, Section); });
   connect(boutons.ok, &QPushButton::clicked, this, [this] {
-    if (!Lit()) return TB_Resolution_->setFocus();
-    Regl.Resolution = EnFloat(*LitNombre(TB_Resolution_->Texte()));
+    const auto tolerance = LitTolerance(*TB_Resolution_, Section);
+    if (!tolerance) return TB_Resolution_->setFocus();
+    Regl.Resolution = *tolerance;
     accept();
   });
   OrdreTab({TB_Resolution_, boutons.ok, boutons.annuler});
-}
-
-bool F_Nettoyage::Lit() {
-  const auto v = LitNombre(TB_Resolution_->Texte());
-  if (!v) {
-    TB_Resolution_->Refuse(Raison("lib001", "Ce n'est pas un nombre."));
-    return false;
-  }
-  if (*v < 0) {
-    TB_Resolution_->Refuse(Raison("lib002", "La tolérance ne peut pas être négative."));
-    return false;
-  }
-  TB_Resolution_->Accepte();
-  TB_Resolution_->Montre(TexteNombre(EnFloat(*v)));
-  return true;
 }
 
 }  // namespace ovelin

@@ -18,7 +18,6 @@ class F_Nettoyage : public QDialog {
 
  private:
   void Construit();
-  bool Lit();  // the field's text is a tolerance; otherwise it says why not
 
   std::array<QLabel*, 2> Lbl_Resolution_{};
   ChampNombre* TB_Resolution_ = nullptr;

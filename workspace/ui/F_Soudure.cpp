@@ -9,7 +9,6 @@
 #include "core/Nombres.h"
 #include "core/Reglages.h"
 #include "core/ui/Fenetres.h"
-#include "core/ui/TraduitFenetre.h"
 #include "workspace/ui/DialogueSimple.h"
 
 namespace ovelin {
@@ -23,10 +22,6 @@ constexpr double PlacesParMm = 10;
 
 double ValeurDe(int place) { return (PlaceMax - place) / PlacesParMm; }
 int PlaceDe(double v) { return std::clamp(PlaceMax - Arrondi32(v * PlacesParMm), 0, PlaceMax); }
-
-QString Raison(const char* cle, const char* sinon) {
-  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
-}
 
 }  // namespace
 
@@ -72,31 +67,17 @@ void F_Soudure::Construit() {
   const BoutonsDialogue boutons = PoseBoutons(*this, "Garder cette tolérance", "Fermer sans rien changer");
   boite->addLayout(boutons.rangee);
   connect(TB_Tolerance_, &ChampNombre::Quitte, this, [this] {
-    if (Lit()) SuitChamp();
+    if (LitTolerance(*TB_Tolerance_, Section)) SuitChamp();
   });
   connect(VScroll_Tolerance_, &QScrollBar::valueChanged, this, &F_Soudure::SuitCurseur);
   connect(boutons.ok, &QPushButton::clicked, this, [this] {
-    if (!Lit()) return TB_Tolerance_->setFocus();
-    Regl.ToleranceSoudure = EnFloat(*LitNombre(TB_Tolerance_->Texte()));
+    const auto tolerance = LitTolerance(*TB_Tolerance_, Section);
+    if (!tolerance) return TB_Tolerance_->setFocus();
+    Regl.ToleranceSoudure = *tolerance;
     EcritSoudure();
     accept();
   });
   OrdreTab({TB_Tolerance_, VScroll_Tolerance_, boutons.ok, boutons.annuler});
-}
-
-bool F_Soudure::Lit() {
-  const auto v = LitNombre(TB_Tolerance_->Texte());
-  if (!v) {
-    TB_Tolerance_->Refuse(Raison("lib001", "Ce n'est pas un nombre."));
-    return false;
-  }
-  if (*v < 0) {
-    TB_Tolerance_->Refuse(Raison("lib002", "La tolérance ne peut pas être négative."));
-    return false;
-  }
-  TB_Tolerance_->Accepte();
-  TB_Tolerance_->Montre(TexteNombre(EnFloat(*v)));
-  return true;
 }
 
 void F_Soudure::SuitChamp() {

@@ -16,7 +16,6 @@ class F_Soudure : public QDialog {
 
  private:
   void Construit();
-  bool Lit();        // the field's text is a tolerance; otherwise it says why not
   void SuitChamp();  // the bar goes to the place nearest to the field
   void SuitCurseur(int place);
 
