@@ -68,9 +68,9 @@ class Travail : public Principale {
 };
 
 TEST_F(Travail, EachSampleOpensAndIsShown) {
-  for (const char* nom : {"equerre.dxf", "plaque.dxf", "enseigne.plt", "aile.dat", "percage.drl", "logo.eps",
-                          "aile-mousse.OVL", "enseigne-texte.OVL", "equerre-attaches.OVL", "percage-ligne.OVL",
-                          "plaque-poches.OVL"}) {
+  for (const char* nom :
+       {"equerre.dxf", "plaque.dxf", "enseigne.plt", "aile.dat", "percage.drl", "logo.eps", "aile-mousse.OVL",
+        "enseigne-texte.OVL", "equerre-attaches.OVL", "percage-ligne.OVL", "plaque-poches.OVL"}) {
     SCOPED_TRACE(nom);
     Charge();
     essai::AttendFichier("mnu_Ouvrir", Exemple(nom));
@@ -375,6 +375,35 @@ TEST_F(Travail, UndoGoesBackStepByStepToTheStart) {
   EXPECT_EQ(C<QLineEdit>("TB_RayonFraise")->text().toDouble(), rayon);
   EXPECT_EQ(FichierProjet, "Chargt");
   EXPECT_FALSE(FichierExiste("Chargt"));
+}
+
+TEST_F(Travail, AnUndoLeavesOneSnapshotLess) {
+  Plaque();
+  Choisit(" E");
+  Clique(*C<QAbstractButton>("CB_Droite"));
+  const auto avant = ListeFichiers(DossierTemp, "OVL").size();
+  ASSERT_GE(avant, 3U);
+  Commande("mnu_Undo");
+  EXPECT_EQ(ListeFichiers(DossierTemp, "OVL").size(), avant - 1);
+}
+
+TEST_F(Travail, AHeadlineFollowsAChangeOfAPoint) {
+  Plaque();
+  auto* modele = C<QTreeView>("TreeView1")->model();
+  const auto titre = [&] { return modele->index(4, 0, modele->index(0, 0)).data().toString(); };
+  const QString avant = titre();
+  Choisit(" E");
+  auto* arbre = C<QTreeView>("TreeView1");
+  const QModelIndex point = modele->index(1, 0, modele->index(4, 0, modele->index(0, 0)));
+  arbre->scrollTo(point);
+  QTest::mouseClick(arbre->viewport(), Qt::LeftButton, {}, arbre->visualRect(point).center());
+  essai::Evenements();
+  C<PanneauLateral>("Panneau")->Option1(PageSequence::Points);
+  Clique(*C<QAbstractButton>("CB_Position"));
+  Tape(*C<QLineEdit>("TB_PositionX"), "-300");
+  Clique(*C<QAbstractButton>("CB_PositionOK"));
+  EXPECT_NE(titre(), avant);
+  EXPECT_EQ(titre().section("pts", 0, 0), avant.section("pts", 0, 0)) << "the number and the count stay";
 }
 
 TEST_F(Travail, ASavedProjectComesBackAsItWas) {
