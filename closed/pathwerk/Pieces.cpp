@@ -152,15 +152,15 @@ std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, doubl
   return s;
 }
 
-void Commence(Piece& piece, const Source& source, double distance, double tolerance) {
-  if (piece.points.size() > 1) Tourne(piece, Report(source, distance, tolerance).Depart(piece), tolerance);
+void Commence(Piece& piece, const Report& report, double tolerance) {
+  if (piece.points.size() > 1) Tourne(piece, report.Depart(piece), tolerance);
 }
 
 std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double distance,
                                     double tolerance) {
   const Report report(source, distance, tolerance);
   for (Piece& p : pieces) {
-    if (p.ferme && p.avant.empty() && p.points.size() > 1) Tourne(p, report.Depart(p), tolerance);
+    if (p.ferme && p.avant.empty()) Commence(p, report, tolerance);
   }
   const std::vector<Insertion> marques = PlaceMarques(pieces, source, report);
   std::vector<PointTrace> r;

@@ -41,8 +41,10 @@ struct Piece {
   Chemin avant = {};
 };
 
-// Begins a closed piece at the image of the source's start.
-void Commence(Piece& piece, const Source& source, double distance, double tolerance);
+class Report;
+
+// Begins a closed piece at the image of the source's start. Linear in the piece.
+void Commence(Piece& piece, const Report& report, double tolerance);
 
 // Writes the pieces as records: closed ones begin at the image of the source's start (those with something before
 // them as they stand), each mark becomes a point of its own at its image on the pieces that take marks (see

@@ -16,6 +16,7 @@ std::vector<Piece> RemplitPoche(const Source& source, double distance, int recou
   std::vector<Region> regions;
   if (!SepareLobes(source.chemin, tolerance, regions)) return {};
   const double rayon = std::abs(distance);
+  const Report report(source, rayon, tolerance);
   std::vector<Piece> pieces;
   for (const Region& region : regions) {
     if (region.signe == 0) continue;
@@ -23,7 +24,7 @@ std::vector<Piece> RemplitPoche(const Source& source, double distance, int recou
     if (r.niveaux.empty()) continue;
     const Acces acces(region, rayon, tolerance);
     ArbreAnneaux arbre(std::move(r), acces);
-    for (Piece& p : Trajets(arbre, acces, source, rayon, tolerance)) pieces.push_back(std::move(p));
+    for (Piece& p : Trajets(arbre, acces, report, tolerance)) pieces.push_back(std::move(p));
   }
   return pieces;
 }

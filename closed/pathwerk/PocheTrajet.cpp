@@ -239,15 +239,14 @@ class Racine {
 
 }  // namespace
 
-std::vector<Piece> Trajets(ArbreAnneaux& arbre, const Acces& acces, const Source& source, double rayon,
-                           double tolerance) {
+std::vector<Piece> Trajets(ArbreAnneaux& arbre, const Acces& acces, const Report& report, double tolerance) {
   std::vector<Piece> finies;
   for (const std::size_t k : arbre.Racines()) {
     Anneau& a = arbre.Anneaux()[k];
     Piece piece;
     piece.points = a.points;
     piece.origines = std::move(a.origines);
-    Commence(piece, source, rayon, tolerance);
+    Commence(piece, report, tolerance);
     a.points = piece.points;
     piece.avant = Racine(arbre, k, acces).Avant();
     finies.push_back(std::move(piece));

@@ -5,12 +5,12 @@
 
 #include "closed/pathwerk/Pieces.h"
 #include "closed/pathwerk/PocheArbre.h"
+#include "closed/pathwerk/Report.h"
 
 namespace pathwerk::geo {
 
 // One piece for each part that hangs together, the outermost ring as its last round, begun at the image of the
 // source's start. What can't be reached without a lift comes in front as pieces of its own.
-std::vector<Piece> Trajets(ArbreAnneaux& arbre, const Acces& acces, const Source& source, double rayon,
-                           double tolerance);
+std::vector<Piece> Trajets(ArbreAnneaux& arbre, const Acces& acces, const Report& report, double tolerance);
 
 }  // namespace pathwerk::geo
