@@ -59,7 +59,7 @@ double ProfondeurMax(const Region& region) {
 // their error stays between them. An overlap so high that the rings would take minutes gets a longer step, up to R,
 // where the fill is still complete; beyond the last limit the step grows further.
 double Pas(const Region& region, double rayon, int recouvrement, double tolerance) {
-  const double part = std::clamp(100 - recouvrement, 0, 100) / 100.0;
+  const double part = (100 - std::clamp(recouvrement, 0, 100)) / 100.0;
   double points = 0;
   for (const Chemin& c : region.contours) points += static_cast<double>(c.size());
   const double profondeur = ProfondeurMax(region);

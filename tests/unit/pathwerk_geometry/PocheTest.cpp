@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "Controle.h"
@@ -75,12 +76,12 @@ TEST(Poche, BothLoopsOfAFigureOfEightAreFilled) {
 TEST(Poche, OverlapBelowZeroCountsAsZero) {
   const Trace s = EnTrace(Carre(0, 0, 40), true);
   EXPECT_EQ(Decale(s, 2, -30).second, Decale(s, 2, 0).second);
-  EXPECT_EQ(Decale(s, 2, -2000000000).second, Decale(s, 2, 0).second);
+  EXPECT_EQ(Decale(s, 2, std::numeric_limits<int>::min()).second, Decale(s, 2, 0).second);
 }
 
 TEST(Poche, OverlapAboveAHundredIsOneRing) {
   const Trace s = EnTrace(Retourne(Carre(0, 0, 40)), true);
-  for (const int recouvrement : {101, 2000000000}) {
+  for (const int recouvrement : {101, std::numeric_limits<int>::max()}) {
     const auto [r, t] = Decale(s, 2, recouvrement);
     ASSERT_GT(r, 0);
     EXPECT_EQ(Pieces(t).size(), 1U);
