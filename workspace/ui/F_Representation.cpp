@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "controller/ClsCdeZENIK.h"
+#include "core/Cadence.h"
 #include "core/Cles.h"
 #include "core/Document.h"
 #include "core/Fichiers.h"
@@ -41,6 +42,7 @@ constexpr const char* Section = "F_Representation";
 constexpr const char* CleSeparateur = "F_Representation_Panneau";
 constexpr int LargeurPanneau = 340;  // logical pixels
 constexpr int LargeurMin = 760, HauteurMin = 520;
+constexpr int LargeurNeuve = 1280, HauteurNeuve = 800;
 constexpr int CoteIcone = 24;
 constexpr int DelaiCadre = 250;  // ms until the desktop has put its frame around the window
 
@@ -135,6 +137,7 @@ void F_Representation::Relie() {
       const PendantOuverture pendant(*this);
       mnu_MRU(index);
     }
+    commandes_->RemplitRecents(TextesRecents());  // one that has vanished leaves the menu
     ApresOuverture();
   };
   commandes_->ChoixZoom = [this](const std::string& choix) { Redessine(Combo_Zoom(choix)); };
@@ -168,7 +171,11 @@ void F_Representation::InstalleServices() {
 void F_Representation::Place() {
   const QRect ecran = screen()->availableGeometry();
   const Placement p = LitPlacement(Section, EnTwips(ecran.width()), EnTwips(ecran.height()));
-  resize(std::min(EnPixels(p.largeur), ecran.width()), std::min(EnPixels(p.hauteur), ecran.height()));
+  if (LireCle(std::string(Section) + "_Width", "").empty()) {
+    resize(std::min(LargeurNeuve, ecran.width()), std::min(HauteurNeuve, ecran.height()));  // never placed yet
+  } else {
+    resize(std::min(EnPixels(p.largeur), ecran.width()), std::min(EnPixels(p.hauteur), ecran.height()));
+  }
   move(ecran.left() + EnPixels(p.gauche), ecran.top() + EnPixels(p.haut));
   if (p.maximisee) setWindowState(windowState() | Qt::WindowMaximized);
   const int panneau = static_cast<int>(LireNombre(CleSeparateur, LargeurPanneau));
@@ -287,8 +294,11 @@ void F_Representation::Rafraichit() {
   // What an opening leaves on its way isn't shown, and no step of undo leads there.
   if (ouverture_) return;
   vide_->setVisible(TraceInitial.size() < 2);
+  Respiration souffle;
   panneau_->RemplitArbres();
+  souffle.Laisse();
   panneau_->InitSeq();
+  souffle.Laisse();
   PB1_->Dessin();
 }
 

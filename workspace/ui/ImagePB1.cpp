@@ -13,6 +13,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/Cadence.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
@@ -151,6 +152,10 @@ void ImagePB1::Dessin() {
 }
 
 void ImagePB1::Peint() {
+  const OptionsScene options = Options();
+  Respiration souffle;
+  ConstruitScene(Doc, Vue, Taille(), options, scene_);
+  if (enCours_) souffle.Laisse();  // the window lives on between the two halves; never from a paint event
   const double echelle = devicePixelRatioF();
   const QSize pixels = (QSizeF(size()) * echelle).toSize().expandedTo(QSize(1, 1));
   if (image_.size() != pixels) image_ = QImage(pixels, QImage::Format_RGB32);
@@ -158,8 +163,6 @@ void ImagePB1::Peint() {
   const QColor papier = Papier(*this);
   image_.fill(papier);
   croix_.Vide();
-  const OptionsScene options = Options();
-  ConstruitScene(Doc, Vue, Taille(), options, scene_);
   dessine_ = !scene_.Primitives.empty();
   if (dessine_) {
     QPainter peintre(&image_);

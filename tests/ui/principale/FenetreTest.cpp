@@ -2,6 +2,7 @@
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QScreen>
 #include <QUrl>
 #include <filesystem>
 
@@ -165,8 +166,29 @@ TEST_F(Ouverture_, ARecentFileThatVanishedIsToldAndLeavesTheList) {
   std::filesystem::remove(chemin);
   essai::Attend("F_Representation", "lib340");
   Commande("mnu_MRU_1");
-  EXPECT_TRUE(Recents.chemins.empty() || Recents.chemins.front() != chemin);
+  EXPECT_TRUE(Recents.chemins.empty());
+  EXPECT_EQ(fenetre_->findChild<QAction*>("mnu_MRU_1"), nullptr);
   EXPECT_GT(NbPoints, 2);
+}
+
+TEST_F(Ouverture_, ARecentFileIsOpenedAndComesFirst) {
+  Charge();
+  for (const char* nom : {"plaque.dxf", "equerre.dxf"}) {
+    essai::AttendFichier("mnu_Ouvrir", Exemple(nom));
+    Commande("mnu_Ouvrir");
+  }
+  Commande("mnu_MRU_2");
+  EXPECT_EQ(NomDe(FichierCourant), "plaque.dxf");
+  EXPECT_TRUE(Menu("mnu_MRU_1")->text().endsWith("plaque.dxf"));
+  EXPECT_TRUE(Menu("mnu_MRU_2")->text().endsWith("equerre.dxf"));
+}
+
+TEST_F(FormLoad, AWindowThatWasNeverPlacedHasRoomForEverything) {
+  fenetre_ = std::make_unique<F_Representation>();
+  const QRect ecran = fenetre_->screen()->availableGeometry();
+  fenetre_->Form_Load("");
+  EXPECT_EQ(fenetre_->width(), std::min(1280, ecran.width()));
+  EXPECT_EQ(fenetre_->height(), std::min(800, ecran.height()));
 }
 
 TEST_F(Fermeture, WithoutAProjectTheParametersAreWrittenAndNothingIsAsked) {
