@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <utility>
 
 namespace pathwerk::geo {
 
@@ -104,29 +103,7 @@ double ArbreSegments::Distance2(std::size_t k, Vec2 p) const {
 }
 
 Lieu ArbreSegments::PlusProche(Vec2 p) const {
-  Lieu meilleur;
-  if (segments_.empty()) return meilleur;
-  std::size_t pile[130];
-  std::size_t hauteur = 0;
-  pile[hauteur++] = 1;
-  while (hauteur > 0) {
-    const std::size_t k = pile[--hauteur];
-    if (Distance2(k, p) >= meilleur.distance2) continue;
-    if (k >= feuilles_) {
-      for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) {
-        Lieu l = LieuSurSegment(segments_[i], p);
-        l.segment = i;
-        if (l.distance2 < meilleur.distance2) meilleur = l;
-      }
-      continue;
-    }
-    std::size_t loin = 2 * k;
-    std::size_t pres = 2 * k + 1;
-    if (Distance2(loin, p) < Distance2(pres, p)) std::swap(loin, pres);
-    pile[hauteur++] = loin;
-    pile[hauteur++] = pres;
-  }
-  return meilleur;
+  return PlusProche(p, std::numeric_limits<double>::infinity(), [](std::size_t) { return true; });
 }
 
 // Do segments i < j meet anywhere but in the vertex that neighbours share?

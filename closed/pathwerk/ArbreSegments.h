@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <limits>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "closed/pathwerk/Vecteur.h"
@@ -36,6 +37,35 @@ class ArbreSegments {
   [[nodiscard]] const std::vector<Segment>& Segments() const { return segments_; }
   // Nearest place to `p`; `segment` is meaningless (and the distance infinite) when there are no segments.
   [[nodiscard]] Lieu PlusProche(Vec2 p) const;
+  // The same among places nearer than sqrt(limite2) on segments that `accepte(segment)` takes; at `limite2` when
+  // there is none.
+  template <class Accepte>
+  [[nodiscard]] Lieu PlusProche(Vec2 p, double limite2, Accepte accepte) const {
+    Lieu meilleur;
+    meilleur.distance2 = limite2;
+    if (segments_.empty()) return meilleur;
+    std::size_t pile[130];
+    std::size_t hauteur = 0;
+    pile[hauteur++] = 1;
+    while (hauteur > 0) {
+      const std::size_t k = pile[--hauteur];
+      if (Distance2(k, p) >= meilleur.distance2) continue;
+      if (k >= feuilles_) {
+        for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) {
+          Lieu l = LieuSurSegment(segments_[i], p);
+          l.segment = i;
+          if (l.distance2 < meilleur.distance2 && accepte(i)) meilleur = l;
+        }
+        continue;
+      }
+      std::size_t loin = 2 * k;
+      std::size_t pres = 2 * k + 1;
+      if (Distance2(loin, p) < Distance2(pres, p)) std::swap(loin, pres);
+      pile[hauteur++] = loin;
+      pile[hauteur++] = pres;
+    }
+    return meilleur;
+  }
   // Calls `visite(lieu)` for the nearest place of every segment that comes within sqrt(limite2) of `p`.
   template <class Visite>
   void Voisins(Vec2 p, double limite2, Visite visite) const {

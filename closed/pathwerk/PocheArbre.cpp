@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <numeric>
 #include <utility>
 
 namespace pathwerk::geo {
@@ -65,16 +67,12 @@ class ArbreAnneaux::Index {
     const Lieu l = arbre_.PlusProche(p);
     return {Rang(l.segment), l};
   }
-  // Nearest place among those nearer than sqrt(limite2); kAucun when there is none.
-  [[nodiscard]] Trouve PlusProcheSous(Vec2 p, double limite2) const {
-    if (limite2 == kInf) return PlusProche(p);
-    Lieu meilleur;
-    meilleur.distance2 = limite2;
-    arbre_.Voisins(p, limite2, [&meilleur](const Lieu& l) {
-      if (l.distance2 < meilleur.distance2) meilleur = l;
-    });
-    if (meilleur.distance2 >= limite2) return {kAucun, {}};
-    return {Rang(meilleur.segment), meilleur};
+  // Nearest place nearer than sqrt(limite2) on rings that `accepte(ring)` takes; kAucun when there is none.
+  template <class Accepte>
+  [[nodiscard]] Trouve PlusProche(Vec2 p, double limite2, Accepte accepte) const {
+    const Lieu l = arbre_.PlusProche(p, limite2, [&](std::size_t segment) { return accepte(Rang(segment)); });
+    if (l.distance2 >= limite2) return {kAucun, {}};
+    return {Rang(l.segment), l};
   }
   [[nodiscard]] const ArbreSegments& Arbre() const { return arbre_; }
 
@@ -200,56 +198,87 @@ std::vector<std::size_t> ArbreAnneaux::RacinesDeTous() const {
   return racine;
 }
 
+// Free move from one tree to its nearest neighbour.
+struct ArbreAnneaux::Pont {
+  std::size_t de = kAucun;
+  std::size_t vers = kAucun;
+  Lieu depart;
+};
+
+// Rings in groups that hang together. The smaller of two groups joins the other, so no ring changes often.
+class ArbreAnneaux::Groupes {
+ public:
+  explicit Groupes(std::vector<std::size_t> groupe) : groupe_(std::move(groupe)), membres_(groupe_.size()) {
+    for (std::size_t k = 0; k < groupe_.size(); ++k) membres_[groupe_[k]].push_back(k);
+  }
+  [[nodiscard]] std::size_t De(std::size_t anneau) const { return groupe_[anneau]; }
+  [[nodiscard]] const std::vector<std::size_t>& Membres(std::size_t groupe) const { return membres_[groupe]; }
+  void Reunit(std::size_t a, std::size_t b) {
+    if (membres_[a].size() > membres_[b].size()) std::swap(a, b);
+    for (const std::size_t k : membres_[a]) groupe_[k] = b;
+    membres_[b].insert(membres_[b].end(), membres_[a].begin(), membres_[a].end());
+    membres_[a] = {};
+  }
+
+ private:
+  std::vector<std::size_t> groupe_;
+  std::vector<std::vector<std::size_t>> membres_;
+};
+
+ArbreAnneaux::Pont ArbreAnneaux::PontVersAutres(const Groupes& groupes, std::size_t groupe,
+                                                const Index& index) const {
+  const std::vector<std::size_t>& siens = groupes.Membres(groupe);
+  std::size_t points = 0;
+  for (const std::size_t k : siens) points += anneaux_[k].points.size();
+  const std::size_t saut = points / kSondages + 1;
+  const auto autre = [&](std::size_t anneau) { return groupes.De(anneau) != groupe; };
+  std::size_t rang = 0;
+  double meilleur = kInf;
+  Pont pont;
+  for (const std::size_t k : siens) {
+    const Chemin& c = anneaux_[k].points;
+    for (std::size_t i = 0; i < c.size(); ++i) {
+      if (rang++ % saut != 0) continue;
+      const Index::Trouve t = index.PlusProche(c[i], meilleur, autre);
+      if (t.anneau == kAucun || !acces_.Libre(c[i], t.lieu.point)) continue;
+      meilleur = t.lieu.distance2;
+      pont = {k, t.anneau, {i, 0, 0, c[i]}};
+    }
+  }
+  return pont;
+}
+
 // Hangs the trees that stand around islands on their neighbours. What was above the ring at which a tree is hung on
-// comes below it, and is milled behind it: still from the middle towards the island.
+// comes below it, and is milled behind it: still from the middle towards the island. Rings only turn here, so one
+// index of their places serves for all islands.
 void ArbreAnneaux::LieIles(bool horaire, double tolerance) {
   std::vector<std::size_t> iles;
   for (const std::size_t k : racines_) {
     const double aire = (horaire ? -1 : 1) * Aire(anneaux_[k].points);
     if (aire < -tolerance * Perimetre(anneaux_[k].points)) iles.push_back(k);
   }
+  if (iles.empty()) return;
+  std::vector<std::size_t> tous(anneaux_.size());
+  std::iota(tous.begin(), tous.end(), std::size_t{0});
+  const Index index(anneaux_, std::move(tous));
+  Groupes groupes(RacinesDeTous());
+  std::vector<std::uint8_t> liee(anneaux_.size(), 0);
   for (const std::size_t ile : iles) {
-    std::vector<std::size_t> siens;
-    std::vector<std::size_t> autres;
-    std::size_t points = 0;
-    const std::vector<std::size_t> racine = RacinesDeTous();
-    for (std::size_t k = 0; k < anneaux_.size(); ++k) {
-      const bool sien = racine[k] == ile;
-      (sien ? siens : autres).push_back(k);
-      if (sien) points += anneaux_[k].points.size();
-    }
-    if (autres.empty()) continue;
-    const Index index(anneaux_, autres);
-    const std::size_t saut = points / kSondages + 1;
-    std::size_t rang = 0;
-    double meilleur = kInf;
-    std::size_t de = kAucun;
-    std::size_t vers = kAucun;
-    Lieu depart;
-    for (const std::size_t k : siens) {
-      const Chemin& c = anneaux_[k].points;
-      for (std::size_t i = 0; i < c.size(); ++i) {
-        if (rang++ % saut != 0) continue;
-        const Index::Trouve t = index.PlusProcheSous(c[i], meilleur);
-        if (t.anneau == kAucun || !acces_.Libre(c[i], t.lieu.point)) continue;
-        meilleur = t.lieu.distance2;
-        de = k;
-        vers = t.anneau;
-        depart = {i, 0, 0, c[i]};
-      }
-    }
-    if (de == kAucun) continue;
-    CommenceBoucle(anneaux_[de].points, depart);
-    anneaux_[de].fixe = true;
-    for (std::size_t k = de, parent = vers; k != kAucun;) {
+    const Pont pont = PontVersAutres(groupes, groupes.De(ile), index);
+    if (pont.de == kAucun) continue;
+    groupes.Reunit(groupes.De(ile), groupes.De(pont.vers));
+    CommenceBoucle(anneaux_[pont.de].points, pont.depart);
+    anneaux_[pont.de].fixe = true;
+    for (std::size_t k = pont.de, parent = pont.vers; k != kAucun;) {
       const std::size_t ancien = anneaux_[k].parent;
       anneaux_[k].parent = parent;
-      anneaux_[k].apres = k != de;
+      anneaux_[k].apres = k != pont.de;
       parent = k;
       k = ancien;
     }
-    std::erase(racines_, ile);
+    liee[ile] = 1;
   }
+  std::erase_if(racines_, [&liee](std::size_t k) { return liee[k] != 0; });
 }
 
 std::optional<ArbreAnneaux::Lien> ArbreAnneaux::LienVers(const Cherche& parent, const Anneau& enfant,

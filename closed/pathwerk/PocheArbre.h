@@ -53,10 +53,13 @@ class ArbreAnneaux {
 
  private:
   class Index;
+  class Groupes;
+  struct Pont;
   void Ajoute(Remplissage& r);
   void AjouteRestes(const Niveau& niveau, const Index& ici, const Index* dedans, double rayon, double pas,
                     double tolerance);
   void Degage(Anneau& a, const Index& dedans, double rayon) const;
+  [[nodiscard]] Pont PontVersAutres(const Groupes& groupes, std::size_t groupe, const Index& index) const;
   void LieIles(bool horaire, double tolerance);
   [[nodiscard]] std::vector<std::size_t> RacinesDeTous() const;
   void PlaceEnfants(std::size_t parent);
