@@ -248,6 +248,26 @@ ArbreAnneaux::Pont ArbreAnneaux::PontVersAutres(const Groupes& groupes, std::siz
   return pont;
 }
 
+// Turns the tree of a ring upside down, so that it hangs there. A move whose place was known stays, and then is the
+// other ring's start.
+void ArbreAnneaux::Suspend(const Pont& pont) {
+  std::size_t parent = pont.vers;
+  bool fixe = true;
+  Vec2 lieu = pont.depart.point;
+  for (std::size_t k = pont.de; k != kAucun;) {
+    Anneau& a = anneaux_[k];
+    const bool etait = a.fixe;
+    const Vec2 debut = a.points[0];
+    a.fixe = fixe;
+    if (fixe) CommenceBoucle(a.points, ProcheSurBoucle(a.points, lieu));
+    a.apres = k != pont.de;
+    const std::size_t ancien = std::exchange(a.parent, parent);
+    fixe = etait;
+    lieu = debut;
+    parent = std::exchange(k, ancien);
+  }
+}
+
 // Hangs the trees that stand around islands on their neighbours. What was above the ring at which a tree is hung on
 // comes below it, and is milled behind it: still from the middle towards the island. Rings only turn here, so one
 // index of their places serves for all islands.
@@ -267,15 +287,7 @@ void ArbreAnneaux::LieIles(bool horaire, double tolerance) {
     const Pont pont = PontVersAutres(groupes, groupes.De(ile), index);
     if (pont.de == kAucun) continue;
     groupes.Reunit(groupes.De(ile), groupes.De(pont.vers));
-    CommenceBoucle(anneaux_[pont.de].points, pont.depart);
-    anneaux_[pont.de].fixe = true;
-    for (std::size_t k = pont.de, parent = pont.vers; k != kAucun;) {
-      const std::size_t ancien = anneaux_[k].parent;
-      anneaux_[k].parent = parent;
-      anneaux_[k].apres = k != pont.de;
-      parent = k;
-      k = ancien;
-    }
+    Suspend(pont);
     liee[ile] = 1;
   }
   std::erase_if(racines_, [&liee](std::size_t k) { return liee[k] != 0; });

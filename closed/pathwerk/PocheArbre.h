@@ -60,6 +60,7 @@ class ArbreAnneaux {
                     double tolerance);
   void Degage(Anneau& a, const Index& dedans, double rayon) const;
   [[nodiscard]] Pont PontVersAutres(const Groupes& groupes, std::size_t groupe, const Index& index) const;
+  void Suspend(const Pont& pont);
   void LieIles(bool horaire, double tolerance);
   [[nodiscard]] std::vector<std::size_t> RacinesDeTous() const;
   void PlaceEnfants(std::size_t parent);
