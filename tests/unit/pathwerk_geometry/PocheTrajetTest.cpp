@@ -208,6 +208,17 @@ TEST(PocheTrajet, MovesBetweenTheRingsOfAPlainPocketAreOneStraightLine) {
   EXPECT_NEAR(liens, std::sqrt(2.0) * (99.5 - 0.5), 1);
 }
 
+TEST(PocheTrajet, TheWayAroundABendIsTheShorterOne) {
+  // A room and a corridor with two bends, in whose blind end the wall's round begins.
+  const Forme f{{60, 30}, {55, 30}, {55, 10}, {20, 10}, {20, 20}, {0, 20}, {0, 0}, {20, 0}, {20, 5}, {60, 5}};
+  const auto [r, t] = Decale(EnTrace(f, true), 2, 40);
+  ASSERT_GT(r, 0);
+  const double mur = Longueur(Decale(EnTrace(f, true), 2, 101).second);
+  // Rings of the room at 4.4, 6.8 and 9.2 mm, their moves, and from the room's edge to the corridor's end.
+  const double dedans = 4 * (11.2 + 6.4 + 1.6) + 4 * 2.4 * 1.5;
+  EXPECT_LT(Longueur(t), mur + dedans + std::hypot(40, 7) + 22 + 4);
+}
+
 TEST(PocheTrajet, WhatHangsOnTheWallIsVisitedTheShorterWay) {
   // Ten chambers in a row, doors that only the outermost ring passes: one way along all of them and back with the
   // wall, not a way around for each.

@@ -127,6 +127,30 @@ TEST(SepareLobes, ScribbleThatCrossesItselfHundredsOfTimesAPointStaysWhole) {
   for (std::size_t i = 0; i < b[0].size(); i += 7) EXPECT_GE(Distance({c}, b[0][i]), 3 - kTolerance);
 }
 
+TEST(SepareLobes, OffsetOfAScribbleKeepsToTheSideThatTheWindingNumberTells) {
+  // A figure of eight, run around counter-clockwise below and clockwise above.
+  const Chemin c{{-10, -20}, {10, -20}, {-10, 20}, {10, 20}};
+  for (const int signe : {1, -1}) {
+    pathwerk::geo::Region r{{c}, signe};
+    r.fouillis = true;
+    for (const double d : {1.0, -1.0}) {
+      std::vector<Chemin> b;
+      ASSERT_TRUE(pathwerk::geo::DecaleRegion(r, d, kTolerance, b));
+      // To the left of the path that runs around its region counter-clockwise: that region, of winding number 1.
+      // Of the one it runs around clockwise, number -1, what is left of it is all the rest.
+      const bool gauche = d > 0;
+      std::size_t dedans = 0;
+      for (const Chemin& boucle : b) {
+        const int tours = Tours({c}, boucle[0]);
+        EXPECT_EQ(signe > 0 ? tours >= 1 : tours >= 0, gauche) << "winding number " << tours;
+        dedans += tours != 0;
+      }
+      EXPECT_EQ(dedans, 1U) << "of either loop of the eight, the wanted one alone";
+      EXPECT_EQ(b.size(), (signe > 0) == gauche ? 1U : 2U) << "the outside in one loop";
+    }
+  }
+}
+
 TEST(SepareLobes, WindingOfRandomPathsDecidesEveryPlace) {
   std::mt19937_64 g(9);
   for (int k = 0; k < 400; ++k) {
