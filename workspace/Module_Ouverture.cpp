@@ -97,6 +97,9 @@ void LitDessin(ContenuLu& contenu) {
   contenu.sequences = TraceInitial.empty() ? 0 : NbSequences();
 }
 
+// Status panel of what the reader has left out, kind by kind with its count.
+constexpr int PanneauEcartes = 5;
+
 // The size dialog, then the clean-up: the machine's finest step stands to the diagonal of its travel as the
 // tolerance to the diagonal of the drawing, so that a drawing of any size keeps the same share of its points.
 void DimensionneEtNettoie() {
@@ -146,6 +149,18 @@ bool RendFichierUniforme(const std::string& chemin) {
   } catch (const std::bad_alloc&) {
     return false;  // the reader tells what it can't take
   }
+}
+
+// A drawing whose end is missing looks whole in the picture, so it is told, like a project's.
+void AvertitTronque() {
+  Boite boite;
+  boite.section = "erreurs";
+  boite.cle = "102";
+  boite.texte = Traduire(boite.section, boite.cle) + "\n" + FichierCourant;
+  boite.titre = NomProgramme;
+  boite.icone = Icone::Exclamation;
+  boite.fichier = FichierCourant;
+  Svc.Montre(boite);
 }
 
 }  // namespace
@@ -218,6 +233,7 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
     MontreRefusLecture(lu);
     return Ouverture::Refusee;
   }
+  if (lu.rapport.Tronque) AvertitTronque();
   if (FichierProjet.empty()) DimensionneEtNettoie();
   if (!projet) {
     if (NbPoints < SeuilOptimisation) mnu_Optimisation_Click();
@@ -240,6 +256,7 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   PointCourantX = TraceInitial.front().X;
   PointCourantY = TraceInitial.front().Y;
   Svc.Panneau(1, " " + NomDe(FichierCourant));
+  Svc.Panneau(PanneauEcartes, lu.message);
   // The view, the lists and the picture of a large drawing take their time one by one.
   Svc.LaisseEvenements(Evenements::Affichage);
   Svc.DessinOuvert(true);

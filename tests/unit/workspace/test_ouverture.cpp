@@ -57,6 +57,27 @@ TEST(Ouvrir, APathThatDoesNotExistChangesNothing) {
   EXPECT_EQ(LireCle("Fichier", "rien"), "rien");
 }
 
+TEST(Ouvrir, ADrawingWhoseEndIsMissingIsOpenedWithAWarning) {
+  const std::string entier = CarreDxf;
+  const std::string coupe = EcritFichierEssai("coupe.dxf", entier.substr(0, entier.find("0\r\nENDSEC")));
+  Attend("erreurs", "102");
+  EXPECT_EQ(Ouvre(coupe), Ouverture::Reussie);
+  ASSERT_EQ(essai::Boites().size(), 1U);
+  EXPECT_EQ(essai::Boites()[0].icone, Icone::Exclamation);
+  EXPECT_EQ(essai::Boites()[0].fichier, coupe);
+  EXPECT_EQ(NbSequences(), 1);
+}
+
+TEST(Ouvrir, WhatTheReaderLeavesOutIsToldInTheStatusBarUntilTheNextDrawing) {
+  std::string avecTexte = CarreDxf;
+  avecTexte.insert(avecTexte.find("0\r\nENDSEC"),
+                   "0\r\nTEXT\r\n8\r\n0\r\n10\r\n1\r\n20\r\n2\r\n40\r\n5\r\n1\r\nA\r\n");
+  EXPECT_EQ(Ouvre(EcritFichierEssai("texte.dxf", avecTexte)), Ouverture::Reussie);
+  EXPECT_THAT(essai::Panneaux(), testing::Contains(testing::Pair(5, "TEXT 1")));
+  EXPECT_EQ(Ouvre(EcritFichierEssai("carre.dxf", CarreDxf)), Ouverture::Reussie);
+  EXPECT_EQ(essai::Panneaux().back(), (std::pair<int, std::string>{5, ""}));
+}
+
 TEST(Ouvrir, ACancelledDialogChangesNothing) {
   FichierCourant = "avant";
   essai::AttendFichier("mnu_Ouvrir", "");
