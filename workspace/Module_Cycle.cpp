@@ -226,6 +226,11 @@ SuiteCommande OuvreLigneCommande(std::string ligne) {
     MontreTexte("Fichier OVL corrompu", chemin);
     return SuiteCommande::OvlCorrompu;
   }
+  std::error_code erreur;
+  if (!std::filesystem::exists(chemin, erreur)) {
+    Message("F_Representation", "lib340", Icone::Exclamation);
+    return SuiteCommande::Refusee;
+  }
   Cycle.OuvertureDehors = true;
   const Ouverture ouverture = mnu_Ouvrir(chemin, OptionsOuverture{});
   Cycle.OuvertureDehors = false;

@@ -78,7 +78,8 @@ TEST(LigneCommande, AProjectMustBeginWithItsMark) {
   EXPECT_EQ(OuvreLigneCommande("/absent.ovl"), SuiteCommande::OvlCorrompu);
 }
 
-TEST(LigneCommande, ADrawingThatIsGoneChangesNothing) {
+TEST(LigneCommande, ADrawingThatIsGoneIsToldAndChangesNothing) {
+  essai::Attend("F_Representation", "lib340");
   EXPECT_EQ(OuvreLigneCommande("/absent.dxf"), SuiteCommande::Refusee);
   EXPECT_EQ(FichierProjet, "");
   EXPECT_EQ(Modifie, Faux);
