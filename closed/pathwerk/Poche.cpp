@@ -5,6 +5,7 @@
 // the right of the tool, as the plain parallel curve has (counter-clockwise: a clockwise spindle climbs), a
 // negative one to its left.
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "closed/pathwerk/Decalages.h"
@@ -20,10 +21,11 @@ std::vector<Piece> RemplitPoche(const Source& source, double distance, int recou
   std::vector<Piece> pieces;
   for (const Region& region : regions) {
     if (region.signe == 0) continue;
-    Remplissage r = Anneaux(region, distance, recouvrement, tolerance);
-    if (r.niveaux.empty()) continue;
+    std::optional<Remplissage> r = Anneaux(region, distance, recouvrement, tolerance);
+    if (!r) return {};
+    if (r->niveaux.empty()) continue;
     const Acces acces(region, rayon, tolerance);
-    ArbreAnneaux arbre(std::move(r), acces);
+    ArbreAnneaux arbre(std::move(*r), acces);
     for (Piece& p : Trajets(arbre, acces, report, tolerance)) pieces.push_back(std::move(p));
   }
   return pieces;

@@ -70,15 +70,15 @@ double Pas(const Region& region, double rayon, int recouvrement, double toleranc
   return pas;
 }
 
-// Loops at `profondeur` inside the outline, in the sense of travel.
-std::vector<Boucle> BouclesA(const Region& region, double profondeur, double tolerance, bool horaire,
-                             bool origines) {
+// Loops at `profondeur` inside the outline, in the sense of travel; none where they can't be computed.
+std::optional<std::vector<Boucle>> BouclesA(const Region& region, double profondeur, double tolerance, bool horaire,
+                                            bool origines) {
   std::vector<Chemin> b;
   std::vector<Origines> o;
   const double d = region.signe > 0 ? profondeur : -profondeur;
   const bool fait = origines ? DecaleRegion(region, d, tolerance, b, o) : DecaleRegion(region, d, tolerance, b);
+  if (!fait) return std::nullopt;
   std::vector<Boucle> r;
-  if (!fait) return r;
   for (std::size_t k = 0; k < b.size(); ++k) {
     if (b[k].empty()) continue;
     Boucle boucle{std::move(b[k]), {}};
@@ -202,7 +202,7 @@ std::optional<Vec2> PlacePresDeTous(const Chemin& points, Vec2 de, Vec2 vers, do
   return de + v * debut;
 }
 
-Remplissage Anneaux(const Region& region, double distance, int recouvrement, double tolerance) {
+std::optional<Remplissage> Anneaux(const Region& region, double distance, int recouvrement, double tolerance) {
   Remplissage r;
   r.rayon = std::abs(distance);
   r.tolerance = tolerance;
@@ -213,13 +213,15 @@ Remplissage Anneaux(const Region& region, double distance, int recouvrement, dou
   for (std::size_t k = 0;; ++k) {
     Niveau niveau;
     niveau.profondeur = r.rayon + static_cast<double>(k) * r.pas;
-    niveau.anneaux = BouclesA(region, niveau.profondeur, tolerance, r.horaire, k == 0);
-    if (niveau.anneaux.empty()) break;
+    auto anneaux = BouclesA(region, niveau.profondeur, tolerance, r.horaire, k == 0);
+    if (!anneaux) return std::nullopt;
+    if (anneaux->empty()) break;
+    niveau.anneaux = std::move(*anneaux);
     if (restes) {
       // A hair deeper, so that a band of twice the cutter's width, which the ring just clears, has none.
-      for (Boucle& b : BouclesA(region, niveau.profondeur + r.rayon + tolerance / 4, tolerance, r.horaire, false)) {
-        niveau.fond.push_back(std::move(b.points));
-      }
+      auto fond = BouclesA(region, niveau.profondeur + r.rayon + tolerance / 4, tolerance, r.horaire, false);
+      if (!fond) return std::nullopt;
+      for (Boucle& b : *fond) niveau.fond.push_back(std::move(b.points));
     }
     r.niveaux.push_back(std::move(niveau));
     if (recouvrement > 100) break;

@@ -31,8 +31,9 @@ struct Remplissage {
 };
 
 // Rings of the region. `distance`: radius of the cutter, mm; positive has the outline to the right of the tool.
-// `recouvrement` in per cent, above 100 for the outermost rings alone. No level: there is no room.
-Remplissage Anneaux(const Region& region, double distance, int recouvrement, double tolerance);
+// `recouvrement` in per cent, above 100 for the outermost rings alone. No level: there is no room. None: a ring
+// could not be computed (no memory, figures out of range), and half a fill is no fill.
+std::optional<Remplissage> Anneaux(const Region& region, double distance, int recouvrement, double tolerance);
 
 // The stretches of a loop that lie farther than `portee` from everything in `atteint`, each closed to a loop of its
 // own, by a straight move where that is free, else by the way back; the whole loop if all of it does.

@@ -163,6 +163,15 @@ TEST(PocheSurete, RingsThatWouldJustTouchLieAHairNearer) {
   EXPECT_GT(deuxieme, 6 - 3 * kTolerance);
 }
 
+TEST(PocheSurete, ARingThatCannotBeComputedIsNotTheEndOfTheFill) {
+  using namespace pathwerk::geo;
+  const auto carre = [](double c) { return Region{{{{0, 0}, {c, 0}, {c, c}, {0, c}}}, 1}; };
+  EXPECT_FALSE(Anneaux(carre(3e9), 1e8, 40, 0.01)) << "beyond what the engine takes: no fill at all";
+  const auto petit = Anneaux(carre(1), 2, 40, 0.01);
+  ASSERT_TRUE(petit);
+  EXPECT_TRUE(petit->niveaux.empty()) << "no room is an answer";
+}
+
 TEST(PocheSurete, OnePlaceIsNearAllPointsOrThereIsNone) {
   using pathwerk::geo::PlacePresDeTous;
   const pathwerk::geo::Chemin points{{-4, 3}, {4, 3}};
