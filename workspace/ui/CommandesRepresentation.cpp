@@ -140,7 +140,10 @@ void F_Representation::Annule() {
   crochets.MontreBouton = [this](bool visible) { commandes_->MontreUndo(visible); };
   crochets.RemplitArbres = [this] { panneau_->RemplitArbres(); };
   crochets.DeuxiemeDrapeauOutil = [] { Cycle.AfficheOutil2 = true; };
-  crochets.Dessin = [this] { PB1_->Dessin(); };
+  crochets.Dessin = [this] {
+    vide_->setVisible(TraceInitial.size() < 2);
+    PB1_->Dessin();
+  };
   const ResultatAnnulation resultat = mnu_Undo(crochets);
   commandes_->Active("mnu_Undo", resultat.bouton);
   panneau_->InitSeq();

@@ -77,6 +77,17 @@ TEST_F(Imprevu, AQuitDuringTheLoadComesWhenItIsDone) {
   EXPECT_FALSE(fenetre_->isVisible());
 }
 
+TEST_F(Imprevu, AnUndoOutOfAnEmptyDrawingTakesTheInvitationAway) {
+  Charge(Exemple("plaque.dxf"));
+  const std::size_t points = TraceInitial.size();
+  Commande("mnu_Tout");
+  Commande("mnu_Supprimer");
+  ASSERT_TRUE(C<QLabel>("Lbl_Vide")->isVisible());
+  Commande("mnu_Undo");
+  EXPECT_EQ(TraceInitial.size(), points);
+  EXPECT_FALSE(C<QLabel>("Lbl_Vide")->isVisible());
+}
+
 TEST_F(Imprevu, AnUndoThatArrivesDuringAPassComesAfterIt) {
   Charge(Exemple("plaque.dxf"));
   const auto debut = TraceInitial;
