@@ -100,13 +100,19 @@ Forme Treillis(int n, double maille, double largeur) {
   return f;
 }
 
+// A room and an arm beside it, where the outline begins. At a scale of 1 and a radius of 1 mm the arm takes two
+// rings, the room more.
+Forme BrasReplie(double echelle) {
+  Forme f{{23.5, 0}, {26, 0},  {26, 27}, {5, 27},  {5, 20},  {0, 20}, {0, 0},
+          {20, 0},   {20, 20}, {10, 20}, {10, 22}, {21, 22}, {21, 0}};
+  for (P& p : f) p = {p.x * echelle, p.y * echelle};
+  return f;
+}
+
 }  // namespace
 
 TEST(PocheSurete, RingsBeginInTheArmOfTheStartWithoutAWayThroughItsWall) {
-  // The arm takes two rings and folds down beside the room, which takes more.
-  const Forme f{{23.5, 0}, {26, 0},  {26, 27}, {5, 27},  {5, 20},  {0, 20}, {0, 0},
-                {20, 0},   {20, 20}, {10, 20}, {10, 22}, {21, 22}, {21, 0}};
-  const Trace s = EnTrace(f, true);
+  const Trace s = EnTrace(BrasReplie(1), true);
   for (const double signe : {1.0, -1.0}) {
     for (const int recouvrement : {0, 20, 40, 60, 80}) {
       const auto [r, t] = Decale(s, signe, recouvrement);
@@ -118,13 +124,13 @@ TEST(PocheSurete, RingsBeginInTheArmOfTheStartWithoutAWayThroughItsWall) {
 }
 
 TEST(PocheSurete, ACutterAsThinAsTheToleranceStaysInside) {
-  // A wall of 0.02 mm between two arms.
-  const Forme f{{0, 0}, {0.4, 0}, {0.4, 0.5}, {0.42, 0.5}, {0.42, 0}, {0.8, 0}, {0.8, 0.6}, {0, 0.6}};
-  const Trace s = EnTrace(f, true);
-  for (const double rayon : {0.004, 0.008, 0.012}) {
-    const auto [r, t] = Decale(s, rayon, 40);
-    ASSERT_GT(r, 0);
-    EXPECT_LT(MesureCouverture(s, t, rayon).entaille, rayon) << "R " << rayon;
+  for (const double rayon : {0.003, 0.004, 0.006}) {
+    for (const double echelle : {1.0 / 150, 1.0 / 120}) {
+      const Trace s = EnTrace(BrasReplie(echelle), true);
+      const auto [r, t] = Decale(s, rayon, 40);
+      ASSERT_GT(r, 0);
+      EXPECT_LT(MesureCouverture(s, t, rayon).entaille, rayon) << "R " << rayon << ", scale " << echelle;
+    }
   }
 }
 
