@@ -98,7 +98,7 @@ Encres EncresDe(QIcon::Mode mode) {
   }
   if (mode == QIcon::Selected) {
     const QColor choisi = p.color(QPalette::HighlightedText);
-    return {choisi, CouleurLisible(Accent, p.color(QPalette::Highlight))};
+    return {choisi, choisi};  // no second colour can be told from every ground of a selection
   }
   return {p.color(QPalette::WindowText), CouleurLisible(Accent, fond)};
 }
