@@ -80,6 +80,14 @@ bool Inchange(const Identite& avant, const std::string& reglages) {
          MemesFiches(Dernier.sequences, Sequences);
 }
 
+// The drawing is empty, and so it was at the last snapshot. One step is enough for that: a project without points
+// can't be read back, so the one before an empty one must always be the drawing.
+bool DejaVide(const std::string& avant) {
+  constexpr std::size_t PointsMin = 2;
+  return TraceInitial.size() < PointsMin && !avant.empty() && Dernier.points.size() < PointsMin &&
+         IdentiteDe(avant) == Dernier.identite;
+}
+
 // Two files of one length with the same bytes become one with two names.
 bool Reunit(const std::string& avant, const std::string& chemin) {
   const Identite a = IdentiteDe(avant);
@@ -148,6 +156,7 @@ ResultatInstantane PrendInstantane() {
   if (n >= DernierInstantane) return r;
   const std::string chemin = CheminInstantane(n + 1);
   const std::string avant = dernierNom.empty() ? "" : DossierTemp + "/" + dernierNom;
+  if (DejaVide(avant)) return r;
   const PendantInstantane pendant(chemin);
   std::string reglages = LignesReglages(chemin);
   if (!avant.empty() && Inchange(IdentiteDe(avant), reglages) && link(avant.c_str(), chemin.c_str()) == 0) {

@@ -12,6 +12,7 @@
 #include "core/Reglages.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
+#include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Ouverture.h"
@@ -213,6 +214,25 @@ TEST(Annulation, BringsBackTheGeometryAndTheToolValues) {
   EXPECT_EQ(PointCourantY, 0.0F);
   EXPECT_FALSE(TraceDecale.empty());
   EXPECT_EQ(Instantanes(), (Noms{"00001.OVL"}));
+}
+
+// What is drawn anew, or set, without a drawing leaves no further step: undo would find nothing to read there.
+TEST(Annulation, ComesOutOfAnEmptiedDrawingInOneStep) {
+  essai::AjouteCarre(" A", 0, 0, 10);
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  PrendInstantane();
+  const auto dessin = TraceInitial;
+  SelectionneTout();
+  SupprimeSelection();
+  EXPECT_EQ(PrendInstantane().numero, 2);
+  EXPECT_EQ(PrendInstantane().numero, 0);
+  RayonFraise = 7;
+  const ResultatInstantane r = PrendInstantane();
+  EXPECT_EQ(r.numero, 0);
+  EXPECT_TRUE(r.bouton);
+  EXPECT_EQ(NumeroInstantane(), 2);
+  EXPECT_TRUE(mnu_Undo(AvecDessin()).lu);
+  EXPECT_TRUE(TraceInitial == dessin);
 }
 
 TEST(Annulation, IsNotOfferedWithASingleSnapshot) {
