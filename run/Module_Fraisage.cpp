@@ -53,8 +53,8 @@ struct Usinage {
   std::int64_t passes = 0;
 };
 
-// Paths that are milled, the passes of the one that takes the most, and paths without a tool path. The records of one
-// path follow each other; that of a failed offset stands alone, without points.
+// Paths that are milled, the passes of the one that takes the most, and paths without a tool path. The records of
+// one path follow each other; that of a failed offset stands alone, without points.
 Usinage CompteUsinage() {
   const IndexCodes index;
   std::map<double, std::int64_t> passesParProfondeur;
@@ -129,6 +129,9 @@ ResumePlan PlanifiePourFenetre() {
   resume.refus = VerifiePlan();
   if (resume.refus || !Tableau_Decoupe()) return resume;
   resume.figures = FiguresDe({TableDecoupe.data() + 1, static_cast<std::size_t>(NbDeplacements)});
+  const FiguresPlan& f = resume.figures;
+  resume.horsCourse = f.coupe && (f.xmin < 0 || f.ymin < 0 || f.xmax > static_cast<double>(CourseX) ||
+                                  f.ymax > static_cast<double>(CourseY));
   const Usinage usinage = CompteUsinage();
   resume.sequences = usinage.sequences;
   resume.sansTrajet = usinage.sansTrajet;

@@ -78,14 +78,16 @@ QString PanneauPlan::Avis(const ResumePlan& resume) const {
   if (resume.vide) return T("lib040", "Il n'y a pas de trajet d'outil : ouvrez d'abord un dessin.");
   if (resume.refus) return QString::fromStdString(resume.refus.texte);
   if (resume.sequences + resume.sansTrajet == 0) return T("lib023", "Aucune séquence n'est à fraiser.");
+  QStringList avis;
+  if (resume.horsCourse) avis += T("lib026", "Le parcours sort de la course de la machine.");
   if (Vitesse_Mat_H > resume.VMax) {
-    return T("lib024", "La vitesse matière dépasse la vitesse maxi de ce parcours.");
+    avis += T("lib024", "La vitesse matière dépasse la vitesse maxi de ce parcours.");
   }
   if (resume.sansTrajet > 0) {
-    return T("lib025", "Séquences trop étroites pour l'outil, non fraisées :") + QLatin1Char(' ') +
-           Entier(resume.sansTrajet);
+    avis += T("lib025", "Séquences trop étroites pour l'outil, non fraisées :") + QLatin1Char(' ') +
+            Entier(resume.sansTrajet);
   }
-  return {};
+  return avis.join(QLatin1Char('\n'));
 }
 
 void PanneauPlan::Montre(const ResumePlan& resume) {

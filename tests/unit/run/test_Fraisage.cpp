@@ -90,6 +90,17 @@ TEST(PlanifiePourFenetre, CountsPathsAndThePassesOfTheDeepest) {
   EXPECT_EQ(r.figures.lignes, NbDeplacements - 1);
 }
 
+TEST(PlanifiePourFenetre, TellsOfACutBelowTheOriginOrBeyondTheTravel) {
+  Travail();
+  EXPECT_FALSE(PlanifiePourFenetre().horsCourse);
+  AjouteTrajet(" B", -2, {{-0.5F, 5}, {10, 5}});
+  EXPECT_TRUE(PlanifiePourFenetre().horsCourse);
+  Sequences.back().Fraiser = Faux;
+  EXPECT_FALSE(PlanifiePourFenetre().horsCourse);
+  CourseX = 8;
+  EXPECT_TRUE(PlanifiePourFenetre().horsCourse);
+}
+
 TEST(PlanifiePourFenetre, CountsThePathsWhereTheToolFindsNoRoom) {
   Travail();
   AjouteTrajet(" B", -2, {});
