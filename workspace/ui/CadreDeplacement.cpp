@@ -126,6 +126,8 @@ bool CadreDeplacement::Ajoute(Axe& axe, double pas) {
   return r.fait;
 }
 
+void CadreDeplacement::Deplace(int direction, double pas) { Ajoute(direction == y_.direction ? y_ : x_, pas); }
+
 // The bar of a refused move goes back to where it was.
 void CadreDeplacement::Defile(Axe& axe, int valeur) {
   const int avant = axe.memoire;

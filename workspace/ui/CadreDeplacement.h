@@ -22,6 +22,8 @@ class CadreDeplacement : public QGroupBox {
   void Montre(const std::string& x, const std::string& y);
   void Remet();  // no displacement, the scroll bars in their middle
   void MontrePoint(const std::string& x, const std::string& y);
+  // The selection moves by `pas` mm along X (1) or Y (3); the field follows.
+  void Deplace(int direction, double pas);
 
  protected:
   bool eventFilter(QObject* objet, QEvent* e) override;

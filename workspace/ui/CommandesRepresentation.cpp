@@ -24,8 +24,8 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Representation";
-constexpr int PeriodeMin = 50;                           // ms
-constexpr float PasFleche = 0.1F, PasFlecheLong = 1.0F;  // mm
+constexpr int PeriodeMin = 50;                          // ms
+constexpr double PasFleche = 0.1, PasFlecheLong = 1.0;  // mm
 
 bool Existe(const char* nom) { return FenetreExiste && FenetreExiste(nom); }
 
@@ -181,7 +181,7 @@ void F_Representation::mnu_Nettoyage() {
 // The selection follows the cursor keys, a tenth of a millimetre a stroke, a whole one with Shift.
 bool F_Representation::FlecheDeplace(int touche, Qt::KeyboardModifiers touches) {
   int direction = 0;
-  float signe = 1;
+  double signe = 1;
   switch (touche) {
     case Qt::Key_Left:
       direction = 1;
@@ -202,8 +202,8 @@ bool F_Representation::FlecheDeplace(int touche, Qt::KeyboardModifiers touches) 
   }
   Code2 dernier;
   if (NbSelectionnees(dernier) == 0) return true;
-  const float pas = (touches & Qt::ShiftModifier) != 0 ? PasFlecheLong : PasFleche;
-  Deplacement_Selection(direction, signe * pas);
+  const double pas = (touches & Qt::ShiftModifier) != 0 ? PasFlecheLong : PasFleche;
+  panneau_->SequencesPage()->Deplace(direction, signe * pas);
   return true;
 }
 

@@ -132,6 +132,8 @@ void PageSequences::Remplit(const ChampsPanneau& champs) {
   dimensions_->Montre(champs);
 }
 
+void PageSequences::Deplace(int direction, double pas) { deplacement_->Deplace(direction, pas); }
+
 void PageSequences::MontrePoint(const ResultatClic& clic) {
   if (clic.croix) deplacement_->MontrePoint(clic.TB_X, clic.TB_Y);
 }

@@ -19,6 +19,7 @@ class PageSequences : public QWidget {
 
   void Remplit(const ChampsPanneau& champs);   // after InitSeq
   void MontrePoint(const ResultatClic& clic);  // TB_X and TB_Y show a clicked point
+  void Deplace(int direction, double pas);     // a move of the selection in mm, 1: X, 3: Y; TB_X and TB_Y follow
 
  private:
   QWidget* Commandes();

@@ -277,6 +277,8 @@ TEST_F(Travail, CursorKeysOverThePictureMoveTheSelection) {
   essai::Evenements();
   EXPECT_NEAR(Premier(" E").X, avant.X + 1, 1e-4);
   EXPECT_NEAR(Premier(" E").Y, avant.Y + 0.1F, 1e-4);
+  EXPECT_EQ(C<QLineEdit>("TB_X")->text().toDouble(), 1);
+  EXPECT_EQ(C<QLineEdit>("TB_Y")->text().toDouble(), 0.1);
 }
 
 TEST_F(Travail, ATurnByNinetyDegreesExchangesWidthAndHeight) {
