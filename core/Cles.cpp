@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "core/Document.h"
 #include "core/Etat.h"
@@ -185,6 +186,9 @@ void DeplacerSection(std::string_view source, std::string_view cible, const std:
 
 LotCles::LotCles() { magasin::DebutLot(); }
 LotCles::~LotCles() { magasin::FinLot(); }
+
+SansProjet::SansProjet() : projet_(std::exchange(FichierProjet, std::string())) {}
+SansProjet::~SansProjet() { FichierProjet = std::move(projet_); }
 
 void OublieCles() { magasin::Oublie(); }
 

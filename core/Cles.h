@@ -55,6 +55,19 @@ class LotCles {
   LotCles& operator=(const LotCles&) = delete;
 };
 
+// While one stands, keys come from the settings file alone and go there alone: the open project overrides nothing
+// and receives nothing. A `LotCles` over the same keys is made behind it.
+class SansProjet {
+ public:
+  SansProjet();
+  ~SansProjet();
+  SansProjet(const SansProjet&) = delete;
+  SansProjet& operator=(const SansProjet&) = delete;
+
+ private:
+  std::string projet_;
+};
+
 // Forget what is held of the files (another program, or a test, has changed them).
 void OublieCles();
 

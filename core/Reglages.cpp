@@ -98,10 +98,8 @@ void EcritOptions() {
   EcritEntier("TimerInterval", Regl.TimerInterval);
   // The length of the recent list is the user's: blank for the moment, so that no project takes it. A snapshot
   // does.
-  const std::string projet = FichierProjet;
-  FichierProjet.clear();
+  const SansProjet reglages;
   EcritEntier("gMaxMRU", Regl.gMaxMRU);
-  FichierProjet = projet;
 }
 
 void EcritOutil() {
@@ -112,10 +110,8 @@ void EcritOutil() {
 }
 
 void EcritSoudure() {
-  const std::string projet = FichierProjet;
-  FichierProjet.clear();
+  const SansProjet reglages;
   EcrireCle("ToleranceSoudure", TexteNombre(Regl.ToleranceSoudure));
-  FichierProjet = projet;
 }
 
 // Two of the names are not those that are read: "CouleurSelectionne" differs in letter case, which the settings

@@ -36,19 +36,6 @@ enum Colonne : std::size_t {
   NbColonnes = HauteurPont
 };
 
-// The presets belong to the settings file: while one of these stands, the open project overrides nothing and
-// receives nothing.
-class SansProjet {
- public:
-  SansProjet() : projet_(std::exchange(FichierProjet, std::string())) {}
-  ~SansProjet() { FichierProjet = std::move(projet_); }
-  SansProjet(const SansProjet&) = delete;
-  SansProjet& operator=(const SansProjet&) = delete;
-
- private:
-  std::string projet_;
-};
-
 std::string CleFiche(std::size_t rang) { return "DB" + std::to_string(rang); }
 
 bool FicheExiste(std::size_t rang) { return LireCle(CleFiche(rang), Manquante) != Manquante; }

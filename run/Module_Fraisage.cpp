@@ -178,10 +178,9 @@ void FermeFraisage(int gauche, int haut) {
   const LotCles lot;
   EcrireCle("Vitesse_Mat_H", TexteNombre(Vitesse_Mat_H));
   EcrireCle("Vitesse_Mat_V", TexteNombre(Vitesse_Mat_V));
-  const std::string projet = std::exchange(FichierProjet, std::string());
+  const SansProjet reglages;
   EcrireCle("F_Fraisage_Left", TexteNombre(static_cast<long>(gauche) * TwipsPixel));
   EcrireCle("F_Fraisage_Top", TexteNombre(static_cast<long>(haut) * TwipsPixel));
-  FichierProjet = projet;
 }
 
 std::optional<std::pair<int, int>> LitPlaceFraisage() {

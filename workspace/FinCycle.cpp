@@ -66,6 +66,8 @@ void EcritPlacement(const EtatFenetre& f) {
   EcritPlace(f);
   EcritCleFenetre("_Max", f.place.maximisee ? -1 : 0);
   EcritCleFenetre("_BD", f.indexBD);
+  const SansProjet reglages;
+  EcritCleFenetre("_Panneau", f.panneau);
 }
 
 // The settings file makes room for a fresh one where that was wanted; otherwise the user gets a copy. No failure is
@@ -140,12 +142,9 @@ void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents) {
 
 // The load of the window looks into the settings file alone; a large project isn't written anew for each new size.
 void RetaillePlacement(const EtatFenetre& fenetre) {
-  const std::string projet = std::exchange(FichierProjet, std::string());
-  {
-    const LotCles lot;
-    EcritPlace(fenetre);
-  }
-  FichierProjet = projet;
+  const SansProjet reglages;
+  const LotCles lot;
+  EcritPlace(fenetre);
 }
 
 CoupeVeille::CoupeVeille(CrochetsVeille crochets) : crochets_(std::move(crochets)) {

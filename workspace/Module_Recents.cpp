@@ -68,20 +68,17 @@ void AjouteRecent(const std::string& chemin) {
 void OteRecent(const std::string& chemin) { std::erase(Recents.chemins, chemin); }
 
 void SauveRecents() {
-  const std::string projet = std::exchange(FichierProjet, "");
-  {
-    const LotCles lot;
-    std::size_t n = 0;
-    for (const std::string& chemin : Recents.chemins) {
-      if (Relisible(chemin)) EcrireCle(Cle(++n), chemin);
-    }
-    std::vector<std::string> derriere;
-    for (const auto& ligne : magasin::Ini(CheminIni()).Lignes(NomProgramme)) {
-      if (NumeroDe(ligne.first) > n) derriere.push_back(ligne.first);
-    }
-    for (const std::string& cle : derriere) SupprimerCle(cle);
+  const SansProjet reglages;
+  const LotCles lot;
+  std::size_t n = 0;
+  for (const std::string& chemin : Recents.chemins) {
+    if (Relisible(chemin)) EcrireCle(Cle(++n), chemin);
   }
-  FichierProjet = projet;
+  std::vector<std::string> derriere;
+  for (const auto& ligne : magasin::Ini(CheminIni()).Lignes(NomProgramme)) {
+    if (NumeroDe(ligne.first) > n) derriere.push_back(ligne.first);
+  }
+  for (const std::string& cle : derriere) SupprimerCle(cle);
 }
 
 std::vector<std::string> TextesRecents() {
