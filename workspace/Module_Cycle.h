@@ -115,7 +115,8 @@ bool DemandeFermeture(const CrochetsFermeture& crochets, const std::string& titr
 struct EtatFenetre {
   Placement place;  // `maximisee` included
   bool minimisee = false;
-  int indexBD = 0;  // of the combo CB_BD
+  int indexBD = 0;    // of the combo CB_BD
+  int panneau = 340;  // width of the side panel, logical pixels, 0 when it is closed; never in a project
 };
 // The window has another size: its place goes to the settings file, so that one that is maximised afterwards and
 // then closed comes back with the size that it had last.

@@ -24,7 +24,6 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Representation";
-constexpr int PeriodeMin = 50;                          // ms
 constexpr double PasFleche = 0.1, PasFlecheLong = 1.0;  // mm
 
 bool Existe(const char* nom) { return FenetreExiste && FenetreExiste(nom); }
@@ -91,9 +90,9 @@ Executions F_Representation::ToutesExecutions() {
   if (Existe("F_ParamAppli")) {
     e["mnu_ParamAppli"] = [this] {
       if (!OuvreFenetre("F_ParamAppli", this)) return;
-      // The colours, the number of recent files and the period of the timer may have changed.
+      // The colours and the period of the timer may have changed.
       panneau_->Couleurs();
-      Timer_Interro_->setInterval(std::max(Regl.TimerInterval, PeriodeMin));
+      RegleTimer_Interro();
       Rafraichit();
     };
   }
@@ -140,12 +139,10 @@ void F_Representation::Annule() {
   crochets.MontreBouton = [this](bool visible) { commandes_->MontreUndo(visible); };
   crochets.RemplitArbres = [this] { panneau_->RemplitArbres(); };
   crochets.DeuxiemeDrapeauOutil = [] { Cycle.AfficheOutil2 = true; };
-  crochets.Dessin = [this] {
-    vide_->setVisible(TraceInitial.size() < 2);
-    PB1_->Dessin();
-  };
+  crochets.Dessin = [this] { Dessine(); };
   const ResultatAnnulation resultat = mnu_Undo(crochets);
   commandes_->Active("mnu_Undo", resultat.bouton);
+  panneau_->OublieDeplacement();
   panneau_->InitSeq();
   panneau_->Fraisage()->RemplitOutil();
 }

@@ -39,8 +39,6 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Representation";
-constexpr const char* CleSeparateur = "F_Representation_Panneau";
-constexpr int LargeurPanneau = 340;  // logical pixels
 constexpr int LargeurMin = 760, HauteurMin = 520;
 constexpr int LargeurNeuve = 1280, HauteurNeuve = 800;
 constexpr int CoteIcone = 24;
@@ -104,7 +102,7 @@ void F_Representation::Dispose() {
   separateur_->setStretchFactor(0, 1);
   separateur_->setStretchFactor(1, 0);
   separateur_->setCollapsible(0, false);
-  separateur_->setSizes({1000, LargeurPanneau});
+  separateur_->setSizes({1000, EtatFenetre{}.panneau});
   setCentralWidget(separateur_);
 
   SB1_ = new BarreEtat(this);
@@ -178,7 +176,7 @@ void F_Representation::Place() {
   }
   move(ecran.left() + EnPixels(p.gauche), ecran.top() + EnPixels(p.haut));
   if (p.maximisee) setWindowState(windowState() | Qt::WindowMaximized);
-  const int panneau = static_cast<int>(LireNombre(CleSeparateur, LargeurPanneau));
+  const int panneau = static_cast<int>(LireNombre(std::string(Section) + "_Panneau", EtatFenetre{}.panneau));
   separateur_->setSizes({std::max(width() - panneau, 1), std::max(panneau, 0)});
   commandes_->Coche("mnu_Panneau", panneau > 0);
 }
@@ -216,6 +214,7 @@ EtatFenetre F_Representation::EtatCourant() const {
   etat.place.maximisee = isMaximized();
   etat.minimisee = isMinimized();
   etat.indexBD = commandes_->CB_BD()->currentIndex();
+  etat.panneau = separateur_->sizes().value(1);
   return etat;
 }
 
@@ -238,7 +237,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
   show();
   QTimer::singleShot(DelaiCadre, this, &F_Representation::RentreDansEcran);
   AfficheCarte();
-  Timer_Interro_->start(std::max(Regl.TimerInterval, 50));
+  RegleTimer_Interro();
   charge_ = true;
   const SuiteCommande suite = [&] {
     const PendantOuverture pendant(*this);
@@ -275,9 +274,6 @@ void F_Representation::closeEvent(QCloseEvent* e) {
   }
   dechargee_ = true;
   Timer_Interro_->stop();
-  if (separateur_->sizes().value(1) != LargeurPanneau) {
-    EcrireCle(CleSeparateur, TexteNombre(static_cast<long>(separateur_->sizes().value(1))));
-  }
   DechargeFenetre(EtatCourant(), DossierDocuments);
   e->accept();
 }
@@ -293,12 +289,16 @@ void F_Representation::changeEvent(QEvent* e) {
 void F_Representation::Rafraichit() {
   // What an opening leaves on its way isn't shown, and no step of undo leads there.
   if (ouverture_) return;
-  vide_->setVisible(TraceInitial.size() < 2);
   Respiration souffle;
   panneau_->RemplitArbres();
   souffle.Laisse();
   panneau_->InitSeq();
   souffle.Laisse();
+  Dessine();
+}
+
+void F_Representation::Dessine() {
+  vide_->setVisible(TraceInitial.size() < 2);
   PB1_->Dessin();
 }
 
@@ -309,6 +309,7 @@ void F_Representation::DessinOuvert(bool ouvert) {
   if (!ouvert) {
     vide_->hide();
     commandes_->Active("mnu_Undo", false);
+    panneau_->OublieDeplacement();
     return;
   }
   RelacheOutils();
@@ -346,6 +347,11 @@ void F_Representation::SuitOutils() {
   commandes_->Coche("mnu_Lever", Souris.mnu_Lever);
   commandes_->Coche("mnu_ZoomSelection", Souris.mnu_ZoomSelection);
   PB1_->SuitOutils();
+}
+
+void F_Representation::RegleTimer_Interro() {
+  constexpr int PeriodeMin = 50;  // ms
+  Timer_Interro_->start(std::max(Regl.TimerInterval, PeriodeMin));
 }
 
 void F_Representation::AfficheCarte() {

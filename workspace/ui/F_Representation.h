@@ -48,11 +48,13 @@ class F_Representation : public QMainWindow {
 
   // the document on show
   void Rafraichit();
+  void Dessine();  // the picture, or what to do while there is no drawing
   void DessinOuvert(bool ouvert);
   void Redessine(bool du);  // Dessin where a procedure says that it is due
   void SuitSouris(const SuiteSouris& suite);
   void SuitOutils();
   void AfficheCarte();
+  void RegleTimer_Interro();
   void Titre();
 
   // commands

@@ -33,6 +33,8 @@ class PanneauLateral : public QSplitter {
   // The panel from the document; the trees follow the selection. What has been typed as a displacement stays as
   // long as the same paths are selected.
   void InitSeq();
+  // Another drawing, or another state of it: the displacement counts from 0 again at the next InitSeq.
+  void OublieDeplacement() { selection_.clear(); }
 
  Q_SIGNALS:
   void Clic(const ovelin::ResultatClic& resultat);
@@ -55,7 +57,7 @@ class PanneauLateral : public QSplitter {
   QTabBar* choixPage_ = nullptr;
   QStackedWidget* pileArbres_ = nullptr;
   QStackedWidget* pilePages_ = nullptr;
-  bool regle_ = false;  // the user has moved the line between trees and pages
+  bool regle_ = false;            // the user has moved the line between trees and pages
   std::vector<Code2> selection_;  // paths that the panel shows
 };
 

@@ -285,6 +285,20 @@ TEST_F(Fermeture, AfterAnUndoTheProjectIsStillAskedForAndSavedToItsFile) {
   EXPECT_FALSE(FichierExiste(essai::Dossier() + "/Chargt"));
 }
 
+TEST_F(Fermeture, TheWidthOfThePanelIsKeptWithTheSettingsAndNeverInTheProject) {
+  const std::string projet = Exemple("plaque-poches.OVL");
+  EcrireCle("F_Representation_Panneau", "400");
+  Charge(projet);
+  Modifie = Faux;
+  auto* separateur = C<QSplitter>("Separateur");
+  separateur->setSizes({separateur->width() - 340, 340});
+  const int largeur = separateur->sizes().value(1);
+  ASSERT_NE(largeur, 400);
+  fenetre_->close();
+  EXPECT_EQ(LireCleIni("F_Representation_Panneau", ""), std::to_string(largeur));
+  EXPECT_EQ(essai::LitFichierEssai(projet).find("F_Representation_Panneau"), std::string::npos);
+}
+
 TEST_F(Fermeture, RestoringTheDefaultsQuitsAndMakesRoomForAFreshFile) {
   Charge();
   EcrireCle("RayonFraise", "7");

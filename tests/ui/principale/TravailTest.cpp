@@ -266,6 +266,20 @@ TEST_F(Travail, ArrowsMoveTheSelectionByATenthAndFieldsByWhatIsTyped) {
   EXPECT_NEAR(Premier(" E").Y, avant.Y - 0.1F, 1e-4);
 }
 
+TEST_F(Travail, TheDisplacementCountsFromZeroBehindAnUndoAndInAnotherDrawing) {
+  Plaque();
+  Commande("mnu_Tout");
+  Clique(*C<QAbstractButton>("CB_Droite"));
+  ASSERT_EQ(C<QLineEdit>("TB_X")->text().toDouble(), 0.1);
+  Commande("mnu_Undo");
+  EXPECT_EQ(C<QLineEdit>("TB_X")->text().toDouble(), 0);
+  Commande("mnu_Tout");
+  Clique(*C<QAbstractButton>("CB_Droite"));
+  essai::AttendFichier("mnu_Ouvrir", Exemple("plaque.dxf"));
+  Commande("mnu_Ouvrir");
+  EXPECT_EQ(C<QLineEdit>("TB_X")->text().toDouble(), 0);
+}
+
 TEST_F(Travail, CursorKeysOverThePictureMoveTheSelection) {
   Plaque();
   Choisit(" E");
