@@ -62,26 +62,14 @@ ErreurSysteme Ecrit(const std::string& chemin, std::string texte, std::span<cons
   }
 }
 
-void Montre(const std::string& chemin, std::string_view section, std::string_view cle, const std::string& suite,
-            Icone icone) {
-  Boite boite;
-  boite.section = section;
-  boite.cle = cle;
-  boite.texte = Traduire(section, cle) + suite;
-  boite.titre = NomProgramme;
-  boite.icone = icone;
-  boite.fichier = chemin;
-  Svc.Montre(boite);
-}
-
 // The end of the file is missing. What was whole stands.
 void AvertitTronque(const std::string& chemin) {
-  Montre(chemin, "erreurs", "102", "\n" + chemin, Icone::Exclamation);
+  MessageFichier("erreurs", "102", "\n" + chemin, Icone::Exclamation, chemin);
 }
 
 bool Refuse(const std::string& chemin, std::string_view section, std::string_view cle,
             const std::string& suite = "") {
-  Montre(chemin, section, cle, suite, Icone::Critique);
+  MessageFichier(section, cle, suite, Icone::Critique, chemin);
   return false;
 }
 

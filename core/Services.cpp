@@ -7,6 +7,7 @@
 
 #include "core/Etat.h"
 #include "core/Traduction.h"
+#include "core/Types.h"
 
 namespace ovelin {
 
@@ -27,6 +28,18 @@ Reponse Message(std::string_view section, std::string_view cle, Icone icone, Bou
   boite.icone = icone;
   boite.boutons = boutons;
   return Svc.Montre(boite);
+}
+
+void MessageFichier(std::string_view section, std::string_view cle, const std::string& suite, Icone icone,
+                    const std::string& fichier) {
+  Boite boite;
+  boite.section = section;
+  boite.cle = cle;
+  boite.texte = Traduire(section, cle) + suite;
+  boite.titre = NomProgramme;
+  boite.icone = icone;
+  boite.fichier = fichier;
+  Svc.Montre(boite);
 }
 
 void Travaille(const std::function<void()>& noyau) {

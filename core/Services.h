@@ -90,6 +90,9 @@ void TravailleSi(bool long_, const std::function<void()>& noyau);
 // A box with the text of its key; the shortest way to show one.
 Reponse Message(std::string_view section, std::string_view cle, Icone icone, Boutons boutons = Boutons::Ok,
                 std::string_view titre = "OVELIN");
+// A box about a file: the text of its key, then `suite`, which names the file and the reason where they help.
+void MessageFichier(std::string_view section, std::string_view cle, const std::string& suite, Icone icone,
+                    const std::string& fichier);
 
 // Services for a program without a window or a script: boxes fail loudly (see Verifie), progress and panels do
 // nothing, the clock is the system's.

@@ -45,14 +45,8 @@ bool ConfirmeSuppression(const std::string& nom) {
 
 // What the disk has refused is told with its reason. False, for the caller to hand on.
 bool RefuseEcriture() {
-  Boite boite;
-  boite.section = "F_Representation";
-  boite.cle = "lib125";
-  boite.texte = Traduire(boite.section, boite.cle) + "\n" + CheminIni() + " : " + Magasin.DerniereErreur;
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Critique;
-  boite.fichier = CheminIni();
-  Svc.Montre(boite);
+  MessageFichier("F_Representation", "lib125", "\n" + CheminIni() + " : " + Magasin.DerniereErreur, Icone::Critique,
+                 CheminIni());
   return false;
 }
 

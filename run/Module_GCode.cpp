@@ -29,14 +29,7 @@ constexpr const char* Section = "F_Fraisage";
 std::string T(std::string_view cle) { return Traduire(Section, cle); }
 
 void MessageErreur(std::string_view cle, const std::string& suite = "", const std::string& fichier = "") {
-  Boite boite;
-  boite.section = Section;
-  boite.cle = cle;
-  boite.texte = T(cle) + suite;
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Critique;
-  boite.fichier = fichier;
-  Svc.Montre(boite);
+  MessageFichier(Section, cle, suite, Icone::Critique, fichier);
 }
 
 // A speed that a row can have. Negative ones and what 32 bits can't hold make no F word either.

@@ -31,14 +31,7 @@ bool Enregistre(const std::string& chemin) {
   if (chemin.empty()) return false;
   const std::string raison = EnregistreProjet(chemin);
   if (raison.empty()) return true;
-  Boite boite;
-  boite.section = Section;
-  boite.cle = "lib125";
-  boite.texte = Traduire(Section, boite.cle) + "\n" + chemin + " : " + raison;
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Critique;
-  boite.fichier = chemin;
-  Svc.Montre(boite);
+  MessageFichier(Section, "lib125", "\n" + chemin + " : " + raison, Icone::Critique, chemin);
   return false;
 }
 
@@ -51,7 +44,8 @@ std::string AvecExtension(const std::string& chemin) {
 
 bool mnu_Save() {
   if (TraceInitial.empty()) return false;
-  return Enregistre(ExtensionDe(FichierCourant) == "OVL" ? FichierCourant : AvecExtension(DemandeChemin("mnu_Save")));
+  return Enregistre(ExtensionDe(FichierCourant) == "OVL" ? FichierCourant
+                                                         : AvecExtension(DemandeChemin("mnu_Save")));
 }
 
 bool mnu_SaveAs() {

@@ -153,14 +153,7 @@ bool RendFichierUniforme(const std::string& chemin) {
 
 // A drawing whose end is missing looks whole in the picture, so it is told, like a project's.
 void AvertitTronque() {
-  Boite boite;
-  boite.section = "erreurs";
-  boite.cle = "102";
-  boite.texte = Traduire(boite.section, boite.cle) + "\n" + FichierCourant;
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Exclamation;
-  boite.fichier = FichierCourant;
-  Svc.Montre(boite);
+  MessageFichier("erreurs", "102", "\n" + FichierCourant, Icone::Exclamation, FichierCourant);
 }
 
 }  // namespace

@@ -58,14 +58,7 @@ bool CompteurPrecis() {
 }
 
 void MontreReglages(const std::string& raison) {
-  Boite boite;
-  boite.section = "erreurs";
-  boite.cle = "103";
-  boite.texte = Traduire(boite.section, boite.cle) + "\n" + raison;
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Exclamation;
-  boite.fichier = CheminIni();
-  Svc.Montre(boite);
+  MessageFichier("erreurs", "103", "\n" + raison, Icone::Exclamation, CheminIni());
 }
 
 std::string DossierCourant() {

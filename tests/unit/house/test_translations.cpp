@@ -127,7 +127,7 @@ TEST(Translations, EveryKeyThatTheCodeNamesIsThere) {
   // Message("section", "key"), Traduire("section", "key"), TraduireOu("section", key, text), and a constant section
   // beside a literal key.
   static const std::regex Appel(
-      R"((?:Message|Traduire|TraduireOu)\(\s*("?\w+"?)\s*,\s*(?:QStringLiteral\(|QLatin1String\()?"([^"]+)\")");
+      R"((?:Message|MessageFichier|Traduire|TraduireOu)\(\s*("?\w+"?)\s*,\s*(?:QStringLiteral\(|QLatin1String\()?"([^"]+)\")");
   static const std::regex Constante(R"(constexpr\s+(?:const char\*|std::string_view)\s+(\w+)\s*=\s*"(\w+)\")");
   const Cles fr = LitTraduction("fr");
   int trouvees = 0;
