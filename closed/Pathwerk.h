@@ -44,10 +44,10 @@ struct Code2 {
   }
 };
 
-inline constexpr Code2 CodePD{u'P', u'D'};   // ordinary point
-inline constexpr Code2 CodePC{u'P', u'C'};   // centre of an attachment point
-inline constexpr Code2 CodePE{u'P', u'E'};   // inside a notch (offset trace only)
-inline constexpr Code2 CodePU{u'P', u'U'};   // second point of the stroke in the margin (drag knife)
+inline constexpr Code2 CodePD{u'P', u'D'};     // ordinary point
+inline constexpr Code2 CodePC{u'P', u'C'};     // centre of an attachment point
+inline constexpr Code2 CodePE{u'P', u'E'};     // inside a notch (offset trace only)
+inline constexpr Code2 CodePU{u'P', u'U'};     // second point of the stroke in the margin (drag knife)
 inline constexpr Code2 CodeAucun{u'-', u'1'};  // matches no path
 
 // One point of a path. 16 bytes, binding layout.
@@ -100,12 +100,12 @@ struct OptionsLecture {
 
 // What a reading has to tell beside the points.
 struct RapportLecture {
-  std::string Format;                  // "DXF", "HPGL", "DAT", "DRL", "EPS"
-  std::map<std::string, long> Ignores; // what was left out, by kind ("TEXT", "DIMENSION", "HATCH" ...)
+  std::string Format;                   // "DXF", "HPGL", "DAT", "DRL", "EPS"
+  std::map<std::string, long> Ignores;  // what was left out, by kind ("TEXT", "DIMENSION", "HATCH" ...)
   Erreur Numero = Erreur::Aucune;
-  long Ligne = 0;                      // line of the file, from 1; 0 when there is none
-  std::string Detail;                  // the offending text or what was met, short, no sentence
-  bool Tronque = false;                // the file ends in the middle; what was whole is kept
+  long Ligne = 0;        // line of the file, from 1; 0 when there is none
+  std::string Detail;    // the offending text or what was met, short, no sentence
+  bool Tronque = false;  // the file ends in the middle; what was whole is kept
 };
 
 // Length of the message that comes back beside a reading or a writing.

@@ -40,8 +40,8 @@ class ArcSource {
   // Squared distance to the outline, exact where it is below `limite2`; else some value not below it.
   [[nodiscard]] double Distance2(Vec2 p, double limite2) const;
   [[nodiscard]] double Distance2(std::size_t segment, Vec2 p) const;
-  // Winding number of the contours around `p`, which lies on none of them, but for the segment `sauf`, which is left
-  // out of the count.
+  // Winding number of the contours around `p`, which lies on none of them, but for the segment `sauf`, which is
+  // left out of the count.
   [[nodiscard]] int Tours(Vec2 p, std::size_t sauf = static_cast<std::size_t>(-1)) const;
 
  private:

@@ -15,8 +15,8 @@ struct LanguePresente {
 // in their order, then the others by their code.
 std::vector<LanguePresente> LanguesPresentes();
 
-// Texts of the toolkit's own dialogs in the language in force, where the system has them. Every window asks for them
-// at its load.
+// Texts of the toolkit's own dialogs in the language in force, where the system has them. Every window asks for
+// them at its load.
 void TraduitBoiteAOutils();
 
 }  // namespace ovelin

@@ -70,7 +70,8 @@ class Ecouteur : public testing::EmptyTestEventListener {
     DossierProgramme = Dossier();
     DossierTemp = Dossier() + "/temp";
     std::filesystem::create_directories(DossierTemp);
-    DossiersProduit = {std::string(OVELIN_SOURCE_DIR) + "/translations", std::string(OVELIN_SOURCE_DIR) + "/samples"};
+    DossiersProduit = {std::string(OVELIN_SOURCE_DIR) + "/translations",
+                       std::string(OVELIN_SOURCE_DIR) + "/samples"};
     Svc.Montre = Montre;
     Svc.ChoisitFichier = [](const DialogueFichier& d) { return Suivante(Sc.fichiers, d.cle); };
     Svc.Saisit = [](std::string_view, std::string_view cle, const std::string&, const std::string&) {

@@ -109,8 +109,8 @@ void PanneauLateral::resizeEvent(QResizeEvent* e) {
 
 void PanneauLateral::Repartit() {
   int hauteur = 0;
-  for (const QWidget* page : {static_cast<QWidget*>(points_), static_cast<QWidget*>(fraisage_),
-                              static_cast<QWidget*>(sequences_)}) {
+  for (const QWidget* page :
+       {static_cast<QWidget*>(points_), static_cast<QWidget*>(fraisage_), static_cast<QWidget*>(sequences_)}) {
     hauteur = std::max(hauteur, page->sizeHint().height());
   }
   hauteur += choixPage_->sizeHint().height();

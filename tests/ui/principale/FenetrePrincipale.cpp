@@ -49,7 +49,8 @@ F_Representation& Principale::Charge(const std::string& ligneCommande) {
 
 std::string Principale::Exemple(const std::string& nom) {
   const std::string cible = Dossier() + "/" + nom;
-  std::filesystem::copy_file(DossierExemples() + "/" + nom, cible, std::filesystem::copy_options::overwrite_existing);
+  std::filesystem::copy_file(DossierExemples() + "/" + nom, cible,
+                             std::filesystem::copy_options::overwrite_existing);
   std::filesystem::permissions(cible, std::filesystem::perms::owner_write, std::filesystem::perm_options::add);
   return cible;
 }

@@ -23,7 +23,7 @@ class Principale : public testing::Test {
   ovelin::F_Representation& Charge(const std::string& ligneCommande = "");
   // A copy of a sample in the test's folder, its path.
   static std::string Exemple(const std::string& nom);
-  void Commande(const char* nom);        // as chosen in the menu
+  void Commande(const char* nom);  // as chosen in the menu
   [[nodiscard]] QAction* Menu(const char* nom) const;
   [[nodiscard]] QAction* Bouton(const char* nom) const;  // of the toolbar
   template <class T>
@@ -36,7 +36,7 @@ class Principale : public testing::Test {
   static std::vector<std::string> Selectionnes();  // codes
 
   std::unique_ptr<ovelin::F_Representation> fenetre_;
-  std::vector<std::string> ouvertes_;                        // windows asked for, in order
+  std::vector<std::string> ouvertes_;                      // windows asked for, in order
   std::map<std::string, std::function<bool()>> reponses_;  // what they do; without one they are cancelled
 };
 

@@ -37,10 +37,14 @@ class Singe : public essai::Principale {
     Svc.Montre = [this](const Boite& boite) {
       EXPECT_FALSE(boite.texte.empty()) << boite.section << "/" << boite.cle;
       switch (boite.boutons) {
-        case Boutons::Ok: return Reponse::Ok;
-        case Boutons::OkAnnuler: return Un(2) == 0 ? Reponse::Ok : Reponse::Annuler;
-        case Boutons::OuiNon: return Un(2) == 0 ? Reponse::Oui : Reponse::Non;
-        default: return Un(2) == 0 ? Reponse::Non : Reponse::Annuler;
+        case Boutons::Ok:
+          return Reponse::Ok;
+        case Boutons::OkAnnuler:
+          return Un(2) == 0 ? Reponse::Ok : Reponse::Annuler;
+        case Boutons::OuiNon:
+          return Un(2) == 0 ? Reponse::Oui : Reponse::Non;
+        default:
+          return Un(2) == 0 ? Reponse::Non : Reponse::Annuler;
       }
     };
     Svc.ChoisitFichier = [this](const DialogueFichier& d) -> std::string {
@@ -56,9 +60,9 @@ class Singe : public essai::Principale {
 
   int Un(int n) { return static_cast<int>(hasard_() % static_cast<unsigned>(n)); }
   std::string Echantillon() {
-    static const std::vector<std::string> Noms{"equerre.dxf",     "plaque.dxf",           "enseigne.plt", "aile.dat",
-                                               "percage.drl",     "equerre-attaches.OVL", "plaque-poches.OVL",
-                                               "enseigne-texte.OVL"};
+    static const std::vector<std::string> Noms{"equerre.dxf",       "plaque.dxf",        "enseigne.plt",
+                                               "aile.dat",          "percage.drl",       "equerre-attaches.OVL",
+                                               "plaque-poches.OVL", "enseigne-texte.OVL"};
     return Exemple(Noms[static_cast<std::size_t>(Un(static_cast<int>(Noms.size())))]);
   }
   template <class T>
@@ -70,12 +74,13 @@ class Singe : public essai::Principale {
     return bons.empty() ? nullptr : bons[static_cast<std::size_t>(Un(static_cast<int>(bons.size())))];
   }
   Qt::KeyboardModifiers Touches() {
-    static const Qt::KeyboardModifiers Choix[]{Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier};
+    static const Qt::KeyboardModifiers Choix[]{Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
+                                               Qt::ShiftModifier};
     return Choix[Un(4)];
   }
   QPoint Place(const QWidget& w) { return {Un(std::max(w.width(), 1)), Un(std::max(w.height(), 1))}; }
   std::string Texte() {
-    static const char* const Textes[]{"0",   "-1", "1",    "2.5", "-0.3", "0,75",  "90",  "1e9", "",  "-",
+    static const char* const Textes[]{"0",   "-1", "1",   "2.5", "-0.3", "0,75",  "90",  "1e9", "",  "-",
                                       "...", "5",  "-12", "10",  "0.01", "99999", "-99", "45",  "3", "1.5"};
     return Textes[Un(20)];
   }
@@ -153,11 +158,26 @@ std::string Singe::Agit() {
       return "tree";
     }
     case 7: {
-      static const char* const Noms[]{"mnu_Undo",          "mnu_Tout",     "mnu_InverseSelection", "mnu_Supprimer",
-                                      "mnu_ZoomPlus",      "mnu_ZoomMoins", "mnu_Zoom1",           "mnu_ZoomSelection",
-                                      "mnu_NumPoint",      "mnu_Sequence", "mnu_Lever",            "mnu_Optimisation",
-                                      "mnu_Nettoyage",     "mnu_Save",     "mnu_SaveAs",           "mnu_Ouvrir",
-                                      "mnu_Undo",          "mnu_Undo",     "mnu_Panneau",          "mnu_BD"};
+      static const char* const Noms[]{"mnu_Undo",
+                                      "mnu_Tout",
+                                      "mnu_InverseSelection",
+                                      "mnu_Supprimer",
+                                      "mnu_ZoomPlus",
+                                      "mnu_ZoomMoins",
+                                      "mnu_Zoom1",
+                                      "mnu_ZoomSelection",
+                                      "mnu_NumPoint",
+                                      "mnu_Sequence",
+                                      "mnu_Lever",
+                                      "mnu_Optimisation",
+                                      "mnu_Nettoyage",
+                                      "mnu_Save",
+                                      "mnu_SaveAs",
+                                      "mnu_Ouvrir",
+                                      "mnu_Undo",
+                                      "mnu_Undo",
+                                      "mnu_Panneau",
+                                      "mnu_BD"};
       QAction* action = Menu(Noms[Un(20)]);
       if (!action->isEnabled()) return "";
       action->trigger();
