@@ -7,20 +7,20 @@
 #include <cstddef>
 #include <vector>
 
-#include "closed/pathwerk/ArbreSegments.h"
+#include "closed/pathwerk/commun/ArbreSegments.h"
 
 namespace banc {
 
+using pathwerk::ArbreSegments;
+using pathwerk::Chemin;
+using pathwerk::Segment;
 using pathwerk::Vec2;
-using pathwerk::geo::ArbreSegments;
-using pathwerk::geo::Chemin;
-using pathwerk::geo::Segment;
 
 inline constexpr std::size_t kEchantillons = 20000;
 
 // Greatest distance, mm, by which samples of the result lie nearer to the source than `r`, or farther from it.
 inline double ErreurDuResultat(const ArbreSegments& source, const std::vector<Segment>& resultat, double r) {
-  using namespace pathwerk::geo;
+  using namespace pathwerk;
   double pire = 0;
   const std::size_t pas = resultat.size() / kEchantillons + 1;
   for (std::size_t i = 0; i < resultat.size(); i += pas) {
@@ -37,7 +37,7 @@ inline double ErreurDuResultat(const ArbreSegments& source, const std::vector<Se
 // themselves, and open ones.
 inline double ErreurManquante(const Chemin& path, bool ferme, const ArbreSegments& source,
                               const std::vector<Segment>& resultat, double d) {
-  using namespace pathwerk::geo;
+  using namespace pathwerk;
   const ArbreSegments arbre(resultat);
   const double r = std::abs(d);
   double pire = 0;

@@ -7,7 +7,7 @@
 #include <numbers>
 #include <random>
 
-#include "closed/pathwerk/Lecture.h"
+#include "closed/pathwerk/lecture/Lecture.h"
 
 namespace banc {
 

@@ -6,12 +6,12 @@
 #include <cstddef>
 #include <random>
 
-#include "closed/pathwerk/Vecteur.h"
+#include "closed/pathwerk/commun/Vecteur.h"
 
 namespace banc {
 
+using pathwerk::Chemin;
 using pathwerk::Vec2;
-using pathwerk::geo::Chemin;
 
 inline constexpr double kPi = 3.14159265358979323846;
 

@@ -33,8 +33,8 @@
 #include "bench/ErreurDecalage.h"
 #include "bench/FormesDecalage.h"
 #include "closed/Pathwerk.h"
-#include "closed/pathwerk/Moteur.h"
-#include "closed/pathwerk/Simplifie.h"
+#include "closed/pathwerk/chemin/Simplifie.h"
+#include "closed/pathwerk/decalage/Moteur.h"
 
 using namespace pathwerk;
 using banc::Chemin;
@@ -71,7 +71,7 @@ class DeClipper {
   DeClipper(const Records& t, bool ferme) : ferme_(ferme), offset_(2, 0.01 * kEchelle) {
     const Chemin c = EnChemin(t);
     ClipperLib::Path q;
-    for (const std::size_t i : geo::Simplifie(c, std::vector<std::uint8_t>(c.size(), 0), 0.001)) {
+    for (const std::size_t i : chemin::Simplifie(c, std::vector<std::uint8_t>(c.size(), 0), 0.001)) {
       q.emplace_back(std::llround(c[i].x * kEchelle), std::llround(c[i].y * kEchelle));
     }
     if (ferme) q.pop_back();
@@ -79,10 +79,10 @@ class DeClipper {
     offset_.AddPath(q, ClipperLib::jtRound, ferme ? ClipperLib::etClosedPolygon : ClipperLib::etOpenRound);
   }
   // Segments of the offset, mm.
-  std::vector<geo::Segment> Decale(double d) {
+  std::vector<Segment> Decale(double d) {
     ClipperLib::Paths r;
     offset_.Execute(r, (ferme_ ? sens_ * d : std::abs(d)) * kEchelle);
-    std::vector<geo::Segment> s;
+    std::vector<Segment> s;
     const auto place = [](const ClipperLib::IntPoint& p) {
       return Vec2{static_cast<double>(p.X) / kEchelle, static_cast<double>(p.Y) / kEchelle};
     };
@@ -109,8 +109,8 @@ struct Mesures {
   unsigned long pieces = 0;
 };
 
-std::vector<geo::Segment> SegmentsDe(const Records& t) {
-  std::vector<geo::Segment> s;
+std::vector<Segment> SegmentsDe(const Records& t) {
+  std::vector<Segment> s;
   const Chemin c = EnChemin(t);
   for (std::size_t i = 0; i + 1 < t.size(); ++i) {
     if (t[i].Seq == t[i + 1].Seq) s.push_back({c[i], c[i + 1]});
@@ -118,9 +118,8 @@ std::vector<geo::Segment> SegmentsDe(const Records& t) {
   return s;
 }
 
-void MesureErreur(const Records& source, bool ferme, const std::vector<geo::Segment>& resultat, double d,
-                  Mesures& m) {
-  const geo::ArbreSegments arbre(SegmentsDe(source));
+void MesureErreur(const Records& source, bool ferme, const std::vector<Segment>& resultat, double d, Mesures& m) {
+  const ArbreSegments arbre(SegmentsDe(source));
   Chemin c = EnChemin(source);
   if (ferme) c.pop_back();
   m.erreur = banc::ErreurDuResultat(arbre, resultat, std::abs(d));
@@ -128,7 +127,7 @@ void MesureErreur(const Records& source, bool ferme, const std::vector<geo::Segm
 }
 
 unsigned long Replis() {
-  const geo::CompteDuMoteur n = geo::CompteDecaleRegion();
+  const decalage::CompteDuMoteur n = decalage::CompteDecaleRegion();
   return n.replis + n.replisLobes;
 }
 
@@ -229,7 +228,7 @@ Ligne Compare(const Cas& cas) {
   l.clipper = banc::DansUnEnfant<Mesures>(
       [&] {
         const Records source = EnRecords(cas.forme(cas.points), cas.ferme);
-        std::vector<geo::Segment> s;
+        std::vector<Segment> s;
         Mesures m;
         m.secondes = banc::TempsMoyen([&] {
           const Records t = source;  // as ours has to

@@ -3,15 +3,17 @@
 #include <string_view>
 #include <vector>
 
-#include "closed/pathwerk/Lecture.h"
+#include "closed/pathwerk/assemblage/Assemblage.h"
+#include "closed/pathwerk/lecture/Lecture.h"
+#include "closed/pathwerk/lecture/dat/Dat.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   const std::string_view data(reinterpret_cast<const char*>(donnees), taille);
-  pathwerk::Lecture lecture;
+  pathwerk::lecture::Lecture lecture;
   std::vector<pathwerk::PointTrace> points;
-  pathwerk::LireDat(data, {}, lecture);
+  pathwerk::lecture::dat::LireDat(data, {}, lecture);
   // The same rows as loose pieces take the road of welding too.
   lecture.souder = taille % 2 == 0;
-  pathwerk::Assemble(lecture, {}, points);
+  pathwerk::assemblage::Assemble(lecture, {}, points);
   return 0;
 }

@@ -4,15 +4,18 @@
 #include <string_view>
 #include <vector>
 
-#include "closed/pathwerk/Lecture.h"
+#include "closed/pathwerk/assemblage/Assemblage.h"
+#include "closed/pathwerk/lecture/Lecture.h"
+#include "closed/pathwerk/lecture/dxf/Dxf.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
-  pathwerk::Lecture lecture;
+  pathwerk::lecture::Lecture lecture;
   const pathwerk::OptionsLecture options;
-  pathwerk::LireDxf(std::string_view(reinterpret_cast<const char*>(donnees), taille), options, lecture);
+  pathwerk::lecture::dxf::LireDxf(std::string_view(reinterpret_cast<const char*>(donnees), taille), options,
+                                  lecture);
   if (!lecture.Refuse()) {
     std::vector<pathwerk::PointTrace> points;
-    pathwerk::Assemble(lecture, options, points);
+    pathwerk::assemblage::Assemble(lecture, options, points);
   }
   return 0;
 }

@@ -7,12 +7,15 @@
 #include <string_view>
 #include <vector>
 
-#include "closed/pathwerk/EpsChemins.h"
-#include "closed/pathwerk/EpsEntete.h"
-#include "closed/pathwerk/EpsLecture.h"
+#include "closed/pathwerk/assemblage/Assemblage.h"
+#include "closed/pathwerk/lecture/eps/Chemins.h"
+#include "closed/pathwerk/lecture/eps/Entete.h"
+#include "closed/pathwerk/lecture/eps/Eps.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace pathwerk;
+  using namespace pathwerk::lecture::eps;
+  using lecture::Lecture;
   const std::string_view texte(reinterpret_cast<const char*>(data), size);
   if (const auto ps = EpsPostScript(texte); ps && !ps->starts_with("%!")) std::abort();
   if (size == 0) return 0;
@@ -28,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (lecture.Refuse() || entier.Refuse()) return 0;
   if (lecture.traits.size() != entier.traits.size()) std::abort();
   std::vector<PointTrace> points;
-  const std::int32_t n = Assemble(lecture, options, points);
+  const std::int32_t n = assemblage::Assemble(lecture, options, points);
   if (n >= 0 && static_cast<std::size_t>(n) != points.size()) std::abort();
   for (const PointTrace& p : points) {
     if (!std::isfinite(p.X) || !std::isfinite(p.Y)) std::abort();

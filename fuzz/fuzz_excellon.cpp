@@ -3,14 +3,16 @@
 #include <string_view>
 #include <vector>
 
-#include "closed/pathwerk/Lecture.h"
+#include "closed/pathwerk/assemblage/Assemblage.h"
+#include "closed/pathwerk/lecture/Lecture.h"
+#include "closed/pathwerk/lecture/excellon/Excellon.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   const std::string_view data(reinterpret_cast<const char*>(donnees), taille);
-  pathwerk::Lecture lecture;
+  pathwerk::lecture::Lecture lecture;
   std::vector<pathwerk::PointTrace> points;
-  pathwerk::LireExcellon(data, {}, lecture);
+  pathwerk::lecture::excellon::LireExcellon(data, {}, lecture);
   lecture.souder = taille % 2 == 0;
-  pathwerk::Assemble(lecture, {}, points);
+  pathwerk::assemblage::Assemble(lecture, {}, points);
   return 0;
 }

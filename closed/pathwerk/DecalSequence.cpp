@@ -2,37 +2,15 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "closed/Pathwerk.h"
-#include "closed/pathwerk/Decalages.h"
-#include "closed/pathwerk/Moteur.h"
+#include "closed/pathwerk/decalage/Decalages.h"
+#include "closed/pathwerk/poche/Poche.h"
 
 namespace pathwerk {
-
-namespace geo {
-
-std::vector<Piece> DecaleFerme(const Source& source, double distance, double tolerance) {
-  std::vector<Region> regions;
-  if (!SepareLobes(source.chemin, tolerance, regions)) return {};
-  std::vector<std::pair<double, Piece>> boucles;
-  for (const Region& region : regions) {
-    std::vector<Chemin> b;
-    std::vector<Origines> o;
-    if (!DecaleRegion(region, distance, tolerance, b, o)) return {};
-    for (std::size_t k = 0; k < b.size(); ++k) {
-      const double aire = std::abs(Aire(b[k]));
-      boucles.emplace_back(aire, Piece{std::move(b[k]), true, true, Remonte(region, std::move(o[k]))});
-    }
-  }
-  // What lies inside comes before what contains it, as in a drawing.
-  std::stable_sort(boucles.begin(), boucles.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-  std::vector<Piece> pieces;
-  for (auto& [aire, p] : boucles) pieces.push_back(std::move(p));
-  return pieces;
-}
-
-}  // namespace geo
 
 namespace {
 
@@ -61,19 +39,19 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
     for (PointTrace& p : points) p.Seq = Code2{u'0', u'1'};
     return static_cast<std::int32_t>(points.size());
   }
-  const std::optional<geo::Source> source = geo::PrepareSource(points, tolerance / 10);
+  const std::optional<decalage::Source> source = decalage::PrepareSource(points, tolerance / 10);
   if (!source) return 0;
   // One tenth is spent; a little more stays aside for the rounding to floats.
   const double reste = tolerance * 0.88;
-  std::vector<geo::Piece> pieces;
+  std::vector<decalage::Piece> pieces;
   if (!source->ferme) {
-    pieces = geo::DecaleOuvert(*source, distance, reste);
+    pieces = decalage::DecaleOuvert(*source, distance, reste);
   } else if (recouvrement == 100) {
-    pieces = geo::DecaleFerme(*source, distance, reste);
+    pieces = decalage::DecaleFerme(*source, distance, reste);
   } else {
-    pieces = geo::RemplitPoche(*source, distance, recouvrement, reste);
+    pieces = poche::RemplitPoche(*source, distance, recouvrement, reste);
   }
-  std::vector<PointTrace> resultat = geo::EcritPieces(std::move(pieces), *source, distance, tolerance);
+  std::vector<PointTrace> resultat = decalage::EcritPieces(std::move(pieces), *source, distance, tolerance);
   if (resultat.empty()) return 0;
   points.swap(resultat);
   return static_cast<std::int32_t>(points.size());

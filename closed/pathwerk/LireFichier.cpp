@@ -4,13 +4,21 @@
 #include <stdexcept>
 #include <string>
 
-#include "closed/pathwerk/Disque.h"
-#include "closed/pathwerk/FormatDeDessin.h"
-#include "closed/pathwerk/Lecture.h"
+#include "closed/pathwerk/assemblage/Assemblage.h"
+#include "closed/pathwerk/commun/Disque.h"
+#include "closed/pathwerk/lecture/FormatDeDessin.h"
+#include "closed/pathwerk/lecture/dat/Dat.h"
+#include "closed/pathwerk/lecture/dxf/Dxf.h"
+#include "closed/pathwerk/lecture/eps/Eps.h"
+#include "closed/pathwerk/lecture/excellon/Excellon.h"
+#include "closed/pathwerk/lecture/hpgl/Hpgl.h"
 
 namespace pathwerk {
 
 namespace {
+
+using lecture::FormatDeDessin;
+using lecture::Lecture;
 
 // Text formats are read as text: without a byte order mark, and narrowed when it is in 16-bit units (what lies
 // beyond Latin-1 is of no use to a drawing and becomes "?").
@@ -34,19 +42,19 @@ void Lit(FormatDeDessin format, std::string& octets, const OptionsLecture& optio
   if (format != FormatDeDessin::Eps && format != FormatDeDessin::Hpgl) Uniformise(octets);
   switch (format) {
     case FormatDeDessin::Dxf:
-      LireDxf(octets, options, lecture);
+      lecture::dxf::LireDxf(octets, options, lecture);
       break;
     case FormatDeDessin::Hpgl:
-      LireHpgl(octets, options, lecture);
+      lecture::hpgl::LireHpgl(octets, options, lecture);
       break;
     case FormatDeDessin::Dat:
-      LireDat(octets, options, lecture);
+      lecture::dat::LireDat(octets, options, lecture);
       break;
     case FormatDeDessin::Excellon:
-      LireExcellon(octets, options, lecture);
+      lecture::excellon::LireExcellon(octets, options, lecture);
       break;
     case FormatDeDessin::Eps:
-      LireEps(octets, options, lecture);
+      lecture::eps::LireEps(octets, options, lecture);
       break;
     case FormatDeDessin::Inconnu:
       lecture.Refuse(Erreur::FormatInconnu, 0, "");
@@ -84,10 +92,10 @@ std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, c
     if (options.Avancement) options.Avancement(part);
   };
   avance(0.1);
-  Lit(DevineFormat(Extension(chemin), octets), octets, options, lecture);
+  Lit(lecture::DevineFormat(Extension(chemin), octets), octets, options, lecture);
   std::string().swap(octets);
   avance(0.7);
-  const std::int32_t n = Assemble(lecture, options, points);
+  const std::int32_t n = assemblage::Assemble(lecture, options, points);
   avance(1);
   return n;
 }

@@ -90,6 +90,41 @@ bool Autorise(const std::set<std::string>& permis, const std::string& inclus) {
 const std::set<std::string> Dossiers{"app",    "closed", "controller", "core",     "database",  "gcode", "machine",
                                      "manual", "run",    "tests",      "toolpath", "workspace", "fuzz",  "bench"};
 
+// Inside the geometry library: room -> the rooms that it may use beside itself. Every room may use `commun`, which
+// itself uses none. Readers know neither each other nor the offset, the offset no readers, nobody the pocket.
+const std::map<std::string, std::set<std::string>> Pieces{
+    {"commun", {}},
+    {"lecture", {}},
+    {"lecture/dxf", {"lecture"}},
+    {"lecture/hpgl", {"lecture"}},
+    {"lecture/eps", {"lecture"}},
+    {"lecture/excellon", {"lecture"}},
+    {"lecture/dat", {"lecture"}},
+    {"assemblage", {"lecture"}},
+    {"chemin", {}},
+    {"decalage", {"chemin"}},
+    {"poche", {"decalage"}},
+    {"texte", {}},
+    {"ecriture", {}},
+};
+
+const std::string DossierPathwerk = "closed/pathwerk/";
+
+// The room of a file of the geometry library: its folder below "closed/pathwerk/", "" for what stands over the
+// rooms.
+std::string PieceDe(const std::string& fichier) {
+  const std::size_t fin = fichier.find_last_of('/');
+  return fin < DossierPathwerk.size() ? "" : fichier.substr(DossierPathwerk.size(), fin - DossierPathwerk.size());
+}
+
+// Whether a file of the room `de` may include a file of the room `vers`. What stands over the rooms uses them all
+// and is used by none.
+bool PieceAutorise(const std::string& de, const std::string& vers) {
+  if (de.empty() || de == vers) return true;
+  const auto piece = Pieces.find(de);
+  return piece != Pieces.end() && (piece->second.contains(vers) || vers == "commun");
+}
+
 bool DuProjet(const std::string& inclus) { return Dossiers.contains(inclus.substr(0, inclus.find('/'))); }
 
 TEST(Inclusions, EachFolderUsesOnlyWhatTheTableAllows) {
@@ -127,6 +162,37 @@ TEST(Inclusions, TheTableTellsWindowsFromLogic) {
   EXPECT_FALSE(Autorise(Permis.at("run"), "run/ui/F_Fraisage.h"));
 }
 
+TEST(Inclusions, EachRoomOfTheGeometryLibraryUsesOnlyWhatItsTableAllows) {
+  std::set<std::string> vues;
+  for (const Inclusion& i : Inclusions("closed/pathwerk")) {
+    const std::string piece = PieceDe(Relatif(i.fichier));
+    vues.insert(piece);
+    if (!i.inclus.starts_with(DossierPathwerk)) continue;
+    EXPECT_TRUE(PieceAutorise(piece, PieceDe(i.inclus))) << i.fichier << " includes " << i.inclus;
+  }
+  vues.erase("");
+  for (const std::string& piece : vues) EXPECT_TRUE(Pieces.contains(piece)) << piece << " is in no table";
+  EXPECT_EQ(vues.size(), Pieces.size());
+}
+
+TEST(Inclusions, ReadersKnowNoOffsetAndTheOffsetNoReaders) {
+  EXPECT_EQ(PieceDe("closed/pathwerk/lecture/dxf/Plan.h"), "lecture/dxf");
+  EXPECT_EQ(PieceDe("closed/pathwerk/LireFichier.cpp"), "");
+  EXPECT_TRUE(PieceAutorise("", "poche"));
+  EXPECT_TRUE(PieceAutorise("poche", "decalage"));
+  EXPECT_FALSE(PieceAutorise("decalage", "poche"));
+  EXPECT_FALSE(PieceAutorise("commun", "lecture"));
+  EXPECT_FALSE(PieceAutorise("lecture/dxf", "lecture/hpgl"));
+  EXPECT_FALSE(PieceAutorise("lecture", "lecture/dxf"));
+  for (const auto& [piece, permises] : Pieces) {
+    const bool lit = piece.starts_with("lecture") || piece == "assemblage";
+    for (const char* autre : {"decalage", "poche", "chemin"}) {
+      EXPECT_FALSE(lit && PieceAutorise(piece, autre)) << piece << " may use " << autre;
+      EXPECT_FALSE(PieceAutorise(autre, piece) && lit) << autre << " may use " << piece;
+    }
+  }
+}
+
 TEST(Inclusions, NoLogicFolderKnowsTheWindowToolkit) {
   static const std::regex Qt(R"(^(Q[A-Z]\w+|Qt\w*/.*|q[a-z]+\.h)$)");
   for (const auto& [dossier, permis] : Permis) {
@@ -157,6 +223,29 @@ TEST(Inclusions, HeadersOfTheClosedLibrariesNameTheStandardLibraryAlone) {
       EXPECT_EQ(i.inclus.find('/'), std::string::npos) << entete << " includes " << i.inclus;
       EXPECT_EQ(i.inclus.find('.'), std::string::npos) << entete << " includes " << i.inclus;
     }
+  }
+}
+
+// Sources a folder holds itself, its subfolders apart.
+std::map<std::string, int> SourcesParDossier() {
+  std::map<std::string, int> nombres;
+  for (const std::string& dossier : Dossiers) {
+    for (const std::string& fichier : Sources(dossier)) {
+      if (fichier.ends_with(".cpp")) ++nombres[Relatif(fs::path(fichier).parent_path().string())];
+    }
+  }
+  return nombres;
+}
+
+TEST(Files, AFolderHoldsAtMostThirtySources) {
+  const auto nombres = SourcesParDossier();
+  EXPECT_GT(nombres.size(), 30U);
+  for (const auto& [dossier, nombre] : nombres) EXPECT_LE(nombre, 30) << dossier;
+}
+
+TEST(Files, EveryRoomOfTheGeometryLibrarySaysWhatItIs) {
+  for (const auto& [piece, permises] : Pieces) {
+    EXPECT_TRUE(fs::exists(fs::path(OVELIN_SOURCE_DIR) / DossierPathwerk / piece / "README.md")) << piece;
   }
 }
 

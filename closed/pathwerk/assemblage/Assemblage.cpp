@@ -1,0 +1,225 @@
+// From the paths of a format to the points of a drawing.
+#include "closed/pathwerk/assemblage/Assemblage.h"
+
+#include <cmath>
+#include <new>
+#include <string>
+
+#include "closed/pathwerk/assemblage/Etapes.h"
+
+namespace pathwerk::assemblage {
+
+namespace {
+
+using lecture::Lecture;
+using lecture::Trait;
+
+constexpr double kCoordonneeMax = 1e7;  // mm
+constexpr std::string_view kDoublon = "doublon";
+constexpr std::string_view kNul = "longueur nulle";
+
+bool EstLisible(Vec2 p) { return std::fabs(p.x) <= kCoordonneeMax && std::fabs(p.y) <= kCoordonneeMax; }
+
+// Adding zero turns a negative zero into a positive one, so that equal places have equal bits.
+PointF EnFloat(Vec2 p) { return {static_cast<float>(p.x) + 0.0F, static_cast<float>(p.y) + 0.0F}; }
+
+std::int32_t Refus(Lecture& lecture, Erreur numero, std::string_view detail) {
+  lecture.Refuse(numero, lecture.rapport.Ligne, detail);
+  return static_cast<std::int32_t>(numero);
+}
+
+bool VerifieCoordonnees(Lecture& lecture) {
+  for (const Trait& t : lecture.traits) {
+    for (const Vec2 p : t.points) {
+      if (EstLisible(p)) continue;
+      Refus(lecture, Erreur::Coordonnee, std::to_string(p.x) + " " + std::to_string(p.y));
+      return false;
+    }
+  }
+  return true;
+}
+
+void Emet(std::vector<PointTrace>& points, float x, float y, std::size_t rang) {
+  points.push_back({x, y, CodePD, CodeDeRang(rang)});
+}
+
+bool TropDeChemins(Lecture& lecture, std::size_t nombre) {
+  if (nombre <= NbCodes()) return false;
+  Refus(lecture, Erreur::TropDeSequences, std::to_string(nombre) + " > " + std::to_string(NbCodes()));
+  return true;
+}
+
+// Own files: as they stand, bit for bit.
+std::int32_t EmetTelQuel(Lecture& lecture, std::vector<PointTrace>& points) {
+  std::size_t rang = 0;
+  for (const Trait& t : lecture.traits) rang += t.points.empty() ? 0U : 1U;
+  if (TropDeChemins(lecture, rang)) return static_cast<std::int32_t>(lecture.rapport.Numero);
+  rang = 0;
+  for (const Trait& t : lecture.traits) {
+    if (t.points.empty()) continue;
+    const std::size_t debut = points.size();
+    for (const Vec2 p : t.points) Emet(points, static_cast<float>(p.x), static_cast<float>(p.y), rang);
+    const bool boucle = points.size() > debut + 1 && MemePlace(points[debut], points.back());
+    if (t.nature != Nature::Ouvert && !boucle) Emet(points, points[debut].X, points[debut].Y, rang);
+    ++rang;
+  }
+  return static_cast<std::int32_t>(points.size());
+}
+
+// Appends one path to the plan: rounded to floats, neighbours of one place made one, the closing point in its
+// place. False for a path that has no length left.
+bool AjouteChemin(const Trait& t, double tolerance, Plan& plan) {
+  const std::size_t debut = plan.points.size();
+  if (t.nature == Nature::Percage) {
+    plan.points.insert(plan.points.end(), 2, EnFloat(t.points[0]));
+    plan.chemins.push_back({debut, 2, Nature::Percage});
+    return true;
+  }
+  for (const Vec2 v : t.points) {
+    const PointF p = EnFloat(v);
+    if (plan.points.size() == debut || plan.points.back() != p) plan.points.push_back(p);
+  }
+  if (plan.points.size() - debut < 2) {
+    plan.points.resize(debut);
+    return false;
+  }
+  Nature nature = Nature::Ouvert;
+  if (t.nature == Nature::Ferme) {
+    nature = Nature::Ferme;
+    const Vec2 a = t.points.front();
+    const Vec2 b = t.points.back();
+    // A closing point that was given, but not to the last digit, is moved; otherwise it is added.
+    if (plan.points.size() - debut > 3 && std::hypot(a.x - b.x, a.y - b.y) <= tolerance) {
+      plan.points.back() = plan.points[debut];
+      while (plan.points.back() == plan.points[plan.points.size() - 2]) plan.points.pop_back();
+    }
+    if (plan.points.back() != plan.points[debut]) {
+      const PointF premier = plan.points[debut];
+      plan.points.push_back(premier);
+    }
+  } else if (plan.points.back() == plan.points[debut]) {
+    nature = Nature::Ferme;
+  }
+  plan.chemins.push_back({debut, plan.points.size() - debut, nature});
+  return true;
+}
+
+// Paths without marks that were dropped; `bouts` keeps in step.
+void Retire(Plan& plan, const std::vector<char>& garde, std::vector<Bouts>* bouts) {
+  std::size_t k = 0;
+  for (std::size_t i = 0; i < plan.chemins.size(); ++i) {
+    if (garde[i] == 0) continue;
+    plan.chemins[k] = plan.chemins[i];
+    if (bouts != nullptr) (*bouts)[k] = (*bouts)[i];
+    ++k;
+  }
+  plan.chemins.resize(k);
+  if (bouts != nullptr) bouts->resize(k);
+}
+
+void RetireDoublons(Lecture& lecture, Plan& plan, std::vector<Bouts>* bouts) {
+  std::vector<char> garde;
+  const long doublons = MarqueDoublons(plan, garde);
+  if (doublons == 0) return;
+  lecture.Ignore(kDoublon, doublons);
+  Retire(plan, garde, bouts);
+}
+
+void RetireNuls(Lecture& lecture, Plan& plan) {
+  std::vector<char> garde(plan.chemins.size(), 1);
+  long nuls = 0;
+  for (std::size_t i = 0; i < plan.chemins.size(); ++i) {
+    if (plan.chemins[i].nb > 1) continue;
+    garde[i] = 0;
+    ++nuls;
+  }
+  if (nuls == 0) return;
+  lecture.Ignore(kNul, nuls);
+  Retire(plan, garde, nullptr);
+}
+
+Plan FaitPlan(Lecture& lecture, const OptionsLecture& options) {
+  Plan plan;
+  std::vector<Bouts> bouts;
+  long nuls = 0;
+  const double tolerance = lecture.souder ? options.ToleranceSoudure : 0;
+  for (Trait& t : lecture.traits) {
+    if (t.points.empty()) continue;
+    if (AjouteChemin(t, tolerance, plan)) {
+      bouts.push_back({t.points.front(), t.points.back()});
+    } else {
+      ++nuls;
+    }
+    std::vector<Vec2>().swap(t.points);  // the drawing is not held twice
+  }
+  std::vector<Trait>().swap(lecture.traits);
+  if (nuls > 0) lecture.Ignore(kNul, nuls);
+  RetireDoublons(lecture, plan, &bouts);
+  if (lecture.souder) {
+    plan = Soude(plan, bouts, tolerance);
+    RetireNuls(lecture, plan);
+    RetireDoublons(lecture, plan, nullptr);
+  }
+  return plan;
+}
+
+// Depth of each path in the forest of contours; the outermost are at 0.
+std::vector<std::size_t> Profondeurs(std::span<const std::size_t> parents) {
+  constexpr std::size_t kInconnue = static_cast<std::size_t>(-1);
+  std::vector<std::size_t> profondeur(parents.size(), kInconnue);
+  std::vector<std::size_t> montee;
+  for (std::size_t i = 0; i < parents.size(); ++i) {
+    std::size_t k = i;
+    while (k != kSansParent && profondeur[k] == kInconnue) {
+      montee.push_back(k);
+      k = parents[k];
+    }
+    std::size_t p = k == kSansParent ? 0 : profondeur[k] + 1;
+    for (; !montee.empty(); montee.pop_back()) profondeur[montee.back()] = p++;
+  }
+  return profondeur;
+}
+
+std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points) {
+  const Plan plan = FaitPlan(lecture, options);
+  if (TropDeChemins(lecture, plan.chemins.size())) return static_cast<std::int32_t>(lecture.rapport.Numero);
+  const double marge = options.ToleranceSoudure > 0 ? options.ToleranceSoudure : 0;
+  const std::vector<std::size_t> parents = Parents(plan, marge);
+  const std::vector<std::size_t> profondeur = Profondeurs(parents);
+  points.reserve(plan.points.size());
+  std::size_t rang = 0;
+  for (const std::size_t i : OrdreDeCoupe(parents)) {
+    const auto chemin = plan.De(i);
+    bool retourne = false;
+    if (plan.chemins[i].nature == Nature::Ferme) {
+      const double aire = DoubleAire(chemin);
+      const bool voulue = profondeur[i] % 2 == 1;  // counter-clockwise
+      retourne = aire != 0 && (aire > 0) != voulue;
+    }
+    for (std::size_t k = 0; k < chemin.size(); ++k) {
+      const PointF p = chemin[retourne ? chemin.size() - 1 - k : k];
+      Emet(points, p.x, p.y, rang);
+    }
+    ++rang;
+  }
+  return static_cast<std::int32_t>(points.size());
+}
+
+}  // namespace
+
+std::int32_t Assemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points) {
+  points.clear();
+  if (lecture.Refuse()) return static_cast<std::int32_t>(lecture.rapport.Numero);
+  try {
+    if (!VerifieCoordonnees(lecture)) return static_cast<std::int32_t>(lecture.rapport.Numero);
+    const std::int32_t n =
+        lecture.ordreImpose ? EmetTelQuel(lecture, points) : EmetAssemble(lecture, options, points);
+    if (n < 0) points.clear();
+    return n;
+  } catch (const std::bad_alloc&) {
+    std::vector<PointTrace>().swap(points);
+    return Refus(lecture, Erreur::Memoire, "");
+  }
+}
+
+}  // namespace pathwerk::assemblage

@@ -1,0 +1,105 @@
+// Which end of which path is joined with which other one. Used by the welding alone.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <vector>
+
+#include "closed/pathwerk/assemblage/Etapes.h"
+
+namespace pathwerk::assemblage {
+
+using Bout = std::uint32_t;  // end of a path: 2 * path, + 1 for its last point
+inline constexpr Bout kLibre = std::numeric_limits<Bout>::max();
+
+constexpr Bout Oppose(Bout e) { return e ^ 1U; }
+
+// Who is joined with whom, and which free end belongs to which other one.
+class Chaines {
+ public:
+  Chaines(const Plan& plan, std::span<const Bouts> bouts, double tolerance)
+      : plan_(plan), bouts_(bouts), tolerance_(tolerance) {
+    const std::size_t n = plan.chemins.size();
+    lien.assign(2 * n, kLibre);
+    autre_.resize(2 * n);
+    longueur_.assign(2 * n, 0);
+    segments_.assign(2 * n, 0);
+    for (std::size_t i = 0; i < n; ++i) {
+      const auto e = static_cast<Bout>(2 * i);
+      autre_[e] = e + 1;
+      autre_[e + 1] = e;
+      if (plan.chemins[i].nature != Nature::Ouvert) continue;
+      const auto pts = plan.De(i);
+      for (std::size_t k = 1; k < pts.size(); ++k) longueur_[e] += Ecart(pts[k - 1], pts[k]);
+      longueur_[e + 1] = longueur_[e];
+      segments_[e] = segments_[e + 1] = static_cast<std::uint32_t>(pts.size() - 1);
+    }
+  }
+
+  std::vector<Bout> lien;  // partner of each end, kLibre when free
+
+  [[nodiscard]] PointF Place(Bout e) const {
+    const auto pts = plan_.De(e / 2);
+    return (e & 1U) != 0 ? pts.back() : pts.front();
+  }
+  [[nodiscard]] Vec2 PlaceFine(Bout e) const { return (e & 1U) != 0 ? bouts_[e / 2].fin : bouts_[e / 2].debut; }
+  // Unit vector from the end into its path.
+  [[nodiscard]] Vec2 Direction(Bout e) const {
+    const auto pts = plan_.De(e / 2);
+    const PointF a = (e & 1U) != 0 ? pts[pts.size() - 1] : pts[0];
+    const PointF b = (e & 1U) != 0 ? pts[pts.size() - 2] : pts[1];
+    const double dx = static_cast<double>(b.x) - static_cast<double>(a.x);
+    const double dy = static_cast<double>(b.y) - static_cast<double>(a.y);
+    const double d = std::hypot(dx, dy);
+    return d > 0 ? Vec2{dx / d, dy / d} : Vec2{1, 0};
+  }
+  // -1 for a straight continuation, 1 for a path that comes back on itself.
+  [[nodiscard]] double Pli(Bout e, Bout f) const {
+    const Vec2 u = Direction(e);
+    const Vec2 v = Direction(f);
+    return u.x * v.x + u.y * v.y;
+  }
+
+  // A chain may close on itself when something lies between its ends: a lone stroke may not, and nor may a crumb
+  // that lies within the tolerance as a whole.
+  [[nodiscard]] bool Permis(Bout e, Bout f) const {
+    if (e == f || lien[e] != kLibre || lien[f] != kLibre) return false;
+    if (autre_[e] != f) return true;
+    return segments_[e] >= 2 && (Place(e) == Place(f) || longueur_[e] > 4 * tolerance_);
+  }
+
+  void Relie(Bout e, Bout f) {
+    lien[e] = f;
+    lien[f] = e;
+    const Bout a = autre_[e];
+    const Bout b = autre_[f];
+    if (a == f) return;  // closed
+    autre_[a] = b;
+    autre_[b] = a;
+    longueur_[a] = longueur_[b] = longueur_[e] + longueur_[f];
+    segments_[a] = segments_[b] = segments_[e] + segments_[f];
+  }
+
+ private:
+  static double Ecart(PointF a, PointF b) {
+    return std::hypot(static_cast<double>(b.x) - static_cast<double>(a.x),
+                      static_cast<double>(b.y) - static_cast<double>(a.y));
+  }
+
+  const Plan& plan_;
+  std::span<const Bouts> bouts_;
+  double tolerance_;
+  std::vector<Bout> autre_;              // for a free end: the other free end of its chain
+  std::vector<double> longueur_;         // for a free end: length of its chain, mm
+  std::vector<std::uint32_t> segments_;  // for a free end: segments of its chain
+};
+
+// Joins what it can of the ends that meet in one place: the straightest continuations first.
+void RelieNoeud(Chaines& chaines, std::span<const Bout> bouts);
+
+// Joins free ends that lie within `tolerance` (mm) of each other, the nearest first.
+void RelieBoutsProches(const Plan& plan, Chaines& chaines, double tolerance);
+
+}  // namespace pathwerk::assemblage

@@ -1,0 +1,244 @@
+// Nesting of contours: which path lies in which.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+
+#include "closed/pathwerk/assemblage/Etapes.h"
+
+namespace pathwerk::assemblage {
+
+namespace {
+
+struct Boite {
+  float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
+  void Etend(PointF p) {
+    x0 = std::min(x0, p.x);
+    x1 = std::max(x1, p.x);
+    y0 = std::min(y0, p.y);
+    y1 = std::max(y1, p.y);
+  }
+  void Etend(const Boite& b) {
+    x0 = std::min(x0, b.x0);
+    x1 = std::max(x1, b.x1);
+    y0 = std::min(y0, b.y0);
+    y1 = std::max(y1, b.y1);
+  }
+};
+
+Boite BoiteDe(std::span<const PointF> points) {
+  Boite b{points[0].x, points[0].x, points[0].y, points[0].y};
+  for (const PointF p : points) b.Etend(p);
+  return b;
+}
+
+// Abscissa of an edge at the height y that it straddles.
+double Traverse(PointF a, PointF b, double y) {
+  const double ax = static_cast<double>(a.x);
+  const double ay = static_cast<double>(a.y);
+  const double bx = static_cast<double>(b.x);
+  const double by = static_cast<double>(b.y);
+  return ax + (y - ay) * ((bx - ax) / (by - ay));
+}
+
+bool Dessus(PointF p, double y) { return static_cast<double>(p.y) > y; }
+
+// Even-odd test of a point against one contour. The edges lie in a tree of boxes, sixteen to a box; a run of edges
+// that lies wholly to the right of the point needs no look inside: it crosses the ray an odd number of times
+// exactly when its two ends lie on different sides of it.
+//
+//       point .------->-------/\---/-----      ends of the run: one below, one above: odd
+//
+class Interieur {
+ public:
+  explicit Interieur(std::span<const PointF> contour) : contour_(contour) {
+    std::size_t n = contour.size() - 1;
+    std::vector<Boite> etage;
+    for (std::size_t i = 0; i < n; i += kPaquet) {
+      etage.push_back(BoiteDe(contour.subspan(i, std::min(kPaquet, n - i) + 1)));
+    }
+    etages_.push_back(std::move(etage));
+    while (etages_.back().size() > kPaquet) {
+      const auto& bas = etages_.back();
+      std::vector<Boite> haut;
+      for (std::size_t i = 0; i < bas.size(); i += kPaquet) {
+        Boite b = bas[i];
+        for (std::size_t k = i; k < std::min(i + kPaquet, bas.size()); ++k) b.Etend(bas[k]);
+        haut.push_back(b);
+      }
+      etages_.push_back(std::move(haut));
+    }
+  }
+
+  [[nodiscard]] bool Contient(Vec2 p) const { return Impair(p, etages_.size() - 1, 0, etages_.back().size()); }
+
+ private:
+  static constexpr std::size_t kPaquet = 16;
+
+  // Parity of the crossings right of `p` of the boxes [debut, fin) of one level.
+  [[nodiscard]] bool Impair(Vec2 p, std::size_t etage, std::size_t debut, std::size_t fin) const {
+    bool impair = false;
+    std::size_t portee = kPaquet;  // edges under one box of this level
+    for (std::size_t e = 0; e < etage; ++e) portee *= kPaquet;
+    const std::size_t aretes = contour_.size() - 1;
+    for (std::size_t i = debut; i < fin; ++i) {
+      const Boite& b = etages_[etage][i];
+      if (static_cast<double>(b.y0) > p.y || static_cast<double>(b.y1) <= p.y || static_cast<double>(b.x1) < p.x) {
+        continue;
+      }
+      const std::size_t premier = i * portee;
+      const std::size_t dernier = std::min(premier + portee, aretes);
+      if (static_cast<double>(b.x0) > p.x) {
+        impair ^= Dessus(contour_[premier], p.y) != Dessus(contour_[dernier], p.y);
+      } else if (etage > 0) {
+        impair ^= Impair(p, etage - 1, i * kPaquet, std::min((i + 1) * kPaquet, etages_[etage - 1].size()));
+      } else {
+        for (std::size_t k = premier; k < dernier; ++k) {
+          const PointF a = contour_[k];
+          const PointF c = contour_[k + 1];
+          if (Dessus(a, p.y) != Dessus(c, p.y)) impair ^= Traverse(a, c, p.y) > p.x;
+        }
+      }
+    }
+    return impair;
+  }
+
+  std::span<const PointF> contour_;
+  std::vector<std::vector<Boite>> etages_;
+};
+
+// Places that stand for a path when it is asked what it lies in. Of a contour: the middles of the widest inner
+// pieces of five level lines. They keep off its own border, so a contour that shares a corner or an edge with
+// another, or that crosses it a little, is judged by where its body lies.
+std::vector<Vec2> Temoins(std::span<const PointF> points, Nature nature, const Boite& b) {
+  std::vector<Vec2> temoins;
+  if (nature == Nature::Ferme) {
+    constexpr std::array kHauteurs = {0.5037, 0.1721, 0.8293, 0.3383, 0.6719};
+    std::array<std::vector<double>, kHauteurs.size()> coupes;
+    std::array<double, kHauteurs.size()> y{};
+    for (std::size_t k = 0; k < y.size(); ++k) {
+      y[k] = static_cast<double>(b.y0) + (static_cast<double>(b.y1) - static_cast<double>(b.y0)) * kHauteurs[k];
+    }
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      for (std::size_t k = 0; k < y.size(); ++k) {
+        if (Dessus(points[i - 1], y[k]) != Dessus(points[i], y[k])) {
+          coupes[k].push_back(Traverse(points[i - 1], points[i], y[k]));
+        }
+      }
+    }
+    for (std::size_t k = 0; k < y.size(); ++k) {
+      auto& c = coupes[k];
+      std::sort(c.begin(), c.end());
+      std::size_t large = 0;
+      for (std::size_t i = 0; i + 1 < c.size(); i += 2) {
+        if (c[i + 1] - c[i] > c[large + 1] - c[large]) large = i;
+      }
+      if (c.size() > 1 && c[large + 1] > c[large]) temoins.push_back({(c[large] + c[large + 1]) / 2, y[k]});
+    }
+    if (!temoins.empty()) return temoins;
+  }
+  // A hole is its point; of an open path, or a contour without area, the middles of segments spread over it.
+  const std::size_t aretes = points.size() - 1;
+  const std::size_t nombre = std::min<std::size_t>(aretes, 7);
+  for (std::size_t k = 0; k < nombre; ++k) {
+    const std::size_t i = (2 * k + 1) * aretes / (2 * nombre);
+    temoins.push_back({(static_cast<double>(points[i].x) + static_cast<double>(points[i + 1].x)) / 2,
+                       (static_cast<double>(points[i].y) + static_cast<double>(points[i + 1].y)) / 2});
+  }
+  return temoins;
+}
+
+struct Contour {
+  std::size_t chemin = 0;
+  double aire = 0;
+  Boite boite;
+};
+
+}  // namespace
+
+double DoubleAire(std::span<const PointF> contour) {
+  // Relative to the first point, so that a small contour far from the origin keeps its digits.
+  double somme = 0;
+  const double ox = static_cast<double>(contour[0].x);
+  const double oy = static_cast<double>(contour[0].y);
+  for (std::size_t i = 1; i < contour.size(); ++i) {
+    somme += (static_cast<double>(contour[i - 1].x) - ox) * (static_cast<double>(contour[i].y) - oy) -
+             (static_cast<double>(contour[i].x) - ox) * (static_cast<double>(contour[i - 1].y) - oy);
+  }
+  return somme;
+}
+
+// Contours are sorted by area; the first one behind a path whose box holds the path's box and that holds most of
+// its witnesses is its parent. There are no more contours than codes, so the look through their boxes stays short;
+// points are looked at through the tree of one contour at a time.
+std::vector<std::size_t> Parents(const Plan& plan, double marge) {
+  const std::size_t n = plan.chemins.size();
+  std::vector<Boite> boites(n);
+  std::vector<double> aires(n, 0);
+  std::vector<Contour> contours;
+  for (std::size_t i = 0; i < n; ++i) {
+    boites[i] = BoiteDe(plan.De(i));
+    if (plan.chemins[i].nature != Nature::Ferme) continue;
+    aires[i] = std::fabs(DoubleAire(plan.De(i)));
+    contours.push_back({i, aires[i], boites[i]});
+  }
+  std::sort(contours.begin(), contours.end(), [](const Contour& a, const Contour& b) {
+    return a.aire != b.aire ? a.aire < b.aire : a.chemin < b.chemin;
+  });
+  std::vector<std::unique_ptr<Interieur>> arbres(contours.size());
+  std::vector<std::size_t> parents(n, kSansParent);
+  std::vector<Vec2> temoins;
+  for (std::size_t i = 0; i < n; ++i) {
+    const Boite& b = boites[i];
+    const float jeu = static_cast<float>(std::min(marge, 0.01 * static_cast<double>(b.x1 - b.x0 + b.y1 - b.y0)));
+    const Boite dedans{b.x0 + jeu, b.x1 - jeu, b.y0 + jeu, b.y1 - jeu};
+    temoins.clear();
+    // Two contours of the same area lie beside each other, or are one contour drawn with other points.
+    const double seuil = plan.chemins[i].nature == Nature::Ferme ? aires[i] * (1 + 1e-7) : -1;
+    auto it = std::upper_bound(contours.begin(), contours.end(), seuil,
+                               [](double a, const Contour& c) { return a < c.aire; });
+    for (; it != contours.end(); ++it) {
+      const Boite& c = it->boite;
+      if (c.x0 > dedans.x0 || c.x1 < dedans.x1 || c.y0 > dedans.y0 || c.y1 < dedans.y1) continue;
+      if (temoins.empty()) temoins = Temoins(plan.De(i), plan.chemins[i].nature, b);
+      auto& arbre = arbres[static_cast<std::size_t>(it - contours.begin())];
+      if (!arbre) arbre = std::make_unique<Interieur>(plan.De(it->chemin));
+      const auto dans = std::count_if(temoins.begin(), temoins.end(), [&](Vec2 p) { return arbre->Contient(p); });
+      if (2 * dans > static_cast<std::ptrdiff_t>(temoins.size())) {
+        parents[i] = it->chemin;
+        break;
+      }
+    }
+  }
+  return parents;
+}
+
+// The forest of contours walked children first, without recursion: a drawing may be nested as deep as it has paths.
+std::vector<std::size_t> OrdreDeCoupe(std::span<const std::size_t> parents) {
+  const std::size_t n = parents.size();
+  std::vector<std::size_t> premier(n + 1, kSansParent);  // first child; of the drawing itself at n
+  std::vector<std::size_t> suivant(n, kSansParent);      // next one with the same parent
+  for (std::size_t i = n; i-- > 0;) {
+    auto& tete = premier[parents[i] == kSansParent ? n : parents[i]];
+    suivant[i] = tete;
+    tete = i;
+  }
+  std::vector<std::size_t> ordre;
+  ordre.reserve(n);
+  std::size_t i = premier[n];
+  while (i != kSansParent) {
+    while (premier[i] != kSansParent) i = premier[i];
+    for (;;) {
+      ordre.push_back(i);
+      if (suivant[i] != kSansParent) {
+        i = suivant[i];
+        break;
+      }
+      i = parents[i];
+      if (i == kSansParent) break;
+    }
+  }
+  return ordre;
+}
+
+}  // namespace pathwerk::assemblage

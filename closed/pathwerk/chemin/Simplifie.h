@@ -1,0 +1,19 @@
+// Thinning of a path within a tolerance.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "closed/pathwerk/commun/Vecteur.h"
+
+namespace pathwerk::chemin {
+
+// Indices of the points that stay, ascending. The first point, the last and every i with garde[i] != 0 stay; every
+// point left out lies within `tolerance` (mm, > 0) of the kept line. A closed path comes with its closing point
+// (`points.back() == points.front()`): if it has three distinct points it keeps three, however small it is.
+std::vector<std::size_t> Simplifie(std::span<const Vec2> points, std::span<const std::uint8_t> garde,
+                                   double tolerance);
+
+}  // namespace pathwerk::chemin

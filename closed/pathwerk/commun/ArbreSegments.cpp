@@ -1,0 +1,211 @@
+#include "closed/pathwerk/commun/ArbreSegments.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace pathwerk {
+
+namespace {
+
+// Senses that occur in a run of segments, two bits for each of four axes (x, y, and the two diagonals): "some
+// segment doesn't go up" and "some segment doesn't go down". A run that goes strictly one way along an axis can't
+// meet itself, however long it is.
+constexpr std::uint8_t Sens(Vec2 d) {
+  const double v[4] = {d.x, d.y, d.x + d.y, d.x - d.y};
+  unsigned bits = 0;
+  for (unsigned i = 0; i < 4; ++i) {
+    if (!(v[i] > 0)) bits |= 1U << (2 * i);
+    if (!(v[i] < 0)) bits |= 2U << (2 * i);
+  }
+  return static_cast<std::uint8_t>(bits);
+}
+
+constexpr bool Monotone(unsigned bits) {
+  for (unsigned i = 0; i < 4; ++i) {
+    if (((bits >> (2 * i)) & 3U) != 3U) return true;
+  }
+  return false;
+}
+
+// Sign of the turn a -> b -> p, with everything too near to call counted as 0.
+int Orientation(Vec2 a, Vec2 b, Vec2 p) {
+  const Vec2 u = b - a;
+  const Vec2 v = p - a;
+  const double c = Vectoriel(u, v);
+  const double bruit = 1e-14 * (std::abs(u.x) + std::abs(u.y)) * (std::abs(v.x) + std::abs(v.y)) + 1e-300;
+  return c > bruit ? 1 : c < -bruit ? -1 : 0;
+}
+
+// Squared distance of two segments, mm2; 0 where they cross.
+double Distance2EntreSegments(const Segment& s, const Segment& t) {
+  const int o1 = Orientation(s.a, s.b, t.a), o2 = Orientation(s.a, s.b, t.b);
+  const int o3 = Orientation(t.a, t.b, s.a), o4 = Orientation(t.a, t.b, s.b);
+  if (o1 * o2 < 0 && o3 * o4 < 0) return 0;
+  return std::min({LieuSurSegment(s, t.a).distance2, LieuSurSegment(s, t.b).distance2,
+                   LieuSurSegment(t, s.a).distance2, LieuSurSegment(t, s.b).distance2});
+}
+
+}  // namespace
+
+Lieu LieuSurSegment(const Segment& s, Vec2 p) {
+  const Vec2 d = s.b - s.a;
+  const double l2 = Scalaire(d, d);
+  Lieu l;
+  l.t = l2 > 0 ? std::clamp(Scalaire(p - s.a, d) / l2, 0.0, 1.0) : 0.0;
+  l.point = l.t == 1 ? s.b : s.a + d * l.t;
+  const Vec2 e = p - l.point;
+  l.distance2 = Scalaire(e, e);
+  return l;
+}
+
+std::vector<Segment> SegmentsDe(const Chemin& chemin, bool ferme) {
+  std::vector<Segment> s;
+  const std::size_t n = chemin.size();
+  if (n < 2) return s;
+  s.reserve(n);
+  for (std::size_t i = 0; i + 1 < n; ++i) s.push_back({chemin[i], chemin[i + 1]});
+  if (ferme) s.push_back({chemin[n - 1], chemin[0]});
+  return s;
+}
+
+ArbreSegments::ArbreSegments(std::vector<Segment> segments) : segments_(std::move(segments)) {
+  feuilles_ = std::bit_ceil(std::max<std::size_t>(1, (segments_.size() + kParFeuille - 1) / kParFeuille));
+  constexpr double kInf = std::numeric_limits<double>::infinity();
+  boites_.assign(2 * feuilles_, Boite{kInf, kInf, -kInf, -kInf});
+  for (std::size_t i = 0; i < segments_.size(); ++i) {
+    Boite& b = boites_[feuilles_ + i / kParFeuille];
+    for (const Vec2 p : {segments_[i].a, segments_[i].b}) {
+      b = {std::min(b.x0, p.x), std::min(b.y0, p.y), std::max(b.x1, p.x), std::max(b.y1, p.y)};
+    }
+  }
+  for (std::size_t k = feuilles_ - 1; k >= 1; --k) {
+    const Boite& g = boites_[2 * k];
+    const Boite& d = boites_[2 * k + 1];
+    boites_[k] = {std::min(g.x0, d.x0), std::min(g.y0, d.y0), std::max(g.x1, d.x1), std::max(g.y1, d.y1)};
+  }
+}
+
+std::size_t ArbreSegments::Debut(std::size_t k) const {
+  while (k < feuilles_) k *= 2;
+  return std::min(segments_.size(), (k - feuilles_) * kParFeuille);
+}
+
+std::size_t ArbreSegments::Fin(std::size_t k) const {
+  while (k < feuilles_) k = 2 * k + 1;
+  return std::min(segments_.size(), (k - feuilles_ + 1) * kParFeuille);
+}
+
+double ArbreSegments::Distance2(std::size_t k, Vec2 p) const {
+  const Boite& b = boites_[k];
+  const double dx = std::max({b.x0 - p.x, p.x - b.x1, 0.0});
+  const double dy = std::max({b.y0 - p.y, p.y - b.y1, 0.0});
+  return dx * dx + dy * dy;
+}
+
+Lieu ArbreSegments::PlusProche(Vec2 p) const {
+  return PlusProche(p, std::numeric_limits<double>::infinity(), [](std::size_t) { return true; });
+}
+
+// Do segments i < j meet anywhere but in the vertex that neighbours share?
+bool ArbreSegments::SeTouchent(std::size_t i, std::size_t j) const {
+  const Segment& s = segments_[i];
+  const Segment& r = segments_[j];
+  const std::size_t n = segments_.size();
+  const bool suivant = j == i + 1;
+  const bool boucle = i == 0 && j + 1 == n;
+  if (suivant || boucle) {
+    if (n == 2) return true;  // there and back
+    const Vec2 u = suivant ? s.b - s.a : r.b - r.a;
+    const Vec2 v = suivant ? r.b - r.a : s.b - s.a;
+    const Vec2 origine = suivant ? s.b : r.b;
+    return Scalaire(u, v) < 0 && Orientation(origine, origine + u, origine + v) == 0;
+  }
+  if (std::max(s.a.x, s.b.x) < std::min(r.a.x, r.b.x) || std::max(r.a.x, r.b.x) < std::min(s.a.x, s.b.x) ||
+      std::max(s.a.y, s.b.y) < std::min(r.a.y, r.b.y) || std::max(r.a.y, r.b.y) < std::min(s.a.y, s.b.y)) {
+    return false;
+  }
+  return Orientation(s.a, s.b, r.a) * Orientation(s.a, s.b, r.b) <= 0 &&
+         Orientation(r.a, r.b, s.a) * Orientation(r.a, r.b, s.b) <= 0;
+}
+
+bool ArbreSegments::CroiseDans(std::size_t k, const std::vector<std::uint8_t>& sens) const {
+  if (Monotone(sens[k])) return false;
+  if (k >= feuilles_) {
+    const std::size_t fin = Fin(k);
+    for (std::size_t i = Debut(k); i < fin; ++i) {
+      for (std::size_t j = i + 1; j < fin; ++j) {
+        if (SeTouchent(i, j)) return true;
+      }
+    }
+    return false;
+  }
+  return CroiseDans(2 * k, sens) || CroiseDans(2 * k + 1, sens) || CroiseEntre(2 * k, 2 * k + 1, sens);
+}
+
+bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<std::uint8_t>& sens) const {
+  const Boite& a = boites_[g];
+  const Boite& b = boites_[d];
+  if (!(a.x0 <= b.x1 && b.x0 <= a.x1 && a.y0 <= b.y1 && b.y0 <= a.y1)) return false;
+  // Two runs joined end to end that go one way together. The far ends may join too, but only in a closed path,
+  // and that can't go one way.
+  if (Fin(g) == Debut(d) && Monotone(static_cast<unsigned>(sens[g] | sens[d]))) return false;
+  if (Debut(g) == 0 && Fin(d) == segments_.size() && Monotone(static_cast<unsigned>(sens[g] | sens[d]))) {
+    return false;
+  }
+  const bool feuilleG = g >= feuilles_;
+  const bool feuilleD = d >= feuilles_;
+  if (feuilleG && feuilleD) {
+    for (std::size_t i = Debut(g), finG = Fin(g); i < finG; ++i) {
+      for (std::size_t j = Debut(d), finD = Fin(d); j < finD; ++j) {
+        if (SeTouchent(i, j)) return true;
+      }
+    }
+    return false;
+  }
+  // The greater box is halved; leaves stay whole.
+  if (feuilleD || std::bit_width(g) < std::bit_width(d)) {
+    return CroiseEntre(2 * g, d, sens) || CroiseEntre(2 * g + 1, d, sens);
+  }
+  return CroiseEntre(g, 2 * d, sens) || CroiseEntre(g, 2 * d + 1, sens);
+}
+
+bool ArbreSegments::PassePres(const Segment& s, double distance) const {
+  if (segments_.empty()) return false;
+  const Vec2 n = Gauche(Unite(s.b - s.a));
+  const double x0 = std::min(s.a.x, s.b.x) - distance, x1 = std::max(s.a.x, s.b.x) + distance;
+  const double y0 = std::min(s.a.y, s.b.y) - distance, y1 = std::max(s.a.y, s.b.y) + distance;
+  std::vector<std::size_t> pile{1};
+  while (!pile.empty()) {
+    const std::size_t k = pile.back();
+    pile.pop_back();
+    const Boite& b = boites_[k];
+    if (!(b.x0 <= x1 && b.x1 >= x0 && b.y0 <= y1 && b.y1 >= y0)) continue;
+    // The box, seen along the segment.
+    const Vec2 milieu{(b.x0 + b.x1) / 2 - s.a.x, (b.y0 + b.y1) / 2 - s.a.y};
+    const double demi = ((b.x1 - b.x0) * std::abs(n.x) + (b.y1 - b.y0) * std::abs(n.y)) / 2;
+    if (std::abs(Scalaire(n, milieu)) > demi + distance) continue;
+    if (k < feuilles_) {
+      pile.push_back(2 * k);
+      pile.push_back(2 * k + 1);
+      continue;
+    }
+    for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) {
+      if (Distance2EntreSegments(segments_[i], s) < distance * distance) return true;
+    }
+  }
+  return false;
+}
+
+bool ArbreSegments::PeutSeCroiser() const {
+  if (segments_.size() < 3) return !segments_.empty();
+  std::vector<std::uint8_t> sens(2 * feuilles_, 0);
+  for (std::size_t i = 0; i < segments_.size(); ++i) {
+    sens[feuilles_ + i / kParFeuille] |= Sens(segments_[i].b - segments_[i].a);
+  }
+  for (std::size_t k = feuilles_ - 1; k >= 1; --k) {
+    sens[k] = static_cast<std::uint8_t>(sens[2 * k] | sens[2 * k + 1]);
+  }
+  return CroiseDans(1, sens);
+}
+
+}  // namespace pathwerk

@@ -1,0 +1,396 @@
+// From free stretches to loops.
+//
+// Raw pieces in the order of the outline: the parallel of segment 0, the arc around vertex 1 if the corner is an
+// outer one, the parallel of segment 1, and so on. Where two neighbours are both free up to their common corner the
+// link is certain. Every other end lies on the border of a stadium, so a stretch of that segment begins there:
+//
+//       p --------.  cause of p's end: segment of q
+//                 |
+//                 '------- q   cause of q's start: segment of p
+//
+// The two places are computed twice, once on p and once on q, and agree to the rounding; where curves touch at a
+// very small angle they may lie a little apart, and the gap is bridged by a chord.
+#include "closed/pathwerk/decalage/ArcLibres.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pathwerk::decalage {
+
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+constexpr double kMemeCoin = 1e-7;  // mm
+constexpr double kDemiTour = 1e-9;  // rad: a turn this near to half a turn goes right back
+
+struct Coin {
+  bool exterieur = false;
+  bool vif = false;  // has an arc
+  Vec2 u0;           // directions from the vertex to both ends of the arc
+  Vec2 u1;
+};
+
+Coin CoinDe(Vec2 u, Vec2 v, double d) {
+  Coin c;
+  const double sinus = Vectoriel(u, v);
+  const bool retour = Scalaire(u, v) < 0 && std::abs(sinus) < kDemiTour;
+  c.exterieur = retour || sinus * d < 0;
+  c.vif = retour || (c.exterieur && std::abs(sinus) > 1e-12) || (c.exterieur && Scalaire(u, v) < 0);
+  const double cote = d > 0 ? 1 : -1;
+  c.u0 = Gauche(u) * cote;
+  c.u1 = retour ? c.u0 * -1.0 : Gauche(v) * cote;
+  return c;
+}
+
+class Releveur {
+ public:
+  Releveur(const ArcSource& source, double d, double bruit) : source_(source), tailleur_(source, d, bruit), d_(d) {}
+
+  std::vector<ArcLibre> Releve() {
+    std::size_t debut = 0;
+    while (debut < source_.Taille()) {
+      // The last segment of a contour goes back to its first vertex.
+      const std::size_t fin = source_.Precedent(debut) + 1;
+      Contour(debut, fin);
+      debut = fin;
+    }
+    return std::move(libres_);
+  }
+
+ private:
+  void Contour(std::size_t debut, std::size_t fin) {
+    const std::size_t premier = libres_.size();
+    ouvert_ = kNaturel;
+    bool commence = false;  // the first piece of the contour is free from its start
+    bool rang0 = true;
+    Vec2 u = Unite(source_.B(fin - 1) - source_.A(fin - 1));
+    for (std::size_t i = debut; i < fin; ++i) {
+      const Vec2 w = source_.B(i) - source_.A(i);
+      const double l = Norme(w);
+      const Vec2 v = w * (1 / l);
+      const Coin c = CoinDe(u, v, d_);
+      if (c.vif) {
+        const bool libre = tailleur_.TailleArc(i, c.u0, c.u1);
+        const bool joint = Ajoute(i, true, libre);
+        if (rang0) commence = joint;
+        rang0 = false;
+      }
+      const bool libre = tailleur_.TailleSegment(i, v, l);
+      const bool joint = Ajoute(i, false, libre);
+      if (rang0) commence = joint;
+      rang0 = false;
+      u = v;
+    }
+    if (ouvert_ != kNaturel && commence) libres_[ouvert_].suite = static_cast<std::uint32_t>(premier);
+  }
+
+  // Returns whether the piece is free from its own start.
+  bool Ajoute(std::size_t i, bool arc, bool libre) {
+    if (!libre) {
+      ouvert_ = kNaturel;
+      return false;
+    }
+    const std::vector<Intervalle>& reste = tailleur_.Reste();
+    const bool joint = reste.front().de.cause == kNaturel;
+    if (joint && ouvert_ != kNaturel) libres_[ouvert_].suite = static_cast<std::uint32_t>(libres_.size());
+    if (!libres_.empty() && !arc && reste.front().de.cause == source_.Precedent(i)) {
+      // An inner corner where both parallels merely cut each other short, as nearly all do.
+      ArcLibre& avant = libres_.back();
+      if (!avant.arc && avant.source == source_.Precedent(i) && avant.causeB == i &&
+          Norme(tailleur_.Place(reste.front().de) - avant.b) < kMemeCoin) {
+        avant.suite = static_cast<std::uint32_t>(libres_.size());
+      }
+    }
+    for (const Intervalle& v : reste) {
+      ArcLibre a;
+      a.a = tailleur_.Place(v.de);
+      a.b = tailleur_.Place(v.a);
+      a.source = static_cast<std::uint32_t>(i);
+      a.causeA = v.de.cause;
+      a.causeB = v.a.cause;
+      a.arc = arc;
+      libres_.push_back(a);
+    }
+    ouvert_ = libres_.back().causeB == kNaturel ? static_cast<std::uint32_t>(libres_.size() - 1) : kNaturel;
+    return joint;
+  }
+
+  const ArcSource& source_;
+  ArcTailleur tailleur_;
+  double d_;
+  std::vector<ArcLibre> libres_;
+  std::uint32_t ouvert_ = kNaturel;  // the stretch that is free up to the corner ahead
+};
+
+struct Paire {
+  double cout;
+  std::uint32_t fin;
+  std::uint32_t debut;
+};
+
+// Starts sorted by cell of a square grid, for a search within one cell's width.
+class Grille {
+ public:
+  Grille(const std::vector<ArcLibre>& libres, const std::vector<std::uint32_t>& debuts, double pas) : pas_(pas) {
+    cases_.reserve(debuts.size());
+    for (const std::uint32_t k : debuts) cases_.push_back({Case(libres[k].a.x), Case(libres[k].a.y), k});
+    std::sort(cases_.begin(), cases_.end(), [](const Entree& e, const Entree& f) {
+      return e.y != f.y ? e.y < f.y : e.x != f.x ? e.x < f.x : e.k < f.k;
+    });
+  }
+  template <class Visite>
+  void Autour(Vec2 p, Visite visite) const {
+    const std::int64_t x = Case(p.x);
+    const std::int64_t y = Case(p.y);
+    for (std::int64_t r = y - 1; r <= y + 1; ++r) {
+      auto it =
+          std::lower_bound(cases_.begin(), cases_.end(), Entree{x - 1, r, 0},
+                           [](const Entree& e, const Entree& f) { return e.y != f.y ? e.y < f.y : e.x < f.x; });
+      for (; it != cases_.end() && it->y == r && it->x <= x + 1; ++it) visite(it->k);
+    }
+  }
+
+ private:
+  struct Entree {
+    std::int64_t x, y;
+    std::uint32_t k;
+  };
+  [[nodiscard]] std::int64_t Case(double v) const { return static_cast<std::int64_t>(std::floor(v / pas_)); }
+  double pas_;
+  std::vector<Entree> cases_;
+};
+
+// May the gap be bridged by a chord?
+bool Pont(const ArcSource& source, Vec2 a, Vec2 b, double r, double creux) {
+  for (const double t : {0.25, 0.5, 0.75}) {
+    const double e = std::sqrt(source.Distance2(a + (b - a) * t, 4 * r * r));
+    if (e < r - creux || e > r + creux / 8) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit) {
+  return Releveur(source, d, bruit).Releve();
+}
+
+std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux) {
+  std::vector<std::uint8_t> precede(libres.size(), 0);
+  for (const ArcLibre& a : libres) {
+    if (a.suite != kNaturel) precede[a.suite] = 1;
+  }
+  std::vector<std::uint32_t> fins;
+  std::vector<std::uint32_t> debuts;
+  for (std::uint32_t k = 0; k < libres.size(); ++k) {
+    if (libres[k].suite == kNaturel) fins.push_back(k);
+    if (precede[k] == 0) debuts.push_back(k);
+  }
+  if (fins.empty()) return 0;
+  // Most ends meet to the last digits: a fine grid first, the full gap for what is left.
+  const double large = std::max(ecart, std::sqrt(8 * r * creux));
+  for (const double pas : {std::min(1e-6, ecart), ecart, large}) {
+    const Grille grille(libres, debuts, pas);
+    std::vector<Paire> paires;
+    for (const std::uint32_t f : fins) {
+      const ArcLibre& p = libres[f];
+      grille.Autour(p.b, [&](std::uint32_t k) {
+        const ArcLibre& q = libres[k];
+        const double e = Norme(q.a - p.b);
+        if (e > pas || (pas > ecart && !Pont(source, p.b, q.a, r, creux))) return;
+        // Vertex i is where segment i begins; as the start of a cap it also belongs to the segment before.
+        const bool nommes = (p.causeB == q.source || q.causeA == p.source);
+        const bool soi = k == f;
+        paires.push_back({e + (nommes ? 0 : pas / 8) + (soi ? pas / 4 : 0), f, k});
+      });
+    }
+    std::sort(paires.begin(), paires.end(), [](const Paire& a, const Paire& b) {
+      return a.cout != b.cout ? a.cout < b.cout : a.fin != b.fin ? a.fin < b.fin : a.debut < b.debut;
+    });
+    for (const Paire& p : paires) {
+      if (libres[p.fin].suite != kNaturel || precede[p.debut] != 0) continue;
+      libres[p.fin].suite = p.debut;
+      precede[p.debut] = 1;
+    }
+    std::erase_if(fins, [&](std::uint32_t k) { return libres[k].suite != kNaturel; });
+    std::erase_if(debuts, [&](std::uint32_t k) { return precede[k] != 0; });
+    if (fins.empty()) break;
+  }
+  return fins.size();
+}
+
+std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libres, double d, int signe) {
+  std::vector<std::uint8_t> precede(libres.size(), 0);
+  std::size_t laches = 0;
+  for (const ArcLibre& a : libres) {
+    if (a.suite != kNaturel) {
+      precede[a.suite] = 1;
+    } else {
+      ++laches;
+    }
+  }
+  if (signe == 0) return laches;
+  // Left of the outline the winding number is this, right of it one less.
+  const int gauche = signe > 0 ? 1 : 0;
+  std::size_t reste = 0;
+  std::vector<std::uint8_t> vu(libres.size(), 0);
+  const auto juge = [&](std::uint32_t depart, bool lache) {
+    const ArcLibre& p = libres[depart];
+    const int tours = source.Tours(p.arc ? p.a : (p.a + p.b) * 0.5);
+    const bool bon = d > 0 ? tours >= gauche : tours < gauche;
+    if (bon && lache) ++reste;
+    for (std::uint32_t k = depart; k != kNaturel && vu[k] == 0; k = libres[k].suite) {
+      vu[k] = 1;
+      libres[k].hors = !bon;
+    }
+  };
+  for (std::uint32_t k = 0; k < libres.size(); ++k) {
+    if (laches > 0 && precede[k] == 0) juge(k, true);
+  }
+  for (std::uint32_t k = 0; k < libres.size(); ++k) {
+    if (vu[k] == 0) juge(k, false);
+  }
+  return reste;
+}
+
+namespace {
+
+class Aplatisseur {
+ public:
+  Aplatisseur(const ArcSource& source, const std::vector<ArcLibre>& libres, double d, double fleche)
+      : source_(source), libres_(libres), r_(std::abs(d)), sens_(d > 0 ? -1 : 1), fleche_(fleche) {
+    pas_ = std::min(2 * std::acos(1 - std::min(fleche / r_, 1.0)), kPi / 3);
+  }
+
+  // The closed chain of stretches, in order. `origines`: of its edges.
+  Chemin Boucle(const std::vector<std::uint32_t>& chaine, Origines& origines) {
+    sortie_.clear();
+    origines_.clear();
+    ici_ = {};
+    const std::size_t n = chaine.size();
+    bool avant = Emousse(chaine, n - 1);
+    bool ici = Emousse(chaine, 0);
+    for (std::size_t k = 0; k < n; ++k) {
+      const bool apres = Emousse(chaine, (k + 1) % n);
+      const ArcLibre& p = libres_[chaine[k]];
+      if (ici) {
+        const Vec2 c = source_.A(p.source);
+        Pose(c + Unite((p.a - c) + (p.b - c)) * r_, 1);
+      } else {
+        if (!avant) Pose(p.a, 0);
+        ici_ = {p.source, Debut(p), 0};
+        if (p.arc) Arc(p);
+        if (!apres) {
+          Pose(p.b, Fin(p));
+          ici_ = {};  // should the next stretch begin elsewhere, a chord goes there
+        }
+      }
+      avant = ici;
+      ici = apres;
+    }
+    if (avant) ici_ = {libres_[chaine[0]].source, 0, 0};
+    Ferme();
+    origines = std::move(origines_);
+    return std::move(sortie_);
+  }
+
+ private:
+  static constexpr double kMeme = 1e-9;  // mm
+
+  // A point where the edge before it arrives at the share `part` of the segment it runs beside.
+  void Pose(Vec2 p, float part) {
+    if (!sortie_.empty() && Norme(p - sortie_.back()) < kMeme) return;
+    if (sortie_.empty()) {
+      premiere_ = part;
+    } else {
+      origines_.push_back({ici_.segment, ici_.de, part});
+    }
+    sortie_.push_back(p);
+    ici_.de = part;
+  }
+
+  // The edge back to the first point.
+  void Ferme() {
+    if (sortie_.size() < 2 || Norme(sortie_.front() - sortie_.back()) >= kMeme) {
+      origines_.push_back({ici_.segment, ici_.de, premiere_});
+      return;
+    }
+    sortie_.pop_back();
+    while (sortie_.size() > 1 && Norme(sortie_.front() - sortie_.back()) < kMeme) {
+      sortie_.pop_back();
+      origines_.pop_back();
+    }
+  }
+
+  [[nodiscard]] float Part(const ArcLibre& p, Vec2 q) const {
+    const Vec2 d = source_.B(p.source) - source_.A(p.source);
+    return static_cast<float>(std::clamp(Scalaire(q - source_.A(p.source), d) / Scalaire(d, d), 0.0, 1.0));
+  }
+  [[nodiscard]] float Debut(const ArcLibre& p) const { return p.arc || p.causeA == kNaturel ? 0.0F : Part(p, p.a); }
+  [[nodiscard]] float Fin(const ArcLibre& p) const {
+    return p.arc ? 0.0F : p.causeB == kNaturel ? 1.0F : Part(p, p.b);
+  }
+
+  // A whole arc so blunt that its middle alone will do, between two whole ends of parallels.
+  [[nodiscard]] bool Emousse(const std::vector<std::uint32_t>& chaine, std::size_t k) const {
+    const std::size_t n = chaine.size();
+    const ArcLibre& p = libres_[chaine[k]];
+    if (n < 3 || !p.arc || p.causeA != kNaturel || p.causeB != kNaturel) return false;
+    const ArcLibre& avant = libres_[chaine[(k + n - 1) % n]];
+    const ArcLibre& apres = libres_[chaine[(k + 1) % n]];
+    if (avant.arc || apres.arc || avant.causeB != kNaturel || apres.causeA != kNaturel) return false;
+    const double corde = Norme(p.b - p.a);
+    return corde < r_ && corde * corde <= 4 * r_ * fleche_;  // sagitta = chord^2 / 8 r
+  }
+
+  void Arc(const ArcLibre& p) {
+    const Vec2 c = source_.A(p.source);
+    const Vec2 u = (p.a - c) * (1 / r_);
+    const double w = Balayage(u, (p.b - c) * (1 / r_), sens_);
+    const auto n = static_cast<long>(std::ceil(w / pas_ - 1e-9));
+    for (long i = 1; i < n; ++i) {
+      const double a = sens_ * w * static_cast<double>(i) / static_cast<double>(n);
+      const double co = std::cos(a) * r_;
+      const double si = std::sin(a) * r_;
+      Pose(c + Vec2{u.x * co - u.y * si, u.x * si + u.y * co}, 0);
+    }
+  }
+
+  const ArcSource& source_;
+  const std::vector<ArcLibre>& libres_;
+  double r_;
+  double sens_;
+  double fleche_;
+  double pas_ = 0;
+  Chemin sortie_;
+  Origines origines_;
+  Origine ici_;         // of the edge that leaves the last point
+  float premiere_ = 0;  // where the edge back to the first point arrives
+};
+
+}  // namespace
+
+std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
+                                   double fleche, double mini, std::vector<Origines>* origines) {
+  Aplatisseur aplatisseur(source, libres, d, fleche);
+  std::vector<std::uint8_t> vu(libres.size(), 0);
+  std::vector<Chemin> boucles;
+  std::vector<std::uint32_t> chaine;
+  Origines o;
+  if (origines != nullptr) origines->clear();
+  for (std::uint32_t depart = 0; depart < libres.size(); ++depart) {
+    if (vu[depart] != 0 || libres[depart].hors) continue;
+    chaine.clear();
+    for (std::uint32_t k = depart; vu[k] == 0; k = libres[k].suite) {
+      vu[k] = 1;
+      chaine.push_back(k);
+    }
+    Chemin c = aplatisseur.Boucle(chaine, o);
+    if (c.size() < 2 || Perimetre(c) < mini) continue;
+    boucles.push_back(std::move(c));
+    if (origines != nullptr) origines->push_back(std::move(o));
+  }
+  return boucles;
+}
+
+}  // namespace pathwerk::decalage

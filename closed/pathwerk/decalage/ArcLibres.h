@@ -1,0 +1,44 @@
+// The free stretches of a raw parallel curve, and the loops that they make.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "closed/pathwerk/decalage/ArcSource.h"
+#include "closed/pathwerk/decalage/ArcTaille.h"
+#include "closed/pathwerk/decalage/Origine.h"
+
+namespace pathwerk::decalage {
+
+// One free stretch: of the parallel of segment `source`, or of the arc around vertex `source`.
+struct ArcLibre {
+  Vec2 a;
+  Vec2 b;
+  std::uint32_t source = 0;
+  std::uint32_t causeA = kNaturel;
+  std::uint32_t causeB = kNaturel;
+  std::uint32_t suite = kNaturel;  // the stretch that follows, kNaturel: none
+  bool arc = false;
+  bool hors = false;  // not part of the result
+};
+
+// All free stretches, in the order of the outline. Stretches that follow each other in a corner are linked.
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit);
+
+// Links the loose ends: where stretch p ends because of the segment that q belongs to, q begins because of p's.
+// Ends are matched nearest first, those that name each other before others; none farther apart than `ecart`. Then
+// wider gaps are bridged whose chord keeps its distance to within `creux`: a corner that pokes through another side
+// by less than that makes such dents. Returns how many ends stay loose.
+std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux);
+
+// Takes out what lies on the wrong side of the region: a spike that stands out of it has a parallel of its own on
+// both sides, closed or ending where the region begins. `signe` as in Region. Returns how many ends stay loose.
+std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libres, double d, int signe);
+
+// Closed loops as polylines whose chords lie within `fleche` of the arcs, inside them. Loops shorter than `mini`
+// are left out. Only for linked stretches. `origines`, when asked for: where the edges of each loop lie on the
+// source.
+std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
+                                   double fleche, double mini, std::vector<Origines>* origines = nullptr);
+
+}  // namespace pathwerk::decalage

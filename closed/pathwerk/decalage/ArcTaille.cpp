@@ -1,0 +1,369 @@
+// Free stretches by subtraction.
+//
+// The places too near to one source segment make a stadium, a convex set. A straight line cuts it in one interval,
+// and so does a circle of the same radius as its caps. So each raw piece starts whole, and every stadium that
+// reaches it takes an interval away in closed form:
+//
+//        raw piece   |------------------------------|
+//        stadiums       (======)      (=========)
+//        left        |--|      |------|         |---|      free, to the last digit
+//
+// What is left is the true border, no matter how the raw pieces cross, and a piece never needs to know the others.
+// The segments are searched in a tree, nearest first; the search disc shrinks with what is left, and most buried
+// pieces are gone after a few steps, the last killers being tried before anything else.
+//
+// Two pieces that coincide and run the same way would both stay, since neither is inside the other's stadium: the
+// one of the lower index keeps the place.
+#include "closed/pathwerk/decalage/ArcTaille.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pathwerk::decalage {
+
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+constexpr double kCourt = 1e-10;  // a stretch shorter than this (mm, or measure of angle) is none
+
+// Interval of the line p + t u inside the disc around `c`.
+bool CoupeDisque(Vec2 c, Vec2 u, double r, double& t0, double& t1) {
+  const double h = Vectoriel(u, c);
+  const double q = r * r - h * h;
+  if (q <= 0) return false;
+  const double t = Scalaire(u, c);
+  const double demi = std::sqrt(q);
+  t0 = std::min(t0, t - demi);
+  t1 = std::max(t1, t + demi);
+  return true;
+}
+
+// Narrows [t0, t1] to lo < a + t k < hi.
+bool Borne(double a, double k, double lo, double hi, double& t0, double& t1) {
+  if (std::abs(k) < 1e-300) return a > lo && a < hi;
+  double e = (lo - a) / k;
+  double f = (hi - a) / k;
+  if (e > f) std::swap(e, f);
+  t0 = std::max(t0, e);
+  t1 = std::min(t1, f);
+  return t0 < t1;
+}
+
+}  // namespace
+
+double Balayage(Vec2 a, Vec2 b, double sens) {
+  double w = std::atan2(sens * Vectoriel(a, b), Scalaire(a, b));
+  if (w < -1e-6) w += 2 * kPi;
+  return std::clamp(w, 0.0, kPi);
+}
+
+ArcTailleur::ArcTailleur(const ArcSource& source, double d, double bruit)
+    : source_(source), d_(d), r_(std::abs(d)), bruit_(bruit), sens_(d > 0 ? -1 : 1) {}
+
+double ArcTailleur::Mesure(Vec2 u) const {
+  const double x = Scalaire(u_, u);
+  const double y = sens_ * Vectoriel(u_, u);
+  const double s = std::abs(x) + std::abs(y);
+  if (y >= 0) return x >= 0 ? y / s : 1 - x / s;
+  return x < 0 ? 2 - y / s : 3 + x / s;
+}
+
+Vec2 ArcTailleur::Milieu(const Bord& b0, const Bord& b1) const {
+  if (!arc_) return origine_ + u_ * ((b0.t + b1.t) / 2);
+  const Vec2 s = b0.u + b1.u;
+  const double n = Norme(s);
+  // Opposite ends: a quarter turn on from the first.
+  const Vec2 m = n > 1e-6 ? s * (1 / n) : Gauche(b0.u) * sens_;
+  return origine_ + m * r_;
+}
+
+bool ArcTailleur::TailleSegment(std::size_t i, Vec2 u, double l) {
+  arc_ = false;
+  i_ = i;
+  u_ = u;
+  origine_ = source_.A(i) + Gauche(u) * d_;
+  fin_ = l;
+  reste_.assign(1, Intervalle{{0, u, kNaturel}, {l, u, kNaturel}});
+  return Taille();
+}
+
+bool ArcTailleur::TailleArc(std::size_t i, Vec2 u0, Vec2 u1) {
+  arc_ = true;
+  i_ = i;
+  u_ = u0;
+  origine_ = source_.A(i);
+  fin_ = std::min(Mesure(u1), 2.0);
+  reste_.assign(1, Intervalle{{0, u0, kNaturel}, {fin_, u1, kNaturel}});
+  return Taille();
+}
+
+void ArcTailleur::Cadre() {
+  const Bord& b0 = reste_.front().de;
+  const Bord& b1 = reste_.back().a;
+  milieu_ = Milieu(b0, b1);
+  demi_ = std::max(Norme(Place(b0) - milieu_), Norme(Place(b1) - milieu_)) + 1e-12;
+}
+
+// Can nothing in this box be too near to what is left, nor just touch it?
+bool ArcTailleur::TropLoin(std::size_t noeud) const {
+  const ArcSource::Boite& b = source_.BoiteDe(noeud);
+  const double portee = r_ + demi_ + 2 * bruit_;
+  if (Distance2(b, milieu_) >= portee * portee) return true;
+  const Vec2 c{(b.x0 + b.x1) / 2 - origine_.x, (b.y0 + b.y1) / 2 - origine_.y};
+  const double ex = (b.x1 - b.x0) / 2;
+  const double ey = (b.y1 - b.y0) / 2;
+  if (!arc_) {  // beside the strip around the whole line
+    return std::abs(Vectoriel(u_, c)) - (std::abs(u_.x) * ey + std::abs(u_.y) * ex) >= r_ + 2 * bruit_;
+  }
+  // Behind the centre, seen from both ends of what is left.
+  const auto derriere = [&](Vec2 u) {
+    return Scalaire(u, c) + std::abs(u.x) * ex + std::abs(u.y) * ey < -2 * bruit_;
+  };
+  return derriere(reste_.front().de.u) && derriere(reste_.back().a.u);
+}
+
+void ArcTailleur::Essaie(std::size_t j) {
+  if (arc_) {
+    RetireDArc(j);
+  } else {
+    RetireDeSegment(j);
+  }
+  if (!change_) return;
+  change_ = false;
+  derniers_[tour_++ % kMemoire] = j;
+  if (!reste_.empty()) Cadre();
+}
+
+// Neighbours have much the same neighbourhood: the tree is searched once for a run of segments.
+void ArcTailleur::ChercheBloc() {
+  blocDebut_ = i_ - i_ % kBloc;
+  blocFin_ = std::min(blocDebut_ + kBloc, source_.Taille());
+  constexpr double kInf = std::numeric_limits<double>::infinity();
+  ArcSource::Boite b{kInf, kInf, -kInf, -kInf};
+  const auto ajoute = [&b](Vec2 p, double e) {
+    b = {std::min(b.x0, p.x - e), std::min(b.y0, p.y - e), std::max(b.x1, p.x + e), std::max(b.y1, p.y + e)};
+  };
+  Vec2 n0;
+  for (std::size_t i = blocDebut_; i < blocFin_; ++i) {
+    const Vec2 a = source_.A(i);
+    const Vec2 c = source_.B(i);
+    const Vec2 n = Gauche(Unite(c - a)) * d_;
+    const std::size_t avant = source_.Precedent(i);
+    if (i == blocDebut_ || avant + 1 != i) n0 = Gauche(Unite(a - source_.A(avant))) * d_;
+    // Rise of the arc between both normals.
+    const Vec2 corde = n - n0;
+    const double fleche = r_ - std::sqrt(std::max(0.0, r_ * r_ - Scalaire(corde, corde) / 4));
+    ajoute(a + n0, fleche);
+    ajoute(a + n, fleche);
+    ajoute(c + n, 0);
+    n0 = n;
+  }
+  const Vec2 m{(b.x0 + b.x1) / 2, (b.y0 + b.y1) / 2};
+  const double demi = Norme(Vec2{b.x1 - b.x0, b.y1 - b.y0}) / 2;
+  const double portee = r_ + demi + 3 * bruit_ + 1e-12;
+  bloc_.clear();
+  blocPlein_ = false;
+  std::size_t pile[130];
+  std::size_t hauteur = 0;
+  pile[hauteur++] = 1;
+  while (hauteur > 0) {
+    const std::size_t k = pile[--hauteur];
+    if (Distance2(source_.BoiteDe(k), m) >= portee * portee) continue;
+    if (k < source_.Feuilles()) {
+      pile[hauteur++] = 2 * k + 1;
+      pile[hauteur++] = 2 * k;
+    } else if (bloc_.size() < kFeuillesMax) {
+      bloc_.push_back(static_cast<std::uint32_t>(k));
+    } else {
+      blocPlein_ = true;
+      return;
+    }
+  }
+}
+
+bool ArcTailleur::Taille() {
+  Cadre();
+  for (std::size_t k = 1; k <= kMemoire && !reste_.empty(); ++k) {
+    Essaie(derniers_[(tour_ + kMemoire - k) % kMemoire]);
+  }
+  if (reste_.empty()) return false;
+  if (i_ < blocDebut_ || i_ >= blocFin_) ChercheBloc();
+  if (!blocPlein_) {
+    for (const std::uint32_t k : bloc_) {
+      if (TropLoin(k)) continue;
+      for (std::size_t j = source_.Debut(k), fin = source_.Fin(k); j < fin && !reste_.empty(); ++j) Essaie(j);
+      if (reste_.empty()) return false;
+    }
+    return true;
+  }
+  std::size_t pile[130];
+  std::size_t hauteur = 0;
+  pile[hauteur++] = 1;
+  while (hauteur > 0 && !reste_.empty()) {
+    const std::size_t k = pile[--hauteur];
+    if (TropLoin(k)) continue;
+    if (k >= source_.Feuilles()) {
+      for (std::size_t j = source_.Debut(k), fin = source_.Fin(k); j < fin && !reste_.empty(); ++j) Essaie(j);
+      continue;
+    }
+    const bool gauche = Distance2(source_.BoiteDe(2 * k), milieu_) < Distance2(source_.BoiteDe(2 * k + 1), milieu_);
+    pile[hauteur++] = 2 * k + (gauche ? 1 : 0);
+    pile[hauteur++] = 2 * k + (gauche ? 0 : 1);
+  }
+  return !reste_.empty();
+}
+
+void ArcTailleur::Retire(const Bord& b0, const Bord& b1, std::size_t j, bool toujours) {
+  bool touche = false;
+  for (const Intervalle& v : reste_) touche |= b0.t < v.a.t && b1.t > v.de.t;
+  if (!touche) return;
+  const double limite = r_ - bruit_;
+  autre_.clear();
+  for (const Intervalle& v : reste_) {
+    const Bord& e = b0.t > v.de.t ? b0 : v.de;
+    const Bord& f = b1.t < v.a.t ? b1 : v.a;
+    if (e.t >= f.t || (!toujours && source_.Distance2(j, Milieu(e, f)) >= limite * limite)) {
+      autre_.push_back(v);
+      continue;
+    }
+    change_ = true;
+    if (b0.t > v.de.t + kCourt) autre_.push_back({v.de, b0});
+    if (b1.t < v.a.t - kCourt) autre_.push_back({b1, v.a});
+  }
+  if (change_) reste_.swap(autre_);
+}
+
+void ArcTailleur::RetireDeSegment(std::size_t j) {
+  if (j == i_) return;
+  const Vec2 a = source_.A(j) - origine_;
+  const Vec2 b = source_.B(j) - origine_;
+  // Wholly on one side, farther than r.
+  const double ha = Vectoriel(u_, a);
+  const double hb = Vectoriel(u_, b);
+  if ((ha >= r_ && hb >= r_) || (ha <= -r_ && hb <= -r_)) {
+    // The only touch that counts here is a parallel that coincides.
+    if (j < i_ && std::abs(std::abs(ha) - r_) <= bruit_ && std::abs(ha - hb) <= bruit_) {
+      const double l = Norme(b - a);
+      RetireEgalSegment(j, (b - a) * (1 / l), l);
+    }
+    return;
+  }
+  // Wholly before or behind all that is left.
+  const double ta = Scalaire(u_, a);
+  const double tb = Scalaire(u_, b);
+  if (std::max(ta, tb) + r_ < reste_.front().de.t || std::min(ta, tb) - r_ > reste_.back().a.t) return;
+  double t0 = std::numeric_limits<double>::infinity();
+  double t1 = -t0;
+  CoupeDisque(a, u_, r_, t0, t1);
+  CoupeDisque(b, u_, r_, t0, t1);
+  const Vec2 w = b - a;
+  const double l = Norme(w);
+  const Vec2 v = w * (1 / l);
+  double s0 = -std::numeric_limits<double>::infinity();
+  double s1 = -s0;
+  if (Borne(-Vectoriel(v, a), Vectoriel(v, u_), -r_, r_, s0, s1) &&
+      Borne(-Scalaire(v, a), Scalaire(v, u_), 0, l, s0, s1)) {
+    t0 = std::min(t0, s0);
+    t1 = std::max(t1, s1);
+  }
+  const auto cause = static_cast<std::uint32_t>(j);
+  if (t0 < t1) Retire({t0, u_, cause}, {t1, u_, cause}, j, false);
+  if (j < i_ && !reste_.empty() && std::abs(std::abs(ha) - r_) <= bruit_ && std::abs(ha - hb) <= bruit_) {
+    RetireEgalSegment(j, v, l);
+  }
+}
+
+void ArcTailleur::RetireEgalSegment(std::size_t j, Vec2 v, double l) {
+  if (Scalaire(v, u_) < 0.5) return;
+  // The source lies r beside the line, on the side that makes its own parallel fall on it.
+  const Vec2 a = source_.A(j) - origine_;
+  if (Vectoriel(u_, a) * d_ > 0) return;
+  const double t = Scalaire(u_, a);
+  const auto cause = static_cast<std::uint32_t>(j);
+  Retire({t, u_, cause}, {t + l, u_, cause}, j, true);
+}
+
+void ArcTailleur::RetireDArc(std::size_t j) {
+  if (j == i_ || j == source_.Precedent(i_)) return;
+  const double portee = r_ + demi_ + 2 * bruit_;
+  if (source_.Distance2(j, milieu_) > portee * portee) return;
+  const Vec2 a = source_.A(j) - origine_;
+  const Vec2 b = source_.B(j) - origine_;
+  const Vec2 w = b - a;
+  const double l = Norme(w);
+  const Vec2 v = w * (1 / l);
+  const double a0 = -Scalaire(v, a);  // foot of the centre along the segment
+  double h = -Vectoriel(v, a);        // height of the centre over the segment, left positive
+  const double foot = std::clamp(a0, 0.0, l);
+  const Vec2 proche = a + v * foot;
+  const double distance = Norme(proche);
+  if (distance >= 2 * r_ - bruit_) return;
+  const auto cause = static_cast<std::uint32_t>(j);
+  Vec2 entre;
+  Vec2 sort;
+  const double cote = h >= 0 ? 1 : -1;
+  const Vec2 n = Gauche(v) * cote;
+  if (distance <= 10 * bruit_) {
+    // The centre lies on the segment: one half of the circle is buried, or all of it.
+    if (j < i_ && foot <= 10 * bruit_) RetireEgalArc(j);
+    if (reste_.empty()) return;
+    if (foot > 10 * bruit_ && foot < l - 10 * bruit_) {
+      Retire(Bord{-1, u_, cause}, Bord{5, u_, cause}, j, true);
+      return;
+    }
+    const Vec2 g = Gauche(v);
+    entre = foot <= 10 * bruit_ ? g * -1.0 : g;
+    sort = entre * -1.0;
+  } else {
+    h = std::abs(h);
+    const double sinus = std::clamp(1 - h / r_, -1.0, 1.0);
+    const double cosinus = h < 2 * r_ ? std::sqrt(std::max(0.0, h * (2 * r_ - h))) / r_ : 0.0;
+    // Seen along v with the centre above, the circle turns counter-clockwise into the stadium on the lower side of
+    // the line and leaves it on the upper one.
+    const auto croise = [&](double le, double signe) {
+      if (le > 0 && le < l) return v * (signe * cosinus) + n * sinus;
+      const Vec2 p = a + v * std::clamp(le, 0.0, l);
+      const double q = Norme(p);
+      const double c = std::min(q / (2 * r_), 1.0);
+      const double s = std::sqrt(std::max(0.0, 1 - c * c)) * signe * cote;
+      const Vec2 e = p * (1 / q);
+      return e * c + Gauche(e) * s;
+    };
+    entre = croise(a0 - r_ * cosinus, -1.0);
+    sort = croise(a0 + r_ * cosinus, 1.0);
+    if (cote < 0) std::swap(entre, sort);
+  }
+  if (sens_ < 0) std::swap(entre, sort);
+  const Bord e{Mesure(entre), entre, cause};
+  const Bord s{Mesure(sort), sort, cause};
+  if (e.t <= s.t) {
+    Retire(e, s, j, false);
+    return;
+  }
+  if (s.t > 0) Retire(Bord{-1, u_, cause}, s, j, false);
+  if (!reste_.empty() && e.t < fin_) Retire(e, Bord{5, u_, cause}, j, false);
+}
+
+// The arc around the start of segment j, where that has one and shares this centre.
+void ArcTailleur::RetireEgalArc(std::size_t j) {
+  const Vec2 p = source_.A(j);
+  const Vec2 u = Unite(p - source_.A(source_.Precedent(j)));
+  const Vec2 v = Unite(source_.B(j) - p);
+  const double c = Vectoriel(u, v);
+  const bool retour = Scalaire(u, v) < 0 && std::abs(c) < 1e-9;
+  if (!retour && c * d_ >= 0) return;
+  const double cote = d_ > 0 ? 1 : -1;
+  const Vec2 e = Gauche(u) * cote;
+  const Vec2 s = Gauche(v) * cote;
+  const auto cause = static_cast<std::uint32_t>(j);
+  const Bord be{Mesure(e), e, cause};
+  const Bord bs{Mesure(s), s, cause};
+  if (be.t <= bs.t) {
+    Retire(be, bs, j, true);
+    return;
+  }
+  if (bs.t > 0) Retire(Bord{-1, u_, cause}, bs, j, true);
+  if (!reste_.empty() && be.t < fin_) Retire(be, Bord{5, u_, cause}, j, true);
+}
+
+}  // namespace pathwerk::decalage

@@ -1,0 +1,87 @@
+// What is left of one raw piece of a parallel curve when everything too near to the outline is taken away.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "closed/pathwerk/decalage/ArcSource.h"
+
+namespace pathwerk::decalage {
+
+inline constexpr std::uint32_t kNaturel = std::numeric_limits<std::uint32_t>::max();
+
+// A place on a raw piece: `t` mm along a segment; for an arc a measure that grows with the angle (0 to 4 for a full
+// turn), and `u`, the unit vector from the centre. `cause`: the source segment that ends the free stretch there, or
+// kNaturel at the piece's own end.
+struct Bord {
+  double t = 0;
+  Vec2 u;
+  std::uint32_t cause = kNaturel;
+};
+struct Intervalle {
+  Bord de;
+  Bord a;
+};
+
+// Takes one raw piece after the other: first Segment() or Arc(), then Reste().
+class ArcTailleur {
+ public:
+  // `d`: signed distance, left positive. `bruit`: depth below which nothing counts as too near, mm.
+  ArcTailleur(const ArcSource& source, double d, double bruit);
+
+  // The parallel of segment i, whose unit direction is `u` and whose length is `l`. False: nothing is left.
+  bool TailleSegment(std::size_t i, Vec2 u, double l);
+  // The arc around vertex i from u0 to u1 (unit vectors), turning right for a left parallel and vice versa.
+  bool TailleArc(std::size_t i, Vec2 u0, Vec2 u1);
+  // Free stretches of the last piece, in its direction.
+  [[nodiscard]] const std::vector<Intervalle>& Reste() const { return reste_; }
+  [[nodiscard]] Vec2 Place(const Bord& b) const { return arc_ ? origine_ + b.u * r_ : origine_ + u_ * b.t; }
+
+ private:
+  bool Taille();
+  void Essaie(std::size_t j);
+  void RetireDeSegment(std::size_t j);
+  void RetireDArc(std::size_t j);
+  void RetireEgalSegment(std::size_t j, Vec2 v, double l);
+  void RetireEgalArc(std::size_t j);
+  // Takes [t0, t1] away where that is deeper than the noise in the source segment j, or in any case.
+  void Retire(const Bord& b0, const Bord& b1, std::size_t j, bool toujours);
+  void Cadre();
+  void ChercheBloc();
+  [[nodiscard]] bool TropLoin(std::size_t noeud) const;
+  [[nodiscard]] double Mesure(Vec2 u) const;
+  [[nodiscard]] Vec2 Milieu(const Bord& b0, const Bord& b1) const;
+
+  const ArcSource& source_;
+  double d_;
+  double r_;
+  double bruit_;
+  double sens_;  // of arcs: +1 counter-clockwise
+  bool arc_ = false;
+  std::size_t i_ = 0;
+  Vec2 origine_;  // start of the parallel, or centre of the arc
+  Vec2 u_;        // direction of the parallel, or first direction of the arc
+  double fin_ = 0;
+  std::vector<Intervalle> reste_;
+  std::vector<Intervalle> autre_;
+  bool change_ = false;
+  // Disc around all that is left, and the directions of its ends.
+  Vec2 milieu_;
+  double demi_ = 0;
+  static constexpr std::size_t kMemoire = 4;
+  std::size_t derniers_[kMemoire] = {};  // segments that took away most lately
+  std::size_t tour_ = 0;
+  // Leaves that can reach any raw piece of the segments [blocDebut_, blocFin_).
+  static constexpr std::size_t kBloc = 8;
+  static constexpr std::size_t kFeuillesMax = 96;
+  std::size_t blocDebut_ = 0;
+  std::size_t blocFin_ = 0;
+  std::vector<std::uint32_t> bloc_;
+  bool blocPlein_ = false;  // too many: the tree is searched for each piece
+};
+
+// Angle of the arc from unit vector a to b in the sense `sens`, 0 to pi.
+double Balayage(Vec2 a, Vec2 b, double sens);
+
+}  // namespace pathwerk::decalage

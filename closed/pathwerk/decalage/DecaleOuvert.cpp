@@ -1,0 +1,281 @@
+// One-sided parallel curve of an open path.
+//
+// The path walked there and back is a closed one without area; its parallel curve is the border of everything
+// nearer than R, half discs around both ends included. Of that border the stretches stay that see the path on the
+// wanted side:
+//
+//      .------------------.        kept for a distance > 0 (left)
+//     (  A ------------> B )       the caps around A and B go
+//      '------------------'        seen from the right: goes
+//
+// An edge knows which segment it runs beside, and whether that one was walked there or back. Where the path lies on
+// itself, or beside itself by less than the tolerance tells, the edge may belong to either way; it stays if any
+// segment as near as that has it on the wanted side. A turn right back, to that same measure, is rounded on both
+// sides, so the curve goes along the way out, around the tip and along the way back. Such an edge is judged by its
+// middle and both ends; it is cut first where the path begins or ends to lie on itself.
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "closed/pathwerk/commun/ArbreSegments.h"
+#include "closed/pathwerk/decalage/Decalages.h"
+#include "closed/pathwerk/decalage/Moteur.h"
+#include "closed/pathwerk/decalage/Origine.h"
+
+namespace pathwerk::decalage {
+
+namespace {
+
+constexpr double kMini = 1e-4;     // mm: shorter pieces are none
+constexpr double kContact = 0.01;  // mm: a path that comes so near to itself touches itself
+
+class Juge {
+ public:
+  // `egal`: distances that differ by less are equal, mm.
+  Juge(const Chemin& chemin, bool gauche, double egal)
+      : chemin_(chemin),
+        gauche_(gauche),
+        egal_(egal),
+        arbre_(SegmentsDe(chemin, false)),
+        touche_(chemin.size() - 1, 0),
+        contacts_(Contacts()) {}
+
+  // Does an edge of that origin, on the path there and back, run beside the way there?
+  [[nodiscard]] bool Aller(const Origine& o) const {
+    const double rang = static_cast<double>(o.segment) + (static_cast<double>(o.de) + static_cast<double>(o.a)) / 2;
+    return o.Connue() && rang > 0 && rang < static_cast<double>(chemin_.size() - 1);
+  }
+  // May it belong to either way, because the path lies on itself there?
+  [[nodiscard]] bool Ambigue(const Origine& o) const {
+    if (!o.Connue()) return true;
+    if (Aller(o)) return false;
+    const std::size_t dernier = chemin_.size() - 2;
+    const std::size_t s = o.segment <= dernier ? o.segment : 2 * dernier + 1 - o.segment;
+    // An edge around a vertex has a segment on either side of it.
+    const std::size_t autre = o.de == o.a && s < dernier ? s + 1 : s;
+    return touche_[s] != 0 || touche_[autre] != 0;
+  }
+
+  // The loop with a point beside each contact that an edge passes at `rayon`, where that may change the side.
+  // `origines` of its edges, or empty.
+  [[nodiscard]] Chemin CoupeAuxContacts(const Chemin& boucle, double rayon, Origines& origines) const {
+    if (contacts_.Segments().empty()) return boucle;
+    Chemin r;
+    Origines o;
+    const bool connues = origines.size() == boucle.size();
+    for (std::size_t i = 0, n = boucle.size(); i < n; ++i) {
+      const Segment arete{boucle[i], boucle[(i + 1) % n]};
+      r.push_back(arete.a);
+      if (connues) {
+        o.push_back(origines[i]);
+        if (!Ambigue(origines[i])) continue;
+      }
+      std::vector<std::pair<double, Vec2>> pieds;
+      const double portee = Norme(arete.b - arete.a) / 2 + rayon + kContact;
+      contacts_.Voisins((arete.a + arete.b) * 0.5, portee * portee, [&](const Lieu& contact) {
+        const Lieu pied = LieuSurSegment(arete, contact.point);
+        const double ecart = std::abs(std::sqrt(pied.distance2) - rayon);
+        if (pied.t > 0 && pied.t < 1 && ecart <= kContact) pieds.emplace_back(pied.t, pied.point);
+      });
+      std::sort(pieds.begin(), pieds.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+      for (const auto& [t, pied] : pieds) {
+        if (Norme(pied - r.back()) <= kMini / 100) continue;
+        r.push_back(pied);
+        if (!connues) continue;
+        o.back().a = origines[i].En(t);
+        o.push_back(origines[i]);
+        o.back().de = origines[i].En(t);
+      }
+    }
+    origines = std::move(o);
+    return r;
+  }
+
+  // The middle, and places beside the ends, where the side may change.
+  // `o`: the stretch that has the edge on the wanted side.
+  [[nodiscard]] bool BonCote(Vec2 a, Vec2 b, Origine& o) const {
+    const Lieu l = VuDe((a + b) * 0.5);
+    if (l.distance2 == kJamais || VuDe(a + (b - a) * 0.01).distance2 == kJamais ||
+        VuDe(b + (a - b) * 0.01).distance2 == kJamais) {
+      return false;
+    }
+    const Segment& s = arbre_.Segments()[l.segment];
+    o = {static_cast<std::uint32_t>(l.segment), static_cast<float>(LieuSurSegment(s, a).t),
+         static_cast<float>(LieuSurSegment(s, b).t)};
+    return true;
+  }
+  // How far along the path the place nearest to `p` lies: segment and share of it.
+  [[nodiscard]] double Rang(Vec2 p) const {
+    const Lieu l = arbre_.PlusProche(p);
+    return static_cast<double>(l.segment) + l.t;
+  }
+
+ private:
+  static constexpr double kJamais = std::numeric_limits<double>::infinity();
+
+  // The nearest place that sees `p` on the wanted side, of all that are as near as any; at kJamais if none does.
+  [[nodiscard]] Lieu VuDe(Vec2 p) const {
+    const double d = std::sqrt(arbre_.PlusProche(p).distance2) + egal_;
+    Lieu bon;
+    arbre_.Voisins(p, d * d, [&](const Lieu& l) {
+      if (l.distance2 < bon.distance2 && VuDuBonCote(p, l)) bon = l;
+    });
+    return bon;
+  }
+  [[nodiscard]] bool VuDuBonCote(Vec2 p, const Lieu& l) const {
+    const std::size_t dernier = chemin_.size() - 2;
+    const Segment& s = arbre_.Segments()[l.segment];
+    const Vec2 u = Unite(s.b - s.a);
+    Vec2 direction = u;
+    if (l.t == 0) {
+      if (l.segment == 0) {
+        if (Scalaire(p - s.a, u) < -1e-9) return false;  // round the first end
+      } else {
+        direction = Direction(chemin_[l.segment - 1], s.a, s.b);
+      }
+    } else if (l.t == 1) {
+      if (l.segment == dernier) {
+        if (Scalaire(p - s.b, u) > 1e-9) return false;  // round the last end
+      } else {
+        direction = Direction(s.a, s.b, chemin_[l.segment + 2]);
+      }
+    }
+    if (direction == Vec2{}) return true;  // the tip of a spike is on both sides
+    const double cote = Vectoriel(direction, p - l.point);
+    return gauche_ ? cote > 0 : cote < 0;
+  }
+
+  // Mean direction in the corner b; none where the path turns right back.
+  [[nodiscard]] Vec2 Direction(Vec2 a, Vec2 b, Vec2 c) const {
+    const Vec2 d = Unite(b - a) + Unite(c - b);
+    return Norme(d) * std::min(Norme(b - a), Norme(c - b)) <= egal_ ? Vec2{} : d;
+  }
+
+  // Points of the path that lie on a segment other than their own two, as segments without length. Marks all
+  // segments that meet there.
+  [[nodiscard]] ArbreSegments Contacts() {
+    std::vector<Segment> r;
+    for (std::size_t i = 0; i < chemin_.size(); ++i) {
+      bool touche = false;
+      arbre_.Voisins(chemin_[i], kContact * kContact, [&](const Lieu& l) {
+        if (l.segment == i || l.segment + 1 == i) return;
+        touche = true;
+        touche_[l.segment] = 1;
+      });
+      if (!touche) continue;
+      r.push_back({chemin_[i], chemin_[i]});
+      if (i > 0) touche_[i - 1] = 1;
+      if (i + 1 < chemin_.size()) touche_[i] = 1;
+    }
+    return ArbreSegments(std::move(r));
+  }
+
+  const Chemin& chemin_;
+  bool gauche_;
+  double egal_;
+  ArbreSegments arbre_;
+  std::vector<char> touche_;  // segments that come so near to another place of the path
+  ArbreSegments contacts_;
+};
+
+// The path there and back, which knows which way each segment is walked.
+Region AllerRetour(const Chemin& chemin) {
+  Region region{{chemin}, 0, {{}}};
+  Origines& o = region.origines[0];
+  const auto n = static_cast<std::uint32_t>(chemin.size());
+  for (std::uint32_t i = 0; i + 1 < n; ++i) o.push_back({i, 0, 1});
+  for (std::uint32_t i = n - 1; i-- > 0;) {
+    o.push_back({i, 1, 0});
+    if (i > 0) region.contours[0].push_back(chemin[i]);
+  }
+  return region;
+}
+
+// Edges of one loop that belong to the wanted side. `origines` on the path there and back; empty: all are judged.
+// An edge that either way may claim comes to belong to the way that has it on the wanted side.
+std::vector<char> AretesBonnes(const Chemin& boucle, Origines& origines, const Juge& juge) {
+  const std::size_t n = boucle.size();
+  std::vector<char> bon(n);
+  const bool connues = origines.size() == n;
+  for (std::size_t i = 0; i < n; ++i) {
+    if (connues) {
+      bon[i] = juge.Aller(origines[i]);
+      if (bon[i] != 0 || !juge.Ambigue(origines[i])) continue;
+    }
+    Origine autre;
+    bon[i] = juge.BonCote(boucle[i], boucle[(i + 1) % n], autre);
+    if (connues && bon[i] != 0 && origines[i].Connue()) origines[i] = autre;
+  }
+  // The chord over a gap goes with what it joins.
+  for (std::size_t i = 0; connues && i < n; ++i) {
+    if (!origines[i].Connue()) bon[i] = bon[(i + n - 1) % n] != 0 && bon[(i + 1) % n] != 0;
+  }
+  return bon;
+}
+
+// Runs of good edges of one loop, as pieces.
+void Decoupe(const Chemin& boucle, const Origines& origines, const std::vector<char>& bon,
+             std::vector<Piece>& pieces) {
+  const std::size_t n = boucle.size();
+  const auto rompu = std::find(bon.begin(), bon.end(), 0);
+  if (rompu == bon.end()) {
+    pieces.push_back({boucle, true, true, origines});
+    return;
+  }
+  const bool connues = origines.size() == n;
+  const auto s = static_cast<std::size_t>(rompu - bon.begin());
+  Piece courante{{}, false, true};
+  const auto vide = [&] {
+    double longueur = 0;
+    const Chemin& c = courante.points;
+    for (std::size_t i = 0; i + 1 < c.size(); ++i) longueur += Norme(c[i + 1] - c[i]);
+    if (longueur > kMini) pieces.push_back(std::move(courante));
+    courante = {{}, false, true};
+  };
+  for (std::size_t j = 1; j <= n; ++j) {
+    const std::size_t i = (s + j) % n;
+    if (bon[i] == 0) {
+      vide();
+      continue;
+    }
+    if (courante.points.empty()) courante.points.push_back(boucle[i]);
+    courante.points.push_back(boucle[(i + 1) % n]);
+    if (connues) courante.origines.push_back(origines[i]);
+  }
+}
+
+}  // namespace
+
+std::vector<Piece> DecaleOuvert(const Source& source, double distance, double tolerance) {
+  const Region region = AllerRetour(source.chemin);
+  std::vector<Chemin> boucles;
+  std::vector<Origines> origines;
+  if (!DecaleRegion(region, distance, tolerance, boucles, origines)) return {};
+  // Both ways of a path that lies on itself have been thinned, each by itself.
+  const Juge juge(source.chemin, distance > 0, tolerance / 4);
+  std::vector<Piece> pieces;
+  for (std::size_t k = 0; k < boucles.size(); ++k) {
+    const Chemin b = juge.CoupeAuxContacts(boucles[k], std::abs(distance), origines[k]);
+    const std::vector<char> bon = AretesBonnes(b, origines[k], juge);
+    Decoupe(b, origines[k], bon, pieces);
+  }
+
+  std::vector<std::pair<double, std::size_t>> ordre;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const Origines& o = pieces[i].origines;
+    const bool aller = !o.empty() && o[0].Connue() && o[0].segment + 1 < source.chemin.size();
+    ordre.emplace_back(aller ? static_cast<double>(o[0].segment) + static_cast<double>(o[0].de)
+                             : juge.Rang(pieces[i].points.front()),
+                       i);
+  }
+  std::sort(ordre.begin(), ordre.end());
+  std::vector<Piece> ranges;
+  for (const auto& [rang, i] : ordre) {
+    pieces[i].origines = Remonte(region, std::move(pieces[i].origines));
+    ranges.push_back(std::move(pieces[i]));
+  }
+  return ranges;
+}
+
+}  // namespace pathwerk::decalage

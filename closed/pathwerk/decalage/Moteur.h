@@ -1,0 +1,61 @@
+// The offset engine: the one place that knows how parallel curves are computed. Everything around it (thinning,
+// crossings, pockets, marks, floats) only stands on this contract, so that another engine can take its place.
+#pragma once
+
+#include <vector>
+
+#include "closed/pathwerk/commun/Vecteur.h"
+#include "closed/pathwerk/decalage/Origine.h"
+
+namespace pathwerk::decalage {
+
+// A region and the way its outline runs.
+struct Region {
+  std::vector<Chemin> contours;
+  // +1: the region lies to the left of the outline (outer contours counter-clockwise, holes clockwise).
+  // -1: to the right. 0: no area, every stretch is walked there and back.
+  int signe = 0;
+  // Of each contour, where its segments lie on the path that the region was cut from. Empty: unknown.
+  std::vector<Origines> origines = {};
+  // One contour that crosses itself all over: each strand is a wall from both sides, the winding number tells which
+  // places lie in the region.
+  bool fouillis = false;
+};
+
+// Parallel curves of the outline at `distance` mm, to the left of its travel when positive, else to its right.
+//
+// In: the contours of one region, closed without a repeated point, neighbours distinct, finite, near the origin
+// (|coordinate| up to 1e8 mm); they may touch themselves and each other, not cross. distance != 0; tolerance > 0.
+// Out: the border of the places on that side that are at least |distance| away from the outline, as closed loops
+// that don't repeat their first point and run as the outline beside them does. Corners are rounded. Each point of a
+// loop lies between |distance| - tolerance and |distance| from the outline, and no part of the border is missing by
+// more than the tolerance. Where the distance fits exactly,
+// as a cutter in a slot of its own width, a loop without width comes back.
+// False: no memory, or figures out of range; `boucles` is then empty.
+bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles);
+
+// The same, and of each loop where its edges lie on the contours, whose segments count on from one contour to the
+// next. Empty for the loops of the engine that can't tell.
+bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                  std::vector<Origines>& origines);
+
+// Origins on the contours of the region, carried back to the path that the region was cut from.
+Origines Remonte(const Region& region, Origines origines);
+
+// Cuts a closed path at its crossings into the region it runs around counter-clockwise and the one it runs around
+// clockwise: a figure of eight gives one of each. What is thinner than `tolerance` doesn't count. A path that only
+// touches itself comes back as it is. The regions know where their contours lie on the path, but for those of the
+// engine that can't tell.
+bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions);
+
+// How often which engine gave the result since the program began: the raw curve alone, the arc engine, Clipper.
+// More than a few of the last in a million calls is worth a look at the drawing.
+struct CompteDuMoteur {
+  unsigned long simples = 0;
+  unsigned long arcs = 0;
+  unsigned long replis = 0;
+  unsigned long replisLobes = 0;  // crossings that Clipper cut
+};
+CompteDuMoteur CompteDecaleRegion();
+
+}  // namespace pathwerk::decalage

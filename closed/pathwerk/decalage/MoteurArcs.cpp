@@ -1,0 +1,73 @@
+// The arc engine: free stretches (ArcTaille), linked to loops and flattened once (ArcLibres), then checked.
+//
+// The distance is taken a hair shorter than asked, within the tolerance, so that what fits exactly is passed.
+// Should the shape be in the way of just that distance (ends that find no partner), another hair is tried.
+#include <algorithm>
+#include <cmath>
+#include <exception>
+
+#include "closed/pathwerk/decalage/ArcLibres.h"
+#include "closed/pathwerk/decalage/Moteurs.h"
+
+namespace pathwerk::decalage {
+
+namespace {
+
+constexpr double kJeux[] = {0.06, 0.047, 0.071, 0.033, 0.0813};  // shares of the tolerance
+constexpr std::size_t kEchantillons = 48;
+
+// Depth below which a touch doesn't count: some units of the last place of the greatest coordinate.
+double Bruit(double etendue, double r) { return std::max(1e-10, 4e-15 * (etendue + r)); }
+
+// Samples of the loops lie where they must.
+bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double r, double fleche) {
+  std::size_t total = 0;
+  for (const Chemin& c : boucles) total += c.size();
+  const std::size_t pas = total / kEchantillons + 1;
+  const double bas = std::max(0.0, r - 1.02 * fleche);
+  const double haut = r + 0.02 * fleche;
+  std::size_t rang = 0;
+  for (const Chemin& c : boucles) {
+    for (std::size_t i = 0; i < c.size(); ++i) {
+      if (rang++ % pas != 0) continue;
+      const Vec2 b = c[(i + 1) % c.size()];
+      for (const double t : {0.0, 0.37}) {
+        const double e2 = source.Distance2(c[i] + (b - c[i]) * t, 1.01 * haut * haut);
+        if (!(e2 >= bas * bas && e2 <= haut * haut)) return false;
+      }
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                      std::vector<Origines>* origines) {
+  boucles.clear();
+  if (origines != nullptr) origines->clear();
+  try {
+    const ArcSource source(region.contours);
+    const double fleche = 0.85 * tolerance;
+    if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
+    if (source.Taille() == 0) return true;
+    for (const double part : kJeux) {
+      const double jeu = std::min(part * tolerance, std::abs(distance) * part);
+      const double d = distance > 0 ? distance - jeu : distance + jeu;
+      const double r = std::abs(d);
+      const double bruit = Bruit(source.Etendue(), r);
+      std::vector<ArcLibre> libres = ArcsLibres(source, d, bruit);
+      const double ecart = std::min(0.05 * tolerance + 4 * std::sqrt(2 * r * bruit), 0.5 * tolerance + 0.1 * r);
+      LieArcs(source, libres, r, ecart, 0.5 * tolerance);
+      if (OteMauvaisCote(source, libres, d, region.signe) > 0) continue;
+      boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50, origines);
+      if (Verifie(source, boucles, r, fleche)) return true;
+    }
+  } catch (const std::exception&) {
+  }
+  boucles.clear();
+  if (origines != nullptr) origines->clear();
+  return false;
+}
+
+}  // namespace pathwerk::decalage

@@ -1,0 +1,193 @@
+#include "closed/pathwerk/decalage/Pieces.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "closed/pathwerk/chemin/Simplifie.h"
+#include "closed/pathwerk/decalage/Report.h"
+
+namespace pathwerk::decalage {
+
+namespace {
+
+constexpr double kLimite = 1e8;  // mm
+
+// Marks are the points that say something: everything but "PD" and blank.
+bool EstMarque(const PointTrace& p) { return p.Cde != CodePD && p.Cde != Code2{}; }
+
+// Mean left normal of the distinct neighbours of a point; a turn right back gives the direction onward.
+Vec2 NormaleEn(const Chemin& c, bool ferme, std::size_t i) {
+  const std::size_t n = c.size();
+  if (n < 2) return {};
+  const bool avant = ferme || i > 0;
+  const bool apres = ferme || i + 1 < n;
+  const Vec2 u = avant ? Unite(c[i] - c[(i + n - 1) % n]) : Vec2{};
+  const Vec2 v = apres ? Unite(c[(i + 1) % n] - c[i]) : Vec2{};
+  const Vec2 m = Unite(u + v);
+  return m == Vec2{} ? u : Gauche(m);
+}
+
+// Begins a closed piece at a place of it.
+void Tourne(Piece& piece, const LieuDePiece& l, double tolerance) {
+  Chemin& c = piece.points;
+  Origines& o = piece.origines;
+  const std::size_t n = c.size();
+  const std::size_t apres = (l.arete + 1) % n;
+  std::size_t premier = apres;
+  bool nouveau = false;
+  if (Norme(l.point - c[l.arete]) <= tolerance / 10) {
+    premier = l.arete;
+  } else if (Norme(l.point - c[apres]) > tolerance / 10) {
+    nouveau = true;
+  }
+  std::rotate(c.begin(), c.begin() + static_cast<std::ptrdiff_t>(premier), c.end());
+  if (nouveau) c.insert(c.begin(), l.point);
+  if (o.size() != n) return;
+  std::rotate(o.begin(), o.begin() + static_cast<std::ptrdiff_t>(premier), o.end());
+  if (!nouveau) return;
+  Origine reste = o.back();
+  reste.de = o.back().a = o.back().En(l.t);
+  o.insert(o.begin(), reste);
+}
+
+struct Insertion {
+  LieuDePiece lieu;
+  Code2 cde;
+};
+
+// The marks in the order in which the pieces pass them.
+std::vector<Insertion> PlaceMarques(const std::vector<Piece>& pieces, const Source& source, const Report& report) {
+  const std::vector<LieuDePiece> lieux = report.Marques(pieces);
+  std::vector<Insertion> r;
+  for (std::size_t i = 0; i < lieux.size(); ++i) r.push_back({lieux[i], source.reperes[i].cde});
+  std::stable_sort(r.begin(), r.end(), [](const Insertion& x, const Insertion& y) {
+    const LieuDePiece& a = x.lieu;
+    const LieuDePiece& b = y.lieu;
+    if (a.piece != b.piece) return a.piece < b.piece;
+    return a.arete != b.arete ? a.arete < b.arete : a.t < b.t;
+  });
+  return r;
+}
+
+// Records of one piece, in floats.
+class Ecrivain {
+ public:
+  Ecrivain(Vec2 centre, Code2 seq, std::size_t points) : centre_(centre), seq_(seq) { points_.reserve(points); }
+
+  void Point(Vec2 p, Code2 cde) {
+    const Vec2 q = p + centre_;
+    PointTrace r{static_cast<float>(q.x), static_cast<float>(q.y), cde, seq_};
+    if (!points_.empty() && MemePlace(r, points_.back())) {
+      if (cde == CodePD) return;
+      if (points_.back().Cde == CodePD) {  // the mark lies on a vertex
+        points_.back().Cde = cde;
+        return;
+      }
+    }
+    points_.push_back(r);
+  }
+  // The record that holds the last place, to which Ferme comes back.
+  [[nodiscard]] std::size_t Dernier() const { return points_.size() - 1; }
+  void Ferme(std::size_t debut) {
+    const PointTrace premier{points_[debut].X, points_[debut].Y, CodePD, seq_};
+    if (points_.size() > debut + 1 && MemePlace(points_.back(), premier) && points_.back().Cde == CodePD) return;
+    points_.push_back(premier);
+  }
+  [[nodiscard]] bool Etendu() const {
+    return std::any_of(points_.begin(), points_.end(),
+                       [this](const PointTrace& p) { return !MemePlace(p, points_.front()); });
+  }
+  [[nodiscard]] std::vector<PointTrace>& Points() { return points_; }
+
+ private:
+  Vec2 centre_;
+  Code2 seq_;
+  std::vector<PointTrace> points_;
+};
+
+Code2 CodeDePiece(std::size_t rang) {
+  const auto n = static_cast<unsigned>(rang % 99 + 1);
+  return {static_cast<char16_t>(u'0' + n / 10), static_cast<char16_t>(u'0' + n % 10)};
+}
+
+}  // namespace
+
+std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, double tolerance) {
+  Source s;
+  const std::size_t n = points.size();
+  if (n == 0) return std::nullopt;
+  double x0 = kLimite, x1 = -kLimite, y0 = kLimite, y1 = -kLimite;
+  for (const PointTrace& p : points) {
+    const auto x = static_cast<double>(p.X);
+    const auto y = static_cast<double>(p.Y);
+    if (!(std::abs(x) <= kLimite && std::abs(y) <= kLimite)) return std::nullopt;
+    x0 = std::min(x0, x);
+    x1 = std::max(x1, x);
+    y0 = std::min(y0, y);
+    y1 = std::max(y1, y);
+  }
+  if (x0 == x1 && y0 == y1) return std::nullopt;
+  s.centre = {(x0 + x1) / 2, (y0 + y1) / 2};
+  s.ferme = n > 2 && MemePlace(points.front(), points.back());
+
+  Chemin brut(n);
+  std::vector<std::uint8_t> garde(n);
+  for (std::size_t i = 0; i < n; ++i) {
+    brut[i] = Vec2{static_cast<double>(points[i].X), static_cast<double>(points[i].Y)} - s.centre;
+    garde[i] = EstMarque(points[i]);
+  }
+  std::vector<std::pair<std::size_t, Code2>> marques;
+  for (const std::size_t i : chemin::Simplifie(brut, garde, tolerance)) {
+    if (s.chemin.empty() || !(brut[i] == s.chemin.back())) s.chemin.push_back(brut[i]);
+    // Of the two records of a seam that are both marked, one counts.
+    const bool couture = s.ferme && i + 1 == n && EstMarque(points[0]);
+    if (garde[i] != 0 && !couture) marques.emplace_back(s.chemin.size() - 1, points[i].Cde);
+  }
+  if (s.ferme) s.chemin.pop_back();
+  for (const auto& [rang, cde] : marques) {
+    const std::size_t i = rang % s.chemin.size();
+    s.reperes.push_back({i, s.chemin[i], NormaleEn(s.chemin, s.ferme, i), cde});
+  }
+  s.depart = {0, s.chemin[0], NormaleEn(s.chemin, s.ferme, 0), CodePD};
+  return s;
+}
+
+void Commence(Piece& piece, const Report& report, double tolerance) {
+  if (piece.points.size() > 1) Tourne(piece, report.Depart(piece), tolerance);
+}
+
+std::vector<PointTrace> EcritPieces(std::vector<Piece> pieces, const Source& source, double distance,
+                                    double tolerance) {
+  const Report report(source, distance, tolerance);
+  for (Piece& p : pieces) {
+    if (p.ferme && p.avant.empty()) Commence(p, report, tolerance);
+  }
+  const std::vector<Insertion> marques = PlaceMarques(pieces, source, report);
+  std::vector<PointTrace> r;
+  std::size_t rang = 0;
+  std::size_t m = 0;
+  for (std::size_t k = 0; k < pieces.size(); ++k) {
+    const Chemin& c = pieces[k].points;
+    Ecrivain e(source.centre, CodeDePiece(rang), pieces[k].avant.size() + c.size() + 1);
+    for (const Vec2 p : pieces[k].avant) e.Point(p, CodePD);
+    std::size_t debut = 0;
+    for (std::size_t i = 0; i < c.size(); ++i) {
+      e.Point(c[i], CodePD);
+      if (i == 0) debut = e.Dernier();
+      for (; m < marques.size() && marques[m].lieu.piece == k && marques[m].lieu.arete == i; ++m) {
+        e.Point(marques[m].lieu.point, marques[m].cde);
+      }
+    }
+    if (pieces[k].ferme && !c.empty()) e.Ferme(debut);
+    if (!e.Etendu()) continue;
+    if (r.empty()) {
+      r.swap(e.Points());
+    } else {
+      r.insert(r.end(), e.Points().begin(), e.Points().end());
+    }
+    ++rang;
+  }
+  return r;
+}
+
+}  // namespace pathwerk::decalage

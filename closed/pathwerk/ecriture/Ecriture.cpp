@@ -1,0 +1,179 @@
+// The DXF and DAT files that this system writes, both made to come back as they were.
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <new>
+#include <span>
+#include <string>
+#include <system_error>
+
+#include "closed/Pathwerk.h"
+#include "closed/pathwerk/commun/Disque.h"
+
+namespace pathwerk {
+
+namespace {
+
+constexpr std::string_view kFin = "\r\n";
+
+// The shortest text without exponent that reads back to the same float, also for a reader that goes through a
+// double.
+void AjouteNombre(std::string& t, float valeur) {
+  const float v = valeur + 0.0F;  // a negative zero is none in a drawing
+  std::array<char, 200> tampon{};
+  auto fin = std::to_chars(tampon.data(), tampon.data() + tampon.size(), v, std::chars_format::fixed).ptr;
+  double relu = 0;
+  std::from_chars(tampon.data(), fin, relu);
+  if (static_cast<float>(relu) != v) {
+    fin = std::to_chars(tampon.data(), tampon.data() + tampon.size(), static_cast<double>(v),
+                        std::chars_format::fixed)
+              .ptr;
+  }
+  const std::string_view chiffres(tampon.data(), static_cast<std::size_t>(fin - tampon.data()));
+  t += chiffres;
+  if (chiffres.find('.') == std::string_view::npos) t += ".0";
+}
+
+void Groupe(std::string& t, int code, std::string_view valeur) {
+  if (code < 10) t += "  ";
+  if (code >= 10 && code < 100) t += ' ';
+  t += std::to_string(code);
+  t += kFin;
+  t += valeur;
+  t += kFin;
+}
+
+void Groupe(std::string& t, int code, float valeur) {
+  std::string n;
+  AjouteNombre(n, valeur);
+  Groupe(t, code, n);
+}
+
+void Place(std::string& t, float x, float y) {
+  Groupe(t, 10, x);
+  Groupe(t, 20, y);
+  Groupe(t, 30, 0.0F);
+}
+
+// Calls `f` with each run of equal `Seq`.
+template <class F>
+void ParSequence(const std::vector<PointTrace>& points, F&& f) {
+  for (std::size_t a = 0; a < points.size();) {
+    std::size_t b = a + 1;
+    while (b < points.size() && points[b].Seq == points[a].Seq) ++b;
+    f(std::span(points).subspan(a, b - a));
+    a = b;
+  }
+}
+
+// The closed flag takes the place of the last point, but only where it can't be mistaken when it is read back: a
+// point given twice is a hole, and a path that ends by standing still keeps all its points.
+bool AvecDrapeau(std::span<const PointTrace> s) {
+  return s.size() > 3 && MemePlace(s.front(), s.back()) && !MemePlace(s.front(), s[s.size() - 2]);
+}
+
+// AutoCAD R12: one POLYLINE for each sequence. The first group tells the reader that order, direction and start are
+// those of the drawing.
+std::string TexteDxf(const std::vector<PointTrace>& points, const std::string& commentaire) {
+  std::string t;
+  t.reserve(points.size() * 80 + 1000);
+  Groupe(t, 999, "OVELIN");
+  if (!commentaire.empty()) Groupe(t, 999, commentaire);
+  PointTrace bas = points.empty() ? PointTrace{} : points[0];
+  PointTrace haut = bas;
+  for (const PointTrace& p : points) {
+    bas.X = std::min(bas.X, p.X);
+    bas.Y = std::min(bas.Y, p.Y);
+    haut.X = std::max(haut.X, p.X);
+    haut.Y = std::max(haut.Y, p.Y);
+  }
+  Groupe(t, 0, "SECTION");
+  Groupe(t, 2, "HEADER");
+  Groupe(t, 9, "$ACADVER");
+  Groupe(t, 1, "AC1009");
+  Groupe(t, 9, "$EXTMIN");
+  Place(t, bas.X, bas.Y);
+  Groupe(t, 9, "$EXTMAX");
+  Place(t, haut.X, haut.Y);
+  Groupe(t, 0, "ENDSEC");
+  Groupe(t, 0, "SECTION");
+  Groupe(t, 2, "ENTITIES");
+  ParSequence(points, [&t](std::span<const PointTrace> s) {
+    const bool drapeau = AvecDrapeau(s);
+    Groupe(t, 0, "POLYLINE");
+    Groupe(t, 8, "0");
+    Groupe(t, 66, "1");
+    Place(t, 0, 0);
+    Groupe(t, 70, drapeau ? "1" : "0");
+    for (const PointTrace& p : s.first(s.size() - (drapeau ? 1 : 0))) {
+      Groupe(t, 0, "VERTEX");
+      Groupe(t, 8, "0");
+      Place(t, p.X, p.Y);
+    }
+    Groupe(t, 0, "SEQEND");
+    Groupe(t, 8, "0");
+  });
+  Groupe(t, 0, "ENDSEC");
+  Groupe(t, 0, "EOF");
+  return t;
+}
+
+// A first line with the comment, then for each sequence a line "#" with its number and one row of X and Y a point.
+std::string TexteDat(const std::vector<PointTrace>& points, const std::string& commentaire) {
+  std::string t;
+  t.reserve(points.size() * 24 + 400);
+  t += "#OVELIN";
+  if (!commentaire.empty()) t += ' ' + commentaire;
+  t += kFin;
+  long numero = 0;
+  ParSequence(points, [&](std::span<const PointTrace> s) {
+    t += '#' + std::to_string(++numero);
+    t += kFin;
+    for (const PointTrace& p : s) {
+      AjouteNombre(t, p.X);
+      t += ' ';
+      AjouteNombre(t, p.Y);
+      t += kFin;
+    }
+  });
+  return t;
+}
+
+// Without the blanks that pad it, and on one line: it must not open a group or a row of the file.
+std::string CommentaireNet(const std::string& commentaire) {
+  std::string c = SansNul(commentaire);
+  for (char& k : c) {
+    if (static_cast<unsigned char>(k) < ' ') k = ' ';
+  }
+  c.resize(std::min(c.find_last_not_of(' ') + 1, LongueurMessage));
+  return c;
+}
+
+bool Ecrivable(const PointTrace& p) { return std::isfinite(p.X) && std::isfinite(p.Y); }
+
+}  // namespace
+
+std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::string& fichier,
+                           std::string& commentaire) {
+  const std::string chemin = SansNul(fichier);
+  const auto echec = [&](const std::string& raison) {
+    commentaire = EnMessage(NomSeul(chemin) + ": " + raison);
+    return static_cast<std::int32_t>(Erreur::Ecriture);
+  };
+  try {
+    const std::string net = CommentaireNet(commentaire);
+    const auto faux = std::find_if_not(points.begin(), points.end(), Ecrivable);
+    if (faux != points.end()) return echec(std::to_string(faux->X) + " " + std::to_string(faux->Y));
+    const bool dxf = Extension(chemin) == "DXF";
+    const std::string raison = EcritTout(chemin, dxf ? TexteDxf(points, net) : TexteDat(points, net));
+    if (!raison.empty()) return echec(raison);
+    commentaire = EnMessage(net);
+    return 0;
+  } catch (const std::bad_alloc&) {
+    return echec(std::generic_category().message(ENOMEM));
+  }
+}
+
+}  // namespace pathwerk

@@ -1,0 +1,198 @@
+#include "closed/pathwerk/lecture/dxf/Dessin.h"
+
+#include <algorithm>
+
+namespace pathwerk::lecture::dxf {
+
+namespace {
+
+// The whole reading may take 60 times the file and 50 MB. What is drawn here gets the smaller half, the rest is
+// for the joining of paths that follows.
+constexpr std::size_t kMemoireBase = 22'000'000;
+constexpr std::size_t kMemoireParOctet = 25;
+constexpr std::size_t kMemoireTrait = 96;  // a path beside its points
+// Blocks are read again for each insertion; nested arrays of nothing would take no memory but all the time.
+constexpr std::size_t kRelectureBase = 16'000'000;
+constexpr std::size_t kRelectureParOctet = 100;
+constexpr std::size_t kPasAvancement = 1U << 20;
+constexpr std::size_t kGenresMax = 100;  // kinds told apart in the report
+
+}  // namespace
+
+bool SansEtendue(const std::vector<Vec2>& points) {
+  return std::ranges::all_of(points, [&](const Vec2& p) { return p == points.front(); });
+}
+
+Dessinateur::Dessinateur(LecteurGroupes& lecteur, Plan& plan, const OptionsLecture& options, Lecture& lecture)
+    : lecteur_(lecteur),
+      plan_(plan),
+      options_(options),
+      lecture_(lecture),
+      fleche_(options.Fleche > 1e-6 ? options.Fleche : 1e-6),
+      budget_(kMemoireBase + kMemoireParOctet * lecteur.Taille()),
+      relecture_(kRelectureBase + kRelectureParOctet * lecteur.Taille()) {}
+
+void Dessinateur::Ignore(std::string_view genre) {
+  std::string nom(genre.substr(0, 32));
+  for (char& c : nom) {
+    if (c < ' ' || c > '~') c = '?';
+  }
+  auto& ignores = lecture_.rapport.Ignores;
+  if (ignores.size() >= kGenresMax && !ignores.contains(nom)) nom = "...";
+  ++ignores[nom];
+}
+
+bool Dessinateur::Refuse(Erreur numero, long ligne, std::string_view detail) {
+  if (!lecture_.Refuse()) lecture_.Refuse(numero, ligne, detail);
+  return false;
+}
+
+bool Dessinateur::Memoire(long ligne) { return Refuse(Erreur::Memoire, ligne, e_.nom); }
+
+void Dessinateur::Dessine() {
+  Cadre cadre;
+  cadre.m.ex.x = cadre.m.ey.y = cadre.m.ez.z = plan_.unite;
+  if (plan_.papier > 0) lecture_.Ignore("papier", plan_.papier);
+  for (const LecteurGroupes::Repere& section : plan_.entites) {
+    lecteur_.Va(section);
+    if (!Suite(cadre)) return;
+  }
+  RetireBordsCouverts();
+}
+
+void Dessinateur::Avance() {
+  const std::size_t ici = lecteur_.Ici().position;
+  if (ici < jalon_) return;
+  jalon_ = ici + kPasAvancement;
+  if (options_.Avancement) {
+    options_.Avancement(static_cast<double>(ici) / static_cast<double>(lecteur_.Taille()));
+  }
+}
+
+bool Dessinateur::Suite(const Cadre& cadre) {
+  Groupe g;
+  do {
+    const Etat etat = lecteur_.Suivant(g);
+    if (etat == Etat::Faux) return Termine(FinEntite::Faux, g);
+    if (etat != Etat::Groupe) return true;
+  } while (g.code != 0);
+  while (g.code == 0 && !FinDeSuite(g.texte)) {
+    if (cadre.profondeur == 0) Avance();
+    if (!UneEntite(cadre, g)) return !lecture_.Refuse();
+  }
+  return true;
+}
+
+// How the reading ended: true when the entity is whole; false ends the run.
+bool Dessinateur::Termine(FinEntite fin, const Groupe& g) {
+  switch (fin) {
+    case FinEntite::Suite:
+      return true;
+    case FinEntite::Donnees:
+      return CompleteALaFin(e_);
+    case FinEntite::Coupe:
+      return false;
+    case FinEntite::Faux:
+      return Refuse(Erreur::Dxf, lecteur_.LigneFausse(), lecteur_.TexteFaux());
+    case FinEntite::Nombre:
+      break;
+  }
+  const std::string detail = std::string(e_.nom) + " " + std::to_string(g.code) + ": " + std::string(g.texte);
+  return Refuse(Erreur::Dxf, g.ligne, detail);
+}
+
+// The entity whose group 0 is in g; on return the next one's is. False at the end of the run.
+bool Dessinateur::UneEntite(const Cadre& cadre, Groupe& g) {
+  FinEntite fin = LitEntite(lecteur_, g, e_);
+  if (e_.genre == Genre::Polyligne) {
+    if (fin == FinEntite::Donnees) fin = FinEntite::Coupe;  // its vertices are missing
+    if (fin == FinEntite::Suite) fin = LitSommets(lecteur_, g, e_);
+  }
+  if (!Termine(fin, g)) return false;
+  const bool dernier = fin != FinEntite::Suite;
+  if (!Cachee(cadre)) {
+    if (!Complete(e_)) {
+      Ignore(e_.nom);
+    } else if (e_.genre == Genre::Insertion) {
+      const LecteurGroupes::Repere ici = lecteur_.Ici();
+      if (!Insertion(cadre)) return false;
+      lecteur_.Va(ici);
+    } else {
+      Trace(cadre);
+    }
+    if (budget_.Epuise()) return Memoire(e_.ligne);
+  }
+  return !dernier && !lecture_.Refuse();
+}
+
+// Layers and layouts. A block's entities on layer "0" lie on the layer of the insertion.
+bool Dessinateur::Cachee(const Cadre& cadre) {
+  if (e_.genre == Genre::Rien) return true;
+  if (e_.papier) {
+    Ignore("papier");
+    return true;
+  }
+  if (e_.calque == "0" && !cadre.calque.empty()) e_.calque = cadre.calque;
+  bool cachee = e_.invisible;
+  if (const auto c = plan_.calques.find(e_.calque); c != plan_.calques.end()) {
+    // An insertion on a layer that is off still shows what its block has on other layers.
+    cachee = cachee || c->second.gele || (c->second.eteint && e_.genre != Genre::Insertion);
+  }
+  // Points on this layer are the feet of dimensions and never plotted.
+  if (e_.genre == Genre::Point && MemeNom{}(e_.calque, "Defpoints")) cachee = true;
+  if (cachee) Ignore("couche");
+  return cachee;
+}
+
+void Dessinateur::Trace(const Cadre& cadre) {
+  const Affine& m = cadre.m;
+  switch (e_.genre) {
+    case Genre::Ligne:
+      return Ligne(m);
+    case Genre::Point:
+      return Point(m);
+    case Genre::Cercle:
+    case Genre::Arc:
+      return Arc(m * RepereObjet(e_.extrusion));
+    case Genre::Ellipse:
+      return Ellipse(m);
+    case Genre::Spline:
+      return CourbeSpline(m);
+    case Genre::PolyligneLegere:
+    case Genre::Polyligne:
+      return Polyligne(m);
+    case Genre::Solide:
+      return Solide(m * RepereObjet(e_.extrusion));
+    case Genre::Face3D:
+      return Face(m);
+    case Genre::Hachure: {
+      const LecteurGroupes::Repere ici = lecteur_.Ici();
+      Hachure(m * RepereObjet(e_.extrusion));
+      return lecteur_.Va(ici);
+    }
+    default:
+      return Ignore(e_.nom);
+  }
+}
+
+// An open path that returns to its start is a contour. In this system's own drawings every path stays as it is.
+bool Dessinateur::Pose(Trait&& trait) {
+  std::vector<Vec2>& p = trait.points;
+  if (!plan_.propre && trait.nature != Nature::Percage) {
+    if (p.empty() || SansEtendue(p)) {
+      Ignore(e_.nom);
+      return false;
+    }
+    if (trait.nature == Nature::Ouvert && p.size() > 3 && p.front() == p.back()) trait.nature = Nature::Ferme;
+    if (trait.nature == Nature::Ferme) {
+      while (p.size() > 1 && p.back() == p.front()) p.pop_back();
+      if (p.size() < 3) trait.nature = Nature::Ouvert;
+    }
+  }
+  if (p.empty() || !budget_.Prend(kMemoireTrait)) return false;
+  if (p.capacity() > p.size() + p.size() / 4 + 1) p.shrink_to_fit();
+  lecture_.traits.push_back(std::move(trait));
+  return true;
+}
+
+}  // namespace pathwerk::lecture::dxf

@@ -1,0 +1,86 @@
+// Draws the entities of a DXF file as paths.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "closed/pathwerk/lecture/Lecture.h"
+#include "closed/pathwerk/lecture/dxf/Courbes.h"
+#include "closed/pathwerk/lecture/dxf/Entite.h"
+#include "closed/pathwerk/lecture/dxf/Plan.h"
+
+namespace pathwerk::lecture::dxf {
+
+// Where a run of entities is drawn: the map to the drawing (mm), and what a block takes over from its insertion.
+struct Cadre {
+  Affine m;
+  std::string_view calque;  // layer that entities on "0" take; empty outside blocks
+  int profondeur = 0;
+};
+
+// No two points differ.
+bool SansEtendue(const std::vector<Vec2>& points);
+
+class Dessinateur {
+ public:
+  Dessinateur(LecteurGroupes& lecteur, Plan& plan, const OptionsLecture& options, Lecture& lecture);
+
+  // Everything: all sections of entities, then the boundaries of hatches.
+  void Dessine();
+
+ private:
+  // A run of entities from the reader's place to its end. False once the drawing is refused.
+  bool Suite(const Cadre& cadre);
+  bool UneEntite(const Cadre& cadre, Groupe& g);
+  bool Termine(FinEntite fin, const Groupe& g);
+  bool Cachee(const Cadre& cadre);
+  void Trace(const Cadre& cadre);
+  void Avance();
+
+  // Single entities (the one in e_).
+  void Ligne(const Affine& m);
+  void Point(const Affine& m);
+  void Arc(const Affine& m);
+  void Ellipse(const Affine& m);
+  void Polyligne(const Affine& m);
+  void PolyligneLissee(const Affine& m);
+  void CourbeSpline(const Affine& m);
+  void Solide(const Affine& m);
+  void Face(const Affine& m);
+  bool Insertion(const Cadre& cadre);
+  void Hachure(const Affine& m);
+
+  // Pieces shared by them.
+  bool Lisse(Trait& trait, const std::vector<Sommet>& sommets, bool ferme, const Affine& m);
+  void Conique(Vec3 centre, Vec3 u, Vec3 v, double debut, double balayage, const Affine& m);
+  void TraceSpline(const Spline& s, bool fermee, const Affine& m);
+  // Takes a finished path over; false when it has no extent and was counted as left out.
+  bool Pose(Trait&& trait);
+  void Ignore(std::string_view genre);
+  bool Refuse(Erreur numero, long ligne, std::string_view detail);
+  bool Memoire(long ligne);
+
+  LecteurGroupes& lecteur_;
+  Plan& plan_;
+  const OptionsLecture& options_;
+  Lecture& lecture_;
+  double fleche_;
+  Budget budget_;
+  std::size_t relecture_;  // bytes of blocks that may still be read again
+  std::size_t jalon_ = 0;  // place in the file of the next call of Avancement
+  Entite e_;
+  // Paths that come from hatches, rising, each with the number of its hatch.
+  struct Bord {
+    std::size_t trait;
+    long hachure;
+  };
+  std::vector<Bord> bords_;
+  long hachures_ = 0;
+
+  friend class LecteurHachure;
+  // Boundaries that another entity draws are taken out again.
+  void RetireBordsCouverts();
+};
+
+}  // namespace pathwerk::lecture::dxf

@@ -1,0 +1,243 @@
+#include "closed/pathwerk/lecture/dxf/Groupes.h"
+
+#include <algorithm>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+namespace pathwerk::lecture::dxf {
+
+namespace {
+
+constexpr std::string_view kEnteteBinaire{"AutoCAD Binary DXF\r\n\x1a\0", 22};
+constexpr int kCommentaire = 999;
+
+constexpr bool Blanc(char c) { return c == ' ' || c == '\t' || c == '\0' || c == '\r'; }
+
+std::string_view SansBlancs(std::string_view t) {
+  while (!t.empty() && Blanc(t.front())) t.remove_prefix(1);
+  while (!t.empty() && Blanc(t.back())) t.remove_suffix(1);
+  return t;
+}
+
+// Group codes are small integers; anything else on a code's line means that this is no DXF.
+bool Code(std::string_view t, int& code) {
+  if (!t.empty() && t.front() == '+') t.remove_prefix(1);
+  const auto [fin, erreur] = std::from_chars(t.data(), t.data() + t.size(), code);
+  return erreur == std::errc() && fin == t.data() + t.size() && code >= -10 && code <= 1071;
+}
+
+// A value that can't be empty: types, names of variables, numbers. Empty lines before it are stray ones.
+constexpr bool JamaisVide(int code) {
+  return code == 0 || code == 9 || (code >= 10 && code <= 99) || (code >= 140 && code <= 179) ||
+         (code >= 210 && code <= 239);
+}
+
+// How a binary file stores the value of a code.
+enum class Type { Chaine, Reel, Entier8, Entier16, Entier32, Entier64, Morceau, Inconnu };
+
+struct Plage {
+  int dernier;
+  Type type;
+};
+
+// Ranges of codes by their last member, rising.
+constexpr Plage kPlages[] = {
+    {9, Type::Chaine},      {59, Type::Reel},      {79, Type::Entier16},  {89, Type::Inconnu},
+    {99, Type::Entier32},   {109, Type::Chaine},   {149, Type::Reel},     {159, Type::Inconnu},
+    {169, Type::Entier64},  {179, Type::Entier16}, {209, Type::Inconnu},  {239, Type::Reel},
+    {269, Type::Inconnu},   {289, Type::Entier16}, {299, Type::Entier8},  {309, Type::Chaine},
+    {319, Type::Morceau},   {369, Type::Chaine},   {389, Type::Entier16}, {399, Type::Chaine},
+    {409, Type::Entier16},  {419, Type::Chaine},   {429, Type::Entier32}, {439, Type::Chaine},
+    {459, Type::Entier32},  {469, Type::Reel},     {481, Type::Chaine},   {998, Type::Inconnu},
+    {1003, Type::Chaine},   {1004, Type::Morceau}, {1009, Type::Chaine},  {1059, Type::Reel},
+    {1070, Type::Entier16}, {1071, Type::Entier32}};
+
+Type TypeDe(int code) {
+  if (code < 0) return Type::Inconnu;
+  const auto* p = std::ranges::lower_bound(kPlages, code, {}, &Plage::dernier);
+  return p == std::end(kPlages) ? Type::Inconnu : p->type;
+}
+
+std::uint64_t Petit(const unsigned char* octets, std::size_t n) {
+  std::uint64_t v = 0;
+  for (std::size_t i = 0; i < n; ++i) v |= static_cast<std::uint64_t>(octets[i]) << (8 * i);
+  return v;
+}
+
+}  // namespace
+
+bool LitReel(const Groupe& g, double& valeur) {
+  if (g.binaire) {
+    valeur = g.nombre;
+    return g.texte.empty();
+  }
+  std::string_view t = g.texte;
+  if (!t.empty() && t.front() == '+') t.remove_prefix(1);
+  const auto [fin, erreur] = std::from_chars(t.data(), t.data() + t.size(), valeur);
+  if (erreur == std::errc::invalid_argument || fin != t.data() + t.size()) return false;
+  if (erreur == std::errc::result_out_of_range) {
+    // "1e400" and "1e-400" are numbers all the same.
+    const std::size_t exposant = t.find_first_of("eE");
+    const bool petit =
+        exposant != std::string_view::npos ? t.find('-', exposant) != std::string_view::npos : t.find('.') < 3;
+    valeur = petit ? 0 : std::numeric_limits<double>::infinity();
+    if (t.front() == '-') valeur = -valeur;
+  }
+  return true;
+}
+
+bool LitEntier(const Groupe& g, int& valeur) {
+  double reel = 0;
+  if (!LitReel(g, reel) || std::isnan(reel)) return false;
+  constexpr double kMax = 2147483647.0;
+  valeur = static_cast<int>(std::clamp(reel, -kMax, kMax));
+  return true;
+}
+
+LecteurGroupes::LecteurGroupes(std::string_view data) : data_(data) {
+  if (data_.starts_with(kEnteteBinaire)) {
+    binaire_ = true;
+    position_ = kEnteteBinaire.size();
+    // The first code is 0 or a comment's. In one byte the letters of its value follow at once.
+    if (data_.size() >= position_ + 2) {
+      const int premier =
+          static_cast<unsigned char>(data_[position_]) | static_cast<unsigned char>(data_[position_ + 1]) << 8;
+      codeLarge_ = premier == 0 || premier == kCommentaire;
+    }
+  } else if (data_.starts_with("\xEF\xBB\xBF")) {
+    position_ = 3;
+  }
+}
+
+Etat LecteurGroupes::Suivant(Groupe& g) {
+  for (;;) {
+    const Etat etat = SuivantBrut(g);
+    if (etat != Etat::Groupe || g.code != kCommentaire) return etat;
+  }
+}
+
+// The next line without its end. `terminee`: it has an end, so nothing of it can be missing. False at the end of
+// the data.
+bool LecteurGroupes::Ligne(std::string_view& texte, bool& terminee) {
+  const char* const debut = data_.data() + position_;
+  const char* const fin = data_.data() + data_.size();
+  if (debut == fin || *debut == '\x1a') return false;
+  const char* p = debut;
+  while (p != fin && *p != '\n' && *p != '\r') ++p;
+  texte = std::string_view(debut, static_cast<std::size_t>(p - debut));
+  terminee = p != fin;
+  if (terminee) {
+    // CR, LF, CRLF, and CRCRLF as a careless transfer leaves it.
+    const char* q = p;
+    while (q != fin && q - p < 2 && *q == '\r') ++q;
+    p = q != fin && *q == '\n' ? q + 1 : p + 1;
+  }
+  position_ = static_cast<std::size_t>(p - data_.data());
+  ++ligne_;
+  if (!texte.empty() && (Blanc(texte.front()) || Blanc(texte.back()))) texte = SansBlancs(texte);
+  return true;
+}
+
+Etat LecteurGroupes::SuivantTexte(Groupe& g) {
+  std::string_view texte;
+  bool terminee = false;
+  g.code = -1;
+  do {
+    if (!Ligne(texte, terminee)) return Etat::Fin;
+  } while (texte.empty());
+  if (!Code(texte, g.code)) {
+    faux_ = texte;
+    return terminee ? Etat::Faux : Etat::Coupe;
+  }
+  do {
+    if (!terminee || !Ligne(texte, terminee)) return Etat::Coupe;
+  } while (texte.empty() && terminee && JamaisVide(g.code));
+  g.texte = texte;
+  g.ligne = ligne_;
+  g.binaire = false;
+  // The last line of the data without an end may be a piece of what was meant, but the last word of a file is
+  // "EOF" as often as not written so.
+  if (!terminee && !(g.code == 0 && (texte == "EOF" || texte == "ENDSEC"))) return Etat::Coupe;
+  return Etat::Groupe;
+}
+
+bool LecteurGroupes::Prend(std::size_t n, const unsigned char*& octets) {
+  if (data_.size() - position_ < n) return false;
+  octets = reinterpret_cast<const unsigned char*>(data_.data()) + position_;
+  position_ += n;
+  return true;
+}
+
+// A string in a binary file ends with a NUL.
+Etat LecteurGroupes::ChaineBinaire(Groupe& g) {
+  const std::size_t nul = data_.find('\0', position_);
+  if (nul == std::string_view::npos) return Etat::Coupe;
+  g.texte = SansBlancs(data_.substr(position_, nul - position_));
+  position_ = nul + 1;
+  return Etat::Groupe;
+}
+
+Etat LecteurGroupes::SuivantBinaire(Groupe& g) {
+  const unsigned char* o = nullptr;
+  g.code = -1;
+  if (position_ == data_.size()) return Etat::Fin;
+  if (!Prend(codeLarge_ ? 2 : 1, o)) return Etat::Coupe;
+  g.code = codeLarge_ ? static_cast<std::int16_t>(Petit(o, 2)) : o[0];
+  if (!codeLarge_ && g.code == 255) {  // extended data in files of one-byte codes
+    if (!Prend(2, o)) return Etat::Coupe;
+    g.code = static_cast<std::int16_t>(Petit(o, 2));
+  }
+  g.binaire = true;
+  g.ligne = 0;
+  g.texte = {};
+  g.nombre = 0;
+  const Type type = g.code == kCommentaire ? Type::Chaine : TypeDe(g.code);
+  std::size_t n = 8;
+  switch (type) {
+    case Type::Chaine:
+      return ChaineBinaire(g);
+    case Type::Entier8:
+      n = 1;
+      break;
+    case Type::Entier16:
+      n = 2;
+      break;
+    case Type::Entier32:
+      n = 4;
+      break;
+    case Type::Morceau:
+      if (!Prend(1, o)) return Etat::Coupe;
+      return Prend(o[0], o) ? Etat::Groupe : Etat::Coupe;
+    case Type::Inconnu:
+      faux_ = "code";
+      return Etat::Faux;
+    default:
+      break;
+  }
+  if (!Prend(n, o)) return Etat::Coupe;
+  const std::uint64_t brut = Petit(o, n);
+  switch (type) {
+    case Type::Reel:
+      g.nombre = std::bit_cast<double>(brut);
+      break;
+    case Type::Entier16:
+      g.nombre = static_cast<std::int16_t>(brut);
+      break;
+    case Type::Entier32:
+      g.nombre = static_cast<std::int32_t>(brut);
+      break;
+    case Type::Entier64:
+      g.nombre = static_cast<double>(static_cast<std::int64_t>(brut));
+      break;
+    default:
+      g.nombre = static_cast<double>(brut);
+      break;
+  }
+  return Etat::Groupe;
+}
+
+}  // namespace pathwerk::lecture::dxf

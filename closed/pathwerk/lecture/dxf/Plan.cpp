@@ -1,0 +1,240 @@
+#include "closed/pathwerk/lecture/dxf/Plan.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+
+namespace pathwerk::lecture::dxf {
+
+namespace {
+
+constexpr char Majuscule(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+bool CommencePar(std::string_view texte, std::string_view debut) {
+  return texte.size() >= debut.size() && MemeNom{}(texte.substr(0, debut.size()), debut);
+}
+
+// What belongs to the entity before it.
+bool Annexe(std::string_view nom) { return nom == "VERTEX" || nom == "SEQEND" || nom == "ATTRIB"; }
+
+bool FinDeSection(std::string_view nom) { return nom == "ENDSEC" || nom == "SECTION" || nom == "EOF"; }
+
+class Releve {
+ public:
+  Releve(LecteurGroupes& lecteur, Plan& plan) : lecteur_(lecteur), plan_(plan) {}
+
+  void Lit();
+
+ private:
+  bool Suivant();
+  bool ZeroSuivant();
+  void Section();
+  void Entete();
+  void Calques();
+  void Blocs();
+  void UnBloc();
+
+  LecteurGroupes& lecteur_;
+  Plan& plan_;
+  Groupe g_;
+  LecteurGroupes::Repere avant_;  // where the group in g_ begins
+  Etat etat_ = Etat::Groupe;
+};
+
+bool Releve::Suivant() {
+  avant_ = lecteur_.Ici();
+  etat_ = lecteur_.Suivant(g_);
+  return etat_ == Etat::Groupe;
+}
+
+bool Releve::ZeroSuivant() {
+  while (Suivant()) {
+    if (g_.code == 0) return true;
+  }
+  return false;
+}
+
+// Variables by name, their values in the group that follows.
+void Releve::Entete() {
+  int insunits = -1;
+  int measurement = -1;
+  int lunits = -1;
+  while (Suivant() && g_.code != 0) {
+    int* cible = nullptr;
+    if (g_.code != 9) continue;
+    if (g_.texte == "$INSUNITS") cible = &insunits;
+    if (g_.texte == "$MEASUREMENT") cible = &measurement;
+    if (g_.texte == "$LUNITS") cible = &lunits;
+    if (cible == nullptr) continue;
+    if (!Suivant() || g_.code == 0) break;
+    int valeur = 0;
+    if (LitEntier(g_, valeur)) *cible = valeur;
+  }
+  plan_.unite = UniteEnMm(insunits, measurement, lunits);
+}
+
+// Of all tables only the layers matter.
+void Releve::Calques() {
+  bool calque = false;
+  std::string_view nom;
+  Calque c;
+  const auto garde = [&] {
+    if (calque && !nom.empty()) plan_.calques.try_emplace(std::string(nom), c);
+    nom = {};
+    c = {};
+  };
+  while (Suivant()) {
+    int valeur = 0;
+    if (g_.code == 0) {
+      garde();
+      calque = g_.texte == "LAYER";
+      if (FinDeSection(g_.texte)) return;
+    } else if (calque && g_.code == 2) {
+      nom = g_.texte;
+    } else if (calque && g_.code == 70 && LitEntier(g_, valeur)) {
+      c.gele = (valeur & 1) != 0;
+    } else if (calque && g_.code == 62 && LitEntier(g_, valeur)) {
+      c.eteint = valeur < 0;
+    }
+  }
+}
+
+// From the block's header, whose group 0 is in g_, to its end.
+void Releve::UnBloc() {
+  Bloc bloc;
+  std::string_view nom;
+  while (Suivant() && g_.code != 0) {
+    double v = 0;
+    if (g_.code == 2) nom = g_.texte;
+    if (g_.code == 10 && LitReel(g_, v)) bloc.base.x = v;
+    if (g_.code == 20 && LitReel(g_, v)) bloc.base.y = v;
+    if (g_.code == 30 && LitReel(g_, v)) bloc.base.z = v;
+  }
+  bloc.debut = avant_;
+  const bool papier = CommencePar(nom, "*PAPER_SPACE") || CommencePar(nom, "$PAPER_SPACE");
+  while (etat_ == Etat::Groupe && !FinDeSuite(g_.texte)) {
+    if (papier && !Annexe(g_.texte)) ++plan_.papier;
+    ZeroSuivant();
+  }
+  bloc.taille = avant_.position - bloc.debut.position;
+  plan_.blocs.try_emplace(std::string(nom), bloc);
+}
+
+void Releve::Blocs() {
+  if (!ZeroSuivant()) return;
+  while (etat_ == Etat::Groupe && !FinDeSection(g_.texte)) {
+    if (g_.texte == "BLOCK") {
+      UnBloc();
+    } else {
+      ZeroSuivant();
+    }
+  }
+}
+
+void Releve::Section() {
+  if (!Suivant() || g_.code != 2) return;
+  const std::string_view nom = g_.texte;
+  if (nom == "HEADER") {
+    Entete();
+  } else if (nom == "TABLES") {
+    Calques();
+  } else if (nom == "BLOCKS") {
+    Blocs();
+  } else {
+    if (nom == "ENTITIES") plan_.entites.push_back(lecteur_.Ici());
+    while (ZeroSuivant() && !FinDeSection(g_.texte)) {
+    }
+  }
+}
+
+void Releve::Lit() {
+  bool dansSection = false;
+  const LecteurGroupes::Repere debut = lecteur_.Ici();
+  // This system's own drawings begin with its name.
+  if (lecteur_.SuivantBrut(g_) == Etat::Groupe) plan_.propre = g_.code == 999 && g_.texte == "OVELIN";
+  lecteur_.Va(debut);
+  bool structure = false;
+  Suivant();
+  while (etat_ == Etat::Groupe) {
+    if (g_.code == 0 && g_.texte == "EOF") break;
+    if (g_.code == 0 && g_.texte == "SECTION") {
+      structure = dansSection = true;
+      Section();
+      // A section that lacks its end is ended by the next one.
+      if (etat_ == Etat::Groupe && g_.code == 0 && g_.texte == "SECTION") continue;
+      if (etat_ != Etat::Groupe) break;
+      dansSection = false;
+      if (g_.code == 0 && g_.texte == "EOF") break;
+    }
+    Suivant();
+  }
+  plan_.tronque = etat_ == Etat::Coupe || (etat_ == Etat::Fin && dansSection);
+  // What stands behind the entities (objects, a picture) may be anything.
+  const bool casse = etat_ == Etat::Faux && plan_.entites.empty();
+  plan_.faux = !structure || casse;
+  if (plan_.faux) {
+    plan_.ligne = etat_ == Etat::Faux || structure ? lecteur_.LigneFausse() : 1;
+    if (lecteur_.Binaire()) plan_.ligne = 0;
+    plan_.detail = std::string(lecteur_.TexteFaux().substr(0, 60));
+  }
+}
+
+}  // namespace
+
+bool FinDeSuite(std::string_view nom) { return nom == "ENDBLK" || nom == "BLOCK" || FinDeSection(nom); }
+
+std::size_t HacheNom::operator()(std::string_view nom) const {
+  std::size_t h = 14695981039346656037ULL;  // FNV-1a
+  for (const char c : nom) h = (h ^ static_cast<unsigned char>(Majuscule(c))) * 1099511628211ULL;
+  return h;
+}
+
+bool MemeNom::operator()(std::string_view a, std::string_view b) const {
+  return std::ranges::equal(a, b, [](char x, char y) { return Majuscule(x) == Majuscule(y); });
+}
+
+// $INSUNITS names the unit when it is there and not 0. Feet and inches as the way of showing lengths ($LUNITS 3, 4)
+// mean that a unit is an inch. A file from before $INSUNITS (R2000) that says $MEASUREMENT 0 was drawn in inches.
+// Beside an $INSUNITS of 0 that variable says nothing: it chooses patterns and line types, and many programs leave
+// it at 0 in drawings in millimetres. All else is in millimetres, as whoever mills expects.
+double UniteEnMm(int insunits, int measurement, int lunits) {
+  constexpr double kPouce = 25.4;
+  constexpr std::array<double, 25> kUnites = {1,
+                                              kPouce,
+                                              304.8,
+                                              1609344.0,
+                                              1.0,
+                                              10.0,
+                                              1000.0,
+                                              1.0e6,  // -, in, ft, mile, mm, cm, m, km
+                                              25.4e-6,
+                                              25.4e-3,
+                                              914.4,
+                                              1.0e-7,
+                                              1.0e-6,
+                                              1.0e-3,
+                                              100.0,
+                                              1.0e4,  // uin, mil, yd, A, nm, um, dm, dam
+                                              1.0e5,
+                                              1.0e12,
+                                              1.495978707e14,
+                                              9.4607304725808e18,  // hm, Gm, astronomical unit, ly
+                                              3.0856775814913673e19,
+                                              1200000.0 / 3937,
+                                              100000.0 / 3937,  // pc, US survey foot and inch
+                                              3600000.0 / 3937,
+                                              6336000000.0 / 3937};  // US survey yard and mile
+  if (insunits > 0 && insunits < static_cast<int>(kUnites.size()))
+    return kUnites[static_cast<std::size_t>(insunits)];
+  if (lunits == 3 || lunits == 4) return kPouce;
+  if (insunits < 0 && measurement == 0) return kPouce;
+  return 1;
+}
+
+Plan LitPlan(LecteurGroupes& lecteur) {
+  Plan plan;
+  Releve(lecteur, plan).Lit();
+  return plan;
+}
+
+}  // namespace pathwerk::lecture::dxf

@@ -1,0 +1,62 @@
+// What must be known of a DXF file before its entities are drawn: units, layers, blocks, where the entities stand.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "closed/pathwerk/lecture/dxf/Groupes.h"
+#include "closed/pathwerk/lecture/dxf/Repere.h"
+
+namespace pathwerk::lecture::dxf {
+
+// Names of layers and blocks don't tell capitals from small letters.
+struct HacheNom {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view nom) const;
+};
+struct MemeNom {
+  using is_transparent = void;
+  bool operator()(std::string_view a, std::string_view b) const;
+};
+template <class T>
+using ParNom = std::unordered_map<std::string, T, HacheNom, MemeNom>;
+
+struct Calque {
+  bool gele = false;    // frozen: nothing on it is drawn, and no block inserted on it
+  bool eteint = false;  // off: what lies on it isn't drawn
+};
+
+// A block's entities stay in the file; they are read again for each insertion.
+struct Bloc {
+  LecteurGroupes::Repere debut;  // before the first entity's group 0
+  std::size_t taille = 0;        // bytes of its entities
+  Vec3 base;
+  bool enCours = false;  // being inserted: another insertion inside it would never end
+};
+
+struct Plan {
+  double unite = 1;  // mm to a drawing unit
+  bool propre = false;
+  ParNom<Calque> calques;
+  ParNom<Bloc> blocs;
+  std::vector<LecteurGroupes::Repere> entites;  // sections of entities
+  long papier = 0;                              // entities of layouts kept among the blocks
+  bool tronque = false;
+  // Set when the file has no group structure: where and what.
+  bool faux = false;
+  long ligne = 0;
+  std::string detail;
+};
+
+// Reads the whole file once.
+Plan LitPlan(LecteurGroupes& lecteur);
+
+// True for the names that end a run of entities: of a block, of a section, of the file.
+bool FinDeSuite(std::string_view nom);
+
+// mm to a unit by the header's variables; -1 stands for a variable that isn't there.
+double UniteEnMm(int insunits, int measurement, int lunits);
+
+}  // namespace pathwerk::lecture::dxf

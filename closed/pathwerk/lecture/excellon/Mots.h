@@ -1,0 +1,61 @@
+// Words and number formats of drill files.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "closed/pathwerk/lecture/Lecture.h"
+
+namespace pathwerk::lecture::excellon {
+
+// A letter with what follows it up to the next letter: "X+1000", "G85", "C0.8".
+struct Mot {
+  char lettre = 0;
+  std::string_view texte;
+};
+
+struct Mots {
+  static constexpr std::size_t kMax = 24;
+  std::array<Mot, kMax> mots;
+  std::size_t nb = 0;
+};
+
+// Splits a line into words. False when it holds anything else, or too many.
+bool DecoupeMots(std::string_view ligne, Mots& mots);
+
+// How coordinates without a decimal point are meant.
+struct FormatExcellon {
+  bool pouces = true;
+  bool unitesDites = false;
+  int entiers = 2;         // digits before the point
+  int decimales = 4;       // digits behind it
+  bool formatDit = false;  // by the file, not by the unit
+  bool gardeTete = false;  // LZ: leading zeros are there, trailing ones may be left out
+  void Unites(bool enPouces);
+  void Chiffres(int avant, int apres);
+  // mm; nothing for a text that isn't a number. A decimal point settles all by itself.
+  [[nodiscard]] std::optional<double> Coordonnee(std::string_view texte) const;
+  [[nodiscard]] double Echelle() const { return pouces ? 25.4 : 1.0; }
+};
+
+// "METRIC,TZ,000.000", "INCH,LZ", "METRIC": unit, zeros and format. False for another line.
+bool LitUnites(std::string_view ligne, FormatExcellon& format);
+// What a comment says of the format: ";FILE_FORMAT=2:4", "; FORMAT={3:3/ absolute / metric / suppress leading
+// zeros}".
+void LitCommentaireFormat(std::string_view ligne, FormatExcellon& format);
+// The words of a G02 or G03, mm.
+struct MotsArc {
+  std::optional<double> i, j, a;
+};
+// Appends the chords of an arc from the last point of `route` to `fin`. By the radius A it is never more than half
+// a turn; by the centre I, J from the start, a full turn when the end is the start. Without either, a straight
+// line.
+void AjouteArcRoute(std::vector<Vec2>& route, Vec2 fin, bool horaire, const MotsArc& mots, double fleche);
+
+// Leading whole number of a text, -1 when there is none; large ones are held at 1,000,000.
+int EntierDebut(std::string_view texte);
+
+}  // namespace pathwerk::lecture::excellon

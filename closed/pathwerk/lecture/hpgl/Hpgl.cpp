@@ -1,0 +1,99 @@
+// Reads a plot.
+#include "closed/pathwerk/lecture/hpgl/Hpgl.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+
+#include "closed/pathwerk/lecture/hpgl/Lexeur.h"
+#include "closed/pathwerk/lecture/hpgl/Machine.h"
+
+namespace pathwerk::lecture::hpgl {
+
+namespace {
+
+long LigneDe(std::string_view data, std::size_t position) {
+  const auto fin = data.begin() + static_cast<std::ptrdiff_t>(std::min(position, data.size()));
+  return 1 + static_cast<long>(std::count(data.begin(), fin, '\n'));
+}
+
+// The text at a place, without control characters.
+std::string Extrait(std::string_view data, std::size_t position) {
+  std::string s;
+  for (const char c : data.substr(std::min(position, data.size()), 24)) {
+    if (static_cast<unsigned char>(c) < ' ') break;
+    s += c;
+  }
+  return s;
+}
+
+bool Finis(const HpglInstruction& i) {
+  return std::all_of(i.nombres.begin(), i.nombres.end(), [](double v) { return std::isfinite(v); });
+}
+
+// How many points a file of this size may give, at some 45 bytes of memory each. The densest plots are encoded
+// lines of one step each: five bytes, and the cost of six points. The constant is for figures that a few bytes
+// describe.
+std::size_t PointsMax(std::size_t octets) { return 900'000 + octets * 13 / 10; }
+
+// What tells a plot from anything else: two letters are soon found, so the instructions that no plot has must be
+// the fewer.
+struct Comptes {
+  long traces = 0;
+  long reglages = 0;
+  long inconnues = 0;
+  std::size_t premiereInconnue = 0;
+
+  void Ajoute(HpglMachine::Sorte sorte, std::size_t position) {
+    if (sorte == HpglMachine::Sorte::Trace) ++traces;
+    if (sorte == HpglMachine::Sorte::Reglage) ++reglages;
+    if (sorte == HpglMachine::Sorte::Inconnue && inconnues++ == 0) premiereInconnue = position;
+  }
+};
+
+void Lit(std::string_view data, const OptionsLecture& options, Lecture& lecture) {
+  HpglLexeur lexeur(data);
+  HpglMachine machine(options, lecture, PointsMax(data.size()));
+  HpglInstruction instruction;
+  Comptes comptes;
+  for (long nombre = 0; lexeur.Suivante(instruction); ++nombre) {
+    if (options.Avancement && nombre % 4096 == 0) {
+      options.Avancement(static_cast<double>(lexeur.Position()) / static_cast<double>(data.size()));
+    }
+    const HpglMachine::Sorte sorte = machine.Execute(instruction);
+    comptes.Ajoute(sorte, instruction.position);
+    const bool horsLimites = machine.HorsLimites() || (sorte == HpglMachine::Sorte::Trace && !Finis(instruction));
+    if (horsLimites || machine.TropDePoints()) {
+      lecture.traits.clear();
+      lecture.Refuse(horsLimites ? Erreur::Coordonnee : Erreur::Memoire, LigneDe(data, instruction.position),
+                     Extrait(data, instruction.position));
+      return;
+    }
+  }
+  if (comptes.traces == 0 || comptes.inconnues + lexeur.NbPerdus() > comptes.traces + comptes.reglages) {
+    std::size_t ou = comptes.inconnues > 0 ? comptes.premiereInconnue : data.size();
+    if (lexeur.NbPerdus() > 0) ou = std::min(ou, lexeur.PremierPerdu());
+    if (ou == data.size()) ou = 0;
+    lecture.traits.clear();
+    lecture.Refuse(Erreur::Hpgl, LigneDe(data, ou), Extrait(data, ou));
+    return;
+  }
+  machine.Termine();
+  if (lexeur.NbTrames() > 0) lecture.Ignore("RASTER", lexeur.NbTrames());
+}
+
+}  // namespace
+
+// HP-GL and HP-GL/2, 40 units to the millimetre.
+void LireHpgl(std::string_view data, const OptionsLecture& options, Lecture& lecture) {
+  lecture.rapport.Format = "HPGL";
+  lecture.souder = true;
+  try {
+    Lit(data, options, lecture);
+  } catch (const std::exception&) {
+    lecture.traits.clear();
+    lecture.Refuse(Erreur::Memoire, 0, "");
+  }
+}
+
+}  // namespace pathwerk::lecture::hpgl

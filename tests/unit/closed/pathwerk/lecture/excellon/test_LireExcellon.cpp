@@ -1,0 +1,253 @@
+#include <algorithm>
+
+#include "closed/pathwerk/lecture/excellon/Excellon.h"
+#include "tests/unit/closed/pathwerk/Aide.h"
+
+using namespace aide;
+using pathwerk::Erreur;
+
+namespace {
+
+Assemblage Drl(const std::string& texte, bool entete = true) {
+  Lecture l;
+  pathwerk::lecture::excellon::LireExcellon(entete ? "M48\n" + texte + "M30\n" : texte, {}, l);
+  return aide::Assemble(std::move(l));
+}
+// First points of all paths: the centres of the holes.
+std::vector<Vec2> Trous(const std::string& texte, bool entete = true) {
+  std::vector<Vec2> t;
+  const auto a = Drl(texte, entete);
+  EXPECT_EQ(a.rapport.Numero, Erreur::Aucune) << texte;
+  for (const auto& s : a.sequences) {
+    EXPECT_EQ(s.size(), 2U);
+    EXPECT_EQ(s.front(), s.back());
+    t.push_back(s.front());
+  }
+  return t;
+}
+using Points = std::vector<Vec2>;
+constexpr double f(float v) { return static_cast<double>(v); }
+
+}  // namespace
+
+TEST(LireExcellon, UnitsAndDefaultFormats) {
+  EXPECT_EQ(Trous("METRIC\n%\nT1\nX012500Y003000\n"), (Points{{12.5, 3}}));              // 3.3
+  EXPECT_EQ(Trous("INCH\n%\nT1\nX+010000Y-005000\n"), (Points{{f(25.4F), f(-12.7F)}}));  // 2.4
+  EXPECT_EQ(Trous("%\nM72\nT1\nX10000Y5000\n"), (Points{{f(25.4F), f(12.7F)}}));
+  EXPECT_EQ(Trous("M71\n%\nT1\nX12500Y3000\n"), (Points{{12.5, 3}}));
+  EXPECT_EQ(Trous("%\nT1\nX10000Y5000\n"), (Points{{f(25.4F), f(12.7F)}}));  // nothing said: inch
+  EXPECT_EQ(Trous("METRIC,TZ\n%\nM71\nT1\nX1Y2\n"), (Points{{f(0.001F), f(0.002F)}}));
+}
+
+TEST(LireExcellon, ZerosThatAreKeptLeadOrTrail) {
+  // TZ: trailing zeros are there. LZ: leading zeros are there, so the first digits are the whole ones.
+  EXPECT_EQ(Trous("METRIC,TZ\n%\nX1500Y20\n"), (Points{{1.5, f(0.02F)}}));
+  EXPECT_EQ(Trous("METRIC,LZ\n%\nX0015Y02\n"), (Points{{1.5, 20}}));
+  EXPECT_EQ(Trous("METRIC,LZ\n%\nX-0015Y+02\n"), (Points{{-1.5, 20}}));
+  EXPECT_EQ(Trous("INCH,LZ\n%\nX01Y0025\n"), (Points{{f(25.4F), f(6.35F)}}));
+}
+
+TEST(LireExcellon, FormatsThatAreStated) {
+  EXPECT_EQ(Trous("METRIC,0000.00\n%\nX+004398Y+003842\n"), (Points{{f(43.98F), f(38.42F)}}));
+  EXPECT_EQ(Trous("METRIC,TZ,000.000\n%\nX25679Y9449\n"), (Points{{f(25.679F), f(9.449F)}}));
+  EXPECT_EQ(Trous(";FILE_FORMAT=2:2\nINCH,TZ\n%\nX+1000Y+0000\n"), (Points{{254, 0}}));
+  EXPECT_EQ(Trous("INCH,TZ\n;FILE_FORMAT=2:2\n%\nX+1000Y+0000\n"), (Points{{254, 0}}));
+  EXPECT_EQ(Trous("; FORMAT={3:2/ absolute / metric / suppress trailing zeros}\nMETRIC\n%\nX0015Y002\n"),
+            (Points{{1.5, 2}}));
+  EXPECT_EQ(Trous("; FORMAT={-:-/ absolute / inch / decimal}\nINCH\n%\nX1.0Y0.5\n"),
+            (Points{{f(25.4F), f(12.7F)}}));
+}
+
+TEST(LireExcellon, ADecimalPointSettlesIt) {
+  EXPECT_EQ(Trous("METRIC,LZ\n%\nX1.5Y-20.25\nX.5\n"), (Points{{1.5, -20.25}, {0.5, -20.25}}));
+  EXPECT_EQ(Trous("INCH\n%\nX1.Y2.\n"), (Points{{f(25.4F), f(50.8F)}}));
+}
+
+TEST(LireExcellon, CoordinatesAreModal) {
+  EXPECT_EQ(Trous("METRIC\n%\nT1\nX1000Y2000\nX3000\nT2\nY4000\n"), (Points{{1, 2}, {3, 2}, {3, 4}}));
+}
+
+TEST(LireExcellon, AbsoluteAndIncremental) {
+  EXPECT_EQ(Trous("METRIC\n%\nX1000Y1000\nG91\nX500\nY-250\nG90\nX0Y0\n"),
+            (Points{{1, 1}, {1.5, 1}, {1.5, 0.75}, {0, 0}}));
+  EXPECT_EQ(Trous("METRIC\nICI,ON\n%\nX1000\nX1000\n"), (Points{{1, 0}, {2, 0}}));
+  EXPECT_EQ(Trous("METRIC\nICI,OFF\n%\nX1000\nX2000\n"), (Points{{1, 0}, {2, 0}}));
+}
+
+TEST(LireExcellon, ZeroSetIsNoHoleAndMovesWhatFollows) {
+  EXPECT_EQ(Trous("METRIC\n%\nG93X0Y0\nX1000Y1000\n"), (Points{{1, 1}}));
+  EXPECT_EQ(Trous("METRIC\n%\nG93X10000Y-5000\nX1000Y1000\n"), (Points{{11, -4}}));
+}
+
+TEST(LireExcellon, RepeatsStepFromTheLastHole) {
+  EXPECT_EQ(Trous("METRIC\n%\nX1000Y1000\nR03X500Y-100\nX0\n"),
+            (Points{{1, 1}, {1.5, f(0.9F)}, {2, f(0.8F)}, {2.5, f(0.7F)}, {0, f(0.7F)}}));
+  EXPECT_EQ(Trous("METRIC\n%\nX0Y0\nR2Y1000\n"), (Points{{0, 0}, {0, 1}, {0, 2}}));
+}
+
+TEST(LireExcellon, PatternsAreRepeatedStepByStep) {
+  EXPECT_EQ(Trous("METRIC\n%\nX9000Y9000\nM25\nX0Y0\nX1000\nM01\nM02X10000\nM02Y10000\nM08\nX5000Y5000\n"),
+            (Points{{9, 9}, {0, 0}, {1, 0}, {10, 0}, {11, 0}, {10, 10}, {11, 10}, {5, 5}}));
+}
+
+TEST(LireExcellon, SlotsAreOpenPaths) {
+  const auto a = Drl("METRIC\n%\nT1\nX1000Y2000G85X5000Y2000\nG85X9000\nX1000Y1000G85X1000Y1000\n");
+  ASSERT_EQ(a.sequences.size(), 3U);
+  EXPECT_EQ(a.sequences[0], (Points{{1, 2}, {5, 2}}));
+  EXPECT_EQ(a.sequences[1], (Points{{5, 2}, {9, 2}}));  // not joined: each plunge is its own
+  EXPECT_EQ(a.sequences[2], (Points{{1, 1}, {1, 1}}));
+}
+
+TEST(LireExcellon, RoutesRunFromToolDownToToolUp) {
+  const auto a = Drl(
+      "METRIC,TZ\n%\nT1\nG00X1000Y1000\nM15\nG01Y3000\nX4000\nM16\nG00X0Y0\nM15\nG01X500\nM17\nG05\nX7000Y7000\n");
+  ASSERT_EQ(a.sequences.size(), 3U);
+  EXPECT_EQ(a.sequences[0], (Points{{1, 1}, {1, 3}, {4, 3}}));
+  EXPECT_EQ(a.sequences[1], (Points{{0, 0}, {0.5, 0}}));
+  EXPECT_EQ(a.sequences[2], (Points{{7, 7}, {7, 7}}));
+}
+
+TEST(LireExcellon, MovesWithTheToolUpCutNothing) {
+  const auto a = Drl("METRIC\n%\nG00X1000Y1000\nG01X2000\nM15\nX3000\nM16\nX9000\n");
+  ASSERT_EQ(a.sequences.size(), 1U);
+  EXPECT_EQ(a.sequences[0], (Points{{2, 1}, {3, 1}}));
+}
+
+TEST(LireExcellon, AFileThatNeverLowersTheToolCutsWithEveryFeed) {
+  const auto a = Drl("METRIC\n%\nG00X1000Y1000\nG01X2000\nG00X5000Y5000\nG01Y6000\n");
+  ASSERT_EQ(a.sequences.size(), 2U);
+  EXPECT_EQ(a.sequences[0], (Points{{1, 1}, {2, 1}}));
+}
+
+TEST(LireExcellon, ARouteThatComesBackIsClosed) {
+  const auto a = Drl("METRIC\n%\nG00X0Y0\nM15\nG01X5000\nY5000\nX0\nY0\nM16\n");
+  ASSERT_EQ(a.sequences.size(), 1U);
+  EXPECT_TRUE(EstFerme(a.sequences[0]));
+  EXPECT_EQ(Aire(a.sequences[0]), -25);
+}
+
+TEST(LireExcellon, ArcsByRadiusAreTheLesserOneOnTheRightSide) {
+  for (const int g : {2, 3}) {
+    const auto a = Drl("METRIC\n%\nG00X0Y0\nM15\nG0" + std::to_string(g) + "X10000Y10000A10000\nM16\n");
+    ASSERT_EQ(a.sequences.size(), 1U);
+    const auto& s = a.sequences[0];
+    EXPECT_EQ(s.front(), (Vec2{0, 0}));
+    EXPECT_EQ(s.back(), (Vec2{10, 10}));
+    // Clockwise from (0,0) to (10,10) turns about (10,0), counter-clockwise about (0,10).
+    const Vec2 c = g == 2 ? Vec2{10, 0} : Vec2{0, 10};
+    for (const Vec2 p : s) EXPECT_NEAR(std::hypot(p.x - c.x, p.y - c.y), 10, 1e-5);
+    EXPECT_GT(s.size(), 10U);
+    EXPECT_LT(s.size(), 60U);
+  }
+}
+
+TEST(LireExcellon, ArcsByCentreWithAndWithoutSigns) {
+  // Centre (5, 0) seen from (10, 0) is I-5; old writers leave the sign out.
+  for (const char* ij : {"I-5000J0", "I5000J0", "I-5000"}) {
+    const auto a = Drl(std::string("METRIC\n%\nG00X10000Y0\nM15\nG03X0Y0") + ij + "\nM16\n");
+    ASSERT_EQ(a.sequences.size(), 1U) << ij;
+    double haut = 0;
+    for (const Vec2 p : a.sequences[0]) {
+      EXPECT_NEAR(std::hypot(p.x - 5, p.y), 5, 1e-5) << ij;
+      haut = std::max(haut, p.y);
+    }
+    EXPECT_NEAR(haut, 5, 0.02) << ij;
+  }
+}
+
+TEST(LireExcellon, AnArcBackToItsStartIsAFullCircle) {
+  const auto a = Drl("METRIC\n%\nG00X10000Y0\nM15\nG02X10000Y0I-5000J0\nM16\n");
+  ASSERT_EQ(a.sequences.size(), 1U);
+  EXPECT_TRUE(EstFerme(a.sequences[0]));
+  EXPECT_NEAR(Aire(a.sequences[0]), -std::numbers::pi * 25, 0.3);
+}
+
+TEST(LireExcellon, ARadiusTooSmallIsHalfTheChord) {
+  const auto a = Drl("METRIC\n%\nG00X0Y0\nM15\nG02X10000Y0A3000\nM16\n");
+  double haut = 0;
+  for (const Vec2 p : a.sequences.at(0)) haut = std::max(haut, p.y);
+  EXPECT_NEAR(haut, 5, 0.02);
+}
+
+TEST(LireExcellon, CannedCircles) {
+  const auto a = Drl("METRIC\n%\nG32X5000Y5000A2000\nX20000Y5000G84X6000\n");
+  ASSERT_EQ(a.sequences.size(), 2U);
+  EXPECT_NEAR(Aire(a.sequences[0]), -std::numbers::pi * 4, 0.1);
+  EXPECT_NEAR(Aire(a.sequences[1]), -std::numbers::pi * 9, 0.15);
+}
+
+TEST(LireExcellon, ToolTablesCommentsAndFeedsAreNoHoles) {
+  EXPECT_EQ(
+      Trous("; X1Y1\nVER,1\nFMAT,2\nATC,ON\nMETRIC\nT01C0.8F200S65\nT02C1.0\n%\nT01\nF200\nX1000Y1000F100\nT00\n"),
+      (Points{{1, 1}}));
+}
+
+TEST(LireExcellon, HeaderEndsAtPercentM95OrTheFirstCoordinate) {
+  EXPECT_EQ(Trous("METRIC\nT1C1\nM95\nX1000Y1000\n"), (Points{{1, 1}}));
+  EXPECT_EQ(Trous("METRIC\nT1C1\nX1000Y1000\n"), (Points{{1, 1}}));
+  EXPECT_EQ(Trous("METRIC\nT1C1\nG90\nX1000Y1000\n"), (Points{{1, 1}}));
+}
+
+TEST(LireExcellon, AFileWithoutHeaderIsReadWhenItsLinesAre) {
+  EXPECT_EQ(Trous("%\nT1\nX10000Y10000\nM30\n", false), (Points{{f(25.4F), f(25.4F)}}));
+}
+
+TEST(LireExcellon, WhatIsBehindTheEndIsNotRead) {
+  EXPECT_EQ(Trous("M48\nMETRIC\n%\nX1000Y1000\nM30\nX2000Y2000\n", false), (Points{{1, 1}}));
+  EXPECT_EQ(Trous("M48\nMETRIC\n%\nX1000Y1000\nM00\nX2000Y2000\n", false), (Points{{1, 1}}));
+}
+
+TEST(LireExcellon, AFileThatEndsInTheMiddleSaysSoAndKeepsWhatWasWhole) {
+  const auto a = Drl("M48\nMETRIC\n%\nX1000Y1000\nG00X0Y0\nM15\nG01X1000\nG01X200", false);
+  EXPECT_TRUE(a.rapport.Tronque);
+  EXPECT_EQ(a.sequences.size(), 2U);
+  EXPECT_FALSE(Drl("METRIC\n%\nX1000Y1000\n").rapport.Tronque);
+}
+
+TEST(LireExcellon, UnknownCommandsAreCounted) {
+  const auto a = Drl("METRIC\n%\nX1000Y1000\nG77X1\nM97,TEXT\nM50\nwhat is this\n");
+  EXPECT_EQ(a.n, 2);
+  EXPECT_EQ(a.Ignores("G77"), 1);
+  EXPECT_EQ(a.Ignores("M97"), 1);
+  EXPECT_EQ(a.Ignores("M50"), 1);
+  EXPECT_EQ(a.Ignores("ligne"), 1);
+}
+
+TEST(LireExcellon, AHitGivenTwiceIsDrilledOnce) {
+  const auto a = Drl("METRIC\n%\nX1000Y1000\nX1000Y1000\n");
+  EXPECT_EQ(a.sequences.size(), 1U);
+  EXPECT_EQ(a.Ignores("doublon"), 1);
+}
+
+TEST(LireExcellon, OtherTextIsRefusedWithItsLine) {
+  for (const char* t : {"", "hello\n", "1 2\n3 4\n", "%FSLAX24Y24*%\nX1Y1D03*\n", "SOME TEXT\nT1\nMORE TEXT\n"}) {
+    Lecture l;
+    pathwerk::lecture::excellon::LireExcellon(t, {}, l);
+    EXPECT_EQ(l.rapport.Numero, Erreur::Excellon) << t;
+  }
+  Lecture l;
+  pathwerk::lecture::excellon::LireExcellon("\nhello\n", {}, l);
+  EXPECT_EQ(l.rapport.Ligne, 2);
+  EXPECT_EQ(l.rapport.Detail, "hello");
+  l = {};
+  pathwerk::lecture::excellon::LireExcellon(std::string_view("M48\n\0", 5), {}, l);
+  EXPECT_EQ(l.rapport.Numero, Erreur::Excellon);
+}
+
+TEST(LireExcellon, CoordinatesTooLargeAreRefusedWithTheirLine) {
+  Lecture l;
+  pathwerk::lecture::excellon::LireExcellon("M48\nMETRIC\n%\nX1.0\nX10000001.0\n", {}, l);
+  EXPECT_EQ(l.rapport.Numero, Erreur::Coordonnee);
+  EXPECT_EQ(l.rapport.Ligne, 5);
+  l = {};
+  pathwerk::lecture::excellon::LireExcellon("M48\nMETRIC\n%\nX1.0\nR9999X9000000.0\n", {}, l);
+  EXPECT_EQ(l.rapport.Numero, Erreur::Coordonnee);
+}
+
+TEST(LireExcellon, AFewBytesDoNotTakeAllMemory) {
+  std::string t = "M48\nMETRIC\n%\nX1Y1\n";
+  for (int k = 0; k < 4; ++k) t += "R1000000X1\n";
+  Lecture l;
+  pathwerk::lecture::excellon::LireExcellon(t, {}, l);
+  EXPECT_EQ(l.rapport.Numero, Erreur::Memoire);
+}

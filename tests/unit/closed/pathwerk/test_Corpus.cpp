@@ -1,0 +1,100 @@
+// Real files. The figures are those that other programs and a plain scan of the files gave: XFOIL's point counts
+// for airfoils, gerbv's and gerber-parser's hits for drill files.
+#include "tests/unit/closed/pathwerk/Aide.h"
+
+using namespace aide;
+
+namespace {
+
+struct Attendu {
+  const char* nom;
+  std::int32_t points;
+  std::size_t sequences;
+  std::size_t fermees;  // closed paths, holes not counted
+  float xmin, xmax, ymin, ymax;
+};
+
+std::ostream& operator<<(std::ostream& os, const Attendu& a) { return os << a.nom; }
+
+std::string Corpus(const std::string& nom) { return std::string(OVELIN_SOURCE_DIR) + "/../shared/corpus/" + nom; }
+
+void Verifie(const std::string& chemin, const Attendu& a, float marge) {
+  const auto f = Lis(chemin);
+  EXPECT_EQ(f.n, a.points) << f.message;
+  const auto s = Sequences(f.points);
+  EXPECT_EQ(s.size(), a.sequences);
+  EXPECT_EQ(static_cast<std::size_t>(std::count_if(s.begin(), s.end(), EstFerme)), a.fermees);
+  EXPECT_NEAR(f.xmin, a.xmin, marge);
+  EXPECT_NEAR(f.xmax, a.xmax, marge);
+  EXPECT_NEAR(f.ymin, a.ymin, marge);
+  EXPECT_NEAR(f.ymax, a.ymax, marge);
+  EXPECT_FALSE(f.rapport.Tronque);
+}
+
+class CorpusDat : public testing::TestWithParam<Attendu> {};
+class CorpusDrl : public testing::TestWithParam<Attendu> {};
+
+}  // namespace
+
+TEST_P(CorpusDat, PointsAndBox) {
+  const std::string chemin = Corpus(std::string("DAT/") + GetParam().nom);
+  if (!std::filesystem::exists(chemin)) GTEST_SKIP() << "no corpus";
+  Verifie(chemin, GetParam(), 1e-7F * std::max(1.0F, GetParam().xmax));
+}
+
+// e850 has 35 + 33 rows, and both surfaces begin with the same nose point. The first row of c090 is the domain of
+// computation; its box is that of the other 300 rows. Three have a thick tail: the point that closes it comes on
+// top. The last row of naca4412 says 10000 where 1.0000 was meant.
+INSTANTIATE_TEST_SUITE_P(
+    Corpus, CorpusDat,
+    testing::Values(Attendu{"as_a18_selig.dat", 41 + 1, 1, 1, 0, 1, 0, 0.08466F},
+                    Attendu{"as_e850_lednicer.dat", 67, 1, 1, 0, 1, -0.03186F, 0.05075F},
+                    Attendu{"as_naca4412_parens.dat", 34, 1, 0, 0, 10000, -0.0288F, 0.098F},
+                    Attendu{"as_n64_exponents.dat", 160, 1, 1, 2.19958e-07F, 1, -0.0257749F, 0.0966925F},
+                    Attendu{"as_tasopt_c090_3col.dat", 300, 1, 1, 2.61948e-07F, 1, -0.0317568F, 0.0587953F},
+                    Attendu{"as_hn1023_tabs.dat", 101, 1, 1, 0, 1, -0.03098F, 0.0731F},
+                    Attendu{"as_hm50_484pts.dat", 484, 1, 1, 2.26e-05F, 1, -0.0402107F, 0.0699066F},
+                    Attendu{"as_phonix10_noheader.dat", 495 + 1, 1, 1, 8.2e-06F, 1, -0.0236002F, 0.0776129F},
+                    Attendu{"as_drela_opt6.dat", 942, 1, 1, 0, 1, -0.013455F, 0.127384F},
+                    Attendu{"as_naca23021_text.dat", 34 + 1, 1, 1, 0, 1, -0.0895F, 0.1206F},
+                    Attendu{"ff_30p30n_slat.dat", 201, 1, 1, -0.085382F, 0.018772F, -0.115748F, 0.005079F},
+                    Attendu{"as_dp168_comma_name.dat", 260, 1, 1, 0, 1, -0.02568F, 0.05842F}),
+    [](const auto& i) { return "f" + std::to_string(i.index); });
+
+TEST_P(CorpusDrl, HitsAndBox) {
+  const std::string chemin = Corpus(std::string("DRL/") + GetParam().nom);
+  if (!std::filesystem::exists(chemin)) GTEST_SKIP() << "no corpus";
+  Verifie(chemin, GetParam(), 0.0006F);  // the boxes are given to 0.001 mm
+}
+
+// A hole is two points. The nine slots of the contour file are routes of three points each; its box is by hand from
+// the coordinates of the file.
+INSTANTIATE_TEST_SUITE_P(
+    Corpus, CorpusDrl,
+    testing::Values(Attendu{"gb_diptrace_keyboard.drl", 2 * 106, 106, 0, 12.319F, 59.53F, 13.81F, 86.2F},
+                    Attendu{"gb_diptrace_mainboard.drl", 2 * 168, 168, 0, 11.43F, 91.915F, 13.017F, 60.8F},
+                    Attendu{"gb_diptrace_panel_metric.drl", 2 * 73, 73, 0, 12.86F, 75.63F, 11.11F, 42.39F},
+                    Attendu{"gb_eagle9_drills.xln", 2 * 39, 39, 0, 8.89F, 58.42F, 1.27F, 19.05F},
+                    Attendu{"gb_fritzing_combined.txt", 2 * 482, 482, 0, 3.222F, 95.257F, 3.481F, 96.257F},
+                    Attendu{"gb_mentor_thruplated.ncd", 2 * 294, 294, 0, 1.757F, 120.438F, 2.989F, 68.062F},
+                    Attendu{"gb_mentor_contour.ncd", 3 * 9, 9, 0, 56.668F, 120.759F, 6.56F, 64.369F},
+                    Attendu{"gb_mentor_nonplated.ncd", 2 * 9, 9, 0, 58.168F, 112.242F, 32.855F, 64.588F},
+                    Attendu{"pt_eagle_ncdrill.drd", 2 * 36, 36, 0, 3.81F, 52.832F, 10.323F, 43.089F},
+                    Attendu{"gb_altium_composite.txt", 2 * 12, 12, 0, 254, 1016, 0, 508}),
+    [](const auto& i) { return "f" + std::to_string(i.index); });
+
+TEST(Samples, ARibAndADrillPlateAreRead) {
+  const std::string samples = std::string(OVELIN_SOURCE_DIR) + "/samples/";
+  // NACA 2412 with a chord of 200 mm: 60 panels a side, thickness 12 %, highest point near 7.9 %.
+  const auto aile = Lis(samples + "aile.dat");
+  EXPECT_EQ(aile.n, 121);
+  EXPECT_TRUE(EstFerme(Sequences(aile.points).at(0)));
+  EXPECT_NEAR(aile.xmax, 200, 1e-4);
+  EXPECT_NEAR(aile.ymax - aile.ymin, 24.3, 0.3);
+  // 4 holes, two rows of 8, 3 slots, and a closed route of two lines and two half circles of radius 3.
+  const auto plaque = Sequences(Lis(samples + "percage.drl").points);
+  ASSERT_EQ(plaque.size(), 4U + 16U + 3U + 1U);
+  const auto route = std::find_if(plaque.begin(), plaque.end(), EstFerme);
+  ASSERT_NE(route, plaque.end());
+  EXPECT_NEAR(Aire(*route), -(20 * 6 + std::numbers::pi * 9), 0.2);
+}

@@ -1,0 +1,189 @@
+#include <sys/stat.h>
+
+#include "tests/unit/closed/pathwerk/Aide.h"
+
+using namespace aide;
+using pathwerk::Erreur;
+using pathwerk::LireFichier;
+
+namespace {
+constexpr const char* kForet = "M48\nMETRIC\n%\nT1\nX1000Y2000\nX5000Y-3000\nM30\n";
+constexpr const char* kDxf =
+    "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n1.0\n20\n2.0\n11\n3.0\n21\n4.0\n0\nENDSEC\n0\nEOF\n";
+constexpr const char* kHpgl = "IN;SP1;PU0,0;PD400,0,400,400;PU;";
+}  // namespace
+
+TEST(LireFichier, GivesPointsBoundsAndABlankMessage) {
+  const Dossier d;
+  const auto f = Lis(d.Ecrit("a.dat", "1 2\n-3 4.5\n"));
+  EXPECT_EQ(f.n, 2);
+  EXPECT_EQ(f.points.size(), 2U);
+  EXPECT_EQ(f.xmin, -3);
+  EXPECT_EQ(f.xmax, 1);
+  EXPECT_EQ(f.ymin, 2);
+  EXPECT_EQ(f.ymax, 4.5F);
+  EXPECT_EQ(f.message, std::string(260, ' '));
+  EXPECT_EQ(f.rapport.Format, "DAT");
+}
+
+TEST(LireFichier, TheShortFormGivesTheSame) {
+  const Dossier d;
+  std::vector<PointTrace> points(1);
+  float x0 = 0;
+  float x1 = 0;
+  float y0 = 0;
+  float y1 = 0;
+  std::string message(260, ' ');
+  EXPECT_EQ(LireFichier(points, d.Ecrit("a.dat", "1 2\n-3 4.5\n"), x0, x1, y0, y1, message), 2);
+  EXPECT_EQ(points, Lis(d / "a.dat").points);
+  EXPECT_EQ(y1, 4.5F);
+}
+
+TEST(LireFichier, PathWithANulBehindIt) {
+  const Dossier d;
+  EXPECT_EQ(Lis(d.Ecrit("a.dat", "1 2\n-3 4.5\n") + std::string(1, '\0')).n, 2);
+}
+
+TEST(LireFichier, ExtensionNamesTheFormatInAnyCase) {
+  const Dossier d;
+  for (const char* nom : {"a.drl", "a.DRL", "a.Drd"})
+    EXPECT_EQ(Lis(d.Ecrit(nom, kForet)).rapport.Format, "DRL") << nom;
+  for (const char* nom : {"a.dxf", "b.DXF"}) EXPECT_EQ(Lis(d.Ecrit(nom, kDxf)).rapport.Format, "DXF") << nom;
+  for (const char* nom : {"a.plt", "a.prn", "a.hpgl"}) {
+    EXPECT_EQ(Lis(d.Ecrit(nom, kHpgl)).rapport.Format, "HPGL") << nom;
+  }
+  EXPECT_EQ(Lis(d.Ecrit("a.dat", kForet)).n, static_cast<int>(Erreur::Dat));
+  EXPECT_EQ(Lis(d.Ecrit("a.eps", kForet)).n, static_cast<int>(Erreur::EpsEntete));
+}
+
+TEST(LireFichier, UnknownExtensionIsToldByContent) {
+  const Dossier d;
+  EXPECT_EQ(Lis(d.Ecrit("a.xln", kForet)).rapport.Format, "DRL");
+  EXPECT_EQ(Lis(d.Ecrit("a.txt", std::string("; comment\n%\n") + kForet)).rapport.Format, "DRL");
+  EXPECT_EQ(Lis(d.Ecrit("a", kDxf)).rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("b.txt", std::string("999\nmade by hand\n") + kDxf)).rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("c.txt", std::string("  0\r\nSECTION\r\n") + (kDxf + 10))).rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("a.gl", kHpgl)).rapport.Format, "HPGL");
+  EXPECT_EQ(Lis(d.Ecrit("b.gl", std::string("\x1B.(;\x1B%0B") + kHpgl)).rapport.Format, "HPGL");
+  EXPECT_EQ(Lis(d.Ecrit("c.txt", "Title\n1 2\n3 4\n")).rapport.Format, "DAT");
+  EXPECT_EQ(Lis(d.Ecrit("c.csv", "1.5,2.5\n3,4\n")).rapport.Format, "DAT");
+  EXPECT_EQ(Lis(d.Ecrit("a.ps", "%!PS-Adobe-3.0\n")).rapport.Format, "EPS");
+  EXPECT_EQ(Lis(d.Ecrit("b.ps", "\xC5\xD0\xD3\xC6garbage")).rapport.Format, "EPS");
+}
+
+TEST(LireFichier, NeitherExtensionNorContentIsRefused) {
+  const Dossier d;
+  for (const char* t : {"", "hello\n", "INside 1 2\n", "PDF"}) {
+    const auto f = Lis(d.Ecrit("a.xyz", t));
+    EXPECT_EQ(f.n, static_cast<int>(Erreur::FormatInconnu)) << t;
+    EXPECT_EQ(f.message.size(), 260U);
+    EXPECT_EQ(SansBlancsFinaux(f.message), "a.xyz");
+  }
+}
+
+TEST(LireFichier, WhatCannotBeOpenedGivesTheSystemsText) {
+  const Dossier d;
+  auto f = Lis(d / "absent.dat");
+  EXPECT_EQ(f.n, static_cast<int>(Erreur::Ouverture));
+  EXPECT_EQ(f.rapport.Detail, "No such file or directory");
+  EXPECT_EQ(SansBlancsFinaux(f.message), "absent.dat: No such file or directory");
+  std::filesystem::create_directory(d / "dossier.dat");
+  f = Lis(d / "dossier.dat");
+  EXPECT_EQ(f.n, static_cast<int>(Erreur::Ouverture));
+  EXPECT_EQ(f.rapport.Detail, "Is a directory");
+  EXPECT_EQ(Lis("").n, static_cast<int>(Erreur::Ouverture));
+  if (::geteuid() != 0) {
+    ::chmod(d.Ecrit("ferme.dat", "1 2\n3 4\n").c_str(), 0);
+    EXPECT_EQ(Lis(d / "ferme.dat").rapport.Detail, "Permission denied");
+  }
+}
+
+TEST(LireFichier, APipeIsRefusedAndNotWaitedFor) {
+  const Dossier d;
+  ASSERT_EQ(::mkfifo((d / "tube.dat").c_str(), 0600), 0);
+  EXPECT_EQ(Lis(d / "tube.dat").n, static_cast<int>(Erreur::Ouverture));
+}
+
+TEST(LireFichier, AFailureNamesFileLineAndDetailAndLeavesTheBounds) {
+  const Dossier d;
+  auto f = Lis(d.Ecrit("a.dat", "T\n1 2\n1e9 4\n"));
+  EXPECT_EQ(f.n, static_cast<int>(Erreur::Coordonnee));
+  EXPECT_EQ(SansBlancsFinaux(f.message), "a.dat:3: 1e9 4");
+  EXPECT_EQ(f.message.size(), 260U);
+  EXPECT_TRUE(f.points.empty());
+  EXPECT_EQ(f.xmin, -1);
+  EXPECT_EQ(f.ymax, -4);
+}
+
+TEST(LireFichier, SuccessListsWhatWasLeftOut) {
+  const Dossier d;
+  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nG77\nX1\nX1\nG77\nM30\n")).message),
+            "G77 2, doublon 1");
+  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("b.drl", "M48\nMETRIC\n%\nX1\n")).message), "EOF");
+}
+
+TEST(LireFichier, AnEmptyDrawingHasNoPointsAndLeavesTheBounds) {
+  const Dossier d;
+  const auto f = Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nM30\n"));
+  EXPECT_EQ(f.n, 0);
+  EXPECT_EQ(f.xmax, -2);
+}
+
+TEST(LireFichier, LongMessagesAreCutToTheirLengthBetweenCharacters) {
+  const Dossier d;
+  std::string nom;
+  for (int i = 0; i < 120; ++i) nom += "\xC3\xA9";  // 240 bytes
+  const auto f = Lis(d.Ecrit(nom + ".dat", "no numbers here at all, but a long line of text\n"));
+  EXPECT_EQ(f.message.size(), 260U);
+  const auto g = Lis(d / ("x" + nom + nom + ".dat"));  // too long a name for the system
+  EXPECT_EQ(g.message.size(), 260U);
+  EXPECT_EQ(SansBlancsFinaux(g.message).size() % 2, 1U);  // x and whole characters of two bytes
+}
+
+TEST(LireFichier, ByteOrderMarksAndWideTextAreRead) {
+  const Dossier d;
+  EXPECT_EQ(Lis(d.Ecrit("a.dat",
+                        "\xEF\xBB\xBF"
+                        "1 2\n3 4\n"))
+                .n,
+            2);
+  EXPECT_EQ(Lis(d.Ecrit("b.dat", std::string_view("\xFF\xFE"
+                                                  "1\0 \0"
+                                                  "2\0\n\0"
+                                                  "3\0 \0"
+                                                  "4\0",
+                                                  16)))
+                .n,
+            2);
+  EXPECT_EQ(Lis(d.Ecrit("c.dat", std::string_view("\xFE\xFF\0"
+                                                  "1\0 \0"
+                                                  "2\0\n\0"
+                                                  "3\0 \0"
+                                                  "4",
+                                                  16)))
+                .n,
+            2);
+}
+
+TEST(LireFichier, ReadingDoesNotTouchTheFile) {
+  const Dossier d;
+  const std::string chemin = d.Ecrit("a.dat", "1 2\n3 4");
+  const auto avant = std::filesystem::last_write_time(chemin);
+  Lis(chemin);
+  EXPECT_EQ(Octets(chemin), "1 2\n3 4");
+  EXPECT_EQ(std::filesystem::last_write_time(chemin), avant);
+  EXPECT_EQ(d.NombreDeFichiers(), 1U);
+}
+
+TEST(LireFichier, ProgressRunsFromNothingToOne) {
+  const Dossier d;
+  pathwerk::OptionsLecture options;
+  std::vector<double> parts;
+  options.Avancement = [&](double p) { parts.push_back(p); };
+  Fichier f;
+  LireFichier(f.points, d.Ecrit("a.dat", "1 2\n3 4\n"), f.xmin, f.xmax, f.ymin, f.ymax, f.message, options,
+              f.rapport);
+  ASSERT_FALSE(parts.empty());
+  EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
+  EXPECT_EQ(parts.back(), 1);
+}
