@@ -24,9 +24,9 @@
 #include <vector>
 
 #include "bench/Formes.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/ui/ServicesQt.h"
 #include "toolpath/Module_Decalage.h"

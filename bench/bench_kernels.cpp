@@ -6,10 +6,11 @@
 #include <fstream>
 
 #include "bench/Formes.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
+#include "core/PlanCourant.h"
 #include "core/Projet.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
 #include "toolpath/Module_Decalage.h"

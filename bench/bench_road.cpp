@@ -12,10 +12,11 @@
 #include <vector>
 
 #include "bench/Formes.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
 #include "toolpath/Module_Decalage.h"

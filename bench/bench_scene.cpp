@@ -5,7 +5,7 @@
 #include <random>
 
 #include "bench/Formes.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "workspace/Module_Scene.h"
 #include "workspace/Module_Souris.h"
 #include "workspace/Module_Vue.h"

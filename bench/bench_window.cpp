@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "bench/Formes.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Services.h"

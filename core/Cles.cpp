@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/FichierIni.h"
 #include "core/Fichiers.h"

@@ -1,5 +1,4 @@
-// The one document: the drawing, its paths and the tool path. One struct, one instance; procedures read and write
-// the arrays under their own names.
+// A document as a value: the drawing, its paths and the tool path. DocumentCourant.h holds the one in force.
 #pragma once
 
 #include <cstddef>
@@ -58,28 +57,5 @@ struct Document {
   double EchelleX = 1.0, EchelleY = 1.0;  // ratios of the dimension dialog
   Drapeau Prolongement = Faux;            // drag knife: closed traces are lengthened. Off after each start
 };
-
-extern Document Doc;
-
-inline constinit auto& TraceInitial = Doc.TraceInitial;
-inline constinit auto& NbPoints = Doc.NbPoints;
-inline constinit auto& Sequences = Doc.Sequences;
-inline constinit auto& TraceDecale = Doc.TraceDecale;
-inline constinit auto& Xmin = Doc.Xmin;
-inline constinit auto& Xmax = Doc.Xmax;
-inline constinit auto& Ymin = Doc.Ymin;
-inline constinit auto& Ymax = Doc.Ymax;
-inline constinit auto& FichierCourant = Doc.FichierCourant;
-inline constinit auto& ExtensionCourante = Doc.ExtensionCourante;
-inline constinit auto& FichierProjet = Doc.FichierProjet;
-inline constinit auto& Modifie = Doc.Modifie;
-inline constinit auto& Instantane = Doc.Instantane;
-inline constinit auto& FichierInstantane = Doc.FichierInstantane;
-inline constinit auto& SeqCourante = Doc.SeqCourante;
-inline constinit auto& PointCourantX = Doc.PointCourantX;
-inline constinit auto& PointCourantY = Doc.PointCourantY;
-inline constinit auto& OrigineX = Doc.OrigineX;
-inline constinit auto& OrigineY = Doc.OrigineY;
-inline constinit auto& Prolongement = Doc.Prolongement;
 
 }  // namespace ovelin

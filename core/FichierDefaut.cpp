@@ -4,7 +4,7 @@
 
 #include "core/Cles.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Texte8.h"
 #include "core/Traduction.h"

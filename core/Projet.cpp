@@ -11,12 +11,12 @@
 #include <vector>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Lignes.h"
 #include "core/MagasinFichiers.h"
 #include "core/ProjetTexte.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 

@@ -27,16 +27,5 @@ struct EtatPlan {
   double ResteX = 0, ResteY = 0, ResteZ = 0;
   std::int16_t PassePremiere = 0;  // number of the pass of the current path, from 1
 };
-extern EtatPlan Plan;
-
-inline constinit auto& TableDecoupe = Plan.TableDecoupe;
-inline constinit auto& NbDeplacements = Plan.NbDeplacements;
-inline constinit auto& CumulX = Plan.CumulX;
-inline constinit auto& CumulY = Plan.CumulY;
-inline constinit auto& CumulZ = Plan.CumulZ;
-inline constinit auto& PasCumulX = Plan.PasCumulX;
-inline constinit auto& PasCumulY = Plan.PasCumulY;
-inline constinit auto& PasCumulZ = Plan.PasCumulZ;
-inline constinit auto& PassePremiere = Plan.PassePremiere;
 
 }  // namespace ovelin

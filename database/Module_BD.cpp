@@ -7,7 +7,7 @@
 #include "core/Document.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Texte8.h"
 
 namespace ovelin {

@@ -9,6 +9,7 @@
 #include "core/Nombres.h"
 #include "core/Services.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 
 namespace ovelin {
 

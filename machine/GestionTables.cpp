@@ -4,7 +4,7 @@
 
 #include "core/Cles.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "machine/Module_Table.h"

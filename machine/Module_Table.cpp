@@ -6,8 +6,9 @@
 #include "core/Cles.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
+#include "machine/TableCourante.h"
 
 namespace ovelin {
 

@@ -2,39 +2,12 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace ovelin {
-
-// Values of the table in force.
-struct TableMachine {
-  std::int16_t BrocheAuto = 1;                                     // 1: a run switches the spindle
-  std::int16_t ClavierZENIK = 1;                                   // the board's keypad is used
-  float CourseX = 1000, CourseY = 500, CourseZ = 200;              // travel, mm
-  std::int32_t PasTourX = 48, PasTourY = 48, PasTourZ = 48;        // steps per turn, division included
-  double TransmissionX = 1, TransmissionY = 1, TransmissionZ = 1;  // mm per turn
-  float VitesseMaxX = 5, VitesseMaxY = 5, VitesseMaxZ = 5;         // mm/s with ramp
-};
-extern TableMachine Table;
-
-inline constinit auto& BrocheAuto = Table.BrocheAuto;
-inline constinit auto& ClavierZENIK = Table.ClavierZENIK;
-inline constinit auto& CourseX = Table.CourseX;
-inline constinit auto& CourseY = Table.CourseY;
-inline constinit auto& CourseZ = Table.CourseZ;
-inline constinit auto& PasTourX = Table.PasTourX;
-inline constinit auto& PasTourY = Table.PasTourY;
-inline constinit auto& PasTourZ = Table.PasTourZ;
-inline constinit auto& TransmissionX = Table.TransmissionX;
-inline constinit auto& TransmissionY = Table.TransmissionY;
-inline constinit auto& TransmissionZ = Table.TransmissionZ;
-inline constinit auto& VitesseMaxX = Table.VitesseMaxX;
-inline constinit auto& VitesseMaxY = Table.VitesseMaxY;
-inline constinit auto& VitesseMaxZ = Table.VitesseMaxZ;
 
 std::string SectionTable(std::string_view nom);  // "table_" + name
 // Globals from the current table (TableDefaut); at start-up and when the table changes.

@@ -7,11 +7,13 @@
 #include <utility>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "run/NoyauPlan.h"
 #include "toolpath/Module_Sequence.h"
 

@@ -6,13 +6,16 @@
 
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cadence.h"
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "run/LigneNC.h"
 #include "run/Module_Planificateur.h"
 

@@ -7,10 +7,13 @@
 #include <vector>
 
 #include "controller/ClsCdeZENIK.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "run/NoyauPlan.h"
 #include "toolpath/Module_Sequence.h"
 

@@ -2,7 +2,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"

@@ -4,8 +4,9 @@
 #include <optional>
 #include <unordered_set>
 
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Encoches.h"

@@ -3,8 +3,9 @@
 #include <cmath>
 #include <limits>
 
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"

@@ -5,7 +5,7 @@
 #include <limits>
 #include <span>
 
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/PieceEnBlocs.h"

@@ -1,5 +1,6 @@
 // The records of the sequence table: properties by code, and the selection.
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "toolpath/Module_Sequence.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Services.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"

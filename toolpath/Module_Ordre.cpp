@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"

@@ -5,8 +5,8 @@
 #include <unordered_set>
 #include <vector>
 
-#include "core/Document.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"

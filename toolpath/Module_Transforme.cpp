@@ -5,8 +5,9 @@
 #include <string>
 
 #include "core/Cles.h"
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <tuple>
 
+#include "core/DocumentCourant.h"
 #include "toolpath/Module_Ordre.h"
 
 namespace ovelin {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "core/DocumentCourant.h"
 #include "toolpath/Module_Sequence.h"
 
 namespace ovelin {

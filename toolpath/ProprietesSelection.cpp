@@ -1,4 +1,5 @@
 // Side, pocket, milling and depth of the selected paths.
+#include "core/DocumentCourant.h"
 #include "core/Reglages.h"
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"

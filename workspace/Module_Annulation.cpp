@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
 #include "core/Projet.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"

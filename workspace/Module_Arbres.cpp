@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "toolpath/Module_Sequence.h"

@@ -5,7 +5,7 @@
 #include "core/Cles.h"
 #include "core/Fichiers.h"
 #include "core/Projet.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "database/Module_BD.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "toolpath/Module_Transforme.h"
 

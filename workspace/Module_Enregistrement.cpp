@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Services.h"

@@ -2,8 +2,9 @@
 
 #include <cmath>
 
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 
 namespace ovelin {

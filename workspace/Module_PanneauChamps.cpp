@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "controller/ClsCdeZENIK.h"
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"

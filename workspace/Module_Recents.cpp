@@ -11,7 +11,7 @@
 #include "core/Fichiers.h"
 #include "core/MagasinFichiers.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Texte8.h"
 

@@ -5,9 +5,10 @@
 #include <limits>
 #include <unordered_map>
 
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "toolpath/Module_Decalage.h"

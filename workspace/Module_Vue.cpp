@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Services.h"
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/Nombres.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 
 namespace ovelin {

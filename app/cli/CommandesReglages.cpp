@@ -5,6 +5,7 @@
 #include "core/Cles.h"
 #include "core/Nombres.h"
 #include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"

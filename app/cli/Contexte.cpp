@@ -11,7 +11,7 @@
 #include "core/Cles.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "core/Types.h"
 #include "database/Module_BD.h"

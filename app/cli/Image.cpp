@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "toolpath/Module_Sequence.h"
 
 namespace ovelin::cli {

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "app/cli/Commandes.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Reglages.h"

@@ -19,7 +19,7 @@
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "core/ui/ServicesQt.h"

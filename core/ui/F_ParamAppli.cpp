@@ -13,6 +13,7 @@
 
 #include "core/Cles.h"
 #include "core/Nombres.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/ui/ChampNombre.h"
 #include "core/ui/Fenetres.h"

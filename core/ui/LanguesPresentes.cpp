@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "core/Types.h"
 

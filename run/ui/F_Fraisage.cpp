@@ -16,7 +16,8 @@
 
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"

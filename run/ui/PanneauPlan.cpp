@@ -4,7 +4,7 @@
 #include <QLabel>
 
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/TraduitFenetre.h"
 
 namespace ovelin {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "tests/support/Support.h"
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "core/TableDecoupe.h"
+#include "core/PlanCourant.h"
 #include "tests/support/Support.h"
 
 namespace essai {

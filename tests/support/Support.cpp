@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "core/Cles.h"
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Traduction.h"

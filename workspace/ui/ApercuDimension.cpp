@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <utility>
 
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Theme.h"
 #include "workspace/ui/PeintScene.h"
 

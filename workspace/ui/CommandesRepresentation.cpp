@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/Document.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "core/ui/Fenetres.h"

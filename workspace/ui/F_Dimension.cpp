@@ -6,7 +6,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
 #include "core/Traduction.h"

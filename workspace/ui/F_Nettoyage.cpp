@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
 #include "machine/Module_Table.h"
 #include "workspace/ui/DialogueSimple.h"

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
 #include "workspace/ui/DialogueSimple.h"
 

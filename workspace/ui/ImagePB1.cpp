@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "core/Cadence.h"
+#include "core/DocumentCourant.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"

@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Theme.h"
 #include "toolpath/Module_Decalage.h"
 #include "workspace/Module_PanneauChamps.h"

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/ui/Fenetres.h"
 #include "toolpath/Module_Ordre.h"

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "toolpath/Module_Nettoyage.h"
 #include "toolpath/Module_Ordre.h"

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 #include "toolpath/Module_Sequence.h"

@@ -3,7 +3,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "core/ui/F_ParamAppli.h"
 #include "database/ui/F_BD.h"

@@ -10,7 +10,7 @@
 
 #include "core/Cles.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/ChampNombre.h"
 #include "core/ui/F_ParamAppli.h"
 #include "core/ui/Fenetres.h"

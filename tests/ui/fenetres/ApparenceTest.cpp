@@ -12,6 +12,7 @@
 #include "database/Module_BD.h"
 #include "database/ui/F_BD.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "run/ui/F_Fraisage.h"
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Decalage.h"

@@ -2,7 +2,7 @@
 #include <QClipboard>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Traduction.h"
 #include "tests/ui/fenetres/BdEssai.h"

@@ -4,8 +4,8 @@
 #include <QPushButton>
 
 #include "core/Cles.h"
-#include "core/Document.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "core/ui/ChampNombre.h"
 #include "core/ui/Theme.h"

@@ -3,7 +3,7 @@
 #include <QPushButton>
 
 #include "core/Cles.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/ChampNombre.h"
 #include "machine/Module_Table.h"
 #include "tests/ui/support/SupportUi.h"

@@ -3,7 +3,7 @@
 #include <QScrollBar>
 
 #include "core/Cles.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/ChampNombre.h"
 #include "tests/ui/support/SupportUi.h"
 #include "workspace/ui/F_Soudure.h"

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <memory>
 
+#include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "tests/ui/image/Atelier.h"

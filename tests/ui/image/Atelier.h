@@ -6,7 +6,7 @@
 #include <cmath>
 #include <vector>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Reglages.h"
 #include "core/ui/Theme.h"
 #include "tests/ui/support/SupportUi.h"

@@ -5,7 +5,9 @@
 #include <QPaintEvent>
 #include <stdexcept>
 
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/ui/ServicesQt.h"
 #include "tests/ui/image/Atelier.h"

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "core/ui/TraduitFenetre.h"
 #include "tests/ui/support/SupportUi.h"

@@ -3,6 +3,7 @@
 #include <QWheelEvent>
 #include <new>
 
+#include "core/DocumentCourant.h"
 #include "tests/ui/panneau/Banc.h"
 
 namespace {

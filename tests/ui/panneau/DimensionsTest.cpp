@@ -1,5 +1,6 @@
 // FRAME1_DIMENSIONS: size, ratio and result of the selection.
 #include "core/Cles.h"
+#include "core/DocumentCourant.h"
 #include "tests/ui/panneau/Banc.h"
 
 namespace {

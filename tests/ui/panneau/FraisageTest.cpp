@@ -1,4 +1,5 @@
 // Page "Fraisage": properties of the selection.
+#include "core/DocumentCourant.h"
 #include "core/Reglages.h"
 #include "tests/ui/panneau/Banc.h"
 

@@ -1,5 +1,6 @@
 // FRAME1_OUTIL: each field of the tool has its own order of test and storing.
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/ui/panneau/Banc.h"
 
 namespace {

@@ -4,7 +4,8 @@
 #include <memory>
 
 #include "controller/ClsCdeZENIK.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
 #include "tests/ui/panneau/Banc.h"
 

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "core/Cles.h"
+#include "core/DocumentCourant.h"
 #include "core/Reglages.h"
 #include "tests/ui/panneau/Banc.h"
 #include "toolpath/Module_Sequence.h"

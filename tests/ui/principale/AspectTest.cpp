@@ -6,7 +6,7 @@
 #include <QTabBar>
 #include <set>
 
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "core/Document.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/ServicesQt.h"
 #include "machine/Module_Table.h"
 #include "toolpath/Module_Sequence.h"

@@ -7,9 +7,9 @@
 #include <filesystem>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/ServicesQt.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "workspace/Module_Recents.h"

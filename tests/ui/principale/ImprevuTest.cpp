@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/ui/ServicesQt.h"
 #include "tests/ui/principale/FenetrePrincipale.h"

@@ -10,8 +10,8 @@
 #include <random>
 #include <set>
 
-#include "core/Document.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Vue.h"

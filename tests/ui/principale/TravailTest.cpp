@@ -6,9 +6,9 @@
 #include <cmath>
 #include <filesystem>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "run/ui/F_Fraisage.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "toolpath/Module_Sequence.h"

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/ovelin/Programme.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "tests/ui/support/SupportUi.h"
 
 namespace essai {

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
 #include "tests/ui/programme/ProgrammeEssai.h"

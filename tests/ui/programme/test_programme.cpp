@@ -9,8 +9,9 @@
 
 #include "app/ovelin/Composition.h"
 #include "core/Cles.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
 #include "tests/ui/programme/ProgrammeEssai.h"
 

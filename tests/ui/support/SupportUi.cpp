@@ -4,7 +4,7 @@
 #include <QStyle>
 #include <QStyleFactory>
 
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 
 namespace essai {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "core/PlanCourant.h"
 #include "tests/unit/app/Appel.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "tests/support/Support.h"
 

@@ -1,6 +1,6 @@
 #include "core/Cles.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "tests/support/Support.h"
 

@@ -6,9 +6,9 @@
 #include <thread>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Projet.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "tests/support/Support.h"
 #include "tests/unit/core/ProjetTest.h"
 

@@ -1,8 +1,8 @@
 #include <limits>
 
 #include "core/Cles.h"
-#include "core/Document.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/support/Support.h"
 
 namespace {

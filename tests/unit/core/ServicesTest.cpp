@@ -1,10 +1,10 @@
 #include <gtest/gtest-spi.h>
 
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
-#include "core/Reglages.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
-#include "core/TableDecoupe.h"
 #include "core/Traduction.h"
 #include "tests/support/Support.h"
 

@@ -1,7 +1,7 @@
 #include <cstdlib>
 
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "tests/support/Support.h"
 

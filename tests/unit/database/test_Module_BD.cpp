@@ -1,5 +1,6 @@
 #include "core/Cles.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "database/Module_BD.h"
 #include "tests/support/Support.h"
 

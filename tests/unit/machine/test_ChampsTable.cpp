@@ -2,8 +2,9 @@
 
 #include "core/Cles.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "tests/support/Support.h"
 
 namespace {

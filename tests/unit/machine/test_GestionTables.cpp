@@ -1,8 +1,9 @@
 #include <filesystem>
 
 #include "core/Cles.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "tests/support/Support.h"
 
 namespace {

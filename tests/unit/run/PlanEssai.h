@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "controller/ClsCdeZENIK.h"
-#include "core/Document.h"
-#include "core/Reglages.h"
-#include "core/TableDecoupe.h"
+#include "core/DocumentCourant.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "run/Module_Planificateur.h"
 #include "tests/support/Support.h"
 

@@ -1,6 +1,9 @@
 // Rows of the table one by one: carries, speeds, bounds.
 #include <limits>
 
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
+#include "machine/TableCourante.h"
 #include "run/NoyauPlan.h"
 #include "tests/unit/run/PlanEssai.h"
 

@@ -1,6 +1,10 @@
 // The procedures of the milling window: speeds, figures of the plan, the file.
 #include "core/Cles.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
+#include "machine/TableCourante.h"
 #include "run/Module_Fraisage.h"
 #include "tests/unit/run/PlanEssai.h"
 

@@ -3,9 +3,13 @@
 #include <filesystem>
 #include <sstream>
 
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Texte8.h"
 #include "core/Traduction.h"
+#include "machine/TableCourante.h"
 #include "run/Module_GCode.h"
 #include "tests/support/Golden.h"
 #include "tests/unit/run/PlanEssai.h"

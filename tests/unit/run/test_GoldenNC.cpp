@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <random>
 
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
+#include "core/ReglagesCourants.h"
 #include "run/Module_GCode.h"
 #include "tests/support/Golden.h"
 #include "tests/support/Rs274.h"

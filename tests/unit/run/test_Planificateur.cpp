@@ -2,6 +2,9 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/DocumentCourant.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "run/NoyauPlan.h"
 #include "tests/unit/run/PlanEssai.h"
 

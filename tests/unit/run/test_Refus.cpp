@@ -1,6 +1,9 @@
 // Plans that are refused before the first row is made.
 #include <limits>
 
+#include "core/DocumentCourant.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "run/NoyauPlan.h"
 #include "tests/unit/run/PlanEssai.h"
 

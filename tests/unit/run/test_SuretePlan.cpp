@@ -2,6 +2,9 @@
 #include <algorithm>
 #include <random>
 
+#include "core/DocumentCourant.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/unit/run/PlanEssai.h"
 
 namespace essai {

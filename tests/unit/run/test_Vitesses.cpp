@@ -1,5 +1,6 @@
 // Speeds that a job allows.
 #include "core/Cles.h"
+#include "core/ReglagesCourants.h"
 #include "tests/unit/run/PlanEssai.h"
 
 namespace essai {

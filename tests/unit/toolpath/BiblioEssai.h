@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/DocumentCourant.h"
 #include "tests/support/Support.h"
 #include "toolpath/Bibliotheque.h"
 

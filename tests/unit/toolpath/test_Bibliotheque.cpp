@@ -1,7 +1,8 @@
 // The procedures on the real library.
 #include <cmath>
 
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"

@@ -1,8 +1,9 @@
 #include <memory>
 #include <random>
 
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"

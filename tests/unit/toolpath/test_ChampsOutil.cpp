@@ -1,5 +1,6 @@
 #include "core/Cles.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Decalage.h"
 

@@ -2,7 +2,8 @@
 #include <cmath>
 #include <thread>
 
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/support/Support.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"

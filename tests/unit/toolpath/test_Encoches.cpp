@@ -1,7 +1,7 @@
 #include <cmath>
 #include <random>
 
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"

@@ -2,6 +2,7 @@
 #include <limits>
 #include <random>
 
+#include "core/DocumentCourant.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "core/DocumentCourant.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Sequence.h"
 

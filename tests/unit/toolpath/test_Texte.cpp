@@ -1,4 +1,5 @@
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"

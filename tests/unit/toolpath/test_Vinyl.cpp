@@ -1,3 +1,4 @@
+#include "core/DocumentCourant.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Outils.h"
 

@@ -1,6 +1,6 @@
 #include "core/Cles.h"
-#include "core/Document.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Dimension.h"
 

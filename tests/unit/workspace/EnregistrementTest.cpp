@@ -1,4 +1,4 @@
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Enregistrement.h"

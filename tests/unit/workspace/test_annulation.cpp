@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
 #include "toolpath/Module_Sequence.h"

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "tests/support/Support.h"

@@ -12,11 +12,12 @@
 #include "core/Document.h"
 #include "core/Fichiers.h"
 #include "core/Projet.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Cycle.h"
 

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "tests/support/Support.h"

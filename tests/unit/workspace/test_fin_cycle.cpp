@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Projet.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Annulation.h"

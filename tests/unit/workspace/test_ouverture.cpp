@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "core/Cles.h"
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Projet.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "database/Module_BD.h"
 #include "tests/support/Support.h"

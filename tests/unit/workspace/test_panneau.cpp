@@ -1,7 +1,8 @@
 // The panel of the selection: its fields, and the buttons that work on the selection.
 #include <gtest/gtest.h>
 
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Panneau.h"

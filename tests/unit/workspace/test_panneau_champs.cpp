@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "controller/ClsCdeZENIK.h"
+#include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "core/Cles.h"
-#include "core/Document.h"
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Recents.h"

@@ -10,9 +10,9 @@
 
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
-#include "core/Document.h"
-#include "core/Reglages.h"
-#include "core/TableDecoupe.h"
+#include "core/DocumentCourant.h"
+#include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
 #include "run/Module_GCode.h"

@@ -8,6 +8,7 @@
 #include <random>
 #include <set>
 
+#include "core/DocumentCourant.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Scene.h"
 

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-#include "core/Reglages.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/support/Support.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Souris.h"

@@ -5,6 +5,7 @@
 #include <limits>
 #include <random>
 
+#include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Vue.h"

@@ -1,4 +1,4 @@
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 
 #include "core/Cles.h"
 #include "core/Document.h"

@@ -1,4 +1,4 @@
-#include "core/Document.h"
+#include "core/DocumentCourant.h"
 
 #include "core/Etat.h"
 

@@ -1,4 +1,4 @@
-#include "core/TableDecoupe.h"
+#include "core/PlanCourant.h"
 
 #include "core/Etat.h"
 
