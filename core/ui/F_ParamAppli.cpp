@@ -1,21 +1,16 @@
 #include "core/ui/F_ParamAppli.h"
 
-#include <QCheckBox>
-#include <QGridLayout>
-#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QTabWidget>
-#include <QVBoxLayout>
 #include <algorithm>
 
 #include "core/Cles.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
-#include "core/ui/ChampNombre.h"
+#include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/Fleches.h"
 #include "core/ui/LanguesPresentes.h"
@@ -27,6 +22,7 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_ParamAppli";
+constexpr TextesFenetre T{Section};
 constexpr int IntervalleMin = 25;    // ms; below, a held arrow runs away
 constexpr int IntervalleMax = 1000;  // ms
 constexpr int MruMax = 50;
@@ -47,47 +43,24 @@ constexpr std::array<CouleurReglee, 6> Couleurs{{
 
 QString Indice(const char* nom, int i) { return QString::fromLatin1(nom) + QLatin1Char('_') + QString::number(i); }
 
-template <class T>
-T* Nomme(T* w, const QString& nom, const QString& bulle = {}) {
-  w->setObjectName(nom);
-  if (!bulle.isEmpty()) w->setToolTip(bulle);
-  return w;
-}
-
-QLabel* Etiquette(const char* nom, const QString& texte, QWidget* de = nullptr) {
-  auto* l = Nomme(new QLabel(texte), QString::fromLatin1(nom));
-  l->setTextFormat(Qt::PlainText);
-  l->setBuddy(de);
-  return l;
-}
-
 }  // namespace
 
 F_ParamAppli::F_ParamAppli(QWidget* proprietaire) : QDialog(proprietaire), avant_(Regl) {
   setWindowTitle(QStringLiteral("Paramètres de l'application"));
   setModal(true);
-  auto* boite = new QVBoxLayout(this);
-  boite->setContentsMargins(8, 8, 8, 8);
+  QVBoxLayout* boite = ColonneFenetre(*this);
+  boite->setSpacing(6);
   SSTab1_ = Nomme(new QTabWidget, QStringLiteral("SSTab1"));
   SSTab1_->addTab(PageOptions(), QStringLiteral("Options"));
   SSTab1_->addTab(PageCouleurs(), QStringLiteral("Couleurs"));
   SSTab1_->addTab(PageLangue(), QStringLiteral("Langue"));
   boite->addWidget(SSTab1_);
 
-  auto* boutons = new QHBoxLayout;
-  auto* ok = Nomme(new QPushButton(QStringLiteral("OK")), QStringLiteral("Btn_OK"),
-                   QStringLiteral("Enregistre les options et ferme la fenêtre"));
-  auto* annuler = Nomme(new QPushButton(QStringLiteral("Annuler")), QStringLiteral("Btn_Annuler"),
-                        QStringLiteral("Remet les valeurs d'avant et ferme la fenêtre"));
-  ok->setIcon(IconeProgramme(ok->objectName()));
-  annuler->setIcon(IconeProgramme(annuler->objectName()));
-  ok->setDefault(true);
-  boutons->addStretch();
-  boutons->addWidget(ok);
-  boutons->addWidget(annuler);
-  boite->addLayout(boutons);
-  connect(ok, &QPushButton::clicked, this, &F_ParamAppli::accept);
-  connect(annuler, &QPushButton::clicked, this, &F_ParamAppli::reject);
+  const BoutonsDialogue boutons = PoseBoutons(*this, "Enregistre les options et ferme la fenêtre",
+                                              "Remet les valeurs d'avant et ferme la fenêtre");
+  boutons.annuler->setAutoDefault(true);
+  boite->addLayout(boutons.rangee);
+  connect(boutons.ok, &QPushButton::clicked, this, &F_ParamAppli::accept);
 
   PrepareFenetre(*this, Section);
   RemplitLangues();
@@ -99,13 +72,12 @@ F_ParamAppli::F_ParamAppli(QWidget* proprietaire) : QDialog(proprietaire), avant
 }
 
 QWidget* F_ParamAppli::PageOptions() {
-  auto* page = new QWidget;
+  auto* page = Nomme(new QWidget, "Page_Options");
   auto* grille = new QGridLayout(page);
   grille->setContentsMargins(8, 10, 8, 8);
   grille->setVerticalSpacing(10);
-  CB_Confirm_Suppr_ =
-      Nomme(new QCheckBox(QStringLiteral("Confirmer la suppression de points")), QStringLiteral("CB_Confirm_Suppr"),
-            QStringLiteral("Une question est posée avant chaque suppression de points"));
+  CB_Confirm_Suppr_ = Coche("CB_Confirm_Suppr", "Confirmer la suppression de points",
+                            "Une question est posée avant chaque suppression de points");
   grille->addWidget(CB_Confirm_Suppr_, 0, 0, 1, 3);
 
   HScroll_TimerInterval_ = Nomme(new QSlider(Qt::Horizontal), QStringLiteral("HScroll_TimerInterval"),
@@ -125,10 +97,9 @@ QWidget* F_ParamAppli::PageOptions() {
   grille->addWidget(LB_TimerInterval_, 1, 2);
 
   const QString bulle = QStringLiteral("Nombre de fichiers gardés dans le menu Fichier, de 0 à 50");
-  TB_MRU_ = new ChampNombre(QStringLiteral("TB_MRU"));
+  TB_MRU_ = Champ("TB_MRU", "", bulle);
   TB_MRU_->EntierSeul();
   TB_MRU_->setMaxLength(4);
-  TB_MRU_->setToolTip(bulle);
   TB_MRU_->setFixedWidth(52);
   VScroll_MRU_ = Nomme(new Fleches({}), QStringLiteral("VScroll_MRU"), bulle);
   VScroll_MRU_->setRange(0, MruMax);
@@ -145,7 +116,7 @@ QWidget* F_ParamAppli::PageOptions() {
 }
 
 QWidget* F_ParamAppli::PageCouleurs() {
-  auto* page = new QWidget;
+  auto* page = Nomme(new QWidget, "Page_Couleurs");
   auto* grille = new QGridLayout(page);
   grille->setContentsMargins(8, 10, 8, 8);
   for (int i = 0; i < static_cast<int>(Couleurs.size()); ++i) LigneCouleur(*grille, i);
@@ -170,25 +141,21 @@ void F_ParamAppli::LigneCouleur(QGridLayout& grille, int i) {
   echantillon->setAutoFillBackground(true);
   echantillon->setProperty("texteLibre", true);  // its tip is a colour
   LB_Couleur_[rang] = echantillon;
-  auto* texte = Etiquette("", QString::fromUtf8(Couleurs[rang].texte), bouton);
-  texte->setObjectName(Indice("Label_Couleur", i));
-  grille.addWidget(texte, i, 0);
+  grille.addWidget(Etiquette(Indice("Label_Couleur", i), Couleurs[rang].texte, bouton), i, 0);
   grille.addWidget(echantillon, i, 1);
   grille.addWidget(bouton, i, 2);
   connect(bouton, &QPushButton::clicked, this, [this, i] { ChangeCouleur(i); });
 }
 
 QWidget* F_ParamAppli::PageLangue() {
-  auto* page = new QWidget;
+  auto* page = Nomme(new QWidget, "Page_Langue");
   auto* boite = new QVBoxLayout(page);
   boite->setContentsMargins(8, 10, 8, 8);
   LB_Langues_ = Nomme(new QListWidget, QStringLiteral("LB_Langues"), QStringLiteral("Langue des textes"));
   boite->addWidget(Etiquette("Label_Langues", QStringLiteral("Langue :"), LB_Langues_));
   boite->addWidget(LB_Langues_);
-  auto* note = Etiquette("Label_LangueNote",
-                         QStringLiteral("Les autres fenêtres changent de langue à leur prochaine ouverture."));
-  note->setWordWrap(true);
-  boite->addWidget(note);
+  boite->addWidget(
+      Phrase("Label_LangueNote", "Les autres fenêtres changent de langue à leur prochaine ouverture."));
   return page;
 }
 
@@ -289,7 +256,7 @@ void F_ParamAppli::QuitteMRU(bool change) {
   const auto v = LitNombre(TB_MRU_->Texte());
   if (!v || *v < 0 || *v > MruMax) {
     refus_ = true;
-    TB_MRU_->Refuse(TraduireOu(Section, QStringLiteral("lib001"), QStringLiteral("Un nombre entier de 0 à 50")));
+    TB_MRU_->Refuse(T("lib001", "Un nombre entier de 0 à 50"));
     TB_MRU_->Restitue();
     return;
   }

@@ -2,23 +2,18 @@
 
 #include <QAction>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "core/Cles.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
+#include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
-#include "core/ui/Theme.h"
-#include "core/ui/TraduitFenetre.h"
 #include "database/ui/SaisieBD.h"
 
 namespace ovelin {
@@ -37,9 +32,7 @@ constexpr std::array<const char*, GrilleBD::Colonnes> TitresFrancais{"Matériau"
                                                                      "Largeur encoches (mm)",
                                                                      "Hauteur mini encoches (mm)"};
 
-QString T(const char* cle, const char* sinon) {
-  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
-}
+constexpr TextesFenetre T{Section};
 
 // A heading on lines of about this width, in pixels; no word is cut.
 QString EnLignes(const QString& texte, const QFontMetrics& mesure, int largeur) {
@@ -91,39 +84,23 @@ void F_BD::Construit() {
   setWindowTitle(QStringLiteral("Matériaux"));
   ConstruitGrille();
   ConstruitMenu();
-  auto* aide = new QLabel(QString::fromUtf8("Clic droit sur une ligne : insérer ou supprimer"), this);
-  aide->setObjectName(QStringLiteral("Label1"));
-  const auto bouton = [this](const char* nom, const char* texte, const char* bulle) {
-    auto* b = new QPushButton(QString::fromUtf8(texte), this);
-    b->setObjectName(QString::fromLatin1(nom));
-    b->setIcon(IconeProgramme(QString::fromLatin1(nom)));
-    b->setToolTip(QString::fromUtf8(bulle));
-    b->setAutoDefault(false);
-    return b;
-  };
-  auto* Btn_OK = bouton("Btn_OK", "OK", "Vérifier et garder toutes les fiches");
-  auto* Btn_Annuler = bouton("Btn_Annuler", "Annuler", "Fermer sans rien changer");
-  connect(Btn_OK, &QPushButton::clicked, this, &F_BD::Valide);
-  connect(Btn_Annuler, &QPushButton::clicked, this, &F_BD::reject);
-  auto* rangee = new QHBoxLayout;
-  rangee->setSpacing(6);
-  rangee->addWidget(aide, 1);
-  rangee->addWidget(Btn_OK);
-  rangee->addWidget(Btn_Annuler);
-  auto* boite = new QVBoxLayout(this);
-  boite->setContentsMargins(8, 8, 8, 8);
-  boite->setSpacing(8);
+  const BoutonsDialogue boutons =
+      PoseBoutons(*this, "Vérifier et garder toutes les fiches", "Fermer sans rien changer");
+  // Enter belongs to the grid.
+  boutons.ok->setDefault(false);
+  boutons.ok->setAutoDefault(false);
+  connect(boutons.ok, &QPushButton::clicked, this, &F_BD::Valide);
+  boutons.rangee->insertWidget(0, Etiquette("Label1", "Clic droit sur une ligne : insérer ou supprimer"), 1);
+  QVBoxLayout* boite = ColonneFenetre(*this);
   boite->addWidget(MSFlexGrid1_, 1);
-  boite->addLayout(rangee);
-  setTabOrder(MSFlexGrid1_, Btn_OK);
-  setTabOrder(Btn_OK, Btn_Annuler);
+  boite->addLayout(boutons.rangee);
+  OrdreTab({MSFlexGrid1_, boutons.ok, boutons.annuler});
 }
 
 void F_BD::ConstruitGrille() {
-  MSFlexGrid1_ = new QTableWidget(0, static_cast<int>(GrilleBD::Colonnes), this);
-  MSFlexGrid1_->setObjectName(QStringLiteral("MSFlexGrid1"));
-  MSFlexGrid1_->setToolTip(
-      QString::fromUtf8("Une ligne par matériau et par outil ; la dernière sert à en ajouter"));
+  MSFlexGrid1_ = Nomme(new QTableWidget(0, static_cast<int>(GrilleBD::Colonnes), this), "MSFlexGrid1",
+                       "Une ligne par matériau et par outil ; la dernière sert à en ajouter");
+  MSFlexGrid1_->setProperty("valeur", true);  // its headings are out of the texts already
   MSFlexGrid1_->setAccessibleName(T("MSFlexGrid1nom", "Fiches des matériaux"));
   MSFlexGrid1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   MSFlexGrid1_->setSelectionMode(QAbstractItemView::SingleSelection);

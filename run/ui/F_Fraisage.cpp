@@ -1,27 +1,19 @@
 #include "run/ui/F_Fraisage.h"
 
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QGuiApplication>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPointer>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QTimer>
-#include <QToolButton>
-#include <QVBoxLayout>
 
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
-#include "core/ui/Theme.h"
-#include "core/ui/TraduitFenetre.h"
 #include "run/ui/PanneauPlan.h"
 
 namespace ovelin {
@@ -32,33 +24,21 @@ constexpr const char* Section = "F_Fraisage";
 constexpr int PeriodeSuivi = 50;  // ms between two looks at the writing
 constexpr int PasBarre = 1000;
 
-QString T(const char* cle, const char* sinon) {
-  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
-}
-
-QLabel* Etiquette(const char* nom, const char* texte, QWidget* controle) {
-  auto* etiquette = new QLabel(QString::fromUtf8(texte));
-  etiquette->setObjectName(QString::fromLatin1(nom));
-  etiquette->setBuddy(controle);
-  return etiquette;
-}
+constexpr TextesFenetre T{Section};
 
 QLineEdit* Total(const char* nom, const char* bulle, QWidget* parent) {
-  auto* champ = new QLineEdit(parent);
-  champ->setObjectName(QString::fromLatin1(nom));
+  auto* champ = Nomme(new QLineEdit(parent), nom, bulle);
   MontreSeulement(*champ);
   champ->setAlignment(Qt::AlignRight);
-  champ->setToolTip(QString::fromUtf8(bulle));
   champ->setMaximumWidth(120);
   return champ;
 }
 
-QGroupBox* Groupe(const char* nom, const char* titre, QLayout* contenu, QWidget* parent) {
-  auto* groupe = new QGroupBox(QString::fromUtf8(titre), parent);
-  groupe->setObjectName(QString::fromLatin1(nom));
+QGroupBox* Cadre(const char* nom, const char* titre, QLayout* contenu, QWidget* parent) {
+  QGroupBox* cadre = Groupe(nom, titre, parent);
   contenu->setContentsMargins(8, 6, 8, 8);
-  groupe->setLayout(contenu);
-  return groupe;
+  cadre->setLayout(contenu);
+  return cadre;
 }
 
 }  // namespace
@@ -81,41 +61,25 @@ void F_Fraisage::Construit() {
   suivi_->setInterval(PeriodeSuivi);
   connect(suivi_, &QTimer::timeout, this, &F_Fraisage::MontreAvancement);
 
-  auto* boite = new QVBoxLayout(this);
-  boite->setContentsMargins(8, 8, 8, 8);
-  boite->setSpacing(8);
-  boite->addWidget(Groupe("Frame_Vitesses", "Vitesses", ConstruitVitesses(), this));
+  QVBoxLayout* boite = ColonneFenetre(*this);
+  boite->addWidget(Cadre("Frame_Vitesses", "Vitesses", ConstruitVitesses(), this));
   plan_ = new PanneauPlan(this);
   boite->addWidget(plan_);
-  boite->addWidget(Groupe("Frame_GCODE", "Fichier GCODE", ConstruitFichier(), this));
+  boite->addWidget(Cadre("Frame_GCODE", "Fichier GCODE", ConstruitFichier(), this));
   boite->addStretch();
 
-  Btn_Fermer_ = new QPushButton(QStringLiteral("Fermer"), this);
-  Btn_Fermer_->setObjectName(QStringLiteral("Btn_Fermer"));
-  Btn_Fermer_->setToolTip(QString::fromUtf8("Fermer la fenêtre"));
+  Btn_Fermer_ = Bouton("Btn_Fermer", "Fermer", "Fermer la fenêtre", this);
   Btn_Fermer_->setAutoDefault(false);
   connect(Btn_Fermer_, &QPushButton::clicked, this, &F_Fraisage::reject);
-  auto* rangee = new QHBoxLayout;
-  rangee->addStretch();
-  rangee->addWidget(Btn_Fermer_);
-  boite->addLayout(rangee);
+  boite->addLayout(RangeeBoutons({Btn_Fermer_}));
 
-  QWidget* avant = TB_Vit_Mat_H_;
-  for (QWidget* suite : {static_cast<QWidget*>(CB_VitMat_[0]), static_cast<QWidget*>(CB_VitMat_[1]),
-                         static_cast<QWidget*>(CB_VitMat_[2]), static_cast<QWidget*>(CB_VitMat_[3]),
-                         static_cast<QWidget*>(TB_Vit_Mat_V_), static_cast<QWidget*>(TB_LongueurParcours_NC_),
-                         static_cast<QWidget*>(TB_TempsFraisage_NC_), static_cast<QWidget*>(Btn_Gener_GCODE_),
-                         static_cast<QWidget*>(Btn_Fermer_)}) {
-    setTabOrder(avant, suite);
-    avant = suite;
-  }
+  OrdreTab({TB_Vit_Mat_H_, CB_VitMat_[0], CB_VitMat_[1], CB_VitMat_[2], CB_VitMat_[3], TB_Vit_Mat_V_,
+            TB_LongueurParcours_NC_, TB_TempsFraisage_NC_, Btn_Gener_GCODE_, Btn_Fermer_});
 }
 
 QLayout* F_Fraisage::ConstruitVitesses() {
-  TB_Vit_Mat_H_ = new ChampNombre(QStringLiteral("TB_Vit_Mat_H"), QStringLiteral("mm/s"), this);
-  TB_Vit_Mat_H_->setToolTip(QString::fromUtf8("Avance de l'outil dans la matière"));
-  TB_Vit_Mat_V_ = new ChampNombre(QStringLiteral("TB_Vit_Mat_V"), QStringLiteral("mm/s"), this);
-  TB_Vit_Mat_V_->setToolTip(QString::fromUtf8("Vitesse de l'outil quand il descend dans la matière"));
+  TB_Vit_Mat_H_ = Champ("TB_Vit_Mat_H", "mm/s", "Avance de l'outil dans la matière", this);
+  TB_Vit_Mat_V_ = Champ("TB_Vit_Mat_V", "mm/s", "Vitesse de l'outil quand il descend dans la matière", this);
   auto* pas = new QHBoxLayout;
   pas->setSpacing(2);
   static constexpr std::array<const char*, 4> Textes{"-1", "-0,1", "+0,1", "+1"};
@@ -134,9 +98,7 @@ QLayout* F_Fraisage::ConstruitVitesses() {
     CB_VitMat_[i] = bouton;
     pas->addWidget(bouton);
   }
-  auto* grille = new QGridLayout;
-  grille->setHorizontalSpacing(8);
-  grille->setVerticalSpacing(6);
+  QGridLayout* grille = GrilleFenetre();
   grille->addWidget(Etiquette("Lbl_Vit_Mat_H", "Vitesse &matière :", TB_Vit_Mat_H_), 0, 0);
   grille->addWidget(TB_Vit_Mat_H_, 0, 1);
   grille->addLayout(pas, 0, 2);
@@ -153,22 +115,17 @@ QLayout* F_Fraisage::ConstruitFichier() {
       Total("TB_LongueurParcours_NC", "Longueur du parcours, déplacements rapides compris", this);
   TB_TempsFraisage_NC_ =
       Total("TB_TempsFraisage_NC", "Temps à vitesse constante : les rampes de la machine s'y ajoutent", this);
-  Lbl_Duree_ = Etiquette("Lbl_Duree", "", nullptr);
-  ProgressBar_NC_ = new QProgressBar(this);
-  ProgressBar_NC_->setObjectName(QStringLiteral("ProgressBar_NC"));
-  ProgressBar_NC_->setToolTip(QString::fromUtf8("Avancement de l'écriture"));
+  Lbl_Duree_ = Valeur("Lbl_Duree");
+  ProgressBar_NC_ = Nomme(new QProgressBar(this), "ProgressBar_NC", "Avancement de l'écriture");
   ProgressBar_NC_->setRange(0, PasBarre);
   ProgressBar_NC_->setTextVisible(false);
-  Lbl_Resultat_ = Etiquette("Lbl_Resultat", "", nullptr);
-  Lbl_Resultat_->setWordWrap(true);
+  Lbl_Resultat_ = Phrase("Lbl_Resultat", "");
   Lbl_Resultat_->setTextFormat(Qt::PlainText);
   Lbl_Resultat_->setProperty("texteLibre", true);
 
-  Btn_Gener_GCODE_ = new QPushButton(QString::fromUtf8("&Générer le fichier GCODE"), this);
-  Btn_Gener_GCODE_->setObjectName(QStringLiteral("Btn_Gener_GCODE"));
-  Btn_Gener_GCODE_->setIcon(IconeProgramme(QStringLiteral("Btn_Gener_GCODE")));
+  Btn_Gener_GCODE_ =
+      Bouton("Btn_Gener_GCODE", "&Générer le fichier GCODE", "Planifier le dessin et écrire le fichier .nc", this);
   Btn_Gener_GCODE_->setIconSize({24, 24});
-  Btn_Gener_GCODE_->setToolTip(QString::fromUtf8("Planifier le dessin et écrire le fichier .nc"));
   Btn_Gener_GCODE_->setDefault(true);
   Btn_Gener_GCODE_->setMinimumHeight(38);
   QFont gras = Btn_Gener_GCODE_->font();
@@ -176,9 +133,7 @@ QLayout* F_Fraisage::ConstruitFichier() {
   Btn_Gener_GCODE_->setFont(gras);
   connect(Btn_Gener_GCODE_, &QPushButton::clicked, this, &F_Fraisage::Btn_Gener_GCODE_Click);
 
-  auto* grille = new QGridLayout;
-  grille->setHorizontalSpacing(8);
-  grille->setVerticalSpacing(6);
+  QGridLayout* grille = GrilleFenetre();
   grille->addWidget(Etiquette("Lbl_Longueur_NC", "Longueur parcours en mm", TB_LongueurParcours_NC_), 0, 0);
   grille->addWidget(TB_LongueurParcours_NC_, 0, 1);
   grille->addWidget(Etiquette("Lbl_Temps_NC", "Temps de fraisage en secondes", TB_TempsFraisage_NC_), 1, 0);

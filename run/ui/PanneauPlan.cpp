@@ -1,11 +1,8 @@
 #include "run/ui/PanneauPlan.h"
 
-#include <QGridLayout>
-#include <QLabel>
-
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
-#include "core/ui/TraduitFenetre.h"
+#include "core/ui/Fabrique.h"
 
 namespace ovelin {
 
@@ -13,9 +10,7 @@ namespace {
 
 constexpr double SansMouvement = 1e10;  // what the speeds are without a move in the plane
 
-QString T(const char* cle, const char* sinon) {
-  return TraduireOu("F_Fraisage", QString::fromLatin1(cle), QString::fromUtf8(sinon));
-}
+constexpr TextesFenetre T{"F_Fraisage"};
 
 QString Mesure(double v, const char* motif, const char* unite) {
   return QString::fromStdString(Formate(v, motif)) + QLatin1Char(' ') + QLatin1String(unite);
@@ -48,9 +43,7 @@ PanneauPlan::PanneauPlan(QWidget* parent) : QGroupBox(QStringLiteral("Parcours")
   maxi_ =
       Figure(*grille, 3, 1, "VMax", "Vitesse maxi :", "Vitesse la plus haute que les axes suivent sur ce parcours");
   lignes_ = Figure(*grille, 4, 0, "Lignes", "Déplacements :", "Déplacements du plan");
-  avis_ = new QLabel(this);
-  avis_->setObjectName(QStringLiteral("Lbl_Avis"));
-  avis_->setWordWrap(true);
+  avis_ = Phrase("Lbl_Avis", "", this);
   avis_->setTextFormat(Qt::PlainText);
   QFont gras = avis_->font();
   gras.setBold(true);
@@ -63,11 +56,8 @@ PanneauPlan::PanneauPlan(QWidget* parent) : QGroupBox(QStringLiteral("Parcours")
 // A title "Lbl_<nom>" and its value "Val_<nom>".
 QLabel* PanneauPlan::Figure(QGridLayout& grille, int ligne, int colonne, const char* nom, const char* titre,
                             const char* bulle) {
-  auto* etiquette = new QLabel(QString::fromUtf8(titre), this);
-  etiquette->setObjectName(QStringLiteral("Lbl_") + QLatin1String(nom));
-  etiquette->setToolTip(QString::fromUtf8(bulle));
-  auto* valeur = new QLabel(this);
-  valeur->setObjectName(QStringLiteral("Val_") + QLatin1String(nom));
+  auto* etiquette = Nomme(new QLabel(titre, this), QStringLiteral("Lbl_") + nom, bulle);
+  QLabel* valeur = Valeur(QStringLiteral("Val_") + nom, {}, this);
   valeur->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   grille.addWidget(etiquette, ligne, 3 * colonne);
   grille.addWidget(valeur, ligne, 3 * colonne + 1);

@@ -1,7 +1,6 @@
 #include "workspace/ui/CadreDeplacement.h"
 
 #include <QEvent>
-#include <QGridLayout>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
@@ -26,12 +25,10 @@ CadreDeplacement::CadreDeplacement(QWidget* parent) : QGroupBox(QStringLiteral("
   y_.barre->setToolTip(QStringLiteral("Déplacer vers le bas ou le haut"));
   x_.barre->setInvertedControls(false);  // the right arrow key goes to the right
 
-  auto* grille = new QGridLayout(this);
-  grille->setContentsMargins(6, 4, 6, 6);
-  grille->setSpacing(4);
-  grille->addWidget(EtiquettePanneau("Lbl_X", "X", x_.champ->Champ()), 0, 0);
+  QGridLayout* grille = GrilleGroupe(*this);
+  grille->addWidget(Etiquette("Lbl_X", "X", x_.champ->Champ()), 0, 0);
   grille->addWidget(x_.champ->Champ(), 0, 1);
-  grille->addWidget(EtiquettePanneau("Lbl_Y", "Y", y_.champ->Champ()), 1, 0);
+  grille->addWidget(Etiquette("Lbl_Y", "Y", y_.champ->Champ()), 1, 0);
   grille->addWidget(y_.champ->Champ(), 1, 1);
   Flechette("CB_Haut", "0,1 mm vers le haut", y_, PasFleche, grille, 0, 4);
   Flechette("CB_Gauche", "0,1 mm vers la gauche", x_, -PasFleche, grille, 1, 3);
@@ -50,10 +47,8 @@ CadreDeplacement::Axe CadreDeplacement::CreeAxe(int direction, const char* champ
   neuf.direction = direction;
   // A vertical bar counts downward, the drawing upward.
   neuf.parPas = (direction == 1 ? 1 : -1) / ParMillimetre;
-  neuf.champ =
-      new Saisie(ChampPanneau(champ, "mm", bulle), [this, &axe](const std::string& texte) { Entre(axe, texte); });
-  neuf.barre = new QScrollBar(sens);
-  neuf.barre->setObjectName(QString::fromLatin1(barre));
+  neuf.champ = new Saisie(Champ(champ, "mm", bulle), [this, &axe](const std::string& texte) { Entre(axe, texte); });
+  neuf.barre = Nomme(new QScrollBar(sens), barre);
   neuf.barre->setRange(-Course, Course);
   neuf.barre->setPageStep(static_cast<int>(ParMillimetre));
   neuf.barre->setFocusPolicy(Qt::StrongFocus);
@@ -64,7 +59,7 @@ CadreDeplacement::Axe CadreDeplacement::CreeAxe(int direction, const char* champ
 
 void CadreDeplacement::Flechette(const char* nom, const char* bulle, Axe& axe, double pas, QGridLayout* grille,
                                  int ligne, int colonne) {
-  QToolButton* bouton = BoutonPanneau(nom, bulle);
+  QToolButton* bouton = BoutonIcone(nom, bulle);
   bouton->setAutoRepeat(true);
   connect(bouton, &QToolButton::clicked, this, [this, &axe, pas] { Ajoute(axe, pas); });
   grille->addWidget(bouton, ligne, colonne);

@@ -1,52 +1,34 @@
 #include "workspace/ui/CadreDimensions.h"
 
-#include <QGridLayout>
-
 #include "core/Nombres.h"
 
 namespace ovelin {
 
-namespace {
-
-QLabel* EnTete(const char* nom, const char* texte) {
-  QLabel* tete = EtiquettePanneau(nom, texte, nullptr);
-  tete->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-  return tete;
-}
-
-}  // namespace
-
 CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Dimensions"), parent) {
   setObjectName(QStringLiteral("FRAME1_DIMENSIONS"));
-  auto* grille = new QGridLayout(this);
-  grille->setContentsMargins(6, 4, 6, 6);
-  grille->setSpacing(4);
+  QGridLayout* grille = GrilleGroupe(*this);
   grille->addWidget(EnTete("Lbl_Initial", "Actuelle"), 0, 1);
   grille->addWidget(EnTete("Lbl_Rapport", "Rapport"), 0, 2);
   grille->addWidget(EnTete("Lbl_Resultat", "Résultat"), 0, 3);
   for (int axe = 0; axe < 2; ++axe) {
     const auto i = static_cast<std::size_t>(axe);
-    const std::string suite = "_" + std::to_string(axe);
-    initial_[i] = ChampPanneau(("TB_Initial" + suite).c_str(), "mm",
-                               axe == 0 ? "Largeur actuelle de la sélection" : "Hauteur actuelle de la sélection");
+    const QString suite = QLatin1Char('_') + QString::number(axe);
+    initial_[i] = Champ("TB_Initial" + suite, "mm",
+                        axe == 0 ? "Largeur actuelle de la sélection" : "Hauteur actuelle de la sélection");
     MontreSeulement(*initial_[i]);
     initial_[i]->setFocusPolicy(Qt::ClickFocus);
-    auto* rapport =
-        ChampPanneau(("TB_Rapport" + suite).c_str(), "",
-                     axe == 0 ? "Multiplie la largeur : 2 la double" : "Multiplie la hauteur : 2 la double");
-    auto* resultat = ChampPanneau(("TB_Resultat" + suite).c_str(), "mm",
-                                  axe == 0 ? "Largeur voulue de la sélection" : "Hauteur voulue de la sélection");
+    auto* rapport = Champ("TB_Rapport" + suite, "",
+                          axe == 0 ? "Multiplie la largeur : 2 la double" : "Multiplie la hauteur : 2 la double");
+    auto* resultat = Champ("TB_Resultat" + suite, "mm",
+                           axe == 0 ? "Largeur voulue de la sélection" : "Hauteur voulue de la sélection");
     rapport_[i] = new Saisie(rapport, [this, axe](const std::string& texte) { Entre(axe, false, texte); });
     resultat_[i] = new Saisie(resultat, [this, axe](const std::string& texte) { Entre(axe, true, texte); });
-    grille->addWidget(EtiquettePanneau(axe == 0 ? "Lbl_DimX" : "Lbl_DimY", axe == 0 ? "X" : "Y", rapport), axe + 1,
-                      0);
+    grille->addWidget(Etiquette(axe == 0 ? "Lbl_DimX" : "Lbl_DimY", axe == 0 ? "X" : "Y", rapport), axe + 1, 0);
     grille->addWidget(initial_[i], axe + 1, 1);
     grille->addWidget(rapport, axe + 1, 2);
     grille->addWidget(resultat, axe + 1, 3);
   }
-  prop_ = new QCheckBox(QStringLiteral("Proportions"));
-  prop_->setObjectName(QStringLiteral("CB_Prop"));
-  prop_->setToolTip(QStringLiteral("Le même rapport en X et en Y"));
+  prop_ = Coche("CB_Prop", "Proportions", "Le même rapport en X et en Y");
   ok_ = BoutonTexte("CB_OK_Dimension", "Appliquer", "Donner ces dimensions à la sélection");
   grille->addWidget(prop_, 3, 0, 1, 3, Qt::AlignLeft);
   grille->addWidget(ok_, 3, 3);

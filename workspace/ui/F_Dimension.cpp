@@ -1,20 +1,12 @@
 #include "workspace/ui/F_Dimension.h"
 
-#include <QGridLayout>
-#include <QLabel>
-#include <QPushButton>
-#include <QSignalBlocker>
-#include <QVBoxLayout>
-
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
+#include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
-#include "core/ui/Theme.h"
-#include "core/ui/TraduitFenetre.h"
 #include "workspace/ui/ApercuDimension.h"
-#include "workspace/ui/DialogueSimple.h"
 
 namespace ovelin {
 
@@ -22,20 +14,13 @@ namespace {
 
 constexpr const char* Section = "F_Dimension";
 
-QString Raison(const char* cle, const char* sinon) {
-  return TraduireOu(Section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
-}
+constexpr TextesFenetre Raison{Section};
 
-QLabel* Entete(const char* nom, const char* texte) {
-  QLabel* entete = EtiquetteDialogue(nom, texte, nullptr);
-  entete->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-  return entete;
-}
-
-ChampNombre* Champ(const QString& nom, const char* unite, const char* dit, const char* bulle, QWidget* parent) {
-  auto* champ = new ChampNombre(nom, QString::fromUtf8(unite), parent);
-  champ->setToolTip(QString::fromUtf8(bulle));
-  champ->setAccessibleName(QString::fromUtf8(dit));
+// A field says itself what it is: its label stands at the head of its column.
+ChampNombre* ChampTaille(const QString& nom, const char* unite, const char* dit, const char* bulle,
+                         QWidget* parent) {
+  ChampNombre* champ = Champ(nom, unite, bulle, parent);
+  champ->setAccessibleName(dit);
   champ->setMinimumWidth(84);
   return champ;
 }
@@ -58,20 +43,18 @@ F_Dimension::F_Dimension(const DemandeDimension& demande, QWidget* parent) : QDi
 void F_Dimension::Construit() {
   setWindowTitle(QStringLiteral("Dimensions du dessin"));
   PB1_ = new ApercuDimension(PointsApercu(TraceInitial), this);
-  PB1_->setObjectName(QStringLiteral("PB1"));
-  PB1_->setToolTip(QString::fromUtf8("Aperçu du dessin avec les rapports appliqués"));
+  Nomme(PB1_, "PB1", "Aperçu du dessin avec les rapports appliqués");
   PB1_->setAccessibleName(QString::fromUtf8("Aperçu du dessin"));
 
   auto* grille = new QGridLayout;
   grille->setSpacing(6);
-  grille->addWidget(Entete("Lbl_Initial", "Actuelle"), 0, 1);
-  grille->addWidget(Entete("Lbl_Rapport", "Rapport"), 0, 2);
-  grille->addWidget(Entete("Lbl_Resultat", "Résultat"), 0, 3);
+  grille->addWidget(EnTete("Lbl_Initial", "Actuelle"), 0, 1);
+  grille->addWidget(EnTete("Lbl_Rapport", "Rapport"), 0, 2);
+  grille->addWidget(EnTete("Lbl_Resultat", "Résultat"), 0, 3);
   ConstruitAxe(*grille, 0);
   ConstruitAxe(*grille, 1);
-  CB_Proportions_ = new QCheckBox(QStringLiteral("&Garder les proportions"), this);
-  CB_Proportions_->setObjectName(QStringLiteral("CB_Proportions"));
-  CB_Proportions_->setToolTip(QString::fromUtf8("Le même rapport en largeur et en hauteur"));
+  CB_Proportions_ =
+      Coche("CB_Proportions", "&Garder les proportions", "Le même rapport en largeur et en hauteur", this);
   grille->addWidget(CB_Proportions_, 3, 1, 1, 3);
   for (int colonne = 1; colonne < 4; ++colonne) grille->setColumnStretch(colonne, 1);
 
@@ -82,9 +65,7 @@ void F_Dimension::Construit() {
   corps->addLayout(grille);
   const BoutonsDialogue boutons =
       PoseBoutons(*this, "Donner ces dimensions au dessin", "Garder le dessin à sa taille");
-  auto* Btn_Appliquer = new QPushButton(QStringLiteral("A&ppliquer"), this);
-  Btn_Appliquer->setObjectName(QStringLiteral("Btn_Appliquer"));
-  Btn_Appliquer->setToolTip(QString::fromUtf8("Montrer le résultat dans l'aperçu"));
+  auto* Btn_Appliquer = Bouton("Btn_Appliquer", "A&ppliquer", "Montrer le résultat dans l'aperçu", this);
   Btn_Appliquer->setAutoDefault(false);
   boutons.rangee->insertWidget(1, Btn_Appliquer);
   corps->addLayout(boutons.rangee);
@@ -114,37 +95,34 @@ void F_Dimension::ConstruitAxe(QGridLayout& grille, std::size_t axe) {
   const bool h = axe == 0;
   const QString prefixe = h ? QStringLiteral("TB_H_") : QStringLiteral("TB_V_");
   Axe& a = axes_[axe];
-  a.initial = Champ(prefixe + QStringLiteral("Initial"), "mm", h ? "Largeur actuelle" : "Hauteur actuelle",
-                    "Taille du dessin tel qu'il a été lu", this);
+  a.initial = ChampTaille(prefixe + QStringLiteral("Initial"), "mm", h ? "Largeur actuelle" : "Hauteur actuelle",
+                          "Taille du dessin tel qu'il a été lu", this);
   MontreSeulement(*a.initial);
   a.initial->setFocusPolicy(Qt::ClickFocus);
-  a.rapport = Champ(prefixe + QStringLiteral("Rapport"), "", h ? "Rapport en largeur" : "Rapport en hauteur",
-                    "Multiplie la taille : 2 la double", this);
-  a.resultat = Champ(prefixe + QStringLiteral("Resultat"), "mm", h ? "Largeur voulue" : "Hauteur voulue",
-                     "Taille voulue : le rapport suit", this);
+  a.rapport = ChampTaille(prefixe + QStringLiteral("Rapport"), "", h ? "Rapport en largeur" : "Rapport en hauteur",
+                          "Multiplie la taille : 2 la double", this);
+  a.resultat = ChampTaille(prefixe + QStringLiteral("Resultat"), "mm", h ? "Largeur voulue" : "Hauteur voulue",
+                           "Taille voulue : le rapport suit", this);
   const int ligne = static_cast<int>(axe) + 1;
   grille.addWidget(
-      EtiquetteDialogue(axe == 0 ? "Lbl_H" : "Lbl_V", axe == 0 ? "&Largeur (X) :" : "&Hauteur (Y) :", a.rapport),
-      ligne, 0);
+      Etiquette(axe == 0 ? "Lbl_H" : "Lbl_V", axe == 0 ? "&Largeur (X) :" : "&Hauteur (Y) :", a.rapport), ligne, 0);
   grille.addWidget(a.initial, ligne, 1);
   grille.addWidget(a.rapport, ligne, 2);
   grille.addWidget(a.resultat, ligne, 3);
 }
 
 void F_Dimension::ConstruitBarre() {
-  SB1_ = new QStatusBar(this);
-  SB1_->setObjectName(QStringLiteral("SB1"));
+  SB1_ = Nomme(new QStatusBar(this), "SB1", "Course de la machine : le dessin doit y tenir");
   SB1_->setSizeGripEnabled(true);
   SB1_->setContentsMargins(6, 0, 0, 0);
-  SB1_->setToolTip(QString::fromUtf8("Course de la machine : le dessin doit y tenir"));
-  const auto panneau = [this](const char* nom, const std::string& texte) {
-    auto* etiquette = new QLabel(QString::fromStdString(texte), SB1_);
-    etiquette->setObjectName(QString::fromLatin1(nom));
-    SB1_->addWidget(etiquette);
+  SB1_->addWidget(Etiquette("SB1_0", "Course :"));
+  const auto course = [this](const char* nom, const std::string& texte) {
+    QLabel* valeur = Valeur(nom);
+    valeur->setText(QString::fromStdString(texte));
+    SB1_->addWidget(valeur);
   };
-  panneau("SB1_0", "Course :");
-  panneau("SB1_1", "X = " + TexteNombre(EnFloat(demande_.courseX)) + " mm");
-  panneau("SB1_2", "Y = " + TexteNombre(EnFloat(demande_.courseY)) + " mm");
+  course("SB1_1", "X = " + TexteNombre(EnFloat(demande_.courseX)) + " mm");
+  course("SB1_2", "Y = " + TexteNombre(EnFloat(demande_.courseY)) + " mm");
 }
 
 void F_Dimension::Branche(std::size_t axe) {

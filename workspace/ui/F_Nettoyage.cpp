@@ -1,14 +1,12 @@
 #include "workspace/ui/F_Nettoyage.h"
 
-#include <QGridLayout>
-#include <QVBoxLayout>
 #include <cmath>
 
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
 #include "machine/Module_Table.h"
-#include "workspace/ui/DialogueSimple.h"
+#include "workspace/ui/Tolerance.h"
 
 namespace ovelin {
 
@@ -34,27 +32,22 @@ F_Nettoyage::F_Nettoyage(QWidget* parent) : QDialog(parent) {
 
 void F_Nettoyage::Construit() {
   setWindowTitle(QStringLiteral("Nettoyage"));
-  auto* boite = new QVBoxLayout(this);
-  boite->setContentsMargins(8, 8, 8, 8);
-  boite->setSpacing(8);
-  auto* grille = new QGridLayout;
-  grille->setHorizontalSpacing(8);
-  grille->setVerticalSpacing(6);
+  QVBoxLayout* boite = ColonneFenetre(*this);
+  QGridLayout* grille = GrilleFenetre();
   for (int axe = 0; axe < 2; ++axe) {
-    auto* valeur = new QLabel(this);
-    valeur->setObjectName(QStringLiteral("Lbl_Resolution_%1").arg(axe));
+    QLabel* valeur =
+        Valeur(QStringLiteral("Lbl_Resolution_%1").arg(axe), "Avance de la machine en un pas de moteur", this);
     valeur->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    valeur->setToolTip(QString::fromUtf8("Avance de la machine en un pas de moteur"));
     const char* nom = axe == 0 ? "Label1" : "Label2";
     const char* texte = axe == 0 ? "Résolution de la machine en X :" : "Résolution de la machine en Y :";
-    grille->addWidget(EtiquetteDialogue(nom, texte, nullptr), axe, 0);
+    grille->addWidget(Etiquette(nom, texte), axe, 0);
     grille->addWidget(valeur, axe, 1);
     Lbl_Resolution_[static_cast<std::size_t>(axe)] = valeur;
   }
-  TB_Resolution_ = new ChampNombre(QStringLiteral("TB_Resolution"), QStringLiteral("mm"), this);
-  TB_Resolution_->setToolTip(
-      QString::fromUtf8("Les points plus proches que cette valeur, ou de la ligne de leurs voisins, sont retirés"));
-  grille->addWidget(EtiquetteDialogue("Label3", "&Tolérance du nettoyage :", TB_Resolution_), 2, 0);
+  TB_Resolution_ =
+      Champ("TB_Resolution", "mm",
+            "Les points plus proches que cette valeur, ou de la ligne de leurs voisins, sont retirés", this);
+  grille->addWidget(Etiquette("Label3", "&Tolérance du nettoyage :", TB_Resolution_), 2, 0);
   grille->addWidget(TB_Resolution_, 2, 1);
   grille->setColumnStretch(0, 1);
   grille->setColumnMinimumWidth(1, 100);

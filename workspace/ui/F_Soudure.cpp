@@ -1,15 +1,13 @@
 #include "workspace/ui/F_Soudure.h"
 
-#include <QGridLayout>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 #include <algorithm>
 
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
-#include "workspace/ui/DialogueSimple.h"
+#include "workspace/ui/Tolerance.h"
 
 namespace ovelin {
 
@@ -36,26 +34,21 @@ F_Soudure::F_Soudure(QWidget* parent) : QDialog(parent) {
 
 void F_Soudure::Construit() {
   setWindowTitle(QStringLiteral("Tolérance de soudure"));
-  auto* boite = new QVBoxLayout(this);
-  boite->setContentsMargins(8, 8, 8, 8);
-  boite->setSpacing(8);
-  TB_Tolerance_ = new ChampNombre(QStringLiteral("TB_Tolerance"), QStringLiteral("mm"), this);
-  TB_Tolerance_->setToolTip(
-      QString::fromUtf8("Les extrémités plus proches que cette valeur sont jointes à l'ouverture d'un dessin"));
-  VScroll_Tolerance_ = new QScrollBar(Qt::Vertical, this);
-  VScroll_Tolerance_->setObjectName(QStringLiteral("VScroll_Tolerance"));
+  QVBoxLayout* boite = ColonneFenetre(*this);
+  TB_Tolerance_ =
+      Champ("TB_Tolerance", "mm",
+            "Les extrémités plus proches que cette valeur sont jointes à l'ouverture d'un dessin", this);
+  VScroll_Tolerance_ =
+      Nomme(new QScrollBar(Qt::Vertical, this), "VScroll_Tolerance", "De 0,5 mm en haut à 0 en bas, par dixièmes");
   VScroll_Tolerance_->setRange(0, PlaceMax);
   VScroll_Tolerance_->setPageStep(1);
   VScroll_Tolerance_->setFocusPolicy(Qt::StrongFocus);
   VScroll_Tolerance_->setAccessibleName(QStringLiteral("Tolérance par dixièmes"));
   VScroll_Tolerance_->setMinimumHeight(90);
-  VScroll_Tolerance_->setToolTip(QString::fromUtf8("De 0,5 mm en haut à 0 en bas, par dixièmes"));
-  auto* etiquette = EtiquetteDialogue("Label1", "&Tolérance des extrémités (mm)", TB_Tolerance_);
-  auto* aide = EtiquetteDialogue("Label2", "Agit sur les dessins ouverts ensuite.", nullptr);
-  aide->setWordWrap(true);
-  auto* grille = new QGridLayout;
+  auto* etiquette = Etiquette("Label1", "&Tolérance des extrémités (mm)", TB_Tolerance_);
+  auto* aide = Phrase("Label2", "Agit sur les dessins ouverts ensuite.");
+  QGridLayout* grille = GrilleFenetre();
   grille->setHorizontalSpacing(12);
-  grille->setVerticalSpacing(6);
   grille->addWidget(etiquette, 0, 0);
   grille->addWidget(TB_Tolerance_, 1, 0);
   grille->addWidget(aide, 2, 0);

@@ -1,6 +1,6 @@
 #include "workspace/ui/FrameAvancement.h"
 
-#include <QVBoxLayout>
+#include "core/ui/Fabrique.h"
 
 namespace ovelin {
 
@@ -17,11 +17,8 @@ FrameAvancement::FrameAvancement(QWidget* parent) : QFrame(parent) {
   setAutoFillBackground(true);
   setFixedWidth(260);
   auto* colonne = new QVBoxLayout(this);
-  texte_ = new QLabel(this);
-  texte_->setObjectName(QStringLiteral("Lbl_Avancement"));
-  texte_->setWordWrap(true);
-  barre_ = new QProgressBar(this);
-  barre_->setObjectName(QStringLiteral("ProgressBar_Avancement"));
+  texte_ = Phrase("Lbl_Avancement", "", this);
+  barre_ = Nomme(new QProgressBar(this), "ProgressBar_Avancement");
   barre_->setRange(0, Maximum);
   barre_->setTextVisible(false);
   colonne->addWidget(texte_);

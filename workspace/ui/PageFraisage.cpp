@@ -64,46 +64,35 @@ QString AvisPoche(int pourCent) {
 
 PageFraisage::PageFraisage(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("FRAME_Fraisage"));
-  auto* colonne = new QVBoxLayout(this);
-  colonne->setContentsMargins(6, 6, 6, 6);
-  colonne->setSpacing(6);
+  QVBoxLayout* colonne = ColonnePage(*this);
   selection_ = Selection();
   colonne->addWidget(selection_);
   colonne->addWidget(Outil());
   colonne->addStretch(1);
-  OrdreTabulation(
-      *this, {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_2", "Option_Decal_3",
-              "TB_RayonFraise", "TB_LargeurEncoche", "TB_MiniEncoche", "TB_HautDeg", "TB_PCPoche", "TB_ProfPasse"});
+  OrdreTab(*this,
+           {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_2", "Option_Decal_3",
+            "TB_RayonFraise", "TB_LargeurEncoche", "TB_MiniEncoche", "TB_HautDeg", "TB_PCPoche", "TB_ProfPasse"});
   Remplit({});
   VideOutil();
 }
 
 QGroupBox* PageFraisage::Selection() {
-  auto* cadre = new QGroupBox(QStringLiteral("Sélection"));
-  cadre->setObjectName(QStringLiteral("FRAME1_SELECTION"));
-  auto* grille = new QGridLayout(cadre);
-  grille->setContentsMargins(6, 4, 6, 6);
-  grille->setSpacing(4);
-  fraiser_ = new QCheckBox(QStringLiteral("Fraiser"));
-  fraiser_->setObjectName(QStringLiteral("CB_Fraiser"));
-  fraiser_->setToolTip(QStringLiteral("Les séquences choisies sont fraisées"));
-  poche_ = new QCheckBox(QStringLiteral("Poche"));
-  poche_->setObjectName(QStringLiteral("CB_Poche"));
-  poche_->setToolTip(QStringLiteral("Tout l'intérieur des séquences choisies est fraisé"));
+  QGroupBox* cadre = Groupe("FRAME1_SELECTION", "Sélection");
+  QGridLayout* grille = GrilleGroupe(*cadre);
+  fraiser_ = Coche("CB_Fraiser", "Fraiser", "Les séquences choisies sont fraisées");
+  poche_ = Coche("CB_Poche", "Poche", "Tout l'intérieur des séquences choisies est fraisé");
   for (QCheckBox* coche : {fraiser_, poche_}) coche->setIcon(IconeProgramme(coche->objectName()));
-  auto* profondeur = ChampPanneau("TB_Profondeur", "mm", "Profondeur totale, négative : -3 descend de 3 mm");
+  auto* profondeur = Champ("TB_Profondeur", "mm", "Profondeur totale, négative : -3 descend de 3 mm");
   profondeur_ = new Saisie(profondeur, [this](const std::string& texte) { Profondeur(texte); });
   grille->addWidget(fraiser_, 0, 0, Qt::AlignLeft);
   grille->addWidget(poche_, 0, 1, Qt::AlignLeft);
-  grille->addWidget(EtiquettePanneau("Lbl_Profondeur", "Profondeur", profondeur), 1, 0);
+  grille->addWidget(Etiquette("Lbl_Profondeur", "Profondeur", profondeur), 1, 0);
   grille->addWidget(profondeur, 1, 1);
 
-  cote_ = EtiquettePanneau("Lbl_Decal", "Côté de l'outil", nullptr);
+  cote_ = Etiquette("Lbl_Decal", "Côté de l'outil");
   grille->addWidget(cote_, 2, 0);
   grille->addWidget(Cotes(), 2, 1);
-  melange_ = new QLabel;
-  melange_->setObjectName(QStringLiteral("Lbl_Melange"));
-  melange_->setWordWrap(true);
+  melange_ = Phrase("Lbl_Melange", "");
   grille->addWidget(melange_, 3, 0, 1, 2);
   grille->setColumnStretch(0, 1);
   grille->setColumnStretch(1, 1);
@@ -121,8 +110,7 @@ QWidget* PageFraisage::Cotes() {
   ligne->setSpacing(4);
   auto* groupe = new QButtonGroup(cadre);
   for (int cote = 1; cote <= 3; ++cote) {
-    auto* bouton = new QRadioButton;
-    bouton->setObjectName(QStringLiteral("Option_Decal_%1").arg(cote));
+    auto* bouton = Nomme(new QRadioButton, QStringLiteral("Option_Decal_%1").arg(cote));
     bouton->setIcon(IconeProgramme(bouton->objectName()));
     bouton->setIconSize({20, 20});
     groupe->addButton(bouton, cote);
@@ -146,11 +134,8 @@ void PageFraisage::BullesCotes() {
 }
 
 QGroupBox* PageFraisage::Outil() {
-  auto* cadre = new QGroupBox(QStringLiteral("Outil"));
-  cadre->setObjectName(QStringLiteral("FRAME1_OUTIL"));
-  auto* grille = new QGridLayout(cadre);
-  grille->setContentsMargins(6, 4, 6, 6);
-  grille->setSpacing(4);
+  QGroupBox* cadre = Groupe("FRAME1_OUTIL", "Outil");
+  QGridLayout* grille = GrilleGroupe(*cadre);
   outil_.reserve(std::size(LignesOutil));
   for (const LigneOutil& ligne : LignesOutil) AjouteChamp(grille, ligne);
   grille->setColumnStretch(0, 1);
@@ -158,7 +143,7 @@ QGroupBox* PageFraisage::Outil() {
 }
 
 void PageFraisage::AjouteChamp(QGridLayout* grille, const LigneOutil& ligne) {
-  ChampNombre* champ = ChampPanneau(ligne.champ, ligne.unite, ligne.bulle);
+  ChampNombre* champ = Champ(ligne.champ, ligne.unite, ligne.bulle);
   champ->setFixedWidth(104);
   const std::size_t rang = outil_.size();
   auto* saisie = new Saisie(champ, [this, rang](const std::string& texte) { EntreOutil(outil_[rang], texte); });
@@ -166,12 +151,10 @@ void PageFraisage::AjouteChamp(QGridLayout* grille, const LigneOutil& ligne) {
   if (ligne.entre == EntreHautDeg) saisie->memeInchange = [] { return Regl.HautDeg < 0; };
   outil_.push_back({saisie, ligne.entre, ligne.valeur, ligne.raison, ligne.sinon});
   const int rangee = grille->rowCount();
-  grille->addWidget(EtiquettePanneau(ligne.etiquette, ligne.texte, champ), rangee, 0);
+  grille->addWidget(Etiquette(ligne.etiquette, ligne.texte, champ), rangee, 0);
   grille->addWidget(champ, rangee, 1);
   if (ligne.entre != EntrePCPoche) return;
-  avisPoche_ = new QLabel;
-  avisPoche_->setObjectName(QStringLiteral("Lbl_AvisPoche"));
-  avisPoche_->setWordWrap(true);
+  avisPoche_ = Phrase("Lbl_AvisPoche", "");
   avisPoche_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   grille->addWidget(avisPoche_, rangee + 1, 0, 1, 2);
 }

@@ -60,15 +60,13 @@ class ModelePoints : public QAbstractListModel {
 
 PagePoints::PagePoints(QWidget* parent) : QWidget(parent), modele_(new ModelePoints(this)) {
   setObjectName(QStringLiteral("FRAME_ListePoints"));
-  auto* colonne = new QVBoxLayout(this);
-  colonne->setContentsMargins(6, 6, 6, 6);
-  colonne->setSpacing(6);
+  QVBoxLayout* colonne = ColonnePage(*this);
   colonne->addWidget(Liste(), 1);
   colonne->addWidget(Boutons());
   colonne->addWidget(Position());
   colonne->addWidget(Origine());
-  OrdreTabulation(*this, {"List_Position", "CB_Depart", "CB_Position", "CB_Supprimer_Point", "CB_Goto",
-                          "TB_PositionX", "TB_PositionY", "CB_PositionOK", "CB_Origine"});
+  OrdreTab(*this, {"List_Position", "CB_Depart", "CB_Position", "CB_Supprimer_Point", "CB_Goto", "TB_PositionX",
+                   "TB_PositionY", "CB_PositionOK", "CB_Origine"});
   ActivePoint();
 }
 
@@ -77,12 +75,8 @@ QWidget* PagePoints::Liste() {
   auto* colonne = new QVBoxLayout(cadre);
   colonne->setContentsMargins(0, 0, 0, 0);
   colonne->setSpacing(4);
-  invite_ = new QLabel(QStringLiteral("Choisissez des points dans l'arbre du dessin."));
-  invite_->setObjectName(QStringLiteral("Lbl_ListePoints"));
-  invite_->setWordWrap(true);
-  liste_ = new QListView;
-  liste_->setObjectName(QStringLiteral("List_Position"));
-  liste_->setToolTip(QStringLiteral("Points choisis dans l'arbre : X | Y en mm"));
+  invite_ = Phrase("Lbl_ListePoints", "Choisissez des points dans l'arbre du dessin.");
+  liste_ = Nomme(new QListView, "List_Position", "Points choisis dans l'arbre : X | Y en mm");
   liste_->setUniformItemSizes(true);
   liste_->setMinimumHeight(60);
   liste_->setModel(modele_);
@@ -123,18 +117,17 @@ QWidget* PagePoints::Boutons() {
 }
 
 QWidget* PagePoints::Position() {
-  cadrePosition_ = new QFrame;
-  cadrePosition_->setObjectName(QStringLiteral("Frame_Position"));
+  cadrePosition_ = Nomme(new QFrame, "Frame_Position");
   cadrePosition_->setFrameStyle(QFrame::StyledPanel);
   auto* ligne = new QHBoxLayout(cadrePosition_);
   ligne->setContentsMargins(6, 4, 6, 4);
   ligne->setSpacing(4);
-  x_ = ChampPanneau("TB_PositionX", "mm", "Nouveau X du point");
-  y_ = ChampPanneau("TB_PositionY", "mm", "Nouveau Y du point");
-  positionOK_ = BoutonPanneau("CB_PositionOK", "Placer le point ici");
-  ligne->addWidget(EtiquettePanneau("Lbl_PositionX", "X", x_));
+  x_ = Champ("TB_PositionX", "mm", "Nouveau X du point");
+  y_ = Champ("TB_PositionY", "mm", "Nouveau Y du point");
+  positionOK_ = BoutonIcone("CB_PositionOK", "Placer le point ici");
+  ligne->addWidget(Etiquette("Lbl_PositionX", "X", x_));
   ligne->addWidget(x_, 1);
-  ligne->addWidget(EtiquettePanneau("Lbl_PositionY", "Y", y_));
+  ligne->addWidget(Etiquette("Lbl_PositionY", "Y", y_));
   ligne->addWidget(y_, 1);
   ligne->addWidget(positionOK_);
   cadrePosition_->hide();
@@ -143,13 +136,10 @@ QWidget* PagePoints::Position() {
 }
 
 QWidget* PagePoints::Origine() {
-  auto* cadre = new QGroupBox(QStringLiteral("Position marquée"));
-  cadre->setObjectName(QStringLiteral("Frame_Origine"));
+  QGroupBox* cadre = Groupe("Frame_Origine", "Position marquée");
   auto* ligne = new QHBoxLayout(cadre);
   ligne->setContentsMargins(6, 4, 6, 6);
-  marquee_ = new QLabel;
-  marquee_->setObjectName(QStringLiteral("Lbl_Marquee"));
-  marquee_->setToolTip(QStringLiteral("Point du tracé le plus proche du dernier clic sur le dessin"));
+  marquee_ = Nomme(new QLabel, "Lbl_Marquee", "Point du tracé le plus proche du dernier clic sur le dessin");
   origine_ = BoutonTexte("CB_Origine", "Origine ici", "La position marquée devient le point (0, 0) du dessin");
   ligne->addWidget(marquee_, 1);
   ligne->addWidget(origine_);

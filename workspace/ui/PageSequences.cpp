@@ -31,13 +31,6 @@ constexpr Commande Commandes1[] = {
     {"CB_Lissage", "Lisser les séquences choisies", LisseSelection, true},
 };
 
-QHBoxLayout* Ligne(QWidget* cadre) {
-  auto* ligne = new QHBoxLayout(cadre);
-  ligne->setContentsMargins(6, 4, 6, 6);
-  ligne->setSpacing(4);
-  return ligne;
-}
-
 }  // namespace
 
 PageSequences::PageSequences(QWidget* parent) : QWidget(parent) {
@@ -53,8 +46,7 @@ PageSequences::PageSequences(QWidget* parent) : QWidget(parent) {
   colonne->addWidget(dimensions_);
   colonne->addWidget(Recalage());
   colonne->addStretch(1);
-  OrdreTabulation(*this,
-                  {"CB_Tout",         "CB_InverseSelection", "CB_Supprimer",  "CB_Ordre_0",    "CB_Ordre_1",
+  OrdreTab(*this, {"CB_Tout",         "CB_InverseSelection", "CB_Supprimer",  "CB_Ordre_0",    "CB_Ordre_1",
                    "CB_Inversion",    "CB_Lissage",          "TB_X",          "TB_Y",          "HScroll_Sequence",
                    "CB_Haut",         "CB_Gauche",           "CB_Droite",     "CB_Bas",        "VScroll_Sequence",
                    "TB_Angle",        "CB_Rotation_0",       "CB_Rotation_1", "CB_Miroir_0",   "CB_Miroir_1",
@@ -70,7 +62,7 @@ QWidget* PageSequences::Commandes() {
   ligne->setContentsMargins(0, 0, 0, 0);
   ligne->setSpacing(4);
   for (const Commande& c : Commandes1) {
-    QToolButton* bouton = BoutonPanneau(c.nom, c.bulle);
+    QToolButton* bouton = BoutonIcone(c.nom, c.bulle);
     bouton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(bouton, &QToolButton::clicked, this, [fait = c.fait] { fait(); });
     ligne->addWidget(bouton);
@@ -80,17 +72,16 @@ QWidget* PageSequences::Commandes() {
 }
 
 QWidget* PageSequences::Geometrie() {
-  auto* cadre = new QGroupBox(QStringLiteral("Géométrie"));
-  cadre->setObjectName(QStringLiteral("FRAME1_GEOMETRIE"));
-  QHBoxLayout* ligne = Ligne(cadre);
-  angle_ = ChampPanneau("TB_Angle", "°", "Angle de rotation");
+  QGroupBox* cadre = Groupe("FRAME1_GEOMETRIE", "Géométrie");
+  QHBoxLayout* ligne = RangeeGroupe(*cadre);
+  angle_ = Champ("TB_Angle", "°", "Angle de rotation");
   angle_->Montre("90");
-  ligne->addWidget(EtiquettePanneau("Lbl_Angle", "Angle", angle_));
+  ligne->addWidget(Etiquette("Lbl_Angle", "Angle", angle_));
   ligne->addWidget(angle_, 1);
   static constexpr const char* Sens[] = {"Tourner dans le sens contraire des aiguilles d'une montre",
                                          "Tourner dans le sens des aiguilles d'une montre"};
   for (int i = 0; i < 2; ++i) {
-    QToolButton* tourne = BoutonPanneau(("CB_Rotation_" + std::to_string(i)).c_str(), Sens[i]);
+    QToolButton* tourne = BoutonIcone(QStringLiteral("CB_Rotation_") + QString::number(i), Sens[i]);
     connect(tourne, &QToolButton::clicked, this, [this, i] { Tourne(i); });
     ligne->addWidget(tourne);
     rotation_[static_cast<std::size_t>(i)] = tourne;
@@ -99,7 +90,7 @@ QWidget* PageSequences::Geometrie() {
   static constexpr const char* Miroirs[] = {"Miroir : échanger la gauche et la droite",
                                             "Miroir : échanger le haut et le bas"};
   for (int i = 0; i < 2; ++i) {
-    QToolButton* miroir = BoutonPanneau(("CB_Miroir_" + std::to_string(i)).c_str(), Miroirs[i]);
+    QToolButton* miroir = BoutonIcone(QStringLiteral("CB_Miroir_") + QString::number(i), Miroirs[i]);
     connect(miroir, &QToolButton::clicked, this, [i] { CB_Miroir(i); });
     ligne->addWidget(miroir);
   }
@@ -108,14 +99,12 @@ QWidget* PageSequences::Geometrie() {
 }
 
 QWidget* PageSequences::Recalage() {
-  auto* cadre = new QGroupBox(QStringLiteral("Recalage"));
-  cadre->setObjectName(QStringLiteral("FRAME1_RECALAGE"));
-  QHBoxLayout* ligne = Ligne(cadre);
-  recalage_ = {ChampPanneau("TB_DecalageX", "mm", "X du coin en bas à gauche"),
-               ChampPanneau("TB_DecalageY", "mm", "Y du coin en bas à gauche")};
+  QGroupBox* cadre = Groupe("FRAME1_RECALAGE", "Recalage");
+  QHBoxLayout* ligne = RangeeGroupe(*cadre);
+  recalage_ = {Champ("TB_DecalageX", "mm", "X du coin en bas à gauche"),
+               Champ("TB_DecalageY", "mm", "Y du coin en bas à gauche")};
   for (std::size_t i = 0; i < 2; ++i) {
-    ligne->addWidget(
-        EtiquettePanneau(i == 0 ? "Lbl_DecalageX" : "Lbl_DecalageY", i == 0 ? "X" : "Y", recalage_[i]));
+    ligne->addWidget(Etiquette(i == 0 ? "Lbl_DecalageX" : "Lbl_DecalageY", i == 0 ? "X" : "Y", recalage_[i]));
     ligne->addWidget(recalage_[i], 1);
   }
   QPushButton* ok =

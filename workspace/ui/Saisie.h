@@ -1,14 +1,10 @@
-// A numeric field with the rule of its entries, and the small parts that the pages of the panel are made of.
+// A numeric field with the rule of its entries, and the texts of the panel.
 #pragma once
 
-#include <QLabel>
-#include <QPushButton>
-#include <QToolButton>
 #include <functional>
-#include <initializer_list>
 #include <string>
 
-#include "core/ui/ChampNombre.h"
+#include "core/ui/Fabrique.h"
 
 namespace ovelin {
 
@@ -38,20 +34,9 @@ class Saisie : public QObject {
   std::string enVigueur_;
 };
 
-// Texts of the panel's section; UTF-8 French text as the fallback.
-QString TextePanneau(const char* cle, const char* sinon);
+// Texts of the panel.
+inline constexpr TextesFenetre TextePanneau{"F_Representation"};
 // "Not a number", for every field.
 QString RaisonNombre();
-
-// A button with the icon of its name, and one with a text beside it.
-QToolButton* BoutonPanneau(const char* nom, const char* bulle);
-QPushButton* BoutonTexte(const char* nom, const char* texte, const char* bulle);
-// A field with its tool tip and its name for those who hear it.
-ChampNombre* ChampPanneau(const char* nom, const char* unite, const char* bulle);
-// The label in front of a field.
-QLabel* EtiquettePanneau(const char* nom, const char* texte, QWidget* champ);
-
-// The order in which the tab key goes through the controls of these names.
-void OrdreTabulation(QWidget& page, std::initializer_list<const char*> noms);
 
 }  // namespace ovelin

@@ -76,7 +76,8 @@ class Recherche {
   }
 
   void Controle(const QWidget& w, const QString& nom) {
-    if (const auto* l = qobject_cast<const QLabel*>(&w)) Cherche(w, nom, l->text());
+    const bool rempli = w.property("valeur").toBool();
+    if (const auto* l = qobject_cast<const QLabel*>(&w); l != nullptr && !rempli) Cherche(w, nom, l->text());
     if (const auto* g = qobject_cast<const QGroupBox*>(&w)) Cherche(w, nom, g->title());
     if (const auto* d = qobject_cast<const QDockWidget*>(&w)) Cherche(w, nom, d->windowTitle());
     if (const auto* m = qobject_cast<const QMenu*>(&w)) Cherche(w, nom, m->title());
@@ -93,7 +94,7 @@ class Recherche {
     if (const auto* t = qobject_cast<const QTreeView*>(&w); t != nullptr && !t->isHeaderHidden())
       modele = t->model();
     if (const auto* t = qobject_cast<const QTableView*>(&w)) modele = t->model();
-    for (int i = 0; modele != nullptr && i < modele->columnCount(); ++i) {
+    for (int i = 0; modele != nullptr && !rempli && i < modele->columnCount(); ++i) {
       Cherche(w, Indice(nom, i), modele->headerData(i, Qt::Horizontal).toString());
     }
     if (!deBarre) Cherche(w, nom + QStringLiteral("tt"), w.toolTip());

@@ -53,7 +53,7 @@ std::string TextesCoupesEnTexte(QWidget& fenetre);
 
 // Texts of this window that the language in force has no words for, one line each: captions, controls, actions,
 // tabs and headers that say something and whose key is missing. Left out as above, besides entries that are numbers
-// or signs alone.
+// or signs alone and what the program fills (property "valeur").
 std::vector<std::string> SansTraduction(QWidget& fenetre);
 // Controls that can be reached with the keyboard and have no accessible name or no tool tip, and labels and fields
 // that nobody named.
