@@ -1,12 +1,9 @@
 #include "app/ovelin/Composition.h"
 
-#include <QDialog>
-#include <map>
-#include <string>
+#include <array>
 
 #include "core/Services.h"
 #include "core/ui/F_ParamAppli.h"
-#include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
 #include "database/ui/F_BD.h"
 #include "run/ui/F_Fraisage.h"
@@ -18,34 +15,21 @@ namespace ovelin {
 
 namespace {
 
-// Modal over its owner; true when it was closed by its OK.
-template <class F>
-bool Ouvre(QWidget* proprietaire) {
-  F fenetre(proprietaire);
-  return fenetre.exec() == QDialog::Accepted;
-}
-
-using Ouvreur = bool (*)(QWidget*);
-
-const std::map<std::string, Ouvreur>& Fenetres() {
-  static const std::map<std::string, Ouvreur> toutes{
-      {"F_BD", Ouvre<F_BD>},
-      {"F_Fraisage", Ouvre<F_Fraisage>},
-      {"F_Nettoyage", Ouvre<F_Nettoyage>},
-      {"F_ParamAppli", Ouvre<F_ParamAppli>},
-      {"F_Soudure", Ouvre<F_Soudure>},
-  };
-  return toutes;
-}
+constexpr std::array Table{
+    LigneDe<F_BD>("F_BD", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Dimension>("F_Dimension", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Fraisage>("F_Fraisage", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Nettoyage>("F_Nettoyage", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_ParamAppli>("F_ParamAppli", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Soudure>("F_Soudure", Exemplaires::Un, Tenue::Modale),
+};
 
 }  // namespace
 
+std::span<const LigneFenetre> TableFenetres() { return Table; }
+
 void InstalleFenetres() {
-  FenetreExiste = [](const std::string& nom) { return Fenetres().contains(nom); };
-  OuvreFenetre = [](const std::string& nom, QWidget* proprietaire) {
-    const auto trouvee = Fenetres().find(nom);
-    return trouvee != Fenetres().end() && trouvee->second(proprietaire);
-  };
+  InstalleTable(TableFenetres());
   // The size dialog of a drawing that is being opened.
   Svc.Dimensionne = [](DemandeDimension& demande) {
     F_Dimension fenetre(demande, Proprietaire());

@@ -6,103 +6,21 @@
 #include <QMenu>
 #include <QPointer>
 #include <QToolButton>
-#include <array>
+#include <string_view>
 
+#include "core/Services.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
+#include "workspace/Module_Cycle.h"
 
 namespace ovelin {
 
 namespace {
 
-struct Commande {
-  const char* nom;
-  const char* texte;  // French; the fallback of the translation
-  const char* raccourci;
-  bool bascule = false;
-};
-
-struct MenuCommandes {
-  const char* nom;
-  const char* texte;
-  std::vector<Commande> commandes;  // without a name: a separator
-};
-
-const Commande Trait{"", "", "", false};
-
-const std::vector<MenuCommandes>& Menus() {
-  static const std::vector<MenuCommandes> Table{
-      {"mnu_Fichier",
-       "&Fichier",
-       {{"mnu_Ouvrir", "&Ouvrir...", "Ctrl+O"},
-        {"mnu_Save", "&Enregistrer le projet", "Ctrl+S"},
-        {"mnu_SaveAs", "Enregistrer le projet &sous...", "Ctrl+Shift+S"},
-        {"mnu_Exporter", "E&xporter...", "Ctrl+E"},
-        Trait,
-        {"mnu_Fraisage", "&Fraisage...", "F5"},
-        Trait,
-        {"mnu_Quitter", "&Quitter", "Ctrl+Q"}}},
-      {"mnu_Edition",
-       "&Edition",
-       {{"mnu_Undo", "&Annuler", "Ctrl+Z"},
-        Trait,
-        {"mnu_Tout", "&Tout sélectionner", "Ctrl+A"},
-        {"mnu_InverseSelection", "&Inverser la sélection", "Ctrl+I"},
-        {"mnu_Supprimer", "&Supprimer la sélection", "Del"}}},
-      {"mnu_Affichage",
-       "&Affichage",
-       {{"mnu_ZoomPlus", "Zoom &avant", "Ctrl++"},
-        {"mnu_ZoomMoins", "Zoom a&rrière", "Ctrl+-"},
-        {"mnu_Zoom1", "&Dessin entier", "Ctrl+0"},
-        {"mnu_ZoomSelection", "&Loupe", "Ctrl+R", true},
-        Trait,
-        {"mnu_NumPoint", "&Points", "F6", true},
-        {"mnu_Sequence", "&Numéros des séquences", "F7", true},
-        Trait,
-        {"mnu_Panneau", "Panneau &latéral", "F9", true}}},
-      {"mnu_Outils",
-       "&Outils",
-       {{"mnu_Lever", "&Points d'attache", "F8", true},
-        {"mnu_Optimisation", "&Optimiser les départs", "Ctrl+T"},
-        {"mnu_Nettoyage", "&Nettoyer les points...", "Ctrl+L"},
-        {"mnu_Vinyl", "Outil &vinyle...", ""},
-        {"mnu_Texte", "&Texte...", ""},
-        Trait,
-        {"mnu_BD", "&Matériaux...", "Ctrl+B"},
-        {"mnu_Soudure", "Tolérance de &soudure...", ""}}},
-      {"mnu_Options",
-       "O&ptions",
-       {{"mnu_ParamAppli", "&Réglages...", "Ctrl+,"},
-        {"mnu_ZENIK", "Paramètres de la &machine...", ""},
-        {"mnu_PilMan", "&Pilotage manuel...", ""},
-        Trait,
-        {"mnu_Defaut", "Remettre les réglages par &défaut", ""}}},
-      {"mnu_Aide", "&?", {{"mnu_Help", "&Aide", "F1"}, {"mnu_APropos", "À &propos...", ""}}},
-  };
-  return Table;
-}
-
-// Groups of the toolbar, in the order of the work: open, choose the material, mill; then the tools.
-const std::vector<std::vector<const char*>>& Groupes() {
-  static const std::vector<std::vector<const char*>> Table{
-      {"mnu_Ouvrir", "mnu_Save", "mnu_SaveAs", "mnu_Exporter"},
-      {"CB_BD", "mnu_BD"},
-      {"mnu_Fraisage"},
-      {"mnu_Undo"},
-      {"mnu_Lever", "mnu_Optimisation", "mnu_Vinyl", "mnu_Nettoyage"},
-      {"mnu_ZoomMoins", "Combo_Zoom", "mnu_ZoomPlus", "mnu_Zoom1", "mnu_ZoomSelection"},
-      {"mnu_NumPoint", "mnu_Sequence"},
-      {"mnu_ZENIK"},
-  };
-  return Table;
-}
-
-constexpr std::array MenusDuDessin{"mnu_Save",         "mnu_SaveAs", "mnu_Exporter", "mnu_Fraisage",
-                                   "mnu_Optimisation", "mnu_Vinyl",  "mnu_Nettoyage"};
-// Buttons of the toolbar; the entries of the menus go with them.
-constexpr std::array BoutonsDuDessin{"mnu_NumPoint",         "mnu_Sequence", "mnu_Lever",         "mnu_ZoomMoins",
-                                     "mnu_ZoomPlus",         "mnu_Zoom1",    "mnu_ZoomSelection", "mnu_Tout",
-                                     "mnu_InverseSelection", "mnu_Supprimer"};
+// What has a place of its own in the menus and on the tool bar.
+constexpr std::string_view MenuRecents = "mnu_Fichier", CommandeApresRecents = "mnu_Quitter";
+constexpr std::string_view Materiau = "CB_BD", PasDeZoom = "Combo_Zoom";
+constexpr std::string_view Principale = "mnu_Fraisage";  // the one button that stands out
 
 // The combo of the zoom: its arrows and the keys up and down step the scale, its items "+" and "-" too.
 class ComboPas : public QComboBox {
@@ -149,15 +67,21 @@ CommandesPrincipales::CommandesPrincipales(QMenuBar* menus, QToolBar* barre, con
   Active("mnu_Undo", false);
 }
 
-QAction* CommandesPrincipales::Cree(const char* nom, const char* texte, const char* raccourci, bool bascule) {
-  const auto execution = executions_.find(nom);
+QAction* CommandesPrincipales::Cree(const LigneCommande& ligne) {
+  const auto execution = executions_.find(ligne.nom);
   if (execution == executions_.end()) return nullptr;
-  auto* action = new QAction(IconeProgramme(QString::fromLatin1(nom)), QString::fromUtf8(texte), this);
-  action->setObjectName(QString::fromLatin1(nom));
-  action->setCheckable(bascule);
-  if (*raccourci != '\0') action->setShortcut(QKeySequence(QString::fromLatin1(raccourci)));
-  connect(action, &QAction::triggered, this, [this, &commande = execution->second] { Execute(commande); });
-  actions_[nom] = action;
+  auto* action = new QAction(IconeProgramme(QString::fromLatin1(ligne.nom)), QString::fromUtf8(ligne.texte), this);
+  action->setObjectName(QString::fromLatin1(ligne.nom));
+  action->setCheckable(ligne.bascule);
+  if (*ligne.touches != '\0') action->setShortcut(QKeySequence(QString::fromLatin1(ligne.touches)));
+  connect(action, &QAction::triggered, this, [this, action, &ligne, &commande = execution->second] {
+    if (!ligne.course && Cycle.OperationCarte) {
+      if (ligne.bascule) action->toggle();  // the click has switched it already
+      return Svc.Bip();
+    }
+    Execute(commande);
+  });
+  actions_[ligne.nom] = action;
   return action;
 }
 
@@ -170,20 +94,17 @@ void CommandesPrincipales::Execute(const std::function<void()>& commande) {
 }
 
 void CommandesPrincipales::RemplitMenus(QMenuBar* menus) {
-  for (const MenuCommandes& contenu : Menus()) {
-    auto* menu = new QMenu(QString::fromUtf8(contenu.texte), menus);
-    menu->setObjectName(QString::fromLatin1(contenu.nom));
-    bool trait = false;
-    for (const Commande& c : contenu.commandes) {
-      if (*c.nom == '\0') {
-        trait = !menu->isEmpty();
-        continue;
-      }
-      QAction* action = Cree(c.nom, c.texte, c.raccourci, c.bascule);
+  for (const LigneMenu& ligne : TableMenus()) {
+    auto* menu = new QMenu(QString::fromUtf8(ligne.texte), menus);
+    menu->setObjectName(QString::fromLatin1(ligne.nom));
+    int groupe = 0;
+    for (const LigneCommande& c : TableCommandes()) {
+      if (std::string_view(c.menu) != ligne.nom) continue;
+      QAction* action = Cree(c);
       if (action == nullptr) continue;
-      if (trait) menu->addSeparator();
-      trait = false;
-      if (std::string_view(c.nom) == "mnu_Quitter") {
+      if (!menu->isEmpty() && c.groupe != groupe) menu->addSeparator();
+      groupe = c.groupe;
+      if (c.nom == CommandeApresRecents) {
         // Entry 0 of the recent files: a line that shows when there is one.
         separateurRecents_ = menu->addSeparator();
         separateurRecents_->setObjectName(QStringLiteral("mnu_MRU_0"));
@@ -196,29 +117,36 @@ void CommandesPrincipales::RemplitMenus(QMenuBar* menus) {
       delete menu;
       continue;
     }
-    if (std::string_view(contenu.nom) == "mnu_Fichier") menuFichier_ = menu;
+    if (ligne.nom == MenuRecents) menuFichier_ = menu;
     menus->addMenu(menu);
   }
 }
 
 void CommandesPrincipales::RemplitBarre(QToolBar* barre) {
-  bool trait = false;
-  for (const auto& groupe : Groupes()) {
-    bool vide = true;
-    for (const char* nom : groupe) {
-      const std::string_view n = nom;
-      if (n != "CB_BD" && n != "Combo_Zoom" && !actions_.contains(nom)) continue;
-      if (trait && vide) barre->addSeparator();
-      vide = false;
-      if (n == "CB_BD") {
-        AjouteMateriau();
-      } else if (n == "Combo_Zoom") {
-        AjouteZoom();
-      } else {
-        AjouteBouton(nom);
-      }
+  int groupe = 0;
+  for (const LigneCommande* c : ParPlace(&LigneCommande::barre)) {
+    const bool controle = c->nom == Materiau || c->nom == PasDeZoom;
+    if (!controle && !actions_.contains(c->nom)) continue;
+    if (groupe != 0 && groupe != c->barre / 10) barre->addSeparator();
+    groupe = c->barre / 10;
+    if (c->nom == Materiau) {
+      AjouteMateriau();
+    } else if (c->nom == PasDeZoom) {
+      AjouteZoom();
+    } else {
+      AjouteBouton(c->nom);
     }
-    trait = trait || !vide;
+  }
+}
+
+void CommandesPrincipales::RemplitContexte(QMenu& menu) const {
+  int groupe = 0;
+  for (const LigneCommande* c : ParPlace(&LigneCommande::contexte)) {
+    QAction* action = Action(c->nom);
+    if (action == nullptr) continue;
+    if (groupe != 0 && groupe != c->contexte / 10) menu.addSeparator();
+    groupe = c->contexte / 10;
+    menu.addAction(action);
   }
 }
 
@@ -240,7 +168,7 @@ void CommandesPrincipales::AjouteBouton(const char* nom) {
   boutons_[nom] = bouton;
   auto* outil = qobject_cast<QToolButton*>(barre_->widgetForAction(bouton));
   outil->setObjectName(QString::fromLatin1(nom));
-  if (std::string_view(nom) == "mnu_Fraisage") {
+  if (nom == Principale) {
     outil->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     outil->setProperty("principal", true);
     bouton->setIcon(IconePrincipale(nom));
@@ -296,8 +224,9 @@ void CommandesPrincipales::Coche(const char* nom, bool coche) {
 }
 
 void CommandesPrincipales::DessinOuvert(bool ouvert) {
-  for (const char* nom : MenusDuDessin) Active(nom, ouvert);
-  for (const char* nom : BoutonsDuDessin) Active(nom, ouvert);
+  for (const LigneCommande& c : TableCommandes()) {
+    if (c.dessin) Active(c.nom, ouvert);
+  }
   comboZoom_->setEnabled(ouvert);
   MontreUndo(ouvert);
 }
@@ -338,7 +267,7 @@ void CommandesPrincipales::Redessine() {
     action->setIcon(icone);
     const auto bouton = boutons_.find(nom);
     if (bouton == boutons_.end()) continue;
-    bouton->second->setIcon(nom == "mnu_Fraisage" ? IconePrincipale(nom) : icone);
+    bouton->second->setIcon(nom == Principale ? IconePrincipale(nom) : icone);
   }
 }
 

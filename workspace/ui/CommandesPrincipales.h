@@ -9,9 +9,12 @@
 #include <map>
 #include <string>
 
+#include "workspace/ui/TableCommandes.h"
+
 namespace ovelin {
 
-// What the commands do is given by name; a command without an entry isn't shown.
+// What the commands of the table do is given by name; a command without an entry isn't shown. While an operation of
+// the board runs, a command that the table doesn't allow then only beeps.
 using Executions = std::map<std::string, std::function<void()>>;
 
 class CommandesPrincipales : public QObject {
@@ -29,6 +32,9 @@ class CommandesPrincipales : public QObject {
   // The button mnu_Undo on the toolbar.
   void MontreUndo(bool visible);
 
+  // The commands of the menu of the picture and the trees.
+  void RemplitContexte(QMenu& menu) const;
+
   // Entries of the recent files, from index 1.
   void RemplitRecents(const std::vector<std::string>& textes);
   std::function<void(std::size_t index)> Recent;
@@ -43,7 +49,7 @@ class CommandesPrincipales : public QObject {
   void Redessine();
 
  private:
-  QAction* Cree(const char* nom, const char* texte, const char* raccourci, bool bascule);
+  QAction* Cree(const LigneCommande& ligne);
   void Execute(const std::function<void()>& commande);
   void RemplitMenus(QMenuBar* menus);
   void RemplitBarre(QToolBar* barre);

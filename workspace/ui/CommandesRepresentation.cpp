@@ -26,8 +26,6 @@ namespace {
 constexpr const char* Section = "F_Representation";
 constexpr double PasFleche = 0.1, PasFlecheLong = 1.0;  // mm
 
-bool Existe(const char* nom) { return FenetreExiste && FenetreExiste(nom); }
-
 }  // namespace
 
 Executions F_Representation::ToutesExecutions() {
@@ -70,37 +68,31 @@ Executions F_Representation::ToutesExecutions() {
   };
   e["mnu_Optimisation"] = [] { mnu_Optimisation_Click(); };
   e["mnu_Defaut"] = [this] { mnu_Defaut(); };
-  if (Existe("F_Nettoyage")) e["mnu_Nettoyage"] = [this] { mnu_Nettoyage(); };
-  if (Existe("F_BD")) {
-    e["mnu_BD"] = [this] {
-      if (OuvreFenetre("F_BD", this)) RemplitCB_BD();
-    };
-  }
-  const auto fenetre = [&](const char* commande, const char* nom) {
-    if (Existe(nom)) e[commande] = [this, nom] { Fenetre(nom); };
+  // windows that the document or this window follows
+  e["mnu_Nettoyage"] = [this] { mnu_Nettoyage(); };
+  e["mnu_BD"] = [this] {
+    if (Fenetre("F_BD") == IssueFenetre::Acceptee) RemplitCB_BD();
   };
-  fenetre("mnu_Fraisage", "F_Fraisage");
-  fenetre("mnu_Exporter", "F_Exporter");
-  fenetre("mnu_Vinyl", "F_Vinyl");
-  fenetre("mnu_Texte", "F_Texte");
-  fenetre("mnu_Soudure", "F_Soudure");
-  fenetre("mnu_ZENIK", "F_ParamMachine");
-  fenetre("mnu_PilMan", "F_PilMan");
-  fenetre("mnu_APropos", "F_About");
-  if (Existe("F_ParamAppli")) {
-    e["mnu_ParamAppli"] = [this] {
-      if (!OuvreFenetre("F_ParamAppli", this)) return;
-      // The colours and the period of the timer may have changed.
-      panneau_->Couleurs();
-      RegleTimer_Interro();
-      Rafraichit();
-    };
+  e["mnu_ParamAppli"] = [this] {
+    if (Fenetre("F_ParamAppli") != IssueFenetre::Acceptee) return;
+    // The colours and the period of the timer may have changed.
+    panneau_->Couleurs();
+    RegleTimer_Interro();
+    Rafraichit();
+  };
+  for (const LigneCommande& c : TableCommandes()) {
+    if (*c.fenetre == '\0') continue;
+    if (!FenetreExiste || !FenetreExiste(c.fenetre)) {
+      e.erase(c.nom);
+    } else {
+      e.try_emplace(c.nom, [this, &c] { Fenetre(c.fenetre); });
+    }
   }
   return e;
 }
 
-void F_Representation::Fenetre(const char* nom) {
-  if (OuvreFenetre) OuvreFenetre(nom, this);
+IssueFenetre F_Representation::Fenetre(const char* nom) {
+  return OuvreFenetre ? OuvreFenetre(nom, this) : IssueFenetre::Absente;
 }
 
 // An empty path asks with the dialog.

@@ -110,6 +110,10 @@ void F_Representation::Dispose() {
   cadre_ = new FrameAvancement(PB1_);
   Timer_Interro_ = new QTimer(this);
   Timer_Interro_->setObjectName(QStringLiteral("Timer_Interro"));
+  Timer_Cadre_ = new QTimer(this);
+  Timer_Cadre_->setObjectName(QStringLiteral("Timer_Cadre"));
+  Timer_Cadre_->setSingleShot(true);
+  Timer_Cadre_->setInterval(DelaiCadre);
 }
 
 void F_Representation::Relie() {
@@ -130,6 +134,7 @@ void F_Representation::Relie() {
           [this] { commandes_->Coche("mnu_Panneau", separateur_->sizes().value(1) > 0); });
   connect(commandes_->CB_BD(), &QComboBox::activated, this, &F_Representation::ChoisitMateriau);
   connect(Timer_Interro_, &QTimer::timeout, this, &F_Representation::AfficheCarte);
+  connect(Timer_Cadre_, &QTimer::timeout, this, &F_Representation::RentreDansEcran);
   commandes_->Recent = [this](std::size_t index) {
     {
       const PendantOuverture pendant(*this);
@@ -235,7 +240,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
   commandes_->RemplitRecents(TextesRecents());
   Place();
   show();
-  QTimer::singleShot(DelaiCadre, this, &F_Representation::RentreDansEcran);
+  Timer_Cadre_->start();
   AfficheCarte();
   RegleTimer_Interro();
   charge_ = true;
@@ -366,14 +371,7 @@ void F_Representation::MenuImage(const QPoint& ecran) {
   auto* menu = new QMenu(this);
   menu->setObjectName(QStringLiteral("mnu_Contexte"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const char* nom : {"mnu_Tout", "mnu_InverseSelection", "mnu_Supprimer", "", "mnu_Undo", "", "mnu_Zoom1",
-                          "mnu_ZoomSelection", "", "mnu_Lever", "mnu_Fraisage"}) {
-    if (*nom == '\0') {
-      menu->addSeparator();
-    } else if (QAction* action = commandes_->Action(nom)) {
-      menu->addAction(action);
-    }
-  }
+  commandes_->RemplitContexte(*menu);
   menu->popup(ecran);
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/Services.h"
+#include "core/ui/Fenetres.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/ui/BarreEtat.h"
 #include "workspace/ui/CommandesPrincipales.h"
@@ -64,7 +65,7 @@ class F_Representation : public QMainWindow {
   void Annule();
   void RemplitCB_BD();
   void ChoisitMateriau(int rang);
-  void Fenetre(const char* nom);
+  IssueFenetre Fenetre(const char* nom);
   void mnu_Defaut();
   void mnu_Nettoyage();
   void MenuImage(const QPoint& ecran);
@@ -94,6 +95,7 @@ class F_Representation : public QMainWindow {
   BarreEtat* SB1_ = nullptr;
   FrameAvancement* cadre_ = nullptr;
   QTimer* Timer_Interro_ = nullptr;
+  QTimer* Timer_Cadre_ = nullptr;
   bool charge_ = false;
   bool ouvre_ = false;         // an opening runs, its dialogs included
   bool fermetureDue_ = false;  // the window was to close meanwhile

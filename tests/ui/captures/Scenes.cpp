@@ -1,31 +1,21 @@
 #include "tests/ui/captures/Scenes.h"
 
 #include <QTabBar>
-#include <QTabWidget>
 
+#include "app/ovelin/Composition.h"
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
-#include "core/ui/F_ParamAppli.h"
-#include "database/ui/F_BD.h"
-#include "run/ui/F_Fraisage.h"
 #include "tests/ui/support/SupportUi.h"
-#include "workspace/ui/F_Dimension.h"
-#include "workspace/ui/F_Nettoyage.h"
 #include "workspace/ui/F_Representation.h"
-#include "workspace/ui/F_Soudure.h"
 
 namespace captures {
 
 namespace {
 
-template <class F>
-std::unique_ptr<QWidget> Neuve() {
-  return std::make_unique<F>();
-}
-
 std::unique_ptr<QWidget> Principale() {
   auto fenetre = std::make_unique<ovelin::F_Representation>();
   fenetre->Form_Load("");
+  essai::Controle<QTimer>(*fenetre, "Timer_Cadre")->stop();  // the picture has the size that it was asked for
   return fenetre;
 }
 
@@ -38,10 +28,6 @@ std::function<void(QWidget&)> Page(int page, std::size_t choisies) {
     essai::Controle<QTabBar>(fenetre, "Option1")->setCurrentIndex(page);
     ovelin::Svc.Rafraichit();
   };
-}
-
-std::function<void(QWidget&)> Onglet(int rang) {
-  return [rang](QWidget& fenetre) { essai::Controle<QTabWidget>(fenetre, "SSTab1")->setCurrentIndex(rang); };
 }
 
 std::vector<Scene> Principales() {
@@ -57,22 +43,20 @@ std::vector<Scene> Principales() {
   };
 }
 
+// Sizes of a window that shows more of itself in others than its own and a large one; an invalid one is its own.
+std::vector<QSize> TaillesDe(const std::string& nom) {
+  const QSize propre;
+  if (nom == "F_BD") return {{700, 420}, propre, {1280, 720}};
+  return {propre, {900, 700}};
+}
+
 }  // namespace
 
 std::vector<Scene> Scenes() {
-  const QSize propre;
   std::vector<Scene> scenes = Principales();
-  for (Scene& s : std::vector<Scene>{
-           {"F_Dimension", "plaque.dxf", false, Neuve<ovelin::F_Dimension>, {}, {propre, {900, 700}}},
-           {"F_Nettoyage", "plaque.dxf", false, Neuve<ovelin::F_Nettoyage>, {}, {propre}},
-           {"F_Soudure", "plaque.dxf", false, Neuve<ovelin::F_Soudure>, {}, {propre}},
-           {"F_BD", "", false, Neuve<ovelin::F_BD>, {}, {{700, 420}, propre, {1280, 720}}},
-           {"F_Fraisage", "plaque.dxf", false, Neuve<ovelin::F_Fraisage>, {}, {propre, {900, 700}}},
-           {"F_ParamAppli-options", "", false, Neuve<ovelin::F_ParamAppli>, Onglet(0), {propre}},
-           {"F_ParamAppli-couleurs", "", false, Neuve<ovelin::F_ParamAppli>, Onglet(1), {propre}},
-           {"F_ParamAppli-langue", "", false, Neuve<ovelin::F_ParamAppli>, Onglet(2), {propre}},
-       }) {
-    scenes.push_back(s);
+  for (const ovelin::LigneFenetre& ligne : ovelin::TableFenetres()) {
+    const auto construit = [&ligne] { return ovelin::FaitFenetre(ligne, nullptr); };
+    scenes.push_back({ligne.nom, "plaque.dxf", false, construit, {}, TaillesDe(ligne.nom)});
   }
   return scenes;
 }

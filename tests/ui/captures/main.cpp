@@ -5,14 +5,15 @@
 #include <QDir>
 #include <QFile>
 #include <QStyleFactory>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <set>
 
+#include "app/ovelin/Composition.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Services.h"
-#include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 #include "tests/ui/captures/Scenes.h"
@@ -35,11 +36,8 @@ void Services() {
   ovelin::Svc.Dimensionne = [](ovelin::DemandeDimension&) {};
   ovelin::Svc.Bip = [] {};
   // every command in its menu and on its tool bar
-  ovelin::FenetreExiste = [](const std::string& nom) {
-    return nom == "F_BD" || nom == "F_Dimension" || nom == "F_Fraisage" || nom == "F_Nettoyage" ||
-           nom == "F_ParamAppli" || nom == "F_Soudure";
-  };
-  ovelin::OuvreFenetre = [](const std::string&, QWidget*) { return false; };
+  ovelin::InstalleTable(ovelin::TableFenetres());
+  ovelin::OuvreFenetre = [](const std::string&, QWidget*) { return ovelin::IssueFenetre::Annulee; };
 }
 
 // The program as after its first start, so that no picture depends on the one before.
@@ -79,11 +77,45 @@ class Programme {
   QTemporaryDir reglages_;
 };
 
-void Photographie(const captures::Scene& scene, const QString& dossier, const std::string& langue, bool sombre) {
-  essai::ThemeSombreEssai(sombre);
+// Where a picture belongs, and what it shows.
+struct Cadrage {
+  QString dossier;
+  std::string langue;
+  bool sombre;
+};
+
+void Enregistre(QWidget& fenetre, const QString& scene, const Cadrage& c) {
+  const QString nom =
+      QStringLiteral("%1-%2-%3-%4x%5")
+          .arg(scene, QString::fromStdString(c.langue), c.sombre ? QStringLiteral("dark") : QStringLiteral("light"))
+          .arg(fenetre.width())
+          .arg(fenetre.height());
+  const qreal echelle = fenetre.devicePixelRatio();
+  fenetre.grab().save(c.dossier + QLatin1Char('/') + nom +
+                      (echelle > 1 ? QStringLiteral("@%1x.png").arg(echelle) : QStringLiteral(".png")));
+  if (c.sombre) return;
+  for (const std::string& faute : essai::TextesCoupes(fenetre)) {
+    std::fprintf(stderr, "%s: %s\n", nom.toUtf8().constData(), faute.c_str());
+  }
+}
+
+// One picture, or one of each page of a window with tabs, called by the name of the page.
+void Photographie(QWidget& fenetre, const QString& scene, const Cadrage& c) {
+  auto* onglets = fenetre.findChild<QTabWidget*>();
+  if (onglets == nullptr) return Enregistre(fenetre, scene, c);
+  for (int page = 0; page < onglets->count(); ++page) {
+    onglets->setCurrentIndex(page);
+    essai::Evenements();
+    const QString nom = onglets->widget(page)->objectName().section(QLatin1Char('_'), 1).toLower();
+    Enregistre(fenetre, scene + QLatin1Char('-') + nom, c);
+  }
+}
+
+void Joue(const captures::Scene& scene, const Cadrage& c) {
+  essai::ThemeSombreEssai(c.sombre);
   ovelin::OublieIcones();
   for (const QSize& voulue : scene.tailles) {
-    Programme programme(langue);
+    Programme programme(c.langue);
     if (!scene.fichier.empty() && !scene.ouvreDedans) programme.Ouvre(scene.fichier, nullptr);
     const std::unique_ptr<QWidget> fenetre = scene.construit();
     const QSize taille = voulue.isValid() ? voulue : fenetre->sizeHint();
@@ -91,19 +123,7 @@ void Photographie(const captures::Scene& scene, const QString& dossier, const st
     if (!scene.fichier.empty() && scene.ouvreDedans) programme.Ouvre(scene.fichier, fenetre.get());
     if (scene.prepare) scene.prepare(*fenetre);
     essai::Evenements();
-    const QString nom = QStringLiteral("%1-%2-%3-%4x%5")
-                            .arg(QString::fromStdString(scene.nom), QString::fromStdString(langue),
-                                 sombre ? QStringLiteral("dark") : QStringLiteral("light"))
-                            .arg(fenetre->width())
-                            .arg(fenetre->height());
-    const qreal echelle = fenetre->devicePixelRatio();
-    fenetre->grab().save(dossier + QLatin1Char('/') + nom +
-                         (echelle > 1 ? QStringLiteral("@%1x.png").arg(echelle) : QStringLiteral(".png")));
-    if (!sombre) {
-      for (const std::string& faute : essai::TextesCoupes(*fenetre)) {
-        std::fprintf(stderr, "%s: %s\n", nom.toUtf8().constData(), faute.c_str());
-      }
-    }
+    Photographie(*fenetre, QString::fromStdString(scene.nom), c);
     fenetre->hide();
   }
 }
@@ -125,7 +145,7 @@ int main(int argc, char** argv) {
 
   for (const captures::Scene& scene : captures::Scenes()) {
     for (const std::string& langue : langues) {
-      for (const bool sombre : {false, true}) Photographie(scene, arguments[1], langue, sombre);
+      for (const bool sombre : {false, true}) Joue(scene, {arguments[1], langue, sombre});
     }
   }
   return 0;

@@ -331,7 +331,7 @@ TEST_F(Points, GoToIsOnlyThereWithItsWindow) {
   std::string ouverte;
   OuvreFenetre = [&](const std::string& nom, QWidget*) {
     ouverte = nom;
-    return true;
+    return IssueFenetre::Ouverte;
   };
   Remplit();
   essai::Evenements();

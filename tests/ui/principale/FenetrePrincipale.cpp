@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "app/ovelin/Composition.h"
 #include "core/Document.h"
 #include "core/ReglagesCourants.h"
 #include "core/ui/ServicesQt.h"
@@ -14,14 +15,12 @@ namespace essai {
 using namespace ovelin;
 
 void Principale::SetUp() {
-  ovelin::FenetreExiste = [](const std::string& nom) {
-    static const std::vector<std::string> Noms{"F_BD", "F_Fraisage", "F_ParamAppli", "F_Nettoyage", "F_Soudure"};
-    return std::find(Noms.begin(), Noms.end(), nom) != Noms.end();
-  };
+  ovelin::InstalleTable(TableFenetres());
   ovelin::OuvreFenetre = [this](const std::string& nom, QWidget*) {
     ouvertes_.push_back(nom);
     const auto reponse = reponses_.find(nom);
-    return reponse != reponses_.end() && reponse->second();
+    const bool acceptee = reponse != reponses_.end() && reponse->second();
+    return acceptee ? IssueFenetre::Acceptee : IssueFenetre::Annulee;
   };
   // The fallback texts are checked elsewhere; here the window speaks French as the files do.
   Regl.Langue = "fr";
@@ -39,6 +38,7 @@ F_Representation& Principale::Charge(const std::string& ligneCommande) {
   fenetre_->DossierDocuments.clear();
   fenetre_->resize(1280, 800);
   fenetre_->Form_Load(ligneCommande);
+  C<QTimer>("Timer_Cadre")->stop();  // a test has its own time
   fenetre_->resize(1280, 800);
   QApplication::setActiveWindow(fenetre_.get());
   Evenements();

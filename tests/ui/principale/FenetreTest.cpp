@@ -191,6 +191,16 @@ TEST_F(FormLoad, AWindowThatWasNeverPlacedHasRoomForEverything) {
   EXPECT_EQ(fenetre_->height(), std::min(800, ecran.height()));
 }
 
+TEST_F(FormLoad, AWindowBeyondTheScreenComesIntoItOnceItsFrameIsKnown) {
+  Charge();
+  const QRect ecran = fenetre_->screen()->availableGeometry();
+  fenetre_->resize(ecran.size() + QSize(500, 500));
+  C<QTimer>("Timer_Cadre")->start(0);
+  essai::Evenements();
+  EXPECT_LE(fenetre_->width(), std::max(ecran.width(), fenetre_->minimumWidth()));
+  EXPECT_LE(fenetre_->height(), std::max(ecran.height(), fenetre_->minimumHeight()));
+}
+
 TEST_F(Fermeture, WithoutAProjectTheParametersAreWrittenAndNothingIsAsked) {
   Charge();
   RayonFraise = 2.5;

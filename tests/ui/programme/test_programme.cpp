@@ -120,15 +120,13 @@ class FermeModale {
   QTimer minuterie_;
 };
 
-constexpr const char* Modales[] = {"F_BD", "F_Fraisage", "F_Nettoyage", "F_ParamAppli", "F_Soudure"};
-
 // Each name that the windows ask for exists or its command isn't shown.
 TEST(InstalleFenetres, KnowsItsWindowsAndNoOthers) {
   ConfigPresente();
   const ProgrammeEssai p;
-  for (const char* nom : Modales) EXPECT_TRUE(FenetreExiste(nom)) << nom;
+  for (const LigneFenetre& ligne : TableFenetres()) EXPECT_TRUE(FenetreExiste(ligne.nom)) << ligne.nom;
   EXPECT_FALSE(FenetreExiste("F_Martienne"));
-  EXPECT_FALSE(OuvreFenetre("F_Martienne", nullptr));
+  EXPECT_EQ(OuvreFenetre("F_Martienne", nullptr), IssueFenetre::Absente);
 }
 
 TEST(Programme, OpensEachModalWindowAndComesBack) {
@@ -137,10 +135,11 @@ TEST(Programme, OpensEachModalWindowAndComesBack) {
   std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin);
   ProgrammeEssai p(dessin);
   ASSERT_TRUE(p.Demarre());
-  for (const std::string nom : Modales) {
+  for (const LigneFenetre& ligne : TableFenetres()) {
+    if (ligne.tenue != Tenue::Modale) continue;
     const FermeModale ferme;
-    OuvreFenetre(nom, p.Fenetre());
-    EXPECT_EQ(ferme.nom, nom);
+    EXPECT_EQ(OuvreFenetre(ligne.nom, p.Fenetre()), IssueFenetre::Annulee);
+    EXPECT_EQ(ferme.nom, ligne.nom);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   }
 }

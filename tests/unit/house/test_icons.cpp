@@ -75,17 +75,4 @@ TEST(Icons, OneFamilyOfOneGridWithoutTextOrPictures) {
   }
 }
 
-TEST(Icons, EveryCommandOfTheMainWindowHasItsPicture) {
-  // {"mnu_Ouvrir", "&Ouvrir...", "Ctrl+O"}: a command has a text and a shortcut, be it empty.
-  static const std::regex Commande(R"re(\{"(mnu_\w+)", "[^"]*", "[^"]*")re");
-  const std::string texte = Lit(fs::path(OVELIN_SOURCE_DIR) / "workspace/ui/CommandesPrincipales.cpp");
-  const auto noms = Ressources();
-  int nombre = 0;
-  for (std::sregex_iterator i(texte.begin(), texte.end(), Commande), fin; i != fin; ++i) {
-    EXPECT_TRUE(noms.contains((*i)[1])) << (*i)[1];
-    ++nombre;
-  }
-  EXPECT_GT(nombre, 20);
-}
-
 }  // namespace
