@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -90,6 +91,17 @@ enum class Erreur : std::int32_t {
   Police = -126,           // unknown font
   PoliceFichier = -127,    // the font file can't be read
 };
+
+// A format that drawings come in.
+struct FormatConnu {
+  std::string_view Nom;                          // as a reading reports it
+  std::span<const std::string_view> Extensions;  // upper case; what a dialog offers and what may be dropped
+  std::string_view Argument;                     // the one that a program takes as its argument, "" for none
+  int Rang;                                      // its place where formats are listed for a reader, from 1
+};
+// All of them, in the order of the open dialog: those that `LireFichier` reads, and the project ("OVL"), which the
+// program reads itself.
+std::vector<FormatConnu> Formats();
 
 struct OptionsLecture {
   double ToleranceSoudure = 0.01;  // mm: ends nearer than this are joined

@@ -19,6 +19,7 @@
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
 #include "machine/TableCourante.h"
+#include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Ouverture.h"
 
@@ -216,9 +217,8 @@ SuiteCommande OuvreLigneCommande(std::string ligne) {
   const std::string chemin = Rogne(ligne);
   if (chemin.empty()) return SuiteCommande::Aucune;
   const std::string extension = ExtensionDe(chemin);
-  // Fewer than the open dialog takes, on purpose.
-  static constexpr std::array<std::string_view, 5> Connues = {"DXF", "DAT", "PLT", "DRL", "OVL"};
-  if (std::find(Connues.begin(), Connues.end(), extension) == Connues.end()) {
+  const std::vector<std::string_view> connues = ExtensionsArgument();
+  if (std::find(connues.begin(), connues.end(), extension) == connues.end()) {
     MontreTexte("Extension fichier inconnue", chemin);
     return SuiteCommande::ExtensionInconnue;
   }

@@ -19,6 +19,7 @@
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
 
 namespace ovelin {
@@ -187,7 +188,7 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
     dialogue.cle = "mnu_Ouvrir";
     dialogue.titre = Traduire(Section, "lib007");
     dialogue.filtre = dialogue.titre;
-    dialogue.motif = "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS";
+    dialogue.motif = MotifDessins();
     dialogue.propose = LireCle("Fichier", "");
     choisi = Svc.ChoisitFichier(dialogue);
   }

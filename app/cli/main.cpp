@@ -9,6 +9,7 @@
 
 #include "app/cli/Commandes.h"
 #include "app/cli/Operations.h"
+#include "workspace/Formats.h"
 
 namespace {
 
@@ -48,7 +49,7 @@ CLI::App* Commande(CLI::App& app, const char* nom, const char* quoi) {
 
 CLI::App* AvecDessin(CLI::App& app, const char* nom, const char* quoi, Options& o) {
   CLI::App* commande = Commande(app, nom, quoi);
-  commande->add_option("DRAWING", o.dessin, "DXF, PLT, PRN, HPGL, DAT, DRD, DRL, EPS or OVL")->required();
+  commande->add_option("DRAWING", o.dessin, ovelin::EnListe(ovelin::ExtensionsLues()))->required();
   return commande;
 }
 

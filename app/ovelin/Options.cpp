@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/Traduction.h"
+#include "workspace/Formats.h"
 
 namespace ovelin {
 
@@ -114,7 +115,9 @@ std::string TexteVersion() {
 std::string TexteAide() {
   return "OVELIN: from a drawing to the moves of a small router\n"
          "Usage: ovelin [OPTIONS] [DRAWING]\n\n"
-         "  DRAWING            DXF, DAT, PLT, DRL or OVL\n"
+         "  DRAWING            " +
+         EnListe(ExtensionsArgument()) +
+         "\n"
          "  --config DIR       Folder of the settings file\n"
          "  --lang CODE        Language of the texts: fr, en, de, es, ca, it, pt\n"
          "  --version          Prints the version\n"

@@ -4,20 +4,14 @@
 #include <stdexcept>
 #include <string>
 
+#include "closed/pathwerk/Formats.h"
 #include "closed/pathwerk/assemblage/Assemblage.h"
 #include "closed/pathwerk/commun/Disque.h"
-#include "closed/pathwerk/lecture/FormatDeDessin.h"
-#include "closed/pathwerk/lecture/dat/Dat.h"
-#include "closed/pathwerk/lecture/dxf/Dxf.h"
-#include "closed/pathwerk/lecture/eps/Eps.h"
-#include "closed/pathwerk/lecture/excellon/Excellon.h"
-#include "closed/pathwerk/lecture/hpgl/Hpgl.h"
 
 namespace pathwerk {
 
 namespace {
 
-using lecture::FormatDeDessin;
 using lecture::Lecture;
 
 // Text formats are read as text: without a byte order mark, and narrowed when it is in 16-bit units (what lies
@@ -38,28 +32,11 @@ void Uniformise(std::string& octets) {
   octets.resize(n);
 }
 
-void Lit(FormatDeDessin format, std::string& octets, const OptionsLecture& options, Lecture& lecture) {
-  if (format != FormatDeDessin::Eps && format != FormatDeDessin::Hpgl) Uniformise(octets);
-  switch (format) {
-    case FormatDeDessin::Dxf:
-      lecture::dxf::LireDxf(octets, options, lecture);
-      break;
-    case FormatDeDessin::Hpgl:
-      lecture::hpgl::LireHpgl(octets, options, lecture);
-      break;
-    case FormatDeDessin::Dat:
-      lecture::dat::LireDat(octets, options, lecture);
-      break;
-    case FormatDeDessin::Excellon:
-      lecture::excellon::LireExcellon(octets, options, lecture);
-      break;
-    case FormatDeDessin::Eps:
-      lecture::eps::LireEps(octets, options, lecture);
-      break;
-    case FormatDeDessin::Inconnu:
-      lecture.Refuse(Erreur::FormatInconnu, 0, "");
-      break;
-  }
+void Lit(const std::string& extension, std::string& octets, const OptionsLecture& options, Lecture& lecture) {
+  const LigneFormat* format = TrouveFormat(extension, octets);
+  if (format == nullptr) return lecture.Refuse(Erreur::FormatInconnu, 0, "");
+  if (format->texte) Uniformise(octets);
+  format->lit(octets, options, lecture);
 }
 
 std::string TexteSucces(const RapportLecture& r) {
@@ -92,7 +69,7 @@ std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, c
     if (options.Avancement) options.Avancement(part);
   };
   avance(0.1);
-  Lit(lecture::DevineFormat(Extension(chemin), octets), octets, options, lecture);
+  Lit(Extension(chemin), octets, options, lecture);
   std::string().swap(octets);
   avance(0.7);
   const std::int32_t n = assemblage::Assemble(lecture, options, points);

@@ -28,6 +28,7 @@
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
+#include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Enregistrement.h"
 #include "workspace/Module_Ouverture.h"
@@ -44,16 +45,10 @@ constexpr int LargeurNeuve = 1280, HauteurNeuve = 800;
 constexpr int CoteIcone = 24;
 constexpr int DelaiCadre = 250;  // ms until the desktop has put its frame around the window
 
-const QStringList& ExtensionsLues() {
-  static const QStringList Liste{"DAT", "PLT", "PRN", "HPGL", "OVL", "DXF", "DRD", "DRL", "EPS"};
-  return Liste;
-}
-
 std::string FichierDepose(const QMimeData* donnees) {
   if (donnees == nullptr || donnees->urls().size() != 1) return "";
-  const QString chemin = donnees->urls().front().toLocalFile();
-  const QString extension = QString::fromStdString(ExtensionDe(chemin.toStdString()));
-  return ExtensionsLues().contains(extension) ? chemin.toStdString() : "";
+  const std::string chemin = donnees->urls().front().toLocalFile().toStdString();
+  return SeDepose(ExtensionDe(chemin)) ? chemin : "";
 }
 
 std::int32_t EnTwips(int pixels) { return static_cast<std::int32_t>(static_cast<float>(pixels) * TwipsParPixel); }

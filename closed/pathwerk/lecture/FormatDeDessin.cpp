@@ -9,14 +9,13 @@ namespace pathwerk::lecture {
 
 namespace {
 
-FormatDeDessin ParExtension(const std::string& e) {
-  if (e == "DXF") return FormatDeDessin::Dxf;
-  if (e == "PLT" || e == "PRN" || e == "HPGL") return FormatDeDessin::Hpgl;
-  if (e == "DAT") return FormatDeDessin::Dat;
-  if (e == "DRD" || e == "DRL") return FormatDeDessin::Excellon;
-  if (e == "EPS") return FormatDeDessin::Eps;
-  return FormatDeDessin::Inconnu;
+// Behind a byte order mark.
+std::string_view SansMarque(std::string_view data) {
+  if (data.starts_with("\xEF\xBB\xBF")) data.remove_prefix(3);
+  return data;
 }
+
+}  // namespace
 
 bool EstEps(std::string_view data) {
   if (data.starts_with("\xC5\xD0\xD3\xC6")) return true;  // DOS header
@@ -26,6 +25,7 @@ bool EstEps(std::string_view data) {
 
 // A group code 0 or 999 alone on the first line with text, and behind it what opens a DXF.
 bool EstDxf(std::string_view data) {
+  data = SansMarque(data);
   if (data.starts_with("AutoCAD Binary DXF")) return true;
   Lignes lignes(data);
   std::string_view ligne;
@@ -39,7 +39,7 @@ bool EstDxf(std::string_view data) {
 }
 
 bool EstExcellon(std::string_view data) {
-  Lignes lignes(data);
+  Lignes lignes(SansMarque(data));
   std::string_view ligne;
   for (int k = 0; k < 200 && lignes.Suivante(ligne); ++k) {
     ligne = SansBlancs(ligne);
@@ -51,7 +51,7 @@ bool EstExcellon(std::string_view data) {
 
 // Behind what switches a printer over (escape sequences): a plotter instruction of two letters.
 bool EstHpgl(std::string_view data) {
-  data = data.substr(0, 4096);
+  data = SansMarque(data).substr(0, 4096);
   std::size_t i = 0;
   while (i < data.size()) {
     if (data[i] == '\x1B') {
@@ -80,6 +80,7 @@ bool EstHpgl(std::string_view data) {
 
 // Two numbers on one of the first lines.
 bool EstDat(std::string_view data) {
+  data = SansMarque(data);
   if (data.substr(0, 4096).find('\0') != std::string_view::npos) return false;
   Lignes lignes(data);
   std::string_view ligne;
@@ -92,20 +93,6 @@ bool EstDat(std::string_view data) {
     if (LitReel(reste.substr(0, reste.find_first_of(" \t;")))) return true;
   }
   return false;
-}
-
-}  // namespace
-
-FormatDeDessin DevineFormat(const std::string& extension, std::string_view data) {
-  const FormatDeDessin f = ParExtension(extension);
-  if (f != FormatDeDessin::Inconnu) return f;
-  if (EstEps(data)) return FormatDeDessin::Eps;
-  if (data.starts_with("\xEF\xBB\xBF")) data.remove_prefix(3);
-  if (EstExcellon(data)) return FormatDeDessin::Excellon;
-  if (EstDxf(data)) return FormatDeDessin::Dxf;
-  if (EstHpgl(data)) return FormatDeDessin::Hpgl;
-  if (EstDat(data)) return FormatDeDessin::Dat;
-  return FormatDeDessin::Inconnu;
 }
 
 }  // namespace pathwerk::lecture

@@ -1,14 +1,14 @@
-// Which reader a file is for.
+// Whose a file is, by what it begins with. Each gets the whole file.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace pathwerk::lecture {
 
-enum class FormatDeDessin : unsigned char { Inconnu, Dxf, Hpgl, Dat, Excellon, Eps };
-
-// By the upper-case extension; when that names no format, by what the file begins with.
-FormatDeDessin DevineFormat(const std::string& extension, std::string_view data);
+bool EstDat(std::string_view data);
+bool EstHpgl(std::string_view data);
+bool EstDxf(std::string_view data);
+bool EstExcellon(std::string_view data);
+bool EstEps(std::string_view data);
 
 }  // namespace pathwerk::lecture
