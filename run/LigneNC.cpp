@@ -20,8 +20,8 @@ char* EcritMot(char* place, char lettre, float v, double& dernier) {
   if (v == static_cast<float>(dernier)) return place;
   *place++ = ' ';
   *place++ = lettre;
-  place = EcritNombreNC(place, static_cast<double>(v), 3);
-  dernier = static_cast<double>(v);
+  place = EcritNombreNC(place, v, 3);
+  dernier = v;
   return place;
 }
 
@@ -58,17 +58,17 @@ void EcritLigneNC(std::string& texte, EtatNC& etat, float vitesse, float x, floa
   char* place = tampon.data();
   if (vitesse != static_cast<float>(etat.DernierF)) {
     *place++ = 'F';
-    place = EcritNombreNC(place, static_cast<double>(vitesse * 60.0F), 5);  // mm/min, in the width of the row
+    place = EcritNombreNC(place, vitesse * 60.0F, 5);  // mm/min, in the width of the row
     *place++ = '\n';
-    etat.DernierF = static_cast<double>(vitesse);
+    etat.DernierF = vitesse;
     ++etat.lignes;
   }
-  const double ecartX = static_cast<double>(x) - etat.DernierX;
-  const double ecartY = static_cast<double>(y) - etat.DernierY;
-  const double ecartZ = static_cast<double>(z) - etat.DernierZ;
+  const double ecartX = x - etat.DernierX;
+  const double ecartY = y - etat.DernierY;
+  const double ecartZ = z - etat.DernierZ;
   const double distance = std::sqrt(ecartX * ecartX + ecartY * ecartY + ecartZ * ecartZ);
   etat.LongueurNC += distance;
-  if (vitesse != 0) etat.TempsNC += distance / static_cast<double>(vitesse);
+  if (vitesse != 0) etat.TempsNC += distance / vitesse;
 
   *place++ = 'G';
   *place++ = '0';

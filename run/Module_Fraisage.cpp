@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <map>
 #include <utility>
 
 #include "core/Cles.h"
@@ -12,10 +11,8 @@
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
-#include "machine/Module_Table.h"
 #include "machine/TableCourante.h"
 #include "run/NoyauPlan.h"
-#include "toolpath/Module_Sequence.h"
 
 namespace ovelin {
 
@@ -24,60 +21,6 @@ namespace {
 constexpr double VitesseMaximum = 1e9;  // mm/s, what the writer takes at most
 constexpr int TwipsPixel = 15;
 constexpr double VitesseMinimum = 0.1;  // mm/s, of the step buttons
-
-void Etend(FiguresPlan& f, const Deplacement& d) {
-  const auto x = static_cast<double>(d.X);
-  const auto y = static_cast<double>(d.Y);
-  if (!f.coupe) {
-    f.xmin = f.xmax = x;
-    f.ymin = f.ymax = y;
-    f.coupe = true;
-    return;
-  }
-  f.xmin = std::min(f.xmin, x);
-  f.xmax = std::max(f.xmax, x);
-  f.ymin = std::min(f.ymin, y);
-  f.ymax = std::max(f.ymax, y);
-}
-
-// Where the tool cuts: what it does below the surface, and ways in the plane at it (a pen). The final descent to
-// the surface at the origin is none.
-void Etend(FiguresPlan& f, const Deplacement& avant, const Deplacement& d) {
-  const bool plan = d.X != avant.X || d.Y != avant.Y;
-  if (d.Z > 0 || (d.Z == 0 && !plan)) return;
-  if (plan) Etend(f, avant);
-  Etend(f, d);
-}
-
-struct Usinage {
-  std::int32_t sequences = 0;
-  std::int32_t sansTrajet = 0;
-  std::int64_t passes = 0;
-};
-
-// Paths that are milled, the passes of the one that takes the most, and paths without a tool path. The records of
-// one path follow each other; that of a failed offset stands alone, without points.
-Usinage CompteUsinage() {
-  const IndexCodes index;
-  std::map<double, std::int64_t> passesParProfondeur;
-  Usinage u;
-  Code2 precedent = CodeAucun;
-  for (const SequenceDecalee& trace : TraceDecale) {
-    ProprietesSequence proprietes;
-    LitSequence(index, trace.Seq, proprietes);
-    if (proprietes.Fraiser == Faux) continue;
-    if (trace.Points.empty()) {
-      ++u.sansTrajet;
-      continue;
-    }
-    if (u.sequences == 0 || !(trace.Seq == precedent)) ++u.sequences;
-    precedent = trace.Seq;
-    const auto [place, neuve] = passesParProfondeur.try_emplace(proprietes.Profondeur, 0);
-    if (neuve) place->second = NombrePasses(proprietes.Profondeur, ProfPasse);
-    u.passes = std::max(u.passes, place->second);
-  }
-  return u;
-}
 
 bool VitesseValable(double v) { return v > 0 && v <= VitesseMaximum; }
 
@@ -100,41 +43,16 @@ std::string NomPropose() {
 
 }  // namespace
 
-FiguresPlan FiguresDe(std::span<const Deplacement> lignes) {
-  FiguresPlan f;
-  double x = 0;
-  double y = 0;
-  double z = 0;
-  for (std::size_t i = 1; i < lignes.size(); ++i) {
-    const Deplacement& d = lignes[i];
-    const double ecartX = static_cast<double>(d.X) - x;
-    const double ecartY = static_cast<double>(d.Y) - y;
-    const double ecartZ = static_cast<double>(d.Z) - z;
-    const double distance = std::sqrt(ecartX * ecartX + ecartY * ecartY + ecartZ * ecartZ);
-    f.longueur += distance;
-    if (d.Z <= 0) f.longueurMatiere += distance;
-    if (d.Vitesse != 0) f.temps += distance / static_cast<double>(d.Vitesse);
-    f.fond = std::min(f.fond, static_cast<double>(d.Z));
-    Etend(f, lignes[i - 1], d);
-    x = static_cast<double>(d.X);
-    y = static_cast<double>(d.Y);
-    z = static_cast<double>(d.Z);
-    ++f.lignes;
-  }
-  return f;
-}
-
 ResumePlan PlanifiePourFenetre() {
   ResumePlan resume;
   resume.vide = TraceDecale.empty();
   if (resume.vide) return resume;
   resume.refus = VerifiePlan();
   if (resume.refus || !Tableau_Decoupe()) return resume;
-  resume.figures = FiguresDe({TableDecoupe.data() + 1, static_cast<std::size_t>(NbDeplacements)});
+  resume.figures = FiguresDe(LignesDe(Plan));
   const FiguresPlan& f = resume.figures;
-  resume.horsCourse = f.coupe && (f.xmin < 0 || f.ymin < 0 || f.xmax > static_cast<double>(CourseX) ||
-                                  f.ymax > static_cast<double>(CourseY));
-  const Usinage usinage = CompteUsinage();
+  resume.horsCourse = f.coupe && (f.xmin < 0 || f.ymin < 0 || f.xmax > CourseX || f.ymax > CourseY);
+  const CompteUsinage usinage = CompteUsinageDe(Doc, ProfPasse);
   resume.sequences = usinage.sequences;
   resume.sansTrajet = usinage.sansTrajet;
   resume.passes = usinage.passes;
@@ -152,7 +70,7 @@ std::string EntreVit_Mat_V(const std::string& texte) { return EntreVitesse(Vites
 
 std::string PasVit_Mat_H(const std::string& texte, int index) {
   const double pas = index == 1 ? -1 : index == 2 ? -0.1 : index == 3 ? 0.1 : index == 4 ? 1 : 0;
-  const double maximum = static_cast<double>(std::min(VitesseMaxX, VitesseMaxY));
+  const double maximum = std::min(VitesseMaxX, VitesseMaxY);
   const double v = LitNombre(texte).value_or(Vitesse_Mat_H) + pas;
   return Formate(std::max(VitesseMinimum, std::min(v, maximum)), "0.0");
 }

@@ -3,29 +3,14 @@
 
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <utility>
 
-#include "core/TableDecoupe.h"
+#include "run/FiguresPlan.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
 
 namespace ovelin {
-
-// What a table of moves comes to.
-struct FiguresPlan {
-  double longueur = 0;         // mm, from the origin on
-  double longueurMatiere = 0;  // mm, of the moves that end at or below the surface
-  double temps = 0;            // s at row speed, without ramps
-  std::int32_t lignes = 0;     // moves
-  double fond = 0;             // lowest Z, mm
-  // Where the tool cuts, mm. Nothing of it is set without a cut.
-  bool coupe = false;
-  double xmin = 0, xmax = 0, ymin = 0, ymax = 0;
-};
-// `lignes` from row 1 (the start) on. The sums are those that the G-code writer makes of the same rows.
-FiguresPlan FiguresDe(std::span<const Deplacement> lignes);
 
 // The job planned anew for the window.
 struct ResumePlan {

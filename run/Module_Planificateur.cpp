@@ -15,22 +15,13 @@
 #include "machine/Module_Table.h"
 #include "machine/TableCourante.h"
 #include "run/NoyauPlan.h"
-#include "toolpath/Module_Sequence.h"
 
 namespace ovelin {
 
 namespace {
 
 ParametresPlan LitParametres() {
-  ParametresPlan p;
-  p.HautDeg = HautDeg;
-  p.ProfPasse = ProfPasse;
-  p.MiniEncoche = MiniEncoche;
-  p.Vitesse_Mat_H = Vitesse_Mat_H;
-  p.Vitesse_Mat_V = Vitesse_Mat_V;
-  p.VitesseMaxX = VitesseMaxX;
-  p.VitesseMaxY = VitesseMaxY;
-  p.VitesseMaxZ = VitesseMaxZ;
+  ParametresPlan p = ParametresPlanDe(Regl, Table);
   p.PosX = CdeZENIK->PosX;
   p.PosY = CdeZENIK->PosY;
   p.PosZ = CdeZENIK->PosZ;
@@ -38,19 +29,6 @@ ParametresPlan LitParametres() {
   p.MmParPasY = CdeZENIK->MmParPasY();
   p.MmParPasZ = CdeZENIK->MmParPasZ();
   return p;
-}
-
-// Depth and flag of each record of the tool path. A code without a record in the table is milled, with depth 0.
-std::vector<UsinageTrace> LitUsinages() {
-  const IndexCodes index;
-  std::vector<UsinageTrace> usinages;
-  usinages.reserve(TraceDecale.size());
-  for (const SequenceDecalee& trace : TraceDecale) {
-    ProprietesSequence proprietes;
-    LitSequence(index, trace.Seq, proprietes);
-    usinages.push_back({proprietes.Fraiser != Faux, proprietes.Profondeur});
-  }
-  return usinages;
 }
 
 RefusPlan Refus(JugementPlan jugement) {
@@ -94,7 +72,7 @@ void AjoutDeplacement(const PointTrace& depart, const PointTrace& arrivee, Drape
 
 void AjoutDeplacementRelatif(float deltaX, float deltaY, Drapeau matiere, float v) {
   Commence();
-  const Deplacement& derniere = TableDecoupe[static_cast<std::size_t>(NbDeplacements)];
+  const Deplacement& derniere = LignesDe(Plan).back();
   PointTrace depart;
   depart.X = derniere.X;
   depart.Y = derniere.Y;
@@ -109,12 +87,12 @@ void AjoutDeplacementZ(float deltaZ, Drapeau matiere, float v) {
   PlanAjouteZ(Plan, LitParametres(), deltaZ, matiere, v);
 }
 
-RefusPlan VerifiePlan() { return Refus(EstimePlan(LitParametres(), TraceDecale, LitUsinages()).jugement); }
+RefusPlan VerifiePlan() { return Refus(EstimePlan(LitParametres(), TraceDecale, UsinagesDe(Doc)).jugement); }
 
 bool Tableau_Decoupe() {
   if (TraceDecale.empty()) return false;
   const ParametresPlan p = LitParametres();
-  const std::vector<UsinageTrace> usinages = LitUsinages();
+  const std::vector<UsinageTrace> usinages = UsinagesDe(Doc);
   const EstimationPlan estimation = EstimePlan(p, TraceDecale, usinages);
   RefusPlan refus = Refus(estimation.jugement);
   if (!refus && !Reserve(estimation.lignes)) refus = Refus(JugementPlan::Passe);
@@ -134,7 +112,7 @@ void Vitesse_Decoupe_H(double& vSansRampe, double& vMax, std::int16_t& reserve) 
   const double maxX = LireNombreTable("TB_SAV_15", 5);
   const double maxY = LireNombreTable("TB_SAV_16", 5);
   if (NbDeplacements < 2) return;
-  const std::span<const Deplacement> lignes(TableDecoupe.data() + 1, static_cast<std::size_t>(NbDeplacements));
+  const std::span<const Deplacement> lignes = LignesDe(Plan);
   vSansRampe = VitesseLimite(lignes, sansRampeX, sansRampeY);
   vMax = VitesseLimite(lignes, maxX, maxY);
 }

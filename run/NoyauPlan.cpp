@@ -7,6 +7,7 @@
 
 #include "core/Cadence.h"
 #include "core/Nombres.h"
+#include "toolpath/Etendues.h"
 
 namespace ovelin {
 
@@ -25,11 +26,11 @@ std::int32_t SommeBornee(std::int32_t a, std::int32_t b) {
 // never strays from the path by more and the sum of a short job is the plain one.
 void Cumule(float& cumul, double& reste, float ecart, double exact, double mmParPas) {
   const float somme = cumul + ecart;
-  reste += static_cast<double>(cumul) + exact - static_cast<double>(somme);
+  reste += cumul + exact - somme;
   cumul = somme;
   if (std::abs(reste) <= std::abs(mmParPas) / 8) return;
-  const auto corrigee = static_cast<float>(static_cast<double>(cumul) + reste);
-  reste -= static_cast<double>(corrigee) - static_cast<double>(cumul);
+  const auto corrigee = static_cast<float>(cumul + reste);
+  reste -= Ecart(cumul, corrigee);
   cumul = corrigee;
 }
 
@@ -42,7 +43,7 @@ void Cumule(float& cumul, double& reste, float ecart, double exact, double mmPar
 // An axis without a resolution makes no steps.
 std::int32_t PasLigne(float cumul, double mmParPas, std::int32_t& pasCumul) {
   if (mmParPas == 0) return 0;
-  const std::int32_t pas = Arrondi32(static_cast<double>(cumul) / mmParPas - static_cast<double>(pasCumul));
+  const std::int32_t pas = Arrondi32(cumul / mmParPas - pasCumul);
   pasCumul = SommeBornee(pasCumul, pas);
   return pas;
 }
@@ -66,7 +67,7 @@ Deplacement& NouvelleLigne(EtatPlan& plan) {
 double Exces(double vitesseAxe, float vitesseMax) {
   if (vitesseAxe == 0) return 0;
   if (!(vitesseMax > 0)) return std::numeric_limits<double>::infinity();
-  return vitesseAxe / static_cast<double>(vitesseMax);
+  return vitesseAxe / vitesseMax;
 }
 
 // `v` along a move of (ecartX, ecartY), so that neither axis runs faster than it can.
@@ -80,7 +81,7 @@ constexpr double VitesseRapide = 1000.0;  // mm/s, before the limit of the axes
 
 // The pass below `passe`: a 32-bit float, never below the depth, so that the last one stops exactly there.
 float Plonge(float passe, double profPasse, double profondeur) {
-  return static_cast<float>(std::max(static_cast<double>(passe) + profPasse, profondeur));
+  return static_cast<float>(std::max(passe + profPasse, profondeur));
 }
 
 bool EstOuvert(const std::vector<PointTrace>& points) { return !MemePlace(points.front(), points.back()); }
@@ -180,11 +181,40 @@ void Fraisage::Termine() {
 bool Mesurable(double mm) { return std::abs(mm) <= LongueurMax; }
 
 bool Mesurables(const ParametresPlan& p) {
-  return Mesurable(static_cast<double>(p.HautDeg)) && Mesurable(p.MiniEncoche) && Mesurable(p.PosX) &&
-         Mesurable(p.PosY) && Mesurable(p.PosZ);
+  return Mesurable(p.HautDeg) && Mesurable(p.MiniEncoche) && Mesurable(p.PosX) && Mesurable(p.PosY) &&
+         Mesurable(p.PosZ);
 }
 
 }  // namespace
+
+ParametresPlan ParametresPlanDe(const Reglages& reglages, const TableMachine& table) {
+  ParametresPlan p;
+  p.HautDeg = reglages.HautDeg;
+  p.ProfPasse = reglages.ProfPasse;
+  p.MiniEncoche = reglages.MiniEncoche;
+  p.Vitesse_Mat_H = reglages.Vitesse_Mat_H;
+  p.Vitesse_Mat_V = reglages.Vitesse_Mat_V;
+  p.VitesseMaxX = table.VitesseMaxX;
+  p.VitesseMaxY = table.VitesseMaxY;
+  p.VitesseMaxZ = table.VitesseMaxZ;
+  return p;
+}
+
+std::vector<UsinageTrace> UsinagesDe(const Document& document) {
+  const IndexCodes index(document);
+  std::vector<UsinageTrace> usinages;
+  usinages.reserve(document.TraceDecale.size());
+  for (const SequenceDecalee& trace : document.TraceDecale) {
+    const ProprietesSequence p = ProprietesDe(document.Sequences, index, trace.Seq);
+    usinages.push_back({p.Fraiser != Faux, p.Profondeur});
+  }
+  return usinages;
+}
+
+std::span<const Deplacement> LignesDe(const EtatPlan& plan) {
+  if (plan.NbDeplacements < 1) return {};
+  return std::span(plan.TableDecoupe).subspan(1, static_cast<std::size_t>(plan.NbDeplacements));
+}
 
 void InitialisePlan(EtatPlan& plan, const ParametresPlan& p) {
   plan.TableDecoupe.assign(2, Deplacement{});
@@ -202,8 +232,8 @@ void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depar
                 Drapeau matiere, float v) {
   const float ecartX = arrivee.X - depart.X;
   const float ecartY = arrivee.Y - depart.Y;
-  const double exactX = static_cast<double>(arrivee.X) - static_cast<double>(depart.X);
-  const double exactY = static_cast<double>(arrivee.Y) - static_cast<double>(depart.Y);
+  const double exactX = Ecart(depart.X, arrivee.X);
+  const double exactY = Ecart(depart.Y, arrivee.Y);
   Cumule(plan.CumulX, plan.ResteX, ecartX, exactX, p.MmParPasX);
   Cumule(plan.CumulY, plan.ResteY, ecartY, exactY, p.MmParPasY);
   if (ecartX == 0 && ecartY == 0) return;
@@ -214,13 +244,13 @@ void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depar
   ligne.dX = PasLigne(plan.CumulX, p.MmParPasX, plan.PasCumulX);
   ligne.dY = PasLigne(plan.CumulY, p.MmParPasY, plan.PasCumulY);
 
-  const double x = static_cast<double>(ecartX);
-  const double y = static_cast<double>(ecartY);
+  const double x = ecartX;
+  const double y = ecartY;
   if (v == 0 && matiere != Faux) {
     ligne.Vitesse = EnFloat(p.Vitesse_Mat_H);  // as typed: the window asks about the limits before a run
     return;
   }
-  const double voulue = v != 0 ? static_cast<double>(v) : VitesseRapide;
+  const double voulue = v != 0 ? v : VitesseRapide;
   ligne.Vitesse = static_cast<float>(LimiteAxes(voulue, x, y, std::sqrt(x * x + y * y), p));
 }
 
@@ -228,7 +258,7 @@ void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depar
 void PlanAjouteZ(EtatPlan& plan, const ParametresPlan& p, float deltaZ, Drapeau matiere, float v) {
   Deplacement& ligne = NouvelleLigne(plan);
   ligne.Z += deltaZ;
-  Cumule(plan.CumulZ, plan.ResteZ, deltaZ, static_cast<double>(deltaZ), p.MmParPasZ);
+  Cumule(plan.CumulZ, plan.ResteZ, deltaZ, deltaZ, p.MmParPasZ);
   ligne.dZ = PasLigne(plan.CumulZ, p.MmParPasZ, plan.PasCumulZ);
   if (v != 0) {
     ligne.Vitesse = v;
@@ -274,7 +304,7 @@ EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecal
     bool mesurable = Mesurable(profondeur);
     Code2 avant;
     for (const PointTrace& point : points) {
-      mesurable = mesurable && Mesurable(static_cast<double>(point.X)) && Mesurable(static_cast<double>(point.Y));
+      mesurable = mesurable && Mesurable(point.X) && Mesurable(point.Y);
       if (point.Cde == CodePE && avant != CodePE) hauteurs += 2;
       avant = point.Cde;
     }
@@ -298,7 +328,7 @@ EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecal
 void PlanifieTrace(EtatPlan& plan, const ParametresPlan& p, std::span<const SequenceDecalee> traces,
                    std::span<const UsinageTrace> usinages) {
   InitialisePlan(plan, p);
-  PlanAjouteZ(plan, p, static_cast<float>(static_cast<double>(p.HautDeg) - p.PosZ), Faux, 0);
+  PlanAjouteZ(plan, p, static_cast<float>(p.HautDeg - p.PosZ), Faux, 0);
   Fraisage fraisage(plan, p);
   for (std::size_t i = 0; i < traces.size(); ++i) {
     if (traces[i].Points.empty() || !usinages[i].Fraiser) continue;
@@ -315,8 +345,8 @@ double VitesseLimite(std::span<const Deplacement> lignes, double vx, double vy) 
   };
   Cadence cadence;
   for (std::size_t i = 1; i < lignes.size(); ++i) {
-    const double x = std::abs(static_cast<double>(lignes[i].X) - static_cast<double>(lignes[i - 1].X));
-    const double y = std::abs(static_cast<double>(lignes[i].Y) - static_cast<double>(lignes[i - 1].Y));
+    const double x = std::abs(Ecart(lignes[i - 1].X, lignes[i].X));
+    const double y = std::abs(Ecart(lignes[i - 1].Y, lignes[i].Y));
     const double longueur = std::sqrt(x * x + y * y);
     if (longueur == 0) continue;
     limite = std::min(limite, longueur / std::max(duree(y, vy), duree(x, vx)));

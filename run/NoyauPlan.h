@@ -5,10 +5,13 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "core/Document.h"
+#include "core/Reglages.h"
 #include "core/TableDecoupe.h"
 #include "core/Types.h"
+#include "machine/TableMachine.h"
 
 namespace ovelin {
 
@@ -23,11 +26,20 @@ struct ParametresPlan {
   double MmParPasX = 1, MmParPasY = 1, MmParPasZ = 1;       // mm per step
 };
 
+// Of these settings on this machine; its position and its steps are the caller's.
+ParametresPlan ParametresPlanDe(const Reglages& reglages, const TableMachine& table);
+
 // What a record of the tool path is milled with, one for each record.
 struct UsinageTrace {
   bool Fraiser = true;
   double Profondeur = 0;  // mm
 };
+
+// Depth and flag of each record of the tool path. A code without a record in the table is milled, with depth 0.
+std::vector<UsinageTrace> UsinagesDe(const Document& document);
+
+// The rows of a plan from row 1, the start, on.
+std::span<const Deplacement> LignesDe(const EtatPlan& plan);
 
 // A plan never holds more rows than this: 2 GB of table, about a hundred hours of work on such a machine.
 inline constexpr std::int64_t LimiteLignes = 50'000'000;

@@ -1,6 +1,7 @@
 // Clicks of the attachment tool: marks "PC" on the drawing. Positions in mm of the drawing.
 #include <algorithm>
 #include <limits>
+#include <span>
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
@@ -15,22 +16,19 @@ namespace {
 
 constexpr float ResolutionRetrait = 0.01F;  // mm, clean-up behind a removed mark
 
-double Portee() { return LargeurEncoche / 2 + RayonFraise; }
-
 double DistanceCarree(const PointTrace& a, const PointTrace& b) {
-  const double dx = static_cast<double>(b.X) - a.X;
-  const double dy = static_cast<double>(b.Y) - a.Y;
+  const double dx = Ecart(a.X, b.X);
+  const double dy = Ecart(a.Y, b.Y);
   return dx * dx + dy * dy;
 }
 
 // Foot of P on the segment A-B, the nearer end where the perpendicular misses it. A segment without length is its
 // point.
 PointTrace Pied(const PointTrace& p, const PointTrace& a, const PointTrace& b) {
-  const double dx = static_cast<double>(b.X) - a.X;
-  const double dy = static_cast<double>(b.Y) - a.Y;
+  const double dx = Ecart(a.X, b.X);
+  const double dy = Ecart(a.Y, b.Y);
   const double carre = dx * dx + dy * dy;
-  const double t =
-      carre > 0 ? ((static_cast<double>(p.X) - a.X) * dx + (static_cast<double>(p.Y) - a.Y) * dy) / carre : 0.0;
+  const double t = carre > 0 ? (Ecart(a.X, p.X) * dx + Ecart(a.Y, p.Y) * dy) / carre : 0.0;
   PointTrace q = a;
   q.Cde = CodePC;
   if (t >= 1) {
@@ -46,16 +44,15 @@ PointTrace Pied(const PointTrace& p, const PointTrace& a, const PointTrace& b) {
 struct PlusProche {
   PointTrace pied;
   Etendue sequence;
-  std::int32_t fin = -1;  // end index of the segment; -1: the drawing has none
+  std::size_t fin = 0;  // end index of the segment; 0: the drawing has none
 };
 
 PlusProche SegmentProche(const PointTrace& p) {
   PlusProche proche;
   double meilleur = std::numeric_limits<double>::infinity();
   for (const Etendue& e : EtenduesSequences()) {
-    for (std::int32_t i = e.premier + 1; i < e.premier + e.nombre; ++i) {
-      const PointTrace q =
-          Pied(p, TraceInitial[static_cast<std::size_t>(i - 1)], TraceInitial[static_cast<std::size_t>(i)]);
+    for (std::size_t i = e.premier + 1; i < e.Fin(); ++i) {
+      const PointTrace q = Pied(p, TraceInitial[i - 1], TraceInitial[i]);
       const double d = DistanceCarree(p, q);
       if (d < meilleur) {
         meilleur = d;
@@ -80,20 +77,20 @@ void Termine(Code2 code) {
 }  // namespace
 
 bool AjouteAttache(float x, float y) {
-  const double t = Portee();
+  const double t = RayonEncoche();
   const PointTrace clic{x, y, CodePD, Code2{}};
   const PlusProche proche = SegmentProche(clic);
-  if (proche.fin < 0) return false;
+  if (proche.fin == 0) return false;
   const PointTrace& q = proche.pied;
   // Too far from everything: no sound, the click was meant for something else.
   if (2 * t < DistancePoints(clic, q)) return false;
-  const auto debut = TraceInitial.begin() + proche.sequence.premier;
-  const auto fin = debut + proche.sequence.nombre;
-  if (DistancePoints(q, *debut) < t || DistancePoints(q, *(fin - 1)) < t) return Refuse();
-  const bool serre = std::any_of(
-      debut, fin, [&](const PointTrace& p) { return p.Cde == CodePC && DistancePoints(q, p) < LargeurEncoche; });
+  const std::span<const PointTrace> run = PointsDe(TraceInitial, proche.sequence);
+  if (DistancePoints(q, run.front()) < t || DistancePoints(q, run.back()) < t) return Refuse();
+  const bool serre = std::any_of(run.begin(), run.end(), [&](const PointTrace& p) {
+    return p.Cde == CodePC && DistancePoints(q, p) < LargeurEncoche;
+  });
   if (serre) return Refuse();
-  InserePoint(proche.fin, q);
+  InserePoint(static_cast<std::int32_t>(proche.fin), q);
   Termine(q.Seq);
   return true;
 }
@@ -110,7 +107,7 @@ bool EnleveAttache(float x, float y) {
       choisi = i;
     }
   }
-  if (choisi == 0 || 2 * Portee() < DistancePoints(clic, TraceInitial[choisi])) return Refuse();
+  if (choisi == 0 || 2 * RayonEncoche() < DistancePoints(clic, TraceInitial[choisi])) return Refuse();
   TraceInitial[choisi].Cde = CodePD;
   const Code2 code = TraceInitial[choisi].Seq;
   // The point is superfluous again where it lies on a straight line.

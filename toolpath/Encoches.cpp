@@ -5,9 +5,7 @@
 #include <limits>
 #include <span>
 
-#include "core/ReglagesCourants.h"
-#include "toolpath/Module_Decalage.h"
-#include "toolpath/Module_Sequence.h"
+#include "toolpath/Etendues.h"
 #include "toolpath/PieceEnBlocs.h"
 
 namespace ovelin {
@@ -135,12 +133,12 @@ class Ouvreur {
 
 int InterCercleSegment(const PointTrace& a, const PointTrace& b, const PointTrace& c, double r, PointTrace& p1,
                        PointTrace& p2) {
-  const double dx = static_cast<double>(b.X) - a.X;
-  const double dy = static_cast<double>(b.Y) - a.Y;
+  const double dx = Ecart(a.X, b.X);
+  const double dy = Ecart(a.Y, b.Y);
   const double longueur2 = dx * dx + dy * dy;
   if (!(longueur2 > 0)) return 0;
-  const double cx = static_cast<double>(c.X) - a.X;
-  const double cy = static_cast<double>(c.Y) - a.Y;
+  const double cx = Ecart(a.X, c.X);
+  const double cy = Ecart(a.Y, c.Y);
   // Parameter of the foot of the centre, and half the chord in the same parameter.
   const double pied = (cx * dx + cy * dy) / longueur2;
   const double travers = (cx * dy - cy * dx);
@@ -177,9 +175,5 @@ std::size_t OuvreEncoches(std::vector<PointTrace>& points, double t) {
   points.swap(resultat);
   return examines;
 }
-
-double RayonEncoche() { return LargeurEncoche / 2 + RayonFraise; }
-
-void PoseEncoches(std::vector<PointTrace>& points) { OuvreEncoches(points, RayonEncoche()); }
 
 }  // namespace ovelin

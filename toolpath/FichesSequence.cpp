@@ -16,7 +16,7 @@ SequenceInfo* Fiche(Code2 code) {
 }
 
 bool Recopie(const SequenceInfo* s, ProprietesSequence& p) {
-  p = s == nullptr ? ProprietesSequence{} : ProprietesSequence{s->Poche, s->Fraiser, s->Profondeur, s->Decalage};
+  p = s == nullptr ? ProprietesSequence{} : ProprietesDe(*s);
   return s != nullptr;
 }
 
@@ -25,8 +25,8 @@ bool Recopie(const SequenceInfo* s, ProprietesSequence& p) {
 bool LitSequence(Code2 code, ProprietesSequence& p) { return Recopie(Fiche(code), p); }
 
 bool LitSequence(const IndexCodes& index, Code2 code, ProprietesSequence& p) {
-  const std::int32_t i = index.Fiche(code);
-  return Recopie(i < 0 ? nullptr : &Sequences[static_cast<std::size_t>(i)], p);
+  const auto i = index.Fiche(code);
+  return Recopie(i ? &Sequences[*i] : nullptr, p);
 }
 
 double LitProfondeur(Code2 code) {
@@ -50,7 +50,7 @@ void SelectionCommune(ProprietesSequence& p) {
   for (const SequenceInfo& s : Sequences) {
     if (s.Selection == Faux) continue;
     if (premiere) {
-      p = {s.Poche, s.Fraiser, s.Profondeur, s.Decalage};
+      p = ProprietesDe(s);
       premiere = false;
       continue;
     }

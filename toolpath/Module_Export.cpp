@@ -78,9 +78,8 @@ bool EcritUnFichier(const std::string& chemin, const Points& points) {
   const auto parY = [](const PointTrace& a, const PointTrace& b) { return a.Y < b.Y; };
   const auto [gauche, droite] = std::minmax_element(points.begin(), points.end(), parX);
   const auto [bas, haut] = std::minmax_element(points.begin(), points.end(), parY);
-  std::string commentaire =
-      Commentaire(NomDe(chemin) + " - X=" + Formate(static_cast<double>(droite->X) - gauche->X, "0.00") +
-                  " - Y=" + Formate(static_cast<double>(haut->Y) - bas->Y, "0.00"));
+  std::string commentaire = Commentaire(NomDe(chemin) + " - X=" + Formate(Ecart(gauche->X, droite->X), "0.00") +
+                                        " - Y=" + Formate(Ecart(bas->Y, haut->Y), "0.00"));
   if (!Ecrit(points, chemin, commentaire)) return false;
   Montre("lib002", "\r\n" + commentaire, Icone::Information);
   return true;
@@ -96,7 +95,7 @@ bool EcritUnFichierParTrace(const std::string& chemin, int source) {
   std::vector<Points> traces;
   if (source == 0) {
     for (const Etendue& e : EtenduesSequences()) {
-      traces.emplace_back(TraceInitial.begin() + e.premier, TraceInitial.begin() + e.premier + e.nombre);
+      traces.push_back(CopieDe(TraceInitial, e));
     }
   } else {
     for (const SequenceDecalee& d : TraceDecale) {

@@ -13,24 +13,9 @@
 
 namespace ovelin {
 
-void NettoieChemin(std::vector<PointTrace>& chemin, float resolution) {
-  if (chemin.empty()) return;
-  std::vector<PointTrace> tampon = chemin;
-  const std::int32_t m = Biblio.NettoyageFichier(tampon, resolution);
-  // At least one point of a path stays; anything else is no answer, and the path stays as it is.
-  if (m < 1 || static_cast<std::size_t>(m) > std::min(chemin.size(), tampon.size())) return;
-  tampon.resize(static_cast<std::size_t>(m));
-  for (PointTrace& p : tampon) p.Seq = chemin.front().Seq;
-  chemin.swap(tampon);
-}
-
 namespace {
 
 constexpr std::size_t SeuilFond = 20000;  // points from which a path is worth a thread: some ten milliseconds
-
-std::vector<PointTrace> Copie(const Etendue& e) {
-  return {TraceInitial.begin() + e.premier, TraceInitial.begin() + e.premier + e.nombre};
-}
 
 void OublieOrigine() {
   OrigineX = 0;
@@ -54,16 +39,7 @@ bool LisseChemin(std::vector<PointTrace>& chemin) {
 
 // The result is built beside the drawing and takes its place at once: what is painted meanwhile is whole.
 void NettoieTout(float resolution) {
-  std::vector<PointTrace> points;
-  points.reserve(TraceInitial.size());
-  Respiration respiration;
-  for (const Etendue& e : EtenduesSequences()) {
-    respiration.Laisse();
-    std::vector<PointTrace> chemin = Copie(e);
-    TravailleSi(chemin.size() >= SeuilFond, [&] { NettoieChemin(chemin, resolution); });
-    points.insert(points.end(), chemin.begin(), chemin.end());
-  }
-  TraceInitial.swap(points);
+  TraceInitial = NettoiePoints(TraceInitial, resolution);
   NbPoints = static_cast<std::int32_t>(TraceInitial.size());
 }
 
@@ -84,7 +60,8 @@ bool mnu_Nettoyage_Click(float resolution) {
 bool LisseSequence(Code2 code) {
   const std::int32_t premier = IndexSequence(code);
   if (premier < 0) return false;
-  std::vector<PointTrace> chemin = Copie({code, premier, NbPointsSequence(premier)});
+  std::vector<PointTrace> chemin =
+      CopieDe(TraceInitial, EtendueDepuis(TraceInitial, static_cast<std::size_t>(premier)));
   if (!LisseChemin(chemin)) return false;
   RemplaceSequence(code, chemin);
   OublieOrigine();
@@ -93,23 +70,23 @@ bool LisseSequence(Code2 code) {
 
 // All selected paths are smoothed before the drawing is written anew, once.
 void LisseSelection() {
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   const std::vector<Code2> codes = CodesSelectionnes();
-  std::unordered_map<std::int32_t, std::vector<PointTrace>> lisses;  // by the first index of the run
+  std::unordered_map<std::size_t, std::vector<PointTrace>> lisses;  // by the first index of the run
   Respiration respiration;
   bool uneLissee = false;
   for (const Code2 code : codes) {
     respiration.Laisse();
-    const std::int32_t premier = index.PremierPoint(code);
-    if (premier < 0) continue;
-    const auto [it, neuf] = lisses.try_emplace(premier);
-    if (neuf) it->second = Copie({code, premier, NbPointsSequence(premier)});
+    const auto premier = index.PremierPoint(code);
+    if (!premier) continue;
+    const auto [it, neuf] = lisses.try_emplace(*premier);
+    if (neuf) it->second = CopieDe(TraceInitial, EtendueDepuis(TraceInitial, *premier));
     uneLissee = LisseChemin(it->second) || uneLissee;
   }
   std::vector<PointTrace> points;
   for (const Etendue& e : EtenduesSequences()) {
     const auto it = lisses.find(e.premier);
-    const std::vector<PointTrace> chemin = it == lisses.end() ? Copie(e) : std::move(it->second);
+    const std::vector<PointTrace> chemin = it == lisses.end() ? CopieDe(TraceInitial, e) : std::move(it->second);
     points.insert(points.end(), chemin.begin(), chemin.end());
   }
   TraceInitial.swap(points);

@@ -1,85 +1,32 @@
 #include "toolpath/Module_Ordre.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
-#include "toolpath/PointsProches.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/NoyauOrdre.h"
 
 namespace ovelin {
 
 namespace {
 
-bool EstEncoche(const PointTrace& p) { return p.Cde == CodePE || p.Cde == CodePC; }
-
-// Runs of each code, in the order of the array: a code may stand in more than one.
-using ParCode = std::unordered_map<std::uint32_t, std::vector<Etendue>>;
-
-ParCode Repertoire(const std::vector<Etendue>& etendues) {
-  ParCode repertoire;
-  for (const Etendue& e : etendues) repertoire[e.code.Cle()].push_back(e);
-  return repertoire;
-}
-
-// Index of the point of the run that is nearest to `position`; of equals the first. -1 when none can be reached.
-std::int32_t PointProche(const Etendue& e, const PointTrace& position) {
-  double meilleur = 1e15;
-  std::int32_t choisi = -1;
-  for (std::int32_t i = e.premier; i < e.premier + e.nombre; ++i) {
-    const double d = DistancePoints(position, TraceInitial[static_cast<std::size_t>(i)]);
-    if (d < meilleur) {
-      meilleur = d;
-      choisi = i;
-    }
-  }
-  return choisi;
-}
-
-// From the machine's origin on, each path starts where it is nearest to the start of the one before. The position
-// goes on from the chosen point, on open paths as well, which keep their start. A code that stands in several runs
-// has its turn at each of them.
-void ChoisitDeparts() {
-  const std::vector<Etendue> etendues = EtenduesSequences();
-  const ParCode repertoire = Repertoire(etendues);
-  std::unordered_map<std::uint32_t, PointsProches> partagees;
-  PointTrace position;
-  Respiration respiration;
-  for (const Etendue& e : etendues) {
-    respiration.Laisse();
-    const std::vector<Etendue>& siennes = repertoire.at(e.code.Cle());
-    bool tournee = false;
-    if (siennes.size() == 1) {
-      const std::int32_t choisi = PointProche(e, position);
-      if (choisi < 0) continue;
-      position = TraceInitial[static_cast<std::size_t>(choisi)];
-      tournee = TourneDepart(e, choisi);
-    } else {
-      PointsProches& points = partagees.try_emplace(e.code.Cle(), siennes).first->second;
-      const PointsProches::Choix choix = points.Cherche(position);
-      if (choix.index < 0) continue;
-      position = choix.place;
-      tournee = points.Tourne(choix.index);
-    }
-    if (tournee) Statut(SectionFenetre, "lib300");
-  }
-  for (const auto& [cle, points] : partagees) points.Applique();
-}
-
 // The table in the order of the points: first record of each code, then what has no points.
 void RangeFiches() {
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   std::vector<SequenceInfo> rangees;
   rangees.reserve(Sequences.size());
   std::vector<bool> prise(Sequences.size(), false);
   for (const Code2 code : ListeCodes()) {
-    const std::int32_t i = index.Fiche(code);
-    if (i < 0 || prise[static_cast<std::size_t>(i)]) continue;
-    prise[static_cast<std::size_t>(i)] = true;
-    rangees.push_back(Sequences[static_cast<std::size_t>(i)]);
+    const auto i = index.Fiche(code);
+    if (!i || prise[*i]) continue;
+    prise[*i] = true;
+    rangees.push_back(Sequences[*i]);
   }
   for (std::size_t i = 0; i < Sequences.size(); ++i) {
     if (!prise[i]) rangees.push_back(Sequences[i]);
@@ -91,33 +38,20 @@ void EcritOrdre(const std::vector<Etendue>& etendues) {
   std::vector<PointTrace> points;
   points.reserve(TraceInitial.size());
   for (const Etendue& e : etendues) {
-    points.insert(points.end(), TraceInitial.begin() + e.premier, TraceInitial.begin() + e.premier + e.nombre);
+    const std::span<const PointTrace> run = PointsDe(TraceInitial, e);
+    points.insert(points.end(), run.begin(), run.end());
   }
   TraceInitial.swap(points);
 }
 
 }  // namespace
 
-//     run      A B C D A        start at C:   C D A B C
-//              |_______| without the closing copy; it is made anew
-bool TourneDepart(const Etendue& sequence, std::int32_t choisi) {
-  const std::int32_t decalage = choisi - sequence.premier;
-  if (decalage <= 0 || decalage >= sequence.nombre || !EstFermee(sequence)) return false;
-  const auto debut = TraceInitial.begin() + sequence.premier;
-  const auto dernier = debut + sequence.nombre - 1;
-  std::rotate(debut, debut + decalage, dernier);
-  *dernier = *debut;
-  return true;
-}
-
 bool mnu_Optimisation_Click() {
-  if (std::any_of(TraceInitial.begin(), TraceInitial.end(), EstEncoche)) {
+  if (PorteEncoches(TraceInitial)) {
     if (Message(SectionFenetre, "lib320", Icone::Critique, Boutons::OkAnnuler) != Reponse::Ok) return false;
-    for (PointTrace& p : TraceInitial) {
-      if (EstEncoche(p)) p.Cde = CodePD;
-    }
+    OublieEncoches(TraceInitial);
   }
-  ChoisitDeparts();
+  ChoisitDeparts(TraceInitial, [] { Statut(SectionFenetre, "lib300"); });
   Statut(SectionFenetre, "lib301");
   RecalculDecalages();
   Modifie = Vrai;
@@ -162,11 +96,12 @@ bool ChangeDepart(std::int32_t index) {
   }
   Statut(SectionFenetre, "lib003");
   // The run that holds the point, from its first point on.
-  const Code2 code = TraceInitial[static_cast<std::size_t>(index)].Seq;
-  std::int32_t premier = index;
-  while (premier > 0 && TraceInitial[static_cast<std::size_t>(premier - 1)].Seq == code) --premier;
-  const Etendue sequence{code, premier, NbPointsSequence(premier)};
-  if (index == premier) {
+  const auto choisi = static_cast<std::size_t>(index);
+  const Code2 code = TraceInitial[choisi].Seq;
+  std::size_t premier = choisi;
+  while (premier > 0 && TraceInitial[premier - 1].Seq == code) --premier;
+  const Etendue sequence = EtendueDepuis(TraceInitial, premier);
+  if (choisi == premier) {
     EffaceStatut();
     return true;
   }
@@ -176,7 +111,7 @@ bool ChangeDepart(std::int32_t index) {
     Svc.Bip();
     return false;
   }
-  TourneDepart(sequence, index);
+  TourneDepart(TraceInitial, sequence, choisi);
   Statut(SectionFenetre, "lib001");
   CalculDecalage(code);
   Svc.Rafraichit();
@@ -188,7 +123,7 @@ bool ChangeDepart(std::int32_t index) {
 }
 
 void InverseSelectionnees() {
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   for (const Code2 code : CodesSelectionnes()) InverseEtendue(index.PremierPoint(code));
   RecalculDecalages();
   Modifie = Vrai;

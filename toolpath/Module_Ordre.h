@@ -3,19 +3,11 @@
 
 #include <cstdint>
 
-#include "core/Document.h"
-#include "toolpath/Module_Sequence.h"
-
 namespace ovelin {
 
 bool mnu_Optimisation_Click();          // false when the loss of attachment points was refused ("lib320")
 bool ChangeOrdre(int sens);             // CB_Ordre: 0 towards the start, 1 towards the end; false: beep
 bool ChangeDepart(std::int32_t index);  // CB_Depart: that point becomes the start; false: open path ("lib370")
 void InverseSelectionnees();            // CB_Inversion: reverses the points; the side is kept
-
-// Makes the point `choisi` the first of a closed run; the closing point becomes a copy of it. The closing point
-// itself stands where the first does: then it alone is made anew. False when the run is open, the point is its
-// first one already, or it lies outside.
-bool TourneDepart(const Etendue& sequence, std::int32_t choisi);
 
 }  // namespace ovelin

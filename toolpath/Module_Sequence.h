@@ -1,34 +1,20 @@
-// Small operations on the drawing model. They work on the document's arrays and refresh nothing.
-//
-// A look-up by one code is a scan with the first match. Who asks for all codes makes an `IndexCodes` once and calls
-// the forms that take it, so that no pass costs points times paths.
+// Small operations on the document in force; they refresh nothing. The same look-ups on values are in Etendues.h.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <unordered_map>
+#include <optional>
 #include <vector>
 
 #include "core/Document.h"
+#include "toolpath/Etendues.h"
 
 namespace ovelin {
 
-// Where each code stands first: in TraceInitial and in Sequences, as of the moment it was made.
-class IndexCodes {
- public:
-  IndexCodes();
-  [[nodiscard]] std::int32_t PremierPoint(Code2 code) const;  // -1 when there is none
-  [[nodiscard]] std::int32_t Fiche(Code2 code) const;         // index in Sequences, -1 when there is none
- private:
-  std::unordered_map<std::uint32_t, std::int32_t> points_;
-  std::unordered_map<std::uint32_t, std::int32_t> fiches_;
-};
+// Where each code stands first in TraceInitial and in Sequences, as of this moment. Who asks for all codes makes
+// one once: a look-up by one code is a scan with the first match.
+IndexCodes IndexDocument();
 
-// A run of equal `Seq`.
-struct Etendue {
-  Code2 code;
-  std::int32_t premier = 0;
-  std::int32_t nombre = 0;
-};
 // The runs of TraceInitial in order. A code that stands in two runs comes twice.
 std::vector<Etendue> EtenduesSequences();
 // One code for each change of `Seq`, in order.
@@ -44,16 +30,8 @@ void EncombrementGeneral();
 PointTrace CentreSelection();
 Code2 PlusGrandCode();
 std::int32_t NbSequences();
-Code2 CodeSuivant(Code2 code);
 
 // Records
-struct ProprietesSequence {
-  Drapeau Poche = Faux;
-  Drapeau Fraiser = Vrai;
-  double Profondeur = 0;
-  std::int16_t Decalage = 1;
-  bool operator==(const ProprietesSequence&) const = default;
-};
 bool LitSequence(Code2 code, ProprietesSequence& p);
 bool LitSequence(const IndexCodes& index, Code2 code, ProprietesSequence& p);
 double LitProfondeur(Code2 code);
@@ -76,13 +54,12 @@ void SelectionPrecedente();
 void SelectionSuivante();
 
 // Points
-double DistancePoints(const PointTrace& a, const PointTrace& b);  // mm, differences formed in 32 bits
-// A run that ends where it starts, without tolerance. A single point is closed, an empty run isn't.
+// A run of TraceInitial that ends where it starts, without tolerance.
 bool EstFermee(const Etendue& e);
 void InserePoint(std::int32_t index, const PointTrace& point);
 void RemplaceSequence(Code2 code, const std::vector<PointTrace>& points);
 void InverseSequence(Code2 code);
-void InverseEtendue(std::int32_t premier);  // the same for the run that begins there; -1: nothing
+void InverseEtendue(std::optional<std::size_t> premier);  // the same for the run that begins there
 void FermeSequences();
 void DeplaceSelection(int direction, float distance);  // 1: X, 3: Y; mm
 void SupprimeSelection();

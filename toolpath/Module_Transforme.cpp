@@ -31,12 +31,11 @@ bool RefuseCoordonnee() {
 
 // Runs of the selected records: the first of each code, as the table holds them.
 std::vector<std::pair<std::size_t, std::size_t>> EtenduesSelection() {
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   std::vector<std::pair<std::size_t, std::size_t>> bornes;
   for (const Code2 code : CodesSelectionnes()) {
-    const std::int32_t premier = index.PremierPoint(code);
-    if (premier < 0) continue;
-    bornes.emplace_back(premier, premier + NbPointsSequence(premier));
+    const auto premier = index.PremierPoint(code);
+    if (premier) bornes.emplace_back(*premier, EtendueDepuis(TraceInitial, *premier).Fin());
   }
   return bornes;
 }
@@ -72,9 +71,7 @@ void Termine() {
 
 // The sizes of the dimension fields are rounded to hundredths of a millimetre; limits are held against what they
 // show.
-double TailleAffichee(float debut, float fin) {
-  return std::nearbyint((static_cast<double>(fin) - debut) * 100) / 100;
-}
+double TailleAffichee(float debut, float fin) { return std::nearbyint(Ecart(debut, fin) * 100) / 100; }
 
 bool RefuseDimension(std::string_view cle) {
   Message("F_Dimension", cle, Icone::Critique);
@@ -91,8 +88,8 @@ bool TourneSelection(double angle, const PointTrace& centre) {
   const double c = std::cos(angle);
   const double s = std::sin(angle);
   const bool faite = Transforme(EtenduesSelection(), [&](const PointTrace& p) {
-    const double dx = static_cast<double>(p.X) - centre.X;
-    const double dy = static_cast<double>(p.Y) - centre.Y;
+    const double dx = Ecart(centre.X, p.X);
+    const double dy = Ecart(centre.Y, p.Y);
     return Lieu{centre.X + dx * c - dy * s, centre.Y + dx * s + dy * c};
   });
   if (faite) CalculDecalages(CodesSelectionnes());
@@ -102,8 +99,7 @@ bool TourneSelection(double angle, const PointTrace& centre) {
 bool EchelleSelection(float facteurX, float facteurY) {
   const PointTrace centre = CentreSelection();
   return Transforme(EtenduesSelection(), [&](const PointTrace& p) {
-    return Lieu{(static_cast<double>(p.X) - centre.X) * facteurX + centre.X,
-                (static_cast<double>(p.Y) - centre.Y) * facteurY + centre.Y};
+    return Lieu{Ecart(centre.X, p.X) * facteurX + centre.X, Ecart(centre.Y, p.Y) * facteurY + centre.Y};
   });
 }
 
@@ -115,7 +111,7 @@ bool MiroirSelection(int axe) {
   });
   if (!faite) return false;
   // The other sense of travel, so that the tool stays on the same side of the material.
-  for (const auto& [debut, fin] : bornes) InverseEtendue(static_cast<std::int32_t>(debut));
+  for (const auto& [debut, fin] : bornes) InverseEtendue(debut);
   return true;
 }
 

@@ -1,10 +1,6 @@
 // The drag knife: where closed cuts begin, and how they are lengthened.
 #pragma once
 
-#include <vector>
-
-#include "core/Document.h"
-
 namespace ovelin {
 
 // The arrow, 0 to 7: 0 upper left, 1 upper right, 2 lower right, 3 lower left, 4 top, 5 right, 6 bottom, 7 left.
@@ -12,9 +8,5 @@ namespace ovelin {
 void ChoixDepart(int index);
 // Option1 / CB_Prolongement: lengthening of closed traces on or off; all traces follow.
 void RegleProlongement(bool actif);
-
-// Lengthens one trace: a stroke of 1 mm in the margin before it, 1 mm over its start behind it. Unchanged: open
-// traces, and those without length (drilling points).
-void ProlongePoints(std::vector<PointTrace>& points);
 
 }  // namespace ovelin

@@ -4,8 +4,7 @@
 #include <cmath>
 #include <tuple>
 
-#include "core/DocumentCourant.h"
-#include "toolpath/Module_Ordre.h"
+#include "toolpath/NoyauOrdre.h"
 
 namespace ovelin {
 
@@ -18,33 +17,30 @@ constexpr double Prudence = 1 - 1e-6;
 
 }  // namespace
 
-PointsProches::PointsProches(std::span<const Etendue> etendues) : premiere_(etendues.front()) {
-  fermee_ = premiere_.nombre > 2 && EstFermee(premiere_);
+PointsProches::PointsProches(std::span<const PointTrace> points, std::span<const Etendue> etendues)
+    : premiere_(etendues.front()) {
+  fermee_ = premiere_.nombre > 2 && EstFermee(PointsDe(points, premiere_));
   modulo_ = fermee_ ? premiere_.nombre - 1 : premiere_.nombre;
-  std::vector<std::int32_t> indices;
+  std::vector<std::size_t> indices;
   for (const Etendue& e : etendues) {
     // The closing point stands behind its twin: it is never the first of two equals.
-    const std::int32_t n = e.premier == premiere_.premier ? modulo_ : e.nombre;
-    for (std::int32_t i = e.premier; i < e.premier + n; ++i) {
-      const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
-      if (std::isfinite(p.X) && std::isfinite(p.Y)) indices.push_back(i);
+    const std::size_t n = e.premier == premiere_.premier ? modulo_ : e.nombre;
+    for (std::size_t i = e.premier; i < e.premier + n; ++i) {
+      if (std::isfinite(points[i].X) && std::isfinite(points[i].Y)) indices.push_back(i);
     }
   }
-  const auto cle = [](std::int32_t i) {
-    const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
-    return std::tuple(p.X, p.Y, i);
-  };
-  std::sort(indices.begin(), indices.end(), [&](std::int32_t a, std::int32_t b) { return cle(a) < cle(b); });
-  for (const std::int32_t i : indices) {
-    const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
-    if (lieux_.empty() || !pathwerk::MemePlace(lieux_.back().place, p)) {
-      lieux_.push_back({p, -1, rangs_.size(), rangs_.size()});
+  const auto cle = [&](std::size_t i) { return std::tuple(points[i].X, points[i].Y, i); };
+  std::sort(indices.begin(), indices.end(), [&](std::size_t a, std::size_t b) { return cle(a) < cle(b); });
+  for (const std::size_t i : indices) {
+    if (lieux_.empty() || !pathwerk::MemePlace(lieux_.back().place, points[i])) {
+      lieux_.push_back({points[i], std::nullopt, rangs_.size(), rangs_.size()});
     }
     Lieu& lieu = lieux_.back();
-    if (const std::int32_t rang = i - premiere_.premier; rang >= 0 && rang < premiere_.nombre) {
-      rangs_.push_back(rang);
+    // The first run stands in front of the others.
+    if (i < premiere_.Fin()) {
+      rangs_.push_back(i - premiere_.premier);
       lieu.fin = rangs_.size();
-    } else if (lieu.autre < 0) {
+    } else if (!lieu.autre) {
       lieu.autre = i;
     }
   }
@@ -67,7 +63,7 @@ std::size_t PointsProches::Construit(std::size_t debut, std::size_t fin) {
   const std::size_t place = noeuds_.size();
   noeuds_.push_back(n);
   if (fin - debut <= TailleFeuille) return place;
-  const bool enX = static_cast<double>(n.xmax) - n.xmin >= static_cast<double>(n.ymax) - n.ymin;
+  const bool enX = Ecart(n.xmin, n.xmax) >= Ecart(n.ymin, n.ymax);
   const std::size_t milieu = debut + (fin - debut) / 2;
   const auto a = lieux_.begin();
   std::nth_element(a + static_cast<std::ptrdiff_t>(debut), a + static_cast<std::ptrdiff_t>(milieu),
@@ -82,33 +78,31 @@ std::size_t PointsProches::Construit(std::size_t debut, std::size_t fin) {
 }
 
 // A point of the first run stands in front of those of the others.
-std::int32_t PointsProches::Index(const Lieu& lieu) const {
-  if (lieu.debut == lieu.fin) return lieu.autre;
-  const auto debut = rangs_.begin() + static_cast<std::ptrdiff_t>(lieu.debut);
-  const auto fin = rangs_.begin() + static_cast<std::ptrdiff_t>(lieu.fin);
-  const auto suivant = std::lower_bound(debut, fin, tour_);
-  const std::int32_t rang = suivant != fin ? *suivant - tour_ : *debut - tour_ + modulo_;
+std::size_t PointsProches::Index(const Lieu& lieu) const {
+  if (lieu.debut == lieu.fin) return *lieu.autre;
+  const std::span<const std::size_t> rangs = std::span(rangs_).subspan(lieu.debut, lieu.fin - lieu.debut);
+  const auto suivant = std::lower_bound(rangs.begin(), rangs.end(), tour_);
+  const std::size_t rang = suivant != rangs.end() ? *suivant - tour_ : rangs.front() + modulo_ - tour_;
   return premiere_.premier + rang;
 }
 
-void PointsProches::Descend(std::size_t noeud, const PointTrace& position, double& meilleur, Choix& choix) const {
+void PointsProches::Descend(std::size_t noeud, const PointTrace& position, double& meilleur,
+                            std::optional<Choix>& choix) const {
   const Noeud& n = noeuds_[noeud];
   if (n.droite == 0) {
     for (std::size_t i = n.debut; i < n.fin; ++i) {
       const double d = DistancePoints(position, lieux_[i].place);
       if (!(d <= meilleur) || d >= DistanceMax) continue;
-      const std::int32_t index = Index(lieux_[i]);
-      if (d == meilleur && choix.index >= 0 && index > choix.index) continue;
+      const std::size_t index = Index(lieux_[i]);
+      if (d == meilleur && choix && index > choix->index) continue;
       meilleur = d;
-      choix = {index, lieux_[i].place};
+      choix = Choix{index, lieux_[i].place};
     }
     return;
   }
   const auto ecart = [&](const Noeud& m) {
-    const double dx =
-        std::max({0.0, static_cast<double>(m.xmin) - position.X, static_cast<double>(position.X) - m.xmax});
-    const double dy =
-        std::max({0.0, static_cast<double>(m.ymin) - position.Y, static_cast<double>(position.Y) - m.ymax});
+    const double dx = std::max({0.0, Ecart(position.X, m.xmin), Ecart(m.xmax, position.X)});
+    const double dy = std::max({0.0, Ecart(position.Y, m.ymin), Ecart(m.ymax, position.Y)});
     return std::hypot(dx, dy) * Prudence;
   };
   const double gauche = ecart(noeuds_[n.gauche]);
@@ -118,25 +112,24 @@ void PointsProches::Descend(std::size_t noeud, const PointTrace& position, doubl
   if (std::max(gauche, droite) <= meilleur) Descend(dAbordGauche ? n.droite : n.gauche, position, meilleur, choix);
 }
 
-PointsProches::Choix PointsProches::Cherche(const PointTrace& position) const {
-  Choix choix;
+std::optional<PointsProches::Choix> PointsProches::Cherche(const PointTrace& position) const {
+  std::optional<Choix> choix;
   double meilleur = DistanceMax;
   if (!noeuds_.empty()) Descend(0, position, meilleur, choix);
   return choix;
 }
 
-bool PointsProches::Tourne(std::int32_t index) {
-  const std::int32_t rang = index - premiere_.premier;
-  if (!fermee_ || rang <= 0 || rang >= modulo_) return false;
-  tour_ = (tour_ + rang) % modulo_;
+bool PointsProches::Tourne(std::size_t index) {
+  if (!fermee_ || index <= premiere_.premier || index >= premiere_.premier + modulo_) return false;
+  tour_ = (tour_ + index - premiere_.premier) % modulo_;
   tournee_ = true;
   return true;
 }
 
-void PointsProches::Applique() const {
+void PointsProches::Applique(std::vector<PointTrace>& points) const {
   if (!tournee_) return;
   // A start that has come round to where it was still has its closing point made anew.
-  TourneDepart(premiere_, premiere_.premier + (tour_ == 0 ? modulo_ : tour_));
+  TourneDepart(points, premiere_, premiere_.premier + (tour_ == 0 ? modulo_ : tour_));
 }
 
 }  // namespace ovelin

@@ -1,11 +1,12 @@
 // Nearest points of a path whose points stand in several runs, while its start is moved again and again.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
+#include <optional>
 #include <span>
 #include <vector>
 
-#include "toolpath/Module_Sequence.h"
+#include "toolpath/Etendues.h"
 
 namespace ovelin {
 
@@ -14,26 +15,27 @@ namespace ovelin {
 // would have by then. So a path of k runs costs k searches and one pass, not k passes.
 class PointsProches {
  public:
-  // The runs of one code, in the order of the drawing.
-  explicit PointsProches(std::span<const Etendue> etendues);
+  // The runs of one code, in the order of the drawing `points`.
+  PointsProches(std::span<const PointTrace> points, std::span<const Etendue> etendues);
 
-  // The point nearest to `position`; of equals the first of the array. -1 when none can be reached.
+  // The point nearest to a position.
   struct Choix {
-    std::int32_t index = -1;
+    std::size_t index = 0;
     PointTrace place;  // X and Y alone
   };
-  [[nodiscard]] Choix Cherche(const PointTrace& position) const;
+  // Of equals the first of the array. Nothing when none can be reached.
+  [[nodiscard]] std::optional<Choix> Cherche(const PointTrace& position) const;
   // Makes that point the first of the first run. False when the run is open, or the point is its first one or not
   // in it.
-  bool Tourne(std::int32_t index);
+  bool Tourne(std::size_t index);
   // The start as it has come out, into the drawing.
-  void Applique() const;
+  void Applique(std::vector<PointTrace>& points) const;
 
  private:
   struct Lieu {
     PointTrace place;
-    std::int32_t autre = -1;         // first index in a later run, -1 where there is none
-    std::size_t debut = 0, fin = 0;  // in `rangs_`
+    std::optional<std::size_t> autre;  // first index in a later run
+    std::size_t debut = 0, fin = 0;    // in `rangs_`
   };
   struct Noeud {
     float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
@@ -41,15 +43,15 @@ class PointsProches {
     std::size_t gauche = 0, droite = 0;  // 0: a leaf
   };
   std::size_t Construit(std::size_t debut, std::size_t fin);
-  void Descend(std::size_t noeud, const PointTrace& position, double& meilleur, Choix& choix) const;
-  [[nodiscard]] std::int32_t Index(const Lieu& lieu) const;
+  void Descend(std::size_t noeud, const PointTrace& position, double& meilleur, std::optional<Choix>& choix) const;
+  [[nodiscard]] std::size_t Index(const Lieu& lieu) const;
 
   Etendue premiere_;
   bool fermee_ = false;
   bool tournee_ = false;
-  std::int32_t tour_ = 0;            // places by which the start has moved on
-  std::int32_t modulo_ = 0;          // points of the first run, without the closing one
-  std::vector<std::int32_t> rangs_;  // of the first run, from its old start, ascending within a place
+  std::size_t tour_ = 0;            // places by which the start has moved on
+  std::size_t modulo_ = 0;          // points of the first run, without the closing one
+  std::vector<std::size_t> rangs_;  // of the first run, from its old start, ascending within a place
   std::vector<Lieu> lieux_;
   std::vector<Noeud> noeuds_;
 };

@@ -1,5 +1,7 @@
 // Changes of the points of the drawing. NbPoints is the length of the array behind each of them.
 #include <algorithm>
+#include <optional>
+#include <span>
 #include <unordered_set>
 
 #include "core/DocumentCourant.h"
@@ -44,11 +46,16 @@ void RemplaceSequence(Code2 code, const std::vector<PointTrace>& points) {
   ComptePoints();
 }
 
-void InverseSequence(Code2 code) { InverseEtendue(IndexSequence(code)); }
+void InverseSequence(Code2 code) {
+  if (const std::int32_t premier = IndexSequence(code); premier >= 0) {
+    InverseEtendue(static_cast<std::size_t>(premier));
+  }
+}
 
-void InverseEtendue(std::int32_t premier) {
-  if (premier < 0) return;
-  std::reverse(Place(premier), Place(premier + NbPointsSequence(premier)));
+void InverseEtendue(std::optional<std::size_t> premier) {
+  if (!premier) return;
+  const std::span<PointTrace> run = PointsDe(TraceInitial, EtendueDepuis(TraceInitial, *premier));
+  std::reverse(run.begin(), run.end());
 }
 
 // One pass that writes the array anew, so that closing all paths costs as much as closing one.
@@ -57,23 +64,23 @@ void FermeSequences() {
   std::vector<PointTrace> points;
   points.reserve(TraceInitial.size() + aFermer.size());
   for (const Etendue& e : EtenduesSequences()) {
-    points.insert(points.end(), Place(e.premier), Place(e.premier + e.nombre));
+    const std::span<const PointTrace> run = PointsDe(TraceInitial, e);
+    points.insert(points.end(), run.begin(), run.end());
     // The first run of a code is the one that counts.
-    if (aFermer.erase(e.code.Cle()) > 0 && !EstFermee(e)) points.push_back(*Place(e.premier));
+    if (aFermer.erase(e.code.Cle()) > 0 && !EstFermee(run)) points.push_back(run.front());
   }
   TraceInitial.swap(points);
   ComptePoints();
 }
 
 void DeplaceSelection(int direction, float distance) {
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   for (const SequenceInfo& s : Sequences) {
-    if (s.Selection == Faux) continue;
-    const std::int32_t premier = index.PremierPoint(s.Code);
-    const std::int32_t n = NbPointsSequence(premier);
-    for (std::int32_t i = premier; i < premier + n; ++i) {
-      if (direction == 1) Place(i)->X += distance;
-      if (direction == 3) Place(i)->Y += distance;
+    const auto premier = index.PremierPoint(s.Code);
+    if (s.Selection == Faux || !premier) continue;
+    for (PointTrace& p : PointsDe(TraceInitial, EtendueDepuis(TraceInitial, *premier))) {
+      if (direction == 1) p.X += distance;
+      if (direction == 3) p.Y += distance;
     }
   }
   OrigineX = 0;

@@ -1,6 +1,5 @@
 // Side, pocket, milling and depth of the selected paths.
 #include "core/DocumentCourant.h"
-#include "core/Reglages.h"
 #include "core/Services.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
@@ -34,7 +33,7 @@ bool ProfondeursDifferentes() {
 }  // namespace
 
 void DecaleSelection(std::int16_t decalage) {
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   for (SequenceInfo& s : Sequences) {
     if (s.Selection == Faux) continue;
     if (s.Decalage != decalage && (s.Decalage == DecalageInverse || decalage == DecalageInverse)) {

@@ -1,6 +1,7 @@
 #include "workspace/Module_Arbres.h"
 
 #include <algorithm>
+#include <span>
 #include <unordered_set>
 
 #include "core/DocumentCourant.h"
@@ -36,22 +37,21 @@ std::string Taille(double largeur, double hauteur) {
 }
 
 // Width and height of a run of points, mm.
-std::pair<double, double> Dimensions(const PointTrace* debut, const PointTrace* fin) {
-  if (debut == fin) return {0, 0};
-  float x0 = debut->X, x1 = x0, y0 = debut->Y, y1 = y0;
-  for (const PointTrace* p = debut; p != fin; ++p) {
-    x0 = std::min(x0, p->X), x1 = std::max(x1, p->X);
-    y0 = std::min(y0, p->Y), y1 = std::max(y1, p->Y);
+std::pair<double, double> Dimensions(std::span<const PointTrace> points) {
+  if (points.empty()) return {0, 0};
+  float x0 = points.front().X, x1 = x0, y0 = points.front().Y, y1 = y0;
+  for (const PointTrace& p : points) {
+    x0 = std::min(x0, p.X), x1 = std::max(x1, p.X);
+    y0 = std::min(y0, p.Y), y1 = std::max(y1, p.Y);
   }
-  return {static_cast<double>(x1) - static_cast<double>(x0), static_cast<double>(y1) - static_cast<double>(y0)};
+  return {Ecart(x0, x1), Ecart(y0, y1)};
 }
 
 // A stretch of an array, cut to what the array holds now.
-std::pair<const PointTrace*, const PointTrace*> Etendu(const std::vector<PointTrace>& points, std::int32_t premier,
-                                                       std::int32_t nombre) {
-  const std::size_t debut = std::min(static_cast<std::size_t>(std::max(premier, 0)), points.size());
-  const std::size_t fin = std::min(debut + static_cast<std::size_t>(std::max(nombre, 0)), points.size());
-  return {points.data() + debut, points.data() + fin};
+std::span<const PointTrace> Etendu(const std::vector<PointTrace>& points, const GroupeArbre& g) {
+  const std::size_t debut = std::min(static_cast<std::size_t>(std::max(g.premier, 0)), points.size());
+  const std::size_t fin = std::min(debut + static_cast<std::size_t>(std::max(g.nombre, 0)), points.size());
+  return std::span(points).subspan(debut, fin - debut);
 }
 
 std::unordered_set<std::uint32_t> Selectionnees() {
@@ -96,8 +96,7 @@ std::optional<Noeud> Arbre::Point(std::size_t groupe, std::size_t rang) const {
   const GroupeArbre& g = groupes[groupe];
   Noeud n;
   n.niveau = NiveauNoeud::Point;
-  n.texte =
-      Formate(static_cast<double>(p->X), FormatPoint) + " | " + Formate(static_cast<double>(p->Y), FormatPoint);
+  n.texte = Formate(p->X, FormatPoint) + " | " + Formate(p->Y, FormatPoint);
   n.cle = g.cle + ":" + std::to_string(rang);
   n.couleur = p->Cde == CodePD ? g.couleur : CouleurAutreCde;
   n.etiquette = g.premier + static_cast<std::int32_t>(rang);
@@ -113,12 +112,11 @@ void Remplissage_Trace_Initial(Arbre& arbre) {
   for (const Etendue& e : EtenduesSequences()) {
     // The single blank record of an emptied drawing is no path.
     if (e.code == Code2{} || e.code == CodeAucun) continue;
-    const auto [debut, fin] = Etendu(TraceInitial, e.premier, e.nombre);
-    const auto [largeur, hauteur] = Dimensions(debut, fin);
+    const auto [largeur, hauteur] = Dimensions(PointsDe(TraceInitial, e));
     GroupeArbre g;
     g.code = e.code;
-    g.premier = e.premier;
-    g.nombre = e.nombre;
+    g.premier = static_cast<std::int32_t>(e.premier);
+    g.nombre = static_cast<std::int32_t>(e.nombre);
     g.couleur = Regl.CouleurInitial;
     const std::string n = std::to_string(++numero);
     // The number makes the key unique where a code comes in two runs.
@@ -134,7 +132,7 @@ void Remplissage_Trace_Decale(Arbre& arbre) {
   arbre.racine = Racine("lib402", Regl.CouleurDecalage);
   const auto total = std::count_if(TraceDecale.begin(), TraceDecale.end(),
                                    [](const SequenceDecalee& d) { return !d.Points.empty(); });
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   ProprietesSequence proprietes;
   Code2 dernier = CodeAucun;
   std::int32_t numero = 0;
@@ -177,8 +175,7 @@ void RefaitTitres(Arbre& arbre, Code2 code) {
   if (arbre.sorte != SorteArbre::Initial) return;
   for (GroupeArbre& g : arbre.groupes) {
     if (g.code != code) continue;
-    const auto [debut, fin] = Etendu(TraceInitial, g.premier, g.nombre);
-    const auto [largeur, hauteur] = Dimensions(debut, fin);
+    const auto [largeur, hauteur] = Dimensions(Etendu(TraceInitial, g));
     g.texte = RefaitTitre(g.texte, largeur, hauteur);
   }
 }
@@ -194,8 +191,8 @@ ResultatClic ClicPoint(const Arbre& arbre, std::size_t groupe, std::size_t rang)
   r.croix->Seq = arbre.groupes[groupe].code;
   PointCourantX = p->X;
   PointCourantY = p->Y;
-  r.TB_X = Formate(static_cast<double>(p->X), FormatPoint);
-  r.TB_Y = Formate(static_cast<double>(p->Y), FormatPoint);
+  r.TB_X = Formate(p->X, FormatPoint);
+  r.TB_Y = Formate(p->Y, FormatPoint);
   SeqCourante = r.croix->Seq;
   Svc.Panneau(PanneauSequence, SeqCourante.Texte());
   return r;

@@ -17,9 +17,7 @@ double Affichee(double mm) { return std::nearbyint(mm * Decimales) / Decimales; 
 
 double Ecart(float debut, float fin) { return static_cast<double>(fin) - static_cast<double>(debut); }
 
-double PlusLoin(float debut, float fin) {
-  return std::max(std::abs(static_cast<double>(debut)), std::abs(static_cast<double>(fin)));
-}
+double PlusLoin(float debut, float fin) { return std::max<double>(std::abs(debut), std::abs(fin)); }
 
 AxeDimension Axe(double taille, double course, double loin) {
   AxeDimension axe;
@@ -57,8 +55,8 @@ DemandeDimension DemandeDuDocument() {
   DemandeDimension demande;
   demande.largeur = Ecart(Xmin, Xmax);
   demande.hauteur = Ecart(Ymin, Ymax);
-  demande.courseX = static_cast<double>(LimiteCourseX());
-  demande.courseY = static_cast<double>(LimiteCourseY());
+  demande.courseX = LimiteCourseX();
+  demande.courseY = LimiteCourseY();
   return demande;
 }
 

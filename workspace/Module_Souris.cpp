@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <unordered_map>
 
 #include "core/DocumentCourant.h"
@@ -79,15 +80,16 @@ void SelectionneBande(const TailleImage& taille, bool controle) {
   const float xmax = std::max(a.X, b.X);
   const float ymin = std::min(a.Y, b.Y);
   const float ymax = std::max(a.Y, b.Y);
-  const IndexCodes index;
-  std::unordered_map<std::int32_t, bool> dedans;  // by record; a code may stand in two runs
+  const IndexCodes index = IndexDocument();
+  std::unordered_map<std::size_t, bool> dedans;  // by record; a code may stand in two runs
   for (const Etendue& e : EtenduesSequences()) {
-    bool toute = true;
-    for (std::int32_t i = e.premier; toute && i < e.premier + e.nombre; ++i) {
-      const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
-      toute = p.X >= xmin && p.X <= xmax && p.Y >= ymin && p.Y <= ymax;
-    }
-    const auto [it, neuve] = dedans.try_emplace(index.Fiche(e.code), toute);
+    const std::span<const PointTrace> run = PointsDe(TraceInitial, e);
+    const bool toute = std::all_of(run.begin(), run.end(), [&](const PointTrace& p) {
+      return p.X >= xmin && p.X <= xmax && p.Y >= ymin && p.Y <= ymax;
+    });
+    const auto fiche = index.Fiche(e.code);
+    if (!fiche) continue;
+    const auto [it, neuve] = dedans.try_emplace(*fiche, toute);
     if (!neuve) it->second = it->second && toute;
   }
   if (controle) {
@@ -96,7 +98,7 @@ void SelectionneBande(const TailleImage& taille, bool controle) {
     DeselectionneTout();
   }
   for (const auto& [fiche, toute] : dedans) {
-    if (toute && fiche >= 0) Sequences[static_cast<std::size_t>(fiche)].Selection = Vrai;
+    if (toute) Sequences[fiche].Selection = Vrai;
   }
 }
 
@@ -110,10 +112,10 @@ SegmentProche SegmentLePlusProche(const std::vector<PointTrace>& points, std::in
     const PointTrace& a = points[i - 1];
     const PointTrace& b = points[i];
     if (a.Seq != b.Seq) continue;
-    const double dx = static_cast<double>(b.X) - static_cast<double>(a.X);
-    const double dy = static_cast<double>(b.Y) - static_cast<double>(a.Y);
-    const double px = static_cast<double>(x) - static_cast<double>(a.X);
-    const double py = static_cast<double>(y) - static_cast<double>(a.Y);
+    const double dx = Ecart(a.X, b.X);
+    const double dy = Ecart(a.Y, b.Y);
+    const double px = Ecart(a.X, x);
+    const double py = Ecart(a.Y, y);
     const double carre = dx * dx + dy * dy;
     const double t = carre > 0 ? std::clamp((px * dx + py * dy) / carre, 0.0, 1.0) : 0.0;
     const double ex = px - t * dx;
@@ -121,8 +123,7 @@ SegmentProche SegmentLePlusProche(const std::vector<PointTrace>& points, std::in
     const double distance = ex * ex + ey * ey;
     if (!(distance < meilleur)) continue;
     meilleur = distance;
-    proche = {a.Seq, static_cast<float>(static_cast<double>(a.X) + t * dx),
-              static_cast<float>(static_cast<double>(a.Y) + t * dy)};
+    proche = {a.Seq, static_cast<float>(a.X + t * dx), static_cast<float>(a.Y + t * dy)};
   }
   return proche;
 }
@@ -244,8 +245,7 @@ bool BandeSouris(float& x0, float& y0, float& x1, float& y1) {
 std::array<std::string, 3> PanneauxPosition(const TailleImage& taille, float x, float y) {
   if (TraceInitial.empty()) return {};
   const PointTrace p = EnDessin(taille, x, y);
-  return {"x : " + Formate(static_cast<double>(p.X), "0.00") + " mm",
-          "y : " + Formate(static_cast<double>(p.Y), "0.00") + " mm", std::string()};
+  return {"x : " + Formate(p.X, "0.00") + " mm", "y : " + Formate(p.Y, "0.00") + " mm", std::string()};
 }
 
 }  // namespace ovelin

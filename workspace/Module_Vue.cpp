@@ -24,7 +24,7 @@ constexpr double FacteurCran = 1.1;
 constexpr double CransMax = 100;  // of one turn of the wheel
 
 bool Multiplie(double facteur) {
-  Zoom = BorneZoom(static_cast<double>(Zoom) * facteur);
+  Zoom = BorneZoom(Zoom * facteur);
   return true;
 }
 
@@ -53,7 +53,7 @@ PointTrace VersDessin(const EtatVue& vue, float hauteur, const PointTrace& ecran
 
 float BorneZoom(double zoom) {
   if (std::isnan(zoom)) return 1;
-  return static_cast<float>(std::clamp(zoom, static_cast<double>(ZoomMin), static_cast<double>(ZoomMax)));
+  return static_cast<float>(std::clamp<double>(zoom, ZoomMin, ZoomMax));
 }
 
 float ZoomRectangle(float largeur, float hauteur, const TailleImage& taille, float marge) {
@@ -66,7 +66,7 @@ float ZoomRectangle(float largeur, float hauteur, const TailleImage& taille, flo
 
 float ZoomAjuste(float xmin, float xmax, float ymin, float ymax, const TailleImage& taille, float marge) {
   if (xmax == xmin && ymax == ymin) return 1;
-  return BorneZoom(static_cast<double>(ZoomRectangle(xmax - xmin, ymax - ymin, taille, marge)) / AisanceAjuste);
+  return BorneZoom(ZoomRectangle(xmax - xmin, ymax - ymin, taille, marge) / AisanceAjuste);
 }
 
 EtatVue ZoomeAuPoint(const EtatVue& vue, float hauteur, float x, float y, float facteur) {
@@ -95,7 +95,7 @@ EtatVue ZoomeSurRectangle(const EtatVue& vue, const TailleImage& taille, float x
   EtatVue nouvelle = vue;
   nouvelle.OrigineDessinX = (a.X + b.X) / 2;
   nouvelle.OrigineDessinY = (a.Y + b.Y) / 2;
-  nouvelle.Zoom = BorneZoom(static_cast<double>(zoom));
+  nouvelle.Zoom = BorneZoom(zoom);
   // A view that was panned would show the rectangle beside the picture's middle.
   nouvelle.OrigineEcranX = taille.largeur / 2;
   nouvelle.OrigineEcranY = taille.hauteur / 2;

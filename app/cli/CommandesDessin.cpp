@@ -21,8 +21,7 @@ namespace ovelin::cli {
 namespace {
 
 bool Fermee(const std::vector<PointTrace>& points, const Etendue& e) {
-  return e.nombre > 1 && pathwerk::MemePlace(points[static_cast<std::size_t>(e.premier)],
-                                             points[static_cast<std::size_t>(e.premier + e.nombre - 1)]);
+  return e.nombre > 1 && EstFermee(PointsDe(std::span(points), e));
 }
 
 // A 32-bit value as the double with the same shortest text: 20.8, not 20.799999237060547.
@@ -65,7 +64,7 @@ void AjoutePoint(std::string& sortie, const PointTrace& p, bool avecSeq) {
 
 std::string TraceEnJson() {
   std::string sortie = "{\"sequences\":[";
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   bool premier = true;
   for (const Etendue& e : EtenduesSequences()) {
     ProprietesSequence p;
@@ -80,9 +79,9 @@ std::string TraceEnJson() {
     sortie += std::string(",\"fraiser\":") + (p.Fraiser != Faux ? "true" : "false");
     sortie += ",\"profondeur\":" + Json(p.Profondeur).dump();
     sortie += ",\"points\":[";
-    for (std::int32_t i = 0; i < e.nombre; ++i) {
-      if (i > 0) sortie += ',';
-      AjoutePoint(sortie, TraceInitial[static_cast<std::size_t>(e.premier + i)], false);
+    for (std::size_t i = e.premier; i < e.Fin(); ++i) {
+      if (i > e.premier) sortie += ',';
+      AjoutePoint(sortie, TraceInitial[i], false);
     }
     sortie += "]}";
   }

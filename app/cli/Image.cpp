@@ -76,9 +76,9 @@ void DessineInitial(cairo_t* c, const Vue& vue) {
   Encre(c, Regl.CouleurInitial);
   cairo_set_line_width(c, 1.2);
   for (const Etendue& e : EtenduesSequences()) {
-    const auto debut = TraceInitial.begin() + e.premier;
-    Ligne(c, vue, debut, debut + e.nombre);
-    if (e.nombre == 2 && pathwerk::MemePlace(debut[0], debut[1])) Trou(c, vue, *debut, 3);
+    const auto run = PointsDe(TraceInitial, e);
+    Ligne(c, vue, run.begin(), run.end());
+    if (e.nombre == 2 && pathwerk::MemePlace(run[0], run[1])) Trou(c, vue, run[0], 3);
   }
   Encre(c, Regl.CouleurEncoche);
   for (const PointTrace& p : TraceInitial) {
@@ -104,7 +104,7 @@ void DessineEncoches(cairo_t* c, const Vue& vue, const std::vector<PointTrace>& 
 void DessineOutil(cairo_t* c, const Vue& vue) {
   PointTrace dernier{0, 0, CodePD, {}};
   const double pointille[] = {3, 4};
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   for (const SequenceDecalee& s : TraceDecale) {
     ProprietesSequence proprietes;
     LitSequence(index, s.Seq, proprietes);

@@ -129,11 +129,11 @@ PointTrace Centre(const Arguments& a) {
 
 void Selectionne(const std::vector<Code2>& codes) {
   DeselectionneTout();
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   for (const Code2 code : codes) {
-    const std::int32_t fiche = index.Fiche(code);
-    if (fiche < 0) throw MauvaisArgument("codes: no path \"" + code.Texte() + "\"");
-    Sequences[static_cast<std::size_t>(fiche)].Selection = Vrai;
+    const auto fiche = index.Fiche(code);
+    if (!fiche) throw MauvaisArgument("codes: no path \"" + code.Texte() + "\"");
+    Sequences[*fiche].Selection = Vrai;
   }
 }
 

@@ -125,9 +125,9 @@ TEST(Bibliotheque, SmoothingKeepsAClosedPathClosed) {
   const auto e = EtenduesSequences();
   ASSERT_EQ(e.size(), 2U);
   EXPECT_TRUE(EstFermee(e[0]));
-  EXPECT_GE(e[0].nombre, 5);
-  EXPECT_GE(e[1].nombre, 3);
-  EXPECT_EQ(NbPoints, e[0].nombre + e[1].nombre);
+  EXPECT_GE(e[0].nombre, 5U);
+  EXPECT_GE(e[1].nombre, 3U);
+  EXPECT_EQ(TraceInitial.size(), e[0].nombre + e[1].nombre);
 }
 
 TEST(Bibliotheque, ALetterWithACounterGivesTwoClosedPaths) {

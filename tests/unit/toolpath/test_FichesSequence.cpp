@@ -32,7 +32,7 @@ TEST(LitSequence, GivesTheFirstRecordOfACode) {
   ProprietesSequence p;
   EXPECT_TRUE(LitSequence(Code2(" A"), p));
   EXPECT_EQ(p, (ProprietesSequence{Faux, Vrai, -3, 1}));
-  EXPECT_TRUE(LitSequence(IndexCodes(), Code2(" B"), p));
+  EXPECT_TRUE(LitSequence(IndexDocument(), Code2(" B"), p));
   EXPECT_EQ(p, (ProprietesSequence{Vrai, Faux, -2, 3}));
   EXPECT_EQ(LitProfondeur(Code2(" B")), -2);
   EXPECT_EQ(LitFraiser(Code2(" B")), Faux);
@@ -45,7 +45,7 @@ TEST(LitSequence, GivesTheDefaultsForAnUnknownCodeAndEcritSequenceThenAddsTheRec
   EXPECT_FALSE(LitSequence(Code2("XY"), p));
   EXPECT_EQ(p, (ProprietesSequence{Faux, Vrai, 0, 1}));
   p = {Vrai, Faux, -9, 3};
-  EXPECT_FALSE(LitSequence(IndexCodes(), Code2("XY"), p));
+  EXPECT_FALSE(LitSequence(IndexDocument(), Code2("XY"), p));
   EXPECT_EQ(p, (ProprietesSequence{Faux, Vrai, 0, 1}));
   EXPECT_EQ(LitProfondeur(Code2("XY")), 0);
   EXPECT_EQ(LitFraiser(Code2("XY")), Vrai);

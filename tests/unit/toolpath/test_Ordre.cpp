@@ -334,11 +334,12 @@ void OptimiseDUnTrait() {
     }
     position = TraceInitial[static_cast<std::size_t>(choisi)];
     const std::int32_t premier = IndexSequence(code);
-    const Etendue e{code, premier, NbPointsSequence(premier)};
-    if (choisi > premier && choisi < premier + e.nombre - 1 && EstFermee(e)) {
+    const std::int32_t nombre = NbPointsSequence(premier);
+    const Etendue e{code, static_cast<std::size_t>(premier), static_cast<std::size_t>(nombre)};
+    if (choisi > premier && choisi < premier + nombre - 1 && EstFermee(e)) {
       const auto debut = TraceInitial.begin() + premier;
-      std::rotate(debut, TraceInitial.begin() + choisi, debut + e.nombre - 1);
-      *(debut + e.nombre - 1) = *debut;
+      std::rotate(debut, TraceInitial.begin() + choisi, debut + nombre - 1);
+      *(debut + nombre - 1) = *debut;
     }
   }
 }

@@ -54,13 +54,14 @@ TEST(IndexCodes, AgreesWithTheScanForEveryCode) {
   TraceInitial.push_back({9, 9, CodePD, Code2(" A")});
   NbPoints = static_cast<std::int32_t>(TraceInitial.size());
   Sequences.push_back(Sequences[1]);
-  const IndexCodes index;
+  const IndexCodes index = IndexDocument();
   for (const char* code : {" A", " B", " C", " D", "-1"}) {
-    EXPECT_EQ(index.PremierPoint(Code2(code)), IndexSequence(Code2(code))) << code;
+    const auto premier = index.PremierPoint(Code2(code));
+    EXPECT_EQ(premier ? static_cast<std::int32_t>(*premier) : -1, IndexSequence(Code2(code))) << code;
   }
-  EXPECT_EQ(index.Fiche(Code2(" A")), 0);
-  EXPECT_EQ(index.Fiche(Code2(" B")), 1);
-  EXPECT_EQ(index.Fiche(Code2(" D")), -1);
+  EXPECT_EQ(index.Fiche(Code2(" A")), 0U);
+  EXPECT_EQ(index.Fiche(Code2(" B")), 1U);
+  EXPECT_EQ(index.Fiche(Code2(" D")), std::nullopt);
 }
 
 TEST(NbPointsSequence, CountsTheRunFromAnIndex) {
@@ -178,8 +179,8 @@ TEST(EtenduesSequences, GivesStartAndLengthOfEachRun) {
   const auto e = EtenduesSequences();
   ASSERT_EQ(e.size(), 3U);
   EXPECT_EQ(e[1].code, Code2(" B"));
-  EXPECT_EQ(e[1].premier, 3);
-  EXPECT_EQ(e[1].nombre, 2);
+  EXPECT_EQ(e[1].premier, 3U);
+  EXPECT_EQ(e[1].nombre, 2U);
 }
 
 TEST(CodeSuivant, StartsWithBlankA) {

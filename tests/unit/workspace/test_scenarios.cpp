@@ -48,9 +48,9 @@ void Ouvre(const std::string& nom) {
 
 float Aire(const Etendue& e) {
   double s = 0;
-  for (std::int32_t i = e.premier; i + 1 < e.premier + e.nombre; ++i) {
-    const PointTrace& a = TraceInitial[static_cast<std::size_t>(i)];
-    const PointTrace& b = TraceInitial[static_cast<std::size_t>(i) + 1];
+  for (std::size_t i = e.premier; i + 1 < e.Fin(); ++i) {
+    const PointTrace& a = TraceInitial[i];
+    const PointTrace& b = TraceInitial[i + 1];
     s += static_cast<double>(a.X) * static_cast<double>(b.Y) - static_cast<double>(b.X) * static_cast<double>(a.Y);
   }
   return static_cast<float>(s / 2);
@@ -84,15 +84,15 @@ const Travail Travaux[] = {
        EXPECT_TRUE(AppliqueMateriau(4));
        EntreMiniEncoche("1,5");
        const Etendue c = Contour();
-       const auto milieu = [&](std::int32_t i) {
-         const PointTrace& a = TraceInitial[static_cast<std::size_t>(c.premier + i)];
-         const PointTrace& b = TraceInitial[static_cast<std::size_t>(c.premier + i + 1)];
+       const auto milieu = [&](std::size_t i) {
+         const PointTrace& a = TraceInitial[c.premier + i];
+         const PointTrace& b = TraceInitial[c.premier + i + 1];
          return std::pair{(a.X + b.X) / 2, (a.Y + b.Y) / 2};
        };
        int posees = 0;
-       for (std::int32_t i = 0; i + 1 < c.nombre && posees < 2; ++i) {
-         const PointTrace& a = TraceInitial[static_cast<std::size_t>(c.premier + i)];
-         const PointTrace& b = TraceInitial[static_cast<std::size_t>(c.premier + i + 1)];
+       for (std::size_t i = 0; i + 1 < c.nombre && posees < 2; ++i) {
+         const PointTrace& a = TraceInitial[c.premier + i];
+         const PointTrace& b = TraceInitial[c.premier + i + 1];
          if (DistancePoints(a, b) < 20) continue;
          const auto [x, y] = milieu(i);
          if (AjouteAttache(x, y)) ++posees;

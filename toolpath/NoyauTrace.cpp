@@ -1,0 +1,146 @@
+#include "toolpath/NoyauTrace.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+#include "core/Nombres.h"
+#include "core/Services.h"
+#include "toolpath/Bibliotheque.h"
+#include "toolpath/Encoches.h"
+#include "toolpath/Prolongement.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr float ToleranceDecalage = 0.01F;         // mm
+constexpr std::int32_t RecouvrementContour = 100;  // asks for the single offset curve
+constexpr std::int16_t DecalageSurLigne = 2;
+
+// Points from which a path is worth a thread: below, its trace is there in some milliseconds. A pocket makes many
+// rings out of few points.
+constexpr std::size_t SeuilFond = 4000;
+constexpr std::size_t SeuilFondPoche = 200;
+
+bool EstPercage(std::span<const PointTrace> points) {
+  return points.size() == 2 && pathwerk::MemePlace(points[0], points[1]);
+}
+
+// Pieces are runs of equal `Seq`; each becomes an entry of the path.
+std::vector<SequenceDecalee> Morceaux(Code2 code, const std::vector<PointTrace>& points) {
+  std::vector<SequenceDecalee> entrees;
+  for (auto debut = points.begin(); debut != points.end();) {
+    const auto fin = std::find_if(debut, points.end(), [&](const PointTrace& p) { return p.Seq != debut->Seq; });
+    entrees.push_back({code, {debut, fin}});
+    debut = fin;
+  }
+  return entrees;
+}
+
+// The points of a path of two points at least become its trace.
+TraceCalculee Trace(Code2 code, std::vector<PointTrace>& points, const ProprietesSequence& s,
+                    const ParametresTrace& p) {
+  TraceCalculee trace;
+  if (!EstPercage(points)) {
+    if (s.Decalage != DecalageSurLigne) {
+      const float rayon = EnFloat(p.rayon);
+      trace.reussie = Biblio.DecalSequence(points, ToleranceDecalage, s.Decalage == 1 ? rayon : -rayon,
+                                           s.Poche != Faux ? p.recouvrement : RecouvrementContour) != 0;
+    }
+    // Also behind a failure, on whatever came back.
+    OuvreEncoches(points, p.encoche);
+  }
+  if (!trace.reussie) {
+    trace.entrees.push_back({code, {}});
+    return trace;
+  }
+  trace.entrees = Morceaux(code, points);
+  if (p.prolongement) {
+    for (SequenceDecalee& d : trace.entrees) ProlongePoints(d.Points);
+  }
+  return trace;
+}
+
+// Two characters hold the number: from 100 on its first two digits.
+Code2 NumeroTrace(long n) {
+  char texte[24];
+  std::snprintf(texte, sizeof texte, "%02ld", n);
+  return Code2(std::string_view(texte).substr(0, 2));
+}
+
+}  // namespace
+
+double RayonEncocheDe(const Reglages& reglages) { return reglages.LargeurEncoche / 2 + reglages.RayonFraise; }
+
+ParametresTrace ParametresTraceDe(const Reglages& reglages, bool prolongement) {
+  return {reglages.RayonFraise, reglages.PCPoche, RayonEncocheDe(reglages), prolongement};
+}
+
+std::optional<TraceCalculee> CalculeTrace(std::span<const PointTrace> chemin, Code2 code,
+                                          const ProprietesSequence& proprietes, const ParametresTrace& parametres) {
+  if (chemin.size() < 2) return std::nullopt;
+  std::vector<PointTrace> points(chemin.begin(), chemin.end());
+  TraceCalculee trace;
+  TravailleSi(points.size() >= (proprietes.Poche != Faux ? SeuilFondPoche : SeuilFond),
+              [&] { trace = Trace(code, points, proprietes, parametres); });
+  return trace;
+}
+
+void PoseTrace(std::vector<SequenceDecalee>& traces, Code2 code, TraceCalculee&& trace) {
+  const auto sien = [&](const SequenceDecalee& d) { return d.Seq == code; };
+  const auto debut = std::find_if(traces.begin(), traces.end(), sien);
+  const auto fin = trace.reussie ? std::find_if_not(debut, traces.end(), sien) : traces.end();
+  const auto place = traces.erase(debut, fin);
+  traces.insert(place, std::make_move_iterator(trace.entrees.begin()),
+                std::make_move_iterator(trace.entrees.end()));
+}
+
+// A code comes more than once where its points stand in several runs. Its trace is that of its first run every
+// time, so it is computed once; the table takes the same outcome in again.
+bool CalculeTraces(const Document& document, std::span<const Code2> codes, const ParametresTrace& parametres,
+                   std::vector<SequenceDecalee>& traces, const std::function<void()>& avance) {
+  const std::span<const PointTrace> points(document.TraceInitial);
+  const IndexCodes index(document);
+  TableTraces table(traces);
+  bool uneReussie = false;
+  std::unordered_set<std::uint32_t> calcules;
+  for (const Code2 code : codes) {
+    avance();
+    if (code == CodeAucun) continue;
+    if (!calcules.insert(code.Cle()).second) {
+      table.Repete(code);
+      continue;
+    }
+    const auto premier = index.PremierPoint(code);
+    if (!premier) continue;
+    const ProprietesSequence proprietes = ProprietesDe(document.Sequences, index, code);
+    std::optional<TraceCalculee> trace =
+        CalculeTrace(PointsDe(points, EtendueDepuis(points, *premier)), code, proprietes, parametres);
+    if (!trace) continue;
+    uneReussie = uneReussie || trace->reussie;
+    table.Remplace(code, std::move(*trace));
+  }
+  traces = table.Rend(traces);
+  return uneReussie;
+}
+
+void NumeroteTraces(std::vector<SequenceDecalee>& traces) {
+  long numero = 0;
+  for (SequenceDecalee& d : traces) {
+    if (d.Points.empty()) continue;
+    const Code2 seq = NumeroTrace(++numero);
+    for (PointTrace& p : d.Points) p.Seq = seq;
+  }
+}
+
+void TraceDocument(Document& document, const ParametresTrace& parametres) {
+  document.TraceDecale.clear();
+  CalculeTraces(document, CodesDe(document.TraceInitial), parametres, document.TraceDecale, [] {});
+  NumeroteTraces(document.TraceDecale);
+}
+
+}  // namespace ovelin

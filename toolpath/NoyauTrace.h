@@ -1,0 +1,48 @@
+// The kernel of the traces: a path into its offset trace, and the table of all traces. Values in, values out; of
+// the outside world only the pulse of long passes and the thread for long paths.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "core/Document.h"
+#include "core/Reglages.h"
+#include "toolpath/Etendues.h"
+#include "toolpath/TableTraces.h"
+
+namespace ovelin {
+
+// What all traces depend on beside paths and records.
+struct ParametresTrace {
+  double rayon = 0;               // of the tool, mm
+  std::int16_t recouvrement = 0;  // of pockets, per cent
+  double encoche = 0;             // radius of a notch around its mark, mm
+  bool prolongement = false;      // drag knife: closed traces are lengthened
+};
+ParametresTrace ParametresTraceDe(const Reglages& reglages, bool prolongement);
+// Radius of a notch around its mark: half its width and the radius of the tool, mm.
+double RayonEncocheDe(const Reglages& reglages);
+
+// The trace of one path. Nothing when it is too short to have one.
+std::optional<TraceCalculee> CalculeTrace(std::span<const PointTrace> chemin, Code2 code,
+                                          const ProprietesSequence& proprietes, const ParametresTrace& parametres);
+
+// The table `traces` behind the trace of one path: its entries are replaced where they stand; without any they come
+// last. A failed path leaves one entry without points and drops the entries behind it.
+void PoseTrace(std::vector<SequenceDecalee>& traces, Code2 code, TraceCalculee&& trace);
+
+// The table `traces` of a document behind `codes`, computed in that order. `avance` is called before each code.
+// True when one of them came to its end.
+bool CalculeTraces(const Document& document, std::span<const Code2> codes, const ParametresTrace& parametres,
+                   std::vector<SequenceDecalee>& traces, const std::function<void()>& avance);
+
+// The number in the points of each trace: the position of its record among those that have points, for the eye.
+void NumeroteTraces(std::vector<SequenceDecalee>& traces);
+
+// All traces of a document, as values: TraceDecale is made anew.
+void TraceDocument(Document& document, const ParametresTrace& parametres);
+
+}  // namespace ovelin
