@@ -36,7 +36,7 @@ struct Document {
   // larger than the array: every walk is bounded by the array.
   std::int32_t NbPoints = 0;
   // One record a code; look-ups take the first match. Never empty: one blank record while there is no path.
-  std::vector<SequenceInfo> Sequences{SequenceInfo{}};
+  std::vector<SequenceInfo> Sequences = std::vector<SequenceInfo>(1);
   // Derived from the source, the table and the tool; never stored.
   std::vector<SequenceDecalee> TraceDecale;
 
@@ -56,6 +56,7 @@ struct Document {
   float OrigineX = 0, OrigineY = 0;       // marked position on the plot, mm
   double EchelleX = 1.0, EchelleY = 1.0;  // ratios of the dimension dialog
   Drapeau Prolongement = Faux;            // drag knife: closed traces are lengthened. Off after each start
+  bool operator==(const Document&) const = default;
 };
 
 }  // namespace ovelin

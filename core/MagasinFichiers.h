@@ -2,28 +2,16 @@
 // writes of a batch that have not reached the disk. Used by Cles.cpp and by the project writer.
 #pragma once
 
-#include <sys/stat.h>
-
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
+#include "core/Empreinte.h"
 #include "core/FichierIni.h"
 
 namespace ovelin::magasin {
-
-// What tells one state of a file from another without reading it.
-struct Empreinte {
-  bool existe = false;
-  dev_t volume = 0;
-  ino_t numero = 0;
-  off_t taille = 0;
-  timespec contenu{}, fiche{};
-  bool operator==(const Empreinte& o) const;
-};
-Empreinte Releve(const std::string& chemin);
 
 // The file as it stands, read again only when it has changed on disk. Empty when there is none.
 const FichierIni& Ini(const std::string& chemin);

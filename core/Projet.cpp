@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <limits>
 #include <new>
 #include <span>
 #include <string_view>
@@ -67,68 +66,27 @@ void AvertitTronque(const std::string& chemin) {
   MessageFichier("erreurs", "102", "\n" + chemin, Icone::Exclamation, chemin);
 }
 
-bool Refuse(const std::string& chemin, std::string_view section, std::string_view cle,
-            const std::string& suite = "") {
-  MessageFichier(section, cle, suite, Icone::Critique, chemin);
+bool MontreRefus(const RefusFichier& refus) {
+  MessageFichier(refus.section, refus.cle, refus.suite, Icone::Critique, refus.fichier);
   return false;
 }
 
-// A project as it was read, nothing of the document touched yet.
-struct Lecture {
-  bool lue = false;
-  ErreurSysteme raison;  // why not
-  bool memoire = false;  // for want of memory
-  bool tronque = false;  // the end of the file is missing
-  ContenuProjet contenu;
-  magasin::Reglages reglages;
-};
-
-Lecture Lit(const std::string& chemin, bool tout) {
-  Lecture l;
-  try {
-    const auto octets = LitFichierEntier(chemin, &l.raison);
-    if (!octets) return l;
-    if (tout) {
-      l.contenu = LitTexteProjet(*octets);
-      l.reglages = IndexeReglages(*octets);
-      l.tronque = EstTronque(*octets);
-    } else {
-      l.contenu.Recensement = RecenseProjet(*octets);
-    }
-    l.lue = true;
-  } catch (const std::bad_alloc&) {
-    l.memoire = true;
-  }
-  return l;
-}
-
-// The reading, on a thread when it is worth one; what could not be read is told. Either way the count of the
-// drawing that stood is gone.
-Lecture LitOuRefuse(const std::string& chemin, bool tout) {
+// The reading, on a thread when it is worth one. Either way the count of the drawing that stood is gone.
+ProjetLu LitEnFond(const std::string& chemin, ProjetLu (*lecture)(const std::string&)) {
   NbPoints = 0;
   std::error_code erreur;
   const std::uintmax_t taille = std::filesystem::file_size(chemin, erreur);
-  Lecture l;
-  TravailleSi(!erreur && taille >= SeuilFondOctets, [&] { l = Lit(chemin, tout); });
-  if (l.memoire) {
-    Refuse(chemin, "F_Representation", "lib114");
-  } else if (!l.lue) {
-    Refuse(chemin, "F_Representation", "lib110", "\n" + chemin + ": " + l.raison);
-  }
-  return l;
+  ProjetLu lu;
+  TravailleSi(!erreur && taille >= SeuilFondOctets, [&] { lu = lecture(chemin); });
+  return lu;
 }
 
-// Takes the count and the bounds of what has been read; refusals are shown.
-bool Verifie(const std::string& chemin, const RecensementProjet& r) {
-  const auto refuse = [&chemin](const char* cle) { return Refuse(chemin, "erreurs", cle); };
-  // A file of empty lines could hold more of them than the count can tell.
-  if (r.NbPoints == 0 || r.NbPoints > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
-    return refuse("100");
-  }
-  NbPoints = static_cast<std::int32_t>(r.NbPoints);
-  Xmin = r.Xmin, Xmax = r.Xmax, Ymin = r.Ymin, Ymax = r.Ymax;
-  if (Xmin == Xmax && Ymin == Ymax) return refuse("101");
-  return true;
+// Count and bounds come into force also where a project is refused for them.
+bool PrendRecensement(const ProjetLu& lu) {
+  const Document& d = lu.document;
+  NbPoints = d.NbPoints;
+  if (NbPoints > 0) Xmin = d.Xmin, Xmax = d.Xmax, Ymin = d.Ymin, Ymax = d.Ymax;
+  return lu.refus ? MontreRefus(*lu.refus) : true;
 }
 
 }  // namespace
@@ -173,34 +131,33 @@ ErreurSysteme EcrireProjet(const std::string& chemin) {
   return erreur;
 }
 
-bool VerifierProjet(const std::string& chemin) {
-  const Lecture l = LitOuRefuse(chemin, false);
-  return l.lue && Verifie(chemin, l.contenu.Recensement);
-}
+bool VerifierProjet(const std::string& chemin) { return PrendRecensement(LitEnFond(chemin, RecenseFichierProjet)); }
 
 bool LireProjet(const std::string& chemin) {
   if (chemin.empty()) return false;
+  return PrendProjet(chemin, LitEnFond(chemin, LitProjet));
+}
+
+bool PrendProjet(const std::string& chemin, ProjetLu&& lu) {
   Doc.EchelleX = 1.0;
   Doc.EchelleY = 1.0;
   const LotCles lot;  // some thirty keys out of one reading of the project
-  const magasin::Empreinte avant = magasin::Releve(chemin);
-  Lecture l = LitOuRefuse(chemin, true);
-  if (!l.lue || !Verifie(chemin, l.contenu.Recensement)) return false;
-  if (chemin == FichierCourant) magasin::PoseProjet(chemin, avant, std::move(l.reglages));
+  if (!PrendRecensement(lu)) return false;
+  if (chemin == FichierCourant) magasin::PoseProjet(chemin, lu.avant, std::move(lu.reglages));
 
   FichierProjet = "Chargt";
   LitMateriau();
   LitOutil();
-  TraceInitial = std::move(l.contenu.Points);
-  Sequences = std::move(l.contenu.Sequences);
-  if (l.contenu.LargeurEncoche) Regl.LargeurEncoche = *l.contenu.LargeurEncoche;
-  if (l.contenu.MiniEncoche) Regl.MiniEncoche = *l.contenu.MiniEncoche;
+  TraceInitial = std::move(lu.document.TraceInitial);
+  Sequences = std::move(lu.document.Sequences);
+  if (lu.LargeurEncoche) Regl.LargeurEncoche = *lu.LargeurEncoche;
+  if (lu.MiniEncoche) Regl.MiniEncoche = *lu.MiniEncoche;
   if (Crochets.ChercheMateriau != nullptr) Crochets.ChercheMateriau();
   CompleteSequences(Sequences, TraceInitial, Regl.ProfFraisage);
   if (Crochets.ChargeTable != nullptr) Crochets.ChargeTable();
   LitCouleurs();
   LitOptions();
-  if (l.tronque) AvertitTronque(chemin);
+  if (lu.tronque) AvertitTronque(chemin);
   return true;
 }
 

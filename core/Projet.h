@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/Fichiers.h"
+#include "core/LectureProjet.h"
 
 namespace ovelin {
 
@@ -19,6 +20,8 @@ std::string LignesReglages(const std::string& chemin);
 // "101" of "erreurs", "lib110" with the system's reason for a file that can't be read), and the document is
 // unchanged apart from NbPoints and the bounds.
 bool LireProjet(const std::string& chemin);
+// The second half: a project that has been read comes into force, as by LireProjet.
+bool PrendProjet(const std::string& chemin, ProjetLu&& lu);
 // The first pass alone: NbPoints and the bounds from the file. False with the message as above.
 bool VerifierProjet(const std::string& chemin);
 

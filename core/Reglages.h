@@ -43,6 +43,7 @@ struct Reglages {
   bool DebugZENIK = false;
   float Resolution = 0;            // mm, clean-up tolerance chosen; 0: none
   float ToleranceSoudure = 0.01F;  // mm, ends nearer than this are joined on reading
+  bool operator==(const Reglages&) const = default;
 };
 
 }  // namespace ovelin

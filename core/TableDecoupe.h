@@ -13,6 +13,7 @@ struct Deplacement {
   float Vitesse = 0;                    // mm/s along the path
   std::int32_t Reserve1 = 0, Reserve2 = 0;
   std::int32_t Ticks = 0;  // written by the run alone
+  bool operator==(const Deplacement&) const = default;
 };
 static_assert(sizeof(Deplacement) == 40);
 
@@ -26,6 +27,7 @@ struct EtatPlan {
   // short job is the plain sum, and over a million rows the place is still that of the drawing.
   double ResteX = 0, ResteY = 0, ResteZ = 0;
   std::int16_t PassePremiere = 0;  // number of the pass of the current path, from 1
+  bool operator==(const EtatPlan&) const = default;
 };
 
 }  // namespace ovelin

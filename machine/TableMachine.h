@@ -13,6 +13,7 @@ struct TableMachine {
   std::int32_t PasTourX = 48, PasTourY = 48, PasTourZ = 48;        // steps per turn, division included
   double TransmissionX = 1, TransmissionY = 1, TransmissionZ = 1;  // mm per turn
   float VitesseMaxX = 5, VitesseMaxY = 5, VitesseMaxZ = 5;         // mm/s with ramp
+  bool operator==(const TableMachine&) const = default;
 };
 
 }  // namespace ovelin

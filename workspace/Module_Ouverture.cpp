@@ -1,7 +1,8 @@
 #include "workspace/Module_Ouverture.h"
 
-#include <cmath>
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <new>
 #include <utility>
 #include <vector>
@@ -27,105 +28,66 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Representation";
-constexpr std::int32_t TropPeuDePoints = -109;
-constexpr std::int32_t SansMessage = -101;        // the one number whose box has no line of the library's
-constexpr std::int32_t SeuilOptimisation = 5000;  // points; a larger drawing keeps its order, for time
-constexpr float Marge = 5;                        // mm between the drawing and the machine's origin
-
-// One record for each change of `Seq` along the points.
-void RemplitSequences() {
-  Sequences.assign(1, SequenceInfo{});
-  Code2 dernier = CodeAucun;
-  for (const PointTrace& point : TraceInitial) {
-    if (point.Seq == dernier) continue;
-    dernier = point.Seq;
-    const SequenceInfo fiche{dernier, Faux, ProfFraisage, Vrai, 1, Vrai};
-    if (Sequences.size() == 1 && Sequences[0].Code == Code2{}) {
-      Sequences[0] = fiche;
-    } else {
-      Sequences.push_back(fiche);
-    }
-  }
-}
-
-// What the library gives, nothing of the document touched yet.
-struct DessinLu {
-  std::vector<PointTrace> points;
-  std::int32_t nombre = 0;
-  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
-  std::string message = std::string(pathwerk::LongueurMessage, ' ');
-  pathwerk::RapportLecture rapport;
-};
+// Status panel of what the reader has left out, kind by kind with its count.
+constexpr int PanneauEcartes = 5;
+constexpr int PanneauNettoyage = 2;
 
 // The reading runs on a thread where there is one; then nobody can follow its share done, and the bar moves without
 // a total.
-DessinLu LitFichierDessin(const std::string& chemin) {
-  DessinLu lu;
-  lu.points.assign(1, PointTrace{});
-  lu.xmin = Xmin, lu.xmax = Xmax, lu.ymin = Ymin, lu.ymax = Ymax;
-  pathwerk::OptionsLecture options;
-  options.ToleranceSoudure = static_cast<double>(Regl.ToleranceSoudure);
+DessinLu LitEtranger(const std::string& chemin) {
   constexpr int Centiemes = 100;
   int montres = 0;
+  std::function<void(double)> avancement;
   if (!Svc.EnFond) {
-    options.Avancement = [&montres](double part) {
+    avancement = [&montres](double part) {
       for (; montres < Centiemes && montres < part * Centiemes; ++montres) Svc.AvancementPlus();
     };
   }
   Svc.AvancementDebut(Traduire(Section, "lib201"), Svc.EnFond ? 0 : Centiemes);
   Svc.LaisseEvenements(Evenements::Affichage);
-  Travaille([&] {
-    lu.nombre = pathwerk::LireFichier(lu.points, chemin, lu.xmin, lu.xmax, lu.ymin, lu.ymax, lu.message, options,
-                                      lu.rapport);
-  });
+  DessinLu lu;
+  const Reglages reglages = Regl;
+  Travaille([&] { lu = LitDessin(chemin, reglages, avancement); });
   Svc.AvancementFin();
   return lu;
 }
 
-void LitDessin(ContenuLu& contenu) {
-  DessinLu lu = LitFichierDessin(FichierCourant);
-  TraceInitial = std::move(lu.points);
-  NbPoints = lu.nombre;
-  if (NbPoints < 0) TraceInitial.clear();
-  Xmin = contenu.xmin = lu.xmin;
-  Xmax = contenu.xmax = lu.xmax;
-  Ymin = contenu.ymin = lu.ymin;
-  Ymax = contenu.ymax = lu.ymax;
-  contenu.points = NbPoints;
-  contenu.message = Rogne(lu.message);
-  contenu.rapport = std::move(lu.rapport);
-  RemplitSequences();
-  contenu.sequences = TraceInitial.empty() ? 0 : NbSequences();
+// A project from a size on that is worth a thread.
+DessinLu LitProjetEnFond(const std::string& chemin) {
+  constexpr std::uintmax_t seuilFond = 300000;  // bytes; below, it is there in some milliseconds
+  NbPoints = 0;                                 // the count of the drawing that stood is gone
+  std::error_code erreur;
+  const std::uintmax_t taille = std::filesystem::file_size(chemin, erreur);
+  DessinLu lu;
+  const Reglages reglages = Regl;
+  TravailleSi(!erreur && taille >= seuilFond, [&] { lu = LitDessin(chemin, reglages, {}); });
+  return lu;
 }
 
-// Status panel of what the reader has left out, kind by kind with its count.
-constexpr int PanneauEcartes = 5;
+// The points and records of a foreign drawing come into force; bounds only where there are points.
+void PrendDessin(Document&& d) {
+  TraceInitial = std::move(d.TraceInitial);
+  NbPoints = d.NbPoints;
+  Sequences = std::move(d.Sequences);
+  if (!TraceInitial.empty()) Xmin = d.Xmin, Xmax = d.Xmax, Ymin = d.Ymin, Ymax = d.Ymax;
+}
 
-// The size dialog, then the clean-up: the machine's finest step stands to the diagonal of its travel as the
-// tolerance to the diagonal of the drawing, so that a drawing of any size keeps the same share of its points.
-void DimensionneEtNettoie() {
-  EncombrementGeneral();
-  DemandeDimension demande;
-  demande.largeur = static_cast<double>(Xmax) - static_cast<double>(Xmin);
-  demande.hauteur = static_cast<double>(Ymax) - static_cast<double>(Ymin);
-  demande.courseX = LimiteCourseX();
-  demande.courseY = LimiteCourseY();
-  Svc.Dimensionne(demande);
-  Doc.EchelleX = demande.rapportX;
-  Doc.EchelleY = demande.rapportY;
-  if (demande.rapportX != 1.0 || demande.rapportY != 1.0) {
-    for (PointTrace& point : TraceInitial) {
-      point.X = static_cast<float>(static_cast<double>(point.X) * demande.rapportX);
-      point.Y = static_cast<float>(static_cast<double>(point.Y) * demande.rapportY);
-    }
-    EncombrementGeneral();
-  }
-  Svc.Panneau(2, Traduire(Section, "lib202"));
-  const double d = std::hypot(static_cast<double>(Xmax) - static_cast<double>(Xmin),
-                              static_cast<double>(Ymax) - static_cast<double>(Ymin));
-  const double D = std::hypot(LireNombreTable("TB_SAV_18", 1000), LireNombreTable("TB_SAV_19", 600));
-  if (D > 0) NettoieTout(static_cast<float>(ResolutionFine() / D * d));
-  EncombrementGeneral();
+MesuresMachine Mesures() {
+  MesuresMachine m;
+  m.courseX = LimiteCourseX();
+  m.courseY = LimiteCourseY();
+  m.diagonaleX = LireNombreTable("TB_SAV_18", 1000);
+  m.diagonaleY = LireNombreTable("TB_SAV_19", 600);
+  m.resolution = ResolutionFine();
+  return m;
+}
+
+EtapesOuverture Etapes() {
+  EtapesOuverture etapes;
+  etapes.Dimensionne = [](DemandeDimension& demande) { Svc.Dimensionne(demande); };
+  etapes.Nettoie = [] { Svc.Panneau(PanneauNettoyage, Traduire(Section, "lib202")); };
+  etapes.Optimise = [](Document&) { mnu_Optimisation_Click(); };
+  return etapes;
 }
 
 bool BinaireOuNul(const std::string& octets) {
@@ -157,20 +119,102 @@ void AvertitTronque() {
   MessageFichier("erreurs", "102", "\n" + FichierCourant, Icone::Exclamation, FichierCourant);
 }
 
-}  // namespace
-
-void MontreRefusLecture(const ContenuLu& contenu) {
+void MontreRefus(const RefusFichier& refus) {
   Boite boite;
-  boite.section = Section;
-  boite.cle = "lib" + std::to_string(-static_cast<long>(NbPoints));
-  boite.texte = Traduire(boite.section, boite.cle) + " (" + ExtensionCourante + ")";
-  if (NbPoints != SansMessage && !contenu.message.empty()) boite.texte += "\n" + contenu.message;
+  boite.section = refus.section;
+  boite.cle = refus.cle;
+  boite.texte = Traduire(boite.section, boite.cle) + refus.suite;
   boite.titre = NomProgramme;
   boite.icone = Icone::Critique;
-  boite.fichier = FichierCourant;
-  boite.ligne = contenu.rapport.Ligne;
+  boite.fichier = refus.fichier;
+  boite.ligne = refus.ligne;
   Svc.Montre(boite);
 }
+
+std::string ChoisitDessin() {
+  DialogueFichier dialogue;
+  dialogue.cle = "mnu_Ouvrir";
+  dialogue.titre = Traduire(Section, "lib007");
+  dialogue.filtre = dialogue.titre;
+  dialogue.motif = MotifDessins();
+  dialogue.propose = LireCle("Fichier", "");
+  return Svc.ChoisitFichier(dialogue);
+}
+
+// What an opening puts in force before a byte of the file is looked at.
+void CommenceOuverture(const std::string& chemin, const OptionsOuverture& options) {
+  Svc.DessinOuvert(false);
+  FichierCourant = chemin;
+  if (options.ecritFichier) {
+    for (const auto& [cle, valeur] : ClesOuverture(chemin)) EcrireCle(cle, valeur);
+    Svc.FichierRecent(chemin);
+  }
+  ExtensionCourante = ExtensionDe(chemin);
+  FichierProjet.clear();
+  Prolongement = Faux;
+  SeqCourante = CodeAucun;
+  EffaceTousInstantanes();
+  if (options.rendUniforme) RendUniforme(chemin);
+  if (!EstProjet(chemin)) TraceDecale.clear();
+}
+
+// False when it is refused, which has been told.
+bool PrendProjetLu(DessinLu& lu) {
+  if (!PrendProjet(lu.chemin, std::move(*lu.projet))) return false;
+  FichierProjet = lu.chemin;
+  Modifie = Vrai;
+  LitReglagesDocument();
+  return true;
+}
+
+// The same for a foreign drawing, which becomes a job of this machine.
+bool PrendEtranger(DessinLu& lu) {
+  PrendDessin(std::move(lu.document));
+  Svc.LaisseEvenements(Evenements::Affichage);
+  LitReglagesDocument();
+  if (lu.refus) {
+    MontreRefus(*lu.refus);
+    return false;
+  }
+  if (lu.contenu.rapport.Tronque) AvertitTronque();
+  PrepareDessin(Doc, Mesures(), Etapes());
+  return true;
+}
+
+// Traces, focus and status bar of a drawing that stands.
+void AcheveOuverture(const std::string& ecartes) {
+  Svc.LaisseEvenements(Evenements::Affichage);
+  RecalculDecalages();
+  Svc.LaisseEvenements(Evenements::Affichage);
+  EncombrementGeneral();
+  SeqCourante = TraceInitial.front().Seq;
+  PointCourantX = TraceInitial.front().X;
+  PointCourantY = TraceInitial.front().Y;
+  Svc.Panneau(1, " " + NomDe(FichierCourant));
+  Svc.Panneau(PanneauEcartes, ecartes);
+  // The view, the lists and the picture of a large drawing take their time one by one.
+  Svc.LaisseEvenements(Evenements::Affichage);
+  Svc.DessinOuvert(true);
+  Svc.LaisseEvenements(Evenements::Affichage);
+  Svc.Rafraichit();
+}
+
+// What has been read comes into force, in the order of the steps. `contenu`, when given, takes what was read.
+Ouverture MetEnVigueur(DessinLu& lu, ContenuLu* contenu) {
+  const bool projet = lu.projet.has_value();
+  const bool pris = projet ? PrendProjetLu(lu) : PrendEtranger(lu);
+  if (pris) AcheveOuverture(lu.contenu.message);
+  if (pris && projet) {
+    lu.contenu.xmin = Xmin;
+    lu.contenu.xmax = Xmax;
+    lu.contenu.ymin = Ymin;
+    lu.contenu.ymax = Ymax;
+  }
+  if (contenu != nullptr) *contenu = std::move(lu.contenu);
+  return pris ? Ouverture::Reussie : Ouverture::Refusee;
+}
+
+}  // namespace
 
 bool RendUniforme(const std::string& chemin) {
   if (LectureSeule(chemin)) return false;
@@ -180,83 +224,19 @@ bool RendUniforme(const std::string& chemin) {
 }
 
 Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu) {
-  ContenuLu local;
-  ContenuLu& lu = contenu != nullptr ? *contenu : local;
-  std::string choisi = chemin;
-  if (!options.dehors) {
-    DialogueFichier dialogue;
-    dialogue.cle = "mnu_Ouvrir";
-    dialogue.titre = Traduire(Section, "lib007");
-    dialogue.filtre = dialogue.titre;
-    dialogue.motif = MotifDessins();
-    dialogue.propose = LireCle("Fichier", "");
-    choisi = Svc.ChoisitFichier(dialogue);
-  }
+  const std::string choisi = options.dehors ? chemin : ChoisitDessin();
   std::error_code erreur;
   if (choisi.empty() || !std::filesystem::exists(choisi, erreur)) return Ouverture::Abandon;
+  CommenceOuverture(choisi, options);
+  DessinLu lu = EstProjet(choisi) ? LitProjetEnFond(choisi) : LitEtranger(choisi);
+  return MetEnVigueur(lu, contenu);
+}
 
-  Svc.DessinOuvert(false);
-  FichierCourant = choisi;
-  if (options.ecritFichier) {
-    EcrireCle("Fichier", FichierCourant);
-    Svc.FichierRecent(FichierCourant);
-  }
-  ExtensionCourante = ExtensionDe(FichierCourant);
-  FichierProjet.clear();
-  Prolongement = Faux;
-  SeqCourante = CodeAucun;
-  EffaceTousInstantanes();
-  if (options.rendUniforme) RendUniforme(FichierCourant);
-
-  const bool projet = ExtensionCourante == "OVL";
-  if (projet) {
-    lu.rapport.Format = "OVL";
-    if (!LireProjet(FichierCourant)) return Ouverture::Refusee;
-    FichierProjet = FichierCourant;
-    Modifie = Vrai;
-    lu.points = NbPoints;
-    lu.sequences = TraceInitial.empty() ? 0 : NbSequences();
-  } else {
-    TraceDecale.clear();
-    LitDessin(lu);
-    Svc.LaisseEvenements(Evenements::Affichage);
-  }
-  LitReglagesDocument();
-  if (NbPoints >= 0 && NbPoints < 2) NbPoints = TropPeuDePoints;
-  if (NbPoints < 0) {
-    MontreRefusLecture(lu);
-    return Ouverture::Refusee;
-  }
-  if (lu.rapport.Tronque) AvertitTronque();
-  if (FichierProjet.empty()) DimensionneEtNettoie();
-  if (!projet) {
-    if (NbPoints < SeuilOptimisation) mnu_Optimisation_Click();
-    for (PointTrace& point : TraceInitial) {
-      point.X += Marge;
-      point.Y += Marge;
-    }
-  }
-  Svc.LaisseEvenements(Evenements::Affichage);
-  RecalculDecalages();
-  Svc.LaisseEvenements(Evenements::Affichage);
-  EncombrementGeneral();
-  if (projet) {
-    lu.xmin = Xmin;
-    lu.xmax = Xmax;
-    lu.ymin = Ymin;
-    lu.ymax = Ymax;
-  }
-  SeqCourante = TraceInitial.front().Seq;
-  PointCourantX = TraceInitial.front().X;
-  PointCourantY = TraceInitial.front().Y;
-  Svc.Panneau(1, " " + NomDe(FichierCourant));
-  Svc.Panneau(PanneauEcartes, lu.message);
-  // The view, the lists and the picture of a large drawing take their time one by one.
-  Svc.LaisseEvenements(Evenements::Affichage);
-  Svc.DessinOuvert(true);
-  Svc.LaisseEvenements(Evenements::Affichage);
-  Svc.Rafraichit();
-  return Ouverture::Reussie;
+Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu) {
+  CommenceOuverture(lu.chemin, options);
+  if (lu.projet) NbPoints = 0;
+  DessinLu pris = std::move(lu);
+  return MetEnVigueur(pris, contenu);
 }
 
 std::string EnregistreProjet(const std::string& chemin) {

@@ -1,10 +1,9 @@
 // From a file on disk to the document, and back.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
-#include "closed/Pathwerk.h"
+#include "workspace/NoyauOuverture.h"
 
 namespace ovelin {
 
@@ -20,22 +19,13 @@ enum class Ouverture {
   Refusee,  // the message has been shown; the document is empty of traces
 };
 
-// What a foreign drawing held before it was sized, cleaned and shifted.
-struct ContenuLu {
-  pathwerk::RapportLecture rapport;  // Format is "OVL" for a project
-  std::string message;               // the library's message, without the padding
-  std::int32_t points = 0;
-  std::int32_t sequences = 0;
-  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;  // mm
-};
-
 // mnu_Ouvrir. With `dehors` the path comes in `chemin`, otherwise from the dialog. `contenu`, when given, takes
 // what was read.
 Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
 
-// The box of a refused reading: text of "lib" and the number in NbPoints, the extension, and the library's message
-// on a line of its own unless the number is -101.
-void MontreRefusLecture(const ContenuLu& contenu);
+// The same with a file that LitDessin (NoyauOuverture.h) has read, so that a caller can look at it first: a refused
+// one need not be handed on, and leaves the open job as it is. The file is not read again.
+Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
 
 // Line ends of a text file on disk made uniform: when its first line doesn't end in a carriage return, every line
 // feed becomes carriage return and line feed. Left alone: a file with a NUL or a binary header, a file that can't

@@ -116,6 +116,28 @@ TEST(Shells, AreSourcesAndNeverHeaders) {
   }
 }
 
+// What the kernels of the road from a drawing to its G-code can reach: their headers, the sources of these, and so
+// on. The outside world (Services.h) is the one seam they share with the shells.
+std::set<std::string> AtteintDepuis(const std::string& depart) {
+  std::set<std::string> vus{"core/Services.h"};
+  std::vector<std::string> attente{depart};
+  while (!attente.empty()) {
+    const std::string fichier = attente.back();
+    attente.pop_back();
+    if (!fs::exists(fs::path(OVELIN_SOURCE_DIR) / fichier) || !vus.insert(fichier).second) continue;
+    for (const std::string& inclus : Inclus(fichier)) attente.push_back(inclus);
+    if (fichier.ends_with(".h")) attente.push_back(fichier.substr(0, fichier.size() - 2) + ".cpp");
+  }
+  return vus;
+}
+
+TEST(Kernels, OfTheRoadReachNothingThatIsInForce) {
+  const std::set<std::string> atteints = AtteintDepuis("tests/unit/workspace/Route.cpp");
+  EXPECT_TRUE(atteints.contains("toolpath/NoyauTrace.cpp"));
+  EXPECT_TRUE(atteints.contains("run/NoyauNC.cpp"));
+  for (const std::string& fichier : atteints) EXPECT_FALSE(Instances.contains(fichier)) << fichier;
+}
+
 // Nobody gets round the include by a declaration of his own.
 TEST(Shells, EachInstanceIsDeclaredByItsHeaderAlone) {
   for (const auto& [entete, instance] : Instances) {

@@ -205,18 +205,18 @@ TEST(Ouvrir, FewerThanTwoPointsIsNumber109) {
   EXPECT_EQ(NbPoints, -109);
 }
 
-TEST(Ouvrir, Number101HasNoLineOfTheLibrary) {
+TEST(RefusLecture, OfNumber101HasNoLineOfTheLibrary) {
   ContenuLu contenu;
   contenu.message = "x.dxf:1: y";
-  ExtensionCourante = "DXF";
-  NbPoints = -101;
-  Attend("F_Representation", "lib101");
-  MontreRefusLecture(contenu);
-  EXPECT_EQ(essai::Boites()[0].texte.find("x.dxf"), std::string::npos);
-  NbPoints = -119;
-  Attend("F_Representation", "lib119");
-  MontreRefusLecture(contenu);
-  EXPECT_NE(essai::Boites()[1].texte.find("x.dxf:1: y"), std::string::npos);
+  contenu.rapport.Ligne = 1;
+  const RefusFichier sans = RefusLecture(-101, "/d/x.dxf", contenu);
+  EXPECT_EQ(sans.cle, "lib101");
+  EXPECT_EQ(sans.suite, " (DXF)");
+  const RefusFichier avec = RefusLecture(-119, "/d/x.dxf", contenu);
+  EXPECT_EQ(avec.cle, "lib119");
+  EXPECT_EQ(avec.suite, " (DXF)\nx.dxf:1: y");
+  EXPECT_EQ(avec.fichier, "/d/x.dxf");
+  EXPECT_EQ(avec.ligne, 1);
 }
 
 TEST(Ouvrir, MenusAreEnabledOnlyWhenTheDrawingStands) {

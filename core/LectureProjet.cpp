@@ -1,0 +1,73 @@
+#include "core/LectureProjet.h"
+
+#include <cstddef>
+#include <limits>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "core/Fichiers.h"
+#include "core/Lignes.h"
+#include "core/ProjetTexte.h"
+
+namespace ovelin {
+
+namespace {
+
+void Refuse(ProjetLu& lu, const std::string& chemin, std::string_view section, std::string_view cle,
+            const std::string& suite = "") {
+  lu.refus = RefusFichier{std::string(section), std::string(cle), suite, chemin, 0};
+}
+
+// Takes the count and the bounds of what has been read.
+void Verifie(ProjetLu& lu, const std::string& chemin, const RecensementProjet& r) {
+  // A file of empty lines could hold more of them than the count can tell.
+  if (r.NbPoints == 0 || r.NbPoints > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
+    Refuse(lu, chemin, "erreurs", "100");
+    return;
+  }
+  Document& d = lu.document;
+  d.NbPoints = static_cast<std::int32_t>(r.NbPoints);
+  d.Xmin = r.Xmin, d.Xmax = r.Xmax, d.Ymin = r.Ymin, d.Ymax = r.Ymax;
+  if (d.Xmin == d.Xmax && d.Ymin == d.Ymax) Refuse(lu, chemin, "erreurs", "101");
+}
+
+void LitTout(ProjetLu& lu, const std::string& chemin, std::string_view octets) {
+  ContenuProjet contenu = LitTexteProjet(octets);
+  Verifie(lu, chemin, contenu.Recensement);
+  if (lu.refus) return;
+  lu.document.TraceInitial = std::move(contenu.Points);
+  lu.document.Sequences = std::move(contenu.Sequences);
+  lu.LargeurEncoche = contenu.LargeurEncoche;
+  lu.MiniEncoche = contenu.MiniEncoche;
+  lu.reglages = IndexeReglages(octets);
+  lu.tronque = EstTronque(octets);
+}
+
+ProjetLu Lit(const std::string& chemin, bool tout) {
+  ProjetLu lu;
+  try {
+    lu.avant = magasin::Releve(chemin);
+    ErreurSysteme raison;
+    const auto octets = LitFichierEntier(chemin, &raison);
+    if (!octets) {
+      Refuse(lu, chemin, "F_Representation", "lib110", "\n" + chemin + ": " + raison);
+    } else if (tout) {
+      LitTout(lu, chemin, *octets);
+    } else {
+      Verifie(lu, chemin, RecenseProjet(*octets));
+    }
+  } catch (const std::bad_alloc&) {
+    lu = ProjetLu{};
+    Refuse(lu, chemin, "F_Representation", "lib114");
+  }
+  return lu;
+}
+
+}  // namespace
+
+ProjetLu LitProjet(const std::string& chemin) { return Lit(chemin, true); }
+
+ProjetLu RecenseFichierProjet(const std::string& chemin) { return Lit(chemin, false); }
+
+}  // namespace ovelin

@@ -1,0 +1,19 @@
+// The whole road as values, from a file to the lines of its G-code. Route.cpp includes kernels alone.
+#pragma once
+
+#include <string>
+
+#include "core/Reglages.h"
+#include "machine/TableMachine.h"
+#include "workspace/NoyauOuverture.h"
+
+namespace essai {
+
+struct Route {
+  ovelin::DessinLu lu;        // as it was read; its document has gone on
+  ovelin::Document document;  // prepared and traced
+  std::string nc;             // "" when the file is refused or the plan isn't good
+};
+Route Parcourt(const std::string& chemin, const ovelin::Reglages& reglages, const ovelin::TableMachine& table);
+
+}  // namespace essai

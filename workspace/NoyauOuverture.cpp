@@ -1,0 +1,145 @@
+#include "workspace/NoyauOuverture.h"
+
+#include <cmath>
+#include <span>
+
+#include "core/Fichiers.h"
+#include "core/Nombres.h"
+#include "toolpath/Etendues.h"
+#include "toolpath/NettoieChemin.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr std::int32_t TropPeuDePoints = -109;
+constexpr std::int32_t SansMessage = -101;        // the one number whose box has no line of the library's
+constexpr std::int32_t SeuilOptimisation = 5000;  // points; a larger drawing keeps its order, for time
+constexpr float Marge = 5;                        // mm between the drawing and the machine's origin
+
+// One record for each change of `Seq` along the points.
+std::vector<SequenceInfo> FichesNeuves(std::span<const PointTrace> points, double profondeur) {
+  std::vector<SequenceInfo> fiches;
+  Code2 dernier = CodeAucun;
+  for (const PointTrace& point : points) {
+    if (point.Seq == dernier) continue;
+    dernier = point.Seq;
+    const SequenceInfo fiche{dernier, Faux, profondeur, Vrai, 1, Vrai};
+    // A blank code stands for an empty table, which the next one fills.
+    if (fiches.size() == 1 && fiches.front().Code == Code2{}) {
+      fiches.front() = fiche;
+    } else {
+      fiches.push_back(fiche);
+    }
+  }
+  if (fiches.empty()) fiches.emplace_back();
+  return fiches;
+}
+
+std::int32_t NombreRuns(const Document& document) {
+  return static_cast<std::int32_t>(EtenduesDe(document.TraceInitial).size());
+}
+
+void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<void(double)>& avancement) {
+  Document& d = lu.document;
+  pathwerk::OptionsLecture options;
+  options.ToleranceSoudure = reglages.ToleranceSoudure;
+  options.Avancement = avancement;
+  std::string message(pathwerk::LongueurMessage, ' ');
+  d.TraceInitial.assign(1, PointTrace{});
+  d.NbPoints = pathwerk::LireFichier(d.TraceInitial, lu.chemin, d.Xmin, d.Xmax, d.Ymin, d.Ymax, message, options,
+                                     lu.contenu.rapport);
+  if (d.NbPoints < 0) d.TraceInitial.clear();
+  d.Sequences = FichesNeuves(d.TraceInitial, reglages.ProfFraisage);
+  ContenuLu& c = lu.contenu;
+  c.message = Rogne(message);
+  c.points = d.NbPoints;
+  c.sequences = NombreRuns(d);
+  c.xmin = d.Xmin, c.xmax = d.Xmax, c.ymin = d.Ymin, c.ymax = d.Ymax;
+  if (d.NbPoints >= 0 && d.NbPoints < 2) d.NbPoints = TropPeuDePoints;
+  if (d.NbPoints < 0) lu.refus = RefusLecture(d.NbPoints, lu.chemin, c);
+}
+
+void LitProjetEntier(DessinLu& lu) {
+  lu.contenu.rapport.Format = "OVL";
+  lu.projet = LitProjet(lu.chemin);
+  lu.refus = lu.projet->refus;
+  if (lu.refus) return;
+  lu.contenu.points = lu.projet->document.NbPoints;
+  lu.contenu.sequences = NombreRuns(lu.projet->document);
+}
+
+// The machine's finest step stands to the diagonal of its travel as the tolerance to the diagonal of the drawing,
+// so that a drawing of any size keeps the same share of its points.
+void NettoieDocument(Document& d, const MesuresMachine& machine) {
+  const double diagonale = std::hypot(Ecart(d.Xmin, d.Xmax), Ecart(d.Ymin, d.Ymax));
+  const double course = std::hypot(machine.diagonaleX, machine.diagonaleY);
+  if (!(course > 0)) return;
+  d.TraceInitial = NettoiePoints(d.TraceInitial, static_cast<float>(machine.resolution / course * diagonale));
+  d.NbPoints = static_cast<std::int32_t>(d.TraceInitial.size());
+}
+
+void Dimensionne(Document& d, const MesuresMachine& machine, const EtapesOuverture& etapes) {
+  MesureDocument(d);
+  DemandeDimension demande;
+  demande.largeur = Ecart(d.Xmin, d.Xmax);
+  demande.hauteur = Ecart(d.Ymin, d.Ymax);
+  demande.courseX = machine.courseX;
+  demande.courseY = machine.courseY;
+  etapes.Dimensionne(demande);
+  d.EchelleX = demande.rapportX;
+  d.EchelleY = demande.rapportY;
+  if (demande.rapportX == 1.0 && demande.rapportY == 1.0) return;
+  for (PointTrace& point : d.TraceInitial) {
+    point.X = static_cast<float>(point.X * demande.rapportX);
+    point.Y = static_cast<float>(point.Y * demande.rapportY);
+  }
+  MesureDocument(d);
+}
+
+}  // namespace
+
+bool EstProjet(const std::string& chemin) { return ExtensionDe(chemin) == "OVL"; }
+
+std::vector<std::pair<std::string, std::string>> ClesOuverture(const std::string& chemin) {
+  return {{"Fichier", chemin}};
+}
+
+RefusFichier RefusLecture(std::int32_t numero, const std::string& chemin, const ContenuLu& contenu) {
+  RefusFichier refus;
+  refus.section = "F_Representation";
+  refus.cle = "lib" + std::to_string(-static_cast<long>(numero));
+  refus.suite = " (" + ExtensionDe(chemin) + ")";
+  if (numero != SansMessage && !contenu.message.empty()) refus.suite += "\n" + contenu.message;
+  refus.fichier = chemin;
+  refus.ligne = contenu.rapport.Ligne;
+  return refus;
+}
+
+DessinLu LitDessin(const std::string& chemin, const Reglages& reglages,
+                   const std::function<void(double)>& avancement) {
+  DessinLu lu;
+  lu.chemin = chemin;
+  lu.extension = ExtensionDe(chemin);
+  lu.cles = ClesOuverture(chemin);
+  if (EstProjet(chemin)) {
+    LitProjetEntier(lu);
+  } else {
+    LitEtranger(lu, reglages, avancement);
+  }
+  return lu;
+}
+
+void PrepareDessin(Document& document, const MesuresMachine& machine, const EtapesOuverture& etapes) {
+  Dimensionne(document, machine, etapes);
+  etapes.Nettoie();
+  NettoieDocument(document, machine);
+  MesureDocument(document);
+  if (document.NbPoints < SeuilOptimisation) etapes.Optimise(document);
+  for (PointTrace& point : document.TraceInitial) {
+    point.X += Marge;
+    point.Y += Marge;
+  }
+}
+
+}  // namespace ovelin
