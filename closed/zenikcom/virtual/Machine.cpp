@@ -71,6 +71,11 @@ void Machine::Front(std::size_t axe, int sens, double t, double tick) {
   }
 }
 
+void Machine::Perd(std::size_t axe, int sens, std::int64_t fronts) {
+  pas_[axe] += sens * fronts;
+  perdus_[axe] += fronts;
+}
+
 void Machine::Place(const Axes3& lieu) {
   lieu_ = lieu;
   parcours_.assign(1, lieu);

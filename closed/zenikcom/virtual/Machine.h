@@ -29,7 +29,8 @@ class Machine {
   // Whether the axis has to be told the moment of each edge.
   [[nodiscard]] bool Limite(std::size_t axe) const { return modele_[axe].vitesseLibre > 0; }
 
-  void Avance(std::size_t axe, int sens, std::int64_t fronts);   // an axis without limit
+  void Avance(std::size_t axe, int sens, std::int64_t fronts);  // an axis without limit
+  void Perd(std::size_t axe, int sens, std::int64_t fronts);
   void Front(std::size_t axe, int sens, double t, double tick);  // one with a limit
 
   void Place(const Axes3& lieu);

@@ -116,11 +116,18 @@ void Travail::Fronts(std::size_t axe, std::int64_t jusque) {
   }
   const auto parSeconde = static_cast<double>(cadences_.UnitesParSeconde());
   const double depart = static_cast<double>(depart_) / NsParSeconde;
+  const std::int64_t pas = std::abs(record_.pas[axe]);
   while (faits_[axe] < jusque) {
-    const std::int64_t tick = TickDuPas(++faits_[axe], std::abs(record_.pas[axe]), record_.ticks);
+    const std::int64_t tick = TickDuPas(faits_[axe] + 1, pas, record_.ticks);
     const std::int64_t t = TempsDuTick(tick);
     machine_.Front(axe, sens, depart + static_cast<double>(debut_ + t) / parSeconde,
                    static_cast<double>(allure_.DureeTick(t)) / parSeconde);
+    ++faits_[axe];
+    if (pas <= record_.ticks) continue;
+    // Further edges of the same tick come at the same moment: nothing can follow them.
+    const std::int64_t ensemble = std::min(jusque, PasFaits(pas, tick, record_.ticks));
+    machine_.Perd(axe, sens, ensemble - faits_[axe]);
+    faits_[axe] = ensemble;
   }
 }
 

@@ -137,6 +137,38 @@ TEST(Allure, IsThatOfABoardThatCountsEveryTick) {
   }
 }
 
+// What the host foresees for a row, by its own arithmetic: from the ratio of speed and start speed to the level,
+// the ramp sums, the top, both ramps and the plateau.
+TEST(Allure, LastsWhatIsForeseenToOneTickOfItsSlowestLevel) {
+  std::mt19937 hasard(17);
+  int compares = 0;
+  for (int essai = 0; essai < 4000; ++essai) {
+    const int multiplicateur = 1 + static_cast<int>(hasard() % 6), pente = 1 + static_cast<int>(hasard() % 9);
+    const double ratio = 1.0001 + static_cast<double>(hasard() % 4000) / 100;
+    const int ticks = 1 + static_cast<int>(hasard() % 60'000);
+    const std::vector<double> durees = Durees(multiplicateur, pente);
+    const double palier = std::ldexp(1.0, 9 + pente);
+    const double cherche = std::ceil(ratio * 600 / multiplicateur);
+    int n = 0;
+    while (palier / (2 * durees[static_cast<std::size_t>(n)]) > cherche + 1e-6) ++n;
+    n = std::max(n - 1, 0);
+    const int sommet = SommetNaif(durees, ticks, n);
+    double cumul = 0;
+    for (int i = n; i < sommet; ++i) cumul += durees[static_cast<std::size_t>(i)];
+    if (ticks - 2 * cumul < 0) continue;  // too short to climb: what is foreseen has a negative plateau
+    ++compares;
+    const double periode = palier / (2 * durees[static_cast<std::size_t>(sommet)]);
+    const double prevu = 2 * (sommet - n) * palier / 12e6 + (ticks - 2 * cumul) * periode / 6e6;
+    Record r{.ticks = ticks, .rampe = true, .depart = n, .fond = n};
+    r.descente = static_cast<std::int32_t>(std::nearbyint(ticks - cumul));
+    const Cadences c(multiplicateur, pente);
+    const double temps = static_cast<double>(Allure(c, r).Temps(ticks)) / static_cast<double>(c.UnitesParSeconde());
+    ASSERT_NEAR(temps, prevu, static_cast<double>(c.Periode(n)) / 6e6)
+        << ticks << " from " << n << " to " << sommet;
+  }
+  EXPECT_GT(compares, 2000);
+}
+
 TEST(Allure, OneTooShortToClimbStaysOnItsFirstLevel) {
   const Cadences c(1, 5);
   const Record r{.ticks = 3, .rampe = true, .depart = 126, .fond = 126, .descente = -1500};

@@ -168,6 +168,20 @@ TEST(Modele, AStartAboveTheFreeSpeedLosesSteps) {
   EXPECT_EQ(b.carte->Lieu()[0], 500);
 }
 
+TEST(Modele, OfEdgesAtTheSameMomentOneCanBeFollowed) {
+  Banc b;
+  b.carte->Modele({zenikcom::ModeleAxe{.vitesseLibre = 20'000}, {}, {}});
+  b.Ouvre();
+  b.Envoie(Move{.ticks = 10, .x = 1'000'000'000});  // 100 million edges a tick
+  b.Fin();
+  b.Part();
+  b.heure = Seconde;
+  const auto c = b.carte->Compteurs();
+  EXPECT_EQ(c.pas[0], 1'000'000'000);
+  EXPECT_EQ(c.pasPerdus[0], 1'000'000'000 - 10);
+  EXPECT_EQ(b.carte->Lieu()[0], 10);
+}
+
 TEST(Modele, AskingInBetweenChangesNothing) {
   std::array<std::int64_t, 2> lieux{};
   for (const bool demande : {false, true}) {
