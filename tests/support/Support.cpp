@@ -146,12 +146,6 @@ void AjouteCarre(const std::string& code, float x, float y, float cote, std::int
   AjouteSequence(code, {{x, y}, {x, y + cote}, {x + cote, y + cote}, {x + cote, y}, {x, y}}, decalage, profondeur);
 }
 
-std::string DossierCorpus() {
-  const std::string dossier = std::string(OVELIN_SOURCE_DIR) + "/../shared/corpus";
-  return std::filesystem::is_directory(dossier) ? dossier : "";
-}
-std::string DossierExemples() { return std::string(OVELIN_SOURCE_DIR) + "/samples"; }
-
 int Lance(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   testing::UnitTest::GetInstance()->listeners().Append(new Ecouteur);

@@ -10,6 +10,7 @@
 
 #include "core/Document.h"
 #include "core/Services.h"
+#include "tests/support/Corpus.h"  // DossierCorpus, DossierExemples
 
 namespace essai {
 
@@ -39,11 +40,6 @@ void AjouteSequence(const std::string& code, const std::vector<std::pair<float, 
 // Closed square with its corner at (x, y), clockwise.
 void AjouteCarre(const std::string& code, float x, float y, float cote, std::int16_t decalage = 1,
                  double profondeur = -3);
-
-// Folder of real drawings by other people, "" where it isn't there.
-std::string DossierCorpus();
-// The project's own samples/.
-std::string DossierExemples();
 
 // All tests of the program, each on a fresh state with a fresh script.
 int Lance(int argc, char** argv);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,13 +24,15 @@ const std::map<std::string, std::string> Refuses{
     {"ez_bf_iso_pe.plt", "lib112"},         // more than 8,000 separate paths
 };
 
+// What of the samples is a drawing: projects and notes lie beside them.
+const std::set<std::string> kExtensions{".dat", ".drl", ".dxf", ".eps", ".plt"};
+
 std::vector<std::string> Dessins() {
   std::vector<std::string> dessins;
   const std::string corpus = essai::DossierCorpus();
   if (corpus.empty()) {
     for (const auto& e : fs::directory_iterator(essai::DossierExemples())) {
-      const std::string extension = e.path().extension().string();
-      if (e.is_regular_file() && extension != ".OVL" && extension != ".json") dessins.push_back(e.path().string());
+      if (kExtensions.contains(e.path().extension().string())) dessins.push_back(e.path().string());
     }
   } else {
     for (const char* genre : {"DAT", "DRL", "DXF", "EPS", "HPGL"}) {

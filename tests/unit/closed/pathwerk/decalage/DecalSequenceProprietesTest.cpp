@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "tests/support/Corpus.h"
 #include "tests/unit/closed/pathwerk/controle/Controle.h"
 
 using namespace controle;
@@ -94,7 +95,7 @@ TEST(DecalSequencePromise, EdgeOfTheCutNeverGoesIntoALoopOfACrossingPath) {
 TEST(DecalSequencePromise, HoldsOnRealDrawings) {
   namespace fs = std::filesystem;
   std::vector<fs::path> fichiers;
-  for (const char* dossier : {OVELIN_SOURCE_DIR "/../shared/corpus", OVELIN_SOURCE_DIR "/samples"}) {
+  for (const std::string& dossier : {essai::DossierCorpus(), essai::DossierExemples()}) {
     std::error_code ec;
     for (fs::recursive_directory_iterator it(dossier, ec), fin; !ec && it != fin; it.increment(ec)) {
       const std::string e = it->path().extension().string();

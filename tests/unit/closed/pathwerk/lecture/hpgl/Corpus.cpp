@@ -4,6 +4,8 @@
 // within a line width where it makes a page. hp2xx draws labels, which are left out here; of the two plots with
 // labels the size is that of the lines by their coordinates in the file: frame 0..10000 x 0..7000, trace 952..9577
 // x 1085..6845. hp2xx places turned plots elsewhere (its own idea of the sheet), so the place is not compared.
+#include "tests/support/Corpus.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -17,8 +19,8 @@ namespace {
 using namespace mesures;
 namespace fs = std::filesystem;
 
-const fs::path kCorpus = fs::path(OVELIN_SOURCE_DIR) / "../shared/corpus/HPGL";
-const fs::path kExemples = fs::path(OVELIN_SOURCE_DIR) / "samples";
+const fs::path kDossier = essai::DossierDessins("HPGL");
+const fs::path kExemples = essai::DossierExemples();
 
 std::string Contenu(const fs::path& chemin) {
   std::ifstream f(chemin, std::ios::binary);
@@ -35,7 +37,7 @@ struct Attendu {
   long etiquettes;
 };
 
-constexpr Attendu kAttendus[] = {
+const std::vector<Attendu> kReels = {
     {"tg_feature_exercise.plt", 250.0, 175.0, -1, -1, 21},
     {"tg_analyzer_trace.plt", 215.625, 144.0, -1, -1, 18},
     {"jg_pe_square.plt", 98.89, 98.89, 1, 0, 0},
@@ -47,12 +49,14 @@ constexpr Attendu kAttendus[] = {
     {"ez_bf_iso_pe.plt", 840.80, 593.85, -1, -1, 0},
     {"sc_s_fabric_nesting.plt", 14896.60, 1700.0, 31833, 1795, 0},
 };
+// The frame: 8000 x 3200 units of 0.025 mm.
+const std::vector<Attendu> kEchantillons = {{"enseigne.plt", 200.0, 80.0, -1, -1, 0}};
+const std::vector<Attendu>& kAttendus = essai::CorpusPresent() ? kReels : kEchantillons;
 
 TEST(LireHpgl, RealPlotsHaveTheSizeThatOtherProgramsGiveThem) {
-  if (!fs::exists(kCorpus)) GTEST_SKIP() << "no corpus here";
   for (const Attendu& a : kAttendus) {
     SCOPED_TRACE(a.fichier);
-    const Lecture l = Lit(Contenu(kCorpus / a.fichier));
+    const Lecture l = Lit(Contenu(kDossier / a.fichier));
     ASSERT_EQ(l.rapport.Numero, Erreur::Aucune);
     const Boite b = BoiteDe(l.traits);
     // hp2xx keeps its places in single precision: 0.05 mm at 15 m.
@@ -67,10 +71,26 @@ TEST(LireHpgl, RealPlotsHaveTheSizeThatOtherProgramsGiveThem) {
   }
 }
 
+// Is there a closed stroke with this box (mm)?
+bool ContourDansLaBoite(const Lecture& l, double xmin, double ymin, double xmax, double ymax) {
+  return std::any_of(l.traits.begin(), l.traits.end(), [&](const Trait& t) {
+    const Boite b = BoiteDe({t});
+    return t.nature == Nature::Ferme && std::abs(b.xmin - xmin) < 0.011 && std::abs(b.ymin - ymin) < 0.011 &&
+           std::abs(b.xmax - xmax) < 0.011 && std::abs(b.ymax - ymax) < 0.011;
+  });
+}
+
 TEST(LireHpgl, ThePolygonsOfRealPlotsComeAsContours) {
-  if (!fs::exists(kCorpus)) GTEST_SKIP() << "no corpus here";
+  if (!essai::CorpusPresent()) {
+    // The letter D of the sign: a polygon with a hole, each a straight back and a half circle of 1000 and 720
+    // units.
+    const Lecture l = Lit(Contenu(kDossier / "enseigne.plt"));
+    EXPECT_TRUE(ContourDansLaBoite(l, 117.5, 15, 152.5, 65));
+    EXPECT_TRUE(ContourDansLaBoite(l, 124.5, 22, 145.5, 58));
+    return;
+  }
   // 274 PM instructions are 137 polygons, each filled once.
-  const Lecture l = Lit(Contenu(kCorpus / "ez_plotfile_pe.plt"));
+  const Lecture l = Lit(Contenu(kDossier / "ez_plotfile_pe.plt"));
   const auto ferme = [](const Trait& t) { return t.nature == Nature::Ferme; };
   EXPECT_GE(std::count_if(l.traits.begin(), l.traits.end(), ferme), 130);
 }
@@ -107,10 +127,9 @@ Resultat Ouvre(const fs::path& chemin) {
 }
 
 TEST(LireFichier, OpensRealPlotsWithTheBoundsOfTheirLines) {
-  if (!fs::exists(kCorpus)) GTEST_SKIP() << "no corpus here";
   for (const Attendu& a : kAttendus) {
     SCOPED_TRACE(a.fichier);
-    const Resultat r = Ouvre(kCorpus / a.fichier);
+    const Resultat r = Ouvre(kDossier / a.fichier);
     // A dashed marker and a shaded picture: more separate strokes than there are codes for paths.
     const bool trop =
         a.fichier == std::string("sc_s_fabric_nesting.plt") || a.fichier == std::string("ez_bf_iso_pe.plt");
@@ -135,8 +154,8 @@ TEST(LireFichier, WeldsTheLooseSegmentsOfTheOwnSample) {
 }
 
 TEST(LireFichier, SaysWhatOfAPlotWasLeftOut) {
-  if (!fs::exists(kCorpus)) GTEST_SKIP() << "no corpus here";
-  const Resultat r = Ouvre(kCorpus / "tg_feature_exercise.plt");
+  if (!essai::CorpusPresent()) GTEST_SKIP() << essai::CorpusAbsent;
+  const Resultat r = Ouvre(kDossier / "tg_feature_exercise.plt");
   EXPECT_NE(r.message.find("LB 21"), std::string::npos) << r.message;
   EXPECT_EQ(r.message.size(), LongueurMessage);
 }
