@@ -129,7 +129,9 @@ ErreurSysteme PlaceLignes(const std::string& chemin,
 void EcritAttente() {
   constexpr off_t seuilFond = 1'000'000;  // bytes from which a file is worth a thread
   const auto attente = std::exchange(T.attente, {});
-  for (const auto& [chemin, lignes] : attente) {
+  for (const auto& fichier : attente) {
+    const auto& chemin = fichier.first;  // no structured binding: clang 14 lets no lambda capture one
+    const auto& lignes = fichier.second;
     ErreurSysteme erreur;
     TravailleSi(Releve(chemin).taille >= seuilFond, [&] { erreur = PlaceLignes(chemin, lignes); });
     if (!erreur.empty()) Echec(erreur);
