@@ -1,22 +1,26 @@
 // From the paths of a format to the points of a drawing.
 #include "closed/pathwerk/assemblage/Assemblage.h"
 
+#include <algorithm>
 #include <cmath>
 #include <new>
 #include <string>
 
 #include "closed/pathwerk/assemblage/Etapes.h"
+#include "closed/pathwerk/lecture/Lignes.h"
 
 namespace pathwerk::assemblage {
 
 namespace {
 
+using lecture::EnTexte;
 using lecture::Lecture;
 using lecture::Trait;
 
-constexpr double kCoordonneeMax = 1e7;  // mm
-constexpr std::string_view kDoublon = "doublon";
-constexpr std::string_view kNul = "longueur nulle";
+constexpr double kCoordonneeMax = 1e7;   // mm
+constexpr double kEcartDoublons = 0.01;  // mm: what lies nearer over its whole length was drawn twice
+constexpr std::string_view kDoublon = "DUPLICATE";
+constexpr std::string_view kNul = "ZERO_LENGTH";
 
 bool EstLisible(Vec2 p) { return std::fabs(p.x) <= kCoordonneeMax && std::fabs(p.y) <= kCoordonneeMax; }
 
@@ -32,7 +36,8 @@ bool VerifieCoordonnees(Lecture& lecture) {
   for (const Trait& t : lecture.traits) {
     for (const Vec2 p : t.points) {
       if (EstLisible(p)) continue;
-      Refus(lecture, Erreur::Coordonnee, std::to_string(p.x) + " " + std::to_string(p.y));
+      lecture.rapport.Ligne = static_cast<long>(t.ligne);
+      Refus(lecture, Erreur::Coordonnee, EnTexte(p.x) + " " + EnTexte(p.y) + " mm");
       return false;
     }
   }
@@ -117,9 +122,10 @@ void Retire(Plan& plan, const std::vector<char>& garde, std::vector<Bouts>* bout
   if (bouts != nullptr) bouts->resize(k);
 }
 
-void RetireDoublons(Lecture& lecture, Plan& plan, std::vector<Bouts>* bouts) {
+void RetireDoublons(Lecture& lecture, Plan& plan, double ecart, std::vector<Bouts>* bouts) {
   std::vector<char> garde;
-  const long doublons = MarqueDoublons(plan, garde);
+  long doublons = MarqueDoublons(plan, garde);
+  doublons += MarqueJumeaux(plan, ecart, garde);
   if (doublons == 0) return;
   lecture.Ignore(kDoublon, doublons);
   Retire(plan, garde, bouts);
@@ -154,11 +160,12 @@ Plan FaitPlan(Lecture& lecture, const OptionsLecture& options) {
   }
   std::vector<Trait>().swap(lecture.traits);
   if (nuls > 0) lecture.Ignore(kNul, nuls);
-  RetireDoublons(lecture, plan, &bouts);
+  const double ecart = lecture.mesure ? std::min(options.ToleranceSoudure, kEcartDoublons) : 0;
+  RetireDoublons(lecture, plan, ecart, &bouts);
   if (lecture.souder) {
     plan = Soude(plan, bouts, tolerance);
     RetireNuls(lecture, plan);
-    RetireDoublons(lecture, plan, nullptr);
+    RetireDoublons(lecture, plan, ecart, nullptr);
   }
   return plan;
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,7 @@ enum class Nature : unsigned char {
 struct Trait {
   std::vector<Vec2> points;
   Nature nature = Nature::Ouvert;
+  std::uint32_t ligne = 0;  // of the file, from 1; 0 when it has none or nobody knows
 };
 
 // A reader's result. `traits` are in the file's order.
@@ -31,6 +33,8 @@ struct Lecture {
   std::vector<Trait> traits;
   // This system's own files: paths come back in their order, direction and start, nothing is joined or dropped.
   bool ordreImpose = false;
+  // Lengths are millimetres; those of a coordinate file are whatever its writer had in mind.
+  bool mesure = true;
   // Ends may be joined across traits (loose segments). Formats whose paths are complete in themselves clear it.
   bool souder = true;
   RapportLecture rapport;

@@ -1,6 +1,8 @@
 // Lines and numbers of text formats.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -42,6 +44,19 @@ inline std::string_view SansBlancs(std::string_view t) {
   while (!t.empty() && EstBlanc(t.front())) t.remove_prefix(1);
   while (!t.empty() && EstBlanc(t.back())) t.remove_suffix(1);
   return t;
+}
+
+// The line of a byte, from 1, where LF or CR LF ends the lines.
+inline long LigneDe(std::string_view texte, std::size_t position) {
+  const std::string_view avant = texte.substr(0, position);
+  return 1 + static_cast<long>(std::count(avant.begin(), avant.end(), '\n'));
+}
+
+// A number for messages, ten digits at most.
+inline std::string EnTexte(double v) {
+  std::array<char, 32> t{};
+  const auto [fin, erreur] = std::to_chars(t.data(), t.data() + t.size(), v, std::chars_format::general, 10);
+  return erreur == std::errc() ? std::string(t.data(), fin) : std::string();
 }
 
 // A whole field as a number: sign, digits with one decimal mark (point or comma), exponent behind E or, as Fortran

@@ -52,7 +52,7 @@ bool Dessinateur::Memoire(long ligne) { return Refuse(Erreur::Memoire, ligne, e_
 void Dessinateur::Dessine() {
   Cadre cadre;
   cadre.m.ex.x = cadre.m.ey.y = cadre.m.ez.z = plan_.unite;
-  if (plan_.papier > 0) lecture_.Ignore("papier", plan_.papier);
+  if (plan_.papier > 0) lecture_.Ignore("PAPER_SPACE", plan_.papier);
   for (const LecteurGroupes::Repere& section : plan_.entites) {
     lecteur_.Va(section);
     if (!Suite(cadre)) return;
@@ -129,7 +129,7 @@ bool Dessinateur::UneEntite(const Cadre& cadre, Groupe& g) {
 bool Dessinateur::Cachee(const Cadre& cadre) {
   if (e_.genre == Genre::Rien) return true;
   if (e_.papier) {
-    Ignore("papier");
+    Ignore("PAPER_SPACE");
     return true;
   }
   if (e_.calque == "0" && !cadre.calque.empty()) e_.calque = cadre.calque;
@@ -140,7 +140,7 @@ bool Dessinateur::Cachee(const Cadre& cadre) {
   }
   // Points on this layer are the feet of dimensions and never plotted.
   if (e_.genre == Genre::Point && MemeNom{}(e_.calque, "Defpoints")) cachee = true;
-  if (cachee) Ignore("couche");
+  if (cachee) Ignore("LAYER");
   return cachee;
 }
 
@@ -191,6 +191,7 @@ bool Dessinateur::Pose(Trait&& trait) {
   }
   if (p.empty() || !budget_.Prend(kMemoireTrait)) return false;
   if (p.capacity() > p.size() + p.size() / 4 + 1) p.shrink_to_fit();
+  trait.ligne = static_cast<std::uint32_t>(e_.ligne);
   lecture_.traits.push_back(std::move(trait));
   return true;
 }

@@ -154,7 +154,7 @@ TEST(AssembleSoudure, NothingIsLostInARandomNet) {
     }
     const auto a = Assemble(s);
     EXPECT_NEAR(Longueur(a.sequences), avant, 1e-4);
-    EXPECT_EQ(a.Ignores("doublon"), 0);
+    EXPECT_EQ(a.Ignores("DUPLICATE"), 0);
     // No two free ends are left in one place, but for the odd one.
     std::map<std::pair<double, double>, int> libres;
     for (const auto& p : a.sequences) {
@@ -203,7 +203,7 @@ TEST(AssembleNul, EqualNeighboursBecomeOnePoint) {
 TEST(AssembleNul, APathWithoutLengthIsLeftOutAndCounted) {
   const auto a = Assemble({Ouvert({{3, 3}, {3, 3}}), Ferme({{1, 1}}), Ouvert({{0, 0}, {1, 0}}), Ouvert({})});
   EXPECT_EQ(a.sequences.size(), 1U);
-  EXPECT_EQ(a.Ignores("longueur nulle"), 2);
+  EXPECT_EQ(a.Ignores("ZERO_LENGTH"), 2);
 }
 
 TEST(AssembleNul, AHoleIsItsPointTwice) {
@@ -225,7 +225,7 @@ TEST(AssembleNul, AClosingPointGivenAlmostIsNotASecondOne) {
 TEST(AssembleDoublons, SamePathForwardsAndBackwards) {
   const auto a = Assemble({Ouvert({{0, 0}, {5, 1}, {9, 9}}), Ouvert({{0, 0}, {5, 1}, {9, 9}}),
                            Ouvert({{9, 9}, {5, 1}, {0, 0}}), Ouvert({{0, 0}, {5, 2}, {9, 9.5}})});
-  EXPECT_EQ(a.Ignores("doublon"), 2);
+  EXPECT_EQ(a.Ignores("DUPLICATE"), 2);
   EXPECT_NEAR(Longueur(a.sequences), std::hypot(5, 1) + std::hypot(4, 8) + std::hypot(5, 2) + std::hypot(4, 7.5),
               1e-4);
 }
@@ -241,7 +241,7 @@ TEST(AssembleDoublons, SameContourFromAnyStartEitherWay) {
   }
   const auto a = Assemble(s);
   EXPECT_EQ(a.sequences.size(), 1U);
-  EXPECT_EQ(a.Ignores("doublon"), 4);
+  EXPECT_EQ(a.Ignores("DUPLICATE"), 4);
   EXPECT_EQ(a.sequences[0][0], (Vec2{0, 0}));
 }
 
@@ -253,19 +253,19 @@ TEST(AssembleDoublons, ARectangleDrawnTwiceInLooseLinesIsOne) {
   const auto a = Assemble(s);
   ASSERT_EQ(a.sequences.size(), 1U);
   EXPECT_TRUE(EstFerme(a.sequences[0]));
-  EXPECT_EQ(a.Ignores("doublon"), 5);
+  EXPECT_EQ(a.Ignores("DUPLICATE"), 5);
 }
 
 TEST(AssembleDoublons, TwoHolesAtOnePlaceAreOneAndKeepBothTheirPoints) {
   const auto a = Assemble({Percage({1, 2}), Percage({3, 4}), Percage({1, 2})});
   ASSERT_EQ(a.sequences.size(), 2U);
   EXPECT_EQ(a.sequences[0].size(), 2U);
-  EXPECT_EQ(a.Ignores("doublon"), 1);
+  EXPECT_EQ(a.Ignores("DUPLICATE"), 1);
 }
 
 TEST(AssembleDoublons, SamePointsInAnotherOrderAreAnotherPath) {
   const auto a =
       Assemble({Ferme({{0, 0}, {10, 0}, {10, 10}, {0, 10}}), Ferme({{0, 0}, {10, 10}, {10, 0}, {0, 10}})});
   EXPECT_EQ(a.sequences.size(), 2U);
-  EXPECT_EQ(a.Ignores("doublon"), 0);
+  EXPECT_EQ(a.Ignores("DUPLICATE"), 0);
 }

@@ -33,12 +33,12 @@ TEST(Layers, FrozenAndOffAreLeftOutAndCounted) {
   const Lecture l = LitTout(Ligne("0") + Ligne("gele") + Ligne("ouvert") + Ligne("eteint") + Ligne("GELE") +
                             Ligne("inconnu") + Ligne("verrou"));
   EXPECT_EQ(l.traits.size(), 4u);
-  EXPECT_EQ(Ignores(l, "couche"), 3);
+  EXPECT_EQ(Ignores(l, "LAYER"), 3);
 }
 
 TEST(Layers, ThingsThatAreNotDrawnAnywayCountAsHiddenThere) {
   const Lecture l = LitTout("0=TEXT 8=gele 1=x 0=TEXT 8=0 1=x");
-  EXPECT_EQ(Ignores(l, "couche"), 1);
+  EXPECT_EQ(Ignores(l, "LAYER"), 1);
   EXPECT_EQ(Ignores(l, "TEXT"), 1);
 }
 
@@ -46,21 +46,21 @@ TEST(Layers, PolylineFollowsItsOwnLayerAndTakesItsVerticesAlong) {
   const Lecture l =
       LitTout("0=POLYLINE 8=gele 66=1 70=0 0=VERTEX 8=0 10=0 20=0 0=VERTEX 8=0 10=1 20=0 0=SEQEND 8=0");
   EXPECT_TRUE(l.traits.empty());
-  EXPECT_EQ(Ignores(l, "couche"), 1);
+  EXPECT_EQ(Ignores(l, "LAYER"), 1);
   EXPECT_EQ(l.rapport.Ignores.size(), 1u);
 }
 
 TEST(Layers, InsertOnAFrozenLayerHidesAllOfItsBlock) {
   const Lecture l = LitTout("0=INSERT 8=gele 2=A 10=0 20=0");
   EXPECT_TRUE(l.traits.empty());
-  EXPECT_EQ(Ignores(l, "couche"), 1);
+  EXPECT_EQ(Ignores(l, "LAYER"), 1);
 }
 
 TEST(Layers, InsertOnALayerThatIsOffHidesWhatLiesOnZero) {
   const Lecture l = LitTout("0=INSERT 8=eteint 2=A 10=0 20=0");
   ASSERT_EQ(l.traits.size(), 1u);
   AttendPoint(l.traits[0].points[0], 2, 0);
-  EXPECT_EQ(Ignores(l, "couche"), 1);
+  EXPECT_EQ(Ignores(l, "LAYER"), 1);
 }
 
 TEST(Layers, ZeroInABlockIsTheLayerOfTheOutermostInsertThatSaysSo) {
@@ -70,13 +70,13 @@ TEST(Layers, ZeroInABlockIsTheLayerOfTheOutermostInsertThatSaysSo) {
                               "10=0 20=0 0=ENDBLK 0=ENDSEC " +
                               Section("0=INSERT 8=eteint 2=B 10=0 20=0")));
   EXPECT_EQ(l.traits.size(), 1u);
-  EXPECT_EQ(Ignores(l, "couche"), 1);
+  EXPECT_EQ(Ignores(l, "LAYER"), 1);
 }
 
 TEST(Layers, InvisibleEntitiesAreLeftOut) {
   const Lecture l = LitEntites("0=LINE 60=1 10=0 20=0 11=1 21=1 0=LINE 60=0 10=0 20=0 11=1 21=1");
   EXPECT_EQ(l.traits.size(), 1u);
-  EXPECT_EQ(Ignores(l, "couche"), 1);
+  EXPECT_EQ(Ignores(l, "LAYER"), 1);
 }
 
 TEST(Layers, FirstOfTwoWithOneNameCounts) {
@@ -86,7 +86,7 @@ TEST(Layers, FirstOfTwoWithOneNameCounts) {
 TEST(Paper, EntitiesOfLayoutsAreLeftOutAndCounted) {
   const Lecture l = LitEntites("0=LINE 67=1 10=0 20=0 11=1 21=1 0=LINE 67=0 10=0 20=0 11=1 21=1 0=TEXT 67=1 1=x");
   EXPECT_EQ(l.traits.size(), 1u);
-  EXPECT_EQ(Ignores(l, "papier"), 2);
+  EXPECT_EQ(Ignores(l, "PAPER_SPACE"), 2);
   EXPECT_EQ(Ignores(l, "TEXT"), 0);
 }
 
@@ -98,7 +98,7 @@ TEST(Paper, LayoutsKeptAmongTheBlocksAreCountedByEntity) {
                                       Ligne("0") + "0=ENDBLK",
                                   Ligne("0")));
   EXPECT_EQ(l.traits.size(), 1u);
-  EXPECT_EQ(Ignores(l, "papier"), 4);
+  EXPECT_EQ(Ignores(l, "PAPER_SPACE"), 4);
 }
 
 TEST(Units, InsunitsNamesTheUnit) {

@@ -218,7 +218,7 @@ TEST(Samples, NameplateHasLooseOutlinePocketsAndOrnament) {
   const Lecture l = Lit(Octets(fs::path(essai::DossierExemples()) / "plaque.dxf"));
   ASSERT_EQ(l.rapport.Numero, Erreur::Aucune);
   AttendBoite(l, 0, 0, 120, 60, 1e-6);
-  EXPECT_EQ(Ignores(l, "couche"), 2);  // construction lines on a frozen layer
+  EXPECT_EQ(Ignores(l, "LAYER"), 2);  // construction lines on a frozen layer
   // Outline of four lines and four arcs, two arrow heads of three lines: three contours; the wave stays open; the
   // screw holes, the pocket and its island are closed as they are.
   EXPECT_EQ(GrapheDesBouts(l.traits, 0.001), (Graphe{7, 1, 0}));

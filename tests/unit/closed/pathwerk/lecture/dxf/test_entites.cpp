@@ -49,7 +49,7 @@ TEST(Point, FeetOfDimensionsAreNoHoles) {
   const Lecture l = LitEntites("0=POINT 8=DEFPOINTS 10=7 20=8 0=LINE 8=Defpoints 10=0 20=0 11=1 21=1");
   ASSERT_EQ(l.traits.size(), 1u);
   EXPECT_EQ(l.traits[0].nature, Nature::Ouvert);
-  EXPECT_EQ(Ignores(l, "couche"), 1);
+  EXPECT_EQ(Ignores(l, "LAYER"), 1);
 }
 
 TEST(Lwpolyline, OpenAndClosed) {

@@ -139,7 +139,7 @@ TEST(LireDxf, BlocksAndLayersBehindTheEntitiesCountAsWell) {
                 "0=SECTION 2=TABLES 0=TABLE 2=LAYER 0=LAYER 2=x 70=1 0=ENDTAB 0=ENDSEC 0=EOF"));
   ASSERT_EQ(l.traits.size(), 1u);
   AttendPoint(l.traits[0].points[0], 101, 2);
-  EXPECT_EQ(Ignores(l, "couche"), 1);
+  EXPECT_EQ(Ignores(l, "LAYER"), 1);
 }
 
 TEST(LireDxf, GarbageBehindTheEntitiesDoesNotMatter) {
