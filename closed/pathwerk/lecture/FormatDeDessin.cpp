@@ -49,7 +49,16 @@ bool EstExcellon(std::string_view data) {
   return false;
 }
 
-// Behind what switches a printer over (escape sequences): a plotter instruction of two letters.
+// Behind the comment (CO, quoted or up to the next ";") that begins at `i`; `i` when it doesn't end.
+std::size_t FinCommentaire(std::string_view data, std::size_t i) {
+  const std::size_t texte = std::min(data.find_first_not_of(" \t\r\n", i + 2), data.size());
+  std::size_t fin = std::string_view::npos;
+  if (texte < data.size() && data[texte] == '"') fin = data.find('"', texte + 1);
+  fin = data.find(';', fin == std::string_view::npos ? texte : fin);
+  return fin == std::string_view::npos ? i : fin + 1;
+}
+
+// Behind what switches a printer over (escape sequences) and comments: a plotter instruction of two letters.
 bool EstHpgl(std::string_view data) {
   data = SansMarque(data).substr(0, 4096);
   std::size_t i = 0;
@@ -61,6 +70,8 @@ bool EstHpgl(std::string_view data) {
     } else if (data.substr(i).starts_with("@PJL")) {
       i = data.find('\n', i);
       if (i == std::string_view::npos) return false;
+    } else if (data.substr(i).starts_with("CO") && FinCommentaire(data, i) > i) {
+      i = FinCommentaire(data, i);
     } else if (data[i] == ';' || EstBlanc(data[i]) || data[i] == '\r' || data[i] == '\n') {
       ++i;
     } else {

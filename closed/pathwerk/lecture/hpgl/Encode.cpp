@@ -1,8 +1,8 @@
 // Decoder of the encoded polyline.
 //
 // A number v is written as 2|v|, plus 1 when negative, in base 64, lowest digit first. A digit is the byte 63 + d,
-// or 191 + d when it is the last of its number. After the flag "7" the base is 32, the digits 95 + d and, for the
-// last, 63 + d, and the eighth bit means nothing. Flags lie below 63, and their eighth bit means nothing either:
+// or 191 + d when it is the last of its number. After the flag "7" the base is 32, the digits 63 + d and, for the
+// last, 95 + d, and the eighth bit means nothing. Flags lie below 63, and their eighth bit means nothing either:
 //
 //   7 base 32    : a pen number follows    < pen up to the next pair    = next pair is absolute
 //   > number of binary digits behind the point follows
@@ -69,8 +69,8 @@ bool HpglDecodeur::LitNombre(double& valeur) {
     bool dernier = false;
     if (septBits_) {
       if (c < 63 || c > 126) continue;
-      dernier = c < 95;
-      chiffre = dernier ? c - 63 : c - 95;
+      dernier = c >= 95;
+      chiffre = dernier ? c - 95 : c - 63;
     } else {
       dernier = c >= 191;
       chiffre = dernier ? c - 191 : c - 63;

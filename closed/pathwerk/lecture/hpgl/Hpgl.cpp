@@ -4,18 +4,16 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <optional>
+#include <string>
 
+#include "closed/pathwerk/lecture/Lignes.h"
 #include "closed/pathwerk/lecture/hpgl/Lexeur.h"
 #include "closed/pathwerk/lecture/hpgl/Machine.h"
 
 namespace pathwerk::lecture::hpgl {
 
 namespace {
-
-long LigneDe(std::string_view data, std::size_t position) {
-  const auto fin = data.begin() + static_cast<std::ptrdiff_t>(std::min(position, data.size()));
-  return 1 + static_cast<long>(std::count(data.begin(), fin, '\n'));
-}
 
 // The text at a place, without control characters.
 std::string Extrait(std::string_view data, std::size_t position) {
@@ -29,6 +27,37 @@ std::string Extrait(std::string_view data, std::size_t position) {
 
 bool Finis(const HpglInstruction& i) {
   return std::all_of(i.nombres.begin(), i.nombres.end(), [](double v) { return std::isfinite(v); });
+}
+
+// The number of the instruction that is out of bounds as it stands in the file, or the beginning of the instruction
+// when only scale or steps carry it out; and the place on the sheet that it leads to.
+std::string ValeurRefusee(std::string_view data, const HpglInstruction& i, std::optional<Vec2> place) {
+  constexpr double kLoin = 1e7 / kMmParUnite;
+  std::string s = Extrait(data, i.position);
+  const auto loin = [](double v) { return !(std::fabs(v) <= kLoin); };
+  const auto faux = std::find_if(i.nombres.begin(), i.nombres.end(), loin);
+  if (faux != i.nombres.end()) {
+    std::size_t p = i.position + 2;
+    std::size_t fin = p;
+    for (auto k = i.nombres.begin(); k <= faux && p < data.size(); ++k) {
+      p = data.find_first_of("+-.0123456789", fin);
+      fin = std::min(data.find_first_not_of(".0123456789eE", std::min(p, data.size() - 1) + 1), data.size());
+    }
+    if (p < data.size()) s = i.Nom() + " " + std::string(data.substr(p, std::min<std::size_t>(fin - p, 24)));
+  }
+  if (place) s += " (" + EnTexte(place->x * kMmParUnite) + " " + EnTexte(place->y * kMmParUnite) + " mm)";
+  return s;
+}
+
+// Would a file that ends behind this instruction end too early? A plot that is whole lifts the pen from its last
+// line; one that stops behind a number may lack digits, unless the pen just went home.
+bool EstCoupee(const HpglInstruction& i, bool baissee) {
+  constexpr std::string_view kMeneLaPlume = " PA PR PD PU PE AA AR AT RT BZ BR ";
+  if (kMeneLaPlume.find(' ' + i.Nom() + ' ') == std::string_view::npos) {
+    return i.interrompue && (i.Est("LB") || i.Est("CI") || i.Est("EA") || i.Est("ER") || i.Est("EW"));
+  }
+  const bool origine = !i.nombres.empty() && std::ranges::all_of(i.nombres, [](double v) { return v == 0; });
+  return baissee || (i.interrompue && !origine);
 }
 
 // How many points a file of this size may give, at some 45 bytes of memory each. The densest plots are encoded
@@ -56,17 +85,20 @@ void Lit(std::string_view data, const OptionsLecture& options, Lecture& lecture)
   HpglMachine machine(options, lecture, PointsMax(data.size()));
   HpglInstruction instruction;
   Comptes comptes;
+  bool coupe = false;  // the last instruction was not whole, or left the pen in the middle of a line
   for (long nombre = 0; lexeur.Suivante(instruction); ++nombre) {
     if (options.Avancement && nombre % 4096 == 0) {
       options.Avancement(static_cast<double>(lexeur.Position()) / static_cast<double>(data.size()));
     }
     const HpglMachine::Sorte sorte = machine.Execute(instruction);
     comptes.Ajoute(sorte, instruction.position);
+    coupe = EstCoupee(instruction, machine.Baissee());
     const bool horsLimites = machine.HorsLimites() || (sorte == HpglMachine::Sorte::Trace && !Finis(instruction));
     if (horsLimites || machine.TropDePoints()) {
       lecture.traits.clear();
       lecture.Refuse(horsLimites ? Erreur::Coordonnee : Erreur::Memoire, LigneDe(data, instruction.position),
-                     Extrait(data, instruction.position));
+                     horsLimites ? ValeurRefusee(data, instruction, machine.PlaceRefusee())
+                                 : Extrait(data, instruction.position));
       return;
     }
   }
@@ -79,6 +111,7 @@ void Lit(std::string_view data, const OptionsLecture& options, Lecture& lecture)
     return;
   }
   machine.Termine();
+  if (coupe || lexeur.Coupe()) lecture.rapport.Tronque = true;
   if (lexeur.NbTrames() > 0) lecture.Ignore("RASTER", lexeur.NbTrames());
 }
 

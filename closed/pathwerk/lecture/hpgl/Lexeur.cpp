@@ -5,7 +5,7 @@
 //
 //   LBtext<ETX>      a label, ended by the character that DT set      PE...;   bytes above 127 and any letter
 //   DT#  DT#,1       the next byte whatever it is                      SM*      likewise
-//   CO"..." BP5,"x"  quoted text                                       MG WD    free text
+//   CO"..." BP5,"x"  quoted text; CO also without quotes              MG WD    free text
 //
 // Around it: device control (ESC . letter [numbers :]), the printer languages (ESC % n A leaves the plot, ESC % n B
 // comes back, raster data with a byte count), the job language (ESC % -12345 X, then lines "@PJL ...").
@@ -146,6 +146,7 @@ bool HpglLexeur::DeuxiemeLettre(HpglInstruction& instruction) {
   const std::size_t debut = pos_++;
   while (!Fini() && EstBlanc(Ici()) && Ici() != kEsc) ++pos_;
   if (Fini() || !EstLettre(Ici())) {
+    coupe_ = Fini();
     if (nbPerdus_++ == 0) premierPerdu_ = debut;
     return false;
   }
@@ -166,7 +167,7 @@ void HpglLexeur::LitContenu(HpglInstruction& instruction) {
   } else if (instruction.Est("MG")) {
     pos_ = std::min(donnees_.find(';', pos_), donnees_.size());
   } else if (instruction.Est("CO")) {
-    SauteCitation();
+    SauteCommentaire();
   } else {
     LitNombres(instruction);
     if (instruction.Est("BP")) SauteCitation();
@@ -221,9 +222,24 @@ void HpglLexeur::SauteCitation() {
   }
 }
 
+// A quoted comment may hold anything, one without quotes everything but ";".
+void HpglLexeur::SauteCommentaire() {
+  std::size_t p = pos_;
+  while (p < donnees_.size() && EstBlanc(A(p)) && A(p) != kEsc) ++p;
+  if (A(p) == '"' && donnees_.find('"', p + 1) != std::string_view::npos) {
+    SauteCitation();
+  } else {
+    pos_ = std::min(donnees_.find(';', p), donnees_.size());
+  }
+}
+
+// An instruction ends with ";", with the next letter or with a line end in front of the end of the file; when the
+// file just stops behind a number, a digit of it or the rest of its list may be missing.
 void HpglLexeur::LitNombres(HpglInstruction& instruction) {
+  bool fini = true;
   while (!Fini()) {
     const unsigned char c = Ici();
+    fini = EstBlanc(c);
     if (EstChiffre(c) || c == '.' || c == '-' || c == '+') {
       double valeur = 0;
       if (LitNombre(valeur)) {
@@ -240,6 +256,7 @@ void HpglLexeur::LitNombres(HpglInstruction& instruction) {
       return;
     }
   }
+  instruction.interrompue = !fini;
 }
 
 // A decimal number. "1e5" is one too: no instruction begins with a letter and a digit. A number too large for a

@@ -36,6 +36,8 @@ class HpglLexeur {
   // Bytes outside any instruction: neither a letter nor a separator.
   [[nodiscard]] long NbPerdus() const { return nbPerdus_; }
   [[nodiscard]] std::size_t PremierPerdu() const { return premierPerdu_; }
+  // The file ends behind the first letter of an instruction.
+  [[nodiscard]] bool Coupe() const { return coupe_; }
 
  private:
   enum class Langue { Hpgl, Pcl, Pjl };
@@ -58,6 +60,7 @@ class HpglLexeur {
   void LitFinDeTexte();
   void LitSymbole(HpglInstruction& instruction);
   void SauteCitation();
+  void SauteCommentaire();
   void LitNombres(HpglInstruction& instruction);
   bool LitNombre(double& valeur);
 
@@ -65,6 +68,7 @@ class HpglLexeur {
   std::size_t pos_ = 0;
   Langue langue_ = Langue::Hpgl;
   bool ejection_ = false;
+  bool coupe_ = false;
   unsigned char finDeTexte_ = 3;  // ETX
   long nbTrames_ = 0;
   long nbPerdus_ = 0;

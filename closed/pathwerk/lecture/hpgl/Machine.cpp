@@ -102,7 +102,6 @@ void HpglMachine::Defauts(const HpglInstruction&) {
   traceur_.PoseFenetre({});
   traceur_.VidePolygone();
   absolu_ = true;
-  symbole_ = false;
 }
 
 void HpglMachine::Feuille(const HpglInstruction& i) { plan_.PoseFeuille(i.nombres); }
@@ -140,8 +139,7 @@ void HpglMachine::Couleur(const HpglInstruction& i) {
 void HpglMachine::Page(const HpglInstruction&) { traceur_.Page(); }
 
 void HpglMachine::Symbole(const HpglInstruction& i) {
-  symbole_ = !i.texte.empty();
-  if (symbole_) lecture_.Ignore("SM");
+  if (!i.texte.empty()) lecture_.Ignore("SM");
 }
 
 // A label would carry the pen along; plots place the next one themselves.

@@ -1,6 +1,7 @@
 // What each instruction of a plot does.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -23,6 +24,9 @@ class HpglMachine {
 
   [[nodiscard]] bool TropDePoints() const { return traceur_.TropDePoints(); }
   [[nodiscard]] bool HorsLimites() const { return traceur_.HorsLimites(); }
+  // In plotter units, once HorsLimites says so and the pen was led there.
+  [[nodiscard]] std::optional<Vec2> PlaceRefusee() const { return traceur_.PlaceRefusee(); }
+  [[nodiscard]] bool Baissee() const { return traceur_.Baissee(); }
 
  private:
   friend struct HpglTable;
@@ -72,7 +76,6 @@ class HpglMachine {
   HpglPlan plan_;
   HpglTraceur traceur_;
   bool absolu_ = true;
-  bool symbole_ = false;
   bool plumeZeroCouleur_ = false;
   double plume_ = 1;
 };

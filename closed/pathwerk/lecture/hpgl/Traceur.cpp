@@ -35,7 +35,7 @@ void HpglTraceur::Baisse() {
 
 void HpglTraceur::Va(Vec2 p) {
   if (!Tracable(p)) {
-    horsLimites_ = true;
+    if (!refusee_) refusee_ = p;
     return;
   }
   if (enPolygone_) {
@@ -63,6 +63,7 @@ void HpglTraceur::ChangePlume(bool dessine) {
 
 void HpglTraceur::Page() {
   Coupe();
+  if (std::exchange(pointe_, false)) MarqueIsolee(position_);
   if (pageSuivante_ && pageDessinee_) lecture_.Ignore("PG");
   pageDessinee_ = false;
   pageSuivante_ = !lecture_.traits.empty();
@@ -85,6 +86,10 @@ void HpglTraceur::Termine() {
     lecture_.rapport.Tronque = true;
     enPolygone_ = false;
     baissee_ = false;
+  }
+  if (pointe_) {  // what it would have drawn is missing, and so it is no hole
+    lecture_.rapport.Tronque = true;
+    pointe_ = false;
   }
   Leve();
   Page();
@@ -152,8 +157,9 @@ void HpglTraceur::MarqueIsolee(Vec2 p) {
 
 void HpglTraceur::Figure(std::vector<Vec2> contour, bool tampon) {
   pointe_ = false;
-  if (!std::all_of(contour.begin(), contour.end(), Tracable)) {
-    horsLimites_ = true;
+  const auto loin = std::find_if_not(contour.begin(), contour.end(), Tracable);
+  if (loin != contour.end()) {
+    if (!refusee_) refusee_ = *loin;
     return;
   }
   if (enPolygone_ || tampon) {
@@ -206,7 +212,9 @@ void HpglTraceur::VidePolygone() {
   rempli_ = false;
 }
 
-// Draws the edges that were defined with the pen down; the closing edge goes with the last of them.
+// Draws the edges that were defined with the pen down. The closing edge goes with the last of them: back to the
+// first corner when a drawn edge begins there, otherwise to where the pen came down last. Many plots enter the
+// polygon with the pen up from wherever it stood, and a way back there would be a chord that nobody drew.
 void HpglTraceur::BordePolygone() {
   pointe_ = false;
   if (enPolygone_ || std::exchange(borde_, true)) return;
@@ -226,7 +234,9 @@ void HpglTraceur::BordePolygone() {
         va(s[i].p);
       }
     }
-    if (s.back().trace) va(s.front().p);
+    const bool depuisLePremier = s.size() > 1 && s[1].trace;
+    const Vec2 debut = depuisLePremier ? s.front().p : ligne.front();
+    if (s.back().trace && (depuisLePremier || ligne.size() > 2)) va(debut);
     if (ligne.size() >= 2) EmetLigne(ligne);
   }
 }

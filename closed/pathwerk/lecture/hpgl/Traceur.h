@@ -56,7 +56,8 @@ class HpglTraceur {
   [[nodiscard]] bool TropDePoints() const {
     return points_ + trait_.size() + tampon_ > pointsMax_ || travail_ > 16 * pointsMax_;
   }
-  [[nodiscard]] bool HorsLimites() const { return horsLimites_; }
+  [[nodiscard]] bool HorsLimites() const { return refusee_.has_value(); }
+  [[nodiscard]] std::optional<Vec2> PlaceRefusee() const { return refusee_; }
 
  private:
   struct Sommet {
@@ -72,10 +73,10 @@ class HpglTraceur {
 
   Lecture& lecture_;
   std::size_t pointsMax_;
-  std::size_t points_ = 0;   // in finished paths; a path costs as much as four points
-  std::size_t travail_ = 0;  // corners that went through the window from the buffer
-  std::size_t tampon_ = 0;   // in the polygon buffer
-  bool horsLimites_ = false;
+  std::size_t points_ = 0;       // in finished paths; a path costs as much as four points
+  std::size_t travail_ = 0;      // corners that went through the window from the buffer
+  std::size_t tampon_ = 0;       // in the polygon buffer
+  std::optional<Vec2> refusee_;  // the first place out of bounds
 
   Vec2 position_;
   bool baissee_ = false;

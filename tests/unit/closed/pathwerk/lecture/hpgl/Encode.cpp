@@ -18,8 +18,8 @@ std::string Code64(long v) {
 std::string Code32(long v) {
   unsigned long n = 2 * static_cast<unsigned long>(std::labs(v)) + (v < 0 ? 1 : 0);
   std::string s;
-  for (; n >= 32; n /= 32) s += static_cast<char>(95 + n % 32);
-  return s + static_cast<char>(63 + n);
+  for (; n >= 32; n /= 32) s += static_cast<char>(63 + n % 32);
+  return s + static_cast<char>(95 + n);
 }
 
 std::string Paire64(long x, long y) { return Code64(x) + Code64(y); }
@@ -46,6 +46,28 @@ TEST(LireHpgl, SevenBitEncodingAndItsParityBit) {
   for (char& c : donnees) c = static_cast<char>(c | 0x80);
   const auto parite = Traits("PE7" + donnees + ";");
   AttendUnites(parite[0], {{400, -800}, {416, -785}});
+}
+
+// The figures are those of the programming manuals' own example: 10525 gives the bytes 89, 80, 115 in seven bits
+// and 121, 71, 196 in eight. A plotter emulation places the end of this line at (22050, 4000) units.
+TEST(LireHpgl, SevenBitsGiveTheFiguresOfTheManual) {
+  const auto t = Traits("IN;SP1;PE7<=YPs_YPs_O]`?Yf;PU;SP0;");
+  ASSERT_EQ(t.size(), 1U);
+  AttendUnites(t[0], {{10525, 0}, {21050, 0}, {22050, 4000}});
+}
+
+TEST(LireHpgl, EightBitsGiveTheFiguresOfTheManual) {
+  const auto t = Traits("PE<=yG\xC4\xBF=\xBFyG\xC4;PU;");
+  ASSERT_EQ(t.size(), 1U);
+  AttendUnites(t[0], {{10525, 0}, {0, 10525}});
+}
+
+// A plotter emulation draws this one 100 mm wide and 50 mm high, as a closed line of four sides.
+TEST(LireHpgl, ARectangleInSevenBitsHasTheSizeThatAPlotterGivesIt) {
+  const auto t = Traits("IN;SP1;PE7<=O]`O]`?Yf__?\\b@Yf__@\\b;PU;SP0;");
+  ASSERT_EQ(t.size(), 1U);
+  EXPECT_EQ(t[0].nature, Nature::Ferme);
+  AttendUnites(t[0], {{1000, 1000}, {5000, 1000}, {5000, 3000}, {1000, 3000}});
 }
 
 TEST(LireHpgl, FractionBitsDivideWhatFollows) {

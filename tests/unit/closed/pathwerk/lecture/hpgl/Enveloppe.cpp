@@ -60,6 +60,13 @@ TEST(LireHpgl, QuotedCommentsAndTitlesAreNoInstructions) {
   AttendLeTrait(Lit("IN;WDPD99,99\003" + std::string(kTrait)));
 }
 
+TEST(LireHpgl, ACommentWithoutQuotesEndsAtItsTerminator) {
+  AttendLeTrait(Lit("CO Drawn by PD99,99 and PU5,5, \"PA\" too;" + std::string(kTrait)));
+  AttendLeTrait(Lit("CO two words, PD9,9;" + std::string(kTrait)));
+  AttendLeTrait(Lit("CO \"no end; IN;" + std::string(kTrait)));
+  AttendLeTrait(Lit("CO\"a;b\"IN;" + std::string(kTrait)));
+}
+
 TEST(LireHpgl, DeviceControlIsSkippedWithAndWithoutNumbers) {
   AttendLeTrait(Lit("\033.Y\033.(\033.I81;;17:\033.N;19:\033.@;0:\033.BIN;" + std::string(kTrait) + "\033.Z"));
 }
@@ -121,6 +128,15 @@ TEST(LireHpgl, PlacesTooFarOrNotFiniteAreRefusedWithTheirLine) {
     EXPECT_EQ(l.rapport.Ligne, 3) << loin;
     EXPECT_TRUE(l.traits.empty());
   }
+}
+
+TEST(LireHpgl, TheRefusalOfAPlaceNamesTheNumberOfTheFile) {
+  EXPECT_EQ(Lit("IN;PU0,0;PD10,20,30,4.5e13,7,8;").rapport.Detail, "PD 4.5e13 (0.75 1.125e+12 mm)");
+  EXPECT_EQ(Lit("IN;PU0,0;CI1e999;").rapport.Detail, "CI 1e999");
+  // A hundred steps of 1e8 units: no number by itself is too large.
+  std::string pas = "IN;PR;\nPD";
+  for (int i = 0; i < 100; ++i) pas += "100000000,0,";
+  EXPECT_EQ(Lit(pas + "0,0;").rapport.Detail, "PD100000000,0,100000000, (12500000 0 mm)");
 }
 
 TEST(LireHpgl, NumbersTooSmallForADoubleAreZero) {

@@ -95,9 +95,30 @@ TEST(LireHpgl, ALoweredPenUnderAFigureOrALabelIsNoHole) {
   EXPECT_EQ(Traits("PU400,400;PD;EA800,800;PU;").size(), 1U);
 }
 
-TEST(LireHpgl, AHoleIsDrilledAtThePenChangeAndAtTheEndToo) {
+TEST(LireHpgl, AHoleIsDrilledAtThePenChangeAndAtTheEndOfThePageToo) {
   EXPECT_EQ(Traits("PU9,9;PD;SP2;").size(), 1U);
-  EXPECT_EQ(Traits("PU9,9;PD;").size(), 1U);
+  EXPECT_EQ(Traits("PU9,9;PD;PG;").size(), 1U);
+}
+
+TEST(LireHpgl, APlotThatStopsWithThePenJustLoweredIsCutOffAndDrillsNoHole) {
+  for (const char* const fin : {"PD;", "PD", "PD800", "PD800,"}) {
+    const Lecture l = Lit(std::string("IN;SP1;PU0,0;PD40,0;PU400,400;") + fin);
+    EXPECT_TRUE(l.rapport.Tronque) << fin;
+    EXPECT_EQ(l.traits.size(), 1U) << fin;
+  }
+}
+
+TEST(LireHpgl, APlotThatStopsBehindANumberOrWithThePenOnItsLineIsCutOff) {
+  for (const char* const fin : {"PU0,8", "PA700,70", "PD400,0;PD400,4", "PD400,0;", "PR;PD5,5;", "P", "AA0,0,9"}) {
+    EXPECT_TRUE(Lit(std::string("IN;SP1;PU0,0;PD40,0;PU;") + fin).rapport.Tronque) << fin;
+  }
+}
+
+TEST(LireHpgl, AWholePlotIsNotCutOffHoweverItEnds) {
+  for (const char* const fin :
+       {"PU;", "PU", "PU0,0", "PU0,0;SP0", "PU;SP;", "PU80,80\n", "PU 0 0 ", "SP0;", "PG;", "PU;IN;", "PU;PA0,0"}) {
+    EXPECT_FALSE(Lit(std::string("IN;SP1;PU0,0;PD40,0;") + fin).rapport.Tronque) << fin;
+  }
 }
 
 TEST(LireHpgl, AllPensAreDrawn) { EXPECT_EQ(Traits("SP1;PU0,0;PD9,0;PU;SP5;PU0,9;PD9,9;PU;").size(), 2U); }

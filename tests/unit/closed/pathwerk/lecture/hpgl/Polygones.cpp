@@ -24,6 +24,37 @@ TEST(LireHpgl, EdgingLeavesOutSidesDefinedWithThePenUp) {
   AttendUnites(t[1], {{100, 100}, {0, 100}, {0, 0}});
 }
 
+// A plotter emulation draws three sides of each of these, 10 + 10 + 14.142 mm, and none to where the pen stood
+// before.
+TEST(LireHpgl, EdgingDrawsNoChordToWhereThePenCameFrom) {
+  for (const char* const fin : {"", ",400,400"}) {
+    const auto t = Traits(std::string("PU0,0;PM0;PU400,400;PD800,400,800,800") + fin + ";PM2;EP;");
+    ASSERT_EQ(t.size(), 1U) << fin;
+    EXPECT_EQ(t[0].nature, Nature::Ferme) << fin;
+    AttendUnites(t[0], {{400, 400}, {800, 400}, {800, 800}});
+    EXPECT_NEAR(Longueur(t[0]), 34.142, 0.001) << fin;
+  }
+}
+
+TEST(LireHpgl, EdgingClosesASubpolygonAtItsOwnStart) {
+  const auto t = Traits("PU0,0;PM0;PD400,0,400,400;PM1;PD800,800,1200,800,1200,1200;PM2;EP;");
+  ASSERT_EQ(t.size(), 2U);
+  AttendUnites(t[0], {{0, 0}, {400, 0}, {400, 400}});
+  AttendUnites(t[1], {{800, 800}, {1200, 800}, {1200, 1200}});
+}
+
+TEST(LireHpgl, EdgingDrawsASingleSideOnce) {
+  const auto t = Traits("PU0,0;PM0;PU400,400;PD800,400;PM2;EP;");
+  ASSERT_EQ(t.size(), 1U);
+  AttendUnites(t[0], {{400, 400}, {800, 400}});
+}
+
+TEST(LireHpgl, EdgingLeavesAPolygonOpenWhoseLastSideWasUp) {
+  const auto t = Traits("PU0,0;PM0;PD400,0,400,400;PU0,400;PM2;EP;");
+  ASSERT_EQ(t.size(), 1U);
+  AttendUnites(t[0], {{0, 0}, {400, 0}, {400, 400}});
+}
+
 TEST(LireHpgl, FillingTakesTheOutlineThroughAllCorners) {
   const auto t = Traits("PU0,0;PM;PU100,0,100,100,0,100;PM2;FP;");
   ASSERT_EQ(t.size(), 1U);
