@@ -110,10 +110,28 @@ struct OptionsLecture {
   std::function<void(double)> Avancement;
 };
 
+// What a reader had to suppose, or what in the file speaks against its result. The number is that of the "lib"
+// text.
+enum class Avis : std::int32_t {
+  SansUnites = 131,  // drill file: no unit found, inches taken
+  FormatDevine =
+      132,        // drill file: format or zeros are not said; the detail is the header line that would say them
+  Etendue = 133,  // drill file: its line of extents doesn't hold the result; the detail is that line
+  Colonnes =
+      134,  // coordinate file: a table of more than three columns, the first two taken; the detail is how many
+};
+
+struct AvisLecture {
+  Avis Numero = Avis::SansUnites;
+  std::string Detail;
+  bool operator==(const AvisLecture&) const = default;
+};
+
 // What a reading has to tell beside the points.
 struct RapportLecture {
   std::string Format;                   // "DXF", "HPGL", "DAT", "DRL", "EPS"
   std::map<std::string, long> Ignores;  // what was left out, by kind ("TEXT", "DIMENSION", "HATCH" ...)
+  std::vector<AvisLecture> Suppose;
   Erreur Numero = Erreur::Aucune;
   long Ligne = 0;        // line of the file, from 1; 0 when there is none
   std::string Detail;    // the offending text or what was met, short, no sentence

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <new>
 #include <numbers>
 #include <vector>
@@ -51,17 +52,42 @@ class Lecteur {
       numero_ = lignes.Numero();
       LitLigne(SansBlancs(ligne));
     }
+    // Many writers leave M30 out; a file that is cut off ends in a line, in the header or with the router down.
+    const bool ligneEntiere = data_.ends_with('\n') || data_.ends_with('\r');
+    const bool coupe = !fini_ && (!ligneEntiere || baisse_ || dansEntete_);
     FinRoute();
     if (lecture_.Refuse()) return;
     if (!entete_ && (comprises_ == 0 || comprises_ < refusees_)) {
       lecture_.Refuse(Erreur::Excellon, premierRefus_ > 0 ? premierRefus_ : 1, texteRefus_);
       return;
     }
-    lecture_.rapport.Tronque = !fini_;
+    lecture_.rapport.Tronque = coupe;
+    Previent();
   }
 
  private:
+  [[nodiscard]] std::uint32_t Ligne() const { return static_cast<std::uint32_t>(numero_); }
   void Refuse(Erreur e, std::string_view detail) { lecture_.Refuse(e, numero_, detail); }
+
+  // What had to be supposed, and what speaks against it.
+  void Previent() {
+    if (lecture_.traits.empty()) return;
+    auto& avis = lecture_.rapport.Suppose;
+    if (!format_.unitesDites) avis.push_back({Avis::SansUnites, ""});
+    if (format_.devine) avis.push_back({Avis::FormatDevine, format_.Ligne()});
+    if (etendue_.empty()) return;
+    Vec2 min = lecture_.traits[0].points[0];
+    Vec2 max = min;
+    for (const Trait& t : lecture_.traits) {
+      for (const Vec2 p : t.points) {
+        min = {std::min(min.x, p.x), std::min(min.y, p.y)};
+        max = {std::max(max.x, p.x), std::max(max.y, p.y)};
+      }
+    }
+    if (!EtenduePossible(etendue_, format_, {max.x - min.x, max.y - min.y})) {
+      avis.push_back({Avis::Etendue, std::string(etendue_.substr(0, 80))});
+    }
+  }
 
   void LigneInconnue(std::string_view ligne) {
     if (premierRefus_ == 0) {
@@ -69,13 +95,14 @@ class Lecteur {
       texteRefus_ = std::string(ligne.substr(0, 40));
     }
     ++refusees_;
-    lecture_.Ignore("ligne");
+    lecture_.Ignore("ROW");
   }
 
   void LitLigne(std::string_view ligne) {
     if (ligne.empty()) return;
     if (ligne[0] == ';') {
       LitCommentaireFormat(ligne, format_);
+      if (EstEtendue(ligne)) etendue_ = ligne;
       return;
     }
     if (ligne == "M48") {
@@ -92,7 +119,11 @@ class Lecteur {
       Refuse(Erreur::Excellon, ligne.substr(0, 40));  // a photoplot under a wrong name
       return;
     }
-    if (LitUnites(ligne, format_)) return;
+    std::vector<std::string> inconnus;
+    if (LitUnites(ligne, format_, inconnus)) {
+      for (const std::string& mot : inconnus) lecture_.Ignore(mot);
+      return;
+    }
     if (dansEntete_ && LigneDEntete(ligne)) return;
     dansEntete_ = false;
     Mots mots;
@@ -108,19 +139,23 @@ class Lecteur {
     }
   }
 
-  // True for what belongs into the header; a coordinate or a preparatory code ends it.
+  // True for what belongs into the header; a coordinate, a code of the body or a tool that goes somewhere ends it.
   bool LigneDEntete(std::string_view ligne) {
-    if (ligne == "M72" || ligne == "M71") {
-      format_.Unites(ligne == "M72");
-      return true;
-    }
     if (ligne.starts_with("ICI")) {
       relatif_ = ligne.ends_with("ON");
       return true;
     }
-    const bool corps = (ligne[0] == 'X' || ligne[0] == 'Y' || ligne[0] == 'G') && ligne.size() > 1 &&
-                       (EstChiffre(ligne[1]) || ligne[1] == '+' || ligne[1] == '-' || ligne[1] == '.');
-    return !corps;
+    if (EstDuCorps(ligne)) return false;
+    if (!EntreeConnue(ligne)) lecture_.Ignore(ligne.substr(0, std::min<std::size_t>(ligne.find(','), 24)));
+    return true;
+  }
+
+  static bool EstDuCorps(std::string_view ligne) {
+    constexpr std::string_view kSuites = "+-.0123456789";
+    const bool nombre = ligne.size() > 1 && kSuites.find(ligne[1]) != kSuites.npos;
+    if (!nombre) return false;
+    if (ligne[0] == 'T') return ligne.find_first_of("XY") != ligne.npos;
+    return ligne[0] == 'X' || ligne[0] == 'Y' || ligne[0] == 'G' || ligne[0] == 'M';
   }
 
   std::optional<double> Nombre(const Mot& mot) {
@@ -319,14 +354,14 @@ class Lecteur {
   }
 
   void Perce(Vec2 p) {
-    if (Prend(2)) lecture_.traits.push_back({{p}, Nature::Percage});
+    if (Prend(2)) lecture_.traits.push_back({{p}, Nature::Percage, Ligne()});
   }
 
   void Repete(const Bloc& b) {
     for (int k = 0; k < b.repete; ++k) {
       ici_ = {ici_.x + b.x.value_or(0), ici_.y + b.y.value_or(0)};
       if (!(std::fabs(ici_.x) <= kMax && std::fabs(ici_.y) <= kMax)) {
-        Refuse(Erreur::Coordonnee, "R");
+        Refuse(Erreur::Coordonnee, EnTexte(ici_.x) + " " + EnTexte(ici_.y) + " mm");
         return;
       }
       Perce(ici_);
@@ -343,6 +378,7 @@ class Lecteur {
     decalage_ = {decalage_.x + pas.x, decalage_.y + pas.y};
     for (std::size_t k = motif_; k < finMotif_; ++k) {
       Trait t = lecture_.traits[k];
+      t.ligne = Ligne();
       if (!Prend(t.points.size() + 1)) return;
       for (Vec2& p : t.points) p = {p.x + decalage_.x, p.y + decalage_.y};
       lecture_.traits.push_back(std::move(t));
@@ -355,8 +391,7 @@ class Lecteur {
       Perce(centre);
       return;
     }
-    Trait t;
-    t.nature = Nature::Ferme;
+    Trait t{{}, Nature::Ferme, Ligne()};
     AjouteArc(t.points, centre, rayon, 0, 2 * std::numbers::pi, fleche_);
     if (Prend(t.points.size())) lecture_.traits.push_back(std::move(t));
   }
@@ -368,7 +403,7 @@ class Lecteur {
     if (debut == ici_) {
       Perce(debut);
     } else if (Prend(2)) {
-      lecture_.traits.push_back({{debut, ici_}, Nature::Ouvert});
+      lecture_.traits.push_back({{debut, ici_}, Nature::Ouvert, Ligne()});
     }
   }
 
@@ -377,6 +412,7 @@ class Lecteur {
     ici_ = Cible(b.x, b.y);
     if (!baisse_ && !sansDescente_) return;
     if (route_.empty()) route_.push_back(debut);
+    if (route_.size() == 1) ligneRoute_ = Ligne();
     const std::size_t avant = route_.size();
     if (mode_ == 1) {
       route_.push_back(ici_);
@@ -388,7 +424,7 @@ class Lecteur {
 
   void FinRoute() {
     baisse_ = false;
-    if (route_.size() > 1) lecture_.traits.push_back({std::move(route_), Nature::Ouvert});
+    if (route_.size() > 1) lecture_.traits.push_back({std::move(route_), Nature::Ouvert, ligneRoute_});
     route_ = {};
   }
 
@@ -396,6 +432,7 @@ class Lecteur {
   double fleche_;
   Lecture& lecture_;
   FormatExcellon format_;
+  std::string_view etendue_;  // the comment with the extents
   std::size_t pointsPermis_ = 0;
   std::size_t points_ = 0;
   long numero_ = 0;
@@ -414,6 +451,7 @@ class Lecteur {
   Vec2 ici_;
   Vec2 zero_;  // G92, G93
   std::vector<Vec2> route_;
+  std::uint32_t ligneRoute_ = 0;  // where it begins
   std::size_t motif_ = 0;
   std::size_t finMotif_ = 0;
   std::size_t decalageDe_ = static_cast<std::size_t>(-1);
@@ -428,8 +466,8 @@ void LireExcellon(std::string_view data, const OptionsLecture& options, Lecture&
   lecture.rapport.Format = "DRL";
   lecture.souder = false;
   try {
-    if (data.find('\0') != std::string_view::npos) {
-      lecture.Refuse(Erreur::Excellon, 0, "NUL");
+    if (const std::size_t nul = data.find('\0'); nul != std::string_view::npos) {
+      lecture.Refuse(Erreur::Excellon, LigneDe(data, nul), "NUL");
       return;
     }
     Lecteur(data, options, lecture).Lit();

@@ -210,13 +210,13 @@ TEST(LireExcellon, UnknownCommandsAreCounted) {
   EXPECT_EQ(a.Ignores("G77"), 1);
   EXPECT_EQ(a.Ignores("M97"), 1);
   EXPECT_EQ(a.Ignores("M50"), 1);
-  EXPECT_EQ(a.Ignores("ligne"), 1);
+  EXPECT_EQ(a.Ignores("ROW"), 1);
 }
 
 TEST(LireExcellon, AHitGivenTwiceIsDrilledOnce) {
   const auto a = Drl("METRIC\n%\nX1000Y1000\nX1000Y1000\n");
   EXPECT_EQ(a.sequences.size(), 1U);
-  EXPECT_EQ(a.Ignores("doublon"), 1);
+  EXPECT_EQ(a.Ignores("DUPLICATE"), 1);
 }
 
 TEST(LireExcellon, OtherTextIsRefusedWithItsLine) {
@@ -232,6 +232,7 @@ TEST(LireExcellon, OtherTextIsRefusedWithItsLine) {
   l = {};
   pathwerk::lecture::excellon::LireExcellon(std::string_view("M48\n\0", 5), {}, l);
   EXPECT_EQ(l.rapport.Numero, Erreur::Excellon);
+  EXPECT_EQ(l.rapport.Ligne, 2);
 }
 
 TEST(LireExcellon, CoordinatesTooLargeAreRefusedWithTheirLine) {
@@ -250,4 +251,100 @@ TEST(LireExcellon, AFewBytesDoNotTakeAllMemory) {
   Lecture l;
   pathwerk::lecture::excellon::LireExcellon(t, {}, l);
   EXPECT_EQ(l.rapport.Numero, Erreur::Memoire);
+}
+
+TEST(LireExcellon, TheUnitMayStandWithItsZerosBehindM71AndM72) {
+  EXPECT_EQ(Trous("M71,TZ\n%\nX12500Y3000\n"), (Points{{12.5, 3}}));
+  EXPECT_EQ(Trous("M71,LZ\n%\nX0125Y03\n"), (Points{{12.5, 30}}));
+  EXPECT_EQ(Trous("M72, LZ\n%\nX01Y005\n"), (Points{{f(25.4F), f(12.7F)}}));
+  EXPECT_EQ(Trous("M71,000.000\n%\nX1500Y20\n"), (Points{{1.5, f(0.02F)}}));
+  EXPECT_EQ(Trous("; FORMAT={3:3/ absolute / metric / suppress leading zeros}\n%\nX1500Y20\n"),
+            (Points{{1.5, f(0.02F)}}));
+}
+
+TEST(LireExcellon, EveryHeaderWordIsKnownOrCounted) {
+  const auto connus =
+      Drl("VER,1\nFMAT,2\nATC,ON\nOM48\nR,T\nBLKD,ON\nZC\nSBK,ON\nT01C0.8F200S65\nICI,OFF\nMETRIC,TZ\n%\nX1000\n");
+  EXPECT_EQ(connus.n, 2);
+  EXPECT_TRUE(connus.rapport.Ignores.empty()) << connus.rapport.Ignores.begin()->first;
+  const auto autres = Drl("METRIC,TZ,SMALL\nBOARD,7\nTOOLS,3\nBOARD,8\nTx\n%\nX1000\n");
+  EXPECT_EQ(autres.n, 2);
+  EXPECT_EQ(autres.Ignores("SMALL"), 1);
+  EXPECT_EQ(autres.Ignores("BOARD"), 2);
+  EXPECT_EQ(autres.Ignores("TOOLS"), 1);
+  EXPECT_EQ(autres.Ignores("Tx"), 1);
+}
+
+TEST(LireExcellon, AToolThatGoesSomewhereAndACodeOfTheBodyEndTheHeader) {
+  EXPECT_EQ(Trous("METRIC,TZ\nT1C0.8X1000Y2000\n"), (Points{{1, 2}}));
+  EXPECT_EQ(Trous("METRIC,TZ\nM15\nT1\nX1000Y2000\n"), (Points{{1, 2}}));
+}
+
+namespace {
+using pathwerk::Avis;
+using pathwerk::AvisLecture;
+std::vector<AvisLecture> Suppose(const std::string& texte) { return Drl(texte).rapport.Suppose; }
+}  // namespace
+
+TEST(LireExcellon, WithoutAUnitItSaysThatInchesAreTaken) {
+  EXPECT_EQ(Suppose("T1C0.8\n%\nX1.0Y2.0\n"), (std::vector<AvisLecture>{{Avis::SansUnites, ""}}));
+  EXPECT_TRUE(Suppose("INCH\n%\nX1.0Y2.0\n").empty());
+  EXPECT_TRUE(Suppose("%\nM71\nX1.0Y2.0\n").empty());
+}
+
+TEST(LireExcellon, FormatAndZerosThatAreGuessedAreSaid) {
+  const auto suppose = [](const char* ligne) { return std::vector<AvisLecture>{{Avis::FormatDevine, ligne}}; };
+  EXPECT_EQ(Suppose("METRIC\n%\nX1000Y2000\n"), suppose("METRIC,TZ,000.000"));
+  EXPECT_EQ(Suppose("INCH,LZ\n%\nX01Y02\n"), suppose("INCH,LZ,00.0000"));
+  EXPECT_EQ(Suppose("METRIC,000.00\n%\nX1000Y2000\n"), suppose("METRIC,TZ,000.00"));
+  EXPECT_TRUE(Suppose("METRIC,000.00\n%\nX01000Y-02000\n").empty()) << "all digits are there";
+  EXPECT_TRUE(Suppose("METRIC,TZ,000.000\n%\nX1000Y2000\n").empty());
+  EXPECT_TRUE(Suppose("METRIC\n%\nX1.0Y2.0\n").empty());
+  EXPECT_EQ(Suppose("%\nX1000Y2000\n").size(), 2U);
+}
+
+TEST(LireExcellon, ExtentsThatContradictTheResultAreTold) {
+  // A board of 100 x 80 mm, read as metric, as inches, and with one digit less behind the point.
+  const std::string trous = "%\nX010000Y010000\nX090000Y070000\n";
+  const std::string etendue = ";EXTENTS X0.000 Y0.000 X100.000 Y80.000 MM\n";
+  EXPECT_TRUE(Suppose(etendue + "METRIC,TZ,000.000\n" + trous).empty());
+  EXPECT_EQ(Suppose(etendue + "INCH,TZ,00.0000\n" + trous),
+            (std::vector<AvisLecture>{{Avis::Etendue, ";EXTENTS X0.000 Y0.000 X100.000 Y80.000 MM"}}));
+  EXPECT_EQ(Suppose(etendue + "METRIC,TZ,0000.00\n" + trous).size(), 1U);
+  EXPECT_EQ(Suppose(etendue + "METRIC,TZ,0.00000\n" + trous).size(), 1U) << "far too small";
+  for (const char* const ligne :
+       {";EXTENTS 100.0 80.0", "; Extents: 0.0 100.0 0.0 80.0", ";EXTENTS 0 0 100000 80000",
+        ";EXTENTS 0 0 3.94 3.15 INCH", ";EXTENTS unknown", ";EXTENTS 1.0 2.0 3.0"}) {
+    EXPECT_TRUE(Suppose(std::string(ligne) + "\nMETRIC,TZ,000.000\n" + trous).empty()) << ligne;
+  }
+  EXPECT_EQ(Suppose(";EXTENTS 70.0 80.0\nMETRIC,TZ,000.000\n" + trous).size(), 1U);
+  EXPECT_EQ(Suppose(";EXTENTS 0.0 0.0 100.0 50.0\nMETRIC,TZ,000.000\n" + trous).size(), 1U);
+}
+
+TEST(LireExcellon, AWholeFileWithoutM30IsNotCutOff) {
+  EXPECT_FALSE(Drl("M48\nMETRIC,TZ\n%\nT1\nX1000Y1000\n", false).rapport.Tronque);
+  EXPECT_FALSE(Drl("M48\nMETRIC,TZ\n%\nT1\nX1000Y1000\r", false).rapport.Tronque);
+  EXPECT_FALSE(Drl("%\nT1\nX10000Y10000\n", false).rapport.Tronque);
+  EXPECT_TRUE(Drl("M48\nMETRIC,TZ\n%\nT1\nX1000Y10", false).rapport.Tronque) << "in a line";
+  EXPECT_TRUE(Drl("M48\nMETRIC,TZ\nT1C0.8\n", false).rapport.Tronque) << "in the header";
+  EXPECT_TRUE(Drl("M48\nMETRIC\n%\nG00X0Y0\nM15\nG01X1000\n", false).rapport.Tronque) << "router down";
+  EXPECT_FALSE(Drl("M48\nMETRIC\n%\nG00X0Y0\nM15\nG01X1000\nM16\n", false).rapport.Tronque);
+}
+
+TEST(LireExcellon, CoordinatesThatGrowTooLargeAreRefusedWithLineAndValue) {
+  const auto pas = Drl("M48\nMETRIC\n%\nX9000000.0\nG91\nX9000000.0\nM30\n", false);
+  EXPECT_EQ(pas.rapport.Numero, Erreur::Coordonnee);
+  EXPECT_EQ(pas.rapport.Ligne, 6);
+  EXPECT_EQ(pas.rapport.Detail, "18000000 0 mm");
+  const auto motif = Drl("M48\nMETRIC\n%\nM25\nX9000000.0\nM01\nM02X9000000.0Y1.0\nM30\n", false);
+  EXPECT_EQ(motif.rapport.Ligne, 7);
+  EXPECT_EQ(motif.rapport.Detail, "18000000 1 mm");
+  const auto repete = Drl("M48\nMETRIC\n%\nX1.0\nR3X9000000.0\nM30\n", false);
+  EXPECT_EQ(repete.rapport.Ligne, 5);
+  EXPECT_EQ(repete.rapport.Detail, "18000001 0 mm");
+  const auto rainure = Drl("M48\nMETRIC\n%\nX9000000.0\nG91\nG85X9000000.0\nM30\n", false);
+  EXPECT_EQ(rainure.rapport.Ligne, 6);
+  const auto route = Drl("M48\nMETRIC\n%\nG00X9000000.0Y0\nM15\nG91\nG01X9000000.0\nM16\nM30\n", false);
+  EXPECT_EQ(route.rapport.Ligne, 7);
+  EXPECT_EQ(Drl("M48\nMETRIC\n%\nX10000001.0\nM30\n", false).rapport.Detail, "X10000001.0");
 }
