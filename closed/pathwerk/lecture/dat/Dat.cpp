@@ -14,9 +14,9 @@ namespace pathwerk::lecture::dat {
 namespace {
 
 constexpr std::string_view kMarqueMaison = "#OVELIN";
-constexpr std::string_view kLigne = "ligne";  // rows that begin like a point and are none
-constexpr double kSeparateur = 999;           // MSES: "999. 999." stands between two elements
-constexpr std::size_t kColonnes = 8;
+constexpr std::string_view kLigne = "ROW";  // rows that begin like a point and are none
+constexpr double kSeparateur = 999;         // MSES: "999. 999." stands between two elements
+constexpr std::size_t kColonnes = 32;
 
 // The fields of one row.
 struct Rangee {
@@ -99,6 +99,7 @@ class Lecteur {
         return false;
       }
     }
+    if (larges_ > 1) lecture_.rapport.Suppose.push_back({Avis::Colonnes, std::to_string(colonnesMax_)});
     if (blocs_.empty()) {
       lecture_.Refuse(Erreur::Dat, lignes.Numero(), premiereLigne_);
       return false;
@@ -157,8 +158,17 @@ class Lecteur {
     const auto x = r.nb > 0 ? LitReel(r.champs[0]) : std::nullopt;
     const auto y = r.nb > 1 ? LitReel(r.champs[1]) : std::nullopt;
     if (x && y) {
+      const bool texte = r.nb > 2 && !LitReel(r.champs[2]);
       // The first line may be a title that begins with numbers: "30 40 Special".
-      if (titre && r.nb > 2 && !LitReel(r.champs[2])) return true;
+      if (texte && titre) return true;
+      if (texte && !Nomme(r)) {
+        lecture_.Ignore(kLigne);
+        return true;
+      }
+      if (r.nb > 3 && !texte) {
+        ++larges_;
+        colonnesMax_ = std::max(colonnesMax_, r.nb);
+      }
       return AjoutePoint({*x, *y}, r.nb, numero, ligne);
     }
     const bool ratee = r.nb > 1 && (x || PasUnNombre(r.champs[0])) && (y || PasUnNombre(r.champs[1]));
@@ -169,6 +179,15 @@ class Lecteur {
       return true;
     }
     Coupe(Coupure::Texte);
+    return true;
+  }
+
+  // A point may carry a name, one word in its row or as many as the rows before it. More than that, or a text
+  // behind a cut, are words that begin with numbers: "12 33 are the counts of both surfaces".
+  bool Nomme(const Rangee& r) {
+    if (nommes_ == r.nb) return true;
+    if (r.nb != 3 || (coupure_ != Coupure::Aucune && !blocs_.empty())) return false;
+    nommes_ = r.nb;
     return true;
   }
 
@@ -291,6 +310,9 @@ class Lecteur {
   std::size_t points_ = 0;
   std::array<std::size_t, 2> colonnes_{};  // columns of the first two rows
   long lues_ = 0;
+  long larges_ = 0;  // rows of more than three numbers; a single one is a domain of computation
+  std::size_t colonnesMax_ = 0;
+  std::size_t nommes_ = 0;  // fields of a row whose point has a name; 0 when none has
   std::string premiereLigne_;
 };
 
@@ -303,9 +325,10 @@ void LireDat(std::string_view data, const OptionsLecture& options, Lecture& lect
   (void)options;
   lecture.rapport.Format = "DAT";
   lecture.souder = false;
+  lecture.mesure = false;
   try {
-    if (data.find('\0') != std::string_view::npos) {
-      lecture.Refuse(Erreur::Dat, 0, "NUL");
+    if (const std::size_t nul = data.find('\0'); nul != std::string_view::npos) {
+      lecture.Refuse(Erreur::Dat, LigneDe(data, nul), "NUL");
       return;
     }
     Lecteur lecteur(lecture);

@@ -115,11 +115,36 @@ TEST(LireFichier, AFailureNamesFileLineAndDetailAndLeavesTheBounds) {
   EXPECT_EQ(f.ymax, -4);
 }
 
+TEST(LireFichier, ARefusedCoordinateNamesFileLineAndValueInEveryFormat) {
+  const Dossier d;
+  const auto refus = [&d](const std::string& nom, const std::string& octets) {
+    const auto f = Lis(d.Ecrit(nom, octets));
+    EXPECT_EQ(f.n, static_cast<int>(Erreur::Coordonnee)) << nom;
+    return SansBlancsFinaux(f.message);
+  };
+  std::string dxf = kDxf;
+  dxf.replace(dxf.find("1.0"), 3, "100000000.0");
+  EXPECT_EQ(refus("a.dxf", dxf), "a.dxf:6: 100000000 2 mm") << "the line that names the entity";
+  EXPECT_EQ(refus("a.plt", "IN;\nPU0,0;\nPD4e9,0;PU;"), "a.plt:3: PD 4e9 (100000000 0 mm)");
+  EXPECT_EQ(refus("a.drl", "M48\nMETRIC\n%\nX100000000.0Y1.0\nM30\n"), "a.drl:4: X100000000.0");
+}
+
+TEST(LireFichier, ACommentInFrontMakesAPlotNoLessAPlot) {
+  const Dossier d;
+  for (const char* const debut : {"CO\"Drawn; by hand\";", "CO Drawn by hand, PU9,9;", "\r\nCO a;CO b;\n"}) {
+    const auto f = Lis(d.Ecrit("dessin", std::string(debut) + kHpgl));
+    EXPECT_EQ(f.rapport.Format, "HPGL") << debut;
+    EXPECT_EQ(f.n, 3) << debut;
+  }
+  EXPECT_EQ(Lis(d.Ecrit("texte", "COLUMNS OF A TABLE; WITHOUT NUMBERS\n")).n,
+            static_cast<int>(Erreur::FormatInconnu));
+}
+
 TEST(LireFichier, SuccessListsWhatWasLeftOut) {
   const Dossier d;
   EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nG77\nX1\nX1\nG77\nM30\n")).message),
-            "G77 2, doublon 1");
-  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("b.drl", "M48\nMETRIC\n%\nX1\n")).message), "EOF");
+            "DUPLICATE 1, G77 2");
+  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("b.drl", "M48\nMETRIC\n%\nX1000\nX2")).message), "EOF");
 }
 
 TEST(LireFichier, AnEmptyDrawingHasNoPointsAndLeavesTheBounds) {

@@ -46,6 +46,28 @@ TEST(LireDat, ThirdColumnsAreLeftOut) {
   EXPECT_EQ(Dat("1 2\n3 4 nose\n").sequences.at(0), (Points{{1, 2}, {3, 4}}));
 }
 
+TEST(LireDat, TextBehindTheDataIsNoPointEvenWhenItBeginsWithNumbers) {
+  const auto a = Dat("NACA\n1 0\n.5 .1\n0 0\n.5 -.1\n1 0\n12 33 are the counts of the surfaces\n");
+  EXPECT_EQ(a.n, 5);
+  EXPECT_EQ(a.Ignores("ROW"), 1);
+  EXPECT_EQ(Dat("1 2\n3 4\n\n5 6 draft\n").n, 2);
+  EXPECT_EQ(Dat("1 2\n3 4\nRemarks\n5 6 draft\n").n, 2);
+}
+
+TEST(LireDat, PointsMayCarryNames) {
+  EXPECT_EQ(Dat("0 0 A\n1 0 B\n1 1 C\n").n, 2) << "the first line counts as a title";
+  EXPECT_EQ(Dat("Title\n0 0 A\n1 0 B\n\n5 5 C\n7 5 D\n").n, 4);
+  EXPECT_EQ(Dat("Title\n0 0 A\n1 0 B\n2 0 two words\n").n, 2);
+}
+
+TEST(LireDat, ATableOfMoreThanThreeColumnsIsTold) {
+  using pathwerk::Avis;
+  using pathwerk::AvisLecture;
+  EXPECT_EQ(Dat("1 2 3 4 5\n3 4 5 6 7\n").rapport.Suppose, (std::vector<AvisLecture>{{Avis::Colonnes, "5"}}));
+  EXPECT_TRUE(Dat("1 2 3\n3 4 5\n").rapport.Suppose.empty());
+  EXPECT_TRUE(Dat("A\n-2 3 -2.5 3.5\n1 0\n0 0\n1 0.1\n").rapport.Suppose.empty()) << "one domain row";
+}
+
 TEST(LireDat, FortranExponents) {
   EXPECT_EQ(Dat("0.5D+01 .25d1\n1.0E-01 +2E0\n").sequences.at(0),
             (Points{{5, 2.5}, {static_cast<double>(0.1F), 2}}));
@@ -56,14 +78,14 @@ TEST(LireDat, TitlesAreNoPoints) {
   EXPECT_EQ(Dat("30 40 Special\n0 0\n1 1\n").n, 2);
   EXPECT_EQ(Dat("61\n0 0\n1 1\n").n, 2);  // the number of points
   EXPECT_EQ(Dat("0 0\n1 1\nhttp://x.y/1 2\n").n, 2);
-  EXPECT_EQ(Dat("Title\n61\n0 0\n1 1\n").Ignores("ligne"), 0);
+  EXPECT_EQ(Dat("Title\n61\n0 0\n1 1\n").Ignores("ROW"), 0);
 }
 
 TEST(LireDat, TypingDamageIsSkippedCountedAndDoesNotCutThePath) {
   const auto a = Dat("NACA\n1.0 ......\n1.0 (0.0013)\n0.9 0.1\n0.0 ......\n0 0\n12\n0.9 -0.1\n");
   ASSERT_EQ(a.sequences.size(), 1U);
   EXPECT_EQ(a.n, 3);
-  EXPECT_EQ(a.Ignores("ligne"), 4);
+  EXPECT_EQ(a.Ignores("ROW"), 4);
 }
 
 TEST(LireDat, SeligWithEqualTailPointsIsClosedAsItStands) {
@@ -150,7 +172,7 @@ TEST(LireDat, APointGivenTwiceIsAHole) {
   const auto a = Dat("1 2\n1 2\n\n5 6\n5 6\n\n1 2\n1 2\n");
   ASSERT_EQ(a.sequences.size(), 2U);
   EXPECT_EQ(a.sequences[0], (Points{{1, 2}, {1, 2}}));
-  EXPECT_EQ(a.Ignores("doublon"), 1);
+  EXPECT_EQ(a.Ignores("DUPLICATE"), 1);
 }
 
 TEST(LireDat, OwnFilesKeepOrderDirectionAndEqualPoints) {
@@ -179,6 +201,7 @@ TEST(LireDat, BinaryContentIsRefused) {
   Lecture l;
   pathwerk::lecture::dat::LireDat(std::string_view("1 2\n3 4\n\0\1\2", 11), {}, l);
   EXPECT_EQ(l.rapport.Numero, Erreur::Dat);
+  EXPECT_EQ(l.rapport.Ligne, 3);
 }
 
 TEST(LireDat, CoordinatesThatAreNoneAreRefusedWithTheirLine) {
