@@ -212,3 +212,9 @@ TEST(LireFichier, ProgressRunsFromNothingToOne) {
   EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
   EXPECT_EQ(parts.back(), 1);
 }
+
+TEST(LireFichier, ThreeLettersMakeAPlot) {
+  const Dossier d;
+  const auto f = Lis(d.Ecrit("court", "IN;"));
+  EXPECT_EQ(f.rapport.Format, "HPGL");
+}

@@ -187,3 +187,27 @@ TEST(AssembleJumeaux, AScribbleDrawnTwiceIsReadQuietly) {
   EXPECT_LE(a.sequences.size(), 2U);
   EXPECT_GE(a.n, 39000);
 }
+
+TEST(AssembleJumeaux, OffTheAxesTheDistanceIsTheSame) {
+  // A long thin shape along 27 degrees; moved along its normal by 0.009 and by 0.012 mm, with other points on its
+  // edges.
+  const double a = 27 * std::numbers::pi / 180;
+  const auto tourne = [&](double x, double y) {
+    return Vec2{x * std::cos(a) - y * std::sin(a), x * std::sin(a) + y * std::cos(a)};
+  };
+  const Trait forme = Ferme({tourne(0, 0), tourne(80, 0), tourne(80, 9), tourne(0, 9)});
+  const Vec2 n = tourne(0, 1);
+  EXPECT_EQ(Assemble({forme, Coupe(Deplace(forme, 0.009 * n.x, 0.009 * n.y))}).sequences.size(), 1U);
+  EXPECT_EQ(Assemble({Coupe(forme), Deplace(forme, -0.009 * n.x, -0.009 * n.y)}).sequences.size(), 1U);
+  EXPECT_EQ(Assemble({forme, Coupe(Deplace(forme, 0.0102 * n.x, 0.0102 * n.y))}).sequences.size(), 2U);
+  const Trait ligne = Ouvert({tourne(0, 0), tourne(80, 0)});
+  EXPECT_EQ(
+      Assemble({ligne, Ouvert({tourne(0, 0.009), tourne(33, -0.009), tourne(80, 0.009)})}).Ignores("DUPLICATE"), 1);
+  EXPECT_EQ(
+      Assemble({ligne, Ouvert({tourne(0, 0.009), tourne(33, -0.011), tourne(80, 0.009)})}).Ignores("DUPLICATE"), 0);
+}
+
+TEST(AssembleJumeaux, HolesAreMeasuredRound) {
+  EXPECT_EQ(Assemble({Percage({5, 5}), Percage({5.009, 5.009})}).sequences.size(), 2U);
+  EXPECT_EQ(Assemble({Percage({5, 5}), Percage({5.007, 5.007})}).sequences.size(), 1U);
+}

@@ -211,3 +211,22 @@ TEST(AssembleImpose, TooManyPathsAreRefusedToo) {
   l.traits.assign(pathwerk::NbCodes() + 1, Percage({0, 0}));
   EXPECT_EQ(Assemble(l).n, static_cast<int>(Erreur::TropDeSequences));
 }
+
+TEST(AssembleSens, AHoleAlongThreeEdgesOfItsPartIsAHole) {
+  const auto a = Assemble({Carre(0, 0, 50), Ferme({{0, 0}, {20, 0}, {20, 50}, {0, 50}})});
+  ASSERT_EQ(a.sequences.size(), 2U);
+  EXPECT_FALSE(Horaire(a, a.sequences[0].front()));
+  EXPECT_GT(Aire(a.sequences[0]), 0);
+  EXPECT_NEAR(std::fabs(Aire(a.sequences[0])), 1000, 1e-6) << "the inner one comes first";
+}
+
+TEST(AssembleOrdre, AnOpenPathBelongsWhereMostOfItLies) {
+  // A part with a notch from above; the line starts in the notch and runs on inside the part.
+  const Trait part = Ferme({{0, 0}, {60, 0}, {60, 60}, {35, 60}, {35, 30}, {25, 30}, {25, 60}, {0, 60}});
+  const Trait ligne = Ouvert({{30, 50}, {30, 20}, {40, 20}, {50, 20}, {50, 30}, {50, 40}, {50, 50}, {45, 50}});
+  const auto a = Assemble({part, ligne});
+  ASSERT_EQ(a.sequences.size(), 2U);
+  EXPECT_FALSE(EstFerme(a.sequences[0])) << "cut before the part that holds it";
+  const Trait dehors = Ouvert({{30, 20}, {30, 32}, {30, 36}, {30, 40}, {30, 44}, {30, 48}, {30, 52}, {30, 56}});
+  EXPECT_TRUE(EstFerme(Assemble({part, dehors}).sequences.at(0)));
+}

@@ -1,5 +1,6 @@
 // Joining of loose ends, and what becomes of crumbs and duplicates.
 #include <algorithm>
+#include <array>
 #include <map>
 #include <random>
 
@@ -268,4 +269,83 @@ TEST(AssembleDoublons, SamePointsInAnotherOrderAreAnotherPath) {
       Assemble({Ferme({{0, 0}, {10, 0}, {10, 10}, {0, 10}}), Ferme({{0, 0}, {10, 10}, {10, 0}, {0, 10}})});
   EXPECT_EQ(a.sequences.size(), 2U);
   EXPECT_EQ(a.Ignores("DUPLICATE"), 0);
+}
+
+// Directions in degrees; the pair nearest to half a turn goes on straight, then the next of the rest.
+TEST(AssembleNoeud, OfThreeEndsTheStraightestTwoGoOn) {
+  const auto rayon = [](double degres) {
+    const double a = degres * std::numbers::pi / 180;
+    return Vec2{10 * std::cos(a), 10 * std::sin(a)};
+  };
+  // 17 and 190 differ by 173; 17 and 110 by 93; 110 and 190 by 80.
+  for (const auto& ordre :
+       {std::array{17.0, 190.0, 110.0}, std::array{110.0, 190.0, 17.0}, std::array{190.0, 110.0, 17.0}}) {
+    std::vector<Trait> s;
+    for (const double d : ordre) s.push_back(Ouvert({rayon(d), {0, 0}}));
+    const auto a = Assemble(s);
+    ASSERT_EQ(a.sequences.size(), 2U);
+    for (const auto& p : a.sequences) {
+      const bool seule = p.size() == 2;
+      EXPECT_EQ(seule, std::abs(p.front().y - rayon(110).y) < 1e-5) << "the one across stays alone";
+    }
+  }
+}
+
+TEST(AssembleNoeud, FiveAndManyEndsGoStraightOnAtOddAngles) {
+  const auto place = [](double degres, double r) {
+    const double a = degres * std::numbers::pi / 180;
+    return Vec2{r * std::cos(a), r * std::sin(a)};
+  };
+  for (const int n : {2, 15}) {  // few ends, and so many that the hub has its own way
+    for (const bool tige : {false, true}) {
+      std::vector<Trait> s;
+      for (int k = 0; k < n; ++k) {
+        const double d = 7.3 + 170.0 * k / n;
+        s.push_back(Ouvert({place(d, 10), {0, 0}}));
+        s.push_back(k % 2 == 0 ? Ouvert({{0, 0}, place(d + 180, 10)}) : Ouvert({place(d + 180, 10), {0, 0}}));
+      }
+      if (tige) s.push_back(Ouvert({{0, 0}, place(7.3 + 170.0 * 0.5 / n, 5)}));
+      const auto a = Assemble(s);
+      ASSERT_EQ(a.sequences.size(), static_cast<std::size_t>(n) + (tige ? 1 : 0)) << n;
+      for (const auto& p : a.sequences) {
+        if (p.size() == 2) continue;
+        ASSERT_EQ(p.size(), 3U);
+        EXPECT_NEAR(p.front().x + p.back().x, 0, 1e-5);
+        EXPECT_NEAR(p.front().y + p.back().y, 0, 1e-5);
+      }
+    }
+  }
+}
+
+TEST(AssembleNoeud, TheStraightestPairIsTakenAmongEndsThatAlmostMeetToo) {
+  const auto a = Assemble({Ouvert({{-10, 1}, {0, 0.000004}}), Ouvert({{1e-6, 10}, {0, 0.000002}}),
+                           Ouvert({{0.000003, 0}, {10, -1}}), Ouvert({{0, -0.000002}, {0.5, -10}})});
+  ASSERT_EQ(a.sequences.size(), 2U);
+  EXPECT_EQ(a.sequences[0].front(), (Vec2{-10, 1}));
+  EXPECT_EQ(a.sequences[0].back(), (Vec2{10, -1}));
+  EXPECT_EQ(a.sequences[1].back(), (Vec2{0.5, -10}));
+}
+
+TEST(AssembleNul, OneIsCountedToo) {
+  const auto a = Assemble({Ouvert({{3, 3}, {3, 3}}), Ouvert({{0, 0}, {1, 0}})});
+  EXPECT_EQ(a.Ignores("ZERO_LENGTH"), 1);
+}
+
+TEST(AssembleNul, ATinyTriangleBehindAnotherContourKeepsItsPoints) {
+  const auto a = Assemble({Carre(0, 0, 50), Ferme({{10, 10}, {10.004, 10.008}, {10.008, 10}})});
+  ASSERT_EQ(a.sequences.size(), 2U);
+  EXPECT_EQ(a.sequences[0].size(), 4U);
+}
+
+TEST(AssembleSoudure, AContourOfLooseLinesStartsWithItsFirstLineOfTheFile) {
+  const auto cotes = EnSegments(Cercle({0, 0}, 10, 6));
+  for (const auto& ordre : {std::array{3U, 0U, 4U, 1U, 5U, 2U}, std::array{5U, 4U, 3U, 2U, 1U, 0U},
+                            std::array{1U, 5U, 0U, 2U, 4U, 3U}}) {
+    std::vector<Trait> s;
+    for (const unsigned k : ordre) s.push_back(cotes[k]);
+    const auto a = Assemble(s);
+    ASSERT_EQ(a.sequences.size(), 1U);
+    EXPECT_NEAR(a.sequences[0][0].x, cotes[ordre[0]].points[0].x, 1e-5);
+    EXPECT_NEAR(a.sequences[0][0].y, cotes[ordre[0]].points[0].y, 1e-5);
+  }
 }

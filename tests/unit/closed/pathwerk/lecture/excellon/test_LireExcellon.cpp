@@ -348,3 +348,42 @@ TEST(LireExcellon, CoordinatesThatGrowTooLargeAreRefusedWithLineAndValue) {
   EXPECT_EQ(route.rapport.Ligne, 7);
   EXPECT_EQ(Drl("M48\nMETRIC\n%\nX10000001.0\nM30\n", false).rapport.Detail, "X10000001.0");
 }
+
+// A quarter and more about (3, -2) mm from every quadrant, both ways. The centre stands in I and J with its signs,
+// or in A as the radius; the ends are rounded to 0.001 mm by the file.
+TEST(LireExcellon, ArcsRunRightInAllQuadrants) {
+  const Vec2 c{3, -2};
+  const double r = 5;
+  const auto micron = [](double v) { return std::to_string(std::lround(v * 1000)); };
+  for (const double debut : {20.0, 110.0, 200.0, 290.0}) {
+    for (const double tour : {130.0, -130.0, 50.0, -50.0}) {
+      const auto place = [&](double degres) {
+        const double a = degres * std::numbers::pi / 180;
+        return Vec2{c.x + r * std::cos(a), c.y + r * std::sin(a)};
+      };
+      const Vec2 p = place(debut);
+      const Vec2 q = place(debut + tour);
+      const std::string va = std::string("METRIC,TZ,000.000\n%\nG00X") + micron(p.x) + "Y" + micron(p.y) +
+                             "\nM15\n" + (tour > 0 ? "G03X" : "G02X") + micron(q.x) + "Y" + micron(q.y);
+      for (const std::string& mots : {"I" + micron(c.x - p.x) + "J" + micron(c.y - p.y), "A" + micron(r)}) {
+        const auto a = Drl(va + mots + "\nM16\n");
+        ASSERT_EQ(a.sequences.size(), 1U) << va << mots;
+        const auto& s = a.sequences[0];
+        double longueur = 0;
+        for (std::size_t k = 0; k < s.size(); ++k) {
+          EXPECT_NEAR(std::hypot(s[k].x - c.x, s[k].y - c.y), r, 0.004) << va << mots;
+          if (k > 0) longueur += std::hypot(s[k].x - s[k - 1].x, s[k].y - s[k - 1].y);
+        }
+        EXPECT_NEAR(longueur, r * std::fabs(tour) * std::numbers::pi / 180, 0.03) << va << mots;
+        EXPECT_NEAR(s.back().x, q.x, 0.001);
+        EXPECT_NEAR(s.back().y, q.y, 0.001);
+      }
+    }
+  }
+}
+
+TEST(LireExcellon, CodesAreNamedWithTwoDigitsAndAnEmptyFileByItsFirstLine) {
+  const auto a = Drl("METRIC\n%\nG4X1\nX1.0Y1.0\n");
+  EXPECT_EQ(a.Ignores("G04"), 1);
+  EXPECT_EQ(Drl("", false).rapport.Ligne, 1);
+}

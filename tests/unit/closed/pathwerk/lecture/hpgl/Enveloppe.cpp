@@ -167,5 +167,18 @@ TEST(LireHpgl, ALargePlainPlotIsNoBomb) {
   EXPECT_EQ(Lit(texte).traits.size(), 300000U);
 }
 
+TEST(LireHpgl, RasterPlanesAndCountsThatAreMissingAreSkippedRightly) {
+  AttendLeTrait(Lit("\033%0A\033*b6VPD9,9;\033%0B" + std::string(kTrait)));
+  AttendLeTrait(Lit("\033%0A\033*bW\033%0B" + std::string(kTrait)));
+  AttendLeTrait(Lit("\033%0A\033&p7XPD9,9; \033%0B" + std::string(kTrait)));
+  AttendLeTrait(Lit(std::string(kTrait) + "\033*b999W"));
+}
+
+TEST(LireHpgl, AQuotedCommentMayHaveBlanksInFront) { AttendLeTrait(Lit("CO  \"a;b\"IN;" + std::string(kTrait))); }
+
+TEST(LireHpgl, TheRefusalNamesTheFirstLetterThatStandsAlone) {
+  EXPECT_EQ(Lit("\n\nQ 1 2\nR 3 4\nS 5 6\n").rapport.Ligne, 3);
+}
+
 }  // namespace
 }  // namespace pathwerk::lecture::hpgl

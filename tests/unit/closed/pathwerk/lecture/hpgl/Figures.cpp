@@ -1,6 +1,7 @@
 // Circles, arcs, wedges, rectangles, Bezier curves.
 #include <numbers>
 
+#include "closed/pathwerk/lecture/Lignes.h"
 #include "tests/unit/closed/pathwerk/lecture/hpgl/Mesures.h"
 
 namespace pathwerk::lecture::hpgl {
@@ -196,6 +197,68 @@ TEST(LireHpgl, AWedgeOfAFullTurnIsACircle) {
   const auto t = Traits("PU0,0;WG400,0,360;");
   AttendSurCercle(t[0], {0, 0}, 10, 0.01);
 }
+
+// The ends by hand: (-300, -400) about (400, 600) turned by 37 degrees, cos 0.798636, sin 0.601815.
+TEST(LireHpgl, ArcsOffTheAxesEndWhereTheirAngleSays) {
+  const auto fin = [](const std::string& arc) {
+    const auto t = Traits("PU100,200;PD;" + arc + ";PU;");
+    EXPECT_EQ(t.size(), 1U);
+    AttendSurCercle(t[0], {10, 15}, 12.5, 0.01);
+    EXPECT_NEAR(Longueur(t[0]), 12.5 * 37 * 3.14159265 / 180, 0.01);
+    return Vec2{t[0].points.back().x * 40, t[0].points.back().y * 40};
+  };
+  for (const char* const arc : {"AA400,600,37", "AR300,400,37"}) {
+    EXPECT_NEAR(fin(arc).x, 401.1354, 1e-3) << arc;
+    EXPECT_NEAR(fin(arc).y, 100.0013, 1e-3) << arc;
+  }
+  for (const char* const arc : {"AA400,600,-37", "AR300,400,-37"}) {
+    EXPECT_NEAR(fin(arc).x, -80.3167, 1e-3) << arc;
+    EXPECT_NEAR(fin(arc).y, 461.0903, 1e-3) << arc;
+  }
+}
+
+// Three points of the circle of 500 units about (300, -200), which lie off its axes: by the 3-4-5 triangle and its
+// mirror images, (7, 24, 25) among them.
+TEST(LireHpgl, ThreePointArcsLieOnTheirCircleWhereverItIs) {
+  struct Cas {
+    Vec2 depart, milieu, fin;
+    double degres;
+  };
+  // Directions: 36.8699, 73.7398, 126.8699, 216.8699 and 286.2602 degrees.
+  const Vec2 a{700, 100};
+  const Vec2 b{440, 280};
+  const Vec2 c{0, 200};
+  const Vec2 e{-100, -500};
+  const Vec2 g{440, -680};
+  for (const Cas& k : {Cas{a, b, c, 90}, Cas{b, c, e, 143.1301}, Cas{c, e, g, 159.3903}, Cas{e, g, a, 180},
+                       Cas{a, g, e, 180}, Cas{c, b, a, 90}, Cas{b, e, a, 323.1301}, Cas{g, e, b, 212.5204}}) {
+    const auto mot = [](Vec2 p) { return EnTexte(p.x) + "," + EnTexte(p.y); };
+    const auto t = Traits("PU" + mot(k.depart) + ";PD;AT" + mot(k.milieu) + "," + mot(k.fin) + ";PU;");
+    const auto r =
+        Traits("PU" + mot(k.depart) + ";PD;RT" + mot({k.milieu.x - k.depart.x, k.milieu.y - k.depart.y}) + "," +
+               mot({k.fin.x - k.depart.x, k.fin.y - k.depart.y}) + ";PU;");
+    for (const auto& traits : {t, r}) {
+      ASSERT_EQ(traits.size(), 1U);
+      AttendSurCercle(traits[0], {7.5, -5}, 12.5, 0.01);
+      EXPECT_NEAR(traits[0].points.back().x * 40, k.fin.x, 1e-9);
+      EXPECT_NEAR(traits[0].points.back().y * 40, k.fin.y, 1e-9);
+      EXPECT_NEAR(Longueur(traits[0]), 12.5 * k.degres * 3.14159265 / 180, 0.03) << k.degres;
+    }
+  }
+}
+
+// Corners by hand: 200 units at 25 and at 155 degrees from (100, 50): cos 0.906308, sin 0.422618.
+TEST(LireHpgl, AWedgeOffTheAxesHasItsCornersAndItsArea) {
+  const auto t = Traits("PU100,50;EW200,25,130;");
+  ASSERT_EQ(t.size(), 1U);
+  EXPECT_NEAR(t[0].points[1].x * 40, 100 + 181.2616, 1e-3);
+  EXPECT_NEAR(t[0].points[1].y * 40, 50 + 84.5237, 1e-3);
+  EXPECT_NEAR(t[0].points.back().x * 40, 100 - 181.2616, 1e-3);
+  EXPECT_NEAR(t[0].points.back().y * 40, 50 + 84.5237, 1e-3);
+  EXPECT_NEAR(Aire(t[0]), 25.0 * 130 / 360 * 3.14159265, 0.08);
+}
+
+TEST(LireHpgl, AFilledRectangleIsFilledAlready) { EXPECT_EQ(Traits("PU0,0;RA90,90;FP;EP;").size(), 1U); }
 
 }  // namespace
 }  // namespace pathwerk::lecture::hpgl

@@ -210,5 +210,40 @@ TEST(CoupeContour, IsEmptyWhenNothingIsLeft) {
   EXPECT_TRUE(CoupeContour(loin, f).empty());
 }
 
+// 100 units of the plotter are a user unit, in a frame that starts at neither zero: (-10, 5) lies at (1000, 2000).
+// RO90 on a sheet 20000 x 10000 brings (x, y) to (20000 - y, x), RO270 to (y, 10000 - x).
+TEST(LireHpgl, ArcsInATurnedFrameThatStartsAnywhereLieWhereTheyShould) {
+  const std::string cadre = "IP1000,2000,5000,4000;SC-10,30,5,25;PU2,12;PD;AA5,16,90;PU;";
+  const auto fin = [&](const std::string& debut) {
+    const auto t = Traits("PS20000,10000;" + debut + cadre);
+    EXPECT_EQ(t.size(), 1U);
+    EXPECT_EQ(t[0].nature, Nature::Ouvert);
+    return std::pair(t[0].points.front(), t[0].points.back());
+  };
+  // From (2, 12) a quarter about (5, 16) to (9, 13): plotter units (2200, 2700) and (2900, 2800).
+  struct Cas {
+    const char* debut;
+    Vec2 a, b;
+  };
+  for (const Cas& c : {Cas{"", {2200, 2700}, {2900, 2800}}, Cas{"RO90;", {17300, 2200}, {17200, 2900}},
+                       Cas{"RO180;", {17800, 7300}, {17100, 7200}}, Cas{"RO270;", {2700, 7800}, {2800, 7100}}}) {
+    const auto [a, b] = fin(c.debut);
+    EXPECT_NEAR(a.x * 40, c.a.x, 1e-6) << c.debut;
+    EXPECT_NEAR(a.y * 40, c.a.y, 1e-6) << c.debut;
+    EXPECT_NEAR(b.x * 40, c.b.x, 1e-6) << c.debut;
+    EXPECT_NEAR(b.y * 40, c.b.y, 1e-6) << c.debut;
+  }
+}
+
+TEST(CoupePolyligne, ALineStaysOnePieceUntilItLeaves) {
+  const HpglFenetre f{{0, 0}, {10, 10}};
+  const std::vector<Vec2> ligne{{1, 1}, {4, 2}, {6, 7}, {16, 9}, {14, 3}};
+  const auto m = CoupePolyligne(ligne, f);
+  ASSERT_EQ(m.size(), 1U);
+  EXPECT_EQ(m[0].size(), 4U);
+  EXPECT_NEAR(m[0].back().x, 10, 1e-12);
+  EXPECT_NEAR(m[0].back().y, 7.8, 1e-12);
+}
+
 }  // namespace
 }  // namespace pathwerk::lecture::hpgl
