@@ -6,7 +6,7 @@
 
 #include "bench/Formes.h"
 #include "core/DocumentCourant.h"
-#include "workspace/Module_Scene.h"
+#include "image/SceneDocument.h"
 #include "workspace/Module_Souris.h"
 #include "workspace/Module_Vue.h"
 

@@ -5,12 +5,10 @@
 #include <cstdint>
 #include <string>
 
+#include "core/Couleurs.h"
 #include "core/Types.h"
 
 namespace ovelin {
-
-// Colours are red + 256 x green + 65536 x blue.
-constexpr std::int32_t Couleur(int rouge, int vert, int bleu) { return rouge + 256 * vert + 65536 * bleu; }
 
 struct Reglages {
   // tool dimensions

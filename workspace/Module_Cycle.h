@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "image/Marques.h"
 #include "workspace/Module_Demarrage.h"
-#include "workspace/Module_Scene.h"
 
 namespace ovelin {
 

@@ -9,42 +9,11 @@
 #include <QPixmap>
 #include <QPixmapCache>
 #include <QSvgRenderer>
-#include <algorithm>
-#include <cmath>
 
 // The pictures lie in a static library: something has to name their object file.
 static void ChargeRessources() { Q_INIT_RESOURCE(icones); }
 
 namespace ovelin {
-
-namespace {
-
-constexpr double ContrasteVoulu = 3.0;  // graphics that must be told apart (WCAG 2, criterion 1.4.11)
-
-// Relative luminance and contrast ratio as WCAG 2 defines them.
-double Luminance(const QColor& c) {
-  const auto lineaire = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
-  const QColor rgb = c.toRgb();
-  return 0.2126 * lineaire(static_cast<double>(rgb.redF())) + 0.7152 * lineaire(static_cast<double>(rgb.greenF())) +
-         0.0722 * lineaire(static_cast<double>(rgb.blueF()));
-}
-
-double Contraste(const QColor& a, const QColor& b) {
-  const double la = Luminance(a);
-  const double lb = Luminance(b);
-  return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
-}
-
-QColor AvecClarte(const QColor& couleur, float clarte) {
-  float h = 0;
-  float s = 0;
-  float l = 0;
-  float a = 0;
-  couleur.getHslF(&h, &s, &l, &a);
-  return QColor::fromHslF(std::max(h, 0.0F), s, std::clamp(clarte, 0.0F, 1.0F), a).toRgb();
-}
-
-}  // namespace
 
 QColor EnCouleur(std::int32_t couleur) {
   const auto v = static_cast<std::uint32_t>(couleur);
@@ -57,29 +26,23 @@ std::int32_t DeCouleur(const QColor& couleur) {
   return rgb.red() + 256 * rgb.green() + 65536 * rgb.blue();
 }
 
-bool ThemeSombre(const QWidget& w) {
-  return Luminance(w.palette().color(QPalette::Window)) < Luminance(w.palette().color(QPalette::WindowText));
+Theme ThemeDe(const QWidget& w) {
+  // Against black the contrast rises with the luminance.
+  const auto luminance = [&w](QPalette::ColorRole role) {
+    return Contraste(DeCouleur(w.palette().color(role)), 0);
+  };
+  return luminance(QPalette::Window) < luminance(QPalette::WindowText) ? Theme::Sombre : Theme::Clair;
 }
 
-// What was chosen for another ground is mirrored in its lightness first: black on white becomes white on black,
-// dark red a light one, and two colours that could be told apart still can. From there the lightness moves in small
-// steps up and down at once; the first that is far enough from the ground is the nearest. One of black and white
-// always is.
+bool ThemeSombre(const QWidget& w) { return ThemeDe(w) == Theme::Sombre; }
+
 QColor CouleurLisible(const QColor& couleur, const QColor& fond) {
-  if (Contraste(couleur, fond) >= ContrasteVoulu) return couleur;
-  const float clarte = 1.0F - static_cast<float>(couleur.lightnessF());
-  const QColor miroir = AvecClarte(couleur, clarte);
-  if (Contraste(miroir, fond) >= ContrasteVoulu) return miroir;
-  for (int pas = 1; pas <= 100; ++pas) {
-    for (const float sens : {0.01F, -0.01F}) {
-      const QColor essai = AvecClarte(couleur, clarte + sens * static_cast<float>(pas));
-      if (Contraste(essai, fond) >= ContrasteVoulu) return essai;
-    }
-  }
-  return Luminance(fond) < 0.18 ? QColor(Qt::white) : QColor(Qt::black);
+  const std::int32_t demandee = DeCouleur(couleur);
+  const std::int32_t lisible = CouleurLisible(demandee, DeCouleur(fond));
+  return lisible == demandee ? couleur : EnCouleur(lisible);
 }
 
-QColor Papier(const QWidget& w) { return ThemeSombre(w) ? QColor(36, 38, 41) : QColor(Qt::white); }
+QColor Papier(const QWidget& w) { return EnCouleur(PapierDe(ThemeDe(w))); }
 
 namespace {
 

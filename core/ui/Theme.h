@@ -6,13 +6,16 @@
 #include <QWidget>
 #include <cstdint>
 
+#include "core/Couleurs.h"
+
 namespace ovelin {
 
 // Colours of the settings are red + 256 x green + 65536 x blue.
 QColor EnCouleur(std::int32_t couleur);
 std::int32_t DeCouleur(const QColor& couleur);
 
-// The palette's window is darker than its text.
+// Dark when the palette's window is darker than its text.
+Theme ThemeDe(const QWidget& w);
 bool ThemeSombre(const QWidget& w);
 // The colour, or the same hue lighter or darker, so that it can be told from `fond` (contrast of 3 to 1).
 QColor CouleurLisible(const QColor& couleur, const QColor& fond);

@@ -5,7 +5,7 @@
 
 #include "core/ReglagesCourants.h"
 #include "core/ui/Theme.h"
-#include "workspace/ui/PeintScene.h"
+#include "image/ui/PeintScene.h"
 
 namespace ovelin {
 
@@ -24,7 +24,7 @@ void ApercuDimension::Refait() {
   TailleImage taille;
   taille.largeur = static_cast<float>(width()) * TwipsParPixel;
   taille.hauteur = static_cast<float>(height()) * TwipsParPixel;
-  ConstruitApercu(points_, rapportX_, rapportY_, taille, Regl.CouleurInitial, scene_);
+  ConstruitApercu(points_, rapportX_, rapportY_, taille, scene_);
   update();
 }
 
@@ -35,10 +35,9 @@ void ApercuDimension::resizeEvent(QResizeEvent* e) {
 
 void ApercuDimension::paintEvent(QPaintEvent* /*e*/) {
   QPainter peintre(this);
-  AspectScene aspect;
-  aspect.papier = Papier(*this);
-  peintre.fillRect(rect(), aspect.papier);
-  PeintScene(peintre, scene_, aspect);
+  const Palette couleurs = ConstruitPalette(Regl, ThemeDe(*this));
+  peintre.fillRect(rect(), EnCouleur(couleurs.papier));
+  PeintScene(peintre, scene_, couleurs);
   peintre.setRenderHint(QPainter::Antialiasing, false);
   peintre.setPen(palette().color(QPalette::Mid));
   peintre.setBrush(Qt::NoBrush);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/Types.h"
-#include "workspace/Module_Scene.h"
+#include "image/Apercu.h"
 
 namespace ovelin {
 

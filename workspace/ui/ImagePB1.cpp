@@ -15,12 +15,14 @@
 
 #include "core/Cadence.h"
 #include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
+#include "image/Marques.h"
+#include "image/ui/PeintScene.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
-#include "workspace/ui/PeintScene.h"
 
 namespace ovelin {
 
@@ -108,6 +110,7 @@ TailleImage ImagePB1::Taille() const {
 OptionsScene ImagePB1::Options() const {
   OptionsScene options = OptionsCourantes(numPoint_, sequence_);
   options.pixel = static_cast<float>(static_cast<double>(TwipsParPixel) / devicePixelRatioF());
+  options.legende = false;  // it stands in labels over the picture
   options.mesureTexte = MesureDe(font());
   return options;
 }
@@ -161,30 +164,28 @@ void ImagePB1::Peint() {
   const QSize pixels = (QSizeF(size()) * echelle).toSize().expandedTo(QSize(1, 1));
   if (image_.size() != pixels) image_ = QImage(pixels, QImage::Format_RGB32);
   image_.setDevicePixelRatio(echelle);
-  const QColor papier = Papier(*this);
-  image_.fill(papier);
+  const Palette couleurs = ConstruitPalette(Regl, ThemeDe(*this));
+  image_.fill(EnCouleur(couleurs.papier));
   croix_.Vide();
   dessine_ = !scene_.Primitives.empty();
   if (dessine_) {
     QPainter peintre(&image_);
     peintre.setFont(font());
-    const bool distincte = options.couleurSelectionne != options.couleurInitial;
-    PeintScene(peintre, scene_, {papier, false, distincte ? options.couleurSelectionne : -1});
+    PeintScene(peintre, scene_, couleurs);
   }
-  PlaceLegende(options);
+  PlaceLegende(options, couleurs);
   MontreOutil();
   update();
 }
 
-void ImagePB1::PlaceLegende(const OptionsScene& options) {
-  const QColor papier = Papier(*this);
-  QColor voile = papier;
+void ImagePB1::PlaceLegende(const OptionsScene& options, const Palette& couleurs) {
+  QColor voile = EnCouleur(couleurs.papier);
   voile.setAlpha(ProfondeurVoile);
   int coin = 0;
   int haut = 0;
-  const auto place = [&](QLabel& label, const std::string& texte, std::int32_t couleur) {
+  const auto place = [&](QLabel& label, const std::string& texte, Role role) {
     QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, CouleurLisible(EnCouleur(couleur), papier));
+    palette.setColor(QPalette::WindowText, EnCouleur(couleurs[role].couleurTexte));
     palette.setColor(QPalette::Window, voile);
     if (palette != label.palette()) label.setPalette(palette);
     label.setText(QString::fromStdString(texte));
@@ -194,18 +195,18 @@ void ImagePB1::PlaceLegende(const OptionsScene& options) {
     haut += label.height();
     label.setVisible(dessine_);
   };
-  place(*dessin_, options.legendeDessin, options.couleurInitial);
-  place(*decalage_, options.legendeDecalage, options.couleurDecalage);
+  place(*dessin_, options.legendeDessin, Role::LegendeDessin);
+  place(*decalage_, options.legendeDecalage, Role::LegendeTrajet);
 }
 
 void ImagePB1::Croix(const PointTrace& point) {
   croix_.Vide();
-  TraceCroix(Vue, Taille(), Options(), point, croix_);
+  TraceCroix(Vue, Taille(), point, croix_);
   update();
 }
 
 void ImagePB1::PositionOutil(float x, float y) {
-  if (!Dessin_Position_Outil(Vue, Taille(), Options(), Cycle.Outil, x, y, outil_)) return;
+  if (!Dessin_Position_Outil(Vue, Taille(), MesureDe(font()), Cycle.Outil, x, y, outil_)) return;
   if (!Cycle.AfficheOutil) outil_.Vide();
   update();
 }
@@ -214,7 +215,7 @@ void ImagePB1::PositionOutil(float x, float y) {
 void ImagePB1::MontreOutil() {
   outil_.Vide();
   if (!Cycle.AfficheOutil || Cycle.Outil == MemoireOutil{}) return;
-  MarqueOutil(Vue, Taille(), Options(), MemoireOutil{}, Cycle.Outil.X, Cycle.Outil.Y, outil_);
+  MarqueOutil(Vue, Taille(), MesureDe(font()), MemoireOutil{}, Cycle.Outil.X, Cycle.Outil.Y, outil_);
 }
 
 // --- painting --------------------------------------------------------------------------------------------------
@@ -228,10 +229,10 @@ QRect ImagePB1::RectBande() const {
 }
 
 void ImagePB1::PeintDessus(QPainter& peintre) const {
-  const AspectScene aspect{Papier(*this)};
   peintre.setFont(font());
-  PeintScene(peintre, croix_, aspect);
-  PeintScene(peintre, outil_, aspect);
+  for (const Scene* dessus : {&croix_, &outil_}) {
+    if (!dessus->Primitives.empty()) PeintScene(peintre, *dessus, ConstruitPalette(Regl, ThemeDe(*this)));
+  }
   if (const QRect bande = RectBande(); !bande.isNull()) {
     const QColor couleur = palette().color(QPalette::Highlight);
     QColor voile = couleur;

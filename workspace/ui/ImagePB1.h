@@ -9,7 +9,8 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "workspace/Module_Scene.h"
+#include "image/Palette.h"
+#include "image/SceneDocument.h"
 #include "workspace/Module_Souris.h"
 
 namespace ovelin {
@@ -72,7 +73,7 @@ class ImagePB1 : public QWidget {
   [[nodiscard]] OptionsScene Options() const;
   void Peint();  // the retained picture, without a snapshot
   void PeintDessus(QPainter& peintre) const;
-  void PlaceLegende(const OptionsScene& options);
+  void PlaceLegende(const OptionsScene& options, const Palette& couleurs);
   void MontreOutil();
   void Differe();
   void Acheve();  // the redrawing that movements have left

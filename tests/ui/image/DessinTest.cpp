@@ -10,6 +10,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/ui/ServicesQt.h"
+#include "image/SceneDocument.h"
 #include "tests/ui/image/Atelier.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Souris.h"
@@ -53,6 +54,16 @@ TEST(Dessin, SelectedPathsHaveTheirColour) {
   a.image.Dessin();
   EXPECT_LT(Ecart(a.Trouve(0, 25, choisie), choisie), 60);
   EXPECT_GT(Ecart(a.Trouve(100, 25, choisie), choisie), 60);
+}
+
+TEST(Dessin, SelectedPathsShowAlsoInTheColourOfTheOthers) {
+  DeuxCarres();
+  Regl.Couleurselectionne = Regl.CouleurInitial;
+  Atelier a;
+  const int sans = Compte(a.image.Image(), Qt::black, 90);
+  BasculeSelection(Code2("AA"));
+  a.image.Dessin();
+  EXPECT_GT(Compte(a.image.Image(), Qt::black, 90), sans + 50);
 }
 
 TEST(Dessin, EveryColourIsDrawnAndLegibleInLightAndDark) {

@@ -7,9 +7,9 @@
 
 #include "core/Reglages.h"
 #include "core/ui/Theme.h"
+#include "image/Vue.h"
+#include "image/ui/PeintScene.h"
 #include "tests/ui/image/Atelier.h"
-#include "workspace/ui/PeintScene.h"
-#include "workspace/ui/TraitRapide.h"
 
 namespace {
 
@@ -17,9 +17,25 @@ using namespace ovelin;
 using essai::Compte;
 using essai::Ecart;
 
-constexpr std::int32_t Rouge = Couleur(255, 0, 0);
-constexpr std::int32_t Bleu = Couleur(0, 0, 255);
-constexpr std::int32_t Vert = Couleur(0, 110, 0);
+// What the tests draw with: red, blue, green; dots and dashes in blue.
+constexpr Role Rouge = Role::Dessin;
+constexpr Role Bleu = Role::Trajet;
+constexpr Role Vert = Role::Depart;
+constexpr Role RougeLarge = Role::Selection;
+constexpr Role BleuPointille = Role::Air;
+constexpr Role BleuTirets = Role::Etendue;
+
+Palette Couleurs() {
+  Palette p = ConstruitPalette(Reglages{}, Theme::Clair);
+  const auto teint = [&p](Role role, std::int32_t couleur) {
+    Aspect& aspect = p.aspects[static_cast<std::size_t>(role)];
+    aspect.couleur = aspect.couleurTexte = couleur;
+  };
+  for (const Role role : {Rouge, RougeLarge}) teint(role, Couleur(255, 0, 0));
+  for (const Role role : {Bleu, BleuPointille, BleuTirets}) teint(role, Couleur(0, 0, 255));
+  teint(Vert, Couleur(0, 110, 0));
+  return p;
+}
 
 // Places in logical pixels.
 Scene& Ajoute(Scene& scene, Primitive p, const std::vector<std::pair<float, float>>& places) {
@@ -30,27 +46,26 @@ Scene& Ajoute(Scene& scene, Primitive p, const std::vector<std::pair<float, floa
   return scene;
 }
 
-Primitive Trait(std::int32_t couleur, StyleTrait style = StyleTrait::Plein) {
+Primitive Trait(Role role) {
   Primitive p;
-  p.couleur = couleur;
-  p.style = style;
+  p.role = role;
   return p;
 }
 
-Primitive Marque(Genre genre, std::int32_t couleur, float pixels) {
+Primitive Marque(Genre genre, Role role, float pixels) {
   Primitive p;
   p.genre = genre;
-  p.couleur = couleur;
+  p.role = role;
   p.mesure = pixels * TwipsParPixel;
   return p;
 }
 
-QImage Peint(const Scene& scene, const AspectScene& aspect = {Qt::white}, double echelle = 1) {
+QImage Peint(const Scene& scene, double echelle = 1, const Palette& palette = Couleurs()) {
   QImage image(QSize(100, 100) * echelle, QImage::Format_RGB32);
   image.setDevicePixelRatio(echelle);
-  image.fill(aspect.papier);
+  image.fill(EnCouleur(palette.papier));
   QPainter p(&image);
-  PeintScene(p, scene, aspect);
+  PeintScene(p, scene, palette);
   return image;
 }
 
@@ -68,8 +83,9 @@ TEST(PeintScene, WhatComesLaterInTheListLiesOnTop) {
     Ajoute(scene, Marque(Genre::Carres, Rouge, 20), {{30, 30}});
     Ajoute(scene, Trait(Bleu), {{30, 10}, {30, 90}});
     Ajoute(scene, Marque(Genre::Disque, Vert, 6), {{30, 70}});
-    scene.Primitives.back().fond = Vert;
-    const QImage image = Peint(scene);
+    Palette palette = Couleurs();
+    palette.aspects[static_cast<std::size_t>(Vert)].fond = Couleur(0, 110, 0);
+    const QImage image = Peint(scene, 1, palette);
     EXPECT_LT(Ecart(image.pixelColor(24, 30), QColor(255, 0, 0)), 60);
     EXPECT_GT(image.pixelColor(30, 30).blue() + image.pixelColor(29, 30).blue(), 200) << "the line over the square";
     EXPECT_LT(Ecart(image.pixelColor(30, 70), QColor(0, 110, 0)), 60) << "the disc over the line";
@@ -91,17 +107,17 @@ TEST(PeintScene, EachGenreMarksItsPlaceInItsSize) {
 
 TEST(PeintScene, ADottedLineLeavesPaperBetweenItsDotsAndADashedOneLess) {
   for (const bool lourde : {false, true}) {
-    const auto compte = [&](StyleTrait style) {
+    const auto compte = [&](Role role) {
       Scene scene;
       if (lourde) Alourdit(scene);
-      Ajoute(scene, Trait(Bleu, style), {{5.5F, 50.5F}, {95.5F, 50.5F}});
+      Ajoute(scene, Trait(role), {{5.5F, 50.5F}, {95.5F, 50.5F}});
       return Compte(Peint(scene), QColor(0, 0, 255), 300);
     };
-    EXPECT_GE(compte(StyleTrait::Plein), 89) << lourde;
-    EXPECT_GT(compte(StyleTrait::Pointille), 20) << lourde;
-    EXPECT_LT(compte(StyleTrait::Pointille), 60) << lourde;
-    EXPECT_GT(compte(StyleTrait::TiretPointPoint), compte(StyleTrait::Pointille)) << lourde;
-    EXPECT_LT(compte(StyleTrait::TiretPointPoint), 80) << lourde;
+    EXPECT_GE(compte(Bleu), 89) << lourde;
+    EXPECT_GT(compte(BleuPointille), 20) << lourde;
+    EXPECT_LT(compte(BleuPointille), 60) << lourde;
+    EXPECT_GT(compte(BleuTirets), compte(BleuPointille)) << lourde;
+    EXPECT_LT(compte(BleuTirets), 80) << lourde;
   }
 }
 
@@ -110,10 +126,10 @@ TEST(PeintScene, DashesGoOnFromOneStretchToTheNext) {
   Scene plusieurs;
   Alourdit(une);
   Alourdit(plusieurs);
-  Ajoute(une, Trait(Bleu, StyleTrait::Pointille), {{5, 50.5F}, {95, 50.5F}});
+  Ajoute(une, Trait(BleuPointille), {{5, 50.5F}, {95, 50.5F}});
   std::vector<std::pair<float, float>> points;
   for (int i = 0; i <= 45; ++i) points.emplace_back(5.0F + 2 * static_cast<float>(i), 50.5F);
-  Ajoute(plusieurs, Trait(Bleu, StyleTrait::Pointille), points);
+  Ajoute(plusieurs, Trait(BleuPointille), points);
   EXPECT_NEAR(Compte(Peint(une), QColor(0, 0, 255)), Compte(Peint(plusieurs), QColor(0, 0, 255)), 25);
   EXPECT_LT(Compte(Peint(plusieurs), QColor(0, 0, 255)), 70) << "a line of short stretches is dotted too";
 }
@@ -127,8 +143,8 @@ TEST(PeintScene, QuickLinesLieWhereSmoothOnesDo) {
     Scene lourde;
     Alourdit(lourde);
     Ajoute(lourde, Trait(Bleu), zigzag);
-    const QImage a = Peint(legere, {Qt::white}, echelle);
-    const QImage b = Peint(lourde, {Qt::white}, echelle);
+    const QImage a = Peint(legere, echelle);
+    const QImage b = Peint(lourde, echelle);
     const auto encre = [](const QImage& image, int x, int y) {
       int meilleure = 0;
       for (int dy = -1; dy <= 1; ++dy) {
@@ -155,56 +171,81 @@ TEST(PeintScene, LinesHaveOneLogicalPixelOnEveryScreen) {
     Scene scene;
     Alourdit(scene);
     Ajoute(scene, Trait(Bleu), {{50.2F, 10.2F}, {50.2F, 90.2F}});
-    const QImage image = Peint(scene, {Qt::white}, echelle);
+    const QImage image = Peint(scene, echelle);
     int large = 0;
     for (int x = 0; x < image.width(); ++x) large += image.pixelColor(x, image.height() / 2).red() < 100 ? 1 : 0;
     EXPECT_EQ(large, static_cast<int>(echelle));
   }
 }
 
-TEST(PeintScene, LinesOfTheSelectionAreWider) {
+// Ink of the line that stands upright at x = `place`, in widths of a line of one pixel.
+double Largeur(const QImage& image, int place) {
+  int encre = 0;
+  for (int x = place - 15; x < place + 15; ++x) encre += 255 - image.pixelColor(x, 50).green();
+  return encre / 255.0;
+}
+
+TEST(PeintScene, LinesOfTheSelectionAreWiderAlsoInTheColourOfTheOthers) {
   for (const bool lourde : {false, true}) {
     Scene scene;
     if (lourde) Alourdit(scene);
     Ajoute(scene, Trait(Rouge), {{20.5F, 10}, {20.5F, 90}});
-    Ajoute(scene, Trait(Bleu), {{60.5F, 10}, {60.5F, 90}});
-    AspectScene aspect{Qt::white};
-    const auto largeur = [&](int depuis) {
-      const QImage image = Peint(scene, aspect);
-      int encre = 0;
-      for (int x = depuis; x < depuis + 30; ++x) encre += 255 - image.pixelColor(x, 50).green();
-      return encre;
-    };
-    EXPECT_NEAR(largeur(5), largeur(45), 30);
-    aspect.selection = Rouge;
-    EXPECT_GT(largeur(5), 3 * largeur(45) / 2);
+    Ajoute(scene, Trait(RougeLarge), {{60.5F, 10}, {60.5F, 90}});
+    const QImage image = Peint(scene);
+    EXPECT_NEAR(Largeur(image, 20), 1, 0.15) << lourde;
+    EXPECT_NEAR(Largeur(image, 60), lourde ? 2 : 1.75, 0.15) << lourde;
   }
+}
+
+TEST(PeintScene, ALineMayHaveAWidthOfItsOwnWithRoundEnds) {
+  for (const bool lourde : {false, true}) {
+    Scene scene;
+    if (lourde) Alourdit(scene);
+    Primitive large = Trait(Bleu);
+    large.mesure = 12 * TwipsParPixel;
+    Ajoute(scene, large, {{50.5F, 40}, {50.5F, 60}});
+    for (const double echelle : {1.0, 2.0}) {
+      const QImage image = Peint(scene, echelle).scaled(100, 100);
+      EXPECT_NEAR(Largeur(image, 50), 12, 1) << lourde;
+      EXPECT_LT(Ecart(image.pixelColor(50, 36), QColor(0, 0, 255)), 60) << "six pixels beyond the end";
+      EXPECT_GT(image.pixelColor(55, 36).red(), 150) << "round";
+      EXPECT_EQ(image.pixelColor(50, 32), QColor(Qt::white));
+    }
+  }
+}
+
+TEST(PeintScene, AnAreaIsFilledButForItsHole) {
+  Scene scene;
+  // A square of 60 pixels, a way in, a square of 20 in it, the same way back.
+  Ajoute(scene, Marque(Genre::Aire, Bleu, 0),
+         {{20, 20},
+          {80, 20},
+          {80, 80},
+          {20, 80},
+          {20, 20},
+          {40, 40},
+          {40, 60},
+          {60, 60},
+          {60, 40},
+          {40, 40},
+          {20, 20}});
+  EXPECT_NEAR(Compte(Peint(scene), QColor(0, 0, 255), 60), 60 * 60 - 20 * 20, 60);
+  EXPECT_EQ(Peint(scene).pixelColor(50, 50), QColor(Qt::white));
 }
 
 TEST(PeintScene, LinesFarBeyondTheEdgeAreHarmless) {
   Scene scene;
   Alourdit(scene);
-  Ajoute(scene, Trait(Bleu, StyleTrait::Pointille), {{-500, 50}, {600, 50}});
+  Ajoute(scene, Trait(BleuPointille), {{-500, 50}, {600, 50}});
   Ajoute(scene, Trait(Bleu), {{50, -500}, {50, 600}});
   Ajoute(scene, Trait(Bleu), {{-500, -500}, {-400, 900}});
   const float infini = std::numeric_limits<float>::infinity();
   Ajoute(scene, Trait(Bleu), {{20, 20}, {1e30F, 20}, {infini, infini}, {-1e30F, 3}});
-  Ajoute(scene, Trait(Bleu, StyleTrait::Pointille), {{std::numeric_limits<float>::quiet_NaN(), 20}, {1e9F, 20}});
+  Ajoute(scene, Trait(BleuPointille), {{std::numeric_limits<float>::quiet_NaN(), 20}, {1e9F, 20}});
   const QImage image = Peint(scene);
   EXPECT_LT(image.pixelColor(50, 5).red(), 100);
   EXPECT_LT(image.pixelColor(50, 95).red(), 100);
   EXPECT_LT(Compte(image, QColor(0, 0, 255)), 200);
-}
-
-TEST(PeintScene, LeavesTheLegendToLabelsWhenAsked) {
-  Scene scene;
-  scene.Textes.emplace_back("legend");
-  Primitive texte = Marque(Genre::Texte, Rouge, 0);
-  texte.element = Element::Legende;
-  texte.ancre = Ancre::HautGauche;
-  Ajoute(scene, texte, {{5, 5}});
-  EXPECT_GT(Compte(Peint(scene), QColor(255, 0, 0), 200), 5);
-  EXPECT_EQ(Compte(Peint(scene, {Qt::white, false}), QColor(Qt::white), 0), 100 * 100);
 }
 
 TEST(PeintScene, ATextStandsAroundItsPlaceOrBelowIt) {
@@ -231,16 +272,13 @@ TEST(PeintScene, ATextStandsAroundItsPlaceOrBelowIt) {
 }
 
 TEST(PeintScene, ANumberIsTakenFromTheGroundOfItsDisc) {
+  Reglages reglages;
+  reglages.CouleurSequence = Couleur(0, 0, 255);
+  reglages.Couleurselectionne = Couleur(0, 0, 200);  // the number would be blue on blue
   Scene scene;
-  scene.Textes.emplace_back("8");
-  Primitive disque = Marque(Genre::Disque, Bleu, 20);
-  disque.element = Element::Numeros;
-  disque.fond = Couleur(0, 0, 200);  // the number would be blue on blue
-  Ajoute(scene, disque, {{50, 50}});
-  Primitive texte = Marque(Genre::Texte, Bleu, 0);
-  texte.element = Element::Numeros;
-  Ajoute(scene, texte, {{50, 50}});
-  const QImage image = Peint(scene);
+  scene.AjouteDisque(Role::NumeroSelection, {50 * TwipsParPixel, 50 * TwipsParPixel}, 20 * TwipsParPixel);
+  scene.AjouteTexte(Role::NumeroSelection, {50 * TwipsParPixel, 50 * TwipsParPixel}, Ancre::Centre, "8");
+  const QImage image = Peint(scene, 1, ConstruitPalette(reglages, Theme::Clair));
   int lisibles = 0;
   for (int y = 40; y < 60; ++y) {
     for (int x = 40; x < 60; ++x) lisibles += image.pixelColor(x, y).red() > 60 ? 1 : 0;
@@ -251,18 +289,18 @@ TEST(PeintScene, ANumberIsTakenFromTheGroundOfItsDisc) {
 TEST(PeutLisser, FewLinesAreSmoothManyAreNot) {
   Scene scene;
   Ajoute(scene, Trait(Bleu), {{0, 0}, {90, 90}});
-  EXPECT_TRUE(PeutLisser(scene, {Qt::white}, 1));
-  EXPECT_TRUE(PeutLisser(scene, {Qt::white}, 2));
+  EXPECT_TRUE(PeutLisser(scene, Couleurs(), 1));
+  EXPECT_TRUE(PeutLisser(scene, Couleurs(), 2));
   Alourdit(scene);
-  EXPECT_FALSE(PeutLisser(scene, {Qt::white}, 1));
+  EXPECT_FALSE(PeutLisser(scene, Couleurs(), 1));
 }
 
 TEST(PeutLisser, DotsOfLongDottedLinesCount) {
   Scene scene;
-  for (int i = 0; i < 300; ++i) Ajoute(scene, Trait(Bleu, StyleTrait::Pointille), {{0, 0}, {2000, 1000}});
-  EXPECT_FALSE(PeutLisser(scene, {Qt::white}, 1));
-  for (Primitive& p : scene.Primitives) p.style = StyleTrait::Plein;
-  EXPECT_TRUE(PeutLisser(scene, {Qt::white}, 1));
+  for (int i = 0; i < 300; ++i) Ajoute(scene, Trait(BleuPointille), {{0, 0}, {2000, 1000}});
+  EXPECT_FALSE(PeutLisser(scene, Couleurs(), 1));
+  for (Primitive& p : scene.Primitives) p.role = Bleu;
+  EXPECT_TRUE(PeutLisser(scene, Couleurs(), 1));
 }
 
 TEST(PeutLisser, WideLinesCountForMore) {
@@ -270,9 +308,10 @@ TEST(PeutLisser, WideLinesCountForMore) {
   std::vector<std::pair<float, float>> points;
   for (int i = 0; i < 20'000; ++i) points.emplace_back(static_cast<float>(i % 97), static_cast<float>(i % 89));
   Ajoute(scene, Trait(Rouge), points);
-  EXPECT_TRUE(PeutLisser(scene, {Qt::white}, 1));
-  EXPECT_FALSE(PeutLisser(scene, {Qt::white}, 2));
-  EXPECT_FALSE(PeutLisser(scene, {Qt::white, true, Rouge}, 1));
+  EXPECT_TRUE(PeutLisser(scene, Couleurs(), 1));
+  EXPECT_FALSE(PeutLisser(scene, Couleurs(), 2));
+  for (Primitive& p : scene.Primitives) p.role = RougeLarge;
+  EXPECT_FALSE(PeutLisser(scene, Couleurs(), 1));
 }
 
 TEST(MesureDe, TellsTheFontInTwips) {

@@ -50,12 +50,13 @@ const std::map<std::string, std::set<std::string>> Permis{
     {"database", {"database/", "core/", "closed/Pathwerk.h"}},
     {"machine", {"machine/", "core/", "closed/Pathwerk.h"}},
     {"toolpath", {"toolpath/", "core/", "closed/Pathwerk.h"}},
+    {"image", {"image/", "toolpath/", "core/", "closed/Pathwerk.h"}},
     {"controller",
      {"controller/", "machine/", "core/", "closed/ZenikCom.h", "closed/CarteVirtuelle.h", "closed/Pathwerk.h"}},
     {"run", {"run/", "toolpath/", "machine/", "controller/", "core/", "closed/Pathwerk.h", "closed/ZenikCom.h"}},
     {"workspace",
-     {"workspace/", "run/", "toolpath/", "machine/", "database/", "controller/", "core/", "closed/Pathwerk.h",
-      "closed/ZenikCom.h"}},
+     {"workspace/", "run/", "image/", "toolpath/", "machine/", "database/", "controller/", "core/",
+      "closed/Pathwerk.h", "closed/ZenikCom.h"}},
 };
 
 // The windows of a folder use what the folder itself may use, the ground of all windows and nothing of another
@@ -68,6 +69,8 @@ std::map<std::string, std::set<std::string>> PermisFenetres() {
     debuts = logique;
     debuts.insert("core/ui/");
     debuts.insert(dossier + "/ui/");
+    // A picture in a window is painted by the one painter, whichever folder the window belongs to.
+    if (logique.contains("image/")) debuts.insert("image/ui/");
   }
   return permis;
 }
@@ -88,8 +91,9 @@ bool Autorise(const std::set<std::string>& permis, const std::string& inclus) {
   return false;
 }
 
-const std::set<std::string> Dossiers{"app",    "closed", "controller", "core",     "database",  "gcode", "machine",
-                                     "manual", "run",    "tests",      "toolpath", "workspace", "fuzz",  "bench"};
+const std::set<std::string> Dossiers{"app",   "closed",   "controller", "core",   "database",
+                                     "gcode", "image",    "machine",    "manual", "run",
+                                     "tests", "toolpath", "workspace",  "fuzz",   "bench"};
 
 // Inside the geometry library: room -> the rooms that it may use beside itself. Every room may use `commun`, which
 // itself uses none. Readers know neither each other nor the offset, the offset no readers, nobody the pocket.
@@ -156,6 +160,8 @@ TEST(Inclusions, TheTableTellsWindowsFromLogic) {
   EXPECT_TRUE(Autorise(fenetres.at("workspace/ui"), "core/ui/Theme.h"));
   EXPECT_TRUE(Autorise(fenetres.at("workspace/ui"), "run/Module_GCode.h"));
   EXPECT_TRUE(Autorise(fenetres.at("workspace/ui"), "workspace/ui/F_Representation.h"));
+  EXPECT_TRUE(Autorise(fenetres.at("workspace/ui"), "image/ui/PeintScene.h"));
+  EXPECT_FALSE(Autorise(fenetres.at("database/ui"), "image/ui/PeintScene.h"));
   EXPECT_FALSE(Autorise(fenetres.at("workspace/ui"), "run/ui/F_Fraisage.h"));
   EXPECT_FALSE(Autorise(fenetres.at("database/ui"), "run/Module_GCode.h"));
   EXPECT_FALSE(Autorise(fenetres.at("core/ui"), "workspace/Vue.h"));
@@ -205,8 +211,7 @@ TEST(Inclusions, NoLogicFolderKnowsTheWindowToolkit) {
 }
 
 TEST(Inclusions, TheClosedLibrariesKeepTheirOwnLibrariesToThemselves) {
-  // Geometry, font and shaping libraries are named inside closed/ alone; pictures of the command line in app/
-  // alone.
+  // Geometry, font and shaping libraries are named inside closed/ alone.
   static const std::regex Bibliotheques(
       R"(^(polyclipping/.*|clipper\.hpp|ft2build\.h|freetype/.*|hb.*\.h|fontconfig/.*|hidapi/.*)$)");
   for (const auto& [dossier, permis] : Permis) {

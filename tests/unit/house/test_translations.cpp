@@ -131,7 +131,8 @@ TEST(Translations, EveryKeyThatTheCodeNamesIsThere) {
   static const std::regex Constante(R"(constexpr\s+(?:const char\*|std::string_view)\s+(\w+)\s*=\s*"(\w+)\")");
   const Cles fr = LitTraduction("fr");
   int trouvees = 0;
-  for (const char* dossier : {"app", "controller", "core", "database", "machine", "run", "toolpath", "workspace"}) {
+  for (const char* dossier :
+       {"app", "controller", "core", "database", "image", "machine", "run", "toolpath", "workspace"}) {
     for (const auto& entree : fs::recursive_directory_iterator(fs::path(OVELIN_SOURCE_DIR) / dossier)) {
       if (entree.path().extension() != ".cpp") continue;
       const std::string texte = Lit(entree.path());

@@ -1,10 +1,12 @@
-// Lines of the drawing onto the screen with a level of detail. Inside of Module_Scene.
+// Lines of the drawing onto the screen with a level of detail. For whoever builds a scene.
 #pragma once
 
 #include <cstdint>
 #include <vector>
 
-#include "workspace/Module_Scene.h"
+#include "core/Types.h"
+#include "image/Scene.h"
+#include "image/Vue.h"
 
 namespace ovelin {
 
@@ -28,7 +30,7 @@ class Traceur {
   Traceur(Scene& scene, const EtatVue& vue, const TailleImage& taille, float pixel);
 
   // A line begins. `sorte` 0 to 15 tells dots that may stand for each other.
-  void Commence(Element element, StyleTrait style, std::int32_t couleur, unsigned sorte);
+  void Commence(Role role, unsigned sorte);
   // Points of the drawing, mm.
   void Suit(const PointTrace* debut, const PointTrace* fin);
   void Suit(const PointTrace& p) { Suit(&p, &p + 1); }

@@ -1,4 +1,4 @@
-#include "workspace/ui/TraitRapide.h"
+#include "image/ui/TraitRapide.h"
 
 #include <algorithm>
 #include <cmath>

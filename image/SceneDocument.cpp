@@ -1,19 +1,18 @@
-#include "workspace/Module_Scene.h"
+#include "image/SceneDocument.h"
 
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
 
 #include "core/Nombres.h"
-#include "workspace/SceneMarques.h"
-#include "workspace/SceneTraceur.h"
+#include "core/Traduction.h"
+#include "image/Traceur.h"
 
 namespace ovelin {
 
 namespace {
 
-constexpr std::int32_t Noir = Couleur(0, 0, 0);
-constexpr std::int32_t Blanc = Couleur(255, 255, 255);
+constexpr const char* Section = "F_Representation";
 
 // Sizes on the screen, twips.
 constexpr float Percage = 75;         // dot of a hole in the drawing ...
@@ -64,14 +63,18 @@ class Peintre {
   void Dessine() {
     Releve();
     if (courses_.empty()) return;
-    Etendue();
-    for (const Course& c : courses_) Initial(c);
-    Outil();
-    Attaches();
-    for (const Course& c : courses_) Depart(c);
-    if (options_.sequence) Numeros();
+    if (options_.dessin) {
+      Etendue();
+      for (const Course& c : courses_) Initial(c);
+    }
+    if (options_.trajet) Outil();
+    if (options_.dessin) {
+      Attaches();
+      for (const Course& c : courses_) Depart(c);
+      if (options_.sequence) Numeros();
+    }
     Axes();
-    Legende();
+    if (options_.legende) Legende();
   }
 
  private:
@@ -87,7 +90,7 @@ class Peintre {
   void Axe(float x, float y, const char* lettre);
   void Axes();
   void Legende();
-  void Trou(Element element, std::int32_t couleur, const PointTrace& p, float diametre, Sorte sorte);
+  void Trou(Role role, const PointTrace& p, float diametre, Sorte sorte);
   [[nodiscard]] const SequenceInfo* Fiche(Code2 code) const {
     const auto it = fiches_.find(code.Cle());
     return it == fiches_.end() ? nullptr : it->second;
@@ -136,19 +139,18 @@ void Peintre::Etendue() {
                               {xmax_, ymax_, CodePD, {}},
                               {xmin_, ymax_, CodePD, {}},
                               {xmin_, ymin_, CodePD, {}}};
-  traceur_.Commence(Element::Etendue, StyleTrait::TiretPointPoint, Noir, SorteCadre);
+  traceur_.Commence(Role::Etendue, SorteCadre);
   traceur_.Suit(std::begin(coins), std::end(coins));
   traceur_.Finit();
 }
 
 // A hole is two points in one place: a dot that can be seen at any scale.
-void Peintre::Trou(Element element, std::int32_t couleur, const PointTrace& p, float diametre, Sorte sorte) {
+void Peintre::Trou(Role role, const PointTrace& p, float diametre, Sorte sorte) {
   const PointEcran place = traceur_.Place(p.X, p.Y);
   if (!traceur_.Montre(place, diametre, sorte)) return;
   Primitive point;
   point.genre = Genre::Points;
-  point.element = element;
-  point.couleur = couleur;
+  point.role = role;
   point.mesure = diametre;
   traceur_.AjouteMarque(point, {&place, 1});
 }
@@ -157,19 +159,18 @@ void Peintre::Initial(const Course& course) {
   const PointTrace* debut = doc_.TraceInitial.data() + course.premier;
   const PointTrace* fin = debut + course.nombre;
   const bool choisie = course.selectionnee;
-  const std::int32_t couleur = choisie ? options_.couleurSelectionne : options_.couleurInitial;
+  const Role role = choisie ? Role::Selection : Role::Dessin;
   if (course.nombre == 2 && pathwerk::MemePlace(debut[0], debut[1])) {
-    Trou(Element::Initial, couleur, *debut, Percage, choisie ? SortePercageSelectionne : SortePercage);
+    Trou(role, *debut, Percage, choisie ? SortePercageSelectionne : SortePercage);
   } else {
-    traceur_.Commence(Element::Initial, StyleTrait::Plein, couleur, choisie ? SorteSelectionnee : SorteInitial);
+    traceur_.Commence(role, choisie ? SorteSelectionnee : SorteInitial);
     traceur_.Suit(debut, fin);
     traceur_.Finit();
   }
   if (!options_.numPoint) return;
   Primitive marque;
   marque.genre = Genre::Carres;
-  marque.element = Element::Initial;
-  marque.couleur = couleur;
+  marque.role = role;
   marque.mesure = cote_;
   for (const PointTrace* p = debut; p != fin; ++p) {
     const PointEcran place = traceur_.Place(p->X, p->Y);
@@ -189,7 +190,7 @@ void Peintre::Outil() {
     if (fiche != nullptr && fiche->Fraiser == Faux) continue;
     Air(bout, trace.Points.front());
     if (trace.Points.size() == 2 && pathwerk::MemePlace(trace.Points[0], trace.Points[1])) {
-      Trou(Element::Outil, options_.couleurDecalage, trace.Points[0], PercageOutil, SortePercageOutil);
+      Trou(Role::Trajet, trace.Points[0], PercageOutil, SortePercageOutil);
     } else {
       Passes(trace.Points);
     }
@@ -205,7 +206,7 @@ void Peintre::Air(const PointTrace& de, const PointTrace& a) {
   const float dy = f.Y - e.Y;
   const float longueur = std::hypot(dx, dy);
   if (!(longueur >= options_.pixel)) return;
-  traceur_.Commence(Element::Outil, StyleTrait::Pointille, options_.couleurDecalage, SorteAir);
+  traceur_.Commence(Role::Air, SorteAir);
   traceur_.Suit(de);
   traceur_.Suit(a);
   traceur_.Finit();
@@ -219,53 +220,47 @@ void Peintre::Air(const PointTrace& de, const PointTrace& a) {
   Fleche(pointe, ux, uy, fleche, coins);
   Primitive p;
   p.genre = Genre::Fleches;
-  p.element = Element::Outil;
-  p.couleur = options_.couleurDecalage;
+  p.role = Role::Air;
   traceur_.AjouteMarque(p, coins);
 }
 
-// The lines of one trace. Each stretch takes its style from the point where it starts:
+// The lines of one trace. Each stretch takes its role from the point where it starts:
 //
-//     PD ---- PE .... PC .... PE .... PD ----      a notch: dotted, in the colour of notches
-//     PD ---- PC .... PD ----                      a mark too near to an end for a notch: dotted
+//     PD ---- PE .... PC .... PE .... PD ----      a notch
+//     PD ---- PC .... PD ----                      a mark too near to an end for a notch
 void Peintre::Passes(const std::vector<PointTrace>& points) {
-  enum class Sorte2 { Plein, Nu, Encoche };
   bool dansEncoche = false;
-  const auto sorteDe = [&dansEncoche](Code2 cde) {
+  const auto roleDe = [&dansEncoche](Code2 cde) {
     if (cde == CodePE) {
       dansEncoche = true;
     } else if (cde != CodePC) {
       dansEncoche = false;
-      return Sorte2::Plein;
+      return Role::Trajet;
     }
-    return dansEncoche ? Sorte2::Encoche : Sorte2::Nu;
+    return dansEncoche ? Role::Encoche : Role::TrajetNu;
+  };
+  const auto sorteDe = [](Role role) {
+    return role == Role::Trajet ? SorteOutil : role == Role::Encoche ? SorteEncoche : SorteOutilPointille;
   };
   const std::size_t n = points.size();
   std::size_t debut = 0;
-  Sorte2 sorte = sorteDe(points[0].Cde);
+  Role role = roleDe(points[0].Cde);
   while (debut == 0 || debut + 1 < n) {
     std::size_t fin = debut + 1;  // first point whose stretch differs, or the last point
-    Sorte2 suivante = sorte;
-    while (fin + 1 < n && (suivante = sorteDe(points[fin].Cde)) == sorte) ++fin;
-    const bool encoche = sorte == Sorte2::Encoche;
-    const bool plein = sorte == Sorte2::Plein;
-    traceur_.Commence(Element::Outil, plein ? StyleTrait::Plein : StyleTrait::Pointille,
-                      encoche ? options_.couleurEncoche : options_.couleurDecalage,
-                      plein     ? SorteOutil
-                      : encoche ? SorteEncoche
-                                : SorteOutilPointille);
+    Role suivant = role;
+    while (fin + 1 < n && (suivant = roleDe(points[fin].Cde)) == role) ++fin;
+    traceur_.Commence(role, sorteDe(role));
     traceur_.Suit(points.data() + debut, points.data() + std::min(fin + 1, n));
     traceur_.Finit();
     debut = fin;
-    sorte = suivante;
+    role = suivant;
   }
 }
 
 void Peintre::Attaches() {
   Primitive marque;
   marque.genre = Genre::Carres;
-  marque.element = Element::Attaches;
-  marque.couleur = options_.couleurEncoche;
+  marque.role = Role::Attache;
   marque.mesure = cote_;
   for (const std::size_t i : attaches_) {
     const PointEcran place = traceur_.Place(doc_.TraceInitial[i].X, doc_.TraceInitial[i].Y);
@@ -292,8 +287,7 @@ void Peintre::Depart(const Course& course) {
   Fleche({place.X + ux * FlecheLongue, place.Y + uy * FlecheLongue}, ux, uy, FlecheLongue, coins);
   Primitive fleche;
   fleche.genre = Genre::Fleches;
-  fleche.element = Element::Departs;
-  fleche.couleur = options_.couleurNumero;
+  fleche.role = Role::Depart;
   traceur_.AjouteMarque(fleche, coins);
 }
 
@@ -306,7 +300,7 @@ void Peintre::Numeros() {
     bool selectionnee = false;
     bool cache = false;
   };
-  const TailleTexte large = Mesure(options_, "0000000");
+  const TailleTexte large = Mesure(options_.mesureTexte, "0000000");
   const float loin = std::max(large.largeur, large.hauteur);
   std::vector<Numero> numeros;
   for (std::size_t i = 0; i < courses_.size(); ++i) {
@@ -315,7 +309,7 @@ void Peintre::Numeros() {
     n.place = traceur_.Place(p.X, p.Y);
     if (!traceur_.Visible(n.place, loin)) continue;
     n.texte = Formate(static_cast<double>(i + 1), "####");
-    const TailleTexte mesure = Mesure(options_, n.texte);
+    const TailleTexte mesure = Mesure(options_.mesureTexte, n.texte);
     n.rayon = std::max(mesure.largeur, mesure.hauteur) / 1.6F;
     n.selectionnee = courses_[i].selectionnee;
     if (traceur_.Visible(n.place, n.rayon)) numeros.push_back(std::move(n));
@@ -332,16 +326,16 @@ void Peintre::Numeros() {
   }
   for (const Numero& n : numeros) {
     if (n.cache) continue;
-    AjouteDisque(scene_, Element::Numeros, options_.couleurSequence,
-                 n.selectionnee ? options_.couleurSelectionne : Blanc, n.place, n.rayon);
-    AjouteTexte(scene_, Element::Numeros, options_.couleurSequence, n.place, Ancre::Centre, n.texte);
+    const Role role = n.selectionnee ? Role::NumeroSelection : Role::Numero;
+    scene_.AjouteDisque(role, n.place, n.rayon);
+    scene_.AjouteTexte(role, n.place, Ancre::Centre, n.texte);
   }
 }
 
 // From a quarter of its length behind the origin to its end, with an arrow; the letter a quarter farther, but near.
 void Peintre::Axe(float x, float y, const char* lettre) {
   const float quart = 0.25F;
-  traceur_.Commence(Element::Axes, StyleTrait::Plein, options_.couleurInitial, SorteCadre);
+  traceur_.Commence(Role::Axes, SorteCadre);
   traceur_.Suit({-x * quart, -y * quart, CodePD, {}});
   traceur_.Suit({x, y, CodePD, {}});
   traceur_.Finit();
@@ -353,12 +347,10 @@ void Peintre::Axe(float x, float y, const char* lettre) {
   Fleche(bout, ux, uy, FlecheLongue, coins);
   Primitive fleche;
   fleche.genre = Genre::Fleches;
-  fleche.element = Element::Axes;
-  fleche.couleur = options_.couleurInitial;
+  fleche.role = Role::Axes;
   traceur_.AjouteMarque(fleche, coins);
   const float ecart = std::clamp((x + y) * zoom_ * quart, FlecheLongue, LettreAuPlus);
-  AjouteTexte(scene_, Element::Axes, options_.couleurInitial, {bout.X + ux * ecart, bout.Y + uy * ecart},
-              Ancre::Centre, lettre);
+  scene_.AjouteTexte(Role::Axes, {bout.X + ux * ecart, bout.Y + uy * ecart}, Ancre::Centre, lettre);
 }
 
 void Peintre::Axes() {
@@ -370,15 +362,32 @@ void Peintre::Axes() {
 }
 
 void Peintre::Legende() {
-  const float hauteur = Mesure(options_, options_.legendeDessin).hauteur;
+  const float hauteur = Mesure(options_.mesureTexte, options_.legendeDessin).hauteur;
   const float coin = hauteur / 10;
-  AjouteTexte(scene_, Element::Legende, options_.couleurInitial, {coin, coin}, Ancre::HautGauche,
-              options_.legendeDessin);
-  AjouteTexte(scene_, Element::Legende, options_.couleurDecalage, {coin, coin + hauteur}, Ancre::HautGauche,
-              options_.legendeDecalage);
+  float haut = coin;
+  const auto ligne = [&](Role role, const std::string& texte) {
+    scene_.AjouteTexte(role, {coin, haut}, Ancre::HautGauche, texte);
+    haut += hauteur;
+  };
+  if (options_.dessin) ligne(Role::LegendeDessin, options_.legendeDessin);
+  if (options_.trajet) ligne(Role::LegendeTrajet, options_.legendeDecalage);
 }
 
 }  // namespace
+
+OptionsScene OptionsCourantes(bool numPoint, bool sequence) {
+  OptionsScene o;
+  o.numPoint = numPoint;
+  o.sequence = sequence;
+  o.legendeDessin = Traduire(Section, "lib350");
+  o.legendeDecalage = Traduire(Section, "lib351");
+  return o;
+}
+
+float CoteMarque(const TailleImage& taille) {
+  const float aire = std::max(taille.largeur * taille.hauteur, 0.0F);
+  return static_cast<float>(Arrondi32(std::sqrt(static_cast<double>(aire)) / 75));
+}
 
 void ConstruitScene(const Document& document, const EtatVue& vue, const TailleImage& taille,
                     const OptionsScene& options, Scene& scene) {

@@ -1,4 +1,4 @@
-#include "workspace/SceneTraceur.h"
+#include "image/Traceur.h"
 
 #include <algorithm>
 #include <cmath>
@@ -64,11 +64,7 @@ void Traceur::AjouteMarque(const Primitive& modele, std::span<const PointEcran> 
       return;
     }
   }
-  Primitive neuve = modele;
-  neuve.premier = static_cast<std::uint32_t>(scene_.Points.size());
-  neuve.nombre = static_cast<std::uint32_t>(points.size());
-  scene_.Points.insert(scene_.Points.end(), points.begin(), points.end());
-  scene_.Primitives.push_back(neuve);
+  scene_.Ajoute(modele, points);
 }
 
 Traceur::Cellule Traceur::CelluleDe(float x, float y) const {
@@ -92,11 +88,9 @@ void Traceur::SansCellule() {
   x1_ = y1_ = -x0_;
 }
 
-void Traceur::Commence(Element element, StyleTrait style, std::int32_t couleur, unsigned sorte) {
+void Traceur::Commence(Role role, unsigned sorte) {
   modele_ = Primitive{};
-  modele_.element = element;
-  modele_.style = style;
-  modele_.couleur = couleur;
+  modele_.role = role;
   sorte_ = sorte;
   debut_ = true;
   ouverte_ = false;
@@ -130,7 +124,6 @@ void Traceur::Ferme() {
     if (!Nouvelle(seul, sorte_)) return;
     Primitive tache = modele_;
     tache.genre = Genre::Points;
-    tache.style = StyleTrait::Plein;
     tache.mesure = Diametre * pixel_;
     AjouteMarque(tache, {&seul, 1});
     return;

@@ -9,8 +9,8 @@
 #include <set>
 
 #include "core/DocumentCourant.h"
+#include "image/SceneDocument.h"
 #include "tests/support/Support.h"
-#include "workspace/Module_Scene.h"
 
 namespace {
 
@@ -47,10 +47,12 @@ Pixels DuDessin(const EtatVue& vue, double pixel) {
   return pixels;
 }
 
+bool EstInitial(const Primitive& p) { return p.role == Role::Dessin || p.role == Role::Selection; }
+
 Pixels DeLaScene(const Scene& scene, double pixel) {
   Pixels pixels;
   for (const Primitive& p : scene.Primitives) {
-    if (p.element != Element::Initial) continue;
+    if (!EstInitial(p)) continue;
     const auto points = scene.PointsDe(p);
     for (std::size_t i = 0; i < points.size(); ++i) {
       const bool suite = p.genre == Genre::Ligne && i > 0;
@@ -62,7 +64,7 @@ Pixels DeLaScene(const Scene& scene, double pixel) {
 
 std::size_t PointsInitiaux(const Scene& scene) {
   std::size_t n = 0;
-  for (const Primitive& p : scene.Primitives) n += p.element == Element::Initial ? p.nombre : 0;
+  for (const Primitive& p : scene.Primitives) n += EstInitial(p) ? p.nombre : 0;
   return n;
 }
 
@@ -175,7 +177,7 @@ TEST(Detail, RandomLinesInAndOutOfThePictureLoseNothingThatShows) {
     EXPECT_TRUE(Voisins(tout, vu)) << graine;  // a cut end is rounded anew
     EXPECT_TRUE(Voisins(vu, tout)) << graine;
     for (const Primitive& p : scene.Primitives) {
-      if (p.element != Element::Initial) continue;
+      if (!EstInitial(p)) continue;
       for (const PointEcran& q : scene.PointsDe(p)) {
         EXPECT_TRUE(q.X >= -60 && q.X <= 3060 && q.Y >= -60 && q.Y <= 1560) << graine;
       }
@@ -198,8 +200,7 @@ TEST(Detail, FinerPixelsOfTheDeviceKeepFinerDetail) {
 TEST(Detail, ALineRightAcrossThePictureIsCutAFewPixelsBeyondIt) {
   Charge({P(-1000, 50), P(1000, 50)});
   const Scene scene = Construit();
-  const auto ligne = std::find_if(scene.Primitives.begin(), scene.Primitives.end(),
-                                  [](const Primitive& p) { return p.element == Element::Initial; });
+  const auto ligne = std::find_if(scene.Primitives.begin(), scene.Primitives.end(), EstInitial);
   ASSERT_NE(ligne, scene.Primitives.end());
   ASSERT_EQ(ligne->nombre, 2U);
   EXPECT_EQ(scene.PointsDe(*ligne)[0], (PointEcran{-60, 750}));
@@ -222,7 +223,7 @@ TEST(Detail, ALineThatComesBackIsDrawnInPieces) {
   Charge({P(50, 50), P(50, 300), P(80, 300), P(80, 50)});
   const Scene scene = Construit();
   std::size_t lignes = 0;
-  for (const Primitive& p : scene.Primitives) lignes += p.element == Element::Initial ? 1U : 0U;
+  for (const Primitive& p : scene.Primitives) lignes += EstInitial(p) ? 1U : 0U;
   EXPECT_EQ(lignes, 2U);
   EXPECT_EQ(PointsInitiaux(scene), 4U);
 }

@@ -1,4 +1,4 @@
-// What the picture shows, in which order, colours and places. At this scale a millimetre is a pixel of 15 twips,
+// What the picture shows, in which order, roles and places. At this scale a millimetre is a pixel of 15 twips,
 // and the drawing's origin stands in the lower left corner: (x, y) mm is shown at (15 x, 1500 - 15 y).
 #include <gtest/gtest.h>
 
@@ -6,8 +6,10 @@
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
+#include "image/Apercu.h"
+#include "image/Marques.h"
+#include "image/SceneDocument.h"
 #include "tests/support/Support.h"
-#include "workspace/Module_Scene.h"
 
 namespace {
 
@@ -17,17 +19,15 @@ using Points = std::vector<PointEcran>;
 constexpr TailleImage Image{3000, 1500};
 constexpr EtatVue Face{15, 0, 0, 0, 0};
 
+MesureTexte Police() {
+  return [](const std::string& t) { return TailleTexte{100.0F * static_cast<float>(t.size()), 160}; };
+}
+
 OptionsScene Options() {
   OptionsScene o;
-  o.couleurNumero = 1;
-  o.couleurSequence = 2;
-  o.couleurInitial = 3;
-  o.couleurSelectionne = 4;
-  o.couleurDecalage = 5;
-  o.couleurEncoche = 6;
   o.legendeDessin = "dessin";
   o.legendeDecalage = "trajet";
-  o.mesureTexte = [](const std::string& t) { return TailleTexte{100.0F * static_cast<float>(t.size()), 160}; };
+  o.mesureTexte = Police();
   return o;
 }
 
@@ -37,12 +37,18 @@ Scene Construit(const OptionsScene& o = Options()) {
   return scene;
 }
 
-std::vector<Primitive> De(const Scene& scene, Element element) {
+std::vector<Primitive> De(const Scene& scene, std::initializer_list<Role> roles) {
   std::vector<Primitive> p;
   std::copy_if(scene.Primitives.begin(), scene.Primitives.end(), std::back_inserter(p),
-               [&](const Primitive& q) { return q.element == element; });
+               [&](const Primitive& q) { return std::find(roles.begin(), roles.end(), q.role) != roles.end(); });
   return p;
 }
+std::vector<Primitive> De(const Scene& scene, Role role) { return De(scene, {role}); }
+
+constexpr std::initializer_list<Role> DuDessin{Role::Dessin, Role::Selection};
+constexpr std::initializer_list<Role> DeLOutil{Role::Air, Role::Trajet, Role::TrajetNu, Role::Encoche};
+constexpr std::initializer_list<Role> DesNumeros{Role::Numero, Role::NumeroSelection};
+constexpr std::initializer_list<Role> DeLaLegende{Role::LegendeDessin, Role::LegendeTrajet};
 
 Points PointsDe(const Scene& scene, const Primitive& p) {
   const auto vue = scene.PointsDe(p);
@@ -91,23 +97,20 @@ TEST(Dessin, KeepsTheOrderOfItsElements) {
   OptionsScene o = Options();
   o.numPoint = o.sequence = true;
   const Scene scene = Construit(o);
-  std::vector<Element> elements;
+  std::vector<Role> roles;
   for (const Primitive& p : scene.Primitives) {
-    if (elements.empty() || elements.back() != p.element) elements.push_back(p.element);
+    if (roles.empty() || roles.back() != p.role) roles.push_back(p.role);
   }
-  EXPECT_EQ(elements, (std::vector<Element>{Element::Etendue, Element::Initial, Element::Outil, Element::Attaches,
-                                            Element::Departs, Element::Numeros, Element::Axes, Element::Legende}));
+  EXPECT_EQ(roles, (std::vector<Role>{Role::Etendue, Role::Selection, Role::Air, Role::Trajet, Role::Air,
+                                      Role::Trajet, Role::Attache, Role::Depart, Role::NumeroSelection, Role::Axes,
+                                      Role::LegendeDessin, Role::LegendeTrajet}));
 }
 
-TEST(Dessin, FramesTheExtentInBlackDashDotDot) {
+TEST(Dessin, FramesTheExtent) {
   essai::AjouteSequence(" A", {{10, 20}, {30, 20}, {30, 60}});
-  const auto cadre = De(Construit(), Element::Etendue);
+  const auto cadre = De(Construit(), Role::Etendue);
   ASSERT_EQ(cadre.size(), 1U);
   EXPECT_EQ(cadre[0].genre, Genre::Ligne);
-  EXPECT_EQ(cadre[0].style, StyleTrait::TiretPointPoint);
-  EXPECT_EQ(static_cast<int>(cadre[0].style), 4);
-  EXPECT_EQ(cadre[0].couleur, 0);
-  EXPECT_EQ(cadre[0].fond, SansFond);
   EXPECT_EQ(PointsDe(Construit(), cadre[0]),
             (Points{{150, 1200}, {450, 1200}, {450, 600}, {150, 600}, {150, 1200}}));
 }
@@ -119,43 +122,42 @@ TEST(Dessin, TakesTheExtentFromThePointsThemselves) {
   EXPECT_EQ(PointsDe(scene, scene.Primitives[0])[0], (PointEcran{150, 1200}));
 }
 
-TEST(Dessin, DrawsSelectedPathsInTheirColourAndTheOthersInTheInitialOne) {
+TEST(Dessin, DrawsSelectedPathsAsTheSelectionAndTheOthersAsTheDrawing) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}, {20, 30}});
   essai::AjouteSequence(" B", {{50, 10}, {60, 10}});
   Sequences[0].Selection = Faux;
   const Scene scene = Construit();
-  const auto lignes = De(scene, Element::Initial);
+  const auto lignes = De(scene, DuDessin);
   ASSERT_EQ(lignes.size(), 2U);
-  EXPECT_EQ(lignes[0].couleur, 3);
-  EXPECT_EQ(lignes[0].style, StyleTrait::Plein);
+  EXPECT_EQ(lignes[0].role, Role::Dessin);
   EXPECT_EQ(PointsDe(scene, lignes[0]), (Points{{150, 1350}, {300, 1350}, {300, 1050}}));
-  EXPECT_EQ(lignes[1].couleur, 4);
+  EXPECT_EQ(lignes[1].role, Role::Selection);
   EXPECT_EQ(PointsDe(scene, lignes[1]), (Points{{750, 1350}, {900, 1350}}));
 }
 
 TEST(Dessin, NeverJoinsTwoPaths) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   essai::AjouteSequence(" B", {{20, 10}, {20, 30}});
-  EXPECT_EQ(De(Construit(), Element::Initial).size(), 2U);
+  EXPECT_EQ(De(Construit(), DuDessin).size(), 2U);
 }
 
 TEST(Dessin, DrawsAPathWithoutARecordAsNotSelected) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   Sequences.assign(1, SequenceInfo{});
-  EXPECT_EQ(De(Construit(), Element::Initial)[0].couleur, 3);
+  EXPECT_EQ(De(Construit(), DuDessin)[0].role, Role::Dessin);
 }
 
 TEST(Dessin, TakesTheFirstRecordOfACodeThatStandsTwice) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   Sequences.push_back(Sequences[0]);
   Sequences[0].Selection = Faux;
-  EXPECT_EQ(De(Construit(), Element::Initial)[0].couleur, 3);
+  EXPECT_EQ(De(Construit(), DuDessin)[0].role, Role::Dessin);
 }
 
 TEST(Dessin, ShowsAHoleAsADotThatCanBeSeen) {
   essai::AjouteSequence(" A", {{10, 10}, {10, 10}});
   const Scene scene = Construit();
-  const auto trous = De(scene, Element::Initial);
+  const auto trous = De(scene, DuDessin);
   ASSERT_EQ(trous.size(), 1U);
   EXPECT_EQ(trous[0].genre, Genre::Points);
   EXPECT_GE(trous[0].mesure, 3 * TwipsParPixel);
@@ -171,15 +173,15 @@ TEST(CoteMarque, IsTheRootOfTheAreaDividedBy75AsAWholeNumber) {
 
 TEST(Dessin, MarksEachPointOnlyWithTheButtonDown) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}, {20, 30}});
-  EXPECT_EQ(De(Construit(), Element::Initial).size(), 1U);
+  EXPECT_EQ(De(Construit(), DuDessin).size(), 1U);
   OptionsScene o = Options();
   o.numPoint = true;
   const Scene scene = Construit(o);
-  const auto marques = De(scene, Element::Initial);
+  const auto marques = De(scene, DuDessin);
   ASSERT_EQ(marques.size(), 2U);
   EXPECT_EQ(marques[1].genre, Genre::Carres);
   EXPECT_EQ(marques[1].mesure, 28.0F);
-  EXPECT_EQ(marques[1].couleur, 4);
+  EXPECT_EQ(marques[1].role, Role::Selection);
   EXPECT_EQ(PointsDe(scene, marques[1]), (Points{{150, 1350}, {300, 1350}, {300, 1050}}));
 }
 
@@ -188,7 +190,7 @@ TEST(Dessin, LaysTheMarksOfAPathBetweenItsLineAndTheNextPath) {
   essai::AjouteSequence(" B", {{50, 10}, {60, 10}});
   OptionsScene o = Options();
   o.numPoint = true;
-  const auto p = De(Construit(o), Element::Initial);
+  const auto p = De(Construit(o), DuDessin);
   ASSERT_EQ(p.size(), 4U);
   EXPECT_EQ(p[0].genre, Genre::Ligne);
   EXPECT_EQ(p[1].genre, Genre::Carres);
@@ -196,20 +198,18 @@ TEST(Dessin, LaysTheMarksOfAPathBetweenItsLineAndTheNextPath) {
   EXPECT_EQ(p[3].genre, Genre::Carres);
 }
 
-TEST(Dessin, ShowsMovesInTheAirDottedWithAnArrowThenTheToolPath) {
+TEST(Dessin, ShowsMovesInTheAirWithAnArrowThenTheToolPath) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   AjouteTrace(" A", {P(40, 20), P(80, 20)});
   AjouteTrace(" A", {P(80, 60), P(40, 60)});
   const Scene scene = Construit();
-  const auto p = De(scene, Element::Outil);
+  const auto p = De(scene, DeLOutil);
   ASSERT_EQ(p.size(), 6U);
-  for (const Primitive& q : p) EXPECT_EQ(q.couleur, 5);
   // From the origin, where a job starts, to the first path.
-  EXPECT_EQ(p[0].style, StyleTrait::Pointille);
-  EXPECT_EQ(static_cast<int>(p[0].style), 2);
+  EXPECT_EQ(p[0].role, Role::Air);
   EXPECT_EQ(PointsDe(scene, p[0]), (Points{{0, 1500}, {600, 1200}}));
   EXPECT_EQ(p[1].genre, Genre::Fleches);
-  EXPECT_EQ(p[2].style, StyleTrait::Plein);
+  EXPECT_EQ(p[2].role, Role::Trajet);
   EXPECT_EQ(PointsDe(scene, p[2]), (Points{{600, 1200}, {1200, 1200}}));
   // From the end of that path straight up to the next one; the arrow of 90 twips around the middle.
   EXPECT_EQ(PointsDe(scene, p[3]), (Points{{1200, 1200}, {1200, 600}}));
@@ -232,7 +232,7 @@ TEST(Dessin, LeavesOutPathsThatAreNotMilledAndFailedOffsets) {
   AjouteTrace(" C", {});
   AjouteTrace(" C", {P(80, 60), P(40, 60)});
   const Scene scene = Construit();
-  const auto p = De(scene, Element::Outil);
+  const auto p = De(scene, DeLOutil);
   ASSERT_EQ(p.size(), 6U);
   EXPECT_EQ(PointsDe(scene, p[3]), (Points{{1200, 1200}, {1200, 600}}));  // straight from A to C
 }
@@ -241,58 +241,54 @@ TEST(Dessin, ShowsNoToolPathWhenNothingIsMilled) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   Sequences[0].Fraiser = Faux;
   AjouteTrace(" Z", {P(40, 20), P(80, 20)});  // its record is missing, which counts as milled
-  EXPECT_TRUE(De(Construit(), Element::Outil).empty());
+  EXPECT_TRUE(De(Construit(), DeLOutil).empty());
   Sequences[0].Fraiser = Vrai;
-  EXPECT_FALSE(De(Construit(), Element::Outil).empty());
+  EXPECT_FALSE(De(Construit(), DeLOutil).empty());
 }
 
 TEST(Dessin, AShortMoveInTheAirHasNoArrowAndOneWithinAPixelNothingAtAll) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   AjouteTrace(" A", {P(2, 0), P(40, 0)});         // 30 twips from the origin
   AjouteTrace(" A", {P(40, 0.5F), P(80, 0.5F)});  // 7.5 twips
-  const auto p = De(Construit(), Element::Outil);
+  const auto p = De(Construit(), DeLOutil);
   ASSERT_EQ(p.size(), 3U);
   for (const Primitive& q : p) EXPECT_EQ(q.genre, Genre::Ligne);
-  EXPECT_EQ(p[0].style, StyleTrait::Pointille);
-  EXPECT_EQ(p[1].style, StyleTrait::Plein);
-  EXPECT_EQ(p[2].style, StyleTrait::Plein);
+  EXPECT_EQ(p[0].role, Role::Air);
+  EXPECT_EQ(p[1].role, Role::Trajet);
+  EXPECT_EQ(p[2].role, Role::Trajet);
 }
 
-TEST(Dessin, ShowsANotchDottedInItsColour) {
+TEST(Dessin, ShowsANotchAsOne) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   AjouteTrace(" A", {P(10, 0), P(20, 0), P(30, 0, CodePE), P(40, 0, CodePE), P(50, 0, CodePC), P(60, 0, CodePE),
                      P(70, 0), P(80, 0)});
   const Scene scene = Construit();
-  auto p = De(scene, Element::Outil);
+  auto p = De(scene, DeLOutil);
   p.erase(p.begin(), p.begin() + 2);  // the move in the air
   ASSERT_EQ(p.size(), 3U);
   EXPECT_EQ(PointsDe(scene, p[0]), (Points{{150, 1500}, {300, 1500}, {450, 1500}}));
-  EXPECT_EQ(p[0].style, StyleTrait::Plein);
-  EXPECT_EQ(p[0].couleur, 5);
+  EXPECT_EQ(p[0].role, Role::Trajet);
   EXPECT_EQ(PointsDe(scene, p[1]), (Points{{450, 1500}, {600, 1500}, {750, 1500}, {900, 1500}, {1050, 1500}}));
-  EXPECT_EQ(p[1].style, StyleTrait::Pointille);
-  EXPECT_EQ(p[1].couleur, 6);
+  EXPECT_EQ(p[1].role, Role::Encoche);
   EXPECT_EQ(PointsDe(scene, p[2]), (Points{{1050, 1500}, {1200, 1500}}));
-  EXPECT_EQ(p[2].style, StyleTrait::Plein);
-  EXPECT_EQ(p[2].couleur, 5);
+  EXPECT_EQ(p[2].role, Role::Trajet);
 }
 
-TEST(Dessin, AMarkWithoutANotchIsDottedInTheColourOfThePath) {
+TEST(Dessin, AMarkWithoutANotchLeavesABareStretch) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   AjouteTrace(" A", {P(10, 0), P(20, 0, CodePC), P(30, 0)});
-  auto p = De(Construit(), Element::Outil);
+  auto p = De(Construit(), DeLOutil);
   p.erase(p.begin(), p.begin() + 2);
   ASSERT_EQ(p.size(), 2U);
-  EXPECT_EQ(p[1].style, StyleTrait::Pointille);
-  EXPECT_EQ(p[1].couleur, 5);
+  EXPECT_EQ(p[1].role, Role::TrajetNu);
 }
 
 TEST(Dessin, AMarkAtTheEndOfATraceStartsNoStretch) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   AjouteTrace(" A", {P(10, 0), P(20, 0), P(30, 0, CodePC)});
-  auto p = De(Construit(), Element::Outil);
+  auto p = De(Construit(), DeLOutil);
   ASSERT_EQ(p.size(), 3U);
-  EXPECT_EQ(p[2].style, StyleTrait::Plein);
+  EXPECT_EQ(p[2].role, Role::Trajet);
   EXPECT_EQ(p[2].nombre, 3U);
 }
 
@@ -302,7 +298,7 @@ TEST(Dessin, ShowsTheToolInAHoleAndATraceOfOnePoint) {
   AjouteTrace(" A", {P(50, 10)});
   const Scene scene = Construit();
   Points vus;
-  for (const Primitive& p : De(scene, Element::Outil)) {
+  for (const Primitive& p : De(scene, DeLOutil)) {
     if (p.genre != Genre::Points) continue;
     for (const PointEcran& q : PointsDe(scene, p)) vus.push_back(q);
   }
@@ -313,10 +309,9 @@ TEST(Dessin, MarksAttachmentPointsOfTheDrawing) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}, {20, 30}});
   TraceInitial[1].Cde = CodePC;
   const Scene scene = Construit();
-  const auto p = De(scene, Element::Attaches);
+  const auto p = De(scene, Role::Attache);
   ASSERT_EQ(p.size(), 1U);
   EXPECT_EQ(p[0].genre, Genre::Carres);
-  EXPECT_EQ(p[0].couleur, 6);
   EXPECT_EQ(p[0].mesure, 28.0F);
   EXPECT_EQ(PointsDe(scene, p[0]), (Points{{300, 1350}}));
 }
@@ -325,10 +320,9 @@ TEST(Dessin, MarksTheStartWithAnArrowAlongTheFirstStretch) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}, {20, 30}});
   essai::AjouteSequence(" B", {{50, 10}, {50, 12}});
   const Scene scene = Construit();
-  const auto p = De(scene, Element::Departs);
+  const auto p = De(scene, Role::Depart);
   ASSERT_EQ(p.size(), 1U);
   EXPECT_EQ(p[0].genre, Genre::Fleches);
-  EXPECT_EQ(p[0].couleur, 1);
   // 120 twips long, 90 wide: to the right from the first start, upward from the second.
   EXPECT_EQ(PointsDe(scene, p[0]),
             (Points{{150, 1395}, {270, 1350}, {150, 1305}, {795, 1350}, {750, 1230}, {705, 1350}}));
@@ -338,7 +332,7 @@ TEST(Dessin, TakesTheDirectionOfTheStartFromTheFirstStretchWithALength) {
   essai::AjouteSequence(" A", {{10, 10}, {10, 10}, {10, 9.999F}, {90, 90}});
   essai::AjouteSequence(" B", {{50, 10}, {50, 10}});  // a hole has no direction
   const Scene scene = Construit();
-  const auto p = De(scene, Element::Departs);
+  const auto p = De(scene, Role::Depart);
   ASSERT_EQ(p.size(), 1U);
   ASSERT_EQ(p[0].nombre, 3U);
   EXPECT_EQ(PointsDe(scene, p[0])[1], (PointEcran{150, 1470}));  // downward
@@ -348,23 +342,22 @@ TEST(Dessin, NumbersThePathsFromOneOnADiscWithTheButtonDown) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   essai::AjouteSequence(" B", {{50, 10}, {60, 10}});
   Sequences[0].Selection = Faux;
-  EXPECT_TRUE(De(Construit(), Element::Numeros).empty());
+  EXPECT_TRUE(De(Construit(), DesNumeros).empty());
   OptionsScene o = Options();
   o.sequence = true;
   const Scene scene = Construit(o);
-  const auto p = De(scene, Element::Numeros);
+  const auto p = De(scene, DesNumeros);
   ASSERT_EQ(p.size(), 4U);
   EXPECT_EQ(p[0].genre, Genre::Disque);
   EXPECT_EQ(p[0].mesure, 100.0F);  // the text is 100 x 160: 160 / 1.6
-  EXPECT_EQ(p[0].fond, Couleur(255, 255, 255));
-  EXPECT_EQ(p[0].couleur, 2);
+  EXPECT_EQ(p[0].role, Role::Numero);
   EXPECT_EQ(PointsDe(scene, p[0]), (Points{{150, 1350}}));
   EXPECT_EQ(p[1].genre, Genre::Texte);
   EXPECT_EQ(p[1].ancre, Ancre::Centre);
-  EXPECT_EQ(p[1].couleur, 2);
+  EXPECT_EQ(p[1].role, Role::Numero);
   EXPECT_EQ(scene.Textes[p[1].texte], "1");
   EXPECT_EQ(PointsDe(scene, p[1]), (Points{{150, 1350}}));
-  EXPECT_EQ(p[2].fond, 4);
+  EXPECT_EQ(p[2].role, Role::NumeroSelection);
   EXPECT_EQ(scene.Textes[p[3].texte], "2");
 }
 
@@ -375,7 +368,7 @@ TEST(Dessin, SizesTheDiscByTheWidthOfALongNumber) {
   OptionsScene o = Options();
   o.sequence = true;
   const Scene scene = Construit(o);
-  const auto p = De(scene, Element::Numeros);
+  const auto p = De(scene, DesNumeros);
   ASSERT_EQ(p.size(), 200U);
   EXPECT_EQ(scene.Textes[p[199].texte], "100");
   EXPECT_EQ(p[198].mesure, 187.5F);  // 300 / 1.6
@@ -388,7 +381,7 @@ TEST(Dessin, LeavesOutANumberThatALaterOneCovers) {
   OptionsScene o = Options();
   o.sequence = true;
   const Scene scene = Construit(o);
-  const auto p = De(scene, Element::Numeros);
+  const auto p = De(scene, DesNumeros);
   ASSERT_EQ(p.size(), 4U);
   EXPECT_EQ(scene.Textes[p[1].texte], "2");
   EXPECT_EQ(scene.Textes[p[3].texte], "3");
@@ -400,16 +393,16 @@ TEST(Dessin, LeavesOutNumbersAndArrowsFarOutsideThePicture) {
   OptionsScene o = Options();
   o.sequence = true;
   const Scene scene = Construit(o);
-  EXPECT_EQ(De(scene, Element::Numeros).size(), 2U);
-  EXPECT_EQ(De(scene, Element::Departs)[0].nombre, 3U);
-  EXPECT_EQ(De(scene, Element::Initial).size(), 1U);
+  EXPECT_EQ(De(scene, DesNumeros).size(), 2U);
+  EXPECT_EQ(De(scene, Role::Depart)[0].nombre, 3U);
+  EXPECT_EQ(De(scene, DuDessin).size(), 1U);
 }
 
 TEST(Dessin, DrawsTheAxesATenthOfTheWidthLong) {
   essai::AjouteSequence(" A", {{20, 20}, {120, 20}, {120, 60}});
   Scene scene;
   ConstruitScene(Doc, {15, 0, 0, 300, 300}, Image, Options(), scene);
-  const auto p = De(scene, Element::Axes);
+  const auto p = De(scene, Role::Axes);
   ASSERT_EQ(p.size(), 6U);
   // 10 mm are 150 twips, a quarter of it behind the origin at (300, 1200).
   EXPECT_EQ(PointsDe(scene, p[0]), (Points{{262.5F, 1200}, {450, 1200}}));
@@ -429,52 +422,87 @@ TEST(Dessin, DrawsTheAxesOfAVerticalLineByItsHeightAndOfAPointAllTheSame) {
   essai::AjouteSequence(" A", {{20, 20}, {20, 70}});
   Scene scene;
   ConstruitScene(Doc, {15, 0, 0, 300, 300}, Image, Options(), scene);
-  EXPECT_EQ(PointsDe(scene, De(scene, Element::Axes)[0])[1], (PointEcran{375, 1200}));  // 5 mm
+  EXPECT_EQ(PointsDe(scene, De(scene, Role::Axes)[0])[1], (PointEcran{375, 1200}));  // 5 mm
   Doc = Document{};
   essai::AjouteSequence(" A", {{20, 20}, {20, 20}});
   ConstruitScene(Doc, {15, 0, 0, 300, 300}, Image, Options(), scene);
-  EXPECT_EQ(PointsDe(scene, De(scene, Element::Axes)[0])[1], (PointEcran{600, 1200}));  // 20 pixels
+  EXPECT_EQ(PointsDe(scene, De(scene, Role::Axes)[0])[1], (PointEcran{600, 1200}));  // 20 pixels
 }
 
 TEST(Dessin, LeavesOutAxesThatThePictureDoesNotShow) {
   essai::AjouteSequence(" A", {{520, 20}, {620, 20}});
   Scene scene;
   ConstruitScene(Doc, {15, 500, 0, 0, 0}, Image, Options(), scene);
-  EXPECT_TRUE(De(scene, Element::Axes).empty());
+  EXPECT_TRUE(De(scene, Role::Axes).empty());
 }
 
 TEST(Dessin, WritesTheLegendUnderEachOtherNearTheCorner) {
   essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
   const Scene scene = Construit();
-  const auto p = De(scene, Element::Legende);
+  const auto p = De(scene, DeLaLegende);
   ASSERT_EQ(p.size(), 2U);
   EXPECT_EQ(scene.Textes[p[0].texte], "dessin");
-  EXPECT_EQ(p[0].couleur, 3);
+  EXPECT_EQ(p[0].role, Role::LegendeDessin);
   EXPECT_EQ(p[0].ancre, Ancre::HautGauche);
   EXPECT_EQ(PointsDe(scene, p[0]), (Points{{16, 16}}));  // a tenth of 160
   EXPECT_EQ(scene.Textes[p[1].texte], "trajet");
-  EXPECT_EQ(p[1].couleur, 5);
+  EXPECT_EQ(p[1].role, Role::LegendeTrajet);
   EXPECT_EQ(PointsDe(scene, p[1]), (Points{{16, 176}}));
 }
 
-TEST(OptionsCourantes, TakeTheColoursInForceAndTheTextsOfTheLegend) {
-  Regl.CouleurNumero = 11;
-  Regl.CouleurSequence = 12;
-  Regl.CouleurInitial = 13;
-  Regl.Couleurselectionne = 14;
-  Regl.CouleurDecalage = 15;
-  Regl.CouleurEncoche = 16;
+TEST(Dessin, LeavesTheLegendToOthersWhenAsked) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  OptionsScene o = Options();
+  o.legende = false;
+  const Scene scene = Construit(o);
+  EXPECT_TRUE(De(scene, DeLaLegende).empty());
+  EXPECT_TRUE(scene.Points.size() > 2 && scene.Textes == (std::vector<std::string>{"X", "Y"}));
+}
+
+TEST(Dessin, TheToolPathAloneHasItsAxesAndItsLegend) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  TraceInitial[1].Cde = CodePC;
+  AjouteTrace(" A", {P(10, 5), P(20, 5)});
+  OptionsScene o = Options();
+  o.sequence = true;
+  o.dessin = false;
+  const Scene scene = Construit(o);
+  for (const Primitive& p : scene.Primitives) {
+    EXPECT_TRUE(p.role == Role::Air || p.role == Role::Trajet || p.role == Role::Axes ||
+                p.role == Role::LegendeTrajet);
+  }
+  const auto legende = De(scene, DeLaLegende);
+  ASSERT_EQ(legende.size(), 1U);
+  EXPECT_EQ(PointsDe(scene, legende[0]), (Points{{16, 16}}));  // in the first line
+}
+
+TEST(Dessin, TheDrawingAloneHasNoToolPathAndNoLegendOfOne) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  AjouteTrace(" A", {P(10, 5), P(20, 5)});
+  OptionsScene o = Options();
+  o.trajet = false;
+  const Scene scene = Construit(o);
+  EXPECT_TRUE(De(scene, DeLOutil).empty());
+  EXPECT_FALSE(De(scene, DuDessin).empty());
+  EXPECT_EQ(De(scene, DeLaLegende).size(), 1U);
+}
+
+TEST(Scene, AnAreaHasItsEdgeAsItsPoints) {
+  Scene scene;
+  const PointEcran bord[] = {{0, 0}, {30, 0}, {0, 30}};
+  scene.AjouteSegment(Role::Axes, {1, 1}, {2, 2});
+  scene.AjouteAire(Role::Trajet, bord);
+  ASSERT_EQ(scene.Primitives.size(), 2U);
+  EXPECT_EQ(scene.Primitives[1].genre, Genre::Aire);
+  EXPECT_EQ(PointsDe(scene, scene.Primitives[1]), (Points{{0, 0}, {30, 0}, {0, 30}}));
+}
+
+TEST(OptionsCourantes, TakeTheTextsOfTheLegendInTheUsersLanguage) {
   essai::EcritFichierEssai("OVELINfr.trad", "[F_Representation]\r\nlib350=Trait\r\nlib351=Outil\r\n");
   const OptionsScene o = OptionsCourantes(true, false);
   EXPECT_TRUE(o.numPoint);
   EXPECT_FALSE(o.sequence);
   EXPECT_TRUE(OptionsCourantes(false, true).sequence);
-  EXPECT_EQ(o.couleurNumero, 11);
-  EXPECT_EQ(o.couleurSequence, 12);
-  EXPECT_EQ(o.couleurInitial, 13);
-  EXPECT_EQ(o.couleurSelectionne, 14);
-  EXPECT_EQ(o.couleurDecalage, 15);
-  EXPECT_EQ(o.couleurEncoche, 16);
   EXPECT_EQ(o.legendeDessin, "Trait");
   EXPECT_EQ(o.legendeDecalage, "Outil");
 }
@@ -484,7 +512,7 @@ TEST(OptionsScene, WithoutAFontACommonProportionIsAssumed) {
   OptionsScene o = Options();
   o.mesureTexte = nullptr;
   o.sequence = true;
-  const auto p = De(Construit(o), Element::Numeros);
+  const auto p = De(Construit(o), DesNumeros);
   ASSERT_EQ(p.size(), 2U);
   EXPECT_GT(p[0].mesure, 5 * TwipsParPixel);
   EXPECT_LT(p[0].mesure, 15 * TwipsParPixel);
@@ -492,19 +520,18 @@ TEST(OptionsScene, WithoutAFontACommonProportionIsAssumed) {
 
 TEST(TraceCroix, ReachesAFiftiethOfTheHeightEachWay) {
   Scene scene;
-  TraceCroix(Face, Image, Options(), P(10, 10), scene);
+  TraceCroix(Face, Image, P(10, 10), scene);
   ASSERT_EQ(scene.Primitives.size(), 2U);
   EXPECT_EQ(PointsDe(scene, scene.Primitives[0]), (Points{{150, 1320}, {150, 1380}}));
   EXPECT_EQ(PointsDe(scene, scene.Primitives[1]), (Points{{120, 1350}, {180, 1350}}));
   for (const Primitive& p : scene.Primitives) {
-    EXPECT_EQ(p.couleur, 3);
-    EXPECT_EQ(p.element, Element::Croix);
+    EXPECT_EQ(p.role, Role::Croix);
   }
 }
 
 TEST(TraceCroix, IsNeverSmallerThanThreeHundredths) {
   Scene scene;
-  TraceCroix(Face, {3000, 1}, Options(), P(0, 0), scene);
+  TraceCroix(Face, {3000, 1}, P(0, 0), scene);
   EXPECT_FLOAT_EQ(PointsDe(scene, scene.Primitives[1])[0].X, -0.03F);
 }
 
@@ -512,10 +539,10 @@ TEST(Dessin_Position_Outil, TheFirstPositionAfterAResetHasNoLine) {
   Scene scene;
   MemoireOutil memoire;
   EXPECT_EQ(memoire.X, -999.0F);
-  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Options(), memoire, 10, 10, scene));
+  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Police(), memoire, 10, 10, scene));
   ASSERT_EQ(scene.Primitives.size(), 1U);
   EXPECT_EQ(scene.Primitives[0].genre, Genre::Disque);
-  EXPECT_EQ(scene.Primitives[0].fond, SansFond);
+  EXPECT_EQ(scene.Primitives[0].role, Role::Outil);
   EXPECT_EQ(scene.Primitives[0].mesure, 80.0F);  // half the height of "0"
   EXPECT_EQ(PointsDe(scene, scene.Primitives[0]), (Points{{150, 1350}}));
   EXPECT_EQ(memoire, (MemoireOutil{10, 10}));
@@ -524,19 +551,19 @@ TEST(Dessin_Position_Outil, TheFirstPositionAfterAResetHasNoLine) {
 TEST(Dessin_Position_Outil, ANewPositionReplacesTheMarkWithALineFromTheLast) {
   Scene scene;
   MemoireOutil memoire{10, 10};
-  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Options(), memoire, 20, 10, scene));
+  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Police(), memoire, 20, 10, scene));
   ASSERT_EQ(scene.Primitives.size(), 2U);
   EXPECT_EQ(PointsDe(scene, scene.Primitives[1]), (Points{{150, 1350}, {300, 1350}}));
-  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Options(), memoire, 20, 30, scene));
+  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Police(), memoire, 20, 30, scene));
   EXPECT_EQ(scene.Primitives.size(), 2U);
 }
 
 TEST(Dessin_Position_Outil, TheSamePositionAgainDoesNothing) {
   Scene scene;
   MemoireOutil memoire{10, 10};
-  EXPECT_FALSE(Dessin_Position_Outil(Face, Image, Options(), memoire, 10, 10, scene));
+  EXPECT_FALSE(Dessin_Position_Outil(Face, Image, Police(), memoire, 10, 10, scene));
   EXPECT_TRUE(scene.Primitives.empty());
-  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Options(), memoire, 10, 11, scene));
+  EXPECT_TRUE(Dessin_Position_Outil(Face, Image, Police(), memoire, 10, 11, scene));
 }
 
 TEST(PointsApercu, TakesEachPointUpToAThousandAndEachKthBeyond) {
@@ -561,12 +588,12 @@ TEST(PointsApercu, StartsWithTheFirstPoint) {
 TEST(ConstruitApercu, FitsTheShapeWithItsRatiosIntoThePicture) {
   const auto carre = essai::Trace(" A", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}});
   Scene scene;
-  ConstruitApercu(carre, 1, 1, {3000, 3000}, 9, scene);
+  ConstruitApercu(carre, 1, 1, {3000, 3000}, scene);
   ASSERT_EQ(scene.Primitives.size(), 1U);
-  EXPECT_EQ(scene.Primitives[0].couleur, 9);
+  EXPECT_EQ(scene.Primitives[0].role, Role::Dessin);
   EXPECT_EQ(PointsDe(scene, scene.Primitives[0]),
             (Points{{180, 2820}, {2820, 2820}, {2820, 180}, {180, 180}, {180, 2820}}));
-  ConstruitApercu(carre, 2, 1, {3000, 3000}, 9, scene);
+  ConstruitApercu(carre, 2, 1, {3000, 3000}, scene);
   EXPECT_EQ(PointsDe(scene, scene.Primitives[0]),
             (Points{{180, 2160}, {2820, 2160}, {2820, 840}, {180, 840}, {180, 2160}}));
 }
@@ -576,20 +603,20 @@ TEST(ConstruitApercu, KeepsPathsApartAndStandsAPointOrNone) {
   const auto autre = essai::Trace(" B", {{0, 5}, {10, 5}});
   points.insert(points.end(), autre.begin(), autre.end());
   Scene scene;
-  ConstruitApercu(points, 1, 1, {3000, 3000}, 0, scene);
+  ConstruitApercu(points, 1, 1, {3000, 3000}, scene);
   EXPECT_EQ(scene.Primitives.size(), 2U);
-  ConstruitApercu(essai::Trace(" A", {{7, 7}, {7, 7}}), 1, 1, {3000, 3000}, 0, scene);
+  ConstruitApercu(essai::Trace(" A", {{7, 7}, {7, 7}}), 1, 1, {3000, 3000}, scene);
   ASSERT_EQ(scene.Primitives.size(), 1U);
   EXPECT_EQ(PointsDe(scene, scene.Primitives[0]), (Points{{1500, 1500}}));
-  ConstruitApercu({}, 1, 1, {3000, 3000}, 0, scene);
+  ConstruitApercu({}, 1, 1, {3000, 3000}, scene);
   EXPECT_TRUE(scene.Primitives.empty());
 }
 
-TEST(Dessin, AnUnselectedDrawingIsAllInTheInitialColour) {
+TEST(Dessin, AnUnselectedDrawingHasNoSelection) {
   essai::AjouteCarre(" A", 10, 10, 20);
   essai::AjouteCarre(" B", 50, 10, 20);
   Deselectionne();
-  for (const Primitive& p : De(Construit(), Element::Initial)) EXPECT_EQ(p.couleur, 3);
+  for (const Primitive& p : De(Construit(), DuDessin)) EXPECT_EQ(p.role, Role::Dessin);
 }
 
 }  // namespace

@@ -1,9 +1,10 @@
-// The small picture of the dimension window.
+#include "image/Apercu.h"
+
 #include <algorithm>
 #include <cmath>
 
 #include "core/Nombres.h"
-#include "workspace/SceneTraceur.h"
+#include "image/Traceur.h"
 
 namespace ovelin {
 
@@ -25,7 +26,7 @@ std::vector<PointTrace> PointsApercu(const std::vector<PointTrace>& points) {
 }
 
 void ConstruitApercu(const std::vector<PointTrace>& points, double rapportX, double rapportY,
-                     const TailleImage& taille, std::int32_t couleur, Scene& scene) {
+                     const TailleImage& taille, Scene& scene) {
   scene.Vide();
   if (points.empty()) return;
   std::vector<PointTrace> mis = points;
@@ -53,7 +54,7 @@ void ConstruitApercu(const std::vector<PointTrace>& points, double rapportX, dou
   for (std::size_t i = 0; i < mis.size();) {
     std::size_t fin = i + 1;
     while (fin < mis.size() && mis[fin].Seq == mis[i].Seq) ++fin;
-    traceur.Commence(Element::Initial, StyleTrait::Plein, couleur, 0);
+    traceur.Commence(Role::Dessin, 0);
     traceur.Suit(mis.data() + i, mis.data() + fin);
     traceur.Finit();
     i = fin;
