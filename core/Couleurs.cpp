@@ -23,9 +23,8 @@ Rvb EnParts(std::int32_t couleur) {
   return {(c & 255U) / 255.0, ((c >> 8U) & 255U) / 255.0, ((c >> 16U) & 255U) / 255.0};
 }
 
-// A share falls into one of 256 equal steps.
 std::int32_t EnCouleur(const Rvb& c) {
-  const auto octet = [](double part) { return std::clamp(static_cast<int>(part * 256), 0, 255); };
+  const auto octet = [](double part) { return static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * 255)); };
   return Couleur(octet(c.r), octet(c.v), octet(c.b));
 }
 

@@ -3,13 +3,14 @@
 #include <cmath>
 
 #include "app/cli/Commandes.h"
-#include "app/cli/Image.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
+#include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
+#include "image/ImageDocument.h"
 #include "machine/Module_Table.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
@@ -208,9 +209,11 @@ int Exporte(Contexte& contexte, const std::string& dessin, const std::string& so
   }
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   if (image) {
-    const bool initial = source != "outil";
-    const bool outil = source != "initial";
-    const std::string octets = extension == "SVG" ? ImageSvg(initial, outil) : ImagePng(initial, outil);
+    OptionsScene options = OptionsCourantes(false, false);
+    options.dessin = source != "outil";
+    options.trajet = source != "initial";
+    const std::string octets = ImageDocument(Doc, options, ConstruitPalette(Regl, Theme::Clair),
+                                             extension == "SVG" ? FormatImage::Svg : FormatImage::Png);
     if (octets.empty())
       return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + sortie, sortie);
     if (const int etat = EcritResultat(contexte, sortie, octets)) return etat;

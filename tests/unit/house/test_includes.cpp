@@ -222,6 +222,19 @@ TEST(Inclusions, TheClosedLibrariesKeepTheirOwnLibrariesToThemselves) {
   }
 }
 
+TEST(Inclusions, PicturesInFilesArePaintedInOneFolder) {
+  int peintres = 0;
+  for (const std::string dossier :
+       {"app", "closed", "controller", "core", "database", "image", "machine", "run", "toolpath", "workspace"}) {
+    for (const Inclusion& i : Inclusions(dossier)) {
+      if (!i.inclus.starts_with("cairo")) continue;
+      EXPECT_EQ(dossier, "image") << i.fichier << " includes " << i.inclus;
+      ++peintres;
+    }
+  }
+  EXPECT_GT(peintres, 0);
+}
+
 TEST(Inclusions, HeadersOfTheClosedLibrariesNameTheStandardLibraryAlone) {
   for (const char* entete : {"closed/Pathwerk.h", "closed/ZenikCom.h", "closed/CarteVirtuelle.h"}) {
     for (const Inclusion& i : Inclusions("closed")) {

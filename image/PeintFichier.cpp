@@ -1,0 +1,220 @@
+#include "image/PeintFichier.h"
+
+#include <cairo-svg.h>
+#include <cairo.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+namespace ovelin {
+
+namespace {
+
+constexpr double Pixels = 1.0 / static_cast<double>(TwipsParPixel);  // of a twip
+constexpr const char* Police = "sans-serif";
+constexpr double CorpsPolice = 12;  // pixels
+
+struct Rend {
+  void operator()(cairo_t* c) const { cairo_destroy(c); }
+  void operator()(cairo_surface_t* s) const { cairo_surface_destroy(s); }
+};
+using Surface = std::unique_ptr<cairo_surface_t, Rend>;
+using Toile = std::unique_ptr<cairo_t, Rend>;
+
+void ChoisitPolice(cairo_t* c) {
+  cairo_select_font_face(c, Police, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+  cairo_set_font_size(c, CorpsPolice);
+}
+
+void Encre(cairo_t* c, std::int32_t couleur) {
+  const auto part = [couleur](unsigned decalage) {
+    return ((static_cast<std::uint32_t>(couleur) >> decalage) & 255U) / 255.0;
+  };
+  cairo_set_source_rgb(c, part(0), part(8), part(16));
+}
+
+class Peinture {
+ public:
+  Peinture(cairo_t* c, const Scene& scene, const Palette& palette) : c_(c), scene_(scene), palette_(palette) {
+    ChoisitPolice(c_);
+  }
+
+  void Tout() {
+    Encre(c_, palette_.papier);
+    cairo_paint(c_);
+    for (const Primitive& p : scene_.Primitives) Une(p);
+  }
+
+ private:
+  struct Place {
+    double x = 0, y = 0;
+  };
+  static Place De(const PointEcran& p) {
+    return {static_cast<double>(p.X) * Pixels, static_cast<double>(p.Y) * Pixels};
+  }
+  void Une(const Primitive& p);
+  void Suit(std::span<const PointEcran> points);
+  void Ligne(const Primitive& p);
+  void Points(const Primitive& p);
+  void Carres(const Primitive& p);
+  void Disque(const Primitive& p);
+  void Fleches(const Primitive& p);
+  void Texte(const Primitive& p);
+  void Cercle(const Place& centre, double rayon) {
+    cairo_new_sub_path(c_);
+    cairo_arc(c_, centre.x, centre.y, rayon, 0, 2 * Pi);
+  }
+
+  cairo_t* c_;
+  const Scene& scene_;
+  const Palette& palette_;
+};
+
+void Peinture::Suit(std::span<const PointEcran> points) {
+  cairo_new_sub_path(c_);
+  for (const PointEcran& p : points) cairo_line_to(c_, De(p).x, De(p).y);
+}
+
+// Ends and corners as in a window.
+void Peinture::Ligne(const Primitive& p) {
+  const double largeur = static_cast<double>(LargeurDe(p, palette_));
+  std::vector<double> motif;
+  for (const float tiret : MotifDe(palette_[p.role].style)) motif.push_back(static_cast<double>(tiret) * largeur);
+  cairo_set_dash(c_, motif.data(), static_cast<int>(motif.size()), 0);
+  cairo_set_line_width(c_, largeur);
+  cairo_set_line_cap(c_, p.mesure > 0 ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_SQUARE);
+  cairo_set_line_join(c_, p.mesure > 0 ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_BEVEL);
+  Suit(scene_.PointsDe(p));
+  cairo_stroke(c_);
+}
+
+void Peinture::Points(const Primitive& p) {
+  for (const PointEcran& q : scene_.PointsDe(p)) Cercle(De(q), static_cast<double>(p.mesure) * Pixels / 2);
+  cairo_fill(c_);
+}
+
+void Peinture::Carres(const Primitive& p) {
+  const double cote = static_cast<double>(p.mesure) * Pixels;
+  for (const PointEcran& q : scene_.PointsDe(p)) {
+    cairo_rectangle(c_, De(q).x - cote / 2, De(q).y - cote / 2, cote, cote);
+  }
+  cairo_fill(c_);
+}
+
+void Peinture::Disque(const Primitive& p) {
+  const Aspect& aspect = palette_[p.role];
+  cairo_set_dash(c_, nullptr, 0, 0);
+  cairo_set_line_width(c_, 1);
+  for (const PointEcran& q : scene_.PointsDe(p)) {
+    Cercle(De(q), static_cast<double>(p.mesure) * Pixels);
+    if (aspect.fond != SansFond) {
+      Encre(c_, aspect.fond);
+      cairo_fill_preserve(c_);
+    }
+    Encre(c_, aspect.couleur);
+    cairo_stroke(c_);
+  }
+}
+
+void Peinture::Fleches(const Primitive& p) {
+  const auto points = scene_.PointsDe(p);
+  for (std::size_t i = 0; i + 2 < points.size(); i += 3) {
+    Suit(points.subspan(i, 3));
+    cairo_close_path(c_);
+  }
+  cairo_fill(c_);
+}
+
+void Peinture::Texte(const Primitive& p) {
+  Encre(c_, palette_[p.role].couleurTexte);
+  const std::string& texte = scene_.Textes[p.texte];
+  cairo_font_extents_t police;
+  cairo_font_extents(c_, &police);
+  Place pied = De(scene_.PointsDe(p).front());
+  if (p.ancre == Ancre::Centre) {
+    cairo_text_extents_t etendue;
+    cairo_text_extents(c_, texte.c_str(), &etendue);
+    pied.x -= etendue.x_advance / 2;
+    pied.y += (police.ascent - police.descent) / 2;
+  } else {
+    pied.y += police.ascent;
+  }
+  cairo_move_to(c_, pied.x, pied.y);
+  cairo_show_text(c_, texte.c_str());
+  cairo_new_path(c_);
+}
+
+void Peinture::Une(const Primitive& p) {
+  Encre(c_, palette_[p.role].couleur);
+  // Triangles and dots of one primitive may lie over each other; only an area has holes.
+  cairo_set_fill_rule(c_, p.genre == Genre::Aire ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
+  switch (p.genre) {
+    case Genre::Ligne:
+      return Ligne(p);
+    case Genre::Aire:
+      Suit(scene_.PointsDe(p));
+      return cairo_fill(c_);
+    case Genre::Points:
+      return Points(p);
+    case Genre::Carres:
+      return Carres(p);
+    case Genre::Disque:
+      return Disque(p);
+    case Genre::Fleches:
+      return Fleches(p);
+    case Genre::Texte:
+      return Texte(p);
+  }
+}
+
+// Whether all of it could be drawn.
+bool Peint(cairo_surface_t* surface, const Scene& scene, const Palette& palette) {
+  const Toile toile(cairo_create(surface));
+  Peinture(toile.get(), scene, palette).Tout();
+  return cairo_status(toile.get()) == CAIRO_STATUS_SUCCESS;
+}
+
+cairo_status_t Recoit(void* sortie, const unsigned char* octets, unsigned int nombre) {
+  static_cast<std::string*>(sortie)->append(reinterpret_cast<const char*>(octets), nombre);
+  return CAIRO_STATUS_SUCCESS;
+}
+
+double EnPixels(float twips) { return std::ceil(static_cast<double>(twips) * Pixels); }
+
+}  // namespace
+
+std::string PeintSvg(const Scene& scene, const Palette& palette, const TailleImage& taille) {
+  std::string octets;
+  const Surface surface(
+      cairo_svg_surface_create_for_stream(Recoit, &octets, EnPixels(taille.largeur), EnPixels(taille.hauteur)));
+  const bool bon = Peint(surface.get(), scene, palette);
+  cairo_surface_finish(surface.get());
+  return bon && cairo_surface_status(surface.get()) == CAIRO_STATUS_SUCCESS ? octets : std::string();
+}
+
+std::string PeintPng(const Scene& scene, const Palette& palette, const TailleImage& taille) {
+  const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(EnPixels(taille.largeur)),
+                                                   static_cast<int>(EnPixels(taille.hauteur))));
+  std::string octets;
+  const bool bon = Peint(surface.get(), scene, palette) &&
+                   cairo_surface_write_to_png_stream(surface.get(), Recoit, &octets) == CAIRO_STATUS_SUCCESS;
+  return bon ? octets : std::string();
+}
+
+MesureTexte MesureFichier() {
+  return [](const std::string& texte) {
+    const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1));
+    const Toile toile(cairo_create(surface.get()));
+    ChoisitPolice(toile.get());
+    cairo_font_extents_t police;
+    cairo_font_extents(toile.get(), &police);
+    cairo_text_extents_t etendue;
+    cairo_text_extents(toile.get(), texte.c_str(), &etendue);
+    return TailleTexte{static_cast<float>(etendue.x_advance) * TwipsParPixel,
+                       static_cast<float>(police.ascent + police.descent) * TwipsParPixel};
+  };
+}
+
+}  // namespace ovelin
