@@ -105,12 +105,41 @@ bool RendFichierUniforme(const std::string& chemin) {
     std::string uniforme;
     uniforme.reserve(octets->size() + octets->size() / 8);
     for (const char c : *octets) {
-      if (c == '\n') uniforme += '\r';
+      // Behind a mixture, a line that has its carriage return keeps the one.
+      if (c == '\n' && (uniforme.empty() || uniforme.back() != '\r')) uniforme += '\r';
       uniforme += c;
     }
     return EcritFichierEntier(chemin, uniforme).empty();
   } catch (const std::bad_alloc&) {
     return false;  // the reader tells what it can't take
+  }
+}
+
+std::string CleAvis(const pathwerk::AvisLecture& avis) {
+  return "lib" + std::to_string(static_cast<std::int32_t>(avis.Numero));
+}
+
+std::string DetailAvis(const pathwerk::AvisLecture& avis) { return avis.Detail.empty() ? "" : " " + avis.Detail; }
+
+// What was supposed and what was left out. Kinds that are words of the format have no key and stay as they are.
+std::string TexteLecture(const pathwerk::RapportLecture& rapport) {
+  std::string texte;
+  const auto ajoute = [&texte](const std::string& morceau) { texte += (texte.empty() ? "" : ", ") + morceau; };
+  for (const pathwerk::AvisLecture& avis : rapport.Suppose) {
+    ajoute(Traduire(Section, CleAvis(avis)) + DetailAvis(avis));
+  }
+  for (const auto& [genre, nombre] : rapport.Ignores) {
+    ajoute(Traduire("Ecartes", genre) + " " + std::to_string(nombre));
+  }
+  return texte;
+}
+
+// What the reader supposed that changes the size of the drawing: a unit that nobody gave, extents that don't fit.
+void AvertitSuppositions(const pathwerk::RapportLecture& rapport) {
+  for (const pathwerk::AvisLecture& avis : rapport.Suppose) {
+    if (avis.Numero == pathwerk::Avis::FormatDevine) continue;  // so common that the status bar must do
+    MessageFichier(Section, CleAvis(avis), DetailAvis(avis) + "\n" + FichierCourant, Icone::Exclamation,
+                   FichierCourant);
   }
 }
 
@@ -176,7 +205,9 @@ bool PrendEtranger(DessinLu& lu) {
     MontreRefus(*lu.refus);
     return false;
   }
+  lu.contenu.message = TexteLecture(lu.contenu.rapport);
   if (lu.contenu.rapport.Tronque) AvertitTronque();
+  AvertitSuppositions(lu.contenu.rapport);
   PrepareDessin(Doc, Mesures(), Etapes());
   return true;
 }

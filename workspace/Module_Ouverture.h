@@ -28,7 +28,7 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
 Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
 
 // Line ends of a text file on disk made uniform: when its first line doesn't end in a carriage return, every line
-// feed becomes carriage return and line feed. Left alone: a file with a NUL or a binary header, a file that can't
+// feed without one gets it in front. Left alone: a file with a NUL or a binary header, a file that can't
 // be written. True when it was rewritten.
 bool RendUniforme(const std::string& chemin);
 

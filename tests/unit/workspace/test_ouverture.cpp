@@ -13,6 +13,7 @@
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Traduction.h"
 #include "database/Module_BD.h"
 #include "tests/support/Support.h"
 #include "toolpath/Module_Decalage.h"
@@ -150,6 +151,73 @@ TEST(Ouvrir, UniformLineEndsAreLeftAlone) {
   const std::string chemin = EcritFichierEssai("a.dat", "0 0\r\n10 0\n10 10\r\n");
   ASSERT_EQ(Ouvre(chemin), Ouverture::Reussie);
   EXPECT_EQ(LitFichierEssai(chemin), "0 0\r\n10 0\n10 10\r\n");
+}
+
+TEST(RendUniforme, NeverDoublesACarriageReturnWhateverTheMixture) {
+  const auto rendu = [](const std::string& octets) {
+    const std::string chemin = EcritFichierEssai("m.plt", octets);
+    EXPECT_TRUE(RendUniforme(chemin)) << octets;
+    return LitFichierEssai(chemin);
+  };
+  EXPECT_EQ(rendu("a\nb\r\nc\r\n"), "a\r\nb\r\nc\r\n");
+  EXPECT_EQ(rendu("a\nb\nc\r\nd"), "a\r\nb\r\nc\r\nd");
+  EXPECT_EQ(rendu("a\n\r\n\nb\n"), "a\r\n\r\n\r\nb\r\n");
+  EXPECT_EQ(rendu("\na\r\n"), "\r\na\r\n");
+  EXPECT_EQ(rendu("a\nb\rc\n"), "a\r\nb\rc\r\n");
+}
+
+TEST(Ouvrir, AProjectWhoseFirstLineAloneEndsInALineFeedKeepsItsPoints) {
+  std::string projet;
+  for (int i = 0; i < 20; ++i) {
+    const std::string x = std::to_string(10 + i);
+    const std::string y = std::to_string(10 + i * i % 7);
+    projet += x + std::string(15 - x.size(), ' ') + y + std::string(15 - y.size(), ' ') + "PD A\r\n";
+  }
+  ASSERT_EQ(Ouvre(EcritFichierEssai("entier.OVL", projet)), Ouverture::Reussie);
+  const std::int32_t points = NbPoints;
+  projet.erase(projet.find('\r'), 1);
+  const std::string chemin = EcritFichierEssai("melange.OVL", projet);
+  ASSERT_EQ(Ouvre(chemin), Ouverture::Reussie);
+  EXPECT_EQ(NbPoints, points);
+  EXPECT_EQ(LitFichierEssai(chemin).find("\r\r"), std::string::npos);
+}
+
+TEST(Ouvrir, ADrillFileWithoutAUnitIsOpenedWithAWarning) {
+  Attend("F_Representation", "lib131");
+  ContenuLu lu;
+  ASSERT_EQ(Ouvre(EcritFichierEssai("u.drl", "M48\r\n%\r\nX1.0Y1.0\r\nX2.0Y1.0\r\nM30\r\n"), &lu),
+            Ouverture::Reussie);
+  EXPECT_FLOAT_EQ(lu.xmax, 50.8F);
+  EXPECT_EQ(lu.message, Traduire("F_Representation", "lib131"));
+}
+
+TEST(Ouvrir, AGuessedNumberFormatStandsInTheStatusBarAlone) {
+  ContenuLu lu;
+  const std::string texte = "M48\r\nMETRIC\r\n%\r\nX1000Y1000\r\nX2000Y1000\r\nX2000Y1000\r\nM30\r\n";
+  ASSERT_EQ(Ouvre(EcritFichierEssai("f.drl", texte), &lu), Ouverture::Reussie);
+  EXPECT_EQ(lu.message, Traduire("F_Representation", "lib132") + " METRIC,TZ,000.000, " +
+                            Traduire("Ecartes", "DUPLICATE") + " 1");
+  EXPECT_EQ(essai::Panneaux().back(), (std::pair<int, std::string>{5, lu.message}));
+}
+
+TEST(Ouvrir, ExtentsAndColumnsThatTheReaderDoubtsAreTold) {
+  Attend("F_Representation", "lib133");
+  const std::string perce = "M48\r\n;EXTENTS 10.0 10.0\r\nMETRIC\r\n%\r\nX1.0Y1.0\r\nX90.0Y1.0\r\nM30\r\n";
+  EXPECT_EQ(Ouvre(EcritFichierEssai("e.drl", perce)), Ouverture::Reussie);
+  Attend("F_Representation", "lib134");
+  EXPECT_EQ(Ouvre(EcritFichierEssai("c.dat", "0 0 1 2\r\n9 0 1 2\r\n9 9 1 2\r\n")), Ouverture::Reussie);
+}
+
+TEST(Ouvrir, EveryKindOfTheAssemblyHasItsWord) {
+  ContenuLu lu;
+  ASSERT_EQ(Ouvre(EcritFichierEssai("d.dxf", Dxf({{true, {{10, 10}, {50, 10}, {50, 50}}},
+                                                  {true, {{10, 10}, {50, 10}, {50, 50}}}})),
+                  &lu),
+            Ouverture::Reussie);
+  EXPECT_EQ(lu.rapport.Ignores.at("DUPLICATE"), 1);
+  for (const char* genre : {"DUPLICATE", "ZERO_LENGTH", "ROW", "LAYER", "PAPER_SPACE"}) {
+    EXPECT_NE(Traduire("Ecartes", genre), genre);
+  }
 }
 
 TEST(RendUniforme, LeavesBinaryAndReadOnlyFilesAlone) {
