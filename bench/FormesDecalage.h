@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <random>
 
-#include "closed/pathwerk/commun/Vecteur.h"
+#include "closed/pathwerk/commun/Lieux.h"
 
 namespace banc {
 

@@ -2,6 +2,7 @@
 
 #include <tuple>
 
+#include "base/Texte.h"
 #include "core/Lignes.h"
 #include "core/Nombres.h"
 #include "core/Texte8.h"
@@ -21,11 +22,7 @@ bool MemeNom(std::string_view octets, std::string_view nom) {
   return octets.size() == nom.size();
 }
 
-std::string_view SansBlancs(std::string_view s) {
-  while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
-  while (!s.empty() && (s.back() == ' ' || s.back() == '\t')) s.remove_suffix(1);
-  return s;
-}
+using base::SansBlancs;
 
 // Name of the section that a line opens.
 std::optional<std::string_view> EnTete(std::string_view ligne) {

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Fichiers.h"
+
 namespace ovelin {
 
 // Folder of "OVELIN.ini": set once at the start (see TrouveDossierProgramme), no separator at the end.
@@ -36,9 +38,7 @@ using ErreurSysteme = std::string;
 
 // The whole file, or nothing and the reason.
 std::optional<std::string> LitFichierEntier(const std::string& chemin, ErreurSysteme* raison = nullptr);
-// What a written file outlives: a power cut (flushed to disk before it takes its name), or the end of the program
-// alone (undo snapshots).
-enum class Garantie { Disque, Processus };
+using base::Garantie;
 // Whole or not at all: written beside the target, flushed to disk, renamed over it. Keeps the target's mode. A
 // target without write permission is refused, also for root. Content that has not changed is not written again.
 // A device or a pipe takes the bytes as they come.
@@ -49,8 +49,8 @@ ErreurSysteme EcritureRefusee(const std::string& chemin);
 
 bool FichierExiste(const std::string& chemin);  // a regular file
 bool LectureSeule(const std::string& chemin);   // exists, and nobody, or not this user, may write it
-std::string DossierDe(const std::string& chemin);
-std::string NomDe(const std::string& chemin);          // without the folder
+using base::DossierDe;
+using base::NomDe;
 std::string NomSansExtension(const std::string& nom);  // last ".xyz" taken off, folder kept
 std::string ExtensionDe(const std::string& chemin);    // upper case, without the point
 // Names of files in a folder with that upper-case extension, sorted.

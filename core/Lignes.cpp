@@ -1,26 +1,8 @@
 #include "core/Lignes.h"
 
-#include <cstring>
-
 #include "core/Nombres.h"
 
 namespace ovelin {
-
-bool LigneSuivante(std::string_view& reste, std::string_view& ligne) {
-  if (reste.empty()) return false;
-  const std::size_t lf = reste.find('\n');
-  const std::size_t longueur = lf == std::string_view::npos ? reste.size() : lf;
-  const std::size_t cr = reste.substr(0, longueur).find('\r');
-  if (cr == std::string_view::npos) {
-    ligne = reste.substr(0, longueur);
-    reste.remove_prefix(lf == std::string_view::npos ? longueur : longueur + 1);
-    return true;
-  }
-  ligne = reste.substr(0, cr);
-  const bool double_ = cr + 1 < reste.size() && reste[cr + 1] == '\n';
-  reste.remove_prefix(double_ ? cr + 2 : cr + 1);
-  return true;
-}
 
 std::string FinDeLigne(std::string_view contenu) {
   const std::size_t fin = contenu.find_first_of("\r\n");

@@ -5,11 +5,11 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/Texte.h"
+
 namespace ovelin {
 
-// Takes the next line off the front of `reste`, without its end: CR LF, LF or CR. False when nothing is left; a
-// text that ends with a line end has no empty line behind it.
-bool LigneSuivante(std::string_view& reste, std::string_view& ligne);
+using base::LigneSuivante;
 
 // Line end of the first line of a text; CR LF where there is none.
 std::string FinDeLigne(std::string_view contenu);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <system_error>
 
+#include "base/Texte.h"
 #include "core/Services.h"
 #include "core/Texte8.h"
 
@@ -13,8 +14,8 @@ namespace ovelin {
 
 namespace {
 
-constexpr bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
-constexpr bool EstBlanc(char c) { return c == ' ' || c == '\t'; }
+using base::EstBlanc;
+using base::EstChiffre;
 
 // Room for any double in fixed notation: 309 digits before the mark, 324 zeros and 17 digits behind it.
 constexpr std::size_t TailleTampon = 768;
@@ -275,10 +276,6 @@ std::string Majuscules(std::string_view texte) {
   return s;
 }
 
-std::string Rogne(std::string_view texte) {
-  while (!texte.empty() && EstBlanc(texte.front())) texte.remove_prefix(1);
-  while (!texte.empty() && EstBlanc(texte.back())) texte.remove_suffix(1);
-  return std::string(texte);
-}
+std::string Rogne(std::string_view texte) { return std::string(base::SansBlancs(texte)); }
 
 }  // namespace ovelin

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Boite.h"
+
 namespace ovelin {
 
 namespace {
@@ -76,14 +78,9 @@ ProprietesSequence ProprietesDe(std::span<const SequenceInfo> fiches, const Inde
 void MesureDocument(Document& document) {
   if (document.TraceInitial.empty()) return;
   const PointTrace& premier = document.TraceInitial.front();
-  float xmin = premier.X, xmax = premier.X, ymin = premier.Y, ymax = premier.Y;
-  for (const PointTrace& p : document.TraceInitial) {
-    xmin = std::min(xmin, p.X);
-    xmax = std::max(xmax, p.X);
-    ymin = std::min(ymin, p.Y);
-    ymax = std::max(ymax, p.Y);
-  }
-  document.Xmin = xmin, document.Xmax = xmax, document.Ymin = ymin, document.Ymax = ymax;
+  auto boite = base::Boite<float>::De(premier.X, premier.Y);
+  for (const PointTrace& p : document.TraceInitial) boite.Etend(p.X, p.Y);
+  document.Xmin = boite.x0, document.Xmax = boite.x1, document.Ymin = boite.y0, document.Ymax = boite.y1;
 }
 
 double DistancePoints(const PointTrace& a, const PointTrace& b) {

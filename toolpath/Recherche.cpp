@@ -1,7 +1,9 @@
 // Look-ups in the drawing: runs, first matches, boxes, codes.
 #include <algorithm>
+#include <optional>
 #include <span>
 
+#include "base/Boite.h"
 #include "core/DocumentCourant.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -9,25 +11,22 @@ namespace ovelin {
 
 namespace {
 
-// Box that grows run by run.
-struct Boite2 {
-  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
-  bool vide = true;
-  void Ajoute(std::span<const PointTrace> points) {
-    for (const PointTrace& p : points) {
-      if (vide) {
-        xmin = xmax = p.X;
-        ymin = ymax = p.Y;
-        vide = false;
-        continue;
-      }
-      xmin = std::min(xmin, p.X);
-      xmax = std::max(xmax, p.X);
-      ymin = std::min(ymin, p.Y);
-      ymax = std::max(ymax, p.Y);
+using Boite = base::Boite<float>;
+
+// Widens the box by a run; the first point of all counts as it is.
+void Etend(std::optional<Boite>& somme, std::span<const PointTrace> points) {
+  for (const PointTrace& p : points) {
+    if (somme) {
+      somme->Etend(p.X, p.Y);
+    } else {
+      somme = Boite::De(p.X, p.Y);
     }
   }
-};
+}
+
+void Rend(const Boite& b, float& xmin, float& xmax, float& ymin, float& ymax) {
+  xmin = b.x0, xmax = b.x1, ymin = b.y0, ymax = b.y1;
+}
 
 }  // namespace
 
@@ -51,23 +50,22 @@ std::int32_t NbPointsSequence(std::int32_t premier) {
 std::int32_t EncombrementSequence(std::int32_t premier, float& xmin, float& xmax, float& ymin, float& ymax) {
   const std::int32_t n = NbPointsSequence(premier);
   if (n == 0) return 0;
-  Boite2 b;
-  b.Ajoute(PointsDe(TraceInitial, EtendueDepuis(TraceInitial, static_cast<std::size_t>(premier))));
-  xmin = b.xmin, xmax = b.xmax, ymin = b.ymin, ymax = b.ymax;
+  std::optional<Boite> b;
+  Etend(b, PointsDe(TraceInitial, EtendueDepuis(TraceInitial, static_cast<std::size_t>(premier))));
+  Rend(*b, xmin, xmax, ymin, ymax);
   return n;
 }
 
 void EncombrementSelection(float& xmin, float& xmax, float& ymin, float& ymax, int tout) {
   const IndexCodes index = IndexDocument();
-  Boite2 b;
+  std::optional<Boite> b;
   for (const SequenceInfo& s : Sequences) {
     if (tout == 0 && s.Selection == Faux) continue;
     if (const auto premier = index.PremierPoint(s.Code)) {
-      b.Ajoute(PointsDe(TraceInitial, EtendueDepuis(TraceInitial, *premier)));
+      Etend(b, PointsDe(TraceInitial, EtendueDepuis(TraceInitial, *premier)));
     }
   }
-  if (b.vide) return;
-  xmin = b.xmin, xmax = b.xmax, ymin = b.ymin, ymax = b.ymax;
+  if (b) Rend(*b, xmin, xmax, ymin, ymax);
 }
 
 void EncombrementGeneral() { MesureDocument(Doc); }

@@ -1,12 +1,14 @@
 // The one way in: a file, its format, its reader, the assembly, the message.
-#include <algorithm>
+#include <cerrno>
 #include <new>
 #include <stdexcept>
 #include <string>
 
+#include "base/Boite.h"
+#include "base/Fichiers.h"
 #include "closed/pathwerk/Formats.h"
 #include "closed/pathwerk/assemblage/Assemblage.h"
-#include "closed/pathwerk/commun/Disque.h"
+#include "closed/pathwerk/commun/Echange.h"
 
 namespace pathwerk {
 
@@ -48,7 +50,7 @@ std::string TexteSucces(const RapportLecture& r) {
 }
 
 std::string TexteEchec(const std::string& chemin, const RapportLecture& r) {
-  std::string t = NomSeul(chemin);
+  std::string t = base::NomDe(chemin);
   if (r.Ligne > 0) t += ":" + std::to_string(r.Ligne);
   if (!r.Detail.empty()) t += ": " + r.Detail;
   for (char& c : t) {
@@ -60,10 +62,13 @@ std::string TexteEchec(const std::string& chemin, const RapportLecture& r) {
 std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, const OptionsLecture& options,
                    Lecture& lecture) {
   std::string octets;
-  std::string raison;
-  if (!LitTout(chemin, octets, raison)) {
-    lecture.Refuse(Erreur::Ouverture, 0, raison);
-    return static_cast<std::int32_t>(Erreur::Ouverture);
+  if (const int raison = base::LitFichier(chemin, octets); raison != 0) {
+    if (raison == ENOMEM) {
+      lecture.Refuse(Erreur::Memoire, 0, "");
+    } else {
+      lecture.Refuse(Erreur::Ouverture, 0, base::TexteErreur(raison));
+    }
+    return static_cast<std::int32_t>(lecture.rapport.Numero);
   }
   const auto avance = [&](double part) {
     if (options.Avancement) options.Avancement(part);
@@ -79,14 +84,9 @@ std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, c
 
 void Bornes(const std::vector<PointTrace>& points, float& Xmin, float& Xmax, float& Ymin, float& Ymax) {
   if (points.empty()) return;
-  Xmin = Xmax = points[0].X;
-  Ymin = Ymax = points[0].Y;
-  for (const PointTrace& p : points) {
-    Xmin = std::min(Xmin, p.X);
-    Xmax = std::max(Xmax, p.X);
-    Ymin = std::min(Ymin, p.Y);
-    Ymax = std::max(Ymax, p.Y);
-  }
+  auto boite = base::Boite<float>::De(points[0].X, points[0].Y);
+  for (const PointTrace& p : points) boite.Etend(p.X, p.Y);
+  Xmin = boite.x0, Xmax = boite.x1, Ymin = boite.y0, Ymax = boite.y1;
 }
 
 }  // namespace

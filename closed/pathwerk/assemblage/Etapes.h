@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "closed/pathwerk/commun/Vec2.h"
+#include "closed/pathwerk/commun/Point.h"
 #include "closed/pathwerk/lecture/Lecture.h"
 
 namespace pathwerk::assemblage {

@@ -4,31 +4,18 @@
 #include <cmath>
 #include <memory>
 
+#include "base/ArbreBoites.h"
 #include "closed/pathwerk/assemblage/Etapes.h"
 
 namespace pathwerk::assemblage {
 
 namespace {
 
-struct Boite {
-  float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
-  void Etend(PointF p) {
-    x0 = std::min(x0, p.x);
-    x1 = std::max(x1, p.x);
-    y0 = std::min(y0, p.y);
-    y1 = std::max(y1, p.y);
-  }
-  void Etend(const Boite& b) {
-    x0 = std::min(x0, b.x0);
-    x1 = std::max(x1, b.x1);
-    y0 = std::min(y0, b.y0);
-    y1 = std::max(y1, b.y1);
-  }
-};
+using Boite = base::Boite<float>;
 
 Boite BoiteDe(std::span<const PointF> points) {
-  Boite b{points[0].x, points[0].x, points[0].y, points[0].y};
-  for (const PointF p : points) b.Etend(p);
+  auto b = Boite::De(points[0].x, points[0].y);
+  for (const PointF p : points) b.Etend(p.x, p.y);
   return b;
 }
 
@@ -51,60 +38,39 @@ bool Dessus(PointF p, double y) { return static_cast<double>(p.y) > y; }
 //
 class Interieur {
  public:
-  explicit Interieur(std::span<const PointF> contour) : contour_(contour) {
-    std::size_t n = contour.size() - 1;
-    std::vector<Boite> etage;
-    for (std::size_t i = 0; i < n; i += kPaquet) {
-      etage.push_back(BoiteDe(contour.subspan(i, std::min(kPaquet, n - i) + 1)));
-    }
-    etages_.push_back(std::move(etage));
-    while (etages_.back().size() > kPaquet) {
-      const auto& bas = etages_.back();
-      std::vector<Boite> haut;
-      for (std::size_t i = 0; i < bas.size(); i += kPaquet) {
-        Boite b = bas[i];
-        for (std::size_t k = i; k < std::min(i + kPaquet, bas.size()); ++k) b.Etend(bas[k]);
-        haut.push_back(b);
-      }
-      etages_.push_back(std::move(haut));
-    }
-  }
+  explicit Interieur(std::span<const PointF> contour)
+      : contour_(contour), arbre_(contour.size() - 1, [contour](std::size_t i, Boite& b) {
+          b.Etend(contour[i].x, contour[i].y);
+          b.Etend(contour[i + 1].x, contour[i + 1].y);
+        }) {}
 
-  [[nodiscard]] bool Contient(Vec2 p) const { return Impair(p, etages_.size() - 1, 0, etages_.back().size()); }
-
- private:
-  static constexpr std::size_t kPaquet = 16;
-
-  // Parity of the crossings right of `p` of the boxes [debut, fin) of one level.
-  [[nodiscard]] bool Impair(Vec2 p, std::size_t etage, std::size_t debut, std::size_t fin) const {
-    bool impair = false;
-    std::size_t portee = kPaquet;  // edges under one box of this level
-    for (std::size_t e = 0; e < etage; ++e) portee *= kPaquet;
-    const std::size_t aretes = contour_.size() - 1;
-    for (std::size_t i = debut; i < fin; ++i) {
-      const Boite& b = etages_[etage][i];
+  [[nodiscard]] bool Contient(Vec2 p) const {
+    bool impair = false;  // crossings to the right of `p`
+    const auto entre = [&](std::size_t k) {
+      const Boite& b = arbre_.De(k);
       if (static_cast<double>(b.y0) > p.y || static_cast<double>(b.y1) <= p.y || static_cast<double>(b.x1) < p.x) {
-        continue;
+        return false;
       }
-      const std::size_t premier = i * portee;
-      const std::size_t dernier = std::min(premier + portee, aretes);
-      if (static_cast<double>(b.x0) > p.x) {
-        impair ^= Dessus(contour_[premier], p.y) != Dessus(contour_[dernier], p.y);
-      } else if (etage > 0) {
-        impair ^= Impair(p, etage - 1, i * kPaquet, std::min((i + 1) * kPaquet, etages_[etage - 1].size()));
-      } else {
-        for (std::size_t k = premier; k < dernier; ++k) {
-          const PointF a = contour_[k];
-          const PointF c = contour_[k + 1];
-          if (Dessus(a, p.y) != Dessus(c, p.y)) impair ^= Traverse(a, c, p.y) > p.x;
-        }
+      if (static_cast<double>(b.x0) <= p.x) return true;
+      impair ^= Dessus(contour_[arbre_.Debut(k)], p.y) != Dessus(contour_[arbre_.Fin(k)], p.y);
+      return false;
+    };
+    const auto feuille = [&](std::size_t k) {
+      for (std::size_t i = arbre_.Debut(k), fin = arbre_.Fin(k); i < fin; ++i) {
+        const PointF a = contour_[i];
+        const PointF c = contour_[i + 1];
+        if (Dessus(a, p.y) != Dessus(c, p.y)) impair ^= Traverse(a, c, p.y) > p.x;
       }
-    }
+      return true;
+    };
+    arbre_.Parcourt(
+        entre, [](std::size_t) { return true; }, feuille);
     return impair;
   }
 
+ private:
   std::span<const PointF> contour_;
-  std::vector<std::vector<Boite>> etages_;
+  base::ArbreBoites<float, 16> arbre_;
 };
 
 // Places that stand for a path when it is asked what it lies in. Of a contour: the middles of the widest inner
@@ -191,7 +157,7 @@ std::vector<std::size_t> Parents(const Plan& plan, double marge) {
   for (std::size_t i = 0; i < n; ++i) {
     const Boite& b = boites[i];
     const float jeu = static_cast<float>(std::min(marge, 0.01 * static_cast<double>(b.x1 - b.x0 + b.y1 - b.y0)));
-    const Boite dedans{b.x0 + jeu, b.x1 - jeu, b.y0 + jeu, b.y1 - jeu};
+    const Boite dedans{b.x0 + jeu, b.y0 + jeu, b.x1 - jeu, b.y1 - jeu};
     temoins.clear();
     // Two contours of the same area lie beside each other, or are one contour drawn with other points.
     const double seuil = plan.chemins[i].nature == Nature::Ferme ? aires[i] * (1 + 1e-7) : -1;

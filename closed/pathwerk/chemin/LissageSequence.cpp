@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "closed/Pathwerk.h"
-#include "closed/pathwerk/commun/Vecteur.h"
+#include "closed/pathwerk/commun/Lieux.h"
 
 namespace pathwerk {
 

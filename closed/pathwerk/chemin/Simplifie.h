@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "closed/pathwerk/commun/Vecteur.h"
+#include "closed/pathwerk/commun/Lieux.h"
 
 namespace pathwerk::chemin {
 

@@ -47,60 +47,17 @@ double Distance2EntreSegments(const Segment& s, const Segment& t) {
 
 }  // namespace
 
-Lieu LieuSurSegment(const Segment& s, Vec2 p) {
-  const Vec2 d = s.b - s.a;
-  const double l2 = Scalaire(d, d);
-  Lieu l;
-  l.t = l2 > 0 ? std::clamp(Scalaire(p - s.a, d) / l2, 0.0, 1.0) : 0.0;
-  l.point = l.t == 1 ? s.b : s.a + d * l.t;
-  const Vec2 e = p - l.point;
-  l.distance2 = Scalaire(e, e);
-  return l;
-}
-
 std::vector<Segment> SegmentsDe(const Chemin& chemin, bool ferme) {
-  std::vector<Segment> s;
-  const std::size_t n = chemin.size();
-  if (n < 2) return s;
-  s.reserve(n);
-  for (std::size_t i = 0; i + 1 < n; ++i) s.push_back({chemin[i], chemin[i + 1]});
-  if (ferme) s.push_back({chemin[n - 1], chemin[0]});
+  std::vector<Segment> s(base::NbAretes(chemin, ferme));
+  for (std::size_t i = 0; i < s.size(); ++i) s[i] = base::Arete(chemin, i);
   return s;
 }
 
-ArbreSegments::ArbreSegments(std::vector<Segment> segments) : segments_(std::move(segments)) {
-  feuilles_ = std::bit_ceil(std::max<std::size_t>(1, (segments_.size() + kParFeuille - 1) / kParFeuille));
-  constexpr double kInf = std::numeric_limits<double>::infinity();
-  boites_.assign(2 * feuilles_, Boite{kInf, kInf, -kInf, -kInf});
-  for (std::size_t i = 0; i < segments_.size(); ++i) {
-    Boite& b = boites_[feuilles_ + i / kParFeuille];
-    for (const Vec2 p : {segments_[i].a, segments_[i].b}) {
-      b = {std::min(b.x0, p.x), std::min(b.y0, p.y), std::max(b.x1, p.x), std::max(b.y1, p.y)};
-    }
-  }
-  for (std::size_t k = feuilles_ - 1; k >= 1; --k) {
-    const Boite& g = boites_[2 * k];
-    const Boite& d = boites_[2 * k + 1];
-    boites_[k] = {std::min(g.x0, d.x0), std::min(g.y0, d.y0), std::max(g.x1, d.x1), std::max(g.y1, d.y1)};
-  }
-}
-
-std::size_t ArbreSegments::Debut(std::size_t k) const {
-  while (k < feuilles_) k *= 2;
-  return std::min(segments_.size(), (k - feuilles_) * kParFeuille);
-}
-
-std::size_t ArbreSegments::Fin(std::size_t k) const {
-  while (k < feuilles_) k = 2 * k + 1;
-  return std::min(segments_.size(), (k - feuilles_ + 1) * kParFeuille);
-}
-
-double ArbreSegments::Distance2(std::size_t k, Vec2 p) const {
-  const Boite& b = boites_[k];
-  const double dx = std::max({b.x0 - p.x, p.x - b.x1, 0.0});
-  const double dy = std::max({b.y0 - p.y, p.y - b.y1, 0.0});
-  return dx * dx + dy * dy;
-}
+ArbreSegments::ArbreSegments(std::vector<Segment> segments)
+    : segments_(std::move(segments)), arbre_(segments_.size(), [this](std::size_t i, base::Boite<double>& b) {
+        b.Etend(segments_[i].a.x, segments_[i].a.y);
+        b.Etend(segments_[i].b.x, segments_[i].b.y);
+      }) {}
 
 Lieu ArbreSegments::PlusProche(Vec2 p) const {
   return PlusProche(p, std::numeric_limits<double>::infinity(), [](std::size_t) { return true; });
@@ -130,9 +87,9 @@ bool ArbreSegments::SeTouchent(std::size_t i, std::size_t j) const {
 
 bool ArbreSegments::CroiseDans(std::size_t k, const std::vector<std::uint8_t>& sens) const {
   if (Monotone(sens[k])) return false;
-  if (k >= feuilles_) {
-    const std::size_t fin = Fin(k);
-    for (std::size_t i = Debut(k); i < fin; ++i) {
+  if (arbre_.EstFeuille(k)) {
+    const std::size_t fin = arbre_.Fin(k);
+    for (std::size_t i = arbre_.Debut(k); i < fin; ++i) {
       for (std::size_t j = i + 1; j < fin; ++j) {
         if (SeTouchent(i, j)) return true;
       }
@@ -143,20 +100,19 @@ bool ArbreSegments::CroiseDans(std::size_t k, const std::vector<std::uint8_t>& s
 }
 
 bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<std::uint8_t>& sens) const {
-  const Boite& a = boites_[g];
-  const Boite& b = boites_[d];
-  if (!(a.x0 <= b.x1 && b.x0 <= a.x1 && a.y0 <= b.y1 && b.y0 <= a.y1)) return false;
+  if (!arbre_.De(g).Rencontre(arbre_.De(d))) return false;
   // Two runs joined end to end that go one way together. The far ends may join too, but only in a closed path,
   // and that can't go one way.
-  if (Fin(g) == Debut(d) && Monotone(static_cast<unsigned>(sens[g] | sens[d]))) return false;
-  if (Debut(g) == 0 && Fin(d) == segments_.size() && Monotone(static_cast<unsigned>(sens[g] | sens[d]))) {
+  if (arbre_.Fin(g) == arbre_.Debut(d) && Monotone(static_cast<unsigned>(sens[g] | sens[d]))) return false;
+  if (arbre_.Debut(g) == 0 && arbre_.Fin(d) == segments_.size() &&
+      Monotone(static_cast<unsigned>(sens[g] | sens[d]))) {
     return false;
   }
-  const bool feuilleG = g >= feuilles_;
-  const bool feuilleD = d >= feuilles_;
+  const bool feuilleG = arbre_.EstFeuille(g);
+  const bool feuilleD = arbre_.EstFeuille(d);
   if (feuilleG && feuilleD) {
-    for (std::size_t i = Debut(g), finG = Fin(g); i < finG; ++i) {
-      for (std::size_t j = Debut(d), finD = Fin(d); j < finD; ++j) {
+    for (std::size_t i = arbre_.Debut(g), finG = arbre_.Fin(g); i < finG; ++i) {
+      for (std::size_t j = arbre_.Debut(d), finD = arbre_.Fin(d); j < finD; ++j) {
         if (SeTouchent(i, j)) return true;
       }
     }
@@ -170,39 +126,33 @@ bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<
 }
 
 bool ArbreSegments::PassePres(const Segment& s, double distance) const {
-  if (segments_.empty()) return false;
   const Vec2 n = Gauche(Unite(s.b - s.a));
   const double x0 = std::min(s.a.x, s.b.x) - distance, x1 = std::max(s.a.x, s.b.x) + distance;
   const double y0 = std::min(s.a.y, s.b.y) - distance, y1 = std::max(s.a.y, s.b.y) + distance;
-  std::vector<std::size_t> pile{1};
-  while (!pile.empty()) {
-    const std::size_t k = pile.back();
-    pile.pop_back();
-    const Boite& b = boites_[k];
-    if (!(b.x0 <= x1 && b.x1 >= x0 && b.y0 <= y1 && b.y1 >= y0)) continue;
+  const base::Boite<double> autour{x0, y0, x1, y1};
+  const auto entre = [&](std::size_t k) {
+    const base::Boite<double>& b = arbre_.De(k);
+    if (!b.Rencontre(autour)) return false;
     // The box, seen along the segment.
     const Vec2 milieu{(b.x0 + b.x1) / 2 - s.a.x, (b.y0 + b.y1) / 2 - s.a.y};
     const double demi = ((b.x1 - b.x0) * std::abs(n.x) + (b.y1 - b.y0) * std::abs(n.y)) / 2;
-    if (std::abs(Scalaire(n, milieu)) > demi + distance) continue;
-    if (k < feuilles_) {
-      pile.push_back(2 * k);
-      pile.push_back(2 * k + 1);
-      continue;
+    return std::abs(Scalaire(n, milieu)) <= demi + distance;
+  };
+  return !arbre_.Parcourt(entre, ADroite, [&](std::size_t feuille) {
+    for (std::size_t i = arbre_.Debut(feuille), fin = arbre_.Fin(feuille); i < fin; ++i) {
+      if (Distance2EntreSegments(segments_[i], s) < distance * distance) return false;
     }
-    for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) {
-      if (Distance2EntreSegments(segments_[i], s) < distance * distance) return true;
-    }
-  }
-  return false;
+    return true;
+  });
 }
 
 bool ArbreSegments::PeutSeCroiser() const {
   if (segments_.size() < 3) return !segments_.empty();
-  std::vector<std::uint8_t> sens(2 * feuilles_, 0);
+  std::vector<std::uint8_t> sens(arbre_.Noeuds(), 0);
   for (std::size_t i = 0; i < segments_.size(); ++i) {
-    sens[feuilles_ + i / kParFeuille] |= Sens(segments_[i].b - segments_[i].a);
+    sens[arbre_.FeuilleDe(i)] |= Sens(segments_[i].b - segments_[i].a);
   }
-  for (std::size_t k = feuilles_ - 1; k >= 1; --k) {
+  for (std::size_t k = arbre_.Feuilles() - 1; k >= 1; --k) {
     sens[k] = static_cast<std::uint8_t>(sens[2 * k] | sens[2 * k + 1]);
   }
   return CroiseDans(1, sens);

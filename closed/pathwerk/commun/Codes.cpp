@@ -1,13 +1,12 @@
 // The codes that a reading gives to its paths.
 #include <vector>
 
+#include "base/Texte.h"
 #include "closed/Pathwerk.h"
 
 namespace pathwerk {
 
 namespace {
-
-constexpr bool Lettre(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 // What may stand in a code beside the letters. "$" and "=" make the key lines of a project, "-" would let "-1" be
 // formed, which means no path, and a comma of a point line turns into a point when the project is read.
@@ -21,14 +20,14 @@ std::vector<Code2> ToutesLesSortes() {
     codes.emplace_back(static_cast<char16_t>(g), static_cast<char16_t>(d));
   };
   for (char g = ' '; g <= 'z'; ++g) {
-    if (g != ' ' && !Lettre(g)) continue;
+    if (g != ' ' && !base::EstLettre(g)) continue;
     for (char d = 'A'; d <= 'z'; ++d) {
-      if (Lettre(d)) ajoute(g, d);
+      if (base::EstLettre(d)) ajoute(g, d);
     }
   }
   for (char g = ' '; g <= '~'; ++g) {
     for (char d = '!'; d <= '~'; ++d) {
-      const bool faite = (g == ' ' || Lettre(g)) && Lettre(d);
+      const bool faite = (g == ' ' || base::EstLettre(g)) && base::EstLettre(d);
       if (!faite && Permis(g) && Permis(d)) ajoute(g, d);
     }
   }

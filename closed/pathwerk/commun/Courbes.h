@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "closed/pathwerk/commun/Vec2.h"
+#include "closed/pathwerk/commun/Point.h"
 
 namespace pathwerk {
 

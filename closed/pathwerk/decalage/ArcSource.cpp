@@ -1,9 +1,7 @@
 #include "closed/pathwerk/decalage/ArcSource.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
-#include <limits>
 
 namespace pathwerk::decalage {
 
@@ -24,20 +22,10 @@ ArcSource::ArcSource(std::span<const Chemin> contours) {
       etendue_ = std::max({etendue_, std::abs(c[k].x), std::abs(c[k].y)});
     }
   }
-  feuilles_ = std::bit_ceil(std::max<std::size_t>(1, (n + kParFeuille - 1) / kParFeuille));
-  constexpr double kInf = std::numeric_limits<double>::infinity();
-  boites_.assign(2 * feuilles_, Boite{kInf, kInf, -kInf, -kInf});
-  for (std::size_t i = 0; i < n; ++i) {
-    Boite& b = boites_[feuilles_ + i / kParFeuille];
-    for (const Vec2 p : {A(i), B(i)}) {
-      b = {std::min(b.x0, p.x), std::min(b.y0, p.y), std::max(b.x1, p.x), std::max(b.y1, p.y)};
-    }
-  }
-  for (std::size_t k = feuilles_ - 1; k >= 1; --k) {
-    const Boite& g = boites_[2 * k];
-    const Boite& d = boites_[2 * k + 1];
-    boites_[k] = {std::min(g.x0, d.x0), std::min(g.y0, d.y0), std::max(g.x1, d.x1), std::max(g.y1, d.y1)};
-  }
+  arbre_ = Arbre(n, [this](std::size_t i, base::Boite<double>& b) {
+    b.Etend(A(i).x, A(i).y);
+    b.Etend(B(i).x, B(i).y);
+  });
 }
 
 double ArcSource::Distance2(std::size_t segment, Vec2 p) const {
@@ -54,20 +42,11 @@ double ArcSource::Distance2(std::size_t segment, Vec2 p) const {
 
 double ArcSource::Distance2(Vec2 p, double limite2) const {
   double meilleur = limite2;
-  std::size_t pile[130];
-  std::size_t hauteur = 0;
-  if (Taille() > 0) pile[hauteur++] = 1;
-  while (hauteur > 0) {
-    const std::size_t k = pile[--hauteur];
-    if (decalage::Distance2(boites_[k], p) >= meilleur) continue;
-    if (k >= feuilles_) {
-      for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) meilleur = std::min(meilleur, Distance2(i, p));
-      continue;
+  arbre_.Approche(p, meilleur, [&](std::size_t feuille) {
+    for (std::size_t i = arbre_.Debut(feuille), fin = arbre_.Fin(feuille); i < fin; ++i) {
+      meilleur = std::min(meilleur, Distance2(i, p));
     }
-    const bool gauche = decalage::Distance2(boites_[2 * k], p) < decalage::Distance2(boites_[2 * k + 1], p);
-    pile[hauteur++] = 2 * k + (gauche ? 1 : 0);
-    pile[hauteur++] = 2 * k + (gauche ? 0 : 1);
-  }
+  });
   return meilleur;
 }
 
@@ -75,34 +54,24 @@ double ArcSource::Distance2(Vec2 p, double limite2) const {
 // whatever the path does between them, it is below or above the ray at both.
 int ArcSource::Tours(Vec2 p, std::size_t sauf) const {
   int tours = 0;
-  std::size_t pile[130];
-  std::size_t hauteur = 0;
-  if (Taille() > 0) pile[hauteur++] = 1;
-  while (hauteur > 0) {
-    const std::size_t k = pile[--hauteur];
-    const Boite& b = boites_[k];
-    if (!(b.y0 <= p.y && p.y < b.y1 && b.x1 > p.x)) continue;
-    const bool feuille = k >= feuilles_;
-    if (b.x0 > p.x && unSeul_) {
-      std::size_t g = k;
-      std::size_t d = k;
-      while (g < feuilles_) g *= 2;
-      while (d < feuilles_) d = 2 * d + 1;
-      tours += static_cast<int>(B(Fin(d) - 1).y > p.y) - static_cast<int>(A(Debut(g)).y > p.y);
-      continue;
-    }
-    if (!feuille) {
-      pile[hauteur++] = 2 * k;
-      pile[hauteur++] = 2 * k + 1;
-      continue;
-    }
-    for (std::size_t i = Debut(k), fin = Fin(k); i < fin; ++i) {
-      const Vec2 a = A(i);
-      const Vec2 c = B(i);
-      const int sens = static_cast<int>(c.y > p.y) - static_cast<int>(a.y > p.y);
-      if (sens != 0 && i != sauf && Vectoriel(c - a, p - a) * sens > 0) tours += sens;
-    }
-  }
+  const auto entre = [&](std::size_t k) {
+    const base::Boite<double>& b = arbre_.De(k);
+    if (!(b.y0 <= p.y && p.y < b.y1 && b.x1 > p.x)) return false;
+    if (!(b.x0 > p.x && unSeul_)) return true;
+    tours += static_cast<int>(B(arbre_.Fin(k) - 1).y > p.y) - static_cast<int>(A(arbre_.Debut(k)).y > p.y);
+    return false;
+  };
+  arbre_.Parcourt(
+      entre, [](std::size_t) { return false; },
+      [&](std::size_t feuille) {
+        for (std::size_t i = arbre_.Debut(feuille), fin = arbre_.Fin(feuille); i < fin; ++i) {
+          const Vec2 a = A(i);
+          const Vec2 c = B(i);
+          const int sens = static_cast<int>(c.y > p.y) - static_cast<int>(a.y > p.y);
+          if (sens != 0 && i != sauf && Vectoriel(c - a, p - a) * sens > 0) tours += sens;
+        }
+        return true;
+      });
   return tours;
 }
 

@@ -6,17 +6,15 @@
 #include <span>
 #include <vector>
 
-#include "closed/pathwerk/commun/Vecteur.h"
+#include "base/ArbreBoites.h"
+#include "closed/pathwerk/commun/Lieux.h"
 
 namespace pathwerk::decalage {
 
 // Segment i runs from vertex i to vertex Suivant(i). Contours of less than two points are left out.
 class ArcSource {
  public:
-  struct Boite {
-    double x0, y0, x1, y1;
-  };
-  static constexpr std::size_t kParFeuille = 4;
+  using Arbre = base::ArbreBoites<double, 4>;
 
   explicit ArcSource(std::span<const Chemin> contours);
 
@@ -28,15 +26,8 @@ class ArcSource {
   // Greatest coordinate, mm.
   [[nodiscard]] double Etendue() const { return etendue_; }
 
-  // Tree in the order of the segments: node k has the children 2k and 2k + 1; leaves begin at Feuilles() and hold
-  // kParFeuille segments each.
-  [[nodiscard]] std::size_t Feuilles() const { return feuilles_; }
-  [[nodiscard]] const Boite& BoiteDe(std::size_t noeud) const { return boites_[noeud]; }
-  [[nodiscard]] std::size_t Debut(std::size_t feuille) const { return (feuille - feuilles_) * kParFeuille; }
-  [[nodiscard]] std::size_t Fin(std::size_t feuille) const {
-    const std::size_t f = Debut(feuille) + kParFeuille;
-    return f < sommets_.size() ? f : sommets_.size();
-  }
+  // In the order of the segments.
+  [[nodiscard]] const Arbre& Boites() const { return arbre_; }
   // Squared distance to the outline, exact where it is below `limite2`; else some value not below it.
   [[nodiscard]] double Distance2(Vec2 p, double limite2) const;
   [[nodiscard]] double Distance2(std::size_t segment, Vec2 p) const;
@@ -48,16 +39,9 @@ class ArcSource {
   std::vector<Vec2> sommets_;
   std::vector<std::uint32_t> suivant_;
   std::vector<std::uint32_t> precedent_;
-  std::vector<Boite> boites_;
-  std::size_t feuilles_ = 1;
+  Arbre arbre_;
   bool unSeul_ = true;  // one contour
   double etendue_ = 0;
 };
-
-inline double Distance2(const ArcSource::Boite& b, Vec2 p) {
-  const double dx = p.x < b.x0 ? b.x0 - p.x : p.x > b.x1 ? p.x - b.x1 : 0;
-  const double dy = p.y < b.y0 ? b.y0 - p.y : p.y > b.y1 ? p.y - b.y1 : 0;
-  return dx * dx + dy * dy;
-}
 
 }  // namespace pathwerk::decalage

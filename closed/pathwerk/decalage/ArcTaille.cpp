@@ -106,9 +106,9 @@ void ArcTailleur::Cadre() {
 
 // Can nothing in this box be too near to what is left, nor just touch it?
 bool ArcTailleur::TropLoin(std::size_t noeud) const {
-  const ArcSource::Boite& b = source_.BoiteDe(noeud);
+  const base::Boite<double>& b = source_.Boites().De(noeud);
   const double portee = r_ + demi_ + 2 * bruit_;
-  if (Distance2(b, milieu_) >= portee * portee) return true;
+  if (base::Distance2(b, milieu_) >= portee * portee) return true;
   const Vec2 c{(b.x0 + b.x1) / 2 - origine_.x, (b.y0 + b.y1) / 2 - origine_.y};
   const double ex = (b.x1 - b.x0) / 2;
   const double ey = (b.y1 - b.y0) / 2;
@@ -138,11 +138,8 @@ void ArcTailleur::Essaie(std::size_t j) {
 void ArcTailleur::ChercheBloc() {
   blocDebut_ = i_ - i_ % kBloc;
   blocFin_ = std::min(blocDebut_ + kBloc, source_.Taille());
-  constexpr double kInf = std::numeric_limits<double>::infinity();
-  ArcSource::Boite b{kInf, kInf, -kInf, -kInf};
-  const auto ajoute = [&b](Vec2 p, double e) {
-    b = {std::min(b.x0, p.x - e), std::min(b.y0, p.y - e), std::max(b.x1, p.x + e), std::max(b.y1, p.y + e)};
-  };
+  base::Boite<double> b;
+  const auto ajoute = [&b](Vec2 p, double e) { b.Etend({p.x - e, p.y - e, p.x + e, p.y + e}); };
   Vec2 n0;
   for (std::size_t i = blocDebut_; i < blocFin_; ++i) {
     const Vec2 a = source_.A(i);
@@ -162,23 +159,21 @@ void ArcTailleur::ChercheBloc() {
   const double demi = Norme(Vec2{b.x1 - b.x0, b.y1 - b.y0}) / 2;
   const double portee = r_ + demi + 3 * bruit_ + 1e-12;
   bloc_.clear();
-  blocPlein_ = false;
-  std::size_t pile[130];
-  std::size_t hauteur = 0;
-  pile[hauteur++] = 1;
-  while (hauteur > 0) {
-    const std::size_t k = pile[--hauteur];
-    if (Distance2(source_.BoiteDe(k), m) >= portee * portee) continue;
-    if (k < source_.Feuilles()) {
-      pile[hauteur++] = 2 * k + 1;
-      pile[hauteur++] = 2 * k;
-    } else if (bloc_.size() < kFeuillesMax) {
-      bloc_.push_back(static_cast<std::uint32_t>(k));
-    } else {
-      blocPlein_ = true;
-      return;
-    }
-  }
+  const ArcSource::Arbre& arbre = source_.Boites();
+  blocPlein_ = !arbre.Parcourt([&](std::size_t k) { return !(base::Distance2(arbre.De(k), m) >= portee * portee); },
+                               [](std::size_t) { return true; },
+                               [&](std::size_t feuille) {
+                                 if (bloc_.size() >= kFeuillesMax) return false;
+                                 bloc_.push_back(static_cast<std::uint32_t>(feuille));
+                                 return true;
+                               });
+}
+
+// False: nothing is left.
+bool ArcTailleur::EssaieFeuille(std::size_t feuille) {
+  const std::size_t fin = source_.Boites().Fin(feuille);
+  for (std::size_t j = source_.Boites().Debut(feuille); j < fin && !reste_.empty(); ++j) Essaie(j);
+  return !reste_.empty();
 }
 
 bool ArcTailleur::Taille() {
@@ -189,28 +184,16 @@ bool ArcTailleur::Taille() {
   if (reste_.empty()) return false;
   if (i_ < blocDebut_ || i_ >= blocFin_) ChercheBloc();
   if (!blocPlein_) {
-    for (const std::uint32_t k : bloc_) {
-      if (TropLoin(k)) continue;
-      for (std::size_t j = source_.Debut(k), fin = source_.Fin(k); j < fin && !reste_.empty(); ++j) Essaie(j);
-      if (reste_.empty()) return false;
-    }
-    return true;
+    return std::all_of(bloc_.begin(), bloc_.end(),
+                       [this](std::uint32_t k) { return TropLoin(k) || EssaieFeuille(k); });
   }
-  std::size_t pile[130];
-  std::size_t hauteur = 0;
-  pile[hauteur++] = 1;
-  while (hauteur > 0 && !reste_.empty()) {
-    const std::size_t k = pile[--hauteur];
-    if (TropLoin(k)) continue;
-    if (k >= source_.Feuilles()) {
-      for (std::size_t j = source_.Debut(k), fin = source_.Fin(k); j < fin && !reste_.empty(); ++j) Essaie(j);
-      continue;
-    }
-    const bool gauche = Distance2(source_.BoiteDe(2 * k), milieu_) < Distance2(source_.BoiteDe(2 * k + 1), milieu_);
-    pile[hauteur++] = 2 * k + (gauche ? 1 : 0);
-    pile[hauteur++] = 2 * k + (gauche ? 0 : 1);
-  }
-  return !reste_.empty();
+  const ArcSource::Arbre& arbre = source_.Boites();
+  return arbre.Parcourt([this](std::size_t k) { return !TropLoin(k); },
+                        [&](std::size_t k) {
+                          return base::Distance2(arbre.De(2 * k), milieu_) <
+                                 base::Distance2(arbre.De(2 * k + 1), milieu_);
+                        },
+                        [this](std::size_t feuille) { return EssaieFeuille(feuille); });
 }
 
 void ArcTailleur::Retire(const Bord& b0, const Bord& b1, std::size_t j, bool toujours) {

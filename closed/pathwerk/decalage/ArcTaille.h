@@ -41,6 +41,7 @@ class ArcTailleur {
  private:
   bool Taille();
   void Essaie(std::size_t j);
+  bool EssaieFeuille(std::size_t feuille);
   void RetireDeSegment(std::size_t j);
   void RetireDArc(std::size_t j);
   void RetireEgalSegment(std::size_t j, Vec2 v, double l);

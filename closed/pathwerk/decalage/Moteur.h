@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "closed/pathwerk/commun/Vecteur.h"
+#include "closed/pathwerk/commun/Lieux.h"
 #include "closed/pathwerk/decalage/Origine.h"
 
 namespace pathwerk::decalage {

@@ -80,25 +80,25 @@ class Chercheur {
 
  private:
   void Dans(std::size_t k) {
-    if (k < s_.Feuilles()) {
+    if (!s_.Boites().EstFeuille(k)) {
       Dans(2 * k);
       Dans(2 * k + 1);
       Entre(2 * k, 2 * k + 1);
       return;
     }
-    for (std::size_t i = s_.Debut(k), fin = s_.Fin(k); i < fin; ++i) {
+    for (std::size_t i = s_.Boites().Debut(k), fin = s_.Boites().Fin(k); i < fin; ++i) {
       for (std::size_t j = i + 1; j < fin; ++j) Paire(i, j);
     }
   }
   void Entre(std::size_t g, std::size_t d) {
-    const ArcSource::Boite& a = s_.BoiteDe(g);
-    const ArcSource::Boite& b = s_.BoiteDe(d);
-    if (!net_ || !(a.x0 <= b.x1 && b.x0 <= a.x1 && a.y0 <= b.y1 && b.y0 <= a.y1)) return;
-    const bool feuilleG = g >= s_.Feuilles();
-    const bool feuilleD = d >= s_.Feuilles();
+    const base::Boite<double>& a = s_.Boites().De(g);
+    const base::Boite<double>& b = s_.Boites().De(d);
+    if (!net_ || !a.Rencontre(b)) return;
+    const bool feuilleG = s_.Boites().EstFeuille(g);
+    const bool feuilleD = s_.Boites().EstFeuille(d);
     if (feuilleG && feuilleD) {
-      for (std::size_t i = s_.Debut(g), finG = s_.Fin(g); i < finG; ++i) {
-        for (std::size_t j = s_.Debut(d), finD = s_.Fin(d); j < finD; ++j) Paire(i, j);
+      for (std::size_t i = s_.Boites().Debut(g), finG = s_.Boites().Fin(g); i < finG; ++i) {
+        for (std::size_t j = s_.Boites().Debut(d), finD = s_.Boites().Fin(d); j < finD; ++j) Paire(i, j);
       }
     } else if (feuilleD || (!feuilleG && a.x1 - a.x0 + a.y1 - a.y0 > b.x1 - b.x0 + b.y1 - b.y0)) {
       Entre(2 * g, d);

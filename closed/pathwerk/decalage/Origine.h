@@ -5,7 +5,7 @@
 #include <limits>
 #include <vector>
 
-#include "closed/pathwerk/commun/Vecteur.h"
+#include "closed/pathwerk/commun/Lieux.h"
 
 namespace pathwerk::decalage {
 

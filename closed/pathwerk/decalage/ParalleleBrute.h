@@ -2,7 +2,7 @@
 #pragma once
 
 #include "closed/pathwerk/commun/ArbreSegments.h"
-#include "closed/pathwerk/commun/Vecteur.h"
+#include "closed/pathwerk/commun/Lieux.h"
 #include "closed/pathwerk/decalage/Origine.h"
 
 namespace pathwerk::decalage {

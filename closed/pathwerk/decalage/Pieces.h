@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "closed/Pathwerk.h"
-#include "closed/pathwerk/commun/Vecteur.h"
+#include "closed/pathwerk/commun/Lieux.h"
 #include "closed/pathwerk/decalage/Origine.h"
 
 namespace pathwerk::decalage {

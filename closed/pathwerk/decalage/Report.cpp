@@ -32,14 +32,9 @@ namespace {
 
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-Segment AreteDe(const Piece& piece, std::size_t k) {
-  return {piece.points[k], piece.points[k + 1 < piece.points.size() ? k + 1 : 0]};
-}
+Segment AreteDe(const Piece& piece, std::size_t k) { return base::Arete(piece.points, k); }
 
-std::size_t NbAretes(const Piece& piece) {
-  const std::size_t n = piece.points.size();
-  return n < 2 ? 0 : piece.ferme ? n : n - 1;
-}
+std::size_t NbAretes(const Piece& piece) { return base::NbAretes(piece.points, piece.ferme); }
 
 // Does the piece run along the source the way that goes?
 bool Avance(const Piece& piece) {
@@ -78,13 +73,8 @@ std::optional<Lieu> SurImage(const Repere& r, double distance, double tolerance,
 }
 
 Lieu ProcheSur(const Piece& piece, Vec2 p) {
-  Lieu meilleur;
-  for (std::size_t i = 0, n = NbAretes(piece); i < n; ++i) {
-    Lieu l = LieuSurSegment(AreteDe(piece, i), p);
-    l.segment = i;
-    if (l.distance2 < meilleur.distance2) meilleur = l;
-  }
-  return meilleur;
+  return base::LieuProche(
+      NbAretes(piece), [&](std::size_t i) { return AreteDe(piece, i); }, p);
 }
 
 // All edges of the pieces that take marks, in a search tree built when it is first asked.

@@ -9,8 +9,9 @@
 #include <string>
 #include <system_error>
 
+#include "base/Fichiers.h"
 #include "closed/Pathwerk.h"
-#include "closed/pathwerk/commun/Disque.h"
+#include "closed/pathwerk/commun/Echange.h"
 
 namespace pathwerk {
 
@@ -159,7 +160,7 @@ std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::str
                            std::string& commentaire) {
   const std::string chemin = SansNul(fichier);
   const auto echec = [&](const std::string& raison) {
-    commentaire = EnMessage(NomSeul(chemin) + ": " + raison);
+    commentaire = EnMessage(base::NomDe(chemin) + ": " + raison);
     return static_cast<std::int32_t>(Erreur::Ecriture);
   };
   try {
@@ -167,12 +168,12 @@ std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::str
     const auto faux = std::find_if_not(points.begin(), points.end(), Ecrivable);
     if (faux != points.end()) return echec(std::to_string(faux->X) + " " + std::to_string(faux->Y));
     const bool dxf = Extension(chemin) == "DXF";
-    const std::string raison = EcritTout(chemin, dxf ? TexteDxf(points, net) : TexteDat(points, net));
-    if (!raison.empty()) return echec(raison);
+    const int raison = base::EcritFichier(chemin, dxf ? TexteDxf(points, net) : TexteDat(points, net));
+    if (raison != 0) return echec(base::TexteErreur(raison));
     commentaire = EnMessage(net);
     return 0;
   } catch (const std::bad_alloc&) {
-    return echec(std::generic_category().message(ENOMEM));
+    return echec(base::TexteErreur(ENOMEM));
   }
 }
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "closed/Pathwerk.h"
-#include "closed/pathwerk/commun/Vec2.h"
+#include "closed/pathwerk/commun/Point.h"
 
 namespace pathwerk::lecture {
 

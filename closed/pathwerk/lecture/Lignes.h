@@ -1,4 +1,4 @@
-// Lines and numbers of text formats.
+// Lines, blanks and numbers of text formats.
 #pragma once
 
 #include <algorithm>
@@ -11,40 +11,16 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/Texte.h"
+
 namespace pathwerk::lecture {
 
-// Walks over the lines of a text, whatever ends them (LF, CR LF, CR). No line behind the last line end.
-class Lignes {
- public:
-  explicit Lignes(std::string_view texte) : reste_(texte) {}
-  bool Suivante(std::string_view& ligne) {
-    if (reste_.empty()) return false;
-    ++numero_;
-    const std::size_t fin = reste_.find_first_of("\r\n");
-    ligne = reste_.substr(0, fin);
-    if (fin == std::string_view::npos) {
-      reste_ = {};
-    } else {
-      const bool double_ = reste_[fin] == '\r' && fin + 1 < reste_.size() && reste_[fin + 1] == '\n';
-      reste_.remove_prefix(fin + (double_ ? 2 : 1));
-    }
-    return true;
-  }
-  [[nodiscard]] long Numero() const { return numero_; }  // of the line last given, from 1
+using base::EstChiffre;
+using base::Lignes;
 
- private:
-  std::string_view reste_;
-  long numero_ = 0;
-};
-
-inline bool EstChiffre(char c) { return c >= '0' && c <= '9'; }
-inline bool EstBlanc(char c) { return c == ' ' || c == '\t' || c == '\v' || c == '\f'; }
-
-inline std::string_view SansBlancs(std::string_view t) {
-  while (!t.empty() && EstBlanc(t.front())) t.remove_prefix(1);
-  while (!t.empty() && EstBlanc(t.back())) t.remove_suffix(1);
-  return t;
-}
+// Between the words of a line of these formats.
+constexpr bool EstBlanc(char c) { return base::EstBlanc(c) || c == '\v' || c == '\f'; }
+constexpr std::string_view SansBlancs(std::string_view t) { return base::SansBlancs(t, EstBlanc); }
 
 // The line of a byte, from 1, where LF or CR LF ends the lines.
 inline long LigneDe(std::string_view texte, std::size_t position) {

@@ -27,13 +27,8 @@ constexpr std::size_t kSondages = 1000;  // places of a tree tried for a move to
 }  // namespace
 
 Lieu ProcheSurBoucle(const Chemin& c, Vec2 p) {
-  Lieu meilleur;
-  for (std::size_t i = 0, n = c.size(); i < n; ++i) {
-    Lieu l = LieuSurSegment({c[i], c[i + 1 < n ? i + 1 : 0]}, p);
-    l.segment = i;
-    if (l.distance2 < meilleur.distance2) meilleur = l;
-  }
-  return meilleur;
+  return base::LieuProche(
+      c.size(), [&](std::size_t i) { return base::Arete(c, i); }, p);
 }
 
 void CommenceBoucle(Chemin& c, const Lieu& l) {
@@ -86,7 +81,7 @@ class ArbreAnneaux::Index {
     for (const std::size_t k : rangs_) {
       const Chemin& c = anneaux[k].points;
       debut_.push_back(segments.size());
-      for (std::size_t i = 0, n = c.size(); i < n; ++i) segments.push_back({c[i], c[i + 1 < n ? i + 1 : 0]});
+      for (std::size_t i = 0; i < c.size(); ++i) segments.push_back(base::Arete(c, i));
     }
     return segments;
   }

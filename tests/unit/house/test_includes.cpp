@@ -45,17 +45,20 @@ std::vector<Inclusion> Inclusions(const std::string& dossier) {
 
 // Folder -> what it may include of this project, by the start of the path.
 const std::map<std::string, std::set<std::string>> Permis{
-    {"closed", {"closed/"}},
-    {"core", {"core/", "closed/Pathwerk.h", "closed/ZenikCom.h"}},
-    {"database", {"database/", "core/", "closed/Pathwerk.h"}},
-    {"machine", {"machine/", "core/", "closed/Pathwerk.h"}},
-    {"toolpath", {"toolpath/", "core/", "closed/Pathwerk.h"}},
-    {"image", {"image/", "toolpath/", "core/", "closed/Pathwerk.h"}},
+    {"base", {"base/"}},
+    {"closed", {"closed/", "base/"}},
+    {"core", {"base/", "core/", "closed/Pathwerk.h", "closed/ZenikCom.h"}},
+    {"database", {"base/", "database/", "core/", "closed/Pathwerk.h"}},
+    {"machine", {"base/", "machine/", "core/", "closed/Pathwerk.h"}},
+    {"toolpath", {"base/", "toolpath/", "core/", "closed/Pathwerk.h"}},
+    {"image", {"base/", "image/", "toolpath/", "core/", "closed/Pathwerk.h"}},
     {"controller",
-     {"controller/", "machine/", "core/", "closed/ZenikCom.h", "closed/CarteVirtuelle.h", "closed/Pathwerk.h"}},
-    {"run", {"run/", "toolpath/", "machine/", "controller/", "core/", "closed/Pathwerk.h", "closed/ZenikCom.h"}},
+     {"base/", "controller/", "machine/", "core/", "closed/ZenikCom.h", "closed/CarteVirtuelle.h",
+      "closed/Pathwerk.h"}},
+    {"run",
+     {"base/", "run/", "toolpath/", "machine/", "controller/", "core/", "closed/Pathwerk.h", "closed/ZenikCom.h"}},
     {"workspace",
-     {"workspace/", "run/", "image/", "toolpath/", "machine/", "database/", "controller/", "core/",
+     {"base/", "workspace/", "run/", "image/", "toolpath/", "machine/", "database/", "controller/", "core/",
       "closed/Pathwerk.h", "closed/ZenikCom.h"}},
 };
 
@@ -64,7 +67,7 @@ const std::map<std::string, std::set<std::string>> Permis{
 std::map<std::string, std::set<std::string>> PermisFenetres() {
   std::map<std::string, std::set<std::string>> permis;
   for (const auto& [dossier, logique] : Permis) {
-    if (dossier == "closed") continue;
+    if (dossier == "closed" || dossier == "base") continue;
     std::set<std::string>& debuts = permis[dossier + "/ui"];
     debuts = logique;
     debuts.insert("core/ui/");
@@ -91,9 +94,9 @@ bool Autorise(const std::set<std::string>& permis, const std::string& inclus) {
   return false;
 }
 
-const std::set<std::string> Dossiers{"app",   "closed",   "controller", "core",   "database",
-                                     "gcode", "image",    "machine",    "manual", "run",
-                                     "tests", "toolpath", "workspace",  "fuzz",   "bench"};
+const std::set<std::string> Dossiers{"app",      "base",      "closed",  "controller", "core", "database",
+                                     "gcode",    "image",     "machine", "manual",     "run",  "tests",
+                                     "toolpath", "workspace", "fuzz",    "bench"};
 
 // Inside the geometry library: room -> the rooms that it may use beside itself. Every room may use `commun`, which
 // itself uses none. Readers know neither each other nor the offset, the offset no readers, nobody the pocket.

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstdint>
 
+#include "base/ArbreBoites.h"
+#include "base/Segment.h"
+
 namespace pathwerk::lecture::dxf {
 
 namespace {
@@ -13,99 +16,70 @@ struct Temoin {
   std::uint32_t rang = 0;  // in `rangs`
 };
 
-struct Boite {
-  double xmin, xmax, ymin, ymax;
-};
+using Boite = base::Boite<double>;
 
-// Witness points in a balanced tree of boxes. Segments are laid over it one by one; each witness that one of them
-// touches is taken out, so that no place is looked at twice, however many lines run over it.
+// Witness points under a tree of boxes. Segments are laid over it one by one; each witness that one of them touches
+// is taken out, so that no place is looked at twice, however many lines run over it.
 class Arbre {
  public:
   explicit Arbre(std::vector<Temoin> temoins) : temoins_(std::move(temoins)) {
-    if (temoins_.empty()) return;
-    noeuds_.reserve(2 * (temoins_.size() / kFeuille + 1));
-    Construit(0, static_cast<std::uint32_t>(temoins_.size()));
+    Boites::RangeParVoisinage(temoins_.begin(), temoins_.size(), [](const Temoin& t) { return t.p; });
+    boites_ =
+        Boites(temoins_.size(), [this](std::size_t i, Boite& b) { b.Etend(temoins_[i].p.x, temoins_[i].p.y); });
+    for (std::size_t k = 0; k < boites_.Noeuds(); ++k) {
+      vivants_.push_back(k == 0 ? 0 : boites_.Fin(k) - boites_.Debut(k));
+    }
   }
 
   // Takes out what lies within `tolerance` of the segment.
-  void Efface(Vec2 a, Vec2 b, double tolerance) {
-    if (!noeuds_.empty()) Visite(0, a, b, tolerance);
+  void Efface(const base::Segment& s, double tolerance) {
+    boites_.Parcourt([&](std::size_t k) { return vivants_[k] > 0 && Touche(boites_.De(k), s.a, s.b, tolerance); },
+                     [](std::size_t) { return true; },
+                     [&](std::size_t feuille) {
+                       EffaceDans(feuille, s, tolerance);
+                       return true;
+                     });
   }
 
   // Calls f with the rank of each path that has a witness left.
   template <class F>
   void Restants(F f) const {
-    for (const Noeud& n : noeuds_) {
-      if (n.droite != 0) continue;
-      for (std::uint32_t i = n.debut; i < n.debut + n.vivants; ++i) f(temoins_[i].rang);
+    for (std::size_t k = boites_.Feuilles(); k < boites_.Noeuds(); ++k) {
+      const std::size_t debut = boites_.Debut(k);
+      for (std::size_t i = debut; i < debut + vivants_[k]; ++i) f(temoins_[i].rang);
     }
   }
 
  private:
-  static constexpr std::uint32_t kFeuille = 8;
-
-  struct Noeud {
-    Boite boite;
-    std::uint32_t debut;
-    std::uint32_t vivants;     // witnesses not yet taken out
-    std::uint32_t droite = 0;  // right child, 0 in a leaf; the left one follows at once
-  };
-
-  std::uint32_t Construit(std::uint32_t debut, std::uint32_t fin) {
-    const auto ici = static_cast<std::uint32_t>(noeuds_.size());
-    Boite b{temoins_[debut].p.x, temoins_[debut].p.x, temoins_[debut].p.y, temoins_[debut].p.y};
-    for (std::uint32_t i = debut; i < fin; ++i) {
-      const Vec2 p = temoins_[i].p;
-      b = {std::min(b.xmin, p.x), std::max(b.xmax, p.x), std::min(b.ymin, p.y), std::max(b.ymax, p.y)};
-    }
-    noeuds_.push_back({b, debut, fin - debut});
-    if (fin - debut <= kFeuille) return ici;
-    const bool large = b.xmax - b.xmin > b.ymax - b.ymin;
-    const std::uint32_t milieu = debut + (fin - debut) / 2;
-    std::nth_element(temoins_.begin() + debut, temoins_.begin() + milieu, temoins_.begin() + fin,
-                     [large](const Temoin& l, const Temoin& r) { return large ? l.p.x < r.p.x : l.p.y < r.p.y; });
-    Construit(debut, milieu);
-    const std::uint32_t droite = Construit(milieu, fin);
-    noeuds_[ici].droite = droite;
-    return ici;
-  }
+  using Boites = base::ArbreBoites<double, 8>;
 
   // No separating line: neither along the axes nor across the segment.
   static bool Touche(const Boite& q, Vec2 a, Vec2 b, double t) {
-    if (std::max(a.x, b.x) < q.xmin - t || std::min(a.x, b.x) > q.xmax + t) return false;
-    if (std::max(a.y, b.y) < q.ymin - t || std::min(a.y, b.y) > q.ymax + t) return false;
+    if (std::max(a.x, b.x) < q.x0 - t || std::min(a.x, b.x) > q.x1 + t) return false;
+    if (std::max(a.y, b.y) < q.y0 - t || std::min(a.y, b.y) > q.y1 + t) return false;
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
-    const double ecart = dx * ((q.ymin + q.ymax) / 2 - a.y) - dy * ((q.xmin + q.xmax) / 2 - a.x);
-    const double portee = std::fabs(dx) * ((q.ymax - q.ymin) / 2 + t) + std::fabs(dy) * ((q.xmax - q.xmin) / 2 + t);
+    const double ecart = dx * ((q.y0 + q.y1) / 2 - a.y) - dy * ((q.x0 + q.x1) / 2 - a.x);
+    const double portee = std::fabs(dx) * ((q.y1 - q.y0) / 2 + t) + std::fabs(dy) * ((q.x1 - q.x0) / 2 + t);
     return std::fabs(ecart) <= portee;
   }
 
-  static bool Pres(Vec2 p, Vec2 a, Vec2 b, double tolerance) {
-    const double dx = b.x - a.x;
-    const double dy = b.y - a.y;
-    const double l2 = dx * dx + dy * dy;
-    const double t = l2 > 0 ? std::clamp(((p.x - a.x) * dx + (p.y - a.y) * dy) / l2, 0.0, 1.0) : 0;
-    return std::hypot(p.x - a.x - t * dx, p.y - a.y - t * dy) <= tolerance;
+  static bool Pres(Vec2 p, const base::Segment& s, double tolerance) {
+    const double t = base::PartProche(s, p);
+    return std::hypot(p.x - s.a.x - t * (s.b.x - s.a.x), p.y - s.a.y - t * (s.b.y - s.a.y)) <= tolerance;
   }
 
-  void Visite(std::uint32_t n, Vec2 a, Vec2 b, double tolerance) {
-    Noeud& noeud = noeuds_[n];
-    if (noeud.vivants == 0 || !Touche(noeud.boite, a, b, tolerance)) return;
-    if (noeud.droite == 0) {
-      const auto debut = temoins_.begin() + noeud.debut;
-      const auto fin =
-          std::remove_if(debut, debut + noeud.vivants, [&](const Temoin& w) { return Pres(w.p, a, b, tolerance); });
-      noeud.vivants = static_cast<std::uint32_t>(fin - debut);
-      return;
-    }
-    Visite(n + 1, a, b, tolerance);
-    Visite(noeud.droite, a, b, tolerance);
-    noeud.vivants = noeuds_[n + 1].vivants + noeuds_[noeud.droite].vivants;
+  void EffaceDans(std::size_t feuille, const base::Segment& s, double tolerance) {
+    const auto debut = temoins_.begin() + static_cast<std::ptrdiff_t>(boites_.Debut(feuille));
+    const auto fin = debut + static_cast<std::ptrdiff_t>(vivants_[feuille]);
+    const auto reste = std::remove_if(debut, fin, [&](const Temoin& w) { return Pres(w.p, s, tolerance); });
+    const auto effaces = static_cast<std::size_t>(fin - reste);
+    for (std::size_t k = feuille; k >= 1; k /= 2) vivants_[k] -= effaces;
   }
 
   std::vector<Temoin> temoins_;
-  std::vector<Noeud> noeuds_;
+  Boites boites_;
+  std::vector<std::size_t> vivants_;  // of each node, witnesses not yet taken out: in a leaf those in front
 };
 
 // f(a, b) for each segment of a path, the closing one included.
@@ -147,7 +121,7 @@ std::vector<char> TraitsCouverts(const std::vector<Trait>& traits, const std::ve
       ++prochain;
       continue;
     }
-    Segments(traits[i], [&](Vec2 a, Vec2 b) { arbre.Efface(a, b, tolerance); });
+    Segments(traits[i], [&](Vec2 a, Vec2 b) { arbre.Efface({a, b}, tolerance); });
   }
   arbre.Restants([&](std::uint32_t rang) { couverts[rang] = 0; });
   return couverts;

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <limits>
 
+#include "base/Texte.h"
+
 namespace pathwerk::lecture::dxf {
 
 namespace {
@@ -15,13 +17,8 @@ namespace {
 constexpr std::string_view kEnteteBinaire{"AutoCAD Binary DXF\r\n\x1a\0", 22};
 constexpr int kCommentaire = 999;
 
-constexpr bool Blanc(char c) { return c == ' ' || c == '\t' || c == '\0' || c == '\r'; }
-
-std::string_view SansBlancs(std::string_view t) {
-  while (!t.empty() && Blanc(t.front())) t.remove_prefix(1);
-  while (!t.empty() && Blanc(t.back())) t.remove_suffix(1);
-  return t;
-}
+// Around a value: a careless transfer leaves NULs and CRs.
+constexpr bool Blanc(char c) { return base::EstBlanc(c) || c == '\0' || c == '\r'; }
 
 // Group codes are small integers; anything else on a code's line means that this is no DXF.
 bool Code(std::string_view t, int& code) {
@@ -138,7 +135,7 @@ bool LecteurGroupes::Ligne(std::string_view& texte, bool& terminee) {
   }
   position_ = static_cast<std::size_t>(p - data_.data());
   ++ligne_;
-  if (!texte.empty() && (Blanc(texte.front()) || Blanc(texte.back()))) texte = SansBlancs(texte);
+  if (!texte.empty() && (Blanc(texte.front()) || Blanc(texte.back()))) texte = base::SansBlancs(texte, Blanc);
   return true;
 }
 
@@ -176,7 +173,7 @@ bool LecteurGroupes::Prend(std::size_t n, const unsigned char*& octets) {
 Etat LecteurGroupes::ChaineBinaire(Groupe& g) {
   const std::size_t nul = data_.find('\0', position_);
   if (nul == std::string_view::npos) return Etat::Coupe;
-  g.texte = SansBlancs(data_.substr(position_, nul - position_));
+  g.texte = base::SansBlancs(data_.substr(position_, nul - position_), Blanc);
   position_ = nul + 1;
   return Etat::Groupe;
 }

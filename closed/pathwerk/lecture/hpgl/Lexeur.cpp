@@ -14,6 +14,8 @@
 #include <charconv>
 #include <limits>
 
+#include "base/Texte.h"
+
 namespace pathwerk::lecture::hpgl {
 
 namespace {
@@ -21,9 +23,10 @@ namespace {
 constexpr unsigned char kEsc = 27;
 constexpr unsigned char kEtx = 3;
 
-bool EstLettre(unsigned char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-bool EstChiffre(unsigned char c) { return c >= '0' && c <= '9'; }
-bool EstBlanc(unsigned char c) { return c <= ' ' || c == 127; }
+bool EstLettre(unsigned char c) { return base::EstLettre(static_cast<char>(c)); }
+bool EstChiffre(unsigned char c) { return base::EstChiffre(static_cast<char>(c)); }
+// Blanks, line ends, control characters and NULs are nothing.
+bool EstRien(unsigned char c) { return c <= ' ' || c == 127; }
 char Majuscule(unsigned char c) { return static_cast<char>(c >= 'a' ? c - 32 : c); }
 
 }  // namespace
@@ -65,7 +68,7 @@ bool HpglLexeur::ProchaineLettre() {
       return true;
     } else {
       const bool separateur =
-          EstBlanc(c) || EstChiffre(c) || c == ';' || c == ',' || c == '.' || c == '+' || c == '-';
+          EstRien(c) || EstChiffre(c) || c == ';' || c == ',' || c == '.' || c == '+' || c == '-';
       if (!separateur && nbPerdus_++ == 0) premierPerdu_ = pos_;
       ++pos_;
     }
@@ -131,7 +134,7 @@ void HpglLexeur::LignePjl() {
   const std::size_t fin = std::min(donnees_.find('\n', pos_), donnees_.size());
   std::string ligne;
   for (const char c : donnees_.substr(pos_, std::min<std::size_t>(fin - pos_, 200))) {
-    if (!EstBlanc(static_cast<unsigned char>(c))) {
+    if (!EstRien(static_cast<unsigned char>(c))) {
       ligne += EstLettre(static_cast<unsigned char>(c)) ? Majuscule(static_cast<unsigned char>(c)) : c;
     }
   }
@@ -144,7 +147,7 @@ void HpglLexeur::LignePjl() {
 bool HpglLexeur::DeuxiemeLettre(HpglInstruction& instruction) {
   instruction.nom[0] = Majuscule(Ici());
   const std::size_t debut = pos_++;
-  while (!Fini() && EstBlanc(Ici()) && Ici() != kEsc) ++pos_;
+  while (!Fini() && EstRien(Ici()) && Ici() != kEsc) ++pos_;
   if (Fini() || !EstLettre(Ici())) {
     coupe_ = Fini();
     if (nbPerdus_++ == 0) premierPerdu_ = debut;
@@ -205,7 +208,7 @@ void HpglLexeur::LitFinDeTexte() {
 }
 
 void HpglLexeur::LitSymbole(HpglInstruction& instruction) {
-  while (!Fini() && EstBlanc(Ici()) && Ici() != kEsc) ++pos_;
+  while (!Fini() && EstRien(Ici()) && Ici() != kEsc) ++pos_;
   if (Fini() || Ici() == ';' || Ici() == kEsc) return;
   instruction.texte = donnees_.substr(pos_, 1);
   ++pos_;
@@ -225,7 +228,7 @@ void HpglLexeur::SauteCitation() {
 // A quoted comment may hold anything, one without quotes everything but ";".
 void HpglLexeur::SauteCommentaire() {
   std::size_t p = pos_;
-  while (p < donnees_.size() && EstBlanc(A(p)) && A(p) != kEsc) ++p;
+  while (p < donnees_.size() && EstRien(A(p)) && A(p) != kEsc) ++p;
   if (A(p) == '"' && donnees_.find('"', p + 1) != std::string_view::npos) {
     SauteCitation();
   } else {
@@ -239,7 +242,7 @@ void HpglLexeur::LitNombres(HpglInstruction& instruction) {
   bool fini = true;
   while (!Fini()) {
     const unsigned char c = Ici();
-    fini = EstBlanc(c);
+    fini = EstRien(c);
     if (EstChiffre(c) || c == '.' || c == '-' || c == '+') {
       double valeur = 0;
       if (LitNombre(valeur)) {
@@ -250,7 +253,7 @@ void HpglLexeur::LitNombres(HpglInstruction& instruction) {
     } else if (c == ';') {
       ++pos_;
       return;
-    } else if ((EstBlanc(c) && c != kEsc) || c == ',') {
+    } else if ((EstRien(c) && c != kEsc) || c == ',') {
       ++pos_;
     } else {
       return;

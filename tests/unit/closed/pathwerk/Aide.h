@@ -150,6 +150,6 @@ inline Fichier Lis(const std::string& chemin) {
 
 }  // namespace aide
 
-namespace pathwerk {
+namespace base {
 inline void PrintTo(Vec2 p, std::ostream* os) { *os << '(' << p.x << ' ' << p.y << ')'; }
-}  // namespace pathwerk
+}  // namespace base

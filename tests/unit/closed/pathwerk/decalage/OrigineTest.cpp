@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kTolerance = 0.0088;
 
-Vec2 Lieu(const Chemin& c, const Origine& o, float part) {
+Vec2 LieuDe(const Chemin& c, const Origine& o, float part) {
   const Vec2 a = c[o.segment];
   return a + (c[(o.segment + 1) % c.size()] - a) * static_cast<double>(part);
 }
@@ -46,8 +46,8 @@ Compte Verifie(const controle::Chemin& c, double d) {
         }
         const Vec2 a = boucles[k][i];
         const Vec2 b = boucles[k][(i + 1) % o.size()];
-        EXPECT_NEAR(Norme(a - Lieu(c, o[i], o[i].de)), std::abs(d), kTolerance) << i;
-        EXPECT_NEAR(Norme(b - Lieu(c, o[i], o[i].a)), std::abs(d), kTolerance) << i;
+        EXPECT_NEAR(Norme(a - LieuDe(c, o[i], o[i].de)), std::abs(d), kTolerance) << i;
+        EXPECT_NEAR(Norme(b - LieuDe(c, o[i], o[i].a)), std::abs(d), kTolerance) << i;
       }
     }
   }
@@ -105,9 +105,9 @@ TEST(Origines, HoldWhereTheRawCurveIsTheAnswer) {
     for (std::size_t i = 0; i < origines[0].size(); ++i) {
       ASSERT_TRUE(origines[0][i].Connue());
       const Vec2 b = boucles[0][(i + 1) % boucles[0].size()];
-      EXPECT_NEAR(Norme(boucles[0][i] - Lieu(region.contours[0], origines[0][i], origines[0][i].de)), 0.5,
+      EXPECT_NEAR(Norme(boucles[0][i] - LieuDe(region.contours[0], origines[0][i], origines[0][i].de)), 0.5,
                   kTolerance);
-      EXPECT_NEAR(Norme(b - Lieu(region.contours[0], origines[0][i], origines[0][i].a)), 0.5, kTolerance);
+      EXPECT_NEAR(Norme(b - LieuDe(region.contours[0], origines[0][i], origines[0][i].a)), 0.5, kTolerance);
     }
   }
 }

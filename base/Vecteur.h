@@ -1,12 +1,12 @@
-// Plane vectors in double precision, for the geometry procedures.
+// Plane vectors in double precision.
 #pragma once
 
 #include <cmath>
 #include <vector>
 
-#include "closed/pathwerk/commun/Vec2.h"
+#include "base/Point.h"
 
-namespace pathwerk {
+namespace base {
 
 // Points of one path, mm. A closed path doesn't repeat its first point unless a procedure says so.
 using Chemin = std::vector<Vec2>;
@@ -36,4 +36,4 @@ inline double Perimetre(const Chemin& c) {
   return s;
 }
 
-}  // namespace pathwerk
+}  // namespace base

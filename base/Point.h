@@ -1,7 +1,7 @@
 // A place or a direction in the plane, in double precision.
 #pragma once
 
-namespace pathwerk {
+namespace base {
 
 struct Vec2 {
   double x = 0;
@@ -9,4 +9,4 @@ struct Vec2 {
   constexpr bool operator==(const Vec2&) const = default;
 };
 
-}  // namespace pathwerk
+}  // namespace base

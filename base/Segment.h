@@ -1,0 +1,64 @@
+// From a point to the nearest place of a segment or of a path.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <vector>
+
+#include "base/Vecteur.h"
+
+namespace base {
+
+struct Segment {
+  Vec2 a;
+  Vec2 b;
+};
+
+// A place on a segment: a + t (b - a), 0 <= t <= 1.
+struct Lieu {
+  std::size_t segment = 0;
+  double t = 0;
+  double distance2 = std::numeric_limits<double>::infinity();  // squared, mm2
+  Vec2 point;
+};
+
+// Share of the segment, 0 to 1, at which it comes nearest to `p`; 0 for a segment without length.
+inline double PartProche(const Segment& s, Vec2 p) {
+  const Vec2 d = s.b - s.a;
+  const double l2 = Scalaire(d, d);
+  return l2 > 0 ? std::clamp(Scalaire(p - s.a, d) / l2, 0.0, 1.0) : 0.0;
+}
+
+// Nearest place of the segment to `p`.
+inline Lieu LieuSurSegment(const Segment& s, Vec2 p) {
+  Lieu l;
+  l.t = PartProche(s, p);
+  l.point = l.t == 1 ? s.b : s.a + (s.b - s.a) * l.t;
+  const Vec2 e = p - l.point;
+  l.distance2 = Scalaire(e, e);
+  return l;
+}
+
+// The first of the nearest places among `nombre` segments, `segment(i)` each; linear.
+template <class De>
+Lieu LieuProche(std::size_t nombre, De segment, Vec2 p) {
+  Lieu meilleur;
+  for (std::size_t i = 0; i < nombre; ++i) {
+    Lieu l = LieuSurSegment(segment(i), p);
+    l.segment = i;
+    if (l.distance2 < meilleur.distance2) meilleur = l;
+  }
+  return meilleur;
+}
+
+// Edges of a path: a closed one has the edge back to its start.
+inline std::size_t NbAretes(const Chemin& chemin, bool ferme) {
+  const std::size_t n = chemin.size();
+  return n < 2 ? 0 : ferme ? n : n - 1;
+}
+inline Segment Arete(const Chemin& chemin, std::size_t i) {
+  return {chemin[i], chemin[i + 1 < chemin.size() ? i + 1 : 0]};
+}
+
+}  // namespace base

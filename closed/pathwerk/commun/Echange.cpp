@@ -1,0 +1,27 @@
+#include "closed/pathwerk/commun/Echange.h"
+
+#include "base/Fichiers.h"
+#include "closed/Pathwerk.h"
+
+namespace pathwerk {
+
+std::string Extension(const std::string& chemin) {
+  std::string e(base::ExtensionBrute(chemin));
+  for (char& c : e) c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 32 : c);
+  return e;
+}
+
+std::string SansNul(const std::string& chemin) { return chemin.substr(0, chemin.find('\0')); }
+
+std::string EnMessage(std::string texte) {
+  if (texte.size() > LongueurMessage) {
+    std::size_t fin = LongueurMessage;
+    const auto suite = [&](std::size_t i) { return (static_cast<unsigned char>(texte[i]) & 0xC0U) == 0x80U; };
+    for (int k = 0; k < 3 && suite(fin); ++k) --fin;
+    texte.resize(fin);
+  }
+  texte.resize(LongueurMessage, ' ');
+  return texte;
+}
+
+}  // namespace pathwerk

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "base/Fichiers.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Fichiers : public ::testing::Test {
+ protected:
+  Fichiers() {
+    std::string modele = (fs::temp_directory_path() / "ovelin-base-XXXXXX").string();
+    if (::mkdtemp(modele.data()) != nullptr) dossier_ = modele;
+  }
+  ~Fichiers() override {
+    std::error_code erreur;
+    fs::remove_all(dossier_, erreur);
+  }
+  [[nodiscard]] std::string Chemin(const std::string& nom) const { return dossier_ + "/" + nom; }
+  [[nodiscard]] static std::string Octets(const std::string& chemin) {
+    std::ifstream f(chemin, std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
+  }
+  [[nodiscard]] std::ptrdiff_t Nombre() const {
+    return std::distance(fs::directory_iterator(dossier_), fs::directory_iterator());
+  }
+
+  std::string dossier_;
+};
+
+TEST_F(Fichiers, WhatWasWrittenIsReadAndNothingElseLies) {
+  const std::string octets("a\0b\r\n", 5);
+  ASSERT_EQ(base::EcritFichier(Chemin("f"), octets), 0);
+  std::string lus = "old";
+  ASSERT_EQ(base::LitFichier(Chemin("f"), lus), 0);
+  EXPECT_EQ(lus, octets);
+  EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Fichiers, AFileWhoseSizeIsNotAnnouncedIsReadWhole) {
+  std::string lus;
+  ASSERT_EQ(base::LitFichier("/proc/self/status", lus), 0);
+  EXPECT_TRUE(lus.starts_with("Name:"));
+  EXPECT_GT(lus.size(), 100U);
+}
+
+TEST_F(Fichiers, WhatIsNoFileIsRefusedByItsReason) {
+  std::string lus = "old";
+  EXPECT_EQ(base::LitFichier(Chemin("absent"), lus), ENOENT);
+  EXPECT_EQ(lus, "");
+  EXPECT_EQ(base::LitFichier(dossier_, lus), EISDIR);
+  ASSERT_EQ(::mkfifo(Chemin("tube").c_str(), 0600), 0);
+  EXPECT_EQ(base::LitFichier(Chemin("tube"), lus), EINVAL);
+  EXPECT_EQ(base::EcritFichier(dossier_, "a"), EISDIR);
+  EXPECT_EQ(base::EcritFichier("", "a"), ENOENT);
+}
+
+TEST_F(Fichiers, AFileThatNobodyMayWriteStaysAsItWas) {
+  ASSERT_EQ(base::EcritFichier(Chemin("f"), "old"), 0);
+  ASSERT_EQ(::chmod(Chemin("f").c_str(), 0444), 0);
+  EXPECT_EQ(base::EcritFichier(Chemin("f"), "new"), EACCES);
+  EXPECT_EQ(Octets(Chemin("f")), "old");
+  EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Fichiers, ModeAndLinkStay) {
+  ASSERT_EQ(base::EcritFichier(Chemin("f"), "old"), 0);
+  ASSERT_EQ(::chmod(Chemin("f").c_str(), 0640), 0);
+  fs::create_symlink(Chemin("f"), Chemin("lien"));
+  ASSERT_EQ(base::EcritFichier(Chemin("lien"), "new"), 0);
+  EXPECT_TRUE(fs::is_symlink(Chemin("lien")));
+  EXPECT_EQ(Octets(Chemin("f")), "new");
+  struct stat etat {};
+  ASSERT_EQ(::stat(Chemin("f").c_str(), &etat), 0);
+  EXPECT_EQ(etat.st_mode & 07777U, 0640U);
+}
+
+TEST_F(Fichiers, AFullDeviceSaysSo) {
+  EXPECT_EQ(base::EcritFichier("/dev/full", "a"), ENOSPC);
+  EXPECT_EQ(base::TexteErreur(ENOSPC), "No space left on device");
+  EXPECT_EQ(base::TexteErreur(0), "");
+}
+
+TEST(Noms, FolderNameAndExtensionOfAPath) {
+  EXPECT_EQ(base::DossierDe("/a/b.dxf"), "/a");
+  EXPECT_EQ(base::DossierDe("/b"), "/");
+  EXPECT_EQ(base::DossierDe("b"), "");
+  EXPECT_EQ(base::NomDe("/a.b/c"), "c");
+  EXPECT_EQ(base::ExtensionBrute("/a.b/c"), "");
+  EXPECT_EQ(base::ExtensionBrute("/a/b.tar.Gz"), "Gz");
+  EXPECT_EQ(base::ExtensionBrute("b."), "");
+}
+
+}  // namespace
