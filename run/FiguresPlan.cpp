@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <unordered_set>
 
+#include "core/Nombres.h"
 #include "run/NoyauPlan.h"
 #include "toolpath/Etendues.h"
 
@@ -61,27 +63,38 @@ FiguresPlan FiguresDe(std::span<const Deplacement> lignes) {
   return f;
 }
 
-// Paths that are milled, the passes of the one that takes the most, and paths without a tool path. The records of
-// one path follow each other; that of a failed offset stands alone, without points.
+// The records of one path follow each other; that of a failed offset stands alone, without points. What has no tool
+// path is counted against the drawing: a path can also be missing from the traces altogether.
 CompteUsinage CompteUsinageDe(const Document& document, double profPasse) {
   const IndexCodes index(document);
   std::map<double, std::int64_t> passesParProfondeur;
   CompteUsinage u;
   Code2 precedent = CodeAucun;
+  std::unordered_set<std::uint32_t> vus;  // with a tool path, or told already
   for (const SequenceDecalee& trace : document.TraceDecale) {
     const ProprietesSequence proprietes = ProprietesDe(document.Sequences, index, trace.Seq);
-    if (proprietes.Fraiser == Faux) continue;
-    if (trace.Points.empty()) {
-      ++u.sansTrajet;
-      continue;
-    }
+    if (proprietes.Fraiser == Faux || trace.Points.empty()) continue;
+    vus.insert(trace.Seq.Cle());
     if (u.sequences == 0 || !(trace.Seq == precedent)) ++u.sequences;
     precedent = trace.Seq;
     const auto [place, neuve] = passesParProfondeur.try_emplace(proprietes.Profondeur, 0);
     if (neuve) place->second = NombrePasses(proprietes.Profondeur, profPasse);
     u.passes = std::max(u.passes, place->second);
   }
+  for (const Code2 code : CodesDe(document.TraceInitial)) {
+    if (ProprietesDe(document.Sequences, index, code).Fraiser == Faux) continue;
+    if (vus.insert(code.Cle()).second) u.sansTrajet.push_back(code);
+  }
   return u;
+}
+
+std::string TexteSansTrajet(const std::vector<Code2>& codes) {
+  constexpr std::size_t Nommes = 12;
+  std::string texte = std::to_string(codes.size());
+  for (std::size_t i = 0; i < std::min(codes.size(), Nommes); ++i) {
+    texte += (i == 0 ? " (" : ", ") + Rogne(codes[i].Texte());
+  }
+  return texte + (codes.size() > Nommes ? " ...)" : ")");
 }
 
 }  // namespace ovelin

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
+#include <vector>
 
 #include "core/Document.h"
 #include "core/TableDecoupe.h"
@@ -25,10 +27,12 @@ FiguresPlan FiguresDe(std::span<const Deplacement> lignes);
 
 // The paths behind a plan.
 struct CompteUsinage {
-  std::int32_t sequences = 0;   // that are milled
-  std::int32_t sansTrajet = 0;  // that should be, but have no tool path
-  std::int64_t passes = 0;      // of the one that takes the most
+  std::int32_t sequences = 0;     // that are milled
+  std::vector<Code2> sansTrajet;  // of the drawing that should be, but have no tool path, in its order
+  std::int64_t passes = 0;        // of the one that takes the most
 };
 CompteUsinage CompteUsinageDe(const Document& document, double profPasse);
+// "3 (A, B, C)", the count and the codes for the eye; of many the first ones alone, then "...".
+std::string TexteSansTrajet(const std::vector<Code2>& codes);
 
 }  // namespace ovelin

@@ -18,7 +18,7 @@ struct ResumePlan {
   bool vide = false;  // there is no tool path
   FiguresPlan figures;
   std::int32_t sequences = 0;       // paths that are milled
-  std::int32_t sansTrajet = 0;      // paths that should be, but where the tool finds no room
+  std::vector<Code2> sansTrajet;    // paths that should be, but where the tool finds no room
   bool horsCourse = false;          // the tool cuts at X or Y below 0 or beyond the travel of the table in force
   std::int64_t passes = 0;          // of the path that takes the most
   double VSansRampe = 0, VMax = 0;  // mm/s; 1e10 without a move in the plane

@@ -69,7 +69,7 @@ bool Refuse() {
 }
 
 void Termine(Code2 code) {
-  CalculDecalage(code);
+  RefaitDecalage(code);
   Modifie = Vrai;
   Svc.Rafraichit();
 }

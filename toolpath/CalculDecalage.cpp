@@ -1,4 +1,5 @@
 // The traces of the document in force: shells around the kernel of the traces.
+#include <unordered_set>
 #include <utility>
 
 #include "core/DocumentCourant.h"
@@ -13,6 +14,21 @@ namespace ovelin {
 namespace {
 
 ParametresTrace Parametres() { return ParametresTraceDe(Regl, Prolongement != Faux); }
+
+// One of these paths failed, or is too short to be offset: the table isn't what computing all would make of it.
+bool TraceManque(const std::vector<Code2>& codes) {
+  std::unordered_set<std::uint32_t> demandes;
+  for (const Code2 code : codes) demandes.insert(code.Cle());
+  demandes.erase(CodeAucun.Cle());
+  if (demandes.empty()) return false;
+  for (const SequenceDecalee& d : TraceDecale) {
+    if (d.Points.empty() && demandes.contains(d.Seq.Cle())) return true;
+  }
+  for (const Etendue& e : EtenduesSequences()) {
+    if (e.nombre >= 2) demandes.erase(e.code.Cle());
+  }
+  return !demandes.empty();
+}
 
 }  // namespace
 
@@ -33,6 +49,16 @@ void CalculDecalages(const std::vector<Code2>& codes) {
   if (codes.empty()) return;
   Respiration respiration;
   if (CalculeTraces(Doc, codes, Parametres(), TraceDecale, [&] { respiration.Laisse(); })) EffaceStatut();
+}
+
+void RefaitDecalage(Code2 code) {
+  CalculDecalage(code);
+  if (TraceManque({code})) RecalculDecalages();
+}
+
+void RefaitDecalages(const std::vector<Code2>& codes) {
+  CalculDecalages(codes);
+  if (TraceManque(codes)) RecalculDecalages();
 }
 
 bool RecalculDecalages() {

@@ -93,7 +93,7 @@ void LisseSelection() {
   NbPoints = static_cast<std::int32_t>(TraceInitial.size());
   if (uneLissee) OublieOrigine();
   EncombrementGeneral();
-  CalculDecalages(codes);
+  RefaitDecalages(codes);
   Modifie = Vrai;
   Svc.Rafraichit();
 }

@@ -83,7 +83,7 @@ bool ChangeOrdre(int sens) {
   EcritOrdre(etendues);
   RangeFiches();
   RecalculDecalages();
-  CalculDecalages(CodesSelectionnes());
+  RefaitDecalages(CodesSelectionnes());
   Modifie = Vrai;
   Svc.Rafraichit();
   return true;
@@ -113,7 +113,7 @@ bool ChangeDepart(std::int32_t index) {
   }
   TourneDepart(TraceInitial, sequence, choisi);
   Statut(SectionFenetre, "lib001");
-  CalculDecalage(code);
+  RefaitDecalage(code);
   Svc.Rafraichit();
   Statut(SectionFenetre, "lib004");
   Modifie = Vrai;

@@ -92,7 +92,7 @@ bool TourneSelection(double angle, const PointTrace& centre) {
     const double dy = Ecart(centre.Y, p.Y);
     return Lieu{centre.X + dx * c - dy * s, centre.Y + dx * s + dy * c};
   });
-  if (faite) CalculDecalages(CodesSelectionnes());
+  if (faite) RefaitDecalages(CodesSelectionnes());
   return faite;
 }
 
@@ -126,7 +126,7 @@ bool Deplacement_Selection(int direction, float distance) {
     }
     DeplaceSelection(direction, distance);
   }
-  CalculDecalages(CodesSelectionnes());
+  RefaitDecalages(CodesSelectionnes());
   Termine();
   return true;
 }
@@ -190,7 +190,7 @@ bool ChangePosition(std::int32_t index, float x, float y) {
   PointTrace& p = TraceInitial[static_cast<std::size_t>(index)];
   p.X = x;
   p.Y = y;
-  CalculDecalage(p.Seq);
+  RefaitDecalage(p.Seq);
   Termine();
   return true;
 }
@@ -215,7 +215,7 @@ bool SupprimePoints(const std::vector<std::int32_t>& index) {
   TraceInitial.resize(garde);
   NbPoints = static_cast<std::int32_t>(garde);
   if (std::all_of(codes.begin(), codes.end(), [&](Code2 c) { return c == codes.front(); })) {
-    CalculDecalage(codes.front());
+    RefaitDecalage(codes.front());
   } else {
     RecalculDecalages();
   }

@@ -49,7 +49,7 @@ void ChoixDepart(int index) {
     if (TourneDepart(TraceInitial, e, choisi)) tournees.push_back(e.code);
   }
   if (!tournees.empty()) Statut(SectionFenetre, "lib001");
-  CalculDecalages(tournees);
+  RefaitDecalages(tournees);
   Statut(SectionFenetre, "lib002");
   Modifie = Vrai;
   Svc.Rafraichit();

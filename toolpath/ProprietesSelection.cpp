@@ -14,7 +14,7 @@ constexpr std::int16_t DecalageInverse = 3;  // the other sense of travel of the
 // The traces of the selected paths that take part in the run.
 void RecalculeSelection() {
   Statut(SectionFenetre, "lib102");
-  CalculDecalages(CodesSelectionnes(true));
+  RefaitDecalages(CodesSelectionnes(true));
   EffaceStatut();
   Modifie = Vrai;
   Svc.Rafraichit();

@@ -12,6 +12,7 @@
 #include "core/Traduction.h"
 #include "image/ImageDocument.h"
 #include "machine/Module_Table.h"
+#include "run/FiguresPlan.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
 #include "toolpath/Module_Outils.h"
@@ -134,6 +135,14 @@ std::string LignesEnCsv() {
   return sortie;
 }
 
+// A job that leaves paths out is one that somebody must know of.
+void AvertitSansTrajet() {
+  const CompteUsinage usinage = CompteUsinageDe(Doc, ProfPasse);
+  if (usinage.sansTrajet.empty()) return;
+  std::fprintf(stderr, "%s %s\n", Traduire("F_Fraisage", "lib025").c_str(),
+               TexteSansTrajet(usinage.sansTrajet).c_str());
+}
+
 struct Sommes {
   std::int32_t moteur = 0;  // rows that move a motor
   double longueur = 0;      // mm
@@ -185,6 +194,7 @@ int GCode(Contexte& contexte, const std::string& dessin, const std::string& sort
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   EcritureNC ecriture;
   if (!EcritGCode(sortie, ecriture)) return EchecBoite(contexte);
+  AvertitSansTrajet();
   return Resultat(contexte, Json{{"rows", ecriture.deplacements},
                                  {"lines", ecriture.lignes},
                                  {"length", ecriture.LongueurNC},
@@ -243,6 +253,7 @@ int Planifie(Contexte& contexte, const std::string& dessin, const std::string& p
   CdeZENIK->FixeResolutions(resolutions[0], resolutions[1], resolutions[2]);
   CdeZENIK->FixePosition(x, y, z);
   if (!Tableau_Decoupe()) return EchecBoite(contexte);
+  AvertitSansTrajet();
   double sansRampe = 0;
   double vMax = 0;
   std::int16_t reserve = 0;

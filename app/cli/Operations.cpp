@@ -249,7 +249,7 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"LisseSequence",
        [](A a) {
          const bool lissee = LisseSequence(a.Code("code"));
-         CalculDecalage(a.Code("code"));
+         RefaitDecalage(a.Code("code"));
          return lissee;
        }},
       {"CB_Lissage", Simple([](A) { LisseSelection(); })},

@@ -67,15 +67,16 @@ QLabel* PanneauPlan::Figure(QGridLayout& grille, int ligne, int colonne, const c
 QString PanneauPlan::Avis(const ResumePlan& resume) const {
   if (resume.vide) return T("lib040", "Il n'y a pas de trajet d'outil : ouvrez d'abord un dessin.");
   if (resume.refus) return QString::fromStdString(resume.refus.texte);
-  if (resume.sequences + resume.sansTrajet == 0) return T("lib023", "Aucune séquence n'est à fraiser.");
+  const auto manquent = static_cast<long>(resume.sansTrajet.size());
+  if (resume.sequences + manquent == 0) return T("lib023", "Aucune séquence n'est à fraiser.");
   QStringList avis;
   if (resume.horsCourse) avis += T("lib026", "Le parcours sort de la course de la machine.");
   if (Vitesse_Mat_H > resume.VMax) {
     avis += T("lib024", "La vitesse matière dépasse la vitesse maxi de ce parcours.");
   }
-  if (resume.sansTrajet > 0) {
+  if (manquent > 0) {
     avis += T("lib025", "Séquences trop étroites pour l'outil, non fraisées :") + QLatin1Char(' ') +
-            Entier(resume.sansTrajet);
+            QString::fromStdString(TexteSansTrajet(resume.sansTrajet));
   }
   return avis.join(QLatin1Char('\n'));
 }
@@ -85,7 +86,9 @@ void PanneauPlan::Montre(const ResumePlan& resume) {
   const bool plan = !resume.vide && !resume.refus;
   const QString rien = QStringLiteral("-");
   QString sequences = Entier(resume.sequences);
-  if (resume.sansTrajet > 0) sequences += QStringLiteral(" / ") + Entier(resume.sequences + resume.sansTrajet);
+  if (const auto manquent = static_cast<long>(resume.sansTrajet.size()); manquent > 0) {
+    sequences += QStringLiteral(" / ") + Entier(resume.sequences + manquent);
+  }
   sequences_->setText(plan ? sequences : rien);
   passes_->setText(plan ? Entier(static_cast<long>(resume.passes)) : rien);
   lignes_->setText(plan ? Entier(f.lignes) : rien);

@@ -80,7 +80,7 @@ TEST(F_Fraisage, TellsOfHolesThatTheToolIsTooThickFor) {
   RecalculDecalages();
   Banc b;
   EXPECT_EQ(b.Texte("Val_Sequences"), "1 / 2");
-  EXPECT_TRUE(b.Texte("Lbl_Avis").ends_with(": 1")) << b.Texte("Lbl_Avis");
+  EXPECT_TRUE(b.Texte("Lbl_Avis").ends_with(": 1 (B)")) << b.Texte("Lbl_Avis");
 }
 
 TEST(F_Fraisage, ShowsWhatThePlanComesTo) {

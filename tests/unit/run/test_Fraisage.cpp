@@ -109,9 +109,25 @@ TEST(PlanifiePourFenetre, CountsThePathsWhereTheToolFindsNoRoom) {
   Travail();
   AjouteTrajet(" B", -2, {});
   AjouteTrajet(" C", -2, {}, false);  // not milled anyway
+  for (const char* code : {" A", " B", " C", " B"}) TraceInitial.push_back({0, 0, CodePD, Code2(code)});
+  NbPoints = 4;
   const ResumePlan r = PlanifiePourFenetre();
   EXPECT_EQ(r.sequences, 1);
-  EXPECT_EQ(r.sansTrajet, 1);
+  EXPECT_EQ(r.sansTrajet, std::vector{Code2(" B")});
+}
+
+TEST(PlanifiePourFenetre, CountsThePathsThatAreMissingFromTheTracesAltogether) {
+  Travail();
+  for (const char* code : {" A", " D", " E"}) TraceInitial.push_back({0, 0, CodePD, Code2(code)});
+  NbPoints = 3;
+  EXPECT_EQ(PlanifiePourFenetre().sansTrajet, (std::vector{Code2(" D"), Code2(" E")}));
+}
+
+TEST(TexteSansTrajet, NamesTheFirstTwelveAndCountsAll) {
+  EXPECT_EQ(TexteSansTrajet({Code2(" A"), Code2("AB")}), "2 (A, AB)");
+  std::vector<Code2> codes;
+  for (char c = 'A'; c < 'A' + 13; ++c) codes.emplace_back(std::string(" ") + c);
+  EXPECT_EQ(TexteSansTrajet(codes), "13 (A, B, C, D, E, F, G, H, I, J, K, L ...)");
 }
 
 TEST(PlanifiePourFenetre, GivesTheSumsOfTheFileThatIsWritten) {

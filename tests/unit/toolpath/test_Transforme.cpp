@@ -361,14 +361,45 @@ TEST(SupprimePoints, TellsWhatItDoes) {
   EXPECT_EQ(textes, texte("lib101") + "||" + texte("lib004") + "|" + texte("lib002") + "|");
 }
 
-TEST(SupprimePoints, LeavesTheOldTraceOfAPathThatHasNoPointsLeft) {
+TEST(SupprimePoints, LeavesNoTraceOfAPathThatHasNoPointsLeft) {
   BiblioEssai biblio;
   DeuxCarres();
   Regl.ConfirmSuppr = false;
   RecalculDecalages();
   SupprimePoints({0, 1, 2, 3, 4});
   EXPECT_EQ(CodesDessin(), " B");
+  EXPECT_EQ(CodesTraces(), " B");
+}
+
+TEST(ChangePosition, KeepsTheTracesBehindAPathThatFails) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  RecalculDecalages();
+  biblio.echecs = {Code2(" A")};
+  EXPECT_TRUE(ChangePosition(1, 1, 1));
   EXPECT_EQ(CodesTraces(), " A B");
+  EXPECT_TRUE(TraceDecale.at(0).Points.empty());
+  EXPECT_EQ(TraceDecale.at(1).Points.size(), 5U);
+}
+
+TEST(TourneSelection, KeepsTheTracesBehindAPathThatFails) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  RecalculDecalages();
+  Sequences[1].Selection = Faux;
+  biblio.echecs = {Code2(" A")};
+  EXPECT_TRUE(TourneSelection(0.1, CentreSelection()));
+  EXPECT_EQ(CodesTraces(), " A B");
+  EXPECT_EQ(TraceDecale.at(1).Points.size(), 5U);
+}
+
+TEST(ChangePosition, ComputesOnePathAloneWhereNoneFails) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  RecalculDecalages();
+  biblio.appels.clear();
+  EXPECT_TRUE(ChangePosition(1, 1, 1));
+  EXPECT_EQ(biblio.appels.size(), 1U);
 }
 
 TEST(SupprimePoints, IgnoresPointsThatAreNotThere) {
