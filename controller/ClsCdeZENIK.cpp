@@ -49,6 +49,9 @@ std::string Hexadecimal(const zenikcom::TamponOctets& tampon) {
   return texte;
 }
 
+// A length as it is given, 0 for what is no number.
+double Longueur(double mm) { return std::isfinite(mm) ? mm : 0; }
+
 // A length in mm as whole steps. The resolution is never 0.
 std::int32_t EnPas(double mm, double mmParPas) { return Arrondi32(mm / mmParPas); }
 
@@ -95,25 +98,24 @@ bool ClsCdeZENIK::JournalDebug() {
   return true;
 }
 
-// A plan made without a machine counts in steps of 1 mm. Were the millimetres not computed anew when the table's
-// resolutions come back, the next plan would begin with a dive of as many millimetres as there were steps.
+// The tool does not move because a plan counts in steps of 1 mm, or because a table gets another resolution: were
+// the millimetres computed anew from the steps, a file written without a machine would begin at as many millimetres
+// as the machine has made steps.
 void ClsCdeZENIK::FixeResolutions(double x, double y, double z) {
   const std::array<double, 3> nouvelles{x, y, z};
   for (std::size_t i = 0; i < nouvelles.size(); ++i) {
     if (std::isfinite(nouvelles[i]) && nouvelles[i] != 0) mmParPas_[i] = nouvelles[i];
   }
-  PosX = PasX * mmParPas_[0];
-  PosY = PasY * mmParPas_[1];
-  PosZ = PasZ * mmParPas_[2];
+  FixePosition(PosX, PosY, PosZ);
 }
 
 void ClsCdeZENIK::FixePosition(double x, double y, double z) {
-  PasX = PasDebutX = EnPas(x, mmParPas_[0]);
-  PasY = PasDebutY = EnPas(y, mmParPas_[1]);
-  PasZ = PasDebutZ = EnPas(z, mmParPas_[2]);
-  PosX = PasX * mmParPas_[0];
-  PosY = PasY * mmParPas_[1];
-  PosZ = PasZ * mmParPas_[2];
+  PosX = Longueur(x);
+  PosY = Longueur(y);
+  PosZ = Longueur(z);
+  PasX = PasDebutX = EnPas(PosX, mmParPas_[0]);
+  PasY = PasDebutY = EnPas(PosY, mmParPas_[1]);
+  PasZ = PasDebutZ = EnPas(PosZ, mmParPas_[2]);
 }
 
 }  // namespace ovelin

@@ -34,8 +34,8 @@ class ClsCdeZENIK {
           ToucheDroite = Faux;
   double TempsBuffer = 0;  // s of motion in the last seven accepted records
   std::string DebugTexte;  // dump of the last record in debug mode
-  // Position: steps at the start of the running record, estimated steps, estimated mm. mm and steps agree:
-  // PosX = PasX x MmParPasX at every moment.
+  // Position: steps at the start of the running record, estimated steps, estimated mm. Steps are
+  // the whole ones nearest to the mm at the resolution in force.
   std::int32_t PasDebutX = 0, PasDebutY = 0, PasDebutZ = 0;
   std::int32_t PasX = 0, PasY = 0, PasZ = 0;
   double PosX = 0, PosY = 0, PosZ = 0;              // mm
@@ -44,12 +44,13 @@ class ClsCdeZENIK {
   bool IsAvailable();
   void Reset();
 
-  // mm per step. Setting it computes the positions in mm anew from the steps.
+  // mm per step. The position in mm stays, the steps are counted anew.
   void FixeResolutions(double x, double y, double z);
   [[nodiscard]] double MmParPasX() const { return mmParPas_[0]; }
   [[nodiscard]] double MmParPasY() const { return mmParPas_[1]; }
   [[nodiscard]] double MmParPasZ() const { return mmParPas_[2]; }
-  // A position given in mm (the command line's --pos, CB_Origine): steps and mm agree afterwards.
+  // A position given in mm (the command line's --pos, CB_Origine): it stands as it is given, with the nearest whole
+  // steps.
   void FixePosition(double x, double y, double z);
 
   // One send. True exactly when the library answered 1; -101 and -102 show their box.

@@ -252,16 +252,17 @@ TEST(ClsCdeZENIK, GlobalObjectHasNoBoardUntilALinkIsInstalled) {
   EXPECT_FALSE(CdeZENIK->IsAvailable());
 }
 
-TEST(FixeResolutions, ComputesThePositionsAnewFromTheSteps) {
+TEST(FixeResolutions, LeavesThePositionAndCountsItsStepsAnew) {
   ClsCdeZENIK cde;
   cde.FixeResolutions(0.01, 0.02, 0.005);
   cde.FixePosition(12, -6, 3);
   EXPECT_EQ(cde.PasX, 1200);
-  // A plan for a file counts in steps of 1 mm; the millimetres must not stay behind.
+  // A plan for a file counts in steps of 1 mm; the tool stands where it stood.
   cde.FixeResolutions(1, 1, 1);
-  EXPECT_EQ(cde.PosX, 1200);
-  EXPECT_EQ(cde.PosY, -300);
-  EXPECT_EQ(cde.PosZ, 600);
+  EXPECT_EQ(cde.PosX, 12);
+  EXPECT_EQ(cde.PosY, -6);
+  EXPECT_EQ(cde.PosZ, 3);
+  EXPECT_EQ(cde.PasX, 12);
   cde.FixeResolutions(0.01, 0.02, 0.005);
   EXPECT_DOUBLE_EQ(cde.PosX, 12);
   EXPECT_DOUBLE_EQ(cde.PosY, -6);
@@ -281,26 +282,29 @@ TEST(FixeResolutions, KeepsWhatItHasForAResolutionThatIsNone) {
   EXPECT_EQ(cde.MmParPasZ(), 0.005);
 }
 
-TEST(FixePosition, LiesOnAWholeStep) {
+TEST(FixePosition, StandsAsGivenWithTheNearestWholeSteps) {
   ClsCdeZENIK cde;
   cde.FixeResolutions(0.01, 0.4, 1);
   cde.FixePosition(1.2345, 1, 0.5);
   EXPECT_EQ(cde.PasX, 123);
-  EXPECT_DOUBLE_EQ(cde.PosX, 1.23);
+  EXPECT_EQ(cde.PosX, 1.2345);
   EXPECT_EQ(cde.PasY, 2);  // halves to even: 2.5 steps
-  EXPECT_DOUBLE_EQ(cde.PosY, 0.8);
+  EXPECT_EQ(cde.PosY, 1);
   EXPECT_EQ(cde.PasZ, 0);
   EXPECT_EQ(cde.PasDebutX, 123);
   EXPECT_EQ(cde.PasDebutY, 2);
   EXPECT_EQ(cde.PasDebutZ, 0);
 }
 
-TEST(FixePosition, MillimetresFollowTheStepsOnEveryAxis) {
-  ClsCdeZENIK cde;
+TEST(FixePosition, KeepsPartsOfAMillimetreWithoutABoard) {
+  ClsCdeZENIK cde;  // a step is 1 mm until a table is known
   cde.FixePosition(1.4, -2.6, 3.7);
-  EXPECT_EQ(cde.PosX, 1);
-  EXPECT_EQ(cde.PosY, -3);
-  EXPECT_EQ(cde.PosZ, 4);
+  EXPECT_EQ(cde.PosX, 1.4);
+  EXPECT_EQ(cde.PosY, -2.6);
+  EXPECT_EQ(cde.PosZ, 3.7);
+  EXPECT_EQ(cde.PasX, 1);
+  EXPECT_EQ(cde.PasY, -3);
+  EXPECT_EQ(cde.PasZ, 4);
 }
 
 TEST(FixePosition, FarBeyondTheCountersStopsAtTheirEnd) {
@@ -309,6 +313,7 @@ TEST(FixePosition, FarBeyondTheCountersStopsAtTheirEnd) {
   EXPECT_EQ(cde.PasX, std::numeric_limits<std::int32_t>::max());
   EXPECT_EQ(cde.PasY, std::numeric_limits<std::int32_t>::min());
   EXPECT_EQ(cde.PasZ, 0);
+  EXPECT_EQ(cde.PosZ, 0);
 }
 
 }  // namespace

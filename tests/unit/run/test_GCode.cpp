@@ -279,6 +279,25 @@ TEST(EcritGCode, MeasuresTheFirstRowFromTheOriginWhereverTheMachineStands) {
   EXPECT_NEAR(r.LongueurNC, std::sqrt(900.0 + 1600 + 25) + 50 + 5 + 2 + 40 + 2 + 5 + 5, 1e-5);
 }
 
+TEST(EcritGCode, BeginsWhereTheMachineStandsHoweverFineItsSteps) {
+  Travail();
+  CdeZENIK->FixeResolutions(0.005, 0.004, 0.0025);
+  CdeZENIK->FixePosition(100, 50, 10);
+  EcritureNC r;
+  ASSERT_TRUE(EcritGCode(Chemin(), r));
+  const auto lignes = LignesDe(Chemin());
+  const auto m03 = std::find(lignes.begin(), lignes.end(), "M03");
+  ASSERT_LT(lignes.end() - m03, 100);
+  // down from 10 to the clearance of 5
+  EXPECT_EQ(*(m03 + 2), "G00  X100.000 Y50.000 Z5.000");
+  EXPECT_EQ(CdeZENIK->PosX, 100);
+  EXPECT_EQ(CdeZENIK->PosY, 50);
+  EXPECT_EQ(CdeZENIK->PosZ, 10);
+  EXPECT_EQ(CdeZENIK->MmParPasX(), 1);
+  EXPECT_EQ(CdeZENIK->MmParPasY(), 1);
+  EXPECT_EQ(CdeZENIK->MmParPasZ(), 1);
+}
+
 TEST(EcritGCode, AJobAtDepthZeroHasABareLineForItsPlunge) {
   Travail();
   Sequences[0].Profondeur = 0;

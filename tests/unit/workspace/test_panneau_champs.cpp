@@ -154,6 +154,18 @@ TEST(CB_Origine, ShiftsTheMachineByTheSameAmounts) {
   EXPECT_EQ(Modifie, Vrai);
 }
 
+TEST(CB_Origine, ShiftsByPartsOfAMillimetreWithoutABoard) {
+  DeuxCarres();
+  CdeZENIK = std::make_unique<ClsCdeZENIK>();
+  CdeZENIK->FixePosition(10.25, 20, -3);
+  OrigineX = 4.5F;
+  OrigineY = -2.125F;
+  EXPECT_TRUE(CB_Origine());
+  EXPECT_EQ(CdeZENIK->PosX, 5.75);
+  EXPECT_EQ(CdeZENIK->PosY, 22.125);
+  EXPECT_EQ(CdeZENIK->PosZ, -3);
+}
+
 TEST(CB_OKRecalage, NeedsTwoNumbers) {
   DeuxCarres();
   EXPECT_FALSE(CB_OKRecalage("1", ""));
