@@ -96,8 +96,10 @@ void Associe(const CrochetsDemarrage& crochets) {
 
 // The default settings file where there is none. What has been read before stays: a first run has the built-in
 // defaults of the language, the table and the debug flag.
-std::string EcritReglagesAbsents() {
-  if (FichierExiste(CheminIni()) || EcritFichierDefaut()) return "";
+std::string EcritReglagesAbsents(bool& neuf) {
+  if (FichierExiste(CheminIni())) return "";
+  neuf = EcritFichierDefaut();
+  if (neuf) return "";
   return Magasin.DerniereErreur.empty() ? CheminIni() : CheminIni() + ": " + Magasin.DerniereErreur;
 }
 
@@ -164,7 +166,7 @@ ResultatDemarrage DemarreCycle(const OptionsDemarrage& options, const CrochetsDe
     MontreTexte("Temp Path Error");
   }
   EffaceTousInstantanes();
-  r.raison = EcritReglagesAbsents();
+  r.raison = EcritReglagesAbsents(r.neuf);
   ChercheMiseAJour(crochets);
   ChargeReglages();
   PrepareCarte(crochets);
@@ -192,8 +194,10 @@ void TraiteMiseAJour(std::string_view reponse, const std::function<void(const st
   if (ouvre) ouvre(AdresseServeur());
 }
 
-void ChargeTableEtFiches() {
-  TableDefaut = LireCle("TableDefaut", Reglages{}.TableDefaut);
+void ChargeTableEtFiches(const std::string& imposee) {
+  const std::string chargee = TableDefaut;
+  TableDefaut = imposee.empty() ? LireCle("TableDefaut", Reglages{}.TableDefaut) : imposee;
+  if (TableDefaut != chargee) ChargeGlobalesTable();
   Cycle.OutilFiche = LireNombreTable("CB_SAV_13", 0) != 0;
   EcritFichesDefaut();
 }

@@ -55,6 +55,7 @@ struct CrochetsDemarrage {
 };
 struct ResultatDemarrage {
   bool lance = false;  // false: a second copy; the user has been told
+  bool neuf = false;   // the default settings file has been written
   std::string raison;  // why the default settings file can't be written; the built-in values are in force
 };
 ResultatDemarrage DemarreCycle(const OptionsDemarrage& options, const CrochetsDemarrage& crochets);
@@ -74,8 +75,10 @@ void TraiteMiseAJour(std::string_view reponse, const std::function<void(const st
 
 // --- load of the main window ---------------------------------------------------------------------------------
 
-// Table and material database: the key TableDefaut, its CB_SAV_13, the presets where there is no record yet.
-void ChargeTableEtFiches();
+// Table and material database: the key TableDefaut, or `imposee` before it, with the table's values where that
+// makes another one current than the start has loaded (a first run writes the key behind its reading); CB_SAV_13 of
+// that table; the presets where there is no record yet.
+void ChargeTableEtFiches(const std::string& imposee = "");
 
 // Size and place in twips, as the settings keep them.
 struct Placement {

@@ -13,9 +13,9 @@ struct OptionsDemarrage {
   std::string table;              // name that stands before the key `TableDefaut`; "" for none
 };
 
-// Folders, the default settings file with the material presets where there is none, language, settings in their
-// order, machine table, hooks of the project reader. "" or the reason why the settings file can't be written; the
-// program can go on with the built-in defaults.
+// The start of Module_Cycle.h without a window: no lock against a second copy, no snapshots, no board, and the
+// material presets only where the settings file has just been made. "" or the reason why the settings file can't be
+// written; the program can go on with the built-in defaults.
 std::string DemarreProgramme(const OptionsDemarrage& options);
 
 }  // namespace ovelin

@@ -35,9 +35,9 @@ const std::map<std::string, std::set<std::string>> Coquilles{
       "Module_Nettoyage.cpp", "Module_Ordre.cpp", "Module_Texte.cpp", "Module_Transforme.cpp", "Module_Vinyl.cpp",
       "PointsSequence.cpp", "ProprietesSelection.cpp", "Recherche.cpp"}},
     {"workspace",
-     {"FinCycle.cpp", "Module_Annulation.cpp", "Module_Arbres.cpp", "Module_Cycle.cpp", "Module_Demarrage.cpp",
-      "Module_Dimension.cpp", "Module_Enregistrement.cpp", "Module_Ouverture.cpp", "Module_Panneau.cpp",
-      "Module_PanneauChamps.cpp", "Module_Recents.cpp", "Module_Souris.cpp", "Module_Vue.cpp"}}};
+     {"FinCycle.cpp", "Module_Annulation.cpp", "Module_Arbres.cpp", "Module_Cycle.cpp", "Module_Dimension.cpp",
+      "Module_Enregistrement.cpp", "Module_Ouverture.cpp", "Module_Panneau.cpp", "Module_PanneauChamps.cpp",
+      "Module_Recents.cpp", "Module_Souris.cpp", "Module_Vue.cpp"}}};
 
 std::string Relatif(const fs::path& chemin) {
   return fs::relative(chemin, fs::path(OVELIN_SOURCE_DIR)).generic_string();

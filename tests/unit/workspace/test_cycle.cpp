@@ -329,6 +329,18 @@ TEST(MiseAJour, YesOpensTheProjectsPage) {
   EXPECT_EQ(ouverte, "https://example.org");
 }
 
+TEST(ChargeTableEtFiches, TheFirstRunHasTheSpeedsOfEveryLaterOne) {
+  Demarrage d;
+  essai::Attend("erreurs", "401", Reponse::Ok);
+  d.Lance();
+  EXPECT_EQ(VitesseMaxX, 5);  // of a table that isn't there
+  ChargeTableEtFiches();
+  EXPECT_EQ(VitesseMaxX, 15);  // TB_SAV_15 of the delivered table
+  EXPECT_EQ(VitesseMaxY, 15);
+  EXPECT_EQ(VitesseMaxZ, 15);
+  EXPECT_EQ(CourseX, 1000);
+}
+
 TEST(ChargeTableEtFiches, ReadsTheTableItsFlagAndKeepsRecordsThatAreThere) {
   EcrireCle("TableDefaut", "Mini");
   EcrireCleSection("table_Mini", "CB_SAV_13", "1");
