@@ -35,6 +35,25 @@ bool LectureSeule(const std::string& chemin) {
   return stat(chemin.c_str(), &etat) == 0 && ((etat.st_mode & 0222U) == 0 || access(chemin.c_str(), W_OK) != 0);
 }
 
+std::string CheminComplet(const std::string& chemin) {
+  if (chemin.empty()) return "";
+  std::error_code erreur;
+  const std::filesystem::path complet = std::filesystem::absolute(chemin, erreur);
+  if (erreur) return chemin;
+  const std::filesystem::path court = complet.lexically_normal();
+  // A file that isn't there yet is known by its folder.
+  const bool meme = std::filesystem::equivalent(complet, court, erreur) ||
+                    std::filesystem::equivalent(complet.parent_path(), court.parent_path(), erreur);
+  return (meme ? court : complet).string();
+}
+
+bool MemeFichier(const std::string& a, const std::string& b) {
+  struct stat etatA {};
+  struct stat etatB {};
+  return stat(a.c_str(), &etatA) == 0 && stat(b.c_str(), &etatB) == 0 && etatA.st_dev == etatB.st_dev &&
+         etatA.st_ino == etatB.st_ino;
+}
+
 std::string NomSansExtension(const std::string& nom) {
   const std::size_t point = nom.rfind('.');
   const std::size_t barre = nom.rfind('/');

@@ -49,6 +49,11 @@ ErreurSysteme EcritureRefusee(const std::string& chemin);
 
 bool FichierExiste(const std::string& chemin);  // a regular file
 bool LectureSeule(const std::string& chemin);   // exists, and nobody, or not this user, may write it
+// The path from the root on, whatever the current folder. "." and ".." go where the result is still the same file:
+// behind a link ".." is not the folder that stands in front of it. "" stays "".
+std::string CheminComplet(const std::string& chemin);
+// Both paths lead to one and the same file that is there, through links too.
+bool MemeFichier(const std::string& a, const std::string& b);
 using base::DossierDe;
 using base::NomDe;
 std::string NomSansExtension(const std::string& nom);  // last ".xyz" taken off, folder kept

@@ -218,7 +218,7 @@ Placement LitPlacement(const std::string& fenetre, std::int32_t largeurEcran, st
 
 SuiteCommande OuvreLigneCommande(std::string ligne) {
   std::erase(ligne, '"');
-  const std::string chemin = Rogne(ligne);
+  const std::string chemin = CheminComplet(Rogne(ligne));
   if (chemin.empty()) return SuiteCommande::Aucune;
   const std::string extension = ExtensionDe(chemin);
   const std::vector<std::string_view> connues = ExtensionsArgument();

@@ -255,7 +255,8 @@ bool RendUniforme(const std::string& chemin) {
 }
 
 Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu) {
-  const std::string choisi = options.dehors ? chemin : ChoisitDessin();
+  // The key store knows a project by its folder, so a name alone would leave its settings unread.
+  const std::string choisi = CheminComplet(options.dehors ? chemin : ChoisitDessin());
   std::error_code erreur;
   if (choisi.empty() || !std::filesystem::exists(choisi, erreur)) return Ouverture::Abandon;
   CommenceOuverture(choisi, options);
@@ -264,13 +265,15 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
 }
 
 Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu) {
+  lu.chemin = CheminComplet(lu.chemin);
   CommenceOuverture(lu.chemin, options);
   if (lu.projet) NbPoints = 0;
   DessinLu pris = std::move(lu);
   return MetEnVigueur(pris, contenu);
 }
 
-std::string EnregistreProjet(const std::string& chemin) {
+std::string EnregistreProjet(const std::string& nom) {
+  const std::string chemin = CheminComplet(nom);
   const std::string avant = FichierProjet;
   FichierProjet = chemin;
   std::string raison = EcrireProjet(chemin);

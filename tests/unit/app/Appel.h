@@ -25,6 +25,8 @@ class Atelier {
   // ovelin-cli --config <folder> --lang fr --decimal . ARGUMENTS. `environnement`: "NAME=VALUE ..." before it.
   [[nodiscard]] Retour Appelle(const std::vector<std::string>& arguments,
                                const std::string& environnement = "") const;
+  // The same from another folder than the test's.
+  [[nodiscard]] Retour AppelleDans(const std::string& dossier, const std::vector<std::string>& arguments) const;
   [[nodiscard]] std::string Chemin(const std::string& nom) const { return dossier_ + "/" + nom; }
   std::string Ecrit(const std::string& nom, const std::string& octets) const;
   [[nodiscard]] static std::string Lit(const std::string& chemin);
@@ -33,6 +35,11 @@ class Atelier {
  private:
   std::string dossier_;
 };
+
+// A closed square of 40 mm with a hole of 10 mm across in its middle, and a text, in mm.
+extern const std::string Carre;
+// The smallest X of the cuts in a G-code text.
+double GaucheDesCoupes(const std::string& nc);
 
 std::string Exemple(const std::string& nom);  // samples/<nom>
 

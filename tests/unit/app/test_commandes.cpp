@@ -12,29 +12,10 @@
 namespace {
 
 using essai::Atelier;
+using essai::Carre;
 using essai::Exemple;
+using essai::GaucheDesCoupes;
 using nlohmann::json;
-
-// A closed square of 40 mm with a hole of 10 mm across in its middle, in mm.
-constexpr const char* Carre =
-    "0\nSECTION\n2\nENTITIES\n"
-    "0\nLWPOLYLINE\n8\n0\n90\n4\n70\n1\n10\n0\n20\n0\n10\n40\n20\n0\n10\n40\n20\n40\n10\n0\n20\n40\n"
-    "0\nCIRCLE\n8\n0\n10\n20\n20\n20\n40\n5\n"
-    "0\nTEXT\n8\n0\n10\n1\n20\n1\n40\n2\n1\nabc\n"
-    "0\nENDSEC\n0\nEOF\n";
-
-// The smallest X of the cuts in a G-code text.
-double GaucheDesCoupes(const std::string& nc) {
-  double gauche = 1e9;
-  std::istringstream lignes(nc);
-  std::string ligne;
-  while (std::getline(lignes, ligne)) {
-    const std::size_t x = ligne.find(" X");
-    if (ligne.starts_with("G01") && x != std::string::npos)
-      gauche = std::min(gauche, std::stod(ligne.substr(x + 2)));
-  }
-  return gauche;
-}
 
 TEST(Info, TellsTheOpenedDrawingAndWhatTheFileHeld) {
   const Atelier a;
