@@ -85,12 +85,6 @@ bool EcritUnFichier(const std::string& chemin, const Points& points) {
   return true;
 }
 
-// "cut.dat" becomes "cut001.dat", "cut002.dat" ...
-std::string CheminNumerote(const std::string& chemin, long numero) {
-  const std::string base = NomSansExtension(chemin);
-  return base + Formate(static_cast<double>(numero), "000") + chemin.substr(base.size());
-}
-
 bool EcritUnFichierParTrace(const std::string& chemin, int source) {
   std::vector<Points> traces;
   if (source == 0) {
@@ -121,6 +115,11 @@ bool EcritUnFichierParTrace(const std::string& chemin, int source) {
 }
 
 }  // namespace
+
+std::string CheminNumerote(const std::string& chemin, long numero) {
+  const std::string base = NomSansExtension(chemin);
+  return base + Formate(static_cast<double>(numero), "000") + chemin.substr(base.size());
+}
 
 bool Exporte(const std::string& chemin, int source) {
   const std::string extension = ExtensionDe(chemin);

@@ -191,6 +191,7 @@ int Info(Contexte& contexte, const std::string& dessin) {
 }
 
 int GCode(Contexte& contexte, const std::string& dessin, const std::string& sortie) {
+  if (const int etat = VerifieSortie(contexte, sortie, "", {dessin})) return etat;
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   EcritureNC ecriture;
   if (!EcritGCode(sortie, ecriture)) return EchecBoite(contexte);
@@ -202,6 +203,7 @@ int GCode(Contexte& contexte, const std::string& dessin, const std::string& sort
 }
 
 int Enregistre(Contexte& contexte, const std::string& dessin, const std::string& sortie) {
+  if (const int etat = VerifieSortie(contexte, sortie, "OVL", {dessin})) return etat;
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   const std::string raison = EnregistreProjet(sortie);
   if (!raison.empty()) {
@@ -217,7 +219,13 @@ int Exporte(Contexte& contexte, const std::string& dessin, const std::string& so
   if (!image && extension != "DXF" && extension != "DAT") {
     return Echec(contexte, "lib001", Traduire("F_Exporter", "lib001"), sortie);
   }
+  if (const int etat = VerifieSortie(contexte, sortie, "", {dessin})) return etat;
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
+  // Several paths go into numbered files.
+  for (std::size_t i = 1; extension == "DAT" && i <= TraceDecale.size(); ++i) {
+    const std::string numerotee = CheminNumerote(sortie, static_cast<long>(i));
+    if (const int etat = VerifieSortie(contexte, numerotee, "", {dessin})) return etat;
+  }
   if (image) {
     OptionsScene options = OptionsCourantes(false, false);
     options.dessin = source != "outil";
@@ -234,6 +242,7 @@ int Exporte(Contexte& contexte, const std::string& dessin, const std::string& so
 }
 
 int Trace(Contexte& contexte, const std::string& dessin, const std::string& sortie) {
+  if (const int etat = VerifieSortie(contexte, sortie, "json", {dessin})) return etat;
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   if (const int etat = EcritResultat(contexte, sortie, TraceEnJson())) return etat;
   return Resultat(contexte, Json{{"file", sortie}, {"sequences", NbSequences()}, {"traces", TraceDecale.size()}});
@@ -247,6 +256,9 @@ int Planifie(Contexte& contexte, const std::string& dessin, const std::string& p
   if (!position.empty() && !LitPosition(position, x, y, z)) {
     std::fprintf(stderr, "--pos X,Y,Z\n");
     return Usage;
+  }
+  if (!lignes.empty()) {
+    if (const int etat = VerifieSortie(contexte, lignes, "csv", {dessin})) return etat;
   }
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   const auto resolutions = ResolutionsTable();

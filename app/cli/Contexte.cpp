@@ -264,6 +264,20 @@ int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* conten
   return Fait;
 }
 
+int VerifieSortie(const Contexte& contexte, const std::string& sortie, std::string_view extension,
+                  std::initializer_list<std::string> entrees) {
+  for (const std::string& entree : entrees) {
+    if (MemeFichier(sortie, entree))
+      return Echec(contexte, "cli_sortie", Traduire("cli", "cli_sortie") + " " + sortie, sortie);
+  }
+  std::error_code erreur;
+  const bool fichier =
+      !sortie.starts_with("/dev/") && (!std::filesystem::exists(sortie, erreur) || FichierExiste(sortie));
+  if (extension.empty() || !fichier || ExtensionDe(sortie) == Majuscules(extension)) return Fait;
+  const std::string attendue = " ." + std::string(extension) + "\n" + sortie;
+  return Echec(contexte, "cli_extension", Traduire("cli", "cli_extension") + attendue, sortie);
+}
+
 int EcritResultat(const Contexte& contexte, const std::string& chemin, std::string_view octets) {
   const std::string raison = EcritFichierEntier(chemin, octets);
   if (raison.empty()) return Fait;

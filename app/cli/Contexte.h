@@ -1,6 +1,7 @@
 // What one call of the command line carries: common options, the boxes shown, and how results leave the program.
 #pragma once
 
+#include <initializer_list>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -45,6 +46,10 @@ int Resultat(const Contexte& contexte, const Json& objet);
 int Demarre(Contexte& contexte);
 // Opens a drawing as the window does, with ratio 1, and applies --material. 0 or 1.
 int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* contenu = nullptr);
+// Looks at an output before anything is read: refused when it is one of the inputs, through links too, or when its
+// extension is not `extension` in either case ("" for any). A device or a pipe has none. 0 or 1.
+int VerifieSortie(const Contexte& contexte, const std::string& sortie, std::string_view extension,
+                  std::initializer_list<std::string> entrees);
 // Writes a result file whole; 0 or 1.
 int EcritResultat(const Contexte& contexte, const std::string& chemin, std::string_view octets);
 

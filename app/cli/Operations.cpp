@@ -294,6 +294,7 @@ std::vector<std::string> NomsOperations() {
 }
 
 int Edite(Contexte& contexte, const std::string& dessin, const std::string& operations, const std::string& sortie) {
+  if (const int etat = VerifieSortie(contexte, sortie, "OVL", {dessin, operations})) return etat;
   std::string raison;
   const auto texte = LitFichierEntier(operations, &raison);
   if (!texte) {

@@ -1,4 +1,4 @@
-// Files as people name them on the command line: relative, through links, from another folder.
+// Files as people name them on the command line: relative, through links, from another folder; and what an output
 // may not be.
 #include <gtest/gtest.h>
 
@@ -64,6 +64,71 @@ TEST(Project, ItsSettingsAreSavedAgainFromANameAlone) {
   ASSERT_EQ(r.etat, 0) << r.erreurs;
   EXPECT_NE(Atelier::Lit(a.Chemin("q.OVL")).find("$$RayonFraise=0.8\r\n"), std::string::npos);
   EXPECT_NE(Atelier::Lit(a.Chemin("q.OVL")).find("$$ProfPasse=-2\r\n"), std::string::npos);
+}
+
+// --- an output that is an input
+
+void AttendEntreeGardee(const Atelier& a, const std::string& entree, const std::vector<std::string>& appel) {
+  const std::string avant = Atelier::Lit(entree);
+  ASSERT_FALSE(avant.empty());
+  const auto r = a.Appelle(appel);
+  EXPECT_EQ(r.etat, 1) << appel[0];
+  EXPECT_EQ(r.Json()["error"]["key"], "cli_sortie") << appel[0] << r.sortie << r.erreurs;
+  EXPECT_EQ(Atelier::Lit(entree), avant) << appel[0];
+}
+
+TEST(Output, ThatIsTheInputIsRefusedByEveryCommand) {
+  const Atelier a;
+  const std::string dxf = a.Ecrit("in.dxf", Carre);
+  const std::string projet = a.Ecrit("in.OVL", Projet());
+  const std::string operations = a.Ecrit("ops.json", R"([{"op":"SelectionneTout"}])");
+  AttendEntreeGardee(a, dxf, {"gcode", dxf, "-o", dxf, "--json"});
+  AttendEntreeGardee(a, projet, {"save", projet, "-o", projet, "--json"});
+  AttendEntreeGardee(a, projet, {"edit", projet, "--do", operations, "-o", projet, "--json"});
+  AttendEntreeGardee(a, operations, {"edit", projet, "--do", operations, "-o", operations, "--json"});
+  AttendEntreeGardee(a, dxf, {"export", dxf, "-o", dxf, "--json"});
+  AttendEntreeGardee(a, dxf, {"trace", dxf, "-o", dxf, "--json"});
+  AttendEntreeGardee(a, dxf, {"plan", dxf, "--rows", dxf, "--json"});
+}
+
+TEST(Output, ThatIsTheInputThroughALinkIsRefused) {
+  const Atelier a;
+  const std::string dxf = a.Ecrit("in.dxf", Carre);
+  std::filesystem::create_symlink(dxf, a.Chemin("lien.dxf"));
+  std::filesystem::create_hard_link(dxf, a.Chemin("dur.dxf"));
+  AttendEntreeGardee(a, dxf, {"export", dxf, "-o", a.Chemin("lien.dxf"), "--json"});
+  AttendEntreeGardee(a, dxf, {"export", a.Chemin("lien.dxf"), "-o", dxf, "--json"});
+  AttendEntreeGardee(a, dxf, {"export", dxf, "-o", a.Chemin("dur.dxf"), "--json"});
+  AttendEntreeGardee(a, dxf, {"export", dxf, "-o", a.Chemin("./in.dxf"), "--json"});
+}
+
+TEST(Output, ThatIsTheInputUnderANumberIsRefused) {
+  const Atelier a;
+  const std::string projet = a.Chemin("p.OVL");
+  ASSERT_EQ(a.Appelle({"save", a.Ecrit("carre.dxf", Carre), "-o", projet}).etat, 0);  // two paths
+  std::filesystem::create_symlink(projet, a.Chemin("cut002.dat"));
+  AttendEntreeGardee(a, projet, {"export", projet, "-o", a.Chemin("cut.dat"), "--json", "--answer", "lib003=ok"});
+  EXPECT_FALSE(std::filesystem::exists(a.Chemin("cut001.dat")));
+}
+
+TEST(Output, HasTheExtensionOfWhatIsWritten) {
+  const Atelier a;
+  const std::string dxf = a.Ecrit("in.dxf", Carre);
+  const std::string operations = a.Ecrit("ops.json", R"([{"op":"SelectionneTout"}])");
+  const std::string autre = a.Chemin("autre.dxf");
+  for (const std::vector<std::string>& appel :
+       std::vector<std::vector<std::string>>{{"save", dxf, "-o", autre, "--json"},
+                                             {"edit", dxf, "--do", operations, "-o", autre, "--json"},
+                                             {"trace", dxf, "-o", autre, "--json"},
+                                             {"plan", dxf, "--rows", autre, "--json"}}) {
+    const auto r = a.Appelle(appel);
+    EXPECT_EQ(r.etat, 1) << appel[0];
+    EXPECT_EQ(r.Json()["error"]["key"], "cli_extension") << appel[0];
+    EXPECT_FALSE(std::filesystem::exists(autre)) << appel[0];
+  }
+  // Either case, and what is no file takes anything.
+  EXPECT_EQ(a.Appelle({"trace", dxf, "-o", a.Chemin("t.JSON")}).etat, 0);
+  EXPECT_EQ(a.Appelle({"trace", dxf, "-o", "/dev/null"}).etat, 0);
 }
 
 }  // namespace
