@@ -63,6 +63,11 @@ std::string LitIni(std::string_view section, std::string_view cle, std::string_v
   return valeur ? ValeurLue(EnTexte8(*valeur)) : std::string(defaut);
 }
 
+// The length of the recent list is the user's, not the project's; an undo snapshot holds it though.
+bool ProjetConsulte(std::string_view cle) {
+  return !Rogne(FichierProjet).empty() && !DossierDe(FichierCourant).empty() && cle != "gMaxMRU";
+}
+
 bool EcritureIni(const std::string& fichier) { return Magasin.EcrireIni || fichier != CheminIni(); }
 
 void EcritIni(std::string_view section, std::string_view cle, const std::string& valeur) {
@@ -105,9 +110,7 @@ std::string LireCleIni(std::string_view cle, std::string_view defaut) {
 
 std::string LireCle(std::string_view cle, std::string_view defaut) {
   if (const auto valeur = Surcharge(cle)) return *valeur;
-  // The length of the recent list is the user's, not the project's; an undo snapshot holds it though.
-  const bool projet = !Rogne(FichierProjet).empty() && !DossierDe(FichierCourant).empty() && cle != "gMaxMRU";
-  if (projet) {
+  if (ProjetConsulte(cle)) {
     if (const auto octets = magasin::CleProjet(FichierCourant, EnTexte8(cle))) return ValeurLue(*octets);
   }
   return LitIni(SectionProgramme, cle, defaut);
@@ -189,6 +192,12 @@ LotCles::~LotCles() { magasin::FinLot(); }
 
 SansProjet::SansProjet() : projet_(std::exchange(FichierProjet, std::string())) {}
 SansProjet::~SansProjet() { FichierProjet = std::move(projet_); }
+
+OrigineCle OrigineDe(std::string_view cle) {
+  if (Surcharge(cle)) return OrigineCle::Surcharge;
+  if (ProjetConsulte(cle) && magasin::CleProjet(FichierCourant, EnTexte8(cle))) return OrigineCle::Projet;
+  return magasin::Ini(CheminIni()).Lit(SectionProgramme, cle) ? OrigineCle::Reglages : OrigineCle::Defaut;
+}
 
 void OublieCles() { magasin::Oublie(); }
 

@@ -30,6 +30,10 @@ void CopierSection(std::string_view source, std::string_view cible, const std::s
 void SupprimerSection(std::string_view section, const std::string& fichier);
 void DeplacerSection(std::string_view source, std::string_view cible, const std::string& fichier);
 
+// Where the value of a key comes from, as `LireCle` finds it.
+enum class OrigineCle { Defaut, Reglages, Projet, Surcharge };
+OrigineCle OrigineDe(std::string_view cle);
+
 // Path of the settings file: DossierProgramme + "/OVELIN.ini".
 std::string CheminIni();
 

@@ -16,12 +16,13 @@ struct Reglages {
   std::int16_t DecalageOutil = 1;  // default side; 2: no offset
   double LargeurEncoche = 5;       // mm, width of the bridge left in the material
   // material
-  double Vitesse_Mat_H = 2;  // mm/s
-  double Vitesse_Mat_V = 2;  // mm/s
-  float HautDeg = 10;        // clearance height, mm above the surface
-  double ProfFraisage = -3;  // total depth, mm
-  double ProfPasse = -1;     // depth of a pass, mm, negative
-  double MiniEncoche = 0;    // mm, height of the bridge above the bottom of the cut
+  double Vitesse_Mat_H = 2;    // mm/s
+  double Vitesse_Mat_V = 2;    // mm/s
+  float HautDeg = 10;          // clearance height, mm above the surface
+  bool HautDegSaisie = false;  // typed by the user since the settings were read
+  double ProfFraisage = -3;    // total depth, mm
+  double ProfPasse = -1;       // depth of a pass, mm, negative
+  double MiniEncoche = 0;      // mm, height of the bridge above the bottom of the cut
   std::int16_t ModeZENIK = 0;
   // options
   std::int16_t PCPoche = 15;  // overlap of pockets, per cent

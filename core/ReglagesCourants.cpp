@@ -27,6 +27,7 @@ void LitMateriau() {
   Regl.Vitesse_Mat_H = LireNombre("Vitesse_Mat_H", neuf.Vitesse_Mat_H);
   Regl.Vitesse_Mat_V = LireNombre("Vitesse_Mat_V", neuf.Vitesse_Mat_V);
   Regl.HautDeg = EnFloat(LireNombre("HautDeg", static_cast<double>(neuf.HautDeg)));
+  Regl.HautDegSaisie = false;
   Regl.ProfFraisage = LireNombre("ProfFraisage", neuf.ProfFraisage);
   Regl.ProfPasse = LireNombre("ProfPasse", neuf.ProfPasse);
   if (Regl.ProfPasse == 0) Regl.ProfPasse = -0.1;  // passes of no depth would never reach the bottom

@@ -11,6 +11,7 @@
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/Services.h"
 #include "machine/TableCourante.h"
 #include "run/NoyauPlan.h"
 
@@ -47,11 +48,13 @@ ResumePlan PlanifiePourFenetre() {
   ResumePlan resume;
   resume.vide = TraceDecale.empty();
   if (resume.vide) return resume;
-  resume.refus = VerifiePlan();
+  resume.refus = VerifieHautDeg();
+  if (!resume.refus) resume.refus = VerifiePlan();
   if (resume.refus || !Tableau_Decoupe()) return resume;
   resume.figures = FiguresDe(LignesDe(Plan));
   const FiguresPlan& f = resume.figures;
   resume.horsCourse = f.coupe && (f.xmin < 0 || f.ymin < 0 || f.xmax > CourseX || f.ymax > CourseY);
+  resume.avis = AvisDuPlan();
   const CompteUsinage usinage = CompteUsinageDe(Doc, ProfPasse);
   resume.sequences = usinage.sequences;
   resume.sansTrajet = usinage.sansTrajet;
@@ -76,6 +79,16 @@ std::string PasVit_Mat_H(const std::string& texte, int index) {
 }
 
 bool GenereGCode(const std::string& vitesseH, const std::string& vitesseV, EcritureNC& resultat) {
+  if (const RefusPlan refus = VerifieHautDeg()) {
+    Boite boite;
+    boite.section = refus.section;
+    boite.cle = refus.cle;
+    boite.texte = refus.texte;
+    boite.titre = NomProgramme;
+    boite.icone = Icone::Critique;
+    Svc.Montre(boite);
+    return false;
+  }
   const bool bonneH = EntreVit_Mat_H(vitesseH).empty();
   const bool bonneV = EntreVit_Mat_V(vitesseV).empty();
   const double avantH = Vitesse_Mat_H;

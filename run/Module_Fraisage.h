@@ -5,7 +5,9 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
+#include "run/AvisPlan.h"
 #include "run/FiguresPlan.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
@@ -14,8 +16,9 @@ namespace ovelin {
 
 // The job planned anew for the window.
 struct ResumePlan {
-  RefusPlan refus;    // why there is no plan; the figures are then all 0
-  bool vide = false;  // there is no tool path
+  RefusPlan refus;             // why there is no plan; the figures are then all 0
+  std::vector<AvisPlan> avis;  // entries that are surely wrong
+  bool vide = false;           // there is no tool path
   FiguresPlan figures;
   std::int32_t sequences = 0;       // paths that are milled
   std::vector<Code2> sansTrajet;    // paths that should be, but where the tool finds no room

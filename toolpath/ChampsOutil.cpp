@@ -61,6 +61,7 @@ bool EntreHautDeg(const std::string& texte) {
   const auto v = LitNombre(texte);
   if (!v || std::abs(*v) > std::numeric_limits<float>::max()) return false;
   HautDeg = static_cast<float>(*v);
+  Regl.HautDegSaisie = true;
   Modifie = Vrai;
   EcritMateriau();
   return true;

@@ -12,6 +12,7 @@
 #include "core/Traduction.h"
 #include "image/ImageDocument.h"
 #include "machine/Module_Table.h"
+#include "run/AvisPlan.h"
 #include "run/FiguresPlan.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
@@ -164,6 +165,13 @@ Sommes SommesDuPlan() {
   return s;
 }
 
+// What stands in the way of a job, and what is surely wrong in it; the latter is told alone.
+int JugePlan(Contexte& contexte) {
+  if (const RefusPlan refus = VerifieHautDeg()) return Echec(contexte, refus.cle, refus.texte);
+  for (const AvisPlan& avis : AvisDuPlan()) std::fprintf(stderr, "%s\n", avis.texte.c_str());
+  return 0;
+}
+
 }  // namespace
 
 int Info(Contexte& contexte, const std::string& dessin) {
@@ -193,6 +201,7 @@ int Info(Contexte& contexte, const std::string& dessin) {
 int GCode(Contexte& contexte, const std::string& dessin, const std::string& sortie) {
   if (const int etat = VerifieSortie(contexte, sortie, "", {dessin})) return etat;
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
+  if (const int etat = JugePlan(contexte)) return etat;
   EcritureNC ecriture;
   if (!EcritGCode(sortie, ecriture)) return EchecBoite(contexte);
   AvertitSansTrajet();
@@ -264,6 +273,7 @@ int Planifie(Contexte& contexte, const std::string& dessin, const std::string& p
   const auto resolutions = ResolutionsTable();
   CdeZENIK->FixeResolutions(resolutions[0], resolutions[1], resolutions[2]);
   CdeZENIK->FixePosition(x, y, z);
+  if (const int etat = JugePlan(contexte)) return etat;
   if (!Tableau_Decoupe()) return EchecBoite(contexte);
   AvertitSansTrajet();
   double sansRampe = 0;

@@ -78,6 +78,7 @@ QString PanneauPlan::Avis(const ResumePlan& resume) const {
     avis += T("lib025", "Séquences trop étroites pour l'outil, non fraisées :") + QLatin1Char(' ') +
             QString::fromStdString(TexteSansTrajet(resume.sansTrajet));
   }
+  for (const AvisPlan& a : resume.avis) avis += QString::fromStdString(a.texte);
   return avis.join(QLatin1Char('\n'));
 }
 

@@ -132,6 +132,28 @@ TEST(GCode, ADepthOfPassOfZeroOrMoreIsRefused) {
   EXPECT_FALSE(std::filesystem::exists(a.Chemin("a.nc")));
 }
 
+TEST(GCode, AClearanceThatIsNoneIsRefusedWithItsKeyAndItsPlace) {
+  const Atelier a;
+  const std::string carre = a.Ecrit("carre.dxf", Carre);
+  const auto r = a.Appelle({"gcode", carre, "-o", a.Chemin("a.nc"), "--set", "HautDeg=0", "--json"});
+  EXPECT_EQ(r.etat, 1);
+  EXPECT_EQ(r.Json()["error"]["key"], "HautDeg_nul");
+  const std::string texte = r.Json()["error"]["text"];
+  EXPECT_NE(texte.find("HautDeg = 0 (--set)"), std::string::npos) << texte;
+  EXPECT_FALSE(std::filesystem::exists(a.Chemin("a.nc")));
+  EXPECT_EQ(a.Appelle({"plan", carre, "--set", "HautDeg=-2"}).etat, 1);
+}
+
+TEST(GCode, AnEntryThatIsSurelyWrongIsToldAndTheJobWritten) {
+  const Atelier a;
+  const std::string carre = a.Ecrit("carre.dxf", Carre);
+  const auto r = a.Appelle({"gcode", carre, "-o", a.Chemin("a.nc"), "--set", "RayonFraise=60"});
+  EXPECT_EQ(r.etat, 0) << r.erreurs;
+  EXPECT_NE(r.erreurs.find("60.0 mm"), std::string::npos) << r.erreurs;
+  EXPECT_NE(a.Appelle({"plan", carre, "--set", "ProfFraisage=-250"}).erreurs.find("250.0 mm > 190.0 mm"),
+            std::string::npos);
+}
+
 TEST(Errors, AMissingDrawingNamesTheFile) {
   const Atelier a;
   const auto r = a.Appelle({"info", a.Chemin("absent.dxf"), "--json"});

@@ -334,4 +334,31 @@ TEST(LireCle, SeesWhatAnotherProgramHasWritten) {
   EXPECT_EQ(Ini(), "[OVELIN]\r\nk=2\r\nl=3\r\n");
 }
 
+TEST(OrigineDe, FollowsTheOrderInWhichAKeyIsRead) {
+  EXPECT_EQ(OrigineDe("HautDeg"), OrigineCle::Defaut);
+  EcrireCle("HautDeg", "4");
+  EXPECT_EQ(OrigineDe("hautdeg"), OrigineCle::Reglages);
+  FichierProjet = FichierCourant = EcritFichierEssai("p.OVL", "$$HautDeg=5\r\n");
+  EXPECT_EQ(OrigineDe("HautDeg"), OrigineCle::Projet);
+  Magasin.Surcharge["HautDeg"] = "6";
+  EXPECT_EQ(OrigineDe("HautDeg"), OrigineCle::Surcharge);
+}
+
+// Within a batch a file is read once, so that nothing but the forgetting can bring the change of another program
+// in.
+TEST(OublieCles, HasTheFilesReadAnew) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nRayonFraise=1\r\n");
+  FichierProjet = FichierCourant = EcritFichierEssai("p.OVL", "$$HautDeg=5\r\n");
+  const LotCles lot;
+  ASSERT_EQ(LireCle("RayonFraise", ""), "1");
+  ASSERT_EQ(LireCle("HautDeg", ""), "5");
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nRayonFraise=2\r\n");
+  EcritFichierEssai("p.OVL", "$$HautDeg=7\r\n");
+  ASSERT_EQ(LireCle("RayonFraise", ""), "1");
+  ASSERT_EQ(LireCle("HautDeg", ""), "5");
+  OublieCles();
+  EXPECT_EQ(LireCle("RayonFraise", ""), "2");
+  EXPECT_EQ(LireCle("HautDeg", ""), "7");
+}
+
 }  // namespace

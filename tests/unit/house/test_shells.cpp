@@ -29,7 +29,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
       "ReglagesCourants.cpp", "Traduction.cpp"}},
     {"database", {"Module_BD.cpp"}},
     {"machine", {"ChampsTable.cpp", "GestionTables.cpp", "Module_Table.cpp"}},
-    {"run", {"Module_Fraisage.cpp", "Module_GCode.cpp", "Module_Planificateur.cpp"}},
+    {"run", {"AvisPlan.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp", "Module_Planificateur.cpp"}},
     {"toolpath",
      {"Attaches.cpp", "CalculDecalage.cpp", "ChampsOutil.cpp", "FichesSequence.cpp", "Module_Export.cpp",
       "Module_Nettoyage.cpp", "Module_Ordre.cpp", "Module_Texte.cpp", "Module_Transforme.cpp", "Module_Vinyl.cpp",

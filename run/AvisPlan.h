@@ -1,0 +1,22 @@
+// What stands in front of a job: a clearance height that is none, and entries that are surely wrong.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "run/Module_Planificateur.h"
+
+namespace ovelin {
+
+// "HautDeg_nul" of "F_Fraisage" where the clearance height is not above 0: the tool would cross the work in the
+// material. The text names the key, its value and where that comes from.
+RefusPlan VerifieHautDeg();
+
+// Keys and texts of what is warned of and not refused: attachment points with a bridge of no height, a depth beyond
+// the travel, a bridge that is wider than its path, a radius above 50 mm.
+struct AvisPlan {
+  std::string cle, texte;
+};
+std::vector<AvisPlan> AvisDuPlan();
+
+}  // namespace ovelin
