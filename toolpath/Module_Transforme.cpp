@@ -63,6 +63,15 @@ bool TransformeTout(const Image& image) {
   return Transforme({{0, TraceInitial.size()}}, image);
 }
 
+// First and last point of the path around a point.
+std::pair<std::size_t, std::size_t> EtendueDuPoint(std::size_t index) {
+  std::size_t debut = index;
+  std::size_t fin = index;
+  while (debut > 0 && TraceInitial[debut - 1].Seq == TraceInitial[index].Seq) --debut;
+  while (fin + 1 < TraceInitial.size() && TraceInitial[fin + 1].Seq == TraceInitial[index].Seq) ++fin;
+  return {debut, fin};
+}
+
 void Termine() {
   EncombrementGeneral();
   Modifie = Vrai;
@@ -187,7 +196,15 @@ bool PlaceOrigine() {
 bool ChangePosition(std::int32_t index, float x, float y) {
   if (index < 0 || static_cast<std::size_t>(index) >= TraceInitial.size()) return false;
   if (!Acceptable({x, y})) return RefuseCoordonnee();
+  const auto [debut, fin] = EtendueDuPoint(static_cast<std::size_t>(index));
+  PointTrace& premier = TraceInitial[debut];
+  PointTrace& dernier = TraceInitial[fin];
   PointTrace& p = TraceInitial[static_cast<std::size_t>(index)];
+  const bool ferme = premier.X == dernier.X && premier.Y == dernier.Y;
+  if (ferme && (&p == &premier || &p == &dernier)) {
+    premier.X = dernier.X = x;
+    premier.Y = dernier.Y = y;
+  }
   p.X = x;
   p.Y = y;
   RefaitDecalage(p.Seq);

@@ -277,6 +277,51 @@ TEST(ChangePosition, MovesOnePointAndRecomputesItsPath) {
   EXPECT_EQ(TraceInitial[6].X, 90);
 }
 
+// Both ends of a closed path stand in one place and go together; the first square is closed by a copy of its start.
+TEST(ChangePosition, KeepsAClosedPathClosed) {
+  BiblioEssai biblio;
+  DeuxCarres();
+  for (const int bout : {5, 9}) {
+    const float x = 90 + static_cast<float>(bout);
+    EXPECT_TRUE(ChangePosition(bout, x, 80));
+    EXPECT_EQ(TraceInitial[5], (PointTrace{x, 80, CodePD, Code2(" B")}));
+    EXPECT_EQ(TraceInitial[9], (PointTrace{x, 80, CodePD, Code2(" B")}));
+  }
+  EXPECT_EQ(TraceInitial[4], TraceInitial[0]) << "the other path stays";
+}
+
+TEST(ChangePosition, MovesOneEndOfAnOpenPathAlone) {
+  BiblioEssai biblio;
+  AjouteSequence(" A", {{0, 0}, {10, 0}, {10, 5}});
+  EXPECT_TRUE(ChangePosition(2, 30, 40));
+  EXPECT_EQ(TraceInitial[0].X, 0);
+  EXPECT_EQ(TraceInitial[2].X, 30);
+}
+
+// By hand: about (0, 0), cos 30 = 0.8660254, sin 30 = 0.5.
+TEST(TourneSelection, TurnsCounterClockwiseByAnOddAngle) {
+  BiblioEssai biblio;
+  AjouteSequence(" A", {{10, 0}, {0, 4}, {-2, -6}});
+  EXPECT_TRUE(TourneSelection(std::acos(-1.0) / 6, PointTrace{0, 0, CodePD, Code2()}));
+  EXPECT_NEAR(TraceInitial[0].X, 8.660254, 1e-5);
+  EXPECT_NEAR(TraceInitial[0].Y, 5, 1e-5);
+  EXPECT_NEAR(TraceInitial[1].X, -2, 1e-5);
+  EXPECT_NEAR(TraceInitial[1].Y, 3.4641016, 1e-5);
+  EXPECT_NEAR(TraceInitial[2].X, -1.7320508 + 3, 1e-5);
+  EXPECT_NEAR(TraceInitial[2].Y, -1 - 5.1961524, 1e-5);
+}
+
+// About (3, 4): (8, 4) lies 5 to the right of it; 36.8699 degrees have cosine 0.8 and sine 0.6.
+TEST(TourneSelection, TurnsAboutItsCentre) {
+  BiblioEssai biblio;
+  AjouteSequence(" A", {{8, 4}, {3, 9}});
+  EXPECT_TRUE(TourneSelection(-std::asin(0.6), PointTrace{3, 4, CodePD, Code2()}));
+  EXPECT_NEAR(TraceInitial[0].X, 7, 1e-5);
+  EXPECT_NEAR(TraceInitial[0].Y, 1, 1e-5);
+  EXPECT_NEAR(TraceInitial[1].X, 6, 1e-5);
+  EXPECT_NEAR(TraceInitial[1].Y, 8, 1e-5);
+}
+
 TEST(SupprimePoints, AsksUnlessToldNotTo) {
   BiblioEssai biblio;
   DeuxCarres();
