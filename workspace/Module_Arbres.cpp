@@ -206,6 +206,7 @@ ResultatClic ClicSequence(const Arbre& arbre, std::size_t groupe) {
   r.initSeq = true;
   DeselectionneTout();
   BasculeSelection(arbre.groupes[groupe].code);
+  SeqCourante = arbre.groupes[groupe].code;
   Svc.Panneau(PanneauSequence, SeqCourante.Texte());
   return r;
 }

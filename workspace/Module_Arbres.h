@@ -80,8 +80,8 @@ struct ResultatClic {
   std::string TB_X, TB_Y;           // with `croix`
   bool initSeq = false;             // InitSeq is due
 };
-// On a point: it comes into focus, and its path. On a group: it alone is selected. Then the first status panel
-// shows SeqCourante.
+// On a point: it comes into focus, and its path. On a group: it alone is selected, and comes into focus. Then the
+// first status panel shows SeqCourante.
 ResultatClic ClicPoint(const Arbre& arbre, std::size_t groupe, std::size_t rang);
 ResultatClic ClicSequence(const Arbre& arbre, std::size_t groupe);
 

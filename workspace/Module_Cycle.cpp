@@ -45,8 +45,14 @@ void Appelle(const std::function<void()>& crochet) {
   if (crochet) crochet();
 }
 
-// A box whose text stands in the program, without a key.
-void MontreTexte(const char* texte, const std::string& fichier = "") {
+// A text that has a key in "erreurs"; without a translation it stands in French.
+std::string TexteOu(const char* cle, const char* francais) {
+  const std::string texte = Traduire("erreurs", cle);
+  return texte == cle ? francais : texte;
+}
+
+// A box that is known by its text.
+void MontreTexte(const std::string& texte, const std::string& fichier = "") {
   Boite boite;
   boite.texte = texte;
   boite.titre = NomProgramme;
@@ -152,7 +158,7 @@ ResultatDemarrage DemarreCycle(const OptionsDemarrage& options, const CrochetsDe
   TrouveDossiers(options);
   LitPremiersReglages(options);
   if (crochets.AutreCopie ? crochets.AutreCopie() : VerrouilleCopie()) {
-    Message("erreurs", "31", Icone::Exclamation, Boutons::Ok, "Erreur");
+    Message("erreurs", "31", Icone::Exclamation, Boutons::Ok, TexteOu("Titre", "Erreur"));
     return r;
   }
   PoseConstantes(crochets);
@@ -223,12 +229,12 @@ SuiteCommande OuvreLigneCommande(std::string ligne) {
   const std::string extension = ExtensionDe(chemin);
   const std::vector<std::string_view> connues = ExtensionsArgument();
   if (std::find(connues.begin(), connues.end(), extension) == connues.end()) {
-    MontreTexte("Extension fichier inconnue", chemin);
+    MontreTexte(TexteOu("Extension", "Extension fichier inconnue"), chemin);
     return SuiteCommande::ExtensionInconnue;
   }
   RendUniforme(chemin);
   if (extension == "OVL" && !LitFichierEntier(chemin).value_or("").starts_with("$$")) {
-    MontreTexte("Fichier OVL corrompu", chemin);
+    MontreTexte(TexteOu("OvlCorrompu", "Fichier OVL corrompu"), chemin);
     return SuiteCommande::OvlCorrompu;
   }
   std::error_code erreur;

@@ -58,6 +58,17 @@ void CB_InverseSelection() {
   Svc.Rafraichit();
 }
 
+bool DemandeSupprimer() {
+  Code2 dernier;
+  const auto choisies = static_cast<std::size_t>(NbSelectionnees(dernier));
+  const bool toutes = choisies > 0 && choisies == Sequences.size() && Sequences[0].Code != Code2{};
+  if (toutes && Message("F_Representation", "SupprimerTout", Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
+    return false;
+  }
+  CB_Supprimer();
+  return true;
+}
+
 void CB_Supprimer() {
   Code2 dernier;
   if (NbSelectionnees(dernier) == 0) return;

@@ -32,6 +32,8 @@ ChampsPanneau InitSeq(Arbre* initial = nullptr, Arbre* decale = nullptr);
 // Each works on the selection and has the lists and the picture follow.
 void CB_Tout();
 void CB_InverseSelection();
-void CB_Supprimer();  // does nothing without a selection
+void CB_Supprimer();
+// The same behind a question where every path of the drawing is selected, as after an opening. False: No.
+bool DemandeSupprimer();  // does nothing without a selection
 
 }  // namespace ovelin

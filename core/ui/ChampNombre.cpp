@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QStyle>
 
 #include "core/Nombres.h"
@@ -69,8 +70,27 @@ ChampNombre::~ChampNombre() { OteBulle(); }
 
 void ChampNombre::Montre(const std::string& texte) {
   const QString nouveau = QString::fromStdString(texte);
-  if (text() != nouveau) setText(nouveau);
+  if (text() != nouveau) {
+    setText(nouveau);
+  } else {
+    OublieFrappe();
+  }
   entree_ = texte;
+}
+
+// The history of the typing ends with a text that is set, even to itself; place and choice stay as they are.
+void ChampNombre::OublieFrappe() {
+  if (!isUndoAvailable() && !isRedoAvailable()) return;
+  const int debut = selectionStart();
+  const int longueur = selectionLength();
+  const int place = cursorPosition();
+  const QSignalBlocker silence(this);
+  setText(text());
+  if (debut >= 0) {
+    setSelection(debut, longueur);
+  } else {
+    setCursorPosition(place);
+  }
 }
 
 std::string ChampNombre::Texte() const { return text().toStdString(); }
@@ -158,6 +178,17 @@ void ChampNombre::DitQuitte(bool memeInchange) {
   Q_EMIT Quitte(change);
   if (pendant.champ == nullptr) return;
   entree_ = Texte();
+  if (!refuse_) OublieFrappe();
+}
+
+// Undo is the field's own as long as it holds a typing that nobody has taken over.
+bool ChampNombre::event(QEvent* e) {
+  if (e->type() == QEvent::ShortcutOverride && !isUndoAvailable() &&
+      static_cast<QKeyEvent*>(e)->matches(QKeySequence::Undo)) {
+    e->ignore();
+    return true;
+  }
+  return QLineEdit::event(e);
 }
 
 QString ChampNombre::Filtre(const QString& texte, const QString& reste) const {
@@ -196,6 +227,8 @@ void ChampNombre::keyPressEvent(QKeyEvent* e) {
     const QPointer<ChampNombre> moi(this);
     Accepte();
     DitQuitte(true);
+    if (moi == nullptr) return;
+    Q_EMIT Entree();
     if (moi == nullptr) return;
     if (!change && !refuse_) return e->ignore();
     selectAll();

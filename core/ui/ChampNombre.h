@@ -20,7 +20,8 @@ class ChampNombre : public QLineEdit {
   void EntierSeul() { entier_ = true; }
 
   // Shows a value of the program; it counts as the text on entry from then on, so that leaving the field after it
-  // is no change. A refusal stays.
+  // is no change. A refusal stays. What was typed before is taken over: a key of undo means the drawing from now
+  // on, and the typing again once there is something new.
   void Montre(const std::string& texte);
   [[nodiscard]] std::string Texte() const;
   [[nodiscard]] std::string TexteEntree() const { return entree_; }
@@ -38,8 +39,11 @@ class ChampNombre : public QLineEdit {
   // text counts as entered anew, so that leaving the field doesn't say it twice. A press on a control that doesn't
   // take the keyboard (a tool bar) and a shortcut say a change first, so that no command runs on an old value.
   void Quitte(bool change);
+  // Enter was pressed, behind `Quitte`.
+  void Entree();
 
  protected:
+  bool event(QEvent* e) override;
   bool eventFilter(QObject* objet, QEvent* e) override;
   void keyPressEvent(QKeyEvent* e) override;
   void focusInEvent(QFocusEvent* e) override;
@@ -50,6 +54,7 @@ class ChampNombre : public QLineEdit {
 
  private:
   void DitQuitte(bool memeInchange);
+  void OublieFrappe();
   [[nodiscard]] QString Filtre(const QString& texte, const QString& reste) const;
   void Colle(const QString& texte);
   void FiltreSaisie(const QString& texte);

@@ -1,6 +1,7 @@
 #include "core/ui/F_ParamAppli.h"
 
 #include <QListWidget>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QTabWidget>
@@ -154,8 +155,7 @@ QWidget* F_ParamAppli::PageLangue() {
   LB_Langues_ = Nomme(new QListWidget, QStringLiteral("LB_Langues"), QStringLiteral("Langue des textes"));
   boite->addWidget(Etiquette("Label_Langues", QStringLiteral("Langue :"), LB_Langues_));
   boite->addWidget(LB_Langues_);
-  boite->addWidget(
-      Phrase("Label_LangueNote", "Les autres fenêtres changent de langue à leur prochaine ouverture."));
+  boite->addWidget(Phrase("Label_LangueNote", "Les autres fenêtres changent de langue quand celle-ci se ferme."));
   return page;
 }
 
@@ -266,9 +266,11 @@ void F_ParamAppli::QuitteMRU(bool change) {
   VScroll_MRU_->setValue(Regl.gMaxMRU);
 }
 
+// The other windows keep their language until this one closes.
 void F_ParamAppli::DitCouleurs() {
-  if (CouleursChangees) CouleursChangees();
-  if (Svc.Rafraichit) Svc.Rafraichit();
+  if (!Svc.Rafraichit) return;
+  const QScopedValueRollback<std::string> langue(Regl.Langue, avant_.Langue);
+  Svc.Rafraichit();
 }
 
 void F_ParamAppli::accept() {

@@ -3,7 +3,6 @@
 
 #include <QDialog>
 #include <array>
-#include <functional>
 
 #include "core/Reglages.h"
 
@@ -23,9 +22,6 @@ class F_ParamAppli : public QDialog {
   Q_OBJECT
  public:
   explicit F_ParamAppli(QWidget* proprietaire = nullptr);
-
-  // Told after each change of a colour, besides `Svc.Rafraichit`: the legend of the main window follows.
-  std::function<void()> CouleursChangees;
 
  public Q_SLOTS:
   void accept() override;  // Btn_OK

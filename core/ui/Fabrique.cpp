@@ -1,5 +1,7 @@
 #include "core/ui/Fabrique.h"
 
+#include <QWheelEvent>
+
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 
@@ -61,6 +63,17 @@ ChampNombre* Champ(const QString& nom, const QString& unite, const QString& bull
   champ->setToolTip(bulle);
   champ->setMinimumWidth(LargeurChampMin);
   return champ;
+}
+
+QComboBox* Liste(const QString& nom, const QString& bulle, QWidget* parent) {
+  class SansRoue : public QComboBox {
+   public:
+    using QComboBox::QComboBox;
+
+   protected:
+    void wheelEvent(QWheelEvent* e) override { e->ignore(); }
+  };
+  return Nomme(new SansRoue(parent), nom, bulle);
 }
 
 QCheckBox* Coche(const QString& nom, const QString& texte, const QString& bulle, QWidget* parent) {

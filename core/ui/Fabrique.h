@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -47,6 +48,8 @@ QLabel* Phrase(const QString& nom, const QString& texte, QWidget* parent = nullp
 // A numeric field with its unit ("" for none).
 ChampNombre* Champ(const QString& nom, const QString& unite, const QString& bulle, QWidget* parent = nullptr);
 QCheckBox* Coche(const QString& nom, const QString& texte, const QString& bulle, QWidget* parent = nullptr);
+// A list that is opened to be changed: the wheel over a closed one goes to what lies behind it.
+QComboBox* Liste(const QString& nom, const QString& bulle, QWidget* parent = nullptr);
 QGroupBox* Groupe(const QString& nom, const QString& titre, QWidget* parent = nullptr);
 
 // A button of a window, with the picture of its name where there is one.

@@ -1,5 +1,6 @@
 #include "core/ui/Fenetres.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <algorithm>
 #include <map>
@@ -77,6 +78,13 @@ void InstalleTable(std::span<const LigneFenetre> table) {
     const LigneFenetre* ligne = ChercheFenetre(table, nom);
     return ligne == nullptr ? IssueFenetre::Absente : Ouvre(*ligne, proprietaire, *tenues);
   };
+}
+
+void TraduitFenetresOuvertes() {
+  TraduitBoiteAOutils();
+  for (QWidget* fenetre : QApplication::topLevelWidgets()) {
+    if (fenetre->isVisible() && fenetre->objectName().startsWith(QLatin1String("F_"))) TraduireFenetre(*fenetre);
+  }
 }
 
 void PrepareFenetre(QWidget& fenetre, const char* nom) {

@@ -59,6 +59,9 @@ extern std::function<bool(const std::string& nom)> FenetreExiste;
 // The colour dialog: a colour as in the settings in, the chosen one out, -1 when cancelled.
 extern std::function<int(QWidget* proprietaire, int couleur)> ChoisitCouleur;
 
+// Every window on show is loaded anew in the language in force; texts that it holds itself are its own affair.
+void TraduitFenetresOuvertes();
+
 // What every window does at its load: object name, icon, translation, place above its owner.
 void PrepareFenetre(QWidget& fenetre, const char* nom);
 

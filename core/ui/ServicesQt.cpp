@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QThread>
 #include <chrono>
 #include <cmath>
@@ -152,6 +153,9 @@ void PrepareDialogue(QFileDialog& dialogue, const DialogueFichier& demande) {
     dialogue.selectFile(QString::fromStdString(NomDe(demande.propose)));
   } else if (!demande.propose.empty()) {
     dialogue.selectFile(QString::fromStdString(demande.propose));
+  } else if (!demande.enregistrer) {
+    // No earlier file: where users put what they have just been given.
+    dialogue.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DesktopLocation));
   }
 }
 

@@ -15,6 +15,12 @@ static void ChargeRessources() { Q_INIT_RESOURCE(icones); }
 
 namespace ovelin {
 
+namespace {
+
+constexpr double ContrasteTexte = 4.5;  // text that must be read (WCAG 2, criterion 1.4.3)
+
+}  // namespace
+
 QColor EnCouleur(std::int32_t couleur) {
   const auto v = static_cast<std::uint32_t>(couleur);
   return QColor(static_cast<int>(v & 255U), static_cast<int>((v >> 8U) & 255U),
@@ -40,6 +46,17 @@ QColor CouleurLisible(const QColor& couleur, const QColor& fond) {
   const std::int32_t demandee = DeCouleur(couleur);
   const std::int32_t lisible = CouleurLisible(demandee, DeCouleur(fond));
   return lisible == demandee ? couleur : EnCouleur(lisible);
+}
+
+// From the ground on, towards the one of black and white that lies farther: the first grey that can be read is the
+// faintest.
+QColor GrisLisible(const QColor& fond) {
+  const std::int32_t sol = DeCouleur(fond);
+  const int sens = Contraste(sol, Couleur(255, 255, 255)) > Contraste(sol, 0) ? 1 : -1;
+  for (int v = fond.lightness() + sens; v > 0 && v < 255; v += sens) {
+    if (Contraste(sol, Couleur(v, v, v)) >= ContrasteTexte) return QColor(v, v, v);
+  }
+  return sens > 0 ? QColor(Qt::white) : QColor(Qt::black);
 }
 
 QColor Papier(const QWidget& w) { return EnCouleur(PapierDe(ThemeDe(w))); }

@@ -19,6 +19,8 @@ Theme ThemeDe(const QWidget& w);
 bool ThemeSombre(const QWidget& w);
 // The colour, or the same hue lighter or darker, so that it can be told from `fond` (contrast of 3 to 1).
 QColor CouleurLisible(const QColor& couleur, const QColor& fond);
+// The faintest grey that can be read as text on that ground (WCAG 2, criterion 1.4.3).
+QColor GrisLisible(const QColor& fond);
 // "Paper" of the picture and of previews: white in a light theme, a dark grey in a dark one.
 QColor Papier(const QWidget& w);
 

@@ -221,7 +221,6 @@ void F_BD::changeEvent(QEvent* e) {
 void F_BD::Valide() {
   RangeSaisie();
   if (Refuse() || !Ecrit()) return;
-  if (FichesChangees) FichesChangees();
   accept();
 }
 

@@ -3,7 +3,6 @@
 
 #include <QDialog>
 #include <array>
-#include <functional>
 #include <string>
 
 #include "database/GrilleBD.h"
@@ -21,9 +20,6 @@ class F_BD : public QDialog {
   Q_OBJECT
  public:
   explicit F_BD(QWidget* parent = nullptr);
-
-  // Called when the OK has written the presets.
-  std::function<void()> FichesChangees;
 
  protected:
   bool eventFilter(QObject* objet, QEvent* e) override;

@@ -19,13 +19,8 @@ constexpr const char* Section = "F_Representation";
 
 ArbreDocument::ArbreDocument(SorteArbre sorte, QWidget* parent)
     : QTreeView(parent), modele_(new ModeleArbre(sorte, this)) {
-  const bool initial = sorte == SorteArbre::Initial;
-  setObjectName(initial ? QStringLiteral("TreeView1") : QStringLiteral("TreeView2"));
-  const QString nom = TraduireOu(Section, objectName() + QStringLiteral("tt"),
-                                 initial ? QStringLiteral("Séquences et points du dessin")
-                                         : QStringLiteral("Séquences et points du trajet de l'outil"));
-  setAccessibleName(nom);
-  setToolTip(nom);
+  setObjectName(sorte == SorteArbre::Initial ? QStringLiteral("TreeView1") : QStringLiteral("TreeView2"));
+  Traduit();
   setHeaderHidden(true);
   setUniformRowHeights(true);
   setAnimated(false);
@@ -38,6 +33,15 @@ ArbreDocument::ArbreDocument(SorteArbre sorte, QWidget* parent)
   connect(this, &QTreeView::clicked, this, &ArbreDocument::Choisit);
   connect(this, &QTreeView::expanded, this, [this](const QModelIndex& i) { SuitRacine(i, true); });
   connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& i) { SuitRacine(i, false); });
+}
+
+void ArbreDocument::Traduit() {
+  const bool initial = Donnees().sorte == SorteArbre::Initial;
+  const QString nom = TraduireOu(Section, objectName() + QStringLiteral("tt"),
+                                 initial ? QStringLiteral("Séquences et points du dessin")
+                                         : QStringLiteral("Séquences et points du trajet de l'outil"));
+  setAccessibleName(nom);
+  setToolTip(nom);
 }
 
 Arbre& ArbreDocument::Donnees() { return modele_->Donnees(); }
@@ -90,6 +94,8 @@ void ArbreDocument::Remplit() {
   selectionModel()->select(choisis, QItemSelectionModel::ClearAndSelect);
   verticalScrollBar()->setValue(defile);
 }
+
+void ArbreDocument::RefaitTitres(Code2 code) { modele_->RefaitTitres(code); }
 
 void ArbreDocument::SuitSelection() {
   const std::int32_t derniere = Deploie({});

@@ -19,6 +19,10 @@ class ArbreDocument : public QTreeView {
   // Remplissage_Trace_Initial or _Decale: the tree is made anew and follows the selection. The place that was in
   // sight stays there.
   void Remplit();
+  // A point of that path has another place: its headline follows, nothing is filled anew.
+  void RefaitTitres(Code2 code);
+  // Its texts in the language in force.
+  void Traduit();
   // Selected paths expanded, in sight, their first point bold; the others collapsed.
   void SuitSelection();
   [[nodiscard]] Arbre& Donnees();

@@ -3,8 +3,10 @@
 #include <QEvent>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "core/Nombres.h"
+#include "core/ReglagesCourants.h"
 #include "workspace/Module_PanneauChamps.h"
 
 namespace ovelin {
@@ -61,6 +63,7 @@ void CadreDeplacement::Flechette(const char* nom, const char* bulle, Axe& axe, d
                                  int ligne, int colonne) {
   QToolButton* bouton = BoutonIcone(nom, bulle);
   bouton->setAutoRepeat(true);
+  fleches_.push_back(bouton);
   connect(bouton, &QToolButton::clicked, this, [this, &axe, pas] { Ajoute(axe, pas); });
   grille->addWidget(bouton, ligne, colonne);
 }
@@ -75,7 +78,15 @@ bool CadreDeplacement::eventFilter(QObject* objet, QEvent* e) {
   return QGroupBox::eventFilter(objet, e);
 }
 
+// The settings may have changed with the settings window, a project, an undo.
+void CadreDeplacement::RegleRepetition() {
+  constexpr int Minimum = 25;  // ms; below, a held arrow runs away
+  const int periode = std::max(Regl.TimerInterval, Minimum);
+  for (QToolButton* fleche : fleches_) fleche->setAutoRepeatInterval(periode);
+}
+
 void CadreDeplacement::Montre(const std::string& x, const std::string& y) {
+  RegleRepetition();
   if (enMouvement_) return;
   const auto montre = [this](Axe& axe, const std::string& texte) {
     const auto v = LitNombre(texte);

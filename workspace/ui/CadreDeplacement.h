@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "workspace/Module_PanneauChamps.h"
 #include "workspace/ui/Saisie.h"
@@ -42,10 +43,12 @@ class CadreDeplacement : public QGroupBox {
   ChampEntre Bouge(const std::function<ChampEntre()>& mouvement);
   void Entre(Axe& axe, const std::string& texte);
   bool Ajoute(Axe& axe, double pas);
+  void RegleRepetition();
   void Defile(Axe& axe, int valeur);
   void Regle(Axe& axe, int valeur);
 
   Axe x_, y_;
+  std::vector<QToolButton*> fleches_;
   bool enMouvement_ = false;
 };
 

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "core/Services.h"
+#include "core/ui/Fabrique.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 #include "workspace/Module_Cycle.h"
@@ -181,9 +182,8 @@ void CommandesPrincipales::AjouteMateriau() {
   rangee->setContentsMargins(2, 0, 2, 0);
   auto* etiquette = new QLabel(QStringLiteral("Matériau"), cadre);
   etiquette->setObjectName(QStringLiteral("Lbl_BD"));
-  cbBD_ = new QComboBox(cadre);
-  cbBD_->setObjectName(QStringLiteral("CB_BD"));
-  cbBD_->setToolTip(QStringLiteral("Matériau : rayon, profondeurs, vitesses et encoches en une fois"));
+  cbBD_ = Liste(QStringLiteral("CB_BD"),
+                QStringLiteral("Matériau : rayon, profondeurs, vitesses et encoches en une fois"), cadre);
   cbBD_->setMinimumContentsLength(16);
   cbBD_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   etiquette->setBuddy(cbBD_);

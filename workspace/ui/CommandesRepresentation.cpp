@@ -9,6 +9,7 @@
 #include "core/Traduction.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
+#include "core/ui/TraduitFenetre.h"
 #include "database/Module_BD.h"
 #include "toolpath/Module_Nettoyage.h"
 #include "toolpath/Module_Ordre.h"
@@ -41,7 +42,7 @@ Executions F_Representation::ToutesExecutions() {
   e["mnu_Undo"] = [this] { Annule(); };
   e["mnu_Tout"] = [] { CB_Tout(); };
   e["mnu_InverseSelection"] = [] { CB_InverseSelection(); };
-  e["mnu_Supprimer"] = [] { CB_Supprimer(); };
+  e["mnu_Supprimer"] = [this] { Supprime(); };
   e["mnu_ZoomPlus"] = [this] { Redessine(mnu_ZoomPlus()); };
   e["mnu_ZoomMoins"] = [this] { Redessine(mnu_ZoomMoins()); };
   e["mnu_Zoom1"] = [this] { Redessine(mnu_Zoom1(PB1_->Taille())); };
@@ -71,15 +72,11 @@ Executions F_Representation::ToutesExecutions() {
   // windows that the document or this window follows
   e["mnu_Nettoyage"] = [this] { mnu_Nettoyage(); };
   e["mnu_BD"] = [this] {
-    if (Fenetre("F_BD") == IssueFenetre::Acceptee) RemplitCB_BD();
+    if (Fenetre("F_BD") != IssueFenetre::Acceptee) return;
+    ChercheFiche();  // a record may have another name, or other values than those in force
+    RemplitCB_BD();
   };
-  e["mnu_ParamAppli"] = [this] {
-    if (Fenetre("F_ParamAppli") != IssueFenetre::Acceptee) return;
-    // The colours and the period of the timer may have changed.
-    panneau_->Couleurs();
-    RegleTimer_Interro();
-    Rafraichit();
-  };
+  e["mnu_ParamAppli"] = [this] { mnu_ParamAppli(); };
   for (const LigneCommande& c : TableCommandes()) {
     if (*c.fenetre == '\0') continue;
     if (!FenetreExiste || !FenetreExiste(c.fenetre)) {
@@ -121,6 +118,7 @@ void F_Representation::FinitOuverture() {
 
 void F_Representation::ApresOuverture() {
   panneau_->Fraisage()->RemplitOutil();
+  PB1_->setFocus(Qt::OtherFocusReason);
   if (NbPoints >= 0) return;
   // Nothing was read: lists and picture are empty, as the document is.
   Rafraichit();
@@ -137,6 +135,56 @@ void F_Representation::Annule() {
   panneau_->OublieDeplacement();
   panneau_->InitSeq();
   panneau_->Fraisage()->RemplitOutil();
+  MontreMateriau();
+}
+
+// The points that are chosen in the tree, or else the selected paths.
+void F_Representation::Supprime() {
+  const std::vector<std::int32_t> points = panneau_->TreeView1()->PointsChoisis();
+  if (points.empty()) {
+    DemandeSupprimer();
+  } else {
+    SupprimePoints(points);
+  }
+}
+
+// Colours, the period of the arrows and the language may have changed. The other windows follow a new language when
+// this one closes, all of them at once.
+void F_Representation::mnu_ParamAppli() {
+  const std::string langue = Regl.Langue;
+  const bool acceptee = Fenetre("F_ParamAppli") == IssueFenetre::Acceptee;
+  const bool autre = Regl.Langue != langue;
+  if (autre) ChangeLangue();
+  if (!acceptee && !autre) return;
+  panneau_->Couleurs();
+  Rafraichit();
+}
+
+void F_Representation::ChangeLangue() {
+  TraduitFenetresOuvertes();
+  Titre();
+  panneau_->Traduit();
+  PB1_->Traduit();
+  carte_.reset();
+  AfficheCarte();
+  commandes_->CB_BD()->setItemText(0, QString::fromStdString(Traduire(Section, "50")));
+  BulleMateriau();
+}
+
+// A project and an undo bring their own values: another row of the list than the one that was chosen last, or none.
+void F_Representation::MontreMateriau() {
+  commandes_->CB_BD()->setCurrentIndex(ChercheFiche());
+  BulleMateriau();
+}
+
+void F_Representation::BulleMateriau() {
+  const QString aucun = QString::fromStdString(Traduire(Section, "50"));
+  const QString nom = MateriauCourant.empty() ? aucun : QString::fromStdString(MateriauCourant);
+  commandes_->CB_BD()->setToolTip(
+      TraduireOu(Section, "CB_BDtt",
+                 QStringLiteral("Matériau : rayon, profondeurs, vitesses et encoches en une fois")) +
+      QLatin1Char('\n') + TraduireOu(Section, "CB_BDvigueur", QStringLiteral("En vigueur :")) + QLatin1Char(' ') +
+      nom);
 }
 
 // The entry in front applies nothing; the index of a row is its number.
@@ -146,12 +194,15 @@ void F_Representation::RemplitCB_BD() {
   combo->addItem(QString::fromStdString(Traduire(Section, "50")));
   for (const FicheMateriau& fiche : LitFiches()) combo->addItem(QString::fromStdString(fiche.champs[0]));
   combo->setCurrentIndex(0);
+  BulleMateriau();
 }
 
 void F_Representation::ChoisitMateriau(int rang) {
   if (rang > 0) AppliqueMateriau(rang);
   panneau_->Fraisage()->RemplitOutil();
   panneau_->InitSeq();
+  BulleMateriau();
+  PB1_->setFocus(Qt::OtherFocusReason);
 }
 
 // The settings file makes room for a fresh one when the program ends, which it does now.

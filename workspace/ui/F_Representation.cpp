@@ -249,6 +249,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
     return;
   }
   panneau_->Fraisage()->RemplitOutil();
+  PB1_->setFocus(Qt::OtherFocusReason);
   if (FenetreExiste && FenetreExiste("F_PilMan")) Fenetre("F_PilMan");
 }
 
@@ -315,6 +316,7 @@ void F_Representation::DessinOuvert(bool ouvert) {
   RelacheOutils();
   SuitOutils();
   Titre();
+  MontreMateriau();
   mnu_Zoom1(PB1_->Taille());
 }
 
@@ -350,12 +352,15 @@ void F_Representation::SuitOutils() {
 }
 
 void F_Representation::RegleTimer_Interro() {
-  constexpr int PeriodeMin = 50;  // ms
-  Timer_Interro_->start(std::max(Regl.TimerInterval, PeriodeMin));
+  constexpr int Periode = 1000, PeriodeMin = 50;  // ms
+  const double voulue = LitNombre(LireCleIni("PeriodeInterro", "")).value_or(Periode);
+  Timer_Interro_->start(std::max(Arrondi32(voulue), PeriodeMin));
 }
 
 void F_Representation::AfficheCarte() {
   const bool presente = CdeZENIK && CdeZENIK->IsAvailable();
+  if (carte_ == presente) return;
+  carte_ = presente;
   SB1_->Carte(TraduireOu(Section, presente ? "Carte_usb" : "Carte_aucune",
                          presente ? QStringLiteral("Carte ZENIK") : QStringLiteral("Sans carte")),
               TraduireOu(Section, "Carte_tt", QStringLiteral("Carte de commande de la machine")));
@@ -380,11 +385,17 @@ void F_Representation::dropEvent(QDropEvent* e) {
   const std::string chemin = FichierDepose(e->mimeData());
   if (chemin.empty()) return;
   e->acceptProposedAction();
-  // The program that the file comes from waits for the answer: the opening, with its dialogs, comes after it.
-  // Not inside a pass that has begun meanwhile, either.
+  Depose(chemin);
+}
+
+// The program that the file comes from waits for the answer: the opening, with its dialogs, comes after it. Not
+// inside a pass that has begun meanwhile, either.
+bool F_Representation::Depose(const std::string& chemin) {
+  if (!SeDepose(ExtensionDe(chemin))) return false;
   Apres([moi = QPointer<F_Representation>(this), chemin] {
     if (moi != nullptr) moi->Ouvre(chemin);
   });
+  return true;
 }
 
 bool F_Representation::eventFilter(QObject* objet, QEvent* e) {

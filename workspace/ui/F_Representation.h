@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QSplitter>
+#include <optional>
 #include <string>
 
 #include "core/Services.h"
@@ -26,6 +27,10 @@ class F_Representation : public QMainWindow {
   // The load, in its binding order; `ligneCommande` as the program was given it. The window must have its services
   // (see InstalleServicesQt); it adds those that show the document.
   void Form_Load(const std::string& ligneCommande);
+
+  // A file is opened as one that is dropped on the window, once nothing long runs. False: the window opens no such
+  // kind, and nothing comes of it.
+  bool Depose(const std::string& chemin);
 
   // The user's documents, where a copy of the settings file is left at the end; "" for none.
   std::string DossierDocuments;
@@ -54,9 +59,12 @@ class F_Representation : public QMainWindow {
   void Redessine(bool du);  // Dessin where a procedure says that it is due
   void SuitSouris(const SuiteSouris& suite);
   void SuitOutils();
-  void AfficheCarte();
+  void AfficheCarte();  // the board's panel, where its presence has changed
   void RegleTimer_Interro();
   void Titre();
+  void MontreMateriau();  // the list of materials and its tip follow what is in force
+  void BulleMateriau();
+  void ChangeLangue();  // every text anew
 
   // commands
   Executions ToutesExecutions();
@@ -66,6 +74,8 @@ class F_Representation : public QMainWindow {
   void RemplitCB_BD();
   void ChoisitMateriau(int rang);
   IssueFenetre Fenetre(const char* nom);
+  void Supprime();
+  void mnu_ParamAppli();
   void mnu_Defaut();
   void mnu_Nettoyage();
   void MenuImage(const QPoint& ecran);
@@ -96,6 +106,7 @@ class F_Representation : public QMainWindow {
   FrameAvancement* cadre_ = nullptr;
   QTimer* Timer_Interro_ = nullptr;
   QTimer* Timer_Cadre_ = nullptr;
+  std::optional<bool> carte_;  // the board's presence as it is shown
   bool charge_ = false;
   bool ouvre_ = false;         // an opening runs, its dialogs included
   bool fermetureDue_ = false;  // the window was to close meanwhile

@@ -91,16 +91,20 @@ ImagePB1::ImagePB1(QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(80, 60);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  setAccessibleName(TraduireOu(Section, QStringLiteral("PB1nom"), QStringLiteral("Dessin")));
-  setAccessibleDescription(TraduireOu(
-      Section, QStringLiteral("PB1aide"),
-      QStringLiteral(
-          "Dessin et trajet de l'outil. Clic : sélectionner ; molette : zoom ; bouton droit : déplacer la vue")));
+  Traduit();
   taille_.setSingleShot(true);
   taille_.setInterval(AttenteTaille);
   connect(&taille_, &QTimer::timeout, this, &ImagePB1::MetEnPage);
   suite_.setSingleShot(true);
   connect(&suite_, &QTimer::timeout, this, &ImagePB1::Acheve);
+}
+
+void ImagePB1::Traduit() {
+  setAccessibleName(TraduireOu(Section, QStringLiteral("PB1nom"), QStringLiteral("Dessin")));
+  setAccessibleDescription(TraduireOu(
+      Section, QStringLiteral("PB1aide"),
+      QStringLiteral(
+          "Dessin et trajet de l'outil. Clic : sélectionner ; molette : zoom ; bouton droit : déplacer la vue")));
 }
 
 TailleImage ImagePB1::Taille() const {

@@ -20,6 +20,8 @@ class ImagePB1 : public QWidget {
  public:
   explicit ImagePB1(QWidget* parent = nullptr);
 
+  // Its texts in the language in force.
+  void Traduit();
   // Inner size, twips.
   [[nodiscard]] TailleImage Taille() const;
   // The buttons mnu_NumPoint and mnu_Sequence; a Dessin shows the change.

@@ -39,11 +39,21 @@ void ModeleArbre::RacineOuverte(bool ouverte) {
   Q_EMIT dataChanged(Racine(), Racine(), {Qt::DecorationRole});
 }
 
-void ModeleArbre::Redit() { Q_EMIT dataChanged(Racine(), Racine()); }
+void ModeleArbre::RefaitTitres(Code2 code) {
+  ovelin::RefaitTitres(arbre_, code);
+  for (std::size_t i = 0; i < arbre_.groupes.size(); ++i) {
+    const GroupeArbre& g = arbre_.groupes[i];
+    if (g.code != code) continue;
+    Q_EMIT dataChanged(Groupe(i), Groupe(i));
+    if (g.nombre > 0) Q_EMIT dataChanged(Point(i, 0), Point(i, static_cast<std::size_t>(g.nombre) - 1));
+  }
+}
 
 QColor ModeleArbre::Couleur(std::int32_t couleur) const {
   const auto [it, neuve] = couleurs_.try_emplace(couleur);
-  if (neuve) it->second = CouleurLisible(EnCouleur(couleur), fond_);
+  // The light grey of what is not milled would turn into a black on white paper, or pass for white on black.
+  if (neuve)
+    it->second = couleur == CouleurNonFraisee ? GrisLisible(fond_) : CouleurLisible(EnCouleur(couleur), fond_);
   return it->second;
 }
 

@@ -23,8 +23,8 @@ class ModeleArbre : public QAbstractItemModel {
   void PoseFond(const QColor& fond);
   // The root shows its open image.
   void RacineOuverte(bool ouverte);
-  // Lines may look different from now on.
-  void Redit();
+  // A point of that path has changed its place: its headline and its lines are read anew, the rest stays.
+  void RefaitTitres(Code2 code);
 
   [[nodiscard]] QModelIndex Racine() const { return index(0, 0); }
   [[nodiscard]] QModelIndex Groupe(std::size_t groupe) const;

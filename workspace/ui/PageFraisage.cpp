@@ -18,7 +18,7 @@ struct LigneOutil {
   const char* champ;
   const char* etiquette;
   const char* texte;
-  const char* unite;
+  const char* unite;  // "" where the label holds it
   const char* bulle;
   bool (*entre)(const std::string&);
   std::string (*valeur)();
@@ -41,16 +41,26 @@ constexpr LigneOutil LignesOutil[] = {
     {"TB_MiniEncoche", "Lbl_MiniEncoche", "Hauteur mini des encoches", "mm",
      "Hauteur du pont de matière au-dessus du fond de la coupe", EntreMiniEncoche,
      [] { return TexteNombre(MiniEncoche); }, CleNegatif, Negatif},
-    {"TB_HautDeg", "Lbl_HautDeg", "Hauteur dégagement (mm)", "mm",
+    {"TB_HautDeg", "Lbl_HautDeg", "Hauteur dégagement (mm)", "",
      "Hauteur de l'outil au-dessus de la matière pendant les déplacements", EntreHautDeg,
      [] { return TexteNombre(Regl.HautDeg); }, CleNegatif, Negatif},
-    {"TB_PCPoche", "Lbl_PCPoche", "% recouvrement poches", "%",
+    {"TB_PCPoche", "Lbl_PCPoche", "% recouvrement poches", "",
      "Part de la passe précédente que l'outil recouvre dans une poche", EntrePCPoche,
      [] { return TexteNombre(static_cast<long>(PCPoche)); }, "", ""},
     {"TB_ProfPasse", "Lbl_ProfPasse", "Profondeur de passe maxi", "mm",
      "Profondeur d'une passe, négative : -1 enlève 1 mm à chaque passe", EntreProfPasse,
      [] { return TexteNombre(ProfPasse); }, "lib361", "La profondeur doit être négative."},
 };
+
+// The rule of the height looks at the one in force, so that a negative entry would get through once: it stops here.
+// One that is in force already, out of a project or the settings, gives way to any good entry.
+bool GardeHautDeg(const std::string& texte) {
+  const auto v = LitNombre(texte);
+  if (!v) return true;
+  if (*v < 0) return false;
+  if (HautDeg < 0) HautDeg = 0;
+  return true;
+}
 
 // What a value of the overlap means that is no overlap; nothing for 0 to 99.
 QString AvisPoche(int pourCent) {
@@ -163,7 +173,8 @@ void PageFraisage::Remplit(const ChampsPanneau& champs) {
   selection_->setEnabled(champs.selectionnees > 0);
   poche_->setChecked(champs.CB_Poche);
   fraiser_->setChecked(champs.CB_Fraiser);
-  profondeur_->Montre(TexteProfondeur(champs.TB_Profondeur));
+  profondeurEntiere_ = champs.TB_Profondeur;
+  profondeur_->Montre(TexteProfondeur(profondeurEntiere_));
   decalCommun_ = champs.communes.Decalage;
   decal_[static_cast<std::size_t>(champs.Option_Decal - 1)]->setChecked(true);
   BullesCotes();
@@ -199,6 +210,10 @@ void PageFraisage::FocusLargeurEncoche() {
 
 // A refused value that is in force all the same stays in sight with its reason.
 void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte) {
+  if (champ.entre == EntreHautDeg && !GardeHautDeg(texte)) {
+    return champ.saisie->Refuse(TextePanneau(champ.raison, champ.sinon),
+                                LitNombre(texte) == LitNombre(champ.valeur()));
+  }
   if (champ.entre(texte)) {
     champ.saisie->Montre(champ.valeur());
   } else if (!EstNumerique(texte)) {
@@ -212,8 +227,9 @@ void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte)
 }
 
 // A refused depth changes nothing: the field shows again what is in force, and why.
+// One that is confirmed as it stands is the depth behind it, not the rounded one that is shown.
 void PageFraisage::Profondeur(const std::string& texte) {
-  if (EntreProfondeur(texte)) return;
+  if (EntreProfondeur(texte == profondeur_->EnVigueur() ? profondeurEntiere_ : texte)) return;
   const auto v = LitNombre(texte);
   profondeur_->Montre(profondeur_->EnVigueur());
   if (!v) {

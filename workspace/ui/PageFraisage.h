@@ -51,6 +51,7 @@ class PageFraisage : public QWidget {
   QCheckBox* poche_ = nullptr;
   QCheckBox* fraiser_ = nullptr;
   Saisie* profondeur_ = nullptr;
+  std::string profondeurEntiere_;  // the depth that the field shows rounded
   std::array<QRadioButton*, 3> decal_{};
   std::vector<ChampOutil> outil_;
   QLabel* avisPoche_ = nullptr;

@@ -132,6 +132,7 @@ QWidget* PagePoints::Position() {
   ligne->addWidget(positionOK_);
   cadrePosition_->hide();
   connect(positionOK_, &QAbstractButton::clicked, this, &PagePoints::PositionOK);
+  for (ChampNombre* champ : {x_, y_}) connect(champ, &ChampNombre::Entree, this, &PagePoints::PositionOK);
   return cadrePosition_;
 }
 
@@ -214,7 +215,11 @@ void PagePoints::PositionOK() {
     return;
   }
   const std::int32_t i = PointActuel();
-  if (!CB_PositionOK(i, x_->Texte(), y_->Texte())) return;
+  if (i < 0) return;
+  if (AvantPosition) AvantPosition(TraceInitial[static_cast<std::size_t>(i)].Seq);
+  const bool place = CB_PositionOK(i, x_->Texte(), y_->Texte());
+  if (ApresPosition) ApresPosition();
+  if (!place) return;
   cadrePosition_->hide();
   position_->setChecked(false);
 }

@@ -26,6 +26,9 @@ class PagePoints : public QWidget {
   void MontrePoint(const ResultatClic& clic);  // a point line of TreeView1 was clicked: it becomes the current one
   // The selected point lines of TreeView1, indices in TraceInitial, rising.
   std::function<std::vector<std::int32_t>()> PointsChoisis;
+  // Around the move of a point of that path, which changes nothing but places in the lists.
+  std::function<void(Code2 code)> AvantPosition;
+  std::function<void()> ApresPosition;
 
  private:
   QWidget* Liste();

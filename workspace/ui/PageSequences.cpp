@@ -24,7 +24,7 @@ struct Commande {
 constexpr Commande Commandes1[] = {
     {"CB_Tout", "Tout sélectionner", CB_Tout, false},
     {"CB_InverseSelection", "Inverser la sélection", CB_InverseSelection, false},
-    {"CB_Supprimer", "Supprimer les séquences choisies", CB_Supprimer, true},
+    {"CB_Supprimer", "Supprimer les séquences choisies", [] { DemandeSupprimer(); }, true},
     {"CB_Ordre_0", "Fraiser plus tôt dans l'ordre", [] { ChangeOrdre(0); }, true},
     {"CB_Ordre_1", "Fraiser plus tard dans l'ordre", [] { ChangeOrdre(1); }, true},
     {"CB_Inversion", "Inverser le sens du parcours : l'outil passe de l'autre côté", InverseSelectionnees, true},

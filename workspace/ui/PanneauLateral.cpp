@@ -65,12 +65,13 @@ PanneauLateral::PanneauLateral(QWidget* parent) : QSplitter(Qt::Vertical, parent
   setStretchFactor(0, 1);
   setStretchFactor(1, 0);
   points_->PointsChoisis = [this] { return TreeView1()->PointsChoisis(); };
+  points_->AvantPosition = [this](Code2 code) { place_ = code; };
+  points_->ApresPosition = [this] { place_.reset(); };
   for (ArbreDocument* arbre : arbres_) {
     connect(arbre, &ArbreDocument::Clic, this, &PanneauLateral::ClicArbre);
     connect(arbre, &ArbreDocument::MenuContexte, this, &PanneauLateral::MenuArbre);
   }
-  choixArbre_->setAccessibleName(TraduireOu(Section, "Option_DI", QStringLiteral("Arbre montré")));
-  choixPage_->setAccessibleName(TraduireOu(Section, "Option1", QStringLiteral("Page montrée")));
+  Traduit();
   connect(this, &QSplitter::splitterMoved, this, [this] { regle_ = true; });
   Option1(PageSequence::Fraisage);
 }
@@ -131,8 +132,20 @@ void PanneauLateral::Couleurs() {
   }
 }
 
+void PanneauLateral::Traduit() {
+  choixArbre_->setAccessibleName(TraduireOu(Section, "Option_DI", QStringLiteral("Arbre montré")));
+  choixPage_->setAccessibleName(TraduireOu(Section, "Option1", QStringLiteral("Page montrée")));
+  for (ArbreDocument* arbre : arbres_) arbre->Traduit();
+}
+
+// A point that has only moved leaves the lines of the drawing where they are.
 void PanneauLateral::RemplitArbres() {
-  for (ArbreDocument* arbre : arbres_) arbre->Remplit();
+  if (place_) {
+    TreeView1()->RefaitTitres(*place_);
+  } else {
+    TreeView1()->Remplit();
+  }
+  TreeView2()->Remplit();
 }
 
 void PanneauLateral::InitSeq() {

@@ -5,6 +5,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <optional>
 
 #include "workspace/Module_Panneau.h"
 #include "workspace/ui/ArbreDocument.h"
@@ -27,6 +28,7 @@ class PanneauLateral : public QSplitter {
   [[nodiscard]] PageFraisage* Fraisage() const { return fraisage_; }
   [[nodiscard]] PageSequences* SequencesPage() const { return sequences_; }
 
+  void Traduit();                   // its texts in the language in force
   void Option1(PageSequence page);  // shows that page
   void Couleurs();                  // Option_DI takes the colours of the two traces
   void RemplitArbres();
@@ -59,6 +61,7 @@ class PanneauLateral : public QSplitter {
   QStackedWidget* pilePages_ = nullptr;
   bool regle_ = false;            // the user has moved the line between trees and pages
   std::vector<Code2> selection_;  // paths that the panel shows
+  std::optional<Code2> place_;    // path of the point that is being moved
 };
 
 }  // namespace ovelin

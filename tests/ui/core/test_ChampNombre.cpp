@@ -428,4 +428,45 @@ TEST_F(Champ, AFieldThatIsOnlyReadTakesNoKey) {
   EXPECT_EQ(champ_->Texte(), "3");
 }
 
+// ---- undo
+
+TEST_F(Champ, UndoIsTheFieldsOwnUntilItsTextIsTakenOver) {
+  QAction annule(&fenetre_);
+  annule.setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
+  fenetre_.addAction(&annule);
+  int dessin = 0;
+  QObject::connect(&annule, &QAction::triggered, [&] { ++dessin; });
+  Ouvre();
+  Frappe("12");
+  Touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(dessin, 0);
+  EXPECT_NE(champ_->Texte(), "12");
+  champ_->selectAll();
+  Frappe("7");
+  Touche(Qt::Key_Return);
+  Touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(dessin, 1);
+  EXPECT_EQ(champ_->Texte(), "7");
+}
+
+TEST_F(Champ, AValueShownAnewEndsTheHistoryOfTheTyping) {
+  Ouvre();
+  Frappe("8");
+  champ_->Montre("8");
+  EXPECT_FALSE(champ_->isUndoAvailable());
+  Frappe("5");
+  EXPECT_TRUE(champ_->isUndoAvailable());
+}
+
+TEST_F(Champ, SaysAnEnterBehindTheEntry) {
+  std::vector<std::size_t> derriere;  // leavings before each Enter
+  QObject::connect(champ_, &ChampNombre::Entree, [&] { derriere.push_back(quittes_.size()); });
+  Ouvre();
+  Frappe("3");
+  Touche(Qt::Key_Return);
+  EXPECT_THAT(derriere, ElementsAre(1U));
+  Touche(Qt::Key_Tab);
+  EXPECT_THAT(derriere, ElementsAre(1U)) << "leaving is no Enter";
+}
+
 }  // namespace

@@ -270,39 +270,39 @@ TEST_F(ParamAppli, EachButtonSetsItsColourAtOnceAndItsSampleTakesIt) {
 TEST_F(ParamAppli, AColourThatIsNotChosenStays) {
   ChoisitCouleur = [](QWidget*, int) { return -1; };
   int dit = 0;
-  auto& f = Ouvre(1);
-  f.CouleursChangees = [&] { ++dit; };
+  Svc.Rafraichit = [&] { ++dit; };
+  Ouvre(1);
   Appuie("Btn_Couleur_1");
   EXPECT_EQ(Regl.CouleurSequence, Couleur(0, 0, 255));
   EXPECT_EQ(dit, 0);
 }
 
-TEST_F(ParamAppli, TheLegendIsToldOfEveryColour) {
+TEST_F(ParamAppli, ThePictureFollowsEveryColour) {
   ChoisitCouleur = [](QWidget*, int) { return 9; };
-  int legende = 0;
-  int image = 0;
-  Svc.Rafraichit = [&] { ++image; };
-  auto& f = Ouvre(1);
-  f.CouleursChangees = [&] {
-    ++legende;
-    if (legende == 1) {
-      EXPECT_EQ(Regl.CouleurDecalage, 9);
-    }
-  };
+  std::vector<std::int32_t> vues;
+  Svc.Rafraichit = [&] { vues.push_back(Regl.CouleurDecalage); };
+  Ouvre(1);
   Appuie("Btn_Couleur_4");
-  EXPECT_EQ(legende, 1);
-  EXPECT_EQ(image, 1);
   Appuie("Btn_Valeurs_Defaut");
-  EXPECT_EQ(legende, 2);
-  Controle<QPushButton>(f, "Btn_Couleur_4");
-  Appuie("Btn_Couleur_4");
   Appuie("Btn_Annuler");
-  EXPECT_EQ(legende, 4);
-  EXPECT_EQ(Regl.CouleurDecalage, Couleur(255, 0, 0));
+  EXPECT_THAT(vues, ElementsAre(9, Couleur(0, 255, 0), Couleur(255, 0, 0)));
 }
 
-// "CouleurSelectionne" is found again as "Couleurselectionne", since the settings file doesn't tell letter case;
-// "CouleurDeselectionne" is read by nobody.
+TEST_F(ParamAppli, TheOtherWindowsKeepTheirLanguageUntilThisOneCloses) {
+  ChoisitCouleur = [](QWidget*, int) { return 9; };
+  Regl.Langue = "fr";
+  std::string langue;
+  Svc.Rafraichit = [&] { langue = Regl.Langue; };
+  Ouvre(2);
+  ChoisitLangueParClic("Deutsch");
+  ASSERT_EQ(Regl.Langue, "de");
+  Controle<QTabWidget>(*fenetre_, "SSTab1")->setCurrentIndex(1);
+  essai::Evenements();
+  Appuie("Btn_Couleur_4");
+  EXPECT_EQ(langue, "fr");
+  EXPECT_EQ(Regl.Langue, "de");
+}
+
 TEST_F(ParamAppli, DefaultColoursGoThroughTheKeyStoreUnderTheirOwnKeys) {
   Regl.CouleurNumero = 5;
   Regl.CouleurInitial = 6;

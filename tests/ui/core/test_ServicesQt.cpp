@@ -1,10 +1,12 @@
 // The services of the core as the windows fill them: boxes, dialogs, prompts, clock.
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include "core/Fichiers.h"
@@ -213,6 +215,19 @@ TEST_F(ServicesQt, AColourIsChosenOrNot) {
   EXPECT_EQ(ChoisitCouleur(nullptr, Couleur(10, 20, 30)), Couleur(10, 20, 30));
   QTimer::singleShot(0, [] { qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject(); });
   EXPECT_EQ(ChoisitCouleur(nullptr, Couleur(10, 20, 30)), -1);
+}
+
+TEST_F(ServicesQt, WithoutAnEarlierFileTheOpenDialogStartsOnTheDesktop) {
+  const QString bureau = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+  QDir().mkpath(bureau);
+  DialogueFichier d;
+  d.cle = "mnu_Ouvrir";
+  d.motif = "*.DXF";
+  Quand<QFileDialog>([&](QFileDialog& dialogue) {
+    EXPECT_EQ(dialogue.directory().absolutePath(), QDir(bureau).absolutePath());
+    dialogue.reject();
+  });
+  Svc.ChoisitFichier(d);
 }
 
 }  // namespace

@@ -167,4 +167,10 @@ TEST(IconeProgramme, StandsAgainAfterItWasForgotten) {
   EXPECT_EQ(IconeProgramme("mnu_Save").pixmap(QSize(32, 32)).toImage(), avant);
 }
 
+// Figures of the definition of contrast: #767676 on white is the lightest grey of 4.5 to 1.
+TEST(GrisLisible, IsTheFaintestThatCanBeRead) {
+  EXPECT_EQ(GrisLisible(Qt::white), QColor(0x76, 0x76, 0x76));
+  EXPECT_EQ(GrisLisible(Qt::black), QColor(0x75, 0x75, 0x75));
+}
+
 }  // namespace

@@ -70,10 +70,10 @@ TEST(F_BD, DeletingTheThirdOfFiveLeavesFourKeys) {
   EXPECT_EQ(LireCle("DB5", "$$"), "$$");
 }
 
-TEST(F_BD, OkTellsTheMainWindowAfterTheWriting) {
+TEST(F_BD, IsAcceptedAfterTheWriting) {
   BancBD b;
   std::size_t lues = 0;
-  b.f.FichesChangees = [&] { lues = LitFiches().size(); };
+  QObject::connect(&b.f, &QDialog::accepted, [&] { lues = LitFiches().size(); });
   b.MenuEn(b.Milieu(1, 1));
   b.Choisit("mnu_DB_Delete");
   b.Ok();
@@ -83,7 +83,7 @@ TEST(F_BD, OkTellsTheMainWindowAfterTheWriting) {
 TEST(F_BD, CancelChangesNothing) {
   BancBD b;
   bool change = false;
-  b.f.FichesChangees = [&] { change = true; };
+  QObject::connect(&b.f, &QDialog::accepted, [&] { change = true; });
   const auto avant = LitFiches();
   b.MenuEn(b.Milieu(1, 1));
   b.Choisit("mnu_DB_Delete");
@@ -172,7 +172,7 @@ TEST(F_BD, SaysThatTheSettingsFileCannotBeWritten) {
   OublieCles();
   Attend("F_BD", "lib002");
   bool change = false;
-  b.f.FichesChangees = [&] { change = true; };
+  QObject::connect(&b.f, &QDialog::accepted, [&] { change = true; });
   b.Ok();
   EXPECT_TRUE(b.f.isVisible());
   EXPECT_FALSE(change);

@@ -109,7 +109,20 @@ TEST(Remplit, APathThatIsNotMilledIsGreyButLegible) {
   const QColor gris = a.Couleur(a.Groupe(0));
   EXPECT_EQ(gris.hslSaturation(), 0);
   EXPECT_LT(gris.lightness(), 160) << "240 of 255 could not be told from white";
+  EXPECT_GT(gris.lightness(), 90) << "a grey, not the black of what is milled";
   EXPECT_EQ(a.Couleur(a.Groupe(1)), QColor(255, 0, 0));
+}
+
+TEST(Remplit, APathThatIsNotMilledIsNoWhiteOnADarkTheme) {
+  DeuxCarres();
+  Sequences[0].Fraiser = Faux;
+  const Arbre1 a(SorteArbre::Decale);
+  essai::ThemeSombreEssai(true);
+  essai::Evenements();
+  const QColor gris = a.Couleur(a.Groupe(0));
+  EXPECT_EQ(gris.hslSaturation(), 0);
+  EXPECT_GT(gris.lightness(), 110);
+  EXPECT_LT(gris.lightness(), 170);
 }
 
 TEST(Remplit, TheRootHasAnOpenAndAClosedImage) {

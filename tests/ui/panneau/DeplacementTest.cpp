@@ -4,6 +4,7 @@
 #include <new>
 
 #include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/ui/panneau/Banc.h"
 
 namespace {
@@ -278,6 +279,19 @@ TEST_F(Deplacement, ArrowsAtTheEndsOfTheBarsMoveTheirWay) {
   EXPECT_NEAR(X(), 20.1, 1e-4);
   presse(h, QPoint(4, h->height() / 2));
   EXPECT_NEAR(X(), 20, 1e-4);
+}
+
+TEST_F(Deplacement, HeldArrowsRepeatByTheSetting) {
+  DeuxCarres();
+  Regl.TimerInterval = 410;
+  Ouvre();
+  for (const char* fleche : {"CB_Haut", "CB_Bas", "CB_Gauche", "CB_Droite"}) {
+    EXPECT_TRUE(C<QAbstractButton>(fleche)->autoRepeat());
+    EXPECT_EQ(C<QAbstractButton>(fleche)->autoRepeatInterval(), 410) << fleche;
+  }
+  Regl.TimerInterval = 120;
+  Remplit();
+  EXPECT_EQ(C<QAbstractButton>("CB_Haut")->autoRepeatInterval(), 120);
 }
 
 }  // namespace

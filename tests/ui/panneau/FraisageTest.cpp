@@ -368,4 +368,17 @@ TEST_F(Fraisage, EntryIsTakenOverByAPressOnAnotherControl) {
   EXPECT_EQ(Sequences[1].Poche, Vrai);
 }
 
+// 2.456 shows as -2.46; confirmed as it stands it is still 2.456.
+TEST_F(Fraisage, EnterInTheUntouchedDepthKeepsTheUnroundedOne) {
+  DeuxCarres();
+  Sequences[1].Profondeur = -2.456;
+  Ouvre();
+  ASSERT_EQ(Texte("TB_Profondeur"), "-2.46");
+  C("TB_Profondeur")->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(C("TB_Profondeur"), Qt::Key_Return);
+  EXPECT_EQ(Sequences[1].Profondeur, -2.456);
+  Tape(*C("TB_Profondeur"), "-2.5");
+  EXPECT_EQ(Sequences[1].Profondeur, -2.5);
+}
+
 }  // namespace

@@ -241,29 +241,34 @@ TEST_F(Outil, NegativeMinimumHeightIsStoredFirstAndNotWritten) {
 
 // --- TB_HautDeg
 
-TEST_F(Outil, NegativeClearanceGetsThroughOnceAndIsRefusedAtTheNextLeaving) {
+TEST_F(Outil, NegativeClearanceIsRefusedAtTheField) {
   Pret();
+  HautDeg = 10;
+  page_->RemplitOutil();
   Tape(*C("TB_HautDeg"), "-4");
-  EXPECT_EQ(HautDeg, -4);
-  EXPECT_EQ(Ecrits().HautDeg, -4);
-  EXPECT_EQ(Modifie, Vrai);
-  EXPECT_FALSE(Refuse("TB_HautDeg"));
-  // The next leaving, nothing typed.
-  essai::AttendTexte("< 0 !");
+  EXPECT_EQ(HautDeg, 10);
+  EXPECT_EQ(Modifie, Faux);
+  EXPECT_TRUE(Refuse("TB_HautDeg"));
+}
+
+TEST_F(Outil, NegativeClearanceInForceIsRefusedAtEachLeavingAndStays) {
+  Pret();
+  HautDeg = -4;
+  page_->RemplitOutil();
   C("TB_HautDeg")->setFocus(Qt::TabFocusReason);
   QTest::keyClick(C("TB_HautDeg"), Qt::Key_Tab);
   EXPECT_EQ(HautDeg, -4);
   EXPECT_TRUE(Refuse("TB_HautDeg"));
 }
 
-TEST_F(Outil, ClearanceTestsTheOldValueNotTheNewOne) {
+TEST_F(Outil, NegativeClearanceInForceGivesWayToAGoodEntry) {
   Pret();
   HautDeg = -4;
   page_->RemplitOutil();
-  essai::AttendTexte("< 0 !");
   Tape(*C("TB_HautDeg"), "8");
-  EXPECT_EQ(HautDeg, -4);
-  EXPECT_TRUE(Refuse("TB_HautDeg"));
+  EXPECT_EQ(HautDeg, 8);
+  EXPECT_EQ(Ecrits().HautDeg, 8);
+  EXPECT_FALSE(Refuse("TB_HautDeg"));
 }
 
 TEST_F(Outil, ClearanceIsWritten) {

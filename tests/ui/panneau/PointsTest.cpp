@@ -340,4 +340,24 @@ TEST_F(Points, GoToIsOnlyThereWithItsWindow) {
   EXPECT_EQ(ouverte, "F_PilMan");
 }
 
+TEST_F(Points, PositionIsTakenByTheEnterKey) {
+  DeuxCarres();
+  Ouvre();
+  Choisit({6});
+  Clique(*C("CB_Position"));
+  Tape(*C("TB_PositionX"), "44", Sortie::Entree);
+  EXPECT_EQ(TraceInitial[6].X, 44);
+  EXPECT_FALSE(C("Frame_Position")->isVisible());
+}
+
+TEST_F(Points, PositionIsNotTakenByLeavingItsField) {
+  DeuxCarres();
+  Ouvre();
+  Choisit({6});
+  const float avant = TraceInitial[6].X;
+  Clique(*C("CB_Position"));
+  Tape(*C("TB_PositionX"), "44");
+  EXPECT_EQ(TraceInitial[6].X, avant);
+}
+
 }  // namespace

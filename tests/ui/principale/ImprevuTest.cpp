@@ -81,6 +81,7 @@ TEST_F(Imprevu, AnUndoOutOfAnEmptyDrawingTakesTheInvitationAway) {
   Charge(Exemple("plaque.dxf"));
   const std::size_t points = TraceInitial.size();
   Commande("mnu_Tout");
+  essai::Attend("F_Representation", "SupprimerTout", Reponse::Oui);
   Commande("mnu_Supprimer");
   ASSERT_TRUE(C<QLabel>("Lbl_Vide")->isVisible());
   Commande("mnu_Undo");

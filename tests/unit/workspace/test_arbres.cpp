@@ -317,7 +317,8 @@ TEST(ClicArbre, AGroupAloneIsSelected) {
   EXPECT_TRUE(r.annuleEdition);
   EXPECT_EQ(Sequences[0].Selection, Faux);
   EXPECT_EQ(Sequences[1].Selection, Vrai);
-  EXPECT_EQ(essai::Panneaux().back(), std::make_pair(1, std::string(" A")));
+  EXPECT_EQ(SeqCourante, Code2(" B"));
+  EXPECT_EQ(essai::Panneaux().back(), std::make_pair(1, std::string(" B")));
 }
 
 TEST(ClicArbre, APlaceThatIsGoneDoesNothing) {

@@ -287,4 +287,11 @@ TEST(CoupeVeille, TheScreenSaverIsOffMeanwhileAndAsBeforeAfterwards) {
 
 TEST(CoupeVeille, WithoutADesktopNothingHappens) { const CoupeVeille coupe({}); }
 
+TEST(OuvreLigneCommande, TellsAnUnknownExtensionInTheUsersLanguage) {
+  essai::EcritFichierEssai("OVELINde.trad", "[erreurs]\nExtension=Unbekannte Dateiendung\n");
+  Regl.Langue = "de";
+  essai::AttendTexte("Unbekannte Dateiendung");
+  EXPECT_EQ(OuvreLigneCommande("/tmp/lettre.txt"), SuiteCommande::ExtensionInconnue);
+}
+
 }  // namespace

@@ -172,4 +172,26 @@ TEST(BoutonsSelection, DeletionWithoutASelectionDoesNothing) {
   EXPECT_EQ(SeqCourante, Code2(" A"));
 }
 
+TEST(DemandeSupprimer, AsksBeforeEveryPathOfTheDrawingGoes) {
+  essai::AjouteCarre(" A", 0, 0, 10);
+  essai::AjouteCarre(" B", 20, 0, 10);
+  SelectionneTout();
+  essai::Attend("F_Representation", "SupprimerTout", Reponse::Non);
+  EXPECT_FALSE(DemandeSupprimer());
+  EXPECT_EQ(NbPoints, 10);
+  essai::Attend("F_Representation", "SupprimerTout", Reponse::Oui);
+  EXPECT_TRUE(DemandeSupprimer());
+  EXPECT_EQ(IndexSequence(Code2(" A")), -1);
+  EXPECT_EQ(IndexSequence(Code2(" B")), -1);
+}
+
+TEST(DemandeSupprimer, TakesSomePathsOutWithoutAWord) {
+  essai::AjouteCarre(" A", 0, 0, 10);
+  essai::AjouteCarre(" B", 20, 0, 10);
+  Sequences[0].Selection = Faux;
+  EXPECT_TRUE(DemandeSupprimer());
+  EXPECT_GE(IndexSequence(Code2(" A")), 0);
+  EXPECT_EQ(IndexSequence(Code2(" B")), -1);
+}
+
 }  // namespace

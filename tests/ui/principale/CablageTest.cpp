@@ -1,0 +1,488 @@
+// What is connected to what: every button, list, switch and bar of the main window does its work.
+#include <QAbstractItemView>
+#include <QLabel>
+#include <QProgressBar>
+#include <QSplitter>
+#include <QTabBar>
+#include <QToolButton>
+#include <QTreeView>
+
+#include "core/Cles.h"
+#include "core/DocumentCourant.h"
+#include "core/Fichiers.h"
+#include "core/ReglagesCourants.h"
+#include "core/Traduction.h"
+#include "core/ui/ServicesQt.h"
+#include "database/Module_BD.h"
+#include "tests/ui/principale/FenetrePrincipale.h"
+#include "toolpath/Module_Ordre.h"
+#include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Souris.h"
+#include "workspace/Module_Vue.h"
+
+namespace {
+
+using namespace ovelin;
+using essai::Clique;
+using testing::ElementsAre;
+
+class Cablage : public essai::Principale {
+ protected:
+  void Plaque() { Charge(Exemple("plaque.dxf")); }
+  // Pressed on the tool bar with the mouse.
+  void Presse(const char* nom) { Clique(*C<QToolButton>(nom)); }
+  QImage Image() { return C<ImagePB1>("PB1")->Image(); }
+  // A line of a tree: a path, or a point of it.
+  void CliqueLigne(const char* arbre, int groupe, int point = -1, Qt::MouseButton bouton = Qt::LeftButton) {
+    auto* vue = C<QTreeView>(arbre);
+    QModelIndex ligne = vue->model()->index(groupe, 0, vue->model()->index(0, 0));
+    if (point >= 0) {
+      vue->expand(ligne);
+      ligne = vue->model()->index(point, 0, ligne);
+    }
+    vue->scrollTo(ligne);
+    QTest::mouseClick(vue->viewport(), bouton, {}, vue->visualRect(ligne).center());
+    essai::Evenements();
+  }
+  // A timer has run off.
+  void Sonne(const char* minuterie) {
+    QTimerEvent e(C<QTimer>(minuterie)->timerId());
+    QApplication::sendEvent(C<QTimer>(minuterie), &e);
+  }
+  std::string Etiquette(const char* nom) { return C<QLabel>(nom)->text().toStdString(); }
+};
+
+// --- tool bar
+
+TEST_F(Cablage, TheZoomButtonsStepAndFit) {
+  Plaque();
+  const float entier = Zoom;
+  Presse("mnu_ZoomPlus");
+  EXPECT_FLOAT_EQ(Zoom, entier * 1.1F);
+  Presse("mnu_ZoomMoins");
+  EXPECT_FLOAT_EQ(Zoom, entier * 1.1F * 0.9F);
+  const QImage petite = Image();
+  Presse("mnu_Zoom1");
+  EXPECT_FLOAT_EQ(Zoom, entier);
+  EXPECT_FALSE(Image() == petite) << "the picture follows";
+}
+
+TEST_F(Cablage, TheButtonsOfMarksAndNumbersSwitchThemOnAndOff) {
+  Plaque();
+  const QImage nue = Image();
+  for (const char* nom : {"mnu_NumPoint", "mnu_Sequence"}) {
+    Presse(nom);
+    EXPECT_TRUE(Menu(nom)->isChecked()) << nom;
+    EXPECT_TRUE(C<QToolButton>(nom)->isChecked()) << nom;
+    EXPECT_FALSE(Image() == nue) << nom;
+    Presse(nom);
+    EXPECT_TRUE(Image() == nue) << nom;
+  }
+}
+
+TEST_F(Cablage, TheButtonsOfTheToolsExcludeEachOther) {
+  Plaque();
+  Presse("mnu_Lever");
+  EXPECT_TRUE(Souris.mnu_Lever);
+  EXPECT_TRUE(C<QToolButton>("mnu_Lever")->isChecked());
+  Presse("mnu_ZoomSelection");
+  EXPECT_TRUE(Souris.mnu_ZoomSelection);
+  EXPECT_FALSE(Souris.mnu_Lever);
+  EXPECT_FALSE(C<QToolButton>("mnu_Lever")->isChecked());
+}
+
+TEST_F(Cablage, TheOptimiseButtonChoosesTheStartsAnew) {
+  Plaque();
+  const std::int32_t cadre = IndexSequence(Code2(" D"));
+  const auto avant = TraceInitial;
+  ASSERT_TRUE(ChangeDepart(cadre + 2));
+  ASSERT_FALSE(TraceInitial == avant);
+  Presse("mnu_Optimisation");
+  EXPECT_EQ(TraceInitial[static_cast<std::size_t>(cadre)].X, avant[static_cast<std::size_t>(cadre)].X);
+  EXPECT_EQ(TraceInitial[static_cast<std::size_t>(cadre)].Y, avant[static_cast<std::size_t>(cadre)].Y);
+}
+
+TEST_F(Cablage, TheUndoButtonGoesBack) {
+  Plaque();
+  const auto avant = TraceInitial;
+  C<ImagePB1>("PB1")->setFocus();
+  QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Right);
+  essai::Evenements();
+  ASSERT_FALSE(TraceInitial == avant);
+  Presse("mnu_Undo");
+  EXPECT_TRUE(TraceInitial == avant);
+}
+
+TEST_F(Cablage, TheFileButtonsOpenAndSave) {
+  Plaque();
+  const std::string un = essai::Dossier() + "/un.OVL";
+  const std::string deux = essai::Dossier() + "/deux.OVL";
+  essai::AttendFichier("mnu_Save", un);
+  Presse("mnu_Save");
+  EXPECT_TRUE(FichierExiste(un));
+  essai::AttendFichier("mnu_SaveAs", deux);
+  Presse("mnu_SaveAs");
+  EXPECT_TRUE(FichierExiste(deux));
+  EXPECT_EQ(fenetre_->windowTitle(), "OVELIN <-> deux.OVL");
+  essai::AttendFichier("mnu_Ouvrir", Exemple("equerre.dxf"));
+  Presse("mnu_Ouvrir");
+  EXPECT_EQ(NomDe(FichierCourant), "equerre.dxf");
+}
+
+TEST_F(Cablage, TheButtonsOfWindowsOpenThem) {
+  Plaque();
+  for (const char* nom : {"mnu_Fraisage", "mnu_Nettoyage", "mnu_BD"}) Presse(nom);
+  EXPECT_THAT(ouvertes_, ElementsAre("F_Fraisage", "F_Nettoyage", "F_BD"));
+}
+
+TEST_F(Cablage, TheZoomListStepsByItsArrowsItsItemsAndTheWheel) {
+  Plaque();
+  auto* combo = C<QComboBox>("Combo_Zoom");
+  const float debut = Zoom;
+  QTest::keyClick(combo, Qt::Key_Up);
+  EXPECT_GT(Zoom, debut);
+  QTest::keyClick(combo, Qt::Key_Down);
+  EXPECT_FLOAT_EQ(Zoom, debut);
+  for (const auto& [rang, plus] : {std::pair{0, true}, {2, false}}) {
+    const float avant = Zoom;
+    combo->showPopup();
+    combo->view()->setCurrentIndex(combo->model()->index(rang, 0));
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+    essai::Evenements();
+    EXPECT_EQ(Zoom > avant, plus);
+    EXPECT_NE(Zoom, avant);
+    EXPECT_EQ(combo->currentText(), " ") << "the next choice is a change again";
+  }
+}
+
+// --- commands without a button
+
+TEST_F(Cablage, QuitClosesTheWindow) {
+  Charge();
+  Commande("mnu_Quitter");
+  EXPECT_FALSE(fenetre_->isVisible());
+}
+
+TEST_F(Cablage, SelectionCommandsActOnTheDrawing) {
+  Plaque();
+  CliqueLigne("TreeView1", 1);
+  Commande("mnu_InverseSelection");
+  EXPECT_EQ(Selectionnes().size(), Sequences.size() - 1);
+  Commande("mnu_Tout");
+  EXPECT_EQ(Selectionnes().size(), Sequences.size());
+}
+
+TEST_F(Cablage, ThePanelIsShutAndOpenedAgain) {
+  Plaque();
+  auto* separateur = C<QSplitter>("Separateur");
+  ASSERT_TRUE(Menu("mnu_Panneau")->isChecked());
+  Commande("mnu_Panneau");
+  EXPECT_EQ(separateur->sizes().value(1), 0);
+  Commande("mnu_Panneau");
+  EXPECT_GT(separateur->sizes().value(1), 200);
+}
+
+TEST_F(Cablage, AHandleThatIsDraggedShutTakesTheTickAway) {
+  Plaque();
+  auto* separateur = C<QSplitter>("Separateur");
+  QSplitterHandle* poignee = separateur->handle(1);
+  const QPoint milieu = poignee->rect().center();
+  QTest::mousePress(poignee, Qt::LeftButton, {}, milieu);
+  QTest::mouseMove(poignee, milieu + QPoint(separateur->width(), 0));
+  QTest::mouseRelease(poignee, Qt::LeftButton, {}, milieu + QPoint(separateur->width(), 0));
+  essai::Evenements();
+  ASSERT_EQ(separateur->sizes().value(1), 0);
+  EXPECT_FALSE(Menu("mnu_Panneau")->isChecked());
+}
+
+// --- side panel
+
+TEST_F(Cablage, OneOfTheTwoTreesIsShown) {
+  Plaque();
+  auto* choix = C<QTabBar>("Option_DI");
+  for (const int rang : {1, 0}) {
+    QTest::mouseClick(choix, Qt::LeftButton, {}, choix->tabRect(rang).center());
+    EXPECT_EQ(C<QTreeView>("TreeView1")->isVisible(), rang == 0);
+    EXPECT_EQ(C<QTreeView>("TreeView2")->isVisible(), rang == 1);
+  }
+}
+
+TEST_F(Cablage, ThePageOfTheChoiceIsShown) {
+  Plaque();
+  auto* choix = C<QTabBar>("Option1");
+  const std::vector<const char*> pages{"FRAME_ListePoints", "FRAME_Fraisage", "FRAME_Sequences"};
+  for (int rang = 0; rang < 3; ++rang) {
+    QTest::mouseClick(choix, Qt::LeftButton, {}, choix->tabRect(rang).center());
+    for (int page = 0; page < 3; ++page) {
+      EXPECT_EQ(C<QWidget>(pages[static_cast<std::size_t>(page)])->isVisible(), page == rang) << page;
+    }
+  }
+}
+
+TEST_F(Cablage, APathOfATreeIsSelectedShownAndDrawn) {
+  Plaque();
+  const QImage avant = Image();
+  CliqueLigne("TreeView1", 3);
+  EXPECT_EQ(Selectionnes(), std::vector<std::string>{" D"});
+  EXPECT_EQ(Etiquette("SB1_1"), "D");
+  EXPECT_EQ(C<QLineEdit>("TB_Profondeur")->text(), "-3.00");
+  EXPECT_FALSE(Image() == avant);
+  C<QTabBar>("Option_DI")->setCurrentIndex(1);
+  CliqueLigne("TreeView2", 0);
+  EXPECT_EQ(Selectionnes().size(), 1U);
+  EXPECT_NE(Selectionnes(), std::vector<std::string>{" D"});
+}
+
+TEST_F(Cablage, APointOfATreeIsMarkedAndItsPlaceShown) {
+  Plaque();
+  CliqueLigne("TreeView1", 3);
+  const QImage avant = Image();
+  const PointTrace p = TraceInitial[static_cast<std::size_t>(IndexSequence(Code2(" D"))) + 1];
+  CliqueLigne("TreeView1", 3, 1);
+  EXPECT_EQ(PointCourantX, p.X);
+  EXPECT_EQ(PointCourantY, p.Y);
+  EXPECT_FLOAT_EQ(C<QLineEdit>("TB_X")->text().toFloat(), std::round(p.X * 1000) / 1000);
+  EXPECT_FALSE(Image() == avant) << "the cross";
+}
+
+TEST_F(Cablage, ATreeHasTheMenuOfThePicture) {
+  Plaque();
+  auto* arbre = C<QTreeView>("TreeView1");
+  QContextMenuEvent demande(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+  QApplication::sendEvent(arbre, &demande);
+  essai::Evenements();
+  auto* menu = C<QMenu>("mnu_Contexte");
+  EXPECT_TRUE(menu->isVisible());
+  menu->close();
+}
+
+// --- status bar and progress
+
+TEST_F(Cablage, TheStatusBarNamesTheFileAndFollowsTheMouse) {
+  Plaque();
+  EXPECT_EQ(Etiquette("SB1_1"), "plaque.dxf");
+  auto* image = C<ImagePB1>("PB1");
+  QTest::mouseMove(image, QPoint(40, 40));
+  QTest::mouseMove(image, image->rect().center());
+  essai::Evenements();
+  EXPECT_THAT(Etiquette("SB1_6"), testing::StartsWith("x : "));
+  EXPECT_THAT(Etiquette("SB1_7"), testing::StartsWith("y : "));
+}
+
+TEST_F(Cablage, TheStatusBarShowsWhatACommandIsDoing) {
+  Charge();
+  Svc.Panneau(2, "Lecture");
+  EXPECT_EQ(Etiquette("SB1_2"), "Lecture");
+  Svc.Panneau(5, "TEXT 2");
+  EXPECT_EQ(Etiquette("SB1_5"), "TEXT 2");
+}
+
+TEST_F(Cablage, APassOfAKnownLengthStepsTheBarOfTheStatusBar) {
+  Charge();
+  auto* barre = C<QProgressBar>("PB_Avancement");
+  ASSERT_FALSE(barre->isVisible());
+  Svc.AvancementDebut("Calcul", 4);
+  EXPECT_TRUE(barre->isVisible());
+  EXPECT_EQ(Etiquette("SB1_2"), "Calcul");
+  EXPECT_FALSE(C<QFrame>("Frame_Avancement")->isVisible());
+  Svc.AvancementPlus();
+  Svc.AvancementPlus();
+  EXPECT_EQ(barre->value(), 2);
+  EXPECT_TRUE(C<QTimer>("Timer_Decalage")->isActive());
+  const QImage debut = C<QLabel>("SB1_10")->pixmap().toImage();
+  Sonne("Timer_Decalage");
+  EXPECT_FALSE(C<QLabel>("SB1_10")->pixmap().toImage() == debut);
+  Svc.AvancementFin();
+  EXPECT_FALSE(barre->isVisible());
+  EXPECT_FALSE(C<QTimer>("Timer_Decalage")->isActive());
+}
+
+TEST_F(Cablage, APassOfAnUnknownLengthHasTheFrame) {
+  Charge();
+  auto* cadre = C<QFrame>("Frame_Avancement");
+  auto* barre = C<QProgressBar>("ProgressBar_Avancement");
+  Svc.AvancementDebut("Enregistrement", 0);
+  EXPECT_TRUE(cadre->isVisible());
+  EXPECT_FALSE(C<QProgressBar>("PB_Avancement")->isVisible());
+  const int debut = barre->value();
+  Sonne("Timer_Avancement");
+  EXPECT_EQ(barre->value(), debut + 1);
+  Svc.AvancementFin();
+  EXPECT_FALSE(cadre->isVisible());
+  EXPECT_FALSE(C<QTimer>("Timer_Avancement")->isActive());
+}
+
+TEST_F(Cablage, TheBoardIsPolledInAPeriodOfItsOwn) {
+  Regl.TimerInterval = 400;
+  Charge();
+  EXPECT_TRUE(C<QTimer>("Timer_Interro")->isActive());
+  EXPECT_EQ(C<QTimer>("Timer_Interro")->interval(), 1000);
+  fenetre_.reset();
+  EcrireCle("PeriodeInterro", "2500");
+  Charge();
+  EXPECT_EQ(C<QTimer>("Timer_Interro")->interval(), 2500);
+}
+
+// --- materials
+
+TEST_F(Cablage, TheListOfMaterialsIsFilledAnewBehindItsWindow) {
+  Charge();
+  reponses_["F_BD"] = [] {
+    auto fiches = LitFiches();
+    fiches.push_back({{"PVC 5 mm", "1", "2 lèvres", "-5", "-2", "4", "2", "3", "2"}});
+    EcritFiches(fiches);
+    return true;
+  };
+  Presse("mnu_BD");
+  auto* combo = C<QComboBox>("CB_BD");
+  ASSERT_EQ(combo->count(), 7);
+  EXPECT_EQ(combo->itemText(6), "PVC 5 mm");
+  EXPECT_EQ(combo->currentIndex(), 0);
+}
+
+TEST_F(Cablage, TheListStandsAtItsFirstEntryBehindItsWindowAndItsTipNamesTheMaterialInForce) {
+  Plaque();
+  auto* combo = C<QComboBox>("CB_BD");
+  combo->setFocus();
+  QTest::keyClick(combo, Qt::Key_End);
+  essai::Evenements();
+  ASSERT_EQ(MateriauCourant, "Alu 2 mm");
+  EXPECT_THAT(combo->toolTip().toStdString(), testing::EndsWith("Alu 2 mm"));
+  reponses_["F_BD"] = [] { return true; };
+  Presse("mnu_BD");
+  EXPECT_EQ(combo->currentIndex(), 0);
+  EXPECT_THAT(combo->toolTip().toStdString(), testing::EndsWith("Alu 2 mm"));
+}
+
+TEST_F(Cablage, TheMaterialOfAnOpenedProjectIsTheOneThatTheListShows) {
+  Plaque();
+  auto* combo = C<QComboBox>("CB_BD");
+  combo->setFocus();
+  QTest::keyClick(combo, Qt::Key_End);
+  essai::Evenements();
+  const std::string projet = essai::Dossier() + "/alu.OVL";
+  essai::AttendFichier("mnu_Save", projet);
+  Presse("mnu_Save");
+  fenetre_.reset();
+  {
+    const SansProjet reglages;
+    EcrireCle("RayonFraise", "3");
+  }
+  Charge();
+  combo = C<QComboBox>("CB_BD");
+  essai::AttendFichier("mnu_Ouvrir", projet);
+  Presse("mnu_Ouvrir");
+  EXPECT_EQ(combo->currentText(), "Alu 2 mm");
+  essai::AttendFichier("mnu_Ouvrir", Exemple("plaque-poches.OVL"));
+  Presse("mnu_Ouvrir");
+  EXPECT_EQ(combo->currentIndex(), 0) << "its values are those of no preset";
+  EXPECT_EQ(MateriauCourant, "");
+}
+
+TEST_F(Cablage, AnUndoTakesTheMaterialBackInTheListToo) {
+  Plaque();
+  auto* combo = C<QComboBox>("CB_BD");
+  combo->setFocus();
+  QTest::keyClick(combo, Qt::Key_End);
+  essai::Evenements();
+  ASSERT_EQ(combo->currentText(), "Alu 2 mm");
+  Presse("mnu_Undo");
+  EXPECT_NE(RayonFraise, 0.8);
+  EXPECT_EQ(combo->currentIndex(), 0);
+  EXPECT_EQ(MateriauCourant, "");
+}
+
+TEST_F(Cablage, TheWheelOverAClosedListChangesNothing) {
+  Plaque();
+  auto* combo = C<QComboBox>("CB_BD");
+  const auto fiches = Sequences;
+  QWheelEvent roue(QPointF(5, 5), combo->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                   Qt::NoScrollPhase, false);
+  QApplication::sendEvent(combo, &roue);
+  essai::Evenements();
+  EXPECT_EQ(combo->currentIndex(), 0);
+  EXPECT_EQ(RayonFraise, Reglages{}.RayonFraise);
+  EXPECT_TRUE(Sequences == fiches);
+}
+
+// --- keyboard
+
+TEST_F(Cablage, ThePictureHasTheKeyboardFirst) {
+  Plaque();
+  auto* image = C<ImagePB1>("PB1");
+  EXPECT_TRUE(image->hasFocus()) << "start";
+  C<QLineEdit>("TB_RayonFraise")->setFocus();
+  essai::AttendFichier("mnu_Ouvrir", Exemple("equerre.dxf"));
+  Commande("mnu_Ouvrir");
+  EXPECT_TRUE(image->hasFocus()) << "opening";
+  auto* combo = C<QComboBox>("CB_BD");
+  combo->setFocus();
+  QTest::keyClick(combo, Qt::Key_End);
+  essai::Evenements();
+  EXPECT_TRUE(image->hasFocus()) << "material";
+}
+
+TEST_F(Cablage, DeleteTakesTheChosenPointAndElseThePath) {
+  Plaque();
+  CliqueLigne("TreeView1", 3);
+  const std::int32_t avant = NbPoints;
+  const auto sequences = Sequences.size();
+  CliqueLigne("TreeView1", 3, 1);
+  essai::Attend("F_Representation", "lib101", Reponse::Oui);
+  Commande("mnu_Supprimer");
+  EXPECT_EQ(NbPoints, avant - 1);
+  EXPECT_EQ(Sequences.size(), sequences);
+  CliqueLigne("TreeView1", 3);
+  Commande("mnu_Supprimer");
+  EXPECT_EQ(Sequences.size(), sequences - 1);
+}
+
+TEST_F(Cablage, DeleteAsksBeforeEveryPathGoes) {
+  Plaque();
+  Commande("mnu_Tout");
+  essai::Attend("F_Representation", "SupprimerTout", Reponse::Non);
+  Commande("mnu_Supprimer");
+  EXPECT_GT(NbPoints, 2);
+}
+
+// --- languages
+
+TEST_F(Cablage, ANewLanguageIsInAllPartsOfTheWindowAtOnce) {
+  Plaque();
+  reponses_["F_ParamAppli"] = [] {
+    essai::ChoisitLangue("de");
+    return true;
+  };
+  Commande("mnu_ParamAppli");
+  EXPECT_EQ(Menu("mnu_Ouvrir")->text().toStdString(), Traduire("F_Representation", "mnu_Ouvrir"));
+  EXPECT_NE(Menu("mnu_Ouvrir")->text(), "&Ouvrir...");
+  auto* arbre = C<QTreeView>("TreeView1");
+  EXPECT_EQ(arbre->model()->index(0, 0).data().toString().toStdString(), Traduire("F_Representation", "lib403"));
+  EXPECT_EQ(arbre->toolTip().toStdString(), Traduire("F_Representation", "TreeView1tt"));
+  EXPECT_EQ(arbre->accessibleName().toStdString(), Traduire("F_Representation", "TreeView1tt"));
+  EXPECT_EQ(C<QTabBar>("Option1")->tabText(2).toStdString(), Traduire("F_Representation", "Option1_2"));
+  EXPECT_EQ(C<QTabBar>("Option1")->accessibleName().toStdString(), Traduire("F_Representation", "Option1"));
+  EXPECT_EQ(C<ImagePB1>("PB1")->accessibleName().toStdString(), Traduire("F_Representation", "PB1nom"));
+  EXPECT_EQ(C<QComboBox>("CB_BD")->itemText(0).toStdString(), Traduire("F_Representation", "50"));
+  EXPECT_EQ(Etiquette("SB1_9"), Traduire("F_Representation", "Carte_aucune"));
+  EXPECT_EQ(Bouton("mnu_Save")->toolTip().toStdString(), Traduire("F_Representation", "TB1_mnu_Save"));
+  EXPECT_EQ(Etiquette("Label_Couleur_Dessin"), Traduire("F_Representation", "lib350"));
+  EXPECT_EQ(fenetre_->windowTitle(), "OVELIN <-> plaque.dxf");
+}
+
+TEST_F(Cablage, OtherOpenWindowsTakeTheNewLanguageWithIt) {
+  Plaque();
+  QDialog autre;
+  autre.setObjectName("F_Fraisage");
+  auto* bouton = new QToolButton(&autre);
+  bouton->setObjectName("Btn_Fermer");
+  autre.show();
+  reponses_["F_ParamAppli"] = [] {
+    essai::ChoisitLangue("de");
+    return true;
+  };
+  Commande("mnu_ParamAppli");
+  EXPECT_EQ(bouton->text().toStdString(), Traduire("F_Fraisage", "Btn_Fermer"));
+}
+
+}  // namespace
