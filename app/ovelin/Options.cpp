@@ -69,6 +69,9 @@ class Lecteur {
       o_.version = true;
     } else if (option.nom == "config") {
       o_.config = Absolu(Valeur(argument, option), dossier_);
+    } else if (option.nom == "open") {
+      o_.depose = Absolu(Valeur(argument, option), dossier_);
+      if (!o_.dessin.empty()) o_.refus = "one drawing at a time: " + o_.depose;
     } else if (option.nom == "lang") {
       o_.langue = Valeur(argument, option);
       if (o_.refus.empty() && !LangueExiste(o_.langue)) o_.refus = "unknown language: " + o_.langue;
@@ -88,7 +91,7 @@ class Lecteur {
   }
 
   void Dessin(const std::string& chemin) {
-    if (!o_.dessin.empty()) {
+    if (!o_.dessin.empty() || !o_.depose.empty()) {
       o_.refus = "one drawing at a time: " + chemin;
       return;
     }
@@ -118,6 +121,7 @@ std::string TexteAide() {
          "  DRAWING            " +
          EnListe(ExtensionsArgument()) +
          "\n"
+         "  --open FILE        A file of any kind that can be opened, as if it were dropped on the window\n"
          "  --config DIR       Folder of the settings file\n"
          "  --lang CODE        Language of the texts: fr, en, de, es, ca, it, pt\n"
          "  --version          Prints the version\n"

@@ -10,6 +10,7 @@ struct OptionsProgramme {
   std::string config;      // folder of the settings file
   std::string langue;      // two letters
   std::string dessin;      // absolute path of the drawing
+  std::string depose;      // absolute path of a file that is opened as if it were dropped on the window
   std::string plateforme;  // of the toolkit (-platform), which reads it itself
   bool aide = false;
   bool version = false;

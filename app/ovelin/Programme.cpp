@@ -132,6 +132,9 @@ CrochetsDemarrage Programme::Crochets() {
   c.MontreFenetre = [this] {
     fenetre_ = std::make_unique<F_Representation>();
     fenetre_->Form_Load(options_.dessin);
+    if (!options_.depose.empty() && !fenetre_->Depose(options_.depose)) {
+      MessageFichier("erreurs", "Extension", "", Icone::Exclamation, options_.depose);
+    }
   };
   return c;
 }

@@ -59,4 +59,12 @@ TEST(LitOptions, TakesEverythingBehindTwoDashesForADrawing) {
   EXPECT_FALSE(Lit({"--", "--help"}).aide);
 }
 
+TEST(LitOptions, TakesAFileThatIsOpenedAsIfItWereDropped) {
+  const OptionsProgramme o = Lit({"--open", "logo.eps"});
+  EXPECT_EQ(o.depose, "/home/moi/pieces/logo.eps");
+  EXPECT_EQ(o.dessin, "");
+  EXPECT_EQ(Lit({"--open", "a.eps", "b.dxf"}).refus, "one drawing at a time: b.dxf");
+  EXPECT_EQ(Lit({"b.dxf", "--open=a.eps"}).refus, "one drawing at a time: /home/moi/pieces/a.eps");
+}
+
 }  // namespace

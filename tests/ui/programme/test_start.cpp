@@ -1,4 +1,6 @@
 // ./start, as a user runs it, on programs that are built already.
+#include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
 
@@ -15,14 +17,15 @@ struct Fin {
   std::string sortie;
 };
 
-Fin Start(const QStringList& arguments, const QString& ecran = {}) {
+Fin Start(const QStringList& arguments, const QString& ecran = {},
+          const QString& programmes = QStringLiteral(OVELIN_BINARY_DIR "/bin")) {
   QProcessEnvironment environnement = QProcessEnvironment::systemEnvironment();
   for (const char* nom : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
     environnement.remove(QString::fromLatin1(nom));
   }
   if (!ecran.isEmpty()) environnement.insert(QStringLiteral("DISPLAY"), ecran);
   const QString dossier = QString::fromStdString(Dossier());
-  environnement.insert(QStringLiteral("OVELIN_PROGRAMS"), QStringLiteral(OVELIN_BINARY_DIR "/bin"));
+  environnement.insert(QStringLiteral("OVELIN_PROGRAMS"), programmes);
   environnement.insert(QStringLiteral("OVELIN_OUT"), dossier + QStringLiteral("/sortie"));
   environnement.insert(QStringLiteral("XDG_CONFIG_HOME"), dossier);
   environnement.insert(QStringLiteral("XDG_DATA_HOME"), dossier);
@@ -52,6 +55,25 @@ TEST(Start, DoesSoTooWhenTheDisplayDoesNotAnswer) {
   EXPECT_EQ(fin.statut, 0) << fin.sortie;
   EXPECT_NE(fin.sortie.find("no display"), std::string::npos) << fin.sortie;
   EXPECT_TRUE(FichierExiste(Dossier() + "/sortie/aile.nc"));
+}
+
+// A window that only tells how it was called.
+std::string AppelDeLaFenetre(const QString& dessin) {
+  const QString programmes = QString::fromStdString(Dossier() + "/programmes");
+  QDir().mkpath(programmes);
+  const std::string fenetre = EcritFichierEssai("programmes/ovelin", "#!/bin/sh\necho \"called: $*\"\n");
+  QFile::setPermissions(QString::fromStdString(fenetre), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  return Start({dessin}, QStringLiteral(":0"), programmes).sortie;
+}
+
+TEST(Start, HandsTheFiveKindsToTheWindowsCommandLine) {
+  const std::string dessin = EcritFichierEssai("a b.PLT", "IN;");
+  EXPECT_EQ(AppelDeLaFenetre(QString::fromStdString(dessin)), "called: " + dessin + "\n");
+}
+
+TEST(Start, HandsAnotherKindToTheWindowAsADropDoes) {
+  const std::string dessin = EcritFichierEssai("logo.eps", "%!PS\n");
+  EXPECT_EQ(AppelDeLaFenetre(QString::fromStdString(dessin)), "called: --open " + dessin + "\n");
 }
 
 TEST(Start, RefusesADrawingThatIsNotThere) {
