@@ -72,7 +72,9 @@ bool EcritureIni(const std::string& fichier) { return Magasin.EcrireIni || fichi
 
 void EcritIni(std::string_view section, std::string_view cle, const std::string& valeur) {
   if (cle.empty() || !EcritureIni(CheminIni())) return;
-  magasin::ModifieIni(CheminIni(), [&](FichierIni& ini) { ini.Ecrit(section, cle, valeur); });
+  magasin::ModifieIni(CheminIni(), [s = std::string(section), c = std::string(cle), valeur](FichierIni& ini) {
+    ini.Ecrit(s, c, valeur);
+  });
 }
 
 double EnNombre(const std::string& texte, double defaut) { return LitNombre(texte).value_or(defaut); }
@@ -102,6 +104,11 @@ void CopieLignes(FichierIni& ini, std::string_view source, std::string_view cibl
 }  // namespace
 
 std::string CheminIni() { return DossierProgramme + "/OVELIN.ini"; }
+
+std::string ReglagesRefuses() {
+  const std::string raison = magasin::RaisonIni(CheminIni());
+  return raison.empty() ? "" : CheminIni() + ": " + raison;
+}
 
 std::string LireCleIni(std::string_view cle, std::string_view defaut) {
   if (const auto valeur = Surcharge(cle)) return *valeur;
@@ -156,7 +163,8 @@ void EcrireCleSection(std::string_view section, std::string_view cle, std::strin
 
 void SupprimerCleSection(std::string_view section, std::string_view cle) {
   if (!EcritureIni(CheminIni())) return;
-  magasin::ModifieIni(CheminIni(), [&](FichierIni& ini) { ini.Supprime(section, cle); });
+  magasin::ModifieIni(CheminIni(),
+                      [s = std::string(section), c = std::string(cle)](FichierIni& ini) { ini.Supprime(s, c); });
 }
 
 std::vector<std::string> ListerSections(const std::string& fichier) {
@@ -171,12 +179,13 @@ std::vector<std::string> ListerSections(const std::string& fichier) {
 
 void CopierSection(std::string_view source, std::string_view cible, const std::string& fichier) {
   if (!EcritureIni(fichier)) return;
-  magasin::ModifieIni(fichier, [&](FichierIni& ini) { CopieLignes(ini, source, cible); });
+  magasin::ModifieIni(
+      fichier, [s = std::string(source), c = std::string(cible)](FichierIni& ini) { CopieLignes(ini, s, c); });
 }
 
 void SupprimerSection(std::string_view section, const std::string& fichier) {
   if (!EcritureIni(fichier)) return;
-  magasin::ModifieIni(fichier, [&](FichierIni& ini) { ini.SupprimeSection(section); });
+  magasin::ModifieIni(fichier, [s = std::string(section)](FichierIni& ini) { ini.SupprimeSection(s); });
 }
 
 void DeplacerSection(std::string_view source, std::string_view cible, const std::string& fichier) {

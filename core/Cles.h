@@ -36,6 +36,9 @@ OrigineCle OrigineDe(std::string_view cle);
 
 // Path of the settings file: DossierProgramme + "/OVELIN.ini".
 std::string CheminIni();
+// The file and why it can't be read though it is there (rights, a folder of that name, a pipe, a size that no
+// settings have); "" when it can. What is read is then the built-in values.
+std::string ReglagesRefuses();
 
 // Behaviour of the store for this process.
 struct MagasinCles {
@@ -45,6 +48,8 @@ struct MagasinCles {
   // False: the settings file is left alone by every write of this interface (the command line); the project still
   // gets its line.
   bool EcrireIni = true;
+  // Seconds that a write of the settings waits for another process that writes them.
+  double AttenteVerrou = 5;
   // The first failure of a write since it was last cleared: system's text, "" when there was none.
   std::string DerniereErreur;
 };

@@ -4,11 +4,13 @@
 
 #include "core/Cles.h"
 #include "core/Fichiers.h"
+#include "core/MagasinFichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Texte8.h"
 #include "core/Traduction.h"
 #include "core/Types.h"
+#include "core/Verrou.h"
 
 namespace ovelin {
 
@@ -54,10 +56,17 @@ void TableMachine(std::string& s, const Interface& choix) {
   Ligne(s, std::string("OptionLPT=") + choix.optionLPT);
 }
 
+// True where there is no reason.
+bool Refuse(const ErreurSysteme& raison) {
+  if (Magasin.DerniereErreur.empty()) Magasin.DerniereErreur = raison;
+  return raison.empty();
+}
+
 }  // namespace
 
 bool EcritFichierDefaut() {
   if (FichierExiste(CheminIni())) return true;
+  if (const std::string raison = magasin::RaisonIni(CheminIni()); !raison.empty()) return Refuse(raison);
   const std::string dossier = EnTexte8(DossierProgramme);
   const Interface choix = DemandeInterface();
   std::string s;
@@ -74,9 +83,11 @@ bool EcritFichierDefaut() {
   Ligne(s, "F_Representation_Height = 13560");
   TableMachine(s, choix);
   Ligne(s, "");
-  const ErreurSysteme erreur = EcritFichierEntier(CheminIni(), s);
-  if (Magasin.DerniereErreur.empty()) Magasin.DerniereErreur = erreur;
-  return erreur.empty();
+  Verrou verrou;
+  if (const ErreurSysteme tenu = verrou.Prend(CheminIni(), Magasin.AttenteVerrou); !tenu.empty())
+    return Refuse(tenu);
+  if (FichierExiste(CheminIni())) return true;  // another process was quicker, and may have written keys already
+  return Refuse(EcritFichierEntier(CheminIni(), s));
 }
 
 }  // namespace ovelin

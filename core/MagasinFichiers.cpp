@@ -15,6 +15,7 @@
 #include "core/Lignes.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
+#include "core/Verrou.h"
 
 namespace ovelin::magasin {
 
@@ -34,9 +35,9 @@ struct IniTenu {
   Empreinte empreinte;
   bool sure = false;     // the print tells every later change
   long lot = 0;          // batch in which it was read: one reading a batch
-  bool lisible = true;   // false: it is there and can't be read
-  bool modifie = false;  // holds writes of the batch
+  ErreurSysteme raison;  // why it can't be read though it is there
   FichierIni ini;
+  std::vector<Changement> changements;  // writes of the batch, which `ini` holds already
 };
 
 struct ProjetTenu {
@@ -64,21 +65,28 @@ void Echec(const ErreurSysteme& erreur) {
   if (Magasin.DerniereErreur.empty()) Magasin.DerniereErreur = erreur;
 }
 
+// A settings file has some kilobytes; one of this size is none, and reading it would take the program's memory.
+constexpr off_t TailleIniMax = 8'000'000;  // bytes
+
+ErreurSysteme LitIni(const std::string& chemin, const Empreinte& e, FichierIni& ini) {
+  ini = FichierIni{};
+  if (!e.existe) return "";
+  if (e.taille > TailleIniMax) return std::generic_category().message(EFBIG);
+  ErreurSysteme raison;
+  if (const auto octets = LitFichierEntier(chemin, &raison)) ini = FichierIni(*octets);
+  return raison;
+}
+
 bool LuDansCeLot(long lot) { return T.profondeurLot > 0 && lot == T.numeroLot; }
 
 IniTenu& Charge(const std::string& chemin) {
   IniTenu& tenu = T.inis[chemin];
-  if (tenu.modifie || LuDansCeLot(tenu.lot)) return tenu;
+  if (!tenu.changements.empty() || LuDansCeLot(tenu.lot)) return tenu;
   const Empreinte e = Releve(chemin);
   if (tenu.sure && e == tenu.empreinte) return tenu;
   tenu = IniTenu{};
   tenu.empreinte = e;
-  if (e.existe) {
-    ErreurSysteme raison;
-    const auto octets = LitFichierEntier(chemin, &raison);
-    tenu.lisible = octets.has_value();
-    if (octets) tenu.ini = FichierIni(*octets);
-  }
+  tenu.raison = LitIni(chemin, e, tenu.ini);
   tenu.sure = !TropRecente(e) && Releve(chemin) == e;
   tenu.lot = T.profondeurLot > 0 ? T.numeroLot : 0;
   return tenu;
@@ -96,13 +104,24 @@ void ChargeProjet(const std::string& chemin) {
   PoseProjet(chemin, e, std::move(reglages));
 }
 
+// The writes of a batch onto the file as it stands now: another process may have written it since it was read here.
+// Nobody else writes between that reading and the new file's name.
+ErreurSysteme EcritChangements(const std::string& chemin, const std::vector<Changement>& changements) {
+  Verrou verrou;
+  if (ErreurSysteme tenu = verrou.Prend(chemin, Magasin.AttenteVerrou); !tenu.empty()) return tenu;
+  FichierIni ini;
+  if (ErreurSysteme raison = LitIni(chemin, Releve(chemin), ini); !raison.empty()) return raison;
+  for (const Changement& change : changements) change(ini);
+  return EcritFichierEntier(chemin, ini.Octets());
+}
+
 void EcritInis() {
   for (auto i = T.inis.begin(); i != T.inis.end();) {
-    if (!i->second.modifie) {
+    if (i->second.changements.empty()) {
       ++i;
       continue;
     }
-    const ErreurSysteme erreur = EcritFichierEntier(i->first, i->second.ini.Octets());
+    const ErreurSysteme erreur = EcritChangements(i->first, i->second.changements);
     if (!erreur.empty()) Echec(erreur);
     i = T.inis.erase(i);  // what stands on disk counts from now on
   }
@@ -143,16 +162,16 @@ void EcritAttente() {
 
 const FichierIni& Ini(const std::string& chemin) { return Charge(chemin).ini; }
 
-void ModifieIni(const std::string& chemin, const std::function<void(FichierIni&)>& change) {
+ErreurSysteme RaisonIni(const std::string& chemin) { return Charge(chemin).raison; }
+
+void ModifieIni(const std::string& chemin, const Changement& change) {
   DebutLot();
   IniTenu& tenu = Charge(chemin);
-  if (tenu.lisible) {
+  if (tenu.raison.empty()) {
     change(tenu.ini);
-    tenu.modifie = true;
+    tenu.changements.push_back(change);
   } else {
-    ErreurSysteme raison;
-    LitFichierEntier(chemin, &raison);
-    Echec(raison);
+    Echec(tenu.raison);
   }
   FinLot();
 }

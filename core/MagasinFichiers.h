@@ -10,14 +10,19 @@
 
 #include "core/Empreinte.h"
 #include "core/FichierIni.h"
+#include "core/Fichiers.h"
 
 namespace ovelin::magasin {
 
 // The file as it stands, read again only when it has changed on disk. Empty when there is none.
 const FichierIni& Ini(const std::string& chemin);
-// Changes a file of sections; on disk at the end of the batch, or at once where there is none. A file that can't be
-// read is left alone (what would be written back is not what was there).
-void ModifieIni(const std::string& chemin, const std::function<void(FichierIni&)>& change);
+// Why the file can't be read though there is something of that name; "" when it can, or when there is nothing.
+ErreurSysteme RaisonIni(const std::string& chemin);
+// Changes a file of sections; on disk at the end of the batch, or at once where there is none. The change is made
+// once more on the file as it stands then, so that it keeps what it needs by value. A file that can't be read is
+// left alone (what would be written back is not what was there).
+using Changement = std::function<void(FichierIni&)>;
+void ModifieIni(const std::string& chemin, const Changement& change);
 
 // Bytes behind "$$key=" in the project file, writes that wait included.
 std::optional<std::string> CleProjet(const std::string& chemin, std::string_view cle8);

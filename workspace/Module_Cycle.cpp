@@ -103,7 +103,7 @@ void Associe(const CrochetsDemarrage& crochets) {
 // The default settings file where there is none. What has been read before stays: a first run has the built-in
 // defaults of the language, the table and the debug flag.
 std::string EcritReglagesAbsents(bool& neuf) {
-  if (FichierExiste(CheminIni())) return "";
+  if (FichierExiste(CheminIni())) return ReglagesRefuses();
   neuf = EcritFichierDefaut();
   if (neuf) return "";
   return Magasin.DerniereErreur.empty() ? CheminIni() : CheminIni() + ": " + Magasin.DerniereErreur;

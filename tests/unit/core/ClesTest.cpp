@@ -6,6 +6,7 @@
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
+#include "core/Services.h"
 #include "tests/support/Support.h"
 
 namespace {
@@ -359,6 +360,32 @@ TEST(OublieCles, HasTheFilesReadAnew) {
   OublieCles();
   EXPECT_EQ(LireCle("RayonFraise", ""), "2");
   EXPECT_EQ(LireCle("HautDeg", ""), "7");
+}
+
+TEST(EcrireCle, AFileThatAnotherProgramHoldsIsToldBehindTheTimeLimit) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nRayonFraise=1\r\n");
+  const int autre = open(DossierProgramme.c_str(), O_RDONLY | O_DIRECTORY);
+  ASSERT_EQ(flock(autre, LOCK_EX), 0);
+  double heure = 0;
+  Svc.Horloge = [&heure] { return heure; };
+  Svc.Attend = [&heure](double secondes) { heure += secondes; };
+  EcrireCle("RayonFraise", "2");
+  EXPECT_NEAR(heure, 5, 0.02);
+  EXPECT_FALSE(Magasin.DerniereErreur.empty());
+  EXPECT_EQ(Ini(), "[OVELIN]\r\nRayonFraise=1\r\n");
+  close(autre);
+  EcrireCle("RayonFraise", "3");
+  EXPECT_EQ(Ini(), "[OVELIN]\r\nRayonFraise=3\r\n");
+}
+
+TEST(EcrireCle, KeepsWhatAnotherProgramHasWrittenSinceTheBatchBegan) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nRayonFraise=1\r\n");
+  {
+    const LotCles lot;
+    EcrireCle("RayonFraise", "2");
+    EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nRayonFraise=1\r\nHautDeg=7\r\n");
+  }
+  EXPECT_EQ(Ini(), "[OVELIN]\r\nRayonFraise=2\r\nHautDeg=7\r\n");
 }
 
 }  // namespace

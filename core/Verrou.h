@@ -1,0 +1,26 @@
+// Holds other processes out while a file is read, changed and renamed.
+#pragma once
+
+#include <string>
+
+#include "core/Fichiers.h"
+
+namespace ovelin {
+
+// The lock lies on the folder of the file: the file itself is another one behind each write, and a file of its own
+// would stay behind. Where a file system knows no locks, nobody is held out.
+class Verrou {
+ public:
+  Verrou() = default;
+  ~Verrou();
+  Verrou(const Verrou&) = delete;
+  Verrou& operator=(const Verrou&) = delete;
+
+  // Waits for `attente` seconds at most. "", or that another program holds the file.
+  ErreurSysteme Prend(const std::string& chemin, double attente);
+
+ private:
+  int fd_ = -1;
+};
+
+}  // namespace ovelin
