@@ -86,6 +86,16 @@ std::optional<std::string> FichierIni::Lit(std::string_view section, std::string
   return std::nullopt;
 }
 
+long FichierIni::LigneDe(std::string_view section, std::string_view cle) const {
+  const std::string nom = NomCherche(cle);
+  const auto [debut, fin] = Etendue(section);
+  for (std::size_t i = debut; i < fin; ++i) {
+    const auto paire = EnCle(lignes_[i].texte);
+    if (paire && MemeNom(paire->cle, nom)) return static_cast<long>(i) + 1;
+  }
+  return 0;
+}
+
 void FichierIni::Ecrit(std::string_view section, std::string_view cle, std::string_view valeur) {
   const std::string nom = NomCherche(cle);
   auto [debut, fin] = Etendue(section);

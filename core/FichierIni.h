@@ -22,6 +22,8 @@ class FichierIni {
   void SupprimeSection(std::string_view section);
   [[nodiscard]] std::vector<std::string> Sections() const;
   [[nodiscard]] std::vector<std::pair<std::string, std::string>> Lignes(std::string_view section) const;
+  // Line of a key from 1 on, 0 when it isn't there.
+  [[nodiscard]] long LigneDe(std::string_view section, std::string_view cle) const;
   [[nodiscard]] std::string Octets() const;
 
  private:

@@ -9,6 +9,7 @@
 #include "core/Fichiers.h"
 #include "core/Lignes.h"
 #include "core/ProjetTexte.h"
+#include "core/Texte8.h"
 
 namespace ovelin {
 
@@ -42,9 +43,15 @@ void LitTout(ProjetLu& lu, const std::string& chemin, std::string_view octets) {
   lu.MiniEncoche = contenu.MiniEncoche;
   lu.reglages = IndexeReglages(octets);
   lu.tronque = EstTronque(octets);
+  for (const ValeurDouteuse& v : contenu.Douteuses) {
+    lu.illisibles.push_back({chemin, v.ligne, DeTexte8(v.cle), DeTexte8(v.valeur)});
+  }
 }
 
-ProjetLu Lit(const std::string& chemin, bool tout) {
+// How much is read of a project, and how far it is trusted.
+enum class Lecture { Recense, Entiere, Gardee };
+
+ProjetLu Lit(const std::string& chemin, Lecture lecture) {
   ProjetLu lu;
   try {
     lu.avant = magasin::Releve(chemin);
@@ -52,7 +59,9 @@ ProjetLu Lit(const std::string& chemin, bool tout) {
     const auto octets = LitFichierEntier(chemin, &raison);
     if (!octets) {
       Refuse(lu, chemin, "F_Representation", "lib110", "\n" + chemin + ": " + raison);
-    } else if (tout) {
+    } else if (lecture == Lecture::Gardee && !EstTexteProjet(*octets)) {
+      Refuse(lu, chemin, "F_Representation", "PasProjet", "\n" + chemin);
+    } else if (lecture != Lecture::Recense) {
       LitTout(lu, chemin, *octets);
     } else {
       Verifie(lu, chemin, RecenseProjet(*octets));
@@ -66,8 +75,10 @@ ProjetLu Lit(const std::string& chemin, bool tout) {
 
 }  // namespace
 
-ProjetLu LitProjet(const std::string& chemin) { return Lit(chemin, true); }
+ProjetLu LitProjet(const std::string& chemin) { return Lit(chemin, Lecture::Entiere); }
 
-ProjetLu RecenseFichierProjet(const std::string& chemin) { return Lit(chemin, false); }
+ProjetLu LitProjetGarde(const std::string& chemin) { return Lit(chemin, Lecture::Gardee); }
+
+ProjetLu RecenseFichierProjet(const std::string& chemin) { return Lit(chemin, Lecture::Recense); }
 
 }  // namespace ovelin

@@ -18,6 +18,8 @@ namespace {
 constexpr std::size_t LargeurLigne = 60;
 constexpr std::size_t LargeurChamp = 15;
 constexpr std::size_t LargeurProfondeur = 20;
+constexpr double CoordonneeMax = 1e7;     // mm, as far as the readers of foreign drawings go
+constexpr std::size_t DouteusesMax = 16;  // of a file that is wrong on every line the first ones will do
 
 // Columns from 1, as much of them as the line has.
 std::string_view Colonnes(std::string_view ligne, std::size_t premiere, std::size_t nombre) {
@@ -49,7 +51,8 @@ Reel NombreChamp(std::string_view champ) {
 //     |t - m| = |r| / (2^(n-d) x 10^d),   r = M x 5^d modulo 2^(n-d), odd.
 // With d <= 13, the most that a field of 15 columns leaves behind digit and point, v = m asks for |r| = 1, and 5^d
 // is 1 modulo 4: so M is r modulo 4, and the even one of the two floats is the one on t's side.
-float Coordonnee(std::string_view champ) {
+// `simple`: the field is a plain decimal text as far as its first blank.
+float Coordonnee(std::string_view champ, bool& simple) {
   static constexpr double puissances[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13};
   const char* c = champ.data();
   const char* const fin = c + champ.size();
@@ -66,13 +69,55 @@ float Coordonnee(std::string_view champ) {
     for (; chiffre(); ++c) mantisse = mantisse * 10 + static_cast<std::uint64_t>(*c - '0');
     decimales = c - apres;
   }
-  if (c == debut || (c < fin && *c != ' ')) return NombreChamp<float>(champ);
+  simple = c > debut && (c == fin || *c == ' ');
+  if (!simple) return NombreChamp<float>(champ);
   const double v = static_cast<double>(mantisse) / puissances[decimales];
   return static_cast<float>(moins ? -v : v);
 }
 
-float X(std::string_view ligne) { return Coordonnee(Colonnes(ligne, 1, LargeurChamp)); }
-float Y(std::string_view ligne) { return Coordonnee(Colonnes(ligne, 16, LargeurChamp)); }
+std::string_view ChampX(std::string_view ligne) { return Colonnes(ligne, 1, LargeurChamp); }
+std::string_view ChampY(std::string_view ligne) { return Colonnes(ligne, 16, LargeurChamp); }
+
+struct LieuLu {
+  float X = 0, Y = 0;
+  bool simpleX = false, simpleY = false;
+};
+LieuLu LitLieu(std::string_view ligne) {
+  LieuLu lieu;
+  lieu.X = Coordonnee(ChampX(ligne), lieu.simpleX);
+  lieu.Y = Coordonnee(ChampY(ligne), lieu.simpleY);
+  return lieu;
+}
+
+// Fields that the plain conversion takes otherwise than they are meant.
+class Douteuses {
+ public:
+  explicit Douteuses(std::vector<ValeurDouteuse>& liste) : liste_(liste) {}
+  void Ligne() { ++ligne_; }
+  void Point(std::string_view ligne, const LieuLu& lieu) {
+    if (!lieu.simpleX || Loin(lieu.X)) Nombre("X", ChampX(ligne));
+    if (!lieu.simpleY || Loin(lieu.Y)) Nombre("Y", ChampY(ligne));
+  }
+  // The line read last, where the file ends in its middle: who tells that need not tell its fields.
+  void OublieDerniere() {
+    std::erase_if(liste_, [this](const ValeurDouteuse& v) { return v.ligne == ligne_; });
+  }
+  void Nombre(const char* cle, std::string_view champ) {
+    const auto v = LitNombre(champ);
+    if (!v || std::abs(*v) > CoordonneeMax) Ajoute(cle, champ);
+  }
+  void Cote(std::string_view champ) {
+    if (champ.size() != 1 || champ[0] < '0' || champ[0] > '9') Ajoute("Decalage", champ);
+  }
+
+ private:
+  static bool Loin(float v) { return !(std::abs(v) <= static_cast<float>(CoordonneeMax)); }
+  void Ajoute(const char* cle, std::string_view champ) {
+    if (liste_.size() < DouteusesMax) liste_.push_back({ligne_, cle, Rogne(champ)});
+  }
+  std::vector<ValeurDouteuse>& liste_;
+  long ligne_ = 0;
+};
 
 void Recense(RecensementProjet& r, float x, float y) {
   if (r.NbPoints == 0) {
@@ -177,34 +222,59 @@ RecensementProjet RecenseProjet(std::string_view contenu) {
   RecensementProjet r;
   std::string_view ligne;
   while (LigneSuivante(contenu, ligne)) {
-    if (EstPoint(ligne)) Recense(r, X(ligne), Y(ligne));
+    if (!EstPoint(ligne)) continue;
+    const LieuLu lieu = LitLieu(ligne);
+    Recense(r, lieu.X, lieu.Y);
   }
   return r;
 }
 
+bool EstTexteProjet(std::string_view contenu) {
+  const auto interdit = [](char c) {
+    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\r' && c != '\n';
+  };
+  if (std::any_of(contenu.begin(), contenu.end(), interdit)) return false;
+  bool vide = true;
+  std::string_view ligne;
+  while (LigneSuivante(contenu, ligne)) {
+    if (EstReglage(ligne) || (EstNumerique(ChampX(ligne)) && EstNumerique(ChampY(ligne)))) return true;
+    vide = vide && Rogne(ligne).empty();
+  }
+  return vide;
+}
+
 ContenuProjet LitTexteProjet(std::string_view contenu) {
   ContenuProjet c;
+  Douteuses douteuses(c.Douteuses);
   c.Points.reserve(contenu.size() / (LargeurLigne + 1) + 1);
   c.Sequences.assign(1, SequenceInfo{});
   TableEnLecture table(c.Sequences);
   std::optional<SequenceInfo> derniere;
   std::string_view ligne;
   while (LigneSuivante(contenu, ligne)) {
+    douteuses.Ligne();
     if (EstPoint(ligne)) {
-      c.Points.push_back({X(ligne), Y(ligne), Code2(Colonnes(ligne, 31, 2)), Code2(Colonnes(ligne, 46, 2))});
-      Recense(c.Recensement, c.Points.back().X, c.Points.back().Y);
+      const LieuLu lieu = LitLieu(ligne);
+      c.Points.push_back({lieu.X, lieu.Y, Code2(Colonnes(ligne, 31, 2)), Code2(Colonnes(ligne, 46, 2))});
+      Recense(c.Recensement, lieu.X, lieu.Y);
+      douteuses.Point(ligne, lieu);
     } else if (ligne.starts_with("$$Seq")) {
       derniere = LitLigneSequence(ligne);
+      douteuses.Nombre("Profondeur", Colonnes(ligne, 11, LargeurProfondeur));
       table.Ecrit(*derniere);
     } else if (ligne.starts_with("$$SeD") && derniere) {
+      douteuses.Cote(Colonnes(ligne, 6, 1));
       derniere->Decalage = Arrondi16(ValeurDebut(Colonnes(ligne, 6, 1)));
       table.Ecrit(*derniere);
     } else if (ligne.starts_with("$$Mat01")) {
       c.LargeurEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
+      douteuses.Nombre("LargeurEncoche", Colonnes(ligne, 8, LargeurLigne));
     } else if (ligne.starts_with("$$Mat02")) {
       c.MiniEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
+      douteuses.Nombre("MiniEncoche", Colonnes(ligne, 8, LargeurLigne));
     }
   }
+  if (EstTronque(contenu)) douteuses.OublieDerniere();
   SelectionneTout(c.Sequences);
   return c;
 }

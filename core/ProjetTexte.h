@@ -26,6 +26,13 @@ struct RecensementProjet {
 };
 RecensementProjet RecenseProjet(std::string_view contenu);
 
+// A value that stands in no form in which it can be read, or beyond what a coordinate can be: 0 has taken its
+// place, or what it begins with.
+struct ValeurDouteuse {
+  long ligne = 0;           // from 1
+  std::string cle, valeur;  // "X", "Y", "Profondeur" ...; the bytes of the field
+};
+
 // The whole document of a file, with what the first pass would give.
 struct ContenuProjet {
   RecensementProjet Recensement;
@@ -33,7 +40,11 @@ struct ContenuProjet {
   // As the lines give them, selected; never empty: one blank record where no line names a path.
   std::vector<SequenceInfo> Sequences;
   std::optional<double> LargeurEncoche, MiniEncoche;  // mm, from the closing lines
+  std::vector<ValeurDouteuse> Douteuses;              // the first ones of many
 };
+// Whether a text can be a project at all: no control bytes, and a line that begins with "$$" or holds two numbers
+// in columns 1 to 30. A text without any line can.
+bool EstTexteProjet(std::string_view contenu);
 ContenuProjet LitTexteProjet(std::string_view contenu);
 // The file was cut off in the middle of a line: its last line has no end, and no closing line "$$Mat02" stands in
 // it. What is left of that line is read like any other stray line; as a point it stands alone under half a code, so

@@ -15,6 +15,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
+#include "core/ValeursCles.h"
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
 #include "toolpath/Module_Decalage.h"
@@ -230,10 +231,18 @@ void AcheveOuverture(const std::string& ecartes) {
   Svc.Rafraichit();
 }
 
+// Settings of the project that can't be read stand beside its lines.
+void AjouteReglagesIllisibles(ContenuLu& contenu) {
+  for (ValeurIllisible& v : ReglagesIllisibles()) {
+    if (v.fichier == FichierCourant) contenu.illisibles.push_back(std::move(v));
+  }
+}
+
 // What has been read comes into force, in the order of the steps. `contenu`, when given, takes what was read.
 Ouverture MetEnVigueur(DessinLu& lu, ContenuLu* contenu) {
   const bool projet = lu.projet.has_value();
   const bool pris = projet ? PrendProjetLu(lu) : PrendEtranger(lu);
+  if (pris && projet) AjouteReglagesIllisibles(lu.contenu);
   if (pris) AcheveOuverture(lu.contenu.message);
   if (pris && projet) {
     lu.contenu.xmin = Xmin;
@@ -241,6 +250,7 @@ Ouverture MetEnVigueur(DessinLu& lu, ContenuLu* contenu) {
     lu.contenu.ymin = Ymin;
     lu.contenu.ymax = Ymax;
   }
+  if (pris && contenu == nullptr) AvertitValeurs(lu.contenu.illisibles);
   if (contenu != nullptr) *contenu = std::move(lu.contenu);
   return pris ? Ouverture::Reussie : Ouverture::Refusee;
 }

@@ -62,9 +62,10 @@ void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<voi
 
 void LitProjetEntier(DessinLu& lu) {
   lu.contenu.rapport.Format = "OVL";
-  lu.projet = LitProjet(lu.chemin);
+  lu.projet = LitProjetGarde(lu.chemin);
   lu.refus = lu.projet->refus;
   if (lu.refus) return;
+  lu.contenu.illisibles = lu.projet->illisibles;
   lu.contenu.points = lu.projet->document.NbPoints;
   lu.contenu.sequences = NombreRuns(lu.projet->document);
 }

@@ -20,8 +20,9 @@ namespace ovelin {
 
 // What a foreign drawing held before it was sized, cleaned and shifted.
 struct ContenuLu {
-  pathwerk::RapportLecture rapport;  // Format is "OVL" for a project
-  std::string message;               // the library's; of an opened drawing what was supposed and left out
+  pathwerk::RapportLecture rapport;         // Format is "OVL" for a project
+  std::string message;                      // the library's; of an opened drawing what was supposed and left out
+  std::vector<ValeurIllisible> illisibles;  // of a project: its lines, and settings when they are in force
   std::int32_t points = 0;
   std::int32_t sequences = 0;
   float xmin = 0, xmax = 0, ymin = 0, ymax = 0;  // mm

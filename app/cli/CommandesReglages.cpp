@@ -59,6 +59,7 @@ int LitCle(Contexte& contexte, const std::string& cle) {
 }
 
 int PoseCle(Contexte& contexte, const std::string& cle, const std::string& valeur) {
+  if (const int etat = RefuseValeur(contexte, cle, valeur, CheminIni())) return etat;
   const EcritureReglages ecriture;
   EcrireCle(cle, valeur);
   return BilanEcriture(contexte, Json{{"key", cle}, {"value", valeur}});

@@ -14,6 +14,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
 #include "core/Types.h"
+#include "core/ValeursCles.h"
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
 #include "toolpath/Module_Decalage.h"
@@ -110,6 +111,33 @@ bool LitSurcharges(const Contexte& contexte) {
     Magasin.Surcharge[r.substr(0, egal)] = r.substr(egal + 1);
   }
   return true;
+}
+
+int JugeSurcharges(const Contexte& contexte) {
+  for (const auto& [cle, valeur] : Magasin.Surcharge) {
+    if (const int etat = RefuseValeur(contexte, cle, valeur, "--set")) return etat;
+  }
+  return Fait;
+}
+
+// Of a file that could not be read as it is: the call ends where a job or a file would come of it.
+int JugeValeurs(const Contexte& contexte, std::vector<ValeurIllisible> valeurs) {
+  for (ValeurIllisible& v : ReglagesIllisibles()) {
+    if (v.fichier == CheminIni()) valeurs.push_back(std::move(v));
+  }
+  for (const ValeurIllisible& v : valeurs) {
+    const std::string texte = Traduire("erreurs", "Valeur") + " " + TexteValeur(v);
+    if (!contexte.informe) return Echec(contexte, "Valeur", texte, v.fichier, v.ligne);
+    std::fprintf(stderr, "%s\n", texte.c_str());
+  }
+  return Fait;
+}
+
+// Settings that can't be read would give a job at other speeds.
+int JugeReglages(const Contexte& contexte) {
+  const std::string raison = ReglagesRefuses();
+  if (raison.empty() || contexte.informe) return Fait;
+  return Echec(contexte, "lib110", Traduire("F_Representation", "lib110") + "\n" + raison, CheminIni());
 }
 
 bool Surchargee(std::string_view cle) {
@@ -217,8 +245,10 @@ int Demarre(Contexte& contexte) {
   options.langue = contexte.langue;
   options.table = contexte.table;
   const std::string raison = DemarreProgramme(options);
+  if (const int etat = JugeReglages(contexte)) return etat;
   // Without a settings file the built-in values serve; the user is told, the job goes on.
   if (!raison.empty()) std::fprintf(stderr, "%s\n", raison.c_str());
+  if (const int etat = JugeSurcharges(contexte)) return etat;
   if (!contexte.table.empty()) {
     bool connue = false;
     for (const std::string& nom : ovelin::ListeTables())
@@ -236,6 +266,17 @@ int RangMateriau(const std::string& nom) {
   return 0;
 }
 
+int RefuseValeur(const Contexte& contexte, const std::string& cle, const std::string& valeur,
+                 const std::string& lieu) {
+  const auto faute = JugeCle(cle, valeur);
+  if (!faute) return Fait;
+  const char* texte = "cli_cle_inconnue";
+  if (*faute == FauteCle::Limites) texte = "cli_limites";
+  if (*faute == FauteCle::Illisible) texte = "cli_valeur";
+  return Echec(contexte, texte, Traduire("cli", texte) + " " + lieu + " " + cle + "=" + valeur,
+               lieu == "--set" ? "" : lieu);
+}
+
 int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* contenu) {
   int rang = 0;
   if (!contexte.materiau.empty()) {
@@ -246,7 +287,8 @@ int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* conten
   OptionsOuverture options;
   options.ecritFichier = false;
   options.rendUniforme = false;
-  const Ouverture ouverture = mnu_Ouvrir(chemin, options, contenu);
+  ContenuLu lu;
+  const Ouverture ouverture = mnu_Ouvrir(chemin, options, &lu);
   if (ouverture == Ouverture::Abandon) {
     return Echec(contexte, "lib110", Traduire("F_Representation", "lib110") + "\n" + chemin, chemin);
   }
@@ -254,6 +296,8 @@ int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* conten
     if (contexte.derniere.fichier.empty()) contexte.derniere.fichier = chemin;
     return EchecBoite(contexte);
   }
+  if (const int etat = JugeValeurs(contexte, lu.illisibles)) return etat;
+  if (contenu != nullptr) *contenu = std::move(lu);
   if (rang != 0) {
     // An answer No to the question of unequal depths keeps the depths of the paths and leaves the traces as they
     // are; here nobody sees that they belong to another radius, so they are computed anew.

@@ -23,6 +23,7 @@ struct Contexte {
   // common options
   std::string config, langue, decimale, table, materiau;
   bool json = false;
+  bool informe = false;  // the call writes no job and no file: what can't be read is told, and the call goes on
   std::vector<std::string> reglages;  // KEY=VALUE
   std::vector<std::string> reponses;  // KEY=yes|no|ok|cancel
 
@@ -46,6 +47,10 @@ int Resultat(const Contexte& contexte, const Json& objet);
 int Demarre(Contexte& contexte);
 // Opens a drawing as the window does, with ratio 1, and applies --material. 0 or 1.
 int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* contenu = nullptr);
+// A key and the value that it is to take: refused when there is no such key, or when it can't hold that value.
+// `lieu`: the file or the option that they stand in. 0 or 1.
+int RefuseValeur(const Contexte& contexte, const std::string& cle, const std::string& valeur,
+                 const std::string& lieu);
 // Looks at an output before anything is read: refused when it is one of the inputs, through links too, or when its
 // extension is not `extension` in either case ("" for any). A device or a pipe has none. 0 or 1.
 int VerifieSortie(const Contexte& contexte, const std::string& sortie, std::string_view extension,

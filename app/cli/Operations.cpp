@@ -1,8 +1,10 @@
 #include "app/cli/Operations.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <set>
 #include <stdexcept>
 #include <utility>
 
@@ -30,12 +32,22 @@ class Arguments {
  public:
   explicit Arguments(const Json& objet) : objet_(objet) {}
 
-  [[nodiscard]] bool A(const char* nom) const { return objet_.contains(nom); }
+  // An argument that no operation has asked for is a slip of the pen, and would do nothing.
+  void VerifieNoms() const {
+    for (const auto& [nom, valeur] : objet_.items()) {
+      if (nom != "op" && !demandes_.contains(nom)) throw MauvaisArgument(nom + ": unknown argument");
+    }
+  }
+
+  [[nodiscard]] bool A(const char* nom) const {
+    demandes_.insert(nom);
+    return objet_.contains(nom);
+  }
   [[nodiscard]] double Nombre(const char* nom) const {
     const Json& v = Valeur(nom);
     if (!v.is_number()) throw MauvaisArgument(std::string(nom) + ": number");
     const double n = v.get<double>();
-    if (!std::isfinite(n)) throw MauvaisArgument(std::string(nom) + ": number");
+    if (!(std::fabs(n) <= NombreMax)) throw MauvaisArgument(std::string(nom) + ": number within 1e7");
     return n;
   }
   [[nodiscard]] float Reel(const char* nom) const { return static_cast<float>(Nombre(nom)); }
@@ -61,7 +73,14 @@ class Arguments {
     const Json& v = Valeur(nom);
     return v.is_number() ? TexteNombre(v.get<double>()) : Texte(nom);
   }
-  [[nodiscard]] Code2 Code(const char* nom) const { return EnCode(Texte(nom)); }
+  // Of a path that is there.
+  [[nodiscard]] Code2 Code(const char* nom) const {
+    const Code2 code = EnCode(Texte(nom));
+    if (!IndexDocument().Fiche(code))
+      throw MauvaisArgument(std::string(nom) + ": no path \"" + code.Texte() + "\"");
+    return code;
+  }
+  [[nodiscard]] Code2 Marque(const char* nom) const { return EnCode(Texte(nom)); }
   [[nodiscard]] std::vector<Code2> Codes(const char* nom) const {
     std::vector<Code2> codes;
     const Json& v = Valeur(nom);
@@ -79,7 +98,8 @@ class Arguments {
     if (!v.is_array()) throw MauvaisArgument(std::string(nom) + ": list of points");
     for (const Json& p : v) {
       const bool bon = p.is_array() && p.size() >= 2 && p[0].is_number() && p[1].is_number() &&
-                       (p.size() < 3 || p[2].is_string());
+                       (p.size() < 3 || p[2].is_string()) && std::fabs(p[0].get<double>()) <= NombreMax &&
+                       std::fabs(p[1].get<double>()) <= NombreMax;
       if (!bon) throw MauvaisArgument(std::string(nom) + ": [x, y] or [x, y, \"PC\"]");
       points.push_back(
           {p[0].get<float>(), p[1].get<float>(), p.size() < 3 ? CodePD : Code2(p[2].get<std::string>()), code});
@@ -89,6 +109,7 @@ class Arguments {
 
  private:
   [[nodiscard]] const Json& Valeur(const char* nom) const {
+    demandes_.insert(nom);
     const auto v = objet_.find(nom);
     if (v == objet_.end()) throw MauvaisArgument(std::string(nom) + ": missing");
     return *v;
@@ -97,7 +118,9 @@ class Arguments {
     if (texte.size() != 2) throw MauvaisArgument("code: two characters");
     return Code2(texte);
   }
+  static constexpr double NombreMax = 1e7;  // mm, as far as drawings go
   const Json& objet_;
+  mutable std::set<std::string, std::less<>> demandes_;  // by the operation that runs
 };
 
 // Procedures that move points and leave the traces to their caller.
@@ -118,6 +141,31 @@ auto Simple(F f) {
     f(a);
     return true;
   };
+}
+
+// What works on the selection does nothing without one.
+template <class F>
+auto SurSelection(F f) {
+  return [f](const Arguments& a) {
+    const bool choisie =
+        std::any_of(Sequences.begin(), Sequences.end(), [](const SequenceInfo& s) { return s.Selection != Faux; });
+    if (!choisie) throw MauvaisArgument("no path is selected");
+    return f(a);
+  };
+}
+
+// 1 along X, 3 along Y.
+std::int32_t Direction(const Arguments& a) {
+  const std::int32_t direction = a.Entier("direction");
+  if (direction != 1 && direction != 3) throw MauvaisArgument("direction: 1 or 3");
+  return direction;
+}
+
+// A factor of 0 would make one point of a path.
+float Facteur(const Arguments& a, const char* nom) {
+  const float facteur = a.Reel(nom);
+  if (facteur == 0) throw MauvaisArgument(std::string(nom) + ": not 0");
+  return facteur;
 }
 
 PointTrace Centre(const Arguments& a) {
@@ -170,7 +218,7 @@ std::int32_t IndexPoint(const Arguments& a, std::int32_t derriere) {
 
 void Insere(const Arguments& a) {
   const std::int32_t index = IndexPoint(a, 1);
-  const Code2 cde = a.A("cde") ? a.Code("cde") : CodePD;
+  const Code2 cde = a.A("cde") ? a.Marque("cde") : CodePD;
   InserePoint(index, {a.Reel("x"), a.Reel("y"), cde, a.Code("seq")});
 }
 
@@ -208,27 +256,28 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"RemplaceSequence",
        AvecTraces([](A a) { RemplaceSequence(a.Code("code"), a.Points("points", a.Code("code"))); })},
       {"InverseSequence", AvecTraces([](A a) { InverseSequence(a.Code("code")); })},
-      {"FermeSequences", AvecTraces([](A) { FermeSequences(); })},
-      {"SupprimeSelection", Simple([](A) { SupprimeSelection(); })},
+      {"FermeSequences", SurSelection(AvecTraces([](A) { FermeSequences(); }))},
+      {"SupprimeSelection", SurSelection(Simple([](A) { SupprimeSelection(); }))},
       // transforms
-      {"DeplaceSelection", Simple([](A a) { Deplacement_Selection(a.Entier("direction"), a.Reel("distance")); })},
-      {"TourneSelection", Simple([](A a) {
+      {"DeplaceSelection",
+       SurSelection(Simple([](A a) { Deplacement_Selection(Direction(a), a.Reel("distance")); }))},
+      {"TourneSelection", SurSelection(Simple([](A a) {
          TourneSelection(a.Nombre("angle"), Centre(a));
          Deplacement_Selection(0, 0);
-       })},
-      {"EchelleSelection", AvecTraces([](A a) { EchelleSelection(a.Reel("facteurX"), a.Reel("facteurY")); })},
-      {"MiroirSelection", AvecTraces([](A a) { MiroirSelection(a.Entier("axe")); })},
-      {"CB_OK_Dimension",
-       [](A a) {
+       }))},
+      {"EchelleSelection",
+       SurSelection(AvecTraces([](A a) { EchelleSelection(Facteur(a, "facteurX"), Facteur(a, "facteurY")); }))},
+      {"MiroirSelection", SurSelection(AvecTraces([](A a) { MiroirSelection(a.Entier("axe")); }))},
+      {"CB_OK_Dimension", SurSelection([](A a) {
          return Dimensionne_Selection(a.Nombre("rapportX"), a.Nombre("rapportY"),
                                       a.A("proportions") && a.Booleen("proportions"));
-       }},
+       })},
       {"CB_OKRecalage", Simple([](A a) { Recale(a.Nombre("x"), a.Nombre("y")); })},
       // properties of the selection and fields of the tool
-      {"Option_Decal", Simple([](A a) { DecaleSelection(Cote(a)); })},
-      {"CB_Poche", Simple([](A a) { PocheSelection(a.Booleen("valeur")); })},
-      {"CB_Fraiser", Simple([](A a) { FraiserSelection(a.Booleen("valeur")); })},
-      {"TB_Profondeur", [](A a) { return ProfondeurSelection(a.Nombre("valeur")); }},
+      {"Option_Decal", SurSelection(Simple([](A a) { DecaleSelection(Cote(a)); }))},
+      {"CB_Poche", SurSelection(Simple([](A a) { PocheSelection(a.Booleen("valeur")); }))},
+      {"CB_Fraiser", SurSelection(Simple([](A a) { FraiserSelection(a.Booleen("valeur")); }))},
+      {"TB_Profondeur", SurSelection([](A a) { return ProfondeurSelection(a.Nombre("valeur")); })},
       {"TB_RayonFraise", [](A a) { return EntreRayonFraise(a.Champ("valeur")); }},
       {"TB_LargeurEncoche", [](A a) { return EntreLargeurEncoche(a.Champ("valeur")); }},
       {"TB_MiniEncoche", [](A a) { return EntreMiniEncoche(a.Champ("valeur")); }},
@@ -243,7 +292,7 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"mnu_Optimisation_Click", [](A) { return mnu_Optimisation_Click(); }},
       {"CB_Ordre", [](A a) { return ChangeOrdre(Index(a, "index", 1)); }},
       {"CB_Depart", [](A a) { return ChangeDepart(IndexPoint(a, 0)); }},
-      {"CB_Inversion", Simple([](A) { InverseSelectionnees(); })},
+      {"CB_Inversion", SurSelection(Simple([](A) { InverseSelectionnees(); }))},
       {"mnu_Nettoyage", [](A a) { return mnu_Nettoyage_Click(a.Reel("resolution")); }},
       {"NettoieTout", AvecTraces([](A a) { NettoieTout(a.Reel("resolution")); })},
       {"LisseSequence",
@@ -252,7 +301,7 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
          RefaitDecalage(a.Code("code"));
          return lissee;
        }},
-      {"CB_Lissage", Simple([](A) { LisseSelection(); })},
+      {"CB_Lissage", SurSelection(Simple([](A) { LisseSelection(); }))},
       {"ChoixDepart", Simple([](A a) { ChoixDepart(Index(a, "index", 7)); })},
       {"CB_Prolongement", Simple([](A a) { RegleProlongement(a.Booleen("actif")); })},
       {"GenereTexte", [](A a) { return Texte(a); }},
@@ -274,10 +323,14 @@ ResultatOperation Opere(Contexte& contexte, const Json& operation) {
     if (connu != nom) continue;
     contexte.derniere = Boite{};
     try {
-      const bool faite = fait(Arguments(operation));
+      const Arguments arguments(operation);
+      const bool faite = fait(arguments);
+      arguments.VerifieNoms();
       if (faite) return {};
       // A refusal without a box is a beep.
-      return {false, contexte.derniere.texte.empty() ? Traduire("cli", "cli_refusee") : std::string()};
+      if (!contexte.derniere.texte.empty()) return {false, ""};
+      return {false, Traduire("cli", "cli_refusee") + " " +
+                         operation.dump(-1, ' ', false, Json::error_handler_t::replace)};
     } catch (const MauvaisArgument& erreur) {
       return {false, erreur.what()};
     } catch (const Json::exception& erreur) {

@@ -73,6 +73,7 @@ std::string ListeOperations() {
 
 void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
   AvecDessin(app, "info", "Format, points, paths, bounds of a drawing", o)->callback([&] {
+    c.informe = true;
     action = [&] { return Info(c, o.dessin); };
   });
 

@@ -22,6 +22,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
+#include "core/ValeursCles.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 
@@ -151,6 +152,9 @@ bool Programme::Demarre() {
     MontreReglages(r.raison);
     dejaDite_ = Magasin.DerniereErreur;
   }
+  std::vector<ValeurIllisible> valeurs = ReglagesIllisibles();
+  std::erase_if(valeurs, [](const ValeurIllisible& v) { return v.fichier != CheminIni(); });
+  AvertitValeurs(valeurs);
   surveille_.start();
   return true;
 }

@@ -26,7 +26,7 @@ const std::map<std::string, std::string> Instances{{"core/DocumentCourant.h", "D
 const std::map<std::string, std::set<std::string>> Coquilles{
     {"core",
      {"Cles.cpp", "DocumentCourant.cpp", "FichierDefaut.cpp", "PlanCourant.cpp", "Projet.cpp",
-      "ReglagesCourants.cpp", "Traduction.cpp"}},
+      "ReglagesCourants.cpp", "Traduction.cpp", "ValeursCles.cpp"}},
     {"database", {"Module_BD.cpp"}},
     {"machine", {"ChampsTable.cpp", "GestionTables.cpp", "Module_Table.cpp"}},
     {"run", {"AvisPlan.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp", "Module_Planificateur.cpp"}},
