@@ -57,6 +57,12 @@ QString TexteBouton(const Bouton& b) {
   return TraduireOu(SectionBoites, QString::fromLatin1(b.cle), QString::fromUtf8(b.francais));
 }
 
+// A box may name its answers itself: "lib140_Oui" beside "lib140".
+QString TexteBouton(const Bouton& b, const Boite& boite) {
+  const std::string suffixe(std::string_view(b.cle).substr(std::string_view("Btn").size()));
+  return TraduireOu(boite.section.c_str(), QString::fromStdString(boite.cle + suffixe), TexteBouton(b));
+}
+
 QMessageBox::StandardButtons BoutonsDe(Boutons boutons) {
   switch (boutons) {
     case Boutons::OkAnnuler:
@@ -98,7 +104,7 @@ Reponse MontreBoite(const Boite& boite) {
   const QMessageBox::StandardButtons boutons = BoutonsDe(boite.boutons);
   box.setStandardButtons(boutons);
   for (const Bouton& b : BoutonsConnus) {
-    if (boutons.testFlag(b.bouton)) box.button(b.bouton)->setText(TexteBouton(b));
+    if (boutons.testFlag(b.bouton)) box.button(b.bouton)->setText(TexteBouton(b, boite));
   }
   box.setDefaultButton(boutons.testFlag(QMessageBox::Ok) ? QMessageBox::Ok : QMessageBox::Yes);
   const auto sortie = boutons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel

@@ -90,6 +90,9 @@ void F_BD::Construit() {
   boutons.ok->setDefault(false);
   boutons.ok->setAutoDefault(false);
   connect(boutons.ok, &QPushButton::clicked, this, &F_BD::Valide);
+  // Cancel says what it does; Escape and the cross may be one press too many.
+  disconnect(boutons.annuler, nullptr, this, nullptr);
+  connect(boutons.annuler, &QPushButton::clicked, this, [this] { QDialog::reject(); });
   boutons.rangee->insertWidget(0, Etiquette("Label1", "Clic droit sur une ligne : insérer ou supprimer"), 1);
   QVBoxLayout* boite = ColonneFenetre(*this);
   boite->addWidget(MSFlexGrid1_, 1);
@@ -222,6 +225,21 @@ void F_BD::Valide() {
   RangeSaisie();
   if (Refuse() || !Ecrit()) return;
   accept();
+}
+
+void F_BD::reject() {
+  RangeSaisie();
+  if (!modifiee_) return QDialog::reject();
+  Boite boite;
+  boite.section = Section;
+  boite.cle = "lib024";
+  boite.texte = Traduire(Section, boite.cle);
+  boite.titre = windowTitle().toStdString();
+  boite.icone = Icone::Question;
+  boite.boutons = Boutons::OuiNonAnnuler;
+  const Reponse reponse = Svc.Montre(boite);
+  if (reponse == Reponse::Oui) return Valide();
+  if (reponse == Reponse::Non) QDialog::reject();
 }
 
 bool F_BD::Refuse() {

@@ -21,6 +21,9 @@ class F_BD : public QDialog {
  public:
   explicit F_BD(QWidget* parent = nullptr);
 
+  // Escape and the window's cross: both ask where rows have changed.
+  void reject() override;
+
  protected:
   bool eventFilter(QObject* objet, QEvent* e) override;
   void changeEvent(QEvent* e) override;

@@ -94,8 +94,6 @@ bool F_BD::ToucheGrille(const QKeyEvent& e) {
     OuvreSaisie(ligne, colonne, Choix::Fin);
   } else if (e.key() == Qt::Key_Backspace) {
     OuvreSaisie(ligne, colonne, Choix::Tout);
-  } else if (e.key() == Qt::Key_Escape && modifiee_) {
-    return true;  // what has been typed isn't thrown away by one Escape too many
   } else if (EstTexte(e)) {
     OuvreSaisie(ligne, colonne, Choix::Tout);
     QKeyEvent touche(QEvent::KeyPress, e.key(), e.modifiers(), e.text());

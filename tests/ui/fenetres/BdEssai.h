@@ -26,7 +26,7 @@ struct BancBD {
   SaisieBD* saisie = Controle<SaisieBD>(f, "txtSaisie");
 
   explicit BancBD(bool defaut = true) : f((defaut ? EcritFichesDefaut() : void(), nullptr)) { Montre(f); }
-  ~BancBD() { f.close(); }
+  ~BancBD() { f.hide(); }
   BancBD(const BancBD&) = delete;
   BancBD& operator=(const BancBD&) = delete;
 

@@ -84,12 +84,42 @@ TEST(F_BD, EscapeHidesTheEditorWithoutStoring) {
   EXPECT_TRUE(b.f.isVisible());
 }
 
-TEST(F_BD, EscapeClosesOnlyWhileNothingHasBeenChanged) {
+TEST(F_BD, EscapeAndTheCrossAskAlikeWhereRowsHaveChanged) {
   BancBD b;
   b.VaEn(1, 2);
   b.Touche(Qt::Key_Delete);
+  Attend("F_BD", "lib024", Reponse::Annuler);
   b.Touche(Qt::Key_Escape);
   EXPECT_TRUE(b.f.isVisible());
+  Attend("F_BD", "lib024", Reponse::Annuler);
+  b.f.close();
+  EXPECT_TRUE(b.f.isVisible());
+  Attend("F_BD", "lib024", Reponse::Non);
+  b.f.close();
+  EXPECT_FALSE(b.f.isVisible());
+  EXPECT_EQ(LitFiches().at(0).champs[1], "0.5");
+}
+
+TEST(F_BD, TheCrossSavesWhatIsBeingTypedWhereThatIsWanted) {
+  BancBD b;
+  b.CliqueEn(1, 2);
+  b.Tape("0,75");
+  Attend("F_BD", "lib024", Reponse::Oui);
+  b.f.close();
+  EXPECT_FALSE(b.f.isVisible());
+  EXPECT_EQ(LitFiches().at(0).champs[1], "0,75");
+}
+
+TEST(F_BD, CancelClosesWithoutAQuestion) {
+  BancBD b;
+  b.VaEn(1, 2);
+  b.Touche(Qt::Key_Delete);
+  Clique(*Controle<QPushButton>(b.f, "Btn_Annuler"));
+  EXPECT_FALSE(b.f.isVisible());
+}
+
+TEST(F_BD, EscapeClosesAtOnceWhereNothingHasBeenChanged) {
+  EcritFichesDefaut();
   F_BD neuve;
   Montre(neuve);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
