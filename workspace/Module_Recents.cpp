@@ -36,6 +36,16 @@ bool Relisible(const std::string& chemin) {
          chemin.find("&&") == std::string::npos && chemin.find_first_of("\r\n") == std::string::npos;
 }
 
+// The path as this system reads it: the settings file of a first start names the drawings that come with the
+// product with "\\" behind its own folder. One that is there as it stands is left alone.
+std::string CheminPresent(std::string chemin) {
+  if (chemin.find('\\') == std::string::npos || FichierExiste(chemin)) return chemin;
+  std::replace(chemin.begin(), chemin.end(), '\\', '/');
+  if (FichierExiste(chemin) || DossierDe(chemin) != DossierProgramme) return chemin;
+  const std::string livre = TrouveFichierProduit(NomDe(chemin));
+  return livre.empty() ? chemin : livre;
+}
+
 // Number of a key "MRUFiles" + n, 0 for another key.
 std::size_t NumeroDe(const std::string& cle) {
   const std::string nom = Majuscules(cle);
@@ -54,7 +64,7 @@ void RemplitRecents() {
   for (std::size_t n = 1; n <= Maximum(); ++n) {
     std::string chemin = LireCleIni(Cle(n), "");
     if (chemin.empty()) break;
-    Recents.chemins.push_back(std::move(chemin));
+    Recents.chemins.push_back(CheminPresent(std::move(chemin)));
   }
 }
 
@@ -81,6 +91,10 @@ void SauveRecents() {
   for (const std::string& cle : derriere) SupprimerCle(cle);
 }
 
+bool RecentPresent(std::size_t index) {
+  return index >= 1 && index <= Recents.chemins.size() && FichierExiste(Recents.chemins[index - 1]);
+}
+
 std::vector<std::string> TextesRecents() {
   std::vector<std::string> textes;
   for (const std::string& chemin : Recents.chemins) {
@@ -90,6 +104,14 @@ std::vector<std::string> TextesRecents() {
 }
 
 Ouverture mnu_MRU(std::size_t index, const OptionsOuverture& options, ContenuLu* contenu) {
+  return mnu_MRU(index, [&](const std::string& chemin) {
+    OptionsOuverture dehors = options;
+    dehors.dehors = true;
+    return mnu_Ouvrir(chemin, dehors, contenu);
+  });
+}
+
+Ouverture mnu_MRU(std::size_t index, const std::function<Ouverture(const std::string& chemin)>& ouvre) {
   if (index == 0 || index > Recents.chemins.size()) return Ouverture::Abandon;
   const std::string chemin = Recents.chemins[index - 1];
   if (!FichierExiste(chemin)) {
@@ -97,9 +119,7 @@ Ouverture mnu_MRU(std::size_t index, const OptionsOuverture& options, ContenuLu*
     Message(Section, "lib340", Icone::Exclamation);
     return Ouverture::Abandon;
   }
-  OptionsOuverture dehors = options;
-  dehors.dehors = true;
-  return mnu_Ouvrir(chemin, dehors, contenu);
+  return ouvre(chemin);
 }
 
 }  // namespace ovelin

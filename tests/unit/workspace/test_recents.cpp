@@ -7,6 +7,7 @@
 
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
+#include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
@@ -155,6 +156,35 @@ TEST(MnuMru, AnEntryOpensWithoutTheDialogAndComesFirst) {
   EXPECT_EQ(mnu_MRU(2, options), Ouverture::Reussie);
   EXPECT_EQ(FichierCourant, projet);
   EXPECT_EQ(Recents.chemins, (Chemins{projet, "/other"}));
+}
+
+TEST(RemplitRecents, FindsTheDrawingsThatTheSettingsOfAFirstStartName) {
+  DossiersProduit = {essai::DossierExemples()};
+  for (const char* nom : {"Cercle", "Carre", "Octogone"}) {
+    const int n = static_cast<int>(Recents.chemins.size()) + 1;
+    EcrireCle("MRUFiles" + std::to_string(n), DossierProgramme + "\\" + nom + ".dxf");
+    RemplitRecents();
+    ASSERT_EQ(Recents.chemins.size(), static_cast<std::size_t>(n));
+    EXPECT_EQ(Recents.chemins.back(), essai::DossierExemples() + "/" + nom + ".dxf");
+    EXPECT_TRUE(RecentPresent(static_cast<std::size_t>(n)));
+  }
+}
+
+TEST(RemplitRecents, ReadsABackslashAsTheSeparatorButWhereSuchAFileIsThere) {
+  const std::string droit = essai::EcritFichierEssai("a.dxf", "");
+  const std::string tordu = essai::EcritFichierEssai("b\\c.dxf", "");
+  EcrireCle("MRUFiles1", essai::Dossier() + "\\a.dxf");
+  EcrireCle("MRUFiles2", tordu);
+  RemplitRecents();
+  EXPECT_EQ(Recents.chemins, (std::vector<std::string>{droit, tordu}));
+}
+
+TEST(RecentPresent, IsFalseForAnEntryThatIsGone) {
+  EcrireCle("MRUFiles1", essai::Dossier() + "/parti.dxf");
+  RemplitRecents();
+  EXPECT_FALSE(RecentPresent(1));
+  EXPECT_FALSE(RecentPresent(0));
+  EXPECT_FALSE(RecentPresent(2));
 }
 
 }  // namespace
