@@ -13,6 +13,7 @@
 
 #include "core/Etat.h"
 #include "core/Fichiers.h"
+#include "core/Reprises.h"
 
 namespace ovelin {
 
@@ -65,15 +66,26 @@ int Verrouille(const std::string& dossier, bool attend) {
   return fd;
 }
 
-// Takes away what processes left that are no more: a living one holds the lock in its folder.
+// The folder of this program and this user in the system's temporary folder; "" when it can't be had.
+std::string DossierBase() {
+  std::error_code erreur;
+  const std::filesystem::path systeme = std::filesystem::temp_directory_path(erreur);
+  if (erreur) return "";
+  const std::string base = (systeme / ("ovelin-" + std::to_string(geteuid()))).string();
+  return DossierPrive(base) ? base : "";
+}
+
+// Takes away what processes left that are no more, but for their last state: a living one holds the lock in its
+// folder.
 void OteRestes(const std::string& base) {
   std::error_code erreur;
   std::filesystem::directory_iterator i(base, erreur);
   while (!erreur && i != std::filesystem::directory_iterator()) {
     std::error_code sansType;
-    if (i->is_directory(sansType) && !i->is_symlink(sansType)) {
+    if (i->is_directory(sansType) && !i->is_symlink(sansType) && i->path().filename() != NomDossierReprises) {
       const std::string dossier = i->path().string();
       if (const int verrou = Verrouille(dossier, false); verrou >= 0) {
+        RecueilleReprise(dossier);
         std::error_code ignoree;
         std::filesystem::remove_all(dossier, ignoree);
         close(verrou);
@@ -119,16 +131,23 @@ std::string TrouveFichierProduit(const std::string& nom) {
   return "";
 }
 
+bool RecueilleReprises() {
+  const std::string base = DossierBase();
+  const int verrouBase = base.empty() ? -1 : Verrouille(base, true);
+  if (verrouBase < 0) return false;
+  DossierReprises = base + "/" + NomDossierReprises;
+  OteRestes(base);
+  close(verrouBase);
+  return true;
+}
+
 bool PrepareDossierTemp() {
   OteDossierTemp();
-  std::error_code erreur;
-  const std::filesystem::path systeme = std::filesystem::temp_directory_path(erreur);
-  if (erreur) return false;
-  const std::string base = (systeme / ("ovelin-" + std::to_string(geteuid()))).string();
-  if (!DossierPrive(base)) return false;
+  const std::string base = DossierBase();
   // One process at a time cleans up and makes its folder: between making it and locking it, it looks dead.
-  const int verrouBase = Verrouille(base, true);
+  const int verrouBase = base.empty() ? -1 : Verrouille(base, true);
   if (verrouBase < 0) return false;
+  DossierReprises = base + "/" + NomDossierReprises;
   OteRestes(base);
   const std::string dossier = base + "/" + std::to_string(getpid());
   if (DossierPrive(dossier)) {

@@ -40,13 +40,17 @@ class CadreAvancement {
   CadreAvancement& operator=(const CadreAvancement&) = delete;
 };
 
-void EcritParametres() {
-  const CadreAvancement cadre;
-  const LotCles lot;
+void EcritQuatreGroupes() {
   EcritMateriau();
   EcritCouleurs();
   EcritOptions();
   EcritOutil();
+}
+
+void EcritParametres() {
+  const CadreAvancement cadre;
+  const LotCles lot;
+  EcritQuatreGroupes();
 }
 
 void EcritCleFenetre(const char* suffixe, long valeur) {
@@ -138,6 +142,19 @@ void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents) {
   }
   FinIni(documents);
   EffaceTousInstantanes();
+}
+
+void TermineSansQuestion(const EtatFenetre& fenetre, const std::string& documents, bool gardeInstantanes) {
+  {
+    const SansProjet reglages;
+    const LotCles lot;
+    EcritQuatreGroupes();
+    SauveRecents();
+    EcritPlacement(fenetre);
+  }
+  Cycle.RemiseDefauts = false;
+  FinIni(documents);
+  if (!gardeInstantanes) EffaceTousInstantanes();
 }
 
 // The load of the window looks into the settings file alone; a large project isn't written anew for each new size.

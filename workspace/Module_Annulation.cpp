@@ -17,9 +17,11 @@
 #include "core/Nombres.h"
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
+#include "core/Reprises.h"
 #include "core/Services.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Travail.h"
 
 namespace ovelin {
 
@@ -157,6 +159,7 @@ ResultatInstantane PrendInstantane() {
   const std::string chemin = CheminInstantane(n + 1);
   const std::string avant = dernierNom.empty() ? "" : DossierTemp + "/" + dernierNom;
   if (DejaVide(avant)) return r;
+  NoteDessin(FichierCourant);
   const PendantInstantane pendant(chemin);
   std::string reglages = LignesReglages(chemin);
   if (!avant.empty() && Inchange(IdentiteDe(avant), reglages) && link(avant.c_str(), chemin.c_str()) == 0) {
@@ -180,6 +183,7 @@ ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
   const std::string garde = FichierCourant;
   FichierCourant = CheminInstantane(n - 1);
   r.fait = true;
+  MarqueTravail();
   r.lu = LireProjet(FichierCourant);
   // A snapshot that can't be read leaves the document; only the count was lost.
   if (!r.lu) NbPoints = static_cast<std::int32_t>(TraceInitial.size());

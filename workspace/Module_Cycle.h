@@ -127,6 +127,9 @@ void RetaillePlacement(const EtatFenetre& fenetre);
 // The unloading: recent list, placement keys, the end of the settings file, snapshots. `documents`: the user's
 // documents folder, "" for none.
 void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents);
+// The end when nobody can be asked: the same settings, to the settings file alone. The snapshots stay for the next
+// start where `gardeInstantanes`.
+void TermineSansQuestion(const EtatFenetre& fenetre, const std::string& documents, bool gardeInstantanes);
 
 // --- screen saver --------------------------------------------------------------------------------------------
 

@@ -8,6 +8,7 @@
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "workspace/Module_Ouverture.h"
+#include "workspace/Module_Travail.h"
 
 namespace ovelin {
 
@@ -30,7 +31,10 @@ std::string DemandeChemin(const char* cle) {
 bool Enregistre(const std::string& chemin) {
   if (chemin.empty()) return false;
   const std::string raison = EnregistreProjet(chemin);
-  if (raison.empty()) return true;
+  if (raison.empty()) {
+    RetientTravail();
+    return true;
+  }
   MessageFichier(Section, "lib125", "\n" + chemin + " : " + raison, Icone::Critique, chemin);
   return false;
 }

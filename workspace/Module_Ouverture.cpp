@@ -56,7 +56,6 @@ DessinLu LitEtranger(const std::string& chemin) {
 // A project from a size on that is worth a thread.
 DessinLu LitProjetEnFond(const std::string& chemin) {
   constexpr std::uintmax_t seuilFond = 300000;  // bytes; below, it is there in some milliseconds
-  NbPoints = 0;                                 // the count of the drawing that stood is gone
   std::error_code erreur;
   const std::uintmax_t taille = std::filesystem::file_size(chemin, erreur);
   DessinLu lu;
@@ -161,16 +160,6 @@ void MontreRefus(const RefusFichier& refus) {
   Svc.Montre(boite);
 }
 
-std::string ChoisitDessin() {
-  DialogueFichier dialogue;
-  dialogue.cle = "mnu_Ouvrir";
-  dialogue.titre = Traduire(Section, "lib007");
-  dialogue.filtre = dialogue.titre;
-  dialogue.motif = MotifDessins();
-  dialogue.propose = LireCle("Fichier", "");
-  return Svc.ChoisitFichier(dialogue);
-}
-
 // What an opening puts in force before a byte of the file is looked at.
 void CommenceOuverture(const std::string& chemin, const OptionsOuverture& options) {
   Svc.DessinOuvert(false);
@@ -257,6 +246,26 @@ Ouverture MetEnVigueur(DessinLu& lu, ContenuLu* contenu) {
 
 }  // namespace
 
+std::string ChoisitDessin() {
+  DialogueFichier dialogue;
+  dialogue.cle = "mnu_Ouvrir";
+  dialogue.titre = Traduire(Section, "lib007");
+  dialogue.filtre = dialogue.titre;
+  dialogue.motif = MotifDessins();
+  dialogue.propose = LireCle("Fichier", "");
+  return Svc.ChoisitFichier(dialogue);
+}
+
+DessinLu LitAOuvrir(const std::string& chemin) {
+  return EstProjet(chemin) ? LitProjetEnFond(chemin) : LitEtranger(chemin);
+}
+
+void RefuseDessinLu(const DessinLu& lu) {
+  for (const auto& [cle, valeur] : lu.cles) EcrireCle(cle, valeur);
+  Svc.FichierRecent(lu.chemin);
+  MontreRefus(*lu.refus);
+}
+
 bool RendUniforme(const std::string& chemin) {
   if (LectureSeule(chemin)) return false;
   bool rendu = false;
@@ -270,7 +279,8 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   std::error_code erreur;
   if (choisi.empty() || !std::filesystem::exists(choisi, erreur)) return Ouverture::Abandon;
   CommenceOuverture(choisi, options);
-  DessinLu lu = EstProjet(choisi) ? LitProjetEnFond(choisi) : LitEtranger(choisi);
+  if (EstProjet(choisi)) NbPoints = 0;  // the count of the drawing that stood is gone
+  DessinLu lu = LitAOuvrir(choisi);
   return MetEnVigueur(lu, contenu);
 }
 

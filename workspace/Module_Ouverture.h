@@ -27,6 +27,15 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
 // one need not be handed on, and leaves the open job as it is. The file is not read again.
 Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
 
+// The open dialog: starts at the key "Fichier". "" when it was left without an answer.
+std::string ChoisitDessin();
+// Reads a file to be opened, with the progress and the thread that a long reading has in a window. Nothing in force
+// is touched.
+DessinLu LitAOuvrir(const std::string& chemin);
+// A refused reading of a window: the user is told, the next dialog starts there and the recent list knows it, and
+// the open job stays as it is.
+void RefuseDessinLu(const DessinLu& lu);
+
 // Line ends of a text file on disk made uniform: when its first line doesn't end in a carriage return, every line
 // feed without one gets it in front. Left alone: a file with a NUL or a binary header, a file that can't
 // be written. True when it was rewritten.

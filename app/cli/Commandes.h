@@ -33,4 +33,9 @@ int ListeMateriaux(Contexte& contexte);
 int PoseMateriau(Contexte& contexte, const std::vector<std::string>& champs);
 int EffaceMateriau(Contexte& contexte, const std::string& nom);
 
+// Work that programs left which died: listed, or number `n` of the list written as a project, which then waits no
+// more.
+int ListeReprises(Contexte& contexte);
+int OuvreReprise(Contexte& contexte, int n, const std::string& sortie);
+
 }  // namespace ovelin::cli

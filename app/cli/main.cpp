@@ -21,6 +21,7 @@ using Action = std::function<int()>;
 struct Options {
   std::string dessin, sortie, operations, source, position, lignes;
   std::string nom, nouveau, cle, valeur, interface;
+  int rang = 0;
   std::vector<std::string> champs = std::vector<std::string>(9);
 };
 
@@ -175,6 +176,21 @@ void CommandesMateriaux(CLI::App& app, Contexte& c, Options& o, Action& action) 
   efface->callback([&] { action = [&] { return EffaceMateriau(c, o.nom); }; });
 }
 
+void CommandesReprise(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  CLI::App* recover = Commande(app, "recover", "Work that a program left which died: list, open");
+  recover->require_subcommand(0, 1);
+  recover->callback([&, recover] {
+    if (recover->get_subcommands().empty()) action = [&] { return ListeReprises(c); };
+  });
+  Commande(*recover, "list", "Number, time and drawing")->callback([&] {
+    action = [&] { return ListeReprises(c); };
+  });
+  CLI::App* open = Commande(*recover, "open", "Writes one as a project; it then waits no more");
+  open->add_option("N", o.rang, "Number of the list")->required();
+  Sortie(open, o, "OUT.OVL");
+  open->callback([&] { action = [&] { return OuvreReprise(c, o.rang, o.sortie); }; });
+}
+
 int Execute(int argc, char** argv) {
   CLI::App app{"OVELIN: from a drawing to the moves of a small router", "ovelin-cli"};
   app.set_version_flag("--version", std::to_string(OVELIN_VERSION_MAJEURE) + "." +
@@ -189,6 +205,7 @@ int Execute(int argc, char** argv) {
   CommandesCles(app, contexte, options, action);
   CommandesTables(app, contexte, options, action);
   CommandesMateriaux(app, contexte, options, action);
+  CommandesReprise(app, contexte, options, action);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& erreur) {

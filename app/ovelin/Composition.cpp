@@ -9,6 +9,7 @@
 #include "run/ui/F_Fraisage.h"
 #include "workspace/ui/F_Dimension.h"
 #include "workspace/ui/F_Nettoyage.h"
+#include "workspace/ui/F_Reprise.h"
 #include "workspace/ui/F_Soudure.h"
 
 namespace ovelin {
@@ -21,6 +22,7 @@ constexpr std::array Table{
     LigneDe<F_Fraisage>("F_Fraisage", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Nettoyage>("F_Nettoyage", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_ParamAppli>("F_ParamAppli", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Reprise>("F_Reprise", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Soudure>("F_Soudure", Exemplaires::Un, Tenue::Modale),
 };
 

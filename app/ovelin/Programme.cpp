@@ -2,10 +2,13 @@
 
 #include <QDesktopServices>
 #include <QNetworkProxyFactory>
+#include <QSessionManager>
 #include <QUrl>
 #include <chrono>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <new>
@@ -105,6 +108,7 @@ Programme::Programme(OptionsProgramme options)
               QDesktopServices::openUrl(QUrl(QString::fromStdString(adresse)));
             });
           }) {
+  Quitte = [](int statut) { std::_Exit(statut); };
   InstalleServicesQt();
   InstalleFenetres();
   ArretFatal = ArreteMachine;
@@ -141,6 +145,7 @@ CrochetsDemarrage Programme::Crochets() {
 }
 
 bool Programme::Demarre() {
+  signaux_ = std::make_unique<Signaux>([this](int signal) { TermineParSignal(signal); });
   OptionsDemarrage options;
   options.dossierExecutable = QCoreApplication::applicationDirPath().toStdString();
   options.config = options_.config;
@@ -156,6 +161,21 @@ bool Programme::Demarre() {
   std::erase_if(valeurs, [](const ValeurIllisible& v) { return v.fichier != CheminIni(); });
   AvertitValeurs(valeurs);
   surveille_.start();
+  return true;
+}
+
+void Programme::TermineParSignal(int signal) {
+  constexpr int StatutSignal = 128;
+  if (Cycle.OperationCarte) ArreteMachine();
+  if (fenetre_) fenetre_->TermineSansQuestion();
+  std::fflush(nullptr);
+  Quitte(StatutSignal + signal);
+}
+
+bool Programme::FinDeSession(bool peutDemander) {
+  if (!fenetre_) return true;
+  if (peutDemander) return fenetre_->PeutFinir();
+  TermineParSignal(SIGTERM);
   return true;
 }
 
@@ -194,6 +214,15 @@ int LanceProgramme(int argc, char** argv) {
   QNetworkProxyFactory::setUseSystemConfiguration(true);
   Application::setWindowIcon(IconeProgramme(QStringLiteral("OVELIN-2")));
   Programme programme(std::move(options));
+  // At once, not from the queue: the session waits for the answer.
+  QObject::connect(
+      application.get(), &QGuiApplication::commitDataRequest, application.get(),
+      [&programme](QSessionManager& session) {
+        const bool peutDemander = session.allowsInteraction();
+        if (!programme.FinDeSession(peutDemander)) session.cancel();
+        if (peutDemander) session.release();
+      },
+      Qt::DirectConnection);
   if (!programme.Demarre()) return AutreCopieCourt;
   const int statut = Application::exec();
   programme.SignaleReglages();

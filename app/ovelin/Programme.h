@@ -4,11 +4,13 @@
 #include <QApplication>
 #include <QPointer>
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "app/ovelin/MiseAJour.h"
 #include "app/ovelin/Options.h"
+#include "app/ovelin/Signaux.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/ui/F_Representation.h"
 
@@ -34,6 +36,13 @@ class Programme {
   bool Demarre();
   // Tells a write of the settings that has failed since it was last asked, each reason once.
   void SignaleReglages();
+  // A signal wants the end: the machine stops, settings are written, edited work stays for the next start, nobody
+  // is asked. A loop of a dialog or of a pass that runs meanwhile isn't gone back to.
+  void TermineParSignal(int signal);
+  // The desktop ends its session. Where a program may ask, the user's answer comes back; otherwise as a signal.
+  bool FinDeSession(bool peutDemander);
+  // Ends the process with that status: without unwinding, since the stack holds loops of dialogs.
+  std::function<void(int statut)> Quitte;
   [[nodiscard]] F_Representation* Fenetre() const { return fenetre_.get(); }
   // What the start gets; `Demarre` uses it, tests look at it.
   CrochetsDemarrage Crochets();
@@ -44,6 +53,7 @@ class Programme {
   MiseAJour miseAJour_;
   QTimer surveille_;
   std::string dejaDite_;
+  std::unique_ptr<Signaux> signaux_;
 };
 
 // The whole program; the result is its exit status.

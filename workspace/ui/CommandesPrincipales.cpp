@@ -118,7 +118,10 @@ void CommandesPrincipales::RemplitMenus(QMenuBar* menus) {
       delete menu;
       continue;
     }
-    if (ligne.nom == MenuRecents) menuFichier_ = menu;
+    if (ligne.nom == MenuRecents) {
+      menuFichier_ = menu;
+      connect(menu, &QMenu::aboutToShow, this, &CommandesPrincipales::GriseRecents);
+    }
     menus->addMenu(menu);
   }
 }
@@ -259,6 +262,12 @@ void CommandesPrincipales::RemplitRecents(const std::vector<std::string>& textes
     recents_.push_back(entree);
   }
   separateurRecents_->setVisible(!textes.empty());
+}
+
+void CommandesPrincipales::GriseRecents() {
+  for (std::size_t i = 0; i < recents_.size(); ++i) {
+    recents_[i]->setEnabled(!RecentPresent || RecentPresent(i + 1));
+  }
 }
 
 void CommandesPrincipales::Redessine() {

@@ -38,6 +38,8 @@ class CommandesPrincipales : public QObject {
   // Entries of the recent files, from index 1.
   void RemplitRecents(const std::vector<std::string>& textes);
   std::function<void(std::size_t index)> Recent;
+  // Whether the file of an entry is there: one that is gone is grey. Asked when the menu opens.
+  std::function<bool(std::size_t index)> RecentPresent;
 
   // Combo_Zoom: an item "+", " ", "-" was chosen; its arrows or the wheel: 1 up, -1 down.
   std::function<void(const std::string& choix)> ChoixZoom;
@@ -53,6 +55,7 @@ class CommandesPrincipales : public QObject {
   void Execute(const std::function<void()>& commande);
   void RemplitMenus(QMenuBar* menus);
   void RemplitBarre(QToolBar* barre);
+  void GriseRecents();
   void AjouteBouton(const char* nom);
   void AjouteMateriau();
   void AjouteZoom();

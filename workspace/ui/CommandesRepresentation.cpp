@@ -1,6 +1,7 @@
 // The commands of the main window, by name.
 #include <QPointer>
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "core/DocumentCourant.h"
@@ -18,6 +19,8 @@
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Enregistrement.h"
 #include "workspace/Module_Ouverture.h"
+#include "workspace/Module_Reprise.h"
+#include "workspace/Module_Travail.h"
 #include "workspace/ui/F_Representation.h"
 
 namespace ovelin {
@@ -32,12 +35,8 @@ constexpr double PasFleche = 0.1, PasFlecheLong = 1.0;  // mm
 Executions F_Representation::ToutesExecutions() {
   Executions e;
   e["mnu_Ouvrir"] = [this] { Ouvre(""); };
-  e["mnu_Save"] = [this] {
-    if (mnu_Save()) Titre();
-  };
-  e["mnu_SaveAs"] = [this] {
-    if (mnu_SaveAs()) Titre();
-  };
+  e["mnu_Save"] = [this] { Enregistre(mnu_Save); };
+  e["mnu_SaveAs"] = [this] { Enregistre(mnu_SaveAs); };
   e["mnu_Quitter"] = [this] { close(); };
   e["mnu_Undo"] = [this] { Annule(); };
   e["mnu_Tout"] = [] { CB_Tout(); };
@@ -96,12 +95,74 @@ IssueFenetre F_Representation::Fenetre(const char* nom) {
 void F_Representation::Ouvre(const std::string& chemin) {
   {
     const PendantOuverture pendant(*this);
-    OptionsOuverture options;
-    options.dehors = !chemin.empty();
-    Cycle.OuvertureDehors = options.dehors;
-    mnu_Ouvrir(chemin, options);
+    Cycle.OuvertureDehors = !chemin.empty();
+    OuvreFichier(chemin.empty() ? ChoisitDessin() : chemin);
   }
   ApresOuverture();
+}
+
+Ouverture F_Representation::OuvreFichier(const std::string& chemin) {
+  std::error_code erreur;
+  if (chemin.empty() || !std::filesystem::exists(chemin, erreur)) return Ouverture::Abandon;
+  const Drapeau avant = Modifie;
+  // Before the file is read: it may be the one that the answer saves.
+  if (!PeutLaisser()) return Ouverture::Abandon;
+  DessinLu lu = LitAOuvrir(chemin);
+  if (lu.refus) {
+    RefuseDessinLu(lu);
+    if (TravailChange()) Modifie = avant;
+    return Ouverture::Refusee;
+  }
+  const Ouverture issue = OuvreDessinLu(std::move(lu), OptionsOuverture{});
+  RetientTravail();
+  return issue;
+}
+
+// Whatever the answer, the procedure behind asks nothing more: it looks at Modifie.
+bool F_Representation::PeutLaisser() {
+  if (TravailChange()) {
+    Boite boite;
+    boite.section = Section;
+    boite.cle = "lib140";
+    boite.texte = Traduire(Section, boite.cle) + "\n" + NomDe(FichierCourant);
+    boite.titre = windowTitle().toStdString();
+    boite.icone = Icone::Question;
+    boite.boutons = Boutons::OuiNonAnnuler;
+    const Reponse reponse = Svc.Montre(boite);
+    if (reponse == Reponse::Oui) {
+      if (!Enregistre(mnu_Save)) return false;
+    } else if (reponse != Reponse::Non) {
+      return false;
+    } else if (const std::vector<std::string> placees = ClesPlacees(); !placees.empty()) {
+      std::string liste = "\n" + NomDe(FichierCourant);
+      for (const std::string& cle : placees) liste += "\n" + cle;
+      MessageFichier(Section, "lib141", liste, Icone::Information, FichierCourant);
+    }
+  }
+  Modifie = Faux;
+  return true;
+}
+
+void F_Representation::OffreReprises() {
+  if (ListeReprises().empty() || Fenetre("F_Reprise") != IssueFenetre::Acceptee || !PeutLaisser()) return;
+  {
+    const PendantOuverture pendant(*this);
+    OuvreReprise(RepriseChoisie);
+  }
+  ApresOuverture();
+  Titre();
+}
+
+// A drawing without points would replace its project by a file that nothing can open.
+bool F_Representation::Enregistre(bool (*procedure)()) {
+  constexpr std::size_t PointsMin = 2;
+  if (TraceInitial.size() < PointsMin &&
+      Message(Section, "lib142", Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) {
+    return false;
+  }
+  if (!procedure()) return false;
+  Titre();
+  return true;
 }
 
 // Also where the opening ended for want of memory: the window must not wait for a drawing that never comes.
@@ -205,8 +266,10 @@ void F_Representation::ChoisitMateriau(int rang) {
   PB1_->setFocus(Qt::OtherFocusReason);
 }
 
-// The settings file makes room for a fresh one when the program ends, which it does now.
+// The settings file makes room for a fresh one when the program ends, which it does now: nobody expects that of a
+// command about settings, so it is said first.
 void F_Representation::mnu_Defaut() {
+  if (Message(Section, "lib143", Icone::Question, Boutons::OuiNon) != Reponse::Oui) return;
   Cycle.RemiseDefauts = true;
   close();
 }

@@ -34,6 +34,7 @@
 #include "workspace/Module_Ouverture.h"
 #include "workspace/Module_Recents.h"
 #include "workspace/Module_Souris.h"
+#include "workspace/Module_Travail.h"
 
 namespace ovelin {
 
@@ -133,11 +134,12 @@ void F_Representation::Relie() {
   commandes_->Recent = [this](std::size_t index) {
     {
       const PendantOuverture pendant(*this);
-      mnu_MRU(index);
+      mnu_MRU(index, [this](const std::string& chemin) { return OuvreFichier(chemin); });
     }
     commandes_->RemplitRecents(TextesRecents());  // one that has vanished leaves the menu
     ApresOuverture();
   };
+  commandes_->RecentPresent = [](std::size_t index) { return RecentPresent(index); };
   commandes_->ChoixZoom = [this](const std::string& choix) { Redessine(Combo_Zoom(choix)); };
   commandes_->PasZoom = [this](int sens) { Redessine(Combo_ZoomFleche(sens)); };
 }
@@ -243,7 +245,11 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
     const PendantOuverture pendant(*this);
     return OuvreLigneCommande(ligneCommande);
   }();
+  RetientTravail();
   ApresOuverture();
+  Apres([moi = QPointer<F_Representation>(this)] {
+    if (moi != nullptr) moi->OffreReprises();
+  });
   if (FinChargement(suite)) {
     panneau_->Fraisage()->VideOutil();
     return;
@@ -258,6 +264,10 @@ void F_Representation::closeEvent(QCloseEvent* e) {
   if (RemetFermeture(*this, *e)) return;
   if (ouvre_) {
     fermetureDue_ = true;
+    return e->ignore();
+  }
+  if (!finRepondue_ && !PeutLaisser()) {
+    Cycle.RemiseDefauts = false;
     return e->ignore();
   }
   CrochetsFermeture crochets;
@@ -277,6 +287,16 @@ void F_Representation::closeEvent(QCloseEvent* e) {
   Timer_Interro_->stop();
   DechargeFenetre(EtatCourant(), DossierDocuments);
   e->accept();
+}
+
+void F_Representation::TermineSansQuestion() {
+  if (std::exchange(dechargee_, true)) return;
+  ovelin::TermineSansQuestion(EtatCourant(), DossierDocuments, TravailChange());
+}
+
+bool F_Representation::PeutFinir() {
+  if (!dechargee_ && !finRepondue_) finRepondue_ = PeutLaisser();
+  return dechargee_ || finRepondue_;
 }
 
 void F_Representation::changeEvent(QEvent* e) {
@@ -299,6 +319,7 @@ void F_Representation::Rafraichit() {
 }
 
 void F_Representation::Dessine() {
+  finRepondue_ = false;
   vide_->setVisible(TraceInitial.size() < 2);
   PB1_->Dessin();
 }

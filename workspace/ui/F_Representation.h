@@ -10,6 +10,7 @@
 #include "core/Services.h"
 #include "core/ui/Fenetres.h"
 #include "workspace/Module_Cycle.h"
+#include "workspace/Module_Ouverture.h"
 #include "workspace/ui/BarreEtat.h"
 #include "workspace/ui/CommandesPrincipales.h"
 #include "workspace/ui/FrameAvancement.h"
@@ -31,6 +32,11 @@ class F_Representation : public QMainWindow {
   // A file is opened as one that is dropped on the window, once nothing long runs. False: the window opens no such
   // kind, and nothing comes of it.
   bool Depose(const std::string& chemin);
+  // The program ends now and nobody can be asked: settings are written, edited work stays for the next start.
+  void TermineSansQuestion();
+  // The desktop ends its session and lets a program ask. False: the user goes back. The close that follows asks no
+  // second time, as long as nothing is drawn anew.
+  bool PeutFinir();
 
   // The user's documents, where a copy of the settings file is left at the end; "" for none.
   std::string DossierDocuments;
@@ -68,7 +74,12 @@ class F_Representation : public QMainWindow {
 
   // commands
   Executions ToutesExecutions();
-  void Ouvre(const std::string& chemin);  // without a dialog
+  void Ouvre(const std::string& chemin);              // without a dialog
+  Ouverture OuvreFichier(const std::string& chemin);  // read as a value first: a refused file leaves the open job
+  // The one question in front of what replaces or ends the job. True: it may go.
+  bool PeutLaisser();
+  bool Enregistre(bool (*procedure)());  // mnu_Save or mnu_SaveAs
+  void OffreReprises();                  // work of a program that died
   void ApresOuverture();
   void Annule();
   void RemplitCB_BD();
@@ -112,6 +123,7 @@ class F_Representation : public QMainWindow {
   bool fermetureDue_ = false;  // the window was to close meanwhile
   bool ouverture_ = false;     // the drawing of before is gone, the new one is not ready
   bool dechargee_ = false;
+  bool finRepondue_ = false;  // the question in front of the end has its answer
 };
 
 }  // namespace ovelin

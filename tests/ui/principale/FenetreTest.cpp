@@ -1,6 +1,8 @@
 // The main window by itself: load, menus, opening, closing.
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QDropEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QUrl>
@@ -12,7 +14,10 @@
 #include "core/ReglagesCourants.h"
 #include "core/ui/ServicesQt.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/Module_Transforme.h"
 #include "workspace/Module_Recents.h"
+#include "workspace/Module_Reprise.h"
 
 namespace {
 
@@ -160,6 +165,70 @@ TEST_F(Ouverture_, AnythingElseThatIsDroppedIsLeftAlone) {
   EXPECT_EQ(FichierCourant, "");
 }
 
+TEST_F(Ouverture_, EditedWorkAsksBeforeAnotherDrawingTakesItsPlace) {
+  Charge(Exemple("plaque.dxf"));
+  Deplacement_Selection(1, 2);
+  const std::vector<PointTrace> travail = TraceInitial;
+  const std::string autre = Exemple("equerre.dxf");
+  essai::AttendFichier("mnu_Ouvrir", autre);
+  essai::Attend("F_Representation", "lib140", Reponse::Annuler);
+  Commande("mnu_Ouvrir");
+  EXPECT_EQ(TraceInitial, travail);
+  EXPECT_EQ(NomDe(FichierCourant), "plaque.dxf");
+  essai::AttendFichier("mnu_Ouvrir", autre);
+  essai::Attend("F_Representation", "lib140", Reponse::Non);
+  Commande("mnu_Ouvrir");
+  EXPECT_EQ(NomDe(FichierCourant), "equerre.dxf");
+}
+
+TEST_F(Ouverture_, SavingFirstSavesTheWorkThatIsReplaced) {
+  const std::string projet = Exemple("plaque-poches.OVL");
+  Charge(projet);
+  Deplacement_Selection(1, 2);
+  const float x = TraceInitial[0].X;
+  essai::Attend("F_Representation", "lib140", Reponse::Oui);
+  Commande("mnu_MRU_1");  // the same project: what was just saved is read
+  EXPECT_EQ(FichierCourant, projet);
+  EXPECT_EQ(TraceInitial[0].X, x);
+}
+
+TEST_F(Ouverture_, ARefusedFileLeavesTheOpenJobWithItsUndo) {
+  Charge(Exemple("plaque.dxf"));
+  Deplacement_Selection(1, 2);
+  const Document avant = Doc;
+  const auto instantanes = ListeFichiers(DossierTemp, "OVL");
+  const std::string mauvais = essai::EcritFichierEssai("lettre.dxf", "Bonjour\r\n");
+  const std::string vide = essai::EcritFichierEssai("vide.OVL", "$$RayonFraise=9\r\n");
+  for (const std::string& chemin : {mauvais, vide}) {
+    essai::AttendFichier("mnu_Ouvrir", chemin);
+    essai::Attend("F_Representation", "lib140", Reponse::Non);
+    essai::Attend(chemin == vide ? "erreurs" : "F_Representation", chemin == vide ? "100" : "lib115");
+    Commande("mnu_Ouvrir");
+    EXPECT_EQ(TraceInitial, avant.TraceInitial);
+    EXPECT_EQ(Sequences, avant.Sequences);
+    EXPECT_EQ(TraceDecale, avant.TraceDecale);
+    EXPECT_EQ(NbPoints, avant.NbPoints);
+    EXPECT_EQ(Modifie, avant.Modifie);
+    EXPECT_EQ(NomDe(FichierCourant), "plaque.dxf");
+    EXPECT_EQ(ListeFichiers(DossierTemp, "OVL"), instantanes);
+    EXPECT_TRUE(Menu("mnu_Save")->isEnabled());
+    EXPECT_EQ(LireCleIni("Fichier", ""), chemin);
+    EXPECT_EQ(Recents.chemins.front(), chemin);
+  }
+}
+
+TEST_F(Ouverture_, AnEntryThatIsGoneIsGreyWhenTheMenuOpens) {
+  Charge();
+  for (const char* nom : {"plaque.dxf", "equerre.dxf"}) {
+    essai::AttendFichier("mnu_Ouvrir", Exemple(nom));
+    Commande("mnu_Ouvrir");
+  }
+  std::filesystem::remove(essai::Dossier() + "/plaque.dxf");
+  emit C<QMenu>("mnu_Fichier")->aboutToShow();
+  EXPECT_TRUE(Menu("mnu_MRU_1")->isEnabled());
+  EXPECT_FALSE(Menu("mnu_MRU_2")->isEnabled());
+}
+
 TEST_F(Ouverture_, ARecentFileThatVanishedIsToldAndLeavesTheList) {
   Charge(Exemple("plaque.dxf"));
   const std::string chemin = FichierCourant;
@@ -209,18 +278,102 @@ TEST_F(Fermeture, WithoutAProjectTheParametersAreWrittenAndNothingIsAsked) {
   EXPECT_FALSE(fenetre_->isVisible());
 }
 
-TEST_F(Fermeture, AModifiedProjectAsksAndCancelKeepsTheWindow) {
+TEST_F(Fermeture, EditedWorkAsksAndGoingBackKeepsTheWindow) {
   Charge(Exemple("equerre.dxf"));
-  essai::Attend("F_Representation", "lib004", Reponse::Annuler);
+  Deplacement_Selection(1, 2);
+  essai::Attend("F_Representation", "lib140", Reponse::Annuler);
   fenetre_->close();
   EXPECT_TRUE(fenetre_->isVisible());
+  EXPECT_EQ(essai::Boites().back().boutons, Boutons::OuiNonAnnuler);
+}
+
+TEST_F(Fermeture, ADrawingOrAProjectThatWasOnlyOpenedAsksNothing) {
+  for (const char* nom : {"equerre.dxf", "plaque-poches.OVL"}) {
+    Charge(Exemple(nom));
+    EXPECT_EQ(Modifie, Vrai);
+    fenetre_->close();
+    EXPECT_FALSE(fenetre_->isVisible()) << nom;
+  }
+}
+
+TEST_F(Fermeture, AChosenMaterialAloneAsksAndDiscardTellsWhatStaysInTheProject) {
+  const std::string projet = Exemple("plaque-poches.OVL");
+  Charge(projet);
+  auto* combo = C<QComboBox>("CB_BD");
+  essai::Attend("F_Representation", "lib106", Reponse::Oui);
+  combo->setCurrentIndex(4);
+  emit combo->activated(4);
+  essai::Attend("F_Representation", "lib140", Reponse::Non);
+  essai::Attend("F_Representation", "lib141");
+  fenetre_->close();
+  EXPECT_FALSE(fenetre_->isVisible());
+  const std::string texte = essai::Boites().back().texte;
+  EXPECT_NE(texte.find("plaque-poches.OVL"), std::string::npos);
+  EXPECT_NE(texte.find("ProfFraisage"), std::string::npos) << texte;
+  EXPECT_NE(essai::LitFichierEssai(projet).find("$$ProfFraisage=-4.5"), std::string::npos);
+}
+
+TEST_F(Fermeture, AnEmptiedDrawingIsNotSavedOverItsProjectWithoutAWord) {
+  const std::string projet = Exemple("plaque-poches.OVL");
+  Charge(projet);
+  const std::string avant = essai::LitFichierEssai(projet);
+  Commande("mnu_Tout");
+  SupprimeSelection();
+  Svc.Rafraichit();
+  essai::Attend("F_Representation", "lib142", Reponse::Non);
+  Commande("mnu_Save");
+  EXPECT_EQ(essai::LitFichierEssai(projet), avant);
+  essai::Attend("F_Representation", "lib140", Reponse::Oui);
+  essai::Attend("F_Representation", "lib142", Reponse::Non);
+  fenetre_->close();
+  EXPECT_TRUE(fenetre_->isVisible());
+  essai::Attend("F_Representation", "lib140", Reponse::Non);
+  fenetre_->close();
+  EXPECT_EQ(essai::LitFichierEssai(projet), avant);
+}
+
+TEST_F(Fermeture, WithoutAQuestionTheSettingsAreWrittenAndEditedWorkStays) {
+  const std::string projet = Exemple("plaque-poches.OVL");
+  Charge(projet);
+  const std::string avant = essai::LitFichierEssai(projet);
+  RayonFraise = 2.25;
+  Deplacement_Selection(1, 2);
+  fenetre_->TermineSansQuestion();
+  EXPECT_EQ(LireCleIni("RayonFraise", ""), "2.25");
+  EXPECT_EQ(essai::LitFichierEssai(projet), avant);
+  EXPECT_FALSE(ListeFichiers(DossierTemp, "OVL").empty());
+}
+
+TEST_F(Fermeture, WithoutAQuestionNothingStaysOfWorkThatIsUnchanged) {
+  Charge(Exemple("plaque.dxf"));
+  fenetre_->TermineSansQuestion();
+  EXPECT_TRUE(ListeFichiers(DossierTemp, "OVL").empty());
+}
+
+TEST_F(Fermeture, TheEndOfTheSessionAsksOnceUntilSomethingIsDrawnAnew) {
+  Charge(Exemple("plaque.dxf"));
+  Deplacement_Selection(1, 2);
+  essai::Attend("F_Representation", "lib140", Reponse::Annuler);
+  EXPECT_FALSE(fenetre_->PeutFinir());
+  essai::Attend("F_Representation", "lib140", Reponse::Non);
+  EXPECT_TRUE(fenetre_->PeutFinir());
+  EXPECT_TRUE(fenetre_->PeutFinir());
+  Deplacement_Selection(1, 2);
+  essai::Attend("F_Representation", "lib140", Reponse::Annuler);
+  fenetre_->close();
+  EXPECT_TRUE(fenetre_->isVisible());
+  essai::Attend("F_Representation", "lib140", Reponse::Non);
+  EXPECT_TRUE(fenetre_->PeutFinir());
+  fenetre_->close();
+  EXPECT_FALSE(fenetre_->isVisible());
 }
 
 TEST_F(Fermeture, NoEndsWithoutSavingAndNothingIsWrittenIntoTheDrawing) {
   const std::string chemin = Exemple("equerre.dxf");
   Charge(chemin);
   const std::string avant = essai::LitFichierEssai(chemin);
-  essai::Attend("F_Representation", "lib004", Reponse::Non);
+  Deplacement_Selection(1, 2);
+  essai::Attend("F_Representation", "lib140", Reponse::Non);
   fenetre_->close();
   EXPECT_FALSE(fenetre_->isVisible());
   EXPECT_EQ(essai::LitFichierEssai(chemin), avant);
@@ -229,7 +382,8 @@ TEST_F(Fermeture, NoEndsWithoutSavingAndNothingIsWrittenIntoTheDrawing) {
 TEST_F(Fermeture, YesSavesAndEnds) {
   Charge(Exemple("plaque.dxf"));
   const std::string projet = essai::Dossier() + "/plaque.OVL";
-  essai::Attend("F_Representation", "lib004", Reponse::Oui);
+  Deplacement_Selection(1, 2);
+  essai::Attend("F_Representation", "lib140", Reponse::Oui);
   essai::AttendFichier("mnu_Save", projet);
   fenetre_->close();
   EXPECT_FALSE(fenetre_->isVisible());
@@ -238,7 +392,8 @@ TEST_F(Fermeture, YesSavesAndEnds) {
 
 TEST_F(Fermeture, ASaveThatIsCancelledKeepsTheWindow) {
   Charge(Exemple("plaque.dxf"));
-  essai::Attend("F_Representation", "lib004", Reponse::Oui);
+  Deplacement_Selection(1, 2);
+  essai::Attend("F_Representation", "lib140", Reponse::Oui);
   essai::AttendFichier("mnu_Save", "");
   fenetre_->close();
   EXPECT_TRUE(fenetre_->isVisible());
@@ -247,7 +402,6 @@ TEST_F(Fermeture, ASaveThatIsCancelledKeepsTheWindow) {
 TEST_F(Fermeture, PlaceAndMaterialAreKeptAndSnapshotsAreGone) {
   Charge(Exemple("plaque.dxf"));
   EXPECT_FALSE(ListeFichiers(DossierTemp, "OVL").empty());
-  essai::Attend("F_Representation", "lib004", Reponse::Non);
   fenetre_->resize(1000, 700);
   essai::Evenements();
   fenetre_->close();
@@ -286,8 +440,7 @@ TEST_F(Fermeture, AfterAnUndoTheProjectIsStillAskedForAndSavedToItsFile) {
   Commande("mnu_InverseSelection");
   Commande("mnu_Undo");
   ASSERT_EQ(FichierProjet, "Chargt");
-  Modifie = Vrai;
-  essai::Attend("F_Representation", "lib004", Reponse::Oui);
+  essai::Attend("F_Representation", "lib140", Reponse::Oui);
   fenetre_->close();
   EXPECT_FALSE(fenetre_->isVisible());
   EXPECT_EQ(FichierProjet, projet);
@@ -312,11 +465,42 @@ TEST_F(Fermeture, TheWidthOfThePanelIsKeptWithTheSettingsAndNeverInTheProject) {
 TEST_F(Fermeture, RestoringTheDefaultsQuitsAndMakesRoomForAFreshFile) {
   Charge();
   EcrireCle("RayonFraise", "7");
+  essai::Attend("F_Representation", "lib143", Reponse::Non);
+  Commande("mnu_Defaut");
+  EXPECT_TRUE(fenetre_->isVisible());
+  essai::Attend("F_Representation", "lib143", Reponse::Oui);
   essai::Attend("F_Representation", "lib205", Reponse::Oui);
   Commande("mnu_Defaut");
   EXPECT_FALSE(fenetre_->isVisible());
   EXPECT_FALSE(FichierExiste(CheminIni()));
   EXPECT_TRUE(FichierExiste(DossierProgramme + "/OVELIN.inisav"));
+}
+
+TEST_F(FormLoad, RecoveredWorkIsOfferedWhenTheWindowStandsAndComesBack) {
+  DossierReprises = essai::Dossier() + "/reprises";
+  std::filesystem::create_directories(DossierReprises);
+  const std::string projet = Exemple("plaque-poches.OVL");
+  const std::string garde = DossierReprises + "/1.OVL.reprise";
+  std::filesystem::copy_file(projet, garde);
+  essai::EcritFichierEssai("reprises/1.OVL.dessin", "/autrefois/plaque.dxf");
+  reponses_["F_Reprise"] = [] {
+    RepriseChoisie = ListeReprises().at(0);
+    return true;
+  };
+  Charge(Exemple("equerre.dxf"));
+  EXPECT_EQ(ouvertes_, std::vector<std::string>{"F_Reprise"});
+  EXPECT_EQ(FichierCourant, "/autrefois/plaque.dxf");
+  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> plaque.dxf"));
+  EXPECT_GT(NbPoints, 2);
+  EXPECT_TRUE(ListeReprises().empty());
+  essai::Attend("F_Representation", "lib140", Reponse::Non);
+  fenetre_->close();
+}
+
+TEST_F(FormLoad, NothingIsOfferedWhereNothingWaits) {
+  DossierReprises = essai::Dossier() + "/reprises";
+  Charge();
+  EXPECT_TRUE(ouvertes_.empty());
 }
 
 }  // namespace

@@ -39,7 +39,9 @@ class Variable {
 class ProgrammeEssai {
  public:
   explicit ProgrammeEssai(const std::string& dessin = "", const std::string& config = Dossier() + "/config")
-      : donnees_("XDG_DATA_HOME", Dossier() + "/donnees"), outils_("PATH", Dossier() + "/vide") {
+      : donnees_("XDG_DATA_HOME", Dossier() + "/donnees"),
+        outils_("PATH", Dossier() + "/vide"),
+        temporaire_("TMPDIR", DossierTemporaire()) {
     const ovelin::Services script = ovelin::Svc;
     ovelin::OptionsProgramme options;
     options.config = config;
@@ -87,7 +89,12 @@ class ProgrammeEssai {
   std::unique_ptr<ovelin::Programme> programme;
 
  private:
-  Variable donnees_, outils_;
+  // What another program left must not be offered here.
+  static std::string DossierTemporaire() {
+    std::filesystem::create_directories(Dossier() + "/tmp");
+    return Dossier() + "/tmp";
+  }
+  Variable donnees_, outils_, temporaire_;
 };
 
 // A settings file that is there: nothing is asked at the start.

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QTimer>
+#include <csignal>
 #include <filesystem>
 
 #include "app/ovelin/Composition.h"
@@ -200,6 +201,54 @@ TEST(Programme, StopsTheMachineBeforeAFatalEnd) {
   const ProgrammeEssai p;
   ASSERT_NE(ArretFatal, nullptr);
   ArretFatal();  // without a board there is nothing to stop
+}
+
+TEST(Signaux, EndTheProgramThroughItsLoopWithSettingsAndEditedWork) {
+  for (const int signal : Signaux::Ecoutes) {
+    ConfigPresente();
+    const std::string dessin = Dossier() + "/equerre.dxf";
+    std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin,
+                               std::filesystem::copy_options::overwrite_existing);
+    ProgrammeEssai p(dessin);
+    ASSERT_TRUE(p.Demarre());
+    std::vector<int> statuts;
+    p.programme->Quitte = [&statuts](int statut) { statuts.push_back(statut); };
+    RayonFraise = 1.75;
+    TraceInitial[0].X += 1;
+    raise(signal);
+    EXPECT_TRUE(statuts.empty());
+    Evenements();
+    EXPECT_EQ(statuts, std::vector<int>{128 + signal});
+    EXPECT_EQ(LireCleIni("RayonFraise", ""), "1.75");
+    EXPECT_FALSE(ListeFichiers(DossierTemp, "OVL").empty());
+  }
+}
+
+TEST(Signaux, AreTheSystemsAgainWhenNobodyListens) {
+  struct sigaction avant {};
+  sigaction(SIGTERM, nullptr, &avant);
+  {
+    const Signaux signaux([](int) {});
+  }
+  struct sigaction apres {};
+  sigaction(SIGTERM, nullptr, &apres);
+  EXPECT_EQ(apres.sa_handler, avant.sa_handler);
+}
+
+TEST(FinDeSession, AsksWhereItMayAndElseEndsAsASignalDoes) {
+  ConfigPresente();
+  const std::string dessin = Dossier() + "/equerre.dxf";
+  std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin);
+  ProgrammeEssai p(dessin);
+  ASSERT_TRUE(p.Demarre());
+  std::vector<int> statuts;
+  p.programme->Quitte = [&statuts](int statut) { statuts.push_back(statut); };
+  TraceInitial[0].X += 1;
+  Attend("F_Representation", "lib140", Reponse::Annuler);
+  EXPECT_FALSE(p.programme->FinDeSession(true));
+  EXPECT_TRUE(statuts.empty());
+  EXPECT_TRUE(p.programme->FinDeSession(false));
+  EXPECT_EQ(statuts, std::vector<int>{128 + SIGTERM});
 }
 
 }  // namespace

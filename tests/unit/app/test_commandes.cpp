@@ -1,9 +1,11 @@
 // The commands of ovelin-cli as a script sees them: status, JSON, files, and what is left alone.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "core/PlanCourant.h"
@@ -462,6 +464,44 @@ TEST(Materials, AreListedChangedAddedAndDeleted) {
   ASSERT_EQ(a.Appelle({"materials", "delete", "Liège"}).etat, 0);
   EXPECT_EQ(a.Appelle({"materials", "list", "--json"}).Json()["materials"].size(), 5U);
   EXPECT_EQ(a.Appelle({"materials", "delete", "Liège"}).etat, 1);
+}
+
+// A dead process of this user in a temporary folder of the test.
+std::string LaisseMort(const essai::Atelier& a) {
+  const std::string dossier = a.Chemin("ovelin-" + std::to_string(geteuid()) + "/77");
+  std::filesystem::create_directories(dossier);
+  std::filesystem::copy_file(essai::Exemple("equerre-attaches.OVL"), dossier + "/00004.OVL");
+  std::ofstream(dossier + "/dessin") << "/dessins/equerre.dxf";
+  return "TMPDIR=" + a.Chemin("");
+}
+
+TEST(Recover, ListsWhatDeadProcessesLeftAndOpensItOnce) {
+  const essai::Atelier a;
+  const std::string ou = LaisseMort(a);
+  const auto liste = a.Appelle({"recover", "list", "--json"}, ou).Json()["recovered"];
+  ASSERT_EQ(liste.size(), 1U);
+  EXPECT_EQ(liste[0]["n"], 1);
+  EXPECT_EQ(liste[0]["drawing"], "/dessins/equerre.dxf");
+  const std::string sortie = a.Chemin("retrouve.OVL");
+  EXPECT_EQ(a.Appelle({"recover", "open", "2", "-o", sortie, "--json"}, ou).Json()["error"]["key"], "cli_reprise");
+  EXPECT_EQ(a.Appelle({"recover", "open", "1", "-o", sortie}, ou).etat, 0);
+  EXPECT_EQ(essai::Atelier::Lit(sortie), essai::Atelier::Lit(essai::Exemple("equerre-attaches.OVL")));
+  EXPECT_EQ(a.Appelle({"recover"}, ou).sortie, "");
+}
+
+TEST(Recover, WritesNothingButAProject) {
+  const essai::Atelier a;
+  const std::string ou = LaisseMort(a);
+  EXPECT_EQ(a.Appelle({"recover", "open", "1", "-o", a.Chemin("retrouve.dxf")}, ou).etat, 1);
+  EXPECT_EQ(a.Appelle({"recover", "list", "--json"}, ou).Json()["recovered"].size(), 1U);
+}
+
+TEST(GCode, NamesThePathsThatGetNoToolPath) {
+  const essai::Atelier a;
+  const auto r =
+      a.Appelle({"gcode", essai::Exemple("equerre.dxf"), "-o", a.Chemin("a.nc"), "--set", "RayonFraise=30"});
+  EXPECT_EQ(r.etat, 0);
+  EXPECT_NE(r.erreurs.find("trop \u00e9troites"), std::string::npos) << r.erreurs;
 }
 
 }  // namespace
