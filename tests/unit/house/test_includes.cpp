@@ -133,6 +133,23 @@ bool PieceAutorise(const std::string& de, const std::string& vers) {
   return piece != Pieces.end() && (piece->second.contains(vers) || vers == "commun");
 }
 
+// The table of folders in docs/architecture.md: folder -> the paths of its third column.
+std::map<std::string, std::set<std::string>> TableDocumentee() {
+  static const std::regex Rangee(R"(^\| `(\w+)/` \|[^|]*\|([^|]*)\|$)");
+  static const std::regex Chemin("`([^`]+)`");
+  std::map<std::string, std::set<std::string>> table;
+  std::ifstream f(fs::path(OVELIN_SOURCE_DIR) / "docs/architecture.md");
+  std::string ligne;
+  while (std::getline(f, ligne)) {
+    std::smatch m;
+    if (!std::regex_match(ligne, m, Rangee)) continue;
+    std::set<std::string>& permis = table[m[1]];
+    const std::string colonne = m[2];
+    for (std::sregex_iterator i(colonne.begin(), colonne.end(), Chemin), fin; i != fin; ++i) permis.insert((*i)[1]);
+  }
+  return table;
+}
+
 bool DuProjet(const std::string& inclus) { return Dossiers.contains(inclus.substr(0, inclus.find('/'))); }
 
 TEST(Inclusions, EachFolderUsesOnlyWhatTheTableAllows) {
@@ -143,6 +160,17 @@ TEST(Inclusions, EachFolderUsesOnlyWhatTheTableAllows) {
       if (!DuProjet(i.inclus) || DeFenetres(Relatif(i.fichier))) continue;
       EXPECT_TRUE(Autorise(permis, i.inclus)) << i.fichier << " includes " << i.inclus;
     }
+  }
+}
+
+TEST(Inclusions, TheTableInTheDocumentsIsThisOne) {
+  const auto table = TableDocumentee();
+  for (const auto& [dossier, permis] : Permis) {
+    std::set<std::string> autres = permis;
+    autres.erase(dossier + "/");
+    const auto rangee = table.find(dossier);
+    ASSERT_NE(rangee, table.end()) << dossier;
+    EXPECT_EQ(rangee->second, autres) << dossier;
   }
 }
 
