@@ -49,7 +49,7 @@ class ArbreBoites {
     return std::min(nombre_, (noeud - feuilles_ + 1) * kParFeuille);
   }
 
-  // The one walk. `entre(k)`: shall node k be looked into? It is asked when the walk gets there. `gauche(k)`: of
+  // The one walk. `entre(k)`: shall node k be looked into? Asked when the walk gets there. `gauche(k)`: of
   // the children of k, does the left one come first? `feuille(k)`: a leaf; false ends the walk. Returns whether the
   // walk came to its end.
   template <class Entre, class GaucheDAbord, class Feuille>
@@ -83,8 +83,9 @@ class ArbreBoites {
              });
   }
 
-  // The things of [debut, debut + nombre) in an order in which those of a leaf lie near each other: each node's are
-  // halved where its children part, along the longer side of their box. `lieu(thing)` gives its place.
+  // The things of [debut, debut + nombre) in an order in which those of a leaf lie near each other: those of a
+  // node are halved where its children part, along the longer side of the things' box. `lieu(thing)` gives its
+  // place.
   template <class Iterateur, class Lieu>
   static void RangeParVoisinage(Iterateur debut, std::size_t nombre, Lieu lieu) {
     Range(debut, nombre, NbFeuilles(nombre), lieu);

@@ -1,5 +1,5 @@
 // The drawing as values: its runs, its codes, its bounds. Nothing here knows the document in force;
-// Module_Sequence.h holds the same look-ups on that one.
+// Module_Sequence.h holds the same look-ups on that document.
 //
 // A look-up by one code is a scan with the first match. Who asks for all codes makes an `IndexCodes` once, so that
 // no pass costs points times paths.

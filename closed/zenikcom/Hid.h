@@ -1,4 +1,4 @@
-// The few functions of the HID library that the link needs, as a table, so that another can take its place.
+// The few functions of the HID library that the link needs, as a table: a test fills the table with its own.
 #pragma once
 
 #include <cstddef>

@@ -45,8 +45,9 @@ struct Bouts {
 long MarqueDoublons(const Plan& plan, std::vector<char>& garde);
 
 // Marks likewise, in a `garde` that is filled, every path that lies over its whole length within `ecart` mm of an
-// earlier one of its nature, when that one lies so beside it too. Crumbs of no more than four times that size are
-// left alone, but for holes: the pieces of a finely cut line lie as near to each other as its doubles do.
+// earlier path of its nature, and that earlier one within `ecart` of the path. Crumbs of no more than four times
+// that size are left alone, but for holes: the pieces of a finely cut line lie as near to each other as its doubles
+// do.
 long MarqueJumeaux(const Plan& plan, double ecart, std::vector<char>& garde);
 
 // Joins the open paths at their ends. `bouts` belongs to `plan.chemins`, same order. `tolerance` in mm; 0 joins

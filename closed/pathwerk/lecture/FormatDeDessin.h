@@ -1,4 +1,4 @@
-// Whose a file is, by what it begins with. Each gets the whole file.
+// Which format a file has, by its first bytes. Each procedure gets the whole file.
 #pragma once
 
 #include <string_view>
