@@ -42,7 +42,7 @@ TEST(F_Reprise, ListsTheNewestFirstWithDrawingAndPicture) {
   const auto image = [&f] { return f.findChild<ApercuDimension*>()->grab().toImage(); };
   const QImage premiere = image();
   liste->setCurrentRow(1);
-  Evenements();
+  essai::Evenements();
   EXPECT_NE(image(), premiere);
   Capture(f, "F_Reprise");
 }

@@ -224,7 +224,7 @@ TEST_F(Ouverture_, AnEntryThatIsGoneIsGreyWhenTheMenuOpens) {
     Commande("mnu_Ouvrir");
   }
   std::filesystem::remove(essai::Dossier() + "/plaque.dxf");
-  emit C<QMenu>("mnu_Fichier")->aboutToShow();
+  Q_EMIT C<QMenu>("mnu_Fichier")->aboutToShow();
   EXPECT_TRUE(Menu("mnu_MRU_1")->isEnabled());
   EXPECT_FALSE(Menu("mnu_MRU_2")->isEnabled());
 }
@@ -302,7 +302,7 @@ TEST_F(Fermeture, AChosenMaterialAloneAsksAndDiscardTellsWhatStaysInTheProject) 
   auto* combo = C<QComboBox>("CB_BD");
   essai::Attend("F_Representation", "lib106", Reponse::Oui);
   combo->setCurrentIndex(4);
-  emit combo->activated(4);
+  Q_EMIT combo->activated(4);
   essai::Attend("F_Representation", "lib140", Reponse::Non);
   essai::Attend("F_Representation", "lib141");
   fenetre_->close();

@@ -217,7 +217,7 @@ TEST(Signaux, EndTheProgramThroughItsLoopWithSettingsAndEditedWork) {
     TraceInitial[0].X += 1;
     raise(signal);
     EXPECT_TRUE(statuts.empty());
-    Evenements();
+    essai::Evenements();
     EXPECT_EQ(statuts, std::vector<int>{128 + signal});
     EXPECT_EQ(LireCleIni("RayonFraise", ""), "1.75");
     EXPECT_FALSE(ListeFichiers(DossierTemp, "OVL").empty());
