@@ -109,6 +109,7 @@ TEST(ApparenceBD, ShowsTheEditorInItsCellAndTheCellThatWasRefused) {
   QTest::mouseClick(grille->viewport(), Qt::LeftButton, {}, grille->visualItemRect(grille->item(3, 0)).center());
   Evenements();
   Capture(f, "F_BD-saisie");
+  Attend("F_BD", "lib024", Reponse::Non);
   f.close();
 }
 

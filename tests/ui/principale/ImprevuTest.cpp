@@ -67,7 +67,6 @@ TEST_F(Imprevu, AQuitDuringAnOpeningComesWhenTheDrawingStands) {
 
 TEST_F(Imprevu, AQuitDuringTheLoadComesWhenItIsDone) {
   Svc.Dimensionne = [this](DemandeDimension&) { fenetre_->close(); };
-  essai::Attend("F_Representation", "lib004", Reponse::Non);
   const std::string chemin = Exemple("plaque.dxf");
   fenetre_ = std::make_unique<F_Representation>();
   fenetre_->DossierDocuments.clear();

@@ -276,6 +276,7 @@ TEST_F(Travail, TheDisplacementCountsFromZeroBehindAnUndoAndInAnotherDrawing) {
   Commande("mnu_Tout");
   Clique(*C<QAbstractButton>("CB_Droite"));
   essai::AttendFichier("mnu_Ouvrir", Exemple("plaque.dxf"));
+  essai::Attend("F_Representation", "lib140", Reponse::Non);
   Commande("mnu_Ouvrir");
   EXPECT_EQ(C<QLineEdit>("TB_X")->text().toDouble(), 0);
 }
