@@ -250,7 +250,7 @@ TEST_F(MauvaisFichiers, EveryFileOfTheCorpusOpensOrIsRefusedWithABox) {
     const bool lue = SeDepose(extension) && extension != "EPS" && extension != "OVL";
     if (!lue || !e.is_regular_file() || e.file_size() > 300000) continue;
     SCOPED_TRACE(e.path().string());
-    const std::string copie = Dossier() + "/copie." + extension;
+    const std::string copie = Dossier() + "/copie" + std::to_string(ouverts + refuses) + "." + extension;
     fs::copy_file(e.path(), copie, fs::copy_options::overwrite_existing);
     fs::permissions(copie, fs::perms::owner_all);
     int boites = 0;
@@ -262,9 +262,9 @@ TEST_F(MauvaisFichiers, EveryFileOfTheCorpusOpensOrIsRefusedWithABox) {
     };
     p_->Ouvre(copie);
     Svc.Montre = avant;
-    const bool ouvert = p_->Active("mnu_Save");
+    const bool ouvert = FichierCourant == copie;  // a refused one leaves the drawing of before
     EXPECT_EQ(boites, ouvert ? 0 : 1);
-    EXPECT_EQ(ouvert, NbPoints >= 2);
+    EXPECT_TRUE(!ouvert || NbPoints >= 2);
     ++(ouvert ? ouverts : refuses);
     if (!ouvert) ResteUtilisable();
   }

@@ -15,6 +15,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
 #include "tests/ui/programme/ProgrammeEssai.h"
+#include "workspace/Module_Annulation.h"
 
 namespace {
 
@@ -215,6 +216,7 @@ TEST(Signaux, EndTheProgramThroughItsLoopWithSettingsAndEditedWork) {
     p.programme->Quitte = [&statuts](int statut) { statuts.push_back(statut); };
     RayonFraise = 1.75;
     TraceInitial[0].X += 1;
+    PrendInstantane();
     raise(signal);
     EXPECT_TRUE(statuts.empty());
     essai::Evenements();
