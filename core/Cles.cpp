@@ -4,6 +4,8 @@
 #include <optional>
 #include <utility>
 
+#include "core/ChampsMachine.h"
+#include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/FichierIni.h"
@@ -49,11 +51,9 @@ std::optional<std::string> Surcharge(std::string_view cle) {
 }
 
 bool CleMachine(std::string_view cle) {
-  static constexpr std::array<std::string_view, 5> familles = {"TB_SAV_", "CB_SAV_", "COMBO_SAV_", "OPTION_SAV_",
-                                                               "SLD_SAV_"};
   const std::string nom = Majuscules(cle);
-  for (const std::string_view famille : familles) {
-    if (nom.starts_with(famille)) return true;
+  for (const std::string_view famille : NomsFamilles) {
+    if (nom.starts_with(Majuscules(famille) + "_")) return true;
   }
   return false;
 }

@@ -10,27 +10,27 @@
 #include "core/Lignes.h"
 #include "core/ProjetTexte.h"
 #include "core/Texte8.h"
+#include "core/Textes.h"
 
 namespace ovelin {
 
 namespace {
 
-void Refuse(ProjetLu& lu, const std::string& chemin, std::string_view section, std::string_view cle,
-            const std::string& suite = "") {
-  lu.refus = RefusFichier{std::string(section), std::string(cle), suite, chemin, 0};
+void Refuse(ProjetLu& lu, const std::string& chemin, CleTexte texte, const std::string& suite = "") {
+  lu.refus = RefusDe(texte, suite, chemin);
 }
 
 // Takes the count and the bounds of what has been read.
 void Verifie(ProjetLu& lu, const std::string& chemin, const RecensementProjet& r) {
   // A file of empty lines could hold more of them than the count can tell.
   if (r.NbPoints == 0 || r.NbPoints > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
-    Refuse(lu, chemin, "erreurs", "100");
+    Refuse(lu, chemin, Textes::ProjetVide);
     return;
   }
   Document& d = lu.document;
   d.NbPoints = static_cast<std::int32_t>(r.NbPoints);
   d.Xmin = r.Xmin, d.Xmax = r.Xmax, d.Ymin = r.Ymin, d.Ymax = r.Ymax;
-  if (d.Xmin == d.Xmax && d.Ymin == d.Ymax) Refuse(lu, chemin, "erreurs", "101");
+  if (d.Xmin == d.Xmax && d.Ymin == d.Ymax) Refuse(lu, chemin, Textes::PointsConfondus);
 }
 
 void LitTout(ProjetLu& lu, const std::string& chemin, std::string_view octets) {
@@ -58,9 +58,9 @@ ProjetLu Lit(const std::string& chemin, Lecture lecture) {
     ErreurSysteme raison;
     const auto octets = LitFichierEntier(chemin, &raison);
     if (!octets) {
-      Refuse(lu, chemin, "F_Representation", "lib110", "\n" + chemin + ": " + raison);
+      Refuse(lu, chemin, Textes::LectureRefusee, "\n" + chemin + ": " + raison);
     } else if (lecture == Lecture::Gardee && !EstTexteProjet(*octets)) {
-      Refuse(lu, chemin, "F_Representation", "PasProjet", "\n" + chemin);
+      Refuse(lu, chemin, Textes::PasProjet, "\n" + chemin);
     } else if (lecture != Lecture::Recense) {
       LitTout(lu, chemin, *octets);
     } else {
@@ -68,7 +68,7 @@ ProjetLu Lit(const std::string& chemin, Lecture lecture) {
     }
   } catch (const std::bad_alloc&) {
     lu = ProjetLu{};
-    Refuse(lu, chemin, "F_Representation", "lib114");
+    Refuse(lu, chemin, Textes::MemoireManque);
   }
   return lu;
 }

@@ -17,6 +17,7 @@
 #include "core/ProjetTexte.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 
 namespace ovelin {
@@ -35,7 +36,7 @@ constexpr std::uintmax_t SeuilFondOctets = 300000;
 class Avancement {
  public:
   Avancement() {
-    Svc.AvancementDebut(Traduire("F_Representation", "Frame_Avancement"), 0);
+    Svc.AvancementDebut(Traduire(Textes::EnregistrementEnCours), 0);
     Svc.LaisseEvenements(Evenements::Affichage);
   }
   ~Avancement() { Svc.AvancementFin(); }
@@ -63,11 +64,11 @@ ErreurSysteme Ecrit(const std::string& chemin, std::string texte, std::span<cons
 
 // The end of the file is missing. What was whole stands.
 void AvertitTronque(const std::string& chemin) {
-  MessageFichier("erreurs", "102", "\n" + chemin, Icone::Exclamation, chemin);
+  MessageFichier(Textes::FichierTronque, "\n" + chemin, Icone::Exclamation, chemin);
 }
 
 bool MontreRefus(const RefusFichier& refus) {
-  MessageFichier(refus.section, refus.cle, refus.suite, Icone::Critique, refus.fichier);
+  Svc.Montre(BoiteRefus(refus));
   return false;
 }
 

@@ -16,8 +16,8 @@ ErreurSysteme EcrireProjet(const std::string& chemin);
 // which is written only where one differs.
 std::string LignesReglages(const std::string& chemin);
 
-// Reads a project into the document. False when the checks refuse it: the message has been shown (keys "100",
-// "101" of "erreurs", "lib110" with the system's reason for a file that can't be read), and the document is
+// Reads a project into the document. False when the checks refuse it: the message has been shown (ProjetVide,
+// PointsConfondus, LectureRefusee with the system's reason for a file that can't be read), and the document is
 // unchanged apart from NbPoints and the bounds.
 bool LireProjet(const std::string& chemin);
 // The second half: a project that has been read comes into force, as by LireProjet.

@@ -1,7 +1,11 @@
 // Why a file is refused, as a value: who shows it translates it.
 #pragma once
 
+#include <cstdint>
 #include <string>
+
+#include "core/Services.h"
+#include "core/Traduction.h"
 
 namespace ovelin {
 
@@ -11,5 +15,14 @@ struct RefusFichier {
   std::string fichier;
   long ligne = 0;  // from 1; 0 when no line is at fault
 };
+
+RefusFichier RefusDe(CleTexte texte, const std::string& suite, const std::string& fichier);
+// The refusal of that number of the geometry library. A library of another make may have numbers of its own: their
+// key is "lib" and the number without its sign, which the user reads where no translation holds it.
+RefusFichier RefusErreur(std::int32_t numero);
+
+// The box of a refusal, under the program's name.
+Boite BoiteRefus(const RefusFichier& refus);
+Boite BoiteErreur(std::int32_t numero);
 
 }  // namespace ovelin

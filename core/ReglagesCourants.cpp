@@ -1,6 +1,7 @@
 #include "core/ReglagesCourants.h"
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/Document.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
@@ -14,54 +15,74 @@ namespace {
 
 [[maybe_unused]] const bool enregistree = EnregistreRemise([] { Regl = Reglages{}; });
 
-std::int16_t LitEntier16(const char* cle, std::int16_t defaut) { return Arrondi16(LireNombre(cle, defaut)); }
-std::int32_t LitEntier32(const char* cle, std::int32_t defaut) { return Arrondi32(LireNombre(cle, defaut)); }
+enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Demarrage };
 
-void EcritNombre(const char* cle, double v) { EcrireCle(cle, TexteNombre(v)); }
-void EcritEntier(const char* cle, long v) { EcrireCle(cle, TexteNombre(v)); }
+// A key read into its member; without it, or where it is no number, the member takes the default.
+void Lit(const char* cle, double& m, double defaut) { m = LireNombre(cle, defaut); }
+void Lit(const char* cle, float& m, float defaut) { m = EnFloat(LireNombre(cle, static_cast<double>(defaut))); }
+void Lit(const char* cle, std::int16_t& m, std::int16_t defaut) { m = Arrondi16(LireNombre(cle, defaut)); }
+void Lit(const char* cle, std::int32_t& m, std::int32_t defaut) { m = Arrondi32(LireNombre(cle, defaut)); }
+void Lit(const char* cle, bool& m, bool defaut) { m = LireBooleen(cle, defaut); }
+void Lit(const char* cle, std::string& m, const std::string& defaut) { m = LireCle(cle, defaut); }
+
+void Ecrit(const char* cle, double v) { EcrireCle(cle, TexteNombre(v)); }
+void Ecrit(const char* cle, float v) { EcrireCle(cle, TexteNombre(v)); }
+void Ecrit(const char* cle, std::int16_t v) { EcrireCle(cle, TexteNombre(static_cast<long>(v))); }
+void Ecrit(const char* cle, std::int32_t v) { EcrireCle(cle, TexteNombre(static_cast<long>(v))); }
+void Ecrit(const char* cle, bool v) { EcrireCle(cle, v ? "Vrai" : "Faux"); }
+void Ecrit(const char* cle, const std::string& v) { EcrireCle(cle, v); }
+
+struct Reglage {
+  Groupe groupe;
+  void (*lit)(Reglages& r, const Reglages& defauts);
+  void (*ecrit)(const Reglages& r);
+};
+#define CLE(cle)
+#define SUFFIXE(nom, texte)
+#define REGLAGE(cle, membre, groupe)                                                           \
+  {Groupe::groupe, [](Reglages& r, const Reglages& d) { Lit(cles::cle, r.membre, d.membre); }, \
+   [](const Reglages& r) { Ecrit(cles::cle, r.membre); }},
+constexpr Reglage Lignes[] = {
+#include "core/Reglages.def"
+};
+#undef REGLAGE
+#undef SUFFIXE
+#undef CLE
+
+void LitGroupe(Groupe groupe, const Reglages& defauts = {}) {
+  for (const Reglage& ligne : Lignes) {
+    if (ligne.groupe == groupe) ligne.lit(Regl, defauts);
+  }
+}
+
+void EcritGroupe(Groupe groupe) {
+  const LotCles lot;
+  for (const Reglage& ligne : Lignes) {
+    if (ligne.groupe == groupe) ligne.ecrit(Regl);
+  }
+}
 
 }  // namespace
 
 void LitMateriau() {
-  const Reglages neuf;
-  Regl.Vitesse_Mat_H = LireNombre("Vitesse_Mat_H", neuf.Vitesse_Mat_H);
-  Regl.Vitesse_Mat_V = LireNombre("Vitesse_Mat_V", neuf.Vitesse_Mat_V);
-  Regl.HautDeg = EnFloat(LireNombre("HautDeg", static_cast<double>(neuf.HautDeg)));
+  LitGroupe(Groupe::Materiau);
   Regl.HautDegSaisie = false;
-  Regl.ProfFraisage = LireNombre("ProfFraisage", neuf.ProfFraisage);
-  Regl.ProfPasse = LireNombre("ProfPasse", neuf.ProfPasse);
   if (Regl.ProfPasse == 0) Regl.ProfPasse = -0.1;  // passes of no depth would never reach the bottom
-  Regl.MiniEncoche = LireNombre("MiniEncoche", neuf.MiniEncoche);
-  Regl.ModeZENIK = LitEntier16("ModeZENIK", neuf.ModeZENIK);
 }
 
-void LitCouleurs() {
-  const Reglages neuf;
-  Regl.CouleurNumero = LitEntier32("CouleurNumero", neuf.CouleurNumero);
-  Regl.CouleurSequence = LitEntier32("CouleurSequence", neuf.CouleurSequence);
-  Regl.CouleurInitial = LitEntier32("CouleurInitial", neuf.CouleurInitial);
-  Regl.Couleurselectionne = LitEntier32("Couleurselectionne", neuf.Couleurselectionne);
-  Regl.CouleurDecalage = LitEntier32("CouleurDecalage", neuf.CouleurDecalage);
-  Regl.CouleurEncoche = LitEntier32("CouleurEncoche", neuf.CouleurEncoche);
-}
+void LitCouleurs() { LitGroupe(Groupe::Couleurs); }
 
 void LitOptions() {
-  const Reglages neuf;
-  Regl.PCPoche = LitEntier16("PCPoche", neuf.PCPoche);
-  Regl.ConfirmSuppr = LireBooleen("ConfirmSuppr", neuf.ConfirmSuppr);
-  Regl.TimerInterval = LitEntier32("TimerInterval", neuf.TimerInterval);
-  Regl.gMaxMRU = LitEntier32("gMaxMRU", neuf.gMaxMRU);
+  LitGroupe(Groupe::Options);
+  LitGroupe(Groupe::Recents);
   // The tolerance acts on drawings that are not projects yet, so no project has a say in it.
-  const float soudure = EnFloat(LitNombre(LireCleIni("ToleranceSoudure", "")).value_or(-1));
-  Regl.ToleranceSoudure = soudure < 0 ? neuf.ToleranceSoudure : soudure;
+  const float soudure = EnFloat(LitNombre(LireCleIni(cles::ToleranceSoudure, "")).value_or(-1));
+  Regl.ToleranceSoudure = soudure < 0 ? Reglages{}.ToleranceSoudure : soudure;
 }
 
 void LitOutil() {
-  const Reglages neuf;
-  Regl.DecalageOutil = LitEntier16("DecalageOutil", neuf.DecalageOutil);
+  LitGroupe(Groupe::Outil);
   if (Regl.DecalageOutil < 1) Regl.DecalageOutil = 1;
-  Regl.RayonFraise = LireNombre("RayonFraise", neuf.RayonFraise);
-  Regl.LargeurEncoche = LireNombre("LargeurEncoche", neuf.LargeurEncoche);
 }
 
 void LitReglagesDocument() {
@@ -71,67 +92,42 @@ void LitReglagesDocument() {
   LitOutil();
 }
 
-void EcritMateriau() {
-  const LotCles lot;
-  EcritNombre("Vitesse_Mat_H", Regl.Vitesse_Mat_H);
-  EcritNombre("Vitesse_Mat_V", Regl.Vitesse_Mat_V);
-  EcrireCle("HautDeg", TexteNombre(Regl.HautDeg));
-  EcritNombre("ProfFraisage", Regl.ProfFraisage);
-  EcritNombre("ProfPasse", Regl.ProfPasse);
-  EcritNombre("MiniEncoche", Regl.MiniEncoche);
-  EcritEntier("ModeZENIK", Regl.ModeZENIK);
-}
+void EcritMateriau() { EcritGroupe(Groupe::Materiau); }
 
-void EcritCouleurs() {
-  const LotCles lot;
-  EcritEntier("CouleurNumero", Regl.CouleurNumero);
-  EcritEntier("CouleurSequence", Regl.CouleurSequence);
-  EcritEntier("CouleurInitial", Regl.CouleurInitial);
-  EcritEntier("Couleurselectionne", Regl.Couleurselectionne);
-  EcritEntier("CouleurDecalage", Regl.CouleurDecalage);
-  EcritEntier("CouleurEncoche", Regl.CouleurEncoche);
-}
+void EcritCouleurs() { EcritGroupe(Groupe::Couleurs); }
 
 void EcritOptions() {
   const LotCles lot;
-  EcritEntier("PCPoche", Regl.PCPoche);
-  EcrireCle("ConfirmSuppr", Regl.ConfirmSuppr ? "Vrai" : "Faux");
-  EcritEntier("TimerInterval", Regl.TimerInterval);
+  EcritGroupe(Groupe::Options);
   // The length of the recent list is the user's: blank for the moment, so that no project takes it. A snapshot
   // does.
   const SansProjet reglages;
-  EcritEntier("gMaxMRU", Regl.gMaxMRU);
+  EcritGroupe(Groupe::Recents);
 }
 
-void EcritOutil() {
-  const LotCles lot;
-  EcritEntier("DecalageOutil", Regl.DecalageOutil);
-  EcritNombre("RayonFraise", Regl.RayonFraise);
-  EcritNombre("LargeurEncoche", Regl.LargeurEncoche);
-}
+void EcritOutil() { EcritGroupe(Groupe::Outil); }
 
 void EcritSoudure() {
   const SansProjet reglages;
-  EcrireCle("ToleranceSoudure", TexteNombre(Regl.ToleranceSoudure));
+  EcritGroupe(Groupe::Soudure);
 }
 
 // Two of the names are not those that are read: "CouleurSelectionne" differs in letter case, which the settings
 // file does not tell and a project does; nothing reads "CouleurDeselectionne".
 void EcritCouleursDefaut() {
   const LotCles lot;
-  EcritEntier("CouleurNumero", Couleur(0, 0, 0));
-  EcritEntier("CouleurSequence", Couleur(0, 0, 255));
-  EcritEntier("CouleurSelectionne", Couleur(255, 0, 0));
-  EcritEntier("CouleurDeselectionne", Couleur(100, 0, 0));
-  EcritEntier("CouleurDecalage", Couleur(0, 255, 0));
-  EcritEntier("CouleurEncoche", Couleur(100, 0, 100));
+  Ecrit(cles::CouleurNumero, Couleur(0, 0, 0));
+  Ecrit(cles::CouleurSequence, Couleur(0, 0, 255));
+  Ecrit(cles::CouleurSelectionne, Couleur(255, 0, 0));
+  Ecrit(cles::CouleurDeselectionne, Couleur(100, 0, 0));
+  Ecrit(cles::CouleurDecalage, Couleur(0, 255, 0));
+  Ecrit(cles::CouleurEncoche, Couleur(100, 0, 100));
 }
 
 void LitReglagesDemarrage() {
-  const Reglages neuf;
-  Regl.Langue = LireCle("Language", LangueDuSysteme(LocaleSysteme()));
-  Regl.TableDefaut = LireCle("TableDefaut", neuf.TableDefaut);
-  Regl.DebugZENIK = LireBooleen("DebugZENIK", neuf.DebugZENIK);
+  Reglages defauts;
+  defauts.Langue = LangueDuSysteme(LocaleSysteme());
+  LitGroupe(Groupe::Demarrage, defauts);
 }
 
 }  // namespace ovelin

@@ -18,26 +18,26 @@ namespace {
 [[maybe_unused]] const bool enregistree = EnregistreRemise([] { Svc = ServicesMuets(); });
 }
 
-Reponse Message(std::string_view section, std::string_view cle, Icone icone, Boutons boutons,
-                std::string_view titre) {
+Boite BoiteDe(CleTexte texte, Icone icone, Boutons boutons) {
   Boite boite;
-  boite.section = section;
-  boite.cle = cle;
-  boite.texte = Traduire(section, cle);
-  boite.titre = titre;
+  boite.section = texte.Section();
+  boite.cle = texte.Cle();
+  boite.texte = Traduire(texte);
+  boite.titre = NomProgramme;
   boite.icone = icone;
   boite.boutons = boutons;
+  return boite;
+}
+
+Reponse Message(CleTexte texte, Icone icone, Boutons boutons, std::string_view titre) {
+  Boite boite = BoiteDe(texte, icone, boutons);
+  boite.titre = titre;
   return Svc.Montre(boite);
 }
 
-void MessageFichier(std::string_view section, std::string_view cle, const std::string& suite, Icone icone,
-                    const std::string& fichier) {
-  Boite boite;
-  boite.section = section;
-  boite.cle = cle;
-  boite.texte = Traduire(section, cle) + suite;
-  boite.titre = NomProgramme;
-  boite.icone = icone;
+void MessageFichier(CleTexte texte, const std::string& suite, Icone icone, const std::string& fichier) {
+  Boite boite = BoiteDe(texte, icone);
+  boite.texte += suite;
   boite.fichier = fichier;
   Svc.Montre(boite);
 }
@@ -69,8 +69,8 @@ Services ServicesMuets() {
     std::fprintf(stderr, "file dialog without an answer: %s\n", d.cle.c_str());
     Impossible("unanswered file dialog", __FILE__, __LINE__);
   };
-  s.Saisit = [](std::string_view, std::string_view cle, const std::string&, const std::string&) -> std::string {
-    std::fprintf(stderr, "prompt without an answer: %.*s\n", static_cast<int>(cle.size()), cle.data());
+  s.Saisit = [](CleTexte cle, const std::string&, const std::string&) -> std::string {
+    std::fprintf(stderr, "prompt without an answer: %s\n", std::string(cle.Cle()).c_str());
     Impossible("unanswered prompt", __FILE__, __LINE__);
   };
   s.Dimensionne = [](DemandeDimension&) {};

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Traduction.h"
+
 namespace ovelin {
 
 enum class Icone { Aucune, Information, Question, Exclamation, Critique };
@@ -52,9 +54,8 @@ struct DemandeDimension {
 struct Services {
   std::function<Reponse(const Boite&)> Montre;
   std::function<std::string(const DialogueFichier&)> ChoisitFichier;  // "" when cancelled
-  std::function<std::string(std::string_view section, std::string_view cle, const std::string& texte,
-                            const std::string& propose)>
-      Saisit;  // "" when cancelled
+  // "" when cancelled; the prompt is named by the key of its text.
+  std::function<std::string(CleTexte cle, const std::string& texte, const std::string& propose)> Saisit;
   std::function<void(DemandeDimension&)> Dimensionne;
 
   // Progress: opened with a text and a total, stepped, closed.
@@ -87,12 +88,12 @@ void Travaille(const std::function<void()>& noyau);
 // The same for work that may also be small: directly where it is not worth a thread.
 void TravailleSi(bool long_, const std::function<void()>& noyau);
 
-// A box with the text of its key; the shortest way to show one.
-Reponse Message(std::string_view section, std::string_view cle, Icone icone, Boutons boutons = Boutons::Ok,
-                std::string_view titre = "OVELIN");
-// A box about a file: the text of its key, then `suite`, which names the file and the reason where they help.
-void MessageFichier(std::string_view section, std::string_view cle, const std::string& suite, Icone icone,
-                    const std::string& fichier);
+// A box with its text under the program's name, to be completed.
+Boite BoiteDe(CleTexte texte, Icone icone, Boutons boutons = Boutons::Ok);
+// Such a box shown; the shortest way.
+Reponse Message(CleTexte texte, Icone icone, Boutons boutons = Boutons::Ok, std::string_view titre = "OVELIN");
+// A box about a file: its text, then `suite`, which names the file and the reason where they help.
+void MessageFichier(CleTexte texte, const std::string& suite, Icone icone, const std::string& fichier);
 
 // Services for a program without a window or a script: boxes fail loudly (see Verifie), progress and panels do
 // nothing, the clock is the system's.

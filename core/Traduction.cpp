@@ -16,13 +16,13 @@ namespace {
 
 constexpr std::size_t LongueurTexte = 255;  // characters of a text as it is read
 
-struct Textes {
+struct TextesLus {
   bool lus = false;
   std::string langue;
   std::unordered_map<std::string, std::string> parCle;  // section, line feed, key, all in capitals
 };
-Textes Cache;
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Cache = Textes{}; });
+TextesLus Cache;
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Cache = TextesLus{}; });
 
 std::string CleCache(std::string_view section, std::string_view cle) {
   return Majuscules(section) + "\n" + Majuscules(cle);
@@ -38,7 +38,7 @@ bool CodeLangue(std::string_view langue) {
 }
 
 void LitTextes() {
-  Cache = Textes{};
+  Cache = TextesLus{};
   Cache.lus = true;
   Cache.langue = Regl.Langue;
   if (!CodeLangue(Regl.Langue)) return;
@@ -56,6 +56,8 @@ void LitTextes() {
 
 }  // namespace
 
+std::string Traduire(CleTexte texte) { return Traduire(texte.Section(), texte.Cle()); }
+
 std::string Traduire(std::string_view section, std::string_view cle) {
   if (cle.empty()) return "___";
   if (!Cache.lus || Cache.langue != Regl.Langue) LitTextes();
@@ -64,7 +66,7 @@ std::string Traduire(std::string_view section, std::string_view cle) {
   return trouve->second;
 }
 
-void OublieTraductions() { Cache = Textes{}; }
+void OublieTraductions() { Cache = TextesLus{}; }
 
 // The names of the system stand for the identifiers of the table: French of France and of Belgium, German of
 // Germany, Spanish of Spain, Catalan, Italian of Italy. A language without a country counts as its home country.

@@ -10,6 +10,7 @@
 
 #include "core/Nombres.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 
 namespace ovelin {
@@ -40,7 +41,7 @@ ErreurSysteme Verrou::Prend(const std::string& chemin, double attente) {
     if (errno == EINTR) continue;
     if (errno != EWOULDBLOCK) return "";
     if (Svc.Horloge() - debut >= attente) {
-      return Traduire("erreurs", "Verrou") + " (" + Formate(attente, "0.0") + " s)";
+      return Traduire(Textes::ReglagesTenus) + " (" + Formate(attente, "0.0") + " s)";
     }
     Svc.Attend(Pas);
   }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/Document.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
@@ -36,7 +37,7 @@ enum Colonne : std::size_t {
   NbColonnes = HauteurPont
 };
 
-std::string CleFiche(std::size_t rang) { return "DB" + std::to_string(rang); }
+std::string CleFiche(std::size_t rang) { return cles::DB + std::to_string(rang); }
 
 bool FicheExiste(std::size_t rang) { return LireCle(CleFiche(rang), Manquante) != Manquante; }
 
@@ -153,7 +154,7 @@ bool ChargeFiche(int rang) {
   const LotCles lot;
   EcritMateriau();
   EcritOutil();
-  EcrireCle("MatDefaut", MateriauCourant);
+  EcrireCle(cles::MatDefaut, MateriauCourant);
   return true;
 }
 

@@ -5,14 +5,13 @@
 #include <unordered_map>
 
 #include "core/Nombres.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "image/Traceur.h"
 
 namespace ovelin {
 
 namespace {
-
-constexpr const char* Section = "F_Representation";
 
 // Sizes on the screen, twips.
 constexpr float Percage = 75;         // dot of a hole in the drawing ...
@@ -379,8 +378,8 @@ OptionsScene OptionsCourantes(bool numPoint, bool sequence) {
   OptionsScene o;
   o.numPoint = numPoint;
   o.sequence = sequence;
-  o.legendeDessin = Traduire(Section, "lib350");
-  o.legendeDecalage = Traduire(Section, "lib351");
+  o.legendeDessin = Traduire(Textes::LegendeDessin);
+  o.legendeDecalage = Traduire(Textes::LegendeTrajet);
   return o;
 }
 

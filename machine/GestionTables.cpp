@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "machine/Module_Table.h"
 
@@ -13,7 +15,6 @@ namespace ovelin {
 
 namespace {
 
-constexpr const char* Section = "F_ParamMachine";
 constexpr std::string_view Prefixe = "table_";
 constexpr const char* Proposition = "NewTable-";  // one character too long: it has to be edited
 constexpr std::size_t LongueurMax = 8;            // the board holds no more of a name
@@ -33,19 +34,14 @@ bool TableExiste(std::string_view nom) {
 
 // The question names the table; its key stays that of the text.
 bool ConfirmeSuppression(const std::string& nom) {
-  Boite boite;
-  boite.section = Section;
-  boite.cle = "lib002";
-  boite.texte = Traduire(Section, "lib002") + " " + nom + " ?";
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Exclamation;
-  boite.boutons = Boutons::OkAnnuler;
+  Boite boite = BoiteDe(Textes::SupprimeTable, Icone::Exclamation, Boutons::OkAnnuler);
+  boite.texte += " " + nom + " ?";
   return Svc.Montre(boite) == Reponse::Ok;
 }
 
 // What the disk has refused is told with its reason. False, for the caller to hand on.
 bool RefuseEcriture() {
-  MessageFichier("F_Representation", "lib125", "\n" + CheminIni() + " : " + Magasin.DerniereErreur, Icone::Critique,
+  MessageFichier(Textes::EcritureRefusee, "\n" + CheminIni() + " : " + Magasin.DerniereErreur, Icone::Critique,
                  CheminIni());
   return false;
 }
@@ -76,27 +72,28 @@ std::vector<std::string> ListeTables() {
   return noms;
 }
 
-std::string RefusNomTable(std::string_view nom) {
+std::optional<CleTexte> RefusNomTable(std::string_view nom) {
   const bool interdit = std::any_of(nom.begin(), nom.end(), [](char c) {
     return c == '[' || c == ']' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
   });
-  return interdit || NombreCaracteres(nom) > LongueurMax ? "lib006" : "";
+  if (interdit || NombreCaracteres(nom) > LongueurMax) return Textes::NomTableRefuse;
+  return std::nullopt;
 }
 
 std::string NomNouvelleTable() {
-  const std::string invite = Traduire(Section, "lib007") + " " + TableDefaut;
+  const std::string invite = Traduire(Textes::NomNouvelleTable) + " " + TableDefaut;
   while (true) {
-    std::string nom = Rogne(Svc.Saisit(Section, "lib007", invite, Proposition));
-    const std::string refus = RefusNomTable(nom);
-    if (refus.empty()) return nom;
-    if (nom != Proposition) Message(Section, refus, Icone::Exclamation);
+    std::string nom = Rogne(Svc.Saisit(Textes::NomNouvelleTable, invite, Proposition));
+    const auto refus = RefusNomTable(nom);
+    if (!refus) return nom;
+    if (nom != Proposition) Message(*refus, Icone::Exclamation);
   }
 }
 
 void ChoisitTable(std::string_view nom) {
   TableDefaut = std::string(nom);
   ChargeGlobalesTable();
-  EcrireCle("TableDefaut", TableDefaut);
+  EcrireCle(cles::TableDefaut, TableDefaut);
 }
 
 bool ChangeTable(std::string_view chargee, std::string_view nom, ChampsTable& champs) {
@@ -116,12 +113,12 @@ bool Cmd_Gestion(GestionTable index, const ChampsTable& champs, const std::strin
   if (index == GestionTable::Supprimer) return Supprime();
   const std::string nom = Rogne(nouveau);
   if (nom.empty() || MemeTable(nom, TableDefaut)) return false;
-  if (const std::string refus = RefusNomTable(nom); !refus.empty()) {
-    Message(Section, refus, Icone::Exclamation);
+  if (const auto refus = RefusNomTable(nom)) {
+    Message(*refus, Icone::Exclamation);
     return false;
   }
   if (TableExiste(nom)) {  // its values would be lost
-    Message(Section, "TableExiste", Icone::Exclamation);
+    Message(Textes::TableExiste, Icone::Exclamation);
     return false;
   }
   if (!Sauve_Table(TableDefaut, champs)) return RefuseEcriture();
@@ -133,7 +130,7 @@ bool Cmd_Gestion(GestionTable index, const ChampsTable& champs, const std::strin
   } else {
     DeplacerSection(avant, apres, CheminIni());
   }
-  EcrireCleSection(apres, "COMBO_TABLE", nom);
+  EcrireCleSection(apres, CleNomTable, nom);
   if (!Magasin.DerniereErreur.empty()) return RefuseEcriture();
   ChoisitTable(nom);
   return true;

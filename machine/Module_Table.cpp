@@ -7,7 +7,9 @@
 #include "core/Etat.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
+#include "machine/GlobalesTable.h"
 #include "machine/TableCourante.h"
 
 namespace ovelin {
@@ -20,54 +22,44 @@ namespace {
 
 [[maybe_unused]] const bool enregistree = EnregistreRemise([] { Table = TableMachine{}; });
 
-std::string Cle(std::string_view famille, int index) { return std::string(famille) + "_" + std::to_string(index); }
-
 // Steps per turn times two to the power of the division. The power is bounded where no machine reaches.
-double PasParTour(int axe, double pasDefaut, double divisionDefaut) {
-  const double pas = LireNombreTable(Cle("TB_SAV", 3 + axe), pasDefaut);
-  const double division = LireNombreTable(Cle("Combo_SAV", 12 + axe), divisionDefaut);
-  return std::ldexp(std::nearbyint(pas), std::clamp(Arrondi32(division), -30, 30));
+double PasParTour(const LectureChamp& pas, const LectureChamp& division) {
+  const double puissance = LireNombreTable(division);
+  return std::ldexp(std::nearbyint(LireNombreTable(pas)), std::clamp(Arrondi32(puissance), -30, 30));
 }
+
+struct AxeTable {
+  ChampMachine transmission, pas, division;
+};
+constexpr std::array<AxeTable, 3> AxesTable{{
+    {ChampsMachine::TransmissionX, ChampsMachine::PasParTourX, ChampsMachine::DivisionX},
+    {ChampsMachine::TransmissionY, ChampsMachine::PasParTourY, ChampsMachine::DivisionY},
+    {ChampsMachine::TransmissionZ, ChampsMachine::PasParTourZ, ChampsMachine::DivisionZ},
+}};
 
 }  // namespace
 
-std::string SectionTable(std::string_view nom) { return "table_" + std::string(nom); }
-
-std::string LireCleTable(std::string_view cle, std::string_view defaut) {
-  return LireCleSection(SectionTable(TableDefaut), cle, defaut);
+double LireNombreTable(const LectureChamp& lecture) {
+  return LireNombreSection(SectionTable(TableDefaut), lecture.champ.Cle(), lecture.Nombre());
 }
 
-double LireNombreTable(std::string_view cle, double defaut) {
-  return LireNombreSection(SectionTable(TableDefaut), cle, defaut);
-}
-
-// The same key has other defaults for other readers: steps per turn are 200 for the board check, 48 here; the Z
-// travel is read from a key of its own, which no window writes.
+// Steps per turn are 200 for the board check, 48 here.
 void ChargeGlobalesTable() {
-  BrocheAuto = Arrondi16(LireNombreTable("CB_SAV_16", 1));
-  ClavierZENIK = Arrondi16(LireNombreTable("CB_SAV_17", 1));
-  CourseX = EnFloat(LireNombreTable("TB_SAV_18", 1000));
-  CourseY = EnFloat(LireNombreTable("TB_SAV_19", 500));
-  CourseZ = EnFloat(LireNombreTable("TB_SAV_188888", 200));
-  PasTourX = Arrondi32(PasParTour(0, 48, 0));
-  PasTourY = Arrondi32(PasParTour(1, 48, 0));
-  PasTourZ = Arrondi32(PasParTour(2, 48, 0));
-  TransmissionX = LireNombreTable("TB_SAV_0", 1);
-  TransmissionY = LireNombreTable("TB_SAV_1", 1);
-  TransmissionZ = LireNombreTable("TB_SAV_2", 1);
-  VitesseMaxX = EnFloat(LireNombreTable("TB_SAV_15", 5));
-  VitesseMaxY = EnFloat(LireNombreTable("TB_SAV_16", 5));
-  VitesseMaxZ = EnFloat(LireNombreTable("TB_SAV_17", 5));
+  for (const GlobaleTable& g : GlobalesTable()) g.pose(Table, LireNombreTable(g.champ));
+  using C = ChampsMachine;
+  PasTourX = Arrondi32(PasParTour(C::GlobalePasX, C::GlobaleDivisionX));
+  PasTourY = Arrondi32(PasParTour(C::GlobalePasY, C::GlobaleDivisionY));
+  PasTourZ = Arrondi32(PasParTour(C::GlobalePasZ, C::GlobaleDivisionZ));
 }
 
 std::array<double, 3> ResolutionsTable() {
   std::array<double, 3> resolutions{};
-  for (int axe = 0; axe < 3; ++axe) {
-    double transmission = LireNombreTable(Cle("TB_SAV", axe), 1);
-    double pas = PasParTour(axe, 200, 1);
+  for (std::size_t axe = 0; axe < resolutions.size(); ++axe) {
+    double transmission = LireNombreTable(AxesTable[axe].transmission);
+    double pas = PasParTour(AxesTable[axe].pas, AxesTable[axe].division);
     if (transmission == 0) transmission = 1;
     if (pas == 0) pas = 400;
-    resolutions[static_cast<std::size_t>(axe)] = transmission / pas;
+    resolutions[axe] = transmission / pas;
   }
   return resolutions;
 }
@@ -81,8 +73,7 @@ double ResolutionFine() {
 std::string TextePente(int curseur) {
   const auto rang = static_cast<std::size_t>(std::clamp(curseur, 1, static_cast<int>(TempsDouble.size())) - 1);
   const double temps = LitNombre(TexteNombre(TempsDouble[rang])).value_or(0);
-  return Traduire("F_ParamMachine", "lib004") + " " + Formate(temps, "###0.00") + " " +
-         Traduire("F_ParamMachine", "lib005");
+  return Traduire(Textes::VitesseDoubleEn) + " " + Formate(temps, "###0.00") + " " + Traduire(Textes::Secondes);
 }
 
 }  // namespace ovelin

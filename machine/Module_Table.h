@@ -2,20 +2,22 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "core/ChampsMachine.h"
+#include "core/Traduction.h"
+
 namespace ovelin {
 
-std::string SectionTable(std::string_view nom);  // "table_" + name
 // Globals from the current table (TableDefaut); at start-up and when the table changes.
 void ChargeGlobalesTable();
 
-// A key of the current table with the caller's default.
-std::string LireCleTable(std::string_view cle, std::string_view defaut);
-double LireNombreTable(std::string_view cle, double defaut);
+// A field of the current table, with its own default or that of the reader.
+double LireNombreTable(const LectureChamp& lecture);
 
 // mm per step of X, Y, Z with the defaults that the board check uses (200 steps, division 1, 1 mm a turn). They
 // also stand in for a transmission or a number of steps of 0, so that no result is 0 or infinite.
@@ -30,7 +32,7 @@ ChampsTable Chargt_Table(std::string_view nom);
 // this call only (Magasin.Surcharge) are not written. False when the settings file can't be written.
 bool Sauve_Table(std::string_view nom, const ChampsTable& champs);
 // The text of a field as it is left with that text: format of its kind, user's decimal mark.
-std::string FormateChamp(std::string_view famille, int index, std::string_view texte);
+std::string FormateChamp(FamilleChamp famille, int index, std::string_view texte);
 // The twin of a field (steps per turn and degrees per step): its index and text; index -1 when there is none.
 std::pair<int, std::string> ChampJumeau(int index, std::string_view texte);
 // While a field TB_SAV is being typed: the speeds with ramp (15, 16, 17) go into their globals at once, unless 0.
@@ -42,9 +44,9 @@ int OptionLPT(int interfacePuissance);
 
 // Names of the tables of the settings file, in its order.
 std::vector<std::string> ListeTables();
-// Name rule of copies: "" when it is good, else the key of the refusal in section F_ParamMachine ("lib006": 9
-// characters and more, or a character that can't stand in the name of a section).
-std::string RefusNomTable(std::string_view nom);
+// Name rule of copies: nothing when it is good, else why it is refused: 9 characters and more, or a character that
+// can't stand in the name of a section.
+std::optional<CleTexte> RefusNomTable(std::string_view nom);
 // The name asked for until it is good; "" when cancelled.
 std::string NomNouvelleTable();
 enum class GestionTable { Copier = 1, Renommer = 2, Supprimer = 3 };
@@ -69,6 +71,6 @@ bool AppliqueInterface(std::string_view nom, ChampsTable& champs);
 
 // Seconds in which the ramp doubles the speed, by slider value 1 to 9 (index 0 is value 1).
 extern const std::array<float, 9> TempsDouble;
-std::string TextePente(int curseur);  // "lib004" 0.35 "lib005"
+std::string TextePente(int curseur);  // VitesseDoubleEn, "0.35", Secondes
 
 }  // namespace ovelin

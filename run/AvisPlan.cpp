@@ -7,10 +7,11 @@
 #include <span>
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
-#include "core/Traduction.h"
+#include "core/Textes.h"
 #include "machine/TableCourante.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -18,20 +19,19 @@ namespace ovelin {
 
 namespace {
 
-constexpr const char* Section = "F_Fraisage";
 constexpr double RayonMax = 50;  // mm, of a tool that such a machine can turn
 
 std::string Mm(double v) { return Formate(v, "0.0##") + " mm"; }
 
 std::string Origine() {
-  if (Regl.HautDegSaisie) return Traduire(Section, "HautDeg_champ");
-  switch (OrigineDe("HautDeg")) {
+  if (Regl.HautDegSaisie) return Traduire(Textes::HautDegDuChamp);
+  switch (OrigineDe(cles::HautDeg)) {
     case OrigineCle::Surcharge:
       return "--set";
     case OrigineCle::Projet:
-      return Traduire(Section, "HautDeg_projet") + " " + FichierCourant;
+      return Traduire(Textes::HautDegDuProjet) + " " + FichierCourant;
     default:
-      return Traduire(Section, "HautDeg_reglages") + " " + CheminIni();
+      return Traduire(Textes::HautDegDesReglages) + " " + CheminIni();
   }
 }
 
@@ -74,28 +74,24 @@ double PlusCourteAttachee() {
 
 }  // namespace
 
-RefusPlan VerifieHautDeg() {
-  RefusPlan refus;
-  if (HautDeg > 0) return refus;
-  refus.section = Section;
-  refus.cle = "HautDeg_nul";
-  refus.texte = Traduire(Section, refus.cle) + "\nHautDeg = " + TexteNombre(HautDeg) + " (" + Origine() + ")";
-  return refus;
+std::optional<RefusPlan> VerifieHautDeg() {
+  if (HautDeg > 0) return std::nullopt;
+  return RefusPlan{Textes::HautDegNul, "\nHautDeg = " + TexteNombre(HautDeg) + " (" + Origine() + ")"};
 }
 
 std::vector<AvisPlan> AvisDuPlan() {
   std::vector<AvisPlan> avis;
-  const auto dit = [&avis](const char* cle, const std::string& figure) {
-    avis.push_back({cle, Traduire(Section, cle) + " " + figure});
+  const auto dit = [&avis](CleTexte texte, const std::string& figure) {
+    avis.push_back({std::string(texte.Cle()), Traduire(texte) + " " + figure});
   };
   const Fonds fonds = FondsDuTrajet();
   // As the presets have it: a bridge as high as the cut is deep holds whatever the thickness of the sheet.
-  if (fonds.attaches > 0 && MiniEncoche <= 0) dit("Avis_attaches", Mm(fonds.attaches));
+  if (fonds.attaches > 0 && MiniEncoche <= 0) dit(Textes::AvisAttaches, Mm(fonds.attaches));
   const double libre = static_cast<double>(CourseZ) - static_cast<double>(HautDeg);
-  if (fonds.tous > libre) dit("Avis_profondeur", Mm(fonds.tous) + " > " + Mm(libre));
+  if (fonds.tous > libre) dit(Textes::AvisProfondeur, Mm(fonds.tous) + " > " + Mm(libre));
   const double courte = PlusCourteAttachee();
-  if (LargeurEncoche > courte) dit("Avis_encoche", Mm(LargeurEncoche) + " > " + Mm(courte));
-  if (RayonFraise > RayonMax) dit("Avis_rayon", Mm(RayonFraise));
+  if (LargeurEncoche > courte) dit(Textes::AvisEncoche, Mm(LargeurEncoche) + " > " + Mm(courte));
+  if (RayonFraise > RayonMax) dit(Textes::AvisRayon, Mm(RayonFraise));
   return avis;
 }
 

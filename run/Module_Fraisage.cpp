@@ -6,12 +6,14 @@
 #include <utility>
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "machine/TableCourante.h"
 #include "run/NoyauPlan.h"
 
@@ -25,15 +27,19 @@ constexpr double VitesseMinimum = 0.1;  // mm/s, of the step buttons
 
 bool VitesseValable(double v) { return v > 0 && v <= VitesseMaximum; }
 
-std::string EntreVitesse(double& vitesse, const std::string& texte) {
+// Keys of the place of the window.
+std::string CleGauche() { return std::string("F_Fraisage") + cles::suffixe::Gauche; }
+std::string CleHaut() { return std::string("F_Fraisage") + cles::suffixe::Haut; }
+
+std::optional<CleTexte> EntreVitesse(double& vitesse, const std::string& texte) {
   const auto v = LitNombre(texte);
-  if (!v) return "lib020";
-  if (!VitesseValable(*v)) return "lib021";
-  if (*v == vitesse) return "";
+  if (!v) return Textes::VitesseNonNombre;
+  if (!VitesseValable(*v)) return Textes::VitesseNonPositive;
+  if (*v == vitesse) return std::nullopt;
   vitesse = *v;
   Modifie = Vrai;
   EcritMateriau();
-  return "";
+  return std::nullopt;
 }
 
 // The drawing's name in its own folder.
@@ -49,7 +55,9 @@ ResumePlan PlanifiePourFenetre() {
   resume.vide = TraceDecale.empty();
   if (resume.vide) return resume;
   resume.refus = VerifieHautDeg();
-  if (!resume.refus) resume.refus = VerifiePlan();
+  if (!resume.refus) {
+    if (const auto refus = VerifiePlan()) resume.refus = RefusPlan{*refus, ""};
+  }
   if (resume.refus || !Tableau_Decoupe()) return resume;
   resume.figures = FiguresDe(LignesDe(Plan));
   const FiguresPlan& f = resume.figures;
@@ -68,8 +76,8 @@ void ChargeFraisage() {
   if (ProfPasse == 0) ProfPasse = -1;
 }
 
-std::string EntreVit_Mat_H(const std::string& texte) { return EntreVitesse(Vitesse_Mat_H, texte); }
-std::string EntreVit_Mat_V(const std::string& texte) { return EntreVitesse(Vitesse_Mat_V, texte); }
+std::optional<CleTexte> EntreVit_Mat_H(const std::string& texte) { return EntreVitesse(Vitesse_Mat_H, texte); }
+std::optional<CleTexte> EntreVit_Mat_V(const std::string& texte) { return EntreVitesse(Vitesse_Mat_V, texte); }
 
 std::string PasVit_Mat_H(const std::string& texte, int index) {
   const double pas = index == 1 ? -1 : index == 2 ? -0.1 : index == 3 ? 0.1 : index == 4 ? 1 : 0;
@@ -79,18 +87,12 @@ std::string PasVit_Mat_H(const std::string& texte, int index) {
 }
 
 bool GenereGCode(const std::string& vitesseH, const std::string& vitesseV, EcritureNC& resultat) {
-  if (const RefusPlan refus = VerifieHautDeg()) {
-    Boite boite;
-    boite.section = refus.section;
-    boite.cle = refus.cle;
-    boite.texte = refus.texte;
-    boite.titre = NomProgramme;
-    boite.icone = Icone::Critique;
-    Svc.Montre(boite);
+  if (const auto refus = VerifieHautDeg()) {
+    MessageFichier(refus->cle, refus->suite, Icone::Critique, "");
     return false;
   }
-  const bool bonneH = EntreVit_Mat_H(vitesseH).empty();
-  const bool bonneV = EntreVit_Mat_V(vitesseV).empty();
+  const bool bonneH = !EntreVit_Mat_H(vitesseH);
+  const bool bonneV = !EntreVit_Mat_V(vitesseV);
   const double avantH = Vitesse_Mat_H;
   const double avantV = Vitesse_Mat_V;
   // A refused one as it stands in its field, so that the writer says what is wrong; it isn't kept.
@@ -109,16 +111,16 @@ bool GenereGCode(const std::string& vitesseH, const std::string& vitesseV, Ecrit
 
 void FermeFraisage(int gauche, int haut) {
   const LotCles lot;
-  EcrireCle("Vitesse_Mat_H", TexteNombre(Vitesse_Mat_H));
-  EcrireCle("Vitesse_Mat_V", TexteNombre(Vitesse_Mat_V));
+  EcrireCle(cles::Vitesse_Mat_H, TexteNombre(Vitesse_Mat_H));
+  EcrireCle(cles::Vitesse_Mat_V, TexteNombre(Vitesse_Mat_V));
   const SansProjet reglages;
-  EcrireCle("F_Fraisage_Left", TexteNombre(static_cast<long>(gauche) * TwipsPixel));
-  EcrireCle("F_Fraisage_Top", TexteNombre(static_cast<long>(haut) * TwipsPixel));
+  EcrireCle(CleGauche(), TexteNombre(static_cast<long>(gauche) * TwipsPixel));
+  EcrireCle(CleHaut(), TexteNombre(static_cast<long>(haut) * TwipsPixel));
 }
 
 std::optional<std::pair<int, int>> LitPlaceFraisage() {
-  const auto gauche = LitNombre(LireCleIni("F_Fraisage_Left", ""));
-  const auto haut = LitNombre(LireCleIni("F_Fraisage_Top", ""));
+  const auto gauche = LitNombre(LireCleIni(CleGauche(), ""));
+  const auto haut = LitNombre(LireCleIni(CleHaut(), ""));
   if (!gauche || !haut) return std::nullopt;
   return std::pair<int, int>{Arrondi32(*gauche / TwipsPixel), Arrondi32(*haut / TwipsPixel)};
 }

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/Traduction.h"
 #include "run/AvisPlan.h"
 #include "run/FiguresPlan.h"
 #include "run/Module_GCode.h"
@@ -16,9 +17,9 @@ namespace ovelin {
 
 // The job planned anew for the window.
 struct ResumePlan {
-  RefusPlan refus;             // why there is no plan; the figures are then all 0
-  std::vector<AvisPlan> avis;  // entries that are surely wrong
-  bool vide = false;           // there is no tool path
+  std::optional<RefusPlan> refus;  // why there is no plan; the figures are then all 0
+  std::vector<AvisPlan> avis;      // entries that are surely wrong
+  bool vide = false;               // there is no tool path
   FiguresPlan figures;
   std::int32_t sequences = 0;       // paths that are milled
   std::vector<Code2> sansTrajet;    // paths that should be, but where the tool finds no room
@@ -31,10 +32,10 @@ ResumePlan PlanifiePourFenetre();
 // Load of the window: a depth of pass of 0 becomes 1 mm.
 void ChargeFraisage();
 
-// A material speed is entered, mm/s: kept and written with the settings. Key of the reason in section "F_Fraisage"
-// when it can't be one, then nothing changes: "lib020" for no number, "lib021" for 0 or less or beyond measure.
-std::string EntreVit_Mat_H(const std::string& texte);
-std::string EntreVit_Mat_V(const std::string& texte);
+// A material speed is entered, mm/s: kept and written with the settings. The reason when it can't be one, then
+// nothing changes: VitesseNonNombre, or VitesseNonPositive for 0 or less or beyond measure.
+std::optional<CleTexte> EntreVit_Mat_H(const std::string& texte);
+std::optional<CleTexte> EntreVit_Mat_V(const std::string& texte);
 // CB_VitMat, `index` 1 to 4: the text of the horizontal speed lowered or raised by 1 or 0.1, between 0.1 and the
 // slower of the two axes, in the format "0.0".
 std::string PasVit_Mat_H(const std::string& texte, int index);

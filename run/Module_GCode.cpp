@@ -11,6 +11,7 @@
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "machine/TableCourante.h"
 #include "run/Module_Planificateur.h"
@@ -24,12 +25,8 @@ namespace {
 
 [[maybe_unused]] const bool remiseNomFichierNC = EnregistreRemise([] { NomFichierNC.clear(); });
 
-constexpr const char* Section = "F_Fraisage";
-
-std::string T(std::string_view cle) { return Traduire(Section, cle); }
-
-void MessageErreur(std::string_view cle, const std::string& suite = "", const std::string& fichier = "") {
-  MessageFichier(Section, cle, suite, Icone::Critique, fichier);
+void MessageErreur(CleTexte texte, const std::string& suite = "", const std::string& fichier = "") {
+  MessageFichier(texte, suite, Icone::Critique, fichier);
 }
 
 std::string Version() {
@@ -41,25 +38,25 @@ std::string Version() {
 CadreNC Cadre() {
   CadreNC cadre;
   const auto ligne = [&](const std::string& texte) { cadre.presentation.push_back(texte); };
-  const auto valeur = [&](std::string_view cle, auto v) { ligne(" " + T(cle) + " " + TexteNombre(v)); };
-  ligne(T("lib044") + " " + NomProgramme + " Version " + Version());
-  ligne(T("lib044_1"));
-  ligne(T("lib045"));
+  const auto valeur = [&](CleTexte texte, auto v) { ligne(" " + Traduire(texte) + " " + TexteNombre(v)); };
+  ligne(Traduire(Textes::NCGenerePar) + " " + NomProgramme + " Version " + Version());
+  ligne(Traduire(Textes::NCAVerifier));
+  ligne(Traduire(Textes::NCUnitesEntete));
   ligne("");
-  valeur("lib046", Vitesse_Mat_H);
-  valeur("lib047", Vitesse_Mat_V);
-  valeur("lib048", VitesseMaxX);
-  valeur("lib049", VitesseMaxY);
-  valeur("lib050", VitesseMaxZ);
-  valeur("lib051", HautDeg);
-  valeur("lib052", ProfFraisage);
-  valeur("lib053", ProfPasse);
-  if (DecalageOutil != 2) valeur("lib054", RayonFraise);
-  cadre.unites = T("lib057");
-  cadre.absolu = T("lib058");
-  cadre.broche = T("lib060");
-  cadre.arret = T("lib071");
-  cadre.fin = T("lib072");
+  valeur(Textes::NCVitesseMatiere, Vitesse_Mat_H);
+  valeur(Textes::NCVitesseDescente, Vitesse_Mat_V);
+  valeur(Textes::NCVitesseMaxX, VitesseMaxX);
+  valeur(Textes::NCVitesseMaxY, VitesseMaxY);
+  valeur(Textes::NCVitesseMaxZ, VitesseMaxZ);
+  valeur(Textes::NCHauteurDegagement, HautDeg);
+  valeur(Textes::NCProfondeurFraisage, ProfFraisage);
+  valeur(Textes::NCProfondeurPasse, ProfPasse);
+  if (DecalageOutil != 2) valeur(Textes::NCRayonOutil, RayonFraise);
+  cadre.unites = Traduire(Textes::NCMillimetres);
+  cadre.absolu = Traduire(Textes::NCCoordonneesAbsolues);
+  cadre.broche = Traduire(Textes::NCMarcheBroche);
+  cadre.arret = Traduire(Textes::NCArretBroche);
+  cadre.fin = Traduire(Textes::NCFin);
   return cadre;
 }
 
@@ -88,11 +85,11 @@ ErreurSysteme EcritTravail(const std::string& chemin, EcritureNC& resultat) {
 
 bool EcritGCode(const std::string& chemin, EcritureNC& resultat) {
   if (TraceDecale.empty()) {
-    MessageErreur("lib040");
+    MessageErreur(Textes::SansTrajet);
     return false;
   }
   if (!VitessesValables(Regl, Table)) {
-    MessageErreur("lib041", "\n" + T("lib042"));
+    MessageErreur(Textes::VitesseNulle, "\n" + Traduire(Textes::VerifiezVitesses));
     return false;
   }
   resultat = EcritureNC{};
@@ -103,12 +100,12 @@ bool EcritGCode(const std::string& chemin, EcritureNC& resultat) {
   if (choisi.empty()) return false;
   NomFichierNC = choisi;
   if (ExtensionDe(choisi) != "NC") {
-    MessageErreur("lib037", "", choisi);
+    MessageErreur(Textes::NCExtension, "", choisi);
     return false;
   }
   const ErreurSysteme raison = EcritTravail(choisi, resultat);
   if (!raison.empty()) {
-    MessageErreur("lib043", "\n" + choisi + " : " + raison, choisi);
+    MessageErreur(Textes::NCNonEcrit, "\n" + choisi + " : " + raison, choisi);
     return false;
   }
   return true;

@@ -7,10 +7,12 @@
 #include <vector>
 
 #include "controller/ClsCdeZENIK.h"
+#include "core/ChampsMachine.h"
 #include "core/DocumentCourant.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "machine/Module_Table.h"
 #include "machine/TableCourante.h"
@@ -31,14 +33,9 @@ ParametresPlan LitParametres() {
   return p;
 }
 
-RefusPlan Refus(JugementPlan jugement) {
-  RefusPlan refus;
-  if (jugement == JugementPlan::Bon) return refus;
-  const bool passe = jugement == JugementPlan::Passe;
-  refus.section = passe ? "erreurs" : "F_Fraisage";
-  refus.cle = passe ? "95" : "lib043_1";
-  refus.texte = Traduire(refus.section, refus.cle);
-  return refus;
+std::optional<CleTexte> Refus(JugementPlan jugement) {
+  if (jugement == JugementPlan::Bon) return std::nullopt;
+  return jugement == JugementPlan::Passe ? Textes::PasseSansFin : Textes::PlanSansMesure;
 }
 
 // Room for the rows, taken before anything changes. The memory of the table before is given back first thing, and
@@ -87,17 +84,19 @@ void AjoutDeplacementZ(float deltaZ, Drapeau matiere, float v) {
   PlanAjouteZ(Plan, LitParametres(), deltaZ, matiere, v);
 }
 
-RefusPlan VerifiePlan() { return Refus(EstimePlan(LitParametres(), TraceDecale, UsinagesDe(Doc)).jugement); }
+std::optional<CleTexte> VerifiePlan() {
+  return Refus(EstimePlan(LitParametres(), TraceDecale, UsinagesDe(Doc)).jugement);
+}
 
 bool Tableau_Decoupe() {
   if (TraceDecale.empty()) return false;
   const ParametresPlan p = LitParametres();
   const std::vector<UsinageTrace> usinages = UsinagesDe(Doc);
   const EstimationPlan estimation = EstimePlan(p, TraceDecale, usinages);
-  RefusPlan refus = Refus(estimation.jugement);
+  auto refus = Refus(estimation.jugement);
   if (!refus && !Reserve(estimation.lignes)) refus = Refus(JugementPlan::Passe);
   if (refus) {
-    Message(refus.section, refus.cle, Icone::Critique);
+    Message(*refus, Icone::Critique);
     return false;
   }
   PlanifieTrace(Plan, p, TraceDecale, usinages);
@@ -107,10 +106,10 @@ bool Tableau_Decoupe() {
 void Vitesse_Decoupe_H(double& vSansRampe, double& vMax, std::int16_t& reserve) {
   reserve = 0;
   vSansRampe = vMax = 1e10;
-  const double sansRampeX = LireNombreTable("TB_SAV_12", 5);
-  const double sansRampeY = LireNombreTable("TB_SAV_13", 5);
-  const double maxX = LireNombreTable("TB_SAV_15", 5);
-  const double maxY = LireNombreTable("TB_SAV_16", 5);
+  const double sansRampeX = LireNombreTable(ChampsMachine::VitesseSansRampeX);
+  const double sansRampeY = LireNombreTable(ChampsMachine::VitesseSansRampeY);
+  const double maxX = LireNombreTable(ChampsMachine::VitesseMaxX);
+  const double maxY = LireNombreTable(ChampsMachine::VitesseMaxY);
   if (NbDeplacements < 2) return;
   const std::span<const Deplacement> lignes = LignesDe(Plan);
   vSansRampe = VitesseLimite(lignes, sansRampeX, sansRampeY);

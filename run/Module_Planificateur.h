@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "core/Document.h"
 #include "core/TableDecoupe.h"
+#include "core/Traduction.h"
 
 namespace ovelin {
 
@@ -21,14 +23,10 @@ void AjoutDeplacementRelatif(float deltaX, float deltaY, Drapeau matiere, float 
 // One row in Z alone, also for 0 mm. `v` 0: VitesseMaxZ, or Vitesse_Mat_V in the material.
 void AjoutDeplacementZ(float deltaZ, Drapeau matiere, float v);
 
-// Why a plan is refused; the table is then not touched. Empty when it is good. "95" of "erreurs": a depth of pass
+// Why a plan is refused; the table is then not touched. Nothing when it is good. PasseSansFin: a depth of pass
 // of 0 or more, one so small that the passes never reach the depth of a milled path, or more rows than LimiteLignes
-// (NoyauPlan.h). "lib043_1" of "F_Fraisage": a coordinate, height or depth that is no number within LongueurMax.
-struct RefusPlan {
-  std::string section, cle, texte;
-  explicit operator bool() const { return !cle.empty(); }
-};
-RefusPlan VerifiePlan();
+// (NoyauPlan.h). PlanSansMesure: a coordinate, height or depth that is no number within LongueurMax.
+std::optional<CleTexte> VerifiePlan();
 // Fills the table for the whole drawing. False when refused (the message has been shown) or when there is no trace.
 bool Tableau_Decoupe();
 

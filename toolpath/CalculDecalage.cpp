@@ -4,6 +4,7 @@
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -66,7 +67,7 @@ bool RecalculDecalages() {
   const std::vector<Code2> codes = ListeCodes();
   TraceDecale.clear();
   {
-    Avancement avancement(Traduire(SectionFenetre, "lib102"), static_cast<long>(codes.size()));
+    Avancement avancement(Traduire(Textes::CalculTrajetOutil), static_cast<long>(codes.size()));
     if (CalculeTraces(Doc, codes, Parametres(), TraceDecale, [&] { avancement.Plus(); })) EffaceStatut();
   }
   Svc.LaisseEvenements(Evenements::Affichage);

@@ -7,6 +7,7 @@
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 
@@ -81,7 +82,7 @@ bool EntreProfPasse(const std::string& texte) {
   if (!v) return false;
   ProfPasse = *v;
   if (!(*v < 0)) {
-    Message(SectionFenetre, "lib361", Icone::Exclamation);
+    Message(Textes::ProfondeurNonNegative, Icone::Exclamation);
     return false;
   }
   Modifie = Vrai;

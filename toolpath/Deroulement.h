@@ -13,12 +13,7 @@ namespace ovelin {
 inline constexpr int PanneauStatut = 5;
 inline constexpr int PanneauNombre = 2;  // number of points behind a clean-up
 
-inline constexpr std::string_view SectionFenetre = "F_Representation";
-inline constexpr std::string_view SectionExport = "F_Exporter";
-
-inline void Statut(std::string_view section, std::string_view cle) {
-  Svc.Panneau(PanneauStatut, Traduire(section, cle));
-}
+inline void Statut(CleTexte texte) { Svc.Panneau(PanneauStatut, Traduire(texte)); }
 inline void EffaceStatut() { Svc.Panneau(PanneauStatut, ""); }
 
 // Progress bar of a pass: opened and closed with the object, one step an item.

@@ -38,7 +38,8 @@ bool EnleveAttache(float x, float y);
 void DecaleSelection(std::int16_t decalage);  // Option_Decal: to or from 3 reverses the points
 void PocheSelection(bool poche);              // CB_Poche
 void FraiserSelection(bool fraiser);          // CB_Fraiser
-// A depth for the selection (TB_Profondeur). False: refused ("lib361") or answered No ("lib106").
+// A depth for the selection (TB_Profondeur). False: refused (ProfondeurNonNegative) or answered No
+// (ProfondeursInegales).
 bool ProfondeurSelection(double profondeur);
 
 // The rules of the tool fields. False: the entry is refused; the value may stand stored all the same, as each rule

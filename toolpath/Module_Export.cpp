@@ -6,7 +6,9 @@
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
+#include "core/RefusFichier.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Sequence.h"
@@ -17,19 +19,8 @@ namespace {
 
 using Points = std::vector<PointTrace>;
 
-Reponse Montre(const std::string& cle, const std::string& suite, Icone icone, Boutons boutons = Boutons::Ok) {
-  Boite boite;
-  boite.section = SectionExport;
-  boite.cle = cle;
-  boite.texte = Traduire(SectionExport, cle) + suite;
-  boite.titre = "OVELIN";
-  boite.icone = icone;
-  boite.boutons = boutons;
-  return Svc.Montre(boite);
-}
-
-bool Refuse(const std::string& cle) {
-  Montre(cle, "", Icone::Exclamation);
+bool Refuse(CleTexte texte) {
+  Message(texte, Icone::Exclamation);
   return false;
 }
 
@@ -49,12 +40,8 @@ bool Ecrit(const Points& points, const std::string& chemin, std::string& comment
   const std::int32_t resultat = Biblio.EcrireFichier(points, chemin, commentaire);
   commentaire = Rogne(commentaire);
   if (resultat >= 0) return true;
-  Boite boite;
-  boite.section = SectionFenetre;
-  boite.cle = "lib" + std::to_string(-static_cast<std::int64_t>(resultat));
-  boite.texte = Traduire(boite.section, boite.cle) + "\r\n" + commentaire;
-  boite.titre = "OVELIN";
-  boite.icone = Icone::Critique;
+  Boite boite = BoiteErreur(resultat);
+  boite.texte += "\r\n" + commentaire;
   boite.fichier = chemin;
   Svc.Montre(boite);
   return false;
@@ -73,7 +60,7 @@ Points TracesReunies() {
 }
 
 bool EcritUnFichier(const std::string& chemin, const Points& points) {
-  if (points.empty()) return Refuse("lib007");
+  if (points.empty()) return Refuse(Textes::ExportVide);
   const auto parX = [](const PointTrace& a, const PointTrace& b) { return a.X < b.X; };
   const auto parY = [](const PointTrace& a, const PointTrace& b) { return a.Y < b.Y; };
   const auto [gauche, droite] = std::minmax_element(points.begin(), points.end(), parX);
@@ -81,7 +68,7 @@ bool EcritUnFichier(const std::string& chemin, const Points& points) {
   std::string commentaire = Commentaire(NomDe(chemin) + " - X=" + Formate(Ecart(gauche->X, droite->X), "0.00") +
                                         " - Y=" + Formate(Ecart(bas->Y, haut->Y), "0.00"));
   if (!Ecrit(points, chemin, commentaire)) return false;
-  Montre("lib002", "\r\n" + commentaire, Icone::Information);
+  MessageFichier(Textes::ExportEcrit, "\r\n" + commentaire, Icone::Information, "");
   return true;
 }
 
@@ -96,10 +83,10 @@ bool EcritUnFichierParTrace(const std::string& chemin, int source) {
       if (!d.Points.empty()) traces.push_back(d.Points);
     }
   }
-  if (traces.empty()) return Refuse("lib007");
+  if (traces.empty()) return Refuse(Textes::ExportVide);
   long numero = 0;
   {
-    Avancement avancement(Traduire(SectionExport, "Frame_Avancement"), static_cast<long>(traces.size()));
+    Avancement avancement(Traduire(Textes::ExportEnCours), static_cast<long>(traces.size()));
     for (const Points& points : traces) {
       avancement.Plus();
       ++numero;
@@ -107,10 +94,10 @@ bool EcritUnFichierParTrace(const std::string& chemin, int source) {
       if (!Ecrit(points, CheminNumerote(chemin, numero), commentaire)) return false;
     }
   }
-  Montre("lib004",
-         " " + NomDe(CheminNumerote(chemin, 1)) + "\r\n" + Traduire(SectionExport, "lib005") + " " +
-             NomDe(CheminNumerote(chemin, numero)) + "\r\n" + Traduire(SectionExport, "lib006"),
-         Icone::Information);
+  MessageFichier(Textes::ExportPremier,
+                 " " + NomDe(CheminNumerote(chemin, 1)) + "\r\n" + Traduire(Textes::ExportDernier) + " " +
+                     NomDe(CheminNumerote(chemin, numero)) + "\r\n" + Traduire(Textes::ExportTousEcrits),
+                 Icone::Information, "");
   return true;
 }
 
@@ -123,10 +110,10 @@ std::string CheminNumerote(const std::string& chemin, long numero) {
 
 bool Exporte(const std::string& chemin, int source) {
   const std::string extension = ExtensionDe(chemin);
-  if (extension != "DXF" && extension != "DAT") return Refuse("lib001");
+  if (extension != "DXF" && extension != "DAT") return Refuse(Textes::ExportExtension);
   // A DAT file holds one path. What counts is the tool path, also where the drawing is written.
   if (extension == "DAT" && TraceDecale.size() > 1) {
-    if (Montre("lib003", "", Icone::Question, Boutons::OkAnnuler) != Reponse::Ok) return false;
+    if (Message(Textes::ExportUnParTrajet, Icone::Question, Boutons::OkAnnuler) != Reponse::Ok) return false;
     return EcritUnFichierParTrace(chemin, source);
   }
   return EcritUnFichier(chemin, source == 0 ? TraceInitial : TracesReunies());

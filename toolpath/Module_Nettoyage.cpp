@@ -5,6 +5,7 @@
 
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
@@ -52,7 +53,7 @@ bool mnu_Nettoyage_Click(float resolution) {
   OublieOrigine();
   Svc.LaisseEvenements(Evenements::Affichage);
   Svc.Rafraichit();
-  Svc.Panneau(PanneauNombre, Traduire(SectionFenetre, "lib200") + " " + std::to_string(NbPoints));
+  Svc.Panneau(PanneauNombre, Traduire(Textes::NombrePoints) + " " + std::to_string(NbPoints));
   Modifie = Vrai;
   return true;
 }

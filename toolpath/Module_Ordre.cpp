@@ -7,6 +7,7 @@
 
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -48,11 +49,11 @@ void EcritOrdre(const std::vector<Etendue>& etendues) {
 
 bool mnu_Optimisation_Click() {
   if (PorteEncoches(TraceInitial)) {
-    if (Message(SectionFenetre, "lib320", Icone::Critique, Boutons::OkAnnuler) != Reponse::Ok) return false;
+    if (Message(Textes::OptimisationSansAttaches, Icone::Critique, Boutons::OkAnnuler) != Reponse::Ok) return false;
     OublieEncoches(TraceInitial);
   }
-  ChoisitDeparts(TraceInitial, [] { Statut(SectionFenetre, "lib300"); });
-  Statut(SectionFenetre, "lib301");
+  ChoisitDeparts(TraceInitial, [] { Statut(Textes::ChoixDepart); });
+  Statut(Textes::CalculApresOrdre);
   RecalculDecalages();
   Modifie = Vrai;
   Svc.Rafraichit();
@@ -94,7 +95,7 @@ bool ChangeDepart(std::int32_t index) {
     Svc.Bip();
     return false;
   }
-  Statut(SectionFenetre, "lib003");
+  Statut(Textes::ChangeDepart);
   // The run that holds the point, from its first point on.
   const auto choisi = static_cast<std::size_t>(index);
   const Code2 code = TraceInitial[choisi].Seq;
@@ -107,17 +108,17 @@ bool ChangeDepart(std::int32_t index) {
   }
   if (!EstFermee(sequence)) {
     EffaceStatut();
-    Message(SectionFenetre, "lib370", Icone::Critique);
+    Message(Textes::DepartOuvert, Icone::Critique);
     Svc.Bip();
     return false;
   }
   TourneDepart(TraceInitial, sequence, choisi);
-  Statut(SectionFenetre, "lib001");
+  Statut(Textes::CalculTrajet);
   RefaitDecalage(code);
   Svc.Rafraichit();
-  Statut(SectionFenetre, "lib004");
+  Statut(Textes::EnregistreModifie);
   Modifie = Vrai;
-  Statut(SectionFenetre, "lib002");
+  Statut(Textes::Termine);
   EffaceStatut();
   return true;
 }

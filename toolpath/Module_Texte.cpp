@@ -6,8 +6,10 @@
 #include <vector>
 
 #include "core/DocumentCourant.h"
+#include "core/RefusFichier.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
@@ -30,16 +32,11 @@ bool DessinPresent() {
 
 bool RefuseTexte(std::int32_t erreur, const std::string& police) {
   using pathwerk::Erreur;
-  Boite boite;
-  boite.section = SectionFenetre;
-  boite.cle = "lib" + std::to_string(-static_cast<std::int64_t>(erreur));
-  boite.texte = Traduire(boite.section, boite.cle);
+  Boite boite = BoiteErreur(erreur);
   if (erreur == ErreurFichierPolice || erreur == static_cast<std::int32_t>(Erreur::Police) ||
       erreur == static_cast<std::int32_t>(Erreur::PoliceFichier)) {
     boite.texte += " (" + police + ")";
   }
-  boite.titre = "OVELIN";
-  boite.icone = Icone::Critique;
   Svc.Montre(boite);
   return false;
 }

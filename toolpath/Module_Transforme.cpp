@@ -4,11 +4,13 @@
 #include <cmath>
 #include <string>
 
+#include "core/ChampsMachine.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -25,7 +27,7 @@ struct Lieu {
 bool Acceptable(const Lieu& l) { return std::abs(l.x) <= CoordonneeMax && std::abs(l.y) <= CoordonneeMax; }
 
 bool RefuseCoordonnee() {
-  Message(SectionFenetre, "lib113", Icone::Critique);
+  Message(Textes::CoordonneeHorsLimites, Icone::Critique);
   return false;
 }
 
@@ -82,13 +84,13 @@ void Termine() {
 // show.
 double TailleAffichee(float debut, float fin) { return std::nearbyint(Ecart(debut, fin) * 100) / 100; }
 
-bool RefuseDimension(std::string_view cle) {
-  Message("F_Dimension", cle, Icone::Critique);
+bool RefuseDimension(CleTexte texte) {
+  Message(texte, Icone::Critique);
   return false;
 }
 
-float LimiteCourse(std::string_view cle, double defaut) {
-  return EnFloat(LireNombreSection("table_" + TableDefaut, cle, defaut));
+float LimiteCourse(const LectureChamp& course) {
+  return EnFloat(LireNombreSection(SectionTable(TableDefaut), course.champ.Cle(), course.Nombre()));
 }
 
 }  // namespace
@@ -146,7 +148,7 @@ bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions) {
   const auto fx = static_cast<float>(rapportX);
   const auto fy = proportions ? fx : static_cast<float>(rapportY);
   const auto nul = [](float r) { return r == 0 || !std::isfinite(r); };
-  if (nul(fx) || nul(fy) || nul(static_cast<float>(rapportY))) return RefuseDimension("lib001");
+  if (nul(fx) || nul(fy) || nul(static_cast<float>(rapportY))) return RefuseDimension(Textes::RapportNul);
   if (proportions) rapportY = rapportX;
   float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
   EncombrementSelection(x0, x1, y0, y1, 0);
@@ -154,8 +156,8 @@ bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions) {
   // result is as wide.
   const auto resultatX = static_cast<float>(std::abs(TailleAffichee(x0, x1) * rapportX));
   const auto resultatY = static_cast<float>(std::abs(TailleAffichee(y0, y1) * rapportY));
-  if (resultatX > limiteX || resultatY > limiteY) return RefuseDimension("lib002");
-  Statut(SectionFenetre, "lib102");
+  if (resultatX > limiteX || resultatY > limiteY) return RefuseDimension(Textes::DimensionHorsCourse);
+  Statut(Textes::CalculTrajetOutil);
   const bool faite = EchelleSelection(fx, fy);
   if (faite) {
     RecalculDecalages();
@@ -179,8 +181,8 @@ bool Recale(double x, double y) {
   return faite;
 }
 
-float LimiteCourseX() { return LimiteCourse("TB_SAV_18", 600); }
-float LimiteCourseY() { return LimiteCourse("TB_SAV_19", 400); }
+float LimiteCourseX() { return LimiteCourse(ChampsMachine::LimiteX); }
+float LimiteCourseY() { return LimiteCourse(ChampsMachine::LimiteY); }
 
 bool PlaceOrigine() {
   const Lieu origine{OrigineX, OrigineY};
@@ -221,10 +223,10 @@ bool SupprimePoints(const std::vector<std::int32_t>& index) {
     codes.push_back(TraceInitial[static_cast<std::size_t>(i)].Seq);
   }
   if (codes.empty()) return false;
-  if (Regl.ConfirmSuppr && Message(SectionFenetre, "lib101", Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
+  if (Regl.ConfirmSuppr && Message(Textes::SupprimePoints, Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
     return false;
   }
-  Statut(SectionFenetre, "lib101");
+  Statut(Textes::SupprimePoints);
   std::size_t garde = 0;
   for (std::size_t i = 0; i < TraceInitial.size(); ++i) {
     if (!retire[i]) TraceInitial[garde++] = TraceInitial[i];
@@ -236,9 +238,9 @@ bool SupprimePoints(const std::vector<std::int32_t>& index) {
   } else {
     RecalculDecalages();
   }
-  Statut(SectionFenetre, "lib004");
+  Statut(Textes::EnregistreModifie);
   Termine();
-  Statut(SectionFenetre, "lib002");
+  Statut(Textes::Termine);
   return true;
 }
 

@@ -1,5 +1,6 @@
 // Transforms of the drawing and of single points, mm and radians. Those that give a value are false when refused:
-// a coordinate would become no number or lie beyond CoordonneeMax ("lib113"); the document is then unchanged.
+// a coordinate would become no number or lie beyond CoordonneeMax (CoordonneeHorsLimites); the document is then
+// unchanged.
 #pragma once
 
 #include <cstdint>
@@ -18,8 +19,8 @@ bool MiroirSelection(int axe);  // 0: left and right exchanged; otherwise top an
 // The common step behind every move: moves (1: X, 3: Y; 0: nothing), recomputes the selected traces, marks the
 // document as modified.
 bool Deplacement_Selection(int direction, float distance);
-// CB_OK_Dimension: ratios of the selection, refused when one is 0 ("lib001") or the result lies beyond the travel
-// ("lib002"). `proportions`: the first ratio serves both axes.
+// CB_OK_Dimension: ratios of the selection, refused when one is 0 (RapportNul) or the result lies beyond the travel
+// (DimensionHorsCourse). `proportions`: the first ratio serves both axes.
 bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions);
 // CB_OKRecalage: the whole drawing moves so that the corner of the selection's box comes to (x, y); without a
 // selection, that of the drawing's.
@@ -33,7 +34,8 @@ float LimiteCourseY();
 bool PlaceOrigine();
 // CB_PositionOK: a point of the drawing at a new place.
 bool ChangePosition(std::int32_t index, float x, float y);
-// CB_Supprimer_Point: these points leave the drawing. False: answered No ("lib101"), or none of them is there.
+// CB_Supprimer_Point: these points leave the drawing. False: answered No (SupprimePoints), or none of them is
+// there.
 bool SupprimePoints(const std::vector<std::int32_t>& index);
 
 }  // namespace ovelin

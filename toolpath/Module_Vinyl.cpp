@@ -4,6 +4,7 @@
 
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -48,9 +49,9 @@ void ChoixDepart(int index) {
     }
     if (TourneDepart(TraceInitial, e, choisi)) tournees.push_back(e.code);
   }
-  if (!tournees.empty()) Statut(SectionFenetre, "lib001");
+  if (!tournees.empty()) Statut(Textes::CalculTrajet);
   RefaitDecalages(tournees);
-  Statut(SectionFenetre, "lib002");
+  Statut(Textes::Termine);
   Modifie = Vrai;
   Svc.Rafraichit();
 }

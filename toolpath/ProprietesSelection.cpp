@@ -1,6 +1,7 @@
 // Side, pocket, milling and depth of the selected paths.
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -13,7 +14,7 @@ constexpr std::int16_t DecalageInverse = 3;  // the other sense of travel of the
 
 // The traces of the selected paths that take part in the run.
 void RecalculeSelection() {
-  Statut(SectionFenetre, "lib102");
+  Statut(Textes::CalculTrajetOutil);
   RefaitDecalages(CodesSelectionnes(true));
   EffaceStatut();
   Modifie = Vrai;
@@ -60,11 +61,11 @@ void FraiserSelection(bool fraiser) {
 
 bool ProfondeurSelection(double profondeur) {
   if (ProfondeursDifferentes() &&
-      Message(SectionFenetre, "lib106", Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
+      Message(Textes::ProfondeursInegales, Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
     return false;
   }
   if (!(profondeur < 0)) {
-    Message(SectionFenetre, "lib361", Icone::Exclamation);
+    Message(Textes::ProfondeurNonNegative, Icone::Exclamation);
     return false;
   }
   for (SequenceInfo& s : Sequences) {

@@ -9,11 +9,13 @@
 #include <utility>
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
@@ -32,7 +34,7 @@ int VerrouCopie = -1;  // held as long as this copy of the program runs
 class CadreAvancement {
  public:
   CadreAvancement() {
-    Svc.AvancementDebut(Traduire(Fenetre, "Frame_Avancement"), 0);
+    Svc.AvancementDebut(Traduire(Textes::EnregistrementEnCours), 0);
     Svc.LaisseEvenements(Evenements::Affichage);
   }
   ~CadreAvancement() { Svc.AvancementFin(); }
@@ -60,18 +62,18 @@ void EcritCleFenetre(const char* suffixe, long valeur) {
 // A maximised window keeps the place that it had before.
 void EcritPlace(const EtatFenetre& f) {
   if (f.minimisee || f.place.maximisee) return;
-  EcritCleFenetre("_Left", f.place.gauche);
-  EcritCleFenetre("_Top", f.place.haut);
-  EcritCleFenetre("_Width", f.place.largeur);
-  EcritCleFenetre("_Height", f.place.hauteur);
+  EcritCleFenetre(cles::suffixe::Gauche, f.place.gauche);
+  EcritCleFenetre(cles::suffixe::Haut, f.place.haut);
+  EcritCleFenetre(cles::suffixe::Largeur, f.place.largeur);
+  EcritCleFenetre(cles::suffixe::Hauteur, f.place.hauteur);
 }
 
 void EcritPlacement(const EtatFenetre& f) {
   EcritPlace(f);
-  EcritCleFenetre("_Max", f.place.maximisee ? -1 : 0);
-  EcritCleFenetre("_BD", f.indexBD);
+  EcritCleFenetre(cles::suffixe::Maximisee, f.place.maximisee ? -1 : 0);
+  EcritCleFenetre(cles::suffixe::Materiau, f.indexBD);
   const SansProjet reglages;
-  EcritCleFenetre("_Panneau", f.panneau);
+  EcritCleFenetre(cles::suffixe::Panneau, f.panneau);
 }
 
 // The settings file makes room for a fresh one where that was wanted; otherwise the user gets a copy. No failure is
@@ -79,7 +81,7 @@ void EcritPlacement(const EtatFenetre& f) {
 void FinIni(const std::string& documents) {
   std::error_code erreur;
   if (Cycle.RemiseDefauts) {
-    if (Message(Fenetre, "lib205", Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) return;
+    if (Message(Textes::RemetDefauts, Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) return;
     const std::string sauvee = DossierProgramme + "/" + NomCopieIni;
     std::filesystem::remove(sauvee, erreur);
     std::filesystem::rename(CheminIni(), sauvee, erreur);
@@ -121,7 +123,7 @@ bool DemandeFermeture(const CrochetsFermeture& crochets, const std::string& titr
     return true;
   }
   if (Modifie == Faux) return true;
-  switch (Message(Fenetre, "lib004", Icone::Question, Boutons::OuiNonAnnuler, titre)) {
+  switch (Message(Textes::EnregistreModifie, Icone::Question, Boutons::OuiNonAnnuler, titre)) {
     case Reponse::Non:
       return true;
     case Reponse::Oui:

@@ -8,6 +8,7 @@
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -15,16 +16,15 @@ namespace ovelin {
 
 namespace {
 
-constexpr const char* Section = "F_Representation";
 constexpr const char* FormatTaille = "#0.0";
 constexpr const char* FormatPoint = "0.000";
 constexpr const char* Points = "pts";
 constexpr int PanneauSequence = 1;
 
-Noeud Racine(const char* cle, std::int32_t couleur) {
+Noeud Racine(CleTexte cle, std::int32_t couleur) {
   Noeud n;
-  n.texte = Traduire(Section, "lib403");
-  n.cle = Traduire(Section, cle);
+  n.texte = Traduire(Textes::ArbreSequences);
+  n.cle = Traduire(cle);
   n.couleur = couleur;
   n.developpe = true;
   n.image = "Closed";
@@ -107,7 +107,7 @@ std::optional<Noeud> Arbre::Point(std::size_t groupe, std::size_t rang) const {
 void Remplissage_Trace_Initial(Arbre& arbre) {
   arbre = Arbre{};
   arbre.sorte = SorteArbre::Initial;
-  arbre.racine = Racine("lib401", Regl.CouleurInitial);
+  arbre.racine = Racine(Textes::ArbreInitial, Regl.CouleurInitial);
   std::int32_t numero = 0;
   for (const Etendue& e : EtenduesSequences()) {
     // The single blank record of an emptied drawing is no path.
@@ -129,7 +129,7 @@ void Remplissage_Trace_Initial(Arbre& arbre) {
 void Remplissage_Trace_Decale(Arbre& arbre) {
   arbre = Arbre{};
   arbre.sorte = SorteArbre::Decale;
-  arbre.racine = Racine("lib402", Regl.CouleurDecalage);
+  arbre.racine = Racine(Textes::ArbreOutil, Regl.CouleurDecalage);
   const auto total = std::count_if(TraceDecale.begin(), TraceDecale.end(),
                                    [](const SequenceDecalee& d) { return !d.Points.empty(); });
   const IndexCodes index = IndexDocument();

@@ -8,6 +8,7 @@
 
 #include "closed/Pathwerk.h"
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
@@ -15,6 +16,7 @@
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
@@ -45,10 +47,10 @@ void Appelle(const std::function<void()>& crochet) {
   if (crochet) crochet();
 }
 
-// A text that has a key in "erreurs"; without a translation it stands in French.
-std::string TexteOu(const char* cle, const char* francais) {
-  const std::string texte = Traduire("erreurs", cle);
-  return texte == cle ? francais : texte;
+// Without a translation a text stands in French.
+std::string TexteOu(CleTexte cle) {
+  const std::string texte = Traduire(cle);
+  return texte == cle.Cle() ? std::string(cle.Francais()) : texte;
 }
 
 // A box that is known by its text.
@@ -63,7 +65,7 @@ void MontreTexte(const std::string& texte, const std::string& fichier = "") {
 
 // Key `AdresseMaj` without a separator at its end; empty as delivered.
 std::string AdresseServeur() {
-  std::string adresse = Rogne(LireCleIni("AdresseMaj", ""));
+  std::string adresse = Rogne(LireCleIni(cles::AdresseMaj, ""));
   while (adresse.ends_with("/")) adresse.pop_back();
   return adresse;
 }
@@ -80,9 +82,9 @@ void TrouveDossiers(const OptionsDemarrage& options) {
 }
 
 void LitPremiersReglages(const OptionsDemarrage& options) {
-  const std::string langue = LireCle("Language", LangueDuSysteme(options.locale));
+  const std::string langue = LireCle(cles::Language, LangueDuSysteme(options.locale));
   Regl.Langue = options.langue.empty() ? langue : options.langue;
-  const std::string table = LireCle("TableDefaut", Reglages{}.TableDefaut);
+  const std::string table = LireCle(cles::TableDefaut, Reglages{}.TableDefaut);
   TableDefaut = options.table.empty() ? table : options.table;
   Cycle.NomSysteme = "Unix";
 }
@@ -97,7 +99,7 @@ void PoseConstantes(const CrochetsDemarrage& crochets) {
 
 void Associe(const CrochetsDemarrage& crochets) {
   if (!crochets.Associe) return;
-  crochets.Associe({NomProgramme, ".ovl", Traduire("erreurs", "310"), "OVELIN-2.ico"});
+  crochets.Associe({NomProgramme, ".ovl", Traduire(Textes::DescriptionProjet), "OVELIN-2.ico"});
 }
 
 // The default settings file where there is none. What has been read before stays: a first run has the built-in
@@ -129,9 +131,9 @@ void ChargeReglages() {
 void VerifieClavier(const CrochetsDemarrage& crochets) {
   bool tenue = false;
   for (int i = 0; i < EssaisTouche; ++i) tenue = Appelle(crochets.Touche, false) || tenue;
-  if (!tenue || Message("erreurs", "410", Icone::Question, Boutons::OuiNon) != Reponse::Oui) return;
+  if (!tenue || Message(Textes::ClavierTenu, Icone::Question, Boutons::OuiNon) != Reponse::Oui) return;
   ClavierZENIK = 0;
-  EcrireCleSection(SectionTable(TableDefaut), "CB_SAV_17", "0");
+  EcrireCleSection(SectionTable(TableDefaut), ChampsMachine::ClavierZENIK.Cle(), "0");
 }
 
 void PrepareCarte(const CrochetsDemarrage& crochets) {
@@ -158,15 +160,15 @@ ResultatDemarrage DemarreCycle(const OptionsDemarrage& options, const CrochetsDe
   TrouveDossiers(options);
   LitPremiersReglages(options);
   if (crochets.AutreCopie ? crochets.AutreCopie() : VerrouilleCopie()) {
-    Message("erreurs", "31", Icone::Exclamation, Boutons::Ok, TexteOu("Titre", "Erreur"));
+    Message(Textes::DejaOuvert, Icone::Exclamation, Boutons::Ok, TexteOu(Textes::TitreErreur));
     return r;
   }
   PoseConstantes(crochets);
-  if (!Appelle(crochets.CompteurPrecis, true)) Message("erreurs", "lib306", Icone::Information);
-  Regl.DebugZENIK = LireBooleen("DebugZENIK", Reglages{}.DebugZENIK);
+  if (!Appelle(crochets.CompteurPrecis, true)) Message(Textes::SansHorlogePrecise, Icone::Information);
+  Regl.DebugZENIK = LireBooleen(cles::DebugZENIK, Reglages{}.DebugZENIK);
   Associe(crochets);
   const int version = crochets.VersionPathwerk ? crochets.VersionPathwerk() : pathwerk::Version();
-  if (version < VersionPathwerkMin) Message("erreurs", "lib001", Icone::Information);
+  if (version < VersionPathwerkMin) Message(Textes::PathwerkAncienne, Icone::Information);
   if (!(crochets.DossierTemporaire ? crochets.DossierTemporaire() : PrepareDossierTemp())) {
     DossierTemp.clear();
     MontreTexte("Temp Path Error");
@@ -196,15 +198,15 @@ bool MiseAJourOfferte(std::string_view reponse) {
 
 void TraiteMiseAJour(std::string_view reponse, const std::function<void(const std::string& adresse)>& ouvre) {
   if (!MiseAJourOfferte(reponse)) return;
-  if (Message("erreurs", "Lib091", Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) return;
+  if (Message(Textes::NouvelleVersion, Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) return;
   if (ouvre) ouvre(AdresseServeur());
 }
 
 void ChargeTableEtFiches(const std::string& imposee) {
   const std::string chargee = TableDefaut;
-  TableDefaut = imposee.empty() ? LireCle("TableDefaut", Reglages{}.TableDefaut) : imposee;
+  TableDefaut = imposee.empty() ? LireCle(cles::TableDefaut, Reglages{}.TableDefaut) : imposee;
   if (TableDefaut != chargee) ChargeGlobalesTable();
-  Cycle.OutilFiche = LireNombreTable("CB_SAV_13", 0) != 0;
+  Cycle.OutilFiche = LireNombreTable(ChampsMachine::Orientation) != 0;
   EcritFichesDefaut();
 }
 
@@ -214,11 +216,11 @@ Placement LitPlacement(const std::string& fenetre, std::int32_t largeurEcran, st
     return Arrondi32(LireNombre(fenetre + suffixe, defaut));
   };
   Placement p;
-  p.largeur = std::max(lit("_Width", neuf.largeur), 1);
-  p.hauteur = std::max(lit("_Height", neuf.hauteur), 1);
-  p.gauche = Ramene(lit("_Left", neuf.gauche), p.largeur, largeurEcran);
-  p.haut = Ramene(lit("_Top", neuf.haut), p.hauteur, hauteurEcran);
-  p.maximisee = lit("_max", 0) == -1;
+  p.largeur = std::max(lit(cles::suffixe::Largeur, neuf.largeur), 1);
+  p.hauteur = std::max(lit(cles::suffixe::Hauteur, neuf.hauteur), 1);
+  p.gauche = Ramene(lit(cles::suffixe::Gauche, neuf.gauche), p.largeur, largeurEcran);
+  p.haut = Ramene(lit(cles::suffixe::Haut, neuf.haut), p.hauteur, hauteurEcran);
+  p.maximisee = lit(cles::suffixe::MaximiseeLue, 0) == -1;
   return p;
 }
 
@@ -229,17 +231,17 @@ SuiteCommande OuvreLigneCommande(std::string ligne) {
   const std::string extension = ExtensionDe(chemin);
   const std::vector<std::string_view> connues = ExtensionsArgument();
   if (std::find(connues.begin(), connues.end(), extension) == connues.end()) {
-    MontreTexte(TexteOu("Extension", "Extension fichier inconnue"), chemin);
+    MontreTexte(TexteOu(Textes::ExtensionInconnue), chemin);
     return SuiteCommande::ExtensionInconnue;
   }
   RendUniforme(chemin);
   if (extension == "OVL" && !LitFichierEntier(chemin).value_or("").starts_with("$$")) {
-    MontreTexte(TexteOu("OvlCorrompu", "Fichier OVL corrompu"), chemin);
+    MontreTexte(TexteOu(Textes::OvlCorrompu), chemin);
     return SuiteCommande::OvlCorrompu;
   }
   std::error_code erreur;
   if (!std::filesystem::exists(chemin, erreur)) {
-    Message("F_Representation", "lib340", Icone::Exclamation);
+    Message(Textes::FichierDisparu, Icone::Exclamation);
     return SuiteCommande::Refusee;
   }
   Cycle.OuvertureDehors = true;

@@ -112,7 +112,8 @@ struct CrochetsFermeture {
   std::function<void()> Sauve;          // mnu_Save
 };
 // The closing request. Without a project the parameters go to the settings file and nothing is asked; with one,
-// "lib004" is asked when it has been modified. False: the program stays; also when the wanted save did not happen.
+// EnregistreModifie is asked when it has been modified. False: the program stays; also when the wanted save did not
+// happen.
 bool DemandeFermeture(const CrochetsFermeture& crochets, const std::string& titre);
 
 struct EtatFenetre {

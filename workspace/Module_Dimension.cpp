@@ -5,6 +5,7 @@
 
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
+#include "core/Textes.h"
 #include "toolpath/Module_Transforme.h"
 
 namespace ovelin {
@@ -80,10 +81,10 @@ void EntreProportions(ChampsDimension& champs, bool proportions) {
 
 RefusDimension VerifieDimension(const ChampsDimension& champs) {
   for (std::size_t axe = 0; axe < champs.axes.size(); ++axe) {
-    if (Nul(champs.axes[axe].rapport)) return {"lib001", axe};
+    if (Nul(champs.axes[axe].rapport)) return {Textes::RapportNul, axe};
   }
   for (std::size_t axe = 0; axe < champs.axes.size(); ++axe) {
-    if (Depasse(champs.axes[axe])) return {"lib002", axe};
+    if (Depasse(champs.axes[axe])) return {Textes::DimensionHorsCourse, axe};
   }
   return {};
 }

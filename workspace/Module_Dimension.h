@@ -3,9 +3,11 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "core/Services.h"
+#include "core/Traduction.h"
 
 namespace ovelin {
 
@@ -37,13 +39,13 @@ bool EntreResultat(ChampsDimension& champs, std::size_t axe, double resultat);
 // The box is checked: the second axis takes the ratio of the first.
 void EntreProportions(ChampsDimension& champs, bool proportions);
 
-// Why the sizes can't be: "lib001" for a ratio of 0, "lib002" for a result beyond the travel, or for points that no
-// machine could reach, and the first axis at fault. A result that shows as the travel is good. A mirrored drawing
-// (negative ratio) is as wide.
+// Why the sizes can't be: RapportNul for a ratio of 0, DimensionHorsCourse for a result beyond the travel, or for
+// points that no machine could reach, and the first axis at fault. A result that shows as the travel is good. A
+// mirrored drawing (negative ratio) is as wide.
 struct RefusDimension {
-  std::string cle;
+  std::optional<CleTexte> raison;
   std::size_t axe = 0;
-  explicit operator bool() const { return !cle.empty(); }
+  explicit operator bool() const { return raison.has_value(); }
 };
 RefusDimension VerifieDimension(const ChampsDimension& champs);
 

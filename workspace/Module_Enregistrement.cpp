@@ -6,6 +6,7 @@
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "workspace/Module_Ouverture.h"
 #include "workspace/Module_Travail.h"
@@ -14,15 +15,14 @@ namespace ovelin {
 
 namespace {
 
-constexpr const char* Section = "F_Representation";
 constexpr const char* Extension = ".OVL";
 
 std::string DemandeChemin(const char* cle) {
   DialogueFichier dialogue;
   dialogue.enregistrer = true;
   dialogue.cle = cle;
-  dialogue.titre = Traduire(Section, "TitreProjet");
-  dialogue.filtre = Traduire(Section, "FiltreProjet");
+  dialogue.titre = Traduire(Textes::TitreProjet);
+  dialogue.filtre = Traduire(Textes::FiltreProjet);
   dialogue.motif = "*.OVL";
   if (!FichierCourant.empty()) dialogue.propose = NomSansExtension(FichierCourant) + Extension;
   return Svc.ChoisitFichier(dialogue);
@@ -35,7 +35,7 @@ bool Enregistre(const std::string& chemin) {
     RetientTravail();
     return true;
   }
-  MessageFichier(Section, "lib125", "\n" + chemin + " : " + raison, Icone::Critique, chemin);
+  MessageFichier(Textes::EcritureRefusee, "\n" + chemin + " : " + raison, Icone::Critique, chemin);
   return false;
 }
 

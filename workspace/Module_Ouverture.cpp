@@ -7,13 +7,16 @@
 #include <utility>
 #include <vector>
 
+#include "core/ChampsMachine.h"
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ValeursCles.h"
 #include "database/Module_BD.h"
@@ -28,7 +31,7 @@ namespace ovelin {
 
 namespace {
 
-constexpr const char* Section = "F_Representation";
+constexpr const char* SectionEcartes = "Ecartes";  // kinds of what was left out, under their own names
 // Status panel of what the reader has left out, kind by kind with its count.
 constexpr int PanneauEcartes = 5;
 constexpr int PanneauNettoyage = 2;
@@ -44,7 +47,7 @@ DessinLu LitEtranger(const std::string& chemin) {
       for (; montres < Centiemes && montres < part * Centiemes; ++montres) Svc.AvancementPlus();
     };
   }
-  Svc.AvancementDebut(Traduire(Section, "lib201"), Svc.EnFond ? 0 : Centiemes);
+  Svc.AvancementDebut(Traduire(Textes::LectureDessin), Svc.EnFond ? 0 : Centiemes);
   Svc.LaisseEvenements(Evenements::Affichage);
   DessinLu lu;
   const Reglages reglages = Regl;
@@ -76,8 +79,8 @@ MesuresMachine Mesures() {
   MesuresMachine m;
   m.courseX = LimiteCourseX();
   m.courseY = LimiteCourseY();
-  m.diagonaleX = LireNombreTable("TB_SAV_18", 1000);
-  m.diagonaleY = LireNombreTable("TB_SAV_19", 600);
+  m.diagonaleX = LireNombreTable(ChampsMachine::NettoyageX);
+  m.diagonaleY = LireNombreTable(ChampsMachine::NettoyageY);
   m.resolution = ResolutionFine();
   return m;
 }
@@ -85,7 +88,7 @@ MesuresMachine Mesures() {
 EtapesOuverture Etapes() {
   EtapesOuverture etapes;
   etapes.Dimensionne = [](DemandeDimension& demande) { Svc.Dimensionne(demande); };
-  etapes.Nettoie = [] { Svc.Panneau(PanneauNettoyage, Traduire(Section, "lib202")); };
+  etapes.Nettoie = [] { Svc.Panneau(PanneauNettoyage, Traduire(Textes::NettoyagePoints)); };
   etapes.Optimise = [](Document&) { mnu_Optimisation_Click(); };
   return etapes;
 }
@@ -115,10 +118,6 @@ bool RendFichierUniforme(const std::string& chemin) {
   }
 }
 
-std::string CleAvis(const pathwerk::AvisLecture& avis) {
-  return "lib" + std::to_string(static_cast<std::int32_t>(avis.Numero));
-}
-
 std::string DetailAvis(const pathwerk::AvisLecture& avis) { return avis.Detail.empty() ? "" : " " + avis.Detail; }
 
 // What was supposed and what was left out. Kinds that are words of the format have no key and stay as they are.
@@ -126,10 +125,10 @@ std::string TexteLecture(const pathwerk::RapportLecture& rapport) {
   std::string texte;
   const auto ajoute = [&texte](const std::string& morceau) { texte += (texte.empty() ? "" : ", ") + morceau; };
   for (const pathwerk::AvisLecture& avis : rapport.Suppose) {
-    ajoute(Traduire(Section, CleAvis(avis)) + DetailAvis(avis));
+    if (const auto connu = TexteAvis(avis.Numero)) ajoute(Traduire(*connu) + DetailAvis(avis));
   }
   for (const auto& [genre, nombre] : rapport.Ignores) {
-    ajoute(Traduire("Ecartes", genre) + " " + std::to_string(nombre));
+    ajoute(Traduire(SectionEcartes, genre) + " " + std::to_string(nombre));
   }
   return texte;
 }
@@ -138,26 +137,15 @@ std::string TexteLecture(const pathwerk::RapportLecture& rapport) {
 void AvertitSuppositions(const pathwerk::RapportLecture& rapport) {
   for (const pathwerk::AvisLecture& avis : rapport.Suppose) {
     if (avis.Numero == pathwerk::Avis::FormatDevine) continue;  // so common that the status bar must do
-    MessageFichier(Section, CleAvis(avis), DetailAvis(avis) + "\n" + FichierCourant, Icone::Exclamation,
-                   FichierCourant);
+    const auto connu = TexteAvis(avis.Numero);
+    if (!connu) continue;
+    MessageFichier(*connu, DetailAvis(avis) + "\n" + FichierCourant, Icone::Exclamation, FichierCourant);
   }
 }
 
 // A drawing whose end is missing looks whole in the picture, so it is told, like a project's.
 void AvertitTronque() {
-  MessageFichier("erreurs", "102", "\n" + FichierCourant, Icone::Exclamation, FichierCourant);
-}
-
-void MontreRefus(const RefusFichier& refus) {
-  Boite boite;
-  boite.section = refus.section;
-  boite.cle = refus.cle;
-  boite.texte = Traduire(boite.section, boite.cle) + refus.suite;
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Critique;
-  boite.fichier = refus.fichier;
-  boite.ligne = refus.ligne;
-  Svc.Montre(boite);
+  MessageFichier(Textes::FichierTronque, "\n" + FichierCourant, Icone::Exclamation, FichierCourant);
 }
 
 // What an opening puts in force before a byte of the file is looked at.
@@ -192,7 +180,7 @@ bool PrendEtranger(DessinLu& lu) {
   Svc.LaisseEvenements(Evenements::Affichage);
   LitReglagesDocument();
   if (lu.refus) {
-    MontreRefus(*lu.refus);
+    Svc.Montre(BoiteRefus(*lu.refus));
     return false;
   }
   lu.contenu.message = TexteLecture(lu.contenu.rapport);
@@ -249,10 +237,10 @@ Ouverture MetEnVigueur(DessinLu& lu, ContenuLu* contenu) {
 std::string ChoisitDessin() {
   DialogueFichier dialogue;
   dialogue.cle = "mnu_Ouvrir";
-  dialogue.titre = Traduire(Section, "lib007");
+  dialogue.titre = Traduire(Textes::OuvreDessin);
   dialogue.filtre = dialogue.titre;
   dialogue.motif = MotifDessins();
-  dialogue.propose = LireCle("Fichier", "");
+  dialogue.propose = LireCle(cles::Fichier, "");
   return Svc.ChoisitFichier(dialogue);
 }
 
@@ -263,7 +251,7 @@ DessinLu LitAOuvrir(const std::string& chemin) {
 void RefuseDessinLu(const DessinLu& lu) {
   for (const auto& [cle, valeur] : lu.cles) EcrireCle(cle, valeur);
   Svc.FichierRecent(lu.chemin);
-  MontreRefus(*lu.refus);
+  Svc.Montre(BoiteRefus(*lu.refus));
 }
 
 bool RendUniforme(const std::string& chemin) {
@@ -316,7 +304,8 @@ bool AppliqueMateriau(int rang) {
   if (vide) return true;
   bool egales = true;
   for (const SequenceInfo& s : Sequences) egales = egales && s.Profondeur == Sequences[0].Profondeur;
-  if (!egales && Message(Section, "lib106", Icone::Question, Boutons::OuiNon) != Reponse::Oui) return false;
+  if (!egales && Message(Textes::ProfondeursInegales, Icone::Question, Boutons::OuiNon) != Reponse::Oui)
+    return false;
   ProfondeurPourTous();
   Modifie = Vrai;
   if (!TraceDecale.empty()) RecalculDecalages();

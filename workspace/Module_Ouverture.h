@@ -45,7 +45,7 @@ bool RendUniforme(const std::string& chemin);
 std::string EnregistreProjet(const std::string& chemin);
 
 // A row of the material database for the whole document (CB_BD): parameters, then the depth of every path.
-// False when the row isn't there, or the question of unequal depths ("lib106") was answered No.
+// False when the row isn't there, or the question of unequal depths (ProfondeursInegales) was answered No.
 bool AppliqueMateriau(int rang);
 
 }  // namespace ovelin

@@ -6,6 +6,7 @@
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 
 namespace ovelin {
 
@@ -62,7 +63,7 @@ bool DemandeSupprimer() {
   Code2 dernier;
   const auto choisies = static_cast<std::size_t>(NbSelectionnees(dernier));
   const bool toutes = choisies > 0 && choisies == Sequences.size() && Sequences[0].Code != Code2{};
-  if (toutes && Message("F_Representation", "SupprimerTout", Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
+  if (toutes && Message(Textes::SupprimerTout, Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
     return false;
   }
   CB_Supprimer();

@@ -6,6 +6,7 @@
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -43,7 +44,7 @@ bool CB_Rotation(int index, const std::string& angle) {
   const auto degres = LitNombre(angle);
   if (!degres) return false;
   const double radians = *degres * Pi / 180;
-  Statut(SectionFenetre, "lib102");
+  Statut(Textes::CalculTrajetOutil);
   const bool faite = TourneSelection(index == 0 ? radians : -radians, CentreSelection());
   if (faite) Deplacement_Selection(0, 0);
   EffaceStatut();
@@ -53,7 +54,7 @@ bool CB_Rotation(int index, const std::string& angle) {
 bool CB_Miroir(int index) {
   const bool faite = MiroirSelection(index);
   if (!faite) return false;
-  Statut(SectionFenetre, "lib102");
+  Statut(Textes::CalculTrajetOutil);
   Deplacement_Selection(0, 0);
   EffaceStatut();
   return true;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/Document.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
@@ -14,6 +15,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Texte8.h"
+#include "core/Textes.h"
 
 namespace ovelin {
 
@@ -23,11 +25,9 @@ namespace {
 
 [[maybe_unused]] const bool enregistree = EnregistreRemise([] { Recents = ListeRecents{}; });
 
-constexpr const char* Section = "F_Representation";
-constexpr const char* Prefixe = "MRUFiles";
 constexpr std::size_t LongueurValeur = 255;
 
-std::string Cle(std::size_t numero) { return Prefixe + std::to_string(numero); }
+std::string Cle(std::size_t numero) { return cles::MRUFiles + std::to_string(numero); }
 
 std::size_t Maximum() { return static_cast<std::size_t>(std::max(Regl.gMaxMRU, 0)); }
 
@@ -49,7 +49,7 @@ std::string CheminPresent(std::string chemin) {
 // Number of a key "MRUFiles" + n, 0 for another key.
 std::size_t NumeroDe(const std::string& cle) {
   const std::string nom = Majuscules(cle);
-  const std::string prefixe = Majuscules(Prefixe);
+  const std::string prefixe = Majuscules(cles::MRUFiles);
   std::size_t n = 0;
   if (!nom.starts_with(prefixe)) return 0;
   const char* fin = nom.data() + nom.size();
@@ -116,7 +116,7 @@ Ouverture mnu_MRU(std::size_t index, const std::function<Ouverture(const std::st
   const std::string chemin = Recents.chemins[index - 1];
   if (!FichierExiste(chemin)) {
     OteRecent(chemin);
-    Message(Section, "lib340", Icone::Exclamation);
+    Message(Textes::FichierDisparu, Icone::Exclamation);
     return Ouverture::Abandon;
   }
   return ouvre(chemin);

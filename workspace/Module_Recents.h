@@ -28,7 +28,7 @@ bool RecentPresent(std::size_t index);
 // Texts of the menu entries from 1: the number in front of the path.
 std::vector<std::string> TextesRecents();
 
-// An entry of the menu, by its index from 1. What no longer exists leaves the list, and "lib340" tells so.
+// An entry of the menu, by its index from 1. What no longer exists leaves the list, and FichierDisparu tells so.
 Ouverture mnu_MRU(std::size_t index, const OptionsOuverture& options = {}, ContenuLu* contenu = nullptr);
 // The same where the caller opens the file, which is there.
 Ouverture mnu_MRU(std::size_t index, const std::function<Ouverture(const std::string& chemin)>& ouvre);

@@ -6,6 +6,7 @@
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Travail.h"
 
@@ -26,7 +27,7 @@ Ouverture OuvreReprise(const Reprise& reprise) {
   lu.contenu.rapport.Format = "OVL";
   Travaille([&] { lu.projet = LitProjet(reprise.fichier); });
   if (lu.projet->refus) {
-    Message("F_Reprise", "lib002", Icone::Critique);
+    Message(Textes::RepriseIllisible, Icone::Critique);
     return Ouverture::Refusee;
   }
   OptionsOuverture options;

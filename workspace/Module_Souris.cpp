@@ -11,6 +11,7 @@
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -23,7 +24,6 @@ namespace {
 
 [[maybe_unused]] const bool enregistree = EnregistreRemise([] { Souris = EtatSouris{}; });
 
-constexpr const char* Section = "F_Representation";
 constexpr float Tremblement = 2 * TwipsParPixel;  // a press and release this near is no movement
 
 PointTrace EnDessin(const TailleImage& taille, float x, float y) {
@@ -136,7 +136,7 @@ SuiteSouris mnu_Lever_Click() {
     return suite;
   }
   if (!(LargeurEncoche > 0)) {
-    Message(Section, "lib312", Icone::Exclamation);
+    Message(Textes::EncocheSansLargeur, Icone::Exclamation);
     suite.pageOutil = true;
     return suite;
   }
@@ -234,7 +234,7 @@ Curseur CurseurSouris() {
   return Souris.mnu_Lever ? Curseur::CiblePetit : Curseur::Defaut;
 }
 
-std::string BulleSouris() { return Souris.mnu_Lever ? Traduire(Section, "lib311") : std::string(); }
+std::string BulleSouris() { return Souris.mnu_Lever ? Traduire(Textes::BulleAttache) : std::string(); }
 
 bool BandeSouris(float& x0, float& y0, float& x1, float& y1) {
   if (Souris.glissement != Glissement::Loupe && Souris.glissement != Glissement::Selection) return false;

@@ -63,8 +63,8 @@ struct SuiteSouris {
   std::array<std::string, 3> panneaux;
 };
 
-// The buttons of the tools: they exclude each other. mnu_Lever without a width of notches shows "lib312" and stays
-// off.
+// The buttons of the tools: they exclude each other. mnu_Lever without a width of notches shows EncocheSansLargeur
+// and stays off.
 SuiteSouris mnu_Lever_Click();
 SuiteSouris mnu_ZoomSelection_Click();
 // Both off and no drag: a drawing is opened.

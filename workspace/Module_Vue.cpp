@@ -6,6 +6,7 @@
 #include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 
 namespace ovelin {
 
@@ -15,7 +16,6 @@ namespace {
 
 [[maybe_unused]] const bool enregistree = EnregistreRemise([] { Vue = EtatVue{}; });
 
-constexpr const char* Section = "F_Representation";
 constexpr double FacteurPlus = 1.1;
 constexpr double FacteurMoins = 0.9;
 constexpr double FacteurFleche = 1.1;
@@ -38,7 +38,7 @@ bool MetEnPageVue(const TailleImage& taille) {
   OrigineEcranY = taille.hauteur / 2;
   if (TraceInitial.empty()) return false;
   if (SansEtendue()) {
-    Message(Section, "lib005", Icone::Critique);
+    Message(Textes::DessinSansEtendue, Icone::Critique);
     return false;
   }
   const float rapport = Vue.DernierAjuste > 0 ? Zoom / Vue.DernierAjuste : 1.0F;

@@ -22,8 +22,8 @@ inline constinit auto& MargeVue = Vue.MargeVue;
 // True: Dessin is due.
 
 // Layout of the window (Form_Resize): the centre of the picture becomes OrigineEcran, a loaded drawing is fitted
-// anew and keeps the user's zoom relative to the fit. A drawing without any extent shows "lib005" and gives false,
-// its scale unchanged. A window that is dragged calls this when the size has settled.
+// anew and keeps the user's zoom relative to the fit. A drawing without any extent shows DessinSansEtendue and
+// gives false, its scale unchanged. A window that is dragged calls this when the size has settled.
 bool MetEnPageVue(const TailleImage& taille);
 
 // Fit and centre, then the layout above. A drawing without extent thus gets scale 1 and the message.

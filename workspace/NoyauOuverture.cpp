@@ -5,6 +5,7 @@
 
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
+#include "core/Textes.h"
 #include "toolpath/Etendues.h"
 #include "toolpath/NettoieChemin.h"
 
@@ -12,7 +13,6 @@ namespace ovelin {
 
 namespace {
 
-constexpr std::int32_t TropPeuDePoints = -109;
 constexpr std::int32_t SansMessage = -101;        // the one number whose box has no line of the library's
 constexpr std::int32_t SeuilOptimisation = 5000;  // points; a larger drawing keeps its order, for time
 constexpr float Marge = 5;                        // mm between the drawing and the machine's origin
@@ -56,7 +56,7 @@ void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<voi
   c.points = d.NbPoints;
   c.sequences = NombreRuns(d);
   c.xmin = d.Xmin, c.xmax = d.Xmax, c.ymin = d.Ymin, c.ymax = d.Ymax;
-  if (d.NbPoints >= 0 && d.NbPoints < 2) d.NbPoints = TropPeuDePoints;
+  if (d.NbPoints >= 0 && d.NbPoints < 2) d.NbPoints = ErreurTropPeuDePoints;
   if (d.NbPoints < 0) lu.refus = RefusLecture(d.NbPoints, lu.chemin, c);
 }
 
@@ -107,9 +107,7 @@ std::vector<std::pair<std::string, std::string>> ClesOuverture(const std::string
 }
 
 RefusFichier RefusLecture(std::int32_t numero, const std::string& chemin, const ContenuLu& contenu) {
-  RefusFichier refus;
-  refus.section = "F_Representation";
-  refus.cle = "lib" + std::to_string(-static_cast<long>(numero));
+  RefusFichier refus = RefusErreur(numero);
   refus.suite = " (" + ExtensionDe(chemin) + ")";
   if (numero != SansMessage && !contenu.message.empty()) refus.suite += "\n" + contenu.message;
   refus.fichier = chemin;

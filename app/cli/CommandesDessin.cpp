@@ -9,6 +9,7 @@
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "image/ImageDocument.h"
 #include "machine/Module_Table.h"
@@ -140,7 +141,7 @@ std::string LignesEnCsv() {
 void AvertitSansTrajet() {
   const CompteUsinage usinage = CompteUsinageDe(Doc, ProfPasse);
   if (usinage.sansTrajet.empty()) return;
-  std::fprintf(stderr, "%s %s\n", Traduire("F_Fraisage", "lib025").c_str(),
+  std::fprintf(stderr, "%s %s\n", Traduire(Textes::SequencesEtroites).c_str(),
                TexteSansTrajet(usinage.sansTrajet).c_str());
 }
 
@@ -167,7 +168,7 @@ Sommes SommesDuPlan() {
 
 // What stands in the way of a job, and what is surely wrong in it; the latter is told alone.
 int JugePlan(Contexte& contexte) {
-  if (const RefusPlan refus = VerifieHautDeg()) return Echec(contexte, refus.cle, refus.texte);
+  if (const auto refus = VerifieHautDeg()) return Echec(contexte, refus->cle, refus->suite);
   for (const AvisPlan& avis : AvisDuPlan()) std::fprintf(stderr, "%s\n", avis.texte.c_str());
   return 0;
 }
@@ -216,8 +217,7 @@ int Enregistre(Contexte& contexte, const std::string& dessin, const std::string&
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   const std::string raison = EnregistreProjet(sortie);
   if (!raison.empty()) {
-    return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + sortie + ": " + raison,
-                 sortie);
+    return Echec(contexte, Textes::EcritureRefusee, "\n" + sortie + ": " + raison, sortie);
   }
   return Resultat(contexte, Json{{"file", sortie}, {"points", NbPoints}, {"sequences", NbSequences()}});
 }
@@ -226,7 +226,7 @@ int Exporte(Contexte& contexte, const std::string& dessin, const std::string& so
   const std::string extension = ExtensionDe(sortie);
   const bool image = extension == "SVG" || extension == "PNG";
   if (!image && extension != "DXF" && extension != "DAT") {
-    return Echec(contexte, "lib001", Traduire("F_Exporter", "lib001"), sortie);
+    return Echec(contexte, Textes::ExportExtension, "", sortie);
   }
   if (const int etat = VerifieSortie(contexte, sortie, "", {dessin})) return etat;
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
@@ -241,8 +241,7 @@ int Exporte(Contexte& contexte, const std::string& dessin, const std::string& so
     options.trajet = source != "initial";
     const std::string octets = ImageDocument(Doc, options, ConstruitPalette(Regl, Theme::Clair),
                                              extension == "SVG" ? FormatImage::Svg : FormatImage::Png);
-    if (octets.empty())
-      return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + sortie, sortie);
+    if (octets.empty()) return Echec(contexte, Textes::EcritureRefusee, "\n" + sortie, sortie);
     if (const int etat = EcritResultat(contexte, sortie, octets)) return etat;
   } else if (!ovelin::Exporte(sortie, source == "outil" ? 1 : 0)) {
     return EchecBoite(contexte);

@@ -6,6 +6,7 @@
 #include "core/Nombres.h"
 #include "core/Reglages.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
@@ -28,9 +29,7 @@ class EcritureReglages {
 
 int BilanEcriture(Contexte& contexte, const Json& objet) {
   if (Magasin.DerniereErreur.empty()) return Resultat(contexte, objet);
-  return Echec(contexte, "lib125",
-               Traduire("F_Representation", "lib125") + "\n" + CheminIni() + ": " + Magasin.DerniereErreur,
-               CheminIni());
+  return Echec(contexte, Textes::EcritureRefusee, "\n" + CheminIni() + ": " + Magasin.DerniereErreur, CheminIni());
 }
 
 bool TableConnue(const std::string& nom) {
@@ -41,7 +40,7 @@ bool TableConnue(const std::string& nom) {
 }
 
 int TableInconnue(const Contexte& contexte, const std::string& nom) {
-  return Echec(contexte, "cli_table", Traduire("cli", "cli_table") + " " + nom);
+  return Echec(contexte, Textes::TableInconnue, " " + nom);
 }
 
 constexpr const char* NomsChamps[] = {"name",   "radius", "tool",        "depth",       "pass",
@@ -52,7 +51,7 @@ constexpr const char* NomsChamps[] = {"name",   "radius", "tool",        "depth"
 int LitCle(Contexte& contexte, const std::string& cle) {
   constexpr const char* Absente = "$$";
   const std::string valeur = LireCle(cle, Absente);
-  if (valeur == Absente) return Echec(contexte, "cli_cle", Traduire("cli", "cli_cle") + " " + cle, CheminIni());
+  if (valeur == Absente) return Echec(contexte, Textes::CleAbsente, " " + cle, CheminIni());
   if (contexte.json) return Resultat(contexte, Json{{"key", cle}, {"value", valeur}});
   std::printf("%s\n", valeur.c_str());
   return Fait;
@@ -98,10 +97,9 @@ int GereTable(Contexte& contexte, int action, const std::string& nom, const std:
   if (!TableConnue(nom)) return TableInconnue(contexte, nom);
   const GestionTable geste = static_cast<GestionTable>(action);
   if (geste != GestionTable::Supprimer) {
-    const std::string refus = RefusNomTable(nouveau);
-    if (!refus.empty()) return Echec(contexte, refus, Traduire("F_ParamMachine", refus) + " " + nouveau);
+    if (const auto refus = RefusNomTable(nouveau)) return Echec(contexte, *refus, " " + nouveau);
     if (TableConnue(nouveau)) {
-      return Echec(contexte, "cli_table_existe", Traduire("cli", "cli_table_existe") + " " + nouveau);
+      return Echec(contexte, Textes::TableDejaLa, " " + nouveau);
     }
   }
   const EcritureReglages ecriture;
@@ -117,7 +115,7 @@ int InterfaceTable(Contexte& contexte, const std::string& nom, const std::string
   if (!TableConnue(nom)) return TableInconnue(contexte, nom);
   ChampsTable champs = Chargt_Table(nom);
   if (!AppliqueInterface(interface, champs)) {
-    return Echec(contexte, "cli_interface", Traduire("cli", "cli_interface") + " " + interface);
+    return Echec(contexte, Textes::InterfaceInconnue, " " + interface);
   }
   const EcritureReglages ecriture;
   Sauve_Table(nom, champs);
@@ -163,9 +161,8 @@ int PoseMateriau(Contexte& contexte, const std::vector<std::string>& champs) {
   const auto [ligne, colonne] = VerifieFiches(fiches);
   if (ligne != 0) {
     const std::size_t champ = static_cast<std::size_t>(colonne) - 1;
-    return Echec(contexte, "lib001",
-                 Traduire("F_BD", "lib001") + " " + fiches[static_cast<std::size_t>(ligne) - 1].champs[0] + ", " +
-                     NomsChamps[champ]);
+    return Echec(contexte, Textes::FicheIncorrecte,
+                 " " + fiches[static_cast<std::size_t>(ligne) - 1].champs[0] + ", " + NomsChamps[champ]);
   }
   const EcritureReglages ecriture;
   EcritFiches(fiches);
@@ -175,7 +172,7 @@ int PoseMateriau(Contexte& contexte, const std::vector<std::string>& champs) {
 int EffaceMateriau(Contexte& contexte, const std::string& nom) {
   auto fiches = LitFiches();
   const int rang = RangMateriau(nom);
-  if (rang == 0) return Echec(contexte, "cli_materiau", Traduire("cli", "cli_materiau") + " " + nom);
+  if (rang == 0) return Echec(contexte, Textes::MateriauInconnu, " " + nom);
   fiches.erase(fiches.begin() + (rang - 1));
   const EcritureReglages ecriture;
   EcritFiches(fiches);

@@ -5,6 +5,7 @@
 #include "app/cli/Commandes.h"
 #include "core/Fichiers.h"
 #include "core/Reprises.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 
 namespace ovelin::cli {
@@ -34,18 +35,17 @@ int ListeReprises(Contexte& contexte) {
 }
 
 int OuvreReprise(Contexte& contexte, int n, const std::string& sortie) {
-  if (ExtensionDe(sortie) != "OVL") return Echec(contexte, "lib001", Traduire("F_Exporter", "lib001"), sortie);
+  if (ExtensionDe(sortie) != "OVL") return Echec(contexte, Textes::ExportExtension, "", sortie);
   RecueilleReprises();
   const std::vector<Reprise> reprises = ovelin::ListeReprises();
   if (n < 1 || static_cast<std::size_t>(n) > reprises.size()) {
-    return Echec(contexte, "cli_reprise", Traduire("cli", "cli_reprise") + " " + std::to_string(n));
+    return Echec(contexte, Textes::RepriseInconnue, " " + std::to_string(n));
   }
   const Reprise& reprise = reprises[static_cast<std::size_t>(n) - 1];
   std::string raison;
   const auto octets = LitFichierEntier(reprise.fichier, &raison);
   if (!octets) {
-    return Echec(contexte, "lib110",
-                 Traduire("F_Representation", "lib110") + "\n" + reprise.fichier + ": " + raison, reprise.fichier);
+    return Echec(contexte, Textes::LectureRefusee, "\n" + reprise.fichier + ": " + raison, reprise.fichier);
   }
   if (const int etat = EcritResultat(contexte, sortie, *octets)) return etat;
   OteReprise(reprise);

@@ -9,9 +9,11 @@
 #include <filesystem>
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/Types.h"
 #include "core/ValeursCles.h"
@@ -76,7 +78,8 @@ std::string TexteSeul(const Boite& boite) {
 Reponse ReponduOuFini(Contexte& contexte, const Boite& boite) {
   const auto trouvee = contexte.reponsesParCle.find(boite.cle);
   if (trouvee != contexte.reponsesParCle.end()) return trouvee->second;
-  if (boite.section == "erreurs" && boite.cle == "401") return Reponse::Ok;
+  if (boite.section == Textes::DemandeInterface.Section() && boite.cle == Textes::DemandeInterface.Cle())
+    return Reponse::Ok;
   LaBarre.Fin();
   Echec(contexte, boite.cle, TexteSeul(boite), boite.fichier, boite.ligne);
   std::fflush(nullptr);
@@ -126,7 +129,7 @@ int JugeValeurs(const Contexte& contexte, std::vector<ValeurIllisible> valeurs) 
     if (v.fichier == CheminIni()) valeurs.push_back(std::move(v));
   }
   for (const ValeurIllisible& v : valeurs) {
-    const std::string texte = Traduire("erreurs", "Valeur") + " " + TexteValeur(v);
+    const std::string texte = Traduire(Textes::ValeurRefusee) + " " + TexteValeur(v);
     if (!contexte.informe) return Echec(contexte, "Valeur", texte, v.fichier, v.ligne);
     std::fprintf(stderr, "%s\n", texte.c_str());
   }
@@ -137,7 +140,7 @@ int JugeValeurs(const Contexte& contexte, std::vector<ValeurIllisible> valeurs) 
 int JugeReglages(const Contexte& contexte) {
   const std::string raison = ReglagesRefuses();
   if (raison.empty() || contexte.informe) return Fait;
-  return Echec(contexte, "lib110", Traduire("F_Representation", "lib110") + "\n" + raison, CheminIni());
+  return Echec(contexte, Textes::LectureRefusee, "\n" + raison, CheminIni());
 }
 
 bool Surchargee(std::string_view cle) {
@@ -154,16 +157,16 @@ void RetablitSurcharges() {
   LitOutil();
   const Reglages voulu = Regl;
   Regl = materiau;
-  if (Surchargee("RayonFraise")) RayonFraise = voulu.RayonFraise;
-  if (Surchargee("LargeurEncoche")) LargeurEncoche = voulu.LargeurEncoche;
-  if (Surchargee("MiniEncoche")) MiniEncoche = voulu.MiniEncoche;
-  if (Surchargee("ProfFraisage")) {
+  if (Surchargee(cles::RayonFraise)) RayonFraise = voulu.RayonFraise;
+  if (Surchargee(cles::LargeurEncoche)) LargeurEncoche = voulu.LargeurEncoche;
+  if (Surchargee(cles::MiniEncoche)) MiniEncoche = voulu.MiniEncoche;
+  if (Surchargee(cles::ProfFraisage)) {
     ProfFraisage = voulu.ProfFraisage;
     ProfondeurPourTous();
   }
-  if (Surchargee("ProfPasse")) ProfPasse = voulu.ProfPasse;
-  if (Surchargee("Vitesse_Mat_H")) Vitesse_Mat_H = voulu.Vitesse_Mat_H;
-  if (Surchargee("Vitesse_Mat_V")) Vitesse_Mat_V = voulu.Vitesse_Mat_V;
+  if (Surchargee(cles::ProfPasse)) ProfPasse = voulu.ProfPasse;
+  if (Surchargee(cles::Vitesse_Mat_H)) Vitesse_Mat_H = voulu.Vitesse_Mat_H;
+  if (Surchargee(cles::Vitesse_Mat_V)) Vitesse_Mat_V = voulu.Vitesse_Mat_V;
 }
 
 std::string DossierExecutable() {
@@ -213,6 +216,10 @@ int Echec(const Contexte& contexte, std::string_view cle, const std::string& tex
   return Refuse;
 }
 
+int Echec(const Contexte& contexte, CleTexte texte, const std::string& suite, const std::string& fichier) {
+  return Echec(contexte, texte.Cle(), Traduire(texte) + suite, fichier);
+}
+
 int EchecBoite(const Contexte& contexte) {
   const Boite& b = contexte.derniere;
   return Echec(contexte, b.cle, TexteSeul(b), b.fichier, b.ligne);
@@ -253,7 +260,7 @@ int Demarre(Contexte& contexte) {
     bool connue = false;
     for (const std::string& nom : ovelin::ListeTables())
       connue = connue || Majuscules(nom) == Majuscules(contexte.table);
-    if (!connue) return Echec(contexte, "cli_table", Traduire("cli", "cli_table") + " " + contexte.table);
+    if (!connue) return Echec(contexte, Textes::TableInconnue, " " + contexte.table);
   }
   return Fait;
 }
@@ -270,19 +277,17 @@ int RefuseValeur(const Contexte& contexte, const std::string& cle, const std::st
                  const std::string& lieu) {
   const auto faute = JugeCle(cle, valeur);
   if (!faute) return Fait;
-  const char* texte = "cli_cle_inconnue";
-  if (*faute == FauteCle::Limites) texte = "cli_limites";
-  if (*faute == FauteCle::Illisible) texte = "cli_valeur";
-  return Echec(contexte, texte, Traduire("cli", texte) + " " + lieu + " " + cle + "=" + valeur,
-               lieu == "--set" ? "" : lieu);
+  CleTexte texte = Textes::CleInconnue;
+  if (*faute == FauteCle::Limites) texte = Textes::ValeurHorsLimites;
+  if (*faute == FauteCle::Illisible) texte = Textes::ValeurIllisible;
+  return Echec(contexte, texte, " " + lieu + " " + cle + "=" + valeur, lieu == "--set" ? "" : lieu);
 }
 
 int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* contenu) {
   int rang = 0;
   if (!contexte.materiau.empty()) {
     rang = RangMateriau(contexte.materiau);
-    if (rang == 0)
-      return Echec(contexte, "cli_materiau", Traduire("cli", "cli_materiau") + " " + contexte.materiau);
+    if (rang == 0) return Echec(contexte, Textes::MateriauInconnu, " " + contexte.materiau);
   }
   OptionsOuverture options;
   options.ecritFichier = false;
@@ -290,7 +295,7 @@ int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* conten
   ContenuLu lu;
   const Ouverture ouverture = mnu_Ouvrir(chemin, options, &lu);
   if (ouverture == Ouverture::Abandon) {
-    return Echec(contexte, "lib110", Traduire("F_Representation", "lib110") + "\n" + chemin, chemin);
+    return Echec(contexte, Textes::LectureRefusee, "\n" + chemin, chemin);
   }
   if (ouverture == Ouverture::Refusee) {
     if (contexte.derniere.fichier.empty()) contexte.derniere.fichier = chemin;
@@ -311,21 +316,20 @@ int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* conten
 int VerifieSortie(const Contexte& contexte, const std::string& sortie, std::string_view extension,
                   std::initializer_list<std::string> entrees) {
   for (const std::string& entree : entrees) {
-    if (MemeFichier(sortie, entree))
-      return Echec(contexte, "cli_sortie", Traduire("cli", "cli_sortie") + " " + sortie, sortie);
+    if (MemeFichier(sortie, entree)) return Echec(contexte, Textes::SortieEstEntree, " " + sortie, sortie);
   }
   std::error_code erreur;
   const bool fichier =
       !sortie.starts_with("/dev/") && (!std::filesystem::exists(sortie, erreur) || FichierExiste(sortie));
   if (extension.empty() || !fichier || ExtensionDe(sortie) == Majuscules(extension)) return Fait;
   const std::string attendue = " ." + std::string(extension) + "\n" + sortie;
-  return Echec(contexte, "cli_extension", Traduire("cli", "cli_extension") + attendue, sortie);
+  return Echec(contexte, Textes::ExtensionAttendue, attendue, sortie);
 }
 
 int EcritResultat(const Contexte& contexte, const std::string& chemin, std::string_view octets) {
   const std::string raison = EcritFichierEntier(chemin, octets);
   if (raison.empty()) return Fait;
-  return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + chemin + ": " + raison, chemin);
+  return Echec(contexte, Textes::EcritureRefusee, "\n" + chemin + ": " + raison, chemin);
 }
 
 }  // namespace ovelin::cli

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/Services.h"
+#include "core/Traduction.h"
 #include "workspace/Module_Ouverture.h"
 
 namespace ovelin::cli {
@@ -37,6 +38,8 @@ void InstalleServices(Contexte& contexte);
 // A refusal of this call: its text to standard error, {"error":{...}} to standard output with --json. Returns 1.
 int Echec(const Contexte& contexte, std::string_view cle, const std::string& texte, const std::string& fichier = "",
           long ligne = 0);
+// The same by the key of a text: the text, then `suite`.
+int Echec(const Contexte& contexte, CleTexte texte, const std::string& suite, const std::string& fichier = "");
 // The same with the last box shown.
 int EchecBoite(const Contexte& contexte);
 

@@ -13,6 +13,7 @@
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Reglages.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
@@ -231,7 +232,7 @@ bool Texte(const Arguments& a) {
 
 bool Materiau(const Arguments& a) {
   const int rang = RangMateriau(a.Texte("materiau"));
-  if (rang == 0) throw MauvaisArgument(Traduire("cli", "cli_materiau") + " " + a.Texte("materiau"));
+  if (rang == 0) throw MauvaisArgument(Traduire(Textes::MateriauInconnu) + " " + a.Texte("materiau"));
   AppliqueMateriau(rang);
   return true;
 }
@@ -329,7 +330,7 @@ ResultatOperation Opere(Contexte& contexte, const Json& operation) {
       if (faite) return {};
       // A refusal without a box is a beep.
       if (!contexte.derniere.texte.empty()) return {false, ""};
-      return {false, Traduire("cli", "cli_refusee") + " " +
+      return {false, Traduire(Textes::OperationRefusee) + " " +
                          operation.dump(-1, ' ', false, Json::error_handler_t::replace)};
     } catch (const MauvaisArgument& erreur) {
       return {false, erreur.what()};
@@ -337,7 +338,7 @@ ResultatOperation Opere(Contexte& contexte, const Json& operation) {
       return {false, erreur.what()};
     }
   }
-  return {false, Traduire("cli", "cli_operation")};
+  return {false, Traduire(Textes::OperationInconnue)};
 }
 
 std::vector<std::string> NomsOperations() {
@@ -351,12 +352,10 @@ int Edite(Contexte& contexte, const std::string& dessin, const std::string& oper
   std::string raison;
   const auto texte = LitFichierEntier(operations, &raison);
   if (!texte) {
-    return Echec(contexte, "lib110", Traduire("F_Representation", "lib110") + "\n" + operations + ": " + raison,
-                 operations);
+    return Echec(contexte, Textes::LectureRefusee, "\n" + operations + ": " + raison, operations);
   }
   const Json liste = Json::parse(*texte, nullptr, false, true);
-  if (!liste.is_array())
-    return Echec(contexte, "cli_json", Traduire("cli", "cli_json") + " " + operations, operations);
+  if (!liste.is_array()) return Echec(contexte, Textes::JsonRefuse, " " + operations, operations);
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   long rang = 0;
   for (const Json& operation : liste) {
@@ -371,11 +370,11 @@ int Edite(Contexte& contexte, const std::string& dessin, const std::string& oper
                  NomDe(operations) + ": " + std::to_string(rang) + ". " + nom + ": " + r.raison, operations, rang);
   }
   // A project without a path could not be opened again.
-  if (TraceInitial.size() < 2) return Echec(contexte, "lib109", Traduire("F_Representation", "lib109"), sortie);
+  if (TraceInitial.size() < 2) return Echec(contexte, Textes::TropPeuDePoints, "", sortie);
   EncombrementGeneral();
   const std::string refus = EnregistreProjet(sortie);
   if (!refus.empty()) {
-    return Echec(contexte, "lib125", Traduire("F_Representation", "lib125") + "\n" + sortie + ": " + refus, sortie);
+    return Echec(contexte, Textes::EcritureRefusee, "\n" + sortie + ": " + refus, sortie);
   }
   return Resultat(contexte, Json{{"file", sortie},
                                  {"operations", liste.size()},

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Textes.h"
 #include "core/Traduction.h"
 
 namespace ovelin {
@@ -67,7 +68,7 @@ GardeEcran::~GardeEcran() {
 }
 
 std::string TexteSansEcran(const std::string& raison) {
-  std::string texte = Traduire("programme", "sans_ecran");
+  std::string texte = Traduire(Textes::SansEcran);
   if (!raison.empty()) texte += "\n" + raison;
   return texte;
 }

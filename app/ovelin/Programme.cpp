@@ -24,6 +24,7 @@
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ValeursCles.h"
 #include "core/ui/ServicesQt.h"
@@ -62,7 +63,7 @@ bool CompteurPrecis() {
 }
 
 void MontreReglages(const std::string& raison) {
-  MessageFichier("erreurs", "103", "\n" + raison, Icone::Exclamation, CheminIni());
+  MessageFichier(Textes::ReglagesNonEcrits, "\n" + raison, Icone::Exclamation, CheminIni());
 }
 
 std::string DossierCourant() {
@@ -88,7 +89,7 @@ bool Application::notify(QObject* objet, QEvent* e) {
   try {
     return QApplication::notify(objet, e);
   } catch (const std::bad_alloc&) {
-    Message("F_Representation", "lib114", Icone::Critique);
+    Message(Textes::MemoireManque, Icone::Critique);
   } catch (...) {
     FinInattendue();
   }
@@ -138,7 +139,7 @@ CrochetsDemarrage Programme::Crochets() {
     fenetre_ = std::make_unique<F_Representation>();
     fenetre_->Form_Load(options_.dessin);
     if (!options_.depose.empty() && !fenetre_->Depose(options_.depose)) {
-      MessageFichier("erreurs", "Extension", "", Icone::Exclamation, options_.depose);
+      MessageFichier(Textes::ExtensionInconnue, "", Icone::Exclamation, options_.depose);
     }
   };
   return c;

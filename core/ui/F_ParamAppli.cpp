@@ -8,9 +8,11 @@
 #include <algorithm>
 
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/Fleches.h"
@@ -23,7 +25,6 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_ParamAppli";
-constexpr TextesFenetre T{Section};
 constexpr int IntervalleMin = 25;    // ms; below, a held arrow runs away
 constexpr int IntervalleMax = 1000;  // ms
 constexpr int MruMax = 50;
@@ -226,7 +227,7 @@ void F_ParamAppli::ChoisitLangue() {
   const std::string code = ligne->data(Qt::UserRole).toString().toStdString();
   if (code == Regl.Langue) return;
   Regl.Langue = code;
-  EcrireCle("Language", code);
+  EcrireCle(cles::Language, code);
   TraduitBoiteAOutils();
   TraduireFenetre(*this);
   NommeCommandes();
@@ -256,7 +257,7 @@ void F_ParamAppli::QuitteMRU(bool change) {
   const auto v = LitNombre(TB_MRU_->Texte());
   if (!v || *v < 0 || *v > MruMax) {
     refus_ = true;
-    TB_MRU_->Refuse(T("lib001", "Un nombre entier de 0 à 50"));
+    TB_MRU_->Refuse(TexteQt(Textes::NombreRecents));
     TB_MRU_->Restitue();
     return;
   }
@@ -303,7 +304,7 @@ void F_ParamAppli::reject() {
   if (defaut_) EcritCouleurs();
   if (Regl.Langue != avant_.Langue) {
     Regl.Langue = avant_.Langue;
-    EcrireCle("Language", Regl.Langue);
+    EcrireCle(cles::Language, Regl.Langue);
     TraduitBoiteAOutils();
   }
   if (couleurs) DitCouleurs();

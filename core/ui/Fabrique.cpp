@@ -30,10 +30,6 @@ constexpr QMargins MargesGroupe(6, 4, 6, 6);
 
 }  // namespace
 
-QString TextesFenetre::operator()(const char* cle, const char* sinon) const {
-  return TraduireOu(section, QString::fromLatin1(cle), QString::fromUtf8(sinon));
-}
-
 QLabel* Etiquette(const QString& nom, const QString& texte, QWidget* controle) {
   auto* etiquette = Nomme(new QLabel(texte), nom);
   etiquette->setBuddy(controle);

@@ -20,13 +20,6 @@ namespace ovelin {
 // Names are object names, by which a window is translated; texts and tips are French, in UTF-8, and serve where a
 // translation has none. What is made belongs to `parent`, or to the layout that takes it.
 
-// The texts of one window: its section of the translation files.
-struct TextesFenetre {
-  const char* section;
-  // The translation of that key, or `sinon`.
-  QString operator()(const char* cle, const char* sinon) const;
-};
-
 // A control under its name, with its tip.
 template <class T>
 T* Nomme(T* controle, const QString& nom, const QString& bulle = {}) {

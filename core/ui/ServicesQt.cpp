@@ -25,6 +25,7 @@
 
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
+#include "core/Textes.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/LanguesPresentes.h"
 #include "core/ui/Theme.h"
@@ -38,29 +39,22 @@ QPointer<QWidget> Choisi;
 int Passes = 0;
 std::deque<std::function<void()>> Souhaits;
 
-constexpr const char* SectionBoites = "Boites";
-
 struct Bouton {
   QMessageBox::StandardButton bouton;
   Reponse reponse;
-  const char* cle;
-  const char* francais;
+  CleTexte texte;
 };
 constexpr Bouton BoutonsConnus[] = {
-    {QMessageBox::Ok, Reponse::Ok, "Btn_OK", "OK"},
-    {QMessageBox::Cancel, Reponse::Annuler, "Btn_Annuler", "Annuler"},
-    {QMessageBox::Yes, Reponse::Oui, "Btn_Oui", "&Oui"},
-    {QMessageBox::No, Reponse::Non, "Btn_Non", "&Non"},
+    {QMessageBox::Ok, Reponse::Ok, Textes::BoutonOk},
+    {QMessageBox::Cancel, Reponse::Annuler, Textes::BoutonAnnuler},
+    {QMessageBox::Yes, Reponse::Oui, Textes::BoutonOui},
+    {QMessageBox::No, Reponse::Non, Textes::BoutonNon},
 };
-
-QString TexteBouton(const Bouton& b) {
-  return TraduireOu(SectionBoites, QString::fromLatin1(b.cle), QString::fromUtf8(b.francais));
-}
 
 // A box may name its answers itself: "lib140_Oui" beside "lib140".
 QString TexteBouton(const Bouton& b, const Boite& boite) {
-  const std::string suffixe(std::string_view(b.cle).substr(std::string_view("Btn").size()));
-  return TraduireOu(boite.section.c_str(), QString::fromStdString(boite.cle + suffixe), TexteBouton(b));
+  const std::string suffixe(b.texte.Cle().substr(std::string_view("Btn").size()));
+  return TraduireOu(boite.section.c_str(), QString::fromStdString(boite.cle + suffixe), TexteQt(b.texte));
 }
 
 QMessageBox::StandardButtons BoutonsDe(Boutons boutons) {
@@ -130,22 +124,18 @@ QStringList MotifsDe(const std::string& motif) {
   return motifs;
 }
 
-QString TexteBoite(const char* cle, const char* francais) {
-  return TraduireOu(SectionBoites, QString::fromLatin1(cle), QString::fromUtf8(francais));
-}
-
 void PrepareDialogue(QFileDialog& dialogue, const DialogueFichier& demande) {
   dialogue.setObjectName(QString::fromStdString(demande.cle));
   dialogue.setWindowTitle(QString::fromStdString(demande.titre));
   dialogue.setAcceptMode(demande.enregistrer ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialogue.setFileMode(demande.enregistrer ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialogue.setOption(QFileDialog::DontConfirmOverwrite);  // asked here, in the language of the program
-  dialogue.setLabelText(QFileDialog::Accept, demande.enregistrer ? TexteBoite("Btn_Enregistrer", "&Enregistrer")
-                                                                 : TexteBoite("Btn_Ouvrir", "&Ouvrir"));
-  dialogue.setLabelText(QFileDialog::Reject, TexteBoite("Btn_Annuler", "Annuler"));
-  dialogue.setLabelText(QFileDialog::LookIn, TexteBoite("Fichier_Dossier", "Dossier :"));
-  dialogue.setLabelText(QFileDialog::FileName, TexteBoite("Fichier_Nom", "&Nom :"));
-  dialogue.setLabelText(QFileDialog::FileType, TexteBoite("Fichier_Type", "Type :"));
+  dialogue.setLabelText(QFileDialog::Accept,
+                        demande.enregistrer ? TexteQt(Textes::BoutonEnregistrer) : TexteQt(Textes::BoutonOuvrir));
+  dialogue.setLabelText(QFileDialog::Reject, TexteQt(Textes::BoutonAnnuler));
+  dialogue.setLabelText(QFileDialog::LookIn, TexteQt(Textes::DialogueDossier));
+  dialogue.setLabelText(QFileDialog::FileName, TexteQt(Textes::DialogueNom));
+  dialogue.setLabelText(QFileDialog::FileType, TexteQt(Textes::DialogueType));
   const QStringList motifs = MotifsDe(demande.motif);
   if (!motifs.isEmpty()) {
     const QString texte = demande.filtre.empty() ? motifs[0] : QString::fromStdString(demande.filtre);
@@ -173,26 +163,22 @@ std::string ChoisitFichierQt(const DialogueFichier& demande) {
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return "";
     std::string chemin = dialogue.selectedFiles().constFirst().toStdString();
     if (!demande.enregistrer || !FichierExiste(chemin)) return chemin;
-    Boite question;
-    question.section = SectionBoites;
-    question.cle = "lib001";
-    question.texte = TexteBoite("lib001", "Ce fichier existe déjà. Le remplacer ?").toStdString() + "\n" + chemin;
-    question.icone = Icone::Exclamation;
-    question.boutons = Boutons::OuiNon;
+    Boite question = BoiteDe(Textes::RemplaceFichier, Icone::Exclamation, Boutons::OuiNon);
+    question.texte = TexteQt(Textes::RemplaceFichier).toStdString() + "\n" + chemin;
+    question.titre.clear();
     if (MontreBoite(question) == Reponse::Oui) return chemin;
   }
 }
 
-std::string SaisitQt(std::string_view /*section*/, std::string_view cle, const std::string& texte,
-                     const std::string& propose) {
+std::string SaisitQt(CleTexte cle, const std::string& texte, const std::string& propose) {
   QInputDialog dialogue(Proprietaire());
-  dialogue.setObjectName(QString::fromUtf8(cle.data(), static_cast<qsizetype>(cle.size())));
+  dialogue.setObjectName(QString::fromUtf8(cle.Cle().data(), static_cast<qsizetype>(cle.Cle().size())));
   dialogue.setWindowTitle(QStringLiteral("OVELIN"));
   dialogue.setInputMode(QInputDialog::TextInput);
   dialogue.setLabelText(QString::fromStdString(texte));
   dialogue.setTextValue(QString::fromStdString(propose));
-  dialogue.setOkButtonText(TexteBouton(BoutonsConnus[0]));
-  dialogue.setCancelButtonText(TexteBouton(BoutonsConnus[1]));
+  dialogue.setOkButtonText(TexteQt(BoutonsConnus[0].texte));
+  dialogue.setCancelButtonText(TexteQt(BoutonsConnus[1].texte));
   return dialogue.exec() == QDialog::Accepted ? dialogue.textValue().toStdString() : "";
 }
 

@@ -243,6 +243,12 @@ QString TraduireOu(const char* section, const QString& cle, const QString& sinon
   return texte == demandee ? sinon : QString::fromStdString(texte);
 }
 
+QString TexteQt(CleTexte texte) {
+  const std::string traduit = Traduire(texte);
+  if (traduit != texte.Cle() || texte.Francais().empty()) return QString::fromStdString(traduit);
+  return QString::fromUtf8(texte.Francais().data(), static_cast<qsizetype>(texte.Francais().size()));
+}
+
 void TraduireFenetre(QWidget& fenetre) { Marche(fenetre).Fenetre(fenetre); }
 
 }  // namespace ovelin

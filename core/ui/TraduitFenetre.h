@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+#include "core/Traduction.h"
+
 namespace ovelin {
 
 // Section and caption key "0" are the window's object name; every control whose object name is a key there takes
@@ -17,7 +19,10 @@ namespace ovelin {
 // an accessible name where it has none: its text, the label that is its buddy, or its tool tip.
 void TraduireFenetre(QWidget& fenetre);
 
-// The translation, or `sinon` when the key is missing.
+// A text of the window in its language, else its French.
+QString TexteQt(CleTexte texte);
+
+// The translation of a control's key, or `sinon` when the key is missing.
 QString TraduireOu(const char* section, const QString& cle, const QString& sinon);
 
 }  // namespace ovelin

@@ -11,9 +11,11 @@
 
 #include "core/Cles.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
+#include "core/ui/TraduitFenetre.h"
 #include "database/ui/SaisieBD.h"
 
 namespace ovelin {
@@ -22,17 +24,10 @@ namespace {
 
 constexpr const char* Section = "F_BD";
 constexpr int NomMontre = 40;  // characters of a name in a box
-constexpr std::array<const char*, GrilleBD::Colonnes> TitresFrancais{"Matériau",
-                                                                     "Rayon de l'outil (mm)",
-                                                                     "Outil",
-                                                                     "Profondeur totale (mm)",
-                                                                     "Profondeur de passe (mm)",
-                                                                     "Vitesse matière (mm/s)",
-                                                                     "Vitesse descente (mm/s)",
-                                                                     "Largeur encoches (mm)",
-                                                                     "Hauteur mini encoches (mm)"};
-
-constexpr TextesFenetre T{Section};
+constexpr std::array<CleTexte, GrilleBD::Colonnes> Titres{
+    Textes::TitreMateriau,   Textes::TitreRayon,          Textes::TitreOutil,
+    Textes::TitreProfondeur, Textes::TitrePasse,          Textes::TitreVitesseH,
+    Textes::TitreVitesseV,   Textes::TitreLargeurEncoche, Textes::TitreMiniEncoche};
 
 // A heading on lines of about this width, in pixels; no word is cut.
 QString EnLignes(const QString& texte, const QFontMetrics& mesure, int largeur) {
@@ -54,14 +49,14 @@ QString EnLignes(const QString& texte, const QFontMetrics& mesure, int largeur) 
 QString Raison(int colonne) {
   switch (colonne) {
     case 1:
-      return T("lib023", "Fiche trop longue : 255 caractères au plus.");
+      return TexteQt(Textes::FicheTropLongue);
     case 2:
-      return T("lib020", "Il faut un nombre positif ou nul.");
+      return TexteQt(Textes::FichePositive);
     case 4:
     case 5:
-      return T("lib021", "Il faut un nombre négatif ou nul.");
+      return TexteQt(Textes::FicheNegative);
     default:
-      return T("lib022", "Il faut un nombre supérieur à 0.");
+      return TexteQt(Textes::FicheAuDessusDeZero);
   }
 }
 
@@ -104,7 +99,7 @@ void F_BD::ConstruitGrille() {
   MSFlexGrid1_ = Nomme(new QTableWidget(0, static_cast<int>(GrilleBD::Colonnes), this), "MSFlexGrid1",
                        "Une ligne par matériau et par outil ; la dernière sert à en ajouter");
   MSFlexGrid1_->setProperty("valeur", true);  // its headings are out of the texts already
-  MSFlexGrid1_->setAccessibleName(T("MSFlexGrid1nom", "Fiches des matériaux"));
+  MSFlexGrid1_->setAccessibleName(TexteQt(Textes::NomGrilleFiches));
   MSFlexGrid1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   MSFlexGrid1_->setSelectionMode(QAbstractItemView::SingleSelection);
   MSFlexGrid1_->setAlternatingRowColors(true);
@@ -153,14 +148,13 @@ void F_BD::ConstruitMenu() {
   connect(mnu_DB_Delete_, &QAction::triggered, this, &F_BD::Supprime);
 }
 
-// Headings "lib010" to "lib018", broken so that a column needs no more width than its numbers and its longest word.
+// Headings, broken so that a column needs no more width than its numbers and its longest word.
 void F_BD::EnTetes() {
   const QFontMetrics mesure = MSFlexGrid1_->horizontalHeader()->fontMetrics();
   const int nombre = mesure.horizontalAdvance(QStringLiteral("-0000,000"));
   int lignes = 1;
   for (std::size_t c = 0; c < GrilleBD::Colonnes; ++c) {
-    const std::string cle = "lib0" + std::to_string(10 + c);
-    titres_[c] = T(cle.c_str(), TitresFrancais[c]);
+    titres_[c] = TexteQt(Titres[c]);
     auto* titre = new QTableWidgetItem(EnLignes(titres_[c], mesure, nombre));
     titre->setToolTip(titres_[c]);
     MSFlexGrid1_->setHorizontalHeaderItem(static_cast<int>(c), titre);
@@ -231,9 +225,9 @@ void F_BD::reject() {
   RangeSaisie();
   if (!modifiee_) return QDialog::reject();
   Boite boite;
-  boite.section = Section;
-  boite.cle = "lib024";
-  boite.texte = Traduire(Section, boite.cle);
+  boite.section = Textes::FichesModifiees.Section();
+  boite.cle = Textes::FichesModifiees.Cle();
+  boite.texte = Traduire(Textes::FichesModifiees);
   boite.titre = windowTitle().toStdString();
   boite.icone = Icone::Question;
   boite.boutons = Boutons::OuiNonAnnuler;
@@ -251,13 +245,9 @@ bool F_BD::Refuse() {
   MontreFaute(ligne - 1, colonne - 1, raison);
   QString nom = QString::fromStdString(fiches[static_cast<std::size_t>(ligne) - 1].champs[0]);
   if (nom.size() > NomMontre) nom = nom.left(NomMontre) + QStringLiteral("...");
-  Boite boite;
-  boite.section = Section;
-  boite.cle = "lib001";
-  boite.texte = Traduire(Section, boite.cle) + " " + titres_[static_cast<std::size_t>(colonne) - 1].toStdString() +
-                "\n" + QStringLiteral("%1 : %2").arg(ligne).arg(nom).toStdString() + "\n" + raison.toStdString();
-  boite.titre = "OVELIN";
-  boite.icone = Icone::Exclamation;
+  Boite boite = BoiteDe(Textes::FicheIncorrecte, Icone::Exclamation);
+  boite.texte += " " + titres_[static_cast<std::size_t>(colonne) - 1].toStdString() + "\n" +
+                 QStringLiteral("%1 : %2").arg(ligne).arg(nom).toStdString() + "\n" + raison.toStdString();
   Svc.Montre(boite);
   MSFlexGrid1_->setFocus();
   return true;
@@ -289,14 +279,7 @@ bool F_BD::Ecrit() {
   EcritFiches(grille_.Fiches());
   const std::string raison = std::exchange(Magasin.DerniereErreur, "");  // told here, and by nobody else again
   if (raison.empty()) return true;
-  Boite boite;
-  boite.section = Section;
-  boite.cle = "lib002";
-  boite.texte = Traduire(Section, boite.cle) + "\n" + CheminIni() + " : " + raison;
-  boite.titre = "OVELIN";
-  boite.icone = Icone::Critique;
-  boite.fichier = CheminIni();
-  Svc.Montre(boite);
+  MessageFichier(Textes::FichesNonEcrites, "\n" + CheminIni() + " : " + raison, Icone::Critique, CheminIni());
   return false;
 }
 

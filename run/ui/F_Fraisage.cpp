@@ -11,9 +11,11 @@
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
+#include "core/ui/TraduitFenetre.h"
 #include "run/ui/PanneauPlan.h"
 
 namespace ovelin {
@@ -23,8 +25,6 @@ namespace {
 constexpr const char* Section = "F_Fraisage";
 constexpr int PeriodeSuivi = 50;  // ms between two looks at the writing
 constexpr int PasBarre = 1000;
-
-constexpr TextesFenetre T{Section};
 
 QLineEdit* Total(const char* nom, const char* bulle, QWidget* parent) {
   auto* champ = Nomme(new QLineEdit(parent), nom, bulle);
@@ -91,8 +91,8 @@ QLayout* F_Fraisage::ConstruitVitesses() {
     if (Svc.MarqueDecimale == '.') texte.replace(QLatin1Char(','), QLatin1Char('.'));
     bouton->setText(texte);
     bouton->setFocusPolicy(Qt::StrongFocus);
-    bouton->setToolTip(T("CB_VitMatnom", "Vitesse matière") + QLatin1Char(' ') + texte + QStringLiteral(" mm/s"));
-    bouton->setAccessibleName(T("CB_VitMatnom", "Vitesse matière") + QLatin1Char(' ') + texte);
+    bouton->setToolTip(TexteQt(Textes::NomPasVitesse) + QLatin1Char(' ') + texte + QStringLiteral(" mm/s"));
+    bouton->setAccessibleName(TexteQt(Textes::NomPasVitesse) + QLatin1Char(' ') + texte);
     bouton->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     connect(bouton, &QToolButton::clicked, this, [this, index] { Pas(index); });
     CB_VitMat_[i] = bouton;
@@ -167,10 +167,9 @@ void F_Fraisage::RetablitPlace() {
 void F_Fraisage::VitesseQuitte(ChampNombre& champ, bool change) {
   if (!change) return;
   const bool h = &champ == TB_Vit_Mat_H_;
-  const std::string refus = h ? EntreVit_Mat_H(champ.Texte()) : EntreVit_Mat_V(champ.Texte());
-  if (!refus.empty()) {
-    champ.Refuse(refus == "lib020" ? T("lib020", "Ce n'est pas un nombre.")
-                                   : T("lib021", "La vitesse doit être supérieure à 0."));
+  const auto refus = h ? EntreVit_Mat_H(champ.Texte()) : EntreVit_Mat_V(champ.Texte());
+  if (refus) {
+    champ.Refuse(TexteQt(*refus));
     return;
   }
   champ.Accepte();
@@ -237,7 +236,7 @@ void F_Fraisage::Btn_Gener_GCODE_Click() {
     return;
   }
   MontreTotaux(ecriture_.LongueurNC, ecriture_.TempsNC);
-  Lbl_Resultat_->setText(T("lib022", "Fichier écrit :") + QLatin1Char(' ') +
+  Lbl_Resultat_->setText(TexteQt(Textes::FichierEcrit) + QLatin1Char(' ') +
                          QString::fromStdString(NomDe(NomFichierNC)));
   Lbl_Resultat_->setToolTip(QString::fromStdString(NomFichierNC));
 }

@@ -2,15 +2,15 @@
 
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/ui/Fabrique.h"
+#include "core/ui/TraduitFenetre.h"
 
 namespace ovelin {
 
 namespace {
 
 constexpr double SansMouvement = 1e10;  // what the speeds are without a move in the plane
-
-constexpr TextesFenetre T{"F_Fraisage"};
 
 QString Mesure(double v, const char* motif, const char* unite) {
   return QString::fromStdString(Formate(v, motif)) + QLatin1Char(' ') + QLatin1String(unite);
@@ -65,17 +65,17 @@ QLabel* PanneauPlan::Figure(QGridLayout& grille, int ligne, int colonne, const c
 }
 
 QString PanneauPlan::Avis(const ResumePlan& resume) const {
-  if (resume.vide) return T("lib040", "Il n'y a pas de trajet d'outil : ouvrez d'abord un dessin.");
-  if (resume.refus) return QString::fromStdString(resume.refus.texte);
+  if (resume.vide) return TexteQt(Textes::SansTrajet);
+  if (resume.refus) return QString::fromStdString(resume.refus->Texte());
   const auto manquent = static_cast<long>(resume.sansTrajet.size());
-  if (resume.sequences + manquent == 0) return T("lib023", "Aucune séquence n'est à fraiser.");
+  if (resume.sequences + manquent == 0) return TexteQt(Textes::AucuneAFraiser);
   QStringList avis;
-  if (resume.horsCourse) avis += T("lib026", "Le parcours sort de la course de la machine.");
+  if (resume.horsCourse) avis += TexteQt(Textes::ParcoursHorsCourse);
   if (Vitesse_Mat_H > resume.VMax) {
-    avis += T("lib024", "La vitesse matière dépasse la vitesse maxi de ce parcours.");
+    avis += TexteQt(Textes::VitesseMatiereHaute);
   }
   if (manquent > 0) {
-    avis += T("lib025", "Séquences trop étroites pour l'outil, non fraisées :") + QLatin1Char(' ') +
+    avis += TexteQt(Textes::SequencesEtroites) + QLatin1Char(' ') +
             QString::fromStdString(TexteSansTrajet(resume.sansTrajet));
   }
   for (const AvisPlan& a : resume.avis) avis += QString::fromStdString(a.texte);

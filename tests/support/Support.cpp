@@ -75,8 +75,8 @@ class Ecouteur : public testing::EmptyTestEventListener {
                        std::string(OVELIN_SOURCE_DIR) + "/samples"};
     Svc.Montre = Montre;
     Svc.ChoisitFichier = [](const DialogueFichier& d) { return Suivante(Sc.fichiers, d.cle); };
-    Svc.Saisit = [](std::string_view, std::string_view cle, const std::string&, const std::string&) {
-      return Suivante(Sc.saisies, cle);
+    Svc.Saisit = [](CleTexte cle, const std::string&, const std::string&) {
+      return Suivante(Sc.saisies, cle.Cle());
     };
     Svc.Bip = [] { ++Sc.bips; };
     Svc.Panneau = [](int panneau, const std::string& texte) { Sc.panneaux.emplace_back(panneau, texte); };
@@ -100,6 +100,7 @@ void Attend(const std::string& section, const std::string& cle, Reponse reponse)
 void AttendTexte(const std::string& texte, Reponse reponse) { Sc.boites.push_back({"", "", texte, reponse}); }
 void AttendFichier(const std::string& cle, const std::string& reponse) { Sc.fichiers.emplace_back(cle, reponse); }
 void AttendSaisie(const std::string& cle, const std::string& reponse) { Sc.saisies.emplace_back(cle, reponse); }
+std::string CleDe(const std::optional<CleTexte>& refus) { return refus ? std::string(refus->Cle()) : ""; }
 const std::vector<Boite>& Boites() { return Sc.montrees; }
 int Bips() { return Sc.bips; }
 const std::vector<std::pair<int, std::string>>& Panneaux() { return Sc.panneaux; }

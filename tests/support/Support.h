@@ -5,11 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/Document.h"
 #include "core/Services.h"
+#include "core/Traduction.h"
 #include "tests/support/Corpus.h"  // DossierCorpus, DossierExemples
 
 namespace essai {
@@ -22,6 +24,8 @@ void AttendTexte(const std::string& texte, ovelin::Reponse reponse = ovelin::Rep
 // Answers of file dialogs and prompts, in order, by the dialog's key.
 void AttendFichier(const std::string& cle, const std::string& reponse);
 void AttendSaisie(const std::string& cle, const std::string& reponse);
+// Key of the text of a refusal, "" for none.
+std::string CleDe(const std::optional<ovelin::CleTexte>& refus);
 // Boxes shown so far in this test.
 const std::vector<ovelin::Boite>& Boites();
 int Bips();

@@ -1,6 +1,8 @@
 #include "workspace/ui/CadreDimensions.h"
 
 #include "core/Nombres.h"
+#include "core/Textes.h"
+#include "core/ui/TraduitFenetre.h"
 
 namespace ovelin {
 
@@ -69,7 +71,7 @@ void CadreDimensions::Entre(int axe, bool resultat, const std::string& texte) {
   if (!resultat) {
     EntreRapport(champs_, i, texte == saisie->EnVigueur() ? champs_.axes[i].rapport : *v);
   } else if (!EntreResultat(champs_, i, *v)) {
-    return saisie->Refuse(TextePanneau("champ_taille", "Une taille de 0 ne peut pas être changée."));
+    return saisie->Refuse(TexteQt(Textes::ChampTailleNulle));
   }
   MontreChamps();
 }

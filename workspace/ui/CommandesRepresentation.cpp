@@ -7,6 +7,7 @@
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
@@ -27,7 +28,6 @@ namespace ovelin {
 
 namespace {
 
-constexpr const char* Section = "F_Representation";
 constexpr double PasFleche = 0.1, PasFlecheLong = 1.0;  // mm
 
 }  // namespace
@@ -122,9 +122,9 @@ Ouverture F_Representation::OuvreFichier(const std::string& chemin) {
 bool F_Representation::PeutLaisser() {
   if (TravailChange()) {
     Boite boite;
-    boite.section = Section;
-    boite.cle = "lib140";
-    boite.texte = Traduire(Section, boite.cle) + "\n" + NomDe(FichierCourant);
+    boite.section = Textes::TravailNonEnregistre.Section();
+    boite.cle = Textes::TravailNonEnregistre.Cle();
+    boite.texte = Traduire(Textes::TravailNonEnregistre) + "\n" + NomDe(FichierCourant);
     boite.titre = windowTitle().toStdString();
     boite.icone = Icone::Question;
     boite.boutons = Boutons::OuiNonAnnuler;
@@ -136,7 +136,7 @@ bool F_Representation::PeutLaisser() {
     } else if (const std::vector<std::string> placees = ClesPlacees(); !placees.empty()) {
       std::string liste = "\n" + NomDe(FichierCourant);
       for (const std::string& cle : placees) liste += "\n" + cle;
-      MessageFichier(Section, "lib141", liste, Icone::Information, FichierCourant);
+      MessageFichier(Textes::ReglagesDansProjet, liste, Icone::Information, FichierCourant);
     }
   }
   Modifie = Faux;
@@ -157,7 +157,7 @@ void F_Representation::OffreReprises() {
 bool F_Representation::Enregistre(bool (*procedure)()) {
   constexpr std::size_t PointsMin = 2;
   if (TraceInitial.size() < PointsMin &&
-      Message(Section, "lib142", Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) {
+      Message(Textes::EnregistreVide, Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) {
     return false;
   }
   if (!procedure()) return false;
@@ -228,7 +228,7 @@ void F_Representation::ChangeLangue() {
   PB1_->Traduit();
   carte_.reset();
   AfficheCarte();
-  commandes_->CB_BD()->setItemText(0, QString::fromStdString(Traduire(Section, "50")));
+  commandes_->CB_BD()->setItemText(0, TexteQt(Textes::AucunMateriau));
   BulleMateriau();
 }
 
@@ -239,20 +239,17 @@ void F_Representation::MontreMateriau() {
 }
 
 void F_Representation::BulleMateriau() {
-  const QString aucun = QString::fromStdString(Traduire(Section, "50"));
+  const QString aucun = TexteQt(Textes::AucunMateriau);
   const QString nom = MateriauCourant.empty() ? aucun : QString::fromStdString(MateriauCourant);
-  commandes_->CB_BD()->setToolTip(
-      TraduireOu(Section, "CB_BDtt",
-                 QStringLiteral("Matériau : rayon, profondeurs, vitesses et encoches en une fois")) +
-      QLatin1Char('\n') + TraduireOu(Section, "CB_BDvigueur", QStringLiteral("En vigueur :")) + QLatin1Char(' ') +
-      nom);
+  commandes_->CB_BD()->setToolTip(TexteQt(Textes::BulleMateriaux) + QLatin1Char('\n') +
+                                  TexteQt(Textes::MateriauEnVigueur) + QLatin1Char(' ') + nom);
 }
 
 // The entry in front applies nothing; the index of a row is its number.
 void F_Representation::RemplitCB_BD() {
   QComboBox* combo = commandes_->CB_BD();
   combo->clear();
-  combo->addItem(QString::fromStdString(Traduire(Section, "50")));
+  combo->addItem(QString::fromStdString(Traduire(Textes::AucunMateriau)));
   for (const FicheMateriau& fiche : LitFiches()) combo->addItem(QString::fromStdString(fiche.champs[0]));
   combo->setCurrentIndex(0);
   BulleMateriau();
@@ -269,7 +266,7 @@ void F_Representation::ChoisitMateriau(int rang) {
 // The settings file makes room for a fresh one when the program ends, which it does now: nobody expects that of a
 // command about settings, so it is said first.
 void F_Representation::mnu_Defaut() {
-  if (Message(Section, "lib143", Icone::Question, Boutons::OuiNon) != Reponse::Oui) return;
+  if (Message(Textes::DefautPuisFin, Icone::Question, Boutons::OuiNon) != Reponse::Oui) return;
   Cycle.RemiseDefauts = true;
   close();
 }
@@ -278,7 +275,7 @@ void F_Representation::mnu_Nettoyage() {
   Regl.Resolution = 0;
   Fenetre("F_Nettoyage");
   if (!mnu_Nettoyage_Click(Regl.Resolution)) return;
-  setWindowTitle(QString::fromStdString(Traduire(Section, "lib200") + " " + std::to_string(NbPoints)));
+  setWindowTitle(QString::fromStdString(Traduire(Textes::NombrePoints) + " " + std::to_string(NbPoints)));
 }
 
 // The selection follows the cursor keys, a tenth of a millimetre a stroke, a whole one with Shift.

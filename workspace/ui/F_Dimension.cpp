@@ -3,9 +3,11 @@
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
+#include "core/ui/TraduitFenetre.h"
 #include "workspace/ui/ApercuDimension.h"
 
 namespace ovelin {
@@ -13,8 +15,6 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Dimension";
-
-constexpr TextesFenetre Raison{Section};
 
 // A field says itself what it is: its label stands at the head of its column.
 ChampNombre* ChampTaille(const QString& nom, const char* unite, const char* dit, const char* bulle,
@@ -148,13 +148,13 @@ void F_Dimension::MontreChamps() {
 void F_Dimension::Quitte(ChampNombre& champ, std::size_t axe, bool rapport, bool change) {
   if (!change) return;
   const auto v = LitNombre(champ.Texte());
-  if (!v) return champ.Refuse(Raison("lib003", "Ce n'est pas un nombre."));
+  if (!v) return champ.Refuse(TexteQt(Textes::DimensionNonNombre));
   if (rapport) {
     EntreRapport(champs_, axe, *v);
   } else if (!EntreResultat(champs_, axe, *v)) {
     champ.Restitue();
     MontreChamps();
-    return champ.Refuse(Raison("lib004", "Le dessin n'a pas d'étendue dans ce sens."));
+    return champ.Refuse(TexteQt(Textes::DimensionSansEtendue));
   }
   MontreChamps();
 }
@@ -164,7 +164,7 @@ bool F_Dimension::LitChamps() {
     for (ChampNombre* champ : {a.rapport, a.resultat}) {
       if (EstNumerique(champ->Texte())) continue;
       champ->setFocus();
-      champ->Refuse(Raison("lib003", "Ce n'est pas un nombre."));
+      champ->Refuse(TexteQt(Textes::DimensionNonNombre));
       return false;
     }
   }
@@ -175,10 +175,10 @@ bool F_Dimension::Applique() {
   if (!LitChamps()) return false;
   const RefusDimension refus = VerifieDimension(champs_);
   if (refus) {
-    Message(Section, refus.cle, Icone::Critique);
-    ChampNombre* champ = refus.cle == "lib001" ? axes_[refus.axe].rapport : axes_[refus.axe].resultat;
+    Message(*refus.raison, Icone::Critique);
+    ChampNombre* champ = *refus.raison == Textes::RapportNul ? axes_[refus.axe].rapport : axes_[refus.axe].resultat;
     champ->setFocus();
-    champ->Refuse(QString::fromStdString(Traduire(Section, refus.cle)));
+    champ->Refuse(TexteQt(*refus.raison));
     return false;
   }
   MontreChamps();

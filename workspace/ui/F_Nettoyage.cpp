@@ -4,6 +4,7 @@
 
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/ui/Fenetres.h"
 #include "machine/Module_Table.h"
 #include "workspace/ui/Tolerance.h"
@@ -56,9 +57,10 @@ void F_Nettoyage::Construit() {
   const BoutonsDialogue boutons =
       PoseBoutons(*this, "Nettoyer le dessin avec cette tolérance", "Fermer sans rien changer");
   boite->addLayout(boutons.rangee);
-  connect(TB_Resolution_, &ChampNombre::Quitte, this, [this] { LitTolerance(*TB_Resolution_, Section); });
+  connect(TB_Resolution_, &ChampNombre::Quitte, this,
+          [this] { LitTolerance(*TB_Resolution_, Textes::NettoyageNonNombre, Textes::NettoyageNegatif); });
   connect(boutons.ok, &QPushButton::clicked, this, [this] {
-    const auto tolerance = LitTolerance(*TB_Resolution_, Section);
+    const auto tolerance = LitTolerance(*TB_Resolution_, Textes::NettoyageNonNombre, Textes::NettoyageNegatif);
     if (!tolerance) return TB_Resolution_->setFocus();
     Regl.Resolution = *tolerance;
     accept();

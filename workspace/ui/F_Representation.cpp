@@ -14,10 +14,12 @@
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cadence.h"
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
@@ -171,14 +173,15 @@ void F_Representation::InstalleServices() {
 void F_Representation::Place() {
   const QRect ecran = screen()->availableGeometry();
   const Placement p = LitPlacement(Section, EnTwips(ecran.width()), EnTwips(ecran.height()));
-  if (LireCle(std::string(Section) + "_Width", "").empty()) {
+  if (LireCle(std::string(Section) + cles::suffixe::Largeur, "").empty()) {
     resize(std::min(LargeurNeuve, ecran.width()), std::min(HauteurNeuve, ecran.height()));  // never placed yet
   } else {
     resize(std::min(EnPixels(p.largeur), ecran.width()), std::min(EnPixels(p.hauteur), ecran.height()));
   }
   move(ecran.left() + EnPixels(p.gauche), ecran.top() + EnPixels(p.haut));
   if (p.maximisee) setWindowState(windowState() | Qt::WindowMaximized);
-  const int panneau = static_cast<int>(LireNombre(std::string(Section) + "_Panneau", EtatFenetre{}.panneau));
+  const int panneau =
+      static_cast<int>(LireNombre(std::string(Section) + cles::suffixe::Panneau, EtatFenetre{}.panneau));
   separateur_->setSizes({std::max(width() - panneau, 1), std::max(panneau, 0)});
   commandes_->Coche("mnu_Panneau", panneau > 0);
 }
@@ -374,7 +377,7 @@ void F_Representation::SuitOutils() {
 
 void F_Representation::RegleTimer_Interro() {
   constexpr int Periode = 1000, PeriodeMin = 50;  // ms
-  const double voulue = LitNombre(LireCleIni("PeriodeInterro", "")).value_or(Periode);
+  const double voulue = LitNombre(LireCleIni(cles::PeriodeInterro, "")).value_or(Periode);
   Timer_Interro_->start(std::max(Arrondi32(voulue), PeriodeMin));
 }
 
@@ -382,9 +385,7 @@ void F_Representation::AfficheCarte() {
   const bool presente = CdeZENIK && CdeZENIK->IsAvailable();
   if (carte_ == presente) return;
   carte_ = presente;
-  SB1_->Carte(TraduireOu(Section, presente ? "Carte_usb" : "Carte_aucune",
-                         presente ? QStringLiteral("Carte ZENIK") : QStringLiteral("Sans carte")),
-              TraduireOu(Section, "Carte_tt", QStringLiteral("Carte de commande de la machine")));
+  SB1_->Carte(TexteQt(presente ? Textes::CarteUsb : Textes::CarteAbsente), TexteQt(Textes::BulleCarte));
 }
 
 void F_Representation::MenuImage(const QPoint& ecran) {

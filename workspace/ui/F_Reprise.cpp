@@ -9,8 +9,10 @@
 #include "core/LectureProjet.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
+#include "core/ui/TraduitFenetre.h"
 #include "workspace/Module_Reprise.h"
 #include "workspace/ui/ApercuDimension.h"
 
@@ -19,12 +21,11 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Reprise";
-constexpr TextesFenetre T{Section};
 
 // The day and the time as they are written where the user is.
 QString Ligne(const Reprise& r) {
   const QString nom = QString::fromStdString(NomDe(r.dessin));
-  return (nom.isEmpty() ? T("lib001", "dessin sans nom") : nom) + QStringLiteral("   ") +
+  return (nom.isEmpty() ? TexteQt(Textes::DessinSansNom) : nom) + QStringLiteral("   ") +
          QLocale(QString::fromStdString(Regl.Langue))
              .toString(QDateTime::fromSecsSinceEpoch(r.heure), QLocale::ShortFormat);
 }
@@ -46,7 +47,7 @@ void F_Reprise::Construit() {
       Phrase("Label1", "Le programme s'est arrêté sans pouvoir demander. Voici ce qui a été gardé :", this));
   List_Reprises_ = Nomme(new QListWidget(this), "List_Reprises", "Dessin et heure de son dernier état");
   List_Reprises_->setProperty("valeur", true);
-  List_Reprises_->setAccessibleName(T("List_Reprisesnom", "Travaux retrouvés"));
+  List_Reprises_->setAccessibleName(TexteQt(Textes::NomListeReprises));
   List_Reprises_->setMinimumSize(360, 4 * fontMetrics().height());
   List_Reprises_->setMaximumHeight(8 * fontMetrics().height());
   connect(List_Reprises_, &QListWidget::currentRowChanged, this, &F_Reprise::MontreChoix);

@@ -6,6 +6,7 @@
 
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/ui/Fenetres.h"
 #include "workspace/ui/Tolerance.h"
 
@@ -60,11 +61,11 @@ void F_Soudure::Construit() {
   const BoutonsDialogue boutons = PoseBoutons(*this, "Garder cette tolérance", "Fermer sans rien changer");
   boite->addLayout(boutons.rangee);
   connect(TB_Tolerance_, &ChampNombre::Quitte, this, [this] {
-    if (LitTolerance(*TB_Tolerance_, Section)) SuitChamp();
+    if (LitTolerance(*TB_Tolerance_, Textes::SoudureNonNombre, Textes::SoudureNegative)) SuitChamp();
   });
   connect(VScroll_Tolerance_, &QScrollBar::valueChanged, this, &F_Soudure::SuitCurseur);
   connect(boutons.ok, &QPushButton::clicked, this, [this] {
-    const auto tolerance = LitTolerance(*TB_Tolerance_, Section);
+    const auto tolerance = LitTolerance(*TB_Tolerance_, Textes::SoudureNonNombre, Textes::SoudureNegative);
     if (!tolerance) return TB_Tolerance_->setFocus();
     Regl.ToleranceSoudure = *tolerance;
     EcritSoudure();

@@ -16,6 +16,7 @@
 #include "core/Cadence.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
@@ -28,7 +29,6 @@ namespace ovelin {
 
 namespace {
 
-constexpr const char* Section = "F_Representation";
 constexpr int AttenteTaille = 80;     // ms without another change of the size
 constexpr double CranMolette = 120;   // eighths of a degree, a notch of a wheel
 constexpr double PixelsParCran = 60;  // of a touch pad that tells no angle
@@ -100,11 +100,8 @@ ImagePB1::ImagePB1(QWidget* parent)
 }
 
 void ImagePB1::Traduit() {
-  setAccessibleName(TraduireOu(Section, QStringLiteral("PB1nom"), QStringLiteral("Dessin")));
-  setAccessibleDescription(TraduireOu(
-      Section, QStringLiteral("PB1aide"),
-      QStringLiteral(
-          "Dessin et trajet de l'outil. Clic : sélectionner ; molette : zoom ; bouton droit : déplacer la vue")));
+  setAccessibleName(TexteQt(Textes::NomDessin));
+  setAccessibleDescription(TexteQt(Textes::AideDessin));
 }
 
 TailleImage ImagePB1::Taille() const {

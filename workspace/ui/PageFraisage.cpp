@@ -7,7 +7,9 @@
 
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
 #include "toolpath/Module_Decalage.h"
 #include "workspace/Module_PanneauChamps.h"
 
@@ -22,34 +24,30 @@ struct LigneOutil {
   const char* bulle;
   bool (*entre)(const std::string&);
   std::string (*valeur)();
-  const char* raison;
-  const char* sinon;
+  std::optional<CleTexte> raison;
 };
 
 namespace {
 
-constexpr const char* CleNegatif = "champ_negatif";
-constexpr const char* Negatif = "La valeur ne peut pas être négative.";
-
 constexpr LigneOutil LignesOutil[] = {
     {"TB_RayonFraise", "Lbl_RayonFraise", "Rayon de l'outil", "mm",
      "Rayon de la fraise : la moitié de son diamètre", EntreRayonFraise, [] { return TexteNombre(RayonFraise); },
-     CleNegatif, Negatif},
+     Textes::ChampNegatif},
     {"TB_LargeurEncoche", "Lbl_LargeurEncoche", "Largeur des encoches", "mm",
      "Largeur du pont de matière laissé à chaque point d'attache", EntreLargeurEncoche,
-     [] { return TexteNombre(LargeurEncoche); }, "champ_nul", "La valeur ne peut pas être 0."},
+     [] { return TexteNombre(LargeurEncoche); }, Textes::ChampNul},
     {"TB_MiniEncoche", "Lbl_MiniEncoche", "Hauteur mini des encoches", "mm",
      "Hauteur du pont de matière au-dessus du fond de la coupe", EntreMiniEncoche,
-     [] { return TexteNombre(MiniEncoche); }, CleNegatif, Negatif},
+     [] { return TexteNombre(MiniEncoche); }, Textes::ChampNegatif},
     {"TB_HautDeg", "Lbl_HautDeg", "Hauteur dégagement (mm)", "",
      "Hauteur de l'outil au-dessus de la matière pendant les déplacements", EntreHautDeg,
-     [] { return TexteNombre(Regl.HautDeg); }, CleNegatif, Negatif},
+     [] { return TexteNombre(Regl.HautDeg); }, Textes::ChampNegatif},
     {"TB_PCPoche", "Lbl_PCPoche", "% recouvrement poches", "",
      "Part de la passe précédente que l'outil recouvre dans une poche", EntrePCPoche,
-     [] { return TexteNombre(static_cast<long>(PCPoche)); }, "", ""},
+     [] { return TexteNombre(static_cast<long>(PCPoche)); }, std::nullopt},
     {"TB_ProfPasse", "Lbl_ProfPasse", "Profondeur de passe maxi", "mm",
      "Profondeur d'une passe, négative : -1 enlève 1 mm à chaque passe", EntreProfPasse,
-     [] { return TexteNombre(ProfPasse); }, "lib361", "La profondeur doit être négative."},
+     [] { return TexteNombre(ProfPasse); }, Textes::ProfondeurNonNegative},
 };
 
 // The rule of the height looks at the one in force, so that a negative entry would get through once: it stops here.
@@ -64,9 +62,9 @@ bool GardeHautDeg(const std::string& texte) {
 
 // What a value of the overlap means that is no overlap; nothing for 0 to 99.
 QString AvisPoche(int pourCent) {
-  if (pourCent < 0) return TextePanneau("TB_PCPoche_negatif", "Au-dessous de 0 % : compte comme 0 %.");
-  if (pourCent == 100) return TextePanneau("TB_PCPoche_100", "100 % : la poche n'est pas vidée, un seul contour.");
-  if (pourCent > 100) return TextePanneau("TB_PCPoche_plus", "Plus de 100 % : un seul contour dans la poche.");
+  if (pourCent < 0) return TexteQt(Textes::PocheNegative);
+  if (pourCent == 100) return TexteQt(Textes::PocheEntiere);
+  if (pourCent > 100) return TexteQt(Textes::PocheExcessive);
   return {};
 }
 
@@ -137,9 +135,9 @@ QWidget* PageFraisage::Cotes() {
 
 // The tips of the sides have keys of their own.
 void PageFraisage::BullesCotes() {
-  decal_[0]->setToolTip(TextePanneau("tt42", "Outil à gauche du parcours : hors de la pièce, dans ses trous"));
-  decal_[1]->setToolTip(TextePanneau("tt43", "Outil sur le trait"));
-  decal_[2]->setToolTip(TextePanneau("tt44", "Même côté, parcouru dans l'autre sens"));
+  decal_[0]->setToolTip(TexteQt(Textes::BulleCoteOutil));
+  decal_[1]->setToolTip(TexteQt(Textes::BulleSurTrait));
+  decal_[2]->setToolTip(TexteQt(Textes::BulleAutreSens));
   for (QRadioButton* bouton : decal_) bouton->setAccessibleName(bouton->toolTip());
 }
 
@@ -159,7 +157,7 @@ void PageFraisage::AjouteChamp(QGridLayout* grille, const LigneOutil& ligne) {
   auto* saisie = new Saisie(champ, [this, rang](const std::string& texte) { EntreOutil(outil_[rang], texte); });
   // The height is tested before the entry is looked at: one that got in by mistake is refused at each leaving.
   if (ligne.entre == EntreHautDeg) saisie->memeInchange = [] { return Regl.HautDeg < 0; };
-  outil_.push_back({saisie, ligne.entre, ligne.valeur, ligne.raison, ligne.sinon});
+  outil_.push_back({saisie, ligne.entre, ligne.valeur, ligne.raison});
   const int rangee = grille->rowCount();
   grille->addWidget(Etiquette(ligne.etiquette, ligne.texte, champ), rangee, 0);
   grille->addWidget(champ, rangee, 1);
@@ -188,8 +186,7 @@ void PageFraisage::MontreMelange(const ChampsPanneau& champs) {
   if (champs.communes.Poche == Mixte) noms += poche_->text();
   if (champs.communes.Decalage == 0) noms += cote_->text();
   melange_->setVisible(champs.selectionnees > 1 && !noms.isEmpty());
-  melange_->setText(TextePanneau("champ_melange", "Différent selon la séquence :") + QLatin1Char(' ') +
-                    noms.join(QStringLiteral(", ")));
+  melange_->setText(TexteQt(Textes::ChampMelange) + QLatin1Char(' ') + noms.join(QStringLiteral(", ")));
 }
 
 void PageFraisage::RemplitOutil() {
@@ -211,8 +208,7 @@ void PageFraisage::FocusLargeurEncoche() {
 // A refused value that is in force all the same stays in sight with its reason.
 void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte) {
   if (champ.entre == EntreHautDeg && !GardeHautDeg(texte)) {
-    return champ.saisie->Refuse(TextePanneau(champ.raison, champ.sinon),
-                                LitNombre(texte) == LitNombre(champ.valeur()));
+    return champ.saisie->Refuse(TexteQt(*champ.raison), LitNombre(texte) == LitNombre(champ.valeur()));
   }
   if (champ.entre(texte)) {
     champ.saisie->Montre(champ.valeur());
@@ -220,7 +216,7 @@ void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte)
     champ.saisie->Refuse(RaisonNombre());
   } else {
     const auto v = LitNombre(champ.valeur());
-    champ.saisie->Refuse(TextePanneau(champ.raison, champ.sinon), v == LitNombre(texte));
+    champ.saisie->Refuse(champ.raison ? TexteQt(*champ.raison) : QString(), v == LitNombre(texte));
   }
   if (champ.entre == EntrePCPoche) AvertitPoche(true);
   if (champ.entre == EntreLargeurEncoche && champ.saisie->Champ()->EstRefuse()) FocusLargeurEncoche();
@@ -235,7 +231,7 @@ void PageFraisage::Profondeur(const std::string& texte) {
   if (!v) {
     profondeur_->Refuse(RaisonNombre());
   } else if (!(*v < 0)) {
-    profondeur_->Refuse(TextePanneau("lib361", "La profondeur doit être négative."));
+    profondeur_->Refuse(TexteQt(Textes::ProfondeurNonNegative));
   }
 }
 

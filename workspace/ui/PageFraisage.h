@@ -8,9 +8,11 @@
 #include <QRadioButton>
 #include <QWidget>
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "core/Traduction.h"
 #include "workspace/Module_Panneau.h"
 #include "workspace/ui/Saisie.h"
 
@@ -31,8 +33,7 @@ class PageFraisage : public QWidget {
     Saisie* saisie = nullptr;
     bool (*entre)(const std::string&) = nullptr;
     std::string (*valeur)() = nullptr;
-    const char* raison = "";  // key of what the field tells of a refused number
-    const char* sinon = "";
+    std::optional<CleTexte> raison;  // what the field tells of a refused number
   };
   QGroupBox* Selection();
   QWidget* Cotes();

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/ReglagesCourants.h"
+#include "core/Textes.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 #include "toolpath/Module_Sequence.h"
@@ -14,8 +15,6 @@
 namespace ovelin {
 
 namespace {
-
-constexpr const char* Section = "F_Representation";
 
 // A switch of a row of names; what it shows is the stack below it.
 QTabBar* Choix(const char* nom, const std::vector<QString>& textes, QStackedWidget* pile) {
@@ -133,8 +132,8 @@ void PanneauLateral::Couleurs() {
 }
 
 void PanneauLateral::Traduit() {
-  choixArbre_->setAccessibleName(TraduireOu(Section, "Option_DI", QStringLiteral("Arbre montré")));
-  choixPage_->setAccessibleName(TraduireOu(Section, "Option1", QStringLiteral("Page montrée")));
+  choixArbre_->setAccessibleName(TexteQt(Textes::NomChoixArbre));
+  choixPage_->setAccessibleName(TexteQt(Textes::NomChoixPage));
   for (ArbreDocument* arbre : arbres_) arbre->Traduit();
 }
 

@@ -3,6 +3,8 @@
 #include <QKeyEvent>
 #include <utility>
 
+#include "core/Textes.h"
+#include "core/ui/TraduitFenetre.h"
 namespace ovelin {
 
 Saisie::Saisie(ChampNombre* champ, std::function<void(const std::string&)> regle)
@@ -37,6 +39,6 @@ bool Saisie::eventFilter(QObject* objet, QEvent* e) {
   return true;
 }
 
-QString RaisonNombre() { return TextePanneau("champ_nombre", "Ce n'est pas un nombre."); }
+QString RaisonNombre() { return TexteQt(Textes::ChampNonNombre); }
 
 }  // namespace ovelin

@@ -34,8 +34,6 @@ class Saisie : public QObject {
   std::string enVigueur_;
 };
 
-// Texts of the panel.
-inline constexpr TextesFenetre TextePanneau{"F_Representation"};
 // "Not a number", for every field.
 QString RaisonNombre();
 

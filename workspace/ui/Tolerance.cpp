@@ -1,17 +1,18 @@
 #include "workspace/ui/Tolerance.h"
 
 #include "core/Nombres.h"
+#include "core/ui/TraduitFenetre.h"
 
 namespace ovelin {
 
-std::optional<float> LitTolerance(ChampNombre& champ, const char* section) {
-  const auto refuse = [&](const char* cle, const char* sinon) {
-    champ.Refuse(TextesFenetre{section}(cle, sinon));
+std::optional<float> LitTolerance(ChampNombre& champ, CleTexte nonNombre, CleTexte negatif) {
+  const auto refuse = [&](CleTexte raison) {
+    champ.Refuse(TexteQt(raison));
     return std::nullopt;
   };
   const auto v = LitNombre(champ.Texte());
-  if (!v) return refuse("lib001", "Ce n'est pas un nombre.");
-  if (*v < 0) return refuse("lib002", "La tolérance ne peut pas être négative.");
+  if (!v) return refuse(nonNombre);
+  if (*v < 0) return refuse(negatif);
   champ.Accepte();
   champ.Montre(TexteNombre(EnFloat(*v)));
   return EnFloat(*v);

@@ -3,12 +3,13 @@
 
 #include <optional>
 
+#include "core/Traduction.h"
 #include "core/ui/Fabrique.h"
 
 namespace ovelin {
 
 // A tolerance as its field holds it, mm; the field shows the value that will be used. Nothing for what is no number
-// or negative, which the field then tells ("lib001", "lib002" of that section).
-std::optional<float> LitTolerance(ChampNombre& champ, const char* section);
+// or negative, which the field then tells.
+std::optional<float> LitTolerance(ChampNombre& champ, CleTexte nonNombre, CleTexte negatif);
 
 }  // namespace ovelin

@@ -11,6 +11,7 @@
 
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
+#include "core/Textes.h"
 #include "tests/ui/core/BancServices.h"
 
 namespace {
@@ -181,7 +182,7 @@ TEST_F(ServicesQt, ACancelledDialogGivesNothing) {
   Quand<QFileDialog>([](QFileDialog& d) { d.reject(); });
   EXPECT_EQ(Svc.ChoisitFichier(Enregistre("a.nc")), "");
   Quand<QInputDialog>([](QInputDialog& d) { d.reject(); });
-  EXPECT_EQ(Svc.Saisit("F_BD", "lib002", "Name", "old"), "");
+  EXPECT_EQ(Svc.Saisit(Textes::NomNouvelleTable, "Name", "old"), "");
 }
 
 TEST_F(ServicesQt, APromptOffersATextAndGivesWhatIsTyped) {
@@ -193,7 +194,7 @@ TEST_F(ServicesQt, APromptOffersATextAndGivesWhatIsTyped) {
     QTest::keyClicks(champ, "new");
     QTest::keyClick(champ, Qt::Key_Return);
   });
-  EXPECT_EQ(Svc.Saisit("F_BD", "lib002", "Name", "old"), "new");
+  EXPECT_EQ(Svc.Saisit(Textes::NomNouvelleTable, "Name", "old"), "new");
 }
 
 // ---- the rest

@@ -5,6 +5,7 @@
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "tests/support/Support.h"
 
@@ -22,7 +23,7 @@ TEST(Message, ShowsTheTextOfItsKey) {
   essai::EcritFichierEssai("OVELINfr.trad", "[erreurs]\n31=Deux fois\n");
   OublieTraductions();
   essai::Attend("erreurs", "31", Reponse::Oui);
-  EXPECT_EQ(Message("erreurs", "31", Icone::Exclamation, Boutons::OuiNon, "Erreur"), Reponse::Oui);
+  EXPECT_EQ(Message(Textes::DejaOuvert, Icone::Exclamation, Boutons::OuiNon, "Erreur"), Reponse::Oui);
   ASSERT_EQ(essai::Boites().size(), 1U);
   const Boite& boite = essai::Boites()[0];
   EXPECT_EQ(boite.texte, "Deux fois");
@@ -33,24 +34,24 @@ TEST(Message, ShowsTheTextOfItsKey) {
 
 TEST(Message, BearsTheProgramsNameByDefault) {
   essai::Attend("erreurs", "31");
-  Message("erreurs", "31", Icone::Information);
+  Message(Textes::DejaOuvert, Icone::Information);
   EXPECT_EQ(essai::Boites()[0].titre, "OVELIN");
   EXPECT_EQ(essai::Boites()[0].boutons, Boutons::Ok);
 }
 
 TEST(Script, FailsATestWithABoxThatItDoesNotHold) {
-  EXPECT_NONFATAL_FAILURE(Message("erreurs", "31", Icone::Information), "erreurs/31");
+  EXPECT_NONFATAL_FAILURE(Message(Textes::DejaOuvert, Icone::Information), "erreurs/31");
   essai::Attend("erreurs", "32");
-  EXPECT_NONFATAL_FAILURE(Message("erreurs", "31", Icone::Information), "erreurs/31");
+  EXPECT_NONFATAL_FAILURE(Message(Textes::DejaOuvert, Icone::Information), "erreurs/31");
   EXPECT_NONFATAL_FAILURE(Svc.ChoisitFichier(Dialogue("mnu_Save")), "mnu_Save");
-  EXPECT_NONFATAL_FAILURE(Svc.Saisit("s", "lib007", "", ""), "lib007");
+  EXPECT_NONFATAL_FAILURE(Svc.Saisit(Textes::NomNouvelleTable, "", ""), "lib007");
 }
 
 TEST(Script, AnswersDialogsInTheirOrder) {
   essai::AttendFichier("mnu_Save", "/x/a.OVL");
   essai::AttendSaisie("lib007", "Neuve");
   EXPECT_EQ(Svc.ChoisitFichier(Dialogue("mnu_Save")), "/x/a.OVL");
-  EXPECT_EQ(Svc.Saisit("F_ParamMachine", "lib007", "", ""), "Neuve");
+  EXPECT_EQ(Svc.Saisit(Textes::NomNouvelleTable, "", ""), "Neuve");
 }
 
 TEST(ServicesMuets, EndsTheProgramAtABoxThatNobodyAnswers) {
@@ -60,7 +61,7 @@ TEST(ServicesMuets, EndsTheProgramAtABoxThatNobodyAnswers) {
   boite.cle = "31";
   EXPECT_DEATH(muets.Montre(boite), "erreurs 31");
   EXPECT_DEATH(muets.ChoisitFichier(Dialogue("mnu_Ouvrir")), "mnu_Ouvrir");
-  EXPECT_DEATH(muets.Saisit("s", "lib007", "", ""), "lib007");
+  EXPECT_DEATH(muets.Saisit(Textes::NomNouvelleTable, "", ""), "lib007");
 }
 
 TEST(ServicesMuets, LetsEverythingElsePass) {

@@ -11,7 +11,7 @@ using namespace ovelin;
 using essai::EcritFichierEssai;
 
 // A translation file of this test alone.
-void Textes(const std::string& langue, const std::string& contenu) {
+void PoseTextes(const std::string& langue, const std::string& contenu) {
   DossiersProduit.clear();
   EcritFichierEssai("OVELIN" + langue + ".trad", contenu);
   Regl.Langue = langue;
@@ -19,7 +19,7 @@ void Textes(const std::string& langue, const std::string& contenu) {
 }
 
 TEST(Traduire, GivesTheTextOfTheKey) {
-  Textes("fr", "[erreurs]\r\n100=Aucun point\r\n[F_Fraisage]\r\nlib001=D\xE9part\r\n");
+  PoseTextes("fr", "[erreurs]\r\n100=Aucun point\r\n[F_Fraisage]\r\nlib001=D\xE9part\r\n");
   EXPECT_EQ(Traduire("erreurs", "100"), "Aucun point");
   EXPECT_EQ(Traduire("f_fraisage", "LIB001"), "Départ");
 }
@@ -27,18 +27,18 @@ TEST(Traduire, GivesTheTextOfTheKey) {
 TEST(Traduire, GivesThreeLinesForAnEmptyKey) { EXPECT_EQ(Traduire("erreurs", ""), "___"); }
 
 TEST(Traduire, GivesTheKeyForAMissingOne) {
-  Textes("fr", "[erreurs]\r\n100=x\r\n");
+  PoseTextes("fr", "[erreurs]\r\n100=x\r\n");
   EXPECT_EQ(Traduire("erreurs", "lib999"), "lib999");
   EXPECT_EQ(Traduire("absente", "100"), "100");
 }
 
 TEST(Traduire, GivesTheKeyForATextOfTwoDollars) {
-  Textes("fr", "[erreurs]\r\n100=$$\r\n");
+  PoseTextes("fr", "[erreurs]\r\n100=$$\r\n");
   EXPECT_EQ(Traduire("erreurs", "100"), "100");
 }
 
 TEST(Traduire, GivesAnEmptyTextWhereTheKeyHasOne) {
-  Textes("fr", "[erreurs]\r\n100=\r\n");
+  PoseTextes("fr", "[erreurs]\r\n100=\r\n");
   EXPECT_EQ(Traduire("erreurs", "100"), "");
 }
 
@@ -50,12 +50,12 @@ TEST(Traduire, GivesTheKeyWithoutAFile) {
 }
 
 TEST(Traduire, TakesAtMost255Characters) {
-  Textes("fr", "[erreurs]\r\n100=" + std::string(300, '\xE9') + "\r\n");
+  PoseTextes("fr", "[erreurs]\r\n100=" + std::string(300, '\xE9') + "\r\n");
   EXPECT_EQ(Traduire("erreurs", "100").size(), 2 * 255U);
 }
 
 TEST(Traduire, FollowsTheLanguage) {
-  Textes("fr", "[erreurs]\r\n100=bonjour\r\n");
+  PoseTextes("fr", "[erreurs]\r\n100=bonjour\r\n");
   EXPECT_EQ(Traduire("erreurs", "100"), "bonjour");
   EcritFichierEssai("OVELINen.trad", "[erreurs]\r\n100=hello\r\n");
   Regl.Langue = "en";
@@ -63,7 +63,7 @@ TEST(Traduire, FollowsTheLanguage) {
 }
 
 TEST(Traduire, ReadsTheFileOnceUntilItIsForgotten) {
-  Textes("fr", "[erreurs]\r\n100=avant\r\n");
+  PoseTextes("fr", "[erreurs]\r\n100=avant\r\n");
   EXPECT_EQ(Traduire("erreurs", "100"), "avant");
   EcritFichierEssai("OVELINfr.trad", "[erreurs]\r\n100=apres\r\n");
   EXPECT_EQ(Traduire("erreurs", "100"), "avant");

@@ -1,4 +1,4 @@
-// The translation files: the same keys, texts that fit, and every key that the code asks for by name.
+// The translation files: the same keys, texts that fit, and every text of the table of names.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -9,6 +9,9 @@
 #include <set>
 #include <sstream>
 #include <string>
+
+#include "core/Texte8.h"
+#include "core/Textes.h"
 
 namespace {
 
@@ -123,52 +126,50 @@ TEST(Translations, CommentsOfGCodeHoldNoParenthesis) {
   }
 }
 
-TEST(Translations, EveryKeyThatTheCodeNamesIsThere) {
-  // Message("section", "key"), Traduire("section", "key"), TraduireOu("section", key, text), and a constant section
-  // beside a literal key.
-  static const std::regex Appel(
-      R"((?:Message|MessageFichier|Traduire|TraduireOu)\(\s*("?\w+"?)\s*,\s*(?:QStringLiteral\(|QLatin1String\()?"([^"]+)\")");
-  static const std::regex Constante(R"(constexpr\s+(?:const char\*|std::string_view)\s+(\w+)\s*=\s*"(\w+)\")");
-  const Cles fr = LitTraduction("fr");
-  int trouvees = 0;
-  for (const char* dossier :
-       {"app", "controller", "core", "database", "image", "machine", "run", "toolpath", "workspace"}) {
-    for (const auto& entree : fs::recursive_directory_iterator(fs::path(OVELIN_SOURCE_DIR) / dossier)) {
-      if (entree.path().extension() != ".cpp") continue;
-      const std::string texte = Lit(entree.path());
-      std::map<std::string, std::string> constantes;
-      for (std::sregex_iterator i(texte.begin(), texte.end(), Constante), fin; i != fin; ++i) {
-        constantes[(*i)[1]] = (*i)[2];
-      }
-      for (std::sregex_iterator i(texte.begin(), texte.end(), Appel), fin; i != fin; ++i) {
-        std::string section = (*i)[1];
-        if (section.starts_with('"')) {
-          section = section.substr(1, section.size() - 2);
-        } else if (constantes.contains(section)) {
-          section = constantes[section];
-        } else {
-          continue;
-        }
-        EXPECT_TRUE(fr.contains(section + "/" + std::string((*i)[2])))
-            << entree.path().filename() << ": " << section << "/" << (*i)[2];
-        ++trouvees;
-      }
-    }
-  }
-  EXPECT_GT(trouvees, 10);
+std::string Place(const ovelin::CleTexte& texte) {
+  return std::string(texte.Section()) + "/" + std::string(texte.Cle());
 }
 
-TEST(Translations, EveryErrorNumberOfTheReaderHasItsText) {
-  static const std::regex Numero(R"(= -(\d+),)");
-  const std::string entete = Lit(fs::path(OVELIN_SOURCE_DIR) / "closed/Pathwerk.h");
+TEST(Translations, EveryNamedTextIsThere) {
   const Cles fr = LitTraduction("fr");
-  int nombre = 0;
-  for (std::sregex_iterator i(entete.begin(), entete.end(), Numero), fin; i != fin; ++i) {
-    EXPECT_TRUE(fr.contains("F_Representation/lib" + std::string((*i)[1]))) << (*i)[1];
-    ++nombre;
+  for (const auto& [nom, texte] : ovelin::Textes::Tous) EXPECT_TRUE(fr.contains(Place(texte))) << nom;
+}
+
+TEST(Translations, NoTwoNamesStandForOneKey) {
+  std::map<std::string, std::string> noms;
+  for (const auto& [nom, texte] : ovelin::Textes::Tous) {
+    const auto [place, neuve] = noms.emplace(Place(texte), nom);
+    EXPECT_TRUE(neuve) << nom << " and " << place->second;
   }
-  EXPECT_GE(nombre, 18);
-  EXPECT_TRUE(fr.contains("F_Representation/lib109"));
+}
+
+TEST(Translations, TheFrenchOfAWindowIsThatOfItsTranslation) {
+  const Cles fr = LitTraduction("fr");
+  int francais = 0;
+  for (const auto& [nom, texte] : ovelin::Textes::Tous) {
+    if (texte.Francais().empty()) continue;
+    ++francais;
+    const auto traduit = fr.find(Place(texte));
+    if (traduit == fr.end()) continue;
+    EXPECT_EQ(ovelin::DeTexte8(traduit->second), texte.Francais()) << nom;
+  }
+  EXPECT_GT(francais, 40);
+}
+
+// Texts without a control have keys of "lib" and a number, and bare numbers in "erreurs".
+TEST(Translations, EveryFreeTextHasAName) {
+  static const std::regex Libre(R"(\w+/[Ll]ib\d.*|erreurs/.*)");
+  std::set<std::string> nommees;
+  for (const auto& [nom, texte] : ovelin::Textes::Tous) nommees.insert(Place(texte));
+  for (const auto& [cle, texte] : LitTraduction("fr")) {
+    if (!std::regex_match(cle, Libre)) continue;
+    // The answers of a box carry the key of the box.
+    if (cle.ends_with("_Oui") || cle.ends_with("_Non")) {
+      EXPECT_TRUE(nommees.contains(cle.substr(0, cle.size() - 4))) << cle;
+      continue;
+    }
+    EXPECT_TRUE(nommees.contains(cle)) << cle;
+  }
 }
 
 }  // namespace

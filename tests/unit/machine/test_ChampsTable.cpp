@@ -208,25 +208,26 @@ TEST(FormateChamp, EachGroupHasItsDecimals) {
       {0, "12.3457"}, {2, "12.3457"}, {3, "12"},    {5, "12"},    {6, "12.35"}, {8, "12.35"}, {9, "12"},
       {11, "12"},     {12, "12.3"},   {20, "12.3"}, {27, "12.3"}, {28, "12"},   {31, "12"},   {32, "12"},
   };
-  for (const auto& [index, texte] : attendus) EXPECT_EQ(FormateChamp("TB_SAV", index, "12.34567"), texte) << index;
+  for (const auto& [index, texte] : attendus)
+    EXPECT_EQ(FormateChamp(FamilleChamp::TB_SAV, index, "12.34567"), texte) << index;
 }
 
 TEST(FormateChamp, FieldsWithoutAFormatStayAsTyped) {
-  EXPECT_EQ(FormateChamp("TB_SAV", 29, "12.34567"), "12.34567");
-  EXPECT_EQ(FormateChamp("TB_SAV", 30, "12.34567"), "12.34567");
-  EXPECT_EQ(FormateChamp("Combo_SAV", 3, "2.5"), "2.5");
+  EXPECT_EQ(FormateChamp(FamilleChamp::TB_SAV, 29, "12.34567"), "12.34567");
+  EXPECT_EQ(FormateChamp(FamilleChamp::TB_SAV, 30, "12.34567"), "12.34567");
+  EXPECT_EQ(FormateChamp(FamilleChamp::Combo_SAV, 3, "2.5"), "2.5");
 }
 
 TEST(FormateChamp, EmptyFieldIsNotProcessed) {
-  EXPECT_EQ(FormateChamp("TB_SAV", 0, ""), "");
-  EXPECT_EQ(FormateChamp("TB_SAV", 0, "fast"), "fast");
+  EXPECT_EQ(FormateChamp(FamilleChamp::TB_SAV, 0, ""), "");
+  EXPECT_EQ(FormateChamp(FamilleChamp::TB_SAV, 0, "fast"), "fast");
 }
 
 TEST(FormateChamp, WritesTheUsersMarkAndReadsEither) {
   Svc.MarqueDecimale = ',';
-  EXPECT_EQ(FormateChamp("TB_SAV", 12, "6"), "6,0");
-  EXPECT_EQ(FormateChamp("TB_SAV", 12, "6.25"), "6,3");
-  EXPECT_EQ(FormateChamp("TB_SAV", 0, "0,5"), "0,5000");
+  EXPECT_EQ(FormateChamp(FamilleChamp::TB_SAV, 12, "6"), "6,0");
+  EXPECT_EQ(FormateChamp(FamilleChamp::TB_SAV, 12, "6.25"), "6,3");
+  EXPECT_EQ(FormateChamp(FamilleChamp::TB_SAV, 0, "0,5"), "0,5000");
 }
 
 TEST(ChampJumeau, StepsGiveDegreesWithTwoDecimals) {

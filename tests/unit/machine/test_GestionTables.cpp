@@ -43,32 +43,33 @@ TEST(ListeTables, NamesTheSectionsWithThePrefix) {
 TEST(ListeTables, IsEmptyWithoutASettingsFile) { EXPECT_TRUE(ListeTables().empty()); }
 
 TEST(RefusNomTable, EightCharactersAreAccepted) {
-  EXPECT_EQ(RefusNomTable("12345678"), "");
-  EXPECT_EQ(RefusNomTable("A"), "");
-  EXPECT_EQ(RefusNomTable("My mill"), "");
+  EXPECT_EQ(essai::CleDe(RefusNomTable("12345678")), "");
+  EXPECT_EQ(essai::CleDe(RefusNomTable("A")), "");
+  EXPECT_EQ(essai::CleDe(RefusNomTable("My mill")), "");
 }
 
 TEST(RefusNomTable, NineAreRefused) {
-  EXPECT_EQ(RefusNomTable("123456789"), "lib006");
-  EXPECT_EQ(RefusNomTable("NewTable-"), "lib006");
+  EXPECT_EQ(essai::CleDe(RefusNomTable("123456789")), "lib006");
+  EXPECT_EQ(essai::CleDe(RefusNomTable("NewTable-")), "lib006");
 }
 
 TEST(RefusNomTable, CountsCharactersNotBytes) {
-  EXPECT_EQ(RefusNomTable("\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9"), "");  // éééééééé
+  EXPECT_EQ(essai::CleDe(RefusNomTable("\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9")),
+            "");  // éééééééé
 }
 
 TEST(RefusNomTable, CharactersThatASectionCannotHoldAreRefused) {
-  for (const char* nom : {"a]b", "[a", "a\nb", "a\tb", "a\x7F"}) EXPECT_EQ(RefusNomTable(nom), "lib006") << nom;
+  for (const char* nom : {"a]b", "[a", "a\nb", "a\tb", "a\x7F"})
+    EXPECT_EQ(essai::CleDe(RefusNomTable(nom)), "lib006") << nom;
 }
 
 TEST(NomNouvelleTable, AsksWithTheCurrentNameAndAProposal) {
   TableDefaut = "Mill";
   std::string invite;
   std::string proposition;
-  Svc.Saisit = [&](std::string_view section, std::string_view cle, const std::string& texte,
-                   const std::string& propose) -> std::string {
-    EXPECT_EQ(section, Fenetre);
-    EXPECT_EQ(cle, "lib007");
+  Svc.Saisit = [&](CleTexte cle, const std::string& texte, const std::string& propose) -> std::string {
+    EXPECT_EQ(cle.Section(), Fenetre);
+    EXPECT_EQ(cle.Cle(), "lib007");
     invite = texte;
     proposition = propose;
     return "Router";

@@ -20,25 +20,32 @@ void PoseTable(const std::string& lignes, const std::string& nom = "OVELIN") {
 
 TEST(SectionTable, IsThePrefixAndTheName) { EXPECT_EQ(SectionTable("KR4400"), "table_KR4400"); }
 
-TEST(LireCleTable, ReadsTheCurrentTable) {
+TEST(LireNombreTable, ReadsTheCurrentTable) {
   EcritFichierEssai("OVELIN.ini", "[table_A]\r\nTB_SAV_0=4\r\n[table_B]\r\nTB_SAV_0=5\r\n");
   TableDefaut = "A";
-  EXPECT_EQ(LireCleTable("TB_SAV_0", "1"), "4");
+  EXPECT_EQ(LireNombreTable(ChampsMachine::TransmissionX), 4);
   TableDefaut = "B";
-  EXPECT_EQ(LireNombreTable("TB_SAV_0", 1), 5);
-  EXPECT_EQ(LireCleTable("TB_SAV_1", "none"), "none");
-  EXPECT_EQ(LireNombreTable("TB_SAV_1", 2.5), 2.5);
+  EXPECT_EQ(LireNombreTable(ChampsMachine::TransmissionX), 5);
 }
 
-TEST(LireCleTable, DoesNotTellCase) {
+TEST(LireNombreTable, GivesTheReadersOwnDefaultForAMissingKey) {
+  TableDefaut = "Nowhere";
+  EXPECT_EQ(LireNombreTable(ChampsMachine::PasParTourX), 200);
+  EXPECT_EQ(LireNombreTable(ChampsMachine::GlobalePasX), 48);
+  EXPECT_EQ(LireNombreTable(ChampsMachine::NettoyageY), 600);
+  EXPECT_EQ(LireNombreTable(ChampsMachine::LimiteY), 400);
+  EXPECT_EQ(LireNombreTable(ChampsMachine::DegresParPasX), 0);
+}
+
+TEST(LireNombreTable, DoesNotTellCase) {
   PoseTable("COMBO_SAV_12=3\r\n");
-  EXPECT_EQ(LireNombreTable("Combo_SAV_12", 0), 3);
+  EXPECT_EQ(LireNombreTable(ChampsMachine::DivisionX), 3);
 }
 
-TEST(LireCleTable, TakesTheValueGivenForThisCallFirst) {
+TEST(LireNombreTable, TakesTheValueGivenForThisCallFirst) {
   PoseTable("TB_SAV_15=20\r\n");
   Magasin.Surcharge["TB_SAV_15"] = "7";
-  EXPECT_EQ(LireNombreTable("TB_SAV_15", 5), 7);
+  EXPECT_EQ(LireNombreTable(ChampsMachine::VitesseMaxX), 7);
 }
 
 TEST(ChargeGlobalesTable, EmptyTableGivesTheDefaultsOfTheGlobals) {

@@ -21,37 +21,37 @@ std::vector<std::string> Cles() {
 
 TEST(VerifieHautDeg, TakesEveryHeightAboveTheSurface) {
   HautDeg = 0.1F;
-  EXPECT_FALSE(static_cast<bool>(VerifieHautDeg()));
+  EXPECT_FALSE(VerifieHautDeg().has_value());
 }
 
 TEST(VerifieHautDeg, RefusesTheSurfaceItselfAndWhatIsBelow) {
   for (const float h : {0.0F, -3.0F}) {
     HautDeg = h;
-    EXPECT_EQ(VerifieHautDeg().cle, "HautDeg_nul");
+    EXPECT_EQ(VerifieHautDeg().value().cle.Cle(), "HautDeg_nul");
   }
 }
 
 TEST(VerifieHautDeg, TellsWhereTheHeightComesFrom) {
   EcrireCle("HautDeg", "-3");
   LitMateriau();
-  EXPECT_THAT(VerifieHautDeg().texte, HasSubstr("HautDeg = -3 (réglages " + CheminIni() + ")"));
+  EXPECT_THAT(VerifieHautDeg().value().Texte(), HasSubstr("HautDeg = -3 (réglages " + CheminIni() + ")"));
   const std::string projet = EcritFichierEssai("p.OVL", "$$HautDeg=-2\r\n");
   FichierProjet = FichierCourant = projet;
   LitMateriau();
-  EXPECT_THAT(VerifieHautDeg().texte, HasSubstr("HautDeg = -2 (projet " + projet + ")"));
+  EXPECT_THAT(VerifieHautDeg().value().Texte(), HasSubstr("HautDeg = -2 (projet " + projet + ")"));
   Magasin.Surcharge["HautDeg"] = "-1";
   LitMateriau();
-  EXPECT_THAT(VerifieHautDeg().texte, HasSubstr("HautDeg = -1 (--set)"));
+  EXPECT_THAT(VerifieHautDeg().value().Texte(), HasSubstr("HautDeg = -1 (--set)"));
   HautDeg = 5;
   EXPECT_TRUE(EntreHautDeg("0"));
-  EXPECT_THAT(VerifieHautDeg().texte, HasSubstr("HautDeg = 0 (champ)"));
+  EXPECT_THAT(VerifieHautDeg().value().Texte(), HasSubstr("HautDeg = 0 (champ)"));
 }
 
 TEST(VerifieHautDeg, StandsBeforeThePlanOfTheWindowAndItsFile) {
   ReglagesPlan();
   AjouteTrajet(" A", -2, Carre);
   HautDeg = 0;
-  EXPECT_EQ(PlanifiePourFenetre().refus.cle, "HautDeg_nul");
+  EXPECT_EQ(PlanifiePourFenetre().refus.value().cle.Cle(), "HautDeg_nul");
   EcritureNC ecriture;
   Attend("F_Fraisage", "HautDeg_nul");
   EXPECT_FALSE(GenereGCode("3", "1", ecriture));

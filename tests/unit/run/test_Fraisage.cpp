@@ -76,8 +76,9 @@ TEST(PlanifiePourFenetre, TellsARefusalWithoutABox) {
   Travail();
   ProfPasse = 0;
   const ResumePlan r = PlanifiePourFenetre();
-  EXPECT_EQ(r.refus.section, "erreurs");
-  EXPECT_EQ(r.refus.cle, "95");
+  ASSERT_TRUE(r.refus);
+  EXPECT_EQ(r.refus->cle.Section(), "erreurs");
+  EXPECT_EQ(r.refus->cle.Cle(), "95");
   EXPECT_TRUE(Boites().empty());
   EXPECT_EQ(r.figures.lignes, 0);
 }
@@ -171,7 +172,7 @@ TEST(ChargeFraisage, TurnsADepthOfPassOfZeroIntoOneMillimetre) {
 
 TEST(EntreVit_Mat_H, KeepsTheSpeedWritesItAndMarksTheProject) {
   ReglagesPlan();
-  EXPECT_EQ(EntreVit_Mat_H("8,5"), "");
+  EXPECT_EQ(essai::CleDe(EntreVit_Mat_H("8,5")), "");
   EXPECT_EQ(Vitesse_Mat_H, 8.5);
   EXPECT_EQ(LireNombre("Vitesse_Mat_H", 0), 8.5);
   EXPECT_EQ(Modifie, Vrai);
@@ -180,7 +181,7 @@ TEST(EntreVit_Mat_H, KeepsTheSpeedWritesItAndMarksTheProject) {
 
 TEST(EntreVit_Mat_V, KeepsTheSpeedDownward) {
   ReglagesPlan();
-  EXPECT_EQ(EntreVit_Mat_V("0.75"), "");
+  EXPECT_EQ(essai::CleDe(EntreVit_Mat_V("0.75")), "");
   EXPECT_EQ(Vitesse_Mat_V, 0.75);
   EXPECT_EQ(LireNombre("Vitesse_Mat_V", 0), 0.75);
   EXPECT_EQ(Vitesse_Mat_H, 3);
@@ -188,14 +189,16 @@ TEST(EntreVit_Mat_V, KeepsTheSpeedDownward) {
 
 TEST(EntreVit_Mat_H, LeavesTheProjectUnmarkedWhenNothingChanges) {
   ReglagesPlan();
-  EXPECT_EQ(EntreVit_Mat_H("3"), "");
+  EXPECT_EQ(essai::CleDe(EntreVit_Mat_H("3")), "");
   EXPECT_EQ(Modifie, Faux);
 }
 
 TEST(EntreVit_Mat_H, RefusesWhatIsNoSpeedAndChangesNothing) {
   ReglagesPlan();
-  for (const char* texte : {"", "abc", "1..2", "-"}) EXPECT_EQ(EntreVit_Mat_H(texte), "lib020") << texte;
-  for (const char* texte : {"0", "-1", "2000000000"}) EXPECT_EQ(EntreVit_Mat_H(texte), "lib021") << texte;
+  for (const char* texte : {"", "abc", "1..2", "-"})
+    EXPECT_EQ(essai::CleDe(EntreVit_Mat_H(texte)), "lib020") << texte;
+  for (const char* texte : {"0", "-1", "2000000000"})
+    EXPECT_EQ(essai::CleDe(EntreVit_Mat_H(texte)), "lib021") << texte;
   EXPECT_EQ(Vitesse_Mat_H, 3);
   EXPECT_EQ(Modifie, Faux);
 }

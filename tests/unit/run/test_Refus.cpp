@@ -22,11 +22,10 @@ void AttendTableIntacte() {
 }
 void AttendRefus(const std::string& section, const std::string& cle) {
   TableAvant();
-  const RefusPlan refus = VerifiePlan();
-  EXPECT_TRUE(static_cast<bool>(refus));
-  EXPECT_EQ(refus.section, section);
-  EXPECT_EQ(refus.cle, cle);
-  EXPECT_FALSE(refus.texte.empty());
+  const std::optional<CleTexte> refus = VerifiePlan();
+  ASSERT_TRUE(refus);
+  EXPECT_EQ(refus->Section(), section);
+  EXPECT_EQ(refus->Cle(), cle);
   Attend(section, cle);
   EXPECT_FALSE(Tableau_Decoupe());
   ASSERT_EQ(Boites().size(), 1U);
@@ -38,8 +37,7 @@ void AttendRefus(const std::string& section, const std::string& cle) {
 TEST(VerifiePlan, AcceptsAnOrdinaryJob) {
   ReglagesPlan();
   AjouteTrajet(" A", -5, Carre);
-  EXPECT_FALSE(static_cast<bool>(VerifiePlan()));
-  EXPECT_TRUE(VerifiePlan().texte.empty());
+  EXPECT_FALSE(VerifiePlan());
 }
 
 TEST(VerifiePlan, RefusesADepthOfPassOfZero) {
@@ -101,9 +99,9 @@ TEST(VerifiePlan, RefusesAPointThatIsNoNumberWithATextOfItsOwn) {
     Doc = Document{};
     ReglagesPlan();
     AjouteTrajet(" A", -1, {{0, 0}, {faux, 0}, {1, 1}});
-    EXPECT_EQ(VerifiePlan().cle, "lib043_1") << faux;
+    EXPECT_EQ(essai::CleDe(VerifiePlan()), "lib043_1") << faux;
     TraceDecale[0].Points[1] = {0, faux, CodePD, Code2("01")};
-    EXPECT_EQ(VerifiePlan().cle, "lib043_1") << faux;
+    EXPECT_EQ(essai::CleDe(VerifiePlan()), "lib043_1") << faux;
   }
   AttendRefus("F_Fraisage", "lib043_1");
 }
@@ -112,17 +110,17 @@ TEST(VerifiePlan, RefusesHeightsAndDepthsThatAreNoNumber) {
   constexpr double rien = std::numeric_limits<double>::quiet_NaN();
   ReglagesPlan();
   AjouteTrajet(" A", rien, Carre);
-  EXPECT_EQ(VerifiePlan().cle, "lib043_1");
+  EXPECT_EQ(essai::CleDe(VerifiePlan()), "lib043_1");
   Sequences[0].Profondeur = -1;
-  EXPECT_EQ(VerifiePlan().cle, "");
+  EXPECT_EQ(essai::CleDe(VerifiePlan()), "");
   HautDeg = std::numeric_limits<float>::infinity();
-  EXPECT_EQ(VerifiePlan().cle, "lib043_1");
+  EXPECT_EQ(essai::CleDe(VerifiePlan()), "lib043_1");
   HautDeg = 5;
   MiniEncoche = rien;
-  EXPECT_EQ(VerifiePlan().cle, "lib043_1");
+  EXPECT_EQ(essai::CleDe(VerifiePlan()), "lib043_1");
   MiniEncoche = 0;
   CdeZENIK->PosY = rien;
-  EXPECT_EQ(VerifiePlan().cle, "lib043_1");
+  EXPECT_EQ(essai::CleDe(VerifiePlan()), "lib043_1");
 }
 
 TEST(NombrePasses, CountsWhatAJobWillMill) {

@@ -131,14 +131,14 @@ TEST(VerifieDimension, AcceptsAResultThatShowsAsTheTravel) {
   EntreRapport(c, 0, 6.000001);  // 600.0001 mm
   EXPECT_FALSE(VerifieDimension(c));
   EntreRapport(c, 0, 6.00001);  // 600.001 mm
-  EXPECT_EQ(VerifieDimension(c).cle, "lib002");
+  EXPECT_EQ(essai::CleDe(VerifieDimension(c).raison), "lib002");
 }
 
 TEST(VerifieDimension, RefusesAResultBeyondTheTravelWithItsAxis) {
   ChampsDimension c = Champs();
   EntreRapport(c, 1, 8.1);
   const RefusDimension refus = VerifieDimension(c);
-  EXPECT_EQ(refus.cle, "lib002");
+  EXPECT_EQ(essai::CleDe(refus.raison), "lib002");
   EXPECT_EQ(refus.axe, 1U);
 }
 
@@ -147,7 +147,7 @@ TEST(VerifieDimension, TakesAMirroredDrawingAsWideAsItIs) {
   EntreRapport(c, 0, -6);
   EXPECT_FALSE(VerifieDimension(c));
   EntreRapport(c, 0, -6.1);
-  EXPECT_EQ(VerifieDimension(c).cle, "lib002");
+  EXPECT_EQ(essai::CleDe(VerifieDimension(c).raison), "lib002");
 }
 
 TEST(VerifieDimension, RefusesARatioOfZeroBeforeTheTravel) {
@@ -155,14 +155,14 @@ TEST(VerifieDimension, RefusesARatioOfZeroBeforeTheTravel) {
   EntreRapport(c, 0, 100);
   EntreRapport(c, 1, 0);
   const RefusDimension refus = VerifieDimension(c);
-  EXPECT_EQ(refus.cle, "lib001");
+  EXPECT_EQ(essai::CleDe(refus.raison), "lib001");
   EXPECT_EQ(refus.axe, 1U);
 }
 
 TEST(VerifieDimension, TakesARatioThatThirtyTwoBitsLoseAsZero) {
   ChampsDimension c = Champs();
   EntreRapport(c, 0, 1e-60);
-  EXPECT_EQ(VerifieDimension(c).cle, "lib001");
+  EXPECT_EQ(essai::CleDe(VerifieDimension(c).raison), "lib001");
 }
 
 TEST(VerifieDimension, RefusesPointsThatNoMachineReachesWhereTheSizeSaysNothing) {
@@ -170,7 +170,7 @@ TEST(VerifieDimension, RefusesPointsThatNoMachineReachesWhereTheSizeSaysNothing)
   c.axes[1].initial = 0;  // a line at Y 70
   EntreRapport(c, 1, 1e30);
   const RefusDimension refus = VerifieDimension(c);
-  EXPECT_EQ(refus.cle, "lib002");
+  EXPECT_EQ(essai::CleDe(refus.raison), "lib002");
   EXPECT_EQ(refus.axe, 1U);
 }
 

@@ -1,0 +1,33 @@
+#include "core/RefusFichier.h"
+
+#include "core/Textes.h"
+#include "core/Types.h"
+
+namespace ovelin {
+
+RefusFichier RefusDe(CleTexte texte, const std::string& suite, const std::string& fichier) {
+  return {std::string(texte.Section()), std::string(texte.Cle()), suite, fichier, 0};
+}
+
+RefusFichier RefusErreur(std::int32_t numero) {
+  if (const auto texte = TexteErreur(numero)) return RefusDe(*texte, "", "");
+  RefusFichier refus = RefusDe(Textes::LectureRefusee, "", "");
+  refus.cle = "lib" + std::to_string(-static_cast<std::int64_t>(numero));
+  return refus;
+}
+
+Boite BoiteRefus(const RefusFichier& refus) {
+  Boite boite;
+  boite.section = refus.section;
+  boite.cle = refus.cle;
+  boite.texte = Traduire(refus.section, refus.cle) + refus.suite;
+  boite.titre = NomProgramme;
+  boite.icone = Icone::Critique;
+  boite.fichier = refus.fichier;
+  boite.ligne = refus.ligne;
+  return boite;
+}
+
+Boite BoiteErreur(std::int32_t numero) { return BoiteRefus(RefusErreur(numero)); }
+
+}  // namespace ovelin
