@@ -54,7 +54,13 @@ struct DernierEtat {
   std::vector<SequenceInfo> sequences;
 };
 DernierEtat Dernier;
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Dernier = DernierEtat{}; });
+std::optional<Reprise> ATenir;  // recovered work that has no snapshot of this process yet
+
+void Oublie() {
+  Dernier = DernierEtat{};
+  ATenir.reset();
+}
+[[maybe_unused]] const bool enregistree = EnregistreRemise(Oublie);
 
 // `Instantane` and the path of the snapshot stand as long as the object.
 class PendantInstantane {
@@ -172,7 +178,14 @@ ResultatInstantane PrendInstantane() {
   }
   r.numero = n + 1;
   r.bouton = r.numero >= 2;
+  if (ATenir) OteReprise(*ATenir);
+  ATenir.reset();
   return r;
+}
+
+void OteApresInstantane(const Reprise& reprise) {
+  if (NumeroInstantane() > 0) return OteReprise(reprise);
+  ATenir = reprise;
 }
 
 ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
@@ -205,7 +218,7 @@ ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
 }
 
 void EffaceTousInstantanes() {
-  Dernier = DernierEtat{};
+  Oublie();
   if (DossierTemp.empty()) return;
   for (const std::string& nom : ListeFichiers(DossierTemp, "OVL")) {
     const std::string chemin = DossierTemp + "/" + nom;

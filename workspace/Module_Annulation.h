@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/Fichiers.h"
+#include "core/Reprises.h"
 
 namespace ovelin {
 
@@ -21,6 +22,10 @@ struct ResultatInstantane {
 // At the end of every complete Dessin. Where nothing has changed since the snapshot before, the new one is a hard
 // link to it. None without `DossierTemp`.
 ResultatInstantane PrendInstantane();
+
+// Recovered work waits on the disk until this process has a snapshot of it: taken away at once where there is one,
+// else behind the next. Kept for good where the drawing is left before.
+void OteApresInstantane(const Reprise& reprise);
 
 // What an undo needs of the window.
 struct CrochetsAnnulation {

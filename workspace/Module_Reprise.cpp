@@ -43,8 +43,7 @@ Ouverture OuvreReprise(const Reprise& reprise) {
   MarqueTravail();
   Svc.Panneau(1, " " + NomDe(FichierCourant));
   NoteDessin(FichierCourant);
-  // Kept until this process has a state of its own on the disk.
-  if (NumeroInstantane() > 0) OteReprise(reprise);
+  OteApresInstantane(reprise);
   return issue;
 }
 

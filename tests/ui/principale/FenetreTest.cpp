@@ -493,7 +493,8 @@ TEST_F(FormLoad, RecoveredWorkIsOfferedWhenTheWindowStandsAndComesBack) {
   EXPECT_EQ(FichierCourant, "/autrefois/plaque.dxf");
   EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> plaque.dxf"));
   EXPECT_GT(NbPoints, 2);
-  EXPECT_TRUE(ListeReprises().empty());
+  essai::Evenements();
+  EXPECT_TRUE(ListeReprises().empty()) << "behind the first complete drawing";
   essai::Attend("F_Representation", "lib140", Reponse::Non);
   fenetre_->close();
 }

@@ -355,6 +355,18 @@ TEST_F(Mort, RecoveredWorkWaitsUntilAnotherSnapshotStands) {
   ASSERT_EQ(reprises.size(), 1U);
   EXPECT_EQ(OuvreReprise(reprises[0]), Ouverture::Reussie);
   EXPECT_EQ(ListeReprises().size(), 1U);
+  PrendInstantane();
+  EXPECT_TRUE(ListeReprises().empty());
+}
+
+TEST_F(Mort, RecoveredWorkLeftBeforeASnapshotIsKept) {
+  LaisseMort({{"00001.OVL", DeuxPoints}});
+  const std::vector<Reprise> reprises = Recueille();
+  ASSERT_EQ(reprises.size(), 1U);
+  EXPECT_EQ(OuvreReprise(reprises[0]), Ouverture::Reussie);
+  EffaceTousInstantanes();
+  PrendInstantane();
+  EXPECT_EQ(ListeReprises().size(), 1U);
 }
 
 }  // namespace
