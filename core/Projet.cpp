@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/BoiteRefus.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/Etat.h"

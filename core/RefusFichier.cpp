@@ -1,7 +1,6 @@
 #include "core/RefusFichier.h"
 
 #include "core/Textes.h"
-#include "core/Types.h"
 
 namespace ovelin {
 
@@ -15,19 +14,5 @@ RefusFichier RefusErreur(std::int32_t numero) {
   refus.cle = "lib" + std::to_string(-static_cast<std::int64_t>(numero));
   return refus;
 }
-
-Boite BoiteRefus(const RefusFichier& refus) {
-  Boite boite;
-  boite.section = refus.section;
-  boite.cle = refus.cle;
-  boite.texte = Traduire(refus.section, refus.cle) + refus.suite;
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Critique;
-  boite.fichier = refus.fichier;
-  boite.ligne = refus.ligne;
-  return boite;
-}
-
-Boite BoiteErreur(std::int32_t numero) { return BoiteRefus(RefusErreur(numero)); }
 
 }  // namespace ovelin

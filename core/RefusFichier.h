@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "core/Services.h"
-#include "core/Traduction.h"
+#include "core/CleTexte.h"
 
 namespace ovelin {
 
@@ -20,9 +19,5 @@ RefusFichier RefusDe(CleTexte texte, const std::string& suite, const std::string
 // The refusal of that number of the geometry library. A library of another make may have numbers of its own: their
 // key is "lib" and the number without its sign, which the user reads where no translation holds it.
 RefusFichier RefusErreur(std::int32_t numero);
-
-// The box of a refusal, under the program's name.
-Boite BoiteRefus(const RefusFichier& refus);
-Boite BoiteErreur(std::int32_t numero);
 
 }  // namespace ovelin

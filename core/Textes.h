@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "closed/Pathwerk.h"
-#include "core/Traduction.h"
+#include "core/CleTexte.h"
 
 namespace ovelin {
 

@@ -5,6 +5,7 @@
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
+#include "core/Traduction.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"

@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/BoiteRefus.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
-#include "core/RefusFichier.h"
 #include "core/Services.h"
 #include "core/Textes.h"
+#include "core/Traduction.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Sequence.h"

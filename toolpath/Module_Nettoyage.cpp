@@ -6,6 +6,7 @@
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
+#include "core/Traduction.h"
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"

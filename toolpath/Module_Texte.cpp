@@ -5,8 +5,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "core/BoiteRefus.h"
 #include "core/DocumentCourant.h"
-#include "core/RefusFichier.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Textes.h"

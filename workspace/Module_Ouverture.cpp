@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/BoiteRefus.h"
 #include "core/ChampsMachine.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"

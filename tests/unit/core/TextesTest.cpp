@@ -5,10 +5,12 @@
 #include <utility>
 
 #include "closed/Pathwerk.h"
+#include "core/BoiteRefus.h"
 #include "core/Fichiers.h"
-#include "core/RefusFichier.h"
 #include "core/Reglages.h"
+#include "core/Services.h"
 #include "core/Textes.h"
+#include "core/Traduction.h"
 #include "tests/support/Support.h"
 
 namespace {

@@ -116,10 +116,9 @@ TEST(Shells, AreSourcesAndNeverHeaders) {
 }
 
 // What the kernels of the road from a drawing to its G-code can reach: their headers, the sources of these, and so
-// on. The outside world (Services.h) is a seam they share with the shells, and so are the texts (Traduction.h):
-// kernels name them for their refusals, the shells put them into the language in force.
+// on. The outside world (Services.h) is the one seam they share with the shells.
 std::set<std::string> AtteintDepuis(const std::string& depart) {
-  std::set<std::string> vus{"core/Services.h", "core/Traduction.h"};
+  std::set<std::string> vus{"core/Services.h"};
   std::vector<std::string> attente{depart};
   while (!attente.empty()) {
     const std::string fichier = attente.back();

@@ -1,0 +1,16 @@
+// The box that tells why a file is refused.
+#pragma once
+
+#include <cstdint>
+
+#include "core/RefusFichier.h"
+#include "core/Services.h"
+
+namespace ovelin {
+
+// The text of the refusal in a critical box, with the file and line at fault.
+Boite BoiteRefus(const RefusFichier& refus);
+// The same for a number of the geometry library.
+Boite BoiteErreur(std::int32_t numero);
+
+}  // namespace ovelin
