@@ -65,7 +65,7 @@ std::string LitIni(std::string_view section, std::string_view cle, std::string_v
 
 // The length of the recent list is the user's, not the project's; an undo snapshot holds it though.
 bool ProjetConsulte(std::string_view cle) {
-  return !Rogne(FichierProjet).empty() && !DossierDe(FichierCourant).empty() && cle != "gMaxMRU";
+  return !Rogne(FichierProjet).empty() && !DossierDe(FichierCourant).empty() && cle != cles::gMaxMRU;
 }
 
 bool EcritureIni(const std::string& fichier) { return Magasin.EcrireIni || fichier != CheminIni(); }

@@ -3,8 +3,8 @@
 
 namespace ovelin::cles {
 
-#define REGLAGE(cle, membre, groupe) CLE(cle)
-#define CLE(cle) inline constexpr const char* cle = #cle;
+#define REGLAGE(cle, membre, groupe, genre) CLE(cle, genre)
+#define CLE(cle, genre) inline constexpr const char* cle = #cle;
 #define SUFFIXE(nom, texte)
 #include "core/Reglages.def"
 #undef SUFFIXE
@@ -13,8 +13,8 @@ namespace ovelin::cles {
 
 // Behind the name of a window.
 namespace suffixe {
-#define REGLAGE(cle, membre, groupe)
-#define CLE(cle)
+#define REGLAGE(cle, membre, groupe, genre)
+#define CLE(cle, genre)
 #define SUFFIXE(nom, texte) inline constexpr const char* nom = texte;
 #include "core/Reglages.def"
 #undef SUFFIXE

@@ -37,9 +37,9 @@ struct Reglage {
   void (*lit)(Reglages& r, const Reglages& defauts);
   void (*ecrit)(const Reglages& r);
 };
-#define CLE(cle)
+#define CLE(cle, genre)
 #define SUFFIXE(nom, texte)
-#define REGLAGE(cle, membre, groupe)                                                           \
+#define REGLAGE(cle, membre, groupe, genre)                                                    \
   {Groupe::groupe, [](Reglages& r, const Reglages& d) { Lit(cles::cle, r.membre, d.membre); }, \
    [](const Reglages& r) { Ecrit(cles::cle, r.membre); }},
 constexpr Reglage Lignes[] = {

@@ -1,12 +1,12 @@
 #include "core/ValeursCles.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
-#include <span>
 
+#include "core/ChampsMachine.h"
 #include "core/Cles.h"
+#include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Lignes.h"
@@ -15,7 +15,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Texte8.h"
-#include "core/Traduction.h"
+#include "core/Textes.h"
 #include "core/Types.h"
 
 namespace ovelin {
@@ -23,54 +23,43 @@ namespace ovelin {
 namespace {
 
 constexpr double LongueurMax = 1e6;  // mm and mm/s, far beyond any machine
-constexpr double Entier16 = std::numeric_limits<std::int16_t>::max();
-constexpr double Entier32 = std::numeric_limits<std::int32_t>::max();
+constexpr double Max16 = std::numeric_limits<std::int16_t>::max();
+constexpr double Max32 = std::numeric_limits<std::int32_t>::max();
 
-struct Nombre {
-  std::string_view cle;
-  double min, max;
+// What a key of the settings can take: a number of a range, any text, or nothing but with a number behind the key.
+enum class Sorte { Nombre, Mot, Numerotee };
+struct Genre {
+  Sorte sorte;
+  double min = 0, max = 0;
 };
+constexpr Genre Longueur{Sorte::Nombre, -LongueurMax, LongueurMax};
+constexpr Genre Positive{Sorte::Nombre, 0, LongueurMax};
+constexpr Genre Entier16{Sorte::Nombre, -Max16, Max16};
+constexpr Genre Entier32{Sorte::Nombre, -Max32, Max32};
+constexpr Genre Cote{Sorte::Nombre, -Max16, 3};  // what is below 1 counts as 1
+constexpr Genre Mot{Sorte::Mot};
+constexpr Genre Numerotee{Sorte::Numerotee};
 
-// Keys of the section of the program that hold a number, with what the value can take.
-constexpr Nombre Nombres[] = {
-    {"Vitesse_Mat_H", -LongueurMax, LongueurMax},
-    {"Vitesse_Mat_V", -LongueurMax, LongueurMax},
-    {"HautDeg", -LongueurMax, LongueurMax},
-    {"ProfFraisage", -LongueurMax, LongueurMax},
-    {"ProfPasse", -LongueurMax, LongueurMax},
-    {"MiniEncoche", -LongueurMax, LongueurMax},
-    {"ModeZENIK", -Entier16, Entier16},
-    {"CouleurNumero", -Entier32, Entier32},
-    {"CouleurSequence", -Entier32, Entier32},
-    {"CouleurInitial", -Entier32, Entier32},
-    {"Couleurselectionne", -Entier32, Entier32},
-    {"CouleurDecalage", -Entier32, Entier32},
-    {"CouleurEncoche", -Entier32, Entier32},
-    {"CouleurDeselectionne", -Entier32, Entier32},
-    {"PCPoche", -Entier16, Entier16},
-    {"TimerInterval", -Entier32, Entier32},
-    {"gMaxMRU", -Entier32, Entier32},
-    {"DecalageOutil", -Entier16, 3},  // what is below 1 counts as 1
-    {"RayonFraise", 0, LongueurMax},
-    {"LargeurEncoche", -LongueurMax, LongueurMax},
-    {"ToleranceSoudure", -LongueurMax, LongueurMax},
+struct CleConnue {
+  std::string_view nom;
+  Genre genre;
 };
-
-constexpr std::array<std::string_view, 9> Textes{"Language",   "TableDefaut", "MatDefaut",
-                                                 "DebugZENIK", "DebugAccel",  "AdresseMaj",
-                                                 "Fichier",    "CarteZENIK",  "ConfirmSuppr"};
-constexpr std::array<std::string_view, 7> Placements{"_LEFT", "_TOP", "_WIDTH",  "_HEIGHT",
-                                                     "_MAX",  "_BD",  "_PANNEAU"};
-
-// Fields of a machine table: the numbers that a family counts.
-struct Plage {
-  std::string_view famille;
-  int premier, dernier;
+#define REGLAGE(cle, membre, groupe, genre) CLE(cle, genre)
+#define CLE(cle, genre) {#cle, genre},
+#define SUFFIXE(nom, texte)
+constexpr CleConnue Connues[] = {
+#include "core/Reglages.def"
 };
-constexpr Plage Champs[] = {
-    {"TB_SAV_", 0, 32},    {"TB_SAV_", 188888, 188888}, {"CB_SAV_", 0, 3},     {"CB_SAV_", 12, 17},
-    {"CB_SAV_", 101, 110}, {"COMBO_SAV_", 0, 14},       {"OPTION_SAV_", 0, 1}, {"SLD_SAV_", 0, 0},
+#undef SUFFIXE
+#undef CLE
+#define CLE(cle, genre)
+#define SUFFIXE(nom, texte) texte,
+constexpr std::string_view Placements[] = {
+#include "core/Reglages.def"
 };
+#undef SUFFIXE
+#undef CLE
+#undef REGLAGE
 
 bool MemeCle(std::string_view a, std::string_view b) { return Majuscules(a) == Majuscules(b); }
 
@@ -83,10 +72,10 @@ std::optional<int> Rang(std::string_view nom, std::string_view racine) {
   return bons ? std::optional(std::stoi(std::string(chiffres))) : std::nullopt;
 }
 
-std::optional<FauteCle> JugeNombre(std::string_view valeur, double min, double max) {
+std::optional<FauteCle> JugeNombre(std::string_view valeur, const Genre& genre) {
   const auto v = LitNombre(valeur);
   if (!v) return FauteCle::Illisible;
-  return *v < min || *v > max ? std::optional(FauteCle::Limites) : std::nullopt;
+  return *v < genre.min || *v > genre.max ? std::optional(FauteCle::Limites) : std::nullopt;
 }
 
 // Name, radius, tool, depth, depth of a pass, two speeds, width and height of the notches, parted by tabs.
@@ -96,18 +85,20 @@ std::optional<FauteCle> JugeFiche(std::string_view valeur) {
   for (std::string_view reste = valeur;; ++rang) {
     const std::size_t fin = reste.find('\t');
     const bool texte = rang == 0 || rang == 2;
-    if (!texte && JugeNombre(reste.substr(0, fin), -LongueurMax, LongueurMax)) return FauteCle::Illisible;
+    if (!texte && JugeNombre(reste.substr(0, fin), Longueur)) return FauteCle::Illisible;
     if (fin == std::string_view::npos) break;
     reste = reste.substr(fin + 1);
   }
   return rang + 1 == nombreChamps ? std::nullopt : std::optional(FauteCle::Illisible);
 }
 
+// Whether this is the key of a field of a machine table; `nom` in capitals.
 bool EstChamp(std::string_view nom) {
-  return std::any_of(std::begin(Champs), std::end(Champs), [nom](const Plage& p) {
-    const auto rang = Rang(nom, p.famille);
-    return rang && *rang >= p.premier && *rang <= p.dernier;
-  });
+  for (std::size_t i = 0; i < NomsFamilles.size(); ++i) {
+    const auto rang = Rang(nom, Majuscules(NomsFamilles[i]) + "_");
+    if (rang && ChercheChamp(static_cast<FamilleChamp>(i), *rang) != nullptr) return true;
+  }
+  return false;
 }
 
 // Line of a key in a project: the first that begins with "$$", the key and "=".
@@ -121,8 +112,8 @@ long LigneProjet(std::string_view contenu, std::string_view cle8) {
 }
 
 bool DuProjet(std::string_view cle) {
-  return !Rogne(FichierProjet).empty() && !DossierDe(FichierCourant).empty() && cle != "gMaxMRU" &&
-         cle != "ToleranceSoudure" && magasin::CleProjet(FichierCourant, EnTexte8(cle)).has_value();
+  return !Rogne(FichierProjet).empty() && !DossierDe(FichierCourant).empty() && cle != cles::gMaxMRU &&
+         cle != cles::ToleranceSoudure && magasin::CleProjet(FichierCourant, EnTexte8(cle)).has_value();
 }
 
 bool Surchargee(std::string_view cle) {
@@ -135,35 +126,41 @@ void AjouteIni(std::vector<ValeurIllisible>& liste, std::string_view section, st
   liste.push_back({CheminIni(), magasin::Ini(CheminIni()).LigneDe(section, cle), std::string(cle), valeur});
 }
 
-void JugeReglage(std::vector<ValeurIllisible>& liste, const Nombre& n) {
-  if (Surchargee(n.cle)) return;  // judged where it was given
+void JugeReglage(std::vector<ValeurIllisible>& liste, const CleConnue& c) {
+  if (c.genre.sorte != Sorte::Nombre || Surchargee(c.nom)) return;  // the latter is judged where it was given
   constexpr std::string_view absente("\0", 1);
-  const std::string valeur = LireCle(n.cle, absente);
-  if (valeur == absente || !JugeNombre(valeur, n.min, n.max)) return;
-  if (!DuProjet(n.cle)) return AjouteIni(liste, "OVELIN", n.cle, valeur);
+  const std::string valeur = LireCle(c.nom, absente);
+  if (valeur == absente || !JugeNombre(valeur, c.genre)) return;
+  if (!DuProjet(c.nom)) return AjouteIni(liste, NomProgramme, c.nom, valeur);
   const auto contenu = LitFichierEntier(FichierCourant);
-  liste.push_back({FichierCourant, LigneProjet(contenu.value_or(""), EnTexte8(n.cle)), std::string(n.cle), valeur});
+  liste.push_back({FichierCourant, LigneProjet(contenu.value_or(""), EnTexte8(c.nom)), std::string(c.nom), valeur});
+}
+
+// A key of the section of the program without a number behind it; nothing when there is none of that name.
+const CleConnue* Connue(std::string_view nom) {
+  const auto* it = std::find_if(std::begin(Connues), std::end(Connues), [nom](const CleConnue& c) {
+    return c.genre.sorte != Sorte::Numerotee && MemeCle(c.nom, nom);
+  });
+  return it != std::end(Connues) ? it : nullptr;
 }
 
 }  // namespace
 
 std::optional<FauteCle> JugeCle(std::string_view cle, std::string_view valeur) {
   const std::string nom = Majuscules(cle);
-  for (const Nombre& n : Nombres) {
-    if (MemeCle(n.cle, nom)) return JugeNombre(valeur, n.min, n.max);
+  if (const CleConnue* connue = Connue(nom)) {
+    return connue->genre.sorte == Sorte::Nombre ? JugeNombre(valeur, connue->genre) : std::nullopt;
   }
-  if (EstChamp(nom)) return JugeNombre(valeur, -Entier32, Entier32);
-  if (const auto rang = Rang(nom, "DB")) return *rang > 0 ? JugeFiche(valeur) : std::optional(FauteCle::Inconnue);
-  if (const auto rang = Rang(nom, "MRUFILES"); rang && *rang > 0) return std::nullopt;
-  for (const std::string_view texte : Textes) {
-    if (MemeCle(texte, nom)) return std::nullopt;
-  }
+  if (EstChamp(nom)) return JugeNombre(valeur, Entier32);
+  if (const auto rang = Rang(nom, cles::DB))
+    return *rang > 0 ? JugeFiche(valeur) : std::optional(FauteCle::Inconnue);
+  if (const auto rang = Rang(nom, Majuscules(cles::MRUFiles)); rang && *rang > 0) return std::nullopt;
   if (nom.starts_with("F_")) {
     for (const std::string_view suffixe : Placements) {
-      if (nom.ends_with(suffixe)) return JugeNombre(valeur, -Entier32, Entier32);
+      if (nom.ends_with(Majuscules(suffixe))) return JugeNombre(valeur, Entier32);
     }
   }
-  if (MemeCle(nom, "OptionLPT")) return JugeNombre(valeur, -Entier16, Entier16);
+  if (MemeCle(nom, CleOptionLPT)) return JugeNombre(valeur, Entier16);
   return FauteCle::Inconnue;
 }
 
@@ -175,13 +172,8 @@ std::string TexteValeur(const ValeurIllisible& v) {
 
 void AvertitValeurs(const std::vector<ValeurIllisible>& valeurs) {
   if (valeurs.empty()) return;
-  Boite boite;
-  boite.section = "erreurs";
-  boite.cle = "Valeur";
-  boite.texte = Traduire(boite.section, boite.cle);
+  Boite boite = BoiteDe(Textes::ValeurRefusee, Icone::Exclamation);
   for (const ValeurIllisible& v : valeurs) boite.texte += "\n" + TexteValeur(v);
-  boite.titre = NomProgramme;
-  boite.icone = Icone::Exclamation;
   boite.fichier = valeurs.front().fichier;
   boite.ligne = valeurs.front().ligne;
   Svc.Montre(boite);
@@ -189,12 +181,12 @@ void AvertitValeurs(const std::vector<ValeurIllisible>& valeurs) {
 
 std::vector<ValeurIllisible> ReglagesIllisibles() {
   std::vector<ValeurIllisible> liste;
-  for (const Nombre& n : Nombres) JugeReglage(liste, n);
-  const std::string section = "table_" + TableDefaut;
+  for (const CleConnue& c : Connues) JugeReglage(liste, c);
+  const std::string section = SectionTable(TableDefaut);
   for (const auto& [cle, valeur] : magasin::Ini(CheminIni()).Lignes(section)) {
     // A field that was left empty takes its default, as a key that isn't there.
     if (!EstChamp(Majuscules(cle)) || Rogne(valeur).empty() || Surchargee(cle)) continue;
-    if (JugeNombre(valeur, -Entier32, Entier32)) AjouteIni(liste, section, cle, valeur);
+    if (JugeNombre(valeur, Entier32)) AjouteIni(liste, section, cle, valeur);
   }
   return liste;
 }
