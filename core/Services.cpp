@@ -77,7 +77,7 @@ Services ServicesMuets() {
   s.AvancementDebut = [](const std::string&, long) {};
   s.AvancementPlus = [] {};
   s.AvancementFin = [] {};
-  s.Panneau = [](int, const std::string&) {};
+  s.Panneau = [](PanneauEtat, const std::string&) {};
   s.Rafraichit = [] {};
   s.DessinOuvert = [](bool) {};
   s.FichierRecent = [](const std::string&) {};

@@ -34,6 +34,13 @@ enum class Evenements {
   Tous,       // the loops of a run
 };
 
+// Panels of the status bar that procedures write to, by their numbers there.
+enum class PanneauEtat {
+  Fichier = 1,  // the file, or the path that is current
+  Points = 2,   // what is being counted or cleaned
+  Statut = 5,   // what goes on
+};
+
 // Save and open dialogs.
 struct DialogueFichier {
   bool enregistrer = false;
@@ -62,8 +69,8 @@ struct Services {
   std::function<void(const std::string& texte, long total)> AvancementDebut;
   std::function<void()> AvancementPlus;
   std::function<void()> AvancementFin;
-  // Text of a panel of the status bar, by its number from 1.
-  std::function<void(int panneau, const std::string& texte)> Panneau;
+  // Text of a panel of the status bar.
+  std::function<void(PanneauEtat panneau, const std::string& texte)> Panneau;
   // Lists, trees and picture follow the document.
   std::function<void()> Rafraichit;
   // Menus and buttons that need a drawing: disabled while one is opened, enabled when it stands; then the view is

@@ -10,11 +10,8 @@
 
 namespace ovelin {
 
-inline constexpr int PanneauStatut = 5;
-inline constexpr int PanneauNombre = 2;  // number of points behind a clean-up
-
-inline void Statut(CleTexte texte) { Svc.Panneau(PanneauStatut, Traduire(texte)); }
-inline void EffaceStatut() { Svc.Panneau(PanneauStatut, ""); }
+inline void Statut(CleTexte texte) { Svc.Panneau(PanneauEtat::Statut, Traduire(texte)); }
+inline void EffaceStatut() { Svc.Panneau(PanneauEtat::Statut, ""); }
 
 // Progress bar of a pass: opened and closed with the object, one step an item.
 class Avancement {

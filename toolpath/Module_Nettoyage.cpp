@@ -54,7 +54,7 @@ bool mnu_Nettoyage_Click(float resolution) {
   OublieOrigine();
   Svc.LaisseEvenements(Evenements::Affichage);
   Svc.Rafraichit();
-  Svc.Panneau(PanneauNombre, Traduire(Textes::NombrePoints) + " " + std::to_string(NbPoints));
+  Svc.Panneau(PanneauEtat::Points, Traduire(Textes::NombrePoints) + " " + std::to_string(NbPoints));
   Modifie = Vrai;
   return true;
 }

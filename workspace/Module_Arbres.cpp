@@ -19,7 +19,6 @@ namespace {
 constexpr const char* FormatTaille = "#0.0";
 constexpr const char* FormatPoint = "0.000";
 constexpr const char* Points = "pts";
-constexpr int PanneauSequence = 1;
 
 Noeud Racine(CleTexte cle, std::int32_t couleur) {
   Noeud n;
@@ -194,7 +193,7 @@ ResultatClic ClicPoint(const Arbre& arbre, std::size_t groupe, std::size_t rang)
   r.TB_X = Formate(p->X, FormatPoint);
   r.TB_Y = Formate(p->Y, FormatPoint);
   SeqCourante = r.croix->Seq;
-  Svc.Panneau(PanneauSequence, SeqCourante.Texte());
+  Svc.Panneau(PanneauEtat::Fichier, SeqCourante.Texte());
   return r;
 }
 
@@ -207,7 +206,7 @@ ResultatClic ClicSequence(const Arbre& arbre, std::size_t groupe) {
   DeselectionneTout();
   BasculeSelection(arbre.groupes[groupe].code);
   SeqCourante = arbre.groupes[groupe].code;
-  Svc.Panneau(PanneauSequence, SeqCourante.Texte());
+  Svc.Panneau(PanneauEtat::Fichier, SeqCourante.Texte());
   return r;
 }
 

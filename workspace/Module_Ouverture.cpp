@@ -33,9 +33,6 @@ namespace ovelin {
 namespace {
 
 constexpr const char* SectionEcartes = "Ecartes";  // kinds of what was left out, under their own names
-// Status panel of what the reader has left out, kind by kind with its count.
-constexpr int PanneauEcartes = 5;
-constexpr int PanneauNettoyage = 2;
 
 // The reading runs on a thread where there is one; then nobody can follow its share done, and the bar moves without
 // a total.
@@ -89,7 +86,7 @@ MesuresMachine Mesures() {
 EtapesOuverture Etapes() {
   EtapesOuverture etapes;
   etapes.Dimensionne = [](DemandeDimension& demande) { Svc.Dimensionne(demande); };
-  etapes.Nettoie = [] { Svc.Panneau(PanneauNettoyage, Traduire(Textes::NettoyagePoints)); };
+  etapes.Nettoie = [] { Svc.Panneau(PanneauEtat::Points, Traduire(Textes::NettoyagePoints)); };
   etapes.Optimise = [](Document&) { mnu_Optimisation_Click(); };
   return etapes;
 }
@@ -200,8 +197,9 @@ void AcheveOuverture(const std::string& ecartes) {
   SeqCourante = TraceInitial.front().Seq;
   PointCourantX = TraceInitial.front().X;
   PointCourantY = TraceInitial.front().Y;
-  Svc.Panneau(1, " " + NomDe(FichierCourant));
-  Svc.Panneau(PanneauEcartes, ecartes);
+  Svc.Panneau(PanneauEtat::Fichier, " " + NomDe(FichierCourant));
+  // What the reader has left out, kind by kind with its count.
+  Svc.Panneau(PanneauEtat::Statut, ecartes);
   // The view, the lists and the picture of a large drawing take their time one by one.
   Svc.LaisseEvenements(Evenements::Affichage);
   Svc.DessinOuvert(true);
@@ -292,7 +290,7 @@ std::string EnregistreProjet(const std::string& nom) {
   }
   FichierCourant = chemin;
   ExtensionCourante = "OVL";
-  Svc.Panneau(1, std::string(" ") + NomProgramme + " <-> " + NomDe(chemin));
+  Svc.Panneau(PanneauEtat::Fichier, std::string(" ") + NomProgramme + " <-> " + NomDe(chemin));
   Svc.FichierRecent(chemin);
   Modifie = Faux;
   return "";

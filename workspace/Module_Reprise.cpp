@@ -41,7 +41,7 @@ Ouverture OuvreReprise(const Reprise& reprise) {
   Modifie = Vrai;
   RetientTravail();
   MarqueTravail();
-  Svc.Panneau(1, " " + NomDe(FichierCourant));
+  Svc.Panneau(PanneauEtat::Fichier, " " + NomDe(FichierCourant));
   NoteDessin(FichierCourant);
   OteApresInstantane(reprise);
   return issue;

@@ -79,7 +79,9 @@ class Ecouteur : public testing::EmptyTestEventListener {
       return Suivante(Sc.saisies, cle.Cle());
     };
     Svc.Bip = [] { ++Sc.bips; };
-    Svc.Panneau = [](int panneau, const std::string& texte) { Sc.panneaux.emplace_back(panneau, texte); };
+    Svc.Panneau = [](PanneauEtat panneau, const std::string& texte) {
+      Sc.panneaux.emplace_back(static_cast<int>(panneau), texte);
+    };
   }
   void OnTestEnd(const testing::TestInfo&) override {
     for (const auto& b : Sc.boites) ADD_FAILURE() << "box never shown: " << b.section << "/" << b.cle << b.texte;

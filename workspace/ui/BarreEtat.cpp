@@ -54,8 +54,8 @@ QLabel* BarreEtat::Etiquette(const char* nom, int largeur) {
   return etiquette;
 }
 
-void BarreEtat::Panneau(int numero, const std::string& texte) {
-  const std::size_t place = numero == 1 ? 0 : numero == 2 ? 1 : 2;
+void BarreEtat::Panneau(PanneauEtat panneau, const std::string& texte) {
+  const std::size_t place = panneau == PanneauEtat::Fichier ? 0 : panneau == PanneauEtat::Points ? 1 : 2;
   const QString t = QString::fromStdString(texte).trimmed();
   textes_[place]->setText(t);
   textes_[place]->setToolTip(t);
@@ -72,7 +72,7 @@ void BarreEtat::Carte(const QString& texte, const QString& bulle) {
 }
 
 void BarreEtat::SB_Avancement(const std::string& texte, long total) {
-  Panneau(2, texte);
+  Panneau(PanneauEtat::Points, texte);
   fait_ = 0;
   avancement_->setRange(0, static_cast<int>(std::clamp(total, 0L, 1'000'000'000L)));
   avancement_->setValue(0);
@@ -95,7 +95,7 @@ void BarreEtat::SB_AvancementFin() {
   minuterie_->stop();
   avancement_->setVisible(false);
   picture_->clear();
-  Panneau(2, "");
+  Panneau(PanneauEtat::Points, "");
 }
 
 void BarreEtat::Timer_Decalage_Timer() {

@@ -8,6 +8,8 @@
 #include <array>
 #include <string>
 
+#include "core/Services.h"
+
 namespace ovelin {
 
 class BarreEtat : public QStatusBar {
@@ -17,7 +19,7 @@ class BarreEtat : public QStatusBar {
 
   // Panels by their number from 1: 1 file or path in focus; 2 counts and the name of a long pass; 5 what a command
   // is doing.
-  void Panneau(int numero, const std::string& texte);
+  void Panneau(PanneauEtat panneau, const std::string& texte);
   void Positions(const std::array<std::string, 3>& textes);
   void Carte(const QString& texte, const QString& bulle);
 

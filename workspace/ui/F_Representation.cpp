@@ -154,7 +154,7 @@ void F_Representation::InstalleServices() {
     AjouteRecent(chemin);
     commandes_->RemplitRecents(TextesRecents());
   };
-  Svc.Panneau = [this](int numero, const std::string& texte) { SB1_->Panneau(numero, texte); };
+  Svc.Panneau = [this](PanneauEtat panneau, const std::string& texte) { SB1_->Panneau(panneau, texte); };
   // A pass that doesn't know its length, the writing of a file, has the frame; the others the status bar.
   Svc.AvancementDebut = [this](const std::string& texte, long total) {
     if (total <= 0) {

@@ -271,9 +271,9 @@ TEST_F(Cablage, TheStatusBarNamesTheFileAndFollowsTheMouse) {
 
 TEST_F(Cablage, TheStatusBarShowsWhatACommandIsDoing) {
   Charge();
-  Svc.Panneau(2, "Lecture");
+  Svc.Panneau(PanneauEtat::Points, "Lecture");
   EXPECT_EQ(Etiquette("SB1_2"), "Lecture");
-  Svc.Panneau(5, "TEXT 2");
+  Svc.Panneau(PanneauEtat::Statut, "TEXT 2");
   EXPECT_EQ(Etiquette("SB1_5"), "TEXT 2");
 }
 

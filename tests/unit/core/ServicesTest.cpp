@@ -72,7 +72,7 @@ TEST(ServicesMuets, LetsEverythingElsePass) {
   muets.AvancementDebut("", 1);
   muets.AvancementPlus();
   muets.AvancementFin();
-  muets.Panneau(1, "");
+  muets.Panneau(PanneauEtat::Fichier, "");
   muets.Rafraichit();
   muets.DessinOuvert(true);
   muets.FichierRecent("");
