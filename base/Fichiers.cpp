@@ -1,11 +1,15 @@
 #include "base/Fichiers.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <climits>
 #include <cstdlib>
 #include <new>
@@ -24,6 +28,10 @@ class Descripteur {
   Descripteur(const Descripteur&) = delete;
   Descripteur& operator=(const Descripteur&) = delete;
   [[nodiscard]] int Numero() const { return fd_; }
+  void Prend(int fd) {
+    Ferme();
+    fd_ = fd;
+  }
   int Ferme() {
     const int r = fd_ >= 0 ? close(fd_) : 0;
     fd_ = -1;
@@ -70,10 +78,81 @@ std::string CheminReel(const std::string& chemin) {
   return realpath(chemin.c_str(), reel) != nullptr ? std::string(reel) : chemin;
 }
 
-// A new file beside `cible`, with `octets`, under `provisoire`. 0, or the system's error number.
-int EcritProvisoire(const std::string& provisoire, int fd, std::string_view octets, const struct stat* ancien,
-                    Garantie garantie) {
-  Descripteur f(fd);
+constexpr std::string_view Debut = ".ovelin-";  // of the names of files that are being written
+
+// The process that a file being written names, 0 for any other file.
+pid_t Ecrivain(std::string_view nom) {
+  if (!nom.starts_with(Debut)) return 0;
+  nom.remove_prefix(Debut.size());
+  pid_t processus = 0;
+  const auto lu = std::from_chars(nom.data(), nom.data() + nom.size(), processus);
+  return lu.ec == std::errc{} && lu.ptr != nom.data() + nom.size() && *lu.ptr == '-' ? processus : 0;
+}
+
+// Takes away what processes left in a folder that are no more.
+void OteRestes(const std::string& dossier) {
+  DIR* const flux = opendir(dossier.c_str());
+  if (flux == nullptr) return;
+  while (const dirent* entree = readdir(flux)) {
+    const pid_t processus = Ecrivain(entree->d_name);
+    if (processus > 0 && kill(processus, 0) != 0 && errno == ESRCH) unlinkat(dirfd(flux), entree->d_name, 0);
+  }
+  closedir(flux);
+}
+
+// A file beside its target while it is written. Without a name where the file system can do that, so that a process
+// that is killed leaves nothing; else, and for the moment of the renaming, under a name with the process in it.
+class Provisoire {
+ public:
+  Provisoire(const std::string& dossier, bool nomme)
+      : nom_(dossier + "/" + std::string(Debut) + std::to_string(getpid()) + "-XXXXXX"),
+        fichier_(nomme ? -1 : open(dossier.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600)) {
+    if (fichier_.Numero() < 0) Nomme();
+  }
+  ~Provisoire() {
+    if (nomme_) unlink(nom_.c_str());
+  }
+  Provisoire(const Provisoire&) = delete;
+  Provisoire& operator=(const Provisoire&) = delete;
+
+  [[nodiscard]] int Numero() const { return fichier_.Numero(); }
+  [[nodiscard]] int Erreur() const { return erreur_; }
+  // Takes the place of `cible`. 0, or the system's error number.
+  int Remplace(const std::string& cible) {
+    if (!nomme_ && !Relie()) return erreur_;
+    if (fichier_.Ferme() != 0 || rename(nom_.c_str(), cible.c_str()) != 0) return errno;
+    nomme_ = false;
+    return 0;
+  }
+
+ private:
+  void Nomme() {
+    const int fd = mkostemp(nom_.data(), O_CLOEXEC);
+    erreur_ = fd < 0 ? errno : 0;
+    nomme_ = fd >= 0;
+    fichier_.Prend(fd);
+  }
+  // A name for the file without one. Each of this process's files has another number.
+  bool Relie() {
+    static std::atomic<unsigned> numero{0};
+    const std::string soi = "/proc/self/fd/" + std::to_string(Numero());
+    const std::string racine = nom_.substr(0, nom_.size() - 6);
+    do {
+      nom_ = racine + std::to_string(++numero);
+      nomme_ = linkat(AT_FDCWD, soi.c_str(), AT_FDCWD, nom_.c_str(), AT_SYMLINK_FOLLOW) == 0;
+    } while (!nomme_ && errno == EEXIST);
+    erreur_ = nomme_ ? 0 : errno;
+    return nomme_;
+  }
+
+  std::string nom_;
+  Descripteur fichier_;
+  bool nomme_ = false;
+  int erreur_ = 0;
+};
+
+// The bytes, mode and owner of a file being written, on disk where that is wanted. 0, or the system's error number.
+int Remplit(const Provisoire& f, std::string_view octets, const struct stat* ancien, Garantie garantie) {
   int erreur = EcritTout(f.Numero(), octets);
   if (erreur == 0) {
     mode_t mode = ancien != nullptr ? ancien->st_mode & 07777U : 0;
@@ -87,8 +166,6 @@ int EcritProvisoire(const std::string& provisoire, int fd, std::string_view octe
     if (fchmod(f.Numero(), mode) != 0) erreur = errno;
   }
   if (erreur == 0 && garantie == Garantie::Disque && fsync(f.Numero()) != 0) erreur = errno;
-  if (f.Ferme() != 0 && erreur == 0) erreur = errno;
-  if (erreur != 0) unlink(provisoire.c_str());
   return erreur;
 }
 
@@ -139,6 +216,8 @@ int LitFichier(const std::string& chemin, std::string& octets) {
   if (fstat(f.Numero(), &etat) != 0) return errno;
   if (S_ISDIR(etat.st_mode)) return EISDIR;
   if (!S_ISREG(etat.st_mode)) return EINVAL;
+  // Memory is promised without regard to what there is, and the program killed for it when it is filled.
+  if (etat.st_size / sysconf(_SC_PAGESIZE) >= sysconf(_SC_PHYS_PAGES)) return ENOMEM;
   const int erreur = LitTout(f.Numero(), static_cast<std::size_t>(std::max<off_t>(etat.st_size, 0)), octets);
   if (erreur != 0) std::string().swap(octets);
   return erreur;
@@ -163,16 +242,16 @@ int EcritFichier(const std::string& chemin, std::string_view octets, Garantie ga
   if (existe && ancien.st_size == static_cast<off_t>(octets.size()) && ContenuEgal(cible, octets)) return 0;
 
   const std::string dossier = DossierDe(cible).empty() ? "." : DossierDe(cible);
-  std::string provisoire = dossier + "/.ovelin-XXXXXX";
-  const int fd = mkostemp(provisoire.data(), O_CLOEXEC);
-  if (fd < 0) return errno;
-  const int erreur = EcritProvisoire(provisoire, fd, octets, existe ? &ancien : nullptr, garantie);
+  OteRestes(dossier);
+  const auto ecrit = [&](bool nomme) {
+    Provisoire provisoire(dossier, nomme);
+    if (provisoire.Erreur() != 0) return provisoire.Erreur();
+    const int erreur = Remplit(provisoire, octets, existe ? &ancien : nullptr, garantie);
+    return erreur != 0 ? erreur : provisoire.Remplace(cible);
+  };
+  int erreur = ecrit(false);
+  if (erreur == ENOENT || erreur == EPERM) erreur = ecrit(true);  // no way to a name for a file without one
   if (erreur != 0) return erreur;
-  if (rename(provisoire.c_str(), cible.c_str()) != 0) {
-    const int numero = errno;
-    unlink(provisoire.c_str());
-    return numero;
-  }
   if (garantie == Garantie::Disque) {
     // The new name too must outlive a power cut. Some file systems can't flush a folder: the save stands anyway.
     const Descripteur d(open(dossier.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

@@ -1,5 +1,6 @@
 #include "workspace/Module_Ouverture.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -293,6 +294,10 @@ std::string EnregistreProjet(const std::string& nom) {
   Svc.Panneau(PanneauEtat::Fichier, std::string(" ") + NomProgramme + " <-> " + NomDe(chemin));
   Svc.FichierRecent(chemin);
   Modifie = Faux;
+  const auto meme = [](const PointTrace& p) { return MemePlace(p, TraceInitial.front()); };
+  if (!TraceInitial.empty() && std::all_of(TraceInitial.begin(), TraceInitial.end(), meme)) {
+    MessageFichier(Textes::ProjetUnPoint, "\n" + chemin, Icone::Exclamation, chemin);
+  }
   return "";
 }
 

@@ -13,10 +13,12 @@
 #include "core/Traduction.h"
 #include "image/ImageDocument.h"
 #include "machine/Module_Table.h"
+#include "machine/TableCourante.h"
 #include "run/AvisPlan.h"
 #include "run/FiguresPlan.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
+#include "run/NoyauPlan.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -145,6 +147,20 @@ void AvertitSansTrajet() {
                TexteSansTrajet(usinage.sansTrajet).c_str());
 }
 
+// Cuts that the machine in force can't reach are told; the job may be meant for another one.
+void AvertitHorsCourse() {
+  const FiguresPlan f = FiguresDe(LignesDe(Plan));
+  if (!f.coupe) return;
+  const auto mm = [](double v) { return Formate(v, "0.0##"); };
+  const auto dit = [&mm](const char* axe, double min, double max, double course) {
+    if (min >= 0 && max <= course) return;
+    std::fprintf(stderr, "%s %s: %s ... %s mm (0 ... %s mm)\n", Traduire(Textes::ParcoursHorsCourse).c_str(), axe,
+                 mm(min).c_str(), mm(max).c_str(), mm(course).c_str());
+  };
+  dit("X", f.xmin, f.xmax, static_cast<double>(CourseX));
+  dit("Y", f.ymin, f.ymax, static_cast<double>(CourseY));
+}
+
 struct Sommes {
   std::int32_t moteur = 0;  // rows that move a motor
   double longueur = 0;      // mm
@@ -206,6 +222,7 @@ int GCode(Contexte& contexte, const std::string& dessin, const std::string& sort
   EcritureNC ecriture;
   if (!EcritGCode(sortie, ecriture)) return EchecBoite(contexte);
   AvertitSansTrajet();
+  AvertitHorsCourse();
   return Resultat(contexte, Json{{"rows", ecriture.deplacements},
                                  {"lines", ecriture.lignes},
                                  {"length", ecriture.LongueurNC},
@@ -275,6 +292,7 @@ int Planifie(Contexte& contexte, const std::string& dessin, const std::string& p
   if (const int etat = JugePlan(contexte)) return etat;
   if (!Tableau_Decoupe()) return EchecBoite(contexte);
   AvertitSansTrajet();
+  AvertitHorsCourse();
   double sansRampe = 0;
   double vMax = 0;
   std::int16_t reserve = 0;

@@ -2,6 +2,8 @@
 // may not be.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -129,6 +131,48 @@ TEST(Output, HasTheExtensionOfWhatIsWritten) {
   // Either case, and what is no file takes anything.
   EXPECT_EQ(a.Appelle({"trace", dxf, "-o", a.Chemin("t.JSON")}).etat, 0);
   EXPECT_EQ(a.Appelle({"trace", dxf, "-o", "/dev/null"}).etat, 0);
+}
+
+TEST(Save, AProjectWithAllItsPointsInOnePlaceIsToldToBeOneThatCantBeOpened) {
+  const Atelier a;
+  const std::string trou = a.Ecrit("un.drl", "M48\nMETRIC,TZ\nT1C1.0\n%\nT1\nX10.0Y10.0\nM30\n");
+  const auto r = a.Appelle({"save", trou, "-o", a.Chemin("un.OVL"), "--lang", "en"});
+  EXPECT_EQ(r.etat, 0) << r.erreurs;
+  EXPECT_NE(r.erreurs.find("can't be opened again"), std::string::npos) << r.erreurs;
+  EXPECT_NE(r.erreurs.find(a.Chemin("un.OVL")), std::string::npos);
+  EXPECT_EQ(a.Appelle({"save", a.Ecrit("c.dxf", Carre), "-o", a.Chemin("c.OVL")}).erreurs, "");
+}
+
+TEST(Plan, WhatLiesBeyondTheTravelIsToldByItsAxis) {
+  const Atelier a;
+  const std::string dxf = a.Ecrit("c.dxf", Carre);  // from 5 to 45 mm, the tool 3 mm outside
+  const auto dit = [](const essai::Retour& r) {
+    double min = 0, max = 0, course = 0;
+    const std::size_t ici = r.erreurs.find("X: ");
+    EXPECT_NE(ici, std::string::npos) << r.erreurs;
+    if (ici == std::string::npos) return;
+    EXPECT_EQ(std::sscanf(r.erreurs.c_str() + ici, "X: %lf ... %lf mm (0 ... %lf mm)", &min, &max, &course), 3);
+    EXPECT_NEAR(min, 2, 0.01);
+    EXPECT_NEAR(max, 48, 0.01);
+    EXPECT_EQ(course, 40);
+  };
+  const auto r = a.Appelle({"plan", dxf, "--set", "TB_SAV_18=40", "--set", "TB_SAV_19=500"});
+  EXPECT_EQ(r.etat, 0) << r.erreurs;
+  dit(r);
+  EXPECT_EQ(r.erreurs.find("Y:"), std::string::npos) << r.erreurs;
+  dit(a.Appelle({"gcode", dxf, "-o", a.Chemin("c.nc"), "--set", "TB_SAV_18=40"}));
+  EXPECT_EQ(a.Appelle({"plan", dxf, "--set", "TB_SAV_18=500", "--set", "TB_SAV_19=500"}).erreurs, "");
+}
+
+TEST(Drawing, FarBeyondTheMemoryIsRefusedByItsSize) {
+  const Atelier a;
+  for (const char* nom : {"grand.dxf", "grand.OVL", "grand.plt"}) {
+    const std::string grand = a.Ecrit(nom, "0\n");
+    std::error_code erreur;
+    std::filesystem::resize_file(grand, std::uintmax_t{4} << 40, erreur);  // no block of it is on disk
+    if (erreur) GTEST_SKIP() << "no file of that size here";
+    EXPECT_EQ(a.Appelle({"info", grand, "--json"}).etat, 1) << nom;
+  }
 }
 
 }  // namespace

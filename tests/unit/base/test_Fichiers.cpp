@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -96,6 +98,31 @@ TEST(Noms, FolderNameAndExtensionOfAPath) {
   EXPECT_EQ(base::ExtensionBrute("/a.b/c"), "");
   EXPECT_EQ(base::ExtensionBrute("/a/b.tar.Gz"), "Gz");
   EXPECT_EQ(base::ExtensionBrute("b."), "");
+}
+
+// What a killed process left, where it had to give its file a name; what belongs to a living one, or to nobody,
+// stays.
+TEST_F(Fichiers, TheFileOfAProcessThatIsNoMoreGoesWithTheNextOne) {
+  const pid_t mort = fork();
+  if (mort == 0) _exit(0);
+  ASSERT_EQ(waitpid(mort, nullptr, 0), mort);
+  const std::string parti = Chemin(".ovelin-" + std::to_string(mort) + "-a1B2c3");
+  const std::string vivant = Chemin(".ovelin-" + std::to_string(getpid()) + "-a1B2c3");
+  const std::string autre = Chemin(".ovelin-notes");
+  for (const std::string& reste : {parti, vivant, autre}) std::ofstream(reste) << "half";
+  ASSERT_EQ(base::EcritFichier(Chemin("f"), "whole"), 0);
+  EXPECT_FALSE(fs::exists(parti));
+  EXPECT_TRUE(fs::exists(vivant));
+  EXPECT_TRUE(fs::exists(autre));
+}
+
+TEST_F(Fichiers, AFileLargerThanTheMemoryIsRefusedByItsSize) {
+  std::ofstream(Chemin("f")) << "x";
+  std::error_code erreur;
+  fs::resize_file(Chemin("f"), std::uintmax_t{4} << 40, erreur);  // no block of it is on disk
+  if (erreur) GTEST_SKIP() << "no file of that size here";
+  std::string lus;
+  EXPECT_EQ(base::LitFichier(Chemin("f"), lus), ENOMEM);
 }
 
 }  // namespace
