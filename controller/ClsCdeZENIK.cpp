@@ -5,9 +5,13 @@
 #include <fstream>
 #include <utility>
 
+#include "core/ChampsMachine.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Textes.h"
+#include "machine/Module_Table.h"
 
 namespace ovelin {
 
@@ -116,6 +120,38 @@ void ClsCdeZENIK::FixePosition(double x, double y, double z) {
   PasX = PasDebutX = EnPas(PosX, mmParPas_[0]);
   PasY = PasDebutY = EnPas(PosY, mmParPas_[1]);
   PasZ = PasDebutZ = EnPas(PosZ, mmParPas_[2]);
+}
+
+void ClsCdeZENIK::ChargeParametres() {
+  LectureParametres lus = LitParametres([](const LectureChamp& champ) { return LireNombreTable(champ); });
+  parametres_ = lus.parametres;
+  PoseResolutions();
+  std::string texte;
+  for (const ValeurTenue& v : lus.tenues) {
+    const std::string ligne =
+        SectionTable(TableDefaut) + ": " + v.cle + "=" + TexteNombre(v.lue) + " : " + TexteNombre(v.prise);
+    if (tenuesDites_.insert(ligne).second) texte += "\n" + ligne;
+  }
+  if (texte.empty()) return;
+  Boite boite = BoiteDe(Textes::TableTenue, Icone::Exclamation);
+  boite.texte += texte;
+  Svc.Montre(boite);
+}
+
+// The motor stands on whole steps, whatever a step is worth: with another table the place in mm is another one.
+void ClsCdeZENIK::PoseResolutions() {
+  const std::array<double, 3> nouvelles = parametres_.MmParPas();
+  const bool premiere = mmParPasMachine_[0] == 0;
+  if (premiere || mmParPas_ != mmParPasMachine_) {
+    mmParPas_ = premiere ? nouvelles : mmParPasMachine_;
+    FixePosition(PosX, PosY, PosZ);
+  }
+  mmParPasMachine_ = nouvelles;
+  if (mmParPas_ == nouvelles) return;
+  mmParPas_ = nouvelles;
+  PosX = PasX * mmParPas_[0];
+  PosY = PasY * mmParPas_[1];
+  PosZ = PasZ * mmParPas_[2];
 }
 
 }  // namespace ovelin

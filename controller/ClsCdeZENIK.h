@@ -4,9 +4,11 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "closed/ZenikCom.h"
+#include "controller/ParametresZENIK.h"
 #include "core/Types.h"
 
 namespace ovelin {
@@ -53,6 +55,14 @@ class ClsCdeZENIK {
   // steps.
   void FixePosition(double x, double y, double z);
 
+  // The parameters of the table in force (TableDefaut), resolutions and tick rates included. Needs no board, sends
+  // nothing: at the start and at each change of table. The position in steps stays, the mm follow it; after a plan
+  // that counted in steps of its own (FixeResolutions) the steps are those of before. What had to be held within
+  // its range is told in one box, once for each table, key and value.
+  void ChargeParametres();
+  // Those loaded last; before the first load, those of a table without keys.
+  [[nodiscard]] const ParametresZENIK& Parametres() const { return parametres_; }
+
   // One send. True exactly when the library answered 1; -101 and -102 show their box.
   bool EnvoiCommande(std::int32_t& modeEnvoi);
   // Appends the line to "debug.txt" of the current folder and shows it; no exchange takes place.
@@ -62,8 +72,15 @@ class ClsCdeZENIK {
 
  private:
   std::unique_ptr<zenikcom::Liaison> liaison_;
+  // The resolutions of the machine are in force again: those of parametres_.
+  void PoseResolutions();
+
   std::array<double, 3> mmParPas_{1, 1, 1};
-  std::int16_t ProfondeurEnvoi = 0;  // sends in progress
+  ParametresZENIK parametres_;
+  // mm per step at which the machine counts; a plan for a file puts others in force for its time. 0: none yet.
+  std::array<double, 3> mmParPasMachine_{};
+  std::set<std::string> tenuesDites_;  // values held within their ranges that have been told
+  std::int16_t ProfondeurEnvoi = 0;    // sends in progress
   [[maybe_unused]] Drapeau ModeProgrammation = Faux;
   [[maybe_unused]] std::array<Drapeau, 6> EtatClavier{};  // keypad bits of the reply before
 };
