@@ -6,7 +6,7 @@ namespace ovelin {
 
 std::string SectionTable(std::string_view nom) { return "table_" + std::string(nom); }
 
-double LectureChamp::Nombre() const { return LitNombre(defaut).value_or(0); }
+double LectureChamp::Nombre() const { return NombreDuTexte(defaut).value_or(0); }
 
 const ChampMachine* ChercheChamp(FamilleChamp famille, int index) {
   for (const ChampMachine& champ : ChampsMachine::Tous) {

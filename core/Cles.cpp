@@ -77,7 +77,7 @@ void EcritIni(std::string_view section, std::string_view cle, const std::string&
   });
 }
 
-double EnNombre(const std::string& texte, double defaut) { return LitNombre(texte).value_or(defaut); }
+double EnNombre(const std::string& texte, double defaut) { return NombreDuTexte(texte).value_or(defaut); }
 
 // Whether a section gets its lines in the buffer that stands between: each piece takes one place more for its end,
 // the whole one more.

@@ -229,7 +229,7 @@ std::string Formate(double v, std::string_view motif) {
   return v < 0 && !nul ? "-" + texte : texte;
 }
 
-std::optional<double> LitNombre(std::string_view texte) {
+std::optional<double> NombreDuTexte(std::string_view texte) {
   std::string s = Rogne(texte);
   std::replace(s.begin(), s.end(), ',', '.');
   const std::size_t n = LongueurNombre(s);

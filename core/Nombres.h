@@ -26,8 +26,8 @@ std::string Formate(double v, std::string_view motif);
 
 // A whole text as a number, either mark, blanks around allowed, no thousands marks; nothing else. Nothing for a
 // text that isn't a finite number.
-std::optional<double> LitNombre(std::string_view texte);
-inline bool EstNumerique(std::string_view texte) { return LitNombre(texte).has_value(); }
+std::optional<double> NombreDuTexte(std::string_view texte);
+inline bool EstNumerique(std::string_view texte) { return NombreDuTexte(texte).has_value(); }
 
 // The leading number of a text, point as the mark, 0 when there is none ("12abc" 12, "abc" 0, " -3.5e2x" -350).
 // What is beyond the range of the type gives 0 too. The second gives the float nearest to the text.

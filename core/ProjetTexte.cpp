@@ -103,7 +103,7 @@ class Douteuses {
     std::erase_if(liste_, [this](const ValeurDouteuse& v) { return v.ligne == ligne_; });
   }
   void Nombre(const char* cle, std::string_view champ) {
-    const auto v = LitNombre(champ);
+    const auto v = NombreDuTexte(champ);
     if (!v || std::abs(*v) > CoordonneeMax) Ajoute(cle, champ);
   }
   void Cote(std::string_view champ) {

@@ -76,7 +76,7 @@ void LitOptions() {
   LitGroupe(Groupe::Options);
   LitGroupe(Groupe::Recents);
   // The tolerance acts on drawings that are not projects yet, so no project has a say in it.
-  const float soudure = EnFloat(LitNombre(LireCleIni(cles::ToleranceSoudure, "")).value_or(-1));
+  const float soudure = EnFloat(NombreDuTexte(LireCleIni(cles::ToleranceSoudure, "")).value_or(-1));
   Regl.ToleranceSoudure = soudure < 0 ? Reglages{}.ToleranceSoudure : soudure;
 }
 

@@ -73,7 +73,7 @@ std::optional<int> Rang(std::string_view nom, std::string_view racine) {
 }
 
 std::optional<FauteCle> JugeNombre(std::string_view valeur, const Genre& genre) {
-  const auto v = LitNombre(valeur);
+  const auto v = NombreDuTexte(valeur);
   if (!v) return FauteCle::Illisible;
   return *v < genre.min || *v > genre.max ? std::optional(FauteCle::Limites) : std::nullopt;
 }

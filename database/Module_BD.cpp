@@ -80,7 +80,7 @@ double Valeur(const FicheMateriau& fiche, Colonne colonne) {
 }
 
 bool ChampValable(const FicheMateriau& fiche, Colonne colonne) {
-  const auto valeur = LitNombre(Champ(fiche, colonne));
+  const auto valeur = NombreDuTexte(Champ(fiche, colonne));
   if (!valeur) return false;
   switch (colonne) {
     case Rayon:

@@ -36,11 +36,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   Exige(ini.Lignes("table_Essai").empty());
 
   // Numbers: what is a whole number has the same value as a leading one.
-  if (const auto v = LitNombre(texte.substr(0, 64))) {
+  if (const auto v = NombreDuTexte(texte.substr(0, 64))) {
     std::string point(texte.substr(0, 64));
     for (char& c : point) c = c == ',' ? '.' : c;
     Exige(ValeurDebut(point) == *v);
-    Exige(LitNombre(TexteNombre(*v)) == *v);
+    Exige(NombreDuTexte(TexteNombre(*v)) == *v);
     Formate(*v, "###0.00");
   }
   return 0;

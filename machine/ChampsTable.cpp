@@ -53,7 +53,8 @@ bool EstSurcharge(std::string_view cle) {
 double Valeur(const ChampsTable& champs, const std::string& section, const ChampMachine& champ) {
   const std::string cle = champ.Cle();
   const double defaut = LectureChamp(champ).Nombre();
-  if (const std::string* texte = Texte(champs, cle); texte != nullptr) return LitNombre(*texte).value_or(defaut);
+  if (const std::string* texte = Texte(champs, cle); texte != nullptr)
+    return NombreDuTexte(*texte).value_or(defaut);
   return LireNombreSection(section, cle, defaut);
 }
 
@@ -105,7 +106,7 @@ bool Sauve_Table(std::string_view nom, const ChampsTable& champs) {
 
 std::string FormateChamp(FamilleChamp famille, int index, std::string_view texte) {
   const ChampMachine* champ = ChercheChamp(famille, index);
-  const auto valeur = LitNombre(texte);
+  const auto valeur = NombreDuTexte(texte);
   if (champ == nullptr || champ->format == nullptr || !valeur) return std::string(texte);
   return Formate(*valeur, champ->format);
 }
@@ -114,7 +115,7 @@ std::string FormateChamp(FamilleChamp famille, int index, std::string_view texte
 // makes it whole again when it is left.
 std::pair<int, std::string> ChampJumeau(int index, std::string_view texte) {
   const ChampMachine* champ = ChercheChamp(FamilleChamp::TB_SAV, index);
-  const double valeur = LitNombre(texte).value_or(0);
+  const double valeur = NombreDuTexte(texte).value_or(0);
   if (champ == nullptr || champ->jumeau.sorte == SorteJumeau::Aucun || valeur == 0 ||
       !std::isfinite(360 / valeur)) {
     return {-1, ""};
@@ -125,7 +126,7 @@ std::pair<int, std::string> ChampJumeau(int index, std::string_view texte) {
 }
 
 void SuitChamp(int index, std::string_view texte) {
-  const double lue = LitNombre(texte).value_or(0);
+  const double lue = NombreDuTexte(texte).value_or(0);
   const auto valeur = EnFloat(lue);
   if (valeur == 0 || std::abs(lue) > static_cast<double>(std::numeric_limits<float>::max())) return;
   for (const GlobaleTable& g : GlobalesTable()) {
@@ -134,7 +135,7 @@ void SuitChamp(int index, std::string_view texte) {
 }
 
 int CurseurPente(std::string_view texte, int curseur) {
-  const auto valeur = LitNombre(texte);
+  const auto valeur = NombreDuTexte(texte);
   if (!valeur || *valeur < 1 || *valeur > static_cast<double>(TempsDouble.size())) return curseur;
   return Arrondi32(*valeur);
 }

@@ -32,7 +32,7 @@ std::string CleGauche() { return std::string("F_Fraisage") + cles::suffixe::Gauc
 std::string CleHaut() { return std::string("F_Fraisage") + cles::suffixe::Haut; }
 
 std::optional<CleTexte> EntreVitesse(double& vitesse, const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v) return Textes::VitesseNonNombre;
   if (!VitesseValable(*v)) return Textes::VitesseNonPositive;
   if (*v == vitesse) return std::nullopt;
@@ -82,7 +82,7 @@ std::optional<CleTexte> EntreVit_Mat_V(const std::string& texte) { return EntreV
 std::string PasVit_Mat_H(const std::string& texte, int index) {
   const double pas = index == 1 ? -1 : index == 2 ? -0.1 : index == 3 ? 0.1 : index == 4 ? 1 : 0;
   const double maximum = std::min(VitesseMaxX, VitesseMaxY);
-  const double v = LitNombre(texte).value_or(Vitesse_Mat_H) + pas;
+  const double v = NombreDuTexte(texte).value_or(Vitesse_Mat_H) + pas;
   return Formate(std::max(VitesseMinimum, std::min(v, maximum)), "0.0");
 }
 
@@ -96,8 +96,8 @@ bool GenereGCode(const std::string& vitesseH, const std::string& vitesseV, Ecrit
   const double avantH = Vitesse_Mat_H;
   const double avantV = Vitesse_Mat_V;
   // A refused one as it stands in its field, so that the writer says what is wrong; it isn't kept.
-  if (!bonneH) Vitesse_Mat_H = LitNombre(vitesseH).value_or(0);
-  if (!bonneV) Vitesse_Mat_V = LitNombre(vitesseV).value_or(0);
+  if (!bonneH) Vitesse_Mat_H = NombreDuTexte(vitesseH).value_or(0);
+  if (!bonneV) Vitesse_Mat_V = NombreDuTexte(vitesseV).value_or(0);
   const bool propose = NomFichierNC.empty();
   const std::string nom = NomPropose();
   if (propose) NomFichierNC = nom;
@@ -119,8 +119,8 @@ void FermeFraisage(int gauche, int haut) {
 }
 
 std::optional<std::pair<int, int>> LitPlaceFraisage() {
-  const auto gauche = LitNombre(LireCleIni(CleGauche(), ""));
-  const auto haut = LitNombre(LireCleIni(CleHaut(), ""));
+  const auto gauche = NombreDuTexte(LireCleIni(CleGauche(), ""));
+  const auto haut = NombreDuTexte(LireCleIni(CleHaut(), ""));
   if (!gauche || !haut) return std::nullopt;
   return std::pair<int, int>{Arrondi32(*gauche / TwipsPixel), Arrondi32(*haut / TwipsPixel)};
 }

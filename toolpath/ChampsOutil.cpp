@@ -29,7 +29,7 @@ void RecalculeTout() {
 }  // namespace
 
 bool EntreRayonFraise(const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v) return false;
   RayonFraise = *v;
   if (*v < 0) return RefuseNegatif();
@@ -38,7 +38,7 @@ bool EntreRayonFraise(const std::string& texte) {
 }
 
 bool EntreLargeurEncoche(const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v || *v == 0) return false;
   LargeurEncoche = *v;
   EcritOutil();
@@ -47,7 +47,7 @@ bool EntreLargeurEncoche(const std::string& texte) {
 }
 
 bool EntreMiniEncoche(const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v) return false;
   MiniEncoche = *v;
   if (*v < 0) return RefuseNegatif();
@@ -59,7 +59,7 @@ bool EntreMiniEncoche(const std::string& texte) {
 // The test looks at the height in force, not at the entry: a negative one gets through, and the next is refused.
 bool EntreHautDeg(const std::string& texte) {
   if (HautDeg < 0) return RefuseNegatif();
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v || std::abs(*v) > std::numeric_limits<float>::max()) return false;
   HautDeg = static_cast<float>(*v);
   Regl.HautDegSaisie = true;
@@ -69,7 +69,7 @@ bool EntreHautDeg(const std::string& texte) {
 }
 
 bool EntrePCPoche(const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v) return false;
   PCPoche = Arrondi16(*v);
   EcritOptions();
@@ -78,7 +78,7 @@ bool EntrePCPoche(const std::string& texte) {
 }
 
 bool EntreProfPasse(const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v) return false;
   ProfPasse = *v;
   if (!(*v < 0)) {

@@ -18,7 +18,7 @@ namespace {
 
 double Arrondi(double v, double parUnite) { return std::nearbyint(v * parUnite) / parUnite; }
 
-double Valeur(const std::string& texte) { return LitNombre(texte).value_or(0); }
+double Valeur(const std::string& texte) { return NombreDuTexte(texte).value_or(0); }
 
 }  // namespace
 
@@ -33,7 +33,7 @@ ChampEntre AjouteDeplacement(int direction, const std::string& texte, double pas
 }
 
 ChampEntre EntreDeplacement(int direction, const std::string& entree, const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v) return {false, texte};
   const float valeur = EnFloat(*v);
   if (!Deplacement_Selection(direction, valeur - EnFloat(Valeur(entree)))) return {false, texte};
@@ -41,7 +41,7 @@ ChampEntre EntreDeplacement(int direction, const std::string& entree, const std:
 }
 
 bool CB_Rotation(int index, const std::string& angle) {
-  const auto degres = LitNombre(angle);
+  const auto degres = NombreDuTexte(angle);
   if (!degres) return false;
   const double radians = *degres * Pi / 180;
   Statut(Textes::CalculTrajetOutil);
@@ -84,24 +84,24 @@ bool CB_Origine() {
 }
 
 bool CB_OKRecalage(const std::string& x, const std::string& y) {
-  const auto vx = LitNombre(x);
-  const auto vy = LitNombre(y);
+  const auto vx = NombreDuTexte(x);
+  const auto vy = NombreDuTexte(y);
   return vx && vy && Recale(*vx, *vy);
 }
 
 bool CB_PositionOK(std::int32_t index, const std::string& x, const std::string& y) {
-  const auto vx = LitNombre(x);
-  const auto vy = LitNombre(y);
+  const auto vx = NombreDuTexte(x);
+  const auto vy = NombreDuTexte(y);
   return vx && vy && ChangePosition(index, EnFloat(*vx), EnFloat(*vy));
 }
 
 std::string TexteProfondeur(const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   return v ? Formate(*v, "0.00") : texte;
 }
 
 bool EntreProfondeur(const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   return v && ProfondeurSelection(*v);
 }
 

@@ -114,9 +114,9 @@ bool LitPosition(const std::string& texte, double& x, double& y, double& z) {
   const std::size_t un = texte.find(',');
   const std::size_t deux = un == std::string::npos ? un : texte.find(',', un + 1);
   if (deux == std::string::npos) return false;
-  const auto a = LitNombre(texte.substr(0, un));
-  const auto b = LitNombre(texte.substr(un + 1, deux - un - 1));
-  const auto c = LitNombre(texte.substr(deux + 1));
+  const auto a = NombreDuTexte(texte.substr(0, un));
+  const auto b = NombreDuTexte(texte.substr(un + 1, deux - un - 1));
+  const auto c = NombreDuTexte(texte.substr(deux + 1));
   if (!a || !b || !c) return false;
   x = *a;
   y = *b;

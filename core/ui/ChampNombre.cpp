@@ -201,7 +201,7 @@ QString ChampNombre::Filtre(const QString& texte, const QString& reste) const {
 void ChampNombre::Colle(const QString& texte) {
   QString net = texte;
   if (net.contains(QLatin1Char('e'), Qt::CaseInsensitive)) {
-    if (const auto v = LitNombre(net.toStdString())) net = QString::fromStdString(TexteNombre(*v));
+    if (const auto v = NombreDuTexte(net.toStdString())) net = QString::fromStdString(TexteNombre(*v));
   }
   QString reste = text();
   if (hasSelectedText()) reste.remove(selectionStart(), selectedText().size());

@@ -254,7 +254,7 @@ void F_ParamAppli::ValeursDefaut() {
 void F_ParamAppli::QuitteMRU(bool change) {
   refus_ = false;
   if (!change) return;
-  const auto v = LitNombre(TB_MRU_->Texte());
+  const auto v = NombreDuTexte(TB_MRU_->Texte());
   if (!v || *v < 0 || *v > MruMax) {
     refus_ = true;
     TB_MRU_->Refuse(TexteQt(Textes::NombreRecents));

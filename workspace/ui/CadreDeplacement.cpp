@@ -89,7 +89,7 @@ void CadreDeplacement::Montre(const std::string& x, const std::string& y) {
   RegleRepetition();
   if (enMouvement_) return;
   const auto montre = [this](Axe& axe, const std::string& texte) {
-    const auto v = LitNombre(texte);
+    const auto v = NombreDuTexte(texte);
     const std::string neuf = v ? TexteDeplacement(*v) : texte;
     if (neuf != axe.champ->EnVigueur()) Regle(axe, 0);
     axe.champ->Montre(neuf);

@@ -66,7 +66,7 @@ void CadreDimensions::MontreChamps() {
 void CadreDimensions::Entre(int axe, bool resultat, const std::string& texte) {
   const auto i = static_cast<std::size_t>(axe);
   Saisie* saisie = (resultat ? resultat_ : rapport_)[i];
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v) return saisie->Refuse(RaisonNombre());
   if (!resultat) {
     EntreRapport(champs_, i, texte == saisie->EnVigueur() ? champs_.axes[i].rapport : *v);

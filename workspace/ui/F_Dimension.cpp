@@ -147,7 +147,7 @@ void F_Dimension::MontreChamps() {
 // A field that is left as it was changes nothing: its text is shorter than its value.
 void F_Dimension::Quitte(ChampNombre& champ, std::size_t axe, bool rapport, bool change) {
   if (!change) return;
-  const auto v = LitNombre(champ.Texte());
+  const auto v = NombreDuTexte(champ.Texte());
   if (!v) return champ.Refuse(TexteQt(Textes::DimensionNonNombre));
   if (rapport) {
     EntreRapport(champs_, axe, *v);

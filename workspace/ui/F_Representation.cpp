@@ -377,7 +377,7 @@ void F_Representation::SuitOutils() {
 
 void F_Representation::RegleTimer_Interro() {
   constexpr int Periode = 1000, PeriodeMin = 50;  // ms
-  const double voulue = LitNombre(LireCleIni(cles::PeriodeInterro, "")).value_or(Periode);
+  const double voulue = NombreDuTexte(LireCleIni(cles::PeriodeInterro, "")).value_or(Periode);
   Timer_Interro_->start(std::max(Arrondi32(voulue), PeriodeMin));
 }
 

@@ -76,7 +76,7 @@ void F_Soudure::Construit() {
 
 void F_Soudure::SuitChamp() {
   const QSignalBlocker silence(VScroll_Tolerance_);  // the field keeps a value between two places
-  VScroll_Tolerance_->setValue(PlaceDe(LitNombre(TB_Tolerance_->Texte()).value_or(0)));
+  VScroll_Tolerance_->setValue(PlaceDe(NombreDuTexte(TB_Tolerance_->Texte()).value_or(0)));
 }
 
 void F_Soudure::SuitCurseur(int place) {

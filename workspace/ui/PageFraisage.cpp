@@ -53,7 +53,7 @@ constexpr LigneOutil LignesOutil[] = {
 // The rule of the height looks at the one in force, so that a negative entry would get through once: it stops here.
 // One that is in force already, out of a project or the settings, gives way to any good entry.
 bool GardeHautDeg(const std::string& texte) {
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   if (!v) return true;
   if (*v < 0) return false;
   if (HautDeg < 0) HautDeg = 0;
@@ -208,15 +208,15 @@ void PageFraisage::FocusLargeurEncoche() {
 // A refused value that is in force all the same stays in sight with its reason.
 void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte) {
   if (champ.entre == EntreHautDeg && !GardeHautDeg(texte)) {
-    return champ.saisie->Refuse(TexteQt(*champ.raison), LitNombre(texte) == LitNombre(champ.valeur()));
+    return champ.saisie->Refuse(TexteQt(*champ.raison), NombreDuTexte(texte) == NombreDuTexte(champ.valeur()));
   }
   if (champ.entre(texte)) {
     champ.saisie->Montre(champ.valeur());
   } else if (!EstNumerique(texte)) {
     champ.saisie->Refuse(RaisonNombre());
   } else {
-    const auto v = LitNombre(champ.valeur());
-    champ.saisie->Refuse(champ.raison ? TexteQt(*champ.raison) : QString(), v == LitNombre(texte));
+    const auto v = NombreDuTexte(champ.valeur());
+    champ.saisie->Refuse(champ.raison ? TexteQt(*champ.raison) : QString(), v == NombreDuTexte(texte));
   }
   if (champ.entre == EntrePCPoche) AvertitPoche(true);
   if (champ.entre == EntreLargeurEncoche && champ.saisie->Champ()->EstRefuse()) FocusLargeurEncoche();
@@ -226,7 +226,7 @@ void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte)
 // One that is confirmed as it stands is the depth behind it, not the rounded one that is shown.
 void PageFraisage::Profondeur(const std::string& texte) {
   if (EntreProfondeur(texte == profondeur_->EnVigueur() ? profondeurEntiere_ : texte)) return;
-  const auto v = LitNombre(texte);
+  const auto v = NombreDuTexte(texte);
   profondeur_->Montre(profondeur_->EnVigueur());
   if (!v) {
     profondeur_->Refuse(RaisonNombre());

@@ -10,7 +10,7 @@ std::optional<float> LitTolerance(ChampNombre& champ, CleTexte nonNombre, CleTex
     champ.Refuse(TexteQt(raison));
     return std::nullopt;
   };
-  const auto v = LitNombre(champ.Texte());
+  const auto v = NombreDuTexte(champ.Texte());
   if (!v) return refuse(nonNombre);
   if (*v < 0) return refuse(negatif);
   champ.Accepte();

@@ -144,39 +144,39 @@ TEST(Formate, WritesHugeAndTinyNumbersInFull) {
   EXPECT_EQ(Formate(std::numeric_limits<double>::max(), "0").size(), 309U);
 }
 
-TEST(LitNombre, TakesBothMarks) {
-  EXPECT_EQ(LitNombre("3.5"), 3.5);
-  EXPECT_EQ(LitNombre("3,5"), 3.5);
-  EXPECT_EQ(LitNombre("-,5"), -0.5);
-  EXPECT_EQ(LitNombre("+5."), 5.0);
-  EXPECT_EQ(LitNombre(" 1.5E-3\t"), 0.0015);
+TEST(NombreDuTexte, TakesBothMarks) {
+  EXPECT_EQ(NombreDuTexte("3.5"), 3.5);
+  EXPECT_EQ(NombreDuTexte("3,5"), 3.5);
+  EXPECT_EQ(NombreDuTexte("-,5"), -0.5);
+  EXPECT_EQ(NombreDuTexte("+5."), 5.0);
+  EXPECT_EQ(NombreDuTexte(" 1.5E-3\t"), 0.0015);
 }
 
-TEST(LitNombre, RefusesThousandsMarksAndAnythingElse) {
+TEST(NombreDuTexte, RefusesThousandsMarksAndAnythingElse) {
   for (const char* texte : {"", " ", "1.234,5", "1 234", "1,2,3", "abc", "12abc", "-", ".", ",", "1e", "1e+", "nan",
                             "inf", "0x10", "--1", "1.5.", "&H10", "1'000"}) {
-    EXPECT_FALSE(LitNombre(texte)) << texte;
+    EXPECT_FALSE(NombreDuTexte(texte)) << texte;
     EXPECT_FALSE(EstNumerique(texte)) << texte;
   }
 }
 
-TEST(LitNombre, RefusesWhatIsTooLargeAndTakesWhatIsTooSmallAsZero) {
-  EXPECT_FALSE(LitNombre("1e999"));
-  EXPECT_FALSE(LitNombre("-1e99999999999999999999"));
-  EXPECT_FALSE(LitNombre(std::string(400, '9')));
-  EXPECT_EQ(LitNombre("1e-999"), 0.0);
-  EXPECT_EQ(LitNombre("1e-99999999999999999999"), 0.0);
-  EXPECT_EQ(LitNombre("0." + std::string(400, '0') + "1"), 0.0);
+TEST(NombreDuTexte, RefusesWhatIsTooLargeAndTakesWhatIsTooSmallAsZero) {
+  EXPECT_FALSE(NombreDuTexte("1e999"));
+  EXPECT_FALSE(NombreDuTexte("-1e99999999999999999999"));
+  EXPECT_FALSE(NombreDuTexte(std::string(400, '9')));
+  EXPECT_EQ(NombreDuTexte("1e-999"), 0.0);
+  EXPECT_EQ(NombreDuTexte("1e-99999999999999999999"), 0.0);
+  EXPECT_EQ(NombreDuTexte("0." + std::string(400, '0') + "1"), 0.0);
 }
 
-TEST(LitNombre, ReadsBackWhatTexteNombreWrites) {
+TEST(NombreDuTexte, ReadsBackWhatTexteNombreWrites) {
   std::mt19937_64 alea(3);
   for (const char marque : {'.', ','}) {
     Svc.MarqueDecimale = marque;
     for (int i = 0; i < 20000; ++i) {
       const auto v = std::bit_cast<double>(alea());
       if (!std::isfinite(v)) continue;
-      ASSERT_EQ(LitNombre(TexteNombre(v)), v);
+      ASSERT_EQ(NombreDuTexte(TexteNombre(v)), v);
     }
   }
 }

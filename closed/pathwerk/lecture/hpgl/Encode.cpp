@@ -32,7 +32,7 @@ bool HpglDecodeur::Suivant(HpglElement& element) {
       if (signe == '>') attendu = Attendu::Fraction;
       continue;
     }
-    if (!LitNombre(nombre)) continue;
+    if (!PrendNombre(nombre)) continue;
     if (attendu == Attendu::Fraction) {
       fraction_ = static_cast<int>(std::clamp(nombre, -26.0, 26.0));
     } else if (attendu == Attendu::Plume) {
@@ -53,7 +53,7 @@ bool HpglDecodeur::Suivant(HpglElement& element) {
 
 // Reads digits up to the last of the number. False: a flag or the end came first, or one byte that is no digit was
 // passed over before the first. Beyond 2^53 the value is not exact; such places are refused later anyway.
-bool HpglDecodeur::LitNombre(double& valeur) {
+bool HpglDecodeur::PrendNombre(double& valeur) {
   const int base = septBits_ ? 32 : 64;
   double total = 0;
   double poids = 1;

@@ -23,7 +23,7 @@ class HpglDecodeur {
   bool Suivant(HpglElement& element);
 
  private:
-  bool LitNombre(double& valeur);
+  bool PrendNombre(double& valeur);
 
   std::string_view texte_;
   std::size_t pos_ = 0;

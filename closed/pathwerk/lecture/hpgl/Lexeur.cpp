@@ -107,7 +107,7 @@ void HpglLexeur::CommandePcl() {
   while (!Fini()) {
     double valeur = 0;
     if (EstChiffre(Ici()) || Ici() == '-' || Ici() == '+') {
-      if (!LitNombre(valeur)) ++pos_;
+      if (!PrendNombre(valeur)) ++pos_;
     }
     if (Fini() || Ici() < 0x40 || Ici() > 0x7E) return;
     const unsigned char lettre = Ici();
@@ -204,7 +204,7 @@ void HpglLexeur::LitFinDeTexte() {
   if (A(pos_) != ',') return;  // the second parameter: whether the terminator is printed too
   ++pos_;
   double mode = 0;
-  LitNombre(mode);
+  PrendNombre(mode);
 }
 
 void HpglLexeur::LitSymbole(HpglInstruction& instruction) {
@@ -245,7 +245,7 @@ void HpglLexeur::LitNombres(HpglInstruction& instruction) {
     fini = EstRien(c);
     if (EstChiffre(c) || c == '.' || c == '-' || c == '+') {
       double valeur = 0;
-      if (LitNombre(valeur)) {
+      if (PrendNombre(valeur)) {
         instruction.nombres.push_back(valeur);
       } else {
         ++pos_;
@@ -264,7 +264,7 @@ void HpglLexeur::LitNombres(HpglInstruction& instruction) {
 
 // A decimal number. "1e5" is one too: no instruction begins with a letter and a digit. A number too large for a
 // double comes back infinite, one too small as 0.
-bool HpglLexeur::LitNombre(double& valeur) {
+bool HpglLexeur::PrendNombre(double& valeur) {
   std::size_t debut = pos_;
   if (A(debut) == '+') ++debut;
   const char* const p = donnees_.data() + std::min(debut, donnees_.size());

@@ -62,7 +62,7 @@ class HpglLexeur {
   void SauteCitation();
   void SauteCommentaire();
   void LitNombres(HpglInstruction& instruction);
-  bool LitNombre(double& valeur);
+  bool PrendNombre(double& valeur);
 
   std::string_view donnees_;
   std::size_t pos_ = 0;
