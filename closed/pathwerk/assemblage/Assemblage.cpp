@@ -71,21 +71,21 @@ std::int32_t EmetTelQuel(Lecture& lecture, std::vector<PointTrace>& points) {
   return static_cast<std::int32_t>(points.size());
 }
 
-// Appends one path to the plan: rounded to floats, neighbours of one place made one, the closing point in its
+// Appends one path to the assembles: rounded to floats, neighbours of one place made one, the closing point in its
 // place. False for a path that has no length left.
-bool AjouteChemin(const Trait& t, double tolerance, Plan& plan) {
-  const std::size_t debut = plan.points.size();
+bool AjouteChemin(const Trait& t, double tolerance, CheminsAssembles& assembles) {
+  const std::size_t debut = assembles.points.size();
   if (t.nature == Nature::Percage) {
-    plan.points.insert(plan.points.end(), 2, EnFloat(t.points[0]));
-    plan.chemins.push_back({debut, 2, Nature::Percage});
+    assembles.points.insert(assembles.points.end(), 2, EnFloat(t.points[0]));
+    assembles.chemins.push_back({debut, 2, Nature::Percage});
     return true;
   }
   for (const Vec2 v : t.points) {
     const PointF p = EnFloat(v);
-    if (plan.points.size() == debut || plan.points.back() != p) plan.points.push_back(p);
+    if (assembles.points.size() == debut || assembles.points.back() != p) assembles.points.push_back(p);
   }
-  if (plan.points.size() - debut < 2) {
-    plan.points.resize(debut);
+  if (assembles.points.size() - debut < 2) {
+    assembles.points.resize(debut);
     return false;
   }
   Nature nature = Nature::Ouvert;
@@ -94,64 +94,64 @@ bool AjouteChemin(const Trait& t, double tolerance, Plan& plan) {
     const Vec2 a = t.points.front();
     const Vec2 b = t.points.back();
     // A closing point that was given, but not to the last digit, is moved; otherwise it is added.
-    if (plan.points.size() - debut > 3 && std::hypot(a.x - b.x, a.y - b.y) <= tolerance) {
-      plan.points.back() = plan.points[debut];
-      while (plan.points.back() == plan.points[plan.points.size() - 2]) plan.points.pop_back();
+    if (assembles.points.size() - debut > 3 && std::hypot(a.x - b.x, a.y - b.y) <= tolerance) {
+      assembles.points.back() = assembles.points[debut];
+      while (assembles.points.back() == assembles.points[assembles.points.size() - 2]) assembles.points.pop_back();
     }
-    if (plan.points.back() != plan.points[debut]) {
-      const PointF premier = plan.points[debut];
-      plan.points.push_back(premier);
+    if (assembles.points.back() != assembles.points[debut]) {
+      const PointF premier = assembles.points[debut];
+      assembles.points.push_back(premier);
     }
-  } else if (plan.points.back() == plan.points[debut]) {
+  } else if (assembles.points.back() == assembles.points[debut]) {
     nature = Nature::Ferme;
   }
-  plan.chemins.push_back({debut, plan.points.size() - debut, nature});
+  assembles.chemins.push_back({debut, assembles.points.size() - debut, nature});
   return true;
 }
 
 // Paths without marks that were dropped; `bouts` keeps in step.
-void Retire(Plan& plan, const std::vector<char>& garde, std::vector<Bouts>* bouts) {
+void Retire(CheminsAssembles& assembles, const std::vector<char>& garde, std::vector<Bouts>* bouts) {
   std::size_t k = 0;
-  for (std::size_t i = 0; i < plan.chemins.size(); ++i) {
+  for (std::size_t i = 0; i < assembles.chemins.size(); ++i) {
     if (garde[i] == 0) continue;
-    plan.chemins[k] = plan.chemins[i];
+    assembles.chemins[k] = assembles.chemins[i];
     if (bouts != nullptr) (*bouts)[k] = (*bouts)[i];
     ++k;
   }
-  plan.chemins.resize(k);
+  assembles.chemins.resize(k);
   if (bouts != nullptr) bouts->resize(k);
 }
 
-void RetireDoublons(Lecture& lecture, Plan& plan, double ecart, std::vector<Bouts>* bouts) {
+void RetireDoublons(Lecture& lecture, CheminsAssembles& assembles, double ecart, std::vector<Bouts>* bouts) {
   std::vector<char> garde;
-  long doublons = MarqueDoublons(plan, garde);
-  doublons += MarqueJumeaux(plan, ecart, garde);
+  long doublons = MarqueDoublons(assembles, garde);
+  doublons += MarqueJumeaux(assembles, ecart, garde);
   if (doublons == 0) return;
   lecture.Ignore(kDoublon, doublons);
-  Retire(plan, garde, bouts);
+  Retire(assembles, garde, bouts);
 }
 
-void RetireNuls(Lecture& lecture, Plan& plan) {
-  std::vector<char> garde(plan.chemins.size(), 1);
+void RetireNuls(Lecture& lecture, CheminsAssembles& assembles) {
+  std::vector<char> garde(assembles.chemins.size(), 1);
   long nuls = 0;
-  for (std::size_t i = 0; i < plan.chemins.size(); ++i) {
-    if (plan.chemins[i].nb > 1) continue;
+  for (std::size_t i = 0; i < assembles.chemins.size(); ++i) {
+    if (assembles.chemins[i].nb > 1) continue;
     garde[i] = 0;
     ++nuls;
   }
   if (nuls == 0) return;
   lecture.Ignore(kNul, nuls);
-  Retire(plan, garde, nullptr);
+  Retire(assembles, garde, nullptr);
 }
 
-Plan FaitPlan(Lecture& lecture, const OptionsLecture& options) {
-  Plan plan;
+CheminsAssembles FaitChemins(Lecture& lecture, const OptionsLecture& options) {
+  CheminsAssembles assembles;
   std::vector<Bouts> bouts;
   long nuls = 0;
   const double tolerance = lecture.souder ? options.ToleranceSoudure : 0;
   for (Trait& t : lecture.traits) {
     if (t.points.empty()) continue;
-    if (AjouteChemin(t, tolerance, plan)) {
+    if (AjouteChemin(t, tolerance, assembles)) {
       bouts.push_back({t.points.front(), t.points.back()});
     } else {
       ++nuls;
@@ -161,13 +161,13 @@ Plan FaitPlan(Lecture& lecture, const OptionsLecture& options) {
   std::vector<Trait>().swap(lecture.traits);
   if (nuls > 0) lecture.Ignore(kNul, nuls);
   const double ecart = lecture.mesure ? std::min(options.ToleranceSoudure, kEcartDoublons) : 0;
-  RetireDoublons(lecture, plan, ecart, &bouts);
+  RetireDoublons(lecture, assembles, ecart, &bouts);
   if (lecture.souder) {
-    plan = Soude(plan, bouts, tolerance);
-    RetireNuls(lecture, plan);
-    RetireDoublons(lecture, plan, ecart, nullptr);
+    assembles = Soude(assembles, bouts, tolerance);
+    RetireNuls(lecture, assembles);
+    RetireDoublons(lecture, assembles, ecart, nullptr);
   }
-  return plan;
+  return assembles;
 }
 
 // Depth of each path in the forest of contours; the outermost are at 0.
@@ -188,17 +188,17 @@ std::vector<std::size_t> Profondeurs(std::span<const std::size_t> parents) {
 }
 
 std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points) {
-  const Plan plan = FaitPlan(lecture, options);
-  if (TropDeChemins(lecture, plan.chemins.size())) return static_cast<std::int32_t>(lecture.rapport.Numero);
+  const CheminsAssembles assembles = FaitChemins(lecture, options);
+  if (TropDeChemins(lecture, assembles.chemins.size())) return static_cast<std::int32_t>(lecture.rapport.Numero);
   const double marge = options.ToleranceSoudure > 0 ? options.ToleranceSoudure : 0;
-  const std::vector<std::size_t> parents = Parents(plan, marge);
+  const std::vector<std::size_t> parents = Parents(assembles, marge);
   const std::vector<std::size_t> profondeur = Profondeurs(parents);
-  points.reserve(plan.points.size());
+  points.reserve(assembles.points.size());
   std::size_t rang = 0;
   for (const std::size_t i : OrdreDeCoupe(parents)) {
-    const auto chemin = plan.De(i);
+    const auto chemin = assembles.De(i);
     bool retourne = false;
-    if (plan.chemins[i].nature == Nature::Ferme) {
+    if (assembles.chemins[i].nature == Nature::Ferme) {
       const double aire = DoubleAire(chemin);
       const bool voulue = profondeur[i] % 2 == 1;  // counter-clockwise
       retourne = aire != 0 && (aire > 0) != voulue;

@@ -19,9 +19,9 @@ constexpr Bout Oppose(Bout e) { return e ^ 1U; }
 // Who is joined with whom, and which free end belongs to which other one.
 class Chaines {
  public:
-  Chaines(const Plan& plan, std::span<const Bouts> bouts, double tolerance)
-      : plan_(plan), bouts_(bouts), tolerance_(tolerance) {
-    const std::size_t n = plan.chemins.size();
+  Chaines(const CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance)
+      : assembles_(assembles), bouts_(bouts), tolerance_(tolerance) {
+    const std::size_t n = assembles.chemins.size();
     lien.assign(2 * n, kLibre);
     autre_.resize(2 * n);
     longueur_.assign(2 * n, 0);
@@ -30,8 +30,8 @@ class Chaines {
       const auto e = static_cast<Bout>(2 * i);
       autre_[e] = e + 1;
       autre_[e + 1] = e;
-      if (plan.chemins[i].nature != Nature::Ouvert) continue;
-      const auto pts = plan.De(i);
+      if (assembles.chemins[i].nature != Nature::Ouvert) continue;
+      const auto pts = assembles.De(i);
       for (std::size_t k = 1; k < pts.size(); ++k) longueur_[e] += Ecart(pts[k - 1], pts[k]);
       longueur_[e + 1] = longueur_[e];
       segments_[e] = segments_[e + 1] = static_cast<std::uint32_t>(pts.size() - 1);
@@ -41,13 +41,13 @@ class Chaines {
   std::vector<Bout> lien;  // partner of each end, kLibre when free
 
   [[nodiscard]] PointF Place(Bout e) const {
-    const auto pts = plan_.De(e / 2);
+    const auto pts = assembles_.De(e / 2);
     return (e & 1U) != 0 ? pts.back() : pts.front();
   }
   [[nodiscard]] Vec2 PlaceFine(Bout e) const { return (e & 1U) != 0 ? bouts_[e / 2].fin : bouts_[e / 2].debut; }
   // Unit vector from the end into its path.
   [[nodiscard]] Vec2 Direction(Bout e) const {
-    const auto pts = plan_.De(e / 2);
+    const auto pts = assembles_.De(e / 2);
     const PointF a = (e & 1U) != 0 ? pts[pts.size() - 1] : pts[0];
     const PointF b = (e & 1U) != 0 ? pts[pts.size() - 2] : pts[1];
     const double dx = static_cast<double>(b.x) - static_cast<double>(a.x);
@@ -88,7 +88,7 @@ class Chaines {
                       static_cast<double>(b.y) - static_cast<double>(a.y));
   }
 
-  const Plan& plan_;
+  const CheminsAssembles& assembles_;
   std::span<const Bouts> bouts_;
   double tolerance_;
   std::vector<Bout> autre_;              // for a free end: the other free end of its chain
@@ -100,6 +100,6 @@ class Chaines {
 void RelieNoeud(Chaines& chaines, std::span<const Bout> bouts);
 
 // Joins free ends that lie within `tolerance` (mm) of each other, the nearest first.
-void RelieBoutsProches(const Plan& plan, Chaines& chaines, double tolerance);
+void RelieBoutsProches(const CheminsAssembles& assembles, Chaines& chaines, double tolerance);
 
 }  // namespace pathwerk::assemblage

@@ -76,12 +76,12 @@ std::vector<PointF> FormeUnique(std::span<const PointF> points, Nature nature) {
 }  // namespace
 
 // Paths meet by a hash that neither direction nor start changes; only those that meet are compared point by point.
-long MarqueDoublons(const Plan& plan, std::vector<char>& garde) {
-  const std::size_t n = plan.chemins.size();
+long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde) {
+  const std::size_t n = assembles.chemins.size();
   garde.assign(n, 1);
   std::vector<EntreeTri> cles(n);
   for (std::size_t i = 0; i < n; ++i) {
-    cles[i] = {Empreinte(plan.De(i), plan.chemins[i].nature), static_cast<std::uint32_t>(i)};
+    cles[i] = {Empreinte(assembles.De(i), assembles.chemins[i].nature), static_cast<std::uint32_t>(i)};
   }
   TrieParCle(cles);
   long doublons = 0;
@@ -92,7 +92,7 @@ long MarqueDoublons(const Plan& plan, std::vector<char>& garde) {
       std::vector<std::vector<PointF>> formes;
       for (std::size_t k = a; k < b; ++k) {
         const std::size_t i = cles[k].rang;
-        auto forme = FormeUnique(plan.De(i), plan.chemins[i].nature);
+        auto forme = FormeUnique(assembles.De(i), assembles.chemins[i].nature);
         if (std::find(formes.begin(), formes.end(), forme) == formes.end()) {
           formes.push_back(std::move(forme));
         } else {

@@ -19,16 +19,16 @@ struct PointF {
   constexpr bool operator==(const PointF&) const = default;
 };
 
-// One path: a run of `Plan::points`. No two neighbouring points are equal but those of a hole.
-struct Chemin {
+// One path: a run of `CheminsAssembles::points`. No two neighbouring points are equal but those of a hole.
+struct CheminAssemble {
   std::size_t debut = 0;
   std::size_t nb = 0;
   Nature nature = Nature::Ouvert;  // Ferme: the last point equals the first; Percage: one point given twice
 };
 
-struct Plan {
+struct CheminsAssembles {
   std::vector<PointF> points;
-  std::vector<Chemin> chemins;
+  std::vector<CheminAssemble> chemins;
   [[nodiscard]] std::span<const PointF> De(std::size_t i) const {
     return std::span(points).subspan(chemins[i].debut, chemins[i].nb);
   }
@@ -42,22 +42,22 @@ struct Bouts {
 
 // Marks every path that repeats an earlier one: the same points forwards or backwards, a closed one from any start.
 // Returns the number of them; `garde[i]` is 0 for those.
-long MarqueDoublons(const Plan& plan, std::vector<char>& garde);
+long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde);
 
 // Marks likewise, in a `garde` that is filled, every path that lies over its whole length within `ecart` mm of an
 // earlier path of its nature, and that earlier one within `ecart` of the path. Crumbs of no more than four times
 // that size are left alone, but for holes: the pieces of a finely cut line lie as near to each other as its doubles
 // do.
-long MarqueJumeaux(const Plan& plan, double ecart, std::vector<char>& garde);
+long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<char>& garde);
 
-// Joins the open paths at their ends. `bouts` belongs to `plan.chemins`, same order. `tolerance` in mm; 0 joins
-// equal points alone. Returns the plan with the joined paths in the place of their first piece.
-Plan Soude(const Plan& plan, std::span<const Bouts> bouts, double tolerance);
+// Joins the open paths at their ends. `bouts` belongs to `assembles.chemins`, same order. `tolerance` in mm; 0
+// joins equal points alone. Returns the assembles with the joined paths in the place of their first piece.
+CheminsAssembles Soude(const CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance);
 
 // For each path the index of the smallest contour around it, or `kSansParent`. `marge` in mm: a path that sticks
 // out of a contour by less is still inside.
 inline constexpr std::size_t kSansParent = static_cast<std::size_t>(-1);
-std::vector<std::size_t> Parents(const Plan& plan, double marge);
+std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge);
 
 // Indices of all paths, each contour behind everything that it contains, otherwise in the given order.
 std::vector<std::size_t> OrdreDeCoupe(std::span<const std::size_t> parents);

@@ -219,26 +219,26 @@ class Boites {
 // Method: a path meets the earlier ones whose boxes have the same four sides; of two such paths every edge of each
 // must be covered by what lies near the edges of the other. A pair that would take more than some looks for each
 // edge, which only scribbles do, stays two paths.
-long MarqueJumeaux(const Plan& plan, double ecart, std::vector<char>& garde) {
+long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<char>& garde) {
   if (!(ecart > 1e-12) || !std::isfinite(ecart)) return 0;
   const double r = ecart * (1 + 1e-9);
   constexpr std::size_t kRegards = 64;
-  std::vector<std::unique_ptr<Aretes>> arbres(plan.chemins.size());
+  std::vector<std::unique_ptr<Aretes>> arbres(assembles.chemins.size());
   const auto arbre = [&](std::size_t i) -> const Aretes& {
-    if (!arbres[i]) arbres[i] = std::make_unique<Aretes>(plan.De(i));
+    if (!arbres[i]) arbres[i] = std::make_unique<Aretes>(assembles.De(i));
     return *arbres[i];
   };
   Boites boites(r);
   long jumeaux = 0;
-  for (std::size_t i = 0; i < plan.chemins.size(); ++i) {
+  for (std::size_t i = 0; i < assembles.chemins.size(); ++i) {
     if (garde[i] == 0) continue;
-    const Boite b = BoiteDe(plan.De(i));
-    const Nature nature = plan.chemins[i].nature;
+    const Boite b = BoiteDe(assembles.De(i));
+    const Nature nature = assembles.chemins[i].nature;
     if (nature != Nature::Percage && std::hypot(b.x1 - b.x0, b.y1 - b.y0) <= 4 * ecart) continue;
     const auto jumeau = [&](std::uint32_t k) {
-      if (plan.chemins[k].nature != nature) return false;
-      std::size_t travail = kRegards * (plan.chemins[i].nb + plan.chemins[k].nb);
-      return arbre(k).Longe(plan.De(i), r, travail) && arbre(i).Longe(plan.De(k), r, travail);
+      if (assembles.chemins[k].nature != nature) return false;
+      std::size_t travail = kRegards * (assembles.chemins[i].nb + assembles.chemins[k].nb);
+      return arbre(k).Longe(assembles.De(i), r, travail) && arbre(i).Longe(assembles.De(k), r, travail);
     };
     if (boites.Cherche(b, jumeau)) {
       garde[i] = 0;

@@ -137,15 +137,15 @@ double DoubleAire(std::span<const PointF> contour) {
 // Contours are sorted by area; the first one behind a path whose box holds the path's box and that holds most of
 // its witnesses is its parent. There are no more contours than codes, so the look through their boxes stays short;
 // points are looked at through the tree of one contour at a time.
-std::vector<std::size_t> Parents(const Plan& plan, double marge) {
-  const std::size_t n = plan.chemins.size();
+std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge) {
+  const std::size_t n = assembles.chemins.size();
   std::vector<Boite> boites(n);
   std::vector<double> aires(n, 0);
   std::vector<Contour> contours;
   for (std::size_t i = 0; i < n; ++i) {
-    boites[i] = BoiteDe(plan.De(i));
-    if (plan.chemins[i].nature != Nature::Ferme) continue;
-    aires[i] = std::fabs(DoubleAire(plan.De(i)));
+    boites[i] = BoiteDe(assembles.De(i));
+    if (assembles.chemins[i].nature != Nature::Ferme) continue;
+    aires[i] = std::fabs(DoubleAire(assembles.De(i)));
     contours.push_back({i, aires[i], boites[i]});
   }
   std::sort(contours.begin(), contours.end(), [](const Contour& a, const Contour& b) {
@@ -160,15 +160,15 @@ std::vector<std::size_t> Parents(const Plan& plan, double marge) {
     const Boite dedans{b.x0 + jeu, b.y0 + jeu, b.x1 - jeu, b.y1 - jeu};
     temoins.clear();
     // Two contours of the same area lie beside each other, or are one contour drawn with other points.
-    const double seuil = plan.chemins[i].nature == Nature::Ferme ? aires[i] * (1 + 1e-7) : -1;
+    const double seuil = assembles.chemins[i].nature == Nature::Ferme ? aires[i] * (1 + 1e-7) : -1;
     auto it = std::upper_bound(contours.begin(), contours.end(), seuil,
                                [](double a, const Contour& c) { return a < c.aire; });
     for (; it != contours.end(); ++it) {
       const Boite& c = it->boite;
       if (c.x0 > dedans.x0 || c.x1 < dedans.x1 || c.y0 > dedans.y0 || c.y1 < dedans.y1) continue;
-      if (temoins.empty()) temoins = Temoins(plan.De(i), plan.chemins[i].nature, b);
+      if (temoins.empty()) temoins = Temoins(assembles.De(i), assembles.chemins[i].nature, b);
       auto& arbre = arbres[static_cast<std::size_t>(it - contours.begin())];
-      if (!arbre) arbre = std::make_unique<Interieur>(plan.De(it->chemin));
+      if (!arbre) arbre = std::make_unique<Interieur>(assembles.De(it->chemin));
       const auto dans = std::count_if(temoins.begin(), temoins.end(), [&](Vec2 p) { return arbre->Contient(p); });
       if (2 * dans > static_cast<std::ptrdiff_t>(temoins.size())) {
         parents[i] = it->chemin;

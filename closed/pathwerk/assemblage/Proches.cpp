@@ -212,10 +212,10 @@ void RelieNoeud(Chaines& chaines, std::span<const Bout> bouts) {
 // Where ends lie thick (a drawing smaller than the tolerance was meant for), listing all pairs would be quadratic.
 // There the reach grows by doubling from a thousandth of the tolerance: what lies together in a cell has been
 // joined one round before, so no cell ever holds more than a few free ends.
-void RelieBoutsProches(const Plan& plan, Chaines& chaines, double tolerance) {
+void RelieBoutsProches(const CheminsAssembles& assembles, Chaines& chaines, double tolerance) {
   std::vector<Bout> libres;
-  for (std::size_t i = 0; i < plan.chemins.size(); ++i) {
-    if (plan.chemins[i].nature != Nature::Ouvert) continue;
+  for (std::size_t i = 0; i < assembles.chemins.size(); ++i) {
+    if (assembles.chemins[i].nature != Nature::Ouvert) continue;
     libres.push_back(static_cast<Bout>(2 * i));
     libres.push_back(static_cast<Bout>(2 * i + 1));
   }

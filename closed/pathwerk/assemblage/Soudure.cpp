@@ -14,11 +14,11 @@ namespace {
 constexpr std::uint32_t kSansNoeud = std::numeric_limits<std::uint32_t>::max();
 
 // Ends at exactly the same place. Returns the number of the node of each end.
-std::vector<std::uint32_t> RelieBoutsEgaux(const Plan& plan, Chaines& chaines) {
-  const std::size_t n = plan.chemins.size();
+std::vector<std::uint32_t> RelieBoutsEgaux(const CheminsAssembles& assembles, Chaines& chaines) {
+  const std::size_t n = assembles.chemins.size();
   std::vector<EntreeTri> entrees;
   for (std::size_t i = 0; i < n; ++i) {
-    if (plan.chemins[i].nature != Nature::Ouvert) continue;
+    if (assembles.chemins[i].nature != Nature::Ouvert) continue;
     for (const auto e : {static_cast<Bout>(2 * i), static_cast<Bout>(2 * i + 1)}) {
       const PointF p = chaines.Place(e);
       entrees.push_back(
@@ -49,19 +49,19 @@ std::vector<std::uint32_t> RelieBoutsEgaux(const Plan& plan, Chaines& chaines) {
 // Walks the joined paths and writes them out.
 class Marche {
  public:
-  Marche(const Plan& plan, const Chaines& chaines, const std::vector<std::uint32_t>& noeud)
-      : plan_(plan),
+  Marche(const CheminsAssembles& assembles, const Chaines& chaines, const std::vector<std::uint32_t>& noeud)
+      : assembles_(assembles),
         chaines_(chaines),
         noeud_(noeud),
-        pris_(plan.chemins.size(), 0),
-        position_(2 * plan.chemins.size(), 0) {}
+        pris_(assembles.chemins.size(), 0),
+        position_(2 * assembles.chemins.size(), 0) {}
 
-  Plan Deroule() {
+  CheminsAssembles Deroule() {
     std::vector<Bout> suite;
-    for (std::size_t i = 0; i < plan_.chemins.size(); ++i) {
+    for (std::size_t i = 0; i < assembles_.chemins.size(); ++i) {
       if (pris_[i] != 0) continue;
-      if (plan_.chemins[i].nature != Nature::Ouvert) {
-        pieces_.push_back({i, {}, plan_.chemins[i].nature});
+      if (assembles_.chemins[i].nature != Nature::Ouvert) {
+        pieces_.push_back({i, {}, assembles_.chemins[i].nature});
         continue;
       }
       suite.clear();
@@ -74,8 +74,8 @@ class Marche {
       }
     }
     std::sort(pieces_.begin(), pieces_.end(), [](const Piece& a, const Piece& b) { return a.rang < b.rang; });
-    Plan sortie;
-    sortie.points.reserve(plan_.points.size());
+    CheminsAssembles sortie;
+    sortie.points.reserve(assembles_.points.size());
     sortie.chemins.reserve(pieces_.size());
     for (const Piece& piece : pieces_) Ecrit(piece, sortie);
     return sortie;
@@ -143,15 +143,15 @@ class Marche {
     pieces_.push_back({rang, std::move(suite), Nature::Ferme});
   }
 
-  void Ecrit(const Piece& piece, Plan& sortie) const {
+  void Ecrit(const Piece& piece, CheminsAssembles& sortie) const {
     const std::size_t debut = sortie.points.size();
     Nature nature = piece.nature;
     if (piece.suite.empty()) {
-      const auto pts = plan_.De(piece.rang);
+      const auto pts = assembles_.De(piece.rang);
       sortie.points.insert(sortie.points.end(), pts.begin(), pts.end());
     }
     for (const Bout e : piece.suite) {
-      const auto pts = plan_.De(e / 2);
+      const auto pts = assembles_.De(e / 2);
       const std::size_t n = pts.size();
       // The joint is the end of the path before it.
       for (std::size_t k = e == piece.suite.front() ? 0 : 1; k < n; ++k) {
@@ -169,7 +169,7 @@ class Marche {
     sortie.chemins.push_back({debut, sortie.points.size() - debut, nature});
   }
 
-  const Plan& plan_;
+  const CheminsAssembles& assembles_;
   const Chaines& chaines_;
   const std::vector<std::uint32_t>& noeud_;
   std::vector<char> pris_;
@@ -181,11 +181,11 @@ class Marche {
 
 // Method: ends at the same float pair first, then ends within the tolerance from near to far. Where many meet in
 // one point the straightest continuations are joined first. Each path is used once and none is lost.
-Plan Soude(const Plan& plan, std::span<const Bouts> bouts, double tolerance) {
-  Chaines chaines(plan, bouts, tolerance > 0 ? tolerance : 0);
-  const std::vector<std::uint32_t> noeud = RelieBoutsEgaux(plan, chaines);
-  if (tolerance > 1e-12 && std::isfinite(tolerance)) RelieBoutsProches(plan, chaines, tolerance);
-  return Marche(plan, chaines, noeud).Deroule();
+CheminsAssembles Soude(const CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance) {
+  Chaines chaines(assembles, bouts, tolerance > 0 ? tolerance : 0);
+  const std::vector<std::uint32_t> noeud = RelieBoutsEgaux(assembles, chaines);
+  if (tolerance > 1e-12 && std::isfinite(tolerance)) RelieBoutsProches(assembles, chaines, tolerance);
+  return Marche(assembles, chaines, noeud).Deroule();
 }
 
 }  // namespace pathwerk::assemblage

@@ -68,7 +68,7 @@ double ArcTailleur::Mesure(Vec2 u) const {
   return x < 0 ? 2 - y / s : 3 + x / s;
 }
 
-Vec2 ArcTailleur::Milieu(const Bord& b0, const Bord& b1) const {
+Vec2 ArcTailleur::Milieu(const LimiteLibre& b0, const LimiteLibre& b1) const {
   if (!arc_) return origine_ + u_ * ((b0.t + b1.t) / 2);
   const Vec2 s = b0.u + b1.u;
   const double n = Norme(s);
@@ -98,8 +98,8 @@ bool ArcTailleur::TailleArc(std::size_t i, Vec2 u0, Vec2 u1) {
 }
 
 void ArcTailleur::Cadre() {
-  const Bord& b0 = reste_.front().de;
-  const Bord& b1 = reste_.back().a;
+  const LimiteLibre& b0 = reste_.front().de;
+  const LimiteLibre& b1 = reste_.back().a;
   milieu_ = Milieu(b0, b1);
   demi_ = std::max(Norme(Place(b0) - milieu_), Norme(Place(b1) - milieu_)) + 1e-12;
 }
@@ -196,15 +196,15 @@ bool ArcTailleur::Taille() {
                         [this](std::size_t feuille) { return EssaieFeuille(feuille); });
 }
 
-void ArcTailleur::Retire(const Bord& b0, const Bord& b1, std::size_t j, bool toujours) {
+void ArcTailleur::Retire(const LimiteLibre& b0, const LimiteLibre& b1, std::size_t j, bool toujours) {
   bool touche = false;
   for (const Intervalle& v : reste_) touche |= b0.t < v.a.t && b1.t > v.de.t;
   if (!touche) return;
   const double limite = r_ - bruit_;
   autre_.clear();
   for (const Intervalle& v : reste_) {
-    const Bord& e = b0.t > v.de.t ? b0 : v.de;
-    const Bord& f = b1.t < v.a.t ? b1 : v.a;
+    const LimiteLibre& e = b0.t > v.de.t ? b0 : v.de;
+    const LimiteLibre& f = b1.t < v.a.t ? b1 : v.a;
     if (e.t >= f.t || (!toujours && source_.Distance2(j, Milieu(e, f)) >= limite * limite)) {
       autre_.push_back(v);
       continue;
@@ -291,7 +291,7 @@ void ArcTailleur::RetireDArc(std::size_t j) {
     if (j < i_ && foot <= 10 * bruit_) RetireEgalArc(j);
     if (reste_.empty()) return;
     if (foot > 10 * bruit_ && foot < l - 10 * bruit_) {
-      Retire(Bord{-1, u_, cause}, Bord{5, u_, cause}, j, true);
+      Retire(LimiteLibre{-1, u_, cause}, LimiteLibre{5, u_, cause}, j, true);
       return;
     }
     const Vec2 g = Gauche(v);
@@ -317,14 +317,14 @@ void ArcTailleur::RetireDArc(std::size_t j) {
     if (cote < 0) std::swap(entre, sort);
   }
   if (sens_ < 0) std::swap(entre, sort);
-  const Bord e{Mesure(entre), entre, cause};
-  const Bord s{Mesure(sort), sort, cause};
+  const LimiteLibre e{Mesure(entre), entre, cause};
+  const LimiteLibre s{Mesure(sort), sort, cause};
   if (e.t <= s.t) {
     Retire(e, s, j, false);
     return;
   }
-  if (s.t > 0) Retire(Bord{-1, u_, cause}, s, j, false);
-  if (!reste_.empty() && e.t < fin_) Retire(e, Bord{5, u_, cause}, j, false);
+  if (s.t > 0) Retire(LimiteLibre{-1, u_, cause}, s, j, false);
+  if (!reste_.empty() && e.t < fin_) Retire(e, LimiteLibre{5, u_, cause}, j, false);
 }
 
 // The arc around the start of segment j, where that has one and shares this centre.
@@ -339,14 +339,14 @@ void ArcTailleur::RetireEgalArc(std::size_t j) {
   const Vec2 e = Gauche(u) * cote;
   const Vec2 s = Gauche(v) * cote;
   const auto cause = static_cast<std::uint32_t>(j);
-  const Bord be{Mesure(e), e, cause};
-  const Bord bs{Mesure(s), s, cause};
+  const LimiteLibre be{Mesure(e), e, cause};
+  const LimiteLibre bs{Mesure(s), s, cause};
   if (be.t <= bs.t) {
     Retire(be, bs, j, true);
     return;
   }
-  if (bs.t > 0) Retire(Bord{-1, u_, cause}, bs, j, true);
-  if (!reste_.empty() && be.t < fin_) Retire(be, Bord{5, u_, cause}, j, true);
+  if (bs.t > 0) Retire(LimiteLibre{-1, u_, cause}, bs, j, true);
+  if (!reste_.empty() && be.t < fin_) Retire(be, LimiteLibre{5, u_, cause}, j, true);
 }
 
 }  // namespace pathwerk::decalage

@@ -14,14 +14,14 @@ inline constexpr std::uint32_t kNaturel = std::numeric_limits<std::uint32_t>::ma
 // A place on a raw piece: `t` mm along a segment; for an arc a measure that grows with the angle (0 to 4 for a full
 // turn), and `u`, the unit vector from the centre. `cause`: the source segment that ends the free stretch there, or
 // kNaturel at the piece's own end.
-struct Bord {
+struct LimiteLibre {
   double t = 0;
   Vec2 u;
   std::uint32_t cause = kNaturel;
 };
 struct Intervalle {
-  Bord de;
-  Bord a;
+  LimiteLibre de;
+  LimiteLibre a;
 };
 
 // Takes one raw piece after the other: first Segment() or Arc(), then Reste().
@@ -36,7 +36,7 @@ class ArcTailleur {
   bool TailleArc(std::size_t i, Vec2 u0, Vec2 u1);
   // Free stretches of the last piece, in its direction.
   [[nodiscard]] const std::vector<Intervalle>& Reste() const { return reste_; }
-  [[nodiscard]] Vec2 Place(const Bord& b) const { return arc_ ? origine_ + b.u * r_ : origine_ + u_ * b.t; }
+  [[nodiscard]] Vec2 Place(const LimiteLibre& b) const { return arc_ ? origine_ + b.u * r_ : origine_ + u_ * b.t; }
 
  private:
   bool Taille();
@@ -47,12 +47,12 @@ class ArcTailleur {
   void RetireEgalSegment(std::size_t j, Vec2 v, double l);
   void RetireEgalArc(std::size_t j);
   // Takes [t0, t1] away where that is deeper than the noise in the source segment j, or in any case.
-  void Retire(const Bord& b0, const Bord& b1, std::size_t j, bool toujours);
+  void Retire(const LimiteLibre& b0, const LimiteLibre& b1, std::size_t j, bool toujours);
   void Cadre();
   void ChercheBloc();
   [[nodiscard]] bool TropLoin(std::size_t noeud) const;
   [[nodiscard]] double Mesure(Vec2 u) const;
-  [[nodiscard]] Vec2 Milieu(const Bord& b0, const Bord& b1) const;
+  [[nodiscard]] Vec2 Milieu(const LimiteLibre& b0, const LimiteLibre& b1) const;
 
   const ArcSource& source_;
   double d_;

@@ -59,7 +59,7 @@ struct Insertion {
 std::vector<Insertion> PlaceMarques(const std::vector<Piece>& pieces, const Source& source, const Report& report) {
   const std::vector<LieuDePiece> lieux = report.Marques(pieces);
   std::vector<Insertion> r;
-  for (std::size_t i = 0; i < lieux.size(); ++i) r.push_back({lieux[i], source.reperes[i].cde});
+  for (std::size_t i = 0; i < lieux.size(); ++i) r.push_back({lieux[i], source.suivis[i].cde});
   std::stable_sort(r.begin(), r.end(), [](const Insertion& x, const Insertion& y) {
     const LieuDePiece& a = x.lieu;
     const LieuDePiece& b = y.lieu;
@@ -146,7 +146,7 @@ std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, doubl
   if (s.ferme) s.chemin.pop_back();
   for (const auto& [rang, cde] : marques) {
     const std::size_t i = rang % s.chemin.size();
-    s.reperes.push_back({i, s.chemin[i], NormaleEn(s.chemin, s.ferme, i), cde});
+    s.suivis.push_back({i, s.chemin[i], NormaleEn(s.chemin, s.ferme, i), cde});
   }
   s.depart = {0, s.chemin[0], NormaleEn(s.chemin, s.ferme, 0), CodePD};
   return s;

@@ -12,7 +12,7 @@
 namespace pathwerk::decalage {
 
 // A point of the source that is to come out on the result.
-struct Repere {
+struct PointSuivi {
   std::size_t rang = 0;  // its place in the path
   Vec2 lieu;
   Vec2 normale;  // unit vector to the left of the path; halfway between both segments in a corner
@@ -23,9 +23,9 @@ struct Repere {
 struct Source {
   Chemin chemin;  // a closed path doesn't repeat its first point
   bool ferme = false;
-  Vec2 centre;                  // add it to come back to the drawing, mm
-  Repere depart;                // first point
-  std::vector<Repere> reperes;  // marks
+  Vec2 centre;                     // add it to come back to the drawing, mm
+  PointSuivi depart;               // first point
+  std::vector<PointSuivi> suivis;  // marks
 };
 
 // Thinned to `tolerance` mm. None: a coordinate is not finite or beyond 1e8 mm, or there is no extent at all.

@@ -48,7 +48,7 @@ bool SaitDOuElleVient(const Piece& piece) { return piece.origines.size() >= NbAr
 // The place nearest to the image on either side, its own first, if it is as near to the source as anything (all of
 // a rounded corner is), else the nearest place.
 template <class Proche>
-Lieu Repond(const Repere& r, double distance, double tolerance, Proche proche) {
+Lieu Repond(const PointSuivi& r, double distance, double tolerance, Proche proche) {
   Lieu meilleur = proche(r.lieu);
   const double limite = std::sqrt(meilleur.distance2) + tolerance;
   double ecart = kInf;
@@ -64,7 +64,7 @@ Lieu Repond(const Repere& r, double distance, double tolerance, Proche proche) {
 
 // An image that lies on the pieces, wherever they come from.
 template <class Proche>
-std::optional<Lieu> SurImage(const Repere& r, double distance, double tolerance, Proche proche) {
+std::optional<Lieu> SurImage(const PointSuivi& r, double distance, double tolerance, Proche proche) {
   for (const double cote : {1.0, -1.0}) {
     const Lieu l = proche(r.lieu + r.normale * (cote * distance));
     if (l.distance2 <= tolerance * tolerance) return l;
@@ -133,7 +133,7 @@ double Report::Ecart(double a, double b) const {
 }
 
 // Squared distance of an edge to the nearer image, and the place there.
-double Report::AuxImages(const Repere& r, const Piece& piece, std::size_t arete, LieuDePiece& lieu) const {
+double Report::AuxImages(const PointSuivi& r, const Piece& piece, std::size_t arete, LieuDePiece& lieu) const {
   double meilleur = kInf;
   for (const double cote : {1.0, -1.0}) {
     const Lieu l = LieuSurSegment(AreteDe(piece, arete), r.lieu + r.normale * (cote * distance_));
@@ -161,7 +161,7 @@ LieuDePiece Report::Bout(const Piece& piece, std::size_t arete, double s, bool s
 }
 
 LieuDePiece Report::Depart(const Piece& piece) const {
-  const Repere& depart = source_.depart;
+  const PointSuivi& depart = source_.depart;
   const auto proche = [&piece](Vec2 p) { return ProcheSur(piece, p); };
   const auto enPiece = [](const Lieu& l) { return LieuDePiece{0, l.segment, l.t, l.point}; };
   if (!SaitDOuElleVient(piece)) return enPiece(Repond(depart, distance_, tolerance_, proche));
@@ -236,7 +236,7 @@ class Report::Index {
   [[nodiscard]] bool Vide() const { return etendues_.empty(); }
 
   // The image of the mark on edges that run beside its place.
-  [[nodiscard]] std::optional<LieuDePiece> Image(const Repere& r) const {
+  [[nodiscard]] std::optional<LieuDePiece> Image(const PointSuivi& r) const {
     std::optional<LieuDePiece> lieu;
     double meilleur = kInf;
     const double seuil = report_.tolerance_ / 10;
@@ -256,7 +256,7 @@ class Report::Index {
     return lieu;
   }
   // The nearest place along the source.
-  [[nodiscard]] LieuDePiece LeLong(const Repere& r) const {
+  [[nodiscard]] LieuDePiece LeLong(const PointSuivi& r) const {
     LieuDePiece lieu;
     double meilleur = kInf;
     ParTours(r, [&](double s) {
@@ -279,7 +279,7 @@ class Report::Index {
  private:
   // The mark's place along the source, and once around either way.
   template <class F>
-  void ParTours(const Repere& r, F f) const {
+  void ParTours(const PointSuivi& r, F f) const {
     const double s = report_.longueur_[r.rang];
     const double tour = report_.longueur_.back();
     f(s);
@@ -309,14 +309,14 @@ class Report::Index {
 std::vector<LieuDePiece> Report::Marques(std::span<const Piece> pieces) const {
   std::vector<LieuDePiece> lieux;
   const auto prend = [](const Piece& p) { return p.marques && NbAretes(p) > 0; };
-  if (source_.reperes.empty() || std::none_of(pieces.begin(), pieces.end(), prend)) return lieux;
+  if (source_.suivis.empty() || std::none_of(pieces.begin(), pieces.end(), prend)) return lieux;
   const bool connus =
       std::all_of(pieces.begin(), pieces.end(), [&](const Piece& p) { return !prend(p) || SaitDOuElleVient(p); });
   std::optional<Index> index;
   if (connus) index.emplace(*this, pieces);
   Foret foret(pieces);
   const auto proche = [&foret](Vec2 p) { return foret.PlusProche(p); };
-  for (const Repere& marque : source_.reperes) {
+  for (const PointSuivi& marque : source_.suivis) {
     if (!index || index->Vide()) {
       const Lieu l = Repond(marque, distance_, tolerance_, proche);
       lieux.push_back(foret.EnPiece(l));

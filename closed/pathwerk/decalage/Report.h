@@ -34,7 +34,8 @@ class Report {
   [[nodiscard]] double Place(const Origine& o, float part) const;
   [[nodiscard]] double Ecart(double a, double b) const;
   [[nodiscard]] LieuDePiece Bout(const Piece& piece, std::size_t arete, double s, bool suivante) const;
-  [[nodiscard]] double AuxImages(const Repere& r, const Piece& piece, std::size_t arete, LieuDePiece& lieu) const;
+  [[nodiscard]] double AuxImages(const PointSuivi& r, const Piece& piece, std::size_t arete,
+                                 LieuDePiece& lieu) const;
 
   const Source& source_;
   double distance_;

@@ -325,7 +325,7 @@ void ArbreAnneaux::PlaceEnfants(std::size_t parent) {
   for (std::size_t k = 0; k < p.enfants.size(); ++k) {
     const std::size_t e = p.enfants[k];
     Anneau& enfant = anneaux_[e];
-    Attache a{e, 0, 0, ici};
+    Passage a{e, 0, 0, ici};
     Lieu depart = proches[k];
     if (e != principal || !acces_.Libre(depart.point, ici)) {
       const auto lien = LienVers(cherche, enfant, depart);
@@ -339,11 +339,11 @@ void ArbreAnneaux::PlaceEnfants(std::size_t parent) {
       a.arete = n;
     }
     if (!enfant.fixe) CommenceBoucle(enfant.points, depart);
-    p.attaches.push_back(a);
+    p.passages.push_back(a);
   }
   // A ring before the spots beside its start, so that the way into the depth of the pocket is not begun in a spot.
-  const auto tache = [this](const Attache& a) { return anneaux_[a.enfant].points.size() == 1; };
-  std::stable_sort(p.attaches.begin(), p.attaches.end(), [&tache](const Attache& a, const Attache& b) {
+  const auto tache = [this](const Passage& a) { return anneaux_[a.enfant].points.size() == 1; };
+  std::stable_sort(p.passages.begin(), p.passages.end(), [&tache](const Passage& a, const Passage& b) {
     if (a.arete != b.arete) return a.arete < b.arete;
     return a.t != b.t ? a.t < b.t : tache(a) < tache(b);
   });
@@ -355,7 +355,7 @@ void ArbreAnneaux::PlaceDescendance(std::size_t racine) {
     const std::size_t k = pile.back();
     pile.pop_back();
     PlaceEnfants(k);
-    for (const Attache& a : anneaux_[k].attaches) pile.push_back(a.enfant);
+    for (const Passage& a : anneaux_[k].passages) pile.push_back(a.enfant);
   }
 }
 

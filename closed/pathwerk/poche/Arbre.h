@@ -13,7 +13,7 @@ namespace pathwerk::poche {
 inline constexpr std::size_t kAucun = std::numeric_limits<std::size_t>::max();
 
 // A place of a ring from which the cutter goes straight to the start of another one and comes back.
-struct Attache {
+struct Passage {
   std::size_t enfant = kAucun;
   std::size_t arete = 0;  // on the edge that leaves this point; the number of points: at the end of the round
   double t = 0;
@@ -28,7 +28,7 @@ struct Anneau {
   bool fixe = false;   // its start is already known
   bool apres = false;  // milled when its parent is done
   std::vector<std::size_t> enfants;
-  std::vector<Attache> attaches;  // in the order of the round
+  std::vector<Passage> passages;  // in the order of the round
 };
 
 class ArbreAnneaux {

@@ -31,7 +31,7 @@ class Trajet {
   // Room for all rings at once.
   void Reserve() {
     std::size_t points = 0;
-    for (const Anneau& a : anneaux_) points += a.points.size() + 2 * a.attaches.size() + 1;
+    for (const Anneau& a : anneaux_) points += a.points.size() + 2 * a.passages.size() + 1;
     chemin_.reserve(points);
   }
   // A ring and all that hangs on it, from its start back to it. Moves before the first cut are left out.
@@ -42,19 +42,19 @@ class Trajet {
       Tour& tour = pile.back();
       const Anneau& a = anneaux_[tour.anneau];
       const std::size_t n = a.points.size();
-      if (tour.attache < a.attaches.size() && a.attaches[tour.attache].arete == tour.arete) {
-        const Attache& attache = a.attaches[tour.attache];
+      if (tour.passage < a.passages.size() && a.passages[tour.passage].arete == tour.arete) {
+        const Passage& passage = a.passages[tour.passage];
         if (!tour.dehors) {
-          Avance(attache.lieu);
-          const Chemin& enfant = anneaux_[attache.enfant].points;
+          Avance(passage.lieu);
+          const Chemin& enfant = anneaux_[passage.enfant].points;
           if (enfant.size() == 1) Commence(enfant[0]);
           chemin_.push_back(enfant[0]);
           tour.dehors = true;
-          pile.push_back({attache.enfant, 0, 0});
+          pile.push_back({passage.enfant, 0, 0});
         } else {
-          chemin_.push_back(attache.lieu);
+          chemin_.push_back(passage.lieu);
           tour.dehors = false;
-          ++tour.attache;
+          ++tour.passage;
         }
       } else if (tour.arete < n) {
         ++tour.arete;
@@ -71,7 +71,7 @@ class Trajet {
   struct Tour {
     std::size_t anneau;
     std::size_t arete;
-    std::size_t attache;
+    std::size_t passage;
     bool dehors = false;
   };
   // Along a ring.

@@ -214,7 +214,7 @@ TEST(Inclusions, EachRoomOfTheGeometryLibraryUsesOnlyWhatItsTableAllows) {
 }
 
 TEST(Inclusions, ReadersKnowNoOffsetAndTheOffsetNoReaders) {
-  EXPECT_EQ(PieceDe("closed/pathwerk/lecture/dxf/Plan.h"), "lecture/dxf");
+  EXPECT_EQ(PieceDe("closed/pathwerk/lecture/dxf/Sommaire.h"), "lecture/dxf");
   EXPECT_EQ(PieceDe("closed/pathwerk/LireFichier.cpp"), "");
   EXPECT_TRUE(PieceAutorise("", "poche"));
   EXPECT_TRUE(PieceAutorise("poche", "decalage"));

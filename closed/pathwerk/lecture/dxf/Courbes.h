@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "closed/pathwerk/lecture/dxf/Repere.h"
+#include "closed/pathwerk/lecture/dxf/Espace.h"
 
 namespace pathwerk::lecture::dxf {
 

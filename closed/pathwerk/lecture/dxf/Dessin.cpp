@@ -23,9 +23,10 @@ bool SansEtendue(const std::vector<Vec2>& points) {
   return std::ranges::all_of(points, [&](const Vec2& p) { return p == points.front(); });
 }
 
-Dessinateur::Dessinateur(LecteurGroupes& lecteur, Plan& plan, const OptionsLecture& options, Lecture& lecture)
+Dessinateur::Dessinateur(LecteurGroupes& lecteur, Sommaire& sommaire, const OptionsLecture& options,
+                         Lecture& lecture)
     : lecteur_(lecteur),
-      plan_(plan),
+      sommaire_(sommaire),
       options_(options),
       lecture_(lecture),
       fleche_(options.Fleche > 1e-6 ? options.Fleche : 1e-6),
@@ -51,9 +52,9 @@ bool Dessinateur::Memoire(long ligne) { return Refuse(Erreur::Memoire, ligne, e_
 
 void Dessinateur::Dessine() {
   Cadre cadre;
-  cadre.m.ex.x = cadre.m.ey.y = cadre.m.ez.z = plan_.unite;
-  if (plan_.papier > 0) lecture_.Ignore("PAPER_SPACE", plan_.papier);
-  for (const LecteurGroupes::Repere& section : plan_.entites) {
+  cadre.m.ex.x = cadre.m.ey.y = cadre.m.ez.z = sommaire_.unite;
+  if (sommaire_.papier > 0) lecture_.Ignore("PAPER_SPACE", sommaire_.papier);
+  for (const LecteurGroupes::Reprise& section : sommaire_.entites) {
     lecteur_.Va(section);
     if (!Suite(cadre)) return;
   }
@@ -114,7 +115,7 @@ bool Dessinateur::UneEntite(const Cadre& cadre, Groupe& g) {
     if (!Complete(e_)) {
       Ignore(e_.nom);
     } else if (e_.genre == Genre::Insertion) {
-      const LecteurGroupes::Repere ici = lecteur_.Ici();
+      const LecteurGroupes::Reprise ici = lecteur_.Ici();
       if (!Insertion(cadre)) return false;
       lecteur_.Va(ici);
     } else {
@@ -134,7 +135,7 @@ bool Dessinateur::Cachee(const Cadre& cadre) {
   }
   if (e_.calque == "0" && !cadre.calque.empty()) e_.calque = cadre.calque;
   bool cachee = e_.invisible;
-  if (const auto c = plan_.calques.find(e_.calque); c != plan_.calques.end()) {
+  if (const auto c = sommaire_.calques.find(e_.calque); c != sommaire_.calques.end()) {
     // An insertion on a layer that is off still shows what its block has on other layers.
     cachee = cachee || c->second.gele || (c->second.eteint && e_.genre != Genre::Insertion);
   }
@@ -166,7 +167,7 @@ void Dessinateur::Trace(const Cadre& cadre) {
     case Genre::Face3D:
       return Face(m);
     case Genre::Hachure: {
-      const LecteurGroupes::Repere ici = lecteur_.Ici();
+      const LecteurGroupes::Reprise ici = lecteur_.Ici();
       Hachure(m * RepereObjet(e_.extrusion));
       return lecteur_.Va(ici);
     }
@@ -178,7 +179,7 @@ void Dessinateur::Trace(const Cadre& cadre) {
 // An open path that returns to its start is a contour. In this system's own drawings every path stays as it is.
 bool Dessinateur::Pose(Trait&& trait) {
   std::vector<Vec2>& p = trait.points;
-  if (!plan_.propre && trait.nature != Nature::Percage) {
+  if (!sommaire_.propre && trait.nature != Nature::Percage) {
     if (p.empty() || SansEtendue(p)) {
       Ignore(e_.nom);
       return false;

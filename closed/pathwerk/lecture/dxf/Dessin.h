@@ -8,7 +8,7 @@
 #include "closed/pathwerk/lecture/Lecture.h"
 #include "closed/pathwerk/lecture/dxf/Courbes.h"
 #include "closed/pathwerk/lecture/dxf/Entite.h"
-#include "closed/pathwerk/lecture/dxf/Plan.h"
+#include "closed/pathwerk/lecture/dxf/Sommaire.h"
 
 namespace pathwerk::lecture::dxf {
 
@@ -24,7 +24,7 @@ bool SansEtendue(const std::vector<Vec2>& points);
 
 class Dessinateur {
  public:
-  Dessinateur(LecteurGroupes& lecteur, Plan& plan, const OptionsLecture& options, Lecture& lecture);
+  Dessinateur(LecteurGroupes& lecteur, Sommaire& sommaire, const OptionsLecture& options, Lecture& lecture);
 
   // Everything: all sections of entities, then the boundaries of hatches.
   void Dessine();
@@ -62,7 +62,7 @@ class Dessinateur {
   bool Memoire(long ligne);
 
   LecteurGroupes& lecteur_;
-  Plan& plan_;
+  Sommaire& sommaire_;
   const OptionsLecture& options_;
   Lecture& lecture_;
   double fleche_;
@@ -71,11 +71,11 @@ class Dessinateur {
   std::size_t jalon_ = 0;  // place in the file of the next call of Avancement
   Entite e_;
   // Paths that come from hatches, rising, each with the number of its hatch.
-  struct Bord {
+  struct TraitDeHachure {
     std::size_t trait;
     long hachure;
   };
-  std::vector<Bord> bords_;
+  std::vector<TraitDeHachure> traitsDeHachure_;
   long hachures_ = 0;
 
   friend class LecteurHachure;

@@ -16,14 +16,14 @@ void LireDxf(std::string_view data, const OptionsLecture& options, Lecture& lect
   lecture.rapport.Format = "DXF";
   try {
     dxf::LecteurGroupes lecteur(data);
-    dxf::Plan plan = dxf::LitPlan(lecteur);
-    lecture.rapport.Tronque = plan.tronque;
-    if (plan.faux) {
-      lecture.Refuse(Erreur::Dxf, plan.ligne, plan.detail);
+    dxf::Sommaire sommaire = dxf::LitSommaire(lecteur);
+    lecture.rapport.Tronque = sommaire.tronque;
+    if (sommaire.faux) {
+      lecture.Refuse(Erreur::Dxf, sommaire.ligne, sommaire.detail);
       return;
     }
-    lecture.ordreImpose = plan.propre;
-    dxf::Dessinateur(lecteur, plan, options, lecture).Dessine();
+    lecture.ordreImpose = sommaire.propre;
+    dxf::Dessinateur(lecteur, sommaire, options, lecture).Dessine();
   } catch (const std::bad_alloc&) {
     lecture.traits = {};
     lecture.Refuse(Erreur::Memoire, 0, {});

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "closed/pathwerk/lecture/dxf/Espace.h"
 #include "closed/pathwerk/lecture/dxf/Groupes.h"
-#include "closed/pathwerk/lecture/dxf/Repere.h"
 
 namespace pathwerk::lecture::dxf {
 
@@ -38,8 +38,8 @@ struct Sommet {
 struct Entite {
   Genre genre = Genre::Autre;
   std::string_view nom;
-  long ligne = 0;                // line of the name
-  LecteurGroupes::Repere debut;  // behind the name
+  long ligne = 0;                 // line of the name
+  LecteurGroupes::Reprise debut;  // behind the name
   std::string_view calque = "0";
   bool papier = false;
   bool invisible = false;

@@ -21,11 +21,11 @@ bool BoutsJoints(const std::vector<Vec2>& p) {
 }  // namespace
 
 void Dessinateur::Ligne(const Affine& m) {
-  if (budget_.Points(2)) Pose({{m.Plan(e_.p[0]), m.Plan(e_.p[1])}, Nature::Ouvert});
+  if (budget_.Points(2)) Pose({{m.Projette(e_.p[0]), m.Projette(e_.p[1])}, Nature::Ouvert});
 }
 
 void Dessinateur::Point(const Affine& m) {
-  if (budget_.Points(1)) Pose({{m.Plan(e_.p[0])}, Nature::Percage});
+  if (budget_.Points(1)) Pose({{m.Projette(e_.p[0])}, Nature::Percage});
 }
 
 void Dessinateur::Arc(const Affine& m) {
@@ -48,7 +48,7 @@ void Dessinateur::Ellipse(const Affine& m) {
 
 void Dessinateur::Conique(Vec3 centre, Vec3 u, Vec3 v, double debut, double balayage, const Affine& m) {
   const ArcConique arc{m.PlanDirection(u), m.PlanDirection(v), debut, balayage};
-  const auto place = [&](double t) { return m.Plan(centre + u * std::cos(t) + v * std::sin(t)); };
+  const auto place = [&](double t) { return m.Projette(centre + u * std::cos(t) + v * std::sin(t)); };
   Trait trait;
   const bool ferme = balayage == kTour;
   if (!budget_.Points(2)) return;
@@ -68,7 +68,7 @@ bool Dessinateur::Lisse(Trait& trait, const std::vector<Sommet>& sommets, bool f
   trait.nature = ferme ? Nature::Ferme : Nature::Ouvert;
   for (std::size_t i = 0; i < n; ++i) {
     const Sommet& a = sommets[i];
-    trait.points.push_back(m.Plan(a.p));
+    trait.points.push_back(m.Projette(a.p));
     if (a.bulge == 0 || (i + 1 == n && !ferme)) continue;
     const Sommet& b = sommets[i + 1 < n ? i + 1 : 0];
     if (a.p == b.p) continue;
@@ -96,8 +96,8 @@ void Dessinateur::Polyligne(const Affine& m) {
   }
   const std::vector<Sommet>& s = e_.sommets;
   Trait trait;
-  if (plan_.propre && s.size() == 2 && s[0].p == s[1].p) {
-    trait = {{plan.Plan(s[0].p)}, Nature::Percage};
+  if (sommaire_.propre && s.size() == 2 && s[0].p == s[1].p) {
+    trait = {{plan.Projette(s[0].p)}, Nature::Percage};
     if (!budget_.Points(1)) return;
   } else if (!Lisse(trait, s, (drapeaux & 1) != 0, plan)) {
     return;
@@ -161,8 +161,8 @@ void Dessinateur::TraceSpline(const Spline& s, bool fermee, const Affine& m) {
 // leaves the fourth out.
 void Dessinateur::Solide(const Affine& m) {
   const Vec3 dernier = e_.Points(4) ? e_.p[3] : e_.p[2];
-  Trait trait{{m.Plan(e_.p[0]), m.Plan(e_.p[1]), m.Plan(dernier)}, Nature::Ferme};
-  if (dernier != e_.p[2]) trait.points.push_back(m.Plan(e_.p[2]));
+  Trait trait{{m.Projette(e_.p[0]), m.Projette(e_.p[1]), m.Projette(dernier)}, Nature::Ferme};
+  if (dernier != e_.p[2]) trait.points.push_back(m.Projette(e_.p[2]));
   if (budget_.Points(trait.points.size())) Pose(std::move(trait));
 }
 
@@ -176,7 +176,7 @@ void Dessinateur::Face(const Affine& m) {
   if (!budget_.Points(2 * n)) return;
   if (caches == 0) {
     Trait trait{{}, Nature::Ferme};
-    for (std::size_t i = 0; i < n; ++i) trait.points.push_back(m.Plan(e_.p[i]));
+    for (std::size_t i = 0; i < n; ++i) trait.points.push_back(m.Projette(e_.p[i]));
     Pose(std::move(trait));
     return;
   }
@@ -188,8 +188,8 @@ void Dessinateur::Face(const Affine& m) {
   for (std::size_t k = 1; k <= n; ++k) {
     const std::size_t i = (depart + k) % n;
     const bool cache = (caches >> i & 1U) != 0;
-    if (trait.points.empty() && !cache) trait.points.push_back(m.Plan(e_.p[i]));
-    if (!cache) trait.points.push_back(m.Plan(e_.p[(i + 1) % n]));
+    if (trait.points.empty() && !cache) trait.points.push_back(m.Projette(e_.p[i]));
+    if (!cache) trait.points.push_back(m.Projette(e_.p[(i + 1) % n]));
     if (cache && !trait.points.empty()) {
       Pose(std::move(trait));
       trait = {};

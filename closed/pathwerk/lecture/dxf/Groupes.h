@@ -33,7 +33,7 @@ bool LitEntier(const Groupe& g, int& valeur);
 class LecteurGroupes {
  public:
   // Where to go on reading.
-  struct Repere {
+  struct Reprise {
     std::size_t position = 0;
     long ligne = 0;
   };
@@ -43,8 +43,8 @@ class LecteurGroupes {
   Etat Suivant(Groupe& g);
   // The same, comments included.
   Etat SuivantBrut(Groupe& g) { return binaire_ ? SuivantBinaire(g) : SuivantTexte(g); }
-  [[nodiscard]] Repere Ici() const { return {position_, ligne_}; }
-  void Va(Repere r) {
+  [[nodiscard]] Reprise Ici() const { return {position_, ligne_}; }
+  void Va(Reprise r) {
     position_ = r.position;
     ligne_ = r.ligne;
   }

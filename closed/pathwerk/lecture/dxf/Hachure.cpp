@@ -148,7 +148,7 @@ void LecteurHachure::PrendArete(double v) {
 void LecteurHachure::Conique(std::vector<Vec2>& points, Vec3 u, Vec3 v, double debut, double fin) {
   const double sens = arete_.sens73 != 0 ? 1 : -1;
   const ArcConique arc{m_.PlanDirection(u), m_.PlanDirection(v), sens * debut, sens * BalayageArc(debut, fin)};
-  const auto place = [&](double t) { return m_.Plan(arete_.p10 + u * std::cos(t) + v * std::sin(t)); };
+  const auto place = [&](double t) { return m_.Projette(arete_.p10 + u * std::cos(t) + v * std::sin(t)); };
   if (!d_.budget_.Points(2)) return;
   points.push_back(place(arc.debut));
   AjouteConique(points, points.back(), arc, d_.fleche_, d_.budget_);
@@ -159,7 +159,7 @@ void LecteurHachure::FinArete() {
   std::vector<Vec2> morceau;
   const Arete& a = arete_;
   if (a.type == Arete::Droite) {
-    if (d_.budget_.Points(2)) morceau = {m_.Plan(a.p10), m_.Plan(a.p11)};
+    if (d_.budget_.Points(2)) morceau = {m_.Projette(a.p10), m_.Projette(a.p11)};
   } else if (a.type == Arete::Arc) {
     Conique(morceau, {a.reel40, 0, 0}, {0, a.reel40, 0}, Radians(a.angle50), Radians(a.angle51));
   } else if (a.type == Arete::Ellipse) {
@@ -207,7 +207,7 @@ void LecteurHachure::FinBord() {
   if (!texte && trait_.points.size() > 1 && !SansEtendue(trait_.points)) {
     trait_.nature = Nature::Ferme;
     if (d_.Pose(std::move(trait_))) {
-      d_.bords_.push_back({d_.lecture_.traits.size() - 1, d_.hachures_});
+      d_.traitsDeHachure_.push_back({d_.lecture_.traits.size() - 1, d_.hachures_});
       dessine_ = true;
     }
   }
@@ -223,10 +223,10 @@ void Dessinateur::Hachure(const Affine& m) {
 }
 
 void Dessinateur::RetireBordsCouverts() {
-  if (bords_.empty() || lecture_.Refuse()) return;
+  if (traitsDeHachure_.empty() || lecture_.Refuse()) return;
   std::vector<std::size_t> rangs;
   std::size_t points = 0;
-  for (const Bord& b : bords_) {
+  for (const TraitDeHachure& b : traitsDeHachure_) {
     rangs.push_back(b.trait);
     points += lecture_.traits[b.trait].points.size();
   }
@@ -238,15 +238,15 @@ void Dessinateur::RetireBordsCouverts() {
   const double tolerance = 2.5 * fleche_ + std::max(options_.ToleranceSoudure, 0.0);
   const std::vector<char> couverts = TraitsCouverts(lecture_.traits, rangs, tolerance);
   std::vector<char> reste(static_cast<std::size_t>(hachures_) + 1, 0);
-  for (std::size_t i = 0; i < bords_.size(); ++i) {
+  for (std::size_t i = 0; i < traitsDeHachure_.size(); ++i) {
     if (couverts[i] != 0) {
-      lecture_.traits[bords_[i].trait].points.clear();
+      lecture_.traits[traitsDeHachure_[i].trait].points.clear();
     } else {
-      reste[static_cast<std::size_t>(bords_[i].hachure)] = 1;
+      reste[static_cast<std::size_t>(traitsDeHachure_[i].hachure)] = 1;
     }
   }
   long derniere = 0;
-  for (const Bord& b : bords_) {
+  for (const TraitDeHachure& b : traitsDeHachure_) {
     if (b.hachure != derniere && reste[static_cast<std::size_t>(b.hachure)] == 0) lecture_.Ignore("HATCH");
     derniere = b.hachure;
   }

@@ -39,11 +39,11 @@ Affine Rotation(double angle) {
 // turned spacings, which are not scaled. All in the frame of the insertion's extrusion.
 bool Dessinateur::Insertion(const Cadre& cadre) {
   const std::string_view nom = e_.nom;
-  const auto b = plan_.blocs.find(e_.bloc);
+  const auto b = sommaire_.blocs.find(e_.bloc);
   const double ex = e_.Reel(41, 1);
   const double ey = e_.Reel(42, 1);
   const double ez = e_.Reel(43, 1);
-  if (b == plan_.blocs.end() || ex == 0 || ey == 0) {
+  if (b == sommaire_.blocs.end() || ex == 0 || ey == 0) {
     Ignore(nom);
     return true;
   }

@@ -21,7 +21,7 @@ Homogene Entre(const Homogene& a, const Homogene& b, double t) {
   return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t, a.w + (b.w - a.w) * t};
 }
 
-Vec2 Plan(const Homogene& h) { return {h.x / h.w, h.y / h.w}; }
+Vec2 Projette(const Homogene& h) { return {h.x / h.w, h.y / h.w}; }
 
 double DistanceSegment(Vec2 p, Vec2 a, Vec2 b) {
   const double dx = b.x - a.x;
@@ -56,10 +56,10 @@ class Aplatisseur {
 
  private:
   bool Plat(const Homogene* q) const {
-    const Vec2 a = Plan(q[0]);
-    const Vec2 b = Plan(q[n_ - 1]);
+    const Vec2 a = Projette(q[0]);
+    const Vec2 b = Projette(q[n_ - 1]);
     for (std::size_t i = 1; i + 1 < n_; ++i) {
-      if (DistanceSegment(Plan(q[i]), a, b) > seuil_) return false;  // false for what isn't a number
+      if (DistanceSegment(Projette(q[i]), a, b) > seuil_) return false;  // false for what isn't a number
     }
     return true;
   }
@@ -69,7 +69,7 @@ class Aplatisseur {
     Homogene* const q = pile_.data() + static_cast<std::size_t>(profondeur) * n_;
     if (profondeur >= kProfondeurMax || Plat(q)) {
       if (!budget_.Points(1)) return false;
-      points_.push_back(Plan(q[n_ - 1]));
+      points_.push_back(Projette(q[n_ - 1]));
       return true;
     }
     // de Casteljau in place: the left half goes down a row, the right half stays.
@@ -155,14 +155,14 @@ bool AjouteSpline(std::vector<Vec2>& points, const Spline& s, const Affine& m, d
     if (!(s.noeuds[k] < s.noeuds[k + 1])) continue;
     for (std::size_t i = 0; i <= p; ++i) {
       const std::size_t rang = k - p + i;
-      const Vec2 plan = m.Plan(s.controle[rang]);
+      const Vec2 plan = m.Projette(s.controle[rang]);
       const double w = s.poids.empty() ? 1 : s.poids[rang];
       locaux[i] = {plan.x * w, plan.y * w, w};
     }
     PieceBezier(s, k, locaux, piece);
     if (premier) {
       if (!budget.Points(1)) return false;
-      points.push_back(Plan(piece[0]));
+      points.push_back(Projette(piece[0]));
       premier = false;
     }
     if (!aplatisseur.Ajoute(piece.data())) return false;

@@ -12,24 +12,24 @@ namespace {
 
 constexpr double kRadian = std::numbers::pi / 180;
 
-std::vector<Vec2> SurFeuille(const HpglPlan& plan, std::vector<Vec2> points) {
-  for (Vec2& p : points) p = plan.Place(p);
+std::vector<Vec2> SurFeuille(const HpglFeuille& feuille, std::vector<Vec2> points) {
+  for (Vec2& p : points) p = feuille.Place(p);
   return points;
 }
 
 }  // namespace
 
-double HpglFleche(const HpglPlan& plan, double mm) { return mm / kMmParUnite / plan.Grossissement(); }
+double HpglFleche(const HpglFeuille& feuille, double mm) { return mm / kMmParUnite / feuille.Grossissement(); }
 
-std::vector<Vec2> HpglArc(const HpglPlan& plan, Vec2 depart, Vec2 centre, double degres, double mm) {
+std::vector<Vec2> HpglArc(const HpglFeuille& feuille, Vec2 depart, Vec2 centre, double degres, double mm) {
   std::vector<Vec2> points;
   const Vec2 d{depart.x - centre.x, depart.y - centre.y};
   const double rayon = std::hypot(d.x, d.y);
   if (rayon == 0 || degres == 0) return points;
   const double balayage = std::clamp(degres, -360.0, 360.0);
-  AjouteArc(points, centre, rayon, std::atan2(d.y, d.x), balayage * kRadian, HpglFleche(plan, mm));
+  AjouteArc(points, centre, rayon, std::atan2(d.y, d.x), balayage * kRadian, HpglFleche(feuille, mm));
   if (std::fabs(balayage) == 360 && !points.empty()) points.back() = depart;
-  return SurFeuille(plan, std::move(points));
+  return SurFeuille(feuille, std::move(points));
 }
 
 // The centre is where the perpendiculars in the middle of the two chords meet:
@@ -37,10 +37,10 @@ std::vector<Vec2> HpglArc(const HpglPlan& plan, Vec2 depart, Vec2 centre, double
 //         milieu             with a = milieu - depart, b = fin - depart, D = 2 (a x b):
 //        /      \            centre = depart + (b.y |a|^2 - a.y |b|^2, a.x |b|^2 - b.x |a|^2) / D
 //   depart      fin          counter-clockwise when D > 0
-std::vector<Vec2> HpglArcTroisPoints(const HpglPlan& plan, Vec2 depart, Vec2 milieu, Vec2 fin, double mm) {
+std::vector<Vec2> HpglArcTroisPoints(const HpglFeuille& feuille, Vec2 depart, Vec2 milieu, Vec2 fin, double mm) {
   if (depart == fin && milieu != depart) {
     const Vec2 centre{(depart.x + milieu.x) / 2, (depart.y + milieu.y) / 2};
-    return HpglArc(plan, depart, centre, 360, mm);
+    return HpglArc(feuille, depart, centre, 360, mm);
   }
   const Vec2 a{milieu.x - depart.x, milieu.y - depart.y};
   const Vec2 b{fin.x - depart.x, fin.y - depart.y};
@@ -48,7 +48,7 @@ std::vector<Vec2> HpglArcTroisPoints(const HpglPlan& plan, Vec2 depart, Vec2 mil
   const double b2 = b.x * b.x + b.y * b.y;
   const double d = 2 * (a.x * b.y - a.y * b.x);
   // So flat that the arc is a line to less than a millionth of its length.
-  if (std::fabs(d) <= 1e-9 * (a2 + b2)) return SurFeuille(plan, {milieu, fin});
+  if (std::fabs(d) <= 1e-9 * (a2 + b2)) return SurFeuille(feuille, {milieu, fin});
   const Vec2 centre{depart.x + (b.y * a2 - a.y * b2) / d, depart.y + (a.x * b2 - b.x * a2) / d};
   const double debut = std::atan2(depart.y - centre.y, depart.x - centre.x);
   double balayage = std::atan2(fin.y - centre.y, fin.x - centre.x) - debut;
@@ -56,33 +56,33 @@ std::vector<Vec2> HpglArcTroisPoints(const HpglPlan& plan, Vec2 depart, Vec2 mil
   if (d < 0 && balayage >= 0) balayage -= 2 * std::numbers::pi;
   std::vector<Vec2> points;
   AjouteArc(points, centre, std::hypot(depart.x - centre.x, depart.y - centre.y), debut, balayage,
-            HpglFleche(plan, mm));
+            HpglFleche(feuille, mm));
   if (!points.empty()) points.back() = fin;
-  return SurFeuille(plan, std::move(points));
+  return SurFeuille(feuille, std::move(points));
 }
 
-std::vector<Vec2> HpglCercle(const HpglPlan& plan, Vec2 centre, double rayon, double mm) {
+std::vector<Vec2> HpglCercle(const HpglFeuille& feuille, Vec2 centre, double rayon, double mm) {
   std::vector<Vec2> points;
   AjouteArc(points, centre, std::fabs(rayon), rayon < 0 ? std::numbers::pi : 0, 2 * std::numbers::pi,
-            HpglFleche(plan, mm));
-  return SurFeuille(plan, std::move(points));
+            HpglFleche(feuille, mm));
+  return SurFeuille(feuille, std::move(points));
 }
 
-std::vector<Vec2> HpglSecteur(const HpglPlan& plan, Vec2 centre, double rayon, double debut, double balayage,
+std::vector<Vec2> HpglSecteur(const HpglFeuille& feuille, Vec2 centre, double rayon, double debut, double balayage,
                               double mm) {
-  if (std::fabs(balayage) >= 360) return HpglCercle(plan, centre, rayon, mm);
+  if (std::fabs(balayage) >= 360) return HpglCercle(feuille, centre, rayon, mm);
   const double r = std::fabs(rayon);
   const double angle = std::fmod(debut, 360) * kRadian + (rayon < 0 ? std::numbers::pi : 0);
   std::vector<Vec2> points{centre, {centre.x + r * std::cos(angle), centre.y + r * std::sin(angle)}};
-  AjouteArc(points, centre, r, angle, balayage * kRadian, HpglFleche(plan, mm));
-  return SurFeuille(plan, std::move(points));
+  AjouteArc(points, centre, r, angle, balayage * kRadian, HpglFleche(feuille, mm));
+  return SurFeuille(feuille, std::move(points));
 }
 
-std::vector<Vec2> HpglBezier(const HpglPlan& plan, Vec2 depart, Vec2 p1, Vec2 p2, Vec2 p3, double mm) {
+std::vector<Vec2> HpglBezier(const HpglFeuille& feuille, Vec2 depart, Vec2 p1, Vec2 p2, Vec2 p3, double mm) {
   std::vector<Vec2> points{depart};
-  AjouteBezier(points, p1, p2, p3, HpglFleche(plan, mm));
+  AjouteBezier(points, p1, p2, p3, HpglFleche(feuille, mm));
   points.erase(points.begin());
-  return SurFeuille(plan, std::move(points));
+  return SurFeuille(feuille, std::move(points));
 }
 
 }  // namespace pathwerk::lecture::hpgl

@@ -89,7 +89,7 @@ HpglMachine::Sorte HpglMachine::Execute(const HpglInstruction& i) {
 // --- State -------------------------------------------------------------------------------------------------
 
 void HpglMachine::Initialise(const HpglInstruction& i) {
-  plan_.Initialise();
+  feuille_.Initialise();
   Defauts(i);
   plume_ = 1;
   traceur_.RemetPosition({0, 0});
@@ -98,17 +98,17 @@ void HpglMachine::Initialise(const HpglInstruction& i) {
 
 void HpglMachine::Defauts(const HpglInstruction&) {
   if (traceur_.DansPolygone()) traceur_.FermePolygone();
-  plan_.SansEchelle();
+  feuille_.SansEchelle();
   traceur_.PoseFenetre({});
   traceur_.VidePolygone();
   absolu_ = true;
 }
 
-void HpglMachine::Feuille(const HpglInstruction& i) { plan_.PoseFeuille(i.nombres); }
-void HpglMachine::Points(const HpglInstruction& i) { plan_.PosePoints(i.nombres); }
-void HpglMachine::PointsRelatifs(const HpglInstruction& i) { plan_.PosePointsRelatifs(i.nombres); }
-void HpglMachine::Echelle(const HpglInstruction& i) { plan_.PoseEchelle(i.nombres); }
-void HpglMachine::Rotation(const HpglInstruction& i) { plan_.PoseRotation(i.nombres); }
+void HpglMachine::Feuille(const HpglInstruction& i) { feuille_.PoseFeuille(i.nombres); }
+void HpglMachine::Points(const HpglInstruction& i) { feuille_.PosePoints(i.nombres); }
+void HpglMachine::PointsRelatifs(const HpglInstruction& i) { feuille_.PosePointsRelatifs(i.nombres); }
+void HpglMachine::Echelle(const HpglInstruction& i) { feuille_.PoseEchelle(i.nombres); }
+void HpglMachine::Rotation(const HpglInstruction& i) { feuille_.PoseRotation(i.nombres); }
 
 // The window lies where its corners are on the sheet when it is set; later scales and turns leave it there.
 void HpglMachine::Fenetre(const HpglInstruction& i) {
@@ -117,8 +117,8 @@ void HpglMachine::Fenetre(const HpglInstruction& i) {
     traceur_.PoseFenetre({});
     return;
   }
-  const Vec2 a = plan_.Place({n[0], n[1]});
-  const Vec2 b = plan_.Place({n[2], n[3]});
+  const Vec2 a = feuille_.Place({n[0], n[1]});
+  const Vec2 b = feuille_.Place({n[2], n[3]});
   if (!std::isfinite(a.x + a.y + b.x + b.y)) return;
   traceur_.PoseFenetre(
       HpglFenetre{{std::min(a.x, b.x), std::min(a.y, b.y)}, {std::max(a.x, b.x), std::max(a.y, b.y)}});
@@ -155,10 +155,10 @@ void HpglMachine::Ecrit(const HpglInstruction& i) {
 void HpglMachine::Deplace(N n) {
   for (std::size_t k = 0; k + 1 < n.size(); k += 2) {
     if (absolu_) {
-      traceur_.Va(plan_.Place({n[k], n[k + 1]}));
+      traceur_.Va(feuille_.Place({n[k], n[k + 1]}));
     } else {
       const Vec2 p = traceur_.Position();
-      const Vec2 d = plan_.Pas({n[k], n[k + 1]});
+      const Vec2 d = feuille_.Pas({n[k], n[k + 1]});
       traceur_.Va({p.x + d.x, p.y + d.y});
     }
   }
@@ -214,8 +214,8 @@ void HpglMachine::Encode(const HpglInstruction& i) {
       traceur_.Baisse();
     }
     const Vec2 p = traceur_.Position();
-    const Vec2 d = plan_.Pas(e.valeur);
-    traceur_.Va(e.absolu ? plan_.Place(e.valeur) : Vec2{p.x + d.x, p.y + d.y});
+    const Vec2 d = feuille_.Pas(e.valeur);
+    traceur_.Va(e.absolu ? feuille_.Place(e.valeur) : Vec2{p.x + d.x, p.y + d.y});
   }
   oublie();
   if (i.interrompue) lecture_.rapport.Tronque = true;
@@ -223,20 +223,20 @@ void HpglMachine::Encode(const HpglInstruction& i) {
 
 void HpglMachine::ArcAbsolu(const HpglInstruction& i) {
   if (i.nombres.size() < 3) return;
-  Suit(HpglArc(plan_, Ici(), {i.nombres[0], i.nombres[1]}, i.nombres[2], fleche_));
+  Suit(HpglArc(feuille_, Ici(), {i.nombres[0], i.nombres[1]}, i.nombres[2], fleche_));
 }
 
 void HpglMachine::ArcRelatif(const HpglInstruction& i) {
   if (i.nombres.size() < 3) return;
   const Vec2 p = Ici();
-  Suit(HpglArc(plan_, p, {p.x + i.nombres[0], p.y + i.nombres[1]}, i.nombres[2], fleche_));
+  Suit(HpglArc(feuille_, p, {p.x + i.nombres[0], p.y + i.nombres[1]}, i.nombres[2], fleche_));
 }
 
 void HpglMachine::TroisPoints(N n, bool absolu) {
   if (n.size() < 4) return;
   const Vec2 p = Ici();
   const Vec2 o = absolu ? Vec2{} : p;
-  Suit(HpglArcTroisPoints(plan_, p, {o.x + n[0], o.y + n[1]}, {o.x + n[2], o.y + n[3]}, fleche_));
+  Suit(HpglArcTroisPoints(feuille_, p, {o.x + n[0], o.y + n[1]}, {o.x + n[2], o.y + n[3]}, fleche_));
 }
 
 void HpglMachine::TroisAbsolu(const HpglInstruction& i) { TroisPoints(i.nombres, true); }
@@ -247,7 +247,7 @@ void HpglMachine::Bezier(N n, bool absolu) {
   for (std::size_t k = 0; k + 5 < n.size() && !traceur_.TropDePoints(); k += 6) {
     const Vec2 p = Ici();
     const Vec2 o = absolu ? Vec2{} : p;
-    Suit(HpglBezier(plan_, p, {o.x + n[k], o.y + n[k + 1]}, {o.x + n[k + 2], o.y + n[k + 3]},
+    Suit(HpglBezier(feuille_, p, {o.x + n[k], o.y + n[k + 1]}, {o.x + n[k + 2], o.y + n[k + 3]},
                     {o.x + n[k + 4], o.y + n[k + 5]}, fleche_));
   }
 }
@@ -264,15 +264,16 @@ void HpglMachine::Cercle(const HpglInstruction& i) {
     if (!traceur_.DansPolygone()) traceur_.MarqueIsolee(traceur_.Position());
     return;
   }
-  traceur_.Figure(HpglCercle(plan_, Ici(), i.nombres[0], fleche_), false);
+  traceur_.Figure(HpglCercle(feuille_, Ici(), i.nombres[0], fleche_), false);
 }
 
 void HpglMachine::Rectangle(Vec2 coin) {
   if (traceur_.DansPolygone()) return;
   const Vec2 p = Ici();
   // The first corner is the pen's own place, without the rounding of a way there and back.
-  traceur_.Figure({traceur_.Position(), plan_.Place({coin.x, p.y}), plan_.Place(coin), plan_.Place({p.x, coin.y})},
-                  true);
+  traceur_.Figure(
+      {traceur_.Position(), feuille_.Place({coin.x, p.y}), feuille_.Place(coin), feuille_.Place({p.x, coin.y})},
+      true);
 }
 
 void HpglMachine::RectangleAbsolu(const HpglInstruction& i) {
@@ -288,7 +289,7 @@ void HpglMachine::RectangleRelatif(const HpglInstruction& i) {
 void HpglMachine::Secteur(const HpglInstruction& i) {
   const N n = i.nombres;
   if (n.size() < 3 || n[0] == 0 || traceur_.DansPolygone()) return;
-  traceur_.Figure(HpglSecteur(plan_, Ici(), n[0], n[1], n[2], fleche_), true);
+  traceur_.Figure(HpglSecteur(feuille_, Ici(), n[0], n[1], n[2], fleche_), true);
 }
 
 void HpglMachine::Polygone(const HpglInstruction& i) {

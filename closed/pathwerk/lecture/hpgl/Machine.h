@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "closed/pathwerk/lecture/Lecture.h"
+#include "closed/pathwerk/lecture/hpgl/Feuille.h"
 #include "closed/pathwerk/lecture/hpgl/Lexeur.h"
-#include "closed/pathwerk/lecture/hpgl/Plan.h"
 #include "closed/pathwerk/lecture/hpgl/Traceur.h"
 
 namespace pathwerk::lecture::hpgl {
@@ -69,11 +69,11 @@ class HpglMachine {
   void Rectangle(Vec2 coin);
   void TroisPoints(N n, bool absolu);
   void Bezier(N n, bool absolu);
-  [[nodiscard]] Vec2 Ici() const { return plan_.Unites(traceur_.Position()); }
+  [[nodiscard]] Vec2 Ici() const { return feuille_.Unites(traceur_.Position()); }
 
   double fleche_;
   Lecture& lecture_;
-  HpglPlan plan_;
+  HpglFeuille feuille_;
   HpglTraceur traceur_;
   bool absolu_ = true;
   bool plumeZeroCouleur_ = false;

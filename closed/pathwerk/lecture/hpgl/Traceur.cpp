@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "closed/pathwerk/lecture/hpgl/Plan.h"
+#include "closed/pathwerk/lecture/hpgl/Feuille.h"
 
 namespace pathwerk::lecture::hpgl {
 

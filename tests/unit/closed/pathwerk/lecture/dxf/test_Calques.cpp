@@ -1,5 +1,5 @@
 // Layers, layouts, units.
-#include "closed/pathwerk/lecture/dxf/Plan.h"
+#include "closed/pathwerk/lecture/dxf/Sommaire.h"
 #include "tests/unit/closed/pathwerk/lecture/dxf/Outils.h"
 
 using namespace essai;

@@ -12,7 +12,7 @@ inline constexpr double kMmParUnite = 0.025;  // 40 plotter units to the millime
 
 // Scaling points, user scale and rotation. Everything is in plotter units, and stays as it was when the numbers are
 // not finite or too few.
-class HpglPlan {
+class HpglFeuille {
  public:
   // All as after power-on, but the sheet stays.
   void Initialise();

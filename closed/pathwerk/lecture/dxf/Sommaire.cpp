@@ -1,4 +1,4 @@
-#include "closed/pathwerk/lecture/dxf/Plan.h"
+#include "closed/pathwerk/lecture/dxf/Sommaire.h"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +21,7 @@ bool FinDeSection(std::string_view nom) { return nom == "ENDSEC" || nom == "SECT
 
 class Releve {
  public:
-  Releve(LecteurGroupes& lecteur, Plan& plan) : lecteur_(lecteur), plan_(plan) {}
+  Releve(LecteurGroupes& lecteur, Sommaire& sommaire) : lecteur_(lecteur), sommaire_(sommaire) {}
 
   void Lit();
 
@@ -35,9 +35,9 @@ class Releve {
   void UnBloc();
 
   LecteurGroupes& lecteur_;
-  Plan& plan_;
+  Sommaire& sommaire_;
   Groupe g_;
-  LecteurGroupes::Repere avant_;  // where the group in g_ begins
+  LecteurGroupes::Reprise avant_;  // where the group in g_ begins
   Etat etat_ = Etat::Groupe;
 };
 
@@ -70,7 +70,7 @@ void Releve::Entete() {
     int valeur = 0;
     if (LitEntier(g_, valeur)) *cible = valeur;
   }
-  plan_.unite = UniteEnMm(insunits, measurement, lunits);
+  sommaire_.unite = UniteEnMm(insunits, measurement, lunits);
 }
 
 // Of all tables only the layers matter.
@@ -79,7 +79,7 @@ void Releve::Calques() {
   std::string_view nom;
   Calque c;
   const auto garde = [&] {
-    if (calque && !nom.empty()) plan_.calques.try_emplace(std::string(nom), c);
+    if (calque && !nom.empty()) sommaire_.calques.try_emplace(std::string(nom), c);
     nom = {};
     c = {};
   };
@@ -113,11 +113,11 @@ void Releve::UnBloc() {
   bloc.debut = avant_;
   const bool papier = CommencePar(nom, "*PAPER_SPACE") || CommencePar(nom, "$PAPER_SPACE");
   while (etat_ == Etat::Groupe && !FinDeSuite(g_.texte)) {
-    if (papier && !Annexe(g_.texte)) ++plan_.papier;
+    if (papier && !Annexe(g_.texte)) ++sommaire_.papier;
     ZeroSuivant();
   }
   bloc.taille = avant_.position - bloc.debut.position;
-  plan_.blocs.try_emplace(std::string(nom), bloc);
+  sommaire_.blocs.try_emplace(std::string(nom), bloc);
 }
 
 void Releve::Blocs() {
@@ -141,7 +141,7 @@ void Releve::Section() {
   } else if (nom == "BLOCKS") {
     Blocs();
   } else {
-    if (nom == "ENTITIES") plan_.entites.push_back(lecteur_.Ici());
+    if (nom == "ENTITIES") sommaire_.entites.push_back(lecteur_.Ici());
     while (ZeroSuivant() && !FinDeSection(g_.texte)) {
     }
   }
@@ -149,9 +149,9 @@ void Releve::Section() {
 
 void Releve::Lit() {
   bool dansSection = false;
-  const LecteurGroupes::Repere debut = lecteur_.Ici();
+  const LecteurGroupes::Reprise debut = lecteur_.Ici();
   // This system's own drawings begin with its name.
-  if (lecteur_.SuivantBrut(g_) == Etat::Groupe) plan_.propre = g_.code == 999 && g_.texte == "OVELIN";
+  if (lecteur_.SuivantBrut(g_) == Etat::Groupe) sommaire_.propre = g_.code == 999 && g_.texte == "OVELIN";
   lecteur_.Va(debut);
   bool structure = false;
   Suivant();
@@ -168,14 +168,14 @@ void Releve::Lit() {
     }
     Suivant();
   }
-  plan_.tronque = etat_ == Etat::Coupe || (etat_ == Etat::Fin && dansSection);
+  sommaire_.tronque = etat_ == Etat::Coupe || (etat_ == Etat::Fin && dansSection);
   // What stands behind the entities (objects, a picture) may be anything.
-  const bool casse = etat_ == Etat::Faux && plan_.entites.empty();
-  plan_.faux = !structure || casse;
-  if (plan_.faux) {
-    plan_.ligne = etat_ == Etat::Faux || structure ? lecteur_.LigneFausse() : 1;
-    if (lecteur_.Binaire()) plan_.ligne = 0;
-    plan_.detail = std::string(lecteur_.TexteFaux().substr(0, 60));
+  const bool casse = etat_ == Etat::Faux && sommaire_.entites.empty();
+  sommaire_.faux = !structure || casse;
+  if (sommaire_.faux) {
+    sommaire_.ligne = etat_ == Etat::Faux || structure ? lecteur_.LigneFausse() : 1;
+    if (lecteur_.Binaire()) sommaire_.ligne = 0;
+    sommaire_.detail = std::string(lecteur_.TexteFaux().substr(0, 60));
   }
 }
 
@@ -231,10 +231,10 @@ double UniteEnMm(int insunits, int measurement, int lunits) {
   return 1;
 }
 
-Plan LitPlan(LecteurGroupes& lecteur) {
-  Plan plan;
-  Releve(lecteur, plan).Lit();
-  return plan;
+Sommaire LitSommaire(LecteurGroupes& lecteur) {
+  Sommaire sommaire;
+  Releve(lecteur, sommaire).Lit();
+  return sommaire;
 }
 
 }  // namespace pathwerk::lecture::dxf

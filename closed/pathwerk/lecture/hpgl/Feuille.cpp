@@ -9,7 +9,7 @@
 //
 // P1 and P2 keep their numbers in the turned system. The default P1 and P2 are those of a desk plotter with A4
 // paper; after PS they are the corners of that sheet. They matter only to plots that scale without saying IP.
-#include "closed/pathwerk/lecture/hpgl/Plan.h"
+#include "closed/pathwerk/lecture/hpgl/Feuille.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,21 +27,21 @@ double NonNul(double v) { return v == 0 ? 1 : v; }
 
 }  // namespace
 
-void HpglPlan::Initialise() {
+void HpglFeuille::Initialise() {
   echelle_ = Echelle::Aucune;
   rotation_ = 0;
   PointsDefaut();
   Range();
 }
 
-void HpglPlan::PointsDefaut() {
+void HpglFeuille::PointsDefaut() {
   p1_ = feuilleDonnee_ ? Vec2{0, 0} : Vec2{603, 521};
   p2_ = feuilleDonnee_ ? Etendue() : Vec2{10603, 7721};
 }
 
-Vec2 HpglPlan::Etendue() const { return rotation_ % 2 == 0 ? feuille_ : Vec2{feuille_.y, feuille_.x}; }
+Vec2 HpglFeuille::Etendue() const { return rotation_ % 2 == 0 ? feuille_ : Vec2{feuille_.y, feuille_.x}; }
 
-void HpglPlan::PoseFeuille(std::span<const double> n) {
+void HpglFeuille::PoseFeuille(std::span<const double> n) {
   if (n.empty() || !Finis(n) || n[0] <= 0) return;
   const double large = n.size() > 1 && n[1] > 0 ? n[1] : n[0];
   feuille_ = {n[0], large};
@@ -50,7 +50,7 @@ void HpglPlan::PoseFeuille(std::span<const double> n) {
   Range();
 }
 
-void HpglPlan::PosePoints(std::span<const double> n) {
+void HpglFeuille::PosePoints(std::span<const double> n) {
   if (!Finis(n)) return;
   if (n.size() < 2) {
     PointsDefaut();
@@ -62,7 +62,7 @@ void HpglPlan::PosePoints(std::span<const double> n) {
   Range();
 }
 
-void HpglPlan::PosePointsRelatifs(std::span<const double> n) {
+void HpglFeuille::PosePointsRelatifs(std::span<const double> n) {
   if (!Finis(n)) return;
   const Vec2 e = Etendue();
   if (n.size() < 2) {
@@ -77,7 +77,7 @@ void HpglPlan::PosePointsRelatifs(std::span<const double> n) {
 
 // SC; no scale. Type 0: each axis for itself. 1: both axes by the smaller factor, the rest of the room shared by
 // the percentages left and below (50). 2: the second and fourth number are plotter units to a user unit.
-void HpglPlan::PoseEchelle(std::span<const double> n) {
+void HpglFeuille::PoseEchelle(std::span<const double> n) {
   if (n.size() < 4) {
     if (n.empty()) echelle_ = Echelle::Aucune;
     Range();
@@ -93,7 +93,7 @@ void HpglPlan::PoseEchelle(std::span<const double> n) {
   Range();
 }
 
-void HpglPlan::PoseRotation(std::span<const double> n) {
+void HpglFeuille::PoseRotation(std::span<const double> n) {
   if (!Finis(n)) return;
   const double quarts = n.empty() ? 0 : std::round(n[0] / 90);
   const int tour = static_cast<int>(std::fmod(quarts, 4));
@@ -101,14 +101,14 @@ void HpglPlan::PoseRotation(std::span<const double> n) {
   Range();
 }
 
-void HpglPlan::SansEchelle() {
+void HpglFeuille::SansEchelle() {
   echelle_ = Echelle::Aucune;
   Range();
 }
 
-void HpglPlan::Range() { affine_ = Calcule(); }
+void HpglFeuille::Range() { affine_ = Calcule(); }
 
-HpglPlan::Affine HpglPlan::Calcule() const {
+HpglFeuille::Affine HpglFeuille::Calcule() const {
   if (echelle_ == Echelle::Aucune) return {};
   if (echelle_ == Echelle::Facteur) {
     return {{p1_.x - sc_[0] * sc_[1], p1_.y - sc_[2] * sc_[3]}, {sc_[1], sc_[3]}};
@@ -126,7 +126,7 @@ HpglPlan::Affine HpglPlan::Calcule() const {
   return {{o.x - k.x * sc_[0], o.y - k.y * sc_[2]}, k};
 }
 
-Vec2 HpglPlan::Place(Vec2 p) const {
+Vec2 HpglFeuille::Place(Vec2 p) const {
   const double x = affine_.o.x + affine_.k.x * p.x;
   const double y = affine_.o.y + affine_.k.y * p.y;
   switch (rotation_) {
@@ -141,7 +141,7 @@ Vec2 HpglPlan::Place(Vec2 p) const {
   }
 }
 
-Vec2 HpglPlan::Pas(Vec2 d) const {
+Vec2 HpglFeuille::Pas(Vec2 d) const {
   const double x = affine_.k.x * d.x;
   const double y = affine_.k.y * d.y;
   switch (rotation_) {
@@ -156,7 +156,7 @@ Vec2 HpglPlan::Pas(Vec2 d) const {
   }
 }
 
-Vec2 HpglPlan::Unites(Vec2 feuille) const {
+Vec2 HpglFeuille::Unites(Vec2 feuille) const {
   Vec2 p = feuille;
   switch (rotation_) {
     case 1:
@@ -174,6 +174,6 @@ Vec2 HpglPlan::Unites(Vec2 feuille) const {
   return {(p.x - affine_.o.x) / affine_.k.x, (p.y - affine_.o.y) / affine_.k.y};
 }
 
-double HpglPlan::Grossissement() const { return std::max(std::fabs(affine_.k.x), std::fabs(affine_.k.y)); }
+double HpglFeuille::Grossissement() const { return std::max(std::fabs(affine_.k.x), std::fabs(affine_.k.y)); }
 
 }  // namespace pathwerk::lecture::hpgl

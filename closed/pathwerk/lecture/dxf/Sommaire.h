@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "closed/pathwerk/lecture/dxf/Espace.h"
 #include "closed/pathwerk/lecture/dxf/Groupes.h"
-#include "closed/pathwerk/lecture/dxf/Repere.h"
 
 namespace pathwerk::lecture::dxf {
 
@@ -30,19 +30,19 @@ struct Calque {
 
 // A block's entities stay in the file; they are read again for each insertion.
 struct Bloc {
-  LecteurGroupes::Repere debut;  // before the first entity's group 0
-  std::size_t taille = 0;        // bytes of its entities
+  LecteurGroupes::Reprise debut;  // before the first entity's group 0
+  std::size_t taille = 0;         // bytes of its entities
   Vec3 base;
   bool enCours = false;  // being inserted: another insertion inside it would never end
 };
 
-struct Plan {
+struct Sommaire {
   double unite = 1;  // mm to a drawing unit
   bool propre = false;
   ParNom<Calque> calques;
   ParNom<Bloc> blocs;
-  std::vector<LecteurGroupes::Repere> entites;  // sections of entities
-  long papier = 0;                              // entities of layouts kept among the blocks
+  std::vector<LecteurGroupes::Reprise> entites;  // sections of entities
+  long papier = 0;                               // entities of layouts kept among the blocks
   bool tronque = false;
   // Set when the file has no group structure: where and what.
   bool faux = false;
@@ -51,7 +51,7 @@ struct Plan {
 };
 
 // Reads the whole file once.
-Plan LitPlan(LecteurGroupes& lecteur);
+Sommaire LitSommaire(LecteurGroupes& lecteur);
 
 // True for the names that end a run of entities: of a block, of a section, of the file.
 bool FinDeSuite(std::string_view nom);

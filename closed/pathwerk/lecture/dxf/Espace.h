@@ -34,7 +34,7 @@ struct Affine {
   [[nodiscard]] constexpr Vec3 Direction(Vec3 v) const { return ex * v.x + ey * v.y + ez * v.z; }
   [[nodiscard]] constexpr Vec3 Point(Vec3 p) const { return Direction(p) + o; }
   // Seen from above, where the tool comes from.
-  [[nodiscard]] constexpr Vec2 Plan(Vec3 p) const {
+  [[nodiscard]] constexpr Vec2 Projette(Vec3 p) const {
     return {ex.x * p.x + ey.x * p.y + ez.x * p.z + o.x, ex.y * p.x + ey.y * p.y + ez.y * p.z + o.y};
   }
   [[nodiscard]] constexpr Vec2 PlanDirection(Vec3 v) const {
