@@ -1,6 +1,6 @@
 // The tree of boxes behind every search in the plane: complete and binary, in one row of memory.
 //
-// Node k has the children 2k and 2k + 1, the root is 1; leaves begin at Feuilles() and hold `kParFeuille` things
+// Node k has the children 2k and 2k + 1, the root is 1; leaves begin at Feuilles() and hold `ParFeuille` things
 // each, in the order in which the things were given. Things that follow each other along a path lie near each
 // other, so boxes are small where the path is smooth; scattered things are put into an order of that kind first
 // (RangeParVoisinage). Building is linear, a query mostly logarithmic.
@@ -17,7 +17,7 @@
 namespace base {
 
 // Which things a node stands for. `T`: of the boxes' sides, float or double.
-template <class T, std::size_t kParFeuille>
+template <class T, std::size_t ParFeuille>
 class ArbreBoites {
  public:
   ArbreBoites() = default;
@@ -25,7 +25,7 @@ class ArbreBoites {
   template <class Etend>
   ArbreBoites(std::size_t nombre, Etend etend) : nombre_(nombre), feuilles_(NbFeuilles(nombre)) {
     boites_.resize(2 * feuilles_);
-    for (std::size_t i = 0; i < nombre; ++i) etend(i, boites_[feuilles_ + i / kParFeuille]);
+    for (std::size_t i = 0; i < nombre; ++i) etend(i, boites_[feuilles_ + i / ParFeuille]);
     for (std::size_t k = feuilles_ - 1; k >= 1; --k) {
       boites_[k] = boites_[2 * k];
       boites_[k].Etend(boites_[2 * k + 1]);
@@ -38,15 +38,15 @@ class ArbreBoites {
   [[nodiscard]] bool EstFeuille(std::size_t noeud) const { return noeud >= feuilles_; }
   [[nodiscard]] const Boite<T>& De(std::size_t noeud) const { return boites_[noeud]; }
   // The leaf that holds a thing.
-  [[nodiscard]] std::size_t FeuilleDe(std::size_t i) const { return feuilles_ + i / kParFeuille; }
+  [[nodiscard]] std::size_t FeuilleDe(std::size_t i) const { return feuilles_ + i / ParFeuille; }
   // Things below a node: [Debut, Fin).
   [[nodiscard]] std::size_t Debut(std::size_t noeud) const {
     while (noeud < feuilles_) noeud *= 2;
-    return std::min(nombre_, (noeud - feuilles_) * kParFeuille);
+    return std::min(nombre_, (noeud - feuilles_) * ParFeuille);
   }
   [[nodiscard]] std::size_t Fin(std::size_t noeud) const {
     while (noeud < feuilles_) noeud = 2 * noeud + 1;
-    return std::min(nombre_, (noeud - feuilles_ + 1) * kParFeuille);
+    return std::min(nombre_, (noeud - feuilles_ + 1) * ParFeuille);
   }
 
   // The one walk. `entre(k)`: shall node k be looked into? Asked when the walk gets there. `gauche(k)`: of
@@ -93,11 +93,11 @@ class ArbreBoites {
 
  private:
   static constexpr std::size_t NbFeuilles(std::size_t nombre) {
-    return std::bit_ceil(std::max<std::size_t>(1, (nombre + kParFeuille - 1) / kParFeuille));
+    return std::bit_ceil(std::max<std::size_t>(1, (nombre + ParFeuille - 1) / ParFeuille));
   }
   template <class Iterateur, class Lieu>
   static void Range(Iterateur debut, std::size_t nombre, std::size_t feuilles, Lieu lieu) {
-    const std::size_t moitie = feuilles / 2 * kParFeuille;
+    const std::size_t moitie = feuilles / 2 * ParFeuille;
     if (feuilles == 1) return;
     if (nombre > moitie) {
       Boite<double> b;

@@ -23,9 +23,9 @@ constexpr std::string_view SansBlancs(std::string_view t) { return SansBlancs(t,
 // Where the first line ends: the place of its CR or LF, or the length. Read piece by piece, so that a text with one
 // kind of line end alone isn't searched to its end for the other.
 constexpr std::size_t LongueurLigne(std::string_view texte) {
-  constexpr std::size_t kMorceau = 256;
-  for (std::size_t debut = 0; debut < texte.size(); debut += kMorceau) {
-    const std::string_view morceau = texte.substr(debut, kMorceau);
+  constexpr std::size_t Morceau = 256;
+  for (std::size_t debut = 0; debut < texte.size(); debut += Morceau) {
+    const std::string_view morceau = texte.substr(debut, Morceau);
     const std::size_t lf = morceau.find('\n');
     const std::size_t cr = morceau.substr(0, lf).find('\r');
     if (cr != std::string_view::npos) return debut + cr;

@@ -16,13 +16,13 @@ using pathwerk::Chemin;
 using pathwerk::Segment;
 using pathwerk::Vec2;
 
-inline constexpr std::size_t kEchantillons = 20000;
+inline constexpr std::size_t Echantillons = 20000;
 
 // Greatest distance, mm, by which samples of the result lie nearer to the source than `r`, or farther from it.
 inline double ErreurDuResultat(const ArbreSegments& source, const std::vector<Segment>& resultat, double r) {
   using namespace pathwerk;
   double pire = 0;
-  const std::size_t pas = resultat.size() / kEchantillons + 1;
+  const std::size_t pas = resultat.size() / Echantillons + 1;
   for (std::size_t i = 0; i < resultat.size(); i += pas) {
     for (const double t : {0.0, 0.5, 0.77}) {
       const Vec2 p = resultat[i].a + (resultat[i].b - resultat[i].a) * t;
@@ -46,7 +46,7 @@ inline double ErreurManquante(const Chemin& path, bool ferme, const ArbreSegment
     pire = std::max(pire, resultat.empty() ? 1e9 : std::sqrt(arbre.PlusProche(p).distance2));
   };
   const std::size_t n = path.size();
-  const std::size_t pas = n / kEchantillons + 1;
+  const std::size_t pas = n / Echantillons + 1;
   for (std::size_t i = 0; i + (ferme ? 0 : 1) < n; i += pas) {
     const Vec2 a = path[i];
     const Vec2 b = path[(i + 1) % n];

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 #include <random>
 
 #include "closed/pathwerk/commun/Lieux.h"
@@ -13,15 +14,13 @@ namespace banc {
 using pathwerk::Chemin;
 using pathwerk::Vec2;
 
-inline constexpr double kPi = 3.14159265358979323846;
-
 // Lobes on lobes, no noise beyond the spacing; the finer lobes are narrower than a 3 mm cutter.
 inline Chemin Lisse(std::size_t n) {
   std::mt19937_64 g(1);
   std::uniform_real_distribution<double> u(-1, 1);
   Chemin c;
   for (std::size_t i = 0; i < n; ++i) {
-    const double t = 2 * kPi * (static_cast<double>(i) + 0.3 * u(g)) / static_cast<double>(n);
+    const double t = 2 * std::numbers::pi * (static_cast<double>(i) + 0.3 * u(g)) / static_cast<double>(n);
     const double q = 85 + 8 * std::sin(9 * t) + 2 * std::sin(41 * t);
     c.push_back({q * std::cos(t), q * std::sin(t)});
   }
@@ -34,7 +33,7 @@ inline Chemin Bruite(std::size_t n, double bruit) {
   std::uniform_real_distribution<double> u(-1, 1);
   Chemin c;
   for (std::size_t i = 0; i < n; ++i) {
-    const double t = 2 * kPi * (static_cast<double>(i) + 0.3 * u(g)) / static_cast<double>(n);
+    const double t = 2 * std::numbers::pi * (static_cast<double>(i) + 0.3 * u(g)) / static_cast<double>(n);
     const double q = 85 + 8 * std::sin(9 * t) + bruit * u(g);
     c.push_back({q * std::cos(t), q * std::sin(t)});
   }
@@ -85,7 +84,7 @@ inline Chemin Spirale(std::size_t n) {
   const std::size_t h = n / 2;
   const auto ajoute = [&](std::size_t i, double o) {
     const double s = std::sqrt(static_cast<double>(i) / static_cast<double>(h - 1));
-    const double t = 2 * kPi * 24 * s;
+    const double t = 2 * std::numbers::pi * 24 * s;
     const double q = 4 + 4 * 24 * s + o;
     c.push_back({q * std::cos(t), q * std::sin(t)});
   };
@@ -98,7 +97,7 @@ inline Chemin Spirale(std::size_t n) {
 inline Chemin Etoile(std::size_t n) {
   Chemin c;
   for (std::size_t i = 0; i < n; ++i) {
-    const double t = 2 * kPi * static_cast<double>(i) / static_cast<double>(n);
+    const double t = 2 * std::numbers::pi * static_cast<double>(i) / static_cast<double>(n);
     const double q = 70 + 30 * std::cos(12 * t) + 0.4 * std::cos(500 * t);
     c.push_back({q * std::cos(t), q * std::sin(t)});
   }

@@ -41,9 +41,9 @@ using banc::Chemin;
 
 namespace {
 
-constexpr float kTolerance = 0.01F;     // mm
-constexpr unsigned kNotreLimite = 600;  // s
-constexpr double kEchelle = 1e5;        // Clipper's units a millimetre
+constexpr float Tolerance = 0.01F;      // mm
+constexpr unsigned NotreLimite = 600;   // s
+constexpr double EchelleClipper = 1e5;  // Clipper's units a millimetre
 
 unsigned limite = 60;  // of Clipper, s
 
@@ -68,11 +68,11 @@ Chemin EnChemin(const Records& t) {
 
 class DeClipper {
  public:
-  DeClipper(const Records& t, bool ferme) : ferme_(ferme), offset_(2, 0.01 * kEchelle) {
+  DeClipper(const Records& t, bool ferme) : ferme_(ferme), offset_(2, 0.01 * EchelleClipper) {
     const Chemin c = EnChemin(t);
     ClipperLib::Path q;
     for (const std::size_t i : chemin::Simplifie(c, std::vector<std::uint8_t>(c.size(), 0), 0.001)) {
-      q.emplace_back(std::llround(c[i].x * kEchelle), std::llround(c[i].y * kEchelle));
+      q.emplace_back(std::llround(c[i].x * EchelleClipper), std::llround(c[i].y * EchelleClipper));
     }
     if (ferme) q.pop_back();
     sens_ = ClipperLib::Orientation(q) ? -1 : 1;  // a positive delta grows the outline
@@ -81,10 +81,10 @@ class DeClipper {
   // Segments of the offset, mm.
   std::vector<Segment> Decale(double d) {
     ClipperLib::Paths r;
-    offset_.Execute(r, (ferme_ ? sens_ * d : std::abs(d)) * kEchelle);
+    offset_.Execute(r, (ferme_ ? sens_ * d : std::abs(d)) * EchelleClipper);
     std::vector<Segment> s;
     const auto place = [](const ClipperLib::IntPoint& p) {
-      return Vec2{static_cast<double>(p.X) / kEchelle, static_cast<double>(p.Y) / kEchelle};
+      return Vec2{static_cast<double>(p.X) / EchelleClipper, static_cast<double>(p.Y) / EchelleClipper};
     };
     for (const ClipperLib::Path& p : r) {
       for (std::size_t i = 0; i < p.size(); ++i) s.push_back({place(p[i]), place(p[(i + 1) % p.size()])});
@@ -219,12 +219,12 @@ Ligne Compare(const Cas& cas) {
         Records t;
         Mesures m = Notre(cas.points, [&] {
           t = source;
-          DecalSequence(t, kTolerance, static_cast<float>(cas.d), 100);
+          DecalSequence(t, Tolerance, static_cast<float>(cas.d), 100);
         });
         MesureErreur(source, cas.ferme, SegmentsDe(t), cas.d, m);
         return m;
       },
-      kNotreLimite);
+      NotreLimite);
   l.clipper = banc::DansUnEnfant<Mesures>(
       [&] {
         const Records source = EnRecords(cas.forme(cas.points), cas.ferme);
@@ -267,19 +267,19 @@ Ligne CompareTexte(double d) {
   l.notre = banc::DansUnEnfant<Mesures>(
       [&] {
         Mesures m = Notre(points, [&] {
-          for (Records t : page) DecalSequence(t, kTolerance, static_cast<float>(d), 100);
+          for (Records t : page) DecalSequence(t, Tolerance, static_cast<float>(d), 100);
         });
         for (const Records& contour : page) {
           Records t = contour;
           Mesures un;
-          if (DecalSequence(t, kTolerance, static_cast<float>(d), 100) == 0) continue;
+          if (DecalSequence(t, Tolerance, static_cast<float>(d), 100) == 0) continue;
           MesureErreur(contour, true, SegmentsDe(t), d, un);
           m.erreur = std::max(m.erreur, un.erreur);
           m.manque = std::max(m.manque, un.manque);
         }
         return m;
       },
-      kNotreLimite);
+      NotreLimite);
   l.clipper = banc::DansUnEnfant<Mesures>(
       [&] {
         Mesures m;
@@ -303,12 +303,12 @@ Ligne ComparePoche(const char* nom, const Chemin& c, double rayon, int recouvrem
       [&] {
         Mesures m = Notre(c.size(), [&] {
           Records t = source;
-          DecalSequence(t, kTolerance, static_cast<float>(rayon), recouvrement);
+          DecalSequence(t, Tolerance, static_cast<float>(rayon), recouvrement);
         });
         m.octets = 0;  // the fill of a square has a thousand times the points of the square
         return m;
       },
-      kNotreLimite);
+      NotreLimite);
   const double pas = rayon * 2 * (100 - recouvrement) / 100.0;
   l.clipper = banc::DansUnEnfant<Mesures>(
       [&] {
@@ -333,10 +333,10 @@ void AvecMarques(std::size_t points) {
           for (std::size_t i = 0; k == 1 && i < source.size(); i += 10) source[i].Cde = CodePC;
           return Notre(points, [&] {
             Records r = source;
-            DecalSequence(r, kTolerance, 3.0F, 100);
+            DecalSequence(r, Tolerance, 3.0F, 100);
           });
         },
-        kNotreLimite);
+        NotreLimite);
     t[k] = m ? m->secondes : -1;
   }
   std::printf("smooth outline of %zu points with %zu marks: %.4f s, without %.4f s\n", points, points / 10, t[1],

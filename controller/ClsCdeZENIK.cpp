@@ -19,7 +19,7 @@ std::unique_ptr<ClsCdeZENIK> CdeZENIK = std::make_unique<ClsCdeZENIK>();
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { CdeZENIK = std::make_unique<ClsCdeZENIK>(); });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { CdeZENIK = std::make_unique<ClsCdeZENIK>(); });
 
 // Fixed texts of the link, the same in every language.
 void MontreTexte(std::string texte) {

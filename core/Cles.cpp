@@ -21,7 +21,7 @@ MagasinCles Magasin;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Magasin = MagasinCles{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Magasin = MagasinCles{}; });
 
 constexpr const char* SectionProgramme = "OVELIN";
 constexpr std::size_t LongueurValeur = 255;   // characters of a value as it is read

@@ -7,7 +7,7 @@ namespace ovelin {
 Document Doc;
 
 namespace {
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Doc = Document{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Doc = Document{}; });
 }
 
 }  // namespace ovelin

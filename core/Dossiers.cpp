@@ -23,7 +23,7 @@ std::vector<std::string> DossiersProduit;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] {
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] {
   DossierProgramme.clear();
   DossierTemp.clear();
   DossiersProduit.clear();

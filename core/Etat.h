@@ -7,7 +7,7 @@ namespace ovelin {
 using Remise = void (*)();
 
 // Returns true, so that it can initialise a constant beside the global it resets:
-//   const bool enregistree = EnregistreRemise([] { Doc = Document{}; });
+//   const bool Enregistree = EnregistreRemise([] { Doc = Document{}; });
 bool EnregistreRemise(Remise remise);
 
 // Every registered global as after the start of the program. Services are reset too (see Services.h).

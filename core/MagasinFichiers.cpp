@@ -59,7 +59,7 @@ struct Tenu {
   std::string* texteRedirige = nullptr;
 };
 Tenu T;
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { T = Tenu{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { T = Tenu{}; });
 
 void Echec(const ErreurSysteme& erreur) {
   if (Magasin.DerniereErreur.empty()) Magasin.DerniereErreur = erreur;

@@ -7,7 +7,7 @@ namespace ovelin {
 EtatPlan Plan;
 
 namespace {
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Plan = EtatPlan{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Plan = EtatPlan{}; });
 }
 
 }  // namespace ovelin

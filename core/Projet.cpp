@@ -27,7 +27,7 @@ CrochetsProjet Crochets;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Crochets = CrochetsProjet{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Crochets = CrochetsProjet{}; });
 
 // Points and bytes from which a file is worth a thread: below, it is there in some milliseconds.
 constexpr std::size_t SeuilFondPoints = 5000;

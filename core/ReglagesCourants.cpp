@@ -13,7 +13,7 @@ Reglages Regl;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Regl = Reglages{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Regl = Reglages{}; });
 
 enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Demarrage };
 

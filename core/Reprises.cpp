@@ -27,7 +27,7 @@ struct Note {
 };
 Note Notee;
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] {
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] {
   DossierReprises.clear();
   Notee = Note{};
 });

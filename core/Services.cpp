@@ -15,7 +15,7 @@ Services Svc = ServicesMuets();
 void (*ArretFatal)() = nullptr;
 
 namespace {
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Svc = ServicesMuets(); });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Svc = ServicesMuets(); });
 }
 
 Boite BoiteDe(CleTexte texte, Icone icone, Boutons boutons) {

@@ -22,7 +22,7 @@ struct TextesLus {
   std::unordered_map<std::string, std::string> parCle;  // section, line feed, key, all in capitals
 };
 TextesLus Cache;
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Cache = TextesLus{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Cache = TextesLus{}; });
 
 std::string CleCache(std::string_view section, std::string_view cle) {
   return Majuscules(section) + "\n" + Majuscules(cle);

@@ -17,7 +17,7 @@ std::string MateriauCourant;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { MateriauCourant.clear(); });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { MateriauCourant.clear(); });
 
 constexpr char Tabulation = '\t';
 constexpr const char* Manquante = "$$";   // no stored row reads so

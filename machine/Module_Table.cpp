@@ -20,7 +20,7 @@ const std::array<float, 9> TempsDouble{0.021875F, 0.04375F, 0.0875F, 0.175F, 0.3
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Table = TableMachine{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Table = TableMachine{}; });
 
 // Steps per turn times two to the power of the division. The power is bounded where no machine reaches.
 double PasParTour(const LectureChamp& pas, const LectureChamp& division) {

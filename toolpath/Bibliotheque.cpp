@@ -7,7 +7,7 @@ namespace ovelin {
 Bibliotheque Biblio = BibliothequePathwerk();
 
 namespace {
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Biblio = BibliothequePathwerk(); });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Biblio = BibliothequePathwerk(); });
 }
 
 Bibliotheque BibliothequePathwerk() {

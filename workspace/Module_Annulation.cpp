@@ -60,7 +60,7 @@ void Oublie() {
   Dernier = DernierEtat{};
   ATenir.reset();
 }
-[[maybe_unused]] const bool enregistree = EnregistreRemise(Oublie);
+[[maybe_unused]] const bool Enregistree = EnregistreRemise(Oublie);
 
 // `Instantane` and the path of the snapshot stand as long as the object.
 class PendantInstantane {

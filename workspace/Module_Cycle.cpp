@@ -31,7 +31,7 @@ EtatCycle Cycle;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Cycle = EtatCycle{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Cycle = EtatCycle{}; });
 
 constexpr int VersionPathwerkMin = 62;
 constexpr int EssaisTouche = 10;

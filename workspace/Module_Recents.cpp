@@ -23,7 +23,7 @@ ListeRecents Recents;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Recents = ListeRecents{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Recents = ListeRecents{}; });
 
 constexpr std::size_t LongueurValeur = 255;
 

@@ -16,7 +16,7 @@ Reprise RepriseChoisie;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { RepriseChoisie = Reprise{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { RepriseChoisie = Reprise{}; });
 
 }  // namespace
 

@@ -22,7 +22,7 @@ EtatSouris Souris;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Souris = EtatSouris{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Souris = EtatSouris{}; });
 
 constexpr float Tremblement = 2 * TwipsParPixel;  // a press and release this near is no movement
 

@@ -28,7 +28,7 @@ struct Travail {
   bool marque = false;
 };
 Travail Retenu;
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Retenu = Travail{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Retenu = Travail{}; });
 
 std::string ProjetOuvert() {
   return FichierProjet == FichierCourant && ExtensionDe(FichierCourant) == "OVL" ? FichierCourant : "";

@@ -14,7 +14,7 @@ constinit EtatVue Vue;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Vue = EtatVue{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Vue = EtatVue{}; });
 
 constexpr double FacteurPlus = 1.1;
 constexpr double FacteurMoins = 0.9;

@@ -14,8 +14,8 @@ namespace pathwerk {
 
 namespace {
 
-constexpr double kToleranceParDefaut = 0.01;  // mm
-constexpr double kDistanceMax = 1e7;          // mm
+constexpr double ToleranceParDefaut = 0.01;  // mm
+constexpr double DistanceMax = 1e7;          // mm
 
 bool SansEtendue(const std::vector<PointTrace>& points) {
   return std::all_of(points.begin(), points.end(),
@@ -28,7 +28,7 @@ bool TousFinis(const std::vector<PointTrace>& points) {
 }
 
 std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double distance, std::int32_t recouvrement) {
-  if (points.empty() || !TousFinis(points) || !(std::abs(distance) <= kDistanceMax)) return 0;
+  if (points.empty() || !TousFinis(points) || !(std::abs(distance) <= DistanceMax)) return 0;
   if (SansEtendue(points)) {  // a hole, however often its place is given: it has no side
     points.resize(2, points.front());
     points[1] = points[0];
@@ -62,7 +62,7 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
 std::int32_t DecalSequence(std::vector<PointTrace>& points, float tolerance, float decal,
                            std::int32_t recouvrement) {
   double t = static_cast<double>(tolerance);
-  if (!(t > 0)) t = kToleranceParDefaut;
+  if (!(t > 0)) t = ToleranceParDefaut;
   t = std::clamp(t, 1e-4, 10.0);
   try {
     return Decale(points, t, static_cast<double>(decal), recouvrement);

@@ -17,12 +17,12 @@ using lecture::EnTexte;
 using lecture::Lecture;
 using lecture::Trait;
 
-constexpr double kCoordonneeMax = 1e7;   // mm
-constexpr double kEcartDoublons = 0.01;  // mm: what lies nearer over its whole length was drawn twice
-constexpr std::string_view kDoublon = "DUPLICATE";
-constexpr std::string_view kNul = "ZERO_LENGTH";
+constexpr double CoordonneeMax = 1e7;   // mm
+constexpr double EcartDoublons = 0.01;  // mm: what lies nearer over its whole length was drawn twice
+constexpr std::string_view Doublon = "DUPLICATE";
+constexpr std::string_view Nul = "ZERO_LENGTH";
 
-bool EstLisible(Vec2 p) { return std::fabs(p.x) <= kCoordonneeMax && std::fabs(p.y) <= kCoordonneeMax; }
+bool EstLisible(Vec2 p) { return std::fabs(p.x) <= CoordonneeMax && std::fabs(p.y) <= CoordonneeMax; }
 
 // Adding zero turns a negative zero into a positive one, so that equal places have equal bits.
 PointF EnFloat(Vec2 p) { return {static_cast<float>(p.x) + 0.0F, static_cast<float>(p.y) + 0.0F}; }
@@ -127,7 +127,7 @@ void RetireDoublons(Lecture& lecture, CheminsAssembles& assembles, double ecart,
   long doublons = MarqueDoublons(assembles, garde);
   doublons += MarqueJumeaux(assembles, ecart, garde);
   if (doublons == 0) return;
-  lecture.Ignore(kDoublon, doublons);
+  lecture.Ignore(Doublon, doublons);
   Retire(assembles, garde, bouts);
 }
 
@@ -140,7 +140,7 @@ void RetireNuls(Lecture& lecture, CheminsAssembles& assembles) {
     ++nuls;
   }
   if (nuls == 0) return;
-  lecture.Ignore(kNul, nuls);
+  lecture.Ignore(Nul, nuls);
   Retire(assembles, garde, nullptr);
 }
 
@@ -159,8 +159,8 @@ CheminsAssembles FaitChemins(Lecture& lecture, const OptionsLecture& options) {
     std::vector<Vec2>().swap(t.points);  // the drawing is not held twice
   }
   std::vector<Trait>().swap(lecture.traits);
-  if (nuls > 0) lecture.Ignore(kNul, nuls);
-  const double ecart = lecture.mesure ? std::min(options.ToleranceSoudure, kEcartDoublons) : 0;
+  if (nuls > 0) lecture.Ignore(Nul, nuls);
+  const double ecart = lecture.mesure ? std::min(options.ToleranceSoudure, EcartDoublons) : 0;
   RetireDoublons(lecture, assembles, ecart, &bouts);
   if (lecture.souder) {
     assembles = Soude(assembles, bouts, tolerance);
@@ -172,16 +172,16 @@ CheminsAssembles FaitChemins(Lecture& lecture, const OptionsLecture& options) {
 
 // Depth of each path in the forest of contours; the outermost are at 0.
 std::vector<std::size_t> Profondeurs(std::span<const std::size_t> parents) {
-  constexpr std::size_t kInconnue = static_cast<std::size_t>(-1);
-  std::vector<std::size_t> profondeur(parents.size(), kInconnue);
+  constexpr std::size_t Inconnue = static_cast<std::size_t>(-1);
+  std::vector<std::size_t> profondeur(parents.size(), Inconnue);
   std::vector<std::size_t> montee;
   for (std::size_t i = 0; i < parents.size(); ++i) {
     std::size_t k = i;
-    while (k != kSansParent && profondeur[k] == kInconnue) {
+    while (k != SansParent && profondeur[k] == Inconnue) {
       montee.push_back(k);
       k = parents[k];
     }
-    std::size_t p = k == kSansParent ? 0 : profondeur[k] + 1;
+    std::size_t p = k == SansParent ? 0 : profondeur[k] + 1;
     for (; !montee.empty(); montee.pop_back()) profondeur[montee.back()] = p++;
   }
   return profondeur;

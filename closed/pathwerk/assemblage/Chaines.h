@@ -12,7 +12,7 @@
 namespace pathwerk::assemblage {
 
 using Bout = std::uint32_t;  // end of a path: 2 * path, + 1 for its last point
-inline constexpr Bout kLibre = std::numeric_limits<Bout>::max();
+inline constexpr Bout BoutLibre = std::numeric_limits<Bout>::max();
 
 constexpr Bout Oppose(Bout e) { return e ^ 1U; }
 
@@ -22,7 +22,7 @@ class Chaines {
   Chaines(const CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance)
       : assembles_(assembles), bouts_(bouts), tolerance_(tolerance) {
     const std::size_t n = assembles.chemins.size();
-    lien.assign(2 * n, kLibre);
+    lien.assign(2 * n, BoutLibre);
     autre_.resize(2 * n);
     longueur_.assign(2 * n, 0);
     segments_.assign(2 * n, 0);
@@ -38,7 +38,7 @@ class Chaines {
     }
   }
 
-  std::vector<Bout> lien;  // partner of each end, kLibre when free
+  std::vector<Bout> lien;  // partner of each end, BoutLibre when free
 
   [[nodiscard]] PointF Place(Bout e) const {
     const auto pts = assembles_.De(e / 2);
@@ -65,7 +65,7 @@ class Chaines {
   // A chain may close on itself when something lies between its ends: a lone stroke may not, and nor may a crumb
   // that lies within the tolerance as a whole.
   [[nodiscard]] bool Permis(Bout e, Bout f) const {
-    if (e == f || lien[e] != kLibre || lien[f] != kLibre) return false;
+    if (e == f || lien[e] != BoutLibre || lien[f] != BoutLibre) return false;
     if (autre_[e] != f) return true;
     return segments_[e] >= 2 && (Place(e) == Place(f) || longueur_[e] > 4 * tolerance_);
   }

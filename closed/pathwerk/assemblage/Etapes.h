@@ -54,9 +54,9 @@ long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<
 // joins equal points alone. Returns the assembles with the joined paths in the place of their first piece.
 CheminsAssembles Soude(const CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance);
 
-// For each path the index of the smallest contour around it, or `kSansParent`. `marge` in mm: a path that sticks
+// For each path the index of the smallest contour around it, or `SansParent`. `marge` in mm: a path that sticks
 // out of a contour by less is still inside.
-inline constexpr std::size_t kSansParent = static_cast<std::size_t>(-1);
+inline constexpr std::size_t SansParent = static_cast<std::size_t>(-1);
 std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge);
 
 // Indices of all paths, each contour behind everything that it contains, otherwise in the given order.

@@ -101,11 +101,11 @@ class Aretes {
     std::vector<Boite> etage;
     for (std::size_t i = 0; i + 1 < points.size(); ++i) etage.push_back(BoiteDe(points[i], points[i + 1]));
     etages_.push_back(std::move(etage));
-    while (etages_.back().size() > kPaquet) {
+    while (etages_.back().size() > Paquet) {
       const std::vector<Boite>& bas = etages_.back();
       std::vector<Boite> haut;
       for (std::size_t i = 0; i < bas.size(); ++i) {
-        if (i % kPaquet == 0) haut.push_back(bas[i]);
+        if (i % Paquet == 0) haut.push_back(bas[i]);
         haut.back().Etend(bas[i]);
       }
       etages_.push_back(std::move(haut));
@@ -136,7 +136,7 @@ class Aretes {
   }
 
  private:
-  static constexpr std::size_t kPaquet = 8;
+  static constexpr std::size_t Paquet = 8;
 
   // Calls `f` for the edges under a box that come into the zone, until it says true.
   template <class F>
@@ -146,8 +146,8 @@ class Aretes {
       --travail;
       return f(k);
     }
-    const std::size_t fin = std::min((k + 1) * kPaquet, etages_[etage - 1].size());
-    for (std::size_t i = k * kPaquet; i < fin; ++i) {
+    const std::size_t fin = std::min((k + 1) * Paquet, etages_[etage - 1].size());
+    for (std::size_t i = k * Paquet; i < fin; ++i) {
       if (Cherche(zone, etage - 1, i, travail, f)) return true;
     }
     return false;
@@ -155,14 +155,14 @@ class Aretes {
 
   // Together the whole segment?
   static bool Couvrent(std::vector<Part>& parts) {
-    constexpr double kRien = 1e-9;  // of the length: where two parts meet
+    constexpr double Rien = 1e-9;  // of the length: where two parts meet
     std::sort(parts.begin(), parts.end(), [](const Part& x, const Part& y) { return x.de < y.de; });
     double atteint = 0;
     for (const Part& p : parts) {
-      if (p.de > atteint + kRien) return false;
+      if (p.de > atteint + Rien) return false;
       atteint = std::max(atteint, p.a);
     }
-    return atteint >= 1 - kRien;
+    return atteint >= 1 - Rien;
   }
 
   std::span<const PointF> points_;
@@ -222,7 +222,7 @@ class Boites {
 long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<char>& garde) {
   if (!(ecart > 1e-12) || !std::isfinite(ecart)) return 0;
   const double r = ecart * (1 + 1e-9);
-  constexpr std::size_t kRegards = 64;
+  constexpr std::size_t Regards = 64;
   std::vector<std::unique_ptr<Aretes>> arbres(assembles.chemins.size());
   const auto arbre = [&](std::size_t i) -> const Aretes& {
     if (!arbres[i]) arbres[i] = std::make_unique<Aretes>(assembles.De(i));
@@ -237,7 +237,7 @@ long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<
     if (nature != Nature::Percage && std::hypot(b.x1 - b.x0, b.y1 - b.y0) <= 4 * ecart) continue;
     const auto jumeau = [&](std::uint32_t k) {
       if (assembles.chemins[k].nature != nature) return false;
-      std::size_t travail = kRegards * (assembles.chemins[i].nb + assembles.chemins[k].nb);
+      std::size_t travail = Regards * (assembles.chemins[i].nb + assembles.chemins[k].nb);
       return arbre(k).Longe(assembles.De(i), r, travail) && arbre(i).Longe(assembles.De(k), r, travail);
     };
     if (boites.Cherche(b, jumeau)) {

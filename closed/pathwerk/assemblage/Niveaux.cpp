@@ -79,11 +79,11 @@ class Interieur {
 std::vector<Vec2> Temoins(std::span<const PointF> points, Nature nature, const Boite& b) {
   std::vector<Vec2> temoins;
   if (nature == Nature::Ferme) {
-    constexpr std::array kHauteurs = {0.5037, 0.1721, 0.8293, 0.3383, 0.6719};
-    std::array<std::vector<double>, kHauteurs.size()> coupes;
-    std::array<double, kHauteurs.size()> y{};
+    constexpr std::array Hauteurs = {0.5037, 0.1721, 0.8293, 0.3383, 0.6719};
+    std::array<std::vector<double>, Hauteurs.size()> coupes;
+    std::array<double, Hauteurs.size()> y{};
     for (std::size_t k = 0; k < y.size(); ++k) {
-      y[k] = static_cast<double>(b.y0) + (static_cast<double>(b.y1) - static_cast<double>(b.y0)) * kHauteurs[k];
+      y[k] = static_cast<double>(b.y0) + (static_cast<double>(b.y1) - static_cast<double>(b.y0)) * Hauteurs[k];
     }
     for (std::size_t i = 1; i < points.size(); ++i) {
       for (std::size_t k = 0; k < y.size(); ++k) {
@@ -152,7 +152,7 @@ std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge
     return a.aire != b.aire ? a.aire < b.aire : a.chemin < b.chemin;
   });
   std::vector<std::unique_ptr<Interieur>> arbres(contours.size());
-  std::vector<std::size_t> parents(n, kSansParent);
+  std::vector<std::size_t> parents(n, SansParent);
   std::vector<Vec2> temoins;
   for (std::size_t i = 0; i < n; ++i) {
     const Boite& b = boites[i];
@@ -182,26 +182,26 @@ std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge
 // The forest of contours walked children first, without recursion: a drawing may be nested as deep as it has paths.
 std::vector<std::size_t> OrdreDeCoupe(std::span<const std::size_t> parents) {
   const std::size_t n = parents.size();
-  std::vector<std::size_t> premier(n + 1, kSansParent);  // first child; of the drawing itself at n
-  std::vector<std::size_t> suivant(n, kSansParent);      // next one with the same parent
+  std::vector<std::size_t> premier(n + 1, SansParent);  // first child; of the drawing itself at n
+  std::vector<std::size_t> suivant(n, SansParent);      // next one with the same parent
   for (std::size_t i = n; i-- > 0;) {
-    auto& tete = premier[parents[i] == kSansParent ? n : parents[i]];
+    auto& tete = premier[parents[i] == SansParent ? n : parents[i]];
     suivant[i] = tete;
     tete = i;
   }
   std::vector<std::size_t> ordre;
   ordre.reserve(n);
   std::size_t i = premier[n];
-  while (i != kSansParent) {
-    while (premier[i] != kSansParent) i = premier[i];
+  while (i != SansParent) {
+    while (premier[i] != SansParent) i = premier[i];
     for (;;) {
       ordre.push_back(i);
-      if (suivant[i] != kSansParent) {
+      if (suivant[i] != SansParent) {
         i = suivant[i];
         break;
       }
       i = parents[i];
-      if (i == kSansParent) break;
+      if (i == SansParent) break;
     }
   }
   return ordre;

@@ -68,7 +68,7 @@ class GrandNoeud {
     // All that is left comes from one side.
     std::vector<Bout> restes;
     for (const Rayon& r : rayons_) {
-      if (chaines_.lien[r.e] == kLibre) restes.push_back(r.e);
+      if (chaines_.lien[r.e] == BoutLibre) restes.push_back(r.e);
     }
     for (std::size_t i = 0; i + 1 < restes.size(); ++i) {
       if (chaines_.Permis(restes[i], restes[i + 1])) chaines_.Relie(restes[i], restes[i + 1]);
@@ -173,11 +173,11 @@ class Grille {
 };
 
 void GardeLibres(const Chaines& chaines, std::vector<Bout>& bouts) {
-  std::erase_if(bouts, [&](Bout e) { return chaines.lien[e] != kLibre; });
+  std::erase_if(bouts, [&](Bout e) { return chaines.lien[e] != BoutLibre; });
 }
 
 // Ends nearer than this share of the tolerance count as one place: there the straightest goes first.
-constexpr int kTours = 10;  // 2^-10
+constexpr int Tours = 10;  // 2^-10
 
 // All pairs within reach, the best first. Meant for ends that have few neighbours each.
 void RelieParDistance(Chaines& chaines, std::span<const Bout> bouts, double portee, double unePlace) {
@@ -220,17 +220,17 @@ void RelieBoutsProches(const CheminsAssembles& assembles, Chaines& chaines, doub
     libres.push_back(static_cast<Bout>(2 * i + 1));
   }
   GardeLibres(chaines, libres);
-  const double unePlace = std::ldexp(tolerance, -kTours);
-  constexpr std::size_t kFoule = 8;
+  const double unePlace = std::ldexp(tolerance, -Tours);
+  constexpr std::size_t Foule = 8;
   std::vector<Bout> foule;
   Grille(chaines, libres, tolerance).ParCellule([&](const std::vector<Bout>& cellule) {
-    if (cellule.size() > kFoule) foule.insert(foule.end(), cellule.begin(), cellule.end());
+    if (cellule.size() > Foule) foule.insert(foule.end(), cellule.begin(), cellule.end());
   });
   if (!foule.empty()) {
     Grille(chaines, foule, unePlace).ParCellule([&](const std::vector<Bout>& cellule) {
       RelieNoeud(chaines, cellule);
     });
-    for (int tour = kTours - 1; tour >= 0; --tour) {
+    for (int tour = Tours - 1; tour >= 0; --tour) {
       GardeLibres(chaines, foule);
       RelieParDistance(chaines, foule, std::ldexp(tolerance, -tour), unePlace);
     }

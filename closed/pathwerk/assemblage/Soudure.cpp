@@ -11,7 +11,7 @@ namespace pathwerk::assemblage {
 
 namespace {
 
-constexpr std::uint32_t kSansNoeud = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t SansNoeud = std::numeric_limits<std::uint32_t>::max();
 
 // Ends at exactly the same place. Returns the number of the node of each end.
 std::vector<std::uint32_t> RelieBoutsEgaux(const CheminsAssembles& assembles, Chaines& chaines) {
@@ -27,7 +27,7 @@ std::vector<std::uint32_t> RelieBoutsEgaux(const CheminsAssembles& assembles, Ch
     }
   }
   TrieParCle(entrees);
-  std::vector<std::uint32_t> noeud(2 * n, kSansNoeud);
+  std::vector<std::uint32_t> noeud(2 * n, SansNoeud);
   std::vector<Bout> groupe;
   std::uint32_t numero = 0;
   for (std::size_t a = 0; a < entrees.size();) {
@@ -93,15 +93,15 @@ class Marche {
   // then `e` stands first, otherwise the open start of the chain does.
   bool Suite(Bout e, std::vector<Bout>& suite) const {
     Bout tete = e;
-    while (chaines_.lien[tete] != kLibre) {
+    while (chaines_.lien[tete] != BoutLibre) {
       tete = Oppose(chaines_.lien[tete]);
       if (tete == e) break;
     }
-    const bool ferme = chaines_.lien[tete] != kLibre;
+    const bool ferme = chaines_.lien[tete] != BoutLibre;
     for (Bout entree = tete;;) {
       suite.push_back(entree);
       entree = chaines_.lien[Oppose(entree)];
-      if (entree == kLibre || entree == tete) return ferme;
+      if (entree == BoutLibre || entree == tete) return ferme;
     }
   }
 
@@ -116,9 +116,9 @@ class Marche {
     std::vector<Bout> pile;
     for (const Bout e : suite) {
       pile.push_back(e);
-      if (noeud_[e] != kSansNoeud) position_[noeud_[e]] = pile.size();  // one above the index, 0 is absent
+      if (noeud_[e] != SansNoeud) position_[noeud_[e]] = pile.size();  // one above the index, 0 is absent
       const std::uint32_t fin = noeud_[Oppose(e)];
-      if (fin == kSansNoeud || position_[fin] == 0) continue;
+      if (fin == SansNoeud || position_[fin] == 0) continue;
       const std::size_t tete = position_[fin] - 1;
       const std::span boucle = std::span(pile).subspan(tete);
       for (const Bout k : boucle) position_[noeud_[k]] = 0;

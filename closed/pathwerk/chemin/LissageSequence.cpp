@@ -8,7 +8,7 @@
 //        P1 .     . P2        T  tangents; the curve leaves the chord by at most L |T1 - T2| / 8
 //      T1 /         \ T2
 //
-// What must stay straight or sharp does: at a corner (turn above kCoin) and at an end each side starts along its
+// What must stay straight or sharp does: at a corner (turn above Coin) and at an end each side starts along its
 // own chord; where a long segment meets one less than a third as long, the tangent is that of the long one, which
 // keeps the straight sides of a rounded rectangle straight. Since the curve passes through the given points,
 // repeated smoothing converges, and a segment gets points only where they would show.
@@ -24,10 +24,10 @@ namespace pathwerk {
 
 namespace {
 
-constexpr double kCoin = 50.0 * 3.14159265358979323846 / 180.0;  // radians
-constexpr double kRapport = 3.0;        // lengths of neighbours beyond which the longer is a straight side
-constexpr double kFlecheUtile = 0.001;  // mm: less than this isn't worth a point
-constexpr double kFlecheFine = 0.04;    // mm: above it three points are put in, not one
+constexpr double Coin = 50.0 * 3.14159265358979323846 / 180.0;  // radians
+constexpr double Rapport = 3.0;        // lengths of neighbours beyond which the longer is a straight side
+constexpr double FlecheUtile = 0.001;  // mm: less than this isn't worth a point
+constexpr double FlecheFine = 0.04;    // mm: above it three points are put in, not one
 
 // Tangents of the path in one point: as the end of the segment before it, as the start of the segment behind it.
 struct Tangentes {
@@ -43,9 +43,9 @@ Tangentes TangentesEn(Vec2 avant, Vec2 p, Vec2 apres) {
   const Vec2 ua = a * (1 / la);
   const Vec2 ub = b * (1 / lb);
   const double angle = std::atan2(std::abs(Vectoriel(ua, ub)), Scalaire(ua, ub));
-  if (!(angle <= kCoin)) return {ua, ub};
-  if (la > kRapport * lb) return {ua, ua};
-  if (lb > kRapport * la) return {ub, ub};
+  if (!(angle <= Coin)) return {ua, ub};
+  if (la > Rapport * lb) return {ua, ua};
+  if (lb > Rapport * la) return {ub, ub};
   // Derivative at p of the parabola through the three points over chord length: the circle's tangent for small
   // turns.
   const Vec2 t = Unite(ua * lb + ub * la);
@@ -109,8 +109,8 @@ class Lisseur {
     for (const double s : {0.25, 0.5, 0.75}) {
       fleche = std::max(fleche, std::abs(Vectoriel(Unite(q - p), Courbe(p, q, tp, tq, s) - p)));
     }
-    if (!(fleche > kFlecheUtile)) return;
-    const bool fin = fleche > kFlecheFine;
+    if (!(fleche > FlecheUtile)) return;
+    const bool fin = fleche > FlecheFine;
     for (const double s : {0.25, 0.5, 0.75}) {
       if (!fin && s != 0.5) continue;
       const Vec2 m = Courbe(p, q, tp, tq, s);

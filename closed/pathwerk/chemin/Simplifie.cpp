@@ -11,7 +11,7 @@
 //               '  o '
 //
 // Points within the tolerance of A put no bound on the direction. Behind the last point that could end the segment
-// at most kRegard points are looked at, so the pass stays linear.
+// at most Regard points are looked at, so the pass stays linear.
 #include "closed/pathwerk/chemin/Simplifie.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ namespace pathwerk::chemin {
 
 namespace {
 
-constexpr std::size_t kRegard = 48;
+constexpr std::size_t Regard = 48;
 
 struct Cone {
   bool ouvert = true;  // no bound yet
@@ -55,7 +55,7 @@ std::size_t Portee(std::span<const Vec2> p, std::size_t a, std::size_t fin, doub
   Cone cone;
   std::size_t atteint = a + 1;
   double loin = 0;
-  for (std::size_t j = a + 1; j <= fin && j <= atteint + kRegard; ++j) {
+  for (std::size_t j = a + 1; j <= fin && j <= atteint + Regard; ++j) {
     const Vec2 v = p[j] - p[a];
     const double d = Norme(v);
     if (cone.ouvert || (d >= loin && cone.Contient(v))) atteint = j;

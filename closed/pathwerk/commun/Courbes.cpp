@@ -11,7 +11,7 @@ namespace {
 
 // No curve takes more chords than this. It binds from a radius of about 130 m at 0.01 mm, and keeps a few bytes of
 // a hostile file from asking for gigabytes.
-constexpr double kCordesMax = 8192;
+constexpr double CordesMax = 8192;
 
 double FlecheUtile(double fleche) { return std::isfinite(fleche) && fleche > 1e-9 ? fleche : 1e-9; }
 
@@ -35,7 +35,7 @@ void AjouteArc(std::vector<Vec2>& points, Vec2 centre, double rayon, double angl
   // More than a turn repeats itself; a few are kept as they are.
   const double tours = std::clamp(balayage, -64 * std::numbers::pi, 64 * std::numbers::pi);
   const double ideal = std::ceil(std::fabs(tours) / pas - 1e-9);  // 1e-9: an exact share stays what it is
-  const int n = static_cast<int>(std::clamp(ideal, 1.0, kCordesMax));
+  const int n = static_cast<int>(std::clamp(ideal, 1.0, CordesMax));
   for (int i = 1; i <= n; ++i) {
     const double angle = angleDebut + tours * i / n;
     points.push_back({centre.x + r * std::cos(angle), centre.y + r * std::sin(angle)});
@@ -55,7 +55,7 @@ void AjouteBezier(std::vector<Vec2>& points, Vec2 p1, Vec2 p2, Vec2 p3, double f
   const double d2 = std::hypot(p1.x - 2 * p2.x + p3.x, p1.y - 2 * p2.y + p3.y);
   const double ideal = std::ceil(std::sqrt(0.75 * std::max(d1, d2) / FlecheUtile(fleche)));
   // A comparison with NaN is false, so a curve that isn't finite is one chord.
-  const int n = ideal > 1 ? static_cast<int>(std::min(ideal, kCordesMax)) : 1;
+  const int n = ideal > 1 ? static_cast<int>(std::min(ideal, CordesMax)) : 1;
   for (int i = 1; i < n; ++i) {
     const double t = static_cast<double>(i) / n;
     const double u = 1 - t;

@@ -14,14 +14,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace pathwerk::decalage {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-constexpr double kMemeCoin = 1e-7;  // mm
-constexpr double kDemiTour = 1e-9;  // rad: a turn this near to half a turn goes right back
+constexpr double MemeCoin = 1e-7;  // mm
+constexpr double DemiTour = 1e-9;  // rad: a turn this near to half a turn goes right back
 
 struct Coin {
   bool exterieur = false;
@@ -33,7 +33,7 @@ struct Coin {
 Coin CoinDe(Vec2 u, Vec2 v, double d) {
   Coin c;
   const double sinus = Vectoriel(u, v);
-  const bool retour = Scalaire(u, v) < 0 && std::abs(sinus) < kDemiTour;
+  const bool retour = Scalaire(u, v) < 0 && std::abs(sinus) < DemiTour;
   c.exterieur = retour || sinus * d < 0;
   c.vif = retour || (c.exterieur && std::abs(sinus) > 1e-12) || (c.exterieur && Scalaire(u, v) < 0);
   const double cote = d > 0 ? 1 : -1;
@@ -60,7 +60,7 @@ class Releveur {
  private:
   void Contour(std::size_t debut, std::size_t fin) {
     const std::size_t premier = libres_.size();
-    ouvert_ = kNaturel;
+    ouvert_ = Naturel;
     bool commence = false;  // the first piece of the contour is free from its start
     bool rang0 = true;
     Vec2 u = Unite(source_.B(fin - 1) - source_.A(fin - 1));
@@ -81,23 +81,23 @@ class Releveur {
       rang0 = false;
       u = v;
     }
-    if (ouvert_ != kNaturel && commence) libres_[ouvert_].suite = static_cast<std::uint32_t>(premier);
+    if (ouvert_ != Naturel && commence) libres_[ouvert_].suite = static_cast<std::uint32_t>(premier);
   }
 
   // Returns whether the piece is free from its own start.
   bool Ajoute(std::size_t i, bool arc, bool libre) {
     if (!libre) {
-      ouvert_ = kNaturel;
+      ouvert_ = Naturel;
       return false;
     }
     const std::vector<Intervalle>& reste = tailleur_.Reste();
-    const bool joint = reste.front().de.cause == kNaturel;
-    if (joint && ouvert_ != kNaturel) libres_[ouvert_].suite = static_cast<std::uint32_t>(libres_.size());
+    const bool joint = reste.front().de.cause == Naturel;
+    if (joint && ouvert_ != Naturel) libres_[ouvert_].suite = static_cast<std::uint32_t>(libres_.size());
     if (!libres_.empty() && !arc && reste.front().de.cause == source_.Precedent(i)) {
       // An inner corner where both parallels merely cut each other short, as nearly all do.
       ArcLibre& avant = libres_.back();
       if (!avant.arc && avant.source == source_.Precedent(i) && avant.causeB == i &&
-          Norme(tailleur_.Place(reste.front().de) - avant.b) < kMemeCoin) {
+          Norme(tailleur_.Place(reste.front().de) - avant.b) < MemeCoin) {
         avant.suite = static_cast<std::uint32_t>(libres_.size());
       }
     }
@@ -111,7 +111,7 @@ class Releveur {
       a.arc = arc;
       libres_.push_back(a);
     }
-    ouvert_ = libres_.back().causeB == kNaturel ? static_cast<std::uint32_t>(libres_.size() - 1) : kNaturel;
+    ouvert_ = libres_.back().causeB == Naturel ? static_cast<std::uint32_t>(libres_.size() - 1) : Naturel;
     return joint;
   }
 
@@ -119,7 +119,7 @@ class Releveur {
   ArcTailleur tailleur_;
   double d_;
   std::vector<ArcLibre> libres_;
-  std::uint32_t ouvert_ = kNaturel;  // the stretch that is free up to the corner ahead
+  std::uint32_t ouvert_ = Naturel;  // the stretch that is free up to the corner ahead
 };
 
 struct Paire {
@@ -178,12 +178,12 @@ std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit
 std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux) {
   std::vector<std::uint8_t> precede(libres.size(), 0);
   for (const ArcLibre& a : libres) {
-    if (a.suite != kNaturel) precede[a.suite] = 1;
+    if (a.suite != Naturel) precede[a.suite] = 1;
   }
   std::vector<std::uint32_t> fins;
   std::vector<std::uint32_t> debuts;
   for (std::uint32_t k = 0; k < libres.size(); ++k) {
-    if (libres[k].suite == kNaturel) fins.push_back(k);
+    if (libres[k].suite == Naturel) fins.push_back(k);
     if (precede[k] == 0) debuts.push_back(k);
   }
   if (fins.empty()) return 0;
@@ -208,11 +208,11 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
       return a.cout != b.cout ? a.cout < b.cout : a.fin != b.fin ? a.fin < b.fin : a.debut < b.debut;
     });
     for (const Paire& p : paires) {
-      if (libres[p.fin].suite != kNaturel || precede[p.debut] != 0) continue;
+      if (libres[p.fin].suite != Naturel || precede[p.debut] != 0) continue;
       libres[p.fin].suite = p.debut;
       precede[p.debut] = 1;
     }
-    std::erase_if(fins, [&](std::uint32_t k) { return libres[k].suite != kNaturel; });
+    std::erase_if(fins, [&](std::uint32_t k) { return libres[k].suite != Naturel; });
     std::erase_if(debuts, [&](std::uint32_t k) { return precede[k] != 0; });
     if (fins.empty()) break;
   }
@@ -223,7 +223,7 @@ std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libre
   std::vector<std::uint8_t> precede(libres.size(), 0);
   std::size_t laches = 0;
   for (const ArcLibre& a : libres) {
-    if (a.suite != kNaturel) {
+    if (a.suite != Naturel) {
       precede[a.suite] = 1;
     } else {
       ++laches;
@@ -239,7 +239,7 @@ std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libre
     const int tours = source.Tours(p.arc ? p.a : (p.a + p.b) * 0.5);
     const bool bon = d > 0 ? tours >= gauche : tours < gauche;
     if (bon && lache) ++reste;
-    for (std::uint32_t k = depart; k != kNaturel && vu[k] == 0; k = libres[k].suite) {
+    for (std::uint32_t k = depart; k != Naturel && vu[k] == 0; k = libres[k].suite) {
       vu[k] = 1;
       libres[k].hors = !bon;
     }
@@ -259,7 +259,7 @@ class Aplatisseur {
  public:
   Aplatisseur(const ArcSource& source, const std::vector<ArcLibre>& libres, double d, double fleche)
       : source_(source), libres_(libres), r_(std::abs(d)), sens_(d > 0 ? -1 : 1), fleche_(fleche) {
-    pas_ = std::min(2 * std::acos(1 - std::min(fleche / r_, 1.0)), kPi / 3);
+    pas_ = std::min(2 * std::acos(1 - std::min(fleche / r_, 1.0)), std::numbers::pi / 3);
   }
 
   // The closed chain of stretches, in order. `origines`: of its edges.
@@ -295,11 +295,11 @@ class Aplatisseur {
   }
 
  private:
-  static constexpr double kMeme = 1e-9;  // mm
+  static constexpr double Meme = 1e-9;  // mm
 
   // A point where the edge before it arrives at the share `part` of the segment it runs beside.
   void Pose(Vec2 p, float part) {
-    if (!sortie_.empty() && Norme(p - sortie_.back()) < kMeme) return;
+    if (!sortie_.empty() && Norme(p - sortie_.back()) < Meme) return;
     if (sortie_.empty()) {
       premiere_ = part;
     } else {
@@ -311,12 +311,12 @@ class Aplatisseur {
 
   // The edge back to the first point.
   void Ferme() {
-    if (sortie_.size() < 2 || Norme(sortie_.front() - sortie_.back()) >= kMeme) {
+    if (sortie_.size() < 2 || Norme(sortie_.front() - sortie_.back()) >= Meme) {
       origines_.push_back({ici_.segment, ici_.de, premiere_});
       return;
     }
     sortie_.pop_back();
-    while (sortie_.size() > 1 && Norme(sortie_.front() - sortie_.back()) < kMeme) {
+    while (sortie_.size() > 1 && Norme(sortie_.front() - sortie_.back()) < Meme) {
       sortie_.pop_back();
       origines_.pop_back();
     }
@@ -326,19 +326,19 @@ class Aplatisseur {
     const Vec2 d = source_.B(p.source) - source_.A(p.source);
     return static_cast<float>(std::clamp(Scalaire(q - source_.A(p.source), d) / Scalaire(d, d), 0.0, 1.0));
   }
-  [[nodiscard]] float Debut(const ArcLibre& p) const { return p.arc || p.causeA == kNaturel ? 0.0F : Part(p, p.a); }
+  [[nodiscard]] float Debut(const ArcLibre& p) const { return p.arc || p.causeA == Naturel ? 0.0F : Part(p, p.a); }
   [[nodiscard]] float Fin(const ArcLibre& p) const {
-    return p.arc ? 0.0F : p.causeB == kNaturel ? 1.0F : Part(p, p.b);
+    return p.arc ? 0.0F : p.causeB == Naturel ? 1.0F : Part(p, p.b);
   }
 
   // A whole arc so blunt that its middle alone will do, between two whole ends of parallels.
   [[nodiscard]] bool Emousse(const std::vector<std::uint32_t>& chaine, std::size_t k) const {
     const std::size_t n = chaine.size();
     const ArcLibre& p = libres_[chaine[k]];
-    if (n < 3 || !p.arc || p.causeA != kNaturel || p.causeB != kNaturel) return false;
+    if (n < 3 || !p.arc || p.causeA != Naturel || p.causeB != Naturel) return false;
     const ArcLibre& avant = libres_[chaine[(k + n - 1) % n]];
     const ArcLibre& apres = libres_[chaine[(k + 1) % n]];
-    if (avant.arc || apres.arc || avant.causeB != kNaturel || apres.causeA != kNaturel) return false;
+    if (avant.arc || apres.arc || avant.causeB != Naturel || apres.causeA != Naturel) return false;
     const double corde = Norme(p.b - p.a);
     return corde < r_ && corde * corde <= 4 * r_ * fleche_;  // sagitta = chord^2 / 8 r
   }

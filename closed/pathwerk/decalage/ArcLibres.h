@@ -15,9 +15,9 @@ struct ArcLibre {
   Vec2 a;
   Vec2 b;
   std::uint32_t source = 0;
-  std::uint32_t causeA = kNaturel;
-  std::uint32_t causeB = kNaturel;
-  std::uint32_t suite = kNaturel;  // the stretch that follows, kNaturel: none
+  std::uint32_t causeA = Naturel;
+  std::uint32_t causeB = Naturel;
+  std::uint32_t suite = Naturel;  // the stretch that follows, Naturel: none
   bool arc = false;
   bool hors = false;  // not part of the result
 };

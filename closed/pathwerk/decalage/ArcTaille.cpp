@@ -18,13 +18,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace pathwerk::decalage {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-constexpr double kCourt = 1e-10;  // a stretch shorter than this (mm, or measure of angle) is none
+constexpr double Court = 1e-10;  // a stretch shorter than this (mm, or measure of angle) is none
 
 // Interval of the line p + t u inside the disc around `c`.
 bool CoupeDisque(Vec2 c, Vec2 u, double r, double& t0, double& t1) {
@@ -53,8 +53,8 @@ bool Borne(double a, double k, double lo, double hi, double& t0, double& t1) {
 
 double Balayage(Vec2 a, Vec2 b, double sens) {
   double w = std::atan2(sens * Vectoriel(a, b), Scalaire(a, b));
-  if (w < -1e-6) w += 2 * kPi;
-  return std::clamp(w, 0.0, kPi);
+  if (w < -1e-6) w += 2 * std::numbers::pi;
+  return std::clamp(w, 0.0, std::numbers::pi);
 }
 
 ArcTailleur::ArcTailleur(const ArcSource& source, double d, double bruit)
@@ -83,7 +83,7 @@ bool ArcTailleur::TailleSegment(std::size_t i, Vec2 u, double l) {
   u_ = u;
   origine_ = source_.A(i) + Gauche(u) * d_;
   fin_ = l;
-  reste_.assign(1, Intervalle{{0, u, kNaturel}, {l, u, kNaturel}});
+  reste_.assign(1, Intervalle{{0, u, Naturel}, {l, u, Naturel}});
   return Taille();
 }
 
@@ -93,7 +93,7 @@ bool ArcTailleur::TailleArc(std::size_t i, Vec2 u0, Vec2 u1) {
   u_ = u0;
   origine_ = source_.A(i);
   fin_ = std::min(Mesure(u1), 2.0);
-  reste_.assign(1, Intervalle{{0, u0, kNaturel}, {fin_, u1, kNaturel}});
+  reste_.assign(1, Intervalle{{0, u0, Naturel}, {fin_, u1, Naturel}});
   return Taille();
 }
 
@@ -130,14 +130,14 @@ void ArcTailleur::Essaie(std::size_t j) {
   }
   if (!change_) return;
   change_ = false;
-  derniers_[tour_++ % kMemoire] = j;
+  derniers_[tour_++ % Memorises] = j;
   if (!reste_.empty()) Cadre();
 }
 
 // Neighbours have much the same neighbourhood: the tree is searched once for a run of segments.
 void ArcTailleur::ChercheBloc() {
-  blocDebut_ = i_ - i_ % kBloc;
-  blocFin_ = std::min(blocDebut_ + kBloc, source_.Taille());
+  blocDebut_ = i_ - i_ % PiecesParBloc;
+  blocFin_ = std::min(blocDebut_ + PiecesParBloc, source_.Taille());
   base::Boite<double> b;
   const auto ajoute = [&b](Vec2 p, double e) { b.Etend({p.x - e, p.y - e, p.x + e, p.y + e}); };
   Vec2 n0;
@@ -163,7 +163,7 @@ void ArcTailleur::ChercheBloc() {
   blocPlein_ = !arbre.Parcourt([&](std::size_t k) { return !(base::Distance2(arbre.De(k), m) >= portee * portee); },
                                [](std::size_t) { return true; },
                                [&](std::size_t feuille) {
-                                 if (bloc_.size() >= kFeuillesMax) return false;
+                                 if (bloc_.size() >= FeuillesMax) return false;
                                  bloc_.push_back(static_cast<std::uint32_t>(feuille));
                                  return true;
                                });
@@ -178,8 +178,8 @@ bool ArcTailleur::EssaieFeuille(std::size_t feuille) {
 
 bool ArcTailleur::Taille() {
   Cadre();
-  for (std::size_t k = 1; k <= kMemoire && !reste_.empty(); ++k) {
-    Essaie(derniers_[(tour_ + kMemoire - k) % kMemoire]);
+  for (std::size_t k = 1; k <= Memorises && !reste_.empty(); ++k) {
+    Essaie(derniers_[(tour_ + Memorises - k) % Memorises]);
   }
   if (reste_.empty()) return false;
   if (i_ < blocDebut_ || i_ >= blocFin_) ChercheBloc();
@@ -210,8 +210,8 @@ void ArcTailleur::Retire(const LimiteLibre& b0, const LimiteLibre& b1, std::size
       continue;
     }
     change_ = true;
-    if (b0.t > v.de.t + kCourt) autre_.push_back({v.de, b0});
-    if (b1.t < v.a.t - kCourt) autre_.push_back({b1, v.a});
+    if (b0.t > v.de.t + Court) autre_.push_back({v.de, b0});
+    if (b1.t < v.a.t - Court) autre_.push_back({b1, v.a});
   }
   if (change_) reste_.swap(autre_);
 }

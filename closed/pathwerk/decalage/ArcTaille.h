@@ -9,15 +9,15 @@
 
 namespace pathwerk::decalage {
 
-inline constexpr std::uint32_t kNaturel = std::numeric_limits<std::uint32_t>::max();
+inline constexpr std::uint32_t Naturel = std::numeric_limits<std::uint32_t>::max();
 
 // A place on a raw piece: `t` mm along a segment; for an arc a measure that grows with the angle (0 to 4 for a full
 // turn), and `u`, the unit vector from the centre. `cause`: the source segment that ends the free stretch there, or
-// kNaturel at the piece's own end.
+// Naturel at the piece's own end.
 struct LimiteLibre {
   double t = 0;
   Vec2 u;
-  std::uint32_t cause = kNaturel;
+  std::uint32_t cause = Naturel;
 };
 struct Intervalle {
   LimiteLibre de;
@@ -70,12 +70,12 @@ class ArcTailleur {
   // Disc around all that is left, and the directions of its ends.
   Vec2 milieu_;
   double demi_ = 0;
-  static constexpr std::size_t kMemoire = 4;
-  std::size_t derniers_[kMemoire] = {};  // segments that took away most lately
+  static constexpr std::size_t Memorises = 4;
+  std::size_t derniers_[Memorises] = {};  // segments that took away most lately
   std::size_t tour_ = 0;
   // Leaves that can reach any raw piece of the segments [blocDebut_, blocFin_).
-  static constexpr std::size_t kBloc = 8;
-  static constexpr std::size_t kFeuillesMax = 96;
+  static constexpr std::size_t PiecesParBloc = 8;
+  static constexpr std::size_t FeuillesMax = 96;
   std::size_t blocDebut_ = 0;
   std::size_t blocFin_ = 0;
   std::vector<std::uint32_t> bloc_;

@@ -27,8 +27,8 @@ namespace pathwerk::decalage {
 
 namespace {
 
-constexpr double kMini = 1e-4;     // mm: shorter pieces are none
-constexpr double kContact = 0.01;  // mm: a path that comes so near to itself touches itself
+constexpr double Mini = 1e-4;     // mm: shorter pieces are none
+constexpr double Contact = 0.01;  // mm: a path that comes so near to itself touches itself
 
 class Juge {
  public:
@@ -72,15 +72,15 @@ class Juge {
         if (!Ambigue(origines[i])) continue;
       }
       std::vector<std::pair<double, Vec2>> pieds;
-      const double portee = Norme(arete.b - arete.a) / 2 + rayon + kContact;
+      const double portee = Norme(arete.b - arete.a) / 2 + rayon + Contact;
       contacts_.Voisins((arete.a + arete.b) * 0.5, portee * portee, [&](const Lieu& contact) {
         const Lieu pied = LieuSurSegment(arete, contact.point);
         const double ecart = std::abs(std::sqrt(pied.distance2) - rayon);
-        if (pied.t > 0 && pied.t < 1 && ecart <= kContact) pieds.emplace_back(pied.t, pied.point);
+        if (pied.t > 0 && pied.t < 1 && ecart <= Contact) pieds.emplace_back(pied.t, pied.point);
       });
       std::sort(pieds.begin(), pieds.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
       for (const auto& [t, pied] : pieds) {
-        if (Norme(pied - r.back()) <= kMini / 100) continue;
+        if (Norme(pied - r.back()) <= Mini / 100) continue;
         r.push_back(pied);
         if (!connues) continue;
         o.back().a = origines[i].En(t);
@@ -96,8 +96,8 @@ class Juge {
   // `o`: the stretch that has the edge on the wanted side.
   [[nodiscard]] bool BonCote(Vec2 a, Vec2 b, Origine& o) const {
     const Lieu l = VuDe((a + b) * 0.5);
-    if (l.distance2 == kJamais || VuDe(a + (b - a) * 0.01).distance2 == kJamais ||
-        VuDe(b + (a - b) * 0.01).distance2 == kJamais) {
+    if (l.distance2 == Jamais || VuDe(a + (b - a) * 0.01).distance2 == Jamais ||
+        VuDe(b + (a - b) * 0.01).distance2 == Jamais) {
       return false;
     }
     const Segment& s = arbre_.Segments()[l.segment];
@@ -112,9 +112,9 @@ class Juge {
   }
 
  private:
-  static constexpr double kJamais = std::numeric_limits<double>::infinity();
+  static constexpr double Jamais = std::numeric_limits<double>::infinity();
 
-  // The nearest place that sees `p` on the wanted side, of all that are as near as any; at kJamais if none does.
+  // The nearest place that sees `p` on the wanted side, of all that are as near as any; at Jamais if none does.
   [[nodiscard]] Lieu VuDe(Vec2 p) const {
     const double d = std::sqrt(arbre_.PlusProche(p).distance2) + egal_;
     Lieu bon;
@@ -158,7 +158,7 @@ class Juge {
     std::vector<Segment> r;
     for (std::size_t i = 0; i < chemin_.size(); ++i) {
       bool touche = false;
-      arbre_.Voisins(chemin_[i], kContact * kContact, [&](const Lieu& l) {
+      arbre_.Voisins(chemin_[i], Contact * Contact, [&](const Lieu& l) {
         if (l.segment == i || l.segment + 1 == i) return;
         touche = true;
         touche_[l.segment] = 1;
@@ -230,7 +230,7 @@ void Decoupe(const Chemin& boucle, const Origines& origines, const std::vector<c
     double longueur = 0;
     const Chemin& c = courante.points;
     for (std::size_t i = 0; i + 1 < c.size(); ++i) longueur += Norme(c[i + 1] - c[i]);
-    if (longueur > kMini) pieces.push_back(std::move(courante));
+    if (longueur > Mini) pieces.push_back(std::move(courante));
     courante = {{}, false, true};
   };
   for (std::size_t j = 1; j <= n; ++j) {

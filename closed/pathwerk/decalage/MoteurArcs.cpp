@@ -13,8 +13,8 @@ namespace pathwerk::decalage {
 
 namespace {
 
-constexpr double kJeux[] = {0.06, 0.047, 0.071, 0.033, 0.0813};  // shares of the tolerance
-constexpr std::size_t kEchantillons = 48;
+constexpr double Jeux[] = {0.06, 0.047, 0.071, 0.033, 0.0813};  // shares of the tolerance
+constexpr std::size_t Echantillons = 48;
 
 // Depth below which a touch doesn't count: some units of the last place of the greatest coordinate.
 double Bruit(double etendue, double r) { return std::max(1e-10, 4e-15 * (etendue + r)); }
@@ -23,7 +23,7 @@ double Bruit(double etendue, double r) { return std::max(1e-10, 4e-15 * (etendue
 bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double r, double fleche) {
   std::size_t total = 0;
   for (const Chemin& c : boucles) total += c.size();
-  const std::size_t pas = total / kEchantillons + 1;
+  const std::size_t pas = total / Echantillons + 1;
   const double bas = std::max(0.0, r - 1.02 * fleche);
   const double haut = r + 0.02 * fleche;
   std::size_t rang = 0;
@@ -51,7 +51,7 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
     const double fleche = 0.85 * tolerance;
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     if (source.Taille() == 0) return true;
-    for (const double part : kJeux) {
+    for (const double part : Jeux) {
       const double jeu = std::min(part * tolerance, std::abs(distance) * part);
       const double d = distance > 0 ? distance - jeu : distance + jeu;
       const double r = std::abs(d);

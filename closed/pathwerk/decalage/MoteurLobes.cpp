@@ -45,10 +45,10 @@ struct Etape {
   bool vertex = true;
 };
 
-constexpr double kSecousse = 4e-6;  // mm
-constexpr double kMeme = 2e-11;     // mm
-constexpr int kEssais = 3;
-constexpr std::size_t kCroisementsMin = 300000;  // so many any path may have, and four more a point
+constexpr double Secousse = 4e-6;  // mm
+constexpr double Meme = 2e-11;     // mm
+constexpr int Essais = 3;
+constexpr std::size_t CroisementsMin = 300000;  // so many any path may have, and four more a point
 
 // Sign of the turn a -> b -> c; 2 where rounding leaves it open.
 int Tour(Vec2 a, Vec2 b, Vec2 c) {
@@ -68,7 +68,7 @@ long double Produit(Vec2 a, Vec2 b) {
 // All crossings of a path with itself, by a walk of the tree against itself.
 class Chercheur {
  public:
-  explicit Chercheur(const ArcSource& s) : s_(s), max_(4 * s.Taille() + kCroisementsMin) {}
+  explicit Chercheur(const ArcSource& s) : s_(s), max_(4 * s.Taille() + CroisementsMin) {}
   // So many that the path is a scribble rather than an outline?
   [[nodiscard]] bool Trop() const { return trop_; }
   // False: a case that rounding can't tell, or too many.
@@ -193,14 +193,14 @@ class Decoupeur {
           pente = h;
           raide = e;
         }
-        if (c.empty() || Norme(p - c.back()) > kMeme) {
+        if (c.empty() || Norme(p - c.back()) > Meme) {
           c.push_back(p);
           o.push_back(OrigineApres(e));
         } else {
           o.back() = OrigineApres(e);
         }
       }
-      while (c.size() > 1 && Norme(c.front() - c.back()) <= kMeme) {
+      while (c.size() > 1 && Norme(c.front() - c.back()) <= Meme) {
         c.pop_back();
         o.pop_back();
       }
@@ -290,8 +290,8 @@ bool SepareLobesCoupes(const Chemin& chemin, double tolerance, std::vector<Regio
   try {
     double etendue = 0;
     for (const Vec2 p : chemin) etendue = std::max({etendue, std::abs(p.x), std::abs(p.y)});
-    const double force = std::max(kSecousse, 1e-12 * etendue);
-    for (int essai = 0; essai < kEssais; ++essai) {
+    const double force = std::max(Secousse, 1e-12 * etendue);
+    for (int essai = 0; essai < Essais; ++essai) {
       const Chemin secoue = Secoue(chemin, force, static_cast<std::uint64_t>(essai));
       const ArcSource source(std::span(&secoue, 1));
       std::vector<Croisement> croisements;

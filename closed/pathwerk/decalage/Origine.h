@@ -9,16 +9,16 @@
 
 namespace pathwerk::decalage {
 
-inline constexpr std::uint32_t kSansOrigine = std::numeric_limits<std::uint32_t>::max();
+inline constexpr std::uint32_t SansOrigine = std::numeric_limits<std::uint32_t>::max();
 
 // Stretch of a source that an edge runs beside: of the segment from vertex `segment` to the next, from the share
 // `de` to the share `a` of its length (0 to 1, either way round). An edge of the arc around a vertex has both at
-// that vertex. kSansOrigine: the edge belongs to no place (the chord over a gap).
+// that vertex. SansOrigine: the edge belongs to no place (the chord over a gap).
 struct Origine {
-  std::uint32_t segment = kSansOrigine;
+  std::uint32_t segment = SansOrigine;
   float de = 0;
   float a = 0;
-  [[nodiscard]] bool Connue() const { return segment != kSansOrigine; }
+  [[nodiscard]] bool Connue() const { return segment != SansOrigine; }
   [[nodiscard]] float En(double t) const { return de + static_cast<float>(t) * (a - de); }
 };
 // Of the edges of one path, edge k from point k to the next. Empty: nothing is known.

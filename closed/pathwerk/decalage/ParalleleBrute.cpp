@@ -23,6 +23,7 @@
 #include "closed/pathwerk/decalage/ParalleleBrute.h"
 
 #include <algorithm>
+#include <numbers>
 
 #include "closed/pathwerk/chemin/Simplifie.h"
 
@@ -30,14 +31,12 @@ namespace pathwerk::decalage {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-
 class Traceur {
  public:
   Traceur(const Chemin& chemin, double distance, double fleche)
       : chemin_(chemin), d_(distance), r_(std::abs(distance)), fleche_(fleche) {
     // Chord angle whose sagitta is `fleche`.
-    pas_ = std::min(2 * std::acos(1 - std::min(fleche / r_, 1.0)), kPi / 3);
+    pas_ = std::min(2 * std::acos(1 - std::min(fleche / r_, 1.0)), std::numbers::pi / 3);
   }
 
   Chemin Trace(Origines* origines) {
@@ -128,7 +127,7 @@ class Traceur {
     c.nb = Gauche(apres - c.v) * (1 / c.lb);
     c.angle = std::atan2(Vectoriel(c.na, c.nb), Scalaire(c.na, c.nb));
     // A turn right back has no inner side: the curve goes around the tip.
-    if (kPi - std::abs(c.angle) < 1e-9) c.angle = d_ > 0 ? -kPi : kPi;
+    if (std::numbers::pi - std::abs(c.angle) < 1e-9) c.angle = d_ > 0 ? -std::numbers::pi : std::numbers::pi;
     c.interieur = c.angle * d_ > 0;
     return c;
   }

@@ -10,7 +10,7 @@ namespace pathwerk::decalage {
 
 namespace {
 
-constexpr double kLimite = 1e8;  // mm
+constexpr double LimiteCoordonnee = 1e8;  // mm
 
 // Marks are the points that say something: everything but "PD" and blank.
 bool EstMarque(const PointTrace& p) { return p.Cde != CodePD && p.Cde != Code2{}; }
@@ -116,11 +116,11 @@ std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, doubl
   Source s;
   const std::size_t n = points.size();
   if (n == 0) return std::nullopt;
-  double x0 = kLimite, x1 = -kLimite, y0 = kLimite, y1 = -kLimite;
+  double x0 = LimiteCoordonnee, x1 = -LimiteCoordonnee, y0 = LimiteCoordonnee, y1 = -LimiteCoordonnee;
   for (const PointTrace& p : points) {
     const auto x = static_cast<double>(p.X);
     const auto y = static_cast<double>(p.Y);
-    if (!(std::abs(x) <= kLimite && std::abs(y) <= kLimite)) return std::nullopt;
+    if (!(std::abs(x) <= LimiteCoordonnee && std::abs(y) <= LimiteCoordonnee)) return std::nullopt;
     x0 = std::min(x0, x);
     x1 = std::max(x1, x);
     y0 = std::min(y0, y);

@@ -30,7 +30,7 @@ namespace pathwerk::decalage {
 
 namespace {
 
-constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double Inf = std::numeric_limits<double>::infinity();
 
 Segment AreteDe(const Piece& piece, std::size_t k) { return base::Arete(piece.points, k); }
 
@@ -51,7 +51,7 @@ template <class Proche>
 Lieu Repond(const PointSuivi& r, double distance, double tolerance, Proche proche) {
   Lieu meilleur = proche(r.lieu);
   const double limite = std::sqrt(meilleur.distance2) + tolerance;
-  double ecart = kInf;
+  double ecart = Inf;
   for (const double cote : {1.0, -1.0}) {
     const Lieu l = proche(r.lieu + r.normale * (cote * distance));
     if (l.distance2 < ecart && Norme(l.point - r.lieu) <= limite) {
@@ -134,7 +134,7 @@ double Report::Ecart(double a, double b) const {
 
 // Squared distance of an edge to the nearer image, and the place there.
 double Report::AuxImages(const PointSuivi& r, const Piece& piece, std::size_t arete, LieuDePiece& lieu) const {
-  double meilleur = kInf;
+  double meilleur = Inf;
   for (const double cote : {1.0, -1.0}) {
     const Lieu l = LieuSurSegment(AreteDe(piece, arete), r.lieu + r.normale * (cote * distance_));
     if (l.distance2 >= meilleur) continue;
@@ -170,8 +170,8 @@ LieuDePiece Report::Depart(const Piece& piece) const {
   LieuDePiece image;
   std::size_t voisine = 0;
   double lieuVoisin = 0;
-  double meilleureImage = kInf;
-  double meilleurEcart = kInf;
+  double meilleureImage = Inf;
+  double meilleurEcart = Inf;
   for (std::size_t k = 0, n = NbAretes(piece); k < n; ++k) {
     const Origine& o = piece.origines[k];
     if (!o.Connue()) continue;
@@ -191,9 +191,9 @@ LieuDePiece Report::Depart(const Piece& piece) const {
       lieuVoisin = Place(o, de <= a ? o.de : o.a);
     }
   }
-  if (meilleureImage < kInf) return image;
+  if (meilleureImage < Inf) return image;
   if (const auto l = SurImage(depart, distance_, tolerance_, proche)) return enPiece(*l);
-  if (meilleurEcart == kInf) return enPiece(Repond(depart, distance_, tolerance_, proche));
+  if (meilleurEcart == Inf) return enPiece(Repond(depart, distance_, tolerance_, proche));
   // Met on the way on from the start, or on the way back.
   const bool devant = lieuVoisin - ici <= longueur_.back() / 2;
   return Bout(piece, voisine, lieuVoisin, devant != Avance(piece));
@@ -238,7 +238,7 @@ class Report::Index {
   // The image of the mark on edges that run beside its place.
   [[nodiscard]] std::optional<LieuDePiece> Image(const PointSuivi& r) const {
     std::optional<LieuDePiece> lieu;
-    double meilleur = kInf;
+    double meilleur = Inf;
     const double seuil = report_.tolerance_ / 10;
     ParTours(r, [&](double s) {
       for (std::size_t i = Apres(s + seuil); i > 0 && etendues_[loin_[i - 1]].a >= s - seuil; --i) {
@@ -258,7 +258,7 @@ class Report::Index {
   // The nearest place along the source.
   [[nodiscard]] LieuDePiece LeLong(const PointSuivi& r) const {
     LieuDePiece lieu;
-    double meilleur = kInf;
+    double meilleur = Inf;
     ParTours(r, [&](double s) {
       const std::size_t i = Apres(s);
       if (i > 0) {

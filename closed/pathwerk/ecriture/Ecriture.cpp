@@ -17,7 +17,7 @@ namespace pathwerk {
 
 namespace {
 
-constexpr std::string_view kFin = "\r\n";
+constexpr std::string_view FinLigne = "\r\n";
 
 // The shortest text without exponent that reads back to the same float, also for a reader that goes through a
 // double.
@@ -41,9 +41,9 @@ void Groupe(std::string& t, int code, std::string_view valeur) {
   if (code < 10) t += "  ";
   if (code >= 10 && code < 100) t += ' ';
   t += std::to_string(code);
-  t += kFin;
+  t += FinLigne;
   t += valeur;
-  t += kFin;
+  t += FinLigne;
 }
 
 void Groupe(std::string& t, int code, float valeur) {
@@ -127,16 +127,16 @@ std::string TexteDat(const std::vector<PointTrace>& points, const std::string& c
   t.reserve(points.size() * 24 + 400);
   t += "#OVELIN";
   if (!commentaire.empty()) t += ' ' + commentaire;
-  t += kFin;
+  t += FinLigne;
   long numero = 0;
   ParSequence(points, [&](std::span<const PointTrace> s) {
     t += '#' + std::to_string(++numero);
-    t += kFin;
+    t += FinLigne;
     for (const PointTrace& p : s) {
       AjouteNombre(t, p.X);
       t += ' ';
       AjouteNombre(t, p.Y);
-      t += kFin;
+      t += FinLigne;
     }
   });
   return t;

@@ -78,10 +78,10 @@ bool EstHpgl(std::string_view data) {
       break;
     }
   }
-  constexpr std::array kInstructions = {"IN", "DF", "PU", "PD", "PA", "SP", "IP",
-                                        "SC", "PR", "BP", "PS", "VS", "RO", "NP"};
+  constexpr std::array Instructions = {"IN", "DF", "PU", "PD", "PA", "SP", "IP",
+                                       "SC", "PR", "BP", "PS", "VS", "RO", "NP"};
   const auto connue = [&](std::string_view t) {
-    return std::any_of(kInstructions.begin(), kInstructions.end(), [&](const char* k) { return t.starts_with(k); });
+    return std::any_of(Instructions.begin(), Instructions.end(), [&](const char* k) { return t.starts_with(k); });
   };
   const std::string_view tete = data.substr(std::min(i, data.size()));
   if (tete.size() < 3 || !connue(tete)) return false;

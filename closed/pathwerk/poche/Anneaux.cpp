@@ -35,10 +35,10 @@ namespace pathwerk::poche {
 
 namespace {
 
-constexpr double kTravail = 2.0e6;   // points times rings that a fill may cost before its step grows
-constexpr double kAnneauxMin = 200;  // ... but never below so many rings
-constexpr double kAnneauxMax = 2000;
-constexpr double kAnneauxLimite = 20000;  // rings of a cutter far too thin for its pocket
+constexpr double TravailMax = 2.0e6;  // points times rings that a fill may cost before its step grows
+constexpr double AnneauxMin = 200;    // ... but never below so many rings
+constexpr double AnneauxMax = 2000;
+constexpr double AnneauxLimite = 20000;  // rings of a cutter far too thin for its pocket
 
 // Greatest depth that the region can have, from its box and its area.
 double ProfondeurMax(const Region& region) {
@@ -63,10 +63,10 @@ double Pas(const Region& region, double rayon, int recouvrement, double toleranc
   double points = 0;
   for (const Chemin& c : region.contours) points += static_cast<double>(c.size());
   const double profondeur = ProfondeurMax(region);
-  const double anneaux = std::clamp(kTravail / points, kAnneauxMin, kAnneauxMax);
+  const double anneaux = std::clamp(TravailMax / points, AnneauxMin, AnneauxMax);
   double pas = std::min(2 * rayon * part, std::max(rayon, 2 * (rayon - tolerance)));
   pas = std::max(pas, std::min(rayon, profondeur / anneaux));
-  pas = std::max({pas, tolerance, profondeur / kAnneauxLimite});
+  pas = std::max({pas, tolerance, profondeur / AnneauxLimite});
   return pas;
 }
 

@@ -19,10 +19,10 @@ namespace pathwerk::poche {
 
 namespace {
 
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr std::size_t kEssais = 8;       // places of a ring tried for a free move
-constexpr double kReserve = 0.9;         // share of the radius by which one place may clear a whole spot
-constexpr std::size_t kSondages = 1000;  // places of a tree tried for a move to another tree
+constexpr double Inf = std::numeric_limits<double>::infinity();
+constexpr std::size_t Essais = 8;       // places of a ring tried for a free move
+constexpr double Reserve = 0.9;         // share of the radius by which one place may clear a whole spot
+constexpr std::size_t Sondages = 1000;  // places of a tree tried for a move to another tree
 
 }  // namespace
 
@@ -62,11 +62,11 @@ class ArbreAnneaux::Index {
     const Lieu l = arbre_.PlusProche(p);
     return {Rang(l.segment), l};
   }
-  // Nearest place nearer than sqrt(limite2) on rings that `accepte(ring)` takes; kAucun when there is none.
+  // Nearest place nearer than sqrt(limite2) on rings that `accepte(ring)` takes; Aucun when there is none.
   template <class Accepte>
   [[nodiscard]] Trouve PlusProche(Vec2 p, double limite2, Accepte accepte) const {
     const Lieu l = arbre_.PlusProche(p, limite2, [&](std::size_t segment) { return accepte(Rang(segment)); });
-    if (l.distance2 >= limite2) return {kAucun, {}};
+    if (l.distance2 >= limite2) return {Aucun, {}};
     return {Rang(l.segment), l};
   }
   [[nodiscard]] const ArbreSegments& Arbre() const { return arbre_; }
@@ -95,7 +95,7 @@ ArbreAnneaux::ArbreAnneaux(Remplissage remplissage, const Acces& acces) : acces_
   Ajoute(remplissage);
   LieIles(remplissage.horaire, remplissage.tolerance);
   for (std::size_t k = 0; k < anneaux_.size(); ++k) {
-    if (anneaux_[k].parent != kAucun) anneaux_[anneaux_[k].parent].enfants.push_back(k);
+    if (anneaux_[k].parent != Aucun) anneaux_[anneaux_[k].parent].enfants.push_back(k);
   }
 }
 
@@ -148,7 +148,7 @@ void ArbreAnneaux::Degage(Anneau& a, const Index& dedans, double rayon) const {
     a.parent = t.anneau;
     return true;
   };
-  const auto place = PlacePresDeTous(a.points, trouves[loin].lieu.point, a.points[loin], kReserve * rayon);
+  const auto place = PlacePresDeTous(a.points, trouves[loin].lieu.point, a.points[loin], Reserve * rayon);
   if (place && accroche(trouves[loin], *place)) {
     a.points.assign(1, *place);
   } else if (accroche(trouves[pres], a.points[pres])) {
@@ -171,7 +171,7 @@ void ArbreAnneaux::AjouteRestes(const Niveau& niveau, const Index& ici, const In
       a.points = std::move(reste.points);
       a.profondeur = niveau.profondeur + rayon;
       if (!reste.entier) Degage(a, *dedans, rayon);
-      if (a.parent == kAucun) {
+      if (a.parent == Aucun) {
         a.parent = ici.PlusProche(acces_.VersLeBord(a.points[0], niveau.profondeur)).anneau;
       }
       anneaux_.push_back(std::move(a));
@@ -181,12 +181,12 @@ void ArbreAnneaux::AjouteRestes(const Niveau& niveau, const Index& ici, const In
 
 // The root above every ring.
 std::vector<std::size_t> ArbreAnneaux::RacinesDeTous() const {
-  std::vector<std::size_t> racine(anneaux_.size(), kAucun);
+  std::vector<std::size_t> racine(anneaux_.size(), Aucun);
   std::vector<std::size_t> chemin;
   for (std::size_t k = 0; k < anneaux_.size(); ++k) {
     std::size_t i = k;
-    for (; racine[i] == kAucun && anneaux_[i].parent != kAucun; i = anneaux_[i].parent) chemin.push_back(i);
-    if (racine[i] == kAucun) racine[i] = i;
+    for (; racine[i] == Aucun && anneaux_[i].parent != Aucun; i = anneaux_[i].parent) chemin.push_back(i);
+    if (racine[i] == Aucun) racine[i] = i;
     for (const std::size_t j : chemin) racine[j] = racine[i];
     chemin.clear();
   }
@@ -195,8 +195,8 @@ std::vector<std::size_t> ArbreAnneaux::RacinesDeTous() const {
 
 // Free move from one tree to its nearest neighbour.
 struct ArbreAnneaux::Pont {
-  std::size_t de = kAucun;
-  std::size_t vers = kAucun;
+  std::size_t de = Aucun;
+  std::size_t vers = Aucun;
   Lieu depart;
 };
 
@@ -225,17 +225,17 @@ ArbreAnneaux::Pont ArbreAnneaux::PontVersAutres(const Groupes& groupes, std::siz
   const std::vector<std::size_t>& siens = groupes.Membres(groupe);
   std::size_t points = 0;
   for (const std::size_t k : siens) points += anneaux_[k].points.size();
-  const std::size_t saut = points / kSondages + 1;
+  const std::size_t saut = points / Sondages + 1;
   const auto autre = [&](std::size_t anneau) { return groupes.De(anneau) != groupe; };
   std::size_t rang = 0;
-  double meilleur = kInf;
+  double meilleur = Inf;
   Pont pont;
   for (const std::size_t k : siens) {
     const Chemin& c = anneaux_[k].points;
     for (std::size_t i = 0; i < c.size(); ++i) {
       if (rang++ % saut != 0) continue;
       const Index::Trouve t = index.PlusProche(c[i], meilleur, autre);
-      if (t.anneau == kAucun || !acces_.Libre(c[i], t.lieu.point)) continue;
+      if (t.anneau == Aucun || !acces_.Libre(c[i], t.lieu.point)) continue;
       meilleur = t.lieu.distance2;
       pont = {k, t.anneau, {i, 0, 0, c[i]}};
     }
@@ -249,7 +249,7 @@ void ArbreAnneaux::Suspend(const Pont& pont) {
   std::size_t parent = pont.vers;
   bool fixe = true;
   Vec2 lieu = pont.depart.point;
-  for (std::size_t k = pont.de; k != kAucun;) {
+  for (std::size_t k = pont.de; k != Aucun;) {
     Anneau& a = anneaux_[k];
     const bool etait = a.fixe;
     const Vec2 debut = a.points[0];
@@ -280,7 +280,7 @@ void ArbreAnneaux::LieIles(bool horaire, double tolerance) {
   std::vector<std::uint8_t> liee(anneaux_.size(), 0);
   for (const std::size_t ile : iles) {
     const Pont pont = PontVersAutres(groupes, groupes.De(ile), index);
-    if (pont.de == kAucun) continue;
+    if (pont.de == Aucun) continue;
     groupes.Reunit(groupes.De(ile), groupes.De(pont.vers));
     Suspend(pont);
     liee[ile] = 1;
@@ -299,8 +299,8 @@ std::optional<ArbreAnneaux::Lien> ArbreAnneaux::LienVers(const Cherche& parent, 
   };
   if (const auto lien = essaie(depart); lien || enfant.fixe) return lien;
   const std::size_t n = enfant.points.size();
-  for (std::size_t k = 0; k < kEssais; ++k) {
-    const std::size_t i = k * n / kEssais;
+  for (std::size_t k = 0; k < Essais; ++k) {
+    const std::size_t i = k * n / Essais;
     if (const auto lien = essaie({i, 0, 0, enfant.points[i]})) return lien;
   }
   return std::nullopt;
@@ -313,8 +313,8 @@ void ArbreAnneaux::PlaceEnfants(std::size_t parent) {
   const std::size_t n = p.points.size();
   const Cherche cherche(p, p.enfants.size() > 2);
   std::vector<Lieu> proches;
-  std::size_t principal = kAucun;
-  double meilleur = kInf;
+  std::size_t principal = Aucun;
+  double meilleur = Inf;
   for (const std::size_t e : p.enfants) {
     const Anneau& enfant = anneaux_[e];
     proches.push_back(enfant.fixe ? Lieu{0, 0, 0, enfant.points[0]} : ProcheSurBoucle(enfant.points, ici));

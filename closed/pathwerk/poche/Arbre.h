@@ -10,11 +10,11 @@
 
 namespace pathwerk::poche {
 
-inline constexpr std::size_t kAucun = std::numeric_limits<std::size_t>::max();
+inline constexpr std::size_t Aucun = std::numeric_limits<std::size_t>::max();
 
 // A place of a ring from which the cutter goes straight to the start of another one and comes back.
 struct Passage {
-  std::size_t enfant = kAucun;
+  std::size_t enfant = Aucun;
   std::size_t arete = 0;  // on the edge that leaves this point; the number of points: at the end of the round
   double t = 0;
   Vec2 lieu;
@@ -24,7 +24,7 @@ struct Anneau {
   Chemin points;  // begins at the ring's start once that is known
   Origines origines;
   double profondeur = 0;
-  std::size_t parent = kAucun;
+  std::size_t parent = Aucun;
   bool fixe = false;   // its start is already known
   bool apres = false;  // milled when its parent is done
   std::vector<std::size_t> enfants;

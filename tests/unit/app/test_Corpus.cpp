@@ -25,14 +25,14 @@ const std::map<std::string, std::string> Refuses{
 };
 
 // What of the samples is a drawing: projects and notes lie beside them.
-const std::set<std::string> kExtensions{".dat", ".drl", ".dxf", ".eps", ".plt"};
+const std::set<std::string> Extensions{".dat", ".drl", ".dxf", ".eps", ".plt"};
 
 std::vector<std::string> Dessins() {
   std::vector<std::string> dessins;
   const std::string corpus = essai::DossierCorpus();
   if (corpus.empty()) {
     for (const auto& e : fs::directory_iterator(essai::DossierExemples())) {
-      if (kExtensions.contains(e.path().extension().string())) dessins.push_back(e.path().string());
+      if (Extensions.contains(e.path().extension().string())) dessins.push_back(e.path().string());
     }
   } else {
     for (const char* genre : {"DAT", "DRL", "DXF", "EPS", "HPGL"}) {

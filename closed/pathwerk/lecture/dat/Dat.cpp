@@ -13,18 +13,18 @@ namespace pathwerk::lecture::dat {
 
 namespace {
 
-constexpr std::string_view kMarqueMaison = "#OVELIN";
-constexpr std::string_view kLigne = "ROW";  // rows that begin like a point and are none
-constexpr double kSeparateur = 999;         // MSES: "999. 999." stands between two elements
-constexpr std::size_t kColonnes = 32;
+constexpr std::string_view MarqueMaison = "#OVELIN";
+constexpr std::string_view DebutLigne = "ROW";  // rows that begin like a point and are none
+constexpr double ValeurSeparateur = 999;        // MSES: "999. 999." stands between two elements
+constexpr std::size_t ColonnesMax = 32;
 
 // The fields of one row.
 struct Rangee {
-  std::array<std::string_view, kColonnes> champs;
+  std::array<std::string_view, ColonnesMax> champs;
   std::size_t nb = 0;
   void Ajoute(std::string_view c) {
     c = SansBlancs(c);
-    if (!c.empty() && nb < kColonnes) champs[nb++] = c;
+    if (!c.empty() && nb < ColonnesMax) champs[nb++] = c;
   }
 };
 
@@ -151,7 +151,7 @@ class Lecteur {
   bool LitLigne(std::string_view ligne, long numero) {
     if (premiereLigne_.empty()) {
       premiereLigne_ = std::string(ligne.substr(0, 40));
-      lecture_.ordreImpose = ligne.starts_with(kMarqueMaison);
+      lecture_.ordreImpose = ligne.starts_with(MarqueMaison);
     }
     const Rangee r = ligne[0] == '#' ? Rangee{} : Decoupe(ligne);
     const bool titre = lues_++ == 0;
@@ -162,7 +162,7 @@ class Lecteur {
       // The first line may be a title that begins with numbers: "30 40 Special".
       if (texte && titre) return true;
       if (texte && !Nomme(r)) {
-        lecture_.Ignore(kLigne);
+        lecture_.Ignore(DebutLigne);
         return true;
       }
       if (r.nb > 3 && !texte) {
@@ -175,7 +175,7 @@ class Lecteur {
     if (ratee) return Coordonnee(numero, ligne);
     if (x && !titre) {
       // A number and then none: typing damage. A number alone ahead of all rows is their count.
-      if (r.nb > 1 || !blocs_.empty()) lecture_.Ignore(kLigne);
+      if (r.nb > 1 || !blocs_.empty()) lecture_.Ignore(DebutLigne);
       return true;
     }
     Coupe(Coupure::Texte);
@@ -198,7 +198,7 @@ class Lecteur {
 
   bool AjoutePoint(Vec2 p, std::size_t colonnes, long numero, std::string_view ligne) {
     if (!(std::fabs(p.x) <= 1e7 && std::fabs(p.y) <= 1e7)) return Coordonnee(numero, ligne);
-    if (!lecture_.ordreImpose && p.x == kSeparateur && p.y == kSeparateur) {
+    if (!lecture_.ordreImpose && p.x == ValeurSeparateur && p.y == ValeurSeparateur) {
       Coupe(Coupure::Separateur);
       return true;
     }

@@ -9,7 +9,7 @@ namespace pathwerk::lecture::dxf {
 namespace {
 
 // Chords of a full turn at most. It binds from a radius of about 130 m at 0.01 mm.
-constexpr double kCordesMax = 8192;
+constexpr double CordesMax = 8192;
 
 // Longest half axis of the ellipse: the greater singular value of the matrix with the columns u and v.
 double GrandAxe(Vec2 u, Vec2 v) {
@@ -21,10 +21,10 @@ double GrandAxe(Vec2 u, Vec2 v) {
 }  // namespace
 
 double BalayageArc(double debut, double fin) {
-  constexpr double kTour = 2 * std::numbers::pi;
-  double b = std::fmod(fin - debut, kTour);
-  if (b < 0) b += kTour;
-  return b < 1e-9 || b > kTour - 1e-9 ? kTour : b;
+  constexpr double TourEntier = 2 * std::numbers::pi;
+  double b = std::fmod(fin - debut, TourEntier);
+  if (b < 0) b += TourEntier;
+  return b < 1e-9 || b > TourEntier - 1e-9 ? TourEntier : b;
 }
 
 // With equal steps h of the parameter the chord stays as near to the ellipse as the chord of its great circle
@@ -44,7 +44,7 @@ std::size_t NombreCordes(const ArcConique& arc, double fleche) {
   const double tours = std::fabs(arc.balayage) / (2 * std::numbers::pi);
   const double ideal = std::ceil(std::fabs(arc.balayage) / pas - 1e-9);
   if (!(ideal > 1)) return 1;  // also what isn't a number
-  auto n = static_cast<std::size_t>(std::min(ideal, std::ceil(kCordesMax * std::clamp(tours, 0.01, 4.0))));
+  auto n = static_cast<std::size_t>(std::min(ideal, std::ceil(CordesMax * std::clamp(tours, 0.01, 4.0))));
   if (std::fabs(tours - 1) < 1e-9) n = (n + 3) / 4 * 4;
   return n;
 }

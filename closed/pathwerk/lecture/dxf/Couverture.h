@@ -9,7 +9,7 @@
 namespace pathwerk::lecture::dxf {
 
 // What a point of a path in question takes while it is looked for, bytes.
-inline constexpr std::size_t kOctetsParPointCouvert = 128;
+inline constexpr std::size_t OctetsParPointCouvert = 128;
 
 // For each path of `rangs` (rising places in `traits`): 1 when all of it lies within `tolerance` of the other paths
 // that are not in `rangs`. Time: proportional to the points of all, but for the logarithm.

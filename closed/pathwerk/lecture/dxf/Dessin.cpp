@@ -8,14 +8,14 @@ namespace {
 
 // The whole reading may take 60 times the file and 50 MB. What is drawn here gets the smaller half, the rest is
 // for the joining of paths that follows.
-constexpr std::size_t kMemoireBase = 22'000'000;
-constexpr std::size_t kMemoireParOctet = 25;
-constexpr std::size_t kMemoireTrait = 96;  // a path beside its points
+constexpr std::size_t MemoireBase = 22'000'000;
+constexpr std::size_t MemoireParOctet = 25;
+constexpr std::size_t MemoireTrait = 96;  // a path beside its points
 // Blocks are read again for each insertion; nested arrays of nothing would take no memory but all the time.
-constexpr std::size_t kRelectureBase = 16'000'000;
-constexpr std::size_t kRelectureParOctet = 100;
-constexpr std::size_t kPasAvancement = 1U << 20;
-constexpr std::size_t kGenresMax = 100;  // kinds told apart in the report
+constexpr std::size_t RelectureBase = 16'000'000;
+constexpr std::size_t RelectureParOctet = 100;
+constexpr std::size_t PasAvancement = 1U << 20;
+constexpr std::size_t GenresMax = 100;  // kinds told apart in the report
 
 }  // namespace
 
@@ -30,8 +30,8 @@ Dessinateur::Dessinateur(LecteurGroupes& lecteur, Sommaire& sommaire, const Opti
       options_(options),
       lecture_(lecture),
       fleche_(options.Fleche > 1e-6 ? options.Fleche : 1e-6),
-      budget_(kMemoireBase + kMemoireParOctet * lecteur.Taille()),
-      relecture_(kRelectureBase + kRelectureParOctet * lecteur.Taille()) {}
+      budget_(MemoireBase + MemoireParOctet * lecteur.Taille()),
+      relecture_(RelectureBase + RelectureParOctet * lecteur.Taille()) {}
 
 void Dessinateur::Ignore(std::string_view genre) {
   std::string nom(genre.substr(0, 32));
@@ -39,7 +39,7 @@ void Dessinateur::Ignore(std::string_view genre) {
     if (c < ' ' || c > '~') c = '?';
   }
   auto& ignores = lecture_.rapport.Ignores;
-  if (ignores.size() >= kGenresMax && !ignores.contains(nom)) nom = "...";
+  if (ignores.size() >= GenresMax && !ignores.contains(nom)) nom = "...";
   ++ignores[nom];
 }
 
@@ -64,7 +64,7 @@ void Dessinateur::Dessine() {
 void Dessinateur::Avance() {
   const std::size_t ici = lecteur_.Ici().position;
   if (ici < jalon_) return;
-  jalon_ = ici + kPasAvancement;
+  jalon_ = ici + PasAvancement;
   if (options_.Avancement) {
     options_.Avancement(static_cast<double>(ici) / static_cast<double>(lecteur_.Taille()));
   }
@@ -190,7 +190,7 @@ bool Dessinateur::Pose(Trait&& trait) {
       if (p.size() < 3) trait.nature = Nature::Ouvert;
     }
   }
-  if (p.empty() || !budget_.Prend(kMemoireTrait)) return false;
+  if (p.empty() || !budget_.Prend(MemoireTrait)) return false;
   if (p.capacity() > p.size() + p.size() / 4 + 1) p.shrink_to_fit();
   trait.ligne = static_cast<std::uint32_t>(e_.ligne);
   lecture_.traits.push_back(std::move(trait));

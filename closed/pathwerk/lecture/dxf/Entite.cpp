@@ -11,19 +11,19 @@ struct NomGenre {
   Genre genre;
 };
 
-constexpr NomGenre kGenres[] = {{"LINE", Genre::Ligne},    {"LWPOLYLINE", Genre::PolyligneLegere},
-                                {"VERTEX", Genre::Autre},  {"ARC", Genre::Arc},
-                                {"CIRCLE", Genre::Cercle}, {"POLYLINE", Genre::Polyligne},
-                                {"SPLINE", Genre::Spline}, {"ELLIPSE", Genre::Ellipse},
-                                {"POINT", Genre::Point},   {"INSERT", Genre::Insertion},
-                                {"HATCH", Genre::Hachure}, {"SOLID", Genre::Solide},
-                                {"TRACE", Genre::Solide},  {"3DFACE", Genre::Face3D},
-                                {"SEQEND", Genre::Rien},   {"VIEWPORT", Genre::Rien}};
+constexpr NomGenre Genres[] = {{"LINE", Genre::Ligne},    {"LWPOLYLINE", Genre::PolyligneLegere},
+                               {"VERTEX", Genre::Autre},  {"ARC", Genre::Arc},
+                               {"CIRCLE", Genre::Cercle}, {"POLYLINE", Genre::Polyligne},
+                               {"SPLINE", Genre::Spline}, {"ELLIPSE", Genre::Ellipse},
+                               {"POINT", Genre::Point},   {"INSERT", Genre::Insertion},
+                               {"HATCH", Genre::Hachure}, {"SOLID", Genre::Solide},
+                               {"TRACE", Genre::Solide},  {"3DFACE", Genre::Face3D},
+                               {"SEQEND", Genre::Rien},   {"VIEWPORT", Genre::Rien}};
 
-constexpr std::size_t kOctetsSommet = 12;  // "10", "0", "20", "0" and their line ends
+constexpr std::size_t OctetsSommet = 12;  // "10", "0", "20", "0" and their line ends
 
-constexpr unsigned kX = 1;
-constexpr unsigned kY = 1U << 4;
+constexpr unsigned CodesX = 1;
+constexpr unsigned CodesY = 1U << 4;
 
 // The data end, or can't be read on.
 FinEntite Fin(Etat etat, Groupe& g) {
@@ -42,11 +42,11 @@ bool PrendListe(const Groupe& g, double v, Entite& e) {
       case 10:
         e.sommets.push_back({{v, 0, 0}, 0});
         e.dernierBulge = false;
-        e.donnes &= ~kY;
+        e.donnes &= ~CodesY;
         return true;
       case 20:
         if (!e.sommets.empty()) e.sommets.back().p.y = v;
-        e.donnes |= kY;
+        e.donnes |= CodesY;
         return true;
       case 42:
         if (!e.sommets.empty()) e.sommets.back().bulge = v;
@@ -62,11 +62,11 @@ bool PrendListe(const Groupe& g, double v, Entite& e) {
     case 10:
     case 11:
       liste->push_back({v, 0, 0});
-      e.donnes &= ~kY;
+      e.donnes &= ~CodesY;
       return true;
     case 20:
     case 21:
-      e.donnes |= kY;
+      e.donnes |= CodesY;
       if (!liste->empty()) liste->back().y = v;
       return true;
     case 30:
@@ -94,8 +94,8 @@ void PrendReel(const Groupe& g, double v, Entite& e) {
     if (dizaine == 1) e.p[unite].x = v;
     if (dizaine == 2) e.p[unite].y = v;
     if (dizaine == 3) e.p[unite].z = v;
-    if (dizaine == 1) e.donnes |= kX << unite;
-    if (dizaine == 2) e.donnes |= kY << unite;
+    if (dizaine == 1) e.donnes |= CodesX << unite;
+    if (dizaine == 2) e.donnes |= CodesY << unite;
   } else if (g.code <= 51) {
     const auto i = static_cast<std::size_t>(g.code - 40);
     e.reels[i] = v;
@@ -139,7 +139,7 @@ bool Prend(const Groupe& g, Entite& e, std::size_t reste) {
     (g.code == 90 ? e.nombreSommets : e.entiers[static_cast<std::size_t>(g.code - 70)]) = n;
     if (g.code == 90 && e.genre == Genre::PolyligneLegere && n > 0) {
       // The announced number spares regrowing, as far as the rest of the file can hold it.
-      e.sommets.reserve(std::min(static_cast<std::size_t>(n), reste / kOctetsSommet));
+      e.sommets.reserve(std::min(static_cast<std::size_t>(n), reste / OctetsSommet));
     }
   }
   return true;
@@ -148,7 +148,7 @@ bool Prend(const Groupe& g, Entite& e, std::size_t reste) {
 }  // namespace
 
 Genre GenreDe(std::string_view nom) {
-  for (const NomGenre& g : kGenres) {
+  for (const NomGenre& g : Genres) {
     if (g.nom == nom) return g.genre;
   }
   return Genre::Autre;
@@ -186,7 +186,7 @@ FinEntite LitEntite(LecteurGroupes& lecteur, Groupe& g, Entite& e) {
 }
 
 FinEntite LitSommets(LecteurGroupes& lecteur, Groupe& g, Entite& e) {
-  constexpr int kCadre = 16;
+  constexpr int CodesCadre = 16;
   while (g.texte == "VERTEX") {
     Sommet s;
     int drapeaux = 0;
@@ -217,7 +217,7 @@ FinEntite LitSommets(LecteurGroupes& lecteur, Groupe& g, Entite& e) {
       }
       if (!bon) return FinEntite::Nombre;
     }
-    if ((drapeaux & kCadre) != 0) {
+    if ((drapeaux & CodesCadre) != 0) {
       e.controle.push_back(s.p);
     } else {
       e.sommets.push_back(s);
@@ -235,8 +235,8 @@ FinEntite LitSommets(LecteurGroupes& lecteur, Groupe& g, Entite& e) {
 }
 
 bool Complete(const Entite& e) {
-  constexpr unsigned kRayon = 1;          // 40
-  constexpr unsigned kAngles = 3U << 10;  // 50, 51
+  constexpr unsigned CodesRayon = 1;          // 40
+  constexpr unsigned CodesAngles = 3U << 10;  // 50, 51
   switch (e.genre) {
     case Genre::Ligne:
       return e.Points(2);
@@ -245,9 +245,9 @@ bool Complete(const Entite& e) {
     case Genre::Point:
       return e.Points(1);
     case Genre::Cercle:
-      return e.Points(1) && (e.reelsDonnes & kRayon) != 0;
+      return e.Points(1) && (e.reelsDonnes & CodesRayon) != 0;
     case Genre::Arc:
-      return e.Points(1) && (e.reelsDonnes & kRayon) != 0 && (e.reelsDonnes & kAngles) == kAngles;
+      return e.Points(1) && (e.reelsDonnes & CodesRayon) != 0 && (e.reelsDonnes & CodesAngles) == CodesAngles;
     case Genre::Solide:
     case Genre::Face3D:
       return e.Points(3);
@@ -260,7 +260,7 @@ bool Complete(const Entite& e) {
 
 bool CompleteALaFin(const Entite& e) {
   const auto nombre = [&e](int code) { return static_cast<std::size_t>(e.Entier(code)); };
-  constexpr unsigned kEllipse = 7;  // 40 to 42
+  constexpr unsigned CodesEllipse = 7;  // 40 to 42
   switch (e.genre) {
     // What can still follow changes the whole: scales, turn, rows; boundaries.
     case Genre::Insertion:
@@ -268,14 +268,14 @@ bool CompleteALaFin(const Entite& e) {
       return false;
     case Genre::PolyligneLegere:
       return e.nombreSommets >= 0 && e.sommets.size() == static_cast<std::size_t>(e.nombreSommets) &&
-             (e.donnes & kY) != 0 && e.dernierBulge == e.bulges;
+             (e.donnes & CodesY) != 0 && e.dernierBulge == e.bulges;
     case Genre::Solide:
     case Genre::Face3D:
       return e.Points(4);
     case Genre::Ellipse:
-      return e.Points(2) && (e.reelsDonnes & kEllipse) == kEllipse;
+      return e.Points(2) && (e.reelsDonnes & CodesEllipse) == CodesEllipse;
     case Genre::Spline:
-      return (e.donnes & kY) != 0 && e.noeuds.size() == nombre(72) && e.controle.size() == nombre(73) &&
+      return (e.donnes & CodesY) != 0 && e.noeuds.size() == nombre(72) && e.controle.size() == nombre(73) &&
              e.lissage.size() == nombre(74) && (e.poids.empty() || e.poids.size() == e.controle.size());
     default:
       return Complete(e);

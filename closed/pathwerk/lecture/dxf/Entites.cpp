@@ -9,7 +9,7 @@ namespace pathwerk::lecture::dxf {
 
 namespace {
 
-constexpr double kTour = 2 * std::numbers::pi;
+constexpr double TourEntier = 2 * std::numbers::pi;
 constexpr double Radians(double degres) { return degres * (std::numbers::pi / 180); }
 
 bool BoutsJoints(const std::vector<Vec2>& p) {
@@ -32,7 +32,8 @@ void Dessinateur::Arc(const Affine& m) {
   const double r = std::fabs(e_.Reel(40, 0));
   const bool cercle = e_.genre == Genre::Cercle;
   const double debut = cercle ? 0 : Radians(e_.Reel(50, 0));
-  Conique(e_.p[0], {r, 0, 0}, {0, r, 0}, debut, cercle ? kTour : BalayageArc(debut, Radians(e_.Reel(51, 0))), m);
+  Conique(e_.p[0], {r, 0, 0}, {0, r, 0}, debut, cercle ? TourEntier : BalayageArc(debut, Radians(e_.Reel(51, 0))),
+          m);
 }
 
 // The centre and the long half axis stand in the world's frame; the short one lies square to it and to the
@@ -43,14 +44,14 @@ void Dessinateur::Ellipse(const Affine& m) {
   const Vec3 u = e_.p[1];
   const Vec3 v = Vectoriel(normale, u) * e_.Reel(40, 1);
   const double debut = e_.Reel(41, 0);
-  Conique(e_.p[0], u, v, debut, BalayageArc(debut, e_.Reel(42, kTour)), m);
+  Conique(e_.p[0], u, v, debut, BalayageArc(debut, e_.Reel(42, TourEntier)), m);
 }
 
 void Dessinateur::Conique(Vec3 centre, Vec3 u, Vec3 v, double debut, double balayage, const Affine& m) {
   const ArcConique arc{m.PlanDirection(u), m.PlanDirection(v), debut, balayage};
   const auto place = [&](double t) { return m.Projette(centre + u * std::cos(t) + v * std::sin(t)); };
   Trait trait;
-  const bool ferme = balayage == kTour;
+  const bool ferme = balayage == TourEntier;
   if (!budget_.Points(2)) return;
   trait.points.reserve(NombreCordes(arc, fleche_) + 1);
   trait.points.push_back(place(debut));

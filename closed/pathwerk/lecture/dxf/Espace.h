@@ -56,8 +56,8 @@ inline Affine RepereObjet(Vec3 extrusion) {
   Affine a;
   a.ez = extrusion * (1 / n);
   if (a.ez == Vec3{0, 0, 1}) return {};
-  constexpr double kSeuil = 1.0 / 64;
-  const bool vertical = std::fabs(a.ez.x) < kSeuil && std::fabs(a.ez.y) < kSeuil;
+  constexpr double Seuil = 1.0 / 64;
+  const bool vertical = std::fabs(a.ez.x) < Seuil && std::fabs(a.ez.y) < Seuil;
   a.ex = Vectoriel(vertical ? Vec3{0, 1, 0} : Vec3{0, 0, 1}, a.ez);
   a.ex = a.ex * (1 / Norme(a.ex));
   a.ey = Vectoriel(a.ez, a.ex);

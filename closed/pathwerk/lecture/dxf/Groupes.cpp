@@ -14,8 +14,8 @@ namespace pathwerk::lecture::dxf {
 
 namespace {
 
-constexpr std::string_view kEnteteBinaire{"AutoCAD Binary DXF\r\n\x1a\0", 22};
-constexpr int kCommentaire = 999;
+constexpr std::string_view EnteteBinaire{"AutoCAD Binary DXF\r\n\x1a\0", 22};
+constexpr int CodeCommentaire = 999;
 
 // Around a value: a careless transfer leaves NULs and CRs.
 constexpr bool Blanc(char c) { return base::EstBlanc(c) || c == '\0' || c == '\r'; }
@@ -42,7 +42,7 @@ struct Plage {
 };
 
 // Ranges of codes by their last member, rising.
-constexpr Plage kPlages[] = {
+constexpr Plage Plages[] = {
     {9, Type::Chaine},      {59, Type::Reel},      {79, Type::Entier16},  {89, Type::Inconnu},
     {99, Type::Entier32},   {109, Type::Chaine},   {149, Type::Reel},     {159, Type::Inconnu},
     {169, Type::Entier64},  {179, Type::Entier16}, {209, Type::Inconnu},  {239, Type::Reel},
@@ -55,8 +55,8 @@ constexpr Plage kPlages[] = {
 
 Type TypeDe(int code) {
   if (code < 0) return Type::Inconnu;
-  const auto* p = std::ranges::lower_bound(kPlages, code, {}, &Plage::dernier);
-  return p == std::end(kPlages) ? Type::Inconnu : p->type;
+  const auto* p = std::ranges::lower_bound(Plages, code, {}, &Plage::dernier);
+  return p == std::end(Plages) ? Type::Inconnu : p->type;
 }
 
 std::uint64_t Petit(const unsigned char* octets, std::size_t n) {
@@ -90,20 +90,20 @@ bool LitReel(const Groupe& g, double& valeur) {
 bool LitEntier(const Groupe& g, int& valeur) {
   double reel = 0;
   if (!LitReel(g, reel) || std::isnan(reel)) return false;
-  constexpr double kMax = 2147483647.0;
-  valeur = static_cast<int>(std::clamp(reel, -kMax, kMax));
+  constexpr double EntierMax = 2147483647.0;
+  valeur = static_cast<int>(std::clamp(reel, -EntierMax, EntierMax));
   return true;
 }
 
 LecteurGroupes::LecteurGroupes(std::string_view data) : data_(data) {
-  if (data_.starts_with(kEnteteBinaire)) {
+  if (data_.starts_with(EnteteBinaire)) {
     binaire_ = true;
-    position_ = kEnteteBinaire.size();
+    position_ = EnteteBinaire.size();
     // The first code is 0 or a comment's. In one byte the letters of its value follow at once.
     if (data_.size() >= position_ + 2) {
       const int premier =
           static_cast<unsigned char>(data_[position_]) | static_cast<unsigned char>(data_[position_ + 1]) << 8;
-      codeLarge_ = premier == 0 || premier == kCommentaire;
+      codeLarge_ = premier == 0 || premier == CodeCommentaire;
     }
   } else if (data_.starts_with("\xEF\xBB\xBF")) {
     position_ = 3;
@@ -113,7 +113,7 @@ LecteurGroupes::LecteurGroupes(std::string_view data) : data_(data) {
 Etat LecteurGroupes::Suivant(Groupe& g) {
   for (;;) {
     const Etat etat = SuivantBrut(g);
-    if (etat != Etat::Groupe || g.code != kCommentaire) return etat;
+    if (etat != Etat::Groupe || g.code != CodeCommentaire) return etat;
   }
 }
 
@@ -192,7 +192,7 @@ Etat LecteurGroupes::SuivantBinaire(Groupe& g) {
   g.ligne = 0;
   g.texte = {};
   g.nombre = 0;
-  const Type type = g.code == kCommentaire ? Type::Chaine : TypeDe(g.code);
+  const Type type = g.code == CodeCommentaire ? Type::Chaine : TypeDe(g.code);
   std::size_t n = 8;
   switch (type) {
     case Type::Chaine:

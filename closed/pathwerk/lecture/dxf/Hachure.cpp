@@ -45,8 +45,8 @@ class LecteurHachure {
   void Conique(std::vector<Vec2>& points, Vec3 u, Vec3 v, double debut, double fin);
   void Chaine(std::vector<Vec2>& morceau);
 
-  static constexpr int kPolyligne = 2;
-  static constexpr int kTexte = 8;  // the box around a text
+  static constexpr int DrapeauPolyligne = 2;
+  static constexpr int DrapeauTexte = 8;  // the box around a text
 
   Dessinateur& d_;
   Affine m_;
@@ -77,7 +77,7 @@ bool LecteurHachure::Lit() {
     if (g_.code == 92) {
       FinBord();
       drapeaux_ = static_cast<int>(std::clamp(v, 0.0, 1e6));
-    } else if (drapeaux_ >= 0 && (drapeaux_ & kPolyligne) != 0) {
+    } else if (drapeaux_ >= 0 && (drapeaux_ & DrapeauPolyligne) != 0) {
       PrendPolyligne(v);
     } else if (drapeaux_ >= 0) {
       PrendArete(v);
@@ -198,12 +198,12 @@ void LecteurHachure::Chaine(std::vector<Vec2>& morceau) {
 }
 
 void LecteurHachure::FinBord() {
-  if (drapeaux_ >= 0 && (drapeaux_ & kPolyligne) != 0) {
+  if (drapeaux_ >= 0 && (drapeaux_ & DrapeauPolyligne) != 0) {
     if (!d_.Lisse(trait_, sommets_, true, m_)) return;
   } else {
     FinArete();
   }
-  const bool texte = drapeaux_ >= 0 && (drapeaux_ & kTexte) != 0;
+  const bool texte = drapeaux_ >= 0 && (drapeaux_ & DrapeauTexte) != 0;
   if (!texte && trait_.points.size() > 1 && !SansEtendue(trait_.points)) {
     trait_.nature = Nature::Ferme;
     if (d_.Pose(std::move(trait_))) {
@@ -230,7 +230,7 @@ void Dessinateur::RetireBordsCouverts() {
     rangs.push_back(b.trait);
     points += lecture_.traits[b.trait].points.size();
   }
-  if (!budget_.Prend(points * kOctetsParPointCouvert)) {
+  if (!budget_.Prend(points * OctetsParPointCouvert)) {
     Refuse(Erreur::Memoire, 0, "HATCH");
     return;
   }

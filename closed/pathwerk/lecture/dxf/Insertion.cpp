@@ -9,8 +9,8 @@ namespace pathwerk::lecture::dxf {
 
 namespace {
 
-constexpr int kProfondeurMax = 200;
-constexpr std::size_t kRelectureInsertion = 64;  // an insertion of nothing costs this much
+constexpr int ProfondeurMax = 200;
+constexpr std::size_t RelectureInsertion = 64;  // an insertion of nothing costs this much
 
 Affine Translation(Vec3 v) {
   Affine a;
@@ -50,7 +50,7 @@ bool Dessinateur::Insertion(const Cadre& cadre) {
   const long ligne = e_.ligne;
   Bloc& bloc = b->second;
   if (bloc.enCours) return Refuse(Erreur::BlocCyclique, ligne, b->first);
-  if (cadre.profondeur >= kProfondeurMax) return Memoire(ligne);
+  if (cadre.profondeur >= ProfondeurMax) return Memoire(ligne);
 
   Affine echelle;
   echelle.ex.x = ex;
@@ -69,7 +69,7 @@ bool Dessinateur::Insertion(const Cadre& cadre) {
   bool suite = true;
   for (int l = 0; l < lignes && suite; ++l) {
     for (int c = 0; c < colonnes && suite; ++c) {
-      const std::size_t cout = bloc.taille + kRelectureInsertion;
+      const std::size_t cout = bloc.taille + RelectureInsertion;
       if (cout > relecture_) return Refuse(Erreur::Memoire, ligne, nom);
       relecture_ -= cout;
       dedans.m = repere * Translation({c * pasX, l * pasY, 0}) * contenu;

@@ -198,36 +198,36 @@ bool MemeNom::operator()(std::string_view a, std::string_view b) const {
 // Beside an $INSUNITS of 0 that variable says nothing: it chooses patterns and line types, and many programs leave
 // it at 0 in drawings in millimetres. All else is in millimetres, as whoever mills expects.
 double UniteEnMm(int insunits, int measurement, int lunits) {
-  constexpr double kPouce = 25.4;
-  constexpr std::array<double, 25> kUnites = {1,
-                                              kPouce,
-                                              304.8,
-                                              1609344.0,
-                                              1.0,
-                                              10.0,
-                                              1000.0,
-                                              1.0e6,  // -, in, ft, mile, mm, cm, m, km
-                                              25.4e-6,
-                                              25.4e-3,
-                                              914.4,
-                                              1.0e-7,
-                                              1.0e-6,
-                                              1.0e-3,
-                                              100.0,
-                                              1.0e4,  // uin, mil, yd, A, nm, um, dm, dam
-                                              1.0e5,
-                                              1.0e12,
-                                              1.495978707e14,
-                                              9.4607304725808e18,  // hm, Gm, astronomical unit, ly
-                                              3.0856775814913673e19,
-                                              1200000.0 / 3937,
-                                              100000.0 / 3937,  // pc, US survey foot and inch
-                                              3600000.0 / 3937,
-                                              6336000000.0 / 3937};  // US survey yard and mile
-  if (insunits > 0 && insunits < static_cast<int>(kUnites.size()))
-    return kUnites[static_cast<std::size_t>(insunits)];
-  if (lunits == 3 || lunits == 4) return kPouce;
-  if (insunits < 0 && measurement == 0) return kPouce;
+  constexpr double Pouce = 25.4;
+  constexpr std::array<double, 25> UnitesEnMm = {1,
+                                                 Pouce,
+                                                 304.8,
+                                                 1609344.0,
+                                                 1.0,
+                                                 10.0,
+                                                 1000.0,
+                                                 1.0e6,  // -, in, ft, mile, mm, cm, m, km
+                                                 25.4e-6,
+                                                 25.4e-3,
+                                                 914.4,
+                                                 1.0e-7,
+                                                 1.0e-6,
+                                                 1.0e-3,
+                                                 100.0,
+                                                 1.0e4,  // uin, mil, yd, A, nm, um, dm, dam
+                                                 1.0e5,
+                                                 1.0e12,
+                                                 1.495978707e14,
+                                                 9.4607304725808e18,  // hm, Gm, astronomical unit, ly
+                                                 3.0856775814913673e19,
+                                                 1200000.0 / 3937,
+                                                 100000.0 / 3937,  // pc, US survey foot and inch
+                                                 3600000.0 / 3937,
+                                                 6336000000.0 / 3937};  // US survey yard and mile
+  if (insunits > 0 && insunits < static_cast<int>(UnitesEnMm.size()))
+    return UnitesEnMm[static_cast<std::size_t>(insunits)];
+  if (lunits == 3 || lunits == 4) return Pouce;
+  if (insunits < 0 && measurement == 0) return Pouce;
   return 1;
 }
 

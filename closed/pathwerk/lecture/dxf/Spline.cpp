@@ -7,8 +7,8 @@ namespace pathwerk::lecture::dxf {
 
 namespace {
 
-constexpr int kDegreMax = 25;
-constexpr int kProfondeurMax = 14;  // halvings of one piece: 16384 chords at most
+constexpr int DegreMax = 25;
+constexpr int ProfondeurMax = 14;  // halvings of one piece: 16384 chords at most
 
 // Control point of the plan in homogeneous form: (w x, w y, w).
 struct Homogene {
@@ -45,7 +45,7 @@ class Aplatisseur {
         budget_(budget),
         n_(static_cast<std::size_t>(degre) + 1),
         seuil_(fleche / (rationnelle ? 1.0 : std::max(1 - std::ldexp(1.0, 1 - degre), 1e-3))) {
-    pile_.resize(n_ * (kProfondeurMax + 2));
+    pile_.resize(n_ * (ProfondeurMax + 2));
   }
 
   // Appends the points behind the start of the piece.
@@ -67,7 +67,7 @@ class Aplatisseur {
   // The piece lies in the row `profondeur` of the stack; its halves go to that row and the next.
   bool Coupe(int profondeur) {
     Homogene* const q = pile_.data() + static_cast<std::size_t>(profondeur) * n_;
-    if (profondeur >= kProfondeurMax || Plat(q)) {
+    if (profondeur >= ProfondeurMax || Plat(q)) {
       if (!budget_.Points(1)) return false;
       points_.push_back(Projette(q[n_ - 1]));
       return true;
@@ -100,7 +100,7 @@ void PieceBezier(const Spline& s, std::size_t k, const std::vector<Homogene>& lo
   const auto p = static_cast<std::size_t>(s.degre);
   const double gauche = s.noeuds[k];
   const double droite = s.noeuds[k + 1];
-  Homogene d[kDegreMax + 1];
+  Homogene d[DegreMax + 1];
   for (std::size_t j = 0; j <= p; ++j) {
     std::copy_n(locaux.begin(), p + 1, d);
     for (std::size_t r = 1; r <= p; ++r) {
@@ -118,7 +118,7 @@ void PieceBezier(const Spline& s, std::size_t k, const std::vector<Homogene>& lo
 }  // namespace
 
 bool Valide(const Spline& s) {
-  if (s.degre < 1 || s.degre > kDegreMax) return false;
+  if (s.degre < 1 || s.degre > DegreMax) return false;
   const std::size_t n = s.controle.size();
   const auto p = static_cast<std::size_t>(s.degre);
   if (n < p + 1 || s.noeuds.size() != n + p + 1) return false;

@@ -14,9 +14,9 @@ namespace pathwerk::lecture::eps {
 
 namespace {
 
-constexpr double kMmParPas = 25.4 / 72 / kEpsPasParPoint;
-constexpr std::size_t kLigneMax = 256;
-constexpr double kLimite = 1e7;  // mm
+constexpr double MmParPas = 25.4 / 72 / EpsPasParPoint;
+constexpr std::size_t LigneMax = 256;
+constexpr double LimiteCoordonnee = 1e7;  // mm
 
 // "12 -7 ..." into places; false unless there are exactly that many whole numbers.
 bool LitPoints(std::string_view texte, std::span<Vec2> points) {
@@ -28,7 +28,7 @@ bool LitPoints(std::string_view texte, std::span<Vec2> points) {
       long long n = 0;
       const auto [apres, erreur] = std::from_chars(p, fin, n);
       if (erreur != std::errc{}) return false;
-      *c = static_cast<double>(n) * kMmParPas;
+      *c = static_cast<double>(n) * MmParPas;
       p = apres;
     }
   }
@@ -49,11 +49,11 @@ bool EpsChemins::Recoit(std::string_view morceau) {
   while (!morceau.empty() && !arrete_) {
     const std::size_t fin = morceau.find('\n');
     const std::string_view debut = morceau.substr(0, fin);
-    if (fin != std::string_view::npos && reste_.empty() && !tropLongue_ && debut.size() <= kLigneMax) {
+    if (fin != std::string_view::npos && reste_.empty() && !tropLongue_ && debut.size() <= LigneMax) {
       Ligne(debut);
     } else {
       // A record's line is short; more than that is the drawing's own print and need not be kept.
-      tropLongue_ = tropLongue_ || reste_.size() + debut.size() > kLigneMax;
+      tropLongue_ = tropLongue_ || reste_.size() + debut.size() > LigneMax;
       if (tropLongue_) {
         reste_.clear();
       } else {
@@ -174,7 +174,7 @@ void EpsChemins::FinitSousChemin(bool ferme) {
 
 void EpsChemins::Emet(Trait&& trait) {
   for (const Vec2 p : trait.points) {
-    if (!(std::fabs(p.x) <= kLimite && std::fabs(p.y) <= kLimite)) {
+    if (!(std::fabs(p.x) <= LimiteCoordonnee && std::fabs(p.y) <= LimiteCoordonnee)) {
       Abandonne(Erreur::Coordonnee, "");
       return;
     }

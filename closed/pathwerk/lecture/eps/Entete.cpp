@@ -7,9 +7,9 @@ namespace pathwerk::lecture::eps {
 
 namespace {
 
-constexpr std::size_t kTailleEntete = 30;
-constexpr std::string_view kMagie = "\xC5\xD0\xD3\xC6";
-constexpr std::string_view kSortie = "\x1B%-12345X";
+constexpr std::size_t TailleEntete = 30;
+constexpr std::string_view Magie = "\xC5\xD0\xD3\xC6";
+constexpr std::string_view SortieDeLangue = "\x1B%-12345X";
 
 std::uint32_t Entier(std::string_view d, std::size_t p) {
   std::uint32_t v = 0;
@@ -25,8 +25,8 @@ std::string_view SansEmballage(std::string_view ps) {
   for (;;) {
     if (!ps.empty() && Creux(ps.front())) {
       ps.remove_prefix(1);
-    } else if (ps.starts_with(kSortie)) {
-      ps.remove_prefix(kSortie.size());
+    } else if (ps.starts_with(SortieDeLangue)) {
+      ps.remove_prefix(SortieDeLangue.size());
     } else if (ps.starts_with("\xEF\xBB\xBF")) {
       ps.remove_prefix(3);
     } else if (ps.starts_with("@PJL")) {
@@ -39,8 +39,8 @@ std::string_view SansEmballage(std::string_view ps) {
   for (;;) {
     if (!ps.empty() && Creux(ps.back())) {
       ps.remove_suffix(1);
-    } else if (ps.ends_with(kSortie)) {
-      ps.remove_suffix(kSortie.size());
+    } else if (ps.ends_with(SortieDeLangue)) {
+      ps.remove_suffix(SortieDeLangue.size());
     } else {
       return ps;
     }
@@ -54,11 +54,11 @@ std::string_view SansEmballage(std::string_view ps) {
 //   0 C5 D0 D3 C6 | 4 start, 8 length of the PostScript | 12, 16 metafile | 20, 24 TIFF | 28 checksum
 std::optional<std::string_view> EpsPostScript(std::string_view data) {
   std::string_view ps = data;
-  if (data.starts_with(kMagie)) {
-    if (data.size() < kTailleEntete) return std::nullopt;
+  if (data.starts_with(Magie)) {
+    if (data.size() < TailleEntete) return std::nullopt;
     const std::size_t debut = Entier(data, 4);
     const std::size_t longueur = Entier(data, 8);
-    if (debut < kTailleEntete - 2 || debut > data.size() || longueur > data.size() - debut) return std::nullopt;
+    if (debut < TailleEntete - 2 || debut > data.size() || longueur > data.size() - debut) return std::nullopt;
     ps = data.substr(debut, longueur);
   }
   ps = SansEmballage(ps);

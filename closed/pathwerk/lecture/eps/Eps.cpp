@@ -50,7 +50,7 @@ void Lit(std::string_view data, const OptionsLecture& options, const EpsMoyens& 
   // The blank behind the last word keeps the file open, and its place known, when that word is the wrong one.
   const std::string dessin = std::string(*ps) + "\n";
   const EpsFin fin = LanceGs(
-      moyens, EpsPrologue(jeton, kEpsDessin), dessin, [&](std::string_view m) { return chemins.Recoit(m); },
+      moyens, EpsPrologue(jeton, EpsDessin), dessin, [&](std::string_view m) { return chemins.Recoit(m); },
       options.Avancement);
   if (lecture.Refuse()) return;
   Erreur numero = fin.numero;

@@ -27,8 +27,8 @@ namespace {
 namespace fs = std::filesystem;
 using Horloge = std::chrono::steady_clock;
 
-constexpr const char* kChemins[] = {"/usr/local/bin", "/usr/bin", "/bin"};
-constexpr const char* kPrologue = "prologue.ps";
+constexpr const char* DossiersGs[] = {"/usr/local/bin", "/usr/bin", "/bin"};
+constexpr const char* NomPrologue = "prologue.ps";
 
 // A folder of mode 0700 for as long as this lives.
 class DossierPrive {
@@ -90,7 +90,7 @@ class Tuyau {
 // The program's path, or nothing.
 std::string Trouve(const std::string& programme) {
   if (programme.find('/') != std::string::npos) return ::access(programme.c_str(), X_OK) == 0 ? programme : "";
-  for (const char* const dossier : kChemins) {
+  for (const char* const dossier : DossiersGs) {
     const std::string chemin = std::string(dossier) + "/" + programme;
     if (::access(chemin.c_str(), X_OK) == 0) return chemin;
   }
@@ -203,8 +203,8 @@ EpsFin LanceGs(const EpsMoyens& moyens, std::string_view prologue, std::string_v
   const std::string chemin = Trouve(moyens.programme);
   if (chemin.empty()) return {Erreur::GsAbsent, moyens.programme, 0};
   const DossierPrive dossier(moyens.dossier);
-  if (dossier.Chemin().empty() || !dossier.Pose(kPrologue, prologue) || !dossier.Pose(kEpsDessin.data(), dessin)) {
-    return {Erreur::Ecriture, std::string(kEpsDessin), 0};
+  if (dossier.Chemin().empty() || !dossier.Pose(NomPrologue, prologue) || !dossier.Pose(EpsDessin.data(), dessin)) {
+    return {Erreur::Ecriture, std::string(EpsDessin), 0};
   }
   std::vector<std::string> mots{chemin,
                                 "-q",
@@ -212,8 +212,8 @@ EpsFin LanceGs(const EpsMoyens& moyens, std::string_view prologue, std::string_v
                                 "-dNODISPLAY",
                                 "-dNOPAUSE",
                                 "-dBATCH",
-                                "--permit-file-read=" + std::string(kEpsDessin),
-                                kPrologue};
+                                "--permit-file-read=" + std::string(EpsDessin),
+                                NomPrologue};
   std::vector<std::string> variables{"PATH=/usr/local/bin:/usr/bin:/bin", "TMPDIR=" + dossier.Chemin()};
   const auto pointeurs = [](std::vector<std::string>& textes) {
     std::vector<char*> p;

@@ -17,7 +17,7 @@ namespace pathwerk::lecture::eps {
 
 namespace {
 
-constexpr std::string_view kPrologue = R"PS(%!
+constexpr std::string_view TextePrologue = R"PS(%!
 userdict begin
 /OVL@f (%stdout) (w) file def
 /OVL@b 128 string def
@@ -233,7 +233,7 @@ void Remplace(std::string& texte, std::string_view marque, std::string_view par)
 }  // namespace
 
 std::string EpsPrologue(std::string_view jeton, std::string_view fichier) {
-  std::string texte(kPrologue);
+  std::string texte(TextePrologue);
   Remplace(texte, "@JETON@", jeton);
   Remplace(texte, "@FICHIER@", fichier);
   return texte;

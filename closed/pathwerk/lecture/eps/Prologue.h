@@ -7,7 +7,7 @@
 namespace pathwerk::lecture::eps {
 
 // Steps of the printed numbers to the point (1/72 inch).
-inline constexpr double kEpsPasParPoint = 128.0 * 16.0;
+inline constexpr double EpsPasParPoint = 128.0 * 16.0;
 
 // `jeton` opens every record behind a control character, so that what the drawing prints by itself is no record;
 // letters and digits. `fichier` is the drawing's name in the current folder.

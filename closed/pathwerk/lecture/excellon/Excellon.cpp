@@ -16,7 +16,7 @@ namespace pathwerk::lecture::excellon {
 
 namespace {
 
-constexpr double kMax = 1e7;  // mm
+constexpr double LongueurMax = 1e7;  // mm
 
 std::string Nom(char lettre, int numero) {
   std::string n = std::to_string(numero);
@@ -151,8 +151,8 @@ class Lecteur {
   }
 
   static bool EstDuCorps(std::string_view ligne) {
-    constexpr std::string_view kSuites = "+-.0123456789";
-    const bool nombre = ligne.size() > 1 && kSuites.find(ligne[1]) != kSuites.npos;
+    constexpr std::string_view Suites = "+-.0123456789";
+    const bool nombre = ligne.size() > 1 && Suites.find(ligne[1]) != Suites.npos;
     if (!nombre) return false;
     if (ligne[0] == 'T') return ligne.find_first_of("XY") != ligne.npos;
     return ligne[0] == 'X' || ligne[0] == 'Y' || ligne[0] == 'G' || ligne[0] == 'M';
@@ -160,7 +160,7 @@ class Lecteur {
 
   std::optional<double> Nombre(const Mot& mot) {
     const auto v = format_.Coordonnee(mot.texte);
-    if (v && std::fabs(*v) > kMax) {
+    if (v && std::fabs(*v) > LongueurMax) {
       Refuse(Erreur::Coordonnee, std::string(1, mot.lettre) + std::string(mot.texte));
       return std::nullopt;
     }
@@ -360,7 +360,7 @@ class Lecteur {
   void Repete(const Bloc& b) {
     for (int k = 0; k < b.repete; ++k) {
       ici_ = {ici_.x + b.x.value_or(0), ici_.y + b.y.value_or(0)};
-      if (!(std::fabs(ici_.x) <= kMax && std::fabs(ici_.y) <= kMax)) {
+      if (!(std::fabs(ici_.x) <= LongueurMax && std::fabs(ici_.y) <= LongueurMax)) {
         Refuse(Erreur::Coordonnee, EnTexte(ici_.x) + " " + EnTexte(ici_.y) + " mm");
         return;
       }

@@ -25,7 +25,7 @@ bool DecoupeMots(std::string_view ligne, Mots& mots) {
       continue;
     }
     const char lettre = Majuscule(ligne[i]);
-    if (lettre < 'A' || lettre > 'Z' || mots.nb == Mots::kMax) return false;
+    if (lettre < 'A' || lettre > 'Z' || mots.nb == Mots::MotsMax) return false;
     const std::size_t debut = ++i;
     while (i < ligne.size() && (EstChiffre(ligne[i]) || ligne[i] == '.' || ligne[i] == '+' || ligne[i] == '-')) ++i;
     mots.mots[mots.nb++] = {lettre, ligne.substr(debut, i - debut)};
@@ -71,15 +71,15 @@ std::string FormatExcellon::Ligne() const {
 }
 
 bool LitUnites(std::string_view ligne, FormatExcellon& format, std::vector<std::string>& inconnus) {
-  constexpr std::string_view kSeparateurs = ", \t";
-  const std::string_view tete = ligne.substr(0, ligne.find_first_of(kSeparateurs));
+  constexpr std::string_view Separateurs = ", \t";
+  const std::string_view tete = ligne.substr(0, ligne.find_first_of(Separateurs));
   const bool pouces = tete == "INCH" || tete == "M72";
   if (!pouces && tete != "METRIC" && tete != "M71") return false;
   format.Unites(pouces);
   ligne.remove_prefix(tete.size());
   while (!ligne.empty()) {
-    ligne.remove_prefix(std::min(ligne.find_first_not_of(kSeparateurs), ligne.size()));
-    const std::string_view champ = ligne.substr(0, ligne.find_first_of(kSeparateurs));
+    ligne.remove_prefix(std::min(ligne.find_first_not_of(Separateurs), ligne.size()));
+    const std::string_view champ = ligne.substr(0, ligne.find_first_of(Separateurs));
     ligne.remove_prefix(champ.size());
     const std::size_t point = champ.find('.');
     if (champ == "TZ" || champ == "LZ") {
@@ -95,7 +95,7 @@ bool LitUnites(std::string_view ligne, FormatExcellon& format, std::vector<std::
 }
 
 bool EntreeConnue(std::string_view ligne) {
-  constexpr std::string_view kConnues =
+  constexpr std::string_view Connues =
       " AFS ATC BLKD CCW CP DETECT DN DTMDIST EXDA FMAT FSB HPCK NCSL OM OSTOP OTCLMP PCKPARAM PF PLTMDIST R RC "
       "SBK SG "
       "SIXM TCST UP VER Z ZA ZC ZS ";
@@ -104,7 +104,7 @@ bool EntreeConnue(std::string_view ligne) {
     if (!(c >= 'A' && c <= 'Z')) break;
     mot += c;
   }
-  if (mot.size() > 1 && kConnues.find(mot + ' ') != kConnues.npos) return true;
+  if (mot.size() > 1 && Connues.find(mot + ' ') != Connues.npos) return true;
   // A tool: "T01C0.8F200S65".
   Mots mots;
   return ligne.starts_with('T') && DecoupeMots(ligne, mots) && EntierDebut(mots.mots[0].texte) >= 0;
@@ -121,11 +121,11 @@ namespace {
 
 // Does a size lie between a twentieth and all of another one, with some room for rounding?
 bool Tient(Vec2 taille, Vec2 dans) {
-  constexpr double kJeu = 0.02;  // mm
-  const auto tient = [](double t, double d) { return t <= 1.01 * d + kJeu; };
+  constexpr double Jeu = 0.02;  // mm
+  const auto tient = [](double t, double d) { return t <= 1.01 * d + Jeu; };
   const double plusGrand = std::max(taille.x, taille.y);
   const double place = std::max(dans.x, dans.y);
-  return tient(taille.x, dans.x) && tient(taille.y, dans.y) && (plusGrand == 0 || place <= 20 * plusGrand + kJeu);
+  return tient(taille.x, dans.x) && tient(taille.y, dans.y) && (plusGrand == 0 || place <= 20 * plusGrand + Jeu);
 }
 
 }  // namespace

@@ -19,8 +19,8 @@ struct Mot {
 };
 
 struct Mots {
-  static constexpr std::size_t kMax = 24;
-  std::array<Mot, kMax> mots;
+  static constexpr std::size_t MotsMax = 24;
+  std::array<Mot, MotsMax> mots;
   std::size_t nb = 0;
 };
 

@@ -8,7 +8,7 @@
 
 namespace pathwerk::lecture::hpgl {
 
-inline constexpr double kMmParUnite = 0.025;  // 40 plotter units to the millimetre
+inline constexpr double MmParUnite = 0.025;  // 40 plotter units to the millimetre
 
 // Scaling points, user scale and rotation. Everything is in plotter units, and stays as it was when the numbers are
 // not finite or too few.

@@ -10,7 +10,7 @@ namespace pathwerk::lecture::hpgl {
 
 namespace {
 
-constexpr double kRadian = std::numbers::pi / 180;
+constexpr double Radian = std::numbers::pi / 180;
 
 std::vector<Vec2> SurFeuille(const HpglFeuille& feuille, std::vector<Vec2> points) {
   for (Vec2& p : points) p = feuille.Place(p);
@@ -19,7 +19,7 @@ std::vector<Vec2> SurFeuille(const HpglFeuille& feuille, std::vector<Vec2> point
 
 }  // namespace
 
-double HpglFleche(const HpglFeuille& feuille, double mm) { return mm / kMmParUnite / feuille.Grossissement(); }
+double HpglFleche(const HpglFeuille& feuille, double mm) { return mm / MmParUnite / feuille.Grossissement(); }
 
 std::vector<Vec2> HpglArc(const HpglFeuille& feuille, Vec2 depart, Vec2 centre, double degres, double mm) {
   std::vector<Vec2> points;
@@ -27,7 +27,7 @@ std::vector<Vec2> HpglArc(const HpglFeuille& feuille, Vec2 depart, Vec2 centre, 
   const double rayon = std::hypot(d.x, d.y);
   if (rayon == 0 || degres == 0) return points;
   const double balayage = std::clamp(degres, -360.0, 360.0);
-  AjouteArc(points, centre, rayon, std::atan2(d.y, d.x), balayage * kRadian, HpglFleche(feuille, mm));
+  AjouteArc(points, centre, rayon, std::atan2(d.y, d.x), balayage * Radian, HpglFleche(feuille, mm));
   if (std::fabs(balayage) == 360 && !points.empty()) points.back() = depart;
   return SurFeuille(feuille, std::move(points));
 }
@@ -72,9 +72,9 @@ std::vector<Vec2> HpglSecteur(const HpglFeuille& feuille, Vec2 centre, double ra
                               double mm) {
   if (std::fabs(balayage) >= 360) return HpglCercle(feuille, centre, rayon, mm);
   const double r = std::fabs(rayon);
-  const double angle = std::fmod(debut, 360) * kRadian + (rayon < 0 ? std::numbers::pi : 0);
+  const double angle = std::fmod(debut, 360) * Radian + (rayon < 0 ? std::numbers::pi : 0);
   std::vector<Vec2> points{centre, {centre.x + r * std::cos(angle), centre.y + r * std::sin(angle)}};
-  AjouteArc(points, centre, r, angle, balayage * kRadian, HpglFleche(feuille, mm));
+  AjouteArc(points, centre, r, angle, balayage * Radian, HpglFleche(feuille, mm));
   return SurFeuille(feuille, std::move(points));
 }
 

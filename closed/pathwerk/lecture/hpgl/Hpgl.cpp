@@ -32,9 +32,9 @@ bool Finis(const HpglInstruction& i) {
 // The number of the instruction that is out of bounds as it stands in the file, or the beginning of the instruction
 // when only scale or steps carry it out; and the place on the sheet that it leads to.
 std::string ValeurRefusee(std::string_view data, const HpglInstruction& i, std::optional<Vec2> place) {
-  constexpr double kLoin = 1e7 / kMmParUnite;
+  constexpr double Loin = 1e7 / MmParUnite;
   std::string s = Extrait(data, i.position);
-  const auto loin = [](double v) { return !(std::fabs(v) <= kLoin); };
+  const auto loin = [](double v) { return !(std::fabs(v) <= Loin); };
   const auto faux = std::find_if(i.nombres.begin(), i.nombres.end(), loin);
   if (faux != i.nombres.end()) {
     std::size_t p = i.position + 2;
@@ -45,15 +45,15 @@ std::string ValeurRefusee(std::string_view data, const HpglInstruction& i, std::
     }
     if (p < data.size()) s = i.Nom() + " " + std::string(data.substr(p, std::min<std::size_t>(fin - p, 24)));
   }
-  if (place) s += " (" + EnTexte(place->x * kMmParUnite) + " " + EnTexte(place->y * kMmParUnite) + " mm)";
+  if (place) s += " (" + EnTexte(place->x * MmParUnite) + " " + EnTexte(place->y * MmParUnite) + " mm)";
   return s;
 }
 
 // Would a file that ends behind this instruction end too early? A plot that is whole lifts the pen from its last
 // line; one that stops behind a number may lack digits, unless the pen just went home.
 bool EstCoupee(const HpglInstruction& i, bool baissee) {
-  constexpr std::string_view kMeneLaPlume = " PA PR PD PU PE AA AR AT RT BZ BR ";
-  if (kMeneLaPlume.find(' ' + i.Nom() + ' ') == std::string_view::npos) {
+  constexpr std::string_view MeneLaPlume = " PA PR PD PU PE AA AR AT RT BZ BR ";
+  if (MeneLaPlume.find(' ' + i.Nom() + ' ') == std::string_view::npos) {
     return i.interrompue && (i.Est("LB") || i.Est("CI") || i.Est("EA") || i.Est("ER") || i.Est("EW"));
   }
   const bool origine = !i.nombres.empty() && std::ranges::all_of(i.nombres, [](double v) { return v == 0; });

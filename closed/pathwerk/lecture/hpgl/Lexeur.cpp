@@ -20,8 +20,8 @@ namespace pathwerk::lecture::hpgl {
 
 namespace {
 
-constexpr unsigned char kEsc = 27;
-constexpr unsigned char kEtx = 3;
+constexpr unsigned char Esc = 27;
+constexpr unsigned char Etx = 3;
 
 bool EstLettre(unsigned char c) { return base::EstLettre(static_cast<char>(c)); }
 bool EstChiffre(unsigned char c) { return base::EstChiffre(static_cast<char>(c)); }
@@ -56,7 +56,7 @@ bool HpglLexeur::Suivante(HpglInstruction& instruction) {
 bool HpglLexeur::ProchaineLettre() {
   while (!Fini() && !ejection_) {
     const unsigned char c = Ici();
-    if (c == kEsc) {
+    if (c == Esc) {
       Echappe();
     } else if (langue_ == Langue::Pcl) {
       ejection_ = c == 12;  // form feed
@@ -147,7 +147,7 @@ void HpglLexeur::LignePjl() {
 bool HpglLexeur::DeuxiemeLettre(HpglInstruction& instruction) {
   instruction.nom[0] = Majuscule(Ici());
   const std::size_t debut = pos_++;
-  while (!Fini() && EstRien(Ici()) && Ici() != kEsc) ++pos_;
+  while (!Fini() && EstRien(Ici()) && Ici() != Esc) ++pos_;
   if (Fini() || !EstLettre(Ici())) {
     coupe_ = Fini();
     if (nbPerdus_++ == 0) premierPerdu_ = debut;
@@ -187,7 +187,7 @@ void HpglLexeur::LitTexte(HpglInstruction& instruction) {
 
 void HpglLexeur::LitEncode(HpglInstruction& instruction) {
   std::size_t p = pos_;
-  while (p < donnees_.size() && donnees_[p] != ';' && A(p) != kEsc) ++p;
+  while (p < donnees_.size() && donnees_[p] != ';' && A(p) != Esc) ++p;
   instruction.interrompue = p == donnees_.size();
   instruction.texte = donnees_.substr(pos_, p - pos_);
   pos_ = p;
@@ -195,10 +195,10 @@ void HpglLexeur::LitEncode(HpglInstruction& instruction) {
 
 // "DT;" brings ETX back. NUL, ENQ, a line end and ESC can't end a label and mean the same.
 void HpglLexeur::LitFinDeTexte() {
-  finDeTexte_ = kEtx;
+  finDeTexte_ = Etx;
   if (Fini()) return;
   const unsigned char c = Ici();
-  if (c == ';' || c == 0 || c == 5 || c == '\n' || c == '\r' || c == kEsc) return;
+  if (c == ';' || c == 0 || c == 5 || c == '\n' || c == '\r' || c == Esc) return;
   finDeTexte_ = c;
   ++pos_;
   if (A(pos_) != ',') return;  // the second parameter: whether the terminator is printed too
@@ -208,15 +208,15 @@ void HpglLexeur::LitFinDeTexte() {
 }
 
 void HpglLexeur::LitSymbole(HpglInstruction& instruction) {
-  while (!Fini() && EstRien(Ici()) && Ici() != kEsc) ++pos_;
-  if (Fini() || Ici() == ';' || Ici() == kEsc) return;
+  while (!Fini() && EstRien(Ici()) && Ici() != Esc) ++pos_;
+  if (Fini() || Ici() == ';' || Ici() == Esc) return;
   instruction.texte = donnees_.substr(pos_, 1);
   ++pos_;
 }
 
 // Skips what precedes a quoted text and the text itself, up to ";" or the next letter.
 void HpglLexeur::SauteCitation() {
-  while (!Fini() && Ici() != ';' && !EstLettre(Ici()) && Ici() != kEsc) {
+  while (!Fini() && Ici() != ';' && !EstLettre(Ici()) && Ici() != Esc) {
     const bool guillemet = Ici() == '"';
     ++pos_;
     if (!guillemet) continue;
@@ -228,7 +228,7 @@ void HpglLexeur::SauteCitation() {
 // A quoted comment may hold anything, one without quotes everything but ";".
 void HpglLexeur::SauteCommentaire() {
   std::size_t p = pos_;
-  while (p < donnees_.size() && EstRien(A(p)) && A(p) != kEsc) ++p;
+  while (p < donnees_.size() && EstRien(A(p)) && A(p) != Esc) ++p;
   if (A(p) == '"' && donnees_.find('"', p + 1) != std::string_view::npos) {
     SauteCitation();
   } else {
@@ -253,7 +253,7 @@ void HpglLexeur::LitNombres(HpglInstruction& instruction) {
     } else if (c == ';') {
       ++pos_;
       return;
-    } else if ((EstRien(c) && c != kEsc) || c == ',') {
+    } else if ((EstRien(c) && c != Esc) || c == ',') {
       ++pos_;
     } else {
       return;

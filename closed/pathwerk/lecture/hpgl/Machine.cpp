@@ -23,7 +23,7 @@ struct HpglTable {
 
 HpglMachine::Sorte HpglMachine::Execute(const HpglInstruction& i) {
   using M = HpglMachine;
-  static constexpr auto kTraces = std::to_array<HpglTable>({
+  static constexpr auto Traces = std::to_array<HpglTable>({
       {"PA", &M::Absolu},
       {"PR", &M::Relatif},
       {"PU", &M::Haut},
@@ -67,7 +67,7 @@ HpglMachine::Sorte HpglMachine::Execute(const HpglInstruction& i) {
       {"BP", &M::Initialise},
   });
   // Attributes of pens, fills and letters, device control and output: nothing of them lies on the paper.
-  static constexpr std::string_view kReglages =
+  static constexpr std::string_view InstructionsReglage =
       " AC AD AP AS BF BL CA CC CF CM CO CP CR CS CT CV DC DI DL DR DS DT DV EC ES FI FN FR FS FT GC GM GP IM IV "
       "KY LA"
       " LM LO LT MC MG MT NP NR OA OC OD OE OF OG OH OI OK OL OO OP OS OT OW PP PT PW QL RF RP RQ SA SB SD SI SL SR"
@@ -76,12 +76,12 @@ HpglMachine::Sorte HpglMachine::Execute(const HpglInstruction& i) {
     traceur_.Page();
     return Sorte::Reglage;
   }
-  for (const HpglTable& t : kTraces) {
+  for (const HpglTable& t : Traces) {
     if (!i.Est(t.nom)) continue;
     (this->*t.action)(i);
     return Sorte::Trace;
   }
-  if (kReglages.find(' ' + i.Nom() + ' ') != std::string_view::npos) return Sorte::Reglage;
+  if (InstructionsReglage.find(' ' + i.Nom() + ' ') != std::string_view::npos) return Sorte::Reglage;
   lecture_.Ignore(i.Nom());
   return Sorte::Inconnue;
 }

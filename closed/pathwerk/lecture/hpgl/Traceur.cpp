@@ -10,9 +10,9 @@ namespace pathwerk::lecture::hpgl {
 
 namespace {
 
-constexpr double kUnitesMax = 1e7 / kMmParUnite;
+constexpr double UnitesMax = 1e7 / MmParUnite;
 
-bool Tracable(Vec2 p) { return std::fabs(p.x) <= kUnitesMax && std::fabs(p.y) <= kUnitesMax; }
+bool Tracable(Vec2 p) { return std::fabs(p.x) <= UnitesMax && std::fabs(p.y) <= UnitesMax; }
 
 }  // namespace
 
@@ -143,7 +143,7 @@ void HpglTraceur::Emet(std::span<const Vec2> points, Nature nature) {
   t.nature = nature;
   t.points.reserve(points.size());
   for (const Vec2 p : points) {
-    const Vec2 mm{p.x * kMmParUnite, p.y * kMmParUnite};
+    const Vec2 mm{p.x * MmParUnite, p.y * MmParUnite};
     if (t.points.empty() || t.points.back() != mm) t.points.push_back(mm);
   }
   points_ += t.points.size() + 4;

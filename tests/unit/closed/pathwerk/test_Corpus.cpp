@@ -7,7 +7,7 @@ using namespace aide;
 
 namespace {
 
-constexpr std::int32_t kNonCompte = -1;  // arcs: their chords are this system's own
+constexpr std::int32_t NonCompte = -1;  // arcs: their chords are this system's own
 struct Attendu {
   const char* nom;
   std::int32_t points;
@@ -20,7 +20,7 @@ std::ostream& operator<<(std::ostream& os, const Attendu& a) { return os << a.no
 
 void Verifie(const std::string& chemin, const Attendu& a, float marge) {
   const auto f = Lis(chemin);
-  if (a.points == kNonCompte) {
+  if (a.points == NonCompte) {
     EXPECT_GT(f.n, 0) << f.message;
   } else {
     EXPECT_EQ(f.n, a.points) << f.message;
@@ -47,7 +47,7 @@ TEST_P(CorpusDat, PointsAndBox) {
 // e850 has 35 + 33 rows, and both surfaces begin with the same nose point. The first row of c090 is the domain of
 // computation; its box is that of the other 300 rows. Three have a thick tail: the point that closes it comes on
 // top. The last row of naca4412 says 10000 where 1.0000 was meant.
-const std::vector<Attendu> kProfils = {
+const std::vector<Attendu> Profils = {
     {"as_a18_selig.dat", 41 + 1, 1, 1, 0, 1, 0, 0.08466F},
     {"as_e850_lednicer.dat", 67, 1, 1, 0, 1, -0.03186F, 0.05075F},
     {"as_naca4412_parens.dat", 34, 1, 0, 0, 10000, -0.0288F, 0.098F},
@@ -61,9 +61,9 @@ const std::vector<Attendu> kProfils = {
     {"ff_30p30n_slat.dat", 201, 1, 1, -0.085382F, 0.018772F, -0.115748F, 0.005079F},
     {"as_dp168_comma_name.dat", 260, 1, 1, 0, 1, -0.02568F, 0.05842F}};
 // Rows of the file; chord 200 mm, ordinates as they stand in it.
-const std::vector<Attendu> kProfilPropre = {{"aile.dat", 121, 1, 1, 0, 200, -8.4712F, 15.836F}};
+const std::vector<Attendu> ProfilPropre = {{"aile.dat", 121, 1, 1, 0, 200, -8.4712F, 15.836F}};
 
-INSTANTIATE_TEST_SUITE_P(Corpus, CorpusDat, testing::ValuesIn(essai::CorpusPresent() ? kProfils : kProfilPropre),
+INSTANTIATE_TEST_SUITE_P(Corpus, CorpusDat, testing::ValuesIn(essai::CorpusPresent() ? Profils : ProfilPropre),
                          [](const auto& i) { return "f" + std::to_string(i.index); });
 
 TEST_P(CorpusDrl, HitsAndBox) {
@@ -72,7 +72,7 @@ TEST_P(CorpusDrl, HitsAndBox) {
 
 // A hole is two points. The nine slots of the contour file are routes of three points each; its box is by hand from
 // the coordinates of the file.
-const std::vector<Attendu> kPercages = {
+const std::vector<Attendu> Percages = {
     {"gb_diptrace_keyboard.drl", 2 * 106, 106, 0, 12.319F, 59.53F, 13.81F, 86.2F},
     {"gb_diptrace_mainboard.drl", 2 * 168, 168, 0, 11.43F, 91.915F, 13.017F, 60.8F},
     {"gb_diptrace_panel_metric.drl", 2 * 73, 73, 0, 12.86F, 75.63F, 11.11F, 42.39F},
@@ -84,9 +84,9 @@ const std::vector<Attendu> kPercages = {
     {"pt_eagle_ncdrill.drd", 2 * 36, 36, 0, 3.81F, 52.832F, 10.323F, 43.089F},
     {"gb_altium_composite.txt", 2 * 12, 12, 0, 254, 1016, 0, 508}};
 // 20 holes, 3 slots and a closed route; the four holes of the corners make the box.
-const std::vector<Attendu> kPercagePropre = {{"percage.drl", kNonCompte, 24, 1, 5, 95, 5, 55}};
+const std::vector<Attendu> PercagePropre = {{"percage.drl", NonCompte, 24, 1, 5, 95, 5, 55}};
 
-INSTANTIATE_TEST_SUITE_P(Corpus, CorpusDrl, testing::ValuesIn(essai::CorpusPresent() ? kPercages : kPercagePropre),
+INSTANTIATE_TEST_SUITE_P(Corpus, CorpusDrl, testing::ValuesIn(essai::CorpusPresent() ? Percages : PercagePropre),
                          [](const auto& i) { return "f" + std::to_string(i.index); });
 
 TEST(Samples, ARibAndADrillPlateAreRead) {

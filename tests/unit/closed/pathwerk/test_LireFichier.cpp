@@ -7,10 +7,10 @@ using pathwerk::Erreur;
 using pathwerk::LireFichier;
 
 namespace {
-constexpr const char* kForet = "M48\nMETRIC\n%\nT1\nX1000Y2000\nX5000Y-3000\nM30\n";
-constexpr const char* kDxf =
+constexpr const char* ForetDefaut = "M48\nMETRIC\n%\nT1\nX1000Y2000\nX5000Y-3000\nM30\n";
+constexpr const char* DessinDxf =
     "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n1.0\n20\n2.0\n11\n3.0\n21\n4.0\n0\nENDSEC\n0\nEOF\n";
-constexpr const char* kHpgl = "IN;SP1;PU0,0;PD400,0,400,400;PU;";
+constexpr const char* DessinHpgl = "IN;SP1;PU0,0;PD400,0,400,400;PU;";
 }  // namespace
 
 TEST(LireFichier, GivesPointsBoundsAndABlankMessage) {
@@ -47,24 +47,24 @@ TEST(LireFichier, PathWithANulBehindIt) {
 TEST(LireFichier, ExtensionNamesTheFormatInAnyCase) {
   const Dossier d;
   for (const char* nom : {"a.drl", "a.DRL", "a.Drd"})
-    EXPECT_EQ(Lis(d.Ecrit(nom, kForet)).rapport.Format, "DRL") << nom;
-  for (const char* nom : {"a.dxf", "b.DXF"}) EXPECT_EQ(Lis(d.Ecrit(nom, kDxf)).rapport.Format, "DXF") << nom;
+    EXPECT_EQ(Lis(d.Ecrit(nom, ForetDefaut)).rapport.Format, "DRL") << nom;
+  for (const char* nom : {"a.dxf", "b.DXF"}) EXPECT_EQ(Lis(d.Ecrit(nom, DessinDxf)).rapport.Format, "DXF") << nom;
   for (const char* nom : {"a.plt", "a.prn", "a.hpgl"}) {
-    EXPECT_EQ(Lis(d.Ecrit(nom, kHpgl)).rapport.Format, "HPGL") << nom;
+    EXPECT_EQ(Lis(d.Ecrit(nom, DessinHpgl)).rapport.Format, "HPGL") << nom;
   }
-  EXPECT_EQ(Lis(d.Ecrit("a.dat", kForet)).n, static_cast<int>(Erreur::Dat));
-  EXPECT_EQ(Lis(d.Ecrit("a.eps", kForet)).n, static_cast<int>(Erreur::EpsEntete));
+  EXPECT_EQ(Lis(d.Ecrit("a.dat", ForetDefaut)).n, static_cast<int>(Erreur::Dat));
+  EXPECT_EQ(Lis(d.Ecrit("a.eps", ForetDefaut)).n, static_cast<int>(Erreur::EpsEntete));
 }
 
 TEST(LireFichier, UnknownExtensionIsToldByContent) {
   const Dossier d;
-  EXPECT_EQ(Lis(d.Ecrit("a.xln", kForet)).rapport.Format, "DRL");
-  EXPECT_EQ(Lis(d.Ecrit("a.txt", std::string("; comment\n%\n") + kForet)).rapport.Format, "DRL");
-  EXPECT_EQ(Lis(d.Ecrit("a", kDxf)).rapport.Format, "DXF");
-  EXPECT_EQ(Lis(d.Ecrit("b.txt", std::string("999\nmade by hand\n") + kDxf)).rapport.Format, "DXF");
-  EXPECT_EQ(Lis(d.Ecrit("c.txt", std::string("  0\r\nSECTION\r\n") + (kDxf + 10))).rapport.Format, "DXF");
-  EXPECT_EQ(Lis(d.Ecrit("a.gl", kHpgl)).rapport.Format, "HPGL");
-  EXPECT_EQ(Lis(d.Ecrit("b.gl", std::string("\x1B.(;\x1B%0B") + kHpgl)).rapport.Format, "HPGL");
+  EXPECT_EQ(Lis(d.Ecrit("a.xln", ForetDefaut)).rapport.Format, "DRL");
+  EXPECT_EQ(Lis(d.Ecrit("a.txt", std::string("; comment\n%\n") + ForetDefaut)).rapport.Format, "DRL");
+  EXPECT_EQ(Lis(d.Ecrit("a", DessinDxf)).rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("b.txt", std::string("999\nmade by hand\n") + DessinDxf)).rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("c.txt", std::string("  0\r\nSECTION\r\n") + (DessinDxf + 10))).rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("a.gl", DessinHpgl)).rapport.Format, "HPGL");
+  EXPECT_EQ(Lis(d.Ecrit("b.gl", std::string("\x1B.(;\x1B%0B") + DessinHpgl)).rapport.Format, "HPGL");
   EXPECT_EQ(Lis(d.Ecrit("c.txt", "Title\n1 2\n3 4\n")).rapport.Format, "DAT");
   EXPECT_EQ(Lis(d.Ecrit("c.csv", "1.5,2.5\n3,4\n")).rapport.Format, "DAT");
   EXPECT_EQ(Lis(d.Ecrit("a.ps", "%!PS-Adobe-3.0\n")).rapport.Format, "EPS");
@@ -122,7 +122,7 @@ TEST(LireFichier, ARefusedCoordinateNamesFileLineAndValueInEveryFormat) {
     EXPECT_EQ(f.n, static_cast<int>(Erreur::Coordonnee)) << nom;
     return SansBlancsFinaux(f.message);
   };
-  std::string dxf = kDxf;
+  std::string dxf = DessinDxf;
   dxf.replace(dxf.find("1.0"), 3, "100000000.0");
   EXPECT_EQ(refus("a.dxf", dxf), "a.dxf:6: 100000000 2 mm") << "the line that names the entity";
   EXPECT_EQ(refus("a.plt", "IN;\nPU0,0;\nPD4e9,0;PU;"), "a.plt:3: PD 4e9 (100000000 0 mm)");
@@ -132,7 +132,7 @@ TEST(LireFichier, ARefusedCoordinateNamesFileLineAndValueInEveryFormat) {
 TEST(LireFichier, ACommentInFrontMakesAPlotNoLessAPlot) {
   const Dossier d;
   for (const char* const debut : {"CO\"Drawn; by hand\";", "CO Drawn by hand, PU9,9;", "\r\nCO a;CO b;\n"}) {
-    const auto f = Lis(d.Ecrit("dessin", std::string(debut) + kHpgl));
+    const auto f = Lis(d.Ecrit("dessin", std::string(debut) + DessinHpgl));
     EXPECT_EQ(f.rapport.Format, "HPGL") << debut;
     EXPECT_EQ(f.n, 3) << debut;
   }

@@ -31,7 +31,7 @@ Trait Coupe(const Trait& t) {
   }
   return c;
 }
-const Trait kLigne = Ouvert({{0, 0}, {30, 10}, {60, 0}});
+const Trait TraitLigne = Ouvert({{0, 0}, {30, 10}, {60, 0}});
 
 }  // namespace
 
@@ -102,9 +102,9 @@ TEST(AssembleJumeaux, TheSameBoxMakesNoTwins) {
 }
 
 TEST(AssembleJumeaux, OpenPathsDrawnTwiceStayOne) {
-  for (const Trait& autre : {Deplace(kLigne, 0.0005, 0.0005), Retourne(Deplace(kLigne, 0.0005, 0)),
-                             Coupe(Deplace(kLigne, 0, -0.0005))}) {
-    const auto a = Assemble({kLigne, autre});
+  for (const Trait& autre : {Deplace(TraitLigne, 0.0005, 0.0005), Retourne(Deplace(TraitLigne, 0.0005, 0)),
+                             Coupe(Deplace(TraitLigne, 0, -0.0005))}) {
+    const auto a = Assemble({TraitLigne, autre});
     ASSERT_EQ(a.sequences.size(), 1U);
     EXPECT_EQ(a.n, 3);
     EXPECT_EQ(a.Ignores("DUPLICATE"), 1);
@@ -112,7 +112,7 @@ TEST(AssembleJumeaux, OpenPathsDrawnTwiceStayOne) {
 }
 
 TEST(AssembleJumeaux, ALineAlongAPartOfAnotherIsNone) {
-  EXPECT_EQ(Assemble({kLigne, Ouvert({{0, 0.0003}, {29, 29.0 / 3 + 0.0003}})}).Ignores("DUPLICATE"), 0);
+  EXPECT_EQ(Assemble({TraitLigne, Ouvert({{0, 0.0003}, {29, 29.0 / 3 + 0.0003}})}).Ignores("DUPLICATE"), 0);
   EXPECT_EQ(Assemble({Carre(0, 0, 50), Ouvert({{10, 0.0003}, {40, 0.0003}})}).sequences.size(), 2U);
   // A whole turn along the contour, but open.
   EXPECT_EQ(Assemble({Carre(0, 0, 50), Ouvert({{0, 0.5}, {0, 50}, {50, 50}, {50, 0}, {0.5, 0}})}).sequences.size(),

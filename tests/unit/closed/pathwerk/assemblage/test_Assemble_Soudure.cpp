@@ -120,14 +120,14 @@ TEST(AssembleSoudure, SquaresThatShareACornerStaySquares) {
 
 TEST(AssembleSoudure, AStarOfManyRaysUsesEachOnce) {
   std::vector<Trait> s;
-  constexpr int kRayons = 360;
-  for (int i = 0; i < kRayons; ++i) {
-    const double w = 2 * std::numbers::pi * i / kRayons;
+  constexpr int Rayons = 360;
+  for (int i = 0; i < Rayons; ++i) {
+    const double w = 2 * std::numbers::pi * i / Rayons;
     s.push_back(Ouvert({{0, 0}, {100 * std::cos(w), 100 * std::sin(w)}}));
   }
   const auto a = Assemble(s);
-  EXPECT_EQ(a.sequences.size(), kRayons / 2U);
-  EXPECT_NEAR(Longueur(a.sequences), 100.0 * kRayons, 0.01);
+  EXPECT_EQ(a.sequences.size(), Rayons / 2U);
+  EXPECT_NEAR(Longueur(a.sequences), 100.0 * Rayons, 0.01);
   for (const auto& p : a.sequences) {  // each a diameter
     ASSERT_EQ(p.size(), 3U);
     EXPECT_NEAR(p[0].x, -p[2].x, 1e-4);

@@ -1,4 +1,5 @@
 #include <limits>
+#include <numbers>
 
 #include "closed/pathwerk/commun/Courbes.h"
 #include "tests/unit/closed/pathwerk/Aide.h"
@@ -8,7 +9,6 @@ using pathwerk::AjouteBezier;
 using pathwerk::Vec2;
 
 namespace {
-constexpr double kPi = std::numbers::pi;
 
 // Greatest distance of the middles of the chords from a circle.
 double Fleche(const std::vector<Vec2>& p, Vec2 c, double r) {
@@ -23,7 +23,7 @@ double Fleche(const std::vector<Vec2>& p, Vec2 c, double r) {
 
 TEST(AjouteArc, EndsWhereItShouldAndLeavesTheStartToTheCaller) {
   std::vector<Vec2> p{{15, 5}};
-  AjouteArc(p, {5, 5}, 10, 0, kPi / 2, 0.01);
+  AjouteArc(p, {5, 5}, 10, 0, std::numbers::pi / 2, 0.01);
   EXPECT_EQ(p.front(), (Vec2{15, 5}));
   EXPECT_NEAR(p.back().x, 5, 1e-12);
   EXPECT_NEAR(p.back().y, 15, 1e-12);
@@ -32,7 +32,7 @@ TEST(AjouteArc, EndsWhereItShouldAndLeavesTheStartToTheCaller) {
 
 TEST(AjouteArc, NegativeSweepIsClockwise) {
   std::vector<Vec2> p{{10, 0}};
-  AjouteArc(p, {0, 0}, 10, 0, -kPi, 0.01);
+  AjouteArc(p, {0, 0}, 10, 0, -std::numbers::pi, 0.01);
   EXPECT_LT(p[1].y, 0);
   EXPECT_NEAR(p.back().x, -10, 1e-12);
 }
@@ -41,12 +41,12 @@ TEST(AjouteArc, ChordsStayWithinTheBoundAndUseMostOfIt) {
   for (const double r : {0.5, 3.0, 40.0, 2000.0}) {
     for (const double fleche : {0.1, 0.01, 0.001}) {
       std::vector<Vec2> p{{r, 0}};
-      AjouteArc(p, {0, 0}, r, 0, 2 * kPi, fleche);
+      AjouteArc(p, {0, 0}, r, 0, 2 * std::numbers::pi, fleche);
       EXPECT_LE(Fleche(p, {0, 0}, r), fleche * (1 + 1e-9)) << r << ' ' << fleche;
       // With two chords fewer the bound would be broken: there are no more than needed.
       const double n = static_cast<double>(p.size() - 1);
       if (n > 8) {
-        EXPECT_GT(r * (1 - std::cos(kPi / (n - 2))), fleche) << r << ' ' << fleche;
+        EXPECT_GT(r * (1 - std::cos(std::numbers::pi / (n - 2))), fleche) << r << ' ' << fleche;
       }
     }
   }
@@ -54,13 +54,13 @@ TEST(AjouteArc, ChordsStayWithinTheBoundAndUseMostOfIt) {
 
 TEST(AjouteArc, SmallestCircleIsAnOctagon) {
   std::vector<Vec2> p{{0.001, 0}};
-  AjouteArc(p, {0, 0}, 0.001, 0, 2 * kPi, 0.01);
+  AjouteArc(p, {0, 0}, 0.001, 0, 2 * std::numbers::pi, 0.01);
   EXPECT_EQ(p.size(), 9U);
 }
 
 TEST(AjouteArc, HugeOrBrokenArcsStaySmall) {
   std::vector<Vec2> p{{0, 0}};
-  AjouteArc(p, {0, 0}, 1e15, 0, 2 * kPi, 0.01);
+  AjouteArc(p, {0, 0}, 1e15, 0, 2 * std::numbers::pi, 0.01);
   EXPECT_LE(p.size(), 8193U);
   EXPECT_GT(p.size(), 1000U);
   p.assign(1, {0, 0});

@@ -4,14 +4,13 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <numbers>
 #include <random>
 #include <set>
 
 namespace controle {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 P operator+(P a, P b) { return {a.x + b.x, a.y + b.y}; }
 P operator-(P a, P b) { return {a.x - b.x, a.y - b.y}; }
@@ -105,7 +104,7 @@ Forme SansRepetes(const Trace& t) {
   return f;
 }
 
-constexpr double kPli = 0.003;  // mm: legs of a turn right back that part by less lie on each other
+constexpr double Pli = 0.003;  // mm: legs of a turn right back that part by less lie on each other
 
 struct Arc {
   P centre;
@@ -131,9 +130,9 @@ struct Brut {
   }
   [[nodiscard]] double AArc(const Arc& a, P p) const {
     const P v = p - a.centre;
-    double w = std::remainder(std::atan2(v.y, v.x) - a.a0, 2 * kPi);
+    double w = std::remainder(std::atan2(v.y, v.x) - a.a0, 2 * std::numbers::pi);
     if (a.balayage < 0) w = -w;
-    if (w < 0) w += 2 * kPi;
+    if (w < 0) w += 2 * std::numbers::pi;
     if (w <= std::abs(a.balayage)) return std::abs(Long(v) - rayon);
     double d = std::numeric_limits<double>::infinity();
     for (const double e : {a.a0, a.a0 + a.balayage}) {
@@ -159,11 +158,11 @@ Brut BrutDe(const Trace& source, double decal) {
     const P e = f[(i + 2) % n];
     const P v = (e - c) * (1 / Long(e - c));
     double tour = std::atan2(Croix(u, v), Dot(u, v));
-    if (std::abs(std::abs(tour) - kPi) < 1e-9) tour = decal > 0 ? -kPi : kPi;
+    if (std::abs(std::abs(tour) - std::numbers::pi) < 1e-9) tour = decal > 0 ? -std::numbers::pi : std::numbers::pi;
     if (tour * decal < 0) {
       b.arcs.push_back({c, std::atan2(o.y, o.x), tour});
-    } else if (std::min(Long(c - a), Long(e - c)) * (kPi - std::abs(tour)) < kPli) {
-      b.permis.push_back({c, std::atan2(o.y, o.x), decal > 0 ? -kPi : kPi});
+    } else if (std::min(Long(c - a), Long(e - c)) * (std::numbers::pi - std::abs(tour)) < Pli) {
+      b.permis.push_back({c, std::atan2(o.y, o.x), decal > 0 ? -std::numbers::pi : std::numbers::pi});
     }
   }
   return b;
@@ -281,7 +280,7 @@ Forme Carre(double x0, double y0, double cote) {
 Forme Cercle(double rayon, int n, P centre) {
   Forme f;
   for (int i = 0; i < n; ++i) {
-    const double a = 2 * kPi * i / n;
+    const double a = 2 * std::numbers::pi * i / n;
     f.push_back(centre + P{std::cos(a), std::sin(a)} * rayon);
   }
   return f;
@@ -299,7 +298,7 @@ Forme Etoile(unsigned graine) {
   const double amplitude = 4 * (u(g) + 1);
   Forme f;
   for (int i = 0; i < n; ++i) {
-    const double a = 2 * kPi * i / n;
+    const double a = 2 * std::numbers::pi * i / n;
     f.push_back(P{std::cos(a), std::sin(a)} * (20 + amplitude * u(g)));
   }
   return f;
@@ -310,7 +309,7 @@ Forme CercleBruite(unsigned graine, int n, double amplitude) {
   std::uniform_real_distribution<double> u(-1, 1);
   Forme f;
   for (int i = 0; i < n; ++i) {
-    const double a = 2 * kPi * (i + 0.3 * u(g)) / n;
+    const double a = 2 * std::numbers::pi * (i + 0.3 * u(g)) / n;
     f.push_back(P{std::cos(a), std::sin(a)} * (85 + 8 * std::sin(9 * a) + amplitude * u(g)));
   }
   return f;
@@ -347,7 +346,7 @@ Forme Koch(int niveau, double cote) {
 Forme Spirale(double tours, double pas, double largeur, int n) {
   Forme f;
   const auto ajoute = [&](double s, double o) {
-    const double a = 2 * kPi * tours * s;
+    const double a = 2 * std::numbers::pi * tours * s;
     f.push_back(P{std::cos(a), std::sin(a)} * (4 + pas * tours * s + o));
   };
   for (int i = 0; i < n / 2; ++i) ajoute(std::sqrt(i / (n / 2 - 1.0)), largeur / 2);
@@ -402,7 +401,7 @@ Forme Onde(int n, double longueur, double hauteur, double periodes) {
   Forme f;
   for (int i = 0; i < n; ++i) {
     const double s = i / (n - 1.0);
-    f.push_back({longueur * s, hauteur * std::sin(2 * kPi * periodes * s)});
+    f.push_back({longueur * s, hauteur * std::sin(2 * std::numbers::pi * periodes * s)});
   }
   return f;
 }
@@ -411,7 +410,8 @@ Forme SpiraleOuverte(double tours, double pas, int n) {
   Forme f;
   for (int i = 0; i < n; ++i) {
     const double s = std::sqrt(i / (n - 1.0));
-    f.push_back(P{std::cos(2 * kPi * tours * s), std::sin(2 * kPi * tours * s)} * (2 + pas * tours * s));
+    f.push_back(P{std::cos(2 * std::numbers::pi * tours * s), std::sin(2 * std::numbers::pi * tours * s)} *
+                (2 + pas * tours * s));
   }
   return f;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <numbers>
 #include <set>
 
 namespace controle {
@@ -12,8 +13,6 @@ using namespace pathwerk::decalage;
 using pathwerk::Vec2;
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 double AuSegment(Vec2 p, Vec2 a, Vec2 b) {
   const Vec2 d = b - a;
@@ -52,7 +51,7 @@ void LieuxVrais(const Region& region, double distance, Essai essai) {
       const Vec2 u = Unite(b - a), v = Unite(d - b);
       for (const double t : {0.0, 0.17, 0.5, 0.71, 1.0}) juge(a + (b - a) * t + Gauche(u) * distance);
       double w = std::atan2(Vectoriel(u, v), Scalaire(u, v));
-      if (std::abs(std::abs(w) - kPi) < 1e-9) w = distance > 0 ? -kPi : kPi;
+      if (std::abs(std::abs(w) - std::numbers::pi) < 1e-9) w = distance > 0 ? -std::numbers::pi : std::numbers::pi;
       if (w * distance >= 0) continue;
       for (const double t : {0.1, 0.5, 0.8}) juge(b + Tourne(Gauche(u) * distance, w * t));
     }

@@ -91,8 +91,8 @@ class Grille {
   // Cells whose middle lies within `rayon` of the middle of a given one: exact distance transform, first along the
   // columns, then along the rows by the lower envelope of parabolas.
   [[nodiscard]] std::vector<std::uint8_t> Autour(const std::vector<std::uint8_t>& cellules, double rayon) const {
-    constexpr double kLoin = 1e12;
-    std::vector<double> colonne(Taille(), kLoin);
+    constexpr double Loin = 1e12;
+    std::vector<double> colonne(Taille(), Loin);
     for (long x = 0; x < nx_; ++x) {
       for (const bool monte : {true, false}) {
         double ecart = 1e6;

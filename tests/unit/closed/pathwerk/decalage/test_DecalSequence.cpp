@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 #include "tests/unit/closed/pathwerk/controle/Controle.h"
 
@@ -15,8 +16,6 @@ using pathwerk::CodePD;
 using pathwerk::PointTrace;
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 long NbMarques(const Trace& t) {
   return std::count_if(t.begin(), t.end(), [](const PointTrace& p) { return p.Cde == CodePC; });
@@ -40,8 +39,8 @@ TEST(DecalSequence, PositiveIsLeftSoOutsideAClockwiseSquareWithRoundedCorners) {
   EXPECT_NEAR(b.x1, 43, 0.01);
   EXPECT_NEAR(b.y1, 53, 0.01);
   // Square, four strips, four quarters of a disc; clockwise like its source.
-  EXPECT_NEAR(Aire(t), -(900 + 4 * 30 * 3 + kPi * 9), 0.3);
-  EXPECT_NEAR(Longueur(t), 120 + 2 * kPi * 3, 0.1);
+  EXPECT_NEAR(Aire(t), -(900 + 4 * 30 * 3 + std::numbers::pi * 9), 0.3);
+  EXPECT_NEAR(Longueur(t), 120 + 2 * std::numbers::pi * 3, 0.1);
 }
 
 TEST(DecalSequence, PositiveIsLeftSoInsideACounterClockwiseSquareWithSharpCorners) {
@@ -54,7 +53,7 @@ TEST(DecalSequence, PositiveIsLeftSoInsideACounterClockwiseSquareWithSharpCorner
 TEST(DecalSequence, NegativeIsTheOtherSide) {
   const auto [r, t] = Decale(EnTrace(Carre(0, 0, 30), true), -3);
   ASSERT_GT(r, 0);
-  EXPECT_NEAR(Aire(t), 900 + 360 + kPi * 9, 0.3);
+  EXPECT_NEAR(Aire(t), 900 + 360 + std::numbers::pi * 9, 0.3);
 }
 
 TEST(DecalSequence, ReversedPointsAndNegatedDistanceGiveTheSameCurveTheOtherWay) {
@@ -314,9 +313,9 @@ TEST(DecalSequence, ThereAndBackGivesTheCurveAllAround) {
   const auto [r, t] = Decale(s, 3);
   ASSERT_GT(r, 0);
   EXPECT_TRUE(EstFermee(t));
-  EXPECT_NEAR(Aire(t), -(120 + kPi * 9), 0.3);
+  EXPECT_NEAR(Aire(t), -(120 + std::numbers::pi * 9), 0.3);
   const auto [r2, autre] = Decale(s, -3);
-  EXPECT_NEAR(Aire(autre), 120 + kPi * 9, 0.3);
+  EXPECT_NEAR(Aire(autre), 120 + std::numbers::pi * 9, 0.3);
   EXPECT_GT(r2, 0);
   EXPECT_EQ(Decale(s, 3, 40).first, 0) << "no inside to fill";
 }
@@ -366,7 +365,7 @@ TEST(DecalSequence, RepeatedAndTinySegmentsMakeNoDifference) {
   Forme f;
   for (const P p : Carre(0, 0, 30)) f.insert(f.end(), {p, p, {p.x + 1e-4, p.y}, {p.x, p.y + 1e-4}, p});
   const Trace s = EnTrace(f, true);
-  EXPECT_NEAR(Aire(Decale(s, -3).second), 900 + 360 + kPi * 9, 0.3);
+  EXPECT_NEAR(Aire(Decale(s, -3).second), 900 + 360 + std::numbers::pi * 9, 0.3);
   EXPECT_NEAR(Aire(Decale(s, 3).second), 576, 0.3);
 }
 
@@ -385,7 +384,7 @@ TEST(DecalSequence, CutterGreaterThanTheWholePartGoesAround) {
   const Trace s = EnTrace(Carre(0, 0, 1), true);
   const auto [r, t] = Decale(s, -200);
   ASSERT_GT(r, 0);
-  EXPECT_NEAR(Aire(t), kPi * 200 * 200 + 4 * 200 + 1, 15);
+  EXPECT_NEAR(Aire(t), std::numbers::pi * 200 * 200 + 4 * 200 + 1, 15);
   EXPECT_LE(Mesure(s, t, -200).Pire(), 0.01);
 }
 

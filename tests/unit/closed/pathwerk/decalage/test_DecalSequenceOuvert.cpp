@@ -3,16 +3,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "tests/unit/closed/pathwerk/controle/Controle.h"
 
 using namespace controle;
 
-namespace {
-
-constexpr double kPi = 3.14159265358979323846;
-
-}  // namespace
+namespace {}  // namespace
 
 TEST(DecalSequence, OpenSegmentGivesTheParallelSegmentOnItsLeft) {
   const auto [r, t] = Decale(EnTrace({{0, 0}, {40, 0}}, false), 3);
@@ -35,7 +32,7 @@ TEST(DecalSequence, OpenAngleIsRoundedOutsideAndSharpInside) {
   EXPECT_EQ(dedans.size(), 3U);
   EXPECT_NEAR(Longueur(dedans), 37 + 37, 0.01);
   const auto [r2, dehors] = Decale(s, -3);
-  EXPECT_NEAR(Longueur(dehors), 80 + kPi / 2 * 3, 0.02);
+  EXPECT_NEAR(Longueur(dehors), 80 + std::numbers::pi / 2 * 3, 0.02);
   EXPECT_FALSE(EstFermee(dehors));
   EXPECT_GT(r1 * r2, 0);
 }
@@ -47,7 +44,7 @@ TEST(DecalSequence, OpenNarrowUFallsApartWhereTheCutterDoesNotFit) {
   const auto [r, t] = Decale(s, -3);
   ASSERT_GT(r, 0);
   EXPECT_EQ(Pieces(t).size(), 1U);
-  EXPECT_NEAR(Longueur(t), 84 + kPi * 3, 0.05);
+  EXPECT_NEAR(Longueur(t), 84 + std::numbers::pi * 3, 0.05);
   const auto [r2, large] = Decale(s, 1.5);
   ASSERT_GT(r2, 0);
   EXPECT_NEAR(Longueur(large), 2 * 38.5 + 1, 0.02);
@@ -98,7 +95,7 @@ TEST(DecalSequence, OpenTurnRightBackIsRoundedOnBothSidesHoweverItsLegsRound) {
       const auto [n, t] = Decale(s, r);
       ASSERT_GT(n, 0) << ecart;
       EXPECT_EQ(Pieces(t).size(), 1U) << ecart;
-      EXPECT_NEAR(Longueur(t), 79 + kPi * 3, 0.05) << ecart;
+      EXPECT_NEAR(Longueur(t), 79 + std::numbers::pi * 3, 0.05) << ecart;
       EXPECT_LE(Mesure(s, t, r).Pire(), 0.01) << ecart;
     }
   }
@@ -119,7 +116,7 @@ TEST(DecalSequence, OpenTipThatOpensIntoAWedgeIsSharpInside) {
   const Trace s = EnTrace({{0, 0}, {17, 0}, {0, 0.17}}, false);
   EXPECT_LE(Mesure(s, Decale(s, 1).second, 1).Pire(), 0.01);
   EXPECT_LT(Longueur(Decale(s, 1).second), 1);
-  EXPECT_NEAR(Longueur(Decale(s, -1).second), 34 + kPi, 0.03);
+  EXPECT_NEAR(Longueur(Decale(s, -1).second), 34 + std::numbers::pi, 0.03);
 }
 
 TEST(DecalSequence, OpenZigzagWhoseRoundTipsJustCloseABayLeavesNoLoopInIt) {

@@ -13,9 +13,9 @@ using namespace controle;
 
 namespace {
 
-constexpr double kTolerance = 0.01;
+constexpr double Tolerance = 0.01;
 
-void Verifie(const Trace& source, double decal, double tolerance = kTolerance, std::size_t max = 900) {
+void Verifie(const Trace& source, double decal, double tolerance = Tolerance, std::size_t max = 900) {
   const auto [r, t] = Decale(source, decal);
   const Ecarts e = Mesure(source, t, decal, max);
   EXPECT_LE(e.tropPres, tolerance) << "R = " << decal << "\n" << Texte(source);
@@ -84,7 +84,7 @@ TEST(DecalSequencePromise, EdgeOfTheCutNeverGoesIntoALoopOfACrossingPath) {
         ASSERT_TRUE(EstFermee(p)) << Texte(s);
         for (const auto& q : p) {
           const double d = Distance(s, {static_cast<double>(q.X), static_cast<double>(q.Y)});
-          ASSERT_LE(d, std::abs(r) + kTolerance) << Texte(s);
+          ASSERT_LE(d, std::abs(r) + Tolerance) << Texte(s);
         }
       }
       (void)n;
@@ -119,10 +119,10 @@ TEST(DecalSequencePromise, HoldsOnRealDrawings) {
       for (const double part : {0.02, -0.05}) {
         const auto [r, t] = Decale(s, part * taille);
         const Ecarts e = Mesure(s, t, part * taille, 300);
-        EXPECT_LE(e.tropLoin, kTolerance + grille) << Texte(s);
+        EXPECT_LE(e.tropLoin, Tolerance + grille) << Texte(s);
         if (!EstFermee(s)) {  // a closed one may cross itself, where each loop is its own
-          EXPECT_LE(e.tropPres, kTolerance + grille) << Texte(s);
-          EXPECT_LE(e.manque, kTolerance + grille) << Texte(s);
+          EXPECT_LE(e.tropPres, Tolerance + grille) << Texte(s);
+          EXPECT_LE(e.manque, Tolerance + grille) << Texte(s);
         }
         EXPECT_GE(r, 0);
       }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "closed/pathwerk/decalage/Report.h"
 #include "tests/unit/closed/pathwerk/controle/Controle.h"
@@ -13,8 +14,6 @@ using pathwerk::CodePD;
 using pathwerk::PointTrace;
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 // The path with marks at the given points.
 Trace Marque(const Forme& f, std::initializer_list<std::size_t> rangs, bool ferme = true) {
@@ -50,11 +49,11 @@ void Attend(const Trace& source, double decal, std::initializer_list<P> lieux, i
 //        |2 |1   |                |   20 high, the slot 10 deep
 //        |  +----+                |
 //        +------------------------+
-const Forme kFente{{0, 0}, {30, 0}, {30, 20}, {3, 20}, {3, 10}, {2, 10}, {2, 13}, {2, 20}, {0, 20}};
+const Forme Fente{{0, 0}, {30, 0}, {30, 20}, {3, 20}, {3, 10}, {2, 10}, {2, 13}, {2, 20}, {0, 20}};
 
 // Two chambers of 20 x 20 joined by a passage 2 mm high and 20 mm long.
-const Forme kHaltere{{0, 0},  {20, 0},  {20, 9},  {27, 9},  {34, 9},  {40, 9},  {40, 0},
-                     {60, 0}, {60, 20}, {40, 20}, {40, 11}, {20, 11}, {20, 20}, {0, 20}};
+const Forme Haltere{{0, 0},  {20, 0},  {20, 9},  {27, 9},  {34, 9},  {40, 9},  {40, 0},
+                    {60, 0}, {60, 20}, {40, 20}, {40, 11}, {20, 11}, {20, 20}, {0, 20}};
 
 }  // namespace
 
@@ -87,7 +86,7 @@ TEST(DecalSequenceMarques, InACornerHalfBuriedLieOnWhatIsLeftOfTheArc) {
   // A slot 1.5 mm high between the corner's top side and a ceiling. Middles of a cutter of 1 mm stay 1 mm below the
   // ceiling, so of the quarter around the corner what is below 30 degrees is left.
   const Forme f{{-20, -20}, {0, -20}, {0, 0}, {-5, 0}, {-10, 0}, {-10, 1.5}, {20, 1.5}, {20, 20}, {-20, 20}};
-  const P reste{std::cos(kPi / 6), 0.5};
+  const P reste{std::cos(std::numbers::pi / 6), 0.5};
   Attend(Marque(f, {2}), -1, {reste});
   // In the slot, and at its end: the cutter passes all of it in that point.
   Attend(Marque(f, {3}), -1, {reste});
@@ -97,17 +96,17 @@ TEST(DecalSequenceMarques, InACornerHalfBuriedLieOnWhatIsLeftOfTheArc) {
 TEST(DecalSequenceMarques, InASlotTooNarrowLieAtItsMouthAndNotBeyondTheWall) {
   // The mouth's two arcs meet in the middle of the slot.
   const P bouche{2.5, 20 + std::sqrt(0.75)};
-  const Trace s = Marque(kFente, {6});
+  const Trace s = Marque(Fente, {6});
   ASSERT_NEAR(Distance(Decale(s, -1).second, {2, 13}), 3, 0.01) << "beyond the wall it is nearer";
   Attend(s, -1, {bouche});
-  Attend(Marque(Retourne(kFente), {2}), 1, {bouche});
+  Attend(Marque(Retourne(Fente), {2}), 1, {bouche});
 }
 
 TEST(DecalSequenceMarques, InANarrowPassageGoToTheChamberNearerAlongThePath) {
   // Over the mouths of the passage the cutter lies against both their corners, 3 mm from (20, 9) and (20, 11).
   const double x = 20 - std::sqrt(8.0);
-  Attend(Marque(kHaltere, {3}), 3, {{x, 10}});
-  Attend(Marque(kHaltere, {4}), 3, {{60 - x, 10}});
+  Attend(Marque(Haltere, {3}), 3, {{x, 10}});
+  Attend(Marque(Haltere, {4}), 3, {{60 - x, 10}});
 }
 
 TEST(DecalSequenceMarques, BesideACrossingStayWithTheirLoop) {
@@ -211,7 +210,7 @@ TEST(DecalSequenceMarques, OfAPocketStandOnItsOutermostRingAtTheirImage) {
 TEST(DecalSequenceMarques, OfTheLastResortGoToTheNearestPlace) {
   using namespace pathwerk;
   using namespace pathwerk::decalage;
-  const auto source = PrepareSource(Marque(kFente, {6}), 0.001);
+  const auto source = PrepareSource(Marque(Fente, {6}), 0.001);
   ASSERT_TRUE(source.has_value());
   Piece piece;
   for (const P p : Carre(-1, -1, 32)) piece.points.push_back(pathwerk::Vec2{p.x, p.y} - source->centre);
@@ -223,7 +222,7 @@ TEST(DecalSequenceMarques, OfTheLastResortGoToTheNearestPlace) {
 }
 
 TEST(DecalSequenceDepart, InASlotTooNarrowIsAtItsMouth) {
-  Forme f = kFente;
+  Forme f = Fente;
   std::rotate(f.begin(), f.begin() + 6, f.end());
   const auto [r, t] = Decale(EnTrace(f, true), -1);
   ASSERT_GT(r, 0);
@@ -234,7 +233,7 @@ TEST(DecalSequenceDepart, InASlotTooNarrowIsAtItsMouth) {
 
 TEST(DecalSequenceDepart, OfEachPieceIsWhereThePathComesToItFromItsStart) {
   // The start lies on the lower side of the left chamber.
-  Forme f = kHaltere;
+  Forme f = Haltere;
   f[0] = {0, 0};
   f.insert(f.begin() + 1, {14, 0});
   std::rotate(f.begin(), f.begin() + 1, f.end());
@@ -263,7 +262,7 @@ TEST(DecalSequenceDepart, CarriesAMarkOnTheFirstPoint) {
 }
 
 TEST(DecalSequenceDepart, LeavesTheDirectionOfTheSource) {
-  for (const Forme& f : {kFente, Retourne(kFente)}) {
+  for (const Forme& f : {Fente, Retourne(Fente)}) {
     for (const double d : {1.0, -1.0}) {
       const auto [r, t] = Decale(EnTrace(f, true), d);
       ASSERT_GT(r, 0);

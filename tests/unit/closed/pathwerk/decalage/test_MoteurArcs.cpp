@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 
 #include "tests/unit/closed/pathwerk/controle/ControleRegion.h"
 
@@ -14,23 +15,22 @@ using pathwerk::decalage::DecaleRegionClipper;
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-constexpr double kTolerance = 0.0088;
+constexpr double Tolerance = 0.0088;
 using Boucles = std::vector<Chemin>;
 
 Boucles Arcs(const Region& region, double distance) {
   Boucles b;
-  EXPECT_TRUE(DecaleRegionArcs(region, distance, kTolerance, b)) << "the engine doesn't vouch for its result";
+  EXPECT_TRUE(DecaleRegionArcs(region, distance, Tolerance, b)) << "the engine doesn't vouch for its result";
   return b;
 }
 
 void Tient(const Region& region, double distance) {
   Boucles b;
-  ASSERT_TRUE(DecaleRegionArcs(region, distance, kTolerance, b)) << "distance " << distance;
+  ASSERT_TRUE(DecaleRegionArcs(region, distance, Tolerance, b)) << "distance " << distance;
   const EcartsRegion e = MesureRegion(region, b, distance);
-  ASSERT_LE(e.tropPres, kTolerance) << "distance " << distance;
+  ASSERT_LE(e.tropPres, Tolerance) << "distance " << distance;
   ASSERT_LE(e.tropLoin, 1e-6) << "distance " << distance;
-  ASSERT_LE(e.manque, kTolerance) << "distance " << distance;
+  ASSERT_LE(e.manque, Tolerance) << "distance " << distance;
   ASSERT_FALSE(e.mauvaisCote) << "distance " << distance;
 }
 
@@ -66,7 +66,7 @@ TEST(MoteurArcs, HoldsOnTheLobesOfPathsThatCrossThemselves) {
   for (int k = 0; k < 250; ++k) {
     const Chemin c = EnChemin(Croisee(g, 4 + static_cast<int>(g() % 30)));
     std::vector<Region> regions;
-    ASSERT_TRUE(pathwerk::decalage::SepareLobesCoupes(c, kTolerance, regions));
+    ASSERT_TRUE(pathwerk::decalage::SepareLobesCoupes(c, Tolerance, regions));
     for (const Region& r : regions) {
       SCOPED_TRACE(k);
       Tient(r, g() % 2 != 0 ? 0.5 : -0.8);
@@ -123,7 +123,7 @@ TEST(MoteurArcs, SegmentWalkedManyTimesHasOneBorder) {
   const Boucles b = Arcs({{cinq}, 0}, 2);
   ASSERT_EQ(a.size(), 1U);
   ASSERT_EQ(b.size(), 1U);
-  EXPECT_NEAR(std::abs(AireDe(a)), 40 + 4 * kPi, 0.3);
+  EXPECT_NEAR(std::abs(AireDe(a)), 40 + 4 * std::numbers::pi, 0.3);
   EXPECT_NEAR(AireDe(a), AireDe(b), 0.01);
 }
 
@@ -134,7 +134,7 @@ TEST(MoteurArcs, SpikeOutOfARegionCountsOutsideAndNotInside) {
   EXPECT_NEAR(AireDe(Arcs(epi, 2)), AireDe(Arcs(carre, 2)), 0.01);
   EXPECT_EQ(Arcs(epi, 2).size(), 1U);
   // The band around the spike above the band around the square: 7 mm straight, and half a disc.
-  EXPECT_NEAR(AireDe(Arcs(epi, -2)), AireDe(Arcs(carre, -2)) + 4 * 7 + 2 * kPi, 0.3);
+  EXPECT_NEAR(AireDe(Arcs(epi, -2)), AireDe(Arcs(carre, -2)) + 4 * 7 + 2 * std::numbers::pi, 0.3);
 }
 
 TEST(MoteurArcs, SlitIntoARegionIsAWall) {
@@ -142,7 +142,7 @@ TEST(MoteurArcs, SlitIntoARegionIsAWall) {
   const Boucles b = Arcs(fente, 2);
   ASSERT_EQ(b.size(), 1U);
   // 16 x 16 without the band of the slit: 12 mm straight, and half a disc.
-  EXPECT_NEAR(AireDe(b), 256 - 4 * 12 - 2 * kPi, 0.2);
+  EXPECT_NEAR(AireDe(b), 256 - 4 * 12 - 2 * std::numbers::pi, 0.2);
 }
 
 TEST(MoteurArcs, OutlineWithoutRoomGivesNothing) {
@@ -152,7 +152,7 @@ TEST(MoteurArcs, OutlineWithoutRoomGivesNothing) {
 
 TEST(MoteurArcs, CoordinatesOutOfRangeAreRefused) {
   Boucles b{{{1, 1}}};
-  EXPECT_FALSE(DecaleRegionArcs({{{{0, 0}, {2e9, 0}, {0, 2e9}}}, 1}, 1, kTolerance, b));
+  EXPECT_FALSE(DecaleRegionArcs({{{{0, 0}, {2e9, 0}, {0, 2e9}}}, 1}, 1, Tolerance, b));
   EXPECT_TRUE(b.empty());
 }
 
@@ -161,10 +161,10 @@ TEST(MoteurArcs, AgreesWithClipperOnTheAreaOfStars) {
     const Region r = Plein(Etoile(k));
     for (const double d : {0.4, -0.4, 2.5, -2.5}) {
       Boucles b;
-      ASSERT_TRUE(DecaleRegionClipper(r, d, kTolerance, b));
+      ASSERT_TRUE(DecaleRegionClipper(r, d, Tolerance, b));
       double p = 0;
       for (const Chemin& c : b) p += pathwerk::Perimetre(c);
-      EXPECT_NEAR(AireDe(Arcs(r, d)), AireDe(b), kTolerance * p + 0.01) << k << " at " << d;
+      EXPECT_NEAR(AireDe(Arcs(r, d)), AireDe(b), Tolerance * p + 0.01) << k << " at " << d;
     }
   }
 }
@@ -194,10 +194,10 @@ TEST(MoteurArcs, OutlineThatCrossesAgainstTheContractIsLeftToTheFallbackAndCount
   // A bow tie given as one region: where the ends of its curve find no partner the engine must not close them.
   const Region noeud{{{{0, 0}, {20, 10}, {20, 0}, {0, 10}}}, 1};
   Boucles b;
-  EXPECT_FALSE(DecaleRegionArcs(noeud, -1, kTolerance, b));
+  EXPECT_FALSE(DecaleRegionArcs(noeud, -1, Tolerance, b));
   EXPECT_TRUE(b.empty());
   const CompteDuMoteur avant = CompteDecaleRegion();
-  ASSERT_TRUE(pathwerk::decalage::DecaleRegion(noeud, -1, kTolerance, b));
+  ASSERT_TRUE(pathwerk::decalage::DecaleRegion(noeud, -1, Tolerance, b));
   EXPECT_EQ(CompteDecaleRegion().replis, avant.replis + 1);
   EXPECT_EQ(CompteDecaleRegion().arcs, avant.arcs);
   EXPECT_EQ(b.size(), 1U);
@@ -210,10 +210,10 @@ TEST(MoteurArcs, WayBackBesideTheWayOutGivesTheBandAroundBoth) {
   for (int i = 57; i-- > 1;) f.push_back({100.0 / 57 * i, 20 * std::sin(4.0 / 57 * i) + 0.001 * (i % 2)});
   for (P& p : f) p.y *= 0.01;  // flat enough for the chords of both to agree
   std::vector<Region> regions;
-  ASSERT_TRUE(pathwerk::decalage::SepareLobesCoupes(EnChemin(f), kTolerance, regions));
+  ASSERT_TRUE(pathwerk::decalage::SepareLobesCoupes(EnChemin(f), Tolerance, regions));
   ASSERT_EQ(regions.size(), 1U);
   ASSERT_EQ(regions[0].signe, 0);
   const Boucles b = Arcs(regions[0], 15);
   ASSERT_EQ(b.size(), 1U);
-  EXPECT_NEAR(std::abs(AireDe(b)), 100 * 30 + kPi * 225, 2);
+  EXPECT_NEAR(std::abs(AireDe(b)), 100 * 30 + std::numbers::pi * 225, 2);
 }

@@ -13,7 +13,7 @@ using namespace pathwerk::decalage;
 
 namespace {
 
-constexpr double kTolerance = 0.0088;
+constexpr double Tolerance = 0.0088;
 
 Vec2 LieuDe(const Chemin& c, const Origine& o, float part) {
   const Vec2 a = c[o.segment];
@@ -29,11 +29,11 @@ struct Compte {
 Compte Verifie(const controle::Chemin& c, double d) {
   Compte n;
   std::vector<Region> regions;
-  EXPECT_TRUE(SepareLobes(c, kTolerance, regions));
+  EXPECT_TRUE(SepareLobes(c, Tolerance, regions));
   for (const Region& region : regions) {
     std::vector<Chemin> boucles;
     std::vector<Origines> origines;
-    EXPECT_TRUE(DecaleRegion(region, d, kTolerance, boucles, origines));
+    EXPECT_TRUE(DecaleRegion(region, d, Tolerance, boucles, origines));
     EXPECT_EQ(boucles.size(), origines.size());
     for (std::size_t k = 0; k < boucles.size(); ++k) {
       const Origines o = Remonte(region, origines[k]);
@@ -46,8 +46,8 @@ Compte Verifie(const controle::Chemin& c, double d) {
         }
         const Vec2 a = boucles[k][i];
         const Vec2 b = boucles[k][(i + 1) % o.size()];
-        EXPECT_NEAR(Norme(a - LieuDe(c, o[i], o[i].de)), std::abs(d), kTolerance) << i;
-        EXPECT_NEAR(Norme(b - LieuDe(c, o[i], o[i].a)), std::abs(d), kTolerance) << i;
+        EXPECT_NEAR(Norme(a - LieuDe(c, o[i], o[i].de)), std::abs(d), Tolerance) << i;
+        EXPECT_NEAR(Norme(b - LieuDe(c, o[i], o[i].a)), std::abs(d), Tolerance) << i;
       }
     }
   }
@@ -99,15 +99,15 @@ TEST(Origines, HoldWhereTheRawCurveIsTheAnswer) {
   for (const double d : {0.5, -0.5}) {
     std::vector<Chemin> boucles;
     std::vector<Origines> origines;
-    ASSERT_TRUE(DecaleRegionSimple(region, d, kTolerance, boucles, &origines)) << d;
+    ASSERT_TRUE(DecaleRegionSimple(region, d, Tolerance, boucles, &origines)) << d;
     ASSERT_EQ(origines.size(), 1U);
     ASSERT_EQ(origines[0].size(), boucles[0].size());
     for (std::size_t i = 0; i < origines[0].size(); ++i) {
       ASSERT_TRUE(origines[0][i].Connue());
       const Vec2 b = boucles[0][(i + 1) % boucles[0].size()];
       EXPECT_NEAR(Norme(boucles[0][i] - LieuDe(region.contours[0], origines[0][i], origines[0][i].de)), 0.5,
-                  kTolerance);
-      EXPECT_NEAR(Norme(b - LieuDe(region.contours[0], origines[0][i], origines[0][i].a)), 0.5, kTolerance);
+                  Tolerance);
+      EXPECT_NEAR(Norme(b - LieuDe(region.contours[0], origines[0][i], origines[0][i].a)), 0.5, Tolerance);
     }
   }
 }
@@ -130,7 +130,7 @@ TEST(Origines, OfTheLastResortAreUnknown) {
   const Region noeud{{{{0, 0}, {20, 10}, {20, 0}, {0, 10}}}, 1};
   std::vector<Chemin> boucles;
   std::vector<Origines> origines;
-  ASSERT_TRUE(DecaleRegion(noeud, -1, kTolerance, boucles, origines));
+  ASSERT_TRUE(DecaleRegion(noeud, -1, Tolerance, boucles, origines));
   ASSERT_EQ(origines.size(), boucles.size());
   ASSERT_FALSE(boucles.empty());
   EXPECT_TRUE(origines[0].empty());

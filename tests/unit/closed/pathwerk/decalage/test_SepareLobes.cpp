@@ -12,11 +12,11 @@ using pathwerk::decalage::SepareLobesCoupes;
 
 namespace {
 
-constexpr double kTolerance = 0.0088;
+constexpr double Tolerance = 0.0088;
 
 std::vector<Region> Lobes(const Chemin& c) {
   std::vector<Region> r;
-  EXPECT_TRUE(SepareLobesCoupes(c, kTolerance, r));
+  EXPECT_TRUE(SepareLobesCoupes(c, Tolerance, r));
   return r;
 }
 
@@ -71,7 +71,7 @@ TEST(SepareLobes, CornersThatTouchLeaveThePathWhole) {
   // Two squares joined in (10, 10), walked without crossing.
   const Chemin c{{0, 0}, {10, 0}, {10, 10}, {20, 10}, {20, 20}, {10, 20}, {10, 10}, {0, 10}};
   std::vector<Region> r;
-  ASSERT_TRUE(SepareLobes(c, kTolerance, r));
+  ASSERT_TRUE(SepareLobes(c, Tolerance, r));
   ASSERT_EQ(r.size(), 1U);
   EXPECT_EQ(r[0].signe, 1);
   EXPECT_NEAR(AireDe(r[0].contours), 200, 0.01);
@@ -80,7 +80,7 @@ TEST(SepareLobes, CornersThatTouchLeaveThePathWhole) {
 TEST(SepareLobes, SpikeOfASimplePathIsKept) {
   const Chemin c{{0, 0}, {20, 0}, {20, 20}, {12, 20}, {12, 29}, {12, 20}, {0, 20}};
   std::vector<Region> r;
-  ASSERT_TRUE(SepareLobes(c, kTolerance, r));
+  ASSERT_TRUE(SepareLobes(c, Tolerance, r));
   ASSERT_EQ(r.size(), 1U);
   double haut = 0;
   for (const Vec2 p : r[0].contours[0]) haut = std::max(haut, p.y);
@@ -98,7 +98,7 @@ TEST(SepareLobes, LoopThinnerThanTheToleranceDoesNotCount) {
   // A dent that pokes 0.001 mm through the opposite side.
   const Chemin c{{0, 0}, {10, 0}, {10, 10}, {6, 10}, {5, -0.001}, {4, 10}, {0, 10}};
   std::vector<Region> r;
-  ASSERT_TRUE(SepareLobes(c, kTolerance, r));
+  ASSERT_TRUE(SepareLobes(c, Tolerance, r));
   ASSERT_EQ(r.size(), 1U);
   EXPECT_EQ(r[0].signe, 1);
 }
@@ -113,7 +113,7 @@ TEST(SepareLobes, ScribbleThatCrossesItselfHundredsOfTimesAPointStaysWhole) {
     c.push_back({20 * std::cos(a), 20 * std::sin(a)});
   }
   std::vector<Region> r;
-  ASSERT_TRUE(SepareLobes(c, kTolerance, r));
+  ASSERT_TRUE(SepareLobes(c, Tolerance, r));
   ASSERT_EQ(r.size(), 1U);
   ASSERT_TRUE(r[0].fouillis);
   ASSERT_EQ(r[0].contours.size(), 1U);
@@ -121,10 +121,10 @@ TEST(SepareLobes, ScribbleThatCrossesItselfHundredsOfTimesAPointStaysWhole) {
   EXPECT_EQ(r[0].signe, AireDe({c}) > 0 ? 1 : -1);
   // Around the outside the cutter keeps clear of every strand.
   std::vector<Chemin> b;
-  ASSERT_TRUE(pathwerk::decalage::DecaleRegion(r[0], r[0].signe > 0 ? -3 : 3, kTolerance, b));
+  ASSERT_TRUE(pathwerk::decalage::DecaleRegion(r[0], r[0].signe > 0 ? -3 : 3, Tolerance, b));
   ASSERT_EQ(b.size(), 1U);
   EXPECT_NEAR(std::abs(AireDe(b)), 3.14159265 * 23 * 23, 1);
-  for (std::size_t i = 0; i < b[0].size(); i += 7) EXPECT_GE(Distance({c}, b[0][i]), 3 - kTolerance);
+  for (std::size_t i = 0; i < b[0].size(); i += 7) EXPECT_GE(Distance({c}, b[0][i]), 3 - Tolerance);
 }
 
 TEST(SepareLobes, OffsetOfAScribbleKeepsToTheSideThatTheWindingNumberTells) {
@@ -135,7 +135,7 @@ TEST(SepareLobes, OffsetOfAScribbleKeepsToTheSideThatTheWindingNumberTells) {
     r.fouillis = true;
     for (const double d : {1.0, -1.0}) {
       std::vector<Chemin> b;
-      ASSERT_TRUE(pathwerk::decalage::DecaleRegion(r, d, kTolerance, b));
+      ASSERT_TRUE(pathwerk::decalage::DecaleRegion(r, d, Tolerance, b));
       // To the left of the path that runs around its region counter-clockwise: that region, of winding number 1.
       // Of the one it runs around clockwise, number -1, what is left of it is all the rest.
       const bool gauche = d > 0;
@@ -156,7 +156,7 @@ TEST(SepareLobes, WindingOfRandomPathsDecidesEveryPlace) {
   for (int k = 0; k < 400; ++k) {
     const Chemin c = EnChemin(Croisee(g, 4 + static_cast<int>(g() % 40)));
     std::vector<Region> regions;
-    ASSERT_TRUE(SepareLobesCoupes(c, kTolerance, regions)) << k;
+    ASSERT_TRUE(SepareLobesCoupes(c, Tolerance, regions)) << k;
     std::uniform_real_distribution<double> u(-12, 12);
     for (int q = 0; q < 40; ++q) {
       const Vec2 p{u(g), u(g)};

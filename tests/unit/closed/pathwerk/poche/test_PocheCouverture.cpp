@@ -14,8 +14,8 @@ using pathwerk::Code2;
 
 namespace {
 
-constexpr double kTolerance = 0.01;  // mm
-constexpr int kRecouvrements[] = {0, 10, 25, 40, 50, 60, 75, 90, 99};
+constexpr double Tolerance = 0.01;  // mm
+constexpr int Recouvrements[] = {0, 10, 25, 40, 50, 60, 75, 90, 99};
 
 void RienNeReste(const Trace& contour, double rayon, std::initializer_list<int> recouvrements) {
   double signe = 1;  // both sides are the same fill, one run backwards
@@ -24,8 +24,8 @@ void RienNeReste(const Trace& contour, double rayon, std::initializer_list<int> 
     ASSERT_GT(r, 0);
     const Couverture c = MesureCouverture(contour, t, rayon);
     EXPECT_GT(c.cellules, 0);
-    EXPECT_LE(c.debout, kTolerance) << "overlap " << recouvrement << ", R " << rayon << "\n" << Texte(contour);
-    EXPECT_LE(c.entaille, kTolerance) << "overlap " << recouvrement << ", R " << rayon << "\n" << Texte(contour);
+    EXPECT_LE(c.debout, Tolerance) << "overlap " << recouvrement << ", R " << rayon << "\n" << Texte(contour);
+    EXPECT_LE(c.entaille, Tolerance) << "overlap " << recouvrement << ", R " << rayon << "\n" << Texte(contour);
     signe = -signe;
   }
 }
@@ -134,13 +134,13 @@ TEST(PocheCouverture, RandomOutlinesAreCleared) {
       for (P& p : f) p = {4 * p.x, 4 * p.y};
     }
     const double rayon = 0.8 + 0.1 * static_cast<double>(g() % 10);
-    const int recouvrement = kRecouvrements[g() % 9];
+    const int recouvrement = Recouvrements[g() % 9];
     const Trace s = EnTrace(f, true);
     const auto [r, t] = Decale(s, rayon, recouvrement);
     if (r == 0) continue;
     const Couverture c = MesureCouverture(s, t, rayon);
-    EXPECT_LE(c.debout, kTolerance) << "outline " << graine << ", R " << rayon << ", overlap " << recouvrement;
-    EXPECT_LE(c.entaille, kTolerance) << "outline " << graine << ", R " << rayon << ", overlap " << recouvrement;
+    EXPECT_LE(c.debout, Tolerance) << "outline " << graine << ", R " << rayon << ", overlap " << recouvrement;
+    EXPECT_LE(c.entaille, Tolerance) << "outline " << graine << ", R " << rayon << ", overlap " << recouvrement;
   }
 }
 

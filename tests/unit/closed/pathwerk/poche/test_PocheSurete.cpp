@@ -16,7 +16,7 @@ using pathwerk::PointTrace;
 
 namespace {
 
-constexpr double kTolerance = 0.01;  // mm
+constexpr double Tolerance = 0.01;  // mm
 
 P EnP(const PointTrace& p) { return {static_cast<double>(p.X), static_cast<double>(p.Y)}; }
 
@@ -26,8 +26,8 @@ Trace DernierTour(const Trace& contour, const Trace& piece, double rayon) {
   std::size_t debut = piece.size() - 1;
   for (std::size_t i = piece.size() - 1; i-- > 0;) {
     const P a = EnP(piece[i]), b = EnP(piece[i + 1]);
-    if (Distance(contour, a) > rayon + kTolerance) break;
-    if (Distance(contour, {(a.x + b.x) / 2, (a.y + b.y) / 2}) > rayon + kTolerance) break;
+    if (Distance(contour, a) > rayon + Tolerance) break;
+    if (Distance(contour, {(a.x + b.x) / 2, (a.y + b.y) / 2}) > rayon + Tolerance) break;
     if (MemePlace(piece[i], piece.back())) debut = i;
   }
   return {piece.begin() + static_cast<long>(debut), piece.end()};
@@ -58,7 +58,7 @@ void MurEntierEtMarquesUneFois(Trace contour, double rayon, int recouvrement) {
     aireMur += Aire(piece);
   }
   EXPECT_NEAR(longueur, longueurMur, 1e-4 * longueurMur + 0.01) << Texte(contour);
-  EXPECT_NEAR(aire, aireMur, kTolerance * longueurMur) << Texte(contour);
+  EXPECT_NEAR(aire, aireMur, Tolerance * longueurMur) << Texte(contour);
   if (r > 0) {
     EXPECT_EQ(NbMarques(t), 3) << Texte(contour);
   }
@@ -118,7 +118,7 @@ TEST(PocheSurete, RingsBeginInTheArmOfTheStartWithoutAWayThroughItsWall) {
       const auto [r, t] = Decale(s, signe, recouvrement);
       ASSERT_GT(r, 0);
       EXPECT_EQ(Pieces(t).size(), 1U) << "overlap " << recouvrement;
-      EXPECT_LE(MesureCouverture(s, t, 1).entaille, kTolerance) << "overlap " << recouvrement;
+      EXPECT_LE(MesureCouverture(s, t, 1).entaille, Tolerance) << "overlap " << recouvrement;
     }
   }
 }
@@ -165,8 +165,8 @@ TEST(PocheSurete, RingsThatWouldJustTouchLieAHairNearer) {
     const double d = Distance(s, {(a.x + b.x) / 2, (a.y + b.y) / 2});
     if (std::hypot(b.x - a.x, b.y - a.y) > 10 && d > 4) deuxieme = std::min(deuxieme, d);
   }
-  EXPECT_LT(deuxieme, 6 - kTolerance);
-  EXPECT_GT(deuxieme, 6 - 3 * kTolerance);
+  EXPECT_LT(deuxieme, 6 - Tolerance);
+  EXPECT_GT(deuxieme, 6 - 3 * Tolerance);
 }
 
 TEST(PocheSurete, ARingThatCannotBeComputedIsNotTheEndOfTheFill) {

@@ -13,7 +13,7 @@ using pathwerk::PointTrace;
 
 namespace {
 
-constexpr double kTolerance = 0.01;  // mm
+constexpr double Tolerance = 0.01;  // mm
 
 P EnP(const PointTrace& p) { return {static_cast<double>(p.X), static_cast<double>(p.Y)}; }
 double Pas(const PointTrace& a, const PointTrace& b) {
@@ -106,8 +106,8 @@ TEST(PocheTrajet, AnIslandIsNotCrossed) {
     ASSERT_GT(r, 0);
     EXPECT_EQ(Pieces(t).size(), 1U) << "overlap " << recouvrement;
     const Couverture c = MesureCouverture(bord, t, 1);
-    EXPECT_LE(c.debout, kTolerance) << "overlap " << recouvrement;
-    EXPECT_LE(c.entaille, kTolerance) << "overlap " << recouvrement;
+    EXPECT_LE(c.debout, Tolerance) << "overlap " << recouvrement;
+    EXPECT_LE(c.entaille, Tolerance) << "overlap " << recouvrement;
   }
 }
 
@@ -116,7 +116,7 @@ TEST(PocheTrajet, RingsOfAPlainPocketComeFromTheInsideOutwards) {
     const Trace s = EnTrace(f, true);
     const std::vector<double> d = Profondeurs(s, Decale(s, 1, 60).second);
     ASSERT_GT(d.size(), 20U);
-    for (std::size_t i = 1; i < d.size(); ++i) ASSERT_LT(d[i], d[i - 1] + kTolerance);
+    for (std::size_t i = 1; i < d.size(); ++i) ASSERT_LT(d[i], d[i - 1] + Tolerance);
   }
 }
 
@@ -130,7 +130,7 @@ TEST(PocheTrajet, TheLastRoundIsTheWallWithoutInterruption) {
       const Trace tour(t.begin() + static_cast<long>(debut), t.end());
       const Trace seul = Decale(s, 1.9, 101).second;
       EXPECT_NEAR(Longueur(tour), Longueur(seul), 0.01);
-      for (const double d : Profondeurs(s, tour)) EXPECT_NEAR(d, 1.9, kTolerance);
+      for (const double d : Profondeurs(s, tour)) EXPECT_NEAR(d, 1.9, Tolerance);
     }
   }
 }
@@ -149,7 +149,7 @@ TEST(PocheTrajet, TheLastRoundBeginsBesideTheStartOfTheOutline) {
   EXPECT_EQ(Pieces(t2).size(), 1U);
   EXPECT_NEAR(t2.back().X, 58, 0.01);
   EXPECT_NEAR(t2.back().Y, 28, 0.01);
-  EXPECT_LE(MesureCouverture(s, t2, 2).entaille, kTolerance);
+  EXPECT_LE(MesureCouverture(s, t2, 2).entaille, Tolerance);
 }
 
 TEST(PocheTrajet, EveryRingRunsTheWayOfItsSide) {
@@ -162,10 +162,10 @@ TEST(PocheTrajet, EveryRingRunsTheWayOfItsSide) {
       std::size_t vus = 0;
       for (std::size_t i = 0; i + 1 < t.size(); ++i) {
         const double l = Pas(t[i], t[i + 1]);
-        if (l < 1 || std::abs(d[i] - d[i + 1]) > kTolerance) continue;
+        if (l < 1 || std::abs(d[i] - d[i + 1]) > Tolerance) continue;
         const P a = EnP(t[i]), b = EnP(t[i + 1]);
         const P m{(a.x + b.x) / 2, (a.y + b.y) / 2};
-        if (std::abs(Distance(s, m) - d[i]) > kTolerance) continue;  // a move through the middle
+        if (std::abs(Distance(s, m) - d[i]) > Tolerance) continue;  // a move through the middle
         const P gauche{m.x - (b.y - a.y) / l * 0.3, m.y + (b.x - a.x) / l * 0.3};
         EXPECT_EQ(Distance(s, gauche) > d[i], signe > 0) << "deeper ground is on the left of a positive fill";
         ++vus;

@@ -9,7 +9,7 @@ using pathwerk::lecture::dxf::UniteEnMm;
 
 namespace {
 
-const std::string kCalques =
+const std::string Calques =
     "0=LAYER 2=0 70=0 62=7 0=LAYER 2=ouvert 70=0 62=1 0=LAYER 2=gele 70=1 62=2 0=LAYER 2=eteint 70=0 62=-3 0=LAYER "
     "2=verrou 70=4 62=5 ";
 std::string Ligne(const std::string& calque, int x = 0) {
@@ -17,7 +17,7 @@ std::string Ligne(const std::string& calque, int x = 0) {
 }
 // Layers, a block with a line on "0" and one on "ouvert", and the entities.
 Lecture LitTout(const std::string& entites) {
-  const Lecture l = Lit(Texte("0=SECTION 2=TABLES 0=TABLE 2=LAYER 70=5 " + kCalques +
+  const Lecture l = Lit(Texte("0=SECTION 2=TABLES 0=TABLE 2=LAYER 70=5 " + Calques +
                               "0=ENDTAB 0=ENDSEC 0=SECTION 2=BLOCKS 0=BLOCK 8=0 2=A 10=0 20=0 " + Ligne("0", 1) +
                               Ligne("ouvert", 2) + "0=ENDBLK 0=ENDSEC " + Section(entites)));
   EXPECT_EQ(l.rapport.Numero, Erreur::Aucune);
@@ -64,7 +64,7 @@ TEST(Layers, InsertOnALayerThatIsOffHidesWhatLiesOnZero) {
 }
 
 TEST(Layers, ZeroInABlockIsTheLayerOfTheOutermostInsertThatSaysSo) {
-  const Lecture l = Lit(Texte("0=SECTION 2=TABLES 0=TABLE 2=LAYER " + kCalques +
+  const Lecture l = Lit(Texte("0=SECTION 2=TABLES 0=TABLE 2=LAYER " + Calques +
                               "0=ENDTAB 0=ENDSEC 0=SECTION 2=BLOCKS 0=BLOCK 2=A 10=0 20=0 " + Ligne("0") +
                               "0=ENDBLK 0=BLOCK 2=B 10=0 20=0 0=INSERT 8=0 2=A 10=0 20=0 0=INSERT 8=ouvert 2=A "
                               "10=0 20=0 0=ENDBLK 0=ENDSEC " +

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path kDossier = essai::DossierDessins("DXF");
+const fs::path DossierDuFormat = essai::DossierDessins("DXF");
 
 std::string Octets(const fs::path& p) {
   std::ifstream f(p, std::ios::binary);
@@ -52,7 +52,7 @@ struct Dessin {
   double tolerance = 0.0105;  // mm: the chords' own, and the digits of the figures
 };
 
-const std::vector<Dessin> kReels = {
+const std::vector<Dessin> Reels = {
     {"ez_AC1003_lines.dxf", 1, 0, 22, {0, 0, 1}, {0, 0, 3.625, 1.625}},
     {"ez_bin_r12.dxf", 1, 0, 3, {0, 1, 0}, {335.718, 304.27, 595.878, 439.771}},
     // The last path is a 3DFACE.
@@ -76,11 +76,11 @@ const std::vector<Dessin> kReels = {
 // By hand from the entities of the files. The last path of the bracket is a POINT. The nameplate has two circles
 // and a pocket; an ellipse whose turn ends 2e-7 before a whole one, eight pieces of outline, two heads of three
 // lines and a spline.
-const std::vector<Dessin> kEchantillons = {
+const std::vector<Dessin> Echantillons = {
     {"equerre.dxf", 1, 6, 0, {6, 0, 0}, {0, 0, 100, 80}, {6}},
     {"plaque.dxf", 1, 3, 16, {7, 1, 0}, {0, 0, 120, 60}},
 };
-const std::vector<Dessin>& kDessins = essai::CorpusPresent() ? kReels : kEchantillons;
+const std::vector<Dessin>& DessinsAttendus = essai::CorpusPresent() ? Reels : Echantillons;
 
 // Ends nearer than the tolerance are one node; closed: every node of degree 2, branched: some node above.
 Graphe GrapheDesBouts(const std::vector<Trait>& traits, double tolerance) {
@@ -150,30 +150,31 @@ void Compare(const Dessin& d, Lecture l) {
 }  // namespace
 
 TEST(Corpus, AgreesWithIndependentFigures) {
-  for (const Dessin& d : kDessins) {
+  for (const Dessin& d : DessinsAttendus) {
     SCOPED_TRACE(d.nom);
-    Compare(d, Lit(Octets(kDossier / d.nom)));
+    Compare(d, Lit(Octets(DossierDuFormat / d.nom)));
   }
 }
 
 TEST(Corpus, HasNoDrawingThatTheTableDoesNotHold) {
   long n = 0;
-  for (const auto& e : fs::directory_iterator(kDossier)) n += e.path().extension() == ".dxf" ? 1 : 0;
-  EXPECT_EQ(static_cast<std::size_t>(n), kDessins.size());
+  for (const auto& e : fs::directory_iterator(DossierDuFormat)) n += e.path().extension() == ".dxf" ? 1 : 0;
+  EXPECT_EQ(static_cast<std::size_t>(n), DessinsAttendus.size());
 }
 
 TEST(Corpus, WhatIsLeftOutIsCounted) {
   using Comptes = std::map<std::string, long>;
   if (!essai::CorpusPresent()) {
-    EXPECT_EQ(Lit(Octets(kDossier / "equerre.dxf")).rapport.Ignores, (Comptes{{"TEXT", 1}}));
-    EXPECT_EQ(Lit(Octets(kDossier / "plaque.dxf")).rapport.Ignores, (Comptes{{"couche", 2}}));  // a frozen layer
+    EXPECT_EQ(Lit(Octets(DossierDuFormat / "equerre.dxf")).rapport.Ignores, (Comptes{{"TEXT", 1}}));
+    EXPECT_EQ(Lit(Octets(DossierDuFormat / "plaque.dxf")).rapport.Ignores,
+              (Comptes{{"couche", 2}}));  // a frozen layer
     return;
   }
   // TEXT, MTEXT, DIMENSION and LEADER as counted by ezdxf; the four lines have no length.
-  EXPECT_EQ(Lit(Octets(kDossier / "sk_floorplan.dxf")).rapport.Ignores,
+  EXPECT_EQ(Lit(Octets(DossierDuFormat / "sk_floorplan.dxf")).rapport.Ignores,
             (Comptes{{"TEXT", 89}, {"DIMENSION", 63}, {"MTEXT", 9}, {"LEADER", 6}, {"HATCH", 12}, {"LINE", 4}}));
-  EXPECT_EQ(Lit(Octets(kDossier / "sk_issue42_r12_ocs.dxf")).rapport.Ignores, (Comptes{{"DIMENSION", 13}}));
-  const Comptes c = Lit(Octets(kDossier / "nd_sample_2018.dxf")).rapport.Ignores;
+  EXPECT_EQ(Lit(Octets(DossierDuFormat / "sk_issue42_r12_ocs.dxf")).rapport.Ignores, (Comptes{{"DIMENSION", 13}}));
+  const Comptes c = Lit(Octets(DossierDuFormat / "nd_sample_2018.dxf")).rapport.Ignores;
   EXPECT_EQ(c.at("DIMENSION"), 8);
   EXPECT_EQ(c.at("MLINE"), 2);
   EXPECT_EQ(c.at("INSERT"), 1);  // a table of scale 0
@@ -184,7 +185,7 @@ TEST(Corpus, WhatIsLeftOutIsCounted) {
 }
 
 TEST(Corpus, PassesThroughLireFichier) {
-  for (const Dessin& d : kDessins) {
+  for (const Dessin& d : DessinsAttendus) {
     SCOPED_TRACE(d.nom);
     std::vector<pathwerk::PointTrace> points(1);
     float xmin = 0;
@@ -192,7 +193,8 @@ TEST(Corpus, PassesThroughLireFichier) {
     float ymin = 0;
     float ymax = 0;
     std::string message(pathwerk::LongueurMessage, ' ');
-    const auto n = pathwerk::LireFichier(points, (kDossier / d.nom).string(), xmin, xmax, ymin, ymax, message);
+    const auto n =
+        pathwerk::LireFichier(points, (DossierDuFormat / d.nom).string(), xmin, xmax, ymin, ymax, message);
     ASSERT_GE(n, 2) << message;
     EXPECT_EQ(points.size(), static_cast<std::size_t>(n));
     EXPECT_EQ(message.size(), pathwerk::LongueurMessage);

@@ -14,8 +14,6 @@ using pathwerk::lecture::Trait;
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 // Greatest distance of a curve from the path, at 2000 places.
 template <class F>
 double EcartCourbe(const Trait& t, double debut, double fin, F courbe) {
@@ -32,13 +30,13 @@ TEST(Circle, ChordsStayWithinTheToleranceBothWays) {
     const Trait& t = l.traits.at(0);
     EXPECT_EQ(t.nature, Nature::Ferme);
     EXPECT_LE(EcartMax(t, [](Vec2 p) { return std::fabs(std::hypot(p.x - 20, p.y - 10) - 8); }), fleche * 1.000001);
-    EXPECT_LE(EcartCourbe(t, 0, 2 * kPi,
+    EXPECT_LE(EcartCourbe(t, 0, 2 * std::numbers::pi,
                           [](double a) {
                             return Vec2{20 + 8 * std::cos(a), 10 + 8 * std::sin(a)};
                           }),
               fleche * 1.000001);
     // And no more of them than that needs: n = pi / acos(1 - fleche / r), rounded up to four.
-    EXPECT_LE(static_cast<double>(t.points.size()), kPi / std::acos(1 - fleche / 8) + 4);
+    EXPECT_LE(static_cast<double>(t.points.size()), std::numbers::pi / std::acos(1 - fleche / 8) + 4);
     EXPECT_GT(Aire(t.points), 0);
   }
 }
@@ -75,21 +73,21 @@ TEST(Arc, RunsCounterClockwiseFromStartToEnd) {
   EXPECT_EQ(t.nature, Nature::Ouvert);
   AttendPoint(t.points.front(), 11, 2);
   AttendPoint(t.points.back(), 1, 12);
-  EXPECT_NEAR(Longueur(t), 5 * kPi, 0.01);
+  EXPECT_NEAR(Longueur(t), 5 * std::numbers::pi, 0.01);
   EXPECT_LE(EcartMax(t, [](Vec2 p) { return std::fabs(std::hypot(p.x - 1, p.y - 2) - 10); }), 0.01);
 }
 
 TEST(Arc, AcrossZeroAndWithAnglesBeyondATurn) {
   // From 300 to 30 degrees: a quarter turn.
-  EXPECT_NEAR(Longueur(LitEntites("0=ARC 10=0 20=0 40=10 50=300 51=30").traits.at(0)), 5 * kPi, 0.01);
-  EXPECT_NEAR(Longueur(LitEntites("0=ARC 10=0 20=0 40=10 50=-60 51=390").traits.at(0)), 5 * kPi, 0.01);
+  EXPECT_NEAR(Longueur(LitEntites("0=ARC 10=0 20=0 40=10 50=300 51=30").traits.at(0)), 5 * std::numbers::pi, 0.01);
+  EXPECT_NEAR(Longueur(LitEntites("0=ARC 10=0 20=0 40=10 50=-60 51=390").traits.at(0)), 5 * std::numbers::pi, 0.01);
 }
 
 TEST(Arc, WithEqualAnglesIsAFullCircle) {
   const Lecture l = LitEntites("0=ARC 10=0 20=0 40=10 50=45 51=45 0=ARC 10=0 20=0 40=10 50=0 51=360");
   for (const Trait& t : l.traits) {
     EXPECT_EQ(t.nature, Nature::Ferme);
-    EXPECT_NEAR(Aire(t.points), 100 * kPi, 20 * kPi * 0.01);
+    EXPECT_NEAR(Aire(t.points), 100 * std::numbers::pi, 20 * std::numbers::pi * 0.01);
   }
 }
 
@@ -104,9 +102,9 @@ TEST(Ellipse, FullOneHasItsAreaAndBox) {
   const Lecture l = LitEntites("0=ELLIPSE 10=5 20=5 30=0 11=20 21=0 31=0 40=0.3 41=0 42=6.283185307179586");
   const Trait& t = l.traits.at(0);
   EXPECT_EQ(t.nature, Nature::Ferme);
-  EXPECT_NEAR(Aire(t.points), kPi * 20 * 6, 90 * 0.01);
+  EXPECT_NEAR(Aire(t.points), std::numbers::pi * 20 * 6, 90 * 0.01);
   AttendBoite(l, -15, -1, 25, 11, 1e-9);
-  EXPECT_LE(EcartCourbe(t, 0, 2 * kPi,
+  EXPECT_LE(EcartCourbe(t, 0, 2 * std::numbers::pi,
                         [](double a) {
                           return Vec2{5 + 20 * std::cos(a), 5 + 6 * std::sin(a)};
                         }),
@@ -120,7 +118,7 @@ TEST(Ellipse, TurnedArcByItsParameters) {
   EXPECT_EQ(t.nature, Nature::Ouvert);
   AttendPoint(t.points.front(), 6, 8);
   AttendPoint(t.points.back(), -4, 3);
-  EXPECT_LE(EcartCourbe(t, 0, kPi / 2,
+  EXPECT_LE(EcartCourbe(t, 0, std::numbers::pi / 2,
                         [](double a) {
                           return Vec2{6 * std::cos(a) - 4 * std::sin(a), 8 * std::cos(a) + 3 * std::sin(a)};
                         }),
@@ -138,7 +136,7 @@ TEST(Ellipse, TurnedArcByItsParameters) {
 TEST(Ellipse, EndBeforeStartRunsThroughZero) {
   const Trait t =
       LitEntites("0=ELLIPSE 10=0 20=0 11=10 21=0 40=1 41=4.71238898038469 42=1.5707963267948966").traits.at(0);
-  EXPECT_NEAR(Longueur(t), 10 * kPi, 0.05);
+  EXPECT_NEAR(Longueur(t), 10 * std::numbers::pi, 0.05);
   EXPECT_NEAR(BoiteDe(t.points).xmax, 10, 0.01);
 }
 
@@ -150,7 +148,7 @@ TEST(Ellipse, ExtrusionDownwardTurnsItsSense) {
 }
 
 TEST(Ellipse, WithoutParametersIsWholeAndWithoutRatioACircle) {
-  EXPECT_NEAR(Aire(LitEntites("0=ELLIPSE 10=0 20=0 11=10 21=0").traits.at(0).points), 100 * kPi, 1);
+  EXPECT_NEAR(Aire(LitEntites("0=ELLIPSE 10=0 20=0 11=10 21=0").traits.at(0).points), 100 * std::numbers::pi, 1);
 }
 
 TEST(Ellipse, OfNoWidthIsALine) {
@@ -165,7 +163,7 @@ TEST(Extrusion, TiltedCircleIsSeenAsAnEllipse) {
   const Lecture l = LitEntites("0=CIRCLE 10=3 20=2 40=10 210=1 220=0 230=1");
   const double s = std::sqrt(0.5);
   AttendBoite(l, -2 * s - 10 * s, 3 - 10, -2 * s + 10 * s, 3 + 10, 0.011);
-  EXPECT_NEAR(std::fabs(Aire(l.traits.at(0).points)), 100 * kPi * s, 1);
+  EXPECT_NEAR(std::fabs(Aire(l.traits.at(0).points)), 100 * std::numbers::pi * s, 1);
 }
 
 // Nearer than 1/64 to the vertical the object's X axis is square to the world's Y: for (0.01, 0, 1) it is (1, 0,
@@ -216,17 +214,17 @@ TEST(Extrusion, OfNoLengthCountsAsUpward) {
 TEST(ArcDeBulge, CentreLiesLeftOfTheChordForSmallBulges) {
   // Quarter circle around (0, 0) from (10, 0) to (0, 10).
   const pathwerk::lecture::dxf::ArcConique a =
-      pathwerk::lecture::dxf::ArcDeBulge({10, 0}, {0, 10}, std::tan(kPi / 8));
+      pathwerk::lecture::dxf::ArcDeBulge({10, 0}, {0, 10}, std::tan(std::numbers::pi / 8));
   AttendPoint(a.u, 10, 0);
   AttendPoint(a.v, 0, 10);
-  EXPECT_NEAR(a.balayage, kPi / 2, 1e-12);
+  EXPECT_NEAR(a.balayage, std::numbers::pi / 2, 1e-12);
 }
 
 TEST(BalayageArc, LiesAboveNothingAndNotAboveATurn) {
-  EXPECT_DOUBLE_EQ(pathwerk::lecture::dxf::BalayageArc(1, 1), 2 * kPi);
-  EXPECT_DOUBLE_EQ(pathwerk::lecture::dxf::BalayageArc(0, 2 * kPi), 2 * kPi);
+  EXPECT_DOUBLE_EQ(pathwerk::lecture::dxf::BalayageArc(1, 1), 2 * std::numbers::pi);
+  EXPECT_DOUBLE_EQ(pathwerk::lecture::dxf::BalayageArc(0, 2 * std::numbers::pi), 2 * std::numbers::pi);
   EXPECT_DOUBLE_EQ(pathwerk::lecture::dxf::BalayageArc(1, 2), 1);
-  EXPECT_DOUBLE_EQ(pathwerk::lecture::dxf::BalayageArc(2, 1), 2 * kPi - 1);
+  EXPECT_DOUBLE_EQ(pathwerk::lecture::dxf::BalayageArc(2, 1), 2 * std::numbers::pi - 1);
 }
 
 TEST(Budget, RefusesWhatIsBeyondIt) {

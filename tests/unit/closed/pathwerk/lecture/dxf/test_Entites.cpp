@@ -10,8 +10,6 @@ using pathwerk::lecture::Lecture;
 using pathwerk::lecture::Nature;
 using pathwerk::lecture::Trait;
 
-constexpr double kPi = std::numbers::pi;
-
 TEST(Line, IsAnOpenPathOfTwoPoints) {
   const Lecture l = LitEntites("0=LINE 8=0 10=1 20=2 30=9 11=4 21=6 31=-9");
   ASSERT_EQ(l.traits.size(), 1u);
@@ -101,7 +99,7 @@ TEST(Bulge, TwoOfOneMakeACircle) {
   const Trait& t = l.traits[0];
   EXPECT_EQ(t.nature, Nature::Ferme);
   EXPECT_LE(EcartMax(t, [](auto p) { return std::fabs(std::hypot(p.x - 5, p.y) - 5); }), 0.01);
-  EXPECT_NEAR(Aire(t.points), 25 * kPi, 2 * kPi * 5 * 0.01);
+  EXPECT_NEAR(Aire(t.points), 25 * std::numbers::pi, 2 * std::numbers::pi * 5 * 0.01);
   EXPECT_GT(Aire(t.points), 0);
   for (const auto& p : t.points) EXPECT_NEAR(std::hypot(p.x - 5, p.y), 5, 1e-12);
 }
@@ -118,7 +116,7 @@ TEST(Bulge, QuarterCircle) {
   const Lecture l = LitEntites("0=LWPOLYLINE 90=2 70=0 10=10 20=0 42=0.41421356237309503 10=0 20=10");
   const Trait& t = l.traits.at(0);
   EXPECT_LE(EcartMax(t, [](auto p) { return std::fabs(std::hypot(p.x, p.y) - 10); }), 0.01);
-  EXPECT_NEAR(Longueur(t), 5 * kPi, 0.01);
+  EXPECT_NEAR(Longueur(t), 5 * std::numbers::pi, 0.01);
   AttendPoint(t.points.front(), 10, 0);
   AttendPoint(t.points.back(), 0, 10);
 }
@@ -149,7 +147,7 @@ TEST(Polyline, TwoDimensionalWithBulgeOnTheClosingSegment) {
   const Trait& t = l.traits.at(0);
   EXPECT_EQ(t.nature, Nature::Ferme);
   // A square and a half circle of radius 5 at its left.
-  EXPECT_NEAR(Aire(t.points), 100 + 12.5 * kPi, 5 * kPi * 0.01);
+  EXPECT_NEAR(Aire(t.points), 100 + 12.5 * std::numbers::pi, 5 * std::numbers::pi * 0.01);
   EXPECT_NEAR(BoiteDe(t.points).xmin, -5, 0.01);
 }
 

@@ -11,9 +11,9 @@ using pathwerk::lecture::Nature;
 
 namespace {
 
-const std::string kLigne = "0=LINE 8=0 10=1 20=2 30=0 11=4 21=6 31=0 ";
-const std::string kMelange =
-    kLigne +
+const std::string EntiteLigne = "0=LINE 8=0 10=1 20=2 30=0 11=4 21=6 31=0 ";
+const std::string Melange =
+    EntiteLigne +
     "0=LWPOLYLINE 8=0 90=3 70=1 10=0 20=0 42=0.5 10=10 20=0 10=10 20=10 "
     "0=CIRCLE 8=0 10=5 20=5 40=2.5 0=POINT 8=0 10=3 20=3 0=TEXT 8=0 10=0 20=0 40=2 1=Titre ";
 
@@ -28,10 +28,10 @@ void MemesTraits(const Lecture& a, const Lecture& b) {
 
 }  // namespace
 
-TEST(LireDxf, NamesItsFormat) { EXPECT_EQ(LitEntites(kLigne).rapport.Format, "DXF"); }
+TEST(LireDxf, NamesItsFormat) { EXPECT_EQ(LitEntites(EntiteLigne).rapport.Format, "DXF"); }
 
 TEST(LireDxf, ReadsTheSameWithAnyLineEnd) {
-  const Groupes g = DeMots(Section(kMelange));
+  const Groupes g = DeMots(Section(Melange));
   const Lecture reference = Lit(EnTexte(g, "\n"));
   ASSERT_EQ(reference.traits.size(), 4u);
   for (const char* fin : {"\r", "\r\n", "\r\r\n", " \r\n", "\t\n"}) {
@@ -42,27 +42,27 @@ TEST(LireDxf, ReadsTheSameWithAnyLineEnd) {
 
 TEST(LireDxf, BlanksAroundCodesAndValuesDoNotCount) {
   std::string t;
-  for (const auto& [code, valeur] : DeMots(Section(kMelange)))
+  for (const auto& [code, valeur] : DeMots(Section(Melange)))
     t += "   " + std::to_string(code) + "  \n \t" + valeur + "  \n";
-  MemesTraits(Lit(t), LitEntites(kMelange));
+  MemesTraits(Lit(t), LitEntites(Melange));
 }
 
 TEST(LireDxf, EmptyLinesBeforeCodesAndNumbersAreSkipped) {
   std::string t;
-  for (const auto& [code, valeur] : DeMots(Section(kLigne))) {
+  for (const auto& [code, valeur] : DeMots(Section(EntiteLigne))) {
     t += "\n" + std::to_string(code) + (code >= 10 ? "\n\n" : "\n") + valeur + "\n";
   }
-  MemesTraits(Lit(t), LitEntites(kLigne));
+  MemesTraits(Lit(t), LitEntites(EntiteLigne));
 }
 
 TEST(LireDxf, AnEmptyTextValueIsAValue) {
-  const Lecture l =
-      Lit("0\nSECTION\n2\nHEADER\n9\n$PROJECTNAME\n1\n\n9\n$UCSNAME\n2\n\n0\nENDSEC\n" + Texte(Section(kLigne)));
+  const Lecture l = Lit("0\nSECTION\n2\nHEADER\n9\n$PROJECTNAME\n1\n\n9\n$UCSNAME\n2\n\n0\nENDSEC\n" +
+                        Texte(Section(EntiteLigne)));
   ASSERT_EQ(l.traits.size(), 1u);
 }
 
 TEST(LireDxf, SkipsAByteOrderMarkAndEndsAtControlZ) {
-  const std::string t = Texte(Section(kLigne));
+  const std::string t = Texte(Section(EntiteLigne));
   EXPECT_EQ(Lit("\xEF\xBB\xBF" + t).traits.size(), 1u);
   EXPECT_EQ(Lit(t + "\x1a garbage").traits.size(), 1u);
 }
@@ -76,8 +76,8 @@ TEST(LireDxf, CommentsMayStandAnywhere) {
 }
 
 TEST(LireDxf, BinaryFilesReadAsTheirText) {
-  const Groupes g = DeMots(Section(kMelange + "0=SPLINE 8=0 70=8 71=1 72=4 73=2 40=0 40=0 40=1 40=1 10=0 20=0 10=5 "
-                                              "20=5 1071=70000 1040=2.5 1004=abc 1000=x "));
+  const Groupes g = DeMots(Section(Melange + "0=SPLINE 8=0 70=8 71=1 72=4 73=2 40=0 40=0 40=1 40=1 10=0 20=0 10=5 "
+                                             "20=5 1071=70000 1040=2.5 1004=abc 1000=x "));
   const Lecture texte = Lit(EnTexte(g));
   ASSERT_EQ(texte.traits.size(), 5u);
   for (const bool codeLarge : {true, false}) {
@@ -98,7 +98,7 @@ TEST(LireDxf, BinaryFileHoldsValuesOfAllWidths) {
 }
 
 TEST(LireDxf, BinaryFileMayBeginWithAComment) {
-  EXPECT_TRUE(Lit(EnBinaire(DeMots("999=OVELIN " + Section(kLigne)), true)).ordreImpose);
+  EXPECT_TRUE(Lit(EnBinaire(DeMots("999=OVELIN " + Section(EntiteLigne)), true)).ordreImpose);
 }
 
 TEST(LireDxf, BinaryFileWithAnUnknownCodeIsRefused) {
@@ -110,13 +110,13 @@ TEST(LireDxf, BinaryFileWithAnUnknownCodeIsRefused) {
 }
 
 TEST(LireDxf, FileWithoutHeaderOrEndIsReadWhole) {
-  const Lecture l = Lit(Texte("0=SECTION 2=ENTITIES " + kLigne + kLigne + "0=ENDSEC"));
+  const Lecture l = Lit(Texte("0=SECTION 2=ENTITIES " + EntiteLigne + EntiteLigne + "0=ENDSEC"));
   EXPECT_EQ(l.traits.size(), 2u);
   EXPECT_FALSE(l.rapport.Tronque);
 }
 
 TEST(LireDxf, TheLastWordNeedsNoLineEnd) {
-  std::string t = Texte(Section(kLigne));
+  std::string t = Texte(Section(EntiteLigne));
   t.pop_back();
   const Lecture l = Lit(t);
   EXPECT_EQ(l.traits.size(), 1u);
@@ -125,7 +125,7 @@ TEST(LireDxf, TheLastWordNeedsNoLineEnd) {
 
 TEST(LireDxf, ASectionWithoutItsEndIsEndedByTheNext) {
   const Lecture l =
-      Lit(Texte("0=SECTION 2=HEADER 9=$INSUNITS 70=5 0=SECTION 2=ENTITIES " + kLigne + "0=ENDSEC 0=EOF"));
+      Lit(Texte("0=SECTION 2=HEADER 9=$INSUNITS 70=5 0=SECTION 2=ENTITIES " + EntiteLigne + "0=ENDSEC 0=EOF"));
   ASSERT_EQ(l.traits.size(), 1u);
   AttendPoint(l.traits[0].points[0], 10, 20);
 }
@@ -134,7 +134,7 @@ TEST(LireDxf, BlocksAndLayersBehindTheEntitiesCountAsWell) {
   const Lecture l =
       Lit(Texte("0=SECTION 2=ENTITIES 0=INSERT 2=A 10=100 20=0 0=LINE 8=x 10=0 20=0 11=1 21=1 0=ENDSEC "
                 "0=SECTION 2=BLOCKS 0=BLOCK 2=A 10=0 20=0 " +
-                kLigne +
+                EntiteLigne +
                 "0=ENDBLK 0=ENDSEC "
                 "0=SECTION 2=TABLES 0=TABLE 2=LAYER 0=LAYER 2=x 70=1 0=ENDTAB 0=ENDSEC 0=EOF"));
   ASSERT_EQ(l.traits.size(), 1u);
@@ -143,13 +143,13 @@ TEST(LireDxf, BlocksAndLayersBehindTheEntitiesCountAsWell) {
 }
 
 TEST(LireDxf, GarbageBehindTheEntitiesDoesNotMatter) {
-  EXPECT_EQ(Lit(Texte("0=SECTION 2=ENTITIES " + kLigne + "0=ENDSEC 0=SECTION 2=OBJECTS") + "\x01\x02 binary\n")
+  EXPECT_EQ(Lit(Texte("0=SECTION 2=ENTITIES " + EntiteLigne + "0=ENDSEC 0=SECTION 2=OBJECTS") + "\x01\x02 binary\n")
                 .traits.size(),
             1u);
 }
 
 TEST(LireDxf, CutOffInsideAnEntityKeepsTheWholeOnes) {
-  const Lecture l = Lit(Texte("0=SECTION 2=ENTITIES " + kLigne + "0=LINE 8=0 10=1 20=2 11=4") + "21\n");
+  const Lecture l = Lit(Texte("0=SECTION 2=ENTITIES " + EntiteLigne + "0=LINE 8=0 10=1 20=2 11=4") + "21\n");
   EXPECT_EQ(l.rapport.Numero, Erreur::Aucune);
   EXPECT_TRUE(l.rapport.Tronque);
   EXPECT_EQ(l.traits.size(), 1u);
@@ -165,7 +165,7 @@ TEST(LireDxf, ANumberWithoutItsLineEndMayBeAPieceAndIsNotTaken) {
 
 TEST(LireDxf, CutOffPolylineWithoutItsEndIsLeftOut) {
   const std::string p =
-      "0=SECTION 2=ENTITIES " + kLigne + "0=POLYLINE 66=1 70=0 0=VERTEX 10=0 20=0 0=VERTEX 10=5 20=0";
+      "0=SECTION 2=ENTITIES " + EntiteLigne + "0=POLYLINE 66=1 70=0 0=VERTEX 10=0 20=0 0=VERTEX 10=5 20=0";
   EXPECT_EQ(Lit(Texte(p)).traits.size(), 1u);
   EXPECT_EQ(Lit(Texte(p + " 0=SEQEND")).traits.size(), 2u);
 }
@@ -197,7 +197,7 @@ TEST(LireDxf, OtherCutOffEntitiesNeedAllThatShapesThem) {
 }
 
 TEST(LireDxf, CutOffInsertIsLeftOutSinceItsScaleMayBeMissing) {
-  const std::string t = "0=SECTION 2=BLOCKS 0=BLOCK 2=A 10=0 20=0 " + kLigne +
+  const std::string t = "0=SECTION 2=BLOCKS 0=BLOCK 2=A 10=0 20=0 " + EntiteLigne +
                         "0=ENDBLK 0=ENDSEC 0=SECTION 2=ENTITIES 0=INSERT 2=A 10=0 20=0";
   EXPECT_EQ(Lit(Texte(t)).traits.size(), 0u);
   EXPECT_EQ(Lit(Texte(t + " 0=ENDSEC")).traits.size(), 1u);
@@ -206,9 +206,9 @@ TEST(LireDxf, CutOffInsertIsLeftOutSinceItsScaleMayBeMissing) {
 // Each path of a cut-off file is one of the whole file's, in its order, and at no place does the reading fail.
 TEST(LireDxf, EveryCutKeepsWholeEntitiesAlone) {
   const Groupes g =
-      DeMots("0=SECTION 2=BLOCKS 0=BLOCK 2=A 10=0 20=0 " + kLigne + "0=ENDBLK 0=ENDSEC " +
-             Section(kMelange + "0=INSERT 2=A 10=5 20=5 41=2 0=POLYLINE 66=1 70=1 0=VERTEX 10=0 20=0 0=VERTEX "
-                                "10=9 20=0 0=VERTEX 10=9 20=9 0=SEQEND 8=0 0=ARC 10=0 20=0 40=5 50=0 51=90 "));
+      DeMots("0=SECTION 2=BLOCKS 0=BLOCK 2=A 10=0 20=0 " + EntiteLigne + "0=ENDBLK 0=ENDSEC " +
+             Section(Melange + "0=INSERT 2=A 10=5 20=5 41=2 0=POLYLINE 66=1 70=1 0=VERTEX 10=0 20=0 0=VERTEX "
+                               "10=9 20=0 0=VERTEX 10=9 20=9 0=SEQEND 8=0 0=ARC 10=0 20=0 40=5 50=0 51=90 "));
   for (const std::string& t : {EnTexte(g), EnBinaire(g, true), EnBinaire(g, false)}) {
     const Lecture entier = Lit(t);
     ASSERT_EQ(entier.traits.size(), 7u);
@@ -250,7 +250,7 @@ TEST(LireDxf, WhatIsNoDxfIsRefusedWithItsLine) {
 }
 
 TEST(LireDxf, ALineThatIsNoCodeAmongTheEntitiesIsRefusedWithItsLine) {
-  const std::string avant = Texte("0=SECTION 2=ENTITIES " + kLigne);  // 4 + 2 * 8 lines
+  const std::string avant = Texte("0=SECTION 2=ENTITIES " + EntiteLigne);  // 4 + 2 * 8 lines
   const Lecture l = Lit(avant + "0\nLINE\nbad code\n5\n0\nENDSEC\n");
   EXPECT_EQ(l.rapport.Numero, Erreur::Dxf);
   EXPECT_EQ(l.rapport.Ligne, 23);
@@ -284,14 +284,14 @@ TEST(LireDxf, NumbersBeyondTheRangeAreHugeOrNothing) {
 }
 
 TEST(LireDxf, OwnFilesAreKnownByTheirFirstGroupAlone) {
-  EXPECT_TRUE(Lit(Texte("999=OVELIN " + Section(kLigne))).ordreImpose);
-  EXPECT_FALSE(Lit(Texte("999=autre 999=OVELIN " + Section(kLigne))).ordreImpose);
-  EXPECT_FALSE(Lit(Texte(Section("999=OVELIN " + kLigne))).ordreImpose);
+  EXPECT_TRUE(Lit(Texte("999=OVELIN " + Section(EntiteLigne))).ordreImpose);
+  EXPECT_FALSE(Lit(Texte("999=autre 999=OVELIN " + Section(EntiteLigne))).ordreImpose);
+  EXPECT_FALSE(Lit(Texte(Section("999=OVELIN " + EntiteLigne))).ordreImpose);
 }
 
 TEST(LireDxf, ProgressRisesToTheEnd) {
   std::string t = "0\nSECTION\n2\nENTITIES\n";
-  for (int i = 0; i < 100000; ++i) t += Texte(kLigne);
+  for (int i = 0; i < 100000; ++i) t += Texte(EntiteLigne);
   std::vector<double> parts;
   pathwerk::OptionsLecture options;
   options.Avancement = [&parts](double part) { parts.push_back(part); };

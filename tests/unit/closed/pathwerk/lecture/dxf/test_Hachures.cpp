@@ -12,22 +12,21 @@ using pathwerk::lecture::Trait;
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-const std::string kDebut = "0=HATCH 8=0 10=0 20=0 30=0 210=0 220=0 230=1 2=ANSI31 70=0 71=0 ";
-const std::string kFin = " 75=1 76=1 52=0 41=1 78=1 53=45 43=0 44=0 45=-2 46=2 79=0 98=1 10=77 20=77 ";
+const std::string DebutHachure = "0=HATCH 8=0 10=0 20=0 30=0 210=0 220=0 230=1 2=ANSI31 70=0 71=0 ";
+const std::string FinHachure = " 75=1 76=1 52=0 41=1 78=1 53=45 43=0 44=0 45=-2 46=2 79=0 98=1 10=77 20=77 ";
 // A square of side 10 as the boundary of a hatch, as an outline, and as four lines.
-const std::string kCarre = "10=0 20=0 10=10 20=0 10=10 20=10 10=0 20=10";
-const std::string kHachure = kDebut + "91=1 92=3 72=0 73=1 93=4 " + kCarre + " 97=0" + kFin;
-const std::string kContour = "0=LWPOLYLINE 8=0 90=4 70=1 " + kCarre + " ";
+const std::string SommetsCarre = "10=0 20=0 10=10 20=0 10=10 20=10 10=0 20=10";
+const std::string EntiteHachure = DebutHachure + "91=1 92=3 72=0 73=1 93=4 " + SommetsCarre + " 97=0" + FinHachure;
+const std::string EntiteContour = "0=LWPOLYLINE 8=0 90=4 70=1 " + SommetsCarre + " ";
 
 std::string Aretes(int n, const std::string& aretes) {
-  return kDebut + "91=1 92=1 93=" + std::to_string(n) + " " + aretes + " 97=1 330=1F" + kFin;
+  return DebutHachure + "91=1 92=1 93=" + std::to_string(n) + " " + aretes + " 97=1 330=1F" + FinHachure;
 }
 
 }  // namespace
 
 TEST(Hatch, BoundaryThatNothingElseDrawsIsAContour) {
-  const Lecture l = LitEntites(kHachure);
+  const Lecture l = LitEntites(EntiteHachure);
   ASSERT_EQ(l.traits.size(), 1u);
   EXPECT_EQ(l.traits[0].nature, Nature::Ferme);
   EXPECT_EQ(l.traits[0].points.size(), 4u);
@@ -36,7 +35,7 @@ TEST(Hatch, BoundaryThatNothingElseDrawsIsAContour) {
 }
 
 TEST(Hatch, BoundaryThatAnOutlineDrawsIsLeftOut) {
-  for (const std::string& t : {kHachure + kContour, kContour + kHachure}) {
+  for (const std::string& t : {EntiteHachure + EntiteContour, EntiteContour + EntiteHachure}) {
     const Lecture l = LitEntites(t);
     ASSERT_EQ(l.traits.size(), 1u);
     EXPECT_EQ(Ignores(l, "HATCH"), 1);
@@ -45,7 +44,7 @@ TEST(Hatch, BoundaryThatAnOutlineDrawsIsLeftOut) {
 
 TEST(Hatch, BoundaryThatLooseLinesDrawIsLeftOut) {
   const Lecture l =
-      LitEntites(kHachure +
+      LitEntites(EntiteHachure +
                  "0=LINE 10=-5 20=0 11=15 21=0 0=LINE 10=10 20=0 11=10 21=4 0=LINE 10=10 20=4 11=10 21=10 "
                  "0=LINE 10=0 20=10 11=10 21=10 0=LINE 10=0 20=10 11=0 21=0");
   EXPECT_EQ(l.traits.size(), 5u);
@@ -54,14 +53,14 @@ TEST(Hatch, BoundaryThatLooseLinesDrawIsLeftOut) {
 
 TEST(Hatch, BoundaryWithASideOfItsOwnIsDrawn) {
   const Lecture l = LitEntites(
-      kHachure + "0=LINE 10=0 20=0 11=10 21=0 0=LINE 10=10 20=0 11=10 21=10 0=LINE 10=0 20=10 11=10 21=10");
+      EntiteHachure + "0=LINE 10=0 20=0 11=10 21=0 0=LINE 10=10 20=0 11=10 21=10 0=LINE 10=0 20=10 11=10 21=10");
   ASSERT_EQ(l.traits.size(), 4u);
   EXPECT_EQ(l.traits[0].nature, Nature::Ferme);
 }
 
 TEST(Hatch, LinesThatOnlyCrossTheBoundaryDoNotDrawIt) {
   // Through the corners and the middles of all sides.
-  const Lecture l = LitEntites(kHachure +
+  const Lecture l = LitEntites(EntiteHachure +
                                "0=LINE 10=0 20=0 11=10 21=10 0=LINE 10=10 20=0 11=0 21=10 0=LINE 10=5 20=-5 11=5 "
                                "21=15 0=LINE 10=-5 20=5 11=15 21=5");
   EXPECT_EQ(l.traits.size(), 5u);
@@ -69,24 +68,28 @@ TEST(Hatch, LinesThatOnlyCrossTheBoundaryDoNotDrawIt) {
 
 TEST(Hatch, CircleAndItsOutlineInOtherChordsAreTheSame) {
   const std::string bord = Aretes(1, "72=2 10=5 20=5 40=4 50=17 51=377 73=1");
-  EXPECT_NEAR(Aire(LitEntites(bord).traits.at(0).points), 16 * kPi, 0.3);
+  EXPECT_NEAR(Aire(LitEntites(bord).traits.at(0).points), 16 * std::numbers::pi, 0.3);
   EXPECT_EQ(LitEntites(bord + "0=CIRCLE 10=5 20=5 40=4").traits.size(), 1u);
   EXPECT_EQ(LitEntites(bord + "0=CIRCLE 10=5 20=5 40=4.1").traits.size(), 2u);
 }
 
-TEST(Hatch, OtherHatchesDoNotCountAsDrawing) { EXPECT_EQ(LitEntites(kHachure + kHachure).traits.size(), 2u); }
+TEST(Hatch, OtherHatchesDoNotCountAsDrawing) {
+  EXPECT_EQ(LitEntites(EntiteHachure + EntiteHachure).traits.size(), 2u);
+}
 
 TEST(Hatch, EachBoundaryIsJudgedByItself) {
-  const Lecture l = LitEntites(kDebut + "91=2 92=3 72=0 73=1 93=4 " + kCarre +
-                               " 97=0 92=3 72=0 73=1 93=3 10=2 20=2 10=4 20=2 10=4 20=4 97=0" + kFin + kContour);
+  const Lecture l =
+      LitEntites(DebutHachure + "91=2 92=3 72=0 73=1 93=4 " + SommetsCarre +
+                 " 97=0 92=3 72=0 73=1 93=3 10=2 20=2 10=4 20=2 10=4 20=4 97=0" + FinHachure + EntiteContour);
   ASSERT_EQ(l.traits.size(), 2u);
   EXPECT_DOUBLE_EQ(Aire(l.traits[0].points), 2);
   EXPECT_EQ(Ignores(l, "HATCH"), 0);
 }
 
 TEST(Hatch, PolylineBoundaryWithBulges) {
-  const Lecture l = LitEntites(kDebut + "91=1 92=3 72=1 73=1 93=2 10=0 20=0 42=1 10=10 20=0 42=1 97=0" + kFin);
-  EXPECT_NEAR(Aire(l.traits.at(0).points), 25 * kPi, 10 * kPi * 0.01);
+  const Lecture l =
+      LitEntites(DebutHachure + "91=1 92=3 72=1 73=1 93=2 10=0 20=0 42=1 10=10 20=0 42=1 97=0" + FinHachure);
+  EXPECT_NEAR(Aire(l.traits.at(0).points), 25 * std::numbers::pi, 10 * std::numbers::pi * 0.01);
 }
 
 TEST(Hatch, EdgesOfAllKindsMakeOneContour) {
@@ -101,7 +104,7 @@ TEST(Hatch, EdgesOfAllKindsMakeOneContour) {
   const Trait& t = l.traits[0];
   EXPECT_EQ(t.nature, Nature::Ferme);
   // Rectangle 10 x 6, half disc, quarter ellipse, and the parabola: two thirds of its triangle (8 * 4 / 2).
-  EXPECT_NEAR(Aire(t.points), 60 + 4.5 * kPi + 5 * kPi + 2.0 / 3 * 16, 0.4);
+  EXPECT_NEAR(Aire(t.points), 60 + 4.5 * std::numbers::pi + 5 * std::numbers::pi + 2.0 / 3 * 16, 0.4);
 }
 
 TEST(Hatch, RationalSplineEdge) {
@@ -110,12 +113,12 @@ TEST(Hatch, RationalSplineEdge) {
                                       "72=4 94=2 73=1 74=0 95=6 96=3 40=0 40=0 40=0 40=1 40=1 40=1 10=10 20=0 42=1 "
                                       "10=10 20=10 42=0.7071067811865476 "
                                       "10=0 20=10 42=1 97=0 72=1 10=0 20=10 11=0 21=0 72=1 10=0 20=0 11=10 21=0"));
-  EXPECT_NEAR(Aire(l.traits.at(0).points), 25 * kPi, 0.2);
+  EXPECT_NEAR(Aire(l.traits.at(0).points), 25 * std::numbers::pi, 0.2);
 }
 
 TEST(Hatch, CoordinatesThatAreNoneAreKeptToBeRefused) {
-  const Lecture l =
-      LitEntites(kDebut + "91=1 92=3 72=0 73=1 93=3 10=0 20=0 10=nan 20=0 10=5 20=5 97=0" + kFin + kContour);
+  const Lecture l = LitEntites(DebutHachure + "91=1 92=3 72=0 73=1 93=3 10=0 20=0 10=nan 20=0 10=5 20=5 97=0" +
+                               FinHachure + EntiteContour);
   EXPECT_EQ(l.traits.size(), 2u);
 }
 
@@ -123,7 +126,7 @@ TEST(Hatch, ClockwiseArcsAreWrittenMirrored) {
   // From (10, 0) clockwise to (0, -10): written as 0 to 90 of the mirror image. Closed by two lines.
   const Lecture l = LitEntites(
       Aretes(3, "72=2 10=0 20=0 40=10 50=0 51=90 73=0 72=1 10=0 20=-10 11=0 21=0 72=1 10=0 20=0 11=10 21=0"));
-  EXPECT_NEAR(Aire(l.traits.at(0).points), -25 * kPi, 0.2);
+  EXPECT_NEAR(Aire(l.traits.at(0).points), -25 * std::numbers::pi, 0.2);
   AttendPoint(l.traits[0].points.front(), 10, 0, 1e-9);
   EXPECT_NEAR(BoiteDe(l.traits[0].points).ymin, -10, 1e-9);
 }
@@ -146,12 +149,14 @@ TEST(Hatch, EdgesWrittenBackwardAreTurned) {
 }
 
 TEST(Hatch, BoxesOfTextsAreNotDrawn) {
-  const Lecture l = LitEntites(kDebut + "91=1 92=11 72=0 73=1 93=4 " + kCarre + " 97=0" + kFin);
+  const Lecture l = LitEntites(DebutHachure + "91=1 92=11 72=0 73=1 93=4 " + SommetsCarre + " 97=0" + FinHachure);
   EXPECT_TRUE(l.traits.empty());
   EXPECT_EQ(Ignores(l, "HATCH"), 1);
 }
 
-TEST(Hatch, WithoutBoundaryIsCounted) { EXPECT_EQ(Ignores(LitEntites(kDebut + "91=0" + kFin), "HATCH"), 1); }
+TEST(Hatch, WithoutBoundaryIsCounted) {
+  EXPECT_EQ(Ignores(LitEntites(DebutHachure + "91=0" + FinHachure), "HATCH"), 1);
+}
 
 TEST(Hatch, ExtrusionDownwardMirrorsIt) {
   const Lecture l = LitEntites(
@@ -162,10 +167,10 @@ TEST(Hatch, ExtrusionDownwardMirrorsIt) {
 }
 
 TEST(Hatch, InABlockIsScaledAndComparedInTheDrawing) {
-  const std::string b = "0=BLOCK 2=A 10=0 20=0 " + kHachure + "0=ENDBLK";
+  const std::string b = "0=BLOCK 2=A 10=0 20=0 " + EntiteHachure + "0=ENDBLK";
   Lecture l = Lit(AvecBlocs(b, "0=INSERT 2=A 10=0 20=0 41=2 42=2"));
   EXPECT_DOUBLE_EQ(Aire(l.traits.at(0).points), 400);
-  l = Lit(AvecBlocs(b, "0=INSERT 2=A 10=0 20=0 0=INSERT 2=A 10=50 20=0 " + kContour));
+  l = Lit(AvecBlocs(b, "0=INSERT 2=A 10=0 20=0 0=INSERT 2=A 10=50 20=0 " + EntiteContour));
   ASSERT_EQ(l.traits.size(), 2u);
   EXPECT_EQ(Ignores(l, "HATCH"), 1);
 }

@@ -13,9 +13,8 @@ using pathwerk::lecture::Trait;
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 // A block with one line from (0,0) to (2,1).
-const std::string kA = "0=BLOCK 8=0 2=A 70=0 10=0 20=0 30=0 0=LINE 8=0 10=0 20=0 11=2 21=1 0=ENDBLK 8=0 ";
+const std::string BlocA = "0=BLOCK 8=0 2=A 70=0 10=0 20=0 30=0 0=LINE 8=0 10=0 20=0 11=2 21=1 0=ENDBLK 8=0 ";
 
 Lecture LitBlocs(const std::string& blocs, const std::string& entites, double fleche = 0.01) {
   Lecture l = Lit(AvecBlocs(blocs, entites), fleche);
@@ -26,17 +25,17 @@ Lecture LitBlocs(const std::string& blocs, const std::string& entites, double fl
 }  // namespace
 
 TEST(Insert, PutsTheBlockInItsPlace) {
-  const Lecture l = LitBlocs(kA, "0=INSERT 2=A 10=10 20=20");
+  const Lecture l = LitBlocs(BlocA, "0=INSERT 2=A 10=10 20=20");
   AttendPoint(l.traits.at(0).points[0], 10, 20);
   AttendPoint(l.traits.at(0).points[1], 12, 21);
 }
 
-TEST(Insert, BlocksThatAreNotInsertedAreNotDrawn) { EXPECT_TRUE(LitBlocs(kA, "").traits.empty()); }
+TEST(Insert, BlocksThatAreNotInsertedAreNotDrawn) { EXPECT_TRUE(LitBlocs(BlocA, "").traits.empty()); }
 
-TEST(Insert, NamesDoNotTellCapitals) { EXPECT_EQ(LitBlocs(kA, "0=INSERT 2=a 10=0 20=0").traits.size(), 1u); }
+TEST(Insert, NamesDoNotTellCapitals) { EXPECT_EQ(LitBlocs(BlocA, "0=INSERT 2=a 10=0 20=0").traits.size(), 1u); }
 
 TEST(Insert, OfAnUnknownBlockIsLeftOutAndCounted) {
-  EXPECT_EQ(Ignores(LitBlocs(kA, "0=INSERT 2=B 10=0 20=0"), "INSERT"), 1);
+  EXPECT_EQ(Ignores(LitBlocs(BlocA, "0=INSERT 2=B 10=0 20=0"), "INSERT"), 1);
 }
 
 TEST(Insert, BasePointComesToThePlace) {
@@ -48,12 +47,12 @@ TEST(Insert, BasePointComesToThePlace) {
 
 TEST(Insert, ScalesThenTurns) {
   // (2, 1) scaled by (2, -3) is (4, -3), turned by 90 degrees (3, 4).
-  const Lecture l = LitBlocs(kA, "0=INSERT 2=A 10=0 20=0 41=2 42=-3 43=1 50=90");
+  const Lecture l = LitBlocs(BlocA, "0=INSERT 2=A 10=0 20=0 41=2 42=-3 43=1 50=90");
   AttendPoint(l.traits.at(0).points[1], 3, 4, 1e-15);
 }
 
 TEST(Insert, TurnedByThirtyDegrees) {
-  const Lecture l = LitBlocs(kA, "0=INSERT 2=A 10=0 20=0 50=30");
+  const Lecture l = LitBlocs(BlocA, "0=INSERT 2=A 10=0 20=0 50=30");
   const double c = std::sqrt(3) / 2;
   AttendPoint(l.traits.at(0).points[1], 2 * c - 0.5, 1 + c, 1e-12);
 }
@@ -73,7 +72,7 @@ TEST(Insert, UnevenScaleMakesEllipsesOfArcs) {
       "0=ENDBLK";
   const Lecture l = LitBlocs(b, "0=INSERT 2=A 10=0 20=0 41=30 42=10");
   for (const Trait& t : l.traits) {
-    EXPECT_NEAR(Aire(t.points), 300 * kPi, 140 * 0.01);
+    EXPECT_NEAR(Aire(t.points), 300 * std::numbers::pi, 140 * 0.01);
     for (const Vec2& p : t.points) EXPECT_NEAR(std::hypot(p.x / 30, p.y / 10), 1, 1e-12);
   }
   EXPECT_NEAR(BoiteDe(l.traits.at(0).points).ymax, 10, 1e-9);
@@ -96,7 +95,7 @@ TEST(Insert, ToleranceHoldsInTheFinalSize) {
 }
 
 TEST(Insert, HeightScaleZeroCountsAsOne) {
-  EXPECT_EQ(LitBlocs(kA, "0=INSERT 2=A 10=0 20=0 41=1 42=1 43=0").traits.size(), 1u);
+  EXPECT_EQ(LitBlocs(BlocA, "0=INSERT 2=A 10=0 20=0 41=1 42=1 43=0").traits.size(), 1u);
   // It matters when the block is seen from the side: a line of height 3 in a block tilted by 45 degrees.
   const std::string b = "0=BLOCK 2=A 10=0 20=0 0=LINE 10=0 20=0 30=0 11=0 21=0 31=3 0=ENDBLK";
   const Lecture l = LitBlocs(b, "0=INSERT 2=A 10=0 20=0 43=0 210=0 220=1 230=1");
@@ -104,11 +103,11 @@ TEST(Insert, HeightScaleZeroCountsAsOne) {
 }
 
 TEST(Insert, ScaleZeroInTheDrawingIsLeftOutAndCounted) {
-  EXPECT_EQ(Ignores(LitBlocs(kA, "0=INSERT 2=A 10=0 20=0 41=0 0=INSERT 2=A 10=0 20=0 42=0"), "INSERT"), 2);
+  EXPECT_EQ(Ignores(LitBlocs(BlocA, "0=INSERT 2=A 10=0 20=0 41=0 0=INSERT 2=A 10=0 20=0 42=0"), "INSERT"), 2);
 }
 
 TEST(Insert, ExtrusionDownwardMirrorsPlaceAndContent) {
-  const Lecture l = LitBlocs(kA, "0=INSERT 2=A 10=10 20=5 50=90 210=0 220=0 230=-1");
+  const Lecture l = LitBlocs(BlocA, "0=INSERT 2=A 10=10 20=5 50=90 210=0 220=0 230=-1");
   AttendPoint(l.traits.at(0).points[0], -10, 5);
   AttendPoint(l.traits.at(0).points[1], -9, 7, 1e-12);
 }
@@ -116,7 +115,7 @@ TEST(Insert, ExtrusionDownwardMirrorsPlaceAndContent) {
 TEST(Insert, Nested) {
   // B holds A doubled at (10, 0) and turned by 90 degrees; B is mirrored in X at (100, 0).
   const Lecture l = LitBlocs(
-      kA + "0=BLOCK 2=B 10=0 20=0 0=INSERT 2=A 10=10 20=0 41=2 42=2 50=90 0=LINE 10=0 20=0 11=1 21=0 0=ENDBLK",
+      BlocA + "0=BLOCK 2=B 10=0 20=0 0=INSERT 2=A 10=10 20=0 41=2 42=2 50=90 0=LINE 10=0 20=0 11=1 21=0 0=ENDBLK",
       "0=INSERT 2=B 10=100 20=0 41=-1");
   ASSERT_EQ(l.traits.size(), 2u);
   AttendPoint(l.traits[0].points[0], 90, 0);
@@ -125,7 +124,7 @@ TEST(Insert, Nested) {
 }
 
 TEST(Insert, ArrayRunsByColumnsThenRowsWithUnscaledSpacings) {
-  const Lecture l = LitBlocs(kA, "0=INSERT 2=A 10=1 20=2 41=5 42=5 70=3 71=2 44=10 45=20");
+  const Lecture l = LitBlocs(BlocA, "0=INSERT 2=A 10=1 20=2 41=5 42=5 70=3 71=2 44=10 45=20");
   ASSERT_EQ(l.traits.size(), 6u);
   AttendPoint(l.traits[1].points[0], 11, 2);
   AttendPoint(l.traits[2].points[0], 21, 2);
@@ -134,15 +133,17 @@ TEST(Insert, ArrayRunsByColumnsThenRowsWithUnscaledSpacings) {
 }
 
 TEST(Insert, ArrayTurnsWithTheInsertion) {
-  const Lecture l = LitBlocs(kA, "0=INSERT 2=A 10=0 20=0 50=90 70=2 71=2 44=10 45=20");
+  const Lecture l = LitBlocs(BlocA, "0=INSERT 2=A 10=0 20=0 50=90 70=2 71=2 44=10 45=20");
   AttendPoint(l.traits.at(1).points[0], 0, 10);
   AttendPoint(l.traits.at(2).points[0], -20, 0);
 }
 
-TEST(Insert, ArrayOfNoneIsOne) { EXPECT_EQ(LitBlocs(kA, "0=INSERT 2=A 10=0 20=0 70=0 71=-3").traits.size(), 1u); }
+TEST(Insert, ArrayOfNoneIsOne) {
+  EXPECT_EQ(LitBlocs(BlocA, "0=INSERT 2=A 10=0 20=0 70=0 71=-3").traits.size(), 1u);
+}
 
 TEST(Insert, ArraysNest) {
-  const Lecture l = LitBlocs(kA + "0=BLOCK 2=B 10=0 20=0 0=INSERT 2=A 10=0 20=0 70=3 44=5 0=ENDBLK",
+  const Lecture l = LitBlocs(BlocA + "0=BLOCK 2=B 10=0 20=0 0=INSERT 2=A 10=0 20=0 70=3 44=5 0=ENDBLK",
                              "0=INSERT 2=B 10=0 20=0 71=4 45=7");
   ASSERT_EQ(l.traits.size(), 12u);
   AttendPoint(l.traits.back().points[0], 10, 21);
@@ -157,7 +158,7 @@ TEST(Insert, PointsInBlocksAreHoles) {
 
 TEST(Insert, AttributesAreCountedAndDoNotDisturb) {
   const Lecture l = LitBlocs(
-      kA,
+      BlocA,
       "0=INSERT 66=1 2=A 10=0 20=0 0=ATTRIB 8=0 10=0 20=0 40=1 1=x 2=NOM 0=SEQEND 8=0 0=LINE 10=0 20=0 11=1 21=1");
   EXPECT_EQ(l.traits.size(), 2u);
   EXPECT_EQ(Ignores(l, "ATTRIB"), 1);
@@ -179,7 +180,7 @@ TEST(Insert, OfItselfByWayOfAnotherIsRefused) {
 }
 
 TEST(Insert, TheSameBlockTwiceOnDifferentWaysIsNoCycle) {
-  const std::string b = kA +
+  const std::string b = BlocA +
                         "0=BLOCK 2=B 10=0 20=0 0=INSERT 2=A 10=1 20=1 0=ENDBLK 0=BLOCK 2=C 10=0 20=0 0=INSERT 2=A "
                         "10=0 20=0 0=INSERT 2=B 10=0 20=0 0=ENDBLK";
   EXPECT_EQ(LitBlocs(b, "0=INSERT 2=C 10=0 20=0 0=INSERT 2=C 10=0 20=0").traits.size(), 4u);

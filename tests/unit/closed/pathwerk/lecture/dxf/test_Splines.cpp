@@ -12,8 +12,6 @@ using pathwerk::lecture::Trait;
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 std::string Noeuds(std::initializer_list<double> noeuds) {
   std::string s;
   for (const double n : noeuds) s += " 40=" + std::to_string(n);
@@ -75,7 +73,7 @@ TEST(Spline, RationalQuadraticIsAQuarterCircle) {
   const Trait& t = l.traits.at(0);
   EXPECT_LE(EcartMax(t, [](Vec2 p) { return std::fabs(std::hypot(p.x, p.y) - 10); }), 0.01);
   for (const Vec2& p : t.points) EXPECT_NEAR(std::hypot(p.x, p.y), 10, 1e-12);
-  EXPECT_NEAR(Longueur(t), 5 * kPi, 0.01);
+  EXPECT_NEAR(Longueur(t), 5 * std::numbers::pi, 0.01);
 }
 
 TEST(Spline, FullCircleOfNineControlPointsIsAContour) {
@@ -87,7 +85,7 @@ TEST(Spline, FullCircleOfNineControlPointsIsAContour) {
                                "20=-10 10=10 20=-10 10=10 20=0");
   const Trait& t = l.traits.at(0);
   EXPECT_EQ(t.nature, Nature::Ferme);
-  EXPECT_NEAR(Aire(t.points), 100 * kPi, 20 * kPi * 0.01);
+  EXPECT_NEAR(Aire(t.points), 100 * std::numbers::pi, 20 * std::numbers::pi * 0.01);
 }
 
 TEST(Spline, EqualWeightsChangeNothing) {

@@ -15,7 +15,7 @@
 
 namespace pathwerk::lecture::eps::mesures {
 
-inline constexpr double kPoint = 25.4 / 72;  // mm
+inline constexpr double PointPostScript = 25.4 / 72;  // mm
 
 inline bool GsInstalle() {
   return ::access("/usr/bin/gs", X_OK) == 0 || ::access("/usr/local/bin/gs", X_OK) == 0 ||
@@ -91,8 +91,8 @@ inline double Aire(const Trait& t) {
 inline void AttendPoints(const Trait& t, const std::vector<Vec2>& points) {
   ASSERT_EQ(t.points.size(), points.size());
   for (std::size_t i = 0; i < points.size(); ++i) {
-    EXPECT_NEAR(t.points[i].x, points[i].x * kPoint, 2e-4) << "point " << i;
-    EXPECT_NEAR(t.points[i].y, points[i].y * kPoint, 2e-4) << "point " << i;
+    EXPECT_NEAR(t.points[i].x, points[i].x * PointPostScript, 2e-4) << "point " << i;
+    EXPECT_NEAR(t.points[i].y, points[i].y * PointPostScript, 2e-4) << "point " << i;
   }
 }
 

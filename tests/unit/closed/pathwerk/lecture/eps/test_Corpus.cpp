@@ -8,11 +8,10 @@
 //                     of half a point around
 //   pi_gnuplot_*      both count the pen's place behind the last letter, 370.94; its outline ends at 370.64
 //   pi_reqd_showpage  control points reach 0.06 further than the curves
-#include "tests/support/Corpus.h"
-
 #include <fstream>
 #include <sstream>
 
+#include "tests/support/Corpus.h"
 #include "tests/unit/closed/pathwerk/lecture/eps/Mesures.h"
 
 namespace pathwerk::lecture::eps {
@@ -21,8 +20,8 @@ namespace {
 using namespace mesures;
 namespace fs = std::filesystem;
 
-const fs::path kDossier = essai::DossierDessins("EPS");
-const fs::path kExemples = essai::DossierExemples();
+const fs::path DossierDuFormat = essai::DossierDessins("EPS");
+const fs::path Exemples = essai::DossierExemples();
 
 std::string Contenu(const fs::path& chemin) {
   std::ifstream f(chemin, std::ios::binary);
@@ -39,7 +38,7 @@ struct Attendu {
   long clips, images;
 };
 
-const std::vector<Attendu> kReels = {
+const std::vector<Attendu> Reels = {
     {"zi_dotcode.eps", 0, 0, 44, 32, 0.01, 29, 0, 0},
     {"zi_code128_rot90.eps", 0, 0, 118.9, 224, 0.01, 43, 0, 0},
     {"zi_maxicode_cmyk.eps", 0, 0, 57.73, 60, 0.01, 361, 0, 0},
@@ -52,20 +51,20 @@ const std::vector<Attendu> kReels = {
     {"pi_reqd_showpage.eps", 19.77, 12.62, 520.32, 465.69, 0.07, -1, 0, 0},
 };
 // The ring is 200 points wide about (110, 130); below it the box ends with the letters, which no line makes wider.
-const std::vector<Attendu> kEchantillons = {{"logo.eps", 10, 3.35, 210, 230, 0.05, -1, 0, 0}};
-const std::vector<Attendu>& kAttendus = essai::CorpusPresent() ? kReels : kEchantillons;
+const std::vector<Attendu> Echantillons = {{"logo.eps", 10, 3.35, 210, 230, 0.05, -1, 0, 0}};
+const std::vector<Attendu>& Attendus = essai::CorpusPresent() ? Reels : Echantillons;
 
 TEST(LireEps, RealDrawingsHaveTheBoxThatOtherProgramsGiveThem) {
   AVEC_GS();
-  for (const Attendu& a : kAttendus) {
+  for (const Attendu& a : Attendus) {
     SCOPED_TRACE(a.fichier);
-    const Lecture l = Lit(Contenu(kDossier / a.fichier));
+    const Lecture l = Lit(Contenu(DossierDuFormat / a.fichier));
     ASSERT_EQ(l.rapport.Numero, Erreur::Aucune) << l.rapport.Detail;
     const Boite b = BoiteDe(l.traits);
-    EXPECT_NEAR(b.xmin / kPoint, a.xmin, a.ecart);
-    EXPECT_NEAR(b.ymin / kPoint, a.ymin, a.ecart);
-    EXPECT_NEAR(b.xmax / kPoint, a.xmax, a.ecart);
-    EXPECT_NEAR(b.ymax / kPoint, a.ymax, a.ecart);
+    EXPECT_NEAR(b.xmin / PointPostScript, a.xmin, a.ecart);
+    EXPECT_NEAR(b.ymin / PointPostScript, a.ymin, a.ecart);
+    EXPECT_NEAR(b.xmax / PointPostScript, a.xmax, a.ecart);
+    EXPECT_NEAR(b.ymax / PointPostScript, a.ymax, a.ecart);
     EXPECT_EQ(Ignores(l, "clip"), a.clips);
     EXPECT_EQ(Ignores(l, "image"), a.images);
     if (a.fermes < 0) continue;
@@ -77,7 +76,7 @@ TEST(LireEps, RealDrawingsHaveTheBoxThatOtherProgramsGiveThem) {
 TEST(LireEps, APictureWithoutVectorsGivesNothingAndSaysSo) {
   AVEC_GS();
   if (!essai::CorpusPresent()) GTEST_SKIP() << essai::CorpusAbsent;
-  const Lecture l = Lit(Contenu(kDossier / "pi_raster_only.eps"));
+  const Lecture l = Lit(Contenu(DossierDuFormat / "pi_raster_only.eps"));
   EXPECT_EQ(l.rapport.Numero, Erreur::Aucune);
   EXPECT_TRUE(l.traits.empty());
   EXPECT_EQ(Ignores(l, "image"), 1);
@@ -85,13 +84,13 @@ TEST(LireEps, APictureWithoutVectorsGivesNothingAndSaysSo) {
 
 TEST(LireEps, OwnSampleIsReadWhole) {
   AVEC_GS();
-  const Lecture l = Lit(Contenu(kExemples / "logo.eps"));
+  const Lecture l = Lit(Contenu(Exemples / "logo.eps"));
   ASSERT_EQ(l.rapport.Numero, Erreur::Aucune) << l.rapport.Detail;
   const Boite b = BoiteDe(l.traits);
   // The ring is 200 points wide about (110, 130).
-  EXPECT_NEAR(b.xmin, 10 * kPoint, 0.02);
-  EXPECT_NEAR(b.xmax, 210 * kPoint, 0.02);
-  EXPECT_NEAR(b.ymax, 230 * kPoint, 0.02);
+  EXPECT_NEAR(b.xmin, 10 * PointPostScript, 0.02);
+  EXPECT_NEAR(b.xmax, 210 * PointPostScript, 0.02);
+  EXPECT_NEAR(b.ymax, 230 * PointPostScript, 0.02);
   EXPECT_TRUE(l.rapport.Ignores.empty());
   // Two circles, a leaf, and six letters of which O and E, L, I, N give 2 + 1 + 1 + 1 + 1 + 1 contours at least.
   EXPECT_GE(l.traits.size(), 9U);
@@ -102,10 +101,10 @@ TEST(LireFichier, OpensEpsByItsName) {
   std::vector<PointTrace> points;
   float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
   std::string message(LongueurMessage, ' ');
-  const std::int32_t n = LireFichier(points, (kExemples / "logo.eps").string(), xmin, xmax, ymin, ymax, message);
+  const std::int32_t n = LireFichier(points, (Exemples / "logo.eps").string(), xmin, xmax, ymin, ymax, message);
   ASSERT_GT(n, 0);
   EXPECT_EQ(static_cast<std::size_t>(n), points.size());
-  EXPECT_NEAR(xmax - xmin, 200 * kPoint, 0.03);
+  EXPECT_NEAR(xmax - xmin, 200 * PointPostScript, 0.03);
 }
 
 TEST(LireFichier, NamesTheErrorOfADrawing) {

@@ -69,8 +69,8 @@ TEST(LireEps, ACircleStaysWithinAHundredthOfAMillimetre) {
   // arc is made of Bezier curves that leave the circle by less than 0.03 per cent of the radius.
   const auto t = Traits("100 100 50 0 360 arc closepath stroke");
   ASSERT_EQ(t.size(), 1U);
-  const double r = 50 * kPoint;
-  const double c = 100 * kPoint;
+  const double r = 50 * PointPostScript;
+  const double c = 100 * PointPostScript;
   for (std::size_t i = 0; i < t[0].points.size(); ++i) {
     const Vec2 p = t[0].points[i];
     const Vec2 q = t[0].points[i + 1 < t[0].points.size() ? i + 1 : 0];
@@ -119,7 +119,7 @@ TEST(LireEps, EoFillAndFillOfAnEmptyPathAndStrokePathWork) {
   EXPECT_EQ(Traits("newpath fill stroke eofill 0 0 moveto 9 0 lineto 9 9 lineto eofill").size(), 1U);
   const auto t = Traits("4 setlinewidth 0 0 moveto 100 0 lineto strokepath fill");
   ASSERT_EQ(t.size(), 1U);
-  EXPECT_NEAR(std::fabs(Aire(t[0])), 400 * kPoint * kPoint, 0.01);
+  EXPECT_NEAR(std::fabs(Aire(t[0])), 400 * PointPostScript * PointPostScript, 0.01);
 }
 
 TEST(LireEps, ARoundDotIsAHoleAndASquareOneIsNothing) {

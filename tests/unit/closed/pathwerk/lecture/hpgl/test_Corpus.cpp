@@ -4,13 +4,12 @@
 // within a line width where it makes a page. hp2xx draws labels, which are left out here; of the two plots with
 // labels the size is that of the lines by their coordinates in the file: frame 0..10000 x 0..7000, trace 952..9577
 // x 1085..6845. hp2xx places turned plots elsewhere (its own idea of the sheet), so the place is not compared.
-#include "tests/support/Corpus.h"
-
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
+#include "tests/support/Corpus.h"
 #include "tests/unit/closed/pathwerk/lecture/hpgl/Mesures.h"
 
 namespace pathwerk::lecture::hpgl {
@@ -19,8 +18,8 @@ namespace {
 using namespace mesures;
 namespace fs = std::filesystem;
 
-const fs::path kDossier = essai::DossierDessins("HPGL");
-const fs::path kExemples = essai::DossierExemples();
+const fs::path DossierDuFormat = essai::DossierDessins("HPGL");
+const fs::path Exemples = essai::DossierExemples();
 
 std::string Contenu(const fs::path& chemin) {
   std::ifstream f(chemin, std::ios::binary);
@@ -37,7 +36,7 @@ struct Attendu {
   long etiquettes;
 };
 
-const std::vector<Attendu> kReels = {
+const std::vector<Attendu> Reels = {
     {"tg_feature_exercise.plt", 250.0, 175.0, -1, -1, 21},
     {"tg_analyzer_trace.plt", 215.625, 144.0, -1, -1, 18},
     {"jg_pe_square.plt", 98.89, 98.89, 1, 0, 0},
@@ -50,13 +49,13 @@ const std::vector<Attendu> kReels = {
     {"sc_s_fabric_nesting.plt", 14896.60, 1700.0, 31833, 1795, 0},
 };
 // The frame: 8000 x 3200 units of 0.025 mm.
-const std::vector<Attendu> kEchantillons = {{"enseigne.plt", 200.0, 80.0, -1, -1, 0}};
-const std::vector<Attendu>& kAttendus = essai::CorpusPresent() ? kReels : kEchantillons;
+const std::vector<Attendu> Echantillons = {{"enseigne.plt", 200.0, 80.0, -1, -1, 0}};
+const std::vector<Attendu>& Attendus = essai::CorpusPresent() ? Reels : Echantillons;
 
 TEST(LireHpgl, RealPlotsHaveTheSizeThatOtherProgramsGiveThem) {
-  for (const Attendu& a : kAttendus) {
+  for (const Attendu& a : Attendus) {
     SCOPED_TRACE(a.fichier);
-    const Lecture l = Lit(Contenu(kDossier / a.fichier));
+    const Lecture l = Lit(Contenu(DossierDuFormat / a.fichier));
     ASSERT_EQ(l.rapport.Numero, Erreur::Aucune);
     const Boite b = BoiteDe(l.traits);
     // hp2xx keeps its places in single precision: 0.05 mm at 15 m.
@@ -84,20 +83,20 @@ TEST(LireHpgl, ThePolygonsOfRealPlotsComeAsContours) {
   if (!essai::CorpusPresent()) {
     // The letter D of the sign: a polygon with a hole, each a straight back and a half circle of 1000 and 720
     // units.
-    const Lecture l = Lit(Contenu(kDossier / "enseigne.plt"));
+    const Lecture l = Lit(Contenu(DossierDuFormat / "enseigne.plt"));
     EXPECT_TRUE(ContourDansLaBoite(l, 117.5, 15, 152.5, 65));
     EXPECT_TRUE(ContourDansLaBoite(l, 124.5, 22, 145.5, 58));
     return;
   }
   // 274 PM instructions are 137 polygons, each filled once.
-  const Lecture l = Lit(Contenu(kDossier / "ez_plotfile_pe.plt"));
+  const Lecture l = Lit(Contenu(DossierDuFormat / "ez_plotfile_pe.plt"));
   const auto ferme = [](const Trait& t) { return t.nature == Nature::Ferme; };
   EXPECT_GE(std::count_if(l.traits.begin(), l.traits.end(), ferme), 130);
 }
 
 TEST(LireHpgl, OwnSampleIsReadWhole) {
   // Frame of 200 x 80 mm; its README line says what is on it.
-  const Lecture l = Lit(Contenu(kExemples / "enseigne.plt"));
+  const Lecture l = Lit(Contenu(Exemples / "enseigne.plt"));
   ASSERT_EQ(l.rapport.Numero, Erreur::Aucune);
   const Boite b = BoiteDe(l.traits);
   EXPECT_DOUBLE_EQ(b.Large(), 200);
@@ -127,9 +126,9 @@ Resultat Ouvre(const fs::path& chemin) {
 }
 
 TEST(LireFichier, OpensRealPlotsWithTheBoundsOfTheirLines) {
-  for (const Attendu& a : kAttendus) {
+  for (const Attendu& a : Attendus) {
     SCOPED_TRACE(a.fichier);
-    const Resultat r = Ouvre(kDossier / a.fichier);
+    const Resultat r = Ouvre(DossierDuFormat / a.fichier);
     // A dashed marker and a shaded picture: more separate strokes than there are codes for paths.
     const bool trop =
         a.fichier == std::string("sc_s_fabric_nesting.plt") || a.fichier == std::string("ez_bf_iso_pe.plt");
@@ -146,7 +145,7 @@ TEST(LireFichier, OpensRealPlotsWithTheBoundsOfTheirLines) {
 }
 
 TEST(LireFichier, WeldsTheLooseSegmentsOfTheOwnSample) {
-  const Resultat r = Ouvre(kExemples / "enseigne.plt");
+  const Resultat r = Ouvre(Exemples / "enseigne.plt");
   // Frame, two holes, A twice, O twice, D twice, leaf, rectangle; the A was eight loose segments.
   EXPECT_EQ(r.sequences, 11U);
   EXPECT_FLOAT_EQ(r.xmax - r.xmin, 200);
@@ -155,7 +154,7 @@ TEST(LireFichier, WeldsTheLooseSegmentsOfTheOwnSample) {
 
 TEST(LireFichier, SaysWhatOfAPlotWasLeftOut) {
   if (!essai::CorpusPresent()) GTEST_SKIP() << essai::CorpusAbsent;
-  const Resultat r = Ouvre(kDossier / "tg_feature_exercise.plt");
+  const Resultat r = Ouvre(DossierDuFormat / "tg_feature_exercise.plt");
   EXPECT_NE(r.message.find("LB 21"), std::string::npos) << r.message;
   EXPECT_EQ(r.message.size(), LongueurMessage);
 }

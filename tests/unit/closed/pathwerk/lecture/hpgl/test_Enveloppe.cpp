@@ -6,9 +6,9 @@ namespace {
 
 using namespace mesures;
 
-constexpr std::string_view kTrait = "PU0,0;PD40,0;PU;";
+constexpr std::string_view PlotTrait = "PU0,0;PD40,0;PU;";
 
-// Exactly the one line of kTrait is read.
+// Exactly the one line of PlotTrait is read.
 void AttendLeTrait(const Lecture& l) {
   ASSERT_EQ(l.rapport.Numero, Erreur::Aucune);
   ASSERT_EQ(l.traits.size(), 1U);
@@ -24,7 +24,7 @@ TEST(LireHpgl, LabelsAreLeftOutAndCounted) {
 
 TEST(LireHpgl, TheLabelTerminatorCanBeChanged) {
   for (const char* const dt : {"DT#;", "DT#", "DT#,1;", "DT#,0;", "dt#;"}) {
-    const Lecture l = Lit(std::string("IN;") + dt + "LBPD9,9;\003#" + std::string(kTrait) + "LBa#");
+    const Lecture l = Lit(std::string("IN;") + dt + "LBPD9,9;\003#" + std::string(PlotTrait) + "LBa#");
     SCOPED_TRACE(dt);
     AttendLeTrait(l);
     EXPECT_EQ(Ignores(l, "LB"), 2);
@@ -32,65 +32,66 @@ TEST(LireHpgl, TheLabelTerminatorCanBeChanged) {
 }
 
 TEST(LireHpgl, TheLabelTerminatorMayBeALetterOrASign) {
-  AttendLeTrait(Lit("DTP;LBxyzP" + std::string(kTrait)));
-  AttendLeTrait(Lit("DT,;LBxyz," + std::string(kTrait)));
+  AttendLeTrait(Lit("DTP;LBxyzP" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("DT,;LBxyz," + std::string(PlotTrait)));
 }
 
 TEST(LireHpgl, DTWithoutACharacterBringsTheDefaultBack) {
-  AttendLeTrait(Lit("DT#;DT;LBa#b\003" + std::string(kTrait)));
-  AttendLeTrait(Lit("DT#;DT\nLBa#b\003" + std::string(kTrait)));
+  AttendLeTrait(Lit("DT#;DT;LBa#b\003" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("DT#;DT\nLBa#b\003" + std::string(PlotTrait)));
 }
 
 TEST(LireHpgl, AFileThatEndsInsideALabelIsTruncated) {
-  const Lecture l = Lit(std::string(kTrait) + "LBno end");
+  const Lecture l = Lit(std::string(PlotTrait) + "LBno end");
   AttendLeTrait(l);
   EXPECT_TRUE(l.rapport.Tronque);
-  EXPECT_FALSE(Lit(std::string(kTrait) + "LBend\003").rapport.Tronque);
+  EXPECT_FALSE(Lit(std::string(PlotTrait) + "LBend\003").rapport.Tronque);
 }
 
 TEST(LireHpgl, SymbolModeTakesTheNextCharacterWhateverItIs) {
-  AttendLeTrait(Lit("SMP;" + std::string(kTrait)));
-  AttendLeTrait(Lit("SM*" + std::string(kTrait)));
+  AttendLeTrait(Lit("SMP;" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("SM*" + std::string(PlotTrait)));
 }
 
 TEST(LireHpgl, QuotedCommentsAndTitlesAreNoInstructions) {
-  AttendLeTrait(Lit("CO\"PU;PD99,99\";" + std::string(kTrait)));
-  AttendLeTrait(Lit("BP1,\"PD7,7\",2,1;" + std::string(kTrait)));
-  AttendLeTrait(Lit("IN;MGPD99,99;" + std::string(kTrait)));
-  AttendLeTrait(Lit("IN;WDPD99,99\003" + std::string(kTrait)));
+  AttendLeTrait(Lit("CO\"PU;PD99,99\";" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("BP1,\"PD7,7\",2,1;" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("IN;MGPD99,99;" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("IN;WDPD99,99\003" + std::string(PlotTrait)));
 }
 
 TEST(LireHpgl, ACommentWithoutQuotesEndsAtItsTerminator) {
-  AttendLeTrait(Lit("CO Drawn by PD99,99 and PU5,5, \"PA\" too;" + std::string(kTrait)));
-  AttendLeTrait(Lit("CO two words, PD9,9;" + std::string(kTrait)));
-  AttendLeTrait(Lit("CO \"no end; IN;" + std::string(kTrait)));
-  AttendLeTrait(Lit("CO\"a;b\"IN;" + std::string(kTrait)));
+  AttendLeTrait(Lit("CO Drawn by PD99,99 and PU5,5, \"PA\" too;" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("CO two words, PD9,9;" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("CO \"no end; IN;" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("CO\"a;b\"IN;" + std::string(PlotTrait)));
 }
 
 TEST(LireHpgl, DeviceControlIsSkippedWithAndWithoutNumbers) {
-  AttendLeTrait(Lit("\033.Y\033.(\033.I81;;17:\033.N;19:\033.@;0:\033.BIN;" + std::string(kTrait) + "\033.Z"));
+  AttendLeTrait(Lit("\033.Y\033.(\033.I81;;17:\033.N;19:\033.@;0:\033.BIN;" + std::string(PlotTrait) + "\033.Z"));
 }
 
 TEST(LireHpgl, PlotsInsideAPrinterLanguageAreFound) {
-  AttendLeTrait(Lit("\033E\033&l1O\033%0A some text PD99,99 \033%1BIN;" + std::string(kTrait) + "\033%0A PD5,5 "));
+  AttendLeTrait(
+      Lit("\033E\033&l1O\033%0A some text PD99,99 \033%1BIN;" + std::string(PlotTrait) + "\033%0A PD5,5 "));
 }
 
 TEST(LireHpgl, RasterDataIsSkippedByItsCountAndCounted) {
   const Lecture l =
-      Lit("\033%0A\033*t300R\033*r1A\033*b6WPD9,9;\033*b2m3W\033%1\033*rB\033%0B" + std::string(kTrait));
+      Lit("\033%0A\033*t300R\033*r1A\033*b6WPD9,9;\033*b2m3W\033%1\033*rB\033%0B" + std::string(PlotTrait));
   AttendLeTrait(l);
   EXPECT_EQ(Ignores(l, "RASTER"), 2);
 }
 
 TEST(LireHpgl, JobLanguageAroundThePlotIsSkipped) {
   AttendLeTrait(Lit("\033%-12345X@PJL JOB NAME=\"PD9,9\"\r\n@PJL ENTER LANGUAGE = HPGL2\r\nIN;" +
-                    std::string(kTrait) + "\033%-12345X@PJL EOJ\r\n"));
-  AttendLeTrait(Lit("@PJL SET X=1\nIN;" + std::string(kTrait)));
-  AttendLeTrait(Lit("\033%-12345X@PJL ENTER LANGUAGE=PCL\r\nSome PD5,5 text\033%0B" + std::string(kTrait)));
+                    std::string(PlotTrait) + "\033%-12345X@PJL EOJ\r\n"));
+  AttendLeTrait(Lit("@PJL SET X=1\nIN;" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("\033%-12345X@PJL ENTER LANGUAGE=PCL\r\nSome PD5,5 text\033%0B" + std::string(PlotTrait)));
 }
 
 TEST(LireHpgl, APrinterResetEndsTheSheet) {
-  const Lecture l = Lit("\033E\033%0BIN;" + std::string(kTrait) + "\033E\033%0BIN;PU0,0;PD7,7;PU;");
+  const Lecture l = Lit("\033E\033%0BIN;" + std::string(PlotTrait) + "\033E\033%0BIN;PU0,0;PD7,7;PU;");
   AttendLeTrait(l);
   EXPECT_EQ(Ignores(l, "PG"), 1);
 }
@@ -168,13 +169,15 @@ TEST(LireHpgl, ALargePlainPlotIsNoBomb) {
 }
 
 TEST(LireHpgl, RasterPlanesAndCountsThatAreMissingAreSkippedRightly) {
-  AttendLeTrait(Lit("\033%0A\033*b6VPD9,9;\033%0B" + std::string(kTrait)));
-  AttendLeTrait(Lit("\033%0A\033*bW\033%0B" + std::string(kTrait)));
-  AttendLeTrait(Lit("\033%0A\033&p7XPD9,9; \033%0B" + std::string(kTrait)));
-  AttendLeTrait(Lit(std::string(kTrait) + "\033*b999W"));
+  AttendLeTrait(Lit("\033%0A\033*b6VPD9,9;\033%0B" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("\033%0A\033*bW\033%0B" + std::string(PlotTrait)));
+  AttendLeTrait(Lit("\033%0A\033&p7XPD9,9; \033%0B" + std::string(PlotTrait)));
+  AttendLeTrait(Lit(std::string(PlotTrait) + "\033*b999W"));
 }
 
-TEST(LireHpgl, AQuotedCommentMayHaveBlanksInFront) { AttendLeTrait(Lit("CO  \"a;b\"IN;" + std::string(kTrait))); }
+TEST(LireHpgl, AQuotedCommentMayHaveBlanksInFront) {
+  AttendLeTrait(Lit("CO  \"a;b\"IN;" + std::string(PlotTrait)));
+}
 
 TEST(LireHpgl, TheRefusalNamesTheFirstLetterThatStandsAlone) {
   EXPECT_EQ(Lit("\n\nQ 1 2\nR 3 4\nS 5 6\n").rapport.Ligne, 3);

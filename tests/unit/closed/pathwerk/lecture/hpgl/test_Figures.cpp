@@ -9,14 +9,12 @@ namespace {
 
 using namespace mesures;
 
-constexpr double kPi = std::numbers::pi;
-
 TEST(LireHpgl, ACircleIsAContourWithItsChordsInTolerance) {
   const auto t = Traits("PU400,800;CI200;");
   ASSERT_EQ(t.size(), 1U);
   EXPECT_EQ(t[0].nature, Nature::Ferme);
   AttendSurCercle(t[0], {10, 20}, 5, 0.01);
-  EXPECT_NEAR(Longueur(t[0]), 2 * kPi * 5, 0.05);
+  EXPECT_NEAR(Longueur(t[0]), 2 * std::numbers::pi * 5, 0.05);
   EXPECT_NE(t[0].points.front(), t[0].points.back());
 }
 
@@ -69,7 +67,7 @@ TEST(LireHpgl, AnArcRunsFromThePenAboutItsCentre) {
   AttendSurCercle(t[0], {0, 0}, 10, 0.01);
   EXPECT_NEAR(t[0].points.front().x, 10, 1e-9);
   EXPECT_NEAR(t[0].points.back().y, 10, 1e-9);
-  EXPECT_NEAR(Longueur(t[0]), 5 * kPi, 0.02);
+  EXPECT_NEAR(Longueur(t[0]), 5 * std::numbers::pi, 0.02);
   EXPECT_GT(t[0].points[1].y, 0);
 }
 
@@ -108,15 +106,15 @@ TEST(LireHpgl, ThreePointArcPassesThroughItsMiddlePoint) {
   EXPECT_NEAR(BoiteDe(t).ymin, 0, 1e-9);
   EXPECT_DOUBLE_EQ(t[0].points.back().x, 10);
   EXPECT_DOUBLE_EQ(t[0].points.back().y, 0);
-  EXPECT_NEAR(Longueur(t[0]), 10 * kPi, 0.02);
+  EXPECT_NEAR(Longueur(t[0]), 10 * std::numbers::pi, 0.02);
 }
 
 TEST(LireHpgl, ThreePointArcTakesTheLongWayWhenItsMiddleLiesThere) {
   // From (400, 0) to (0, 400) about (0, 0): a quarter through (320, 240), three quarters through (0, -400).
   const auto court = Traits("PU400,0;PD;AT320,240,0,400;PU;");
-  EXPECT_NEAR(Longueur(court[0]), 20 * kPi / 4, 0.02);
+  EXPECT_NEAR(Longueur(court[0]), 20 * std::numbers::pi / 4, 0.02);
   const auto bas = Traits("PU400,0;PD;AT0,-400,0,400;PU;");
-  EXPECT_NEAR(Longueur(bas[0]), 20 * kPi * 3 / 4, 0.04);
+  EXPECT_NEAR(Longueur(bas[0]), 20 * std::numbers::pi * 3 / 4, 0.04);
 }
 
 TEST(LireHpgl, RelativeThreePointArcCountsFromThePen) {
@@ -180,8 +178,8 @@ TEST(LireHpgl, AWedgeIsClosedThroughItsCentre) {
     ASSERT_EQ(t.size(), 1U);
     EXPECT_EQ(t[0].nature, Nature::Ferme);
     EXPECT_EQ(t[0].points.front(), (Vec2{0, 0}));
-    EXPECT_NEAR(Aire(t[0]), 100 * kPi / 4, 0.2);
-    EXPECT_NEAR(Longueur(t[0]), 20 + 5 * kPi, 0.02);
+    EXPECT_NEAR(Aire(t[0]), 100 * std::numbers::pi / 4, 0.2);
+    EXPECT_NEAR(Longueur(t[0]), 20 + 5 * std::numbers::pi, 0.02);
     EXPECT_NEAR(t[0].points[1].x, 10 * std::sqrt(0.5), 1e-9);
     EXPECT_NEAR(t[0].points[1].y, 10 * std::sqrt(0.5), 1e-9);
   }
