@@ -3,8 +3,11 @@
 
 #include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
+#include <optional>
 #include <set>
+#include <span>
 #include <string>
 
 #include "closed/ZenikCom.h"
@@ -79,10 +82,48 @@ class ClsCdeZENIK {
   ParametresZENIK parametres_;
   // mm per step at which the machine counts; a plan for a file puts others in force for its time. 0: none yet.
   std::array<double, 3> mmParPasMachine_{};
-  std::set<std::string> tenuesDites_;  // values held within their ranges that have been told
-  std::int16_t ProfondeurEnvoi = 0;    // sends in progress
-  [[maybe_unused]] Drapeau ModeProgrammation = Faux;
+  std::set<std::string> tenuesDites_;                     // values held within their ranges that have been told
+  std::int16_t ProfondeurEnvoi = 0;                       // sends in progress
   [[maybe_unused]] std::array<Drapeau, 6> EtatClavier{};  // keypad bits of the reply before
+
+ public:
+  // --- memories of the board ---------------------------------------------------------------------------------
+  // Flash memory (Flash.cpp): blocks 0 to 31 of 65,536 bytes, pages of 32. One send each, nothing is shown; of an
+  // exchange that failed a text is read all the same, a yes never.
+  std::string FlashModel();  // the four bytes of the chip's model, each with two digits or more
+  bool Flash_Model();        // a chip is fitted
+  // Always false: nobody learns whether it was erased but by writing.
+  bool Flash_Erase(std::uint8_t bloc);
+  // At most 32 bytes; true when the board confirms that they stand there.
+  bool Flash_Write(std::uint8_t bloc, std::uint16_t adresse, std::span<const std::uint8_t> octets);
+  // The 32 bytes from that address on. False: the exchange failed, and they are whatever the buffer held.
+  bool Flash_Read(std::uint8_t bloc, std::uint16_t adresse, std::span<std::uint8_t, 32> octets);
+  // The whole array from block 0 on, each block erased before, pending events between the pages. What has not been
+  // confirmed stands in PagesNonConfirmees; then nothing may be run from there. A board that is gone ends it.
+  void Flash_Tab(std::span<const std::uint8_t> octets);
+  std::int32_t PagesNonConfirmees = 0;  // of the last Flash_Tab
+
+  // Programming lines (KR4400.cpp), to a PIC 16F87x. Addresses: 0 to 8191 words of the program, from 8192 the
+  // configuration, from 8448 the data memory. False: an exchange failed.
+  bool KR4400_LVP(bool etat);    // enters the programming mode, or leaves it; the target counts from 0 again
+  std::string KR4400_Version();  // "PIC 16F870 Rev 5"; "____" where nothing answers that is known
+  bool KR4400_Erase_Program();
+  bool KR4400_Erase_Data();
+  bool KR4400_Increment();
+  // True when the target then reads back `valeur`. 255 into the data memory is what an erased cell holds: skipped.
+  bool KR4400_Send_Data(std::int32_t adresse, std::uint16_t valeur);
+  std::uint16_t KR4400_Read_Data(std::int32_t adresse);
+  bool KR4400_Send_CW(std::uint16_t valeur);
+  std::uint16_t KR4400_Read_CW();
+
+ private:
+  bool Ordre(char lettre, std::initializer_list<std::uint8_t> octets);  // the letter, then these bytes from 2 on
+  bool OrdreMot(std::uint8_t commande, std::uint16_t mot);
+  bool EffacePuce(std::uint8_t charge);
+  bool VaA(std::int32_t adresse);  // the target's counter stands there
+  std::optional<std::uint16_t> MotPuce(std::int32_t adresse);
+  std::int32_t AdresseCourante = 0;  // of the target
+  Drapeau ModeProgrammation = Faux;  // the target is addressed in its data memory
 };
 
 // The one board object; without a board until somebody installs a link.
