@@ -15,6 +15,7 @@
 #include "core/Nombres.h"
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -142,7 +143,7 @@ void PrepareCarte(const CrochetsDemarrage& crochets) {
     Appelle(crochets.ResetBuffer);
     if (ClavierZENIK != 0) VerifieClavier(crochets);
   }
-  Cycle.OperationCarte = false;
+  OperationCarte = false;
   Appelle(crochets.TableVerif);
 }
 

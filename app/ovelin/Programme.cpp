@@ -1,9 +1,7 @@
 #include "app/ovelin/Programme.h"
 
-#include <QDesktopServices>
 #include <QNetworkProxyFactory>
 #include <QSessionManager>
-#include <QUrl>
 #include <chrono>
 #include <clocale>
 #include <csignal>
@@ -23,6 +21,7 @@
 #include "core/Cles.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -102,12 +101,10 @@ Programme::Programme(OptionsProgramme options)
       miseAJour_(
           [this] {
             return fenetre_ != nullptr && !PasseEnCours() && QApplication::activeModalWidget() == nullptr &&
-                   !Cycle.OperationCarte;
+                   !OperationCarte;
           },
           [](const std::string& reponse) {
-            TraiteMiseAJour(reponse, [](const std::string& adresse) {
-              QDesktopServices::openUrl(QUrl(QString::fromStdString(adresse)));
-            });
+            TraiteMiseAJour(reponse, [](const std::string& adresse) { Svc.OuvreParBureau(adresse); });
           }) {
   Quitte = [](int statut) { std::_Exit(statut); };
   InstalleServicesQt();
@@ -167,7 +164,7 @@ bool Programme::Demarre() {
 
 void Programme::TermineParSignal(int signal) {
   constexpr int StatutSignal = 128;
-  if (Cycle.OperationCarte) ArreteMachine();
+  if (OperationCarte) ArreteMachine();
   if (fenetre_) fenetre_->TermineSansQuestion();
   std::fflush(nullptr);
   Quitte(StatutSignal + signal);

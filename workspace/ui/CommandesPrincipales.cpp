@@ -8,6 +8,7 @@
 #include <QToolButton>
 #include <string_view>
 
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/ServicesQt.h"
@@ -76,7 +77,7 @@ QAction* CommandesPrincipales::Cree(const LigneCommande& ligne) {
   action->setCheckable(ligne.bascule);
   if (*ligne.touches != '\0') action->setShortcut(QKeySequence(QString::fromLatin1(ligne.touches)));
   connect(action, &QAction::triggered, this, [this, action, &ligne, &commande = execution->second] {
-    if (!ligne.course && Cycle.OperationCarte) {
+    if (!ligne.course && OperationCarte) {
       if (ligne.bascule) action->toggle();  // the click has switched it already
       return Svc.Bip();
     }

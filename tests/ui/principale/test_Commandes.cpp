@@ -4,6 +4,7 @@
 #include <QToolBar>
 #include <set>
 
+#include "core/RunCourant.h"
 #include "core/ui/Theme.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "workspace/Module_Cycle.h"
@@ -16,7 +17,6 @@ using testing::ElementsAre;
 
 class Commandes : public essai::Principale {
  protected:
-  ~Commandes() override { Cycle.OperationCarte = false; }
   // Names of what stands there, "|" for a line.
   static std::vector<std::string> Noms(const QList<QAction*>& actions) {
     std::vector<std::string> noms;
@@ -100,7 +100,7 @@ TEST_F(Commandes, WhileTheBoardWorksOnlyTheViewMayChange) {
   Charge(Exemple("equerre.dxf"));
   int bips = 0;
   Svc.Bip = [&] { ++bips; };
-  Cycle.OperationCarte = true;
+  OperationCarte = true;
   Commande("mnu_Fraisage");
   EXPECT_EQ(bips, 1);
   EXPECT_TRUE(ouvertes_.empty());
@@ -113,7 +113,7 @@ TEST_F(Commandes, WhileTheBoardWorksOnlyTheViewMayChange) {
 TEST_F(Commandes, ASwitchThatIsRefusedStaysAsItWas) {
   Charge(Exemple("equerre.dxf"));
   Svc.Bip = [] {};
-  Cycle.OperationCarte = true;
+  OperationCarte = true;
   Commande("mnu_Lever");
   EXPECT_FALSE(Menu("mnu_Lever")->isChecked());
 }

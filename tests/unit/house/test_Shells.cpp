@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 const std::map<std::string, std::string> Instances{{"core/DocumentCourant.h", "Document Doc"},
                                                    {"core/ReglagesCourants.h", "Reglages Regl"},
                                                    {"core/PlanCourant.h", "EtatPlan Plan"},
+                                                   {"core/RunCourant.h", "EtatRun Marche"},
                                                    {"machine/TableCourante.h", "TableMachine Table"}};
 
 // The shells below the windows, by folder. A new one belongs here only if it is a procedure that puts values in
@@ -27,7 +28,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
     {"controller", {"ClsCdeZENIK.cpp"}},
     {"core",
      {"Cles.cpp", "DocumentCourant.cpp", "FichierDefaut.cpp", "PlanCourant.cpp", "Projet.cpp",
-      "ReglagesCourants.cpp", "Traduction.cpp", "ValeursCles.cpp"}},
+      "ReglagesCourants.cpp", "RunCourant.cpp", "Traduction.cpp", "ValeursCles.cpp"}},
     {"database", {"Module_BD.cpp"}},
     {"machine", {"ChampsTable.cpp", "GestionTables.cpp", "Module_Table.cpp"}},
     {"run", {"AvisPlan.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp", "Module_Planificateur.cpp"}},

@@ -13,6 +13,7 @@
 #include "core/Fichiers.h"
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "database/Module_BD.h"
@@ -76,7 +77,7 @@ TEST(Demarrage, TheStepsComeInTheirOrder) {
 
 TEST(Demarrage, SetsTheValuesThatTheWindowsRead) {
   EcritIni("");
-  Cycle.OuvertureDehors = Cycle.AfficheOutil = Cycle.AfficheOutil2 = Cycle.OperationCarte = true;
+  Cycle.OuvertureDehors = Cycle.AfficheOutil = Cycle.AfficheOutil2 = OperationCarte = true;
   Cycle.Outil = {3, 4};
   Demarrage d;
   d.Lance();
@@ -84,7 +85,7 @@ TEST(Demarrage, SetsTheValuesThatTheWindowsRead) {
   EXPECT_EQ(Cycle.TouchesNumeriques, "0123456789-.,\b");
   EXPECT_EQ(Svc.MarqueDecimale, ',');
   EXPECT_EQ(Cycle.Outil, (MemoireOutil{-999, -999}));
-  EXPECT_FALSE(Cycle.OuvertureDehors || Cycle.AfficheOutil || Cycle.AfficheOutil2 || Cycle.OperationCarte);
+  EXPECT_FALSE(Cycle.OuvertureDehors || Cycle.AfficheOutil || Cycle.AfficheOutil2 || OperationCarte);
 }
 
 TEST(Demarrage, ASecondCopyIsToldAndNothingElseHappens) {

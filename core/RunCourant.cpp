@@ -1,0 +1,13 @@
+#include "core/RunCourant.h"
+
+#include "core/Etat.h"
+
+namespace ovelin {
+
+EtatRun Marche;
+
+namespace {
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Marche = EtatRun{}; });
+}
+
+}  // namespace ovelin
