@@ -74,6 +74,14 @@ Services ServicesMuets() {
     Impossible("unanswered prompt", __FILE__, __LINE__);
   };
   s.Dimensionne = [](DemandeDimension&) {};
+  s.OuvreFenetre = [](const std::string& nom) -> std::optional<int> {
+    std::fprintf(stderr, "window without an answer: %s\n", nom.c_str());
+    Impossible("unanswered window", __FILE__, __LINE__);
+  };
+  s.OuvreParBureau = [](const std::string& cible) -> IssueBureau {
+    std::fprintf(stderr, "nobody opens %s\n", cible.c_str());
+    Impossible("no desktop", __FILE__, __LINE__);
+  };
   s.AvancementDebut = [](const std::string&, long) {};
   s.AvancementPlus = [] {};
   s.AvancementFin = [] {};
@@ -81,6 +89,13 @@ Services ServicesMuets() {
   s.Rafraichit = [] {};
   s.DessinOuvert = [](bool) {};
   s.FichierRecent = [](const std::string&) {};
+  s.RetientVeille = [](bool) {};
+  s.MarquePosition = [](double, double) {};
+  s.MontrePosition = [](double, double, double) {};
+  s.LigneRun = [](float, float, float, float) {};
+  s.EffaceLigneRun = [] {};
+  s.MontreStop = [](bool) {};
+  s.Pilotage = [](DemandePilotage) {};
   s.LaisseEvenements = [](Evenements) {};
   s.Horloge = [] {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();

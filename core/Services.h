@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,12 +59,36 @@ struct DemandeDimension {
   double rapportX = 1, rapportY = 1;  // answer
 };
 
+// What came of opening a file or an address by the desktop.
+enum class IssueBureau {
+  Ouvert,
+  FichierAbsent,    // there is no such file
+  CheminAbsent,     // its folder is missing
+  SansDroit,        // this user may not read it
+  SansAssociation,  // the desktop knows no program for it
+};
+
+// What a run asks of the window of manual control, whichever window has started it.
+enum class DemandePilotage {
+  Reduit,       // lower the window: somebody else drives
+  Retablit,     // its full height again
+  SeTait,       // its timer asks the board nothing
+  Interroge,    // its timer asks again
+  SansOrigine,  // its panel of origins is disabled
+};
+
 struct Services {
   std::function<Reponse(const Boite&)> Montre;
   std::function<std::string(const DialogueFichier&)> ChoisitFichier;  // "" when cancelled
   // "" when cancelled; the prompt is named by the key of its text.
   std::function<std::string(CleTexte cle, const std::string& texte, const std::string& propose)> Saisit;
   std::function<void(DemandeDimension&)> Dimensionne;
+  // Opens the window of that name over the one in front and waits for its end where it is modal. What the user has
+  // chosen in it, 0 in a window without a choice; nothing where it was left without OK, where it stays open, or
+  // where there is no such window.
+  std::function<std::optional<int>(const std::string& nom)> OuvreFenetre;
+  // A file or an address, opened by the program that the desktop has for it.
+  std::function<IssueBureau(const std::string& cible)> OuvreParBureau;
 
   // Progress: opened with a text and a total, stepped, closed.
   std::function<void(const std::string& texte, long total)> AvancementDebut;
@@ -78,6 +103,18 @@ struct Services {
   std::function<void(bool ouvert)> DessinOuvert;
   // A path for the recent list.
   std::function<void(const std::string& chemin)> FichierRecent;
+
+  // While held, neither screen saver nor sleep comes; the desktop gives it back by itself when the program dies.
+  std::function<void(bool retenue)> RetientVeille;
+  // The place of the tool has been read, mm: its mark in the picture follows, and the manual window's labels.
+  std::function<void(double x, double y)> MarquePosition;
+  std::function<void(double x, double y, double z)> MontrePosition;
+  // The line of the run in the picture: a way that has been cut, mm; without it again.
+  std::function<void(float x0, float y0, float x1, float y1)> LigneRun;
+  std::function<void()> EffaceLigneRun;
+  // The one control that stops whatever runs.
+  std::function<void(bool visible)> MontreStop;
+  std::function<void(DemandePilotage)> Pilotage;
 
   std::function<void(Evenements)> LaisseEvenements;
   // Runs a kernel over copies to its end while painting and timers go on, on a thread of its own where there is a

@@ -4,8 +4,11 @@
 #include <QPointer>
 #include <algorithm>
 #include <map>
+#include <optional>
 
+#include "core/Services.h"
 #include "core/ui/LanguesPresentes.h"
+#include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 
@@ -17,21 +20,28 @@ namespace {
 // belong to their owners.
 using Tenues = std::map<std::string, QPointer<QDialog>>;
 
-IssueFenetre VientDevant(QDialog& fenetre) {
+// How a window was left, and what was chosen in it.
+struct Laissee {
+  IssueFenetre issue = IssueFenetre::Absente;
+  int choix = 0;
+};
+
+Laissee VientDevant(QDialog& fenetre) {
   fenetre.setWindowState(fenetre.windowState() & ~Qt::WindowMinimized);
   fenetre.show();
   fenetre.raise();
   fenetre.activateWindow();
-  return IssueFenetre::Ouverte;
+  return {IssueFenetre::Ouverte, 0};
 }
 
-IssueFenetre OuvreModale(const LigneFenetre& ligne, QWidget* proprietaire, Tenues& tenues) {
+Laissee OuvreModale(const LigneFenetre& ligne, QWidget* proprietaire, Tenues& tenues) {
   const std::unique_ptr<QDialog> fenetre = FaitFenetre(ligne, proprietaire);
   if (ligne.exemplaires == Exemplaires::Un) tenues[ligne.nom] = fenetre.get();
-  return fenetre->exec() == QDialog::Accepted ? IssueFenetre::Acceptee : IssueFenetre::Annulee;
+  if (fenetre->exec() != QDialog::Accepted) return {IssueFenetre::Annulee, 0};
+  return {IssueFenetre::Acceptee, ligne.choix == nullptr ? 0 : ligne.choix(*fenetre)};
 }
 
-IssueFenetre OuvreLibre(const LigneFenetre& ligne, QWidget* proprietaire, Tenues& tenues) {
+Laissee OuvreLibre(const LigneFenetre& ligne, QWidget* proprietaire, Tenues& tenues) {
   QDialog* fenetre = FaitFenetre(ligne, proprietaire).release();
   if (ligne.exemplaires == Exemplaires::Un) {
     tenues[ligne.nom] = fenetre;
@@ -41,7 +51,7 @@ IssueFenetre OuvreLibre(const LigneFenetre& ligne, QWidget* proprietaire, Tenues
   return VientDevant(*fenetre);
 }
 
-IssueFenetre Ouvre(const LigneFenetre& ligne, QWidget* proprietaire, Tenues& tenues) {
+Laissee Ouvre(const LigneFenetre& ligne, QWidget* proprietaire, Tenues& tenues) {
   if (const auto tenue = tenues.find(ligne.nom); tenue != tenues.end() && tenue->second != nullptr) {
     QDialog& fenetre = *tenue->second;
     if (!fenetre.isVisible()) {
@@ -74,9 +84,15 @@ const LigneFenetre* ChercheFenetre(std::span<const LigneFenetre> table, const st
 
 void InstalleTable(std::span<const LigneFenetre> table) {
   FenetreExiste = [table](const std::string& nom) { return ChercheFenetre(table, nom) != nullptr; };
-  OuvreFenetre = [table, tenues = std::make_shared<Tenues>()](const std::string& nom, QWidget* proprietaire) {
+  const auto ouvre = [table, tenues = std::make_shared<Tenues>()](const std::string& nom, QWidget* proprietaire) {
     const LigneFenetre* ligne = ChercheFenetre(table, nom);
-    return ligne == nullptr ? IssueFenetre::Absente : Ouvre(*ligne, proprietaire, *tenues);
+    return ligne == nullptr ? Laissee{} : Ouvre(*ligne, proprietaire, *tenues);
+  };
+  OuvreFenetre = [ouvre](const std::string& nom, QWidget* proprietaire) { return ouvre(nom, proprietaire).issue; };
+  Svc.OuvreFenetre = [ouvre](const std::string& nom) -> std::optional<int> {
+    const Laissee laissee = ouvre(nom, Proprietaire());
+    if (laissee.issue != IssueFenetre::Acceptee) return std::nullopt;
+    return laissee.choix;
   };
 }
 

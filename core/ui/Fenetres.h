@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <span>
@@ -20,16 +21,23 @@ struct LigneFenetre {
   Exemplaires exemplaires;
   Tenue tenue;
   std::unique_ptr<QDialog> (*fait)(QWidget* proprietaire);
-  void (*charge)(QDialog& fenetre);  // its Form_Load; nothing where the constructor does all
+  void (*charge)(QDialog& fenetre);                // its Form_Load; nothing where the constructor does all
+  int (*choix)(const QDialog& fenetre) = nullptr;  // what the user has chosen in it, for who opens it by its name
 };
 
-// The row of class F, whose constructor takes the owner. A `Form_Load()` of it runs before each showing.
+// The row of class F, whose constructor takes the owner. A `Form_Load()` of it runs before each showing, an
+// `int Choix() const` tells what the user has chosen once it is closed by its OK.
 template <class F>
 constexpr LigneFenetre LigneDe(const char* nom, Exemplaires exemplaires, Tenue tenue) {
-  LigneFenetre ligne{nom, exemplaires, tenue, nullptr, nullptr};
+  LigneFenetre ligne{nom, exemplaires, tenue, nullptr, nullptr, nullptr};
   ligne.fait = [](QWidget* proprietaire) -> std::unique_ptr<QDialog> { return std::make_unique<F>(proprietaire); };
   if constexpr (requires(F & f) { f.Form_Load(); }) {
     ligne.charge = [](QDialog& fenetre) { static_cast<F&>(fenetre).Form_Load(); };
+  }
+  if constexpr (requires(const F& f) {
+                  { f.Choix() } -> std::same_as<int>;
+                }) {
+    ligne.choix = [](const QDialog& fenetre) { return static_cast<const F&>(fenetre).Choix(); };
   }
   return ligne;
 }
@@ -38,7 +46,8 @@ constexpr LigneFenetre LigneDe(const char* nom, Exemplaires exemplaires, Tenue t
 std::unique_ptr<QDialog> FaitFenetre(const LigneFenetre& ligne, QWidget* proprietaire);
 // The row of that name, or null.
 const LigneFenetre* ChercheFenetre(std::span<const LigneFenetre> table, const std::string& nom);
-// Fills `OuvreFenetre` and `FenetreExiste` with the windows of a table, which has to last.
+// Fills `OuvreFenetre`, `FenetreExiste` and the window service of `Svc` with the windows of a table, which has to
+// last.
 void InstalleTable(std::span<const LigneFenetre> table);
 
 enum class IssueFenetre {

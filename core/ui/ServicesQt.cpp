@@ -6,7 +6,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
+#include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
@@ -14,6 +17,7 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QThread>
+#include <QUrl>
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
@@ -30,6 +34,7 @@
 #include "core/ui/LanguesPresentes.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
+#include "core/ui/Veille.h"
 
 namespace ovelin {
 
@@ -313,6 +318,29 @@ void AttendQt(double secondes) {
   std::this_thread::sleep_for(std::chrono::duration<double>(std::min(secondes, 3600.0)));
 }
 
+// A path is looked at first: the desktop's own answer doesn't say what is wrong with it.
+IssueBureau OuvreParBureauQt(const std::string& cible) {
+  const QString texte = QString::fromStdString(cible);
+  const QFileInfo fichier(texte);
+  if (!fichier.isAbsolute()) {
+    return QDesktopServices::openUrl(QUrl(texte)) ? IssueBureau::Ouvert : IssueBureau::SansAssociation;
+  }
+  if (!fichier.absoluteDir().exists()) return IssueBureau::CheminAbsent;
+  if (!fichier.exists()) return IssueBureau::FichierAbsent;
+  if (!fichier.isReadable()) return IssueBureau::SansDroit;
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(texte)) ? IssueBureau::Ouvert : IssueBureau::SansAssociation;
+}
+
+// One for the program, made at its first run.
+void RetientVeilleQt(bool retenue) {
+  static QPointer<RetenueVeille> Veille;
+  if (qApp == nullptr) return;
+  if (Veille == nullptr) {
+    Veille = new RetenueVeille(QDBusConnection::sessionBus(), QDBusConnection::systemBus(), qApp);
+  }
+  Veille->Retient(retenue);
+}
+
 // Wishes that were put off, one at a time, as long as nothing long runs again.
 void Livre() {
   while (Passes == 0 && !Souhaits.empty()) {
@@ -340,6 +368,8 @@ void InstalleServicesQt() {
   };
   Svc.Attend = AttendQt;
   Svc.Bip = [] { QApplication::beep(); };
+  Svc.OuvreParBureau = OuvreParBureauQt;
+  Svc.RetientVeille = RetientVeilleQt;
   Svc.MarqueDecimale = QLocale::system().decimalPoint() == QLatin1String(",") ? ',' : '.';
   ChoisitCouleur = ChoisitCouleurQt;
 }

@@ -24,6 +24,9 @@ struct BoiteAttendue {
 struct Scenario {
   std::deque<BoiteAttendue> boites;
   std::deque<std::pair<std::string, std::string>> fichiers, saisies;
+  std::deque<std::pair<std::string, std::optional<int>>> fenetres;
+  std::deque<std::pair<std::string, IssueBureau>> bureau;
+  VuMachine vu;
   std::vector<Boite> montrees;
   std::vector<std::pair<int, std::string>> panneaux;
   int bips = 0;
@@ -52,14 +55,26 @@ Reponse Montre(const Boite& boite) {
   return attendue.reponse;
 }
 
-std::string Suivante(std::deque<std::pair<std::string, std::string>>& file, std::string_view cle) {
+// The answer of the next one in the script, or `sinon` where it is another one.
+template <class T>
+T Suivante(std::deque<std::pair<std::string, T>>& file, std::string_view cle, const char* genre, T sinon) {
   if (file.empty() || file.front().first != cle) {
-    ADD_FAILURE() << "unexpected dialog " << cle;
-    return "";
+    ADD_FAILURE() << "unexpected " << genre << ' ' << cle;
+    return sinon;
   }
-  std::string reponse = file.front().second;
+  T reponse = file.front().second;
   file.pop_front();
   return reponse;
+}
+
+void EcouteMachine() {
+  Svc.RetientVeille = [](bool retenue) { Sc.vu.veilles.push_back(retenue); };
+  Svc.MontreStop = [](bool visible) { Sc.vu.stops.push_back(visible); };
+  Svc.MarquePosition = [](double x, double y) { Sc.vu.marques.push_back({x, y}); };
+  Svc.MontrePosition = [](double x, double y, double z) { Sc.vu.positions.push_back({x, y, z}); };
+  Svc.LigneRun = [](float x0, float y0, float x1, float y1) { Sc.vu.lignes.push_back({x0, y0, x1, y1}); };
+  Svc.EffaceLigneRun = [] { Sc.vu.lignes.clear(); };
+  Svc.Pilotage = [](DemandePilotage demande) { Sc.vu.pilotage.push_back(demande); };
 }
 
 class Ecouteur : public testing::EmptyTestEventListener {
@@ -74,10 +89,19 @@ class Ecouteur : public testing::EmptyTestEventListener {
     DossiersProduit = {std::string(OVELIN_SOURCE_DIR) + "/translations",
                        std::string(OVELIN_SOURCE_DIR) + "/samples"};
     Svc.Montre = Montre;
-    Svc.ChoisitFichier = [](const DialogueFichier& d) { return Suivante(Sc.fichiers, d.cle); };
-    Svc.Saisit = [](CleTexte cle, const std::string&, const std::string&) {
-      return Suivante(Sc.saisies, cle.Cle());
+    Svc.ChoisitFichier = [](const DialogueFichier& d) {
+      return Suivante<std::string>(Sc.fichiers, d.cle, "file dialog", "");
     };
+    Svc.Saisit = [](CleTexte cle, const std::string&, const std::string&) {
+      return Suivante<std::string>(Sc.saisies, cle.Cle(), "prompt", "");
+    };
+    Svc.OuvreFenetre = [](const std::string& nom) {
+      return Suivante<std::optional<int>>(Sc.fenetres, nom, "window", std::nullopt);
+    };
+    Svc.OuvreParBureau = [](const std::string& cible) {
+      return Suivante(Sc.bureau, cible, "opening by the desktop", IssueBureau::SansAssociation);
+    };
+    EcouteMachine();
     Svc.Bip = [] { ++Sc.bips; };
     Svc.Panneau = [](PanneauEtat panneau, const std::string& texte) {
       Sc.panneaux.emplace_back(static_cast<int>(panneau), texte);
@@ -87,6 +111,8 @@ class Ecouteur : public testing::EmptyTestEventListener {
     for (const auto& b : Sc.boites) ADD_FAILURE() << "box never shown: " << b.section << "/" << b.cle << b.texte;
     for (const auto& f : Sc.fichiers) ADD_FAILURE() << "file dialog never shown: " << f.first;
     for (const auto& s : Sc.saisies) ADD_FAILURE() << "prompt never shown: " << s.first;
+    for (const auto& f : Sc.fenetres) ADD_FAILURE() << "window never opened: " << f.first;
+    for (const auto& b : Sc.bureau) ADD_FAILURE() << "never opened by the desktop: " << b.first;
     if (!Sc.dossier.empty()) {
       std::error_code e;
       std::filesystem::remove_all(Sc.dossier, e);
@@ -102,6 +128,9 @@ void Attend(const std::string& section, const std::string& cle, Reponse reponse)
 void AttendTexte(const std::string& texte, Reponse reponse) { Sc.boites.push_back({"", "", texte, reponse}); }
 void AttendFichier(const std::string& cle, const std::string& reponse) { Sc.fichiers.emplace_back(cle, reponse); }
 void AttendSaisie(const std::string& cle, const std::string& reponse) { Sc.saisies.emplace_back(cle, reponse); }
+void AttendFenetre(const std::string& nom, std::optional<int> choix) { Sc.fenetres.emplace_back(nom, choix); }
+void AttendBureau(const std::string& cible, IssueBureau issue) { Sc.bureau.emplace_back(cible, issue); }
+const VuMachine& Vu() { return Sc.vu; }
 std::string CleDe(const std::optional<CleTexte>& refus) { return refus ? std::string(refus->Cle()) : ""; }
 const std::vector<Boite>& Boites() { return Sc.montrees; }
 int Bips() { return Sc.bips; }

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <deque>
 #include <optional>
 #include <string>
@@ -24,6 +25,10 @@ void AttendTexte(const std::string& texte, ovelin::Reponse reponse = ovelin::Rep
 // Answers of file dialogs and prompts, in order, by the dialog's key.
 void AttendFichier(const std::string& cle, const std::string& reponse);
 void AttendSaisie(const std::string& cle, const std::string& reponse);
+// A window that a procedure opens by its name, with what the user chooses in it; nothing: left without OK.
+void AttendFenetre(const std::string& nom, std::optional<int> choix);
+// A file or an address that is opened by the desktop.
+void AttendBureau(const std::string& cible, ovelin::IssueBureau issue = ovelin::IssueBureau::Ouvert);
 // Key of the text of a refusal, "" for none.
 std::string CleDe(const std::optional<ovelin::CleTexte>& refus);
 // Boxes shown so far in this test.
@@ -31,6 +36,17 @@ const std::vector<ovelin::Boite>& Boites();
 int Bips();
 // Texts shown in status panels so far: (panel, text).
 const std::vector<std::pair<int, std::string>>& Panneaux();
+
+// What windows have been told of a machine that moves, in order; none of it is answered.
+struct VuMachine {
+  std::vector<bool> veilles;                     // screen saver and sleep held back, given back
+  std::vector<bool> stops;                       // the stop control shown, hidden
+  std::vector<std::array<double, 2>> marques;    // of the tool in the picture, mm
+  std::vector<std::array<double, 3>> positions;  // in the manual window, mm
+  std::vector<std::array<float, 4>> lignes;      // of the run; emptied when it is effaced
+  std::vector<ovelin::DemandePilotage> pilotage;
+};
+const VuMachine& Vu();
 
 // A folder of this test alone, empty, removed behind it. DossierProgramme and DossierTemp point into it.
 const std::string& Dossier();

@@ -41,7 +41,15 @@ class F_Chargee : public F_Sonde {
   static inline bool VisibleAuChargement = false;
 };
 
+// A window in which one of several things is chosen.
+class F_Choisie : public F_Sonde {
+ public:
+  using F_Sonde::F_Sonde;
+  [[nodiscard]] int Choix() const { return 2; }
+};
+
 constexpr std::array Table{
+    LigneDe<F_Choisie>("F_Choisie", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Sonde>("F_Modale", Exemplaires::Plusieurs, Tenue::Modale),
     LigneDe<F_Chargee>("F_Chargee", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Chargee>("F_Libre", Exemplaires::Un, Tenue::Libre),
@@ -67,6 +75,27 @@ class FenetresEssai : public testing::Test {
   }
   QWidget principale_;
 };
+
+TEST_F(FenetresEssai, AProcedureGetsWhatTheUserHasChosenInAWindow) {
+  Dedans([](QDialog* f) { f->accept(); });
+  EXPECT_EQ(Svc.OuvreFenetre("F_Choisie"), 2);
+  Dedans([](QDialog* f) { f->accept(); });
+  EXPECT_EQ(Svc.OuvreFenetre("F_Modale"), 0) << "a window without a choice";
+}
+
+TEST_F(FenetresEssai, AProcedureGetsNothingFromAWindowLeftWithoutOkOrThatStaysOrThatThereIsNot) {
+  Dedans([](QDialog* f) { f->reject(); });
+  EXPECT_EQ(Svc.OuvreFenetre("F_Choisie"), std::nullopt);
+  EXPECT_EQ(Svc.OuvreFenetre("F_Libre"), std::nullopt);
+  EXPECT_EQ(Svc.OuvreFenetre("F_Martienne"), std::nullopt);
+  F_Sonde::Derniere->close();
+}
+
+TEST_F(FenetresEssai, AWindowOpenedByAProcedureIsTheOneThatACommandOpens) {
+  EXPECT_EQ(Svc.OuvreFenetre("F_Libre"), std::nullopt);
+  EXPECT_EQ(OuvreFenetre("F_Libre", &principale_), IssueFenetre::Ouverte);
+  EXPECT_EQ(F_Sonde::Construites, 1);
+}
 
 TEST_F(FenetresEssai, AnUnknownNameOpensNothing) {
   EXPECT_FALSE(FenetreExiste("F_Martienne"));

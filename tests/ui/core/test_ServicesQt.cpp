@@ -1,5 +1,6 @@
 // The services of the core as the windows fill them: boxes, dialogs, prompts, clock.
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QTimer>
+#include <QUrl>
 
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
@@ -231,4 +233,33 @@ TEST_F(ServicesQt, WithoutAnEarlierFileTheOpenDialogStartsOnTheDesktop) {
   Svc.ChoisitFichier(d);
 }
 
+TEST_F(ServicesQt, TheDesktopIsNotAskedForAFileThatIsNotThere) {
+  EXPECT_EQ(Svc.OuvreParBureau(essai::Dossier() + "/absent.pdf"), IssueBureau::FichierAbsent);
+  EXPECT_EQ(Svc.OuvreParBureau(essai::Dossier() + "/rien/absent.pdf"), IssueBureau::CheminAbsent);
+}
+
+// What the desktop has been asked for, and nothing opened.
+class BureauEssai : public QObject {
+  Q_OBJECT
+ public:
+  QList<QUrl> demandes;
+ public Q_SLOTS:
+  void Ouvre(const QUrl& url) { demandes << url; }
+};
+
+TEST_F(ServicesQt, FilesAndAddressesGoToTheDesktopAsWhatTheyAre) {
+  BureauEssai bureau;
+  QDesktopServices::setUrlHandler("file", &bureau, "Ouvre");
+  QDesktopServices::setUrlHandler("https", &bureau, "Ouvre");
+  const std::string aide = essai::EcritFichierEssai("l'aide 1.pdf", "x");
+  EXPECT_EQ(Svc.OuvreParBureau(aide), IssueBureau::Ouvert);
+  EXPECT_EQ(Svc.OuvreParBureau("https://example.org/aide"), IssueBureau::Ouvert);
+  QDesktopServices::unsetUrlHandler("file");
+  QDesktopServices::unsetUrlHandler("https");
+  EXPECT_EQ(bureau.demandes,
+            (QList<QUrl>{QUrl::fromLocalFile(QString::fromStdString(aide)), QUrl("https://example.org/aide")}));
+}
+
 }  // namespace
+
+#include "test_ServicesQt.moc"

@@ -4,6 +4,7 @@
 #include "core/Etat.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -54,6 +55,52 @@ TEST(Script, AnswersDialogsInTheirOrder) {
   EXPECT_EQ(Svc.Saisit(Textes::NomNouvelleTable, "", ""), "Neuve");
 }
 
+TEST(Script, FailsATestWithAWindowOrAnOpeningThatItDoesNotHold) {
+  EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Svc.OuvreFenetre("F_ChangtTable"), std::nullopt), "window F_ChangtTable");
+  EXPECT_NONFATAL_FAILURE(EXPECT_NE(Svc.OuvreParBureau("/x/aide.pdf"), IssueBureau::Ouvert), "/x/aide.pdf");
+}
+
+TEST(Script, AnswersWindowsAndOpeningsInTheirOrder) {
+  essai::AttendFenetre("F_ChangtTable", 2);
+  essai::AttendFenetre("F_ChangtTable", std::nullopt);
+  essai::AttendBureau("/x/aide.pdf", IssueBureau::SansDroit);
+  EXPECT_EQ(Svc.OuvreFenetre("F_ChangtTable"), 2);
+  EXPECT_EQ(Svc.OuvreFenetre("F_ChangtTable"), std::nullopt);
+  EXPECT_EQ(Svc.OuvreParBureau("/x/aide.pdf"), IssueBureau::SansDroit);
+}
+
+TEST(Script, KeepsWhatWindowsAreToldOfAMachineThatMoves) {
+  Svc.RetientVeille(true);
+  Svc.MontreStop(true);
+  Svc.MarquePosition(1.5, 2);
+  Svc.MontrePosition(1.5, 2, -3);
+  Svc.LigneRun(0, 0, 1.5F, 2);
+  Svc.Pilotage(DemandePilotage::Reduit);
+  EXPECT_EQ(essai::Vu().veilles, std::vector<bool>{true});
+  EXPECT_EQ(essai::Vu().stops, std::vector<bool>{true});
+  EXPECT_THAT(essai::Vu().marques, testing::ElementsAre(std::array<double, 2>{1.5, 2}));
+  EXPECT_THAT(essai::Vu().positions, testing::ElementsAre(std::array<double, 3>{1.5, 2, -3}));
+  EXPECT_THAT(essai::Vu().lignes, testing::ElementsAre(std::array<float, 4>{0, 0, 1.5F, 2}));
+  EXPECT_THAT(essai::Vu().pilotage, testing::ElementsAre(DemandePilotage::Reduit));
+  Svc.EffaceLigneRun();
+  EXPECT_TRUE(essai::Vu().lignes.empty());
+}
+
+TEST(EtatRun, IsNewAgainInEachTest) {
+  for (int tour = 0; tour < 2; ++tour) {
+    EXPECT_EQ(Marche, EtatRun{});
+    StopDemande = Pause = FraisageEnCours = ArretRampe = SansSuivi = ClavierActif = EcranVeilleActif = Vrai;
+    ModeEnvoiTable = 2;
+    ListeFlash = {0, 128};
+    TableReprise.resize(2);
+    IndexSuivi = NbBlocsTotal = 7;
+    VitesseJog = 4;
+    RunActif = OperationCarte = true;
+    EXPECT_NE(Marche, EtatRun{});
+    RemetTout();
+  }
+}
+
 TEST(ServicesMuets, EndsTheProgramAtABoxThatNobodyAnswers) {
   const Services muets = ServicesMuets();
   Boite boite;
@@ -62,6 +109,8 @@ TEST(ServicesMuets, EndsTheProgramAtABoxThatNobodyAnswers) {
   EXPECT_DEATH(muets.Montre(boite), "erreurs 31");
   EXPECT_DEATH(muets.ChoisitFichier(Dialogue("mnu_Ouvrir")), "mnu_Ouvrir");
   EXPECT_DEATH(muets.Saisit(Textes::NomNouvelleTable, "", ""), "lib007");
+  EXPECT_DEATH(muets.OuvreFenetre("F_ChangtTable"), "F_ChangtTable");
+  EXPECT_DEATH(muets.OuvreParBureau("/x/aide.pdf"), "/x/aide.pdf");
 }
 
 TEST(ServicesMuets, LetsEverythingElsePass) {
@@ -76,6 +125,13 @@ TEST(ServicesMuets, LetsEverythingElsePass) {
   muets.Rafraichit();
   muets.DessinOuvert(true);
   muets.FichierRecent("");
+  muets.RetientVeille(true);
+  muets.MarquePosition(0, 0);
+  muets.MontrePosition(0, 0, 0);
+  muets.LigneRun(0, 0, 0, 0);
+  muets.EffaceLigneRun();
+  muets.MontreStop(true);
+  muets.Pilotage(DemandePilotage::Reduit);
   muets.LaisseEvenements(Evenements::Tous);
   muets.Bip();
   const double avant = muets.Horloge();
