@@ -1,4 +1,4 @@
-// The end of the program, the lock against a second copy, the screen saver.
+// The end of the program, the lock against a second copy.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
@@ -164,15 +163,6 @@ void RetaillePlacement(const EtatFenetre& fenetre) {
   const SansProjet reglages;
   const LotCles lot;
   EcritPlace(fenetre);
-}
-
-CoupeVeille::CoupeVeille(CrochetsVeille crochets) : crochets_(std::move(crochets)) {
-  active_ = crochets_.Lit && crochets_.Lit();
-  if (crochets_.Ecrit) crochets_.Ecrit(false);
-}
-
-CoupeVeille::~CoupeVeille() {
-  if (crochets_.Ecrit) crochets_.Ecrit(active_);
 }
 
 }  // namespace ovelin

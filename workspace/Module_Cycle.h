@@ -20,9 +20,8 @@ struct EtatCycle {
   MemoireOutil Outil;             // last position shown of the tool
   bool AfficheOutil = false;      // the two flags of the tool display
   bool AfficheOutil2 = false;
-  bool OperationCarte = false;  // an operation of the board runs
-  bool OutilFiche = false;      // the tool of the database is shown (CB_SAV_13 of the table)
-  bool RemiseDefauts = false;   // mnu_Defaut: the settings file makes room for a fresh one at the end
+  bool OutilFiche = false;     // the tool of the database is shown (CB_SAV_13 of the table)
+  bool RemiseDefauts = false;  // mnu_Defaut: the settings file makes room for a fresh one at the end
 };
 extern EtatCycle Cycle;
 
@@ -131,24 +130,5 @@ void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents);
 // The end when nobody can be asked: the same settings, to the settings file alone. The snapshots stay for the next
 // start where `gardeInstantanes`.
 void TermineSansQuestion(const EtatFenetre& fenetre, const std::string& documents, bool gardeInstantanes);
-
-// --- screen saver --------------------------------------------------------------------------------------------
-
-struct CrochetsVeille {
-  std::function<bool()> Lit;  // it is active
-  std::function<void(bool)> Ecrit;
-};
-// Off as long as the object stands, then as it was.
-class CoupeVeille {
- public:
-  explicit CoupeVeille(CrochetsVeille crochets);
-  ~CoupeVeille();
-  CoupeVeille(const CoupeVeille&) = delete;
-  CoupeVeille& operator=(const CoupeVeille&) = delete;
-
- private:
-  CrochetsVeille crochets_;
-  bool active_ = false;
-};
 
 }  // namespace ovelin

@@ -274,19 +274,6 @@ TEST(DechargeFenetre, SnapshotsGoHiddenOnesToo) {
   EXPECT_TRUE(ListeFichiers(DossierTemp, "OVL").empty());
 }
 
-TEST(CoupeVeille, TheScreenSaverIsOffMeanwhileAndAsBeforeAfterwards) {
-  for (const bool avant : {true, false}) {
-    std::vector<bool> ecrits;
-    {
-      const CoupeVeille coupe({[avant] { return avant; }, [&ecrits](bool actif) { ecrits.push_back(actif); }});
-      EXPECT_EQ(ecrits, std::vector<bool>{false});
-    }
-    EXPECT_EQ(ecrits, (std::vector<bool>{false, avant}));
-  }
-}
-
-TEST(CoupeVeille, WithoutADesktopNothingHappens) { const CoupeVeille coupe({}); }
-
 TEST(OuvreLigneCommande, TellsAnUnknownExtensionInTheUsersLanguage) {
   essai::EcritFichierEssai("OVELINde.trad", "[erreurs]\nExtension=Unbekannte Dateiendung\n");
   Regl.Langue = "de";
