@@ -24,6 +24,9 @@ std::string TexteNombreLimite(double v, std::size_t largeur);
 // "0.00" is "2.68"); no sign when every digit is 0; user's mark. NaN and infinities give "0".
 std::string Formate(double v, std::string_view motif);
 
+// The keys that a numeric field lets through: digits, sign, both marks, backspace.
+inline constexpr std::string_view TouchesNumeriques = "0123456789-.,\b";
+
 // A whole text as a number, either mark, blanks around allowed, no thousands marks; nothing else. Nothing for a
 // text that isn't a finite number.
 std::optional<double> NombreDuTexte(std::string_view texte);

@@ -95,7 +95,6 @@ void PoseConstantes(const CrochetsDemarrage& crochets) {
   Cycle.OuvertureDehors = false;
   Cycle.Outil = MemoireOutil{MemoireOutil::Aucune, MemoireOutil::Aucune};
   Cycle.AfficheOutil = Cycle.AfficheOutil2 = false;
-  Cycle.TouchesNumeriques = "0123456789-.,\b";
 }
 
 void Associe(const CrochetsDemarrage& crochets) {

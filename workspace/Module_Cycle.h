@@ -15,10 +15,9 @@ namespace ovelin {
 // Set once at the start and read by the windows.
 struct EtatCycle {
   std::string NomSysteme;
-  std::string TouchesNumeriques;  // what numeric fields let through
-  bool OuvertureDehors = false;   // an opening from outside the dialog waits
-  MemoireOutil Outil;             // last position shown of the tool
-  bool AfficheOutil = false;      // the two flags of the tool display
+  bool OuvertureDehors = false;  // an opening from outside the dialog waits
+  MemoireOutil Outil;            // last position shown of the tool
+  bool AfficheOutil = false;     // the two flags of the tool display
   bool AfficheOutil2 = false;
   bool OutilFiche = false;     // the tool of the database is shown (CB_SAV_13 of the table)
   bool RemiseDefauts = false;  // mnu_Defaut: the settings file makes room for a fresh one at the end

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <string_view>
 
 #include "core/Nombres.h"
 #include "core/Services.h"
@@ -38,12 +39,13 @@ QString FiltreTouche(const QString& touche, const QString& texteReste, char marq
   bool aMarque = texteReste.contains(m);
   QString passe;
   for (const QChar c : touche) {
-    if (c == QLatin1Char('.') || c == QLatin1Char(',')) {
+    const char lettre = c.unicode() < 0x80 ? c.toLatin1() : '\0';
+    if (TouchesNumeriques.find(lettre) == std::string_view::npos) continue;
+    if (lettre != '.' && lettre != ',') {
+      passe += c;
+    } else {
       if (!aMarque) passe += m;
       aMarque = true;
-    } else if ((c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char('-') ||
-               c == QLatin1Char('\b')) {
-      passe += c;
     }
   }
   return passe;

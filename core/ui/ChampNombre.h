@@ -75,7 +75,7 @@ class ChampNombre : public QLineEdit {
 // What a field holds is shown, not entered: no frame, no ground, no change; it can still be copied.
 void MontreSeulement(QLineEdit& champ);
 
-// A key through the numeric filter ("0123456789-.," and backspace): "." and "," become the user's decimal mark, or
+// A key through the numeric filter (`TouchesNumeriques`): "." and "," become the user's decimal mark, or
 // nothing when the field holds one already outside its selection. Empty: the key is dropped.
 QString FiltreTouche(const QString& touche, const QString& texteReste, char marque);
 

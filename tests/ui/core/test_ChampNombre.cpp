@@ -14,7 +14,9 @@
 #include <QVBoxLayout>
 #include <memory>
 #include <new>
+#include <string_view>
 
+#include "core/Nombres.h"
 #include "core/ui/ChampNombre.h"
 #include "core/ui/ServicesQt.h"
 #include "tests/ui/support/SupportUi.h"
@@ -36,6 +38,14 @@ TEST(FiltreTouche, DropsEveryOtherKey) {
     EXPECT_EQ(FiltreTouche(touche, "12", '.'), "") << touche;
   }
   EXPECT_EQ(FiltreTouche(QString(QChar(0x0661)), "", '.'), "") << "a digit of another script";
+}
+
+TEST(FiltreTouche, LetsThroughTheKeysOfTheSetAndNoOther) {
+  for (char c = 1; c > 0 && c < 127; ++c) {
+    const bool marque = c == '.' || c == ',';
+    const bool passe = !FiltreTouche(QString(QLatin1Char(c)), "", marque ? c : '.').isEmpty();
+    EXPECT_EQ(passe, TouchesNumeriques.find(c) != std::string_view::npos) << static_cast<int>(c);
+  }
 }
 
 TEST(FiltreTouche, BothMarksBecomeTheUsers) {

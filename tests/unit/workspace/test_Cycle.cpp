@@ -82,7 +82,6 @@ TEST(Demarrage, SetsTheValuesThatTheWindowsRead) {
   Demarrage d;
   d.Lance();
   EXPECT_EQ(Cycle.NomSysteme, "Unix");
-  EXPECT_EQ(Cycle.TouchesNumeriques, "0123456789-.,\b");
   EXPECT_EQ(Svc.MarqueDecimale, ',');
   EXPECT_EQ(Cycle.Outil, (MemoireOutil{-999, -999}));
   EXPECT_FALSE(Cycle.OuvertureDehors || Cycle.AfficheOutil || Cycle.AfficheOutil2 || OperationCarte);
