@@ -83,14 +83,6 @@ ProjetLu LitEnFond(const std::string& chemin, ProjetLu (*lecture)(const std::str
   return lu;
 }
 
-// Count and bounds come into force also where a project is refused for them.
-bool PrendRecensement(const ProjetLu& lu) {
-  const Document& d = lu.document;
-  NbPoints = d.NbPoints;
-  if (NbPoints > 0) Xmin = d.Xmin, Xmax = d.Xmax, Ymin = d.Ymin, Ymax = d.Ymax;
-  return lu.refus ? MontreRefus(*lu.refus) : true;
-}
-
 }  // namespace
 
 std::string LignesReglages(const std::string& chemin) {
@@ -133,7 +125,14 @@ ErreurSysteme EcrireProjet(const std::string& chemin) {
   return erreur;
 }
 
-bool VerifierProjet(const std::string& chemin) { return PrendRecensement(LitEnFond(chemin, RecenseFichierProjet)); }
+bool VerifierProjet(const ProjetLu& lu) {
+  const Document& d = lu.document;
+  NbPoints = d.NbPoints;
+  if (NbPoints > 0) Xmin = d.Xmin, Xmax = d.Xmax, Ymin = d.Ymin, Ymax = d.Ymax;
+  return lu.refus ? MontreRefus(*lu.refus) : true;
+}
+
+bool VerifierProjet(const std::string& chemin) { return VerifierProjet(LitEnFond(chemin, RecenseFichierProjet)); }
 
 bool LireProjet(const std::string& chemin) {
   if (chemin.empty()) return false;
@@ -144,7 +143,7 @@ bool PrendProjet(const std::string& chemin, ProjetLu&& lu) {
   Doc.EchelleX = 1.0;
   Doc.EchelleY = 1.0;
   const LotCles lot;  // some thirty keys out of one reading of the project
-  if (!PrendRecensement(lu)) return false;
+  if (!VerifierProjet(lu)) return false;
   if (chemin == FichierCourant) magasin::PoseProjet(chemin, lu.avant, std::move(lu.reglages));
 
   FichierProjet = "Chargt";

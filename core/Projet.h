@@ -22,7 +22,10 @@ std::string LignesReglages(const std::string& chemin);
 bool LireProjet(const std::string& chemin);
 // The second half: a project that has been read comes into force, as by LireProjet.
 bool PrendProjet(const std::string& chemin, ProjetLu&& lu);
-// The first pass alone: NbPoints and the bounds from the file. False with the message as above.
+// The first pass of a reading: NbPoints and the bounds out of what was read, also where that is refused. False with
+// the message as above.
+bool VerifierProjet(const ProjetLu& lu);
+// That pass alone over a file.
 bool VerifierProjet(const std::string& chemin);
 
 // What lies above this folder and takes part in a reading. Empty functions are skipped.
