@@ -86,6 +86,7 @@ Services ServicesMuets() {
   s.AvancementPlus = [] {};
   s.AvancementFin = [] {};
   s.Panneau = [](PanneauEtat, const std::string&) {};
+  s.RafraichitEtat = [] {};
   s.Rafraichit = [] {};
   s.DessinOuvert = [](bool) {};
   s.FichierRecent = [](const std::string&) {};

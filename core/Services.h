@@ -96,6 +96,8 @@ struct Services {
   std::function<void()> AvancementFin;
   // Text of a panel of the status bar.
   std::function<void(PanneauEtat panneau, const std::string& texte)> Panneau;
+  // The status bar shows at once what has been written to it.
+  std::function<void()> RafraichitEtat;
   // Lists, trees and picture follow the document.
   std::function<void()> Rafraichit;
   // Menus and buttons that need a drawing: disabled while one is opened, enabled when it stands; then the view is

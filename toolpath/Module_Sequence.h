@@ -28,6 +28,8 @@ void EncombrementSelection(float& xmin, float& xmax, float& ymin, float& ymax, i
 // Bounds of the document, from all its points; untouched when there are none. The status bar follows.
 void EncombrementGeneral();
 PointTrace CentreSelection();
+// The lowest and the greatest `Seq` in text order; CodeAucun without points.
+Code2 PlusPetitCode();
 Code2 PlusGrandCode();
 std::int32_t NbSequences();
 

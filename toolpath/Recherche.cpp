@@ -5,26 +5,27 @@
 
 #include "base/Boite.h"
 #include "core/DocumentCourant.h"
+#include "core/Services.h"
 #include "toolpath/Module_Sequence.h"
 
 namespace ovelin {
 
 namespace {
 
-using Boite = base::Boite<float>;
+using Cadre = base::Boite<float>;
 
 // Widens the box by a run; the first point of all counts as it is.
-void Etend(std::optional<Boite>& somme, std::span<const PointTrace> points) {
+void Etend(std::optional<Cadre>& somme, std::span<const PointTrace> points) {
   for (const PointTrace& p : points) {
     if (somme) {
       somme->Etend(p.X, p.Y);
     } else {
-      somme = Boite::De(p.X, p.Y);
+      somme = Cadre::De(p.X, p.Y);
     }
   }
 }
 
-void Rend(const Boite& b, float& xmin, float& xmax, float& ymin, float& ymax) {
+void Rend(const Cadre& b, float& xmin, float& xmax, float& ymin, float& ymax) {
   xmin = b.x0, xmax = b.x1, ymin = b.y0, ymax = b.y1;
 }
 
@@ -50,7 +51,7 @@ std::int32_t NbPointsSequence(std::int32_t premier) {
 std::int32_t EncombrementSequence(std::int32_t premier, float& xmin, float& xmax, float& ymin, float& ymax) {
   const std::int32_t n = NbPointsSequence(premier);
   if (n == 0) return 0;
-  std::optional<Boite> b;
+  std::optional<Cadre> b;
   Etend(b, PointsDe(TraceInitial, EtendueDepuis(TraceInitial, static_cast<std::size_t>(premier))));
   Rend(*b, xmin, xmax, ymin, ymax);
   return n;
@@ -58,7 +59,7 @@ std::int32_t EncombrementSequence(std::int32_t premier, float& xmin, float& xmax
 
 void EncombrementSelection(float& xmin, float& xmax, float& ymin, float& ymax, int tout) {
   const IndexCodes index = IndexDocument();
-  std::optional<Boite> b;
+  std::optional<Cadre> b;
   for (const SequenceInfo& s : Sequences) {
     if (tout == 0 && s.Selection == Faux) continue;
     if (const auto premier = index.PremierPoint(s.Code)) {
@@ -68,7 +69,10 @@ void EncombrementSelection(float& xmin, float& xmax, float& ymin, float& ymax, i
   if (b) Rend(*b, xmin, xmax, ymin, ymax);
 }
 
-void EncombrementGeneral() { MesureDocument(Doc); }
+void EncombrementGeneral() {
+  MesureDocument(Doc);
+  Svc.RafraichitEtat();
+}
 
 PointTrace CentreSelection() {
   float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
@@ -77,6 +81,13 @@ PointTrace CentreSelection() {
   centre.X = (x0 + x1) / 2;
   centre.Y = (y0 + y1) / 2;
   return centre;
+}
+
+Code2 PlusPetitCode() {
+  if (TraceInitial.empty()) return CodeAucun;
+  Code2 plusPetit = TraceInitial.front().Seq;
+  for (const PointTrace& p : TraceInitial) plusPetit = std::min(plusPetit, p.Seq);
+  return plusPetit;
 }
 
 Code2 PlusGrandCode() {

@@ -149,6 +149,7 @@ void F_Representation::Relie() {
 // What the procedures ask of the window that shows the document.
 void F_Representation::InstalleServices() {
   Svc.Rafraichit = [this] { Rafraichit(); };
+  Svc.RafraichitEtat = [this] { SB1_->repaint(); };
   Svc.DessinOuvert = [this](bool ouvert) { DessinOuvert(ouvert); };
   Svc.FichierRecent = [this](const std::string& chemin) {
     AjouteRecent(chemin);

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "core/DocumentCourant.h"
+#include "core/Services.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -130,6 +131,15 @@ TEST(EncombrementGeneral, TakesAllPointsAlsoThoseWithoutARecord) {
   EXPECT_EQ(Ymax, 60);
 }
 
+TEST(EncombrementGeneral, RefreshesTheStatusBarBehindTheBounds) {
+  TroisChemins();
+  Xmax = 0;
+  std::vector<float> alors;
+  Svc.RafraichitEtat = [&alors] { alors.push_back(Xmax); };
+  EncombrementGeneral();
+  EXPECT_EQ(alors, std::vector<float>{20});
+}
+
 TEST(EncombrementGeneral, LeavesTheBoundsAloneWithoutPoints) {
   Xmin = 4;
   EncombrementGeneral();
@@ -158,6 +168,16 @@ TEST(PlusGrandCode, FollowsTextOrder) {
   AjouteSequence("BZ", {{0, 0}});
   EXPECT_EQ(PlusGrandCode(), Code2("Ba"));
 }
+
+TEST(PlusPetitCode, FollowsTextOrder) {
+  AjouteSequence("BZ", {{0, 0}});
+  AjouteSequence("Aa", {{0, 0}});
+  AjouteSequence(" z", {{0, 0}});
+  AjouteSequence("AZ", {{0, 0}});
+  EXPECT_EQ(PlusPetitCode(), Code2(" z"));
+}
+
+TEST(PlusPetitCode, IsNoPathWithoutPoints) { EXPECT_EQ(PlusPetitCode(), CodeAucun); }
 
 TEST(PlusGrandCode, IsNoPathWithoutPoints) { EXPECT_EQ(PlusGrandCode(), CodeAucun); }
 
