@@ -37,7 +37,7 @@ void F_Soudure::Construit() {
   setWindowTitle(QStringLiteral("Tolérance de soudure"));
   QVBoxLayout* boite = ColonneFenetre(*this);
   TB_Tolerance_ =
-      Champ("TB_Tolerance", "mm",
+      Champ("TB_Tolerance", "",
             "Les extrémités plus proches que cette valeur sont jointes à l'ouverture d'un dessin", this);
   VScroll_Tolerance_ =
       Nomme(new QScrollBar(Qt::Vertical, this), "VScroll_Tolerance", "De 0,5 mm en haut à 0 en bas, par dixièmes");

@@ -1,4 +1,5 @@
 // The window of the weld tolerance, by mouse and keys.
+#include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -18,6 +19,13 @@ TEST(F_Soudure, ShowsTheToleranceInForceAndTheNearestPlace) {
   F_Soudure f;
   EXPECT_EQ(Controle<ChampNombre>(f, "TB_Tolerance")->Texte(), "0.28");
   EXPECT_EQ(Controle<QScrollBar>(f, "VScroll_Tolerance")->value(), 2);  // 0.3
+}
+
+TEST(F_Soudure, TheUnitStandsInTheLabelAlone) {
+  F_Soudure f;
+  EXPECT_TRUE(Controle<QLabel>(f, "Label1")->text().endsWith("(mm)"));
+  EXPECT_EQ(Controle<ChampNombre>(f, "TB_Tolerance")->textMargins().right(), 0)
+      << "no room for a unit in the field";
 }
 
 TEST(F_Soudure, KeepsAValueBeyondTheScale) {
