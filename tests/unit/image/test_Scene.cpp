@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
@@ -583,6 +584,30 @@ TEST(PointsApercu, StartsWithTheFirstPoint) {
   EXPECT_EQ(choisis[0].X, 0.0F);
   EXPECT_EQ(choisis[1].X, 2.0F);
   EXPECT_EQ(choisis.back().X, 1998.0F);
+}
+
+// Two combs of 2000 points each, 50 mm apart, and short paths that the choice of points leaves out or cuts to one:
+// no stroke leads from a path to another.
+TEST(ConstruitApercu, NeverJoinsPointsOfTwoPathsHoweverManyThereAre) {
+  std::vector<PointTrace> points;
+  const auto ajoute = [&points](const char* code, float y, int nombre) {
+    for (int i = 0; i < nombre; ++i) {
+      points.push_back({static_cast<float>(i), y + static_cast<float>(i % 2), CodePD, Code2(code)});
+    }
+  };
+  ajoute(" A", 0, 2000);
+  for (const char* court : {" B", " C", " D", " E"}) ajoute(court, 25, 3);
+  ajoute(" F", 50, 2000);
+  const std::vector<PointTrace> choisis = PointsApercu(points);
+  ASSERT_LT(choisis.size(), points.size());
+  Scene scene;
+  ConstruitApercu(choisis, 1, 1, {30000, 3000}, scene);
+  // 52 mm on the picture's height stand for the drawing's 51; a stroke within a path spans a fiftieth of that.
+  for (const Primitive& p : scene.Primitives) {
+    const Points suite = PointsDe(scene, p);
+    for (std::size_t i = 1; i < suite.size(); ++i) EXPECT_LT(std::abs(suite[i].Y - suite[i - 1].Y), 200) << i;
+  }
+  EXPECT_GE(scene.Primitives.size(), 2U);
 }
 
 TEST(ConstruitApercu, FitsTheShapeWithItsRatiosIntoThePicture) {
