@@ -24,13 +24,13 @@ void Refuse(ProjetLu& lu, const std::string& chemin, CleTexte texte, const std::
 void Verifie(ProjetLu& lu, const std::string& chemin, const RecensementProjet& r) {
   // A file of empty lines could hold more of them than the count can tell.
   if (r.NbPoints == 0 || r.NbPoints > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
-    Refuse(lu, chemin, Textes::ProjetVide);
+    Refuse(lu, chemin, Textes::ProjetVide, "\n" + chemin);
     return;
   }
   Document& d = lu.document;
   d.NbPoints = static_cast<std::int32_t>(r.NbPoints);
   d.Xmin = r.Xmin, d.Xmax = r.Xmax, d.Ymin = r.Ymin, d.Ymax = r.Ymax;
-  if (d.Xmin == d.Xmax && d.Ymin == d.Ymax) Refuse(lu, chemin, Textes::PointsConfondus);
+  if (d.Xmin == d.Xmax && d.Ymin == d.Ymax) Refuse(lu, chemin, Textes::PointsConfondus, "\n" + chemin);
 }
 
 void LitTout(ProjetLu& lu, const std::string& chemin, std::string_view octets) {
@@ -68,7 +68,7 @@ ProjetLu Lit(const std::string& chemin, Lecture lecture) {
     }
   } catch (const std::bad_alloc&) {
     lu = ProjetLu{};
-    Refuse(lu, chemin, Textes::MemoireManque);
+    Refuse(lu, chemin, Textes::MemoireManque, "\n" + chemin);
   }
   return lu;
 }

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <functional>
 #include <new>
+#include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -126,10 +128,18 @@ std::string TexteLecture(const pathwerk::RapportLecture& rapport) {
   for (const pathwerk::AvisLecture& avis : rapport.Suppose) {
     if (const auto connu = TexteAvis(avis.Numero)) ajoute(Traduire(*connu) + DetailAvis(avis));
   }
+  std::string ecartes;
   for (const auto& [genre, nombre] : rapport.Ignores) {
-    ajoute(Traduire(SectionEcartes, genre) + " " + std::to_string(nombre));
+    ecartes += (ecartes.empty() ? " " : ", ") + Traduire(SectionEcartes, genre) + " " + std::to_string(nombre);
   }
+  if (!ecartes.empty()) ajoute(Traduire(Textes::Ecartes) + ecartes);
   return texte;
+}
+
+// Why nothing may be left of a drawing: its end is missing, or all of it is of kinds that aren't milled.
+std::string PourquoiSiPeu(const pathwerk::RapportLecture& rapport) {
+  const std::string lu = TexteLecture(rapport);
+  return (lu.empty() ? "" : ": " + lu) + (rapport.Tronque ? "\n" + Traduire(Textes::FichierTronque) : "");
 }
 
 // What the reader supposed that changes the size of the drawing: a unit that nobody gave, extents that don't fit.
@@ -164,12 +174,23 @@ void CommenceOuverture(const std::string& chemin, const OptionsOuverture& option
   if (!EstProjet(chemin)) TraceDecale.clear();
 }
 
+// A closing line of an old file stands where the file has no settings line of its key: the settings of this machine
+// were never those of that drawing.
+void PrendFermeture(std::string_view cle, const std::optional<double>& fermeture, double& valeur) {
+  const OrigineCle origine = OrigineDe(cle);
+  if (fermeture && origine != OrigineCle::Projet && origine != OrigineCle::Surcharge) valeur = *fermeture;
+}
+
 // False when it is refused, which has been told.
 bool PrendProjetLu(DessinLu& lu) {
+  const std::optional<double> largeur = lu.projet->LargeurEncoche;
+  const std::optional<double> mini = lu.projet->MiniEncoche;
   if (!PrendProjet(lu.chemin, std::move(*lu.projet))) return false;
   FichierProjet = lu.chemin;
   Modifie = Vrai;
   LitReglagesDocument();
+  PrendFermeture(cles::LargeurEncoche, largeur, LargeurEncoche);
+  PrendFermeture(cles::MiniEncoche, mini, MiniEncoche);
   return true;
 }
 
@@ -191,6 +212,7 @@ bool PrendEtranger(DessinLu& lu) {
 
 // Traces, focus and status bar of a drawing that stands.
 void AcheveOuverture(const std::string& ecartes) {
+  VERIFIE(!TraceInitial.empty());  // fewer than two points are refused
   Svc.LaisseEvenements(Evenements::Affichage);
   RecalculDecalages();
   Svc.LaisseEvenements(Evenements::Affichage);
@@ -245,7 +267,10 @@ std::string ChoisitDessin() {
 }
 
 DessinLu LitAOuvrir(const std::string& chemin) {
-  return EstProjet(chemin) ? LitProjetEnFond(chemin) : LitEtranger(chemin);
+  DessinLu lu = EstProjet(chemin) ? LitProjetEnFond(chemin) : LitEtranger(chemin);
+  if (lu.refus && lu.document.NbPoints == ErreurTropPeuDePoints)
+    lu.refus->suite += PourquoiSiPeu(lu.contenu.rapport);
+  return lu;
 }
 
 void RefuseDessinLu(const DessinLu& lu) {

@@ -109,7 +109,9 @@ std::vector<std::pair<std::string, std::string>> ClesOuverture(const std::string
 RefusFichier RefusLecture(std::int32_t numero, const std::string& chemin, const ContenuLu& contenu) {
   RefusFichier refus = RefusErreur(numero);
   refus.suite = " (" + ExtensionDe(chemin) + ")";
-  if (numero != SansMessage && !contenu.message.empty()) refus.suite += "\n" + contenu.message;
+  // A drawing that is read and too small has no message of a failure: its line names the file.
+  const std::string message = numero == ErreurTropPeuDePoints ? NomDe(chemin) : contenu.message;
+  if (numero != SansMessage && !message.empty()) refus.suite += "\n" + message;
   refus.fichier = chemin;
   refus.ligne = contenu.rapport.Ligne;
   return refus;

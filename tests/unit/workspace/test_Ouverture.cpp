@@ -74,7 +74,8 @@ TEST(Ouvrir, WhatTheReaderLeavesOutIsToldInTheStatusBarUntilTheNextDrawing) {
   avecTexte.insert(avecTexte.find("0\r\nENDSEC"),
                    "0\r\nTEXT\r\n8\r\n0\r\n10\r\n1\r\n20\r\n2\r\n40\r\n5\r\n1\r\nA\r\n");
   EXPECT_EQ(Ouvre(EcritFichierEssai("texte.dxf", avecTexte)), Ouverture::Reussie);
-  EXPECT_THAT(essai::Panneaux(), testing::Contains(testing::Pair(5, "TEXT 1")));
+  EXPECT_THAT(essai::Panneaux(),
+              testing::Contains(testing::Pair(5, Traduire("F_Representation", "Ecartes") + " TEXT 1")));
   EXPECT_EQ(Ouvre(EcritFichierEssai("carre.dxf", CarreDxf)), Ouverture::Reussie);
   EXPECT_EQ(essai::Panneaux().back(), (std::pair<int, std::string>{5, ""}));
 }
@@ -196,7 +197,8 @@ TEST(Ouvrir, AGuessedNumberFormatStandsInTheStatusBarAlone) {
   const std::string texte = "M48\r\nMETRIC\r\n%\r\nX1000Y1000\r\nX2000Y1000\r\nX2000Y1000\r\nM30\r\n";
   ASSERT_EQ(Ouvre(EcritFichierEssai("f.drl", texte), &lu), Ouverture::Reussie);
   EXPECT_EQ(lu.message, Traduire("F_Representation", "lib132") + " METRIC,TZ,000.000, " +
-                            Traduire("Ecartes", "DUPLICATE") + " 1");
+                            Traduire("F_Representation", "Ecartes") + " " + Traduire("Ecartes", "DUPLICATE") +
+                            " 1");
   EXPECT_EQ(essai::Panneaux().back(), (std::pair<int, std::string>{5, lu.message}));
 }
 
@@ -218,6 +220,58 @@ TEST(Ouvrir, EveryKindOfTheAssemblyHasItsWord) {
   for (const char* genre : {"DUPLICATE", "ZERO_LENGTH", "ROW", "LAYER", "PAPER_SPACE"}) {
     EXPECT_NE(Traduire("Ecartes", genre), genre);
   }
+}
+
+TEST(Ouvrir, WhatIsLeftOutIsASentenceOfWordsOfTheLanguage) {
+  Regl.Langue = "fr";
+  ContenuLu lu;
+  std::string texte = Dxf({{true, {{10, 10}, {50, 10}, {50, 50}}}, {true, {{10, 10}, {50, 10}, {50, 50}}}});
+  texte.insert(texte.find("0\r\nENDSEC"), "0\r\nTEXT\r\n8\r\n0\r\n10\r\n1\r\n20\r\n2\r\n40\r\n5\r\n1\r\nA\r\n");
+  ASSERT_EQ(Ouvre(EcritFichierEssai("d.dxf", texte), &lu), Ouverture::Reussie);
+  EXPECT_EQ(lu.message, "Laissé de côté : doublon 1, TEXT 1");
+}
+
+// Nothing of such a file is in the library's message but what was left out, in words of the formats.
+TEST(Ouvrir, ADrawingThatHoldsNothingToMillNamesItsFileAndWhatWasLeftOut) {
+  Regl.Langue = "fr";
+  Attend("F_Representation", "lib109");
+  std::string texte = Dxf({});
+  texte.insert(texte.find("0\r\nENDSEC"), "0\r\nTEXT\r\n8\r\n0\r\n10\r\n1\r\n20\r\n2\r\n40\r\n5\r\n1\r\nA\r\n");
+  EXPECT_EQ(Ouvre(EcritFichierEssai("texte.dxf", texte)), Ouverture::Refusee);
+  const std::string debut = Traduire("F_Representation", "lib109");
+  EXPECT_EQ(essai::Boites().back().texte, debut + " (DXF)\ntexte.dxf: Laissé de côté : TEXT 1");
+  Attend("F_Representation", "lib109");
+  EXPECT_EQ(Ouvre(EcritFichierEssai("coupe.plt", "IN;SP1;PU0,0;PD40")), Ouverture::Refusee);
+  EXPECT_EQ(essai::Boites().back().texte, debut + " (PLT)\ncoupe.plt\n" + Traduire("erreurs", "102"));
+}
+
+TEST(Ouvrir, AProjectWithoutPointsOrWithAllInOnePlaceNamesItsFile) {
+  for (const auto& [points, cle] :
+       {std::pair{"$$PCPoche=1\r\n", "100"}, {"$$PCPoche=1\r\n1              2              PD\r\n", "101"}}) {
+    const std::string chemin = EcritFichierEssai("p.OVL", points);
+    Attend("erreurs", cle);
+    EXPECT_EQ(Ouvre(chemin), Ouverture::Refusee);
+    EXPECT_EQ(essai::Boites().back().texte, Traduire("erreurs", cle) + "\n" + chemin);
+  }
+}
+
+// Both notch values of a project that was written before there were keys of them, and of one that holds both.
+TEST(Ouvrir, TheClosingLinesOfAnOldProjectActUnlessItsSettingsSayOtherwise) {
+  EcrireCle("LargeurEncoche", "7");
+  EcrireCle("MiniEncoche", "0.25");
+  const std::string points =
+      "1              2              PD              A\r\n3              5              PD              A\r\n"
+      "$$Mat01 6\r\n$$Mat02 1.5\r\n";
+  ASSERT_EQ(Ouvre(EcritFichierEssai("vieux.OVL", points)), Ouverture::Reussie);
+  EXPECT_EQ(LargeurEncoche, 6);
+  EXPECT_EQ(MiniEncoche, 1.5);
+  ASSERT_EQ(Ouvre(EcritFichierEssai("neuf.OVL", points + "$$LargeurEncoche=4\r\n")), Ouverture::Reussie);
+  EXPECT_EQ(LargeurEncoche, 4);
+  EXPECT_EQ(MiniEncoche, 1.5);
+  Magasin.Surcharge["minienCOCHE"] = "3";
+  ASSERT_EQ(Ouvre(EcritFichierEssai("vieux.OVL", points)), Ouverture::Reussie);
+  EXPECT_EQ(LargeurEncoche, 6);
+  EXPECT_EQ(MiniEncoche, 3);
 }
 
 TEST(RendUniforme, LeavesBinaryAndReadOnlyFilesAlone) {
