@@ -86,8 +86,7 @@ int Octet(std::uint32_t c) {
 
 }  // namespace
 
-std::string DeTexte8(std::string_view octets) {
-  if (EstAscii(octets) || EstUtf8(octets)) return std::string(octets);
+std::string DeWindows1252(std::string_view octets) {
   std::string s;
   s.reserve(octets.size() + octets.size() / 4);
   for (const char c : octets) {
@@ -97,19 +96,27 @@ std::string DeTexte8(std::string_view octets) {
   return s;
 }
 
-std::string EnTexte8(std::string_view utf8) {
-  if (EstAscii(utf8)) return std::string(utf8);
+std::optional<std::string> EnWindows1252(std::string_view utf8) {
   std::string s;
   s.reserve(utf8.size());
   for (std::size_t i = 0; i < utf8.size();) {
     const std::uint32_t c = Caractere(utf8, i);
     const int octet = c == Invalide ? -1 : Octet(c);
-    if (octet < 0) return std::string(utf8);
+    if (octet < 0) return std::nullopt;
     s += static_cast<char>(octet);
   }
-  // A text such as "A tilde, copyright" would come back as one accented letter: its bytes happen to be UTF-8.
-  if (EstUtf8(s)) return std::string(utf8);
   return s;
+}
+
+std::string DeTexte8(std::string_view octets) {
+  return EstAscii(octets) || EstUtf8(octets) ? std::string(octets) : DeWindows1252(octets);
+}
+
+std::string EnTexte8(std::string_view utf8) {
+  if (EstAscii(utf8)) return std::string(utf8);
+  const auto octets = EnWindows1252(utf8);
+  // A text such as "A tilde, copyright" would come back as one accented letter: its bytes happen to be UTF-8.
+  return octets && !EstUtf8(*octets) ? *octets : std::string(utf8);
 }
 
 std::string Coupe8(std::string_view octets, std::size_t longueur) {

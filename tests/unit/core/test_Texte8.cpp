@@ -54,4 +54,21 @@ TEST(Coupe8, CutsByBytesButNeverInsideACharacter) {
   EXPECT_EQ(Coupe8("ab木c", 4), "ab");
 }
 
+TEST(EnWindows1252, OfATextThatTheSetHoldsHasOneByteACharacter) {
+  EXPECT_EQ(EnWindows1252("Fraise"), "Fraise");
+  EXPECT_EQ(EnWindows1252("\u00E9\u20AC\u0153"), "\xE9\x80\x9C");
+  // Two characters whose bytes happen to be UTF-8 stay two.
+  EXPECT_EQ(EnWindows1252("\u00C3\u00A9"), "\xC3\xA9");
+}
+
+TEST(EnWindows1252, OfACharacterThatTheSetLacksIsNothing) {
+  EXPECT_EQ(EnWindows1252("Fra\u0456se"), std::nullopt);
+  EXPECT_EQ(EnWindows1252("\xFF"), std::nullopt) << "no UTF-8 at all";
+}
+
+TEST(DeWindows1252, GivesEachByteItsCharacter) {
+  EXPECT_EQ(DeWindows1252("\xE9\x80"), "\u00E9\u20AC");
+  EXPECT_EQ(DeWindows1252("\xC3\xA9"), "\u00C3\u00A9");
+}
+
 }  // namespace
