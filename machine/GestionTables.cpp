@@ -7,6 +7,7 @@
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/Texte8.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "machine/Module_Table.h"
@@ -77,6 +78,7 @@ std::optional<CleTexte> RefusNomTable(std::string_view nom) {
     return c == '[' || c == ']' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
   });
   if (interdit || NombreCaracteres(nom) > LongueurMax) return Textes::NomTableRefuse;
+  if (!EnWindows1252(nom)) return Textes::NomTableHorsJeu;
   return std::nullopt;
 }
 

@@ -45,7 +45,7 @@ int OptionLPT(int interfacePuissance);
 // Names of the tables of the settings file, in its order.
 std::vector<std::string> ListeTables();
 // Name rule of copies: nothing when it is good, else why it is refused: 9 characters and more, or a character that
-// can't stand in the name of a section.
+// can't stand in the name of a section or that the board hasn't got.
 std::optional<CleTexte> RefusNomTable(std::string_view nom);
 // The name asked for until it is good; "" when cancelled.
 std::string NomNouvelleTable();

@@ -58,6 +58,11 @@ TEST(RefusNomTable, CountsCharactersNotBytes) {
             "");  // éééééééé
 }
 
+TEST(RefusNomTable, CharactersThatTheBoardHasNotGotAreRefused) {
+  EXPECT_EQ(essai::CleDe(RefusNomTable("Фреза")), "NomTable");
+  EXPECT_EQ(essai::CleDe(RefusNomTable("10 €")), "");
+}
+
 TEST(RefusNomTable, CharactersThatASectionCannotHoldAreRefused) {
   for (const char* nom : {"a]b", "[a", "a\nb", "a\tb", "a\x7F"})
     EXPECT_EQ(essai::CleDe(RefusNomTable(nom)), "lib006") << nom;
