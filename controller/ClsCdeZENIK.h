@@ -4,13 +4,16 @@
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "closed/ZenikCom.h"
+#include "controller/BlocsTable.h"
 #include "controller/ParametresZENIK.h"
 #include "core/Types.h"
 
@@ -116,6 +119,25 @@ class ClsCdeZENIK {
   bool KR4400_Send_CW(std::uint16_t valeur);
   std::uint16_t KR4400_Read_CW();
 
+  // Tables of the machine on the board (TablesCarte.cpp), numbers 0 to 3. One send each.
+  // The table in force stands on the board, is its default, and its parameters are loaded. False: there is no
+  // board, it is too old, the name can't stand there, or an exchange was lost. Where the board's table differs the
+  // user is asked, once for the same differences; with the answer no the board keeps its own values and this is
+  // true.
+  bool TableVerif();
+  // The number of the table of that name, -1 for none. Blanks at both ends don't count; a name of more than eight
+  // characters is never found.
+  std::int16_t TableRecherche(const std::string& nom);
+  std::string TableLectureNom(std::uint8_t table);
+  // Reads that table from the settings; steps, travel and slope are those of the parameters in force. Values that
+  // 16 bits don't hold are told first, once, and then cut.
+  void TableEcrire(const std::string& nom, std::uint8_t table);
+  void TableDefautEcrire(std::uint8_t table);
+  std::uint8_t TableDefautLire();
+  // Another table is in force: its parameters are loaded, and a board that has it takes it as its default.
+  void SuitTable();
+  std::string DemandeVersion();  // the bytes of the answer, "ZENIK v0.32" or later
+
  private:
   bool Ordre(char lettre, std::initializer_list<std::uint8_t> octets);  // the letter, then these bytes from 2 on
   bool OrdreMot(std::uint8_t commande, std::uint16_t mot);
@@ -124,6 +146,21 @@ class ClsCdeZENIK {
   std::optional<std::uint16_t> MotPuce(std::int32_t adresse);
   std::int32_t AdresseCourante = 0;  // of the target
   Drapeau ModeProgrammation = Faux;  // the target is addressed in its data memory
+
+  [[nodiscard]] std::string TexteDe(std::size_t premier, std::size_t dernier) const;  // up to the first 0
+  bool OrdreTable(std::uint8_t commande, std::uint8_t table);
+  std::string NomSurCarte(std::uint8_t table);  // in the board's characters
+  bool TableCompare(std::uint8_t table);        // leaves the differences of the first block that has any
+  void EcritBloc(std::uint8_t commande, std::uint8_t table, const std::array<std::uint8_t, 33>& bloc);
+  static void RefuseNom(const std::string& nom);
+  void DitDebords(const std::string& nom, const ParametresZENIK& p);
+  bool VeutEcrire(std::uint8_t table);
+  void AccordeTable(std::uint8_t table);
+  void PlaceTable();
+  std::vector<EcartTable> ecarts_;
+  bool echangePerdu_ = false;                   // of the tables, since the check began
+  std::map<std::string, bool> reponsesTables_;  // to the question whether a table is to be written
+  std::set<std::string> debordsDits_;
 };
 
 // The one board object; without a board until somebody installs a link.
