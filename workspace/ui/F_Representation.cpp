@@ -11,7 +11,7 @@
 #include <QUrl>
 #include <utility>
 
-#include "controller/ClsCdeZENIK.h"
+#include "controller/ChoixCarte.h"
 #include "core/Cadence.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
@@ -383,10 +383,10 @@ void F_Representation::RegleTimer_Interro() {
 }
 
 void F_Representation::AfficheCarte() {
-  const bool presente = CdeZENIK && CdeZENIK->IsAvailable();
-  if (carte_ == presente) return;
-  carte_ = presente;
-  SB1_->Carte(TexteQt(presente ? Textes::CarteUsb : Textes::CarteAbsente), TexteQt(Textes::BulleCarte));
+  const CleTexte nom = NomCarte();
+  if (carte_ == nom) return;
+  carte_ = nom;
+  SB1_->Carte(TexteQt(nom), TexteQt(Textes::BulleCarte));
 }
 
 void F_Representation::MenuImage(const QPoint& ecran) {

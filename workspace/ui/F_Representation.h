@@ -117,7 +117,7 @@ class F_Representation : public QMainWindow {
   FrameAvancement* cadre_ = nullptr;
   QTimer* Timer_Interro_ = nullptr;
   QTimer* Timer_Cadre_ = nullptr;
-  std::optional<bool> carte_;  // the board's presence as it is shown
+  std::optional<CleTexte> carte_;  // the board's name as it is shown
   bool charge_ = false;
   bool ouvre_ = false;         // an opening runs, its dialogs included
   bool fermetureDue_ = false;  // the window was to close meanwhile

@@ -25,6 +25,13 @@ std::optional<std::string> LitTout(const std::string& chemin, std::string& raiso
     if (errno != ENOENT) raison = Texte(errno);
     return std::nullopt;
   }
+  // A device or a pipe is nobody's memory: it must not be renamed as a damaged one.
+  struct stat s {};
+  if (fstat(fd, &s) != 0 || (!S_ISREG(s.st_mode) && !S_ISDIR(s.st_mode))) {
+    raison = "not a regular file";
+    close(fd);
+    return std::nullopt;
+  }
   std::string octets;
   char tampon[65'536];
   ssize_t n = 0;

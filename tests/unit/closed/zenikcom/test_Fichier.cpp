@@ -163,6 +163,17 @@ TEST(FichierCarte, AFolderOfThatNameIsLeftAlone) {
   EXPECT_TRUE(std::filesystem::is_directory(d.Chemin("carte")));
 }
 
+TEST(FichierCarte, APipeOfThatNameIsLeftAlone) {
+  const DossierEssai dossier;
+  const std::string chemin = dossier.Chemin("carte");
+  ASSERT_EQ(mkfifo(chemin.c_str(), 0600), 0);
+  const auto carte = zenikcom::CreeCarteVirtuelle({.fichier = chemin, .rapide = true});
+  ASSERT_NE(carte, nullptr);
+  EXPECT_EQ(carte->Fichier().misDeCote, "");
+  EXPECT_EQ(carte->Fichier().raison, "not a regular file");
+  EXPECT_TRUE(std::filesystem::is_fifo(chemin));
+}
+
 TEST(FichierCarte, ASecondBoardOnTheSameFileIsRefused) {
   const DossierEssai d;
   Banc b({.fichier = d.Chemin("carte")});

@@ -14,6 +14,9 @@ std::int32_t ZENIK_IsConnected(void) { return Debranchee() ? 0 : 1; }
 #ifndef SANS_SEND
 std::int32_t ZENIK_Send(std::uint8_t t[37], std::int32_t* mode);
 std::int32_t ZENIK_Send(std::uint8_t t[37], std::int32_t* mode) {
+#ifdef AUTRE_LETTRE
+  t[1] = '?';
+#endif
   t[2] = 1;
   t[36] = static_cast<std::uint8_t>(*mode);
   return Debranchee() ? -7 : 1;
