@@ -134,6 +134,8 @@ class ClsCdeZENIK {
   void TableEcrire(const std::string& nom, std::uint8_t table);
   void TableDefautEcrire(std::uint8_t table);
   std::uint8_t TableDefautLire();
+  // An exchange of the tables was lost since the last check or choice of a table began.
+  [[nodiscard]] bool EchangePerdu() const { return echangePerdu_; }
   // Another table is in force: its parameters are loaded, and a board that has it takes it as its default.
   void SuitTable();
   std::string DemandeVersion();  // the bytes of the answer, "ZENIK v0.32" or later

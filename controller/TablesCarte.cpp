@@ -43,7 +43,7 @@ bool AccepteVersion(const std::string& version) {
     return true;
   }
   if (version >= VersionMini) return true;
-  boite = BoiteDe(Textes::CarteAncienne, Icone::Exclamation);
+  boite = BoiteDe(Textes::CarteAncienne, Icone::Critique);
   boite.texte += " '" + std::string(VersionMini) + "' !";
   Svc.Montre(boite);
   return false;
@@ -135,7 +135,7 @@ void ClsCdeZENIK::TableEcrire(const std::string& nom, std::uint8_t table) {
 }
 
 void ClsCdeZENIK::RefuseNom(const std::string& nom) {
-  Boite boite = BoiteDe(Textes::NomTableHorsJeu, Icone::Exclamation);
+  Boite boite = BoiteDe(Textes::NomTableHorsJeu, Icone::Critique);
   boite.texte += " " + nom;
   Svc.Montre(boite);
 }
