@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "controller/ChangtTable.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Fichiers.h"
@@ -95,11 +96,42 @@ Reponse Montre(Contexte& contexte, const Boite& boite) {
   return ReponseUnique(boite.boutons);
 }
 
+// The windows that a call can ask for, with what may be chosen in them.
+constexpr const char* FenetreTables = "F_ChangtTable";
+
+bool LitChoix(Contexte& contexte, const std::string& fenetre, const std::string& mot) {
+  if (fenetre != FenetreTables) return false;
+  if (mot == "cancel") {
+    contexte.choixParFenetre[fenetre] = std::nullopt;
+    return true;
+  }
+  if (mot.size() != 1 || mot[0] < '0' || mot[0] >= '0' + TablesOffertes) return false;
+  contexte.choixParFenetre[fenetre] = mot[0] - '0';
+  return true;
+}
+
+// Which table of a full board makes room: what its window does is done here.
+std::optional<int> OuvreFenetre(Contexte& contexte, const std::string& nom) {
+  if (nom != FenetreTables) return std::nullopt;
+  const auto choix = contexte.choixParFenetre.find(nom);
+  if (choix == contexte.choixParFenetre.end()) {
+    LaBarre.Fin();
+    std::string tables;
+    for (const std::string& legende : LegendesTables()) tables += "\n" + Rogne(legende);
+    Echec(contexte, nom, Traduire(Textes::TableARemplacer) + tables);
+    std::fflush(nullptr);
+    std::_Exit(Refuse);
+  }
+  if (choix->second) RemplaceTable(static_cast<std::uint8_t>(*choix->second));
+  return choix->second;
+}
+
 bool LitReponses(Contexte& contexte) {
   static const std::map<std::string, Reponse> Mots{
       {"yes", Reponse::Oui}, {"no", Reponse::Non}, {"ok", Reponse::Ok}, {"cancel", Reponse::Annuler}};
   for (const std::string& r : contexte.reponses) {
     const std::size_t egal = r.rfind('=');
+    if (egal != std::string::npos && LitChoix(contexte, r.substr(0, egal), r.substr(egal + 1))) continue;
     const auto mot = egal == std::string::npos ? Mots.end() : Mots.find(r.substr(egal + 1));
     if (mot == Mots.end()) return false;
     contexte.reponsesParCle[r.substr(0, egal)] = mot->second;
@@ -197,6 +229,7 @@ void InstalleServices(Contexte& contexte) {
   Svc = ServicesMuets();
   Svc.MarqueDecimale = contexte.decimale.empty() ? MarqueDuSysteme() : contexte.decimale[0];
   Svc.Montre = [&contexte](const Boite& boite) { return Montre(contexte, boite); };
+  Svc.OuvreFenetre = [&contexte](const std::string& nom) { return OuvreFenetre(contexte, nom); };
   Svc.AvancementDebut = [](const std::string& texte, long total) { LaBarre.Debut(texte, total); };
   Svc.AvancementPlus = [] { LaBarre.Plus(); };
   Svc.AvancementFin = [] { LaBarre.Fin(); };

@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,9 +27,15 @@ struct Contexte {
   bool json = false;
   bool informe = false;  // the call writes no job and no file: what can't be read is told, and the call goes on
   std::vector<std::string> reglages;  // KEY=VALUE
-  std::vector<std::string> reponses;  // KEY=yes|no|ok|cancel
+  std::vector<std::string> reponses;  // KEY=yes|no|ok|cancel, F_ChangtTable=0|1|2|cancel
+
+  // of the calls that open a board
+  std::string fil, fichierCarte;
+  std::vector<std::string> fautes;  // N:KIND
+  bool rapide = false;
 
   std::map<std::string, Reponse> reponsesParCle;
+  std::map<std::string, std::optional<int>> choixParFenetre;
   Boite derniere;  // last box that told of a refusal
 };
 

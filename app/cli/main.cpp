@@ -9,6 +9,7 @@
 
 #include "app/cli/Commandes.h"
 #include "app/cli/Operations.h"
+#include "closed/CarteVirtuelle.h"
 #include "workspace/Formats.h"
 
 namespace {
@@ -21,7 +22,9 @@ using Action = std::function<int()>;
 struct Options {
   std::string dessin, sortie, operations, source, position, lignes;
   std::string nom, nouveau, cle, valeur, interface;
-  int rang = 0;
+  int rang = 0, numero = 0;
+  PlageFlash plage;
+  std::vector<std::string> octets;
   std::vector<std::string> champs = std::vector<std::string>(9);
 };
 
@@ -38,7 +41,7 @@ void OptionsCommunes(CLI::App& app, Contexte& c) {
       ->type_name("KEY=VALUE")
       ->allow_extra_args(false);
   app.add_option("--answer", c.reponses, "Answer of a question by its key")
-      ->type_name("KEY=yes|no|ok|cancel")
+      ->type_name("KEY=yes|no|ok|cancel, F_ChangtTable=0|1|2|cancel")
       ->allow_extra_args(false);
 }
 
@@ -56,6 +59,12 @@ CLI::App* AvecDessin(CLI::App& app, const char* nom, const char* quoi, Options& 
 
 void Sortie(CLI::App* commande, Options& o, const char* type) {
   commande->add_option("-o,--output", o.sortie, "File to write")->required()->type_name(type);
+}
+
+std::string ListeFautes() {
+  std::string noms;
+  for (const auto& faute : zenikcom::NomsFautes) noms += (noms.empty() ? "" : ", ") + std::string(faute.nom);
+  return noms;
 }
 
 std::string ListeOperations() {
@@ -191,6 +200,71 @@ void CommandesReprise(CLI::App& app, Contexte& c, Options& o, Action& action) {
   open->callback([&] { action = [&] { return OuvreReprise(c, o.rang, o.sortie); }; });
 }
 
+void OptionsCarte(CLI::App* commande, Contexte& c) {
+  commande->add_option("--wire", c.fil, "Every exchange as two lines of a file")->type_name("LOG");
+  commande->add_option("--board-file", c.fichierCarte, "File of the virtual board")->type_name("FILE");
+  commande->add_option("--fault", c.fautes, "A fault of the virtual board: " + ListeFautes() + ":SECONDS")
+      ->type_name("N:KIND")
+      ->allow_extra_args(false)
+      ->check([](const std::string& texte) {
+        return zenikcom::LitFaute(texte) ? std::string() : texte + ": N:KIND, " + ListeFautes() + ":SECONDS";
+      });
+  commande->add_flag("--fast", c.rapide, "The virtual board as fast as it can");
+}
+
+void CommandesTablesCarte(CLI::App& board, Contexte& c, Options& o, Action& action) {
+  CLI::App* tables = Commande(board, "tables", "Tables on the board: list, check, write, default");
+  tables->require_subcommand(0, 1);
+  tables->callback([&, tables] {
+    if (tables->get_subcommands().empty()) action = [&] { return TablesDeCarte(c); };
+  });
+  Commande(*tables, "list", "Names of the four tables, and the default")->callback([&] {
+    action = [&] { return TablesDeCarte(c); };
+  });
+  Commande(*tables, "check", "The table in force is the board's; questions 2 and F_ChangtTable")->callback([&] {
+    action = [&] { return VerifieTableDeCarte(c); };
+  });
+  const auto ajoute = [&](const char* nom, const char* quoi) {
+    CLI::App* geste = Commande(*tables, nom, quoi);
+    geste->add_option("SLOT", o.numero, "0 to 3")->required()->check(CLI::Range(0, 3));
+    return geste;
+  };
+  ajoute("write", "Writes the table in force into a slot")->callback([&] {
+    action = [&] { return EcritTableDeCarte(c, o.numero); };
+  });
+  ajoute("default", "Makes a slot the default")->callback([&] {
+    action = [&] { return DefautDeCarte(c, o.numero); };
+  });
+}
+
+void CommandesCarte(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  CLI::App* board = Commande(app, "board", "The board: status, list, udev, tables, read, flash, wire");
+  board->require_subcommand(1);
+  OptionsCarte(board, c);
+  Commande(*board, "status", "Which board, its version and what it does")->callback([&] {
+    action = [&] { return EtatCarte(c); };
+  });
+  Commande(*board, "list", "HID devices of this machine")->callback([&] {
+    action = [&] { return ListeAppareils(c); };
+  });
+  Commande(*board, "udev", "The rule that lets the user open the board of CarteZENIK_USB")->callback([&] {
+    action = [&] { return RegleUdev(c); };
+  });
+  CommandesTablesCarte(*board, c, o, action);
+  CLI::App* read = Commande(*board, "read", "Bytes of the flash memory");
+  read->add_option("--block", o.plage.bloc, "0 to 31")->check(CLI::Range(0, 31));
+  read->add_option("--address", o.plage.adresse, "0 to 65535")->check(CLI::Range(0, 65'535));
+  read->add_option("--length", o.plage.taille, "Bytes")->check(CLI::Range(1, 32 * 65'536));
+  read->add_option("-o,--output", o.sortie, "File to write")->type_name("OUT.bin");
+  read->callback([&] { action = [&] { return LitFlash(c, o.plage, o.sortie); }; });
+  CLI::App* flash = Commande(*board, "flash", "Stores a job of plan --flash in the flash memory");
+  flash->add_option("FILE", o.dessin, "List of records")->required();
+  flash->callback([&] { action = [&] { return EcritFlash(c, o.dessin); }; });
+  CLI::App* wire = Commande(*board, "wire", "One exchange, byte by byte");
+  wire->add_option("LETTER BYTES", o.octets, "Letter, then bytes 2 on: 0 to 255 or 0x00 to 0xFF")->required();
+  wire->callback([&] { action = [&] { return EchangeCarte(c, o.octets); }; });
+}
+
 int Execute(int argc, char** argv) {
   CLI::App app{"OVELIN: from a drawing to the moves of a small router", "ovelin-cli"};
   app.set_version_flag("--version", std::to_string(OVELIN_VERSION_MAJEURE) + "." +
@@ -206,6 +280,7 @@ int Execute(int argc, char** argv) {
   CommandesTables(app, contexte, options, action);
   CommandesMateriaux(app, contexte, options, action);
   CommandesReprise(app, contexte, options, action);
+  CommandesCarte(app, contexte, options, action);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& erreur) {
