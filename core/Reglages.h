@@ -36,6 +36,10 @@ struct Reglages {
   std::int32_t Couleurselectionne = Couleur(100, 0, 0);
   std::int32_t CouleurDecalage = Couleur(255, 0, 0);
   std::int32_t CouleurEncoche = Couleur(0, 0, 100);
+  // colours of a G-code program
+  std::int32_t CouleurRapide = Couleur(150, 150, 150);
+  std::int32_t CouleurCoupe = Couleur(0, 90, 200);
+  std::int32_t CouleurPlongee = Couleur(200, 60, 0);
   // start-up
   std::string TableDefaut = "KR4400";  // machine table in use
   std::string Langue = "fr";           // two letters

@@ -15,7 +15,7 @@ namespace {
 
 [[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Regl = Reglages{}; });
 
-enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Demarrage };
+enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Gcode, Demarrage };
 
 // A key read into its member; without it, or where it is no number, the member takes the default.
 void Lit(const char* cle, double& m, double defaut) { m = LireNombre(cle, defaut); }
@@ -71,6 +71,11 @@ void LitMateriau() {
 }
 
 void LitCouleurs() { LitGroupe(Groupe::Couleurs); }
+
+void LitCouleursGcode() {
+  const SansProjet reglages;
+  LitGroupe(Groupe::Gcode);
+}
 
 void LitOptions() {
   LitGroupe(Groupe::Options);

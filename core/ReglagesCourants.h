@@ -23,6 +23,7 @@ inline constinit auto& TableDefaut = Regl.TableDefaut;
 // Each group read through the key store (project first, then the settings file, then the default).
 void LitMateriau();  // Vitesse_Mat_H, Vitesse_Mat_V, HautDeg, ProfFraisage, ProfPasse, MiniEncoche, ModeZENIK
 void LitCouleurs();
+void LitCouleursGcode();  // CouleurRapide, CouleurCoupe, CouleurPlongee, from the settings file alone
 void LitOptions();  // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU; ToleranceSoudure from the settings file alone
 void LitOutil();    // DecalageOutil, RayonFraise, LargeurEncoche
 

@@ -23,6 +23,10 @@ constexpr Encre DuTrajet{&Reglages::CouleurDecalage};
 constexpr Encre DesEncoches{&Reglages::CouleurEncoche};
 constexpr Encre DesDeparts{&Reglages::CouleurNumero};
 constexpr Encre DesNumeros{&Reglages::CouleurSequence};
+constexpr Encre DesRapides{&Reglages::CouleurRapide};
+constexpr Encre DesCoupes{&Reglages::CouleurCoupe};
+constexpr Encre DesPlongees{&Reglages::CouleurPlongee};
+constexpr Encre Gris{nullptr, Couleur(128, 128, 128)};
 
 struct Ligne {
   Role role;
@@ -50,6 +54,10 @@ constexpr std::array<Ligne, NombreRoles> Table{{
     {Role::Echelle, DuDessin, Aucune, 1, StyleTrait::Plein},
     {Role::Croix, DuDessin, Aucune, 1, StyleTrait::Plein},
     {Role::Outil, DesNumeros, Aucune, 1, StyleTrait::Plein},
+    {Role::Rapide, DesRapides, Aucune, 1, StyleTrait::Pointille},
+    {Role::Coupe, DesCoupes, Aucune, 1, StyleTrait::Plein},
+    {Role::Plongee, DesPlongees, Aucune, 1, StyleTrait::Plein},
+    {Role::Boite, Gris, Aucune, 1, StyleTrait::Plein},
 }};
 
 constexpr bool DansLeurOrdre() {

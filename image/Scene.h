@@ -47,8 +47,12 @@ enum class Role : std::uint8_t {
   Echelle,  // bar of a round length
   Croix,    // TraceCroix
   Outil,    // the running tool
+  Rapide,   // moves of a G-code program
+  Coupe,
+  Plongee,
+  Boite,  // wire box around it
 };
-inline constexpr std::size_t NombreRoles = 17;
+inline constexpr std::size_t NombreRoles = 21;
 
 enum class Ancre : std::uint8_t { Centre, HautGauche };
 

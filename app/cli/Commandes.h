@@ -18,6 +18,9 @@ int Trace(Contexte& contexte, const std::string& dessin, const std::string& sort
 // `position` "X,Y,Z" in mm or ""; `lignes` a CSV file or "".
 int Planifie(Contexte& contexte, const std::string& dessin, const std::string& position, const std::string& lignes);
 
+// A G-code file, judged and measured.
+int Verifie(Contexte& contexte, const std::string& fichier);
+
 int LitCle(Contexte& contexte, const std::string& cle);
 int PoseCle(Contexte& contexte, const std::string& cle, const std::string& valeur);
 int EffaceCle(Contexte& contexte, const std::string& cle);

@@ -117,6 +117,15 @@ void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
   plan->callback([&] { action = [&] { return Planifie(c, o.dessin, o.position, o.lignes); }; });
 }
 
+void CommandesGcode(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  CLI::App* check = Commande(app, "check", "Judges every line of a G-code file and measures it");
+  check->add_option("FILE", o.dessin, "G-code file")->required();
+  check->callback([&] {
+    c.informe = true;
+    action = [&] { return Verifie(c, o.dessin); };
+  });
+}
+
 void CommandesCles(CLI::App& app, Contexte& c, Options& o, Action& action) {
   CLI::App* key = Commande(app, "key", "Reads or changes a key of the settings file");
   key->require_subcommand(1);
@@ -276,6 +285,7 @@ int Execute(int argc, char** argv) {
   Action action;
   OptionsCommunes(app, contexte);
   CommandesDessin(app, contexte, options, action);
+  CommandesGcode(app, contexte, options, action);
   CommandesCles(app, contexte, options, action);
   CommandesTables(app, contexte, options, action);
   CommandesMateriaux(app, contexte, options, action);

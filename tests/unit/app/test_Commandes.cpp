@@ -156,6 +156,68 @@ TEST(GCode, AnEntryThatIsSurelyWrongIsToldAndTheJobWritten) {
             std::string::npos);
 }
 
+TEST(Check, JudgesAndMeasuresAProgram) {
+  const Atelier a;
+  const std::string fichier = a.Ecrit("pièce.nc", "(note)\nF600\nG00 X10\nG01 Y20 Z-2\nG02 X1\nG91.1\n\nG90\n");
+  const auto r = a.Appelle({"check", fichier, "--json"});
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  const auto j = r.Json();
+  EXPECT_EQ(j["lines"], 8);
+  EXPECT_EQ(j["valid"], 5);
+  EXPECT_EQ(j["doubtful"], 1);
+  EXPECT_EQ(j["comments"], 1);
+  EXPECT_EQ(j["invalid"], 2);
+  EXPECT_EQ(j["moves"], 2);
+  EXPECT_EQ(j["without_speed"], 0);
+  EXPECT_NEAR(j["length"].get<double>(), 10 + std::hypot(20, 2), 1e-9);
+  EXPECT_NEAR(j["seconds"].get<double>(), std::hypot(20, 2) / 10, 1e-9);
+  EXPECT_EQ(j["bounds"]["zmin"], -2);
+  EXPECT_EQ(j["bounds"]["ymax"], 20);
+  EXPECT_EQ(j["beyond_travel"], false);
+  EXPECT_EQ(j["invalid_lines"], (nlohmann::json{5, 7}));
+  EXPECT_EQ(j["doubtful_lines"], (nlohmann::json{6}));
+  EXPECT_NE(r.erreurs.find(":5: "), std::string::npos) << r.erreurs;
+}
+
+TEST(Check, TellsMovesWithoutASpeedAndBeyondTheTravel) {
+  const Atelier a;
+  const auto r = a.Appelle({"check", a.Ecrit("long.nc", "G01 X5000\n"), "--json"});
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  EXPECT_EQ(r.Json()["without_speed"], 1);
+  EXPECT_EQ(r.Json()["beyond_travel"], true);
+  EXPECT_NE(r.erreurs.find("5000.00 >"), std::string::npos) << r.erreurs;
+}
+
+TEST(Check, TellsTwentyBadLinesAndHowManyMore) {
+  const Atelier a;
+  std::string texte;
+  for (int i = 0; i < 50; ++i) texte += "x\n";
+  const auto r = a.Appelle({"check", a.Ecrit("mauvais.nc", texte)});
+  EXPECT_EQ(r.etat, 0);
+  EXPECT_EQ(std::count(r.erreurs.begin(), r.erreurs.end(), '\n'), 21);
+  EXPECT_NE(r.erreurs.find(" 30 "), std::string::npos) << r.erreurs;
+}
+
+TEST(Check, RefusesWhatCannotBeRead) {
+  const Atelier a;
+  const auto r = a.Appelle({"check", a.Chemin("absent.nc"), "--json"});
+  EXPECT_EQ(r.etat, 1);
+  EXPECT_EQ(r.Json()["error"]["file"], a.Chemin("absent.nc"));
+  EXPECT_EQ(a.Appelle({"check"}).etat, 2);
+}
+
+TEST(Check, PassesWhatTheProgramWrites) {
+  const Atelier a;
+  ASSERT_EQ(a.Appelle({"gcode", Exemple("equerre-attaches.OVL"), "-o", a.Chemin("job.nc")}).etat, 0);
+  const auto job = a.Appelle({"gcode", Exemple("equerre-attaches.OVL"), "-o", a.Chemin("job.nc"), "--json"});
+  const auto r = a.Appelle({"check", a.Chemin("job.nc"), "--json"});
+  EXPECT_EQ(r.Json()["invalid"], 0);
+  EXPECT_EQ(r.Json()["doubtful"], 0);
+  EXPECT_EQ(r.Json()["without_speed"], 0);
+  EXPECT_EQ(r.Json()["lines"], job.Json()["lines"]);
+  EXPECT_NEAR(r.Json()["length"].get<double>(), job.Json()["length"].get<double>(), 1);
+}
+
 TEST(Errors, AMissingDrawingNamesTheFile) {
   const Atelier a;
   const auto r = a.Appelle({"info", a.Chemin("absent.dxf"), "--json"});

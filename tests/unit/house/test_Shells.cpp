@@ -30,6 +30,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
      {"Cles.cpp", "DocumentCourant.cpp", "FichierDefaut.cpp", "PlanCourant.cpp", "Projet.cpp",
       "ReglagesCourants.cpp", "RunCourant.cpp", "Traduction.cpp", "ValeursCles.cpp"}},
     {"database", {"Module_BD.cpp"}},
+    {"gcode", {"Module_Gcode.cpp"}},
     {"machine", {"ChampsTable.cpp", "GestionTables.cpp", "Module_Table.cpp"}},
     {"run", {"AvisPlan.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp", "Module_Planificateur.cpp"}},
     {"toolpath",
@@ -47,8 +48,8 @@ std::string Relatif(const fs::path& chemin) {
 
 std::vector<std::string> Sources() {
   std::vector<std::string> fichiers;
-  for (const char* dossier : {"app", "base", "closed", "controller", "core", "database", "image", "machine", "run",
-                              "toolpath", "workspace"}) {
+  for (const char* dossier : {"app", "base", "closed", "controller", "core", "database", "gcode", "image",
+                              "machine", "run", "toolpath", "workspace"}) {
     const fs::path racine = fs::path(OVELIN_SOURCE_DIR) / dossier;
     if (!fs::exists(racine)) continue;
     for (const auto& entree : fs::recursive_directory_iterator(racine)) {
