@@ -26,6 +26,8 @@ std::string MotifDessins() {
   return motif;
 }
 
+bool EstProgramme(std::string_view extension) { return extension == "NC" || extension == "ISO"; }
+
 bool SeDepose(std::string_view extension) {
   const auto formats = pathwerk::Formats();
   return std::any_of(formats.begin(), formats.end(), [extension](const pathwerk::FormatConnu& f) {

@@ -6,6 +6,7 @@
 #include "core/ui/F_ParamAppli.h"
 #include "core/ui/ServicesQt.h"
 #include "database/ui/F_BD.h"
+#include "gcode/ui/F_Gcode.h"
 #include "run/ui/F_Fraisage.h"
 #include "workspace/ui/F_Dimension.h"
 #include "workspace/ui/F_Nettoyage.h"
@@ -20,6 +21,7 @@ constexpr std::array Table{
     LigneDe<F_BD>("F_BD", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Dimension>("F_Dimension", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Fraisage>("F_Fraisage", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Gcode>("F_Gcode", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_Nettoyage>("F_Nettoyage", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_ParamAppli>("F_ParamAppli", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Reprise>("F_Reprise", Exemplaires::Un, Tenue::Modale),

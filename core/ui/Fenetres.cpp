@@ -68,6 +68,7 @@ Laissee Ouvre(const LigneFenetre& ligne, QWidget* proprietaire, Tenues& tenues) 
 
 std::function<IssueFenetre(const std::string&, QWidget*)> OuvreFenetre;
 std::function<bool(const std::string&)> FenetreExiste;
+std::string FichierAMontrer;
 std::function<int(QWidget*, int)> ChoisitCouleur;
 
 std::unique_ptr<QDialog> FaitFenetre(const LigneFenetre& ligne, QWidget* proprietaire) {

@@ -65,6 +65,8 @@ enum class IssueFenetre {
 extern std::function<IssueFenetre(const std::string& nom, QWidget* proprietaire)> OuvreFenetre;
 // There is such a window: commands of windows that don't exist are not shown.
 extern std::function<bool(const std::string& nom)> FenetreExiste;
+// The file that the window opened next shall show; that window takes it at its load. Empty: none.
+extern std::string FichierAMontrer;
 // The colour dialog: a colour as in the settings in, the chosen one out, -1 when cancelled.
 extern std::function<int(QWidget* proprietaire, int couleur)> ChoisitCouleur;
 

@@ -51,7 +51,8 @@ constexpr int DelaiCadre = 250;  // ms until the desktop has put its frame aroun
 std::string FichierDepose(const QMimeData* donnees) {
   if (donnees == nullptr || donnees->urls().size() != 1) return "";
   const std::string chemin = donnees->urls().front().toLocalFile().toStdString();
-  return SeDepose(ExtensionDe(chemin)) ? chemin : "";
+  const std::string extension = ExtensionDe(chemin);
+  return SeDepose(extension) || EstProgramme(extension) ? chemin : "";
 }
 
 std::int32_t EnTwips(int pixels) { return static_cast<std::int32_t>(static_cast<float>(pixels) * TwipsParPixel); }
@@ -414,7 +415,16 @@ void F_Representation::dropEvent(QDropEvent* e) {
 // The program that the file comes from waits for the answer: the opening, with its dialogs, comes after it. Not
 // inside a pass that has begun meanwhile, either.
 bool F_Representation::Depose(const std::string& chemin) {
-  if (!SeDepose(ExtensionDe(chemin))) return false;
+  const std::string extension = ExtensionDe(chemin);
+  if (EstProgramme(extension)) {
+    Apres([moi = QPointer<F_Representation>(this), chemin] {
+      if (moi == nullptr) return;
+      FichierAMontrer = chemin;
+      OuvreFenetre("F_Gcode", moi);
+    });
+    return true;
+  }
+  if (!SeDepose(extension)) return false;
   Apres([moi = QPointer<F_Representation>(this), chemin] {
     if (moi != nullptr) moi->Ouvre(chemin);
   });

@@ -1,10 +1,14 @@
 #include "tests/ui/captures/Scenes.h"
 
 #include <QTabBar>
+#include <QToolButton>
 
 #include "app/ovelin/Composition.h"
 #include "core/DocumentCourant.h"
+#include "core/Fichiers.h"
 #include "core/Services.h"
+#include "gcode/ui/F_Gcode.h"
+#include "run/Module_GCode.h"
 #include "tests/ui/support/SupportUi.h"
 #include "workspace/ui/F_Representation.h"
 
@@ -27,6 +31,18 @@ std::function<void(QWidget&)> Page(int page, std::size_t choisies) {
     }
     essai::Controle<QTabBar>(fenetre, "Option1")->setCurrentIndex(page);
     ovelin::Svc.Rafraichit();
+  };
+}
+
+// The workshop with the drawing's own job, looked at that way, and a line in it that it refuses.
+std::function<void(QWidget&)> Programme(int vue) {
+  return [vue](QWidget& fenetre) {
+    const std::string chemin = ovelin::DossierTemp + "/programme.nc";
+    ovelin::EcritureNC ecriture;
+    if (!ovelin::EcritGCode(chemin, ecriture)) return;
+    ovelin::EcritFichierEntier(chemin, ovelin::LitFichierEntier(chemin).value_or("") + "G02 X10 Y10 I5\r\n");
+    static_cast<ovelin::F_Gcode&>(fenetre).Ouvre(chemin);
+    essai::Clique(*essai::Controle<QToolButton>(fenetre, ("Option_Vue_" + std::to_string(vue)).c_str()));
   };
 }
 
@@ -58,6 +74,10 @@ std::vector<Scene> Scenes() {
     const auto construit = [&ligne] { return ovelin::FaitFenetre(ligne, nullptr); };
     scenes.push_back({ligne.nom, "plaque.dxf", false, construit, {}, TaillesDe(ligne.nom)});
   }
+  const ovelin::LigneFenetre* atelier = ovelin::ChercheFenetre(ovelin::TableFenetres(), "F_Gcode");
+  const auto construit = [atelier] { return ovelin::FaitFenetre(*atelier, nullptr); };
+  scenes.push_back({"F_Gcode-programme", "plaque-poches.OVL", false, construit, Programme(0), {{}, {700, 480}}});
+  scenes.push_back({"F_Gcode-espace", "equerre-attaches.OVL", false, construit, Programme(3), {{}}});
   return scenes;
 }
 
