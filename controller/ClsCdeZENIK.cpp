@@ -91,6 +91,7 @@ bool ClsCdeZENIK::EnvoiCommande(std::int32_t& modeEnvoi) {
     MontreTexte("ZENIK : " + std::to_string(resultat) + echec);
   }
   --ProfondeurEnvoi;
+  SuitLiaison(resultat == zenikcom::Reussi);
   return resultat == zenikcom::Reussi;
 }
 
@@ -125,6 +126,7 @@ void ClsCdeZENIK::FixePosition(double x, double y, double z) {
 void ClsCdeZENIK::ChargeParametres() {
   LectureParametres lus = LitParametres([](const LectureChamp& champ) { return LireNombreTable(champ); });
   parametres_ = lus.parametres;
+  calcul_ = CalculMouvement(parametres_.Multiplicateur, parametres_.TempsPalier);
   PoseResolutions();
   std::string texte;
   for (const ValeurTenue& v : lus.tenues) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <map>
 #include <memory>
@@ -14,7 +15,9 @@
 
 #include "closed/ZenikCom.h"
 #include "controller/BlocsTable.h"
+#include "controller/Mouvement.h"
 #include "controller/ParametresZENIK.h"
+#include "controller/ReponseEtat.h"
 #include "core/Types.h"
 
 namespace ovelin {
@@ -69,6 +72,68 @@ class ClsCdeZENIK {
   // Those loaded last; before the first load, those of a table without keys.
   [[nodiscard]] const ParametresZENIK& Parametres() const { return parametres_; }
 
+  // --- Motion and outputs ------------------------------------------------------------------------------------
+  // All arguments in steps, mm, mm/s and s. "Once" is one exchange whatever comes back. "For ever" is the exchange
+  // again, with the events of the program between, until it succeeds; it ends without success when the link has
+  // said for two seconds that nothing is there, or when the program is closing.
+
+  // What is on the board is not known: an exchange of this job failed behind which it may have been taken (a
+  // record, the end, the go), or the job could not be opened. Nothing of it is sent any more: records and the end
+  // are refused until EnvoiUSB, EnvoiFLASH or ResetBuffer begins anew. Whoever repeats CommandeDATA or
+  // CommandeDATAend looks here, and ends the job by its stop.
+  Drapeau TravailIncertain = Faux;
+
+  // One straight move, relative, not yet a promise that it runs. True: accepted (or `Arret` shows in the reply).
+  // False: the buffer is full, try again later, or TravailIncertain is set, then never again. `V` is lowered to
+  // what the axes can do, `T` is the duration; NbTicks the ticks of the record. A move of nothing asks for the
+  // status and counts as accepted, with the T that came in. With `simulation` nothing is sent, no counter moves,
+  // the result is false. With ModeEnvoiTable 1 or 2 the record joins ListeFlash instead, with DebugZENIK the debug
+  // log: true, no counter moves. At the seventh record the board is told to go. Outside a run (RunActif,
+  // FraisageEnCours) the accepted records become the rows of TableDecoupe, from 1 on: the first behind EnvoiUSB
+  // clears it. In a run the caller's table stands and the caller puts NbTicks into the row.
+  bool CommandeDATA(std::int32_t dX, std::int32_t dY, std::int32_t dZ, float& V, float& T, bool simulation);
+  bool CommandeDATAmm(float dX, float dY, float dZ, float& V, float& T);
+  // The end of a streamed job, once. Tells a job of fewer than seven records to go. True: accepted.
+  bool CommandeDATAend();
+
+  // Forgets what the board has buffered; no job is open. Once; false: not answered.
+  bool ResetBuffer();
+  // Begins a streamed job, or the stored one in block `index` (`taille` bytes; 0: up to its end mark). Counters,
+  // TempsBuffer and the end mark of the position begin anew, PasDebut is Pas, the resolutions are those of the
+  // table. False: not answered, no job is open, TravailIncertain is set: tell the user and send nothing.
+  bool EnvoiUSB();
+  bool EnvoiFLASH(std::uint8_t index, std::int16_t taille);
+  // The go, once; false: not answered. The board keeps it until the buffer is cleared, so it may be repeated.
+  bool GoBuffer();
+  // Stops: `mode` 0 at once (`palier` 0), 1 by the ramp down to `palier` (Calc_FDEC), and waits until the board
+  // stands. For ever. Behind it the position is that of the board, to the step.
+  void StopResume(std::uint8_t mode, std::uint8_t palier);
+  // The level below which the highest speeds of the table need no ramp.
+  [[nodiscard]] std::uint8_t Calc_FDEC() const;
+
+  // The status, once: all members of the last reply and the position. A reply that can't be true is left alone, as
+  // a failed one is: one whose count lies below the last or beyond the records of this job, or whose ticks do not
+  // lie within their record.
+  void DemandeInformation();
+  bool IsStepProcessed();        // once; the board is executing motion. Nothing else is taken from the reply
+  bool Touche();                 // once; a key of the board's keypad is down
+
+  bool CommandePWM(std::uint8_t canal, std::uint8_t valeur);  // for ever; channel 0 off, 1 on; always true
+  void ChauffeEcrire(std::uint8_t valeur);                    // once
+  void ChauffeEcrirePC(std::int16_t& pourcent);               // once; held within 0 to 100 in the caller's variable
+  std::string ChauffeLire();                                  // once; four characters
+  void MotorOnOff(bool etat);                                 // once
+  void IO1OnOff(bool etat);                                   // once
+  // For ever; a text of more than 20 characters is cut, in the caller's variable, too.
+  void DisplaySend(std::string& texte, std::uint8_t ligne, std::uint8_t colonne);
+  void DisplayEnable(bool etat);  // once; cleared before it is switched on
+  void DisplayClear();            // once
+
+  [[nodiscard]] double Pas_mm_X(std::int32_t pas) const { return pas * mmParPas_[0]; }
+  [[nodiscard]] double Pas_mm_Y(std::int32_t pas) const { return pas * mmParPas_[1]; }
+  [[nodiscard]] double Pas_mm_Z(std::int32_t pas) const { return pas * mmParPas_[2]; }
+  // -----------------------------------------------------------------------------------------------------------
+
   // One send. True exactly when the library answered 1; -101 and -102 show their box.
   bool EnvoiCommande(std::int32_t& modeEnvoi);
   // Appends the line to "debug.txt" of the current folder and shows it; no exchange takes place.
@@ -78,6 +143,48 @@ class ClsCdeZENIK {
 
  private:
   std::unique_ptr<zenikcom::Liaison> liaison_;
+  // --- Motion and outputs ------------------------------------------------------------------------------------
+  enum class Travail { Aucun, Flux, Liste };  // the job that this object has opened
+
+  static constexpr double PauseEssai = 0.005;             // s between two sends of a command that is tried for ever
+  bool EnvoiUne();                                        // the buffer as it stands, mode 0
+  bool EnvoiSansFin(const std::function<void()>& ecrit);  // for ever; `ecrit` fills the buffer before each send
+  bool EnvoiTampon(std::uint8_t mode, std::uint8_t index = 0, std::uint16_t taille = 0);
+  void SuitLiaison(bool repondu);
+  [[nodiscard]] bool FinDesEssais() const;
+  bool OuvreTravail(Travail travail, std::uint8_t index, std::uint16_t taille);
+  void RepeteGo();
+  void Perdu();
+
+  [[nodiscard]] Mouvement Calcule(const std::array<std::int32_t, 3>& pas, float v);
+  bool SansMouvement(float& t, bool simulation);
+  void AjouteListe();
+  // A reply to `D`: whether the record was accepted; nothing when the reply can't be true.
+  bool EnvoiRecord(std::int32_t mode, bool& accepte);
+  void CompteBloc(float t);
+  void AjouteLigne(const Mouvement& m);
+
+  [[nodiscard]] bool Croyable(const ReponseEtat& etat, std::int32_t enPlus) const;
+  void LectureEtat(const ReponseEtat& etat);
+  void LitTouches(std::uint8_t touches);
+  void SuitPosition(const ReponseEtat& etat);
+  void AvanceSuivi();
+  bool LitStop();
+
+  CalculMouvement calcul_{2, 16'384};
+  Travail travail_ = Travail::Aucun;
+  bool court_ = false;                  // the go is given, neither end nor stop has been seen
+  bool ligneUne_ = false;               // the next record outside a run begins a table of its own
+  bool vitesseDite_ = false;            // a speed that is none has been told in this job
+  bool positionClose_ = false;          // a stop has been read: the position stays until the next job
+  std::int64_t borneBlocs_ = 0;         // records that the board may count in this job
+  double absenteDepuis_ = -1;           // s; the link has said since then that nothing is there
+  Drapeau FinTravail = Faux;            // the position at the end of the job has been taken
+  std::int32_t NbBlocsEnvoyes = 0;      // records accepted since the job was begun, moves of nothing among them
+  std::array<double, 7> DureesBlocs{};  // s, of the last seven accepted records, whatever has run
+  std::int16_t IndexDuree = 0;          // 1 to 7: where the last one stands
+  // -----------------------------------------------------------------------------------------------------------
+
   // The resolutions of the machine are in force again: those of parametres_.
   void PoseResolutions();
 
@@ -85,9 +192,9 @@ class ClsCdeZENIK {
   ParametresZENIK parametres_;
   // mm per step at which the machine counts; a plan for a file puts others in force for its time. 0: none yet.
   std::array<double, 3> mmParPasMachine_{};
-  std::set<std::string> tenuesDites_;                     // values held within their ranges that have been told
-  std::int16_t ProfondeurEnvoi = 0;                       // sends in progress
-  [[maybe_unused]] std::array<Drapeau, 6> EtatClavier{};  // keypad bits of the reply before
+  std::set<std::string> tenuesDites_;    // values held within their ranges that have been told
+  std::int16_t ProfondeurEnvoi = 0;      // sends in progress
+  std::array<Drapeau, 6> EtatClavier{};  // keypad bits of the reply before
 
  public:
   // --- memories of the board ---------------------------------------------------------------------------------

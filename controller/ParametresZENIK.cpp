@@ -38,7 +38,6 @@ constexpr std::array<ChampsSortie, 10> ChampsSorties{{{C::Sortie1, C::InverseSor
 constexpr int DivisionMaxi = 15, PenteMini = 1, PenteMaxi = 9;
 constexpr double PasMaxi = 65'535;                                 // of a motor: all divisions still fit 32 bits
 constexpr double TransmissionMini = 1e-6, TransmissionMaxi = 1e6;  // mm: no quotient of these is 0 or infinite
-constexpr double VitesseMaxi = 1e6;                                // mm/s
 
 // Fields as numbers in their ranges; keeps what had to be held.
 class Lecteur {

@@ -20,7 +20,7 @@ struct AxeZENIK {
 };
 
 inline constexpr int MultiplicateurMaxi = 255;
-inline constexpr double VitesseMini = 0.001;  // mm/s: what stands in for a speed of 0 or less
+inline constexpr double VitesseMini = 0.001, VitesseMaxi = 1e6;  // mm/s: what stands in for less and for more
 
 // Arrays are in the order X, Y, Z.
 struct ParametresZENIK {
