@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
+#include <tuple>
 #include <utility>
 
 #include "core/ChampsMachine.h"
@@ -107,6 +108,9 @@ bool ClsCdeZENIK::JournalDebug() {
 // the millimetres computed anew from the steps, a file written without a machine would begin at as many millimetres
 // as the machine has made steps.
 void ClsCdeZENIK::FixeResolutions(double x, double y, double z) {
+  if (mmParPas_ == mmParPasMachine_) {
+    machine_ = {{PasX, PasY, PasZ}, {PasDebutX, PasDebutY, PasDebutZ}, {PosX, PosY, PosZ}};
+  }
   const std::array<double, 3> nouvelles{x, y, z};
   for (std::size_t i = 0; i < nouvelles.size(); ++i) {
     if (std::isfinite(nouvelles[i]) && nouvelles[i] != 0) mmParPas_[i] = nouvelles[i];
@@ -147,6 +151,10 @@ void ClsCdeZENIK::PoseResolutions() {
   if (premiere || mmParPas_ != mmParPasMachine_) {
     mmParPas_ = premiere ? nouvelles : mmParPasMachine_;
     FixePosition(PosX, PosY, PosZ);
+    if (!premiere && machine_.mm == std::array<double, 3>{PosX, PosY, PosZ}) {
+      std::tie(PasX, PasY, PasZ) = std::tie(machine_.pas[0], machine_.pas[1], machine_.pas[2]);
+      std::tie(PasDebutX, PasDebutY, PasDebutZ) = std::tie(machine_.debut[0], machine_.debut[1], machine_.debut[2]);
+    }
   }
   mmParPasMachine_ = nouvelles;
   if (mmParPas_ == nouvelles) return;

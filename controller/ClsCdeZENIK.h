@@ -192,6 +192,12 @@ class ClsCdeZENIK {
   ParametresZENIK parametres_;
   // mm per step at which the machine counts; a plan for a file puts others in force for its time. 0: none yet.
   std::array<double, 3> mmParPasMachine_{};
+  // The steps of the machine while such a plan counts, with the place in mm at which it found them.
+  struct PasMachine {
+    std::array<std::int32_t, 3> pas{}, debut{};
+    std::array<double, 3> mm{};
+  };
+  PasMachine machine_;
   std::set<std::string> tenuesDites_;    // values held within their ranges that have been told
   std::int16_t ProfondeurEnvoi = 0;      // sends in progress
   std::array<Drapeau, 6> EtatClavier{};  // keypad bits of the reply before
