@@ -115,8 +115,8 @@ class ClsCdeZENIK {
   // a failed one is: one whose count lies below the last or beyond the records of this job, or whose ticks do not
   // lie within their record.
   void DemandeInformation();
-  bool IsStepProcessed();        // once; the board is executing motion. Nothing else is taken from the reply
-  bool Touche();                 // once; a key of the board's keypad is down
+  bool IsStepProcessed();  // once; the board is executing motion. Nothing else is taken from the reply
+  bool Touche();           // once; a key of the board's keypad is down
 
   bool CommandePWM(std::uint8_t canal, std::uint8_t valeur);  // for ever; channel 0 off, 1 on; always true
   void ChauffeEcrire(std::uint8_t valeur);                    // once

@@ -15,12 +15,16 @@
 namespace ovelin {
 
 TableMachine Table;
+void (*TableChargee)() = nullptr;
 
 const std::array<float, 9> TempsDouble{0.021875F, 0.04375F, 0.0875F, 0.175F, 0.35F, 0.7F, 1.4F, 2.8F, 5.6F};
 
 namespace {
 
-[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Table = TableMachine{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] {
+  Table = TableMachine{};
+  TableChargee = nullptr;
+});
 
 // Steps per turn times two to the power of the division. The power is bounded where no machine reaches.
 double PasParTour(const LectureChamp& pas, const LectureChamp& division) {
@@ -50,6 +54,7 @@ void ChargeGlobalesTable() {
   PasTourX = Arrondi32(PasParTour(C::GlobalePasX, C::GlobaleDivisionX));
   PasTourY = Arrondi32(PasParTour(C::GlobalePasY, C::GlobaleDivisionY));
   PasTourZ = Arrondi32(PasParTour(C::GlobalePasZ, C::GlobaleDivisionZ));
+  if (TableChargee != nullptr) TableChargee();
 }
 
 std::array<double, 3> ResolutionsTable() {

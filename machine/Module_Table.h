@@ -15,6 +15,8 @@ namespace ovelin {
 
 // Globals from the current table (TableDefaut); at start-up and when the table changes.
 void ChargeGlobalesTable();
+// Called behind it, for those that hold more of the table than the globals; nullptr: nobody does.
+extern void (*TableChargee)();
 
 // A field of the current table, with its own default or that of the reader.
 double LireNombreTable(const LectureChamp& lecture);

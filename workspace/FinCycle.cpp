@@ -13,6 +13,7 @@
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -135,6 +136,7 @@ bool DemandeFermeture(const CrochetsFermeture& crochets, const std::string& titr
 }
 
 void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents) {
+  FinProgramme = true;
   {
     const CadreAvancement cadre;
     const LotCles lot;
@@ -146,6 +148,7 @@ void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents) {
 }
 
 void TermineSansQuestion(const EtatFenetre& fenetre, const std::string& documents, bool gardeInstantanes) {
+  FinProgramme = true;
   {
     const SansProjet reglages;
     const LotCles lot;

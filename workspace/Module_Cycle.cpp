@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "closed/Pathwerk.h"
+#include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
@@ -119,6 +120,8 @@ void ChercheMiseAJour(const CrochetsDemarrage& crochets) {
 
 void ChargeReglages() {
   Crochets.ChargeTable = [] { ChargeGlobalesTable(); };
+  // The board's records stand on the same table, with a board or without.
+  TableChargee = [] { CdeZENIK->ChargeParametres(); };
   Crochets.ChercheMateriau = [] { ChercheFiche(); };
   LitCouleurs();
   LitOutil();

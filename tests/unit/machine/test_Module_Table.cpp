@@ -142,6 +142,15 @@ TEST(ChargeGlobalesTable, PointInTheFileIsReadWhateverTheUsersMark) {
   }
 }
 
+TEST(ChargeGlobalesTable, TellsWhoHoldsMoreOfTheTable) {
+  static float vue = 0;
+  vue = 0;
+  TableChargee = [] { vue = VitesseMaxX; };
+  PoseTable("TB_SAV_15=33\r\n");
+  ChargeGlobalesTable();
+  EXPECT_EQ(vue, 33) << "the globals are in force by then";
+}
+
 TEST(ResolutionsTable, EmptyTableGivesTheDefaultsOfTheBoardCheck) {
   // 1 mm a turn, 200 steps, division 1: not the 48 steps and division 0 of the travel globals.
   TableDefaut = "Nowhere";

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/Document.h"
 #include "core/Fichiers.h"
@@ -339,6 +340,16 @@ TEST(ChargeTableEtFiches, TheFirstRunHasTheSpeedsOfEveryLaterOne) {
   EXPECT_EQ(VitesseMaxY, 15);
   EXPECT_EQ(VitesseMaxZ, 15);
   EXPECT_EQ(CourseX, 1000);
+}
+
+TEST(ChargeTableEtFiches, TheBoardsRecordsStandOnTheSameTable) {
+  Demarrage d;
+  essai::Attend("erreurs", "401", Reponse::Ok);
+  d.Lance();
+  EXPECT_DOUBLE_EQ(CdeZENIK->MmParPasX(), 1.0 / 400);  // of a table that isn't there
+  ChargeTableEtFiches();
+  EXPECT_DOUBLE_EQ(CdeZENIK->MmParPasX(), 1.0 / 200);  // 100 steps halved, 1 mm a turn
+  EXPECT_EQ(CdeZENIK->Parametres().Multiplicateur, 6);
 }
 
 TEST(ChargeTableEtFiches, ReadsTheTableItsFlagAndKeepsRecordsThatAreThere) {

@@ -10,6 +10,7 @@
 #include "core/Fichiers.h"
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
 #include "workspace/Module_Annulation.h"
@@ -272,6 +273,15 @@ TEST(DechargeFenetre, SnapshotsGoHiddenOnesToo) {
   essai::EcritFichierEssai("temp/.00002.ovl", "x");
   DechargeFenetre(Fenetre(), "");
   EXPECT_TRUE(ListeFichiers(DossierTemp, "OVL").empty());
+}
+
+TEST(DechargeFenetre, NothingWaitsForTheBoardAnyMore) {
+  EXPECT_FALSE(FinProgramme);
+  DechargeFenetre(Fenetre(), "");
+  EXPECT_TRUE(FinProgramme);
+  FinProgramme = false;
+  TermineSansQuestion(Fenetre(), "", false);
+  EXPECT_TRUE(FinProgramme);
 }
 
 TEST(OuvreLigneCommande, TellsAnUnknownExtensionInTheUsersLanguage) {
