@@ -3,10 +3,13 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QSplitter>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QToolButton>
 #include <QTreeView>
+#include <memory>
 
+#include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
@@ -15,6 +18,7 @@
 #include "core/ui/ServicesQt.h"
 #include "database/Module_BD.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
+#include "tests/unit/controller/LiaisonScenario.h"
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Souris.h"
@@ -321,6 +325,43 @@ TEST_F(Cablage, TheBoardIsPolledInAPeriodOfItsOwn) {
   EcrireCle("PeriodeInterro", "2500");
   Charge();
   EXPECT_EQ(C<QTimer>("Timer_Interro")->interval(), 2500);
+}
+
+TEST_F(Cablage, ABoardThatIsPluggedInIsNamedAtTheNextPoll) {
+  essai::Scenario carte;
+  carte.connectee = 0;
+  CdeZENIK = std::make_unique<ClsCdeZENIK>(std::make_unique<essai::LiaisonScenario>(carte));
+  Charge();
+  const std::string sans = Traduire("F_Representation", "Carte_aucune");
+  EXPECT_EQ(Etiquette("SB1_9"), sans);
+  carte.connectee = 1;
+  EXPECT_EQ(Etiquette("SB1_9"), sans) << "not asked yet";
+  Sonne("Timer_Interro");
+  EXPECT_NE(Etiquette("SB1_9"), sans);
+  carte.connectee = 0;
+  Sonne("Timer_Interro");
+  EXPECT_EQ(Etiquette("SB1_9"), sans);
+  fenetre_.reset();
+  CdeZENIK.reset();
+}
+
+// How often a widget is painted.
+class Peintures : public QObject {
+ public:
+  int nombre = 0;
+  bool eventFilter(QObject* objet, QEvent* e) override {
+    if (e->type() == QEvent::Paint) ++nombre;
+    return QObject::eventFilter(objet, e);
+  }
+};
+
+TEST_F(Cablage, TheStatusBarIsPaintedAtOnceBehindTheBounds) {
+  Plaque();
+  essai::Evenements();
+  Peintures peintures;
+  C<QStatusBar>("SB1")->installEventFilter(&peintures);
+  EncombrementGeneral();
+  EXPECT_EQ(peintures.nombre, 1);
 }
 
 // --- materials
