@@ -162,6 +162,23 @@ TEST(Programme, AsksForTheSizeOfADrawing) {
   EXPECT_FALSE(TraceDecale.empty());
 }
 
+// --- settings that can't be read -------------------------------------------------------------------------------
+
+TEST(Demarre, TellsTheValuesOfTheSettingsThatCantBeReadAndGoesOn) {
+  ConfigPresente("[OVELIN]\r\nTableDefaut=OVELIN\r\nRayonFraise=1,5mm\r\n[table_OVELIN]\r\nTB_SAV_15=vite\r\n");
+  Attend("erreurs", "Valeur");
+  ProgrammeEssai p;
+  ASSERT_TRUE(p.Demarre());
+  ASSERT_EQ(Boites().size(), 1U);
+  const Boite& boite = Boites().back();
+  EXPECT_EQ(boite.icone, Icone::Exclamation);
+  EXPECT_NE(boite.texte.find("OVELIN.ini:3: RayonFraise=1,5mm\n"), std::string::npos) << boite.texte;
+  // The window has put its keys between the two by then: the line is that of the file as it stands.
+  EXPECT_NE(boite.texte.find(": TB_SAV_15=vite"), std::string::npos) << boite.texte;
+  EXPECT_TRUE(p.Fenetre()->isVisible());
+  EXPECT_EQ(Regl.RayonFraise, Reglages{}.RayonFraise);
+}
+
 // --- settings that can't be written ----------------------------------------------------------------------------
 
 TEST(SignaleReglages, TellsAFailedWriteOnceAndTheProgramGoesOn) {
