@@ -35,6 +35,8 @@ class Cadre {
   Cadre(int largeur, int hauteur) : x1_(largeur + Debord), y1_(hauteur + Debord) {}
 
   bool Coupe(PointVue& a, PointVue& b) const {
+    // A program may lead further than a picture's numbers reach.
+    if (!std::isfinite(a.x) || !std::isfinite(a.y) || !std::isfinite(b.x) || !std::isfinite(b.y)) return false;
     double t0 = 0, t1 = 1;
     const double dx = b.x - a.x, dy = b.y - a.y;
     if (!Bord(-dx, a.x + Debord, t0, t1) || !Bord(dx, x1_ - a.x, t0, t1) || !Bord(-dy, a.y + Debord, t0, t1) ||
@@ -186,7 +188,8 @@ void ConstruitSceneProgramme(const MesureProgramme& mesure, const Projection& pr
     dessinateur.Bande(mesure.TraceVertex);
   }
   if (!options.outil) return;
-  if (const auto place = projection.Point(*options.outil)) {
+  const auto place = projection.Point(*options.outil);
+  if (place && std::isfinite(place->x) && std::isfinite(place->y)) {
     scene.AjouteDisque(Role::Outil, Ecran(*place), RayonOutil * static_cast<float>(TwipsParPixel));
   }
 }

@@ -157,6 +157,19 @@ TEST_F(Ouverture_, ADroppedDrawingIsOpened) {
   EXPECT_EQ(NomDe(FichierCourant), "enseigne.plt");
 }
 
+TEST_F(Ouverture_, ADroppedProgramOpensTheWorkshopAndLeavesTheDrawing) {
+  Charge(Exemple("plaque.dxf"));
+  const Document avant = Doc;
+  const std::string programme = essai::EcritFichierEssai("essai.NC", "G01 X1\n");
+  QMimeData donnees;
+  donnees.setUrls({QUrl::fromLocalFile(QString::fromStdString(programme))});
+  EXPECT_TRUE(Depose(donnees));
+  EXPECT_EQ(ouvertes_, std::vector<std::string>{"F_Gcode"});
+  EXPECT_EQ(FichierAMontrer, programme);
+  EXPECT_TRUE(Doc.TraceInitial == avant.TraceInitial);
+  FichierAMontrer.clear();
+}
+
 TEST_F(Ouverture_, AnythingElseThatIsDroppedIsLeftAlone) {
   Charge();
   QMimeData donnees;

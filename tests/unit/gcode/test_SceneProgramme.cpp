@@ -103,6 +103,14 @@ TEST(SceneProgramme, LeavesOutWhatLiesOutsideThePicture) {
   EXPECT_EQ(NombreSegments(s), 0U) << "the middle of a square is empty";
 }
 
+TEST(SceneProgramme, PlacesBeyondAllNumbersAreLeftOut) {
+  const Scene s = Image(Mesure("F60\nG20\nX1e308\nX-1e308 Y1e308\nX0\n"));
+  for (const PointEcran& p : s.Points) {
+    EXPECT_TRUE(std::isfinite(p.X));
+    EXPECT_TRUE(std::isfinite(p.Y));
+  }
+}
+
 TEST(SceneProgramme, AnEmptyProgramIsAnEmptyPicture) {
   EXPECT_TRUE(Image(Mesure("(nothing)\n")).Primitives.empty());
 }
