@@ -25,6 +25,7 @@
 
 #include "bench/Formes.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"

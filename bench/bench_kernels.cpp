@@ -7,6 +7,7 @@
 
 #include "bench/Formes.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/PlanCourant.h"
 #include "core/Projet.h"

@@ -12,6 +12,7 @@
 
 #include "bench/Formes.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Services.h"

@@ -12,6 +12,7 @@
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
+#include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"

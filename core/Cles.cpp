@@ -7,6 +7,7 @@
 #include "core/ChampsMachine.h"
 #include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/FichierIni.h"
 #include "core/Fichiers.h"

@@ -1,4 +1,6 @@
 // The program's own folders: settings, files that come with it, and the temporary folder of this process.
+#include "core/Dossiers.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>

@@ -1,9 +1,12 @@
 // The settings file of a first start.
+#include "core/FichierDefaut.h"
+
 #include <string>
 
 #include "core/ChampsMachine.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/MagasinFichiers.h"
 #include "core/ReglagesCourants.h"

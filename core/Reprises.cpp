@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/LectureProjet.h"

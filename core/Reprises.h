@@ -18,10 +18,6 @@ struct Reprise {
 extern std::string DossierReprises;
 inline constexpr const char* NomDossierReprises = "reprises";
 
-// Takes away what dead processes left in the temporary folder of this program and this user, but for the newest
-// whole snapshot of each: for a program that takes no snapshots itself. PrepareDossierTemp does the same. False
-// when the folder can't be had.
-bool RecueilleReprises();
 // Out of the folder of a dead process into `DossierReprises`. Nothing where no snapshot can be read whole.
 void RecueilleReprise(const std::string& dossierMort);
 // What waits, the newest first.

@@ -7,7 +7,7 @@ namespace ovelin {
 EtatRun Marche;
 
 namespace {
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Marche = EtatRun{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Marche = EtatRun{}; });
 }
 
 }  // namespace ovelin

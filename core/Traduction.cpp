@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <unordered_map>
 
+#include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/FichierIni.h"
 #include "core/Fichiers.h"

@@ -1,5 +1,7 @@
 // The fields of the parameter window: which there are, what they hold, how they are written.
 
+#include "machine/ChampsTable.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>

@@ -1,5 +1,7 @@
 // Copies, renames and deletes tables, and makes one current.
 
+#include "machine/GestionTables.h"
+
 #include <algorithm>
 
 #include "core/Cles.h"

@@ -1,4 +1,6 @@
 // Clicks of the attachment tool: marks "PC" on the drawing. Positions in mm of the drawing.
+#include "toolpath/Attaches.h"
+
 #include <algorithm>
 #include <limits>
 #include <span>

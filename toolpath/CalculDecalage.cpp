@@ -1,4 +1,6 @@
 // The traces of the document in force: shells around the kernel of the traces.
+#include "toolpath/CalculDecalage.h"
+
 #include <unordered_set>
 #include <utility>
 

@@ -1,5 +1,7 @@
 // What the fields of the tool panel do with their text when they are left. Each field has its own order of test and
 // storing; a refused value may stand stored all the same.
+#include "toolpath/ChampsOutil.h"
+
 #include <cmath>
 #include <limits>
 

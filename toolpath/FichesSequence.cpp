@@ -1,4 +1,6 @@
 // The records of the sequence table: properties by code, and the selection.
+#include "toolpath/FichesSequence.h"
+
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"

@@ -1,4 +1,6 @@
 // Changes of the points of the drawing. NbPoints is the length of the array behind each of them.
+#include "toolpath/PointsSequence.h"
+
 #include <algorithm>
 #include <optional>
 #include <span>

@@ -1,4 +1,6 @@
 // Side, pocket, milling and depth of the selected paths.
+#include "toolpath/ProprietesSelection.h"
+
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"

@@ -1,4 +1,6 @@
 // Look-ups in the drawing: runs, first matches, boxes, codes.
+#include "toolpath/Recherche.h"
+
 #include <algorithm>
 #include <optional>
 #include <span>

@@ -13,6 +13,7 @@
 
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
 #include "core/Projet.h"

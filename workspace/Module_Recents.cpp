@@ -8,6 +8,7 @@
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Document.h"
+#include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/MagasinFichiers.h"

@@ -1,4 +1,6 @@
 // The commands that speak to a board: status, tables, flash memory, one exchange; and the devices of this machine.
+#include "app/cli/CommandesCarte.h"
+
 #include <array>
 #include <charconv>
 #include <cstdio>
@@ -6,7 +8,6 @@
 #include <optional>
 
 #include "app/cli/CarteAppel.h"
-#include "app/cli/Commandes.h"
 #include "controller/ChoixCarte.h"
 #include "controller/ClsCdeZENIK.h"
 #include "controller/ListeStockee.h"

@@ -1,8 +1,9 @@
 // Commands that open a drawing and give something back: info, gcode, save, export, trace, plan.
+#include "app/cli/CommandesDessin.h"
+
 #include <charconv>
 #include <cmath>
 
-#include "app/cli/Commandes.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"

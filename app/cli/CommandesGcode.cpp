@@ -1,7 +1,8 @@
 // check: a G-code file judged line by line and measured, without a board.
+#include "app/cli/CommandesGcode.h"
+
 #include <cstdio>
 
-#include "app/cli/Commandes.h"
 #include "core/Fichiers.h"
 #include "core/Texte8.h"
 #include "core/Textes.h"

@@ -1,7 +1,8 @@
 // Commands that read and change the settings on purpose: key, tables, materials.
+#include "app/cli/CommandesReglages.h"
+
 #include <cstdio>
 
-#include "app/cli/Commandes.h"
 #include "core/Cles.h"
 #include "core/Nombres.h"
 #include "core/Reglages.h"

@@ -1,8 +1,10 @@
 // recover: what dead processes left.
+#include "app/cli/CommandesReprise.h"
+
 #include <cstdio>
 #include <ctime>
 
-#include "app/cli/Commandes.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/Reprises.h"
 #include "core/Textes.h"

@@ -8,7 +8,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "app/cli/Commandes.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"

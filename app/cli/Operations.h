@@ -19,4 +19,7 @@ ResultatOperation Opere(Contexte& contexte, const Json& operation);
 // Names in the order of the documentation.
 std::vector<std::string> NomsOperations();
 
+// `edit`: opens the drawing, runs the list in the file `operations` (JSON), saves the project. The exit status.
+int Edite(Contexte& contexte, const std::string& dessin, const std::string& operations, const std::string& sortie);
+
 }  // namespace ovelin::cli

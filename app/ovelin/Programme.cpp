@@ -19,6 +19,7 @@
 #include "app/ovelin/Ecran.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/RunCourant.h"

@@ -7,7 +7,8 @@
 #include <vector>
 
 #include "closed/Pathwerk.h"
-#include "closed/pathwerk/decalage/Decalages.h"
+#include "closed/pathwerk/decalage/DecaleFerme.h"
+#include "closed/pathwerk/decalage/DecaleOuvert.h"
 #include "closed/pathwerk/poche/Poche.h"
 
 namespace pathwerk {

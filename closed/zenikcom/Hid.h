@@ -22,9 +22,4 @@ struct FonctionsHid {
   std::function<int(void*, std::uint8_t*, std::size_t, int ms)> lit;
 };
 
-FonctionsHid Hidapi();
-
-Ouverture LiaisonUsb(IdentiteUsb identite, const std::string& fichierVerrou, std::function<std::int64_t()> horloge,
-                     FonctionsHid hid);
-
 }  // namespace zenikcom

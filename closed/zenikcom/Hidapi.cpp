@@ -1,9 +1,9 @@
+#include "closed/zenikcom/Hidapi.h"
+
 #include <hidapi/hidapi.h>
 
 #include <algorithm>
 #include <tuple>
-
-#include "closed/zenikcom/Hid.h"
 
 namespace zenikcom {
 

@@ -1,10 +1,12 @@
+#include "closed/zenikcom/LiaisonUsb.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
 #include <utility>
 
-#include "closed/zenikcom/Hid.h"
+#include "closed/zenikcom/Hidapi.h"
 #include "closed/zenikcom/Verrou.h"
 
 namespace zenikcom {

@@ -7,6 +7,7 @@
 #include <set>
 #include <string_view>
 
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Traduction.h"

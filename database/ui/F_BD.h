@@ -45,7 +45,7 @@ class F_BD : public QDialog {
   void OteFaute();
   bool Ecrit();  // false, and said, when the settings file can't be written
 
-  // SaisieGrilleBD.cpp: the editor, the keys, the rows
+  // F_BD_Saisie.cpp: the editor, the keys, the rows
   bool ToucheGrille(const QKeyEvent& e);
   bool ToucheSaisie(const QKeyEvent& e);
   void OuvreSaisie(int ligne, int colonne, Choix choix);

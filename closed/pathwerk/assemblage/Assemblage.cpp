@@ -6,7 +6,11 @@
 #include <new>
 #include <string>
 
-#include "closed/pathwerk/assemblage/Etapes.h"
+#include "closed/pathwerk/assemblage/CheminsAssembles.h"
+#include "closed/pathwerk/assemblage/Doublons.h"
+#include "closed/pathwerk/assemblage/Jumeaux.h"
+#include "closed/pathwerk/assemblage/Niveaux.h"
+#include "closed/pathwerk/assemblage/Soudure.h"
 #include "closed/pathwerk/lecture/Lignes.h"
 
 namespace pathwerk::assemblage {

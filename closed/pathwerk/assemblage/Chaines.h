@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "closed/pathwerk/assemblage/Etapes.h"
+#include "closed/pathwerk/assemblage/CheminsAssembles.h"
 
 namespace pathwerk::assemblage {
 
@@ -95,11 +95,5 @@ class Chaines {
   std::vector<double> longueur_;         // for a free end: length of its chain, mm
   std::vector<std::uint32_t> segments_;  // for a free end: segments of its chain
 };
-
-// Joins what it can of the ends that meet in one place: the straightest continuations first.
-void RelieNoeud(Chaines& chaines, std::span<const Bout> bouts);
-
-// Joins free ends that lie within `tolerance` (mm) of each other, the nearest first.
-void RelieBoutsProches(const CheminsAssembles& assembles, Chaines& chaines, double tolerance);
 
 }  // namespace pathwerk::assemblage

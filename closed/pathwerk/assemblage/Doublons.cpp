@@ -1,9 +1,10 @@
 // Exact duplicates of paths.
+#include "closed/pathwerk/assemblage/Doublons.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstdint>
 
-#include "closed/pathwerk/assemblage/Etapes.h"
 #include "closed/pathwerk/assemblage/Tri.h"
 
 namespace pathwerk::assemblage {

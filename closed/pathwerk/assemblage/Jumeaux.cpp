@@ -1,4 +1,6 @@
 // Paths that are drawn twice, but not to the last digit.
+#include "closed/pathwerk/assemblage/Jumeaux.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -6,8 +8,6 @@
 #include <memory>
 #include <unordered_map>
 #include <utility>
-
-#include "closed/pathwerk/assemblage/Etapes.h"
 
 namespace pathwerk::assemblage {
 

@@ -1,11 +1,12 @@
 // Nesting of contours: which path lies in which.
+#include "closed/pathwerk/assemblage/Niveaux.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <memory>
 
 #include "base/ArbreBoites.h"
-#include "closed/pathwerk/assemblage/Etapes.h"
 
 namespace pathwerk::assemblage {
 

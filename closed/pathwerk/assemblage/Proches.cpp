@@ -1,4 +1,6 @@
 // Where many ends meet, and where ends almost meet.
+#include "closed/pathwerk/assemblage/Proches.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -1,10 +1,13 @@
 // Joining of loose ends.
+#include "closed/pathwerk/assemblage/Soudure.h"
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
 
 #include "closed/pathwerk/assemblage/Chaines.h"
+#include "closed/pathwerk/assemblage/Proches.h"
 #include "closed/pathwerk/assemblage/Tri.h"
 
 namespace pathwerk::assemblage {

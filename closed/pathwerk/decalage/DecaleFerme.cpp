@@ -1,10 +1,11 @@
 // The parallel curve of a closed path: each loop that its crossings part has a side of its own.
+#include "closed/pathwerk/decalage/DecaleFerme.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
 #include <vector>
 
-#include "closed/pathwerk/decalage/Decalages.h"
 #include "closed/pathwerk/decalage/Moteur.h"
 
 namespace pathwerk::decalage {

@@ -13,13 +13,14 @@
 // segment as near as that has it on the wanted side. A turn right back, to that same measure, is rounded on both
 // sides, so the curve goes along the way out, around the tip and along the way back. Such an edge is judged by its
 // middle and both ends; it is cut first where the path begins or ends to lie on itself.
+#include "closed/pathwerk/decalage/DecaleOuvert.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
 
 #include "closed/pathwerk/commun/ArbreSegments.h"
-#include "closed/pathwerk/decalage/Decalages.h"
 #include "closed/pathwerk/decalage/Moteur.h"
 #include "closed/pathwerk/decalage/Origine.h"
 

@@ -9,7 +9,9 @@
 
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
-#include "closed/pathwerk/decalage/Moteurs.h"
+#include "closed/pathwerk/decalage/MoteurArcs.h"
+#include "closed/pathwerk/decalage/MoteurClipper.h"
+#include "closed/pathwerk/decalage/MoteurLobes.h"
 #include "closed/pathwerk/decalage/ParalleleBrute.h"
 
 namespace pathwerk::decalage {

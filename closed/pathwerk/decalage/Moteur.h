@@ -58,4 +58,13 @@ struct CompteDuMoteur {
 };
 CompteDuMoteur CompteDecaleRegion();
 
+// --- for benches and tests that compare the engines ---
+
+// The raw curve alone, where it doesn't meet itself and so is the whole answer; false where it does.
+bool DecaleRegionSimple(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                        std::vector<Origines>* origines = nullptr);
+
+// The region that a path bounds by itself, walked once forwards; both ways round where `signe` is 0 and `deuxSens`.
+Region RegionDe(const Chemin& chemin, int signe, bool deuxSens = false);
+
 }  // namespace pathwerk::decalage

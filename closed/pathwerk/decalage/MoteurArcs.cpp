@@ -2,12 +2,13 @@
 //
 // The distance is taken a hair shorter than asked, within the tolerance, so that what fits exactly is passed.
 // Should the shape be in the way of just that distance (ends that find no partner), another hair is tried.
+#include "closed/pathwerk/decalage/MoteurArcs.h"
+
 #include <algorithm>
 #include <cmath>
 #include <exception>
 
 #include "closed/pathwerk/decalage/ArcLibres.h"
-#include "closed/pathwerk/decalage/Moteurs.h"
 
 namespace pathwerk::decalage {
 

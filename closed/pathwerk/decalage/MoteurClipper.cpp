@@ -1,6 +1,8 @@
 // The engine on Clipper 6. Clipper only unites: the raw curve is ours (ParalleleBrute), because Clipper's own arcs
 // come out up to 2.25 times as coarse as asked and every corner of a smooth contour would cost it a crossing. It is
 // quadratic on dense input, so it only stands in where the arc engine can't vouch for its result.
+#include "closed/pathwerk/decalage/MoteurClipper.h"
+
 #include <algorithm>
 #include <cmath>
 #include <exception>
@@ -8,7 +10,6 @@
 #include <span>
 
 #include "closed/pathwerk/commun/ArbreSegments.h"
-#include "closed/pathwerk/decalage/Moteurs.h"
 #include "closed/pathwerk/decalage/ParalleleBrute.h"
 
 namespace pathwerk::decalage {

@@ -19,13 +19,14 @@
 // A scan far denser than its noise crosses itself hundreds of times a point. Such a scribble stays in one piece,
 // every strand of it a wall: the cutter keeps its distance from all of them, on the side that the winding number
 // tells.
+#include "closed/pathwerk/decalage/MoteurLobes.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <exception>
 
 #include "closed/pathwerk/decalage/ArcSource.h"
-#include "closed/pathwerk/decalage/Moteurs.h"
 
 namespace pathwerk::decalage {
 

@@ -5,6 +5,7 @@
 
 #include "app/ovelin/Composition.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/Services.h"
 #include "gcode/ui/F_Gcode.h"

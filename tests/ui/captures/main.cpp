@@ -11,6 +11,7 @@
 #include <set>
 
 #include "app/ovelin/Composition.h"
+#include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Services.h"

@@ -9,6 +9,7 @@
 #include <QTabWidget>
 
 #include "core/Cles.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/ui/ChampNombre.h"

@@ -21,6 +21,7 @@
 #include <QToolBar>
 #include <QTreeWidget>
 
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
 #include "core/ui/Fenetres.h"

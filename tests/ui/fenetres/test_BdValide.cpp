@@ -3,6 +3,7 @@
 
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/Traduction.h"
 #include "tests/ui/fenetres/BdEssai.h"

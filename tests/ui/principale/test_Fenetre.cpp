@@ -10,6 +10,7 @@
 
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/ui/ServicesQt.h"

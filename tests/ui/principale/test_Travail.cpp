@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "run/ui/F_Fraisage.h"

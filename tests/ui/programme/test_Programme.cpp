@@ -11,6 +11,7 @@
 #include "app/ovelin/Composition.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"

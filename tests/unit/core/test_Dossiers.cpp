@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "tests/support/Support.h"
 

@@ -1,4 +1,6 @@
 #include "core/Cles.h"
+#include "core/Dossiers.h"
+#include "core/FichierDefaut.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Traduction.h"

@@ -6,6 +6,7 @@
 
 #include "closed/Pathwerk.h"
 #include "core/BoiteRefus.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
 #include "core/Services.h"

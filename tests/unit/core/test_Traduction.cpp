@@ -1,5 +1,6 @@
 #include <cstdlib>
 
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Traduction.h"

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "core/Cles.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "machine/Module_Table.h"

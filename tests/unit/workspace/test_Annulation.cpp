@@ -8,6 +8,7 @@
 
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"

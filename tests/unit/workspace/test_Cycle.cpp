@@ -11,6 +11,7 @@
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/Document.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"

@@ -14,6 +14,7 @@
 
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/LectureProjet.h"
 #include "core/ReglagesCourants.h"

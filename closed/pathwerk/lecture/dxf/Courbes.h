@@ -1,4 +1,4 @@
-// Curves of DXF as chords: arcs of circles and ellipses under any map, splines.
+// Curves of DXF as chords: arcs of circles and ellipses under any map.
 #pragma once
 
 #include <cstddef>
@@ -50,24 +50,5 @@ bool AjouteConique(std::vector<Vec2>& points, Vec2 depart, const ArcConique& arc
 // The arc over a segment of a polyline: `bulge` is the tangent of a quarter of its angle, positive when it bends to
 // the right of the chord, so that it turns counter-clockwise. In the polyline's own plane; the map comes after.
 ArcConique ArcDeBulge(Vec2 a, Vec2 b, double bulge);
-
-// B-spline, rational when `poids` isn't empty.
-struct Spline {
-  int degre = 3;
-  std::vector<double> noeuds;
-  std::vector<Vec3> controle;
-  std::vector<double> poids;
-};
-
-// True when the numbers fit together: degree 1 to 25, enough control points, knots that don't fall, weights > 0.
-bool Valide(const Spline& s);
-// Knots for a spline that came without: clamped ends, or evenly spaced for a closed one whose first control points
-// are repeated at its end.
-void NoeudsParDefaut(Spline& s, bool periodique);
-// The interpolating cubic through points: chord-length parameters, twice continuously differentiable. The tangents
-// are those of its ends, a null vector leaves the end free of curvature. A closed one is smooth at its joint.
-Spline SplineParPoints(std::vector<Vec3> points, Vec3 tangenteDebut, Vec3 tangenteFin, bool fermee);
-// Chords within `fleche` of the spline seen through `m`, ends exact. False when the budget is used up.
-bool AjouteSpline(std::vector<Vec2>& points, const Spline& s, const Affine& m, double fleche, Budget& budget);
 
 }  // namespace pathwerk::lecture::dxf

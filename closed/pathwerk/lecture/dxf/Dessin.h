@@ -9,6 +9,7 @@
 #include "closed/pathwerk/lecture/dxf/Courbes.h"
 #include "closed/pathwerk/lecture/dxf/Entite.h"
 #include "closed/pathwerk/lecture/dxf/Sommaire.h"
+#include "closed/pathwerk/lecture/dxf/Spline.h"
 
 namespace pathwerk::lecture::dxf {
 

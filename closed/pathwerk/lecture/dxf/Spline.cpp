@@ -1,7 +1,7 @@
+#include "closed/pathwerk/lecture/dxf/Spline.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "closed/pathwerk/lecture/dxf/Courbes.h"
 
 namespace pathwerk::lecture::dxf {
 

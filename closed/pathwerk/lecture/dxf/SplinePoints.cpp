@@ -1,7 +1,7 @@
 // The curve through given points: what a spline means whose writer left its control points out.
-#include <cmath>
+#include "closed/pathwerk/lecture/dxf/SplinePoints.h"
 
-#include "closed/pathwerk/lecture/dxf/Courbes.h"
+#include <cmath>
 
 namespace pathwerk::lecture::dxf {
 

@@ -1,10 +1,11 @@
 // Arcs of routes.
+#include "closed/pathwerk/lecture/excellon/Arc.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
 #include "closed/pathwerk/commun/Courbes.h"
-#include "closed/pathwerk/lecture/excellon/Mots.h"
 
 namespace pathwerk::lecture::excellon {
 

@@ -10,6 +10,7 @@
 
 #include "closed/pathwerk/commun/Courbes.h"
 #include "closed/pathwerk/lecture/Lignes.h"
+#include "closed/pathwerk/lecture/excellon/Arc.h"
 #include "closed/pathwerk/lecture/excellon/Mots.h"
 
 namespace pathwerk::lecture::excellon {

@@ -60,15 +60,6 @@ bool EtenduePossible(std::string_view ligne, const FormatExcellon& format, Vec2 
 // What a comment says of the format: ";FILE_FORMAT=2:4", "; FORMAT={3:3/ absolute / metric / suppress leading
 // zeros}".
 void LitCommentaireFormat(std::string_view ligne, FormatExcellon& format);
-// The words of a G02 or G03, mm.
-struct MotsArc {
-  std::optional<double> i, j, a;
-};
-// Appends the chords of an arc from the last point of `route` to `fin`. By the radius A it is never more than half
-// a turn; by the centre I, J from the start, a full turn when the end is the start. Without either, a straight
-// line.
-void AjouteArcRoute(std::vector<Vec2>& route, Vec2 fin, bool horaire, const MotsArc& mots, double fleche);
-
 // Leading whole number of a text, -1 when there is none; large ones are held at 1,000,000.
 int EntierDebut(std::string_view texte);
 

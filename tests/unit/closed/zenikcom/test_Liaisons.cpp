@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "closed/zenikcom/Hid.h"
+#include "closed/zenikcom/LiaisonUsb.h"
 #include "tests/unit/closed/zenikcom/Banc.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <random>
 #include <vector>
 
-#include "closed/pathwerk/decalage/Moteurs.h"
+#include "closed/pathwerk/decalage/Moteur.h"
 #include "tests/unit/closed/pathwerk/controle/Controle.h"
 
 namespace controle {

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <numbers>
 
+#include "closed/pathwerk/decalage/MoteurArcs.h"
+#include "closed/pathwerk/decalage/MoteurClipper.h"
+#include "closed/pathwerk/decalage/MoteurLobes.h"
 #include "tests/unit/closed/pathwerk/controle/ControleRegion.h"
 
 using namespace controle;

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "closed/pathwerk/decalage/MoteurLobes.h"
 #include "tests/unit/closed/pathwerk/controle/ControleRegion.h"
 
 using namespace controle;

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "closed/pathwerk/lecture/dxf/Spline.h"
 #include "tests/unit/closed/pathwerk/lecture/dxf/Outils.h"
 
 using namespace essai;

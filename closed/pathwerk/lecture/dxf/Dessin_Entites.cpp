@@ -4,6 +4,7 @@
 #include <numbers>
 
 #include "closed/pathwerk/lecture/dxf/Dessin.h"
+#include "closed/pathwerk/lecture/dxf/SplinePoints.h"
 
 namespace pathwerk::lecture::dxf {
 

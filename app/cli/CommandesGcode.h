@@ -1,0 +1,13 @@
+// Commands over a G-code file. Each takes its parsed options and returns the exit status.
+#pragma once
+
+#include <string>
+
+#include "app/cli/Contexte.h"
+
+namespace ovelin::cli {
+
+// Judged and measured.
+int Verifie(Contexte& contexte, const std::string& fichier);
+
+}  // namespace ovelin::cli

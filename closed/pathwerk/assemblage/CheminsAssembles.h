@@ -1,0 +1,43 @@
+// The paths that the steps of the assembly hand on, as flat arrays. Used by Assemble and its tests alone.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "closed/pathwerk/commun/Point.h"
+#include "closed/pathwerk/lecture/Lecture.h"
+
+namespace pathwerk::assemblage {
+
+using lecture::Nature;
+
+// A place as the document keeps it.
+struct PointF {
+  float x = 0;
+  float y = 0;
+  constexpr bool operator==(const PointF&) const = default;
+};
+
+// One path: a run of `CheminsAssembles::points`. No two neighbouring points are equal but those of a hole.
+struct CheminAssemble {
+  std::size_t debut = 0;
+  std::size_t nb = 0;
+  Nature nature = Nature::Ouvert;  // Ferme: the last point equals the first; Percage: one point given twice
+};
+
+struct CheminsAssembles {
+  std::vector<PointF> points;
+  std::vector<CheminAssemble> chemins;
+  [[nodiscard]] std::span<const PointF> De(std::size_t i) const {
+    return std::span(points).subspan(chemins[i].debut, chemins[i].nb);
+  }
+};
+
+// Ends of a path before they were rounded to floats.
+struct Bouts {
+  Vec2 debut;
+  Vec2 fin;
+};
+
+}  // namespace pathwerk::assemblage

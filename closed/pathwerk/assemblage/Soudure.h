@@ -1,0 +1,14 @@
+// Open paths joined at their ends.
+#pragma once
+
+#include <span>
+
+#include "closed/pathwerk/assemblage/CheminsAssembles.h"
+
+namespace pathwerk::assemblage {
+
+// Joins the open paths at their ends. `bouts` belongs to `assembles.chemins`, same order. `tolerance` in mm; 0
+// joins equal points alone. Returns the paths with the joined paths in the place of their first piece.
+CheminsAssembles Soude(const CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance);
+
+}  // namespace pathwerk::assemblage

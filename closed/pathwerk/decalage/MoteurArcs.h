@@ -1,0 +1,14 @@
+// The offset engine on exact arcs, behind Moteur.h.
+#pragma once
+
+#include <vector>
+
+#include "closed/pathwerk/decalage/Moteur.h"
+
+namespace pathwerk::decalage {
+
+// Contract of DecaleRegion; false where it can't vouch for its result.
+bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                      std::vector<Origines>* origines = nullptr);
+
+}  // namespace pathwerk::decalage

@@ -1,0 +1,21 @@
+// Changes of the points of the paths in force; they refresh nothing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "core/Document.h"
+
+namespace ovelin {
+
+void InserePoint(std::int32_t index, const PointTrace& point);
+void RemplaceSequence(Code2 code, const std::vector<PointTrace>& points);
+void InverseSequence(Code2 code);
+void InverseEtendue(std::optional<std::size_t> premier);  // the same for the run that begins there
+void FermeSequences();
+void DeplaceSelection(int direction, float distance);  // 1: X, 3: Y; mm
+void SupprimeSelection();
+
+}  // namespace ovelin
