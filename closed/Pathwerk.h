@@ -141,16 +141,22 @@ struct RapportLecture {
 // Length of the message that comes back beside a reading or a writing.
 inline constexpr std::size_t LongueurMessage = 260;
 
-// Reads a drawing of any format (by extension, else by content). `points` is replaced. The result is the number
-// of points, or a negative `Erreur`. The bounds are those of the points, untouched when there are none. `message`
-// comes in and goes out as 260 characters padded with blanks: on success what was left out ("TEXT 3, HATCH 1"),
-// on failure "name:line: detail".
+// What a file has become.
+struct Importation {
+  std::int32_t Nombre = 0;  // of points, or a negative `Erreur`
+  std::vector<PointTrace> Points;
+  float Xmin = 0, Xmax = 0, Ymin = 0, Ymax = 0;  // bounds of the points, mm; 0 when there are none
+  // At most 260 bytes: on success what was left out ("TEXT 3, HATCH 1"), on failure "name:line: detail".
+  std::string Message;
+  RapportLecture Rapport;
+};
+// Reads a drawing of any format (by extension, else by content).
+Importation ImporteFichier(const std::string& chemin, const OptionsLecture& options = {});
+
+// The same for callers with fixed places. `points` is replaced, the result is `Nombre`; the bounds are untouched when
+// there are no points; `message` comes in and goes out as 260 characters padded with blanks.
 std::int32_t LireFichier(std::vector<PointTrace>& points, const std::string& chemin, float& Xmin, float& Xmax,
                          float& Ymin, float& Ymax, std::string& message);
-// The same with options and a full report.
-std::int32_t LireFichier(std::vector<PointTrace>& points, const std::string& chemin, float& Xmin, float& Xmax,
-                         float& Ymin, float& Ymax, std::string& message, const OptionsLecture& options,
-                         RapportLecture& rapport);
 
 // The codes that a reading gives, in order: " A" ... as the document counts them, then the remaining pairs of
 // printable characters. Index from 0; an index past the last gives CodeAucun.

@@ -1,4 +1,6 @@
 // The end of the program, the lock against a second copy.
+#include "workspace/FinCycle.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>

@@ -25,6 +25,7 @@
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
 #include "machine/TableCourante.h"
+#include "workspace/FinCycle.h"
 #include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Ouverture.h"

@@ -45,14 +45,14 @@ void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<voi
   pathwerk::OptionsLecture options;
   options.ToleranceSoudure = reglages.ToleranceSoudure;
   options.Avancement = avancement;
-  std::string message(pathwerk::LongueurMessage, ' ');
-  d.TraceInitial.assign(1, PointTrace{});
-  d.NbPoints = pathwerk::LireFichier(d.TraceInitial, lu.chemin, d.Xmin, d.Xmax, d.Ymin, d.Ymax, message, options,
-                                     lu.contenu.rapport);
-  if (d.NbPoints < 0) d.TraceInitial.clear();
+  pathwerk::Importation importe = pathwerk::ImporteFichier(lu.chemin, options);
+  d.NbPoints = importe.Nombre;
+  if (d.NbPoints >= 0) d.TraceInitial = std::move(importe.Points);
+  d.Xmin = importe.Xmin, d.Xmax = importe.Xmax, d.Ymin = importe.Ymin, d.Ymax = importe.Ymax;
   d.Sequences = FichesNeuves(d.TraceInitial, reglages.ProfFraisage);
   ContenuLu& c = lu.contenu;
-  c.message = Rogne(message);
+  c.rapport = std::move(importe.Rapport);
+  c.message = Rogne(importe.Message);
   c.points = d.NbPoints;
   c.sequences = NombreRuns(d);
   c.xmin = d.Xmin, c.xmax = d.Xmax, c.ymin = d.Ymin, c.ymax = d.Ymax;

@@ -29,6 +29,7 @@
 #include "core/ValeursCles.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
+#include "workspace/FinCycle.h"
 
 namespace ovelin {
 

@@ -3,6 +3,7 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "base/Boite.h"
 #include "base/Fichiers.h"
@@ -82,44 +83,45 @@ std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, c
   return n;
 }
 
-void Bornes(const std::vector<PointTrace>& points, float& Xmin, float& Xmax, float& Ymin, float& Ymax) {
-  if (points.empty()) return;
-  auto boite = base::Boite<float>::De(points[0].X, points[0].Y);
-  for (const PointTrace& p : points) boite.Etend(p.X, p.Y);
-  Xmin = boite.x0, Xmax = boite.x1, Ymin = boite.y0, Ymax = boite.y1;
+void Mesure(Importation& lu) {
+  if (lu.Points.empty()) return;
+  auto boite = base::Boite<float>::De(lu.Points[0].X, lu.Points[0].Y);
+  for (const PointTrace& p : lu.Points) boite.Etend(p.X, p.Y);
+  lu.Xmin = boite.x0, lu.Xmax = boite.x1, lu.Ymin = boite.y0, lu.Ymax = boite.y1;
 }
 
 }  // namespace
 
-std::int32_t LireFichier(std::vector<PointTrace>& points, const std::string& chemin, float& Xmin, float& Xmax,
-                         float& Ymin, float& Ymax, std::string& message, const OptionsLecture& options,
-                         RapportLecture& rapport) {
+Importation ImporteFichier(const std::string& chemin, const OptionsLecture& options) {
   const std::string nom = SansNul(chemin);
+  Importation lu;
   Lecture lecture;
-  std::int32_t n = 0;
-  std::vector<PointTrace>().swap(points);
   const auto manque = [&] {
-    std::vector<PointTrace>().swap(points);
+    std::vector<PointTrace>().swap(lu.Points);
     lecture.Refuse(Erreur::Memoire, 0, "");
-    n = static_cast<std::int32_t>(Erreur::Memoire);
+    lu.Nombre = static_cast<std::int32_t>(Erreur::Memoire);
   };
   try {
-    n = Ouvre(points, nom, options, lecture);
+    lu.Nombre = Ouvre(lu.Points, nom, options, lecture);
   } catch (const std::bad_alloc&) {
     manque();
   } catch (const std::length_error&) {
     manque();
   }
-  if (n > 0) Bornes(points, Xmin, Xmax, Ymin, Ymax);
-  rapport = std::move(lecture.rapport);
-  message = EnMessage(n < 0 ? TexteEchec(nom, rapport) : TexteSucces(rapport));
-  return n;
+  if (lu.Nombre > 0) Mesure(lu);
+  lu.Rapport = std::move(lecture.rapport);
+  lu.Message = Coupe(lu.Nombre < 0 ? TexteEchec(nom, lu.Rapport) : TexteSucces(lu.Rapport), LongueurMessage);
+  return lu;
 }
 
 std::int32_t LireFichier(std::vector<PointTrace>& points, const std::string& chemin, float& Xmin, float& Xmax,
                          float& Ymin, float& Ymax, std::string& message) {
-  RapportLecture rapport;
-  return LireFichier(points, chemin, Xmin, Xmax, Ymin, Ymax, message, OptionsLecture{}, rapport);
+  std::vector<PointTrace>().swap(points);
+  Importation lu = ImporteFichier(chemin);
+  points = std::move(lu.Points);
+  if (lu.Nombre > 0) Xmin = lu.Xmin, Xmax = lu.Xmax, Ymin = lu.Ymin, Ymax = lu.Ymax;
+  message = EnMessage(std::move(lu.Message));
+  return lu.Nombre;
 }
 
 }  // namespace pathwerk

@@ -30,6 +30,7 @@
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
+#include "workspace/FinCycle.h"
 #include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Enregistrement.h"

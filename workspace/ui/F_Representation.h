@@ -9,6 +9,7 @@
 
 #include "core/Services.h"
 #include "core/ui/Fenetres.h"
+#include "workspace/FinCycle.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Ouverture.h"
 #include "workspace/ui/BarreEtat.h"

@@ -1,5 +1,7 @@
 #include "closed/pathwerk/commun/Echange.h"
 
+#include <utility>
+
 #include "base/Fichiers.h"
 #include "closed/Pathwerk.h"
 
@@ -13,13 +15,17 @@ std::string Extension(const std::string& chemin) {
 
 std::string SansNul(const std::string& chemin) { return chemin.substr(0, chemin.find('\0')); }
 
+std::string Coupe(std::string texte, std::size_t octets) {
+  if (texte.size() <= octets) return texte;
+  std::size_t fin = octets;
+  const auto suite = [&](std::size_t i) { return (static_cast<unsigned char>(texte[i]) & 0xC0U) == 0x80U; };
+  for (int k = 0; k < 3 && suite(fin); ++k) --fin;
+  texte.resize(fin);
+  return texte;
+}
+
 std::string EnMessage(std::string texte) {
-  if (texte.size() > LongueurMessage) {
-    std::size_t fin = LongueurMessage;
-    const auto suite = [&](std::size_t i) { return (static_cast<unsigned char>(texte[i]) & 0xC0U) == 0x80U; };
-    for (int k = 0; k < 3 && suite(fin); ++k) --fin;
-    texte.resize(fin);
-  }
+  texte = Coupe(std::move(texte), LongueurMessage);
   texte.resize(LongueurMessage, ' ');
   return texte;
 }

@@ -17,6 +17,7 @@
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
+#include "workspace/FinCycle.h"
 #include "workspace/Module_Recents.h"
 #include "workspace/Module_Reprise.h"
 

@@ -14,6 +14,7 @@
 #include "core/Services.h"
 #include "tests/support/Support.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/FinCycle.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Ouverture.h"

@@ -22,6 +22,7 @@
 #include "machine/Module_Table.h"
 #include "machine/TableCourante.h"
 #include "tests/support/Support.h"
+#include "workspace/FinCycle.h"
 #include "workspace/Module_Cycle.h"
 
 namespace {

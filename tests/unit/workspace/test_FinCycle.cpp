@@ -14,6 +14,7 @@
 #include "core/RunCourant.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
+#include "workspace/FinCycle.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Recents.h"

@@ -140,13 +140,14 @@ struct Fichier {
   std::vector<PointTrace> points;
   float xmin = -1, xmax = -2, ymin = -3, ymax = -4;
   std::string message = std::string(pathwerk::LongueurMessage, ' ');
-  pathwerk::RapportLecture rapport;
 };
-inline Fichier Lis(const std::string& chemin) {
+// Into fixed places, as LireFichier fills them.
+inline Fichier LisEnPlace(const std::string& chemin) {
   Fichier f;
-  f.n = pathwerk::LireFichier(f.points, chemin, f.xmin, f.xmax, f.ymin, f.ymax, f.message, {}, f.rapport);
+  f.n = pathwerk::LireFichier(f.points, chemin, f.xmin, f.xmax, f.ymin, f.ymax, f.message);
   return f;
 }
+inline pathwerk::Importation Lis(const std::string& chemin) { return pathwerk::ImporteFichier(chemin); }
 
 }  // namespace aide
 

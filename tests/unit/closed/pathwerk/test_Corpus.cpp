@@ -20,19 +20,19 @@ std::ostream& operator<<(std::ostream& os, const Attendu& a) { return os << a.no
 
 void Verifie(const std::string& chemin, const Attendu& a, float marge) {
   const auto f = Lis(chemin);
-  if (a.points == NonCompte) {
-    EXPECT_GT(f.n, 0) << f.message;
+  if (a.Points == NonCompte) {
+    EXPECT_GT(f.Nombre, 0) << f.Message;
   } else {
-    EXPECT_EQ(f.n, a.points) << f.message;
+    EXPECT_EQ(f.Nombre, a.Points) << f.Message;
   }
-  const auto s = Sequences(f.points);
+  const auto s = Sequences(f.Points);
   EXPECT_EQ(s.size(), a.sequences);
   EXPECT_EQ(static_cast<std::size_t>(std::count_if(s.begin(), s.end(), EstFerme)), a.fermees);
-  EXPECT_NEAR(f.xmin, a.xmin, marge);
-  EXPECT_NEAR(f.xmax, a.xmax, marge);
-  EXPECT_NEAR(f.ymin, a.ymin, marge);
-  EXPECT_NEAR(f.ymax, a.ymax, marge);
-  EXPECT_FALSE(f.rapport.Tronque);
+  EXPECT_NEAR(f.Xmin, a.xmin, marge);
+  EXPECT_NEAR(f.Xmax, a.xmax, marge);
+  EXPECT_NEAR(f.Ymin, a.ymin, marge);
+  EXPECT_NEAR(f.Ymax, a.ymax, marge);
+  EXPECT_FALSE(f.Rapport.Tronque);
 }
 
 class CorpusDat : public testing::TestWithParam<Attendu> {};
@@ -94,11 +94,11 @@ TEST(Samples, ARibAndADrillPlateAreRead) {
   // NACA 2412 with a chord of 200 mm: 60 panels a side, thickness 12 %, highest point near 7.9 %.
   const auto aile = Lis(samples + "aile.dat");
   EXPECT_EQ(aile.n, 121);
-  EXPECT_TRUE(EstFerme(Sequences(aile.points).at(0)));
+  EXPECT_TRUE(EstFerme(Sequences(aile.Points).at(0)));
   EXPECT_NEAR(aile.xmax, 200, 1e-4);
   EXPECT_NEAR(aile.ymax - aile.ymin, 24.3, 0.3);
   // 4 holes, two rows of 8, 3 slots, and a closed route of two lines and two half circles of radius 3.
-  const auto plaque = Sequences(Lis(samples + "percage.drl").points);
+  const auto plaque = Sequences(Lis(samples + "percage.drl").Points);
   ASSERT_EQ(plaque.size(), 4U + 16U + 3U + 1U);
   const auto route = std::find_if(plaque.begin(), plaque.end(), EstFerme);
   ASSERT_NE(route, plaque.end());

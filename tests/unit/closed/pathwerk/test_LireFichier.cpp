@@ -16,14 +16,14 @@ constexpr const char* DessinHpgl = "IN;SP1;PU0,0;PD400,0,400,400;PU;";
 TEST(LireFichier, GivesPointsBoundsAndABlankMessage) {
   const Dossier d;
   const auto f = Lis(d.Ecrit("a.dat", "1 2\n-3 4.5\n"));
-  EXPECT_EQ(f.n, 2);
-  EXPECT_EQ(f.points.size(), 2U);
-  EXPECT_EQ(f.xmin, -3);
-  EXPECT_EQ(f.xmax, 1);
-  EXPECT_EQ(f.ymin, 2);
-  EXPECT_EQ(f.ymax, 4.5F);
-  EXPECT_EQ(f.message, std::string(260, ' '));
-  EXPECT_EQ(f.rapport.Format, "DAT");
+  EXPECT_EQ(f.Nombre, 2);
+  EXPECT_EQ(f.Points.size(), 2U);
+  EXPECT_EQ(f.Xmin, -3);
+  EXPECT_EQ(f.Xmax, 1);
+  EXPECT_EQ(f.Ymin, 2);
+  EXPECT_EQ(f.Ymax, 4.5F);
+  EXPECT_EQ(f.Message, std::string(260, ' '));
+  EXPECT_EQ(f.Rapport.Format, "DAT");
 }
 
 TEST(LireFichier, TheShortFormGivesTheSame) {
@@ -35,92 +35,92 @@ TEST(LireFichier, TheShortFormGivesTheSame) {
   float y1 = 0;
   std::string message(260, ' ');
   EXPECT_EQ(LireFichier(points, d.Ecrit("a.dat", "1 2\n-3 4.5\n"), x0, x1, y0, y1, message), 2);
-  EXPECT_EQ(points, Lis(d / "a.dat").points);
+  EXPECT_EQ(points, Lis(d / "a.dat").Points);
   EXPECT_EQ(y1, 4.5F);
 }
 
 TEST(LireFichier, PathWithANulBehindIt) {
   const Dossier d;
-  EXPECT_EQ(Lis(d.Ecrit("a.dat", "1 2\n-3 4.5\n") + std::string(1, '\0')).n, 2);
+  EXPECT_EQ(Lis(d.Ecrit("a.dat", "1 2\n-3 4.5\n") + std::string(1, '\0')).Nombre, 2);
 }
 
 TEST(LireFichier, ExtensionNamesTheFormatInAnyCase) {
   const Dossier d;
   for (const char* nom : {"a.drl", "a.DRL", "a.Drd"})
-    EXPECT_EQ(Lis(d.Ecrit(nom, ForetDefaut)).rapport.Format, "DRL") << nom;
-  for (const char* nom : {"a.dxf", "b.DXF"}) EXPECT_EQ(Lis(d.Ecrit(nom, DessinDxf)).rapport.Format, "DXF") << nom;
+    EXPECT_EQ(Lis(d.Ecrit(nom, ForetDefaut)).Rapport.Format, "DRL") << nom;
+  for (const char* nom : {"a.dxf", "b.DXF"}) EXPECT_EQ(Lis(d.Ecrit(nom, DessinDxf)).Rapport.Format, "DXF") << nom;
   for (const char* nom : {"a.plt", "a.prn", "a.hpgl"}) {
-    EXPECT_EQ(Lis(d.Ecrit(nom, DessinHpgl)).rapport.Format, "HPGL") << nom;
+    EXPECT_EQ(Lis(d.Ecrit(nom, DessinHpgl)).Rapport.Format, "HPGL") << nom;
   }
-  EXPECT_EQ(Lis(d.Ecrit("a.dat", ForetDefaut)).n, static_cast<int>(Erreur::Dat));
-  EXPECT_EQ(Lis(d.Ecrit("a.eps", ForetDefaut)).n, static_cast<int>(Erreur::EpsEntete));
+  EXPECT_EQ(Lis(d.Ecrit("a.dat", ForetDefaut)).Nombre, static_cast<int>(Erreur::Dat));
+  EXPECT_EQ(Lis(d.Ecrit("a.eps", ForetDefaut)).Nombre, static_cast<int>(Erreur::EpsEntete));
 }
 
 TEST(LireFichier, UnknownExtensionIsToldByContent) {
   const Dossier d;
-  EXPECT_EQ(Lis(d.Ecrit("a.xln", ForetDefaut)).rapport.Format, "DRL");
-  EXPECT_EQ(Lis(d.Ecrit("a.txt", std::string("; comment\n%\n") + ForetDefaut)).rapport.Format, "DRL");
-  EXPECT_EQ(Lis(d.Ecrit("a", DessinDxf)).rapport.Format, "DXF");
-  EXPECT_EQ(Lis(d.Ecrit("b.txt", std::string("999\nmade by hand\n") + DessinDxf)).rapport.Format, "DXF");
-  EXPECT_EQ(Lis(d.Ecrit("c.txt", std::string("  0\r\nSECTION\r\n") + (DessinDxf + 10))).rapport.Format, "DXF");
-  EXPECT_EQ(Lis(d.Ecrit("a.gl", DessinHpgl)).rapport.Format, "HPGL");
-  EXPECT_EQ(Lis(d.Ecrit("b.gl", std::string("\x1B.(;\x1B%0B") + DessinHpgl)).rapport.Format, "HPGL");
-  EXPECT_EQ(Lis(d.Ecrit("c.txt", "Title\n1 2\n3 4\n")).rapport.Format, "DAT");
-  EXPECT_EQ(Lis(d.Ecrit("c.csv", "1.5,2.5\n3,4\n")).rapport.Format, "DAT");
-  EXPECT_EQ(Lis(d.Ecrit("a.ps", "%!PS-Adobe-3.0\n")).rapport.Format, "EPS");
-  EXPECT_EQ(Lis(d.Ecrit("b.ps", "\xC5\xD0\xD3\xC6garbage")).rapport.Format, "EPS");
+  EXPECT_EQ(Lis(d.Ecrit("a.xln", ForetDefaut)).Rapport.Format, "DRL");
+  EXPECT_EQ(Lis(d.Ecrit("a.txt", std::string("; comment\n%\n") + ForetDefaut)).Rapport.Format, "DRL");
+  EXPECT_EQ(Lis(d.Ecrit("a", DessinDxf)).Rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("b.txt", std::string("999\nmade by hand\n") + DessinDxf)).Rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("c.txt", std::string("  0\r\nSECTION\r\n") + (DessinDxf + 10))).Rapport.Format, "DXF");
+  EXPECT_EQ(Lis(d.Ecrit("a.gl", DessinHpgl)).Rapport.Format, "HPGL");
+  EXPECT_EQ(Lis(d.Ecrit("b.gl", std::string("\x1B.(;\x1B%0B") + DessinHpgl)).Rapport.Format, "HPGL");
+  EXPECT_EQ(Lis(d.Ecrit("c.txt", "Title\n1 2\n3 4\n")).Rapport.Format, "DAT");
+  EXPECT_EQ(Lis(d.Ecrit("c.csv", "1.5,2.5\n3,4\n")).Rapport.Format, "DAT");
+  EXPECT_EQ(Lis(d.Ecrit("a.ps", "%!PS-Adobe-3.0\n")).Rapport.Format, "EPS");
+  EXPECT_EQ(Lis(d.Ecrit("b.ps", "\xC5\xD0\xD3\xC6garbage")).Rapport.Format, "EPS");
 }
 
 TEST(LireFichier, NeitherExtensionNorContentIsRefused) {
   const Dossier d;
   for (const char* t : {"", "hello\n", "INside 1 2\n", "PDF"}) {
     const auto f = Lis(d.Ecrit("a.xyz", t));
-    EXPECT_EQ(f.n, static_cast<int>(Erreur::FormatInconnu)) << t;
-    EXPECT_EQ(f.message.size(), 260U);
-    EXPECT_EQ(SansBlancsFinaux(f.message), "a.xyz");
+    EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::FormatInconnu)) << t;
+    EXPECT_EQ(f.Message.size(), 260U);
+    EXPECT_EQ(SansBlancsFinaux(f.Message), "a.xyz");
   }
 }
 
 TEST(LireFichier, WhatCannotBeOpenedGivesTheSystemsText) {
   const Dossier d;
   auto f = Lis(d / "absent.dat");
-  EXPECT_EQ(f.n, static_cast<int>(Erreur::Ouverture));
-  EXPECT_EQ(f.rapport.Detail, "No such file or directory");
-  EXPECT_EQ(SansBlancsFinaux(f.message), "absent.dat: No such file or directory");
+  EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::Ouverture));
+  EXPECT_EQ(f.Rapport.Detail, "No such file or directory");
+  EXPECT_EQ(SansBlancsFinaux(f.Message), "absent.dat: No such file or directory");
   std::filesystem::create_directory(d / "dossier.dat");
   f = Lis(d / "dossier.dat");
-  EXPECT_EQ(f.n, static_cast<int>(Erreur::Ouverture));
-  EXPECT_EQ(f.rapport.Detail, "Is a directory");
-  EXPECT_EQ(Lis("").n, static_cast<int>(Erreur::Ouverture));
+  EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::Ouverture));
+  EXPECT_EQ(f.Rapport.Detail, "Is a directory");
+  EXPECT_EQ(Lis("").Nombre, static_cast<int>(Erreur::Ouverture));
   if (::geteuid() != 0) {
     ::chmod(d.Ecrit("ferme.dat", "1 2\n3 4\n").c_str(), 0);
-    EXPECT_EQ(Lis(d / "ferme.dat").rapport.Detail, "Permission denied");
+    EXPECT_EQ(Lis(d / "ferme.dat").Rapport.Detail, "Permission denied");
   }
 }
 
 TEST(LireFichier, APipeIsRefusedAndNotWaitedFor) {
   const Dossier d;
   ASSERT_EQ(::mkfifo((d / "tube.dat").c_str(), 0600), 0);
-  EXPECT_EQ(Lis(d / "tube.dat").n, static_cast<int>(Erreur::Ouverture));
+  EXPECT_EQ(Lis(d / "tube.dat").Nombre, static_cast<int>(Erreur::Ouverture));
 }
 
 TEST(LireFichier, AFailureNamesFileLineAndDetailAndLeavesTheBounds) {
   const Dossier d;
   auto f = Lis(d.Ecrit("a.dat", "T\n1 2\n1e9 4\n"));
-  EXPECT_EQ(f.n, static_cast<int>(Erreur::Coordonnee));
-  EXPECT_EQ(SansBlancsFinaux(f.message), "a.dat:3: 1e9 4");
-  EXPECT_EQ(f.message.size(), 260U);
-  EXPECT_TRUE(f.points.empty());
-  EXPECT_EQ(f.xmin, -1);
-  EXPECT_EQ(f.ymax, -4);
+  EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::Coordonnee));
+  EXPECT_EQ(SansBlancsFinaux(f.Message), "a.dat:3: 1e9 4");
+  EXPECT_EQ(f.Message.size(), 260U);
+  EXPECT_TRUE(f.Points.empty());
+  EXPECT_EQ(f.Xmin, -1);
+  EXPECT_EQ(f.Ymax, -4);
 }
 
 TEST(LireFichier, ARefusedCoordinateNamesFileLineAndValueInEveryFormat) {
   const Dossier d;
   const auto refus = [&d](const std::string& nom, const std::string& octets) {
     const auto f = Lis(d.Ecrit(nom, octets));
-    EXPECT_EQ(f.n, static_cast<int>(Erreur::Coordonnee)) << nom;
-    return SansBlancsFinaux(f.message);
+    EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::Coordonnee)) << nom;
+    return SansBlancsFinaux(f.Message);
   };
   std::string dxf = DessinDxf;
   dxf.replace(dxf.find("1.0"), 3, "100000000.0");
@@ -133,25 +133,25 @@ TEST(LireFichier, ACommentInFrontMakesAPlotNoLessAPlot) {
   const Dossier d;
   for (const char* const debut : {"CO\"Drawn; by hand\";", "CO Drawn by hand, PU9,9;", "\r\nCO a;CO b;\n"}) {
     const auto f = Lis(d.Ecrit("dessin", std::string(debut) + DessinHpgl));
-    EXPECT_EQ(f.rapport.Format, "HPGL") << debut;
-    EXPECT_EQ(f.n, 3) << debut;
+    EXPECT_EQ(f.Rapport.Format, "HPGL") << debut;
+    EXPECT_EQ(f.Nombre, 3) << debut;
   }
-  EXPECT_EQ(Lis(d.Ecrit("texte", "COLUMNS OF A TABLE; WITHOUT NUMBERS\n")).n,
+  EXPECT_EQ(Lis(d.Ecrit("texte", "COLUMNS OF A TABLE; WITHOUT NUMBERS\n")).Nombre,
             static_cast<int>(Erreur::FormatInconnu));
 }
 
 TEST(LireFichier, SuccessListsWhatWasLeftOut) {
   const Dossier d;
-  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nG77\nX1\nX1\nG77\nM30\n")).message),
+  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nG77\nX1\nX1\nG77\nM30\n")).Message),
             "DUPLICATE 1, G77 2");
-  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("b.drl", "M48\nMETRIC\n%\nX1000\nX2")).message), "EOF");
+  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("b.drl", "M48\nMETRIC\n%\nX1000\nX2")).Message), "EOF");
 }
 
 TEST(LireFichier, AnEmptyDrawingHasNoPointsAndLeavesTheBounds) {
   const Dossier d;
   const auto f = Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nM30\n"));
-  EXPECT_EQ(f.n, 0);
-  EXPECT_EQ(f.xmax, -2);
+  EXPECT_EQ(f.Nombre, 0);
+  EXPECT_EQ(f.Xmax, -2);
 }
 
 TEST(LireFichier, LongMessagesAreCutToTheirLengthBetweenCharacters) {
@@ -159,10 +159,10 @@ TEST(LireFichier, LongMessagesAreCutToTheirLengthBetweenCharacters) {
   std::string nom;
   for (int i = 0; i < 120; ++i) nom += "\xC3\xA9";  // 240 bytes
   const auto f = Lis(d.Ecrit(nom + ".dat", "no numbers here at all, but a long line of text\n"));
-  EXPECT_EQ(f.message.size(), 260U);
+  EXPECT_EQ(f.Message.size(), 260U);
   const auto g = Lis(d / ("x" + nom + nom + ".dat"));  // too long a name for the system
-  EXPECT_EQ(g.message.size(), 260U);
-  EXPECT_EQ(SansBlancsFinaux(g.message).size() % 2, 1U);  // x and whole characters of two bytes
+  EXPECT_EQ(g.Message.size(), 260U);
+  EXPECT_EQ(SansBlancsFinaux(g.Message).size() % 2, 1U);  // x and whole characters of two bytes
 }
 
 TEST(LireFichier, ByteOrderMarksAndWideTextAreRead) {
@@ -216,5 +216,5 @@ TEST(LireFichier, ProgressRunsFromNothingToOne) {
 TEST(LireFichier, ThreeLettersMakeAPlot) {
   const Dossier d;
   const auto f = Lis(d.Ecrit("court", "IN;"));
-  EXPECT_EQ(f.rapport.Format, "HPGL");
+  EXPECT_EQ(f.Rapport.Format, "HPGL");
 }

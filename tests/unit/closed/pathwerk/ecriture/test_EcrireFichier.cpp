@@ -49,8 +49,8 @@ void AllerRetour(const std::vector<PointTrace>& p) {
   for (const char* nom : {"a.dxf", "a.dat"}) {
     ASSERT_EQ(Ecris(p, d / nom, "essai"), 0) << nom;
     const auto f = Lis(d / nom);
-    ASSERT_EQ(f.n, static_cast<int>(p.size())) << nom << ' ' << f.message;
-    AttendMemes(f.points, p, nom);
+    ASSERT_EQ(f.Nombre, static_cast<int>(p.size())) << nom << ' ' << f.Message;
+    AttendMemes(f.Points, p, nom);
   }
 }
 
@@ -139,8 +139,8 @@ TEST(EcrireFichier, MarksAreWrittenAsOrdinaryPoints) {
   const Dossier d;
   Ecris(p, d / "a.dat");
   const auto f = Lis(d / "a.dat");
-  ASSERT_EQ(f.n, 3);
-  EXPECT_EQ(f.points[1].Cde, pathwerk::CodePD);
+  ASSERT_EQ(f.Nombre, 3);
+  EXPECT_EQ(f.Points[1].Cde, pathwerk::CodePD);
 }
 
 TEST(EcrireFichier, DxfIsR12PolylinesForOtherPrograms) {
@@ -190,10 +190,10 @@ TEST(EcrireFichier, ACommentCannotBecomeContent) {
   const auto p = Points({{{0, 0}, {1, 1}}});
   for (const char* nom : {"a.dat", "a.dxf"}) {
     ASSERT_EQ(Ecris(p, d / nom, "x\r\n#9\n  0\r\nEOF\n5 5"), 0);
-    AttendMemes(Lis(d / nom).points, p, nom);
+    AttendMemes(Lis(d / nom).Points, p, nom);
   }
   EXPECT_EQ(Ecris(p, d / "b.dat", std::string(260, 'x')), 0);
-  AttendMemes(Lis(d / "b.dat").points, p, "b.dat");
+  AttendMemes(Lis(d / "b.dat").Points, p, "b.dat");
 }
 
 TEST(EcrireFichier, CommentBytesPassAsTheyAre) {
@@ -288,5 +288,5 @@ TEST(EcrireFichier, CoordinatesThatAreNoneAreNotWritten) {
 TEST(EcrireFichier, NoPointsGiveAFileWithoutPaths) {
   const Dossier d;
   EXPECT_EQ(Ecris({}, d / "a.dxf"), 0);
-  EXPECT_EQ(Lis(d / "a.dxf").n, 0);
+  EXPECT_EQ(Lis(d / "a.dxf").Nombre, 0);
 }
