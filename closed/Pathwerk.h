@@ -153,8 +153,8 @@ struct Importation {
 // Reads a drawing of any format (by extension, else by content).
 Importation ImporteFichier(const std::string& chemin, const OptionsLecture& options = {});
 
-// The same for callers with fixed places. `points` is replaced, the result is `Nombre`; the bounds are untouched when
-// there are no points; `message` comes in and goes out as 260 characters padded with blanks.
+// The same for callers with fixed places. `points` is replaced, the result is `Nombre`; the bounds are untouched
+// when there are no points; `message` comes in and goes out as 260 characters padded with blanks.
 std::int32_t LireFichier(std::vector<PointTrace>& points, const std::string& chemin, float& Xmin, float& Xmax,
                          float& Ymin, float& Ymax, std::string& message);
 

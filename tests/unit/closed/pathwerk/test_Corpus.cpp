@@ -20,10 +20,10 @@ std::ostream& operator<<(std::ostream& os, const Attendu& a) { return os << a.no
 
 void Verifie(const std::string& chemin, const Attendu& a, float marge) {
   const auto f = Lis(chemin);
-  if (a.Points == NonCompte) {
+  if (a.points == NonCompte) {
     EXPECT_GT(f.Nombre, 0) << f.Message;
   } else {
-    EXPECT_EQ(f.Nombre, a.Points) << f.Message;
+    EXPECT_EQ(f.Nombre, a.points) << f.Message;
   }
   const auto s = Sequences(f.Points);
   EXPECT_EQ(s.size(), a.sequences);
@@ -93,10 +93,10 @@ TEST(Samples, ARibAndADrillPlateAreRead) {
   const std::string samples = essai::DossierExemples() + "/";
   // NACA 2412 with a chord of 200 mm: 60 panels a side, thickness 12 %, highest point near 7.9 %.
   const auto aile = Lis(samples + "aile.dat");
-  EXPECT_EQ(aile.n, 121);
+  EXPECT_EQ(aile.Nombre, 121);
   EXPECT_TRUE(EstFerme(Sequences(aile.Points).at(0)));
-  EXPECT_NEAR(aile.xmax, 200, 1e-4);
-  EXPECT_NEAR(aile.ymax - aile.ymin, 24.3, 0.3);
+  EXPECT_NEAR(aile.Xmax, 200, 1e-4);
+  EXPECT_NEAR(aile.Ymax - aile.Ymin, 24.3, 0.3);
   // 4 holes, two rows of 8, 3 slots, and a closed route of two lines and two half circles of radius 3.
   const auto plaque = Sequences(Lis(samples + "percage.drl").Points);
   ASSERT_EQ(plaque.size(), 4U + 16U + 3U + 1U);

@@ -13,7 +13,7 @@ constexpr const char* DessinDxf =
 constexpr const char* DessinHpgl = "IN;SP1;PU0,0;PD400,0,400,400;PU;";
 }  // namespace
 
-TEST(LireFichier, GivesPointsBoundsAndABlankMessage) {
+TEST(ImporteFichier, GivesPointsBoundsAndNoMessage) {
   const Dossier d;
   const auto f = Lis(d.Ecrit("a.dat", "1 2\n-3 4.5\n"));
   EXPECT_EQ(f.Nombre, 2);
@@ -22,29 +22,49 @@ TEST(LireFichier, GivesPointsBoundsAndABlankMessage) {
   EXPECT_EQ(f.Xmax, 1);
   EXPECT_EQ(f.Ymin, 2);
   EXPECT_EQ(f.Ymax, 4.5F);
-  EXPECT_EQ(f.Message, std::string(260, ' '));
+  EXPECT_EQ(f.Message, "");
   EXPECT_EQ(f.Rapport.Format, "DAT");
 }
 
-TEST(LireFichier, TheShortFormGivesTheSame) {
+TEST(LireFichier, FillsItsPlacesAndABlankMessage) {
   const Dossier d;
-  std::vector<PointTrace> points(1);
-  float x0 = 0;
-  float x1 = 0;
-  float y0 = 0;
-  float y1 = 0;
-  std::string message(260, ' ');
-  EXPECT_EQ(LireFichier(points, d.Ecrit("a.dat", "1 2\n-3 4.5\n"), x0, x1, y0, y1, message), 2);
-  EXPECT_EQ(points, Lis(d / "a.dat").Points);
-  EXPECT_EQ(y1, 4.5F);
+  const Fichier f = LisEnPlace(d.Ecrit("a.dat", "1 2\n-3 4.5\n"));
+  EXPECT_EQ(f.n, 2);
+  EXPECT_EQ(f.points, Lis(d / "a.dat").Points);
+  EXPECT_EQ(f.xmin, -3);
+  EXPECT_EQ(f.xmax, 1);
+  EXPECT_EQ(f.ymin, 2);
+  EXPECT_EQ(f.ymax, 4.5F);
+  EXPECT_EQ(f.message, std::string(260, ' '));
 }
 
-TEST(LireFichier, PathWithANulBehindIt) {
+TEST(LireFichier, AFailureLeavesTheBoundsAndTellsItInAPaddedMessage) {
+  const Dossier d;
+  const Fichier f = LisEnPlace(d.Ecrit("a.dat", "T\n1 2\n1e9 4\n"));
+  EXPECT_EQ(f.n, static_cast<int>(Erreur::Coordonnee));
+  EXPECT_TRUE(f.points.empty());
+  EXPECT_EQ(f.xmin, -1);
+  EXPECT_EQ(f.xmax, -2);
+  EXPECT_EQ(f.ymin, -3);
+  EXPECT_EQ(f.ymax, -4);
+  EXPECT_EQ(f.message, "a.dat:3: 1e9 4" + std::string(246, ' '));
+}
+
+TEST(LireFichier, PointsOfBeforeAreReplacedAlsoByAFailure) {
+  const Dossier d;
+  std::vector<PointTrace> points(7);
+  float x = 0;
+  std::string message(260, ' ');
+  EXPECT_EQ(LireFichier(points, d / "absent.dat", x, x, x, x, message), static_cast<int>(Erreur::Ouverture));
+  EXPECT_TRUE(points.empty());
+}
+
+TEST(ImporteFichier, PathWithANulBehindIt) {
   const Dossier d;
   EXPECT_EQ(Lis(d.Ecrit("a.dat", "1 2\n-3 4.5\n") + std::string(1, '\0')).Nombre, 2);
 }
 
-TEST(LireFichier, ExtensionNamesTheFormatInAnyCase) {
+TEST(ImporteFichier, ExtensionNamesTheFormatInAnyCase) {
   const Dossier d;
   for (const char* nom : {"a.drl", "a.DRL", "a.Drd"})
     EXPECT_EQ(Lis(d.Ecrit(nom, ForetDefaut)).Rapport.Format, "DRL") << nom;
@@ -56,7 +76,7 @@ TEST(LireFichier, ExtensionNamesTheFormatInAnyCase) {
   EXPECT_EQ(Lis(d.Ecrit("a.eps", ForetDefaut)).Nombre, static_cast<int>(Erreur::EpsEntete));
 }
 
-TEST(LireFichier, UnknownExtensionIsToldByContent) {
+TEST(ImporteFichier, UnknownExtensionIsToldByContent) {
   const Dossier d;
   EXPECT_EQ(Lis(d.Ecrit("a.xln", ForetDefaut)).Rapport.Format, "DRL");
   EXPECT_EQ(Lis(d.Ecrit("a.txt", std::string("; comment\n%\n") + ForetDefaut)).Rapport.Format, "DRL");
@@ -71,22 +91,21 @@ TEST(LireFichier, UnknownExtensionIsToldByContent) {
   EXPECT_EQ(Lis(d.Ecrit("b.ps", "\xC5\xD0\xD3\xC6garbage")).Rapport.Format, "EPS");
 }
 
-TEST(LireFichier, NeitherExtensionNorContentIsRefused) {
+TEST(ImporteFichier, NeitherExtensionNorContentIsRefused) {
   const Dossier d;
   for (const char* t : {"", "hello\n", "INside 1 2\n", "PDF"}) {
     const auto f = Lis(d.Ecrit("a.xyz", t));
     EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::FormatInconnu)) << t;
-    EXPECT_EQ(f.Message.size(), 260U);
-    EXPECT_EQ(SansBlancsFinaux(f.Message), "a.xyz");
+    EXPECT_EQ(f.Message, "a.xyz");
   }
 }
 
-TEST(LireFichier, WhatCannotBeOpenedGivesTheSystemsText) {
+TEST(ImporteFichier, WhatCannotBeOpenedGivesTheSystemsText) {
   const Dossier d;
   auto f = Lis(d / "absent.dat");
   EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::Ouverture));
   EXPECT_EQ(f.Rapport.Detail, "No such file or directory");
-  EXPECT_EQ(SansBlancsFinaux(f.Message), "absent.dat: No such file or directory");
+  EXPECT_EQ(f.Message, "absent.dat: No such file or directory");
   std::filesystem::create_directory(d / "dossier.dat");
   f = Lis(d / "dossier.dat");
   EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::Ouverture));
@@ -98,29 +117,26 @@ TEST(LireFichier, WhatCannotBeOpenedGivesTheSystemsText) {
   }
 }
 
-TEST(LireFichier, APipeIsRefusedAndNotWaitedFor) {
+TEST(ImporteFichier, APipeIsRefusedAndNotWaitedFor) {
   const Dossier d;
   ASSERT_EQ(::mkfifo((d / "tube.dat").c_str(), 0600), 0);
   EXPECT_EQ(Lis(d / "tube.dat").Nombre, static_cast<int>(Erreur::Ouverture));
 }
 
-TEST(LireFichier, AFailureNamesFileLineAndDetailAndLeavesTheBounds) {
+TEST(ImporteFichier, AFailureNamesFileLineAndDetail) {
   const Dossier d;
   auto f = Lis(d.Ecrit("a.dat", "T\n1 2\n1e9 4\n"));
   EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::Coordonnee));
-  EXPECT_EQ(SansBlancsFinaux(f.Message), "a.dat:3: 1e9 4");
-  EXPECT_EQ(f.Message.size(), 260U);
+  EXPECT_EQ(f.Message, "a.dat:3: 1e9 4");
   EXPECT_TRUE(f.Points.empty());
-  EXPECT_EQ(f.Xmin, -1);
-  EXPECT_EQ(f.Ymax, -4);
 }
 
-TEST(LireFichier, ARefusedCoordinateNamesFileLineAndValueInEveryFormat) {
+TEST(ImporteFichier, ARefusedCoordinateNamesFileLineAndValueInEveryFormat) {
   const Dossier d;
   const auto refus = [&d](const std::string& nom, const std::string& octets) {
     const auto f = Lis(d.Ecrit(nom, octets));
     EXPECT_EQ(f.Nombre, static_cast<int>(Erreur::Coordonnee)) << nom;
-    return SansBlancsFinaux(f.Message);
+    return f.Message;
   };
   std::string dxf = DessinDxf;
   dxf.replace(dxf.find("1.0"), 3, "100000000.0");
@@ -129,7 +145,7 @@ TEST(LireFichier, ARefusedCoordinateNamesFileLineAndValueInEveryFormat) {
   EXPECT_EQ(refus("a.drl", "M48\nMETRIC\n%\nX100000000.0Y1.0\nM30\n"), "a.drl:4: X100000000.0");
 }
 
-TEST(LireFichier, ACommentInFrontMakesAPlotNoLessAPlot) {
+TEST(ImporteFichier, ACommentInFrontMakesAPlotNoLessAPlot) {
   const Dossier d;
   for (const char* const debut : {"CO\"Drawn; by hand\";", "CO Drawn by hand, PU9,9;", "\r\nCO a;CO b;\n"}) {
     const auto f = Lis(d.Ecrit("dessin", std::string(debut) + DessinHpgl));
@@ -140,37 +156,36 @@ TEST(LireFichier, ACommentInFrontMakesAPlotNoLessAPlot) {
             static_cast<int>(Erreur::FormatInconnu));
 }
 
-TEST(LireFichier, SuccessListsWhatWasLeftOut) {
+TEST(ImporteFichier, SuccessListsWhatWasLeftOut) {
   const Dossier d;
-  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nG77\nX1\nX1\nG77\nM30\n")).Message),
-            "DUPLICATE 1, G77 2");
-  EXPECT_EQ(SansBlancsFinaux(Lis(d.Ecrit("b.drl", "M48\nMETRIC\n%\nX1000\nX2")).Message), "EOF");
+  EXPECT_EQ(Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nG77\nX1\nX1\nG77\nM30\n")).Message, "DUPLICATE 1, G77 2");
+  EXPECT_EQ(Lis(d.Ecrit("b.drl", "M48\nMETRIC\n%\nX1000\nX2")).Message, "EOF");
 }
 
 TEST(LireFichier, AnEmptyDrawingHasNoPointsAndLeavesTheBounds) {
   const Dossier d;
-  const auto f = Lis(d.Ecrit("a.drl", "M48\nMETRIC\n%\nM30\n"));
-  EXPECT_EQ(f.Nombre, 0);
-  EXPECT_EQ(f.Xmax, -2);
+  const auto f = LisEnPlace(d.Ecrit("a.drl", "M48\nMETRIC\n%\nM30\n"));
+  EXPECT_EQ(f.n, 0);
+  EXPECT_EQ(f.xmax, -2);
 }
 
 TEST(LireFichier, LongMessagesAreCutToTheirLengthBetweenCharacters) {
   const Dossier d;
   std::string nom;
   for (int i = 0; i < 120; ++i) nom += "\xC3\xA9";  // 240 bytes
-  const auto f = Lis(d.Ecrit(nom + ".dat", "no numbers here at all, but a long line of text\n"));
-  EXPECT_EQ(f.Message.size(), 260U);
-  const auto g = Lis(d / ("x" + nom + nom + ".dat"));  // too long a name for the system
-  EXPECT_EQ(g.Message.size(), 260U);
-  EXPECT_EQ(SansBlancsFinaux(g.Message).size() % 2, 1U);  // x and whole characters of two bytes
+  const auto f = LisEnPlace(d.Ecrit(nom + ".dat", "no numbers here at all, but a long line of text\n"));
+  EXPECT_EQ(f.message.size(), 260U);
+  const auto g = LisEnPlace(d / ("x" + nom + nom + ".dat"));  // too long a name for the system
+  EXPECT_EQ(g.message.size(), 260U);
+  EXPECT_EQ(SansBlancsFinaux(g.message).size() % 2, 1U);  // x and whole characters of two bytes
 }
 
-TEST(LireFichier, ByteOrderMarksAndWideTextAreRead) {
+TEST(ImporteFichier, ByteOrderMarksAndWideTextAreRead) {
   const Dossier d;
   EXPECT_EQ(Lis(d.Ecrit("a.dat",
                         "\xEF\xBB\xBF"
                         "1 2\n3 4\n"))
-                .n,
+                .Nombre,
             2);
   EXPECT_EQ(Lis(d.Ecrit("b.dat", std::string_view("\xFF\xFE"
                                                   "1\0 \0"
@@ -178,7 +193,7 @@ TEST(LireFichier, ByteOrderMarksAndWideTextAreRead) {
                                                   "3\0 \0"
                                                   "4\0",
                                                   16)))
-                .n,
+                .Nombre,
             2);
   EXPECT_EQ(Lis(d.Ecrit("c.dat", std::string_view("\xFE\xFF\0"
                                                   "1\0 \0"
@@ -186,11 +201,11 @@ TEST(LireFichier, ByteOrderMarksAndWideTextAreRead) {
                                                   "3\0 \0"
                                                   "4",
                                                   16)))
-                .n,
+                .Nombre,
             2);
 }
 
-TEST(LireFichier, ReadingDoesNotTouchTheFile) {
+TEST(ImporteFichier, ReadingDoesNotTouchTheFile) {
   const Dossier d;
   const std::string chemin = d.Ecrit("a.dat", "1 2\n3 4");
   const auto avant = std::filesystem::last_write_time(chemin);
@@ -200,20 +215,18 @@ TEST(LireFichier, ReadingDoesNotTouchTheFile) {
   EXPECT_EQ(d.NombreDeFichiers(), 1U);
 }
 
-TEST(LireFichier, ProgressRunsFromNothingToOne) {
+TEST(ImporteFichier, ProgressRunsFromNothingToOne) {
   const Dossier d;
   pathwerk::OptionsLecture options;
   std::vector<double> parts;
   options.Avancement = [&](double p) { parts.push_back(p); };
-  Fichier f;
-  LireFichier(f.points, d.Ecrit("a.dat", "1 2\n3 4\n"), f.xmin, f.xmax, f.ymin, f.ymax, f.message, options,
-              f.rapport);
+  pathwerk::ImporteFichier(d.Ecrit("a.dat", "1 2\n3 4\n"), options);
   ASSERT_FALSE(parts.empty());
   EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
   EXPECT_EQ(parts.back(), 1);
 }
 
-TEST(LireFichier, ThreeLettersMakeAPlot) {
+TEST(ImporteFichier, ThreeLettersMakeAPlot) {
   const Dossier d;
   const auto f = Lis(d.Ecrit("court", "IN;"));
   EXPECT_EQ(f.Rapport.Format, "HPGL");
