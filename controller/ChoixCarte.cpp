@@ -30,7 +30,7 @@ using zenikcom::Liaison;
 using zenikcom::Ouverture;
 using zenikcom::Refus;
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { LaCarte = CarteDuProgramme{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { LaCarte = CarteDuProgramme{}; });
 
 constexpr const char* FichierVirtuelle = "carte.zenik";
 
