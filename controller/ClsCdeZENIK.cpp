@@ -130,7 +130,6 @@ void ClsCdeZENIK::FixePosition(double x, double y, double z) {
 void ClsCdeZENIK::ChargeParametres() {
   LectureParametres lus = LitParametres([](const LectureChamp& champ) { return LireNombreTable(champ); });
   parametres_ = lus.parametres;
-  calcul_ = CalculMouvement(parametres_.Multiplicateur, parametres_.TempsPalier);
   PoseResolutions();
   std::string texte;
   for (const ValeurTenue& v : lus.tenues) {

@@ -93,6 +93,8 @@ class ClsCdeZENIK {
   // clears it. In a run the caller's table stands and the caller puts NbTicks into the row.
   bool CommandeDATA(std::int32_t dX, std::int32_t dY, std::int32_t dZ, float& V, float& T, bool simulation);
   bool CommandeDATAmm(float dX, float dY, float dZ, float& V, float& T);
+  // The record of a move that is not nothing, by the parameters and resolutions in force; nothing is sent.
+  [[nodiscard]] Mouvement Calcule(const std::array<std::int32_t, 3>& pas, float v);
   // The end of a streamed job, once. Tells a job of fewer than seven records to go. True: accepted.
   bool CommandeDATAend();
 
@@ -109,7 +111,7 @@ class ClsCdeZENIK {
   // stands. For ever. Behind it the position is that of the board, to the step.
   void StopResume(std::uint8_t mode, std::uint8_t palier);
   // The level below which the highest speeds of the table need no ramp.
-  [[nodiscard]] std::uint8_t Calc_FDEC() const;
+  [[nodiscard]] std::uint8_t Calc_FDEC();
 
   // The status, once: all members of the last reply and the position. A reply that can't be true is left alone, as
   // a failed one is: one whose count lies below the last or beyond the records of this job, or whose ticks do not
@@ -156,7 +158,7 @@ class ClsCdeZENIK {
   void RepeteGo();
   void Perdu();
 
-  [[nodiscard]] Mouvement Calcule(const std::array<std::int32_t, 3>& pas, float v);
+  CalculMouvement& Calcul();  // at the multiplier and slope in force
   bool SansMouvement(float& t, bool simulation);
   void AjouteListe();
   // A reply to `D`: whether the record was accepted; nothing when the reply can't be true.

@@ -36,6 +36,9 @@ class CalculMouvement {
   // `multiplicateur` 1 to 255, `tempsPalier` counts of 12 MHz.
   CalculMouvement(int multiplicateur, std::int32_t tempsPalier);
 
+  [[nodiscard]] bool Vaut(int multiplicateur, std::int32_t tempsPalier) const {
+    return multiplicateur_ == multiplicateur && tempsPalier_ == tempsPalier;
+  }
   // `pas` are not all 0. `v` mm/s: too fast for an axis, it is lowered for all; what is no speed above 0 is the
   // slowest there is.
   Mouvement Calcule(const LimitesAxes& axes, const std::array<std::int32_t, 3>& pas, float v);

@@ -22,6 +22,14 @@ float Vitesse(double v) { return EnFloat(std::max(v, VitesseMini)); }
 
 }  // namespace
 
+// A table that is written may have put another multiplier in force.
+CalculMouvement& ClsCdeZENIK::Calcul() {
+  if (!calcul_.Vaut(parametres_.Multiplicateur, parametres_.TempsPalier)) {
+    calcul_ = CalculMouvement(parametres_.Multiplicateur, parametres_.TempsPalier);
+  }
+  return calcul_;
+}
+
 Mouvement ClsCdeZENIK::Calcule(const std::array<std::int32_t, 3>& pas, float v) {
   LimitesAxes axes;
   axes.MmParPas = mmParPas_;
@@ -29,7 +37,7 @@ Mouvement ClsCdeZENIK::Calcule(const std::array<std::int32_t, 3>& pas, float v) 
   for (std::size_t i = 0; i < 3; ++i) axes.VitesseDepart[i] = Vitesse(parametres_.VitesseDepart[i]);
   axes.VitesseMax = {Vitesse(static_cast<double>(VitesseMaxX)), Vitesse(static_cast<double>(VitesseMaxY)),
                      Vitesse(static_cast<double>(VitesseMaxZ))};
-  return calcul_.Calcule(axes, pas, v);
+  return Calcul().Calcule(axes, pas, v);
 }
 
 bool ClsCdeZENIK::CommandeDATAmm(float dX, float dY, float dZ, float& V, float& T) {
@@ -159,12 +167,12 @@ void ClsCdeZENIK::AjouteLigne(const Mouvement& m) {
   ++NbDeplacements;
 }
 
-std::uint8_t ClsCdeZENIK::Calc_FDEC() const {
+std::uint8_t ClsCdeZENIK::Calc_FDEC() {
   double rapport = 0;
   for (std::size_t i = 0; i < 3; ++i) {
     rapport = std::max(rapport, parametres_.VitesseRampe[i] / parametres_.VitesseDepart[i]);
   }
-  return static_cast<std::uint8_t>(calcul_.PalierDe(rapport));
+  return static_cast<std::uint8_t>(Calcul().PalierDe(rapport));
 }
 
 }  // namespace ovelin

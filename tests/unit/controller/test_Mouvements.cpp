@@ -348,6 +348,15 @@ TEST(CommandeDATA, InARunTheTableIsTheCallersAndGetsItsTicks) {
   EXPECT_EQ(TableDecoupe[2].Ticks, 0);
 }
 
+TEST(CommandeDATA, TakesTheMultiplierThatWritingATableHasPutInForce) {
+  CarteScript b;
+  essai::PoseTable("Combo_SAV_11=5\r\n");
+  b.cde->TableEcrire("Essai", 0);
+  float v = 10, t = 0;
+  b.cde->CommandeDATA(1000, 0, 0, v, t, true);
+  EXPECT_EQ(b.cde->NbTicks, 60'000);
+}
+
 TEST(Calc_FDEC, IsTheLevelOfTheFastestAxis) {
   CarteScript b;
   EXPECT_EQ(b.cde->Calc_FDEC(), 49);  // five times the start speed
