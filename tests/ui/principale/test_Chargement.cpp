@@ -1,0 +1,124 @@
+// What stands when the main window is loaded, and what an opening from its lists leaves behind.
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTreeView>
+#include <cmath>
+
+#include "core/Cles.h"
+#include "core/DocumentCourant.h"
+#include "core/Fichiers.h"
+#include "core/ReglagesCourants.h"
+#include "core/Services.h"
+#include "tests/ui/principale/FenetrePrincipale.h"
+#include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Souris.h"
+
+namespace {
+
+using namespace ovelin;
+
+class Chargement : public essai::Principale {};
+
+TEST_F(Chargement, AWindowThatWasMaximisedIsSoAgain) {
+  EcrireCle("F_Representation_Max", "-1");
+  EXPECT_TRUE(Charge().isMaximized());
+  fenetre_.reset();
+  EcrireCle("F_Representation_Max", "0");
+  EXPECT_FALSE(Charge().isMaximized());
+}
+
+TEST_F(Chargement, TheRecentFilesStandInTheMenuBeforeAnyOpening) {
+  const std::string un = Exemple("plaque.dxf");
+  const std::string deux = Exemple("equerre.dxf");
+  EcrireCle("MRUFiles1", un);
+  EcrireCle("MRUFiles2", deux);
+  Charge();
+  EXPECT_TRUE(Menu("mnu_MRU_1")->text().toStdString().ends_with(un));
+  EXPECT_TRUE(Menu("mnu_MRU_2")->text().toStdString().ends_with(deux));
+}
+
+TEST_F(Chargement, ARecentFileLeavesTheKeyboardToThePictureAndItsValuesInTheFields) {
+  Charge(Exemple("plaque.dxf"));
+  const std::string projet = Exemple("equerre-attaches.OVL");
+  Svc.FichierRecent(projet);
+  C<QLineEdit>("TB_RayonFraise")->setFocus();
+  ASSERT_NE(C<QLineEdit>("TB_RayonFraise")->text(), "0.8");
+  Menu("mnu_MRU_1")->trigger();
+  essai::Evenements();
+  ASSERT_EQ(NomDe(FichierCourant), "equerre-attaches.OVL");
+  EXPECT_TRUE(C<ImagePB1>("PB1")->hasFocus());
+  EXPECT_EQ(C<QLineEdit>("TB_RayonFraise")->text(), "0.8");
+}
+
+TEST_F(Chargement, TheOneCommandThatStandsOutDoesSoFromTheStart) {
+  Charge();
+  EXPECT_TRUE(C<QToolBar>("TB1")->styleSheet().contains("palette(highlight)"));
+}
+
+TEST_F(Chargement, TheTreesHaveTheColoursOfTheSettings) {
+  EcrireCle("CouleurDecalage", "32768");  // green 128
+  LitCouleurs();
+  Charge();
+  const QColor outil = C<QTabBar>("Option_DI")->tabTextColor(1);
+  EXPECT_GT(outil.green(), 2 * outil.red());
+  EXPECT_GT(outil.green(), 2 * outil.blue());
+}
+
+TEST_F(Chargement, APathOfTheTreeShowsItsOwnValuesInThePanel) {
+  Charge(Exemple("plaque.dxf"));
+  ProprietesSequence p;
+  ASSERT_TRUE(LitSequence(Code2(" D"), p));
+  p.Profondeur = -5.25;
+  p.Fraiser = Faux;
+  EcritSequence(Code2(" D"), p);
+  auto* arbre = C<QTreeView>("TreeView1");
+  const QModelIndex ligne = arbre->model()->index(3, 0, arbre->model()->index(0, 0));
+  arbre->scrollTo(ligne);
+  QTest::mouseClick(arbre->viewport(), Qt::LeftButton, {}, arbre->visualRect(ligne).center());
+  essai::Evenements();
+  EXPECT_EQ(C<QLineEdit>("TB_Profondeur")->text(), "-5.25");
+  EXPECT_FALSE(C<QAbstractButton>("CB_Fraiser")->isChecked());
+}
+
+TEST_F(Chargement, AnOpeningReleasesTheTool) {
+  Charge(Exemple("plaque.dxf"));
+  Commande("mnu_Lever");
+  ASSERT_TRUE(Souris.mnu_Lever);
+  essai::AttendFichier("mnu_Ouvrir", Exemple("equerre.dxf"));
+  Commande("mnu_Ouvrir");
+  EXPECT_FALSE(Souris.mnu_Lever);
+  EXPECT_FALSE(Menu("mnu_Lever")->isChecked());
+}
+
+TEST_F(Chargement, TheAttachmentToolWithoutAWidthAsksForOne) {
+  Charge(Exemple("plaque.dxf"));
+  LargeurEncoche = 0;
+  C<QTabBar>("Option1")->setCurrentIndex(0);
+  essai::Attend("F_Representation", "lib312");
+  Commande("mnu_Lever");
+  EXPECT_EQ(C<QTabBar>("Option1")->currentIndex(), 1);
+  EXPECT_TRUE(C<QLineEdit>("TB_LargeurEncoche")->hasFocus());
+  EXPECT_FALSE(Menu("mnu_Lever")->isChecked());
+}
+
+TEST_F(Chargement, AnAttachmentPointStandsInTheTreeAtOnce) {
+  Charge(Exemple("plaque.dxf"));
+  Commande("mnu_Lever");
+  const std::int32_t premier = IndexSequence(Code2(" D"));
+  const std::int32_t avant = NbPointsSequence(premier);
+  PointTrace a, b;  // the longest side
+  for (std::int32_t i = premier; i + 1 < premier + avant; ++i) {
+    const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
+    const PointTrace& q = TraceInitial[static_cast<std::size_t>(i) + 1];
+    if (std::hypot(q.X - p.X, q.Y - p.Y) > std::hypot(b.X - a.X, b.Y - a.Y)) a = p, b = q;
+  }
+  CliqueDessin((a.X + b.X) / 2, (a.Y + b.Y) / 2);
+  ASSERT_EQ(NbPointsSequence(IndexSequence(Code2(" D"))), avant + 1);
+  const auto* modele = C<QTreeView>("TreeView1")->model();
+  EXPECT_EQ(modele->rowCount(modele->index(3, 0, modele->index(0, 0))), avant + 1);
+}
+
+}  // namespace
