@@ -211,3 +211,13 @@ TEST(AssembleJumeaux, HolesAreMeasuredRound) {
   EXPECT_EQ(Assemble({Percage({5, 5}), Percage({5.009, 5.009})}).sequences.size(), 2U);
   EXPECT_EQ(Assemble({Percage({5, 5}), Percage({5.007, 5.007})}).sequences.size(), 1U);
 }
+
+TEST(AssembleJumeaux, WhereADrawingLiesMakesNoDifference) {
+  for (const double loin : {-400.0, 0.0, 700.0}) {
+    const Trait contour = Deplace(Carre(0, 0, 50), loin, 2 * loin);
+    const auto un = Assemble({contour, Coupe(Tourne(Deplace(contour, 0.0003, 0.0004), 1))});
+    EXPECT_EQ(un.sequences.size(), 1U) << loin;
+    const auto deux = Assemble({contour, Deplace(contour, 0.05, 0)});
+    EXPECT_EQ(deux.sequences.size(), 2U) << loin;
+  }
+}

@@ -101,6 +101,33 @@ TEST(Paper, LayoutsKeptAmongTheBlocksAreCountedByEntity) {
   EXPECT_EQ(Ignores(l, "PAPER_SPACE"), 4);
 }
 
+// Figures of the units themselves: the yard is 0.9144 m, the survey foot 1200/3937 m.
+TEST(Units, EveryNumberOfInsunitsThatADrawingCanHave) {
+  const std::vector<std::pair<int, double>> mm{{1, 25.4},
+                                               {2, 304.8},
+                                               {3, 1609344},
+                                               {4, 1},
+                                               {5, 10},
+                                               {6, 1000},
+                                               {7, 1e6},
+                                               {8, 25.4e-6},
+                                               {9, 25.4e-3},
+                                               {10, 914.4},
+                                               {11, 1e-7},
+                                               {12, 1e-6},
+                                               {13, 1e-3},
+                                               {14, 100},
+                                               {15, 1e4},
+                                               {16, 1e5},
+                                               {21, 1200000.0 / 3937},
+                                               {22, 100000.0 / 3937},
+                                               {23, 3600000.0 / 3937},
+                                               {24, 5280 * 1200000.0 / 3937}};
+  for (const auto& [numero, un] : mm) {
+    EXPECT_DOUBLE_EQ(PremierX("9=$INSUNITS 70=" + std::to_string(numero)), un) << numero;
+  }
+}
+
 TEST(Units, InsunitsNamesTheUnit) {
   EXPECT_DOUBLE_EQ(PremierX("9=$INSUNITS 70=1"), 25.4);
   EXPECT_DOUBLE_EQ(PremierX("9=$INSUNITS 70=2"), 304.8);

@@ -41,6 +41,19 @@ TEST(Circle, ChordsStayWithinTheToleranceBothWays) {
   }
 }
 
+TEST(Arc, OfATinyRadiusHasAChordForEachEighthOfATurnAtLeast) {
+  const Lecture l = LitEntites("0=ARC 10=0 20=0 40=0.02 50=0 51=180");
+  EXPECT_EQ(l.traits.at(0).points.size(), 5U);
+}
+
+// h = 2 acos(1 - f / r): at a millionth of the radius 2222 chords a turn, at the tolerance as given 72.
+TEST(Circle, ToleranceOfNothingIsTheFinestThereIs) {
+  for (const double fleche : {0.0, -1.0, 1e-9}) {
+    EXPECT_EQ(LitEntites("0=CIRCLE 10=0 20=0 40=1", fleche).traits.at(0).points.size(), 2224U) << fleche;
+  }
+  EXPECT_EQ(LitEntites("0=CIRCLE 10=0 20=0 40=10", 0.01).traits.at(0).points.size(), 72U);
+}
+
 TEST(Circle, ReachesItsExtremePoints) {
   const Boite b = BoiteDe(LitEntites("0=CIRCLE 10=20 20=10 40=7.3").traits.at(0).points);
   EXPECT_NEAR(b.xmin, 12.7, 1e-12);

@@ -34,6 +34,25 @@ TEST(Hatch, BoundaryThatNothingElseDrawsIsAContour) {
   EXPECT_EQ(Ignores(l, "HATCH"), 0);
 }
 
+// A line and a half circle above it: the arc keeps each of its chords, the first one too.
+TEST(Hatch, EdgesOfAnArcBehindALineLoseNoPoint) {
+  const Lecture l = LitEntites(Aretes(2, "72=1 10=0 20=0 11=10 21=0 72=2 10=5 20=0 40=5 50=0 51=180 73=1"));
+  ASSERT_EQ(l.traits.size(), 1u);
+  const auto& p = l.traits[0].points;
+  ASSERT_GT(p.size(), 20u);
+  for (std::size_t i = 1; i < p.size(); ++i) {
+    if (p[i].y < 1e-9 && p[i - 1].y < 1e-9) continue;  // the line
+    EXPECT_GT(std::hypot((p[i].x + p[i - 1].x) / 2 - 5, (p[i].y + p[i - 1].y) / 2), 5 - 0.0101) << i;
+  }
+}
+
+TEST(Hatch, EdgesWithAGapKeepBothEnds) {
+  const Lecture l =
+      LitEntites(Aretes(3, "72=1 10=0 20=0 11=10 21=0 72=1 10=10 20=0.5 11=5 21=10 72=1 10=5 20=10 11=0 21=0"));
+  ASSERT_EQ(l.traits.size(), 1u);
+  EXPECT_EQ(l.traits[0].points.size(), 4u);
+}
+
 TEST(Hatch, BoundaryThatAnOutlineDrawsIsLeftOut) {
   for (const std::string& t : {EntiteHachure + EntiteContour, EntiteContour + EntiteHachure}) {
     const Lecture l = LitEntites(t);

@@ -314,6 +314,7 @@ TEST(LireExcellon, ExtentsThatContradictTheResultAreTold) {
   EXPECT_EQ(Suppose(etendue + "METRIC,TZ,0.00000\n" + trous).size(), 1U) << "far too small";
   for (const char* const ligne :
        {";EXTENTS 100.0 80.0", "; Extents: 0.0 100.0 0.0 80.0", ";EXTENTS 0 0 100000 80000",
+        ";EXTENTS X10.0 Y20.0 X110.0 Y100.0", ";EXTENTS 10.0 110.0 20.0 100.0", ";EXTENTS -50.0 -40.0 50.0 40.0",
         ";EXTENTS 0 0 3.94 3.15 INCH", ";EXTENTS unknown", ";EXTENTS 1.0 2.0 3.0"}) {
     EXPECT_TRUE(Suppose(std::string(ligne) + "\nMETRIC,TZ,000.000\n" + trous).empty()) << ligne;
   }

@@ -182,6 +182,19 @@ TEST(LireHpgl, SymbolsTicksAndUnknownInstructionsAreCountedByName) {
   EXPECT_EQ(Ignores(l, "QZ"), 1);
 }
 
+TEST(LireHpgl, ProgressIsToldOnceForThousandsOfInstructions) {
+  std::string texte = "IN;";
+  for (int i = 0; i < 5000; ++i) texte += "PD" + std::to_string(i) + ",9;";
+  std::vector<double> parts;
+  OptionsLecture options;
+  options.Avancement = [&](double p) { parts.push_back(p); };
+  Lecture l;
+  LireHpgl(texte + "PU;", options, l);
+  ASSERT_EQ(parts.size(), 2U);  // at the first one and behind 4096
+  EXPECT_LT(parts[0], 0.01);
+  EXPECT_NEAR(parts[1], 4096.0 / 5000, 0.02);
+}
+
 TEST(LireHpgl, ProgressGrowsToTheEnd) {
   std::string texte = "IN;";
   for (int i = 0; i < 20000; ++i) texte += "PU0,0;PD9,9;";
