@@ -77,6 +77,8 @@ TEST(LireExcellon, AbsoluteAndIncremental) {
 TEST(LireExcellon, ZeroSetIsNoHoleAndMovesWhatFollows) {
   EXPECT_EQ(Trous("METRIC\n%\nG93X0Y0\nX1000Y1000\n"), (Points{{1, 1}}));
   EXPECT_EQ(Trous("METRIC\n%\nG93X10000Y-5000\nX1000Y1000\n"), (Points{{11, -4}}));
+  EXPECT_EQ(Trous("METRIC\n%\nG92X10000\nX1000Y1000\n"), (Points{{11, 1}}));
+  EXPECT_EQ(Trous("METRIC\n%\nG92Y10000\nX1000Y1000\n"), (Points{{1, 11}}));
 }
 
 TEST(LireExcellon, RepeatsStepFromTheLastHole) {
@@ -301,6 +303,14 @@ TEST(LireExcellon, FormatAndZerosThatAreGuessedAreSaid) {
   EXPECT_TRUE(Suppose("METRIC,TZ,000.000\n%\nX1000Y2000\n").empty());
   EXPECT_TRUE(Suppose("METRIC\n%\nX1.0Y2.0\n").empty());
   EXPECT_EQ(Suppose("%\nX1000Y2000\n").size(), 2U);
+}
+
+TEST(LireExcellon, BothWordsOfASlotCutIt) {
+  for (const char* const mot : {"G85", "G87"}) {
+    const auto a = Drl(std::string("METRIC\n%\nT1\nX1000Y2000") + mot + "X5000Y2000\n");
+    ASSERT_EQ(a.sequences.size(), 1U) << mot;
+    EXPECT_EQ(a.sequences[0], (Points{{1, 2}, {5, 2}})) << mot;
+  }
 }
 
 TEST(LireExcellon, ExtentsThatContradictTheResultAreTold) {

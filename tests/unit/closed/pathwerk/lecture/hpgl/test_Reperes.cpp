@@ -10,6 +10,12 @@ namespace {
 
 using namespace mesures;
 
+TEST(LireHpgl, OneScalingPointTakesTheOtherAlong) {
+  const auto t = Traits("IP100,200,1100,1200;IP500,0;SC0,10,0,10;PU0,0;PD10,10;PU;");
+  ASSERT_EQ(t.size(), 1U);
+  AttendUnites(t[0], {{500, 0}, {1500, 1000}});
+}
+
 TEST(LireHpgl, UserUnitsFillTheRectangleOfTheScalingPoints) {
   // 10 x 20 user units over 1000 x 1000 plotter units from (1000, 2000).
   const auto t = Traits("IP1000,2000,2000,3000;SC0,10,0,20;PU0,0;PD10,20,5,10;PU;");
