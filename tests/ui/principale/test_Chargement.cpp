@@ -1,10 +1,12 @@
 // What stands when the main window is loaded, and what an opening from its lists leaves behind.
 #include <QAbstractButton>
+#include <QApplication>
 #include <QLineEdit>
 #include <QTabBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
+#include <QWheelEvent>
 #include <cmath>
 
 #include "core/Cles.h"
@@ -15,6 +17,7 @@
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Souris.h"
+#include "workspace/Module_Vue.h"
 
 namespace {
 
@@ -81,6 +84,22 @@ TEST_F(Chargement, APathOfTheTreeShowsItsOwnValuesInThePanel) {
   essai::Evenements();
   EXPECT_EQ(C<QLineEdit>("TB_Profondeur")->text(), "-5.25");
   EXPECT_FALSE(C<QAbstractButton>("CB_Fraiser")->isChecked());
+}
+
+TEST_F(Chargement, TheWheelOverTheZoomListStepsTheZoom) {
+  Charge(Exemple("plaque.dxf"));
+  auto* combo = C<QComboBox>("Combo_Zoom");
+  const float debut = Zoom;
+  const auto roule = [combo](int crans) {
+    QWheelEvent roue(QPointF(5, 5), combo->mapToGlobal(QPointF(5, 5)), {}, {0, 120 * crans}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(combo, &roue);
+    EXPECT_TRUE(roue.isAccepted());
+  };
+  roule(1);
+  EXPECT_GT(Zoom, debut);
+  roule(-1);
+  EXPECT_FLOAT_EQ(Zoom, debut);
 }
 
 TEST_F(Chargement, AnOpeningReleasesTheTool) {
