@@ -52,7 +52,7 @@ std::string Relatif(const fs::path& chemin) {
 std::vector<std::string> Sources() {
   std::vector<std::string> fichiers;
   for (const char* dossier : {"app", "base", "closed", "controller", "core", "database", "gcode", "image",
-                              "machine", "run", "toolpath", "workspace"}) {
+                              "machine", "manual", "run", "toolpath", "workspace"}) {
     const fs::path racine = fs::path(OVELIN_SOURCE_DIR) / dossier;
     if (!fs::exists(racine)) continue;
     for (const auto& entree : fs::recursive_directory_iterator(racine)) {
