@@ -2,6 +2,7 @@
 // the board read and write it.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -32,6 +33,19 @@ struct EtatRun {
   float VitesseJog = 0;             // mm/s of the move by hand
   Drapeau ClavierActif = Faux;      // the key comes from the board's keypad
   Drapeau EcranVeilleActif = Faux;  // the screen saver is held back for a run, and is to be given back
+
+  // Where the first row of TableReprise begins, steps of the board's counters.
+  std::array<std::int32_t, 3> DepartReprise{};
+  // The link was lost in a job: the board may go on with what it has, and its place is not known until it is asked.
+  bool AttendCarte = false;
+  // The board has forgotten the job whose place it knew: what is left of it can only be given up.
+  bool PlacePerdue = false;
+
+  // What is shown of the run.
+  double TempsTotal = 0;               // s, foreseen
+  double HeureDebut = 0;               // s of the monotonic clock
+  std::int32_t IndexTraceRun = 0;      // next row to be drawn
+  float XTraceRun = 0, YTraceRun = 0;  // mm, where the line of the run has come to
 
   bool operator==(const EtatRun&) const = default;
 };

@@ -24,5 +24,13 @@ inline constinit auto& NbBlocsTotal = Marche.NbBlocsTotal;
 inline constinit auto& VitesseJog = Marche.VitesseJog;
 inline constinit auto& ClavierActif = Marche.ClavierActif;
 inline constinit auto& EcranVeilleActif = Marche.EcranVeilleActif;
+inline constinit auto& DepartReprise = Marche.DepartReprise;
+inline constinit auto& AttendCarte = Marche.AttendCarte;
+inline constinit auto& PlacePerdue = Marche.PlacePerdue;
+inline constinit auto& TempsTotal = Marche.TempsTotal;
+inline constinit auto& HeureDebut = Marche.HeureDebut;
+inline constinit auto& IndexTraceRun = Marche.IndexTraceRun;
+inline constinit auto& XTraceRun = Marche.XTraceRun;
+inline constinit auto& YTraceRun = Marche.YTraceRun;
 
 }  // namespace ovelin

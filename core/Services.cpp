@@ -97,6 +97,7 @@ Services ServicesMuets() {
   s.EffaceLigneRun = [] {};
   s.MontreStop = [](bool) {};
   s.Pilotage = [](DemandePilotage) {};
+  s.Battement = [](const std::function<void()>&) {};
   s.LaisseEvenements = [](Evenements) {};
   s.Horloge = [] {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();

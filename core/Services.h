@@ -117,6 +117,9 @@ struct Services {
   // The one control that stops whatever runs.
   std::function<void(bool visible)> MontreStop;
   std::function<void(DemandePilotage)> Pilotage;
+  // `pas` is called every few milliseconds as long as events run, in the loop of a box or a dialog, too, until it
+  // is given nothing.
+  std::function<void(const std::function<void()>& pas)> Battement;
 
   std::function<void(Evenements)> LaisseEvenements;
   // Runs a kernel over copies to its end while painting and timers go on, on a thread of its own where there is a

@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QThread>
+#include <QTimer>
 #include <QUrl>
 #include <chrono>
 #include <cmath>
@@ -29,8 +30,10 @@
 
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
+#include "core/RunCourant.h"
 #include "core/Textes.h"
 #include "core/ui/Fenetres.h"
+#include "core/ui/FiltreStop.h"
 #include "core/ui/LanguesPresentes.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
@@ -209,9 +212,13 @@ class Ronde : public QObject {
   Ronde(const Ronde&) = delete;
   Ronde& operator=(const Ronde&) = delete;
 
-  void Tourne() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+  // In a run the input comes, so that a stop gets through; the rest of it is refused below.
+  void Tourne() {
+    QCoreApplication::processEvents(RunActif ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+  }
 
   bool eventFilter(QObject* objet, QEvent* e) override {
+    if (EstUnArret(*objet, *e)) return false;
     const bool sien = DeLUtilisateur(e->type()) || (e->type() == QEvent::Timer && RepeteUnePression(*objet));
     return EnCours == this && QApplication::activeModalWidget() == modale_ && sien;
   }
@@ -341,6 +348,18 @@ void RetientVeilleQt(bool retenue) {
   Veille->Retient(retenue);
 }
 
+// One timer for the program; what it calls guards itself against being called inside itself.
+void BatQt(const std::function<void()>& pas) {
+  static QPointer<QTimer> Pouls;
+  constexpr int Periode = 5;  // ms
+  delete Pouls;
+  if (!pas || qApp == nullptr) return;
+  Pouls = new QTimer(qApp);
+  Pouls->setTimerType(Qt::PreciseTimer);
+  QObject::connect(Pouls, &QTimer::timeout, Pouls, pas);
+  Pouls->start(Periode);
+}
+
 // Wishes that were put off, one at a time, as long as nothing long runs again.
 void Livre() {
   while (Passes == 0 && !Souhaits.empty()) {
@@ -370,6 +389,7 @@ void InstalleServicesQt() {
   Svc.Bip = [] { QApplication::beep(); };
   Svc.OuvreParBureau = OuvreParBureauQt;
   Svc.RetientVeille = RetientVeilleQt;
+  Svc.Battement = BatQt;
   Svc.MarqueDecimale = QLocale::system().decimalPoint() == QLatin1String(",") ? ',' : '.';
   ChoisitCouleur = ChoisitCouleurQt;
 }

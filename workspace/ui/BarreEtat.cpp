@@ -14,7 +14,7 @@ constexpr int CoteImage = 16;      // logical pixels
 
 }  // namespace
 
-BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent) {
+BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent), stop_(new BoutonStop(this)), filtre_(*stop_) {
   setObjectName(QStringLiteral("SB1"));
   setSizeGripEnabled(true);
   setContentsMargins(6, 0, 0, 0);
@@ -39,6 +39,8 @@ BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent) {
   }
   carte_ = Etiquette("SB1_9", 0);
   addPermanentWidget(carte_);
+  stop_->setVisible(false);
+  addPermanentWidget(stop_);
   minuterie_ = new QTimer(this);
   minuterie_->setObjectName(QStringLiteral("Timer_Decalage"));
   minuterie_->setInterval(PeriodeImage);

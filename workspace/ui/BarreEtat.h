@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/Services.h"
+#include "core/ui/FiltreStop.h"
 
 namespace ovelin {
 
@@ -22,6 +23,8 @@ class BarreEtat : public QStatusBar {
   void Panneau(PanneauEtat panneau, const std::string& texte);
   void Positions(const std::array<std::string, 3>& textes);
   void Carte(const QString& texte, const QString& bulle);
+  // The one stop button: there while something runs.
+  void MontreStop(bool visible) { stop_->setVisible(visible); }
 
   // Progress of a pass with a known number of steps.
   void SB_Avancement(const std::string& texte, long total);
@@ -38,6 +41,8 @@ class BarreEtat : public QStatusBar {
   QLabel* picture_;
   QLabel* carte_;
   QProgressBar* avancement_;
+  BoutonStop* stop_;
+  FiltreStop filtre_;
   QTimer* minuterie_;
   int image_ = 0;
   long fait_ = 0;

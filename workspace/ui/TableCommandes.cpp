@@ -54,6 +54,13 @@ constexpr std::array Commandes{
       .contexte = 42,
       .dessin = true,
       .fenetre = "F_Fraisage"},
+    C{.nom = "mnu_Gcode",
+      .menu = Fichier,
+      .groupe = 2,
+      .texte = "&Atelier GCODE...",
+      .touches = "Ctrl+G",
+      .course = true,
+      .fenetre = "F_Gcode"},
     C{.nom = "mnu_Quitter", .menu = Fichier, .groupe = 3, .texte = "&Quitter", .touches = "Ctrl+Q", .course = true},
 
     C{.nom = "mnu_Undo",

@@ -48,8 +48,9 @@ TEST_F(Commandes, NoTwoStandInOnePlace) {
 
 TEST_F(Commandes, TheFileMenuHasALineBetweenItsGroups) {
   Charge();
-  EXPECT_THAT(Noms(C<QMenu>("mnu_Fichier")->actions()),
-              ElementsAre("mnu_Ouvrir", "mnu_Save", "mnu_SaveAs", "|", "mnu_Fraisage", "|", "mnu_Quitter"));
+  EXPECT_THAT(
+      Noms(C<QMenu>("mnu_Fichier")->actions()),
+      ElementsAre("mnu_Ouvrir", "mnu_Save", "mnu_SaveAs", "|", "mnu_Fraisage", "mnu_Gcode", "|", "mnu_Quitter"));
 }
 
 TEST_F(Commandes, TheToolBarFollowsTheWork) {
