@@ -108,6 +108,7 @@ void F_Representation::Dispose() {
   SB1_ = new BarreEtat(this);
   setStatusBar(SB1_);
   cadre_ = new FrameAvancement(PB1_);
+  suivi_ = new SuiviRun(*PB1_, this);
   Timer_Interro_ = new QTimer(this);
   Timer_Interro_->setObjectName(QStringLiteral("Timer_Interro"));
   Timer_Cadre_ = new QTimer(this);
@@ -171,6 +172,10 @@ void F_Representation::InstalleServices() {
     cadre_->Cache();
     SB1_->SB_AvancementFin();
   };
+  Svc.MontreStop = [this](bool visible) { SB1_->MontreStop(visible); };
+  Svc.MarquePosition = [this](double x, double y) { suivi_->Marque(x, y); };
+  Svc.LigneRun = [this](float x0, float y0, float x1, float y1) { suivi_->Ligne(x0, y0, x1, y1); };
+  Svc.EffaceLigneRun = [this] { suivi_->Efface(); };
 }
 
 void F_Representation::Place() {

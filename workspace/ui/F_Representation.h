@@ -17,6 +17,7 @@
 #include "workspace/ui/FrameAvancement.h"
 #include "workspace/ui/ImagePB1.h"
 #include "workspace/ui/PanneauLateral.h"
+#include "workspace/ui/SuiviRun.h"
 
 namespace ovelin {
 
@@ -116,6 +117,7 @@ class F_Representation : public QMainWindow {
   PanneauLateral* panneau_ = nullptr;
   BarreEtat* SB1_ = nullptr;
   FrameAvancement* cadre_ = nullptr;
+  SuiviRun* suivi_ = nullptr;
   QTimer* Timer_Interro_ = nullptr;
   QTimer* Timer_Cadre_ = nullptr;
   std::optional<CleTexte> carte_;  // the board's name as it is shown

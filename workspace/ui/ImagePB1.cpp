@@ -174,6 +174,7 @@ void ImagePB1::Peint() {
     peintre.setFont(font());
     PeintScene(peintre, scene_, couleurs);
   }
+  calque_ = {};  // another view
   PlaceLegende(options, couleurs);
   MontreOutil();
   update();
@@ -219,6 +220,41 @@ void ImagePB1::MontreOutil() {
   MarqueOutil(Vue, Taille(), MesureDe(font()), MemoireOutil{}, Cycle.Outil.X, Cycle.Outil.Y, outil_);
 }
 
+void ImagePB1::AjouteRun(float x0, float y0, float x1, float y1) { run_.push_back({x0, y0, x1, y1}); }
+
+void ImagePB1::EffaceRun() {
+  run_.clear();
+  runPeint_ = 0;
+  calque_ = {};
+  update();
+}
+
+// Only what has come since the last painting is drawn; the view of before is kept as a picture.
+void ImagePB1::PeintRun(QPainter& peintre) {
+  if (run_.empty()) return;
+  if (calque_.size() != image_.size()) {
+    calque_ = QImage(image_.size(), QImage::Format_ARGB32_Premultiplied);
+    calque_.setDevicePixelRatio(image_.devicePixelRatio());
+    calque_.fill(Qt::transparent);
+    runPeint_ = 0;
+  }
+  if (runPeint_ < run_.size()) {
+    Scene lignes;
+    const float hauteur = Taille().hauteur;
+    const auto ecran = [hauteur](float x, float y) {
+      const PointTrace p = VersEcran(Vue, hauteur, {x, y, CodePD, CodeAucun});
+      return PointEcran{p.X, p.Y};
+    };
+    for (; runPeint_ < run_.size(); ++runPeint_) {
+      const auto& [x0, y0, x1, y1] = run_[runPeint_];
+      lignes.AjouteSegment(Role::Outil, ecran(x0, y0), ecran(x1, y1));
+    }
+    QPainter dans(&calque_);
+    PeintScene(dans, lignes, ConstruitPalette(Regl, ThemeDe(*this)));
+  }
+  peintre.drawImage(QPoint(0, 0), calque_);
+}
+
 // --- painting --------------------------------------------------------------------------------------------------
 
 QRect ImagePB1::RectBande() const {
@@ -250,6 +286,7 @@ void ImagePB1::paintEvent(QPaintEvent* e) {
   const QRect dedans(QPoint(0, 0), image_.deviceIndependentSize().toSize());
   if (!dedans.contains(e->rect())) peintre.fillRect(e->rect(), Papier(*this));
   peintre.drawImage(QPoint(0, 0), image_);
+  PeintRun(peintre);
   PeintDessus(peintre);
   if (clavier_ && hasFocus()) {
     peintre.setPen(palette().color(QPalette::Highlight));

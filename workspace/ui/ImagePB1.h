@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QTimer>
 #include <QWidget>
+#include <array>
+#include <vector>
 
 #include "image/Palette.h"
 #include "image/SceneDocument.h"
@@ -40,6 +42,10 @@ class ImagePB1 : public QWidget {
   void Croix(const PointTrace& point);
   // The running tool at (x, y), mm, over the picture; shown with the flag of the tool display.
   void PositionOutil(float x, float y);
+  // A way that the run has cut, mm, over the picture; seen with the next painting. It stays through every Dessin
+  // until it is effaced.
+  void AjouteRun(float x0, float y0, float x1, float y1);
+  void EffaceRun();
   // Pointer of the tool in force: to be called when a button of the tools was pressed.
   void SuitOutils();
   // A changed size is taken over at once instead of when it has settled.
@@ -77,6 +83,7 @@ class ImagePB1 : public QWidget {
   void PeintDessus(QPainter& peintre) const;
   void PlaceLegende(const OptionsScene& options, const Palette& couleurs);
   void MontreOutil();
+  void PeintRun(QPainter& peintre);
   void Differe();
   void Acheve();  // the redrawing that movements have left
   void Conclut(const SuiteSouris& suite, bool attend);
@@ -92,10 +99,13 @@ class ImagePB1 : public QWidget {
   QImage image_;
   Scene scene_;  // memory kept from one Dessin to the next
   Scene croix_, outil_;
-  QRect bande_;      // where the rubber band was painted
-  QSize misEnPage_;  // size taken over last
-  QTimer taille_;    // runs until the size has settled
-  QTimer suite_;     // of no length: the movements that are waiting come first
+  std::vector<std::array<float, 4>> run_;  // ways of the run, mm
+  std::size_t runPeint_ = 0;               // of these, in `calque_`
+  QImage calque_;                          // the line of the run in the view of `image_`; null without one
+  QRect bande_;                            // where the rubber band was painted
+  QSize misEnPage_;                        // size taken over last
+  QTimer taille_;                          // runs until the size has settled
+  QTimer suite_;                           // of no length: the movements that are waiting come first
   QLabel *dessin_, *decalage_;
 };
 

@@ -14,6 +14,7 @@
 #include "tests/ui/image/Atelier.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Souris.h"
+#include "workspace/ui/SuiviRun.h"
 
 namespace {
 
@@ -369,6 +370,54 @@ TEST(PositionOutil, StaysWithTheViewAfterADessin) {
   Cycle.Outil = MemoireOutil{};
   a.image.Dessin();
   EXPECT_GT(Ecart(a.Trouve(20, 20, QColor(0, 0, 255), 10), QColor(0, 0, 255)), 300) << "gone with the reset";
+}
+
+// --- the run ---------------------------------------------------------------------------------------------------
+
+TEST(LigneRun, GrowsWithTheRunAndIsGoneWithIt) {
+  DeuxCarres();
+  Atelier a;
+  const QImage avant = a.image.grab().toImage();
+  a.image.AjouteRun(10, 50, 40, 50);
+  a.image.AjouteRun(40, 50, 40, 58);
+  const auto bleu = [&a](float x, float y) {
+    const QImage vue = a.image.grab().toImage();
+    const QPoint ici = a.Pixel(x, y);
+    int pire = 1000;
+    for (int dx = -1; dx <= 1; ++dx) {
+      for (int dy = -1; dy <= 1; ++dy) {
+        pire = std::min(pire, Ecart(vue.pixelColor(ici + QPoint(dx, dy)), QColor(0, 0, 255)));
+      }
+    }
+    return pire < 320;  // white is 510 away
+  };
+  EXPECT_TRUE(bleu(25, 50));
+  EXPECT_TRUE(bleu(40, 55));
+  EXPECT_FALSE(bleu(50, 50)) << "not there yet";
+  a.image.AjouteRun(40, 50, 60, 50);
+  EXPECT_TRUE(bleu(50, 50));
+  Zoom *= 0.5F;
+  a.image.Dessin();
+  EXPECT_TRUE(bleu(25, 50)) << "where it belongs in another view";
+  EXPECT_TRUE(bleu(50, 50));
+  Zoom *= 2;
+  a.image.Dessin();
+  a.image.EffaceRun();
+  EXPECT_EQ(a.image.grab().toImage(), avant);
+}
+
+TEST(SuiviRun, ShowsTheLastPlaceOfManyAndTheLineWithItsNextBeat) {
+  DeuxCarres();
+  Atelier a;
+  SuiviRun suivi(a.image);
+  const QImage avant = a.image.grab().toImage();
+  for (int i = 0; i <= 60; ++i) suivi.Marque(20 + i, 20);
+  suivi.Ligne(10, 50, 40, 50);
+  EXPECT_EQ(Cycle.Outil, MemoireOutil{}) << "not at once";
+  EXPECT_FALSE(Cycle.AfficheOutil);
+  ASSERT_TRUE(QTest::qWaitFor([] { return Cycle.Outil == MemoireOutil{80, 20}; }));
+  EXPECT_TRUE(Cycle.AfficheOutil);
+  EXPECT_NE(a.image.grab().toImage(), avant);
 }
 
 // --- size ------------------------------------------------------------------------------------------------------

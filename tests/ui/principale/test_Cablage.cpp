@@ -2,6 +2,7 @@
 #include <QAbstractItemView>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
@@ -14,6 +15,7 @@
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Traduction.h"
 #include "core/ui/ServicesQt.h"
 #include "database/Module_BD.h"
@@ -21,6 +23,7 @@
 #include "tests/unit/controller/LiaisonScenario.h"
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Cycle.h"
 #include "workspace/Module_Souris.h"
 #include "workspace/Module_Vue.h"
 
@@ -524,6 +527,24 @@ TEST_F(Cablage, OtherOpenWindowsTakeTheNewLanguageWithIt) {
   };
   Commande("mnu_ParamAppli");
   EXPECT_EQ(bouton->text().toStdString(), Traduire("F_Fraisage", "Btn_Fermer"));
+}
+
+TEST_F(Cablage, TheStopButtonIsThereWhileSomethingRuns) {
+  Charge(Exemple("equerre.dxf"));
+  auto* stop = C<QPushButton>("Btn_Stop");
+  EXPECT_FALSE(stop->isVisible());
+  Svc.MontreStop(true);
+  EXPECT_TRUE(stop->isVisible());
+  QTest::mousePress(stop, Qt::LeftButton);
+  EXPECT_EQ(StopDemande, Vrai);
+  Svc.MontreStop(false);
+  EXPECT_FALSE(stop->isVisible());
+}
+
+TEST_F(Cablage, APlaceOfTheToolReachesThePicture) {
+  Charge(Exemple("equerre.dxf"));
+  Svc.MarquePosition(12, 34);
+  EXPECT_TRUE(QTest::qWaitFor([] { return Cycle.Outil == MemoireOutil{12, 34}; }));
 }
 
 }  // namespace
