@@ -185,9 +185,16 @@ std::vector<RefusCarte> InstalleCarte(const MoyensCarte& moyens) {
   CarteChoisie choisie = ChoisitCarte(LitReglageCarte(), moyens);
   LaCarte = {choisie.genre, choisie.virtuelle, ""};
   if (choisie.virtuelle) LaCarte.raisonDite = choisie.virtuelle->Fichier().raison;
-  CdeZENIK = std::make_unique<ClsCdeZENIK>(std::move(choisie.liaison));
+  auto neuve = std::make_unique<ClsCdeZENIK>(std::move(choisie.liaison));
+  if (CdeZENIK) neuve->Reprend(*CdeZENIK);
+  CdeZENIK = std::move(neuve);
   CdeZENIK->ChargeParametres();
   return std::move(choisie.refus);
+}
+
+void FermeCarte() {
+  CdeZENIK = std::make_unique<ClsCdeZENIK>();
+  LaCarte = CarteDuProgramme{};
 }
 
 void DitRefus(const std::vector<RefusCarte>& refus) {

@@ -68,8 +68,11 @@ struct CarteDuProgramme {
 };
 extern CarteDuProgramme LaCarte;
 
-// Chooses by the settings and makes the one object of the class, with the parameters of the table in force.
+// Chooses by the settings and makes the one object of the class, with the parameters of the table in force. What
+// the object before it has told and asked is neither told nor asked again.
 std::vector<RefusCarte> InstalleCarte(const MoyensCarte& moyens);
+// Lets the board go, with all that it has to keep, and its lock; then there is none.
+void FermeCarte();
 // One box each.
 void DitRefus(const std::vector<RefusCarte>& refus);
 // Writes what the virtual board has to keep. Why that can't be, told not yet.

@@ -205,6 +205,9 @@ class ClsCdeZENIK {
   std::array<Drapeau, 6> EtatClavier{};  // keypad bits of the reply before
 
  public:
+  // The record of a move by the parameters that are loaded; nothing is sent. `pas` are not all 0, v in mm/s.
+  [[nodiscard]] Mouvement MouvementDe(const std::array<std::int32_t, 3>& pas, float v) { return Calcule(pas, v); }
+
   // --- memories of the board ---------------------------------------------------------------------------------
   // Flash memory (Flash.cpp): blocks 0 to 31 of 65,536 bytes, pages of 32. One send each, nothing is shown; of an
   // exchange that failed a text is read all the same, a yes never.
@@ -249,6 +252,8 @@ class ClsCdeZENIK {
   void TableEcrire(const std::string& nom, std::uint8_t table);
   void TableDefautEcrire(std::uint8_t table);
   std::uint8_t TableDefautLire();
+  // What `avant` has told and been answered holds here, too.
+  void Reprend(const ClsCdeZENIK& avant);
   // An exchange of the tables was lost since the last check or choice of a table began.
   [[nodiscard]] bool EchangePerdu() const { return echangePerdu_; }
   // Another table is in force: its parameters are loaded, and a board that has it takes it as its default.

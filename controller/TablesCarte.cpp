@@ -214,6 +214,12 @@ void ClsCdeZENIK::SuitTable() {
   if (n >= 0) TableDefautEcrire(static_cast<std::uint8_t>(n));
 }
 
+void ClsCdeZENIK::Reprend(const ClsCdeZENIK& avant) {
+  tenuesDites_ = avant.tenuesDites_;
+  debordsDits_ = avant.debordsDits_;
+  reponsesTables_ = avant.reponsesTables_;
+}
+
 std::string ClsCdeZENIK::DemandeVersion() {
   Ordre('V', {});
   return TexteDe(2, Tampon.size() - 1);

@@ -30,7 +30,7 @@ std::string CleEtValeur() { return std::string(" ") + cles::CarteZENIK + "=" + L
 
 }  // namespace
 
-CarteAppel::~CarteAppel() { CdeZENIK = std::make_unique<ClsCdeZENIK>(); }
+CarteAppel::~CarteAppel() { FermeCarte(); }
 
 int CarteAppel::JugeFichiers(std::initializer_list<std::string> entrees) const {
   for (const std::string& sortie : {contexte_.fil, contexte_.fichierCarte}) {
@@ -87,7 +87,7 @@ int CarteAppel::Ouvre(std::initializer_list<std::string> entrees) {
 
 int CarteAppel::Ferme(int etat) {
   const auto refus = RefusFichierCarte();
-  CdeZENIK = std::make_unique<ClsCdeZENIK>();
+  FermeCarte();
   const std::string raison = journal_.Ferme();
   if (etat != Fait) return etat;
   if (refus) return Echec(contexte_, refus->texte.Cle(), TexteRefus(*refus));

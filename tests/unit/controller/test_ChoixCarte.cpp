@@ -257,6 +257,22 @@ TEST(InstalleCarte, GivesTheClassABoardAndTheParametersOfTheTable) {
   EXPECT_EQ(CdeZENIK->Parametres().Multiplicateur, 6);
 }
 
+TEST(InstalleCarte, WhatHasBeenToldIsNotToldAgain) {
+  essai::PoseTable("Essai", "Sld_SAV_0=99\r\n");
+  essai::Attend("erreurs", "Table");
+  CdeZENIK->ChargeParametres();
+  InstalleCarte(Moyens());
+}
+
+TEST(FermeCarte, LetsTheNextOneHaveIt) {
+  essai::PoseTable("Essai");
+  EXPECT_TRUE(InstalleCarte(Moyens()).empty());
+  FermeCarte();
+  EXPECT_FALSE(CdeZENIK->IsAvailable());
+  EXPECT_EQ(NomCarte(), Textes::CarteAbsente);
+  EXPECT_TRUE(InstalleCarte(Moyens()).empty());
+}
+
 TEST(InstalleCarte, TheTableOfTheBoardLastsInItsFile) {
   essai::PoseTable("Essai");
   InstalleCarte(Moyens());
