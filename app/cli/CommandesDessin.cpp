@@ -3,8 +3,12 @@
 
 #include <charconv>
 #include <cmath>
+#include <span>
+#include <utility>
 
+#include "app/cli/PlanCarte.h"
 #include "controller/ClsCdeZENIK.h"
+#include "controller/ListeStockee.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
@@ -125,16 +129,20 @@ bool LitPosition(const std::string& texte, double& x, double& y, double& z) {
   return true;
 }
 
-std::string LignesEnCsv() {
-  std::string sortie = "X,Y,Z,dX,dY,dZ,Vitesse\n";
+std::string LignesEnCsv(const PlanCarte& plan) {
+  std::string sortie = "X,Y,Z,dX,dY,dZ,Vitesse,Ticks,N,P,T\n";
   for (std::int32_t i = 2; i <= NbDeplacements; ++i) {
     const Deplacement& d = TableDecoupe[static_cast<std::size_t>(i)];
+    const Mouvement& m = plan.lignes[static_cast<std::size_t>(i - 2)];
     for (const float v : {d.X, d.Y, d.Z}) {
       AjouteNombre(sortie, v);
       sortie += ',';
     }
     for (const std::int32_t v : {d.dX, d.dY, d.dZ}) sortie += std::to_string(v) + ',';
     AjouteNombre(sortie, d.Vitesse);
+    for (const std::int32_t v : {m.Ticks, m.N, m.P}) sortie += ',' + std::to_string(v);
+    sortie += ',';
+    AjouteNombre(sortie, EnFloat(m.T));
     sortie += '\n';
   }
   return sortie;
@@ -274,18 +282,50 @@ int Trace(Contexte& contexte, const std::string& dessin, const std::string& sort
   return Resultat(contexte, Json{{"file", sortie}, {"sequences", NbSequences()}, {"traces", TraceDecale.size()}});
 }
 
-int Planifie(Contexte& contexte, const std::string& dessin, const std::string& position,
-             const std::string& lignes) {
+namespace {
+
+// The files of a plan, before anything is read: none is the drawing, none is another of them.
+int JugeSorties(const Contexte& contexte, const std::string& dessin, const OptionsPlan& o) {
+  const std::pair<const std::string&, const char*> sorties[] = {{o.lignes, "csv"}, {o.records, ""}, {o.flash, ""}};
+  std::vector<std::string> avant;
+  for (const auto& [sortie, extension] : sorties) {
+    if (sortie.empty()) continue;
+    if (const int etat = VerifieSortie(contexte, sortie, extension, {dessin})) return etat;
+    for (const std::string& autre : avant) {
+      if (CheminComplet(autre) == CheminComplet(sortie) && !sortie.starts_with("/dev/")) {
+        return Echec(contexte, Textes::SortieEstEntree, " " + sortie, sortie);
+      }
+    }
+    avant.push_back(sortie);
+  }
+  return Fait;
+}
+
+int EcritPlan(const Contexte& contexte, const OptionsPlan& o, const PlanCarte& plan) {
+  const std::span liste(reinterpret_cast<const std::uint8_t*>(plan.liste.data()), plan.liste.size());
+  if (!o.flash.empty() && liste.size() > ListeMaxi) {
+    return Echec(contexte, Textes::ListeTropLongue, " " + std::to_string(LitListe(liste).tiennent), o.flash);
+  }
+  if (!o.lignes.empty()) {
+    if (const int etat = EcritResultat(contexte, o.lignes, LignesEnCsv(plan))) return etat;
+  }
+  if (!o.records.empty()) {
+    if (const int etat = EcritResultat(contexte, o.records, plan.records)) return etat;
+  }
+  return o.flash.empty() ? Fait : EcritResultat(contexte, o.flash, plan.liste);
+}
+
+}  // namespace
+
+int Planifie(Contexte& contexte, const std::string& dessin, const OptionsPlan& options) {
   double x = 0;
   double y = 0;
   double z = 0;
-  if (!position.empty() && !LitPosition(position, x, y, z)) {
+  if (!options.position.empty() && !LitPosition(options.position, x, y, z)) {
     std::fprintf(stderr, "--pos X,Y,Z\n");
     return Usage;
   }
-  if (!lignes.empty()) {
-    if (const int etat = VerifieSortie(contexte, lignes, "csv", {dessin})) return etat;
-  }
+  if (const int etat = JugeSorties(contexte, dessin, options)) return etat;
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   const auto resolutions = ResolutionsTable();
   CdeZENIK->FixeResolutions(resolutions[0], resolutions[1], resolutions[2]);
@@ -298,13 +338,13 @@ int Planifie(Contexte& contexte, const std::string& dessin, const std::string& p
   double vMax = 0;
   std::int16_t reserve = 0;
   Vitesse_Decoupe_H(sansRampe, vMax, reserve);
-  if (!lignes.empty()) {
-    if (const int etat = EcritResultat(contexte, lignes, LignesEnCsv())) return etat;
-  }
-  const Sommes sommes = SommesDuPlan();
+  const Sommes sommes = SommesDuPlan();  // before the rows' speeds are lowered
+  const PlanCarte plan = CalculePlanCarte();
+  if (const int etat = EcritPlan(contexte, options, plan)) return etat;
   return Resultat(contexte, Json{{"rows", NbDeplacements - 1},
                                  {"records", sommes.moteur},
                                  {"seconds", sommes.secondes},
+                                 {"foreseen", plan.prevu},
                                  {"length", sommes.longueur},
                                  {"VSansRampe", sansRampe},
                                  {"VMax", vMax}});

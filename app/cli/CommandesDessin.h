@@ -13,7 +13,11 @@ int Enregistre(Contexte& contexte, const std::string& dessin, const std::string&
 // `source`: "initial", "outil", or "" for the format's own choice (pictures show both, files the drawing).
 int Exporte(Contexte& contexte, const std::string& dessin, const std::string& sortie, const std::string& source);
 int Trace(Contexte& contexte, const std::string& dessin, const std::string& sortie);
-// `position` "X,Y,Z" in mm or ""; `lignes` a CSV file or "".
-int Planifie(Contexte& contexte, const std::string& dessin, const std::string& position, const std::string& lignes);
+struct OptionsPlan {
+  std::string position;  // "X,Y,Z" in mm, or ""
+  // Files to write, "" for none: rows as CSV, records, stored list.
+  std::string lignes, records, flash;
+};
+int Planifie(Contexte& contexte, const std::string& dessin, const OptionsPlan& options);
 
 }  // namespace ovelin::cli

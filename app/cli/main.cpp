@@ -20,7 +20,8 @@ using namespace ovelin::cli;
 using Action = std::function<int()>;
 
 struct Options {
-  std::string dessin, sortie, operations, source, position, lignes;
+  std::string dessin, sortie, operations, source;
+  OptionsPlan plan;
   std::string nom, nouveau, cle, valeur, interface;
   int rang = 0, numero = 0;
   PlageFlash plage;
@@ -112,9 +113,11 @@ void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
   trace->callback([&] { action = [&] { return Trace(c, o.dessin, o.sortie); }; });
 
   CLI::App* plan = AvecDessin(app, "plan", "The table of moves of the job", o);
-  plan->add_option("--pos", o.position, "Position of the machine, mm")->type_name("X,Y,Z");
-  plan->add_option("--rows", o.lignes, "Rows as CSV")->type_name("OUT.csv");
-  plan->callback([&] { action = [&] { return Planifie(c, o.dessin, o.position, o.lignes); }; });
+  plan->add_option("--pos", o.plan.position, "Position of the machine, mm")->type_name("X,Y,Z");
+  plan->add_option("--rows", o.plan.lignes, "Rows as CSV")->type_name("OUT.csv");
+  plan->add_option("--records", o.plan.records, "Records of the board, 37 bytes each")->type_name("OUT.bin");
+  plan->add_option("--flash", o.plan.flash, "The job as the board's flash memory holds it")->type_name("OUT.bin");
+  plan->callback([&] { action = [&] { return Planifie(c, o.dessin, o.plan); }; });
 }
 
 void CommandesGcode(CLI::App& app, Contexte& c, Options& o, Action& action) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -304,6 +305,119 @@ TEST(Fault, AndItsLikeAreOfTheVirtualBoardAlone) {
     appel.insert(appel.end(), options.begin(), options.end());
     AttendRefus(a, appel, "cli_carte_option", options[0] + " CarteZENIK=aucune");
   }
+}
+
+// A straight cut of 100 mm along Y and the ways to it.
+std::string Trait() {
+  return "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n0\n20\n0\n11\n0\n21\n100\n0\nENDSEC\n0\nEOF\n";
+}
+
+std::int32_t Lit32(const std::string& octets, std::size_t i) {
+  std::uint32_t v = 0;
+  for (std::size_t n = 4; n-- > 0;) v = v << 8U | static_cast<std::uint8_t>(octets[i + n]);
+  return static_cast<std::int32_t>(v);
+}
+
+// Fields of the CSV, line by line behind the header.
+std::vector<std::vector<std::string>> Lignes(const std::string& csv) {
+  std::vector<std::vector<std::string>> lignes;
+  std::istringstream texte(csv);
+  std::string ligne;
+  std::getline(texte, ligne);
+  EXPECT_EQ(ligne, "X,Y,Z,dX,dY,dZ,Vitesse,Ticks,N,P,T");
+  while (std::getline(texte, ligne)) {
+    std::vector<std::string> champs;
+    std::istringstream l(ligne);
+    for (std::string champ; std::getline(l, champ, ',');) champs.push_back(champ);
+    lignes.push_back(champs);
+  }
+  return lignes;
+}
+
+// Speeds below those that need a ramp: 10,000 ticks a second, so a row has 10,000 x length / speed of them.
+TEST(PlanRecords, OfRowsWithoutRampHaveTheTicksOfTheirTime) {
+  const Atelier a;
+  const auto j = Reussi(a, {"plan", a.Ecrit("l.dxf", Trait()), "--rows", a.Chemin("l.csv"), "--records",
+                            a.Chemin("l.bin"), "--set", "Combo_SAV_11=0", "--set", "TB_SAV_12=50", "--set",
+                            "TB_SAV_13=50", "--set", "TB_SAV_14=50"})
+                     .Json();
+  const auto lignes = Lignes(Atelier::Lit(a.Chemin("l.csv")));
+  const std::string records = Atelier::Lit(a.Chemin("l.bin"));
+  ASSERT_EQ(records.size(), 37 * j["records"].get<std::size_t>());
+  std::size_t r = 0;
+  bool coupe = false;
+  for (const auto& l : lignes) {
+    ASSERT_EQ(l.size(), 11U);
+    if (l[3] == "0" && l[4] == "0" && l[5] == "0") {
+      EXPECT_EQ(l[7], "0");
+      continue;
+    }
+    EXPECT_EQ(l[8] + l[9], "00");
+    EXPECT_EQ(Lit32(records, r + 3), std::stoi(l[7]));
+    EXPECT_EQ(Lit32(records, r + 11), 2 * std::abs(std::stoi(l[4])));
+    EXPECT_EQ(records[r + 1], 'D');
+    EXPECT_EQ(records.substr(r + 33, 4), std::string(4, '\0'));
+    // 200 steps a mm: 100 mm of cut at 2 mm/s last 50 s.
+    if (l[4] == "20000" && l[6] == "2") {
+      coupe = true;
+      EXPECT_EQ(l[7], "500000");
+      EXPECT_EQ(l[10], "50");
+    }
+    r += 37;
+  }
+  EXPECT_TRUE(coupe) << Atelier::Lit(a.Chemin("l.csv"));
+  EXPECT_NEAR(j["foreseen"].get<double>(), j["seconds"].get<double>(), 1e-3);
+}
+
+TEST(PlanRecords, WithRampsTakeLongerAndSayTheirLevels) {
+  const Atelier a;
+  const auto j =
+      Reussi(a, {"plan", essai::Exemple("plaque.dxf"), "--rows", a.Chemin("p.csv"), "--set", "Vitesse_Mat_H=12"})
+          .Json();
+  EXPECT_GT(j["foreseen"].get<double>(), j["seconds"].get<double>());
+  double somme = 0;
+  bool rampe = false;
+  for (const auto& l : Lignes(Atelier::Lit(a.Chemin("p.csv")))) {
+    somme += std::stod(l[10]);
+    rampe = rampe || (std::stoi(l[9]) > std::stoi(l[8]) && std::stoi(l[8]) > 0);
+  }
+  EXPECT_TRUE(rampe);
+  EXPECT_NEAR(somme, j["foreseen"].get<double>(), 1e-3 * somme);
+  EXPECT_FALSE(fs::exists(a.Chemin("carte.zenik.verrou"))) << "no board is opened";
+}
+
+TEST(PlanFlash, IsTheListThatTheBoardStores) {
+  const Atelier a;
+  const auto j = Reussi(a, {"plan", a.Ecrit("c.dxf", essai::Carre), "--records", a.Chemin("r.bin"), "--flash",
+                            a.Chemin("f.bin")})
+                     .Json();
+  const std::string records = Atelier::Lit(a.Chemin("r.bin"));
+  std::string attendue;
+  for (std::size_t i = 0; i < records.size(); i += 37) {
+    attendue += records.substr(i + 2, (static_cast<std::uint8_t>(records[i + 2]) & 32U) != 0 ? 31 : 25);
+  }
+  EXPECT_EQ(Atelier::Lit(a.Chemin("f.bin")), attendue + static_cast<char>(128));
+  EXPECT_EQ(Reussi(a, {"board", "flash", a.Chemin("f.bin")}).Json()["records"], j["records"]);
+}
+
+TEST(PlanFlash, OfAJobThatDoesNotFitSaysHowManyRecordsDo) {
+  const Atelier a;
+  const std::string dessin = essai::Exemple("enseigne-texte.OVL");
+  const Retour r = a.Appelle({"plan", dessin, "--json", "--set", "ProfPasse=-0.05", "--flash", a.Chemin("f.bin"),
+                              "--rows", a.Chemin("f.csv")});
+  EXPECT_EQ(r.etat, 1) << r.sortie;
+  EXPECT_EQ(r.Json()["error"]["key"], "cli_flash_longue") << r.sortie;
+  EXPECT_FALSE(fs::exists(a.Chemin("f.bin")));
+  EXPECT_FALSE(fs::exists(a.Chemin("f.csv")));
+}
+
+TEST(PlanRecords, AreNoFileOfTheCall) {
+  const Atelier a;
+  const std::string dxf = a.Ecrit("c.dxf", essai::Carre);
+  AttendRefus(a, {"plan", dxf, "--records", dxf}, "cli_sortie", "c.dxf");
+  AttendRefus(a, {"plan", dxf, "--flash", dxf}, "cli_sortie", "c.dxf");
+  AttendRefus(a, {"plan", dxf, "--records", a.Chemin("x"), "--flash", a.Chemin("x")}, "cli_sortie", "x");
+  EXPECT_EQ(Atelier::Lit(dxf), essai::Carre);
 }
 
 }  // namespace

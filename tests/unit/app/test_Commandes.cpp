@@ -443,7 +443,7 @@ TEST(Plan, GivesTheRowsWithStepsFromTheTable) {
   std::string ligne;
   std::vector<std::string> lignes;
   while (std::getline(csv, ligne)) lignes.push_back(ligne);
-  EXPECT_EQ(lignes[0], "X,Y,Z,dX,dY,dZ,Vitesse");
+  EXPECT_EQ(lignes[0], "X,Y,Z,dX,dY,dZ,Vitesse,Ticks,N,P,T");
   EXPECT_EQ(static_cast<int>(lignes.size()) - 1, r.Json()["rows"].get<int>());
   // 100 steps a turn, halved steps, 1 mm a turn: 200 steps a mm. Up 10; over to (5, 5); down 10; in 1; along 10.
   EXPECT_EQ(lignes[1].substr(0, 16), "0,0,10,0,0,2000,");
@@ -459,7 +459,7 @@ TEST(Plan, StartsAtThePositionGiven) {
   ASSERT_EQ(r.etat, 0) << r.erreurs;
   const std::string csv = Atelier::Lit(a.Chemin("p.csv"));
   // From 3.5 up to the clearance of 10 mm: 6.5 mm at 200 steps.
-  EXPECT_EQ(csv.substr(csv.find('\n') + 1, 19), "1,2,10,0,0,1300,15\n");
+  EXPECT_EQ(csv.substr(csv.find('\n') + 1, 19), "1,2,10,0,0,1300,15,");
   EXPECT_EQ(a.Appelle({"plan", a.Chemin("carre.dxf"), "--pos", "1,2"}).etat, 2);
 }
 
