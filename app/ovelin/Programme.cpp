@@ -17,6 +17,7 @@
 #include "app/ovelin/Association.h"
 #include "app/ovelin/Composition.h"
 #include "app/ovelin/Ecran.h"
+#include "controller/ChoixCarte.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/Dossiers.h"
@@ -78,6 +79,11 @@ std::string DossierExecutable(const char* argv0) {
   return (erreur ? std::filesystem::path(argv0) : chemin).parent_path().string();
 }
 
+// The virtual board keeps its tables in a file, which may have become unwritable.
+void SignaleFichierCarte() {
+  if (const auto refus = RefusFichierCarte()) DitRefus({*refus});
+}
+
 // Texts before the program has started: the language of the call or of the system.
 void PrepareTextes(const OptionsProgramme& options, const char* argv0) {
   TrouveDossiersProduit(DossierExecutable(argv0));
@@ -114,13 +120,16 @@ Programme::Programme(OptionsProgramme options)
   ArretFatal = ArreteMachine;
   surveille_.setInterval(PeriodeSurveillance);
   QObject::connect(&surveille_, &QTimer::timeout, &surveille_, [this] {
-    if (!PasseEnCours() && QApplication::activeModalWidget() == nullptr) SignaleReglages();
+    if (PasseEnCours() || QApplication::activeModalWidget() != nullptr) return;
+    SignaleReglages();
+    SignaleFichierCarte();
   });
 }
 
 Programme::~Programme() {
   fenetre_.reset();
   ArretFatal = nullptr;
+  FermeCarte();
   OteDossierTemp();
   LibereCopie();
 }
@@ -132,8 +141,14 @@ CrochetsDemarrage Programme::Crochets() {
   c.Associe = [](const Association& a) { InscritAssociation(a, LieuDuBureau(a)); };
   c.Connecte = ReseauPresent;
   c.DemandeMiseAJour = [this](const std::string& adresse) { miseAJour_.Demande(adresse); };
-  c.CreeCarte = [] { CdeZENIK = std::make_unique<ClsCdeZENIK>(); };
+  c.CreeCarte = [] { DitRefus(InstalleCarte(MoyensOrdinaires())); };
   c.CartePresente = [] { return CdeZENIK->IsAvailable(); };
+  c.ResetBuffer = [] { CdeZENIK->ResetBuffer(); };
+  c.Touche = [] { return CdeZENIK->Touche(); };
+  c.TableVerif = [] {
+    CdeZENIK->TableVerif();
+    SignaleFichierCarte();
+  };
   c.MontreFenetre = [this] {
     fenetre_ = std::make_unique<F_Representation>();
     fenetre_->Form_Load(options_.dessin);

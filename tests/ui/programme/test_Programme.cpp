@@ -4,11 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QLabel>
 #include <QTimer>
 #include <csignal>
 #include <filesystem>
 
 #include "app/ovelin/Composition.h"
+#include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
@@ -70,7 +72,7 @@ TEST(Programme, RefusesASecondCopyWithItsBox) {
 }
 
 TEST(Programme, LetsTheNextCopyInWhenItHasEnded) {
-  ConfigPresente();
+  ConfigPresente("[OVELIN]\r\nCarteZENIK=aucune\r\n");
   for (int fois = 0; fois < 2; ++fois) {
     ProgrammeEssai p;
     EXPECT_TRUE(p.Demarre());
@@ -78,6 +80,24 @@ TEST(Programme, LetsTheNextCopyInWhenItHasEnded) {
     EXPECT_NE(flock(autre, LOCK_EX | LOCK_NB), 0);
     close(autre);
   }
+}
+
+TEST(Programme, HasTheVirtualBoardAndSaysSo) {
+  ConfigPresente();
+  ProgrammeEssai p;
+  ASSERT_TRUE(p.Demarre());
+  EXPECT_TRUE(CdeZENIK->IsAvailable());
+  EXPECT_EQ(p.Fenetre()->findChild<QLabel*>(QStringLiteral("SB1_9"))->text(), QStringLiteral("Carte virtuelle"));
+  EXPECT_NE(CdeZENIK->TableRecherche(TableDefaut), -1) << "the start has brought the table to the board";
+}
+
+TEST(Programme, WithAWrongBoardTellsItAndHasNone) {
+  ConfigPresente("[OVELIN]\r\nCarteZENIK=foo\r\n");
+  Attend("erreurs", "Carte_inconnue");
+  ProgrammeEssai p;
+  ASSERT_TRUE(p.Demarre());
+  EXPECT_NE(Boites().back().texte.find("CarteZENIK=foo"), std::string::npos) << Boites().back().texte;
+  EXPECT_FALSE(CdeZENIK->IsAvailable());
 }
 
 TEST(Programme, TakesItsTemporaryFolderAway) {
@@ -205,6 +225,7 @@ TEST(SignaleReglages, TellsAFailedWriteOnceAndTheProgramGoesOn) {
 TEST(SignaleReglages, TellsAFolderInWhichNoSettingsCanBe) {
   EcritFichierEssai("fichier", "a file where the folder would be");
   Attend("erreurs", "401", Reponse::Ok);
+  Attend("erreurs", "Carte_fichier");
   Attend("erreurs", "103");
   ProgrammeEssai p("", Dossier() + "/fichier/config");
   ASSERT_TRUE(p.Demarre());
@@ -224,7 +245,7 @@ TEST(Programme, StopsTheMachineBeforeAFatalEnd) {
 
 TEST(Signaux, EndTheProgramThroughItsLoopWithSettingsAndEditedWork) {
   for (const int signal : Signaux::Ecoutes) {
-    ConfigPresente();
+    ConfigPresente("[OVELIN]\r\nCarteZENIK=aucune\r\n");
     const std::string dessin = Dossier() + "/equerre.dxf";
     std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin,
                                std::filesystem::copy_options::overwrite_existing);
