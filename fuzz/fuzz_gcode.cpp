@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // What the judge keeps away goes to the interpreter too.
   EtatModal etat;
   class Sourd : public Recepteur {
-    void Deplace(const Mouvement&) override {}
+    void Deplace(const MouvementLigne&) override {}
     void Machine(MotMachine) override {}
     void Pause(double secondes) override {
       if (!(secondes > 0)) std::abort();

@@ -35,7 +35,7 @@ struct EtatModal {
 // Speed of a rapid move, mm/s: more than any axis can do, which the motion record holds within the axes' own.
 inline constexpr double VitesseRapide = 9999.0;
 
-struct Mouvement {
+struct MouvementLigne {
   Lieu depart, arrivee;  // mm in the program's coordinates, also in relative mode
   double vitesse = 0;    // mm/s; 0: no speed is in force
   bool rapide = false;
@@ -52,7 +52,7 @@ class Recepteur {
   Recepteur& operator=(const Recepteur&) = delete;
   virtual ~Recepteur() = default;
 
-  virtual void Deplace(const Mouvement& mouvement) = 0;
+  virtual void Deplace(const MouvementLigne& mouvement) = 0;
   virtual void Machine(MotMachine mot) = 0;
   virtual void Pause(double secondes) = 0;  // above 0
   virtual void Broche(double tours) = 0;    // S: nothing is sent for it

@@ -18,7 +18,7 @@ class Mesureur : public Recepteur {
 
   void ALaLigne(std::size_t ligne) { ligne_ = ligne; }
 
-  void Deplace(const Mouvement& mouvement) override {
+  void Deplace(const MouvementLigne& mouvement) override {
     Etend(mouvement.arrivee);
     ++mesure_.mouvements;
     const double longueur = LongueurDe(mouvement);
@@ -54,7 +54,7 @@ class Mesureur : public Recepteur {
     b.Zmax = std::max(b.Zmax, lieu.Z);
   }
 
-  void Trace(const Mouvement& mouvement) {
+  void Trace(const MouvementLigne& mouvement) {
     const GenreMouvement genre = GenreDe(mouvement);
     const std::uint32_t couleur = genre == GenreMouvement::Rapide    ? couleurs_.rapide
                                   : genre == GenreMouvement::Plongee ? couleurs_.plongee
@@ -70,13 +70,13 @@ class Mesureur : public Recepteur {
 
 }  // namespace
 
-GenreMouvement GenreDe(const Mouvement& m) {
+GenreMouvement GenreDe(const MouvementLigne& m) {
   if (m.rapide) return GenreMouvement::Rapide;
   const bool surPlace = m.arrivee.X == m.depart.X && m.arrivee.Y == m.depart.Y;
   return surPlace && m.arrivee.Z != m.depart.Z ? GenreMouvement::Plongee : GenreMouvement::Coupe;
 }
 
-double LongueurDe(const Mouvement& m) {
+double LongueurDe(const MouvementLigne& m) {
   return std::hypot(m.arrivee.X - m.depart.X, m.arrivee.Y - m.depart.Y, m.arrivee.Z - m.depart.Z);
 }
 

@@ -43,9 +43,9 @@ struct CouleursMouvement {
 };
 
 // What a move stands for in the picture: a plunge is a move of the tool's axis alone that is not rapid.
-GenreMouvement GenreDe(const Mouvement& mouvement);
+GenreMouvement GenreDe(const MouvementLigne& mouvement);
 // A length of the way in space, mm.
-double LongueurDe(const Mouvement& mouvement);
+double LongueurDe(const MouvementLigne& mouvement);
 
 // `avecTrace` false: no vertices.
 MesureProgramme MesureDe(const Programme& programme, const CouleursMouvement& couleurs, bool avecTrace);

@@ -1,13 +1,19 @@
-// check: a G-code file judged line by line and measured, without a board.
+// check: a G-code file judged line by line and measured, without a board. play: the same run on one.
 #include "app/cli/CommandesGcode.h"
 
+#include <csignal>
 #include <cstdio>
+#include <functional>
 
+#include "app/cli/CarteAppel.h"
+#include "controller/ClsCdeZENIK.h"
 #include "core/Fichiers.h"
+#include "core/RunCourant.h"
 #include "core/Texte8.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "gcode/Mesure.h"
+#include "gcode/Module_FraisageGcode.h"
 #include "gcode/Module_Gcode.h"
 
 namespace ovelin::cli {
@@ -42,7 +48,63 @@ Json NumerosDe(const Programme& programme, Jugement jugement) {
   return numeros;
 }
 
+volatile std::sig_atomic_t Signal = 0;
+
+// A signal stops the machine as the stop button does, at the next look of the run.
+class EcouteSignaux {
+ public:
+  EcouteSignaux() : avant_(Svc.LaisseEvenements) {
+    Signal = 0;
+    for (const int numero : {SIGINT, SIGTERM, SIGHUP}) std::signal(numero, [](int n) { Signal = n; });
+    Svc.LaisseEvenements = [avant = avant_](Evenements mode) {
+      if (Signal != 0) StopDemande = Vrai;
+      if (avant) avant(mode);
+    };
+  }
+  ~EcouteSignaux() {
+    Svc.LaisseEvenements = avant_;
+    for (const int numero : {SIGINT, SIGTERM, SIGHUP}) std::signal(numero, SIG_DFL);
+  }
+  EcouteSignaux(const EcouteSignaux&) = delete;
+  EcouteSignaux& operator=(const EcouteSignaux&) = delete;
+
+ private:
+  std::function<void(Evenements)> avant_;
+};
+
+int Joue(Contexte& contexte, const Programme& programme, Json& objet) {
+  const MesureProgramme mesure = MesureDe(programme, {}, false);
+  std::uint32_t mouvements = 0;
+  Vue_Gcode.Mouvement = [&](std::size_t, std::uint32_t numero) { mouvements = numero; };
+  IssueGcode issue = IssueGcode::Refusee;
+  {
+    const EcouteSignaux signaux;
+    issue = LanceGcode(programme, mesure);
+  }
+  Vue_Gcode = VueGcode{};
+  if (issue == IssueGcode::Refusee) return EchecBoite(contexte);
+  const ClsCdeZENIK& cde = *CdeZENIK;
+  objet["state"] = issue == IssueGcode::Terminee ? "ended" : "stopped";
+  objet["moves"] = mouvements;
+  objet["planned"] = mesure.mouvements;
+  objet["position"] = Json{{"x", cde.PosX}, {"y", cde.PosY}, {"z", cde.PosZ}};
+  objet["steps"] = Json{{"x", cde.PasX}, {"y", cde.PasY}, {"z", cde.PasZ}};
+  if (issue == IssueGcode::Terminee) return Fait;
+  return Signal != 0 ? FinParSignal : Refuse;
+}
+
 }  // namespace
+
+int JoueProgramme(Contexte& contexte, const std::string& fichier) {
+  const ProgrammeLu lu = LitProgramme(fichier);
+  if (!lu.refus.empty()) return Echec(contexte, Textes::LectureRefusee, "\n" + fichier + ": " + lu.refus, fichier);
+  CarteAppel carte(contexte);
+  if (const int etat = carte.Ouvre({fichier})) return etat;
+  Json objet;
+  const int etat = carte.Ferme(Joue(contexte, lu.programme, objet));
+  if (!objet.is_null()) Resultat(contexte, objet);
+  return etat;
+}
 
 int Verifie(Contexte& contexte, const std::string& fichier) {
   const ProgrammeLu lu = LitProgramme(fichier);

@@ -9,5 +9,7 @@ namespace ovelin::cli {
 
 // Judged and measured.
 int Verifie(Contexte& contexte, const std::string& fichier);
+// The same run on the board. 130 when a signal has stopped it.
+int JoueProgramme(Contexte& contexte, const std::string& fichier);
 
 }  // namespace ovelin::cli

@@ -20,6 +20,7 @@ using Json = nlohmann::ordered_json;
 inline constexpr int Fait = 0;
 inline constexpr int Refuse = 1;
 inline constexpr int Usage = 2;
+inline constexpr int FinParSignal = 130;
 
 struct Contexte {
   // common options

@@ -120,15 +120,6 @@ void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
   plan->callback([&] { action = [&] { return Planifie(c, o.dessin, o.plan); }; });
 }
 
-void CommandesGcode(CLI::App& app, Contexte& c, Options& o, Action& action) {
-  CLI::App* check = Commande(app, "check", "Judges every line of a G-code file and measures it");
-  check->add_option("FILE", o.dessin, "G-code file")->required();
-  check->callback([&] {
-    c.informe = true;
-    action = [&] { return Verifie(c, o.dessin); };
-  });
-}
-
 void CommandesCles(CLI::App& app, Contexte& c, Options& o, Action& action) {
   CLI::App* key = Commande(app, "key", "Reads or changes a key of the settings file");
   key->require_subcommand(1);
@@ -222,6 +213,19 @@ void OptionsCarte(CLI::App* commande, Contexte& c) {
         return zenikcom::LitFaute(texte) ? std::string() : texte + ": N:KIND, " + ListeFautes() + ":SECONDS";
       });
   commande->add_flag("--fast", c.rapide, "The virtual board as fast as it can");
+}
+
+void CommandesGcode(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  CLI::App* check = Commande(app, "check", "Judges every line of a G-code file and measures it");
+  check->add_option("FILE", o.dessin, "G-code file")->required();
+  check->callback([&] {
+    c.informe = true;
+    action = [&] { return Verifie(c, o.dessin); };
+  });
+  CLI::App* play = Commande(app, "play", "Runs a G-code file on the board");
+  play->add_option("FILE", o.dessin, "G-code file")->required();
+  OptionsCarte(play, c);
+  play->callback([&] { action = [&] { return JoueProgramme(c, o.dessin); }; });
 }
 
 void CommandesTablesCarte(CLI::App& board, Contexte& c, Options& o, Action& action) {

@@ -11,11 +11,14 @@
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
+#include "core/Services.h"
 #include "core/Textes.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/TraduitFenetre.h"
+#include "gcode/Module_FraisageGcode.h"
 #include "gcode/Module_Gcode.h"
 #include "gcode/ui/ImageProgramme.h"
 #include "gcode/ui/ModeleProgramme.h"
@@ -62,8 +65,21 @@ void F_Gcode::Construit() {
   });
   Combo_Table_ = Liste("Combo_Table", "Table dont la course et les vitesses valent pour le programme", this);
   connect(Combo_Table_, &QComboBox::textActivated, this, &F_Gcode::Combo_Table_Click);
+  mnu_Fraisage_ =
+      Bouton("mnu_Fraisage", "&Fraiser", "Lancer le programme sur la machine, à partir de sa place", this);
+  mnu_Fraisage_->setAutoDefault(false);
+  connect(mnu_Fraisage_, &QPushButton::clicked, this, &F_Gcode::mnu_Fraisage_Click);
+  Btn_Stop_ = Bouton("Btn_Stop", "&Arrêter", "Arrêter par la rampe, puis la broche", this);
+  Btn_Stop_->setAutoDefault(false);
+  connect(Btn_Stop_, &QPushButton::clicked, this, [] { StopDemande = Vrai; });
+  Btn_Reprise_ = Bouton("Btn_Reprise", "&Reprendre", "Continuer après le changement d'outil ou un arrêt", this);
+  Btn_Reprise_->setAutoDefault(false);
+  connect(Btn_Reprise_, &QPushButton::clicked, this, &F_Gcode::Btn_Reprise_Click);
   auto* haut = new QHBoxLayout;
   haut->addWidget(mnu_Ouvrir_);
+  haut->addWidget(mnu_Fraisage_);
+  haut->addWidget(Btn_Stop_);
+  haut->addWidget(Btn_Reprise_);
   haut->addStretch();
   haut->addWidget(Etiquette("Lbl_Table", "&Table machine :", Combo_Table_));
   haut->addWidget(Combo_Table_);
@@ -83,8 +99,8 @@ void F_Gcode::Construit() {
   boite->addWidget(Lbl_Avis_);
   Lbl_Bornes_ = Valeur("Lbl_Bornes", {}, this);
   boite->addWidget(Lbl_Bornes_);
-  OrdreTab({mnu_Ouvrir_, Combo_Table_, LV1_, Option_Vue_[0], Option_Vue_[1], Option_Vue_[2], Option_Vue_[3],
-            CB_Rapides_, Btn_Ajuster_, CB_Refusees_});
+  OrdreTab({mnu_Ouvrir_, mnu_Fraisage_, Btn_Stop_, Btn_Reprise_, Combo_Table_, LV1_, Option_Vue_[0], Option_Vue_[1],
+            Option_Vue_[2], Option_Vue_[3], CB_Rapides_, Btn_Ajuster_, CB_Refusees_});
 }
 
 QWidget* F_Gcode::ConstruitListe() {
@@ -187,6 +203,10 @@ void F_Gcode::Combo_Table_Click(const QString& nom) {
 }
 
 void F_Gcode::Ouvre(const std::string& chemin) {
+  if (fraise_) {
+    Svc.Bip();
+    return;
+  }
   const Passe passe;
   Programme lu;
   if (!OuvreProgramme(chemin, lu)) return;
@@ -194,6 +214,7 @@ void F_Gcode::Ouvre(const std::string& chemin) {
   PB1_->Montre(nullptr);
   programme_ = std::move(lu);
   fichier_ = chemin;
+  OublieGcode();
   mesure_ = AnalyseProgramme(programme_);
   if (!devant_) RetablitBornes();
   modele_->Montre(&programme_);
@@ -219,6 +240,7 @@ void F_Gcode::MontreMesure() {
       QStringLiteral("Xmax : %1    Ymax : %2    Zmax : %3").arg(Deux(b.Xmax), Deux(b.Ymax), Deux(b.Zmax)));
   MontreAvis();
   Titre({});
+  MontreRun(false);
 }
 
 void F_Gcode::MontreAvis() {
@@ -228,6 +250,52 @@ void F_Gcode::MontreAvis() {
   }
   Lbl_Avis_->setText(avis.join(QLatin1Char('\n')));
   Lbl_Avis_->setVisible(!avis.isEmpty());
+}
+
+void F_Gcode::mnu_Fraisage_Click() { Fraise(false); }
+
+void F_Gcode::Btn_Reprise_Click() {
+  if (attendOutil_) {
+    ReprendOutil();
+  } else {
+    Fraise(true);
+  }
+}
+
+// The window lives on while the machine works: buttons set flags, and closing only hides it.
+void F_Gcode::Fraise(bool reprise) {
+  if (fraise_ || programme_.Vide()) return;
+  fraise_ = true;
+  MontreRun(true);
+  if (!reprise) modele_->EffaceMouvements();
+  Vue_Gcode.Mouvement = [this](std::size_t ligne, std::uint32_t numero) {
+    modele_->Mouvements(ligne, numero);
+    const int rangee = modele_->RangeeDe(ligne);
+    if (rangee >= 0) LV1_->scrollTo(modele_->index(rangee, ModeleProgramme::Texte));
+  };
+  Vue_Gcode.AttendOutil = [this](bool attend) {
+    attendOutil_ = attend;
+    MontreRun(true);
+  };
+  Vue_Gcode.Outil = [this](const Lieu& lieu) { PB1_->Outil(lieu); };
+  if (reprise) {
+    ReprendGcode(programme_, mesure_);
+  } else {
+    LanceGcode(programme_, mesure_);
+  }
+  Vue_Gcode = VueGcode{};
+  fraise_ = attendOutil_ = false;
+  MontreRun(false);
+}
+
+void F_Gcode::MontreRun(bool enCours) {
+  mnu_Ouvrir_->setEnabled(!enCours);
+  Combo_Table_->setEnabled(!enCours);
+  mnu_Fraisage_->setEnabled(!enCours && !programme_.Vide());
+  mnu_Fraisage_->setText(enCours ? QStringLiteral("...")
+                                 : TraduireOu(Section, QStringLiteral("mnu_Fraisage"), QStringLiteral("&Fraiser")));
+  Btn_Stop_->setEnabled(enCours);
+  Btn_Reprise_->setVisible(attendOutil_ || (!enCours && ResteGcode()));
 }
 
 void F_Gcode::SuitVue() { Option_Vue_[static_cast<std::size_t>(PB1_->Vue())]->setChecked(true); }

@@ -49,14 +49,23 @@ class F_Gcode : public QDialog {
   void SuitVue();
   void Titre(const QString& deplacement);
   void MontreDevant(bool devant);
+  void mnu_Fraisage_Click();
+  void Btn_Reprise_Click();
+  void Fraise(bool reprise);
+  void MontreRun(bool enCours);
 
   Programme programme_;
   MesureProgramme mesure_;
   std::string fichier_;
   bool devant_ = false;
+  bool fraise_ = false;       // a run of this program goes on
+  bool attendOutil_ = false;  // for Btn_Reprise
   ModeleProgramme* modele_ = nullptr;
   QPushButton* mnu_Ouvrir_ = nullptr;
   QComboBox* Combo_Table_ = nullptr;
+  QPushButton* mnu_Fraisage_ = nullptr;
+  QPushButton* Btn_Stop_ = nullptr;
+  QPushButton* Btn_Reprise_ = nullptr;
   QTableView* LV1_ = nullptr;
   QCheckBox* CB_Refusees_ = nullptr;
   QLabel* Lbl_Comptes_ = nullptr;

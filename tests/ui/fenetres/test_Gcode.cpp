@@ -6,7 +6,11 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QToolButton>
+#include <cmath>
+#include <functional>
 
+#include "closed/CarteVirtuelle.h"
+#include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
@@ -221,6 +225,82 @@ TEST_F(FGcode, TheWindowShowsTheFileThatItWasOpenedFor) {
   EXPECT_EQ(FichierAMontrer, "");
   fenetre_.Form_Load();
   EXPECT_EQ(Modele().rowCount(), 10) << "and keeps it when it comes back";
+}
+
+// A virtual board as fast as it can, and a table that agrees with it.
+class FGcodeRun : public FGcode {
+ protected:
+  FGcodeRun() {
+    EcrireCleSection("table_" + TableDefaut, "TB_SAV_30", "5");
+    EcrireCleSection("table_" + TableDefaut, "TB_SAV_31", "5");
+    zenikcom::ConditionsCarte conditions;
+    conditions.rapide = true;
+    carte_ = zenikcom::CreeCarteVirtuelle(std::move(conditions));
+    CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte_));
+    CdeZENIK->ChargeParametres();
+    Svc.LaisseEvenements = [this](ovelin::Evenements) {
+      if (pendant_) pendant_();
+    };
+    Svc.Attend = [](double) {};
+  }
+  ~FGcodeRun() override { CdeZENIK = std::make_unique<ClsCdeZENIK>(); }
+
+  std::function<void()> pendant_;  // what the user does while the machine works
+  std::shared_ptr<zenikcom::CarteVirtuelle> carte_;
+};
+
+TEST_F(FGcodeRun, MillsAndNumbersTheMovesOfTheLines) {
+  Ouvre(Carre);
+  auto* fraise = Controle<QPushButton>(fenetre_, "mnu_Fraisage");
+  QString pendant;
+  pendant_ = [&] { pendant = fraise->text(); };
+  Clique(*fraise);
+  EXPECT_EQ(pendant, "...");
+  EXPECT_NE(fraise->text(), "...");
+  EXPECT_EQ(Texte(2, 2), "1");
+  EXPECT_EQ(Texte(9, 2), "8");
+  EXPECT_EQ(Texte(0, 2), "");
+  EXPECT_FALSE(Controle<QPushButton>(fenetre_, "Btn_Reprise")->isVisible());
+  EXPECT_EQ(carte_->Lieu()[2], std::llround(5 / CdeZENIK->MmParPasZ()));
+}
+
+TEST_F(FGcodeRun, TheStopButtonStopsAndAResumeIsOffered) {
+  Ouvre(Carre);
+  auto* stop = Controle<QPushButton>(fenetre_, "Btn_Stop");
+  EXPECT_FALSE(stop->isEnabled());
+  pendant_ = [&] {
+    if (stop->isEnabled()) Clique(*stop);
+  };
+  Clique(*Controle<QPushButton>(fenetre_, "mnu_Fraisage"));
+  pendant_ = {};
+  auto* reprise = Controle<QPushButton>(fenetre_, "Btn_Reprise");
+  ASSERT_TRUE(reprise->isVisible());
+  Attend("F_Gcode", "lib021", Reponse::Oui);
+  Clique(*reprise);
+  EXPECT_FALSE(reprise->isVisible());
+  EXPECT_EQ(carte_->Lieu()[2], std::llround(5 / CdeZENIK->MmParPasZ()));
+}
+
+TEST_F(FGcodeRun, TheResumeButtonEndsTheToolChange) {
+  Ouvre("F600\nX10\nM06\nX20\n");
+  auto* reprise = Controle<QPushButton>(fenetre_, "Btn_Reprise");
+  int fois = 0;
+  pendant_ = [&] {
+    if (!reprise->isVisible()) return;
+    ++fois;
+    Clique(*reprise);
+  };
+  Clique(*Controle<QPushButton>(fenetre_, "mnu_Fraisage"));
+  EXPECT_EQ(fois, 1);
+  EXPECT_EQ(carte_->Lieu()[0], std::llround(20 / CdeZENIK->MmParPasX()));
+}
+
+TEST_F(FGcodeRun, WithoutABoardTheRunDoesNotStart) {
+  CdeZENIK = std::make_unique<ClsCdeZENIK>();
+  Ouvre(Carre);
+  Attend("F_Gcode", "lib001");
+  Clique(*Controle<QPushButton>(fenetre_, "mnu_Fraisage"));
+  EXPECT_TRUE(Controle<QPushButton>(fenetre_, "mnu_Fraisage")->isEnabled());
 }
 
 }  // namespace

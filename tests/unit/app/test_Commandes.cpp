@@ -218,6 +218,36 @@ TEST(Check, PassesWhatTheProgramWrites) {
   EXPECT_NEAR(r.Json()["length"].get<double>(), job.Json()["length"].get<double>(), 1);
 }
 
+TEST(Play, RunsAProgramOnTheVirtualBoard) {
+  const Atelier a;
+  const auto r = a.Appelle({"play", a.Ecrit("pièce.nc", "F600\nG01 X10 Y5\nG00 Z3\n"), "--fast", "--json",
+                            "--board-file", a.Chemin("carte"), "--answer", "2=yes"});
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  EXPECT_EQ(r.Json()["state"], "ended");
+  EXPECT_EQ(r.Json()["moves"], 2);
+  EXPECT_NEAR(r.Json()["position"]["x"].get<double>(), 10, 0.01);
+  EXPECT_NEAR(r.Json()["position"]["z"].get<double>(), 3, 0.01);
+}
+
+TEST(Play, SkippedLinesNeedAnAnswer) {
+  const Atelier a;
+  const std::string fichier = a.Ecrit("arc.nc", "F600\nG01 X10\nG02 X5 R9\n");
+  const auto sans = a.Appelle({"play", fichier, "--fast", "--json", "--board-file", a.Chemin("carte")});
+  EXPECT_EQ(sans.etat, 1);
+  EXPECT_EQ(sans.Json()["error"]["key"], "lib020");
+  EXPECT_EQ(a.Appelle({"play", fichier, "--fast", "--board-file", a.Chemin("carte"), "--answer", "lib020=yes",
+                       "--answer", "2=yes"})
+                .etat,
+            0);
+}
+
+TEST(Play, AMoveWithoutASpeedIsRefused) {
+  const Atelier a;
+  const auto r = a.Appelle({"play", a.Ecrit("lent.nc", "G01 X10\n"), "--fast", "--json"});
+  EXPECT_EQ(r.etat, 1);
+  EXPECT_EQ(r.Json()["error"]["key"], "lib017");
+}
+
 TEST(Errors, AMissingDrawingNamesTheFile) {
   const Atelier a;
   const auto r = a.Appelle({"info", a.Chemin("absent.dxf"), "--json"});

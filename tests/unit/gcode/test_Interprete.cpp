@@ -12,14 +12,14 @@ using namespace ovelin;
 // Writes down what the interpreter tells.
 class Journal : public Recepteur {
  public:
-  void Deplace(const Mouvement& m) override { mouvements.push_back(m); }
+  void Deplace(const MouvementLigne& m) override { mouvements.push_back(m); }
   void Machine(MotMachine mot) override { machine.push_back(mot); }
   void Pause(double secondes) override { pauses.push_back(secondes); }
   void Broche(double tours) override { broche.push_back(tours); }
   void Rejete(const Mot& mot) override { rejets.emplace_back(mot.texte); }
   void Arc(DefautArc defaut) override { defauts.push_back(defaut); }
 
-  std::vector<Mouvement> mouvements;
+  std::vector<MouvementLigne> mouvements;
   std::vector<MotMachine> machine;
   std::vector<double> pauses, broche;
   std::vector<std::string> rejets;

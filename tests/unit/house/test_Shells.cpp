@@ -32,7 +32,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
      {"Cles.cpp", "DocumentCourant.cpp", "FichierDefaut.cpp", "PlanCourant.cpp", "Projet.cpp",
       "ReglagesCourants.cpp", "RunCourant.cpp", "Traduction.cpp", "ValeursCles.cpp"}},
     {"database", {"Module_BD.cpp"}},
-    {"gcode", {"Module_Gcode.cpp"}},
+    {"gcode", {"Module_FraisageGcode.cpp", "Module_Gcode.cpp"}},
     {"machine", {"ChampsTable.cpp", "GestionTables.cpp", "Module_Table.cpp"}},
     {"run",
      {"AvisPlan.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp", "Module_Planificateur.cpp", "Module_Profil.cpp"}},
