@@ -76,7 +76,7 @@ struct Reste {
 };
 std::optional<Reste> Laisse;
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] {
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] {
   Vue_Gcode = VueGcode{};
   Laisse.reset();
 });

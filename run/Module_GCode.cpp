@@ -23,7 +23,7 @@ std::string NomFichierNC;
 
 namespace {
 
-[[maybe_unused]] const bool remiseNomFichierNC = EnregistreRemise([] { NomFichierNC.clear(); });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { NomFichierNC.clear(); });
 
 void MessageErreur(CleTexte texte, const std::string& suite = "", const std::string& fichier = "") {
   MessageFichier(texte, suite, Icone::Critique, fichier);

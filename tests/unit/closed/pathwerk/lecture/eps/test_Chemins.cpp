@@ -1,6 +1,5 @@
 // The reader of the printed paths, without Ghostscript. 2048 steps are a point.
 #include "closed/pathwerk/lecture/eps/Chemins.h"
-
 #include "tests/unit/closed/pathwerk/lecture/eps/Mesures.h"
 
 namespace pathwerk::lecture::eps {

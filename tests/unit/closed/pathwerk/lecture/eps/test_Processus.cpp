@@ -1,6 +1,4 @@
 // The process around Ghostscript, tried with small shell scripts in its place.
-#include "closed/pathwerk/lecture/eps/Processus.h"
-
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/stat.h>
@@ -9,6 +7,7 @@
 #include <cerrno>
 #include <fstream>
 
+#include "closed/pathwerk/lecture/eps/Processus.h"
 #include "tests/unit/closed/pathwerk/lecture/eps/Mesures.h"
 
 namespace pathwerk::lecture::eps {

@@ -1,6 +1,5 @@
 // The encoded polyline. The tests write it with an encoder of their own, after the definition of the format.
 #include "closed/pathwerk/lecture/hpgl/Encode.h"
-
 #include "tests/unit/closed/pathwerk/lecture/hpgl/Mesures.h"
 
 namespace pathwerk::lecture::hpgl {
