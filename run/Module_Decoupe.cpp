@@ -1,0 +1,248 @@
+#include "run/Module_Decoupe.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "controller/ClsCdeZENIK.h"
+#include "controller/Module_ZENIK.h"
+#include "core/Cadence.h"
+#include "core/Etat.h"
+#include "core/Nombres.h"
+#include "core/PlanCourant.h"
+#include "core/RunCourant.h"
+#include "core/Services.h"
+#include "core/Textes.h"
+#include "machine/TableCourante.h"
+#include "run/Alimentation.h"
+#include "run/Module_Profil.h"
+#include "run/NoyauReprise.h"
+
+namespace ovelin {
+
+VueDecoupe Vue_Decoupe;
+
+namespace {
+
+[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Vue_Decoupe = VueDecoupe{}; });
+
+constexpr double PauseBoucle = 0.0015;        // s, while the board takes nothing
+constexpr double PeriodeVue = 1.0 / 30;       // s between two looks of the user
+constexpr double AvanceMini = 0.05;           // s of motion on the board below which nothing is painted
+constexpr std::size_t OctetsMemoire = 65536;  // what a list can't reach
+
+void MontreFace() {
+  if (Vue_Decoupe.Face) Vue_Decoupe.Face(FaceCourante());
+}
+
+// The row under way and those behind it, and the steps at which it begins.
+void RetientReste() {
+  TableReprise = LignesDepuis(Plan, CdeZENIK->NbBlocsTraites);
+  DepartReprise = {CdeZENIK->PasDebutX, CdeZENIK->PasDebutY, CdeZENIK->PasDebutZ};
+}
+
+// The count of the board's own reply, whether it is believed or not: 24 bits; -1 without an answer.
+std::int32_t CompteDeLaCarte() {
+  CdeZENIK->DemandeInformation();
+  CdeZENIK->Tampon[1] = 'I';
+  CdeZENIK->Tampon[2] = 0;
+  std::int32_t mode = 0;
+  if (!CdeZENIK->EnvoiCommande(mode)) return -1;
+  return CdeZENIK->Tampon[4] | CdeZENIK->Tampon[5] << 8 | CdeZENIK->Tampon[6] << 16;
+}
+
+// One run, from its flags to its flags.
+class Decoupe {
+ public:
+  Decoupe(float vRef, const std::string& appelant)
+      : fraisage_(appelant == AppelantFraisage),
+        pilotage_(appelant == AppelantPilotage),
+        alimentation_(fraisage_ ? vRef : 0) {}
+
+  void Execute() {
+    Commence();
+    if (Prepare()) {
+      Alimente();
+    } else {
+      panne_ = Alimentation::Panne::Liaison;
+      StopDemande = Vrai;
+    }
+    Svc.Battement({});
+    FraisageEnCours = Faux;
+    if (StopDemande == Faux) {
+      Termine();
+    } else {
+      Arretee();
+    }
+    Finit();
+  }
+
+ private:
+  void Commence() {
+    RunActif = OperationCarte = true;
+    FraisageEnCours = Vrai;
+    AttendCarte = PlacePerdue = false;
+    if (!fraisage_) ModeEnvoiTable = 0;
+    EcranVeilleActif = Vrai;
+    Svc.RetientVeille(true);
+    Svc.MontreStop(true);
+    if (!pilotage_) Svc.Pilotage(DemandePilotage::Reduit);
+    Svc.Pilotage(DemandePilotage::SeTait);
+    if (fraisage_) MontreFace();
+  }
+
+  // The job is open on the board, the table is what will run. False: the board does not answer.
+  bool Prepare() {
+    if (ModeEnvoiTable == 0 && !CdeZENIK->EnvoiUSB()) return false;
+    if (BrocheAuto == 1) BrocheOn();
+    TempsTotal = TempsDecoupe();
+    if (CdeZENIK->TravailIncertain != Faux) return false;
+    if (fraisage_ && Vue_Decoupe.Debut) Vue_Decoupe.Debut(TempsTotal);
+    HeureDebut = Svc.Horloge();
+    CompacteTable(Plan);
+    IndexTraceRun = 1;
+    XTraceRun = EnFloat(CdeZENIK->PosX);
+    YTraceRun = EnFloat(CdeZENIK->PosY);
+    return true;
+  }
+
+  // Steps until nothing is left to do. A timer makes the same steps while somebody has a box open.
+  void Alimente() {
+    Svc.Battement([this] {
+      while (alimentation_.Pas()) {
+      }
+    });
+    double laisse = Svc.Horloge();
+    while (!alimentation_.Finie()) {
+      if (alimentation_.ListeFaite() && alimentation_.Ou() == Alimentation::Phase::Fin) {
+        alimentation_.SuitListe(EcritListe());
+        continue;
+      }
+      const bool fait = alimentation_.Pas();
+      Montre();
+      if (fait && Svc.Horloge() - laisse < PeriodeCadence) continue;
+      Svc.LaisseEvenements(Evenements::Tous);
+      laisse = Svc.Horloge();
+      if (!fait && !alimentation_.Finie()) Svc.Attend(PauseBoucle);
+    }
+    panne_ = alimentation_.Pourquoi();
+  }
+
+  // The list into the board's memory, and its start where it is wanted. False: nothing runs.
+  bool EcritListe() {
+    if (ListeFlash.size() >= OctetsMemoire) {
+      const auto tient = static_cast<double>(NbDeplacements) * static_cast<double>(OctetsMemoire - 1) /
+                         static_cast<double>(ListeFlash.size());
+      MessageFichier(Textes::MemoireTropPetite, " " + std::to_string(static_cast<long>(tient)), Icone::Critique,
+                     "");
+      StopDemande = Vrai;
+      return false;
+    }
+    ListeFlash.back() = 128;
+    if (Vue_Decoupe.Memorise) Vue_Decoupe.Memorise(true);
+    CdeZENIK->Flash_Tab(ListeFlash);
+    if (Vue_Decoupe.Memorise) Vue_Decoupe.Memorise(false);
+    if (CdeZENIK->PagesNonConfirmees != 0) {
+      Message(Textes::MemoireNonConfirmee, Icone::Critique);
+      StopDemande = Vrai;
+      return false;
+    }
+    if (ModeEnvoiTable != 2 || StopDemande != Faux) return false;
+    if (CdeZENIK->EnvoiFLASH(0, 0) && CdeZENIK->GoBuffer()) return true;
+    StopDemande = Vrai;
+    return false;
+  }
+
+  // Painting never starves the board: only with motion ahead of it, and no oftener than the eye sees.
+  void Montre() {
+    if (!fraisage_) return;
+    const double maintenant = Svc.Horloge();
+    if (maintenant - montre_ < PeriodeVue) return;
+    const std::int32_t bloc = CdeZENIK->NbBlocsTraites;
+    const bool alimente = alimentation_.Ou() == Alimentation::Phase::Lignes;
+    if (bloc < 1 || bloc > NbDeplacements || (alimente && CdeZENIK->TempsBuffer <= AvanceMini)) return;
+    montre_ = maintenant;
+    AffichageAvancement(TempsTotal, HeureDebut, bloc);
+  }
+
+  void Termine() {
+    if (BrocheAuto == 1) BrocheOff();
+    if (fraisage_) {
+      Svc.Panneau(PanneauEtat::Statut, Traduire(Textes::RunTermine));
+      TableReprise.clear();
+      MoteurOff();
+    }
+    Svc.EffaceLigneRun();
+  }
+
+  void Arretee() {
+    if (fraisage_ && CdeZENIK->NbBlocsTraites != 0 && panne_ != Alimentation::Panne::Liaison) RetientReste();
+    AttendCarte = fraisage_ && panne_ == Alimentation::Panne::Liaison;
+    if (BrocheAuto == 1) BrocheOff();
+  }
+
+  void Finit() {
+    ModeEnvoiTable = 0;
+    Svc.MontreStop(false);
+    Svc.RetientVeille(false);
+    EcranVeilleActif = Faux;
+    if (!pilotage_) Svc.Pilotage(DemandePilotage::Retablit);
+    Svc.Pilotage(DemandePilotage::Interroge);
+    RunActif = OperationCarte = false;
+    // A link that has failed once and is there can be asked at once.
+    const bool retrouvee = AttendCarte && RetrouveCarte();
+    if (fraisage_ && !retrouvee) MontreFace();
+    if (PlacePerdue) {
+      Message(Textes::PlaceDeLaCartePerdue, Icone::Critique);
+    } else if (panne_ == Alimentation::Panne::Liaison) {
+      Message(Textes::LiaisonPerdue, Icone::Critique);
+    } else if (panne_ == Alimentation::Panne::Immobile) {
+      Message(Textes::CarteImmobile, Icone::Critique);
+    }
+  }
+
+  bool fraisage_, pilotage_;
+  Alimentation alimentation_;
+  Alimentation::Panne panne_ = Alimentation::Panne::Aucune;
+  double montre_ = 0;  // s, last look of the user
+};
+
+}  // namespace
+
+FaceFraisage FaceCourante() {
+  if (RunActif) return FaceFraisage::Arret;
+  return TableReprise.empty() ? FaceFraisage::Depart : FaceFraisage::Reprise;
+}
+
+std::int16_t LanceDecoupe(float& VRef, const std::string& appelant) {
+  if (!RunActif && CdeZENIK->IsAvailable()) Decoupe(VRef, appelant).Execute();
+  return 0;
+}
+
+void AffichageAvancement(double tempsTotal, double heureDebut, std::int32_t index) {
+  const std::int32_t fin = std::min(index, NbDeplacements);
+  for (; IndexTraceRun <= fin; ++IndexTraceRun) {
+    const Deplacement& d = TableDecoupe[static_cast<std::size_t>(IndexTraceRun)];
+    if (IndexTraceRun > 1) Svc.LigneRun(XTraceRun, YTraceRun, d.X, d.Y);
+    XTraceRun = d.X;
+    YTraceRun = d.Y;
+  }
+  Svc.Panneau(PanneauEtat::Statut, Traduire(Textes::RunSegment) + " " + std::to_string(index));
+  const double ecoule = Svc.Horloge() - heureDebut;
+  if (Vue_Decoupe.Avance) Vue_Decoupe.Avance(std::max(0.0, tempsTotal - ecoule), ecoule);
+}
+
+bool RetrouveCarte() {
+  if (!AttendCarte || RunActif || !CdeZENIK->IsAvailable()) return false;
+  CdeZENIK->StopResume(1, CdeZENIK->Calc_FDEC());
+  const std::int32_t compte = CompteDeLaCarte();
+  if (compte < 0) return false;
+  AttendCarte = false;
+  constexpr std::int32_t Tour = 1 << 24;  // where the board's count begins again
+  PlacePerdue = compte == 0 || compte != CdeZENIK->NbBlocsTraites % Tour;
+  if (!PlacePerdue) RetientReste();
+  MontreFace();
+  return true;
+}
+
+}  // namespace ovelin
