@@ -1,14 +1,12 @@
 // check: a G-code file judged line by line and measured, without a board. play: the same run on one.
 #include "app/cli/CommandesGcode.h"
 
-#include <csignal>
 #include <cstdio>
-#include <functional>
 
 #include "app/cli/CarteAppel.h"
+#include "app/cli/Signaux.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Fichiers.h"
-#include "core/RunCourant.h"
 #include "core/Texte8.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -48,30 +46,6 @@ Json NumerosDe(const Programme& programme, Jugement jugement) {
   return numeros;
 }
 
-volatile std::sig_atomic_t Signal = 0;
-
-// A signal stops the machine as the stop button does, at the next look of the run.
-class EcouteSignaux {
- public:
-  EcouteSignaux() : avant_(Svc.LaisseEvenements) {
-    Signal = 0;
-    for (const int numero : {SIGINT, SIGTERM, SIGHUP}) std::signal(numero, [](int n) { Signal = n; });
-    Svc.LaisseEvenements = [avant = avant_](Evenements mode) {
-      if (Signal != 0) StopDemande = Vrai;
-      if (avant) avant(mode);
-    };
-  }
-  ~EcouteSignaux() {
-    Svc.LaisseEvenements = avant_;
-    for (const int numero : {SIGINT, SIGTERM, SIGHUP}) std::signal(numero, SIG_DFL);
-  }
-  EcouteSignaux(const EcouteSignaux&) = delete;
-  EcouteSignaux& operator=(const EcouteSignaux&) = delete;
-
- private:
-  std::function<void(Evenements)> avant_;
-};
-
 int Joue(Contexte& contexte, const Programme& programme, Json& objet) {
   const MesureProgramme mesure = MesureDe(programme, {}, false);
   std::uint32_t mouvements = 0;
@@ -90,7 +64,7 @@ int Joue(Contexte& contexte, const Programme& programme, Json& objet) {
   objet["position"] = Json{{"x", cde.PosX}, {"y", cde.PosY}, {"z", cde.PosZ}};
   objet["steps"] = Json{{"x", cde.PasX}, {"y", cde.PasY}, {"z", cde.PasZ}};
   if (issue == IssueGcode::Terminee) return Fait;
-  return Signal != 0 ? FinParSignal : Refuse;
+  return EcouteSignaux::Venu() ? FinParSignal : Refuse;
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ using namespace ovelin::cli;
 using Action = std::function<int()>;
 
 struct Options {
+  OptionsFraisage fraisage;
   std::string dessin, sortie, operations, source;
   OptionsPlan plan;
   std::string nom, nouveau, cle, valeur, interface;
@@ -222,6 +223,18 @@ void CommandesGcode(CLI::App& app, Contexte& c, Options& o, Action& action) {
     c.informe = true;
     action = [&] { return Verifie(c, o.dessin); };
   });
+  CLI::App* mill = AvecDessin(app, "mill", "The job on the board", o);
+  mill->add_option("--mode", o.fraisage.mode, "Straight to the board, into its memory, or both")
+      ->check(CLI::IsMember({"usb", "flash", "both"}));
+  mill->add_option("--stop-at-record", o.fraisage.arretAuRecord, "Stops once the board has begun this record")
+      ->check(CLI::PositiveNumber)
+      ->type_name("N");
+  mill->add_option("--stop", o.fraisage.arret, "How it stops there")->check(CLI::IsMember({"ramp", "now"}));
+  mill->add_flag("--resume", o.fraisage.reprend, "Goes on behind that stop");
+  mill->add_option("--speed-at", o.fraisage.vitesseA, "From record N on at V mm/s")->type_name("N:V");
+  OptionsCarte(mill, c);
+  mill->callback([&] { action = [&] { return Fraise(c, o.dessin, o.fraisage); }; });
+
   CLI::App* play = Commande(app, "play", "Runs a G-code file on the board");
   play->add_option("FILE", o.dessin, "G-code file")->required();
   OptionsCarte(play, c);

@@ -248,6 +248,66 @@ TEST(Play, AMoveWithoutASpeedIsRefused) {
   EXPECT_EQ(r.Json()["error"]["key"], "lib017");
 }
 
+// A square of 40 mm with its hole, slow enough for no question about speeds.
+std::vector<std::string> Fraisage(const Atelier& a, std::vector<std::string> encore = {}) {
+  std::vector<std::string> appel{"mill",         a.Ecrit("carré.dxf", Carre),
+                                 "--fast",       "--json",
+                                 "--board-file", a.Chemin("carte"),
+                                 "--set",        "RayonFraise=1",
+                                 "--set",        "ProfFraisage=-2",
+                                 "--set",        "ProfPasse=-2",
+                                 "--set",        "Vitesse_Mat_H=4",
+                                 "--answer",     "2=yes",
+                                 "--answer",     "lib007=ok",
+                                 "--answer",     "lib005=ok"};
+  appel.insert(appel.end(), encore.begin(), encore.end());
+  return appel;
+}
+
+TEST(Mill, DoesTheStepsOfThePlan) {
+  const Atelier a;
+  for (const char* mode : {"usb", "both"}) {
+    const auto r = a.Appelle(Fraisage(a, {"--mode", mode}));
+    ASSERT_EQ(r.etat, 0) << mode << r.erreurs << r.sortie;
+    EXPECT_EQ(r.Json()["state"], "ended") << mode;
+    EXPECT_EQ(r.Json()["steps"], r.Json()["planned"]) << mode;
+    EXPECT_GT(r.Json()["records"], 10) << mode;
+    EXPECT_GT(r.Json()["ticks"], 1000) << mode;
+    EXPECT_GT(r.Json()["seconds"].get<double>(), 10) << mode;
+  }
+}
+
+TEST(Mill, IntoTheMemoryAloneNothingMoves) {
+  const Atelier a;
+  const auto r = a.Appelle(Fraisage(a, {"--mode", "flash"}));
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  EXPECT_EQ(r.Json()["state"], "stored");
+  EXPECT_EQ(r.Json()["steps"], (json{{"x", 0}, {"y", 0}, {"z", 0}}));
+}
+
+TEST(Mill, StopsAtARecordAndGoesOnToTheEnd) {
+  const Atelier a;
+  for (const char* arret : {"ramp", "now"}) {
+    const auto seul = a.Appelle(Fraisage(a, {"--stop-at-record", "8", "--stop", arret}));
+    EXPECT_EQ(seul.etat, 1) << arret << seul.erreurs;
+    EXPECT_EQ(seul.Json()["state"], "stopped") << arret;
+    const auto repris = a.Appelle(Fraisage(a, {"--stop-at-record", "8", "--stop", arret, "--resume"}));
+    ASSERT_EQ(repris.etat, 0) << arret << repris.erreurs;
+    EXPECT_EQ(repris.Json()["state"], "ended") << arret;
+    EXPECT_EQ(repris.Json()["steps"], repris.Json()["planned"]) << arret;
+  }
+}
+
+TEST(Mill, ASpeedTypedInTheRunKeepsTheWay) {
+  const Atelier a;
+  const auto r = a.Appelle(Fraisage(a, {"--speed-at", "5:2"}));
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  const auto ordinaire = a.Appelle(Fraisage(a));
+  EXPECT_EQ(r.Json()["steps"], ordinaire.Json()["steps"]);
+  EXPECT_GT(r.Json()["ticks"], ordinaire.Json()["ticks"]) << "slower from there on";
+  EXPECT_EQ(a.Appelle(Fraisage(a, {"--speed-at", "x"})).etat, 2);
+}
+
 TEST(Errors, AMissingDrawingNamesTheFile) {
   const Atelier a;
   const auto r = a.Appelle({"info", a.Chemin("absent.dxf"), "--json"});
