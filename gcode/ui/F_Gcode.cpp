@@ -7,6 +7,7 @@
 #include <QTableView>
 #include <utility>
 
+#include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
@@ -195,10 +196,12 @@ void F_Gcode::RemplitTables() {
   Combo_Table_->setCurrentText(QString::fromStdString(Regl.TableDefaut));
 }
 
-// The limits of the table hold at once; its name goes to the settings file, never to a project.
+// The limits of the table hold at once, and a board that has it takes it as its default; its name goes to the
+// settings file, never to a project.
 void F_Gcode::Combo_Table_Click(const QString& nom) {
   const SansProjet reglages;
   ChoisitTable(nom.toStdString());
+  CdeZENIK->SuitTable();
   MontreAvis();
 }
 

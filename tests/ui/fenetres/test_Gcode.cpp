@@ -264,6 +264,16 @@ TEST_F(FGcodeRun, MillsAndNumbersTheMovesOfTheLines) {
   EXPECT_EQ(carte_->Lieu()[2], std::llround(5 / CdeZENIK->MmParPasZ()));
 }
 
+TEST_F(FGcodeRun, AnotherTableThatTheBoardHasBecomesItsDefault) {
+  fenetre_.Form_Load();
+  CdeZENIK->TableEcrire("AUTRE", 1);
+  CdeZENIK->TableDefautEcrire(0);
+  Q_EMIT Controle<QComboBox>(fenetre_, "Combo_Table")->textActivated("AUTRE");
+  EXPECT_EQ(CdeZENIK->TableDefautLire(), 1);
+  Q_EMIT Controle<QComboBox>(fenetre_, "Combo_Table")->textActivated("INCONNUE");
+  EXPECT_EQ(CdeZENIK->TableDefautLire(), 1) << "a search that finds nothing changes nothing";
+}
+
 TEST_F(FGcodeRun, TheStopButtonStopsAndAResumeIsOffered) {
   Ouvre(Carre);
   auto* stop = Controle<QPushButton>(fenetre_, "Btn_Stop");
