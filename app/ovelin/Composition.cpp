@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "controller/ui/F_ChangtTable.h"
 #include "core/Services.h"
 #include "core/ui/F_ParamAppli.h"
 #include "core/ui/ServicesQt.h"
@@ -19,6 +20,7 @@ namespace {
 
 constexpr std::array Table{
     LigneDe<F_BD>("F_BD", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_ChangtTable>("F_ChangtTable", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Dimension>("F_Dimension", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Fraisage>("F_Fraisage", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Gcode>("F_Gcode", Exemplaires::Un, Tenue::Libre),

@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "app/ovelin/Composition.h"
+#include "closed/CarteVirtuelle.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
@@ -18,6 +19,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
 #include "tests/ui/programme/ProgrammeEssai.h"
+#include "tests/unit/controller/TableEssai.h"
 #include "workspace/Module_Annulation.h"
 
 namespace {
@@ -142,6 +144,31 @@ class FermeModale {
  private:
   QTimer minuterie_;
 };
+
+// A board file in which other tables hold the first three slots.
+void CartePleine() {
+  PoseTable("T0");
+  zenikcom::ConditionsCarte conditions;
+  conditions.rapide = true;
+  conditions.fichier = Dossier() + "/config/carte.zenik";
+  const auto carte = zenikcom::CreeCarteVirtuelle(std::move(conditions));
+  ClsCdeZENIK cde(zenikcom::LiaisonVirtuelle(carte));
+  cde.ChargeParametres();
+  for (std::uint8_t n = 0; n < 3; ++n) cde.TableEcrire("T" + std::to_string(n), n);
+  ASSERT_TRUE(carte->Enregistre());
+  OublieCles();
+}
+
+TEST(Programme, AsksAtItsStartWhichTableOfAFullBoardMakesRoomAndGoesOn) {
+  ConfigPresente("[OVELIN]\r\nTableDefaut=OVELIN\r\n[table_OVELIN]\r\nTB_SAV_15=15\r\n");
+  CartePleine();
+  ProgrammeEssai p;
+  const FermeModale ferme;
+  ASSERT_TRUE(p.Demarre());
+  EXPECT_EQ(ferme.nom, "F_ChangtTable");
+  EXPECT_TRUE(p.Fenetre()->isVisible());
+  EXPECT_EQ(CdeZENIK->TableRecherche("OVELIN"), -1) << "closed without a choice";
+}
 
 // Each name that the windows ask for exists or its command isn't shown.
 TEST(InstalleFenetres, KnowsItsWindowsAndNoOthers) {
