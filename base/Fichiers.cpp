@@ -16,17 +16,17 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "base/SansCopie.h"
+
 namespace base {
 
 namespace {
 
 // An open file, closed at the end of its scope.
-class Descripteur {
+class Descripteur : SansCopie {
  public:
   explicit Descripteur(int fd) : fd_(fd) {}
   ~Descripteur() { Ferme(); }
-  Descripteur(const Descripteur&) = delete;
-  Descripteur& operator=(const Descripteur&) = delete;
   [[nodiscard]] int Numero() const { return fd_; }
   void Prend(int fd) {
     Ferme();
@@ -102,7 +102,7 @@ void OteRestes(const std::string& dossier) {
 
 // A file beside its target while it is written. Without a name where the file system can do that, so that a process
 // that is killed leaves nothing; else, and for the moment of the renaming, under a name with the process in it.
-class Provisoire {
+class Provisoire : SansCopie {
  public:
   Provisoire(const std::string& dossier, bool nomme)
       : nom_(dossier + "/" + std::string(Debut) + std::to_string(getpid()) + "-XXXXXX"),
@@ -112,8 +112,6 @@ class Provisoire {
   ~Provisoire() {
     if (nomme_) unlink(nom_.c_str());
   }
-  Provisoire(const Provisoire&) = delete;
-  Provisoire& operator=(const Provisoire&) = delete;
 
   [[nodiscard]] int Numero() const { return fichier_.Numero(); }
   [[nodiscard]] int Erreur() const { return erreur_; }
@@ -178,11 +176,11 @@ int EcritFlux(const std::string& chemin, std::string_view octets) {
   return f.Ferme() == 0 ? 0 : errno;
 }
 
-// The rest of an open file, which announces `taille` bytes; it may have grown meanwhile, or hide its size. 0, or
-// the system's error number.
-int LitTout(int fd, std::size_t taille, std::string& octets) {
+// The rest of an open file, which announces `taille` bytes, and no more than `auPlus` of it; it may have grown
+// meanwhile, or hide its size. 0, or the system's error number.
+int LitTout(int fd, std::size_t taille, std::size_t auPlus, std::string& octets) {
   try {
-    octets.resize(taille);
+    octets.resize(std::min(taille, auPlus));
     std::size_t lu = 0;
     while (true) {
       char tampon[4096];
@@ -192,8 +190,8 @@ int LitTout(int fd, std::size_t taille, std::string& octets) {
       if (n < 0) return errno;
       if (plein) octets.append(tampon, static_cast<std::size_t>(n));
       lu += static_cast<std::size_t>(n);
-      if (n > 0) continue;
-      octets.resize(lu);
+      if (n > 0 && lu < auPlus) continue;
+      octets.resize(std::min(lu, auPlus));
       return 0;
     }
   } catch (const std::bad_alloc&) {
@@ -207,7 +205,7 @@ int LitTout(int fd, std::size_t taille, std::string& octets) {
 
 std::string TexteErreur(int numero) { return numero == 0 ? "" : std::generic_category().message(numero); }
 
-int LitFichier(const std::string& chemin, std::string& octets) {
+int LitFichier(const std::string& chemin, std::string& octets, std::size_t auPlus) {
   octets.clear();
   // Not blocking: opening a pipe that nobody feeds would wait for ever.
   const Descripteur f(open(chemin.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -217,8 +215,9 @@ int LitFichier(const std::string& chemin, std::string& octets) {
   if (S_ISDIR(etat.st_mode)) return EISDIR;
   if (!S_ISREG(etat.st_mode)) return EINVAL;
   // Memory is promised without regard to what there is, and the program killed for it when it is filled.
-  if (etat.st_size / sysconf(_SC_PAGESIZE) >= sysconf(_SC_PHYS_PAGES)) return ENOMEM;
-  const int erreur = LitTout(f.Numero(), static_cast<std::size_t>(std::max<off_t>(etat.st_size, 0)), octets);
+  const auto taille = static_cast<std::size_t>(std::max<off_t>(etat.st_size, 0));
+  if (taille <= auPlus && etat.st_size / sysconf(_SC_PAGESIZE) >= sysconf(_SC_PHYS_PAGES)) return ENOMEM;
+  const int erreur = LitTout(f.Numero(), taille, auPlus, octets);
   if (erreur != 0) std::string().swap(octets);
   return erreur;
 }

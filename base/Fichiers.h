@@ -1,6 +1,7 @@
 // Files whole or not at all. Failures come back as the system's error number, 0 when it worked.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,8 +11,9 @@ namespace base {
 std::string TexteErreur(int numero);
 
 // Reads a regular file whole. A folder is refused with EISDIR, any other that is no file with EINVAL, one larger
-// than the memory with ENOMEM; `octets` is then empty.
-int LitFichier(const std::string& chemin, std::string& octets);
+// than the memory with ENOMEM; `octets` is then empty. Of a longer file than `auPlus` the first bytes alone, so
+// that it can be judged.
+int LitFichier(const std::string& chemin, std::string& octets, std::size_t auPlus = std::string::npos);
 
 // What a written file outlives: a power cut (flushed to disk before it takes its name), or the end of the program
 // alone (undo snapshots).

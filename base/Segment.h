@@ -57,8 +57,6 @@ inline std::size_t NbAretes(const Chemin& chemin, bool ferme) {
   const std::size_t n = chemin.size();
   return n < 2 ? 0 : ferme ? n : n - 1;
 }
-inline Segment Arete(const Chemin& chemin, std::size_t i) {
-  return {chemin[i], chemin[i + 1 < chemin.size() ? i + 1 : 0]};
-}
+inline Segment Arete(const Chemin& chemin, std::size_t i) { return {chemin[i], chemin[Suivant(i, chemin.size())]}; }
 
 }  // namespace base

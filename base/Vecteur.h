@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 #include "base/Point.h"
@@ -24,16 +25,29 @@ inline Vec2 Unite(Vec2 a) {
   return n > 0 ? a * (1 / n) : Vec2{};
 }
 
+// What stands behind and before place i of a closed run of n.
+constexpr std::size_t Suivant(std::size_t i, std::size_t n) { return i + 1 < n ? i + 1 : 0; }
+constexpr std::size_t Precedent(std::size_t i, std::size_t n) { return (i > 0 ? i : n) - 1; }
+
 // Signed area of a closed path, positive when it runs counter-clockwise.
 inline double Aire(const Chemin& c) {
   double s = 0;
-  for (std::size_t i = 0, n = c.size(); i < n; ++i) s += Vectoriel(c[i] - c[0], c[(i + 1) % n] - c[0]);
+  for (std::size_t i = 0, n = c.size(); i < n; ++i) s += Vectoriel(c[i] - c[0], c[Suivant(i, n)] - c[0]);
   return s / 2;
 }
 inline double Perimetre(const Chemin& c) {
   double s = 0;
-  for (std::size_t i = 0, n = c.size(); i < n; ++i) s += Norme(c[(i + 1) % n] - c[i]);
+  for (std::size_t i = 0, n = c.size(); i < n; ++i) s += Norme(c[Suivant(i, n)] - c[i]);
   return s;
+}
+// Way along a closed path from its start to each of its points, and back to the start: one more than it has points.
+inline std::vector<double> Abscisses(const Chemin& c) {
+  std::vector<double> abscisses{0};
+  abscisses.reserve(c.size() + 1);
+  for (std::size_t i = 0, n = c.size(); i < n; ++i) {
+    abscisses.push_back(abscisses.back() + Norme(c[Suivant(i, n)] - c[i]));
+  }
+  return abscisses;
 }
 
 }  // namespace base

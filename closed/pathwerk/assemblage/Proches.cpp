@@ -8,6 +8,7 @@
 #include <numbers>
 #include <queue>
 
+#include "base/Vecteur.h"
 #include "closed/pathwerk/assemblage/Chaines.h"
 #include "closed/pathwerk/assemblage/Tri.h"
 
@@ -48,8 +49,8 @@ class GrandNoeud {
               [](const Rayon& a, const Rayon& b) { return a.angle != b.angle ? a.angle < b.angle : a.e < b.e; });
     const std::size_t n = rayons_.size();
     for (std::size_t i = 0; i < n; ++i) {
-      rayons_[i].avant = (i + n - 1) % n;
-      rayons_[i].apres = (i + 1) % n;
+      rayons_[i].avant = base::Precedent(i, n);
+      rayons_[i].apres = base::Suivant(i, n);
     }
   }
 

@@ -271,7 +271,7 @@ class Aplatisseur {
     bool avant = Emousse(chaine, n - 1);
     bool ici = Emousse(chaine, 0);
     for (std::size_t k = 0; k < n; ++k) {
-      const bool apres = Emousse(chaine, (k + 1) % n);
+      const bool apres = Emousse(chaine, base::Suivant(k, n));
       const ArcLibre& p = libres_[chaine[k]];
       if (ici) {
         const Vec2 c = source_.A(p.source);
@@ -336,8 +336,8 @@ class Aplatisseur {
     const std::size_t n = chaine.size();
     const ArcLibre& p = libres_[chaine[k]];
     if (n < 3 || !p.arc || p.causeA != Naturel || p.causeB != Naturel) return false;
-    const ArcLibre& avant = libres_[chaine[(k + n - 1) % n]];
-    const ArcLibre& apres = libres_[chaine[(k + 1) % n]];
+    const ArcLibre& avant = libres_[chaine[base::Precedent(k, n)]];
+    const ArcLibre& apres = libres_[chaine[base::Suivant(k, n)]];
     if (avant.arc || apres.arc || avant.causeB != Naturel || apres.causeA != Naturel) return false;
     const double corde = Norme(p.b - p.a);
     return corde < r_ && corde * corde <= 4 * r_ * fleche_;  // sagitta = chord^2 / 8 r

@@ -66,7 +66,7 @@ class Juge {
     Origines o;
     const bool connues = origines.size() == boucle.size();
     for (std::size_t i = 0, n = boucle.size(); i < n; ++i) {
-      const Segment arete{boucle[i], boucle[(i + 1) % n]};
+      const Segment arete{boucle[i], boucle[base::Suivant(i, n)]};
       r.push_back(arete.a);
       if (connues) {
         o.push_back(origines[i]);
@@ -205,12 +205,12 @@ std::vector<char> AretesBonnes(const Chemin& boucle, Origines& origines, const J
       if (bon[i] != 0 || !juge.Ambigue(origines[i])) continue;
     }
     Origine autre;
-    bon[i] = juge.BonCote(boucle[i], boucle[(i + 1) % n], autre);
+    bon[i] = juge.BonCote(boucle[i], boucle[base::Suivant(i, n)], autre);
     if (connues && bon[i] != 0 && origines[i].Connue()) origines[i] = autre;
   }
   // The chord over a gap goes with what it joins.
   for (std::size_t i = 0; connues && i < n; ++i) {
-    if (!origines[i].Connue()) bon[i] = bon[(i + n - 1) % n] != 0 && bon[(i + 1) % n] != 0;
+    if (!origines[i].Connue()) bon[i] = bon[base::Precedent(i, n)] != 0 && bon[base::Suivant(i, n)] != 0;
   }
   return bon;
 }
@@ -241,7 +241,7 @@ void Decoupe(const Chemin& boucle, const Origines& origines, const std::vector<c
       continue;
     }
     if (courante.points.empty()) courante.points.push_back(boucle[i]);
-    courante.points.push_back(boucle[(i + 1) % n]);
+    courante.points.push_back(boucle[base::Suivant(i, n)]);
     if (connues) courante.origines.push_back(origines[i]);
   }
 }

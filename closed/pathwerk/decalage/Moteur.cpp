@@ -31,7 +31,7 @@ bool CoinServi(const Chemin& c, double d) {
   Vec2 u = c[0] - c[n - 1];
   double lu = Norme(u);
   for (std::size_t i = 0; i < n; ++i) {
-    const Vec2 v = c[i + 1 < n ? i + 1 : 0] - c[i];
+    const Vec2 v = c[base::Suivant(i, n)] - c[i];
     const double lv = Norme(v);
     const double sinus = Vectoriel(u, v) / (lu * lv);
     if (sinus * d > 1e-12) {

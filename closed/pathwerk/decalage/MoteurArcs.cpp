@@ -31,7 +31,7 @@ bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double
   for (const Chemin& c : boucles) {
     for (std::size_t i = 0; i < c.size(); ++i) {
       if (rang++ % pas != 0) continue;
-      const Vec2 b = c[(i + 1) % c.size()];
+      const Vec2 b = c[base::Suivant(i, c.size())];
       for (const double t : {0.0, 0.37}) {
         const double e2 = source.Distance2(c[i] + (b - c[i]) * t, 1.01 * haut * haut);
         if (!(e2 >= bas * bas && e2 <= haut * haut)) return false;

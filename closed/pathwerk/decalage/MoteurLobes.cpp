@@ -254,7 +254,7 @@ class Decoupeur {
       const std::size_t k = 2 * std::size_t{etapes_[e].croisement};
       s = autre_[k] == e ? autre_[k + 1] : autre_[k];
     }
-    return s + 1 < etapes_.size() ? s + 1 : 0;
+    return base::Suivant(s, etapes_.size());
   }
   // The segment that a loop runs along behind the stop.
   [[nodiscard]] std::size_t SegmentApres(std::size_t e) const {

@@ -70,7 +70,7 @@ class Traceur {
     std::vector<char> secteur(n);
     for (std::size_t i = 0; i < n; ++i) {
       const Vec2 a = chemin_[i];
-      const Vec2 b = chemin_[(i + 1) % n];
+      const Vec2 b = chemin_[base::Suivant(i, n)];
       const Vec2 o = Gauche(Unite(b - a)) * d_;
       bande[i] = !Enterre(a + o, b + o, arbre);
       secteur[i] = ArcLibre(CoinEn(i), arbre);
@@ -80,7 +80,7 @@ class Traceur {
     if (debut == n) return {};
     for (std::size_t k = 0; k < n; ++k) {
       const std::size_t i = (debut + k) % n;
-      const bool avant = bande[(i + n - 1) % n] != 0;
+      const bool avant = bande[base::Precedent(i, n)] != 0;
       const bool apres = bande[i] != 0;
       const Coin c = CoinEn(i);
       if (!avant && !apres && secteur[i] == 0) {
@@ -117,8 +117,8 @@ class Traceur {
 
   [[nodiscard]] Coin CoinEn(std::size_t i) const {
     const std::size_t n = chemin_.size();
-    const Vec2 avant = chemin_[(i + n - 1) % n];
-    const Vec2 apres = chemin_[(i + 1) % n];
+    const Vec2 avant = chemin_[base::Precedent(i, n)];
+    const Vec2 apres = chemin_[base::Suivant(i, n)];
     Coin c{};
     c.v = chemin_[i];
     c.la = Norme(c.v - avant);

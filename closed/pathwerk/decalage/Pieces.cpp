@@ -21,8 +21,8 @@ Vec2 NormaleEn(const Chemin& c, bool ferme, std::size_t i) {
   if (n < 2) return {};
   const bool avant = ferme || i > 0;
   const bool apres = ferme || i + 1 < n;
-  const Vec2 u = avant ? Unite(c[i] - c[(i + n - 1) % n]) : Vec2{};
-  const Vec2 v = apres ? Unite(c[(i + 1) % n] - c[i]) : Vec2{};
+  const Vec2 u = avant ? Unite(c[i] - c[base::Precedent(i, n)]) : Vec2{};
+  const Vec2 v = apres ? Unite(c[base::Suivant(i, n)] - c[i]) : Vec2{};
   const Vec2 m = Unite(u + v);
   return m == Vec2{} ? u : Gauche(m);
 }
@@ -32,7 +32,7 @@ void Tourne(Piece& piece, const LieuDePiece& l, double tolerance) {
   Chemin& c = piece.points;
   Origines& o = piece.origines;
   const std::size_t n = c.size();
-  const std::size_t apres = (l.arete + 1) % n;
+  const std::size_t apres = base::Suivant(l.arete, n);
   std::size_t premier = apres;
   bool nouveau = false;
   if (Norme(l.point - c[l.arete]) <= tolerance / 10) {

@@ -109,16 +109,7 @@ class Foret {
 }  // namespace
 
 Report::Report(const Source& source, double distance, double tolerance)
-    : source_(source), distance_(distance), tolerance_(tolerance) {
-  const Chemin& c = source.chemin;
-  longueur_.reserve(c.size() + 1);
-  double s = 0;
-  for (std::size_t i = 0; i < c.size(); ++i) {
-    longueur_.push_back(s);
-    s += Norme(c[i + 1 < c.size() ? i + 1 : 0] - c[i]);
-  }
-  longueur_.push_back(s);
-}
+    : source_(source), distance_(distance), tolerance_(tolerance), longueur_(base::Abscisses(source.chemin)) {}
 
 // Along the source, mm.
 double Report::Place(const Origine& o, float part) const {
@@ -151,7 +142,7 @@ LieuDePiece Report::Bout(const Piece& piece, std::size_t arete, double s, bool s
   std::size_t k = arete;
   for (std::size_t pas = 1; pas < n; ++pas) {
     if (!piece.ferme && k == (suivante ? n - 1 : 0)) break;
-    const std::size_t voisine = suivante ? (k + 1) % n : (k + n - 1) % n;
+    const std::size_t voisine = suivante ? base::Suivant(k, n) : base::Precedent(k, n);
     const Origine& o = piece.origines[voisine];
     if (!o.Connue() || o.de != o.a || Ecart(Place(o, o.de), s) > 0) break;
     k = voisine;

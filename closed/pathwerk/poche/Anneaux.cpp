@@ -108,7 +108,7 @@ class Trieur {
     const Lieu premier = ici;
     for (std::size_t i = 0; i < n; ++i) {
       const Lieu la = i + 1 < n ? atteint_.PlusProche(boucle[i + 1]) : premier;
-      Divise(boucle[i], true, ici, boucle[i + 1 < n ? i + 1 : 0], la, r);
+      Divise(boucle[i], true, ici, boucle[base::Suivant(i, n)], la, r);
       ici = la;
     }
     return r;

@@ -33,7 +33,7 @@ Lieu ProcheSurBoucle(const Chemin& c, Vec2 p) {
 
 void CommenceBoucle(Chemin& c, const Lieu& l) {
   const std::size_t n = c.size();
-  const std::size_t apres = l.segment + 1 < n ? l.segment + 1 : 0;
+  const std::size_t apres = base::Suivant(l.segment, n);
   const bool nouveau = l.t > 0 && l.t < 1;
   const std::size_t premier = l.t > 0 ? apres : l.segment;
   std::rotate(c.begin(), c.begin() + static_cast<std::ptrdiff_t>(premier), c.end());

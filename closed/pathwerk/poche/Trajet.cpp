@@ -100,15 +100,10 @@ struct Etape {
 class Racine {
  public:
   Racine(ArbreAnneaux& arbre, std::size_t racine, const Acces& acces)
-      : arbre_(arbre), racine_(arbre.Anneaux()[racine]), acces_(acces) {
-    double s = 0;
-    const Chemin& c = racine_.points;
-    for (std::size_t i = 0; i < c.size(); ++i) {
-      longueur_.push_back(s);
-      s += Norme(c[i + 1 < c.size() ? i + 1 : 0] - c[i]);
-    }
-    longueur_.push_back(s);
-  }
+      : arbre_(arbre),
+        racine_(arbre.Anneaux()[racine]),
+        acces_(acces),
+        longueur_(base::Abscisses(racine_.points)) {}
 
   // All that is milled before the ring's own round.
   Chemin Avant() {
@@ -195,7 +190,7 @@ class Racine {
     if (avance <= tour / 2) {
       const bool sur = de.segment == a.segment && a.t >= de.t;
       for (std::size_t i = de.segment; !sur;) {
-        i = i + 1 < n ? i + 1 : 0;
+        i = base::Suivant(i, n);
         route.push_back(c[i]);
         if (i == a.segment) break;
       }
@@ -203,7 +198,7 @@ class Racine {
       const bool sur = de.segment == a.segment && a.t <= de.t;
       for (std::size_t i = de.segment; !sur;) {
         route.push_back(c[i]);
-        i = i > 0 ? i - 1 : n - 1;
+        i = base::Precedent(i, n);
         if (i == a.segment) break;
       }
     }

@@ -13,6 +13,7 @@
 #include <new>
 #include <vector>
 
+#include "base/Vecteur.h"
 #include "closed/Pathwerk.h"
 #include "closed/pathwerk/commun/Courbes.h"
 #include "closed/pathwerk/texte/Polices.h"
@@ -146,13 +147,11 @@ int Cubique(const FT_Vector* p1, const FT_Vector* p2, const FT_Vector* p, void* 
       d, [&](Collecte& c) { AjouteBezier(c.contours.back(), c.Point(p1), c.Point(p2), c.Point(p), FlecheTexte); });
 }
 
-double Aire(const Contour& c) {
+// Of a contour, whichever its sense. Summed from the origin: the order of two dots that are equally large hangs on
+// the last digit.
+double Surface(const Contour& c) {
   double a = 0;
-  for (std::size_t i = 0; i < c.size(); ++i) {
-    const Vec2 p = c[i];
-    const Vec2 q = c[(i + 1) % c.size()];
-    a += p.x * q.y - q.x * p.y;
-  }
+  for (std::size_t i = 0; i < c.size(); ++i) a += base::Vectoriel(c[i], c[base::Suivant(i, c.size())]);
   return std::fabs(a) / 2;
 }
 
@@ -180,7 +179,7 @@ bool ContoursGlyphe(const Style& style, FT_UInt glyphe, std::vector<Contour>& co
     for (Contour& c : contours) std::reverse(c.begin(), c.end());
   }
   std::stable_sort(contours.begin(), contours.end(),
-                   [](const Contour& a, const Contour& b) { return Aire(a) < Aire(b); });
+                   [](const Contour& a, const Contour& b) { return Surface(a) < Surface(b); });
   return true;
 }
 

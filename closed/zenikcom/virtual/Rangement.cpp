@@ -1,70 +1,19 @@
 #include "closed/zenikcom/virtual/Rangement.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <optional>
-#include <system_error>
+#include <utility>
+
+#include "base/Fichiers.h"
 
 namespace zenikcom {
 
 namespace {
 
-// Beyond what the largest memory takes, so that a file of any size is judged without being read.
-constexpr std::size_t OctetsMaxi = NbBlocsFlash * OctetsBloc + 4096;
-
-std::string Texte(int numero) { return std::generic_category().message(numero); }
-
-// An empty text and no reason: there is no such file.
-std::optional<std::string> LitTout(const std::string& chemin, std::string& raison) {
-  const int fd = open(chemin.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (fd < 0) {
-    if (errno != ENOENT) raison = Texte(errno);
-    return std::nullopt;
-  }
-  // A device or a pipe is nobody's memory: it must not be renamed as a damaged one.
-  struct stat s {};
-  if (fstat(fd, &s) != 0 || (!S_ISREG(s.st_mode) && !S_ISDIR(s.st_mode))) {
-    raison = "not a regular file";
-    close(fd);
-    return std::nullopt;
-  }
-  std::string octets;
-  char tampon[65'536];
-  ssize_t n = 0;
-  while (octets.size() <= OctetsMaxi) {
-    n = read(fd, tampon, sizeof tampon);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) break;
-    octets.append(tampon, static_cast<std::size_t>(n));
-  }
-  if (n < 0) raison = Texte(errno);
-  close(fd);
-  return n < 0 ? std::nullopt : std::optional(octets);
-}
-
-// 0, or the system's error number.
-int EcritTout(const std::string& chemin, const std::string& octets) {
-  std::string provisoire = chemin + ".XXXXXX";
-  const int fd = mkostemp(provisoire.data(), O_CLOEXEC);
-  if (fd < 0) return errno;
-  int erreur = 0;
-  for (std::size_t ecrit = 0; ecrit < octets.size() && erreur == 0;) {
-    const ssize_t n = write(fd, octets.data() + ecrit, octets.size() - ecrit);
-    if (n >= 0) {
-      ecrit += static_cast<std::size_t>(n);
-    } else if (errno != EINTR) {
-      erreur = errno;
-    }
-  }
-  if (close(fd) != 0 && erreur == 0) erreur = errno;
-  if (erreur == 0 && rename(provisoire.c_str(), chemin.c_str()) != 0) erreur = errno;
-  if (erreur != 0) unlink(provisoire.c_str());
-  return erreur;
-}
+// One byte beyond what the largest memory takes, so that a file of any size is judged without being read whole.
+constexpr std::size_t OctetsMaxi = NbBlocsFlash * OctetsBloc + 4097;
 
 }  // namespace
 
@@ -72,15 +21,17 @@ bool Rangement::Ouvre(const std::string& chemin, Memoire& memoire) {
   etat_.chemin = chemin;
   if (chemin.empty()) return true;
   if (!verrou_.Prend(chemin + ".verrou")) return false;
-  std::string raison;
-  const auto octets = LitTout(chemin, raison);
-  if (!octets) {
-    // A file that this user may not read, or a folder: neither moved nor written over.
-    ecrire_ = raison.empty();
-    etat_.raison = raison;
+  std::string octets;
+  const int erreur = base::LitFichier(chemin, octets, OctetsMaxi);
+  if (erreur == ENOENT) return true;
+  if (erreur != 0) {
+    // A file that this user may not read, a folder, a device or a pipe: neither moved nor written over.
+    ecrire_ = false;
+    etat_.raison = erreur == EINVAL ? "not a regular file" : base::TexteErreur(erreur);
     return true;
   }
-  auto lue = Memoire::Lit(*octets, raison);
+  std::string raison;
+  auto lue = Memoire::Lit(octets, raison);
   if (lue) {
     memoire = std::move(*lue);
   } else {
@@ -107,12 +58,10 @@ void Rangement::MetDeCote(const std::string& raison) {
 bool Rangement::Ecrit(const Memoire& memoire) {
   if (etat_.chemin.empty()) return true;
   if (!ecrire_) return false;
-  struct stat s {};
-  // The mode itself, since the superuser passes every test of permission.
-  const bool protege = stat(etat_.chemin.c_str(), &s) == 0 && (s.st_mode & 0222U) == 0;
-  const int erreur = protege ? EACCES : EcritTout(etat_.chemin, memoire.Octets());
+  // Written within an exchange, which must not wait for a disk.
+  const int erreur = base::EcritFichier(etat_.chemin, memoire.Octets(), base::Garantie::Processus);
   if (erreur != 0) {
-    etat_.raison = Texte(erreur);
+    etat_.raison = base::TexteErreur(erreur);
   } else if (etat_.misDeCote.empty()) {
     etat_.raison.clear();
   }

@@ -53,6 +53,20 @@ TEST_F(Fichiers, AFileWhoseSizeIsNotAnnouncedIsReadWhole) {
   EXPECT_GT(lus.size(), 100U);
 }
 
+TEST_F(Fichiers, OfALongerFileTheFirstBytesAlone) {
+  std::ofstream(Chemin("long")) << "abcdefgh";
+  std::string octets;
+  ASSERT_EQ(base::LitFichier(Chemin("long"), octets, 5), 0);
+  EXPECT_EQ(octets, "abcde");
+  ASSERT_EQ(base::LitFichier(Chemin("long"), octets, 8), 0);
+  EXPECT_EQ(octets, "abcdefgh");
+  ASSERT_EQ(base::LitFichier(Chemin("long"), octets, 100), 0);
+  EXPECT_EQ(octets, "abcdefgh");
+  // Its size is not announced.
+  ASSERT_EQ(base::LitFichier("/proc/self/status", octets, 5), 0);
+  EXPECT_EQ(octets, "Name:");
+}
+
 TEST_F(Fichiers, WhatIsNoFileIsRefusedByItsReason) {
   std::string lus = "old";
   EXPECT_EQ(base::LitFichier(Chemin("absent"), lus), ENOENT);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "base/Vecteur.h"
 #include "closed/pathwerk/lecture/dxf/Dessin.h"
 #include "closed/pathwerk/lecture/dxf/SplinePoints.h"
 
@@ -72,7 +73,7 @@ bool Dessinateur::Lisse(Trait& trait, const std::vector<Sommet>& sommets, bool f
     const Sommet& a = sommets[i];
     trait.points.push_back(m.Projette(a.p));
     if (a.bulge == 0 || (i + 1 == n && !ferme)) continue;
-    const Sommet& b = sommets[i + 1 < n ? i + 1 : 0];
+    const Sommet& b = sommets[base::Suivant(i, n)];
     if (a.p == b.p) continue;
     const ArcConique plat = ArcDeBulge({a.p.x, a.p.y}, {b.p.x, b.p.y}, a.bulge);
     const ArcConique arc{m.PlanDirection({plat.u.x, plat.u.y, 0}), m.PlanDirection({plat.v.x, plat.v.y, 0}),
@@ -191,7 +192,7 @@ void Dessinateur::Face(const Affine& m) {
     const std::size_t i = (depart + k) % n;
     const bool cache = (caches >> i & 1U) != 0;
     if (trait.points.empty() && !cache) trait.points.push_back(m.Projette(e_.p[i]));
-    if (!cache) trait.points.push_back(m.Projette(e_.p[(i + 1) % n]));
+    if (!cache) trait.points.push_back(m.Projette(e_.p[base::Suivant(i, n)]));
     if (cache && !trait.points.empty()) {
       Pose(std::move(trait));
       trait = {};

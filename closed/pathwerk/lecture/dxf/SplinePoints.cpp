@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "base/Vecteur.h"
+
 namespace pathwerk::lecture::dxf {
 
 namespace {
@@ -66,7 +68,7 @@ std::vector<Vec3> TangentesFermees(const std::vector<Vec3>& p, const std::vector
   std::vector<Ligne> lignes(n);
   std::vector<Vec3> x(n);
   for (std::size_t i = 0; i < n; ++i) {
-    const std::size_t avant = (i + n - 1) % n;
+    const std::size_t avant = base::Precedent(i, n);
     lignes[i] = Jonction(h[avant], h[i]);
     x[i] = Second(p[avant], p[i], p[i + 1], h[avant], h[i]);
   }

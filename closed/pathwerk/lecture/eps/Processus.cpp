@@ -20,6 +20,8 @@
 #include <system_error>
 #include <vector>
 
+#include "base/SansCopie.h"
+
 namespace pathwerk::lecture::eps {
 
 namespace {
@@ -31,7 +33,7 @@ constexpr const char* DossiersGs[] = {"/usr/local/bin", "/usr/bin", "/bin"};
 constexpr const char* NomPrologue = "prologue.ps";
 
 // A folder of mode 0700 for as long as this lives.
-class DossierPrive {
+class DossierPrive : base::SansCopie {
  public:
   explicit DossierPrive(const std::string& parent) {
     std::error_code erreur;
@@ -44,8 +46,6 @@ class DossierPrive {
     std::error_code erreur;
     fs::remove_all(chemin_, erreur);
   }
-  DossierPrive(const DossierPrive&) = delete;
-  DossierPrive& operator=(const DossierPrive&) = delete;
 
   [[nodiscard]] const std::string& Chemin() const { return chemin_; }
   [[nodiscard]] bool Pose(const char* nom, std::string_view contenu) const {
@@ -65,15 +65,13 @@ class DossierPrive {
 };
 
 // Both ends of a pipe; each is closed when it has been given away or at the end.
-class Tuyau {
+class Tuyau : base::SansCopie {
  public:
   Tuyau() { ouvert_ = ::pipe2(bouts_.data(), O_CLOEXEC) == 0; }
   ~Tuyau() {
     Ferme(0);
     Ferme(1);
   }
-  Tuyau(const Tuyau&) = delete;
-  Tuyau& operator=(const Tuyau&) = delete;
   [[nodiscard]] bool Ouvert() const { return ouvert_; }
   [[nodiscard]] int Lecture() const { return bouts_[0]; }
   [[nodiscard]] int Ecriture() const { return bouts_[1]; }

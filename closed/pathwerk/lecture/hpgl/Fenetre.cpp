@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/Vecteur.h"
+
 namespace pathwerk::lecture::hpgl {
 
 namespace {
@@ -75,7 +77,7 @@ std::vector<Vec2> CoupeContour(std::span<const Vec2> contour, const HpglFenetre&
     };
     for (std::size_t i = 0; i < reste.size(); ++i) {
       const Vec2 a = reste[i];
-      const Vec2 b = reste[i + 1 < reste.size() ? i + 1 : 0];
+      const Vec2 b = reste[base::Suivant(i, reste.size())];
       const double da = ecart(a);
       const double db = ecart(b);
       if (da >= 0) ajoute(a);
