@@ -8,11 +8,12 @@
 #include <memory>
 #include <vector>
 
+#include "image/Peintre.h"
+
 namespace ovelin {
 
 namespace {
 
-constexpr double Pixels = 1.0 / static_cast<double>(TwipsParPixel);  // of a twip
 constexpr const char* Police = "sans-serif";
 constexpr double CorpsPolice = 12;  // pixels
 
@@ -41,30 +42,88 @@ class Peinture {
     ChoisitPolice(c_);
   }
 
-  void Tout() {
+  void Papier() {
     Encre(c_, palette_.papier);
     cairo_paint(c_);
-    for (const Primitive& p : scene_.Primitives) Une(p);
+  }
+  // Ends and corners as in a window.
+  void Ligne(const Primitive& p) {
+    const double largeur = LargeurDe(p, palette_);
+    std::vector<double> motif;
+    for (const float tiret : MotifDe(palette_[p.role].style)) motif.push_back(tiret * largeur);
+    cairo_set_dash(c_, motif.data(), static_cast<int>(motif.size()), 0);
+    cairo_set_line_width(c_, largeur);
+    cairo_set_line_cap(c_, p.mesure > 0 ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_SQUARE);
+    cairo_set_line_join(c_, p.mesure > 0 ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_BEVEL);
+    Suit(scene_.PointsDe(p));
+    Encre(c_, palette_[p.role].couleur);
+    cairo_stroke(c_);
+  }
+  void Aire(const Primitive& p) {
+    Suit(scene_.PointsDe(p));
+    Remplit(p, CAIRO_FILL_RULE_EVEN_ODD);
+  }
+  void Points(const Primitive& p) {
+    for (const PointEcran& q : scene_.PointsDe(p)) Cercle(q, p.mesure * Pixels / 2);
+    Remplit(p);
+  }
+  void Carres(const Primitive& p) {
+    const double cote = p.mesure * Pixels;
+    for (const PointEcran& q : scene_.PointsDe(p)) {
+      cairo_rectangle(c_, q.X * Pixels - cote / 2, q.Y * Pixels - cote / 2, cote, cote);
+    }
+    Remplit(p);
+  }
+  void Disque(const Primitive& p) {
+    const Aspect& aspect = palette_[p.role];
+    cairo_set_dash(c_, nullptr, 0, 0);
+    cairo_set_line_width(c_, 1);
+    for (const PointEcran& q : scene_.PointsDe(p)) {
+      Cercle(q, p.mesure * Pixels);
+      if (aspect.fond != SansFond) {
+        Encre(c_, aspect.fond);
+        cairo_fill_preserve(c_);
+      }
+      Encre(c_, aspect.couleur);
+      cairo_stroke(c_);
+    }
+  }
+  void Fleches(const Primitive& p) {
+    const auto points = scene_.PointsDe(p);
+    for (std::size_t i = 0; i + 2 < points.size(); i += 3) {
+      Suit(points.subspan(i, 3));
+      cairo_close_path(c_);
+    }
+    Remplit(p);
+  }
+  void Texte(const Primitive& p) {
+    Encre(c_, palette_[p.role].couleurTexte);
+    const std::string& texte = scene_.Textes[p.texte];
+    cairo_font_extents_t police;
+    cairo_font_extents(c_, &police);
+    cairo_text_extents_t etendue;
+    cairo_text_extents(c_, texte.c_str(), &etendue);
+    const PointEcran& place = scene_.PointsDe(p).front();
+    cairo_move_to(c_, PiedX(place.X * Pixels, p.ancre, etendue.x_advance),
+                  PiedY(place.Y * Pixels, p.ancre, police.ascent, police.descent));
+    cairo_show_text(c_, texte.c_str());
+    cairo_new_path(c_);
   }
 
  private:
-  struct Place {
-    double x = 0, y = 0;
-  };
-  static Place De(const PointEcran& p) {
-    return {static_cast<double>(p.X) * Pixels, static_cast<double>(p.Y) * Pixels};
-  }
-  void Une(const Primitive& p);
-  void Suit(std::span<const PointEcran> points);
-  void Ligne(const Primitive& p);
-  void Points(const Primitive& p);
-  void Carres(const Primitive& p);
-  void Disque(const Primitive& p);
-  void Fleches(const Primitive& p);
-  void Texte(const Primitive& p);
-  void Cercle(const Place& centre, double rayon) {
+  void Suit(std::span<const PointEcran> points) {
     cairo_new_sub_path(c_);
-    cairo_arc(c_, centre.x, centre.y, rayon, 0, 2 * Pi);
+    for (const PointEcran& p : points) cairo_line_to(c_, p.X * Pixels, p.Y * Pixels);
+  }
+  void Cercle(const PointEcran& centre, double rayon) {
+    cairo_new_sub_path(c_);
+    cairo_arc(c_, centre.X * Pixels, centre.Y * Pixels, rayon, 0, 2 * Pi);
+  }
+  // Triangles and dots of one primitive may lie over each other; only an area has holes.
+  void Remplit(const Primitive& p, cairo_fill_rule_t regle = CAIRO_FILL_RULE_WINDING) {
+    Encre(c_, palette_[p.role].couleur);
+    cairo_set_fill_rule(c_, regle);
+    cairo_fill(c_);
   }
 
   cairo_t* c_;
@@ -72,107 +131,12 @@ class Peinture {
   const Palette& palette_;
 };
 
-void Peinture::Suit(std::span<const PointEcran> points) {
-  cairo_new_sub_path(c_);
-  for (const PointEcran& p : points) cairo_line_to(c_, De(p).x, De(p).y);
-}
-
-// Ends and corners as in a window.
-void Peinture::Ligne(const Primitive& p) {
-  const double largeur = static_cast<double>(LargeurDe(p, palette_));
-  std::vector<double> motif;
-  for (const float tiret : MotifDe(palette_[p.role].style)) motif.push_back(static_cast<double>(tiret) * largeur);
-  cairo_set_dash(c_, motif.data(), static_cast<int>(motif.size()), 0);
-  cairo_set_line_width(c_, largeur);
-  cairo_set_line_cap(c_, p.mesure > 0 ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_SQUARE);
-  cairo_set_line_join(c_, p.mesure > 0 ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_BEVEL);
-  Suit(scene_.PointsDe(p));
-  cairo_stroke(c_);
-}
-
-void Peinture::Points(const Primitive& p) {
-  for (const PointEcran& q : scene_.PointsDe(p)) Cercle(De(q), static_cast<double>(p.mesure) * Pixels / 2);
-  cairo_fill(c_);
-}
-
-void Peinture::Carres(const Primitive& p) {
-  const double cote = static_cast<double>(p.mesure) * Pixels;
-  for (const PointEcran& q : scene_.PointsDe(p)) {
-    cairo_rectangle(c_, De(q).x - cote / 2, De(q).y - cote / 2, cote, cote);
-  }
-  cairo_fill(c_);
-}
-
-void Peinture::Disque(const Primitive& p) {
-  const Aspect& aspect = palette_[p.role];
-  cairo_set_dash(c_, nullptr, 0, 0);
-  cairo_set_line_width(c_, 1);
-  for (const PointEcran& q : scene_.PointsDe(p)) {
-    Cercle(De(q), static_cast<double>(p.mesure) * Pixels);
-    if (aspect.fond != SansFond) {
-      Encre(c_, aspect.fond);
-      cairo_fill_preserve(c_);
-    }
-    Encre(c_, aspect.couleur);
-    cairo_stroke(c_);
-  }
-}
-
-void Peinture::Fleches(const Primitive& p) {
-  const auto points = scene_.PointsDe(p);
-  for (std::size_t i = 0; i + 2 < points.size(); i += 3) {
-    Suit(points.subspan(i, 3));
-    cairo_close_path(c_);
-  }
-  cairo_fill(c_);
-}
-
-void Peinture::Texte(const Primitive& p) {
-  Encre(c_, palette_[p.role].couleurTexte);
-  const std::string& texte = scene_.Textes[p.texte];
-  cairo_font_extents_t police;
-  cairo_font_extents(c_, &police);
-  Place pied = De(scene_.PointsDe(p).front());
-  if (p.ancre == Ancre::Centre) {
-    cairo_text_extents_t etendue;
-    cairo_text_extents(c_, texte.c_str(), &etendue);
-    pied.x -= etendue.x_advance / 2;
-    pied.y += (police.ascent - police.descent) / 2;
-  } else {
-    pied.y += police.ascent;
-  }
-  cairo_move_to(c_, pied.x, pied.y);
-  cairo_show_text(c_, texte.c_str());
-  cairo_new_path(c_);
-}
-
-void Peinture::Une(const Primitive& p) {
-  Encre(c_, palette_[p.role].couleur);
-  // Triangles and dots of one primitive may lie over each other; only an area has holes.
-  cairo_set_fill_rule(c_, p.genre == Genre::Aire ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
-  switch (p.genre) {
-    case Genre::Ligne:
-      return Ligne(p);
-    case Genre::Aire:
-      Suit(scene_.PointsDe(p));
-      return cairo_fill(c_);
-    case Genre::Points:
-      return Points(p);
-    case Genre::Carres:
-      return Carres(p);
-    case Genre::Disque:
-      return Disque(p);
-    case Genre::Fleches:
-      return Fleches(p);
-    case Genre::Texte:
-      return Texte(p);
-  }
-}
-
 // Whether all of it could be drawn.
 bool Peint(cairo_surface_t* surface, const Scene& scene, const Palette& palette) {
   const Toile toile(cairo_create(surface));
-  Peinture(toile.get(), scene, palette).Tout();
+  Peinture peinture(toile.get(), scene, palette);
+  peinture.Papier();
+  PeintPrimitives(peinture, scene);
   return cairo_status(toile.get()) == CAIRO_STATUS_SUCCESS;
 }
 
@@ -181,7 +145,7 @@ cairo_status_t Recoit(void* sortie, const unsigned char* octets, unsigned int no
   return CAIRO_STATUS_SUCCESS;
 }
 
-double EnPixels(float twips) { return std::ceil(static_cast<double>(twips) * Pixels); }
+double EnPixels(float twips) { return std::ceil(twips * Pixels); }
 
 }  // namespace
 

@@ -12,14 +12,12 @@
 #include <vector>
 
 #include "core/ui/Theme.h"
-#include "image/Vue.h"
+#include "image/Peintre.h"
 #include "image/ui/TraitRapide.h"
 
 namespace ovelin {
 
 namespace {
-
-constexpr double Pixels = 1.0 / static_cast<double>(TwipsParPixel);  // of a twip
 
 // What can be drawn smoothly at once, in stretches; a dotted line counts its dots. The toolkit builds an outline
 // for each line wider than a pixel, which takes many times as long.
@@ -58,22 +56,16 @@ class Peinture {
     }
   }
 
-  void Tout() {
-    p_.save();
-    for (const Primitive& primitive : scene_.Primitives) Une(primitive);
-    p_.restore();
-  }
-
- private:
-  void Une(const Primitive& p);
   void Ligne(const Primitive& p);
-  void LigneRapide(const Primitive& p);
   void Aire(const Primitive& p);
   void Points(const Primitive& p);
   void Carres(const Primitive& p);
   void Disque(const Primitive& p);
   void Fleches(const Primitive& p);
   void Texte(const Primitive& p);
+
+ private:
+  void LigneRapide(const Primitive& p);
   void Crayon(const Primitive& p);
   void Plein(const Primitive& p);
   [[nodiscard]] const Couleurs& De(const Primitive& p) const { return couleurs_[static_cast<std::size_t>(p.role)]; }
@@ -95,14 +87,13 @@ class Peinture {
 const std::vector<QPointF>& Peinture::Place(const Primitive& p) {
   const auto points = scene_.PointsDe(p);
   tampon_.resize(points.size());
-  std::transform(points.begin(), points.end(), tampon_.begin(), [](const PointEcran& e) {
-    return QPointF(static_cast<double>(e.X) * Pixels, static_cast<double>(e.Y) * Pixels);
-  });
+  std::transform(points.begin(), points.end(), tampon_.begin(),
+                 [](const PointEcran& e) { return QPointF(e.X * Pixels, e.Y * Pixels); });
   return tampon_;
 }
 
 void Peinture::Crayon(const Primitive& p) {
-  QPen crayon(De(p).couleur, epaisseur_ * static_cast<double>(LargeurDe(p, palette_)));
+  QPen crayon(De(p).couleur, epaisseur_ * LargeurDe(p, palette_));
   crayon.setCosmetic(true);
   const auto motif = MotifDe(palette_[p.role].style);
   if (!motif.empty()) crayon.setDashPattern(QList<qreal>(motif.begin(), motif.end()));
@@ -156,20 +147,20 @@ void Peinture::Aire(const Primitive& p) {
 void Peinture::Points(const Primitive& p) {
   p_.setRenderHint(QPainter::Antialiasing, lisse_);
   Plein(p);
-  const double rayon = static_cast<double>(p.mesure) * Pixels / 2;
+  const double rayon = p.mesure * Pixels / 2;
   for (const QPointF& q : Place(p)) p_.drawEllipse(q, rayon, rayon);
 }
 
 void Peinture::Carres(const Primitive& p) {
   p_.setRenderHint(QPainter::Antialiasing, false);
   const QColor& couleur = De(p).couleur;
-  const double cote = static_cast<double>(p.mesure) * Pixels;
+  const double cote = p.mesure * Pixels;
   for (const QPointF& q : Place(p)) p_.fillRect(QRectF(q.x() - cote / 2, q.y() - cote / 2, cote, cote), couleur);
 }
 
 void Peinture::Disque(const Primitive& p) {
   const QColor& fond = De(p).fond;
-  const double rayon = static_cast<double>(p.mesure) * Pixels;
+  const double rayon = p.mesure * Pixels;
   const auto trace = [&](QPainter& peintre, const QPointF& centre) {
     peintre.setRenderHint(QPainter::Antialiasing, true);
     peintre.setPen(QPen(De(p).couleur, 1));
@@ -208,31 +199,9 @@ void Peinture::Texte(const Primitive& p) {
   p_.setPen(De(p).texte);
   const QString texte = QString::fromStdString(scene_.Textes[p.texte]);
   const QPointF place = Place(p).front();
-  QPointF pied(place.x(), place.y() + police_.ascent());
-  if (p.ancre == Ancre::Centre) {
-    pied = {place.x() - police_.horizontalAdvance(texte) / 2,
-            place.y() + (police_.ascent() - police_.descent()) / 2};
-  }
-  p_.drawText(pied, texte);
-}
-
-void Peinture::Une(const Primitive& p) {
-  switch (p.genre) {
-    case Genre::Ligne:
-      return Ligne(p);
-    case Genre::Aire:
-      return Aire(p);
-    case Genre::Points:
-      return Points(p);
-    case Genre::Carres:
-      return Carres(p);
-    case Genre::Disque:
-      return Disque(p);
-    case Genre::Fleches:
-      return Fleches(p);
-    case Genre::Texte:
-      return Texte(p);
-  }
+  p_.drawText(QPointF(PiedX(place.x(), p.ancre, police_.horizontalAdvance(texte)),
+                      PiedY(place.y(), p.ancre, police_.ascent(), police_.descent())),
+              texte);
 }
 
 }  // namespace
@@ -257,7 +226,10 @@ bool PeutLisser(const Scene& scene, const Palette& palette, double pixels) {
 }
 
 void PeintScene(QPainter& peintre, const Scene& scene, const Palette& palette) {
-  Peinture(peintre, scene, palette).Tout();
+  peintre.save();
+  Peinture peinture(peintre, scene, palette);
+  PeintPrimitives(peinture, scene);
+  peintre.restore();
 }
 
 MesureTexte MesureDe(const QFont& police) {
