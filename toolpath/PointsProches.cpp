@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <tuple>
 
 #include "toolpath/NoyauOrdre.h"
@@ -10,10 +11,14 @@ namespace ovelin {
 
 namespace {
 
-constexpr std::size_t TailleFeuille = 8;
 constexpr double DistanceMax = 1e15;  // mm, from there on a point is out of reach
 // Distances are formed from differences in 32 bits: a box is left out only where it is farther by more than that.
-constexpr double Prudence = 1 - 1e-6;
+constexpr double Marge = 1 + 3e-6;
+
+// Squared distance from which on a box holds nothing as near as `distance`; one of that distance itself may.
+double Limite2(double distance) { return Marge * distance * distance + std::numeric_limits<double>::min(); }
+
+base::Vec2 EnVec2(const PointTrace& p) { return {p.X, p.Y}; }
 
 }  // namespace
 
@@ -44,37 +49,9 @@ PointsProches::PointsProches(std::span<const PointTrace> points, std::span<const
       lieu.autre = i;
     }
   }
-  if (!lieux_.empty()) Construit(0, lieux_.size());
-}
-
-std::size_t PointsProches::Construit(std::size_t debut, std::size_t fin) {
-  Noeud n;
-  n.debut = debut;
-  n.fin = fin;
-  n.xmin = n.xmax = lieux_[debut].place.X;
-  n.ymin = n.ymax = lieux_[debut].place.Y;
-  for (std::size_t i = debut; i < fin; ++i) {
-    const PointTrace& p = lieux_[i].place;
-    n.xmin = std::min(n.xmin, p.X);
-    n.xmax = std::max(n.xmax, p.X);
-    n.ymin = std::min(n.ymin, p.Y);
-    n.ymax = std::max(n.ymax, p.Y);
-  }
-  const std::size_t place = noeuds_.size();
-  noeuds_.push_back(n);
-  if (fin - debut <= TailleFeuille) return place;
-  const bool enX = Ecart(n.xmin, n.xmax) >= Ecart(n.ymin, n.ymax);
-  const std::size_t milieu = debut + (fin - debut) / 2;
-  const auto a = lieux_.begin();
-  std::nth_element(a + static_cast<std::ptrdiff_t>(debut), a + static_cast<std::ptrdiff_t>(milieu),
-                   a + static_cast<std::ptrdiff_t>(fin), [enX](const Lieu& l, const Lieu& m) {
-                     return enX ? l.place.X < m.place.X : l.place.Y < m.place.Y;
-                   });
-  const std::size_t gauche = Construit(debut, milieu);
-  const std::size_t droite = Construit(milieu, fin);
-  noeuds_[place].gauche = gauche;
-  noeuds_[place].droite = droite;
-  return place;
+  arbre_.RangeParVoisinage(lieux_.begin(), lieux_.size(), [](const Lieu& l) { return EnVec2(l.place); });
+  arbre_ = {lieux_.size(),
+            [this](std::size_t i, base::Boite<float>& b) { b.Etend(lieux_[i].place.X, lieux_[i].place.Y); }};
 }
 
 // A point of the first run stands in front of those of the others.
@@ -86,36 +63,21 @@ std::size_t PointsProches::Index(const Lieu& lieu) const {
   return premiere_.premier + rang;
 }
 
-void PointsProches::Descend(std::size_t noeud, const PointTrace& position, double& meilleur,
-                            std::optional<Choix>& choix) const {
-  const Noeud& n = noeuds_[noeud];
-  if (n.droite == 0) {
-    for (std::size_t i = n.debut; i < n.fin; ++i) {
+std::optional<PointsProches::Choix> PointsProches::Cherche(const PointTrace& position) const {
+  std::optional<Choix> choix;
+  double meilleur = DistanceMax;
+  double limite2 = Limite2(meilleur);
+  arbre_.Approche(EnVec2(position), limite2, [&](std::size_t feuille) {
+    for (std::size_t i = arbre_.Debut(feuille); i < arbre_.Fin(feuille); ++i) {
       const double d = DistancePoints(position, lieux_[i].place);
       if (!(d <= meilleur) || d >= DistanceMax) continue;
       const std::size_t index = Index(lieux_[i]);
       if (d == meilleur && choix && index > choix->index) continue;
       meilleur = d;
+      limite2 = Limite2(d);
       choix = Choix{index, lieux_[i].place};
     }
-    return;
-  }
-  const auto ecart = [&](const Noeud& m) {
-    const double dx = std::max({0.0, Ecart(position.X, m.xmin), Ecart(m.xmax, position.X)});
-    const double dy = std::max({0.0, Ecart(position.Y, m.ymin), Ecart(m.ymax, position.Y)});
-    return std::hypot(dx, dy) * Prudence;
-  };
-  const double gauche = ecart(noeuds_[n.gauche]);
-  const double droite = ecart(noeuds_[n.droite]);
-  const bool dAbordGauche = gauche <= droite;
-  if (std::min(gauche, droite) <= meilleur) Descend(dAbordGauche ? n.gauche : n.droite, position, meilleur, choix);
-  if (std::max(gauche, droite) <= meilleur) Descend(dAbordGauche ? n.droite : n.gauche, position, meilleur, choix);
-}
-
-std::optional<PointsProches::Choix> PointsProches::Cherche(const PointTrace& position) const {
-  std::optional<Choix> choix;
-  double meilleur = DistanceMax;
-  if (!noeuds_.empty()) Descend(0, position, meilleur, choix);
+  });
   return choix;
 }
 

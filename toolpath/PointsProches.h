@@ -6,13 +6,14 @@
 #include <span>
 #include <vector>
 
+#include "base/ArbreBoites.h"
 #include "toolpath/Etendues.h"
 
 namespace ovelin {
 
-// A tree of boxes over the distinct places of the points (k-d tree, halved at the median of the longer side). The
-// start of the first run, where that is closed, is only counted until `Applique`; indices are those that the points
-// would have by then. So a path of k runs costs k searches and one pass, not k passes.
+// A tree of boxes over the distinct places of the points. The start of the first run, where that is closed, is only
+// counted until `Applique`; indices are those that the points would have by then. So a path of k runs costs k
+// searches and one pass, not k passes.
 class PointsProches {
  public:
   // The runs of one code, in the order of the drawing `points`.
@@ -37,13 +38,6 @@ class PointsProches {
     std::optional<std::size_t> autre;  // first index in a later run
     std::size_t debut = 0, fin = 0;    // in `rangs_`
   };
-  struct Noeud {
-    float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
-    std::size_t debut = 0, fin = 0;      // in `lieux_`
-    std::size_t gauche = 0, droite = 0;  // 0: a leaf
-  };
-  std::size_t Construit(std::size_t debut, std::size_t fin);
-  void Descend(std::size_t noeud, const PointTrace& position, double& meilleur, std::optional<Choix>& choix) const;
   [[nodiscard]] std::size_t Index(const Lieu& lieu) const;
 
   Etendue premiere_;
@@ -53,7 +47,7 @@ class PointsProches {
   std::size_t modulo_ = 0;          // points of the first run, without the closing one
   std::vector<std::size_t> rangs_;  // of the first run, from its old start, ascending within a place
   std::vector<Lieu> lieux_;
-  std::vector<Noeud> noeuds_;
+  base::ArbreBoites<float, 8> arbre_;
 };
 
 }  // namespace ovelin
