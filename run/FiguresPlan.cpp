@@ -1,11 +1,11 @@
 #include "run/FiguresPlan.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <unordered_set>
 
 #include "core/Nombres.h"
+#include "run/CumulLignes.h"
 #include "run/NoyauPlan.h"
 #include "toolpath/Etendues.h"
 
@@ -41,25 +41,17 @@ void Etend(FiguresPlan& f, const Deplacement& avant, const Deplacement& d) {
 
 FiguresPlan FiguresDe(std::span<const Deplacement> lignes) {
   FiguresPlan f;
-  double x = 0;
-  double y = 0;
-  double z = 0;
+  CumulLignes cumul;
   for (std::size_t i = 1; i < lignes.size(); ++i) {
     const Deplacement& d = lignes[i];
-    const double ecartX = d.X - x;
-    const double ecartY = d.Y - y;
-    const double ecartZ = d.Z - z;
-    const double distance = std::sqrt(ecartX * ecartX + ecartY * ecartY + ecartZ * ecartZ);
-    f.longueur += distance;
+    const double distance = cumul.Va(d.X, d.Y, d.Z, d.Vitesse);
     if (d.Z <= 0) f.longueurMatiere += distance;
-    if (d.Vitesse != 0) f.temps += distance / d.Vitesse;
     f.fond = std::min<double>(f.fond, d.Z);
     Etend(f, lignes[i - 1], d);
-    x = d.X;
-    y = d.Y;
-    z = d.Z;
     ++f.lignes;
   }
+  f.longueur = cumul.LongueurNC;
+  f.temps = cumul.TempsNC;
   return f;
 }
 

@@ -16,13 +16,11 @@ constexpr std::array<double, 10> Puissances{1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7
 
 // Words of a move line. Values are compared in the width of a row, so a number that was only widened to be kept
 // doesn't count as changed.
-char* EcritMot(char* place, char lettre, float v, double& dernier) {
+char* EcritMot(char* place, char lettre, float v, double dernier) {
   if (v == static_cast<float>(dernier)) return place;
   *place++ = ' ';
   *place++ = lettre;
-  place = EcritNombreNC(place, v, 3);
-  dernier = v;
-  return place;
+  return EcritNombreNC(place, v, 3);
 }
 
 }  // namespace
@@ -63,13 +61,6 @@ void EcritLigneNC(std::string& texte, EtatNC& etat, float vitesse, float x, floa
     etat.DernierF = vitesse;
     ++etat.lignes;
   }
-  const double ecartX = x - etat.DernierX;
-  const double ecartY = y - etat.DernierY;
-  const double ecartZ = z - etat.DernierZ;
-  const double distance = std::sqrt(ecartX * ecartX + ecartY * ecartY + ecartZ * ecartZ);
-  etat.LongueurNC += distance;
-  if (vitesse != 0) etat.TempsNC += distance / vitesse;
-
   *place++ = 'G';
   *place++ = '0';
   *place++ = z > 0 ? '0' : '1';  // the height alone decides; the F in force is what the row asks
@@ -78,6 +69,7 @@ void EcritLigneNC(std::string& texte, EtatNC& etat, float vitesse, float x, floa
   place = EcritMot(place, 'Y', y, etat.DernierY);
   place = EcritMot(place, 'Z', z, etat.DernierZ);
   *place++ = '\n';
+  etat.Va(x, y, z, vitesse);
   ++etat.lignes;
   texte.append(tampon.data(), static_cast<std::size_t>(place - tampon.data()));
 }

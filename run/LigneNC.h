@@ -5,15 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include "run/CumulLignes.h"
+
 namespace ovelin {
 
 // What the writing of one file carries from row to row. All zero at the start, wherever the machine stands.
-struct EtatNC {
-  double LongueurNC = 0;                            // mm
-  double TempsNC = 0;                               // s at row speed, without ramps
-  double DernierF = 0;                              // mm/s
-  double DernierX = 0, DernierY = 0, DernierZ = 0;  // mm
-  long lignes = 0;                                  // lines so far
+struct EtatNC : CumulLignes {
+  double DernierF = 0;  // mm/s
+  long lignes = 0;      // lines so far
 };
 
 // Longest text of one number by EcritNombreNC: sign, 39 digits, point, 9 decimals.

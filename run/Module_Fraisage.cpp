@@ -8,6 +8,7 @@
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
+#include "core/Duree.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
@@ -126,16 +127,14 @@ std::optional<std::pair<int, int>> LitPlaceFraisage() {
 }
 
 std::string TexteDuree(double secondes) {
-  const auto total = static_cast<long>(Arrondi32(std::max(0.0, secondes)));
-  const long heures = total / 3600;
-  const long minutes = total / 60 % 60;
+  const Duree d = DureeDe(secondes);
   char tampon[64];
-  if (heures > 0) {
-    std::snprintf(tampon, sizeof tampon, "%ld h %02ld min %02ld s", heures, minutes, total % 60);
-  } else if (minutes > 0) {
-    std::snprintf(tampon, sizeof tampon, "%ld min %02ld s", minutes, total % 60);
+  if (d.heures > 0) {
+    std::snprintf(tampon, sizeof tampon, "%ld h %02ld min %02ld s", d.heures, d.minutes, d.secondes);
+  } else if (d.minutes > 0) {
+    std::snprintf(tampon, sizeof tampon, "%ld min %02ld s", d.minutes, d.secondes);
   } else {
-    std::snprintf(tampon, sizeof tampon, "%ld s", total);
+    std::snprintf(tampon, sizeof tampon, "%ld s", d.secondes);
   }
   return tampon;
 }

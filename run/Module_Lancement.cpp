@@ -28,7 +28,7 @@ constexpr double Tolerance = 1e-6;  // mm/s: what arithmetic leaves of equal spe
 std::string Vitesse(double v) { return Formate(v, "0.00"); }
 
 bool Question(CleTexte cle, const std::string& texte, Icone icone) {
-  Boite boite = BoiteDe(cle, icone, Boutons::OkAnnuler);
+  BoiteMessage boite = BoiteDe(cle, icone, Boutons::OkAnnuler);
   boite.texte = texte;
   return Svc.Montre(boite) == Reponse::Ok;
 }

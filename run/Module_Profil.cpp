@@ -3,18 +3,22 @@
 #include "controller/ClsCdeZENIK.h"
 #include "core/PlanCourant.h"
 #include "core/RunCourant.h"
+#include "run/NoyauPlan.h"
 
 namespace ovelin {
 
-double TempsPrevu() {
+double SommeDurees(const std::function<float(Deplacement&)>& duree) {
   double somme = 0;
-  for (std::int32_t i = 2; i <= NbDeplacements; ++i) {
-    Deplacement& ligne = TableDecoupe[static_cast<std::size_t>(i)];
+  for (Deplacement& ligne : LignesMues(Plan)) somme += duree(ligne);
+  return somme;
+}
+
+double TempsPrevu() {
+  return SommeDurees([](Deplacement& ligne) {
     float t = 0;
     CdeZENIK->CommandeDATA(ligne.dX, ligne.dY, ligne.dZ, ligne.Vitesse, t, true);
-    somme += static_cast<double>(t);
-  }
-  return somme;
+    return t;
+  });
 }
 
 double TempsDecoupe() {

@@ -1,6 +1,10 @@
 // How long the table of moves takes on the board, ramps included. One row at a time: no row knows its neighbours.
 #pragma once
 
+#include <functional>
+
+#include "core/TableDecoupe.h"
+
 namespace ovelin {
 
 // The foreseen duration of TableDecoupe, s, by the arithmetic of the board's own records, from the second row on.
@@ -11,5 +15,7 @@ double TempsDecoupe();
 
 // The same by the parameters that are loaded, with or without a board; nothing is sent.
 double TempsPrevu();
+// What `duree` gives for each move of TableDecoupe, s, added up. `duree` may lower the speed of its row.
+double SommeDurees(const std::function<float(Deplacement&)>& duree);
 
 }  // namespace ovelin

@@ -213,7 +213,17 @@ std::vector<UsinageTrace> UsinagesDe(const Document& document) {
 
 std::span<const Deplacement> LignesDe(const EtatPlan& plan) {
   if (plan.NbDeplacements < 1) return {};
-  return std::span(plan.TableDecoupe).subspan(1, static_cast<std::size_t>(plan.NbDeplacements));
+  return {plan.TableDecoupe.begin() + 1, plan.TableDecoupe.begin() + plan.NbDeplacements + 1};
+}
+
+std::span<Deplacement> LignesMues(EtatPlan& plan) {
+  if (plan.NbDeplacements < 2) return {};
+  return {plan.TableDecoupe.begin() + 2, plan.TableDecoupe.begin() + plan.NbDeplacements + 1};
+}
+
+std::span<const Deplacement> LignesMues(const EtatPlan& plan) {
+  const auto lignes = LignesDe(plan);
+  return lignes.empty() ? lignes : lignes.subspan(1);
 }
 
 void InitialisePlan(EtatPlan& plan, const ParametresPlan& p) {

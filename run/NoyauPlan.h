@@ -40,6 +40,9 @@ std::vector<UsinageTrace> UsinagesDe(const Document& document);
 
 // The rows of a plan from row 1, the start, on.
 std::span<const Deplacement> LignesDe(const EtatPlan& plan);
+// Its moves: the rows behind the start.
+std::span<const Deplacement> LignesMues(const EtatPlan& plan);
+std::span<Deplacement> LignesMues(EtatPlan& plan);
 
 // A plan never holds more rows than this: 2 GB of table, about a hundred hours of work on such a machine.
 inline constexpr std::int64_t LimiteLignes = 50'000'000;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdio>
 
+#include "core/Duree.h"
 #include "core/Nombres.h"
 
 namespace ovelin {
@@ -64,16 +65,14 @@ void AjouteReste(EtatPlan& plan, const std::vector<Deplacement>& reste, float vi
 }
 
 std::string TexteTempsRestant(double secondes) {
-  const long reste = Arrondi32(std::max(0.0, secondes));
-  const long heures = reste / 3600;
-  const long minutes = reste / 60 % 60;
+  const Duree d = DureeDe(secondes);
   char tampon[48];
-  if (heures > 0) {
-    std::snprintf(tampon, sizeof tampon, "%ld:%02ld:%02ld", heures, minutes, reste % 60);
-  } else if (minutes > 0) {
-    std::snprintf(tampon, sizeof tampon, "%02ld:%02ld", minutes, reste % 60);
+  if (d.heures > 0) {
+    std::snprintf(tampon, sizeof tampon, "%ld:%02ld:%02ld", d.heures, d.minutes, d.secondes);
+  } else if (d.minutes > 0) {
+    std::snprintf(tampon, sizeof tampon, "%02ld:%02ld", d.minutes, d.secondes);
   } else {
-    std::snprintf(tampon, sizeof tampon, "%02ld", reste % 60);
+    std::snprintf(tampon, sizeof tampon, "%02ld", d.secondes);
   }
   return tampon;
 }

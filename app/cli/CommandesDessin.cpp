@@ -20,6 +20,7 @@
 #include "machine/Module_Table.h"
 #include "machine/TableCourante.h"
 #include "run/AvisPlan.h"
+#include "run/CumulLignes.h"
 #include "run/FiguresPlan.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
@@ -131,9 +132,9 @@ bool LitPosition(const std::string& texte, double& x, double& y, double& z) {
 
 std::string LignesEnCsv(const PlanCarte& plan) {
   std::string sortie = "X,Y,Z,dX,dY,dZ,Vitesse,Ticks,N,P,T\n";
-  for (std::int32_t i = 2; i <= NbDeplacements; ++i) {
-    const Deplacement& d = TableDecoupe[static_cast<std::size_t>(i)];
-    const Mouvement& m = plan.lignes[static_cast<std::size_t>(i - 2)];
+  auto mouvement = plan.lignes.begin();
+  for (const Deplacement& d : LignesMues(Plan)) {
+    const Mouvement& m = *mouvement++;
     for (const float v : {d.X, d.Y, d.Z}) {
       AjouteNombre(sortie, v);
       sortie += ',';
@@ -170,25 +171,16 @@ void AvertitHorsCourse() {
   dit("Y", f.ymin, f.ymax, static_cast<double>(CourseY));
 }
 
-struct Sommes {
-  std::int32_t moteur = 0;  // rows that move a motor
-  double longueur = 0;      // mm
-  double secondes = 0;      // at row speed, without ramps
-};
-
-Sommes SommesDuPlan() {
-  Sommes s;
-  for (std::int32_t i = 2; i <= NbDeplacements; ++i) {
-    const Deplacement& avant = TableDecoupe[static_cast<std::size_t>(i - 1)];
-    const Deplacement& d = TableDecoupe[static_cast<std::size_t>(i)];
-    if (d.dX != 0 || d.dY != 0 || d.dZ != 0) ++s.moteur;
-    const double l = std::hypot(static_cast<double>(d.X) - static_cast<double>(avant.X),
-                                static_cast<double>(d.Y) - static_cast<double>(avant.Y),
-                                static_cast<double>(d.Z) - static_cast<double>(avant.Z));
-    s.longueur += l;
-    if (d.Vitesse > 0) s.secondes += l / static_cast<double>(d.Vitesse);
-  }
-  return s;
+// The way from the machine's place on, which is row 1, at the speeds of the rows.
+CumulLignes CumulDuPlan() {
+  const auto lignes = LignesDe(Plan);
+  CumulLignes cumul;
+  if (lignes.empty()) return cumul;
+  cumul.DernierX = lignes.front().X;
+  cumul.DernierY = lignes.front().Y;
+  cumul.DernierZ = lignes.front().Z;
+  for (const Deplacement& d : lignes.subspan(1)) cumul.Va(d.X, d.Y, d.Z, d.Vitesse);
+  return cumul;
 }
 
 // What stands in the way of a job, and what is surely wrong in it; the latter is told alone.
@@ -338,14 +330,14 @@ int Planifie(Contexte& contexte, const std::string& dessin, const OptionsPlan& o
   double vMax = 0;
   std::int16_t reserve = 0;
   Vitesse_Decoupe_H(sansRampe, vMax, reserve);
-  const Sommes sommes = SommesDuPlan();  // before the rows' speeds are lowered
+  const CumulLignes cumul = CumulDuPlan();  // before the rows' speeds are lowered
   const PlanCarte plan = CalculePlanCarte();
   if (const int etat = EcritPlan(contexte, options, plan)) return etat;
   return Resultat(contexte, Json{{"rows", NbDeplacements - 1},
-                                 {"records", sommes.moteur},
-                                 {"seconds", sommes.secondes},
+                                 {"records", plan.nombreRecords},
+                                 {"seconds", cumul.TempsNC},
                                  {"foreseen", plan.prevu},
-                                 {"length", sommes.longueur},
+                                 {"length", cumul.LongueurNC},
                                  {"VSansRampe", sansRampe},
                                  {"VMax", vMax}});
 }

@@ -16,6 +16,7 @@
 #include "run/Module_Decoupe.h"
 #include "run/Module_Fraisage.h"
 #include "run/Module_Lancement.h"
+#include "run/NoyauPlan.h"
 
 namespace ovelin::cli {
 
@@ -51,8 +52,7 @@ struct Suivi {
 
 Pas3 PasDuPlan() {
   std::array<std::int64_t, 3> somme{};
-  for (std::int32_t i = 1; i <= NbDeplacements; ++i) {
-    const Deplacement& d = TableDecoupe[static_cast<std::size_t>(i)];
+  for (const Deplacement& d : LignesDe(Plan)) {
     somme[0] += d.dX;
     somme[1] += d.dY;
     somme[2] += d.dZ;
