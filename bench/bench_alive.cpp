@@ -134,7 +134,7 @@ void Mesure(int points, int contours, double montre) {
   PrepareDossierTemp();
 
   InstalleServicesQt();
-  Svc.Montre = [](const Boite& b) {
+  Svc.Montre = [](const BoiteMessage& b) {
     std::printf("box: %s\n", b.texte.c_str());
     return Reponse::Ok;
   };

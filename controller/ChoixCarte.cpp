@@ -199,7 +199,7 @@ void FermeCarte() {
 
 void DitRefus(const std::vector<RefusCarte>& refus) {
   for (const RefusCarte& r : refus) {
-    Boite boite = BoiteDe(r.texte, Icone::Exclamation);
+    BoiteMessage boite = BoiteDe(r.texte, Icone::Exclamation);
     boite.texte = TexteRefus(r);
     Svc.Montre(boite);
   }

@@ -24,7 +24,7 @@ namespace {
 
 // Fixed texts of the link, the same in every language.
 void MontreTexte(std::string texte) {
-  Boite boite;
+  BoiteMessage boite;
   boite.texte = std::move(texte);
   Svc.Montre(boite);
 }
@@ -138,7 +138,7 @@ void ClsCdeZENIK::ChargeParametres() {
     if (tenuesDites_.insert(ligne).second) texte += "\n" + ligne;
   }
   if (texte.empty()) return;
-  Boite boite = BoiteDe(Textes::TableTenue, Icone::Exclamation);
+  BoiteMessage boite = BoiteDe(Textes::TableTenue, Icone::Exclamation);
   boite.texte += texte;
   Svc.Montre(boite);
 }

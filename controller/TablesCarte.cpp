@@ -36,7 +36,7 @@ bool SansNom(std::string_view octets) {
 
 // False: the box has told why the board can't be used.
 bool AccepteVersion(const std::string& version) {
-  Boite boite;
+  BoiteMessage boite;
   if (version.size() < LongueurVersion) {
     boite.texte = "ZENIK not connected !";
     Svc.Montre(boite);
@@ -135,7 +135,7 @@ void ClsCdeZENIK::TableEcrire(const std::string& nom, std::uint8_t table) {
 }
 
 void ClsCdeZENIK::RefuseNom(const std::string& nom) {
-  Boite boite = BoiteDe(Textes::NomTableHorsJeu, Icone::Critique);
+  BoiteMessage boite = BoiteDe(Textes::NomTableHorsJeu, Icone::Critique);
   boite.texte += " " + nom;
   Svc.Montre(boite);
 }
@@ -145,7 +145,7 @@ void ClsCdeZENIK::DitDebords(const std::string& nom, const ParametresZENIK& p) {
   std::string texte;
   for (const std::string& debord : Debords(p)) texte += "\n" + debord;
   if (texte.empty() || !debordsDits_.insert(nom + texte).second) return;
-  Boite boite = BoiteDe(Textes::TableDeborde, Icone::Exclamation);
+  BoiteMessage boite = BoiteDe(Textes::TableDeborde, Icone::Exclamation);
   boite.texte += " " + nom + texte;
   Svc.Montre(boite);
 }

@@ -5,8 +5,8 @@
 
 namespace ovelin {
 
-Boite BoiteRefus(const RefusFichier& refus) {
-  Boite boite;
+BoiteMessage BoiteRefus(const RefusFichier& refus) {
+  BoiteMessage boite;
   boite.section = refus.section;
   boite.cle = refus.cle;
   boite.texte = Traduire(refus.section, refus.cle) + refus.suite;
@@ -17,6 +17,6 @@ Boite BoiteRefus(const RefusFichier& refus) {
   return boite;
 }
 
-Boite BoiteErreur(std::int32_t numero) { return BoiteRefus(RefusErreur(numero)); }
+BoiteMessage BoiteErreur(std::int32_t numero) { return BoiteRefus(RefusErreur(numero)); }
 
 }  // namespace ovelin

@@ -9,8 +9,8 @@
 namespace ovelin {
 
 // The text of the refusal in a critical box, with the file and line at fault.
-Boite BoiteRefus(const RefusFichier& refus);
+BoiteMessage BoiteRefus(const RefusFichier& refus);
 // The same for a number of the geometry library.
-Boite BoiteErreur(std::int32_t numero);
+BoiteMessage BoiteErreur(std::int32_t numero);
 
 }  // namespace ovelin

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/SansCopie.h"
+
 namespace ovelin {
 
 std::string LireCle(std::string_view cle, std::string_view defaut);
@@ -56,22 +58,18 @@ struct MagasinCles {
 extern MagasinCles Magasin;
 
 // While one stands, files are read once and written once, at its end (or when the project writer takes over).
-class LotCles {
+class LotCles : base::SansCopie {
  public:
   LotCles();
   ~LotCles();
-  LotCles(const LotCles&) = delete;
-  LotCles& operator=(const LotCles&) = delete;
 };
 
 // While one stands, keys come from the settings file alone and go there alone: the open project overrides nothing
 // and receives nothing. A `LotCles` over the same keys is made behind it.
-class SansProjet {
+class SansProjet : base::SansCopie {
  public:
   SansProjet();
   ~SansProjet();
-  SansProjet(const SansProjet&) = delete;
-  SansProjet& operator=(const SansProjet&) = delete;
 
  private:
   std::string projet_;

@@ -28,7 +28,7 @@ struct Interface {
 };
 
 Interface DemandeInterface() {
-  Boite boite = BoiteDe(Textes::DemandeInterface, Icone::Aucune, Boutons::OkAnnuler);
+  BoiteMessage boite = BoiteDe(Textes::DemandeInterface, Icone::Aucune, Boutons::OkAnnuler);
   boite.texte += "\n" + Traduire(Textes::DemandeInterfaceSuite);
   return Svc.Montre(boite) == Reponse::Ok ? Interface{"0", "20"} : Interface{"1", "0"};
 }

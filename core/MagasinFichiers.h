@@ -8,6 +8,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/SansCopie.h"
 #include "core/Empreinte.h"
 #include "core/FichierIni.h"
 #include "core/Fichiers.h"
@@ -42,12 +43,10 @@ void OublieProjet(const std::string& chemin);
 
 // While one stands, lines for the file `chemin` go to `texte`: the project writer composes its file in memory.
 // What waited for that file is dropped, since the writer starts it anew.
-class Redirection {
+class Redirection : base::SansCopie {
  public:
   Redirection(std::string chemin, std::string& texte);
   ~Redirection();
-  Redirection(const Redirection&) = delete;
-  Redirection& operator=(const Redirection&) = delete;
 };
 
 }  // namespace ovelin::magasin

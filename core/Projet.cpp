@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/Avancement.h"
 #include "core/BoiteRefus.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
@@ -32,18 +33,6 @@ namespace {
 // Points and bytes from which a file is worth a thread: below, it is there in some milliseconds.
 constexpr std::size_t SeuilFondPoints = 5000;
 constexpr std::uintmax_t SeuilFondOctets = 300000;
-
-// Progress of a save, taken away whatever happens.
-class Avancement {
- public:
-  Avancement() {
-    Svc.AvancementDebut(Traduire(Textes::EnregistrementEnCours), 0);
-    Svc.LaisseEvenements(Evenements::Affichage);
-  }
-  ~Avancement() { Svc.AvancementFin(); }
-  Avancement(const Avancement&) = delete;
-  Avancement& operator=(const Avancement&) = delete;
-};
 
 ErreurSysteme MemoireManque() {
   return std::generic_category().message(static_cast<int>(std::errc::not_enough_memory));
@@ -101,7 +90,7 @@ std::string LignesReglages(const std::string& chemin) {
 ErreurSysteme EcrireProjet(const std::string& chemin) {
   // Before any key is written, so that a refused save changes nothing at all.
   if (ErreurSysteme refus = EcritureRefusee(chemin); !refus.empty()) return refus;
-  const Avancement avancement;
+  const Avancement avancement(Traduire(Textes::EnregistrementEnCours));
   ErreurSysteme erreur;
   try {
     const Garantie garantie = Instantane != Faux ? Garantie::Processus : Garantie::Disque;

@@ -18,8 +18,8 @@ namespace {
 [[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Svc = ServicesMuets(); });
 }
 
-Boite BoiteDe(CleTexte texte, Icone icone, Boutons boutons) {
-  Boite boite;
+BoiteMessage BoiteDe(CleTexte texte, Icone icone, Boutons boutons) {
+  BoiteMessage boite;
   boite.section = texte.Section();
   boite.cle = texte.Cle();
   boite.texte = Traduire(texte);
@@ -30,13 +30,13 @@ Boite BoiteDe(CleTexte texte, Icone icone, Boutons boutons) {
 }
 
 Reponse Message(CleTexte texte, Icone icone, Boutons boutons, std::string_view titre) {
-  Boite boite = BoiteDe(texte, icone, boutons);
+  BoiteMessage boite = BoiteDe(texte, icone, boutons);
   boite.titre = titre;
   return Svc.Montre(boite);
 }
 
 void MessageFichier(CleTexte texte, const std::string& suite, Icone icone, const std::string& fichier) {
-  Boite boite = BoiteDe(texte, icone);
+  BoiteMessage boite = BoiteDe(texte, icone);
   boite.texte += suite;
   boite.fichier = fichier;
   Svc.Montre(boite);
@@ -60,7 +60,7 @@ void TravailleSi(bool long_, const std::function<void()>& noyau) {
 
 Services ServicesMuets() {
   Services s;
-  s.Montre = [](const Boite& boite) -> Reponse {
+  s.Montre = [](const BoiteMessage& boite) -> Reponse {
     std::fprintf(stderr, "box without an answer: %s %s \"%s\"\n", boite.section.c_str(), boite.cle.c_str(),
                  boite.texte.c_str());
     Impossible("unanswered box", __FILE__, __LINE__);

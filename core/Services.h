@@ -18,7 +18,7 @@ enum class Reponse { Ok, Annuler, Oui, Non };
 
 // A box. `cle` with `section` names it (tests script by key; "" for the few fixed texts, then `texte` names it);
 // `texte` is what the user reads, complete and translated.
-struct Boite {
+struct BoiteMessage {
   std::string section;
   std::string cle;
   std::string texte;
@@ -78,7 +78,7 @@ enum class DemandePilotage {
 };
 
 struct Services {
-  std::function<Reponse(const Boite&)> Montre;
+  std::function<Reponse(const BoiteMessage&)> Montre;
   std::function<std::string(const DialogueFichier&)> ChoisitFichier;  // "" when cancelled
   // "" when cancelled; the prompt is named by the key of its text.
   std::function<std::string(CleTexte cle, const std::string& texte, const std::string& propose)> Saisit;
@@ -138,7 +138,7 @@ void Travaille(const std::function<void()>& noyau);
 void TravailleSi(bool long_, const std::function<void()>& noyau);
 
 // A box with its text under the program's name, to be completed.
-Boite BoiteDe(CleTexte texte, Icone icone, Boutons boutons = Boutons::Ok);
+BoiteMessage BoiteDe(CleTexte texte, Icone icone, Boutons boutons = Boutons::Ok);
 // Such a box shown; the shortest way.
 Reponse Message(CleTexte texte, Icone icone, Boutons boutons = Boutons::Ok, std::string_view titre = "OVELIN");
 // A box about a file: its text, then `suite`, which names the file and the reason where they help.

@@ -172,7 +172,7 @@ std::string TexteValeur(const ValeurIllisible& v) {
 
 void AvertitValeurs(const std::vector<ValeurIllisible>& valeurs) {
   if (valeurs.empty()) return;
-  Boite boite = BoiteDe(Textes::ValeurRefusee, Icone::Exclamation);
+  BoiteMessage boite = BoiteDe(Textes::ValeurRefusee, Icone::Exclamation);
   for (const ValeurIllisible& v : valeurs) boite.texte += "\n" + TexteValeur(v);
   boite.fichier = valeurs.front().fichier;
   boite.ligne = valeurs.front().ligne;

@@ -3,18 +3,17 @@
 
 #include <string>
 
+#include "base/SansCopie.h"
 #include "core/Fichiers.h"
 
 namespace ovelin {
 
 // The lock lies on the folder of the file: the file itself is another one behind each write, and a file of its own
 // would stay behind. Where a file system knows no locks, nobody is held out.
-class Verrou {
+class Verrou : base::SansCopie {
  public:
   Verrou() = default;
   ~Verrou();
-  Verrou(const Verrou&) = delete;
-  Verrou& operator=(const Verrou&) = delete;
 
   // Waits for `attente` seconds at most. "", or that another program holds the file.
   ErreurSysteme Prend(const std::string& chemin, double attente);

@@ -395,7 +395,7 @@ void Run::Pause(double secondes) {
 }
 
 void Run::Rejete(const Mot& mot) {
-  Boite boite = BoiteDe(Textes::MotRejete, Icone::Critique);
+  BoiteMessage boite = BoiteDe(Textes::MotRejete, Icone::Critique);
   boite.texte += " " + std::string(mot.texte);
   Svc.Montre(boite);
 }
@@ -433,14 +433,8 @@ void Run::Arretee() {
 
 // Lines that will be skipped can hold a lift: who runs the program knows of them.
 bool AccepteLignesRefusees(const Programme& programme) {
-  const ComptesProgramme& comptes = programme.Comptes();
-  if (comptes.refusees == 0) return true;
-  constexpr std::size_t LongueurMontree = 80;
-  Boite boite = BoiteDe(Textes::GcodeSauteLignes, Icone::Exclamation, Boutons::OuiNon);
-  boite.texte += "\n" + std::to_string(comptes.refusees) + "\n" + std::to_string(comptes.premiereRefusee) + ": " +
-                 DeTexte8(Coupe8(programme.Ligne(comptes.premiereRefusee - 1), LongueurMontree));
-  boite.ligne = static_cast<long>(comptes.premiereRefusee);
-  return Svc.Montre(boite) == Reponse::Oui;
+  if (programme.Comptes().refusees == 0) return true;
+  return Svc.Montre(BoiteLignesRefusees(Textes::GcodeSauteLignes, Boutons::OuiNon, programme)) == Reponse::Oui;
 }
 
 bool Refuse(const Programme& programme, const MesureProgramme& mesure) {
@@ -453,7 +447,7 @@ bool Refuse(const Programme& programme, const MesureProgramme& mesure) {
     return true;
   }
   if (mesure.sansVitesse > 0) {
-    Boite boite = BoiteDe(Textes::GcodeSansVitesse, Icone::Critique);
+    BoiteMessage boite = BoiteDe(Textes::GcodeSansVitesse, Icone::Critique);
     boite.texte = TexteSansVitesse(mesure);
     boite.ligne = static_cast<long>(mesure.ligneSansVitesse);
     Svc.Montre(boite);
@@ -478,7 +472,7 @@ IssueGcode ReprendGcode(const Programme& programme, const MesureProgramme& mesur
     Message(Textes::GcodeSansCarte, Icone::Critique);
     return IssueGcode::Refusee;
   }
-  Boite boite = BoiteDe(Textes::GcodeReprend, Icone::Question, Boutons::OuiNon);
+  BoiteMessage boite = BoiteDe(Textes::GcodeReprend, Icone::Question, Boutons::OuiNon);
   boite.texte += " " + std::to_string(Laisse->ligne + 1);
   if (Svc.Montre(boite) != Reponse::Oui) return IssueGcode::Refusee;
   const Reste reste = *Laisse;

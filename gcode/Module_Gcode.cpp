@@ -32,7 +32,7 @@ CouleursMouvement CouleursDesReglages() {
 }
 
 void Avertit(const std::string& texte, Icone icone) {
-  Boite boite;
+  BoiteMessage boite;
   boite.texte = texte;
   boite.icone = icone;
   Svc.Montre(boite);
@@ -42,7 +42,7 @@ void Avertit(const std::string& texte, Icone icone) {
 
 void DitDefauts(const MesureProgramme& mesure) {
   if (!mesure.rejets.empty()) {
-    Boite boite = BoiteDe(Textes::MotRejete, Icone::Critique);
+    BoiteMessage boite = BoiteDe(Textes::MotRejete, Icone::Critique);
     boite.texte += " " + mesure.rejets.front();
     Svc.Montre(boite);
   }
@@ -109,6 +109,16 @@ std::string ChoisitProgramme() {
   return choisi;
 }
 
+BoiteMessage BoiteLignesRefusees(CleTexte texte, Boutons boutons, const Programme& programme) {
+  constexpr std::size_t LongueurMontree = 80;
+  const ComptesProgramme& comptes = programme.Comptes();
+  BoiteMessage boite = BoiteDe(texte, Icone::Exclamation, boutons);
+  boite.texte += "\n" + std::to_string(comptes.refusees) + "\n" + std::to_string(comptes.premiereRefusee) + ": " +
+                 DeTexte8(Coupe8(programme.Ligne(comptes.premiereRefusee - 1), LongueurMontree));
+  boite.ligne = static_cast<long>(comptes.premiereRefusee);
+  return boite;
+}
+
 bool OuvreProgramme(const std::string& chemin, Programme& programme) {
   ProgrammeLu lu;
   Travaille([&] { lu = LitProgramme(chemin); });
@@ -117,15 +127,9 @@ bool OuvreProgramme(const std::string& chemin, Programme& programme) {
     return false;
   }
   programme = std::move(lu.programme);
-  const ComptesProgramme& comptes = programme.Comptes();
-  if (comptes.refusees == 0) return true;
-  constexpr std::size_t LongueurMontree = 80;
-  Boite boite = BoiteDe(Textes::LignesRefusees, Icone::Exclamation);
-  const std::string premiere = DeTexte8(Coupe8(programme.Ligne(comptes.premiereRefusee - 1), LongueurMontree));
-  boite.texte +=
-      "\n" + std::to_string(comptes.refusees) + "\n" + std::to_string(comptes.premiereRefusee) + ": " + premiere;
+  if (programme.Comptes().refusees == 0) return true;
+  BoiteMessage boite = BoiteLignesRefusees(Textes::LignesRefusees, Boutons::Ok, programme);
   boite.fichier = chemin;
-  boite.ligne = static_cast<long>(comptes.premiereRefusee);
   Svc.Montre(boite);
   return true;
 }

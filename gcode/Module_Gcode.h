@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "core/Services.h"
 #include "gcode/Mesure.h"
 
 namespace ovelin {
@@ -29,6 +30,8 @@ std::string TexteHorsCourse(const MesureProgramme& mesure);
 
 // The open dialog, from the file of key "Fichier" on, which takes the choice; "" when cancelled.
 std::string ChoisitProgramme();
+// A box about lines that are neither valid nor comments: `texte`, their count, and the first of them.
+BoiteMessage BoiteLignesRefusees(CleTexte texte, Boutons boutons, const Programme& programme);
 // Reads a program; told and false where it can't be read. Lines that are neither valid nor comments are told with
 // the first of them (lib006).
 bool OuvreProgramme(const std::string& chemin, Programme& programme);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "base/SansCopie.h"
 #include "core/Nombres.h"
 #include "image/Vue.h"
 
@@ -87,12 +88,10 @@ class Occupe {
 };
 
 // Lays segments one behind the other, as one line where the last ends where the next begins.
-class Trait {
+class Trait : base::SansCopie {
  public:
   explicit Trait(Scene& scene) : scene_(scene) {}
   ~Trait() { Finit(); }
-  Trait(const Trait&) = delete;
-  Trait& operator=(const Trait&) = delete;
 
   void Segment(Role role, const PointVue& a, const PointVue& b) {
     const PointEcran debut = Ecran(a);

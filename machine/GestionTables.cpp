@@ -37,7 +37,7 @@ bool TableExiste(std::string_view nom) {
 
 // The question names the table; its key stays that of the text.
 bool ConfirmeSuppression(const std::string& nom) {
-  Boite boite = BoiteDe(Textes::SupprimeTable, Icone::Exclamation, Boutons::OkAnnuler);
+  BoiteMessage boite = BoiteDe(Textes::SupprimeTable, Icone::Exclamation, Boutons::OkAnnuler);
   boite.texte += " " + nom + " ?";
   return Svc.Montre(boite) == Reponse::Ok;
 }

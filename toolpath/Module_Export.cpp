@@ -41,7 +41,7 @@ bool Ecrit(const Points& points, const std::string& chemin, std::string& comment
   const std::int32_t resultat = Biblio.EcrireFichier(points, chemin, commentaire);
   commentaire = Rogne(commentaire);
   if (resultat >= 0) return true;
-  Boite boite = BoiteErreur(resultat);
+  BoiteMessage boite = BoiteErreur(resultat);
   boite.texte += "\r\n" + commentaire;
   boite.fichier = chemin;
   Svc.Montre(boite);

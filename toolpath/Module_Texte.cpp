@@ -32,7 +32,7 @@ bool DessinPresent() {
 
 bool RefuseTexte(std::int32_t erreur, const std::string& police) {
   using pathwerk::Erreur;
-  Boite boite = BoiteErreur(erreur);
+  BoiteMessage boite = BoiteErreur(erreur);
   if (erreur == ErreurFichierPolice || erreur == static_cast<std::int32_t>(Erreur::Police) ||
       erreur == static_cast<std::int32_t>(Erreur::PoliceFichier)) {
     boite.texte += " (" + police + ")";

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/Avancement.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
@@ -33,18 +34,6 @@ constexpr const char* NomVerrouCopie = ".verrou";
 constexpr const char* NomCopieIni = "OVELIN.inisav";
 int VerrouCopie = -1;  // held as long as this copy of the program runs
 
-// The frame `Frame_Avancement` as long as the object stands.
-class CadreAvancement {
- public:
-  CadreAvancement() {
-    Svc.AvancementDebut(Traduire(Textes::EnregistrementEnCours), 0);
-    Svc.LaisseEvenements(Evenements::Affichage);
-  }
-  ~CadreAvancement() { Svc.AvancementFin(); }
-  CadreAvancement(const CadreAvancement&) = delete;
-  CadreAvancement& operator=(const CadreAvancement&) = delete;
-};
-
 void EcritQuatreGroupes() {
   EcritMateriau();
   EcritCouleurs();
@@ -53,7 +42,7 @@ void EcritQuatreGroupes() {
 }
 
 void EcritParametres() {
-  const CadreAvancement cadre;
+  const Avancement cadre(Traduire(Textes::EnregistrementEnCours));
   const LotCles lot;
   EcritQuatreGroupes();
 }
@@ -141,7 +130,7 @@ bool DemandeFermeture(const CrochetsFermeture& crochets, const std::string& titr
 void DechargeFenetre(const EtatFenetre& fenetre, const std::string& documents) {
   FinProgramme = true;
   {
-    const CadreAvancement cadre;
+    const Avancement cadre(Traduire(Textes::EnregistrementEnCours));
     const LotCles lot;
     SauveRecents();
     EcritPlacement(fenetre);

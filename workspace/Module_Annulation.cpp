@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/SansCopie.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
@@ -64,15 +65,13 @@ void Oublie() {
 [[maybe_unused]] const bool Enregistree = EnregistreRemise(Oublie);
 
 // `Instantane` and the path of the snapshot stand as long as the object.
-class PendantInstantane {
+class PendantInstantane : base::SansCopie {
  public:
   explicit PendantInstantane(const std::string& chemin) {
     FichierInstantane = chemin;
     Instantane = Vrai;
   }
   ~PendantInstantane() { Instantane = Faux; }
-  PendantInstantane(const PendantInstantane&) = delete;
-  PendantInstantane& operator=(const PendantInstantane&) = delete;
 };
 
 // The selection isn't part of a project.

@@ -60,7 +60,7 @@ std::string TexteOu(CleTexte cle) {
 
 // A box that is known by its text.
 void MontreTexte(const std::string& texte, const std::string& fichier = "") {
-  Boite boite;
+  BoiteMessage boite;
   boite.texte = texte;
   boite.titre = NomProgramme;
   boite.icone = Icone::Exclamation;

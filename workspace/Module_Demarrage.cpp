@@ -1,5 +1,6 @@
 #include "workspace/Module_Demarrage.h"
 
+#include "base/SansCopie.h"
 #include "core/Cles.h"
 #include "workspace/Module_Cycle.h"
 
@@ -8,12 +9,10 @@ namespace ovelin {
 namespace {
 
 // Leaves the settings file open to writes where the start has just made it.
-class EcritureNeuve {
+class EcritureNeuve : base::SansCopie {
  public:
   explicit EcritureNeuve(bool neuf) : avant_(Magasin.EcrireIni) { Magasin.EcrireIni = avant_ || neuf; }
   ~EcritureNeuve() { Magasin.EcrireIni = avant_; }
-  EcritureNeuve(const EcritureNeuve&) = delete;
-  EcritureNeuve& operator=(const EcritureNeuve&) = delete;
 
  private:
   bool avant_;

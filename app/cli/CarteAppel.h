@@ -6,15 +6,14 @@
 
 #include "app/cli/Contexte.h"
 #include "app/cli/JournalFil.h"
+#include "base/SansCopie.h"
 
 namespace ovelin::cli {
 
-class CarteAppel {
+class CarteAppel : base::SansCopie {
  public:
   explicit CarteAppel(Contexte& contexte) : contexte_(contexte) {}
   ~CarteAppel();
-  CarteAppel(const CarteAppel&) = delete;
-  CarteAppel& operator=(const CarteAppel&) = delete;
 
   // Takes the board and its lock. 0, or 1 when there is none that answers, told with key and value. `entrees`: the
   // files of the call, which neither the log nor the board's file may be.

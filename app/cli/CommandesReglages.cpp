@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "base/SansCopie.h"
 #include "core/Cles.h"
 #include "core/Nombres.h"
 #include "core/Reglages.h"
@@ -17,15 +18,13 @@ namespace ovelin::cli {
 namespace {
 
 // While one stands, the settings file may be written.
-class EcritureReglages {
+class EcritureReglages : base::SansCopie {
  public:
   EcritureReglages() {
     Magasin.EcrireIni = true;
     Magasin.DerniereErreur.clear();
   }
   ~EcritureReglages() { Magasin.EcrireIni = false; }
-  EcritureReglages(const EcritureReglages&) = delete;
-  EcritureReglages& operator=(const EcritureReglages&) = delete;
 };
 
 int BilanEcriture(Contexte& contexte, const Json& objet) {

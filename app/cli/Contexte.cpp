@@ -65,7 +65,7 @@ Barre LaBarre;
 
 Reponse ReponseUnique(Boutons boutons) { return boutons == Boutons::Ok ? Reponse::Ok : Reponse::Annuler; }
 
-std::string TexteSeul(const Boite& boite) {
+std::string TexteSeul(const BoiteMessage& boite) {
   std::string texte;
   for (const char c : boite.texte) {
     if (c != '\r') texte += c;
@@ -76,7 +76,7 @@ std::string TexteSeul(const Boite& boite) {
 // The answer of a question: --answer by its key; the question of the power interface at the first start is answered
 // OK; without an answer the call ends here. Nothing is half done then: files are written whole at the end of each
 // procedure only.
-Reponse ReponduOuFini(Contexte& contexte, const Boite& boite) {
+Reponse ReponduOuFini(Contexte& contexte, const BoiteMessage& boite) {
   const auto trouvee = contexte.reponsesParCle.find(boite.cle);
   if (trouvee != contexte.reponsesParCle.end()) return trouvee->second;
   if (boite.section == Textes::DemandeInterface.Section() && boite.cle == Textes::DemandeInterface.Cle())
@@ -87,7 +87,7 @@ Reponse ReponduOuFini(Contexte& contexte, const Boite& boite) {
   std::_Exit(Refuse);
 }
 
-Reponse Montre(Contexte& contexte, const Boite& boite) {
+Reponse Montre(Contexte& contexte, const BoiteMessage& boite) {
   if (boite.boutons != Boutons::Ok) return ReponduOuFini(contexte, boite);
   LaBarre.Fin();
   contexte.derniere = boite;
@@ -228,7 +228,7 @@ void InstalleServices(Contexte& contexte) {
   LaBarre.terminal = isatty(STDERR_FILENO) == 1;
   Svc = ServicesMuets();
   Svc.MarqueDecimale = contexte.decimale.empty() ? MarqueDuSysteme() : contexte.decimale[0];
-  Svc.Montre = [&contexte](const Boite& boite) { return Montre(contexte, boite); };
+  Svc.Montre = [&contexte](const BoiteMessage& boite) { return Montre(contexte, boite); };
   Svc.OuvreFenetre = [&contexte](const std::string& nom) { return OuvreFenetre(contexte, nom); };
   Svc.AvancementDebut = [](const std::string& texte, long total) { LaBarre.Debut(texte, total); };
   Svc.AvancementPlus = [] { LaBarre.Plus(); };
@@ -254,7 +254,7 @@ int Echec(const Contexte& contexte, CleTexte texte, const std::string& suite, co
 }
 
 int EchecBoite(const Contexte& contexte) {
-  const Boite& b = contexte.derniere;
+  const BoiteMessage& b = contexte.derniere;
   return Echec(contexte, b.cle, TexteSeul(b), b.fichier, b.ligne);
 }
 

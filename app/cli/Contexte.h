@@ -37,7 +37,7 @@ struct Contexte {
 
   std::map<std::string, Reponse> reponsesParCle;
   std::map<std::string, std::optional<int>> choixParFenetre;
-  Boite derniere;  // last box that told of a refusal
+  BoiteMessage derniere;  // last box that told of a refusal
 };
 
 // Services of a terminal: boxes to standard error, questions from --answer, a bar for what takes over a second.

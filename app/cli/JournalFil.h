@@ -5,16 +5,15 @@
 #include <memory>
 #include <string>
 
+#include "base/SansCopie.h"
 #include "closed/ZenikCom.h"
 
 namespace ovelin::cli {
 
-class JournalFil {
+class JournalFil : base::SansCopie {
  public:
   JournalFil() = default;
   ~JournalFil();
-  JournalFil(const JournalFil&) = delete;
-  JournalFil& operator=(const JournalFil&) = delete;
 
   // The system's reason when the file can't be written, "" when it can.
   std::string Ouvre(const std::string& chemin);

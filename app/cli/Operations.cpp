@@ -321,7 +321,7 @@ ResultatOperation Opere(Contexte& contexte, const Json& operation) {
   const std::string nom = operation["op"].get<std::string>();
   for (const auto& [connu, fait] : Operations()) {
     if (connu != nom) continue;
-    contexte.derniere = Boite{};
+    contexte.derniere = BoiteMessage{};
     try {
       const Arguments arguments(operation);
       const bool faite = fait(arguments);

@@ -3,18 +3,17 @@
 
 #include <functional>
 
+#include "base/SansCopie.h"
 #include "core/Services.h"
 
 namespace ovelin::cli {
 
 // While one stands, SIGINT, SIGTERM and SIGHUP set StopDemande at the next look of the run, instead of ending the
 // program over a machine that moves. `regard` runs at each look, too.
-class EcouteSignaux {
+class EcouteSignaux : base::SansCopie {
  public:
   explicit EcouteSignaux(const std::function<void()>& regard = {});
   ~EcouteSignaux();
-  EcouteSignaux(const EcouteSignaux&) = delete;
-  EcouteSignaux& operator=(const EcouteSignaux&) = delete;
 
   // One came.
   [[nodiscard]] static bool Venu();

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "base/SansCopie.h"
+
 namespace ovelin {
 
 struct Affichage {
@@ -18,12 +20,10 @@ bool EcranPossible(const Affichage& a);
 
 // While one stands, an end of the program by the toolkit (no such platform, a screen that doesn't answer) tells why
 // on standard error and gives `SansEcran` as the exit status.
-class GardeEcran {
+class GardeEcran : base::SansCopie {
  public:
   GardeEcran();
   ~GardeEcran();
-  GardeEcran(const GardeEcran&) = delete;
-  GardeEcran& operator=(const GardeEcran&) = delete;
 };
 
 inline constexpr int SansEcran = 3;

@@ -11,6 +11,7 @@
 #include "app/ovelin/MiseAJour.h"
 #include "app/ovelin/Options.h"
 #include "app/ovelin/Signaux.h"
+#include "base/SansCopie.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/ui/F_Representation.h"
 
@@ -25,12 +26,10 @@ class Application : public QApplication {
 };
 
 // The services, the hooks of the start, the main window. Stands beside an application, as long as the program runs.
-class Programme {
+class Programme : base::SansCopie {
  public:
   explicit Programme(OptionsProgramme options);
   ~Programme();
-  Programme(const Programme&) = delete;
-  Programme& operator=(const Programme&) = delete;
 
   // The start, up to the main window. False: a second copy, which the user has been told.
   bool Demarre();

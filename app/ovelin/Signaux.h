@@ -8,16 +8,16 @@
 #include <functional>
 #include <memory>
 
+#include "base/SansCopie.h"
+
 namespace ovelin {
 
-class Signaux {
+class Signaux : base::SansCopie {
  public:
   // SIGINT, SIGTERM and SIGHUP from now on. A second one of the same kind ends the program at once, as if nobody
   // listened. One that the program was started to ignore (nohup) stays ignored.
   explicit Signaux(std::function<void(int signal)> recu);
   ~Signaux();
-  Signaux(const Signaux&) = delete;
-  Signaux& operator=(const Signaux&) = delete;
 
   static constexpr std::array<int, 3> Ecoutes{SIGINT, SIGTERM, SIGHUP};
 

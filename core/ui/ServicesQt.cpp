@@ -28,6 +28,7 @@
 #include <system_error>
 #include <thread>
 
+#include "base/SansCopie.h"
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
 #include "core/RunCourant.h"
@@ -60,7 +61,7 @@ constexpr Bouton BoutonsConnus[] = {
 };
 
 // A box may name its answers itself: "lib140_Oui" beside "lib140".
-QString TexteBouton(const Bouton& b, const Boite& boite) {
+QString TexteBouton(const Bouton& b, const BoiteMessage& boite) {
   const std::string suffixe(b.texte.Cle().substr(std::string_view("Btn").size()));
   return TraduireOu(boite.section.c_str(), QString::fromStdString(boite.cle + suffixe), TexteQt(b.texte));
 }
@@ -96,7 +97,7 @@ QMessageBox::Icon IconeDe(Icone icone) {
 }
 
 // The first button is the default one; Escape and the window's cross answer as the most careful button does.
-Reponse MontreBoite(const Boite& boite) {
+Reponse MontreBoite(const BoiteMessage& boite) {
   QMessageBox box(Proprietaire());
   box.setObjectName(QStringLiteral("Boite"));
   box.setWindowTitle(QString::fromStdString(boite.titre.empty() ? "OVELIN" : boite.titre));
@@ -171,7 +172,7 @@ std::string ChoisitFichierQt(const DialogueFichier& demande) {
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return "";
     std::string chemin = dialogue.selectedFiles().constFirst().toStdString();
     if (!demande.enregistrer || !FichierExiste(chemin)) return chemin;
-    Boite question = BoiteDe(Textes::RemplaceFichier, Icone::Exclamation, Boutons::OuiNon);
+    BoiteMessage question = BoiteDe(Textes::RemplaceFichier, Icone::Exclamation, Boutons::OuiNon);
     question.texte = TexteQt(Textes::RemplaceFichier).toStdString() + "\n" + chemin;
     question.titre.clear();
     if (MontreBoite(question) == Reponse::Oui) return chemin;
@@ -224,12 +225,10 @@ class Ronde : public QObject {
   }
 
   // None while it stands: the loops of a run take everything, wherever they run.
-  class Suspend {
+  class Suspend : base::SansCopie {
    public:
     Suspend() : avant_(EnCours) { EnCours = nullptr; }
     ~Suspend() { EnCours = avant_; }
-    Suspend(const Suspend&) = delete;
-    Suspend& operator=(const Suspend&) = delete;
 
    private:
     const Ronde* avant_;

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include "base/SansCopie.h"
 #include "core/Services.h"
 
 class QCloseEvent;
@@ -26,12 +27,10 @@ void Apres(const std::function<void()>& souhait);
 bool RemetFermeture(QWidget& fenetre, QCloseEvent& demande);
 // Held over a pass: nested ones count, the last end lets the postponed wishes run, in their order, from the event
 // loop.
-class Passe {
+class Passe : base::SansCopie {
  public:
   Passe();
   ~Passe();
-  Passe(const Passe&) = delete;
-  Passe& operator=(const Passe&) = delete;
 };
 
 }  // namespace ovelin

@@ -224,7 +224,7 @@ void F_BD::Valide() {
 void F_BD::reject() {
   RangeSaisie();
   if (!modifiee_) return QDialog::reject();
-  Boite boite;
+  BoiteMessage boite;
   boite.section = Textes::FichesModifiees.Section();
   boite.cle = Textes::FichesModifiees.Cle();
   boite.texte = Traduire(Textes::FichesModifiees);
@@ -245,7 +245,7 @@ bool F_BD::Refuse() {
   MontreFaute(ligne - 1, colonne - 1, raison);
   QString nom = QString::fromStdString(fiches[static_cast<std::size_t>(ligne) - 1].champs[0]);
   if (nom.size() > NomMontre) nom = nom.left(NomMontre) + QStringLiteral("...");
-  Boite boite = BoiteDe(Textes::FicheIncorrecte, Icone::Exclamation);
+  BoiteMessage boite = BoiteDe(Textes::FicheIncorrecte, Icone::Exclamation);
   boite.texte += " " + titres_[static_cast<std::size_t>(colonne) - 1].toStdString() + "\n" +
                  QStringLiteral("%1 : %2").arg(ligne).arg(nom).toStdString() + "\n" + raison.toStdString();
   Svc.Montre(boite);

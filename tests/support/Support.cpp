@@ -28,18 +28,18 @@ struct Scenario {
   std::deque<std::pair<std::string, std::optional<int>>> fenetres;
   std::deque<std::pair<std::string, IssueBureau>> bureau;
   VuMachine vu;
-  std::vector<Boite> montrees;
+  std::vector<BoiteMessage> montrees;
   std::vector<std::pair<int, std::string>> panneaux;
   int bips = 0;
   std::string dossier;
 };
 Scenario Sc;
 
-std::string Nom(const Boite& b) {
+std::string Nom(const BoiteMessage& b) {
   return b.cle.empty() ? "\"" + b.texte + "\"" : b.section + "/" + b.cle + " \"" + b.texte + "\"";
 }
 
-Reponse Montre(const Boite& boite) {
+Reponse Montre(const BoiteMessage& boite) {
   Sc.montrees.push_back(boite);
   if (Sc.boites.empty()) {
     ADD_FAILURE() << "unexpected box " << Nom(boite);
@@ -134,7 +134,7 @@ void AttendFenetre(const std::string& nom, std::optional<int> choix) { Sc.fenetr
 void AttendBureau(const std::string& cible, IssueBureau issue) { Sc.bureau.emplace_back(cible, issue); }
 const VuMachine& Vu() { return Sc.vu; }
 std::string CleDe(const std::optional<CleTexte>& refus) { return refus ? std::string(refus->Cle()) : ""; }
-const std::vector<Boite>& Boites() { return Sc.montrees; }
+const std::vector<BoiteMessage>& Boites() { return Sc.montrees; }
 int Bips() { return Sc.bips; }
 const std::vector<std::pair<int, std::string>>& Panneaux() { return Sc.panneaux; }
 

@@ -33,7 +33,7 @@ void AttendBureau(const std::string& cible, ovelin::IssueBureau issue = ovelin::
 // Key of the text of a refusal, "" for none.
 std::string CleDe(const std::optional<ovelin::CleTexte>& refus);
 // Boxes shown so far in this test.
-const std::vector<ovelin::Boite>& Boites();
+const std::vector<ovelin::BoiteMessage>& Boites();
 int Bips();
 // Texts shown in status panels so far: (panel, text).
 const std::vector<std::pair<int, std::string>>& Panneaux();

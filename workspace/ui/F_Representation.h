@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "base/SansCopie.h"
 #include "core/Services.h"
 #include "core/ui/Fenetres.h"
 #include "workspace/FinCycle.h"
@@ -95,12 +96,10 @@ class F_Representation : public QMainWindow {
   bool FlecheDeplace(int touche, Qt::KeyboardModifiers touches);
 
   // An opening from its first question to its end, however it ends: a quit that comes meanwhile is put off.
-  class PendantOuverture {
+  class PendantOuverture : base::SansCopie {
    public:
     explicit PendantOuverture(F_Representation& fenetre) : fenetre_(fenetre) { fenetre_.ouvre_ = true; }
     ~PendantOuverture() { fenetre_.FinitOuverture(); }
-    PendantOuverture(const PendantOuverture&) = delete;
-    PendantOuverture& operator=(const PendantOuverture&) = delete;
 
    private:
     F_Representation& fenetre_;

@@ -121,7 +121,7 @@ Ouverture F_Representation::OuvreFichier(const std::string& chemin) {
 // Whatever the answer, the procedure behind asks nothing more: it looks at Modifie.
 bool F_Representation::PeutLaisser() {
   if (TravailChange()) {
-    Boite boite;
+    BoiteMessage boite;
     boite.section = Textes::TravailNonEnregistre.Section();
     boite.cle = Textes::TravailNonEnregistre.Cle();
     boite.texte = Traduire(Textes::TravailNonEnregistre) + "\n" + NomDe(FichierCourant);

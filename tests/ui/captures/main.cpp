@@ -27,7 +27,7 @@ namespace {
 // Nobody is there to answer: boxes are told once and take their first button.
 void Services() {
   ovelin::InstalleServicesQt();
-  ovelin::Svc.Montre = [](const ovelin::Boite& b) {
+  ovelin::Svc.Montre = [](const ovelin::BoiteMessage& b) {
     static std::set<std::string> dites;
     if (dites.insert(b.section + "/" + b.cle).second) {
       std::fprintf(stderr, "%s/%s: %s\n", b.section.c_str(), b.cle.c_str(), b.texte.c_str());

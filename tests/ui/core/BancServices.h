@@ -31,8 +31,8 @@ class BancServices : public testing::Test {
   }
 };
 
-inline ovelin::Boite UneBoite(ovelin::Boutons boutons, ovelin::Icone icone = ovelin::Icone::Information) {
-  ovelin::Boite b;
+inline ovelin::BoiteMessage UneBoite(ovelin::Boutons boutons, ovelin::Icone icone = ovelin::Icone::Information) {
+  ovelin::BoiteMessage b;
   b.section = "F_Essai";
   b.cle = "lib001";
   b.texte = "Save <b>it</b>?";

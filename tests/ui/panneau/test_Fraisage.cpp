@@ -336,7 +336,7 @@ TEST_F(Fraisage, BoxThatTakesTheKeyboardDoesNotAskAgain) {
   Sequences[0].Profondeur = -1;
   Ouvre();
   int boites = 0;
-  Svc.Montre = [&](const Boite& boite) {
+  Svc.Montre = [&](const BoiteMessage& boite) {
     EXPECT_EQ(boite.cle, "lib106");
     ++boites;
     QWidget boiteQt;

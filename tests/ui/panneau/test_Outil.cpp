@@ -356,7 +356,7 @@ TEST_F(Outil, RefusedDepthOfAPassStaysInForceUntilItIsMended) {
 TEST_F(Outil, BoxThatTakesTheKeyboardDoesNotComeTwice) {
   Pret();
   int boites = 0;
-  Svc.Montre = [&](const Boite&) {
+  Svc.Montre = [&](const BoiteMessage&) {
     ++boites;
     QWidget boiteQt;
     essai::Montre(boiteQt);

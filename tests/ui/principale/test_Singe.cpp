@@ -34,7 +34,7 @@ class Singe : public essai::Principale {
     actions_ = static_cast<int>(entier("OVELIN_MONKEY_ACTIONS", 1200));
     hasard_.seed(graine_);
     // Boxes and dialogs are answered by chance.
-    Svc.Montre = [this](const Boite& boite) {
+    Svc.Montre = [this](const BoiteMessage& boite) {
       EXPECT_FALSE(boite.texte.empty()) << boite.section << "/" << boite.cle;
       switch (boite.boutons) {
         case Boutons::Ok:

@@ -266,7 +266,7 @@ TEST_F(MauvaisFichiers, EveryFileOfTheCorpusOpensOrIsRefusedWithABox) {
     fs::permissions(copie, fs::perms::owner_all);
     int boites = 0;
     const auto avant = Svc.Montre;
-    Svc.Montre = [&boites](const Boite& b) {
+    Svc.Montre = [&boites](const BoiteMessage& b) {
       ++boites;
       EXPECT_NE(b.texte, b.cle);
       return Reponse::Ok;

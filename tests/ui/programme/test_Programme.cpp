@@ -218,7 +218,7 @@ TEST(Demarre, TellsTheValuesOfTheSettingsThatCantBeReadAndGoesOn) {
   ProgrammeEssai p;
   ASSERT_TRUE(p.Demarre());
   ASSERT_EQ(Boites().size(), 1U);
-  const Boite& boite = Boites().back();
+  const BoiteMessage& boite = Boites().back();
   EXPECT_EQ(boite.icone, Icone::Exclamation);
   EXPECT_NE(boite.texte.find("OVELIN.ini:3: RayonFraise=1,5mm\n"), std::string::npos) << boite.texte;
   // The window has put its keys between the two by then: the line is that of the file as it stands.

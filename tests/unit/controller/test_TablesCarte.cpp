@@ -375,7 +375,7 @@ TEST(TableEcrire, ATableThatSixteenBitsDoNotHoldIsToldBeforeItIsWritten) {
   const CarteEssai c;
   c.cde->ChargeParametres();
   const auto avant = c.carte->Compteurs().echanges;
-  Svc.Montre = [&](const Boite& boite) {
+  Svc.Montre = [&](const BoiteMessage& boite) {
     EXPECT_EQ(boite.cle, "TableDeborde");
     EXPECT_NE(boite.texte.find("X: 80000 /mm"), std::string::npos) << boite.texte;
     EXPECT_EQ(c.carte->Compteurs().echanges, avant) << "told before the first block";

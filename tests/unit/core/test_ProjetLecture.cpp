@@ -273,7 +273,7 @@ TEST(EstTronque, AsksForTheClosingLineOnlyWhereTheLastLineHasNoEnd) {
 
 TEST(LireProjet, AnyPlaceToCutAFileGivesARefusalOrADocument) {
   for (std::size_t n = 0; n < Complet.size(); n += 7) {
-    Svc.Montre = [](const Boite& b) {
+    Svc.Montre = [](const BoiteMessage& b) {
       EXPECT_TRUE(b.cle == "100" || b.cle == "101" || b.cle == "102");
       return Reponse::Ok;
     };

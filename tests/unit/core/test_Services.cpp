@@ -26,7 +26,7 @@ TEST(Message, ShowsTheTextOfItsKey) {
   essai::Attend("erreurs", "31", Reponse::Oui);
   EXPECT_EQ(Message(Textes::DejaOuvert, Icone::Exclamation, Boutons::OuiNon, "Erreur"), Reponse::Oui);
   ASSERT_EQ(essai::Boites().size(), 1U);
-  const Boite& boite = essai::Boites()[0];
+  const BoiteMessage& boite = essai::Boites()[0];
   EXPECT_EQ(boite.texte, "Deux fois");
   EXPECT_EQ(boite.titre, "Erreur");
   EXPECT_EQ(boite.icone, Icone::Exclamation);
@@ -103,7 +103,7 @@ TEST(EtatRun, IsNewAgainInEachTest) {
 
 TEST(ServicesMuets, EndsTheProgramAtABoxThatNobodyAnswers) {
   const Services muets = ServicesMuets();
-  Boite boite;
+  BoiteMessage boite;
   boite.section = "erreurs";
   boite.cle = "31";
   EXPECT_DEATH(muets.Montre(boite), "erreurs 31");

@@ -86,7 +86,7 @@ TEST(TexteAvis, NamesTheTextOfEachNumber) {
 }
 
 TEST(BoiteErreur, ShowsTheKeyOfANumberThatHasNoText) {
-  const Boite boite = BoiteErreur(-777);
+  const BoiteMessage boite = BoiteErreur(-777);
   EXPECT_EQ(boite.section, "F_Representation");
   EXPECT_EQ(boite.cle, "lib777");
   EXPECT_EQ(boite.texte, "lib777");
@@ -95,7 +95,7 @@ TEST(BoiteErreur, ShowsTheKeyOfANumberThatHasNoText) {
 }
 
 TEST(BoiteErreur, ShowsTheTextOfAnErrorOfTheLibrary) {
-  const Boite boite = BoiteErreur(static_cast<std::int32_t>(pathwerk::Erreur::Police));
+  const BoiteMessage boite = BoiteErreur(static_cast<std::int32_t>(pathwerk::Erreur::Police));
   EXPECT_EQ(boite.cle, "lib126");
   EXPECT_EQ(boite.texte, "Police inconnue");
 }

@@ -305,7 +305,9 @@ TEST_F(FraisageGcode, EveryFaultAtEveryExchangeEndsTheRun) {
       Branche();
       CdeZENIK->ChargeParametres();
       carte_->Fautes({{n, faute.genre, 0}});
-      Svc.Montre = [](const Boite& boite) { return boite.boutons == Boutons::OuiNon ? Reponse::Oui : Reponse::Ok; };
+      Svc.Montre = [](const BoiteMessage& boite) {
+        return boite.boutons == Boutons::OuiNon ? Reponse::Oui : Reponse::Ok;
+      };
       const double debut = Svc.Horloge();
       const IssueGcode issue = LanceGcode(programme, mesure);
       EXPECT_LT(Svc.Horloge() - debut, 120) << "no wait outlives the link";

@@ -328,7 +328,7 @@ TEST_F(UnRun, AFailedExchangeNeverRunsARowTwice) {
         if (std::exchange(posee, ++recus >= apres) || recus < apres) return;
         carte_->Fautes({{carte_->Compteurs().echanges + 1, genre, 0}});
       };
-      Svc.Montre = [](const Boite&) { return Reponse::Ok; };
+      Svc.Montre = [](const BoiteMessage&) { return Reponse::Ok; };
       ASSERT_TRUE(Lance());
       const bool arrete = FaceCourante() == FaceFraisage::Reprise;
       if (arrete && !PlacePerdue && !AttendCarte) {

@@ -314,7 +314,7 @@ TEST(Ouvrir, ARefusedDrawingTellsReasonExtensionAndLine) {
   EXPECT_EQ(NbPoints, -115);
   EXPECT_TRUE(TraceInitial.empty());
   ASSERT_EQ(essai::Boites().size(), 1U);
-  const Boite& boite = essai::Boites()[0];
+  const BoiteMessage& boite = essai::Boites()[0];
   EXPECT_EQ(boite.icone, Icone::Critique);
   EXPECT_NE(boite.texte.find(" (DXF)\nfaux.dxf:5"), std::string::npos) << boite.texte;
   EXPECT_EQ(boite.fichier, chemin);

@@ -185,7 +185,7 @@ std::vector<Action> Actions(const std::string& dessin, const std::string& projet
 // The child: one state a line of the pipe, told when the action is over.
 [[noreturn]] void Enfant(const std::vector<Action>& actions, int journal) {
   Svc.Rafraichit = [] { PrendInstantane(); };
-  Svc.Montre = [](const Boite& b) {
+  Svc.Montre = [](const BoiteMessage& b) {
     return b.boutons == Boutons::Ok || b.boutons == Boutons::OkAnnuler ? Reponse::Ok : Reponse::Oui;
   };
   if (!PrepareDossierTemp()) _exit(1);
