@@ -16,6 +16,7 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "base/Indices.h"
 #include "base/SansCopie.h"
 
 namespace base {
@@ -50,7 +51,7 @@ int EcritTout(int fd, std::string_view octets) {
       if (errno == EINTR) continue;
       return errno;
     }
-    octets.remove_prefix(static_cast<std::size_t>(n));
+    octets.remove_prefix(base::Indice(n));
   }
   return 0;
 }
@@ -66,7 +67,7 @@ bool ContenuEgal(const std::string& chemin, std::string_view octets) {
       return false;
     }
     if (n == 0) return octets.empty();
-    const auto lu = static_cast<std::size_t>(n);
+    const auto lu = base::Indice(n);
     if (lu > octets.size() || octets.substr(0, lu) != std::string_view(tampon, lu)) return false;
     octets.remove_prefix(lu);
   }
@@ -188,8 +189,8 @@ int LitTout(int fd, std::size_t taille, std::size_t auPlus, std::string& octets)
       const ssize_t n = read(fd, plein ? tampon : octets.data() + lu, plein ? sizeof tampon : octets.size() - lu);
       if (n < 0 && errno == EINTR) continue;
       if (n < 0) return errno;
-      if (plein) octets.append(tampon, static_cast<std::size_t>(n));
-      lu += static_cast<std::size_t>(n);
+      if (plein) octets.append(tampon, base::Indice(n));
+      lu += base::Indice(n);
       if (n > 0 && lu < auPlus) continue;
       octets.resize(std::min(lu, auPlus));
       return 0;
@@ -215,7 +216,7 @@ int LitFichier(const std::string& chemin, std::string& octets, std::size_t auPlu
   if (S_ISDIR(etat.st_mode)) return EISDIR;
   if (!S_ISREG(etat.st_mode)) return EINVAL;
   // Memory is promised without regard to what there is, and the program killed for it when it is filled.
-  const auto taille = static_cast<std::size_t>(std::max<off_t>(etat.st_size, 0));
+  const auto taille = base::Indice(std::max<off_t>(etat.st_size, 0));
   if (taille <= auPlus && etat.st_size / sysconf(_SC_PAGESIZE) >= sysconf(_SC_PHYS_PAGES)) return ENOMEM;
   const int erreur = LitTout(f.Numero(), taille, auPlus, octets);
   if (erreur != 0) std::string().swap(octets);
@@ -238,7 +239,7 @@ int EcritFichier(const std::string& chemin, std::string_view octets, Garantie ga
   struct stat ancien {};
   const bool existe = stat(cible.c_str(), &ancien) == 0;
   if (existe && !S_ISREG(ancien.st_mode)) return EcritFlux(cible, octets);
-  if (existe && ancien.st_size == static_cast<off_t>(octets.size()) && ContenuEgal(cible, octets)) return 0;
+  if (existe && ancien.st_size == std::ssize(octets) && ContenuEgal(cible, octets)) return 0;
 
   const std::string dossier = DossierDe(cible).empty() ? "." : DossierDe(cible);
   OteRestes(dossier);

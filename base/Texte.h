@@ -11,6 +11,9 @@ constexpr bool EstLettre(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' &&
 // What stands between words: blank and tabulator. Formats that pass over more say so where they are read.
 constexpr bool EstBlanc(char c) { return c == ' ' || c == '\t'; }
 
+// The byte of a character, 0 to 255, whichever sign the machine gives to one.
+constexpr unsigned char Octet(char c) { return static_cast<unsigned char>(c); }
+
 // Without what `blanc` names at both ends.
 template <class Blanc>
 constexpr std::string_view SansBlancs(std::string_view t, Blanc blanc) {

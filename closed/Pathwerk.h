@@ -91,6 +91,8 @@ enum class Erreur : std::int32_t {
   Police = -126,           // unknown font
   PoliceFichier = -127,    // the font file can't be read
 };
+// As procedures give it in place of a count.
+constexpr std::int32_t Numero(Erreur erreur) { return static_cast<std::int32_t>(erreur); }
 
 // A format that drawings come in.
 struct FormatConnu {

@@ -2,6 +2,7 @@
 
 #include <tuple>
 
+#include "base/Indices.h"
 #include "base/Texte.h"
 #include "core/Lignes.h"
 #include "core/Nombres.h"
@@ -16,7 +17,7 @@ namespace {
 bool MemeNom(std::string_view octets, std::string_view nom) {
   for (std::size_t i = 0; i < octets.size(); ++i) {
     const char c = octets[i];
-    if (static_cast<unsigned char>(c) >= 0x80) return Majuscules(DeTexte8(octets)) == nom;
+    if (base::Octet(c) >= 0x80) return Majuscules(DeTexte8(octets)) == nom;
     if (i >= nom.size() || (c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c) != nom[i]) return false;
   }
   return octets.size() == nom.size();
@@ -112,7 +113,7 @@ void FichierIni::Ecrit(std::string_view section, std::string_view cle, std::stri
   }
   // In front of the empty lines that part this section from the next.
   while (fin > debut && SansBlancs(lignes_[fin - 1].texte).empty()) --fin;
-  lignes_.insert(lignes_.begin() + static_cast<std::ptrdiff_t>(fin), {Rogne(EnLigne(cle)) + "=" + EnLigne(valeur)});
+  lignes_.insert(base::Iterateur(lignes_, fin), {Rogne(EnLigne(cle)) + "=" + EnLigne(valeur)});
 }
 
 void FichierIni::Supprime(std::string_view section, std::string_view cle) {
@@ -120,14 +121,13 @@ void FichierIni::Supprime(std::string_view section, std::string_view cle) {
   const auto [debut, fin] = Etendue(section);
   for (std::size_t i = fin; i > debut; --i) {  // every one: a second line of that key would come to light
     const auto paire = EnCle(lignes_[i - 1].texte);
-    if (paire && MemeNom(paire->cle, nom)) lignes_.erase(lignes_.begin() + static_cast<std::ptrdiff_t>(i - 1));
+    if (paire && MemeNom(paire->cle, nom)) lignes_.erase(base::Iterateur(lignes_, i - 1));
   }
 }
 
 void FichierIni::SupprimeSection(std::string_view section) {
   for (auto [debut, fin] = Etendue(section); debut != 0; std::tie(debut, fin) = Etendue(section)) {
-    lignes_.erase(lignes_.begin() + static_cast<std::ptrdiff_t>(debut - 1),
-                  lignes_.begin() + static_cast<std::ptrdiff_t>(fin));
+    lignes_.erase(base::Iterateur(lignes_, debut - 1), base::Iterateur(lignes_, fin));
   }
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/Fichiers.h"
 #include "core/Lignes.h"
 #include "core/ProjetTexte.h"
@@ -23,12 +24,12 @@ void Refuse(ProjetLu& lu, const std::string& chemin, CleTexte texte, const std::
 // Takes the count and the bounds of what has been read.
 void Verifie(ProjetLu& lu, const std::string& chemin, const RecensementProjet& r) {
   // A file of empty lines could hold more of them than the count can tell.
-  if (r.NbPoints == 0 || r.NbPoints > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
+  if (r.NbPoints == 0 || r.NbPoints > base::Indice(std::numeric_limits<std::int32_t>::max())) {
     Refuse(lu, chemin, Textes::ProjetVide, "\n" + chemin);
     return;
   }
   Document& d = lu.document;
-  d.NbPoints = static_cast<std::int32_t>(r.NbPoints);
+  d.NbPoints = base::Compte(r.NbPoints);
   d.Xmin = r.Xmin, d.Xmax = r.Xmax, d.Ymin = r.Ymin, d.Ymax = r.Ymax;
   if (d.Xmin == d.Xmax && d.Ymin == d.Ymax) Refuse(lu, chemin, Textes::PointsConfondus, "\n" + chemin);
 }

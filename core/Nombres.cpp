@@ -6,6 +6,7 @@
 #include <limits>
 #include <system_error>
 
+#include "base/Indices.h"
 #include "base/Texte.h"
 #include "core/Services.h"
 #include "core/Texte8.h"
@@ -114,7 +115,7 @@ Chiffres EnChiffres(double grandeur) {
   if (grandeur == 0) return c;
   char tampon[64];
   const auto fin = std::to_chars(tampon, tampon + sizeof tampon, grandeur, std::chars_format::scientific);
-  const std::string_view texte(tampon, static_cast<std::size_t>(fin.ptr - tampon));
+  const std::string_view texte(tampon, fin.ptr);
   const std::size_t e = texte.find('e');
   for (const char k : texte.substr(0, e)) {
     if (EstChiffre(k)) c.d += k;
@@ -129,13 +130,13 @@ Chiffres EnChiffres(double grandeur) {
 // Keeps `apres` digits behind the mark, halves away from zero.
 void ArronditChiffres(Chiffres& c, int apres) {
   const int garde = c.rang + apres;  // digits that stay
-  if (garde >= static_cast<int>(c.d.size())) return;
+  if (garde >= std::ssize(c.d)) return;
   if (garde < 0) {
     c = {};
     return;
   }
-  const bool monte = c.d[static_cast<std::size_t>(garde)] >= '5';
-  c.d.resize(static_cast<std::size_t>(garde));
+  const bool monte = c.d[base::Indice(garde)] >= '5';
+  c.d.resize(base::Indice(garde));
   if (!monte) return;
   for (std::size_t i = c.d.size(); i-- > 0;) {
     if (c.d[i] != '9') {
@@ -173,10 +174,10 @@ std::string TexteNombreLimite(double v, std::size_t largeur) {
   const double grandeur = std::abs(v);
   const bool fixe = grandeur >= 1e-7 && grandeur < 1e15;
   // Fewer digits until it fits. Never a cut text: a lost exponent would be another number altogether.
-  for (int precision = static_cast<int>(largeur); precision >= 0; --precision) {
+  for (int precision = base::Compte(largeur); precision >= 0; --precision) {
     const auto fin = std::to_chars(tampon, tampon + sizeof tampon, v,
                                    fixe ? std::chars_format::fixed : std::chars_format::scientific, precision);
-    if (static_cast<std::size_t>(fin.ptr - tampon) > largeur) continue;
+    if (base::Indice(fin.ptr - tampon) > largeur) continue;
     texte.assign(tampon, fin.ptr);
     std::replace(texte.begin(), texte.end(), 'e', 'E');
     PoseMarque(texte);
@@ -191,7 +192,7 @@ std::string TexteNombreLimite(float v, std::size_t largeur) {
   char tampon[TailleTampon];
   const auto fin = std::to_chars(tampon, tampon + sizeof tampon, v, std::chars_format::scientific);
   texte.assign(tampon, fin.ptr);
-  if (texte.size() > largeur) return TexteNombreLimite(static_cast<double>(v), largeur);
+  if (texte.size() > largeur) return TexteNombreLimite(double{v}, largeur);
   std::replace(texte.begin(), texte.end(), 'e', 'E');
   PoseMarque(texte);
   return texte;
@@ -216,14 +217,14 @@ std::string Formate(double v, std::string_view motif) {
   ArronditChiffres(c, maxDecimales);
   const auto chiffre = [&c](int place) {  // place 0 is the first digit in front of the mark, -1 the first behind it
     const int i = c.rang - 1 - place;
-    return i >= 0 && i < static_cast<int>(c.d.size()) ? c.d[static_cast<std::size_t>(i)] : '0';
+    return i >= 0 && i < std::ssize(c.d) ? c.d[base::Indice(i)] : '0';
   };
 
   std::string texte;
   for (int place = std::max(c.rang, minEntiers) - 1; place >= 0; --place) texte += chiffre(place);
   std::string suite;
   for (int place = 1; place <= maxDecimales; ++place) suite += chiffre(-place);
-  while (static_cast<int>(suite.size()) > minDecimales && suite.back() == '0') suite.pop_back();
+  while (std::ssize(suite) > minDecimales && suite.back() == '0') suite.pop_back();
   if (mark != std::string_view::npos && maxDecimales > 0) texte += Svc.MarqueDecimale + suite;
   const bool nul = c.d.find_first_not_of('0') == std::string::npos;
   return v < 0 && !nul ? "-" + texte : texte;
@@ -257,10 +258,10 @@ std::string Majuscules(std::string_view texte) {
   s.reserve(texte.size());
   for (std::size_t i = 0; i < texte.size(); ++i) {
     const char c = texte[i];
-    const auto suivant = i + 1 < texte.size() ? static_cast<unsigned char>(texte[i + 1]) : 0U;
+    const auto suivant = i + 1 < texte.size() ? base::Octet(texte[i + 1]) : 0U;
     s += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
     if (suivant == 0) continue;
-    const auto octet = static_cast<unsigned char>(c);
+    const auto octet = base::Octet(c);
     if (octet == 0xC3 && suivant >= 0xA0 && suivant <= 0xBE && suivant != 0xB7) {  // a grave ... thorn, not the
       s += static_cast<char>(suivant - 0x20);                                      // division sign
       ++i;

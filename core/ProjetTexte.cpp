@@ -7,6 +7,7 @@
 #include <system_error>
 #include <unordered_map>
 
+#include "base/Texte.h"
 #include "core/Lignes.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
@@ -230,9 +231,7 @@ RecensementProjet RecenseProjet(std::string_view contenu) {
 }
 
 bool EstTexteProjet(std::string_view contenu) {
-  const auto interdit = [](char c) {
-    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\r' && c != '\n';
-  };
+  const auto interdit = [](char c) { return base::Octet(c) < 0x20 && c != '\t' && c != '\r' && c != '\n'; };
   if (std::any_of(contenu.begin(), contenu.end(), interdit)) return false;
   bool vide = true;
   std::string_view ligne;

@@ -11,7 +11,7 @@ RefusFichier RefusDe(CleTexte texte, const std::string& suite, const std::string
 RefusFichier RefusErreur(std::int32_t numero) {
   if (const auto texte = TexteErreur(numero)) return RefusDe(*texte, "", "");
   RefusFichier refus = RefusDe(Textes::LectureRefusee, "", "");
-  refus.cle = "lib" + std::to_string(-static_cast<std::int64_t>(numero));
+  refus.cle = "lib" + std::to_string(-std::int64_t{numero});
   return refus;
 }
 

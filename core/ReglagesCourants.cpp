@@ -19,7 +19,7 @@ enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Gcode,
 
 // A key read into its member; without it, or where it is no number, the member takes the default.
 void Lit(const char* cle, double& m, double defaut) { m = LireNombre(cle, defaut); }
-void Lit(const char* cle, float& m, float defaut) { m = EnFloat(LireNombre(cle, static_cast<double>(defaut))); }
+void Lit(const char* cle, float& m, float defaut) { m = EnFloat(LireNombre(cle, defaut)); }
 void Lit(const char* cle, std::int16_t& m, std::int16_t defaut) { m = Arrondi16(LireNombre(cle, defaut)); }
 void Lit(const char* cle, std::int32_t& m, std::int32_t defaut) { m = Arrondi32(LireNombre(cle, defaut)); }
 void Lit(const char* cle, bool& m, bool defaut) { m = LireBooleen(cle, defaut); }
@@ -27,8 +27,8 @@ void Lit(const char* cle, std::string& m, const std::string& defaut) { m = LireC
 
 void Ecrit(const char* cle, double v) { EcrireCle(cle, TexteNombre(v)); }
 void Ecrit(const char* cle, float v) { EcrireCle(cle, TexteNombre(v)); }
-void Ecrit(const char* cle, std::int16_t v) { EcrireCle(cle, TexteNombre(static_cast<long>(v))); }
-void Ecrit(const char* cle, std::int32_t v) { EcrireCle(cle, TexteNombre(static_cast<long>(v))); }
+void Ecrit(const char* cle, std::int16_t v) { EcrireCle(cle, TexteNombre(long{v})); }
+void Ecrit(const char* cle, std::int32_t v) { EcrireCle(cle, TexteNombre(long{v})); }
 void Ecrit(const char* cle, bool v) { EcrireCle(cle, v ? "Vrai" : "Faux"); }
 void Ecrit(const char* cle, const std::string& v) { EcrireCle(cle, v); }
 

@@ -3,6 +3,9 @@
 #include <array>
 #include <cstdint>
 
+#include "base/Indices.h"
+#include "base/Texte.h"
+
 namespace ovelin {
 
 namespace {
@@ -19,7 +22,7 @@ constexpr std::uint32_t Invalide = 0xFFFFFFFF;
 // One character of UTF-8 from position i on, which is moved behind it. Overlong forms, surrogates and what lies
 // beyond U+10FFFF are invalid.
 std::uint32_t Caractere(std::string_view s, std::size_t& i) {
-  const auto octet = [&s](std::size_t k) { return static_cast<std::uint32_t>(static_cast<unsigned char>(s[k])); };
+  const auto octet = [&s](std::size_t k) { return std::uint32_t{base::Octet(s[k])}; };
   const std::uint32_t a = octet(i);
   std::size_t suite = 0;
   std::uint32_t c = 0;
@@ -50,7 +53,7 @@ std::uint32_t Caractere(std::string_view s, std::size_t& i) {
 
 bool EstAscii(std::string_view s) {
   for (const char c : s) {
-    if (static_cast<unsigned char>(c) >= 0x80) return false;
+    if (base::Octet(c) >= 0x80) return false;
   }
   return true;
 }
@@ -79,7 +82,7 @@ void AjouteUtf8(std::string& s, std::uint32_t c) {
 int Octet(std::uint32_t c) {
   if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<int>(c);
   for (std::size_t k = 0; k < Haut.size(); ++k) {
-    if (Haut[k] == c) return static_cast<int>(0x80 + k);
+    if (Haut[k] == c) return base::Compte(0x80 + k);
   }
   return -1;
 }
@@ -90,7 +93,7 @@ std::string DeWindows1252(std::string_view octets) {
   std::string s;
   s.reserve(octets.size() + octets.size() / 4);
   for (const char c : octets) {
-    const auto o = static_cast<unsigned char>(c);
+    const auto o = base::Octet(c);
     AjouteUtf8(s, o >= 0x80 && o <= 0x9F ? Haut[o - 0x80U] : o);
   }
   return s;
@@ -123,7 +126,7 @@ std::string Coupe8(std::string_view octets, std::size_t longueur) {
   if (octets.size() <= longueur) return std::string(octets);
   std::size_t fin = longueur;
   if (!EstAscii(octets) && EstUtf8(octets)) {
-    while (fin > 0 && (static_cast<unsigned char>(octets[fin]) & 0xC0) == 0x80) --fin;
+    while (fin > 0 && (base::Octet(octets[fin]) & 0xC0) == 0x80) --fin;
   }
   return std::string(octets.substr(0, fin));
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Indices.h"
+
 namespace ovelin {
 
 namespace {
@@ -37,13 +39,13 @@ void GrilleBD::Pose(std::size_t ligne, std::size_t colonne, const std::string& t
 
 bool GrilleBD::Insere(std::size_t ligne) {
   if (!EstFiche(ligne)) return false;
-  lignes_.insert(lignes_.begin() + static_cast<std::ptrdiff_t>(ligne), FicheMateriau{});
+  lignes_.insert(base::Iterateur(lignes_, ligne), FicheMateriau{});
   return true;
 }
 
 bool GrilleBD::Supprime(std::size_t ligne) {
   if (!EstFiche(ligne)) return false;
-  lignes_.erase(lignes_.begin() + static_cast<std::ptrdiff_t>(ligne));
+  lignes_.erase(base::Iterateur(lignes_, ligne));
   return true;
 }
 

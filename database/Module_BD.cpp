@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Document.h"
@@ -67,7 +68,7 @@ std::string Joint(const FicheMateriau& fiche) {
 bool TropLongue(const FicheMateriau& fiche) {
   const std::string texte = Joint(fiche);
   const auto tabulations = std::count(texte.begin(), texte.end(), Tabulation);
-  return EnTexte8(texte).size() + static_cast<std::size_t>(tabulations) > LongueurLue;
+  return EnTexte8(texte).size() + base::Indice(tabulations) > LongueurLue;
 }
 
 const std::string& Champ(const FicheMateriau& fiche, Colonne colonne) { return fiche.champs[colonne - 1]; }
@@ -122,9 +123,9 @@ void EcritFichesDefaut() {
 std::pair<int, int> VerifieFiches(const std::vector<FicheMateriau>& fiches) {
   for (std::size_t rang = 0; rang < fiches.size(); ++rang) {
     for (const Colonne colonne : {Rayon, Profondeur, Passe, AvanceH, AvanceV}) {
-      if (!ChampValable(fiches[rang], colonne)) return {static_cast<int>(rang) + 1, static_cast<int>(colonne)};
+      if (!ChampValable(fiches[rang], colonne)) return {base::Compte(rang) + 1, static_cast<int>(colonne)};
     }
-    if (TropLongue(fiches[rang])) return {static_cast<int>(rang) + 1, static_cast<int>(Materiau)};
+    if (TropLongue(fiches[rang])) return {base::Compte(rang) + 1, static_cast<int>(Materiau)};
   }
   return {0, 0};
 }
@@ -139,8 +140,8 @@ void EcritFiches(const std::vector<FicheMateriau>& fiches) {
 bool ChargeFiche(int rang) {
   if (rang == 0) return true;
   const std::vector<FicheMateriau> fiches = LitFiches();
-  if (rang < 0 || static_cast<std::size_t>(rang) > fiches.size()) return false;
-  const FicheMateriau& fiche = fiches[static_cast<std::size_t>(rang) - 1];
+  if (rang < 0 || base::Indice(rang) > fiches.size()) return false;
+  const FicheMateriau& fiche = fiches[base::Indice(rang) - 1];
   RayonFraise = std::max(0.0, Valeur(fiche, Rayon));
   ProfFraisage = Valeur(fiche, Profondeur);
   ProfPasse = Valeur(fiche, Passe);

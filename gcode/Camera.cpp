@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "base/Indices.h"
 #include "core/Nombres.h"
 
 namespace ovelin {
@@ -23,11 +24,11 @@ constexpr double DemiOuverture = 1.1 / 0.6;
 double Etendue(double mini, double maxi) { return std::max(0.0, maxi - mini); }
 
 std::int32_t Recul(float depl, int pixels, double etendue) {
-  return etendue > 0 ? Arrondi32(static_cast<double>(depl) * pixels / etendue) : 0;
+  return etendue > 0 ? Arrondi32(double{depl} * pixels / etendue) : 0;
 }
 
 float Decalage(std::int32_t depart, std::int32_t place, int pixels, double etendue) {
-  return EnFloat(static_cast<double>(depart - place) * etendue / std::max(1, pixels));
+  return EnFloat((depart - place) * etendue / std::max(1, pixels));
 }
 
 }  // namespace
@@ -85,8 +86,8 @@ Projection Projection::Espace(const Camera& camera, const BornesProgramme& borne
     p.m_[1][j] = premier[1][j];
     p.m_[2][j] = -sy * premier[0][j] + cy * premier[2][j];
   }
-  p.m_[0][3] = -static_cast<double>(camera.DeplX);
-  p.m_[1][3] = -static_cast<double>(camera.DeplY);
+  p.m_[0][3] = -double{camera.DeplX};
+  p.m_[1][3] = -double{camera.DeplY};
   p.m_[2][3] = Distance(camera, bornes);
   p.perspective_ = true;
   p.echelle_ = std::min(largeur, hauteur) / 2.0 / DemiOuverture;
@@ -109,18 +110,18 @@ Projection Projection::Axe(VueProgramme vue, const Camera& camera, const BornesP
   const std::array<double, 3> mini{b.Xmin, b.Ymin, b.Zmin};
   const std::array<double, 3> maxi{b.Xmax, b.Ymax, b.Zmax};
   const auto milieu = [&](int axe) {
-    const auto i = static_cast<std::size_t>(axe);
+    const auto i = base::Indice(axe);
     return (mini[i] + maxi[i]) / 2;
   };
   const auto etendue = [&](int axe) {
-    const auto i = static_cast<std::size_t>(axe);
+    const auto i = base::Indice(axe);
     return Etendue(mini[i], maxi[i]);
   };
   p.m_[0][axes.droite] = 1;
   p.m_[1][axes.haut] = 1;
   p.m_[2][axes.fond] = axes.signe;
-  p.m_[0][3] = -milieu(axes.droite) - static_cast<double>(camera.DeplX);
-  p.m_[1][3] = -milieu(axes.haut) - static_cast<double>(camera.DeplY);
+  p.m_[0][3] = -milieu(axes.droite) - camera.DeplX;
+  p.m_[1][3] = -milieu(axes.haut) - camera.DeplY;
   const double utile = 1 - 2 * Marge;
   const double l = etendue(axes.droite), h = etendue(axes.haut);
   const double parLargeur = l > 0 ? largeur * utile / l : 0;
@@ -144,8 +145,8 @@ PointVue Projection::Pixels(const Place& place) const {
 }
 
 bool Projection::Segment(const Vertex& a, const Vertex& b, PointVue& pa, PointVue& pb) const {
-  Place p = Transforme(static_cast<double>(a.X), static_cast<double>(a.Y), static_cast<double>(a.Z));
-  Place q = Transforme(static_cast<double>(b.X), static_cast<double>(b.Y), static_cast<double>(b.Z));
+  Place p = Transforme(a.X, a.Y, a.Z);
+  Place q = Transforme(b.X, b.Y, b.Z);
   if (perspective_) {
     if (p.z < ProfondeurMini && q.z < ProfondeurMini) return false;
     const auto coupe = [](const Place& dehors, const Place& dedans) {

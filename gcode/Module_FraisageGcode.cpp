@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Indices.h"
 #include "controller/ClsCdeZENIK.h"
 #include "controller/Module_ZENIK.h"
 #include "core/Cadence.h"
@@ -163,7 +164,7 @@ void Run::PrendTable() {
   const std::int16_t numero = CdeZENIK->TableRecherche(TableDefaut);
   if (numero >= 0) CdeZENIK->TableDefautEcrire(static_cast<std::uint8_t>(numero));
   for (float* v : {&VitesseMaxX, &VitesseMaxY, &VitesseMaxZ}) {
-    *v = EnFloat(NombreDuTexte(Formate(static_cast<double>(*v), "0.000")).value_or(static_cast<double>(*v)));
+    *v = EnFloat(NombreDuTexte(Formate(*v, "0.000")).value_or(double{*v}));
   }
 }
 
@@ -221,7 +222,7 @@ IssueGcode Run::Continue(const Reste& reste) {
   for (std::size_t i = 0; i < 3; ++i) pas_[i] = ici[i] - origine_[i];
   const std::array<double, 3> mm = MmParPas();
   const Lieu but = repere_.Place();
-  const double surete = std::max({but.Z, pas_[2] * mm[2], mesure_.bornes.Zmax, static_cast<double>(HautDeg)});
+  const double surete = std::max({but.Z, pas_[2] * mm[2], mesure_.bornes.Zmax, double{HautDeg}});
   const double avance = etat_.VitesseF > 0 ? etat_.VitesseF : static_cast<double>(Vitesse_Mat_V);
   Va({pas_[0] * mm[0], pas_[1] * mm[1], surete}, VitesseRapide);
   Va({but.X, but.Y, surete}, VitesseRapide);
@@ -290,7 +291,7 @@ bool Run::Va(const Lieu& lieu, double vitesse) {
   const PointXYZ arrivee{lieu.X, lieu.Y, lieu.Z};
   const std::array<double, 3> ecart{arrivee.X - depart.X, arrivee.Y - depart.Y, arrivee.Z - depart.Z};
   Pas3 pas{};
-  for (std::size_t i = 0; i < 3; ++i) pas[i] = Arrondi32(static_cast<double>(EnFloat(ecart[i])) / mm[i]);
+  for (std::size_t i = 0; i < 3; ++i) pas[i] = Arrondi32(EnFloat(ecart[i]) / mm[i]);
   if (pas == Pas3{}) return true;  // no step: nothing is sent
   Envoie(depart, arrivee, vitesse);
   if (Arrete()) return false;
@@ -425,8 +426,8 @@ void Run::Arretee() {
   reste.sorties = sorties_;
   reste.ligne = ligne_;
   const std::int32_t bloc = CdeZENIK->NbBlocsTraites;
-  if (ouvert_ && bloc >= 1 && static_cast<std::size_t>(bloc) <= lignesDesBlocs_.size()) {
-    reste.ligne = lignesDesBlocs_[static_cast<std::size_t>(bloc) - 1];
+  if (ouvert_ && bloc >= 1 && base::Indice(bloc) <= lignesDesBlocs_.size()) {
+    reste.ligne = lignesDesBlocs_[base::Indice(bloc) - 1];
   }
   if (reste.ligne < programme_.NombreLignes()) Laisse = reste;
 }

@@ -87,12 +87,11 @@ std::string TexteHorsCourse(const MesureProgramme& mesure) {
   };
   const auto course = [&](const char* axe, double mini, double maxi, float limite) {
     if (mini < 0) ajoute(axe, mini, "<", 0);
-    if (maxi > static_cast<double>(limite)) ajoute(axe, maxi, ">", static_cast<double>(limite));
+    if (maxi > limite) ajoute(axe, maxi, ">", double{limite});
   };
   course("X", b.Xmin, b.Xmax, CourseX);
   course("Y", b.Ymin, b.Ymax, CourseY);
-  if (b.Zmax - b.Zmin > static_cast<double>(CourseZ))
-    ajoute("Z", b.Zmax - b.Zmin, ">", static_cast<double>(CourseZ));
+  if (b.Zmax - b.Zmin > CourseZ) ajoute("Z", b.Zmax - b.Zmin, ">", double{CourseZ});
   return texte.empty() ? "" : Traduire(Textes::GcodeHorsCourse) + texte;
 }
 

@@ -42,7 +42,7 @@ Jugement JugeMot(const Mot& mot) {
       const std::int32_t n = NumeroMot(mot);
       const bool connu = mot.lettre == 'G' ? Connu(NumerosG, n) : Connu(NumerosM, n);
       if (!connu) return Jugement::Refusee;
-      return mot.nombre == static_cast<double>(n) ? Jugement::Valide : Jugement::Douteuse;
+      return mot.nombre == n ? Jugement::Valide : Jugement::Douteuse;
     }
     default:
       return Jugement::Refusee;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "base/Indices.h"
 #include "base/SansCopie.h"
 #include "core/Nombres.h"
 #include "image/Vue.h"
@@ -70,13 +71,12 @@ class Occupe {
   Occupe(int largeur, int hauteur)
       : largeur_(std::max(1, largeur)),
         hauteur_(std::max(1, hauteur)),
-        faits_(static_cast<std::size_t>(largeur_) * static_cast<std::size_t>(hauteur_), false) {}
+        faits_(base::Indice(largeur_) * base::Indice(hauteur_), false) {}
 
   // Whether this pixel was marked; it is afterwards. Outside the picture nothing is to be seen.
   bool Marque(const PointVue& p) {
     if (!(p.x >= 0 && p.y >= 0 && p.x < largeur_ && p.y < hauteur_)) return true;
-    const std::size_t i =
-        static_cast<std::size_t>(p.y) * static_cast<std::size_t>(largeur_) + static_cast<std::size_t>(p.x);
+    const std::size_t i = static_cast<std::size_t>(p.y) * base::Indice(largeur_) + static_cast<std::size_t>(p.x);
     const bool deja = faits_[i];
     faits_[i] = true;
     return deja;

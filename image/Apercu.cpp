@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Indices.h"
 #include "core/Nombres.h"
 #include "image/Traceur.h"
 
@@ -17,8 +18,7 @@ constexpr float MargeApercu = 180;  // twips, less in a small picture
 
 std::vector<PointTrace> PointsApercu(const std::vector<PointTrace>& points) {
   if (points.size() <= PointsAuPlus) return points;
-  const auto pas =
-      static_cast<std::size_t>(Arrondi32(static_cast<double>(points.size()) / static_cast<double>(PointsAuPlus)));
+  const auto pas = base::Indice(Arrondi32(static_cast<double>(points.size()) / static_cast<double>(PointsAuPlus)));
   std::vector<PointTrace> choisis;
   choisis.reserve(points.size() / pas + 1);
   for (std::size_t i = 0; i < points.size(); i += pas) choisis.push_back(points[i]);
@@ -36,8 +36,8 @@ void ConstruitApercu(const std::vector<PointTrace>& points, double rapportX, dou
   float ymax = 0;
   for (std::size_t i = 0; i < mis.size(); ++i) {
     PointTrace& p = mis[i];
-    p.X = EnFloat(static_cast<double>(p.X) * rapportX);
-    p.Y = EnFloat(static_cast<double>(p.Y) * rapportY);
+    p.X = EnFloat(p.X * rapportX);
+    p.Y = EnFloat(p.Y * rapportY);
     xmin = i == 0 ? p.X : std::min(xmin, p.X);
     xmax = i == 0 ? p.X : std::max(xmax, p.X);
     ymin = i == 0 ? p.Y : std::min(ymin, p.Y);
@@ -49,7 +49,7 @@ void ConstruitApercu(const std::vector<PointTrace>& points, double rapportX, dou
   vue.OrigineDessinY = ymin / 2 + ymax / 2;
   vue.OrigineEcranX = taille.largeur / 2;
   vue.OrigineEcranY = taille.hauteur / 2;
-  vue.Zoom = BorneZoom(static_cast<double>(ZoomRectangle(xmax - xmin, ymax - ymin, taille, vue.MargeVue)));
+  vue.Zoom = BorneZoom(ZoomRectangle(xmax - xmin, ymax - ymin, taille, vue.MargeVue));
   Traceur traceur(scene, vue, taille, TwipsParPixel);
   for (std::size_t i = 0; i < mis.size();) {
     std::size_t fin = i + 1;

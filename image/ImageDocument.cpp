@@ -40,10 +40,10 @@ CadreImage CadreDocument(const Document& document, const OptionsScene& options) 
   double y1 = 0;
   const auto etend = [&](const PointTrace& p) {
     if (!std::isfinite(p.X) || !std::isfinite(p.Y)) return;
-    x0 = std::min(x0, static_cast<double>(p.X));
-    x1 = std::max(x1, static_cast<double>(p.X));
-    y0 = std::min(y0, static_cast<double>(p.Y));
-    y1 = std::max(y1, static_cast<double>(p.Y));
+    x0 = std::min(x0, double{p.X});
+    x1 = std::max(x1, double{p.X});
+    y0 = std::min(y0, double{p.Y});
+    y1 = std::max(y1, double{p.Y});
   };
   if (options.dessin) std::for_each(document.TraceInitial.begin(), document.TraceInitial.end(), etend);
   if (options.trajet) {
@@ -55,7 +55,7 @@ CadreImage CadreDocument(const Document& document, const OptionsScene& options) 
   const auto cote = [&](double mm) { return static_cast<float>(std::ceil(mm * zoom + 2 * Bord)) * TwipsParPixel; };
   CadreImage cadre;
   cadre.taille = {cote(largeur), cote(hauteur)};
-  cadre.vue.Zoom = BorneZoom(zoom * static_cast<double>(TwipsParPixel));
+  cadre.vue.Zoom = BorneZoom(zoom * TwipsParPixel);
   cadre.vue.OrigineDessinX = static_cast<float>(x0);
   cadre.vue.OrigineDessinY = static_cast<float>(y0);
   cadre.vue.OrigineEcranX = cadre.vue.OrigineEcranY = static_cast<float>(Bord) * TwipsParPixel;
@@ -63,8 +63,8 @@ CadreImage CadreDocument(const Document& document, const OptionsScene& options) 
 }
 
 void AjouteEchelle(const CadreImage& cadre, Scene& scene) {
-  const double zoom = static_cast<double>(cadre.vue.Zoom);
-  const double mm = LongueurRonde(static_cast<double>(cadre.taille.largeur) / 4 / zoom);
+  const double zoom = cadre.vue.Zoom;
+  const double mm = LongueurRonde(double{cadre.taille.largeur} / 4 / zoom);
   const float gauche = static_cast<float>(Bord) * TwipsParPixel;
   const float droite = gauche + static_cast<float>(mm * zoom);
   const float bas = cadre.taille.hauteur - PiedEchelle;

@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/Indices.h"
 #include "image/Peintre.h"
 
 namespace ovelin {
@@ -51,7 +52,7 @@ class Peinture {
     const double largeur = LargeurDe(p, palette_);
     std::vector<double> motif;
     for (const float tiret : MotifDe(palette_[p.role].style)) motif.push_back(tiret * largeur);
-    cairo_set_dash(c_, motif.data(), static_cast<int>(motif.size()), 0);
+    cairo_set_dash(c_, motif.data(), base::Compte(motif.size()), 0);
     cairo_set_line_width(c_, largeur);
     cairo_set_line_cap(c_, p.mesure > 0 ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_SQUARE);
     cairo_set_line_join(c_, p.mesure > 0 ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_BEVEL);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "base/Indices.h"
 #include "core/Nombres.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -113,7 +114,7 @@ void Peintre::Releve() {
   fiches_.reserve(doc_.Sequences.size());
   for (const SequenceInfo& s : doc_.Sequences) fiches_.try_emplace(s.Code.Cle(), &s);
   const auto& points = doc_.TraceInitial;
-  const std::size_t n = doc_.NbPoints > 0 ? std::min(points.size(), static_cast<std::size_t>(doc_.NbPoints)) : 0;
+  const std::size_t n = doc_.NbPoints > 0 ? std::min(points.size(), base::Indice(doc_.NbPoints)) : 0;
   if (n == 0) return;
   xmin_ = xmax_ = points[0].X;
   ymin_ = ymax_ = points[0].Y;
@@ -275,8 +276,8 @@ void Peintre::Depart(const Course& course) {
   const PointTrace* q = p + 1;
   while (q != fin && pathwerk::MemePlace(*p, *q)) ++q;
   if (q == fin) return;
-  const double dx = static_cast<double>(q->X) - static_cast<double>(p->X);
-  const double dy = static_cast<double>(q->Y) - static_cast<double>(p->Y);
+  const double dx = double{q->X} - p->X;
+  const double dy = double{q->Y} - p->Y;
   const double longueur = std::hypot(dx, dy);
   const PointEcran place = traceur_.Place(p->X, p->Y);
   if (!std::isfinite(longueur) || !traceur_.Montre(place, FlecheLongue, SorteDepart)) return;
@@ -316,8 +317,7 @@ void Peintre::Numeros() {
   std::unordered_map<std::uint64_t, float> rayons;
   for (auto n = numeros.rbegin(); n != numeros.rend(); ++n) {
     const auto cle = [&](float v) {
-      return static_cast<std::uint64_t>(
-          static_cast<std::uint32_t>(Arrondi32(static_cast<double>(v / options_.pixel))));
+      return std::uint64_t{static_cast<std::uint32_t>(Arrondi32(v / options_.pixel))};
     };
     float& rayon = rayons[cle(n->place.X) << 32U | cle(n->place.Y)];
     n->cache = rayon >= n->rayon;
@@ -385,7 +385,7 @@ OptionsScene OptionsCourantes(bool numPoint, bool sequence) {
 
 float CoteMarque(const TailleImage& taille) {
   const float aire = std::max(taille.largeur * taille.hauteur, 0.0F);
-  return static_cast<float>(Arrondi32(std::sqrt(static_cast<double>(aire)) / 75));
+  return static_cast<float>(Arrondi32(std::sqrt(double{aire}) / 75));
 }
 
 void ConstruitScene(const Document& document, const EtatVue& vue, const TailleImage& taille,

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "base/Indices.h"
+
 namespace ovelin {
 
 namespace {
@@ -42,10 +44,9 @@ bool Traceur::Visible(const PointEcran& p, float rayon) const {
 
 bool Traceur::Nouvelle(const PointEcran& p, unsigned sorte) {
   if (Dehors(p.X, p.Y) != 0) return false;
-  if (taches_.empty()) taches_.assign(static_cast<std::size_t>(colonnes_) * static_cast<std::size_t>(lignes_), 0);
+  if (taches_.empty()) taches_.assign(base::Indice(colonnes_) * base::Indice(lignes_), 0);
   const Cellule c = CelluleDe(p.X, p.Y);
-  const std::size_t place =
-      static_cast<std::size_t>(c.y) * static_cast<std::size_t>(colonnes_) + static_cast<std::size_t>(c.x);
+  const std::size_t place = base::Indice(c.y) * base::Indice(colonnes_) + base::Indice(c.x);
   const auto bit = static_cast<std::uint16_t>(1U << sorte);
   if ((taches_[place] & bit) != 0) return false;
   taches_[place] = static_cast<std::uint16_t>(taches_[place] | bit);
@@ -163,8 +164,8 @@ bool Traceur::Coupe(PointEcran& a, PointEcran& b) const {
   if (!std::isfinite(a.X) || !std::isfinite(a.Y) || !std::isfinite(b.X) || !std::isfinite(b.Y)) return false;
   const double ax = a.X;
   const double ay = a.Y;
-  const double dx = static_cast<double>(b.X) - ax;
-  const double dy = static_cast<double>(b.Y) - ay;
+  const double dx = b.X - ax;
+  const double dy = b.Y - ay;
   double t0 = 0;
   double t1 = 1;
   const auto bord = [&](double pente, double reste) {

@@ -48,7 +48,7 @@ float ZoomAjuste(float xmin, float xmax, float ymin, float ymax, const TailleIma
 
 EtatVue ZoomeAuPoint(const EtatVue& vue, float hauteur, float x, float y, float facteur) {
   EtatVue nouvelle = vue;
-  nouvelle.Zoom = BorneZoom(static_cast<double>(vue.Zoom) * static_cast<double>(facteur));
+  nouvelle.Zoom = BorneZoom(double{vue.Zoom} * facteur);
   const PointTrace sous = VersDessin(vue, hauteur, {x, y, CodePD, {}});
   nouvelle.OrigineDessinX = sous.X - (x - vue.OrigineEcranX) / nouvelle.Zoom;
   nouvelle.OrigineDessinY = sous.Y - (hauteur - y - vue.OrigineEcranY) / nouvelle.Zoom;

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <limits>
 
+#include "base/Indices.h"
 #include "core/Cles.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
@@ -130,7 +131,7 @@ std::pair<int, std::string> ChampJumeau(int index, std::string_view texte) {
 void SuitChamp(int index, std::string_view texte) {
   const double lue = NombreDuTexte(texte).value_or(0);
   const auto valeur = EnFloat(lue);
-  if (valeur == 0 || std::abs(lue) > static_cast<double>(std::numeric_limits<float>::max())) return;
+  if (valeur == 0 || std::abs(lue) > (std::numeric_limits<float>::max())) return;
   for (const GlobaleTable& g : GlobalesTable()) {
     if (g.suit && g.champ.famille == FamilleChamp::TB_SAV && g.champ.index == index) g.pose(Table, lue);
   }
@@ -176,7 +177,7 @@ bool AppliqueInterface(std::string_view nom, ChampsTable& champs) {
     const auto rang = sortie - 1;
     const ChampMachine* signal = ChercheChamp(FamilleChamp::Combo_SAV, ChampsMachine::Sortie1.index + rang);
     const ChampMachine* inversion = ChercheChamp(FamilleChamp::CB_SAV, ChampsMachine::InverseSortie1.index + rang);
-    Pose(champs, signal->Cle(), std::to_string(it->sorties[static_cast<std::size_t>(sortie - 1)]));
+    Pose(champs, signal->Cle(), std::to_string(it->sorties[base::Indice(sortie - 1)]));
     if (it->inversions) Pose(champs, inversion->Cle(), "0");
   }
   return true;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "base/Indices.h"
+#include "base/Texte.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Nombres.h"
@@ -23,8 +25,8 @@ constexpr const char* Proposition = "NewTable-";  // one character too long: it 
 constexpr std::size_t LongueurMax = 8;            // the board holds no more of a name
 
 std::size_t NombreCaracteres(std::string_view utf8) {
-  return static_cast<std::size_t>(std::count_if(
-      utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+  return base::Indice(
+      std::count_if(utf8.begin(), utf8.end(), [](char c) { return (base::Octet(c) & 0xC0) != 0x80; }));
 }
 
 // Sections are found without regard to case, so names that differ by case alone name one table.
@@ -76,9 +78,8 @@ std::vector<std::string> ListeTables() {
 }
 
 std::optional<CleTexte> RefusNomTable(std::string_view nom) {
-  const bool interdit = std::any_of(nom.begin(), nom.end(), [](char c) {
-    return c == '[' || c == ']' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-  });
+  const bool interdit = std::any_of(
+      nom.begin(), nom.end(), [](char c) { return c == '[' || c == ']' || base::Octet(c) < 0x20 || c == 0x7F; });
   if (interdit || NombreCaracteres(nom) > LongueurMax) return Textes::NomTableRefuse;
   if (!EnWindows1252(nom)) return Textes::NomTableHorsJeu;
   return std::nullopt;

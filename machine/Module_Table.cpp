@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Indices.h"
 #include "core/Cles.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
@@ -76,7 +77,7 @@ double ResolutionFine() {
 
 // The decimals of the table's own width: 0.175 is shown as 0.18, not as the 0.17 that its 64-bit neighbour gives.
 std::string TextePente(int curseur) {
-  const auto rang = static_cast<std::size_t>(std::clamp(curseur, 1, static_cast<int>(TempsDouble.size())) - 1);
+  const auto rang = base::Indice(std::clamp(curseur, 1, base::Compte(TempsDouble.size())) - 1);
   const double temps = NombreDuTexte(TexteNombre(TempsDouble[rang])).value_or(0);
   return Traduire(Textes::VitesseDoubleEn) + " " + Formate(temps, "###0.00") + " " + Traduire(Textes::Secondes);
 }

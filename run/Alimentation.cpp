@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "base/Indices.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
@@ -43,9 +44,9 @@ bool Alimentation::PasLigne() {
     phase_ = Phase::Fin;
     return true;
   }
-  Deplacement& ligne = TableDecoupe[static_cast<std::size_t>(ligne_)];
+  Deplacement& ligne = TableDecoupe[base::Indice(ligne_)];
   float v = ligne.Vitesse;
-  if (vRef_ != 0 && ligne.dZ == 0) v = static_cast<float>(Vitesse_Mat_H * static_cast<double>(v / vRef_));
+  if (vRef_ != 0 && ligne.dZ == 0) v = static_cast<float>(Vitesse_Mat_H * (v / vRef_));
   float t = 0;
   const bool accepte = CdeZENIK->CommandeDATA(ligne.dX, ligne.dY, ligne.dZ, v, t, false);
   if (Perdue() || !accepte) return false;
@@ -53,7 +54,7 @@ bool Alimentation::PasLigne() {
     StopDemande = Vrai;
     return false;
   }
-  TableDecoupe[static_cast<std::size_t>(ligne_)].Ticks = CdeZENIK->NbTicks;
+  TableDecoupe[base::Indice(ligne_)].Ticks = CdeZENIK->NbTicks;
   if (Vue_Decoupe.Accepte) Vue_Decoupe.Accepte(ligne_, v);
   ++ligne_;
   return true;

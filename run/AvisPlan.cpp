@@ -87,7 +87,7 @@ std::vector<AvisPlan> AvisDuPlan() {
   const Fonds fonds = FondsDuTrajet();
   // As the presets have it: a bridge as high as the cut is deep holds whatever the thickness of the sheet.
   if (fonds.attaches > 0 && MiniEncoche <= 0) dit(Textes::AvisAttaches, Mm(fonds.attaches));
-  const double libre = static_cast<double>(CourseZ) - static_cast<double>(HautDeg);
+  const double libre = double{CourseZ} - HautDeg;
   if (fonds.tous > libre) dit(Textes::AvisProfondeur, Mm(fonds.tous) + " > " + Mm(libre));
   const double courte = PlusCourteAttachee();
   if (LargeurEncoche > courte) dit(Textes::AvisEncoche, Mm(LargeurEncoche) + " > " + Mm(courte));

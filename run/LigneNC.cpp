@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "base/Indices.h"
+#include "base/Texte.h"
 #include "core/Texte8.h"
 
 namespace ovelin {
@@ -30,7 +32,7 @@ char* EcritMot(char* place, char lettre, float v, double dernier) {
 char* EcritNombreNC(char* place, double v, int decimales) {
   constexpr double borne = 3.5e38;  // beyond every 32-bit float, within TailleNombreNC
   v = std::isfinite(v) ? std::clamp(v, -borne, borne) : 0;
-  const double echelle = Puissances[static_cast<std::size_t>(decimales)];
+  const double echelle = Puissances[base::Indice(decimales)];
   const double grandeur = std::abs(v) * echelle;
   if (grandeur >= 9e15) {  // beyond whole numbers of 64-bit floats; such a value has no fraction left
     return std::to_chars(place, place + TailleNombreNC, v, std::chars_format::fixed, decimales).ptr;
@@ -42,12 +44,12 @@ char* EcritNombreNC(char* place, double v, int decimales) {
   std::array<char, 20> chiffres{};  // from the right
   int n = 0;
   while (entier != 0 || n <= decimales) {
-    chiffres[static_cast<std::size_t>(n++)] = static_cast<char>('0' + entier % 10);
+    chiffres[base::Indice(n++)] = static_cast<char>('0' + entier % 10);
     entier /= 10;
   }
-  while (n > decimales) *place++ = chiffres[static_cast<std::size_t>(--n)];
+  while (n > decimales) *place++ = chiffres[base::Indice(--n)];
   if (decimales > 0) *place++ = '.';
-  while (n > 0) *place++ = chiffres[static_cast<std::size_t>(--n)];
+  while (n > 0) *place++ = chiffres[base::Indice(--n)];
   return place;
 }
 
@@ -71,7 +73,7 @@ void EcritLigneNC(std::string& texte, EtatNC& etat, float vitesse, float x, floa
   *place++ = '\n';
   etat.Va(x, y, z, vitesse);
   ++etat.lignes;
-  texte.append(tampon.data(), static_cast<std::size_t>(place - tampon.data()));
+  texte.append(tampon.data(), place);
 }
 
 void EcritCommentaireNC(std::string& texte, EtatNC& etat, std::string_view contenu) {
@@ -79,7 +81,7 @@ void EcritCommentaireNC(std::string& texte, EtatNC& etat, std::string_view conte
   for (char& c : propre) {
     if (c == '(') c = '[';
     if (c == ')') c = ']';
-    if (static_cast<unsigned char>(c) < 32) c = ' ';
+    if (base::Octet(c) < 32) c = ' ';
   }
   EcritMotNC(texte, etat, "(" + EnTexte8(propre) + ")");
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/Indices.h"
 #include "controller/ClsCdeZENIK.h"
 #include "controller/Module_ZENIK.h"
 #include "core/Cadence.h"
@@ -131,8 +132,8 @@ class Decoupe {
   // The list into the board's memory, and its start where it is wanted. False: nothing runs.
   bool EcritListe() {
     if (ListeFlash.size() >= OctetsMemoire) {
-      const auto tient = static_cast<double>(NbDeplacements) * static_cast<double>(OctetsMemoire - 1) /
-                         static_cast<double>(ListeFlash.size());
+      const auto tient =
+          NbDeplacements * static_cast<double>(OctetsMemoire - 1) / static_cast<double>(ListeFlash.size());
       MessageFichier(Textes::MemoireTropPetite, " " + std::to_string(static_cast<long>(tient)), Icone::Critique,
                      "");
       StopDemande = Vrai;
@@ -222,7 +223,7 @@ std::int16_t LanceDecoupe(float& VRef, const std::string& appelant) {
 void AffichageAvancement(double tempsTotal, double heureDebut, std::int32_t index) {
   const std::int32_t fin = std::min(index, NbDeplacements);
   for (; IndexTraceRun <= fin; ++IndexTraceRun) {
-    const Deplacement& d = TableDecoupe[static_cast<std::size_t>(IndexTraceRun)];
+    const Deplacement& d = TableDecoupe[base::Indice(IndexTraceRun)];
     if (IndexTraceRun > 1) Svc.LigneRun(XTraceRun, YTraceRun, d.X, d.Y);
     XTraceRun = d.X;
     YTraceRun = d.Y;

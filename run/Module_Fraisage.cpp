@@ -115,8 +115,8 @@ void FermeFraisage(int gauche, int haut) {
   EcrireCle(cles::Vitesse_Mat_H, TexteNombre(Vitesse_Mat_H));
   EcrireCle(cles::Vitesse_Mat_V, TexteNombre(Vitesse_Mat_V));
   const SansProjet reglages;
-  EcrireCle(CleGauche(), TexteNombre(static_cast<long>(gauche) * TwipsPixel));
-  EcrireCle(CleHaut(), TexteNombre(static_cast<long>(haut) * TwipsPixel));
+  EcrireCle(CleGauche(), TexteNombre(long{gauche} * TwipsPixel));
+  EcrireCle(CleHaut(), TexteNombre(long{haut} * TwipsPixel));
 }
 
 std::optional<std::pair<int, int>> LitPlaceFraisage() {

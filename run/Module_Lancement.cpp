@@ -146,13 +146,13 @@ bool ReprendFraisage(const std::string& vitesse) {
   BrocheOn();
   const Deplacement premiere = TableReprise[1];
   InitDecoupe();
-  AjoutDeplacementZ(EnFloat(static_cast<double>(HautDeg) - CdeZENIK->PosZ), Faux, 0);
+  AjoutDeplacementZ(EnFloat(HautDeg - CdeZENIK->PosZ), Faux, 0);
   PointTrace depart;
   depart.X = EnFloat(CdeZENIK->Pas_mm_X(CdeZENIK->PasX));
   depart.Y = EnFloat(CdeZENIK->Pas_mm_Y(CdeZENIK->PasY));
   PointTrace reprise;
-  reprise.X = EnFloat(static_cast<double>(premiere.X) - CdeZENIK->Pas_mm_X(premiere.dX));
-  reprise.Y = EnFloat(static_cast<double>(premiere.Y) - CdeZENIK->Pas_mm_Y(premiere.dY));
+  reprise.X = EnFloat(premiere.X - CdeZENIK->Pas_mm_X(premiere.dX));
+  reprise.Y = EnFloat(premiere.Y - CdeZENIK->Pas_mm_Y(premiere.dY));
   AjoutDeplacement(depart, reprise, Faux, 0);
   AjoutDeplacementZ(-HautDeg, Faux, 0);
   AjoutDeplacementZ(premiere.Z, Vrai, 0);

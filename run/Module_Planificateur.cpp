@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Indices.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/ChampsMachine.h"
 #include "core/DocumentCourant.h"
@@ -41,7 +42,7 @@ std::optional<CleTexte> Refus(JugementPlan jugement) {
 // Room for the rows, taken before anything changes. The memory of the table before is given back first thing, and
 // room that nothing was written to costs none, so two tables are never held at once.
 bool Reserve(std::int64_t lignes) {
-  const auto taille = static_cast<std::size_t>(lignes);
+  const auto taille = base::Indice(lignes);
   if (TableDecoupe.capacity() >= taille) return true;
   try {
     std::vector<Deplacement> neuve;

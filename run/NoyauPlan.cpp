@@ -5,6 +5,7 @@
 #include <limits>
 #include <unordered_map>
 
+#include "base/Indices.h"
 #include "core/Cadence.h"
 #include "core/Nombres.h"
 #include "toolpath/Etendues.h"
@@ -51,7 +52,7 @@ std::int32_t PasLigne(float cumul, double mmParPas, std::int32_t& pasCumul) {
 // A new last row behind `plan.NbDeplacements`, whatever stood there before.
 Deplacement& NouvelleLigne(EtatPlan& plan) {
   ++plan.NbDeplacements;
-  const auto index = static_cast<std::size_t>(plan.NbDeplacements);
+  const auto index = base::Indice(plan.NbDeplacements);
   if (plan.TableDecoupe.size() != index) plan.TableDecoupe.resize(index);
   plan.TableDecoupe.emplace_back();
   Deplacement& ligne = plan.TableDecoupe[index];
@@ -325,7 +326,7 @@ EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecal
     const auto [place, nouvelle] = passesParProfondeur.try_emplace(profondeur, 0);
     if (nouvelle) place->second = NombrePasses(profondeur, p.ProfPasse);
     // a pass at most: rapid, descent, plunge, the cuts, the notches, two rows up, two of pecking
-    const std::int64_t parPasse = static_cast<std::int64_t>(points.size()) + hauteurs + 6;
+    const std::int64_t parPasse = std::ssize(points) + hauteurs + 6;
     e.lignes += place->second * parPasse;
     if (place->second == 0 || e.lignes > LimiteLignes) {
       e.jugement = JugementPlan::Passe;

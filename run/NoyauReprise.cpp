@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdio>
 
+#include "base/Indices.h"
 #include "core/Duree.h"
 #include "core/Nombres.h"
 
@@ -18,9 +19,9 @@ bool Immobile(const Deplacement& d) { return d.dX == 0 && d.dY == 0 && d.dZ == 0
 void CompacteTable(EtatPlan& plan) {
   if (plan.NbDeplacements < 1) return;
   const auto debut = plan.TableDecoupe.begin() + 1;
-  plan.TableDecoupe.resize(static_cast<std::size_t>(plan.NbDeplacements) + 1);
+  plan.TableDecoupe.resize(base::Indice(plan.NbDeplacements) + 1);
   plan.TableDecoupe.erase(std::remove_if(debut, plan.TableDecoupe.end(), Immobile), plan.TableDecoupe.end());
-  plan.NbDeplacements = static_cast<std::int32_t>(plan.TableDecoupe.size()) - 1;
+  plan.NbDeplacements = base::Compte(plan.TableDecoupe.size()) - 1;
 }
 
 std::vector<Deplacement> LignesDepuis(const EtatPlan& plan, std::int32_t premiere) {
@@ -61,7 +62,7 @@ void AjouteReste(EtatPlan& plan, const std::vector<Deplacement>& reste, float vi
     d.Ticks = 0;
     plan.TableDecoupe.push_back(d);
   }
-  plan.NbDeplacements = static_cast<std::int32_t>(plan.TableDecoupe.size()) - 1;
+  plan.NbDeplacements = base::Compte(plan.TableDecoupe.size()) - 1;
 }
 
 std::string TexteTempsRestant(double secondes) {

@@ -5,6 +5,7 @@
 #include <limits>
 #include <span>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
@@ -92,7 +93,7 @@ bool AjouteAttache(float x, float y) {
     return p.Cde == CodePC && DistancePoints(q, p) < LargeurEncoche;
   });
   if (serre) return Refuse();
-  InserePoint(static_cast<std::int32_t>(proche.fin), q);
+  InserePoint(base::Compte(proche.fin), q);
   Termine(q.Seq);
   return true;
 }

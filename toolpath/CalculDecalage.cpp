@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
@@ -41,7 +42,7 @@ void CalculDecalage(Code2 code) {
   if (premier < 0) return;
   ProprietesSequence proprietes;
   LitSequence(code, proprietes);
-  const Etendue run = EtendueDepuis(TraceInitial, static_cast<std::size_t>(premier));
+  const Etendue run = EtendueDepuis(TraceInitial, base::Indice(premier));
   auto trace = CalculeTrace(PointsDe(std::as_const(TraceInitial), run), code, proprietes, Parametres());
   if (!trace) return;
   const bool reussie = trace->reussie;
@@ -70,7 +71,7 @@ bool RecalculDecalages() {
   const std::vector<Code2> codes = ListeCodes();
   TraceDecale.clear();
   {
-    Avancement avancement(Traduire(Textes::CalculTrajetOutil), static_cast<long>(codes.size()));
+    Avancement avancement(Traduire(Textes::CalculTrajetOutil), std::ssize(codes));
     if (CalculeTraces(Doc, codes, Parametres(), TraceDecale, [&] { avancement.Plus(); })) EffaceStatut();
   }
   Svc.LaisseEvenements(Evenements::Affichage);

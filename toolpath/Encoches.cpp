@@ -109,8 +109,7 @@ class Ouvreur {
   template <bool Avant>
   Place PasseBlocs(Place& place, const PointTrace& marque) {
     constexpr double arrondi = 16.0 * std::numeric_limits<float>::epsilon();
-    const double etendue =
-        std::abs(static_cast<double>(marque.X)) + std::abs(static_cast<double>(marque.Y)) + 2 * t_;
+    const double etendue = std::abs(double{marque.X}) + std::abs(double{marque.Y}) + 2 * t_;
     const double sur = t_ - 10 * ToleranceSegment - arrondi * etendue;
     Place suivante = Voisine<Avant>(place);
     // The ends of the piece lie outside, so there is always a block that is not passed.

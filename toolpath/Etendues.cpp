@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/Boite.h"
+#include "base/Indices.h"
 
 namespace ovelin {
 
@@ -62,7 +63,7 @@ std::optional<std::size_t> IndexCodes::Fiche(Code2 code) const { return Cherche(
 
 std::span<const PointTrace> PointsComptes(const Document& document) {
   if (document.NbPoints <= 0) return {};
-  const auto n = std::min(static_cast<std::size_t>(document.NbPoints), document.TraceInitial.size());
+  const auto n = std::min(base::Indice(document.NbPoints), document.TraceInitial.size());
   return std::span(document.TraceInitial).first(n);
 }
 
@@ -86,7 +87,7 @@ void MesureDocument(Document& document) {
 double DistancePoints(const PointTrace& a, const PointTrace& b) {
   const float dx = b.X - a.X;
   const float dy = b.Y - a.Y;
-  return std::sqrt(static_cast<double>(dx) * dx + static_cast<double>(dy) * dy);
+  return std::sqrt(double{dx} * dx + double{dy} * dy);
 }
 
 // The right character counts fastest: A to Z, a to z; then the left one, which starts blank. Nothing stops at the

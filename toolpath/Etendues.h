@@ -75,7 +75,7 @@ ProprietesSequence ProprietesDe(std::span<const SequenceInfo> fiches, const Inde
 void MesureDocument(Document& document);
 
 // From `a` to `b`, formed in 64 bits.
-inline double Ecart(float a, float b) { return static_cast<double>(b) - a; }
+inline double Ecart(float a, float b) { return double{b} - a; }
 double DistancePoints(const PointTrace& a, const PointTrace& b);  // mm, differences formed in 32 bits
 Code2 CodeSuivant(Code2 code);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/Texte.h"
 #include "core/BoiteRefus.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
@@ -29,7 +30,7 @@ bool Refuse(CleTexte texte) {
 std::string Commentaire(std::string texte) {
   if (texte.size() > pathwerk::LongueurMessage) {
     std::size_t n = pathwerk::LongueurMessage;
-    while (n > 0 && (static_cast<unsigned char>(texte[n]) & 0xC0U) == 0x80U) --n;
+    while (n > 0 && (base::Octet(texte[n]) & 0xC0U) == 0x80U) --n;
     texte.resize(n);
   }
   texte.resize(pathwerk::LongueurMessage, ' ');
@@ -87,7 +88,7 @@ bool EcritUnFichierParTrace(const std::string& chemin, int source) {
   if (traces.empty()) return Refuse(Textes::ExportVide);
   long numero = 0;
   {
-    Avancement avancement(Traduire(Textes::ExportEnCours), static_cast<long>(traces.size()));
+    Avancement avancement(Traduire(Textes::ExportEnCours), std::ssize(traces));
     for (const Points& points : traces) {
       avancement.Plus();
       ++numero;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
@@ -42,7 +43,7 @@ bool LisseChemin(std::vector<PointTrace>& chemin) {
 // The result is built beside the drawing and takes its place at once: what is painted meanwhile is whole.
 void NettoieTout(float resolution) {
   TraceInitial = NettoiePoints(TraceInitial, resolution);
-  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  NbPoints = base::Compte(TraceInitial.size());
 }
 
 bool mnu_Nettoyage_Click(float resolution) {
@@ -62,8 +63,7 @@ bool mnu_Nettoyage_Click(float resolution) {
 bool LisseSequence(Code2 code) {
   const std::int32_t premier = IndexSequence(code);
   if (premier < 0) return false;
-  std::vector<PointTrace> chemin =
-      CopieDe(TraceInitial, EtendueDepuis(TraceInitial, static_cast<std::size_t>(premier)));
+  std::vector<PointTrace> chemin = CopieDe(TraceInitial, EtendueDepuis(TraceInitial, base::Indice(premier)));
   if (!LisseChemin(chemin)) return false;
   RemplaceSequence(code, chemin);
   OublieOrigine();
@@ -92,7 +92,7 @@ void LisseSelection() {
     points.insert(points.end(), chemin.begin(), chemin.end());
   }
   TraceInitial.swap(points);
-  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  NbPoints = base::Compte(TraceInitial.size());
   if (uneLissee) OublieOrigine();
   EncombrementGeneral();
   RefaitDecalages(codes);

@@ -5,6 +5,7 @@
 #include <span>
 #include <unordered_map>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
@@ -91,13 +92,13 @@ bool ChangeOrdre(int sens) {
 }
 
 bool ChangeDepart(std::int32_t index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= TraceInitial.size()) {
+  if (index < 0 || base::Indice(index) >= TraceInitial.size()) {
     Svc.Bip();
     return false;
   }
   Statut(Textes::ChangeDepart);
   // The run that holds the point, from its first point on.
-  const auto choisi = static_cast<std::size_t>(index);
+  const auto choisi = base::Indice(index);
   const Code2 code = TraceInitial[choisi].Seq;
   std::size_t premier = choisi;
   while (premier > 0 && TraceInitial[premier - 1].Seq == code) --premier;

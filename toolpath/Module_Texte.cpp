@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "base/Indices.h"
 #include "core/BoiteRefus.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
@@ -33,8 +34,8 @@ bool DessinPresent() {
 bool RefuseTexte(std::int32_t erreur, const std::string& police) {
   using pathwerk::Erreur;
   BoiteMessage boite = BoiteErreur(erreur);
-  if (erreur == ErreurFichierPolice || erreur == static_cast<std::int32_t>(Erreur::Police) ||
-      erreur == static_cast<std::int32_t>(Erreur::PoliceFichier)) {
+  if (erreur == ErreurFichierPolice || erreur == pathwerk::Numero(Erreur::Police) ||
+      erreur == pathwerk::Numero(Erreur::PoliceFichier)) {
     boite.texte += " (" + police + ")";
   }
   Svc.Montre(boite);
@@ -108,7 +109,7 @@ void AjouteChemins(const std::vector<std::vector<PointTrace>>& chemins, bool des
     Sequences.push_back({chemin.front().Seq, Faux, ProfFraisage, Vrai, 1, Vrai});
     TraceInitial.insert(TraceInitial.end(), chemin.begin(), chemin.end());
   }
-  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  NbPoints = base::Compte(TraceInitial.size());
 }
 
 }  // namespace
@@ -118,12 +119,12 @@ bool GenereTexte(const std::string& texte, const std::string& police, std::int32
   std::vector<PointTrace> points(1);
   const std::int32_t n = Biblio.Texte(points, texte, police, espace, style);
   if (n < 0) return RefuseTexte(n, police);
-  points.resize(std::min(points.size(), static_cast<std::size_t>(n)));
+  points.resize(std::min(points.size(), base::Indice(n)));
   if (points.empty()) return true;
 
   const bool dessin = DessinPresent();
   const auto chemins = Chemins(points, dessin);
-  if (!chemins) return RefuseTexte(static_cast<std::int32_t>(pathwerk::Erreur::TropDeSequences), police);
+  if (!chemins) return RefuseTexte(pathwerk::Numero(pathwerk::Erreur::TropDeSequences), police);
   AjouteChemins(*chemins, dessin);
   EncombrementGeneral();
   RecalculDecalages();

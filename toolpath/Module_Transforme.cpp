@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "base/Indices.h"
 #include "core/ChampsMachine.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
@@ -196,12 +197,12 @@ bool PlaceOrigine() {
 }
 
 bool ChangePosition(std::int32_t index, float x, float y) {
-  if (index < 0 || static_cast<std::size_t>(index) >= TraceInitial.size()) return false;
+  if (index < 0 || base::Indice(index) >= TraceInitial.size()) return false;
   if (!Acceptable({x, y})) return RefuseCoordonnee();
-  const auto [debut, fin] = EtendueDuPoint(static_cast<std::size_t>(index));
+  const auto [debut, fin] = EtendueDuPoint(base::Indice(index));
   PointTrace& premier = TraceInitial[debut];
   PointTrace& dernier = TraceInitial[fin];
-  PointTrace& p = TraceInitial[static_cast<std::size_t>(index)];
+  PointTrace& p = TraceInitial[base::Indice(index)];
   const bool ferme = premier.X == dernier.X && premier.Y == dernier.Y;
   if (ferme && (&p == &premier || &p == &dernier)) {
     premier.X = dernier.X = x;
@@ -218,9 +219,9 @@ bool SupprimePoints(const std::vector<std::int32_t>& index) {
   std::vector<bool> retire(TraceInitial.size(), false);
   std::vector<Code2> codes;
   for (const std::int32_t i : index) {
-    if (i < 0 || static_cast<std::size_t>(i) >= TraceInitial.size()) continue;
-    retire[static_cast<std::size_t>(i)] = true;
-    codes.push_back(TraceInitial[static_cast<std::size_t>(i)].Seq);
+    if (i < 0 || base::Indice(i) >= TraceInitial.size()) continue;
+    retire[base::Indice(i)] = true;
+    codes.push_back(TraceInitial[base::Indice(i)].Seq);
   }
   if (codes.empty()) return false;
   if (Regl.ConfirmSuppr && Message(Textes::SupprimePoints, Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
@@ -232,7 +233,7 @@ bool SupprimePoints(const std::vector<std::int32_t>& index) {
     if (!retire[i]) TraceInitial[garde++] = TraceInitial[i];
   }
   TraceInitial.resize(garde);
-  NbPoints = static_cast<std::int32_t>(garde);
+  NbPoints = base::Compte(garde);
   if (std::all_of(codes.begin(), codes.end(), [&](Code2 c) { return c == codes.front(); })) {
     RefaitDecalage(codes.front());
   } else {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Indices.h"
 #include "core/Cadence.h"
 #include "core/Services.h"
 #include "toolpath/Bibliotheque.h"
@@ -20,8 +21,8 @@ void NettoieChemin(std::vector<PointTrace>& chemin, float resolution) {
   std::vector<PointTrace> tampon = chemin;
   const std::int32_t m = Biblio.NettoyageFichier(tampon, resolution);
   // At least one point of a path stays; anything else is no answer, and the path stays as it is.
-  if (m < 1 || static_cast<std::size_t>(m) > std::min(chemin.size(), tampon.size())) return;
-  tampon.resize(static_cast<std::size_t>(m));
+  if (m < 1 || base::Indice(m) > std::min(chemin.size(), tampon.size())) return;
+  tampon.resize(base::Indice(m));
   for (PointTrace& p : tampon) p.Seq = chemin.front().Seq;
   chemin.swap(tampon);
 }

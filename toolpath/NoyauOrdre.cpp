@@ -5,6 +5,7 @@
 #include <optional>
 #include <unordered_map>
 
+#include "base/Indices.h"
 #include "core/Cadence.h"
 #include "toolpath/PointsProches.h"
 
@@ -44,7 +45,7 @@ std::optional<std::size_t> PointProche(const std::vector<PointTrace>& points, co
 bool TourneDepart(std::vector<PointTrace>& points, const Etendue& run, std::size_t choisi) {
   const std::span<PointTrace> siens = PointsDe(points, run);
   if (choisi <= run.premier || choisi >= run.Fin() || !EstFermee(siens)) return false;
-  const auto depart = siens.begin() + static_cast<std::ptrdiff_t>(choisi - run.premier);
+  const auto depart = base::Iterateur(siens, choisi - run.premier);
   std::rotate(siens.begin(), depart, std::prev(siens.end()));
   siens.back() = siens.front();
   return true;

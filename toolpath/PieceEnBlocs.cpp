@@ -4,6 +4,8 @@
 #include <cmath>
 #include <iterator>
 
+#include "base/Indices.h"
+
 namespace ovelin {
 
 namespace {
@@ -34,8 +36,8 @@ void PieceEnBlocs::Entoure(Bloc& bloc) const {
       bloc.points.begin(), bloc.points.end(), [](const PointTrace& a, const PointTrace& b) { return a.X < b.X; });
   const auto [bas, haut] = std::minmax_element(bloc.points.begin(), bloc.points.end(),
                                                [](const PointTrace& a, const PointTrace& b) { return a.Y < b.Y; });
-  bloc.x = (static_cast<double>(gauche->X) + droite->X) / 2;
-  bloc.y = (static_cast<double>(bas->Y) + haut->Y) / 2;
+  bloc.x = (double{gauche->X} + droite->X) / 2;
+  bloc.y = (double{bas->Y} + haut->Y) / 2;
   bloc.rayon = 0;
   for (const PointTrace& p : bloc.points) bloc.rayon = std::max(bloc.rayon, Ecart(bloc.x, bloc.y, p));
 }
@@ -66,7 +68,7 @@ void PieceEnBlocs::Rentre(Place p) { RentrePoint(blocs_[p.bloc].points[p.rang]);
 void PieceEnBlocs::Insere(Place apres, const PointTrace& point, Place& suivie) {
   Bloc& bloc = blocs_[apres.bloc];
   Applique(bloc);
-  bloc.points.insert(bloc.points.begin() + static_cast<std::ptrdiff_t>(apres.rang) + 1, point);
+  bloc.points.insert(base::Iterateur(bloc.points, apres.rang) + 1, point);
   bloc.rayon = std::max(bloc.rayon, Ecart(bloc.x, bloc.y, point));
   if (suivie.bloc == apres.bloc && suivie.rang > apres.rang) ++suivie.rang;
   if (bloc.points.size() >= 2 * taille_) Partage(apres.bloc, suivie);
@@ -76,13 +78,13 @@ void PieceEnBlocs::Partage(std::size_t bloc, Place& suivie) {
   Bloc seconde;
   {
     std::vector<PointTrace>& points = blocs_[bloc].points;
-    const auto milieu = points.begin() + static_cast<std::ptrdiff_t>(taille_);
+    const auto milieu = base::Iterateur(points, taille_);
     seconde.points.assign(milieu, points.end());
     points.erase(milieu, points.end());
   }
   Entoure(blocs_[bloc]);
   Entoure(seconde);
-  blocs_.insert(blocs_.begin() + static_cast<std::ptrdiff_t>(bloc) + 1, std::move(seconde));
+  blocs_.insert(base::Iterateur(blocs_, bloc) + 1, std::move(seconde));
   if (suivie.bloc > bloc) {
     ++suivie.bloc;
   } else if (suivie.bloc == bloc && suivie.rang >= taille_) {

@@ -6,6 +6,7 @@
 #include <span>
 #include <unordered_set>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -13,7 +14,7 @@ namespace ovelin {
 
 namespace {
 
-void ComptePoints() { NbPoints = static_cast<std::int32_t>(TraceInitial.size()); }
+void ComptePoints() { NbPoints = base::Compte(TraceInitial.size()); }
 
 std::vector<PointTrace>::iterator Place(std::int32_t index) { return TraceInitial.begin() + index; }
 
@@ -29,7 +30,7 @@ std::unordered_set<std::uint32_t> ClesSelectionnees() {
 
 void InserePoint(std::int32_t index, const PointTrace& point) {
   const PointTrace copie = point;  // it may lie in the array that grows
-  TraceInitial.insert(Place(std::clamp(index, 0, static_cast<std::int32_t>(TraceInitial.size()))), copie);
+  TraceInitial.insert(Place(std::clamp(index, 0, base::Compte(TraceInitial.size()))), copie);
   ComptePoints();
 }
 
@@ -37,7 +38,7 @@ void RemplaceSequence(Code2 code, const std::vector<PointTrace>& points) {
   const std::int32_t premier = IndexSequence(code);
   if (premier < 0) return;
   const std::int32_t n = NbPointsSequence(premier);
-  const auto nouveaux = static_cast<std::int32_t>(points.size());
+  const auto nouveaux = base::Compte(points.size());
   const std::int32_t communs = std::min(n, nouveaux);
   std::copy_n(points.begin(), communs, Place(premier));
   if (nouveaux > n) {
@@ -50,7 +51,7 @@ void RemplaceSequence(Code2 code, const std::vector<PointTrace>& points) {
 
 void InverseSequence(Code2 code) {
   if (const std::int32_t premier = IndexSequence(code); premier >= 0) {
-    InverseEtendue(static_cast<std::size_t>(premier));
+    InverseEtendue(base::Indice(premier));
   }
 }
 

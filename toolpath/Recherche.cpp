@@ -6,6 +6,7 @@
 #include <span>
 
 #include "base/Boite.h"
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Services.h"
 #include "toolpath/Module_Sequence.h"
@@ -46,15 +47,15 @@ std::int32_t IndexSequence(Code2 code) {
 }
 
 std::int32_t NbPointsSequence(std::int32_t premier) {
-  if (premier < 0 || static_cast<std::size_t>(premier) >= TraceInitial.size()) return 0;
-  return static_cast<std::int32_t>(EtendueDepuis(TraceInitial, static_cast<std::size_t>(premier)).nombre);
+  if (premier < 0 || base::Indice(premier) >= TraceInitial.size()) return 0;
+  return base::Compte(EtendueDepuis(TraceInitial, base::Indice(premier)).nombre);
 }
 
 std::int32_t EncombrementSequence(std::int32_t premier, float& xmin, float& xmax, float& ymin, float& ymax) {
   const std::int32_t n = NbPointsSequence(premier);
   if (n == 0) return 0;
   std::optional<Cadre> b;
-  Etend(b, PointsDe(TraceInitial, EtendueDepuis(TraceInitial, static_cast<std::size_t>(premier))));
+  Etend(b, PointsDe(TraceInitial, EtendueDepuis(TraceInitial, base::Indice(premier))));
   Rend(*b, xmin, xmax, ymin, ymax);
   return n;
 }
@@ -99,7 +100,7 @@ Code2 PlusGrandCode() {
   return plusGrand;
 }
 
-std::int32_t NbSequences() { return static_cast<std::int32_t>(EtenduesSequences().size()); }
+std::int32_t NbSequences() { return base::Compte(EtenduesSequences().size()); }
 
 bool EstFermee(const Etendue& e) { return EstFermee(PointsDe(TraceInitial, e)); }
 

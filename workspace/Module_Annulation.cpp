@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Indices.h"
 #include "base/SansCopie.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
@@ -199,7 +200,7 @@ ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
   MarqueTravail();
   r.lu = LireProjet(FichierCourant);
   // A snapshot that can't be read leaves the document; only the count was lost.
-  if (!r.lu) NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  if (!r.lu) NbPoints = base::Compte(TraceInitial.size());
   LitReglagesDocument();
   RecalculDecalages();
   Appelle(crochets.RemplitArbres);

@@ -4,6 +4,7 @@
 #include <span>
 #include <unordered_set>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
@@ -48,8 +49,8 @@ std::pair<double, double> Dimensions(std::span<const PointTrace> points) {
 
 // A stretch of an array, cut to what the array holds now.
 std::span<const PointTrace> Etendu(const std::vector<PointTrace>& points, const GroupeArbre& g) {
-  const std::size_t debut = std::min(static_cast<std::size_t>(std::max(g.premier, 0)), points.size());
-  const std::size_t fin = std::min(debut + static_cast<std::size_t>(std::max(g.nombre, 0)), points.size());
+  const std::size_t debut = std::min(base::Indice(std::max(g.premier, 0)), points.size());
+  const std::size_t fin = std::min(debut + base::Indice(std::max(g.nombre, 0)), points.size());
   return std::span(points).subspan(debut, fin - debut);
 }
 
@@ -80,12 +81,12 @@ const PointTrace* Arbre::PointDocument(std::size_t groupe, std::size_t rang) con
   const GroupeArbre& g = groupes[groupe];
   const std::vector<PointTrace>* points = &TraceInitial;
   if (sorte == SorteArbre::Decale) {
-    const auto entree = static_cast<std::size_t>(g.entree);
+    const auto entree = base::Indice(g.entree);
     if (entree >= TraceDecale.size()) return nullptr;
     points = &TraceDecale[entree].Points;
   }
-  const std::size_t index = static_cast<std::size_t>(g.premier) + rang;
-  if (rang >= static_cast<std::size_t>(g.nombre) || index >= points->size()) return nullptr;
+  const std::size_t index = base::Indice(g.premier) + rang;
+  if (rang >= base::Indice(g.nombre) || index >= points->size()) return nullptr;
   return points->data() + index;
 }
 
@@ -98,7 +99,7 @@ std::optional<Noeud> Arbre::Point(std::size_t groupe, std::size_t rang) const {
   n.texte = Formate(p->X, FormatPoint) + " | " + Formate(p->Y, FormatPoint);
   n.cle = g.cle + ":" + std::to_string(rang);
   n.couleur = p->Cde == CodePD ? g.couleur : CouleurAutreCde;
-  n.etiquette = g.premier + static_cast<std::int32_t>(rang);
+  n.etiquette = g.premier + base::Compte(rang);
   n.gras = n.visible = g.selectionne && rang == 0;
   return n;
 }
@@ -114,8 +115,8 @@ void Remplissage_Trace_Initial(Arbre& arbre) {
     const auto [largeur, hauteur] = Dimensions(PointsDe(TraceInitial, e));
     GroupeArbre g;
     g.code = e.code;
-    g.premier = static_cast<std::int32_t>(e.premier);
-    g.nombre = static_cast<std::int32_t>(e.nombre);
+    g.premier = base::Compte(e.premier);
+    g.nombre = base::Compte(e.nombre);
     g.couleur = Regl.CouleurInitial;
     const std::string n = std::to_string(++numero);
     // The number makes the key unique where a code comes in two runs.
@@ -142,8 +143,8 @@ void Remplissage_Trace_Decale(Arbre& arbre) {
     dernier = d.Seq;
     GroupeArbre g;
     g.code = d.Seq;
-    g.entree = static_cast<std::int32_t>(i);
-    g.nombre = static_cast<std::int32_t>(d.Points.size());
+    g.entree = base::Compte(i);
+    g.nombre = base::Compte(d.Points.size());
     g.couleur = proprietes.Fraiser == Faux ? CouleurNonFraisee : Regl.CouleurDecalage;
     const std::string n = std::to_string(++numero);
     g.cle = d.Seq.Texte() + "-" + n;
@@ -159,7 +160,7 @@ std::int32_t MarqueSelection(Arbre& arbre) {
   for (std::size_t i = 0; i < arbre.groupes.size(); ++i) {
     GroupeArbre& g = arbre.groupes[i];
     g.selectionne = codes.contains(g.code.Cle());
-    if (g.selectionne) derniere = static_cast<std::int32_t>(i);
+    if (g.selectionne) derniere = base::Compte(i);
   }
   return derniere;
 }

@@ -155,7 +155,7 @@ void PrepareCarte(const CrochetsDemarrage& crochets) {
 // The whole screen is the limit on the far side, its edge on the near one; a place that was before the edge, on a
 // screen to the left, is kept.
 std::int32_t Ramene(std::int32_t place, std::int32_t taille, std::int32_t ecran) {
-  const std::int64_t loin = std::max<std::int64_t>(static_cast<std::int64_t>(ecran) - taille, 0);
+  const std::int64_t loin = std::max<std::int64_t>(std::int64_t{ecran} - taille, 0);
   return static_cast<std::int32_t>(std::min<std::int64_t>(place, loin));
 }
 

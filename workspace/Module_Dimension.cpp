@@ -16,7 +16,7 @@ constexpr double Decimales = 1000;  // sizes show micrometres; limits are held a
 
 double Affichee(double mm) { return std::nearbyint(mm * Decimales) / Decimales; }
 
-double Ecart(float debut, float fin) { return static_cast<double>(fin) - static_cast<double>(debut); }
+double Ecart(float debut, float fin) { return double{fin} - debut; }
 
 double PlusLoin(float debut, float fin) { return std::max<double>(std::abs(debut), std::abs(fin)); }
 

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
@@ -14,7 +15,7 @@ namespace {
 
 // To the hundredth, as short as it goes: "40", "12.5". The limits of a new size are held against this value.
 std::string Taille(float debut, float fin) {
-  const double mm = static_cast<double>(fin) - static_cast<double>(debut);
+  const double mm = double{fin} - debut;
   return TexteNombre(std::nearbyint(mm * 100) / 100);
 }
 
@@ -61,7 +62,7 @@ void CB_InverseSelection() {
 
 bool DemandeSupprimer() {
   Code2 dernier;
-  const auto choisies = static_cast<std::size_t>(NbSelectionnees(dernier));
+  const auto choisies = base::Indice(NbSelectionnees(dernier));
   const bool toutes = choisies > 0 && choisies == Sequences.size() && Sequences[0].Code != Code2{};
   if (toutes && Message(Textes::SupprimerTout, Icone::Question, Boutons::OuiNon) != Reponse::Oui) {
     return false;

@@ -37,7 +37,7 @@ ChampEntre EntreDeplacement(int direction, const std::string& entree, const std:
   if (!v) return {false, texte};
   const float valeur = EnFloat(*v);
   if (!Deplacement_Selection(direction, valeur - EnFloat(Valeur(entree)))) return {false, texte};
-  return {true, TexteDeplacement(static_cast<double>(valeur))};
+  return {true, TexteDeplacement(valeur)};
 }
 
 bool CB_Rotation(int index, const std::string& angle) {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Document.h"
@@ -30,7 +31,7 @@ constexpr std::size_t LongueurValeur = 255;
 
 std::string Cle(std::size_t numero) { return cles::MRUFiles + std::to_string(numero); }
 
-std::size_t Maximum() { return static_cast<std::size_t>(std::max(Regl.gMaxMRU, 0)); }
+std::size_t Maximum() { return base::Indice(std::max(Regl.gMaxMRU, 0)); }
 
 bool Relisible(const std::string& chemin) {
   return !chemin.empty() && EnTexte8(chemin).size() <= LongueurValeur && chemin == Rogne(chemin) &&

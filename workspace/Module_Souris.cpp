@@ -6,6 +6,7 @@
 #include <span>
 #include <unordered_map>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
@@ -107,7 +108,7 @@ void SelectionneBande(const TailleImage& taille, bool controle) {
 SegmentProche SegmentLePlusProche(const std::vector<PointTrace>& points, std::int32_t nbPoints, float x, float y) {
   SegmentProche proche;
   double meilleur = std::numeric_limits<double>::infinity();
-  const std::size_t n = nbPoints > 0 ? std::min(points.size(), static_cast<std::size_t>(nbPoints)) : 0;
+  const std::size_t n = nbPoints > 0 ? std::min(points.size(), base::Indice(nbPoints)) : 0;
   for (std::size_t i = 1; i < n; ++i) {
     const PointTrace& a = points[i - 1];
     const PointTrace& b = points[i];

@@ -43,7 +43,7 @@ bool MetEnPageVue(const TailleImage& taille) {
   }
   const float rapport = Vue.DernierAjuste > 0 ? Zoom / Vue.DernierAjuste : 1.0F;
   Vue.DernierAjuste = AjusteDocument(taille);
-  Zoom = BorneZoom(static_cast<double>(Vue.DernierAjuste) * static_cast<double>(rapport));
+  Zoom = BorneZoom(double{Vue.DernierAjuste} * rapport);
   return true;
 }
 

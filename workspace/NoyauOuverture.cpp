@@ -3,6 +3,7 @@
 #include <cmath>
 #include <span>
 
+#include "base/Indices.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Textes.h"
@@ -36,9 +37,7 @@ std::vector<SequenceInfo> FichesNeuves(std::span<const PointTrace> points, doubl
   return fiches;
 }
 
-std::int32_t NombreRuns(const Document& document) {
-  return static_cast<std::int32_t>(EtenduesDe(document.TraceInitial).size());
-}
+std::int32_t NombreRuns(const Document& document) { return base::Compte(EtenduesDe(document.TraceInitial).size()); }
 
 void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<void(double)>& avancement) {
   Document& d = lu.document;
@@ -77,7 +76,7 @@ void NettoieDocument(Document& d, const MesuresMachine& machine) {
   const double course = std::hypot(machine.diagonaleX, machine.diagonaleY);
   if (!(course > 0)) return;
   d.TraceInitial = NettoiePoints(d.TraceInitial, static_cast<float>(machine.resolution / course * diagonale));
-  d.NbPoints = static_cast<std::int32_t>(d.TraceInitial.size());
+  d.NbPoints = base::Compte(d.TraceInitial.size());
 }
 
 void Dimensionne(Document& d, const MesuresMachine& machine, const EtapesOuverture& etapes) {

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <fstream>
 
+#include "base/Indices.h"
 #include "closed/CarteVirtuelle.h"
 #include "controller/ChoixCarte.h"
 #include "controller/ClsCdeZENIK.h"
@@ -22,7 +23,7 @@ bool FichierEtranger(const std::string& chemin) {
   char debut[Marque.size()] = {};
   std::ifstream f(chemin, std::ios::binary);
   f.read(debut, sizeof debut);
-  const auto lus = static_cast<std::size_t>(f.gcount());
+  const auto lus = base::Indice(f.gcount());
   return std::string_view(debut, lus) != Marque.substr(0, lus);
 }
 

@@ -8,6 +8,8 @@
 #include <optional>
 
 #include "app/cli/CarteAppel.h"
+#include "base/Indices.h"
+#include "base/Texte.h"
 #include "controller/ChoixCarte.h"
 #include "controller/ClsCdeZENIK.h"
 #include "controller/ListeStockee.h"
@@ -68,7 +70,7 @@ std::int64_t Entier(std::span<const std::uint8_t> octets) {
 
 // One letter without arguments; the answer stands in the buffer.
 bool Echange(char lettre) {
-  CdeZENIK->Tampon[1] = static_cast<std::uint8_t>(lettre);
+  CdeZENIK->Tampon[1] = base::Octet(lettre);
   CdeZENIK->Tampon[2] = 0;
   std::int32_t mode = 0;
   return CdeZENIK->EnvoiCommande(mode);
@@ -204,9 +206,8 @@ int LitFlash(Contexte& contexte, const PlageFlash& plage, const std::string& sor
   if (!sortie.empty()) {
     if (const int etat = VerifieSortie(contexte, sortie, "", {contexte.fichierCarte, contexte.fil})) return etat;
   }
-  const std::size_t debut =
-      static_cast<std::size_t>(plage.bloc) * OctetsBloc + static_cast<std::size_t>(plage.adresse);
-  const std::size_t taille = std::min(static_cast<std::size_t>(plage.taille), NbBlocs * OctetsBloc - debut);
+  const std::size_t debut = base::Indice(plage.bloc) * OctetsBloc + base::Indice(plage.adresse);
+  const std::size_t taille = std::min(base::Indice(plage.taille), NbBlocs * OctetsBloc - debut);
   return AvecCarte(contexte, [&](Json& objet) {
     if (!CdeZENIK->Flash_Model()) return Echec(contexte, Textes::FlashAbsente, "");
     std::vector<std::uint8_t> octets;
@@ -218,7 +219,7 @@ int LitFlash(Contexte& contexte, const PlageFlash& plage, const std::string& sor
         return SansReponse(contexte);
       }
       const std::size_t lus = std::min({OctetsPage, taille - octets.size(), OctetsBloc - adresse});
-      octets.insert(octets.end(), page.begin(), page.begin() + static_cast<std::ptrdiff_t>(lus));
+      octets.insert(octets.end(), page.begin(), base::Iterateur(page, lus));
     }
     objet["block"] = plage.bloc;
     objet["address"] = plage.adresse;
@@ -260,7 +261,7 @@ int EcritFlash(Contexte& contexte, const std::string& fichier) {
 int EchangeCarte(Contexte& contexte, const std::vector<std::string>& octets) {
   zenikcom::TamponOctets requete{};
   bool juste = !octets.empty() && octets[0].size() == 1 && octets.size() < requete.size();
-  if (juste) requete[1] = static_cast<std::uint8_t>(octets[0][0]);
+  if (juste) requete[1] = base::Octet(octets[0][0]);
   for (std::size_t i = 1; juste && i < octets.size(); ++i) {
     const auto octet = LitOctet(octets[i]);
     juste = octet.has_value();

@@ -167,8 +167,8 @@ void AvertitHorsCourse() {
     std::fprintf(stderr, "%s %s: %s ... %s mm (0 ... %s mm)\n", Traduire(Textes::ParcoursHorsCourse).c_str(), axe,
                  mm(min).c_str(), mm(max).c_str(), mm(course).c_str());
   };
-  dit("X", f.xmin, f.xmax, static_cast<double>(CourseX));
-  dit("Y", f.ymin, f.ymax, static_cast<double>(CourseY));
+  dit("X", f.xmin, f.xmax, double{CourseX});
+  dit("Y", f.ymin, f.ymax, double{CourseY});
 }
 
 // The way from the machine's place on, which is row 1, at the speeds of the rows.

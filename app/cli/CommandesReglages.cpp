@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "base/Indices.h"
 #include "base/SansCopie.h"
 #include "core/Cles.h"
 #include "core/Nombres.h"
@@ -146,7 +147,7 @@ int PoseMateriau(Contexte& contexte, const std::vector<std::string>& champs) {
   const int rang = RangMateriau(champs[0]);
   FicheMateriau fiche;
   if (rang > 0) {
-    fiche = fiches[static_cast<std::size_t>(rang) - 1];
+    fiche = fiches[base::Indice(rang) - 1];
   } else {
     fiche.champs = {champs[0], "0", "", "0", "0", "1", "1", "1", "0"};
   }
@@ -154,15 +155,15 @@ int PoseMateriau(Contexte& contexte, const std::vector<std::string>& champs) {
     if (!champs[i].empty()) fiche.champs[i] = champs[i];
   }
   if (rang > 0) {
-    fiches[static_cast<std::size_t>(rang) - 1] = fiche;
+    fiches[base::Indice(rang) - 1] = fiche;
   } else {
     fiches.push_back(fiche);
   }
   const auto [ligne, colonne] = VerifieFiches(fiches);
   if (ligne != 0) {
-    const std::size_t champ = static_cast<std::size_t>(colonne) - 1;
+    const std::size_t champ = base::Indice(colonne) - 1;
     return Echec(contexte, Textes::FicheIncorrecte,
-                 " " + fiches[static_cast<std::size_t>(ligne) - 1].champs[0] + ", " + NomsChamps[champ]);
+                 " " + fiches[base::Indice(ligne) - 1].champs[0] + ", " + NomsChamps[champ]);
   }
   const EcritureReglages ecriture;
   EcritFiches(fiches);

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <ctime>
 
+#include "base/Indices.h"
 #include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/Reprises.h"
@@ -40,10 +41,10 @@ int OuvreReprise(Contexte& contexte, int n, const std::string& sortie) {
   if (ExtensionDe(sortie) != "OVL") return Echec(contexte, Textes::ExportExtension, "", sortie);
   RecueilleReprises();
   const std::vector<Reprise> reprises = ovelin::ListeReprises();
-  if (n < 1 || static_cast<std::size_t>(n) > reprises.size()) {
+  if (n < 1 || base::Indice(n) > reprises.size()) {
     return Echec(contexte, Textes::RepriseInconnue, " " + std::to_string(n));
   }
-  const Reprise& reprise = reprises[static_cast<std::size_t>(n) - 1];
+  const Reprise& reprise = reprises[base::Indice(n) - 1];
   std::string raison;
   const auto octets = LitFichierEntier(reprise.fichier, &raison);
   if (!octets) {

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "base/Indices.h"
 #include "controller/ChangtTable.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
@@ -51,9 +52,8 @@ struct Barre {
     visible = true;
     constexpr int Largeur = 40;
     const int plein = static_cast<int>(std::min(fait, total) * Largeur / total);
-    std::fprintf(stderr, "\r%s [%s%s] %ld/%ld ", texte.c_str(),
-                 std::string(static_cast<std::size_t>(plein), '#').c_str(),
-                 std::string(static_cast<std::size_t>(Largeur - plein), '.').c_str(), fait, total);
+    std::fprintf(stderr, "\r%s [%s%s] %ld/%ld ", texte.c_str(), std::string(base::Indice(plein), '#').c_str(),
+                 std::string(base::Indice(Largeur - plein), '.').c_str(), fait, total);
     std::fflush(stderr);
   }
   void Fin() {
@@ -301,7 +301,7 @@ int Demarre(Contexte& contexte) {
 int RangMateriau(const std::string& nom) {
   const auto fiches = LitFiches();
   for (std::size_t i = 0; i < fiches.size(); ++i) {
-    if (Majuscules(fiches[i].champs[0]) == Majuscules(nom)) return static_cast<int>(i) + 1;
+    if (Majuscules(fiches[i].champs[0]) == Majuscules(nom)) return base::Compte(i) + 1;
   }
   return 0;
 }

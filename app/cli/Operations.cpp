@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
@@ -213,7 +214,7 @@ std::int32_t Index(const Arguments& a, const char* nom, std::int32_t maximum) {
 }
 
 std::int32_t IndexPoint(const Arguments& a, std::int32_t derriere) {
-  return Index(a, "index", static_cast<std::int32_t>(TraceInitial.size()) - 1 + derriere);
+  return Index(a, "index", base::Compte(TraceInitial.size()) - 1 + derriere);
 }
 
 void Insere(const Arguments& a) {

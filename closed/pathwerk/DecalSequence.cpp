@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Indices.h"
 #include "closed/Pathwerk.h"
 #include "closed/pathwerk/decalage/DecaleFerme.h"
 #include "closed/pathwerk/decalage/DecaleOuvert.h"
@@ -38,7 +39,7 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
   }
   if (distance == 0) {
     for (PointTrace& p : points) p.Seq = Code2{u'0', u'1'};
-    return static_cast<std::int32_t>(points.size());
+    return base::Compte(points.size());
   }
   const std::optional<decalage::Source> source = decalage::PrepareSource(points, tolerance / 10);
   if (!source) return 0;
@@ -55,18 +56,18 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
   std::vector<PointTrace> resultat = decalage::EcritPieces(std::move(pieces), *source, distance, tolerance);
   if (resultat.empty()) return 0;
   points.swap(resultat);
-  return static_cast<std::int32_t>(points.size());
+  return base::Compte(points.size());
 }
 
 }  // namespace
 
 std::int32_t DecalSequence(std::vector<PointTrace>& points, float tolerance, float decal,
                            std::int32_t recouvrement) {
-  double t = static_cast<double>(tolerance);
+  double t = tolerance;
   if (!(t > 0)) t = ToleranceParDefaut;
   t = std::clamp(t, 1e-4, 10.0);
   try {
-    return Decale(points, t, static_cast<double>(decal), recouvrement);
+    return Decale(points, t, decal, recouvrement);
   } catch (const std::exception&) {
     return 0;
   }

@@ -7,6 +7,7 @@
 
 #include "base/Boite.h"
 #include "base/Fichiers.h"
+#include "base/Texte.h"
 #include "closed/pathwerk/Formats.h"
 #include "closed/pathwerk/assemblage/Assemblage.h"
 #include "closed/pathwerk/commun/Echange.h"
@@ -55,7 +56,7 @@ std::string TexteEchec(const std::string& chemin, const RapportLecture& r) {
   if (r.Ligne > 0) t += ":" + std::to_string(r.Ligne);
   if (!r.Detail.empty()) t += ": " + r.Detail;
   for (char& c : t) {
-    if (static_cast<unsigned char>(c) < ' ') c = ' ';
+    if (base::Octet(c) < ' ') c = ' ';
   }
   return t;
 }
@@ -69,7 +70,7 @@ std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, c
     } else {
       lecture.Refuse(Erreur::Ouverture, 0, base::TexteErreur(raison));
     }
-    return static_cast<std::int32_t>(lecture.rapport.Numero);
+    return Numero(lecture.rapport.Numero);
   }
   const auto avance = [&](double part) {
     if (options.Avancement) options.Avancement(part);
@@ -99,7 +100,7 @@ Importation ImporteFichier(const std::string& chemin, const OptionsLecture& opti
   const auto manque = [&] {
     std::vector<PointTrace>().swap(lu.Points);
     lecture.Refuse(Erreur::Memoire, 0, "");
-    lu.Nombre = static_cast<std::int32_t>(Erreur::Memoire);
+    lu.Nombre = Numero(Erreur::Memoire);
   };
   try {
     lu.Nombre = Ouvre(lu.Points, nom, options, lecture);

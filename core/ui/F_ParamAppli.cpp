@@ -7,6 +7,7 @@
 #include <QTabWidget>
 #include <algorithm>
 
+#include "base/Indices.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Nombres.h"
@@ -121,7 +122,7 @@ QWidget* F_ParamAppli::PageCouleurs() {
   auto* page = Nomme(new QWidget, "Page_Couleurs");
   auto* grille = new QGridLayout(page);
   grille->setContentsMargins(8, 10, 8, 8);
-  for (int i = 0; i < static_cast<int>(Couleurs.size()); ++i) LigneCouleur(*grille, i);
+  for (int i = 0; i < std::ssize(Couleurs); ++i) LigneCouleur(*grille, i);
   auto* defaut = Nomme(new QPushButton(QStringLiteral("Couleurs par défaut")), QStringLiteral("Btn_Valeurs_Defaut"),
                        QStringLiteral("Remet les six couleurs de départ"));
   grille->addWidget(defaut, 6, 0, 1, 3, Qt::AlignRight);
@@ -133,7 +134,7 @@ QWidget* F_ParamAppli::PageCouleurs() {
 
 // What the colour is for, a sample of it, the button that changes it.
 void F_ParamAppli::LigneCouleur(QGridLayout& grille, int i) {
-  const auto rang = static_cast<std::size_t>(i);
+  const auto rang = base::Indice(i);
   auto* bouton = Nomme(new QPushButton(QStringLiteral("Choisir...")), Indice("Btn_Couleur", i),
                        QStringLiteral("Choisit une autre couleur"));
   bouton->setAutoDefault(false);
@@ -170,7 +171,7 @@ void F_ParamAppli::Relie() {
   connect(VScroll_MRU_, &Fleches::valueChanged, this, [this](int n) {
     Regl.gMaxMRU = n;
     TB_MRU_->Accepte();
-    TB_MRU_->Montre(TexteNombre(static_cast<long>(n)));
+    TB_MRU_->Montre(TexteNombre(long{n}));
   });
   connect(LB_Langues_, &QListWidget::itemClicked, this, [this] { ChoisitLangue(); });
   connect(LB_Langues_, &QListWidget::itemActivated, this, [this] { ChoisitLangue(); });
@@ -182,7 +183,7 @@ void F_ParamAppli::MontreValeurs() {
   HScroll_TimerInterval_->setMaximum(std::max(IntervalleMax, static_cast<int>(Regl.TimerInterval)));
   HScroll_TimerInterval_->setValue(std::max(Regl.TimerInterval, HScroll_TimerInterval_->minimum()));
   MontreIntervalle();
-  TB_MRU_->Montre(TexteNombre(static_cast<long>(Regl.gMaxMRU)));
+  TB_MRU_->Montre(TexteNombre(long{Regl.gMaxMRU}));
   VScroll_MRU_->setValue(Regl.gMaxMRU);
   MontreCouleurs();
 }
@@ -203,11 +204,11 @@ void F_ParamAppli::MontreCouleurs() {
 
 // A button is called by what it changes, not by its own short text; a sample by its colour's use.
 void F_ParamAppli::NommeCommandes() {
-  for (int i = 0; i < static_cast<int>(Couleurs.size()); ++i) {
+  for (int i = 0; i < std::ssize(Couleurs); ++i) {
     const QString quoi = findChild<QLabel*>(Indice("Label_Couleur", i))->text();
     auto* bouton = findChild<QPushButton*>(Indice("Btn_Couleur", i));
     bouton->setAccessibleName(quoi + QStringLiteral(" : ") + bouton->text());
-    LB_Couleur_[static_cast<std::size_t>(i)]->setAccessibleName(quoi);
+    LB_Couleur_[base::Indice(i)]->setAccessibleName(quoi);
   }
   VScroll_MRU_->setAccessibleName(TB_MRU_->accessibleName());
 }
@@ -235,7 +236,7 @@ void F_ParamAppli::ChoisitLangue() {
 
 void F_ParamAppli::ChangeCouleur(int i) {
   if (!ChoisitCouleur) return;
-  std::int32_t& valeur = Regl.*Couleurs[static_cast<std::size_t>(i)].valeur;
+  std::int32_t& valeur = Regl.*Couleurs[base::Indice(i)].valeur;
   const int choisie = ChoisitCouleur(this, valeur);
   if (choisie < 0) return;
   valeur = choisie;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/Cles.h"
 #include "core/Services.h"
 #include "core/Textes.h"
@@ -96,7 +97,7 @@ void F_BD::Construit() {
 }
 
 void F_BD::ConstruitGrille() {
-  MSFlexGrid1_ = Nomme(new QTableWidget(0, static_cast<int>(GrilleBD::Colonnes), this), "MSFlexGrid1",
+  MSFlexGrid1_ = Nomme(new QTableWidget(0, base::Compte(GrilleBD::Colonnes), this), "MSFlexGrid1",
                        "Une ligne par matériau et par outil ; la dernière sert à en ajouter");
   MSFlexGrid1_->setProperty("valeur", true);  // its headings are out of the texts already
   MSFlexGrid1_->setAccessibleName(TexteQt(Textes::NomGrilleFiches));
@@ -157,7 +158,7 @@ void F_BD::EnTetes() {
     titres_[c] = TexteQt(Titres[c]);
     auto* titre = new QTableWidgetItem(EnLignes(titres_[c], mesure, nombre));
     titre->setToolTip(titres_[c]);
-    MSFlexGrid1_->setHorizontalHeaderItem(static_cast<int>(c), titre);
+    MSFlexGrid1_->setHorizontalHeaderItem(base::Compte(c), titre);
     lignes = std::max(lignes, static_cast<int>(titre->text().count(QLatin1Char('\n'))) + 1);
   }
   MSFlexGrid1_->horizontalHeader()->setFixedHeight(lignes * mesure.height() + 8);
@@ -165,7 +166,7 @@ void F_BD::EnTetes() {
 }
 
 void F_BD::Remplit() {
-  const int lignes = static_cast<int>(grille_.Lignes());
+  const int lignes = base::Compte(grille_.Lignes());
   MSFlexGrid1_->setRowCount(lignes);
   for (int ligne = 0; ligne < lignes; ++ligne) MontreLigne(ligne);
   Elargit();
@@ -176,7 +177,7 @@ void F_BD::MontreLigne(int ligne) {
     MSFlexGrid1_->setVerticalHeaderItem(ligne, new QTableWidgetItem(QStringLiteral("   ")));
   }
   for (std::size_t c = 0; c < GrilleBD::Colonnes; ++c) {
-    const int colonne = static_cast<int>(c);
+    const int colonne = base::Compte(c);
     QTableWidgetItem* cellule = MSFlexGrid1_->item(ligne, colonne);
     if (cellule == nullptr) {
       cellule = new QTableWidgetItem;
@@ -184,7 +185,7 @@ void F_BD::MontreLigne(int ligne) {
       cellule->setTextAlignment((GrilleBD::Numerique(c) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
       MSFlexGrid1_->setItem(ligne, colonne, cellule);
     }
-    cellule->setText(QString::fromStdString(grille_.Cellule(static_cast<std::size_t>(ligne), c)));
+    cellule->setText(QString::fromStdString(grille_.Cellule(base::Indice(ligne), c)));
   }
 }
 
@@ -193,7 +194,7 @@ void F_BD::Elargit() {
   std::array<int, GrilleBD::Colonnes> largeurs{};
   int reste = MSFlexGrid1_->viewport()->width();
   for (std::size_t c = 0; c < GrilleBD::Colonnes; ++c) {
-    const int colonne = static_cast<int>(c);
+    const int colonne = base::Compte(c);
     const int tete = MSFlexGrid1_->horizontalHeader()->sectionSizeHint(colonne);
     const int contenu = std::max(tete, CellulesBD::Largeur(*MSFlexGrid1_, colonne)) + 4;
     largeurs[c] = std::max(GrilleBD::Numerique(c) ? 64 : 90, contenu);
@@ -204,7 +205,7 @@ void F_BD::Elargit() {
     largeurs[2] += reste - reste * 2 / 3;
   }
   for (std::size_t c = 0; c < GrilleBD::Colonnes; ++c) {
-    MSFlexGrid1_->setColumnWidth(static_cast<int>(c), largeurs[c]);
+    MSFlexGrid1_->setColumnWidth(base::Compte(c), largeurs[c]);
   }
 }
 
@@ -243,10 +244,10 @@ bool F_BD::Refuse() {
   if (ligne == 0) return false;
   const QString raison = Raison(colonne);
   MontreFaute(ligne - 1, colonne - 1, raison);
-  QString nom = QString::fromStdString(fiches[static_cast<std::size_t>(ligne) - 1].champs[0]);
+  QString nom = QString::fromStdString(fiches[base::Indice(ligne) - 1].champs[0]);
   if (nom.size() > NomMontre) nom = nom.left(NomMontre) + QStringLiteral("...");
   BoiteMessage boite = BoiteDe(Textes::FicheIncorrecte, Icone::Exclamation);
-  boite.texte += " " + titres_[static_cast<std::size_t>(colonne) - 1].toStdString() + "\n" +
+  boite.texte += " " + titres_[base::Indice(colonne) - 1].toStdString() + "\n" +
                  QStringLiteral("%1 : %2").arg(ligne).arg(nom).toStdString() + "\n" + raison.toStdString();
   Svc.Montre(boite);
   MSFlexGrid1_->setFocus();

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QTableWidget>
 
+#include "base/Indices.h"
 #include "database/ui/F_BD.h"
 #include "database/ui/SaisieBD.h"
 
@@ -111,9 +112,9 @@ void F_BD::OuvreSaisie(int ligne, int colonne, Choix choix) {
   MSFlexGrid1_->scrollToItem(MSFlexGrid1_->item(ligne, colonne));
   ligneSaisie_ = ligne;
   colonneSaisie_ = colonne;
-  const auto c = static_cast<std::size_t>(colonne);
+  const auto c = base::Indice(colonne);
   txtSaisie_->Numerique(GrilleBD::Numerique(c));
-  txtSaisie_->setText(QString::fromStdString(grille_.Cellule(static_cast<std::size_t>(ligne), c)));
+  txtSaisie_->setText(QString::fromStdString(grille_.Cellule(base::Indice(ligne), c)));
   txtSaisie_->setAccessibleName(titres_[c]);
   PlaceSaisie();
   txtSaisie_->show();
@@ -138,8 +139,8 @@ void F_BD::RangeSaisie() {
   const int ligne = ligneSaisie_;
   const int colonne = colonneSaisie_;
   AbandonneSaisie();
-  const auto l = static_cast<std::size_t>(ligne);
-  if (texte != grille_.Cellule(l, static_cast<std::size_t>(colonne))) Pose(ligne, colonne, texte);
+  const auto l = base::Indice(ligne);
+  if (texte != grille_.Cellule(l, base::Indice(colonne))) Pose(ligne, colonne, texte);
 }
 
 void F_BD::AbandonneSaisie() {
@@ -152,20 +153,20 @@ void F_BD::AbandonneSaisie() {
 }
 
 bool F_BD::Avance(bool enAvant) {
-  const auto ligne = static_cast<std::size_t>(MSFlexGrid1_->currentRow());
-  const auto colonne = static_cast<std::size_t>(MSFlexGrid1_->currentColumn());
+  const auto ligne = base::Indice(MSFlexGrid1_->currentRow());
+  const auto colonne = base::Indice(MSFlexGrid1_->currentColumn());
   const auto place = enAvant ? grille_.Suivante(ligne, colonne) : grille_.Precedente(ligne, colonne);
   if (place == std::pair{ligne, colonne}) return false;
-  MSFlexGrid1_->setCurrentCell(static_cast<int>(place.first), static_cast<int>(place.second));
+  MSFlexGrid1_->setCurrentCell(base::Compte(place.first), base::Compte(place.second));
   return true;
 }
 
 void F_BD::Pose(int ligne, int colonne, const std::string& texte) {
   if (ligne == ligneFaute_ && colonne == colonneFaute_) OteFaute();
-  grille_.Pose(static_cast<std::size_t>(ligne), static_cast<std::size_t>(colonne), texte);
+  grille_.Pose(base::Indice(ligne), base::Indice(colonne), texte);
   modifiee_ = true;
   MontreLigne(ligne);
-  while (MSFlexGrid1_->rowCount() < static_cast<int>(grille_.Lignes())) {
+  while (MSFlexGrid1_->rowCount() < base::Compte(grille_.Lignes())) {
     const int neuve = MSFlexGrid1_->rowCount();
     MSFlexGrid1_->setRowCount(neuve + 1);
     MontreLigne(neuve);
@@ -174,7 +175,7 @@ void F_BD::Pose(int ligne, int colonne, const std::string& texte) {
 }
 
 void F_BD::OuvreMenu(int ligne, int colonne, const QPoint& place) {
-  if (ligne < 0 || !grille_.EstFiche(static_cast<std::size_t>(ligne))) return;
+  if (ligne < 0 || !grille_.EstFiche(base::Indice(ligne))) return;
   RangeSaisie();
   MSFlexGrid1_->setCurrentCell(ligne, std::max(0, colonne));
   mnu_DB_->popup(place);
@@ -183,7 +184,7 @@ void F_BD::OuvreMenu(int ligne, int colonne, const QPoint& place) {
 void F_BD::Insere() {
   RangeSaisie();
   const int ligne = MSFlexGrid1_->currentRow();
-  if (ligne < 0 || !grille_.Insere(static_cast<std::size_t>(ligne))) return;
+  if (ligne < 0 || !grille_.Insere(base::Indice(ligne))) return;
   OteFaute();
   modifiee_ = true;
   Remplit();
@@ -194,7 +195,7 @@ void F_BD::Supprime() {
   RangeSaisie();
   const int ligne = MSFlexGrid1_->currentRow();
   const int colonne = MSFlexGrid1_->currentColumn();
-  if (ligne < 0 || !grille_.Supprime(static_cast<std::size_t>(ligne))) return;
+  if (ligne < 0 || !grille_.Supprime(base::Indice(ligne))) return;
   OteFaute();
   modifiee_ = true;
   Remplit();
@@ -202,8 +203,8 @@ void F_BD::Supprime() {
 }
 
 void F_BD::Copie() const {
-  const auto ligne = static_cast<std::size_t>(MSFlexGrid1_->currentRow());
-  const auto colonne = static_cast<std::size_t>(MSFlexGrid1_->currentColumn());
+  const auto ligne = base::Indice(MSFlexGrid1_->currentRow());
+  const auto colonne = base::Indice(MSFlexGrid1_->currentColumn());
   QApplication::clipboard()->setText(QString::fromStdString(grille_.Cellule(ligne, colonne)));
 }
 

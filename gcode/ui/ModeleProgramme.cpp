@@ -3,6 +3,7 @@
 #include <QFont>
 #include <algorithm>
 
+#include "base/Indices.h"
 #include "core/Couleurs.h"
 #include "core/Texte8.h"
 
@@ -56,13 +57,13 @@ void ModeleProgramme::EffaceMouvements() {
 }
 
 int ModeleProgramme::RangeeDe(std::size_t ligne) const {
-  if (!filtre_) return static_cast<int>(ligne);
+  if (!filtre_) return base::Compte(ligne);
   const auto place = std::lower_bound(refusees_.begin(), refusees_.end(), static_cast<std::uint32_t>(ligne));
   return place != refusees_.end() && *place == ligne ? static_cast<int>(place - refusees_.begin()) : -1;
 }
 
 std::size_t ModeleProgramme::LigneDe(int rangee) const {
-  const auto i = static_cast<std::size_t>(rangee);
+  const auto i = base::Indice(rangee);
   return filtre_ ? refusees_[i] : i;
 }
 
@@ -74,7 +75,7 @@ void ModeleProgramme::Papier(const QColor& papier) {
 int ModeleProgramme::rowCount(const QModelIndex& parent) const {
   if (parent.isValid() || programme_ == nullptr) return 0;
   const std::size_t n = filtre_ ? refusees_.size() : programme_->NombreLignes();
-  return static_cast<int>(std::min<std::size_t>(n, std::numeric_limits<int>::max()));
+  return base::Compte(std::min<std::size_t>(n, std::numeric_limits<int>::max()));
 }
 
 int ModeleProgramme::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : NombreColonnes; }

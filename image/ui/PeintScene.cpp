@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Indices.h"
 #include "core/ui/Theme.h"
 #include "image/Peintre.h"
 #include "image/ui/TraitRapide.h"
@@ -117,8 +118,7 @@ void Peinture::LigneRapide(const Primitive& p) {
   motif_.assign(motif.begin(), motif.end());
   for (float& tiret : motif_) tiret *= static_cast<float>(epaisseur_);
   rapide_->Motif(motif_);
-  rapide_->Crayon(De(p).couleur.rgb(),
-                  static_cast<int>(std::lround(epaisseur_ * static_cast<double>(std::round(aspect.largeur)))));
+  rapide_->Crayon(De(p).couleur.rgb(), static_cast<int>(std::lround(epaisseur_ * std::round(aspect.largeur))));
   const QTransform place = p_.deviceTransform();
   const auto sx = static_cast<float>(place.m11() * Pixels);
   const auto sy = static_cast<float>(place.m22() * Pixels);
@@ -134,14 +134,14 @@ void Peinture::Ligne(const Primitive& p) {
   p_.setRenderHint(QPainter::Antialiasing, lisse_);
   Crayon(p);
   const auto& points = Place(p);
-  p_.drawPolyline(points.data(), static_cast<int>(points.size()));
+  p_.drawPolyline(points.data(), base::Compte(points.size()));
 }
 
 void Peinture::Aire(const Primitive& p) {
   p_.setRenderHint(QPainter::Antialiasing, lisse_);
   Plein(p);
   const auto& points = Place(p);
-  p_.drawPolygon(points.data(), static_cast<int>(points.size()), Qt::OddEvenFill);
+  p_.drawPolygon(points.data(), base::Compte(points.size()), Qt::OddEvenFill);
 }
 
 void Peinture::Points(const Primitive& p) {
@@ -215,7 +215,7 @@ bool PeutLisser(const Scene& scene, const Palette& palette, double pixels) {
     if (ligne && palette[p.role].style != StyleTrait::Plein) {
       double longueur = 0;
       for (std::size_t i = 1; i < points.size(); ++i) {
-        longueur += static_cast<double>(std::hypot(points[i].X - points[i - 1].X, points[i].Y - points[i - 1].Y));
+        longueur += std::hypot(points[i].X - points[i - 1].X, points[i].Y - points[i - 1].Y);
       }
       siens += longueur * Pixels / PeriodePointille;
     }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/ui/TraduitFenetre.h"
 #include "workspace/ui/ModeleArbre.h"
 
@@ -79,8 +80,8 @@ void ArbreDocument::Remplit() {
   Deploie(lignes);
   QItemSelection choisis;
   for (const Lignes& l : lignes) {
-    choisis.select(modele_->Point(l.groupe, static_cast<std::size_t>(l.premiere)),
-                   modele_->Point(l.groupe, static_cast<std::size_t>(l.derniere)));
+    choisis.select(modele_->Point(l.groupe, base::Indice(l.premiere)),
+                   modele_->Point(l.groupe, base::Indice(l.derniere)));
     if (courant.niveau == NiveauNoeud::Point && courant.groupe == l.groupe) {
       selectionModel()->setCurrentIndex(modele_->Point(l.groupe, courant.rang), QItemSelectionModel::NoUpdate);
     }
@@ -105,7 +106,7 @@ void ArbreDocument::SuitSelection() {
   const ModeleArbre::Place courant = ModeleArbre::PlaceDe(currentIndex());
   const bool dessus = currentIndex().isValid() && courant.niveau != NiveauNoeud::Racine &&
                       courant.groupe < groupes.size() && groupes[courant.groupe].selectionne;
-  const std::size_t groupe = dessus ? courant.groupe : static_cast<std::size_t>(derniere);
+  const std::size_t groupe = dessus ? courant.groupe : base::Indice(derniere);
   if (!dessus) selectionModel()->setCurrentIndex(modele_->Groupe(groupe), QItemSelectionModel::NoUpdate);
   // The first point, then the headline above it: the later one wins where there is little room.
   scrollTo(modele_->Point(groupe, 0));
@@ -146,7 +147,7 @@ std::vector<std::int32_t> ArbreDocument::PointsChoisis() const {
   if (Donnees().sorte != SorteArbre::Initial) return points;
   for (const Lignes& l : LignesChoisies()) {
     for (int rang = l.premiere; rang <= l.derniere; ++rang) {
-      if (Donnees().PointDocument(l.groupe, static_cast<std::size_t>(rang)) == nullptr) break;
+      if (Donnees().PointDocument(l.groupe, base::Indice(rang)) == nullptr) break;
       points.push_back(Donnees().groupes[l.groupe].premier + rang);
     }
   }

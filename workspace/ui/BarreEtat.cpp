@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Indices.h"
 #include "core/ui/Theme.h"
 
 namespace ovelin {
@@ -31,11 +32,8 @@ BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent), stop_(new BoutonStop
   avancement_->setVisible(false);
   addWidget(avancement_);
   for (int i = 0; i < 3; ++i) {
-    positions_[static_cast<std::size_t>(i)] = Etiquette(i == 0   ? "SB1_6"
-                                                        : i == 1 ? "SB1_7"
-                                                                 : "SB1_8",
-                                                        i < 2 ? 105 : 0);
-    addPermanentWidget(positions_[static_cast<std::size_t>(i)]);
+    positions_[base::Indice(i)] = Etiquette(i == 0 ? "SB1_6" : i == 1 ? "SB1_7" : "SB1_8", i < 2 ? 105 : 0);
+    addPermanentWidget(positions_[base::Indice(i)]);
   }
   carte_ = Etiquette("SB1_9", 0);
   addPermanentWidget(carte_);

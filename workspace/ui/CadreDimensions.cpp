@@ -1,5 +1,6 @@
 #include "workspace/ui/CadreDimensions.h"
 
+#include "base/Indices.h"
 #include "core/Nombres.h"
 #include "core/Textes.h"
 #include "core/ui/TraduitFenetre.h"
@@ -13,7 +14,7 @@ CadreDimensions::CadreDimensions(QWidget* parent) : QGroupBox(QStringLiteral("Di
   grille->addWidget(EnTete("Lbl_Rapport", "Rapport"), 0, 2);
   grille->addWidget(EnTete("Lbl_Resultat", "Résultat"), 0, 3);
   for (int axe = 0; axe < 2; ++axe) {
-    const auto i = static_cast<std::size_t>(axe);
+    const auto i = base::Indice(axe);
     const QString suite = QLatin1Char('_') + QString::number(axe);
     initial_[i] = Champ("TB_Initial" + suite, "mm",
                         axe == 0 ? "Largeur actuelle de la sélection" : "Hauteur actuelle de la sélection");
@@ -64,7 +65,7 @@ void CadreDimensions::MontreChamps() {
 
 // The text of a ratio may be shorter than the ratio: left as it is, it says nothing new.
 void CadreDimensions::Entre(int axe, bool resultat, const std::string& texte) {
-  const auto i = static_cast<std::size_t>(axe);
+  const auto i = base::Indice(axe);
   Saisie* saisie = (resultat ? resultat_ : rapport_)[i];
   const auto v = NombreDuTexte(texte);
   if (!v) return saisie->Refuse(RaisonNombre());

@@ -1,5 +1,6 @@
 #include "workspace/ui/F_Dimension.h"
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
@@ -103,7 +104,7 @@ void F_Dimension::ConstruitAxe(QGridLayout& grille, std::size_t axe) {
                           "Multiplie la taille : 2 la double", this);
   a.resultat = ChampTaille(prefixe + QStringLiteral("Resultat"), "mm", h ? "Largeur voulue" : "Hauteur voulue",
                            "Taille voulue : le rapport suit", this);
-  const int ligne = static_cast<int>(axe) + 1;
+  const int ligne = base::Compte(axe) + 1;
   grille.addWidget(
       Etiquette(axe == 0 ? "Lbl_H" : "Lbl_V", axe == 0 ? "&Largeur (X) :" : "&Hauteur (Y) :", a.rapport), ligne, 0);
   grille.addWidget(a.initial, ligne, 1);

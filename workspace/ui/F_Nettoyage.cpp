@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "base/Indices.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
@@ -43,7 +44,7 @@ void F_Nettoyage::Construit() {
     const char* texte = axe == 0 ? "Résolution de la machine en X :" : "Résolution de la machine en Y :";
     grille->addWidget(Etiquette(nom, texte), axe, 0);
     grille->addWidget(valeur, axe, 1);
-    Lbl_Resolution_[static_cast<std::size_t>(axe)] = valeur;
+    Lbl_Resolution_[base::Indice(axe)] = valeur;
   }
   TB_Resolution_ =
       Champ("TB_Resolution", "mm",

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/Fichiers.h"
 #include "core/LectureProjet.h"
 #include "core/ReglagesCourants.h"
@@ -84,7 +85,7 @@ void F_Reprise::Remplit() {
 void F_Reprise::MontreChoix(int rang) {
   std::vector<PointTrace> points;
   if (rang >= 0) {
-    points = LitProjet(reprises_[static_cast<std::size_t>(rang)].fichier).document.TraceInitial;
+    points = LitProjet(reprises_[base::Indice(rang)].fichier).document.TraceInitial;
   }
   auto* neuf = new ApercuDimension(std::move(points), this);
   delete cadre_->replaceWidget(Apercu_, neuf);
@@ -95,14 +96,14 @@ void F_Reprise::MontreChoix(int rang) {
 void F_Reprise::Reprend() {
   const int rang = List_Reprises_->currentRow();
   if (rang < 0) return;
-  RepriseChoisie = reprises_[static_cast<std::size_t>(rang)];
+  RepriseChoisie = reprises_[base::Indice(rang)];
   accept();
 }
 
 void F_Reprise::Jette() {
   const int rang = List_Reprises_->currentRow();
   if (rang < 0) return;
-  OteReprise(reprises_[static_cast<std::size_t>(rang)]);
+  OteReprise(reprises_[base::Indice(rang)]);
   Remplit();
   if (reprises_.empty()) reject();
 }

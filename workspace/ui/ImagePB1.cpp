@@ -110,7 +110,7 @@ TailleImage ImagePB1::Taille() const {
 
 OptionsScene ImagePB1::Options() const {
   OptionsScene options = OptionsCourantes(numPoint_, sequence_);
-  options.pixel = static_cast<float>(static_cast<double>(TwipsParPixel) / devicePixelRatioF());
+  options.pixel = static_cast<float>(TwipsParPixel / devicePixelRatioF());
   options.legende = false;  // it stands in labels over the picture
   options.mesureTexte = MesureDe(font());
   return options;

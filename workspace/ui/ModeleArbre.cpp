@@ -3,6 +3,7 @@
 #include <QFont>
 #include <optional>
 
+#include "base/Indices.h"
 #include "core/ui/Theme.h"
 
 namespace ovelin {
@@ -45,7 +46,7 @@ void ModeleArbre::RefaitTitres(Code2 code) {
     const GroupeArbre& g = arbre_.groupes[i];
     if (g.code != code) continue;
     Q_EMIT dataChanged(Groupe(i), Groupe(i));
-    if (g.nombre > 0) Q_EMIT dataChanged(Point(i, 0), Point(i, static_cast<std::size_t>(g.nombre) - 1));
+    if (g.nombre > 0) Q_EMIT dataChanged(Point(i, 0), Point(i, base::Indice(g.nombre) - 1));
   }
 }
 
@@ -57,14 +58,14 @@ QColor ModeleArbre::Couleur(std::int32_t couleur) const {
   return it->second;
 }
 
-QModelIndex ModeleArbre::Groupe(std::size_t groupe) const { return index(static_cast<int>(groupe), 0, Racine()); }
+QModelIndex ModeleArbre::Groupe(std::size_t groupe) const { return index(base::Compte(groupe), 0, Racine()); }
 
 QModelIndex ModeleArbre::Point(std::size_t groupe, std::size_t rang) const {
-  return index(static_cast<int>(rang), 0, Groupe(groupe));
+  return index(base::Compte(rang), 0, Groupe(groupe));
 }
 
 ModeleArbre::Place ModeleArbre::PlaceDe(const QModelIndex& index) {
-  const auto ligne = static_cast<std::size_t>(index.row());
+  const auto ligne = base::Indice(index.row());
   if (!index.isValid() || index.internalId() == IdRacine) return {};
   if (index.internalId() == IdGroupe) return {NiveauNoeud::Sequence, ligne, 0};
   return {NiveauNoeud::Point, static_cast<std::size_t>(index.internalId() - IdPoints), ligne};
@@ -85,8 +86,8 @@ QModelIndex ModeleArbre::parent(const QModelIndex& enfant) const {
 
 int ModeleArbre::rowCount(const QModelIndex& parent) const {
   if (!parent.isValid()) return arbre_.racine.cle.empty() ? 0 : 1;
-  if (parent.internalId() == IdRacine) return static_cast<int>(arbre_.groupes.size());
-  const auto ligne = static_cast<std::size_t>(parent.row());
+  if (parent.internalId() == IdRacine) return base::Compte(arbre_.groupes.size());
+  const auto ligne = base::Indice(parent.row());
   if (parent.internalId() != IdGroupe || ligne >= arbre_.groupes.size()) return 0;
   return arbre_.groupes[ligne].nombre;
 }

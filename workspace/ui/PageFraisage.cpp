@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "base/Indices.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
@@ -44,7 +45,7 @@ constexpr LigneOutil LignesOutil[] = {
      [] { return TexteNombre(Regl.HautDeg); }, Textes::ChampNegatif},
     {"TB_PCPoche", "Lbl_PCPoche", "% recouvrement poches", "",
      "Part de la passe précédente que l'outil recouvre dans une poche", EntrePCPoche,
-     [] { return TexteNombre(static_cast<long>(PCPoche)); }, std::nullopt},
+     [] { return TexteNombre(long{PCPoche}); }, std::nullopt},
     {"TB_ProfPasse", "Lbl_ProfPasse", "Profondeur de passe maxi", "mm",
      "Profondeur d'une passe, négative : -1 enlève 1 mm à chaque passe", EntreProfPasse,
      [] { return TexteNombre(ProfPasse); }, Textes::ProfondeurNonNegative},
@@ -123,7 +124,7 @@ QWidget* PageFraisage::Cotes() {
     bouton->setIconSize({20, 20});
     groupe->addButton(bouton, cote);
     ligne->addWidget(bouton, 1, Qt::AlignLeft);
-    decal_[static_cast<std::size_t>(cote - 1)] = bouton;
+    decal_[base::Indice(cote - 1)] = bouton;
   }
   BullesCotes();
   // Where the sides differ the first is shown; choosing it then is a choice as well.
@@ -174,7 +175,7 @@ void PageFraisage::Remplit(const ChampsPanneau& champs) {
   profondeurEntiere_ = champs.TB_Profondeur;
   profondeur_->Montre(TexteProfondeur(profondeurEntiere_));
   decalCommun_ = champs.communes.Decalage;
-  decal_[static_cast<std::size_t>(champs.Option_Decal - 1)]->setChecked(true);
+  decal_[base::Indice(champs.Option_Decal - 1)]->setChecked(true);
   BullesCotes();
   MontreMelange(champs);
 }

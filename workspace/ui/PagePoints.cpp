@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "core/ui/Fenetres.h"
@@ -19,11 +20,9 @@ namespace ovelin {
 
 namespace {
 
-std::string TextePoint(const PointTrace& p) {
-  return Formate(static_cast<double>(p.X), "0.000") + " | " + Formate(static_cast<double>(p.Y), "0.000");
-}
+std::string TextePoint(const PointTrace& p) { return Formate(p.X, "0.000") + " | " + Formate(p.Y, "0.000"); }
 
-bool EstPoint(std::int32_t index) { return index >= 0 && static_cast<std::size_t>(index) < TraceInitial.size(); }
+bool EstPoint(std::int32_t index) { return index >= 0 && base::Indice(index) < TraceInitial.size(); }
 
 }  // namespace
 
@@ -40,16 +39,16 @@ class ModelePoints : public QAbstractListModel {
   }
   [[nodiscard]] const std::vector<std::int32_t>& Index() const { return index_; }
   [[nodiscard]] std::int32_t Point(int rang) const {
-    return rang < 0 || rang >= rowCount({}) ? -1 : index_[static_cast<std::size_t>(rang)];
+    return rang < 0 || rang >= rowCount({}) ? -1 : index_[base::Indice(rang)];
   }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
-    return parent.isValid() ? 0 : static_cast<int>(index_.size());
+    return parent.isValid() ? 0 : base::Compte(index_.size());
   }
   [[nodiscard]] QVariant data(const QModelIndex& ligne, int role) const override {
     const std::int32_t i = Point(ligne.row());
     if (role != Qt::DisplayRole || !EstPoint(i)) return {};
-    const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
+    const PointTrace& p = TraceInitial[base::Indice(i)];
     const std::string cde = p.Cde == CodePD ? "" : "   " + p.Cde.Texte();
     return QString::fromStdString(TextePoint(p) + cde);
   }
@@ -151,8 +150,8 @@ QWidget* PagePoints::Origine() {
 void PagePoints::Remplit(const ChampsPanneau& /*champs*/) {
   RelitChoix();
   marquee_->setText(QStringLiteral("X  %1 mm\nY  %2 mm")
-                        .arg(QString::fromStdString(Formate(static_cast<double>(OrigineX), "0.000")),
-                             QString::fromStdString(Formate(static_cast<double>(OrigineY), "0.000"))));
+                        .arg(QString::fromStdString(Formate(OrigineX, "0.000")),
+                             QString::fromStdString(Formate(OrigineY, "0.000"))));
   origine_->setEnabled(!TraceInitial.empty());
 }
 
@@ -162,7 +161,7 @@ void PagePoints::MontrePoint(const ResultatClic& clic) {
   const auto& index = modele_->Index();
   const auto meme = [&](std::int32_t i) {
     if (!EstPoint(i)) return false;
-    const PointTrace& p = TraceInitial[static_cast<std::size_t>(i)];
+    const PointTrace& p = TraceInitial[base::Indice(i)];
     return p.X == clic.croix->X && p.Y == clic.croix->Y && p.Seq == clic.croix->Seq;
   };
   const auto it = std::find_if(index.begin(), index.end(), meme);
@@ -196,7 +195,7 @@ void PagePoints::ActivePoint() {
     position_->setChecked(false);
     cadrePosition_->hide();
   }
-  const PointTrace p = un ? TraceInitial[static_cast<std::size_t>(i)] : PointTrace{};
+  const PointTrace p = un ? TraceInitial[base::Indice(i)] : PointTrace{};
   x_->Montre(un ? TexteNombre(p.X) : "");
   y_->Montre(un ? TexteNombre(p.Y) : "");
   x_->Accepte();
@@ -216,7 +215,7 @@ void PagePoints::PositionOK() {
   }
   const std::int32_t i = PointActuel();
   if (i < 0) return;
-  if (AvantPosition) AvantPosition(TraceInitial[static_cast<std::size_t>(i)].Seq);
+  if (AvantPosition) AvantPosition(TraceInitial[base::Indice(i)].Seq);
   const bool place = CB_PositionOK(i, x_->Texte(), y_->Texte());
   if (ApresPosition) ApresPosition();
   if (!place) return;

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
 #include "toolpath/Module_Nettoyage.h"
@@ -84,7 +85,7 @@ QWidget* PageSequences::Geometrie() {
     QToolButton* tourne = BoutonIcone(QStringLiteral("CB_Rotation_") + QString::number(i), Sens[i]);
     connect(tourne, &QToolButton::clicked, this, [this, i] { Tourne(i); });
     ligne->addWidget(tourne);
-    rotation_[static_cast<std::size_t>(i)] = tourne;
+    rotation_[base::Indice(i)] = tourne;
   }
   ligne->addSpacing(8);
   static constexpr const char* Miroirs[] = {"Miroir : échanger la gauche et la droite",
@@ -134,7 +135,7 @@ void PageSequences::Tourne(int index) {
     return angle_->setFocus(Qt::OtherFocusReason);
   }
   const bool faite = CB_Rotation(index, angle_->Texte());
-  rotation_[static_cast<std::size_t>(index)]->setFocus(Qt::OtherFocusReason);
+  rotation_[base::Indice(index)]->setFocus(Qt::OtherFocusReason);
   if (faite) dimensions_->MontreTailles(InitSeq().TB_Initial);
 }
 

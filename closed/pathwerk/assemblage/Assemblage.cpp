@@ -6,6 +6,7 @@
 #include <new>
 #include <string>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/assemblage/CheminsAssembles.h"
 #include "closed/pathwerk/assemblage/Doublons.h"
 #include "closed/pathwerk/assemblage/Jumeaux.h"
@@ -33,14 +34,14 @@ PointF EnFloat(Vec2 p) { return {static_cast<float>(p.x) + 0.0F, static_cast<flo
 
 std::int32_t Refus(Lecture& lecture, Erreur numero, std::string_view detail) {
   lecture.Refuse(numero, lecture.rapport.Ligne, detail);
-  return static_cast<std::int32_t>(numero);
+  return Numero(numero);
 }
 
 bool VerifieCoordonnees(Lecture& lecture) {
   for (const Trait& t : lecture.traits) {
     for (const Vec2 p : t.points) {
       if (EstLisible(p)) continue;
-      lecture.rapport.Ligne = static_cast<long>(t.ligne);
+      lecture.rapport.Ligne = long{t.ligne};
       Refus(lecture, Erreur::Coordonnee, EnTexte(p.x) + " " + EnTexte(p.y) + " mm");
       return false;
     }
@@ -62,7 +63,7 @@ bool TropDeChemins(Lecture& lecture, std::size_t nombre) {
 std::int32_t EmetTelQuel(Lecture& lecture, std::vector<PointTrace>& points) {
   std::size_t rang = 0;
   for (const Trait& t : lecture.traits) rang += t.points.empty() ? 0U : 1U;
-  if (TropDeChemins(lecture, rang)) return static_cast<std::int32_t>(lecture.rapport.Numero);
+  if (TropDeChemins(lecture, rang)) return Numero(lecture.rapport.Numero);
   rang = 0;
   for (const Trait& t : lecture.traits) {
     if (t.points.empty()) continue;
@@ -72,7 +73,7 @@ std::int32_t EmetTelQuel(Lecture& lecture, std::vector<PointTrace>& points) {
     if (t.nature != Nature::Ouvert && !boucle) Emet(points, points[debut].X, points[debut].Y, rang);
     ++rang;
   }
-  return static_cast<std::int32_t>(points.size());
+  return base::Compte(points.size());
 }
 
 // Appends one path to the assembles: rounded to floats, neighbours of one place made one, the closing point in its
@@ -176,7 +177,7 @@ CheminsAssembles FaitChemins(Lecture& lecture, const OptionsLecture& options) {
 
 // Depth of each path in the forest of contours; the outermost are at 0.
 std::vector<std::size_t> Profondeurs(std::span<const std::size_t> parents) {
-  constexpr std::size_t Inconnue = static_cast<std::size_t>(-1);
+  constexpr std::size_t Inconnue = base::Nulle;
   std::vector<std::size_t> profondeur(parents.size(), Inconnue);
   std::vector<std::size_t> montee;
   for (std::size_t i = 0; i < parents.size(); ++i) {
@@ -193,7 +194,7 @@ std::vector<std::size_t> Profondeurs(std::span<const std::size_t> parents) {
 
 std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points) {
   const CheminsAssembles assembles = FaitChemins(lecture, options);
-  if (TropDeChemins(lecture, assembles.chemins.size())) return static_cast<std::int32_t>(lecture.rapport.Numero);
+  if (TropDeChemins(lecture, assembles.chemins.size())) return Numero(lecture.rapport.Numero);
   const double marge = options.ToleranceSoudure > 0 ? options.ToleranceSoudure : 0;
   const std::vector<std::size_t> parents = Parents(assembles, marge);
   const std::vector<std::size_t> profondeur = Profondeurs(parents);
@@ -213,16 +214,16 @@ std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::
     }
     ++rang;
   }
-  return static_cast<std::int32_t>(points.size());
+  return base::Compte(points.size());
 }
 
 }  // namespace
 
 std::int32_t Assemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points) {
   points.clear();
-  if (lecture.Refuse()) return static_cast<std::int32_t>(lecture.rapport.Numero);
+  if (lecture.Refuse()) return Numero(lecture.rapport.Numero);
   try {
-    if (!VerifieCoordonnees(lecture)) return static_cast<std::int32_t>(lecture.rapport.Numero);
+    if (!VerifieCoordonnees(lecture)) return Numero(lecture.rapport.Numero);
     const std::int32_t n =
         lecture.ordreImpose ? EmetTelQuel(lecture, points) : EmetAssemble(lecture, options, points);
     if (n < 0) points.clear();

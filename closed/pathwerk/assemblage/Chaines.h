@@ -50,8 +50,8 @@ class Chaines {
     const auto pts = assembles_.De(e / 2);
     const PointF a = (e & 1U) != 0 ? pts[pts.size() - 1] : pts[0];
     const PointF b = (e & 1U) != 0 ? pts[pts.size() - 2] : pts[1];
-    const double dx = static_cast<double>(b.x) - static_cast<double>(a.x);
-    const double dy = static_cast<double>(b.y) - static_cast<double>(a.y);
+    const double dx = double{b.x} - a.x;
+    const double dy = double{b.y} - a.y;
     const double d = std::hypot(dx, dy);
     return d > 0 ? Vec2{dx / d, dy / d} : Vec2{1, 0};
   }
@@ -83,10 +83,7 @@ class Chaines {
   }
 
  private:
-  static double Ecart(PointF a, PointF b) {
-    return std::hypot(static_cast<double>(b.x) - static_cast<double>(a.x),
-                      static_cast<double>(b.y) - static_cast<double>(a.y));
-  }
+  static double Ecart(PointF a, PointF b) { return std::hypot(double{b.x} - a.x, double{b.y} - a.y); }
 
   const CheminsAssembles& assembles_;
   std::span<const Bouts> bouts_;

@@ -20,9 +20,8 @@ std::uint64_t Brasse(std::uint64_t v) {  // finaliser of splitmix64
 }
 
 std::uint64_t Empreinte(PointF p) {
-  return Brasse(
-      (static_cast<std::uint64_t>(std::bit_cast<std::uint32_t>(p.x)) << 32 | std::bit_cast<std::uint32_t>(p.y)) +
-      0x9e3779b97f4a7c15ULL);
+  return Brasse((std::uint64_t{std::bit_cast<std::uint32_t>(p.x)} << 32 | std::bit_cast<std::uint32_t>(p.y)) +
+                0x9e3779b97f4a7c15ULL);
 }
 
 // The same for a path walked either way and from any start: a sum over its edges, each symmetrical in its ends.

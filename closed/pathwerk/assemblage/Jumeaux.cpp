@@ -27,7 +27,7 @@ struct Boite {
   [[nodiscard]] std::array<double, 4> Bords() const { return {x0, x1, y0, y1}; }
 };
 
-Vec2 EnDouble(PointF p) { return {static_cast<double>(p.x), static_cast<double>(p.y)}; }
+Vec2 EnDouble(PointF p) { return {double{p.x}, double{p.y}}; }
 
 Boite BoiteDe(PointF a, PointF b) {
   const Vec2 p = EnDouble(a);

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "base/ArbreBoites.h"
+#include "base/Indices.h"
 
 namespace pathwerk::assemblage {
 
@@ -22,14 +23,14 @@ Boite BoiteDe(std::span<const PointF> points) {
 
 // Abscissa of an edge at the height y that it straddles.
 double Traverse(PointF a, PointF b, double y) {
-  const double ax = static_cast<double>(a.x);
-  const double ay = static_cast<double>(a.y);
-  const double bx = static_cast<double>(b.x);
-  const double by = static_cast<double>(b.y);
+  const double ax = a.x;
+  const double ay = a.y;
+  const double bx = b.x;
+  const double by = b.y;
   return ax + (y - ay) * ((bx - ax) / (by - ay));
 }
 
-bool Dessus(PointF p, double y) { return static_cast<double>(p.y) > y; }
+bool Dessus(PointF p, double y) { return p.y > y; }
 
 // Even-odd test of a point against one contour. The edges lie in a tree of boxes, sixteen to a box; a run of edges
 // that lies wholly to the right of the point needs no look inside: it crosses the ray an odd number of times
@@ -49,10 +50,10 @@ class Interieur {
     bool impair = false;  // crossings to the right of `p`
     const auto entre = [&](std::size_t k) {
       const Boite& b = arbre_.De(k);
-      if (static_cast<double>(b.y0) > p.y || static_cast<double>(b.y1) <= p.y || static_cast<double>(b.x1) < p.x) {
+      if (b.y0 > p.y || b.y1 <= p.y || b.x1 < p.x) {
         return false;
       }
-      if (static_cast<double>(b.x0) <= p.x) return true;
+      if (b.x0 <= p.x) return true;
       impair ^= Dessus(contour_[arbre_.Debut(k)], p.y) != Dessus(contour_[arbre_.Fin(k)], p.y);
       return false;
     };
@@ -84,7 +85,7 @@ std::vector<Vec2> Temoins(std::span<const PointF> points, Nature nature, const B
     std::array<std::vector<double>, Hauteurs.size()> coupes;
     std::array<double, Hauteurs.size()> y{};
     for (std::size_t k = 0; k < y.size(); ++k) {
-      y[k] = static_cast<double>(b.y0) + (static_cast<double>(b.y1) - static_cast<double>(b.y0)) * Hauteurs[k];
+      y[k] = b.y0 + (double{b.y1} - b.y0) * Hauteurs[k];
     }
     for (std::size_t i = 1; i < points.size(); ++i) {
       for (std::size_t k = 0; k < y.size(); ++k) {
@@ -109,8 +110,8 @@ std::vector<Vec2> Temoins(std::span<const PointF> points, Nature nature, const B
   const std::size_t nombre = std::min<std::size_t>(aretes, 7);
   for (std::size_t k = 0; k < nombre; ++k) {
     const std::size_t i = (2 * k + 1) * aretes / (2 * nombre);
-    temoins.push_back({(static_cast<double>(points[i].x) + static_cast<double>(points[i + 1].x)) / 2,
-                       (static_cast<double>(points[i].y) + static_cast<double>(points[i + 1].y)) / 2});
+    temoins.push_back(
+        {(double{points[i].x} + (points[i + 1].x)) / 2, (double{points[i].y} + (points[i + 1].y)) / 2});
   }
   return temoins;
 }
@@ -126,11 +127,10 @@ struct Contour {
 double DoubleAire(std::span<const PointF> contour) {
   // Relative to the first point, so that a small contour far from the origin keeps its digits.
   double somme = 0;
-  const double ox = static_cast<double>(contour[0].x);
-  const double oy = static_cast<double>(contour[0].y);
+  const double ox = contour[0].x;
+  const double oy = contour[0].y;
   for (std::size_t i = 1; i < contour.size(); ++i) {
-    somme += (static_cast<double>(contour[i - 1].x) - ox) * (static_cast<double>(contour[i].y) - oy) -
-             (static_cast<double>(contour[i].x) - ox) * (static_cast<double>(contour[i - 1].y) - oy);
+    somme += ((contour[i - 1].x) - ox) * (contour[i].y - oy) - (contour[i].x - ox) * ((contour[i - 1].y) - oy);
   }
   return somme;
 }
@@ -157,7 +157,7 @@ std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge
   std::vector<Vec2> temoins;
   for (std::size_t i = 0; i < n; ++i) {
     const Boite& b = boites[i];
-    const float jeu = static_cast<float>(std::min(marge, 0.01 * static_cast<double>(b.x1 - b.x0 + b.y1 - b.y0)));
+    const float jeu = static_cast<float>(std::min(marge, 0.01 * (b.x1 - b.x0 + b.y1 - b.y0)));
     const Boite dedans{b.x0 + jeu, b.y0 + jeu, b.x1 - jeu, b.y1 - jeu};
     temoins.clear();
     // Two contours of the same area lie beside each other, or are one contour drawn with other points.
@@ -168,10 +168,10 @@ std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge
       const Boite& c = it->boite;
       if (c.x0 > dedans.x0 || c.x1 < dedans.x1 || c.y0 > dedans.y0 || c.y1 < dedans.y1) continue;
       if (temoins.empty()) temoins = Temoins(assembles.De(i), assembles.chemins[i].nature, b);
-      auto& arbre = arbres[static_cast<std::size_t>(it - contours.begin())];
+      auto& arbre = arbres[base::Indice(it - contours.begin())];
       if (!arbre) arbre = std::make_unique<Interieur>(assembles.De(it->chemin));
       const auto dans = std::count_if(temoins.begin(), temoins.end(), [&](Vec2 p) { return arbre->Contient(p); });
-      if (2 * dans > static_cast<std::ptrdiff_t>(temoins.size())) {
+      if (2 * dans > std::ssize(temoins)) {
         parents[i] = it->chemin;
         break;
       }

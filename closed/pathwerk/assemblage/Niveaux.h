@@ -5,13 +5,14 @@
 #include <span>
 #include <vector>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/assemblage/CheminsAssembles.h"
 
 namespace pathwerk::assemblage {
 
 // For each path the index of the smallest contour around it, or `SansParent`. `marge` in mm: a path that sticks
 // out of a contour by less is still inside.
-inline constexpr std::size_t SansParent = static_cast<std::size_t>(-1);
+inline constexpr std::size_t SansParent = base::Nulle;
 std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge);
 
 // Indices of all paths, each contour behind everything that it contains, otherwise in the given order.

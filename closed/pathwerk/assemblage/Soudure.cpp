@@ -25,8 +25,7 @@ std::vector<std::uint32_t> RelieBoutsEgaux(const CheminsAssembles& assembles, Ch
     for (const auto e : {static_cast<Bout>(2 * i), static_cast<Bout>(2 * i + 1)}) {
       const PointF p = chaines.Place(e);
       entrees.push_back(
-          {static_cast<std::uint64_t>(std::bit_cast<std::uint32_t>(p.x)) << 32 | std::bit_cast<std::uint32_t>(p.y),
-           e});
+          {std::uint64_t{std::bit_cast<std::uint32_t>(p.x)} << 32 | std::bit_cast<std::uint32_t>(p.y), e});
     }
   }
   TrieParCle(entrees);

@@ -60,7 +60,7 @@ Vec2 Courbe(Vec2 p, Vec2 q, Vec2 tp, Vec2 tq, double s) {
   return p * (2 * s3 - 3 * s2 + 1) + q * (3 * s2 - 2 * s3) + tp * (l * (s3 - 2 * s2 + s)) + tq * (l * (s3 - s2));
 }
 
-Vec2 EnDouble(const PointTrace& p) { return {static_cast<double>(p.X), static_cast<double>(p.Y)}; }
+Vec2 EnDouble(const PointTrace& p) { return {double{p.X}, double{p.Y}}; }
 
 class Lisseur {
  public:

@@ -6,6 +6,7 @@
 #include <new>
 #include <vector>
 
+#include "base/Indices.h"
 #include "closed/Pathwerk.h"
 #include "closed/pathwerk/chemin/Simplifie.h"
 
@@ -38,22 +39,22 @@ bool TousFinis(const std::vector<PointTrace>& points) {
 
 std::int32_t NettoyageFichier(std::vector<PointTrace>& points, float tolerance) {
   const std::size_t n = points.size();
-  if (n <= 2) return static_cast<std::int32_t>(n);
+  if (n <= 2) return base::Compte(n);
   if (!(tolerance > 0) || !std::isfinite(tolerance) || !TousFinis(points)) {
-    return static_cast<std::int32_t>(RetireRepetes(points));
+    return base::Compte(RetireRepetes(points));
   }
   try {
     Chemin chemin(n);
     std::vector<std::uint8_t> garde(n);
     for (std::size_t i = 0; i < n; ++i) {
-      chemin[i] = {static_cast<double>(points[i].X), static_cast<double>(points[i].Y)};
+      chemin[i] = {double{points[i].X}, double{points[i].Y}};
       garde[i] = points[i].Cde != CodePD;
     }
-    const std::vector<std::size_t> reste = chemin::Simplifie(chemin, garde, static_cast<double>(tolerance));
+    const std::vector<std::size_t> reste = chemin::Simplifie(chemin, garde, tolerance);
     for (std::size_t i = 0; i < reste.size(); ++i) points[i] = points[reste[i]];
-    return static_cast<std::int32_t>(reste.size());
+    return base::Compte(reste.size());
   } catch (const std::bad_alloc&) {
-    return static_cast<std::int32_t>(n);
+    return base::Compte(n);
   }
 }
 

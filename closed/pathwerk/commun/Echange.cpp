@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Fichiers.h"
+#include "base/Texte.h"
 #include "closed/Pathwerk.h"
 
 namespace pathwerk {
@@ -18,7 +19,7 @@ std::string SansNul(const std::string& chemin) { return chemin.substr(0, chemin.
 std::string Coupe(std::string texte, std::size_t octets) {
   if (texte.size() <= octets) return texte;
   std::size_t fin = octets;
-  const auto suite = [&](std::size_t i) { return (static_cast<unsigned char>(texte[i]) & 0xC0U) == 0x80U; };
+  const auto suite = [&](std::size_t i) { return (base::Octet(texte[i]) & 0xC0U) == 0x80U; };
   for (int k = 0; k < 3 && suite(fin); ++k) --fin;
   texte.resize(fin);
   return texte;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/ArbreBoites.h"
+#include "base/Indices.h"
 #include "closed/pathwerk/commun/Lieux.h"
 
 namespace pathwerk::decalage {
@@ -33,7 +34,7 @@ class ArcSource {
   [[nodiscard]] double Distance2(std::size_t segment, Vec2 p) const;
   // Winding number of the contours around `p`, which lies on none of them, but for the segment `sauf`, which is
   // left out of the count.
-  [[nodiscard]] int Tours(Vec2 p, std::size_t sauf = static_cast<std::size_t>(-1)) const;
+  [[nodiscard]] int Tours(Vec2 p, std::size_t sauf = base::Nulle) const;
 
  private:
   std::vector<Vec2> sommets_;

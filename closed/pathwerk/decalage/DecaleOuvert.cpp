@@ -20,6 +20,7 @@
 #include <limits>
 #include <utility>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/decalage/Moteur.h"
 #include "closed/pathwerk/decalage/Origine.h"
@@ -44,7 +45,7 @@ class Juge {
 
   // Does an edge of that origin, on the path there and back, run beside the way there?
   [[nodiscard]] bool Aller(const Origine& o) const {
-    const double rang = static_cast<double>(o.segment) + (static_cast<double>(o.de) + static_cast<double>(o.a)) / 2;
+    const double rang = o.segment + (double{o.de} + o.a) / 2;
     return o.Connue() && rang > 0 && rang < static_cast<double>(chemin_.size() - 1);
   }
   // May it belong to either way, because the path lies on itself there?
@@ -225,7 +226,7 @@ void Decoupe(const Chemin& boucle, const Origines& origines, const std::vector<c
     return;
   }
   const bool connues = origines.size() == n;
-  const auto s = static_cast<std::size_t>(rompu - bon.begin());
+  const auto s = base::Indice(rompu - bon.begin());
   Piece courante{{}, false, true};
   const auto vide = [&] {
     double longueur = 0;
@@ -266,9 +267,7 @@ std::vector<Piece> DecaleOuvert(const Source& source, double distance, double to
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const Origines& o = pieces[i].origines;
     const bool aller = !o.empty() && o[0].Connue() && o[0].segment + 1 < source.chemin.size();
-    ordre.emplace_back(aller ? static_cast<double>(o[0].segment) + static_cast<double>(o[0].de)
-                             : juge.Rang(pieces[i].points.front()),
-                       i);
+    ordre.emplace_back(aller ? o[0].segment + double{o[0].de} : juge.Rang(pieces[i].points.front()), i);
   }
   std::sort(ordre.begin(), ordre.end());
   std::vector<Piece> ranges;

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <exception>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
 #include "closed/pathwerk/decalage/MoteurArcs.h"
@@ -78,8 +79,7 @@ Origines Remonte(const Region& region, Origines origines) {
       o = {};
       continue;
     }
-    const auto k =
-        static_cast<std::size_t>(std::upper_bound(debut.begin(), debut.end(), o.segment) - debut.begin()) - 1;
+    const auto k = base::Indice(std::upper_bound(debut.begin(), debut.end(), o.segment) - debut.begin()) - 1;
     o.segment -= static_cast<std::uint32_t>(debut[k]);
     o = Compose(o, region.origines[contour[k]]);
   }

@@ -29,7 +29,7 @@ inline Origine Compose(Origine vers, const Origines& source) {
   if (!vers.Connue() || vers.segment >= source.size()) return {};
   const Origine& s = source[vers.segment];
   if (!s.Connue()) return {};
-  return {s.segment, s.En(static_cast<double>(vers.de)), s.En(static_cast<double>(vers.a))};
+  return {s.segment, s.En(vers.de), s.En(vers.a)};
 }
 
 // The closed path the other way round, its edges with it.

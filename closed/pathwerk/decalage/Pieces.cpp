@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/chemin/Simplifie.h"
 #include "closed/pathwerk/decalage/Report.h"
 
@@ -40,10 +41,10 @@ void Tourne(Piece& piece, const LieuDePiece& l, double tolerance) {
   } else if (Norme(l.point - c[apres]) > tolerance / 10) {
     nouveau = true;
   }
-  std::rotate(c.begin(), c.begin() + static_cast<std::ptrdiff_t>(premier), c.end());
+  std::rotate(c.begin(), base::Iterateur(c, premier), c.end());
   if (nouveau) c.insert(c.begin(), l.point);
   if (o.size() != n) return;
-  std::rotate(o.begin(), o.begin() + static_cast<std::ptrdiff_t>(premier), o.end());
+  std::rotate(o.begin(), base::Iterateur(o, premier), o.end());
   if (!nouveau) return;
   Origine reste = o.back();
   reste.de = o.back().a = o.back().En(l.t);
@@ -118,8 +119,8 @@ std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, doubl
   if (n == 0) return std::nullopt;
   double x0 = LimiteCoordonnee, x1 = -LimiteCoordonnee, y0 = LimiteCoordonnee, y1 = -LimiteCoordonnee;
   for (const PointTrace& p : points) {
-    const auto x = static_cast<double>(p.X);
-    const auto y = static_cast<double>(p.Y);
+    const auto x = double{p.X};
+    const auto y = double{p.Y};
     if (!(std::abs(x) <= LimiteCoordonnee && std::abs(y) <= LimiteCoordonnee)) return std::nullopt;
     x0 = std::min(x0, x);
     x1 = std::max(x1, x);
@@ -133,7 +134,7 @@ std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, doubl
   Chemin brut(n);
   std::vector<std::uint8_t> garde(n);
   for (std::size_t i = 0; i < n; ++i) {
-    brut[i] = Vec2{static_cast<double>(points[i].X), static_cast<double>(points[i].Y)} - s.centre;
+    brut[i] = Vec2{double{points[i].X}, double{points[i].Y}} - s.centre;
     garde[i] = EstMarque(points[i]);
   }
   std::vector<std::pair<std::size_t, Code2>> marques;

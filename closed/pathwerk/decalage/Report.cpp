@@ -24,6 +24,7 @@
 #include <limits>
 #include <optional>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
 
 namespace pathwerk::decalage {
@@ -39,7 +40,7 @@ std::size_t NbAretes(const Piece& piece) { return base::NbAretes(piece.points, p
 // Does the piece run along the source the way that goes?
 bool Avance(const Piece& piece) {
   double somme = 0;
-  for (const Origine& o : piece.origines) somme += o.Connue() ? static_cast<double>(o.a - o.de) : 0;
+  for (const Origine& o : piece.origines) somme += o.Connue() ? double{o.a - o.de} : 0;
   return somme >= 0;
 }
 
@@ -88,7 +89,7 @@ class Foret {
   }
   [[nodiscard]] LieuDePiece EnPiece(const Lieu& l) const {
     const auto it = std::upper_bound(debut_.begin(), debut_.end(), l.segment) - 1;
-    return {static_cast<std::size_t>(it - debut_.begin()), l.segment - *it, l.t, l.point};
+    return {base::Indice(it - debut_.begin()), l.segment - *it, l.t, l.point};
   }
 
  private:
@@ -114,7 +115,7 @@ Report::Report(const Source& source, double distance, double tolerance)
 // Along the source, mm.
 double Report::Place(const Origine& o, float part) const {
   const double a = longueur_[o.segment];
-  return a + (longueur_[o.segment + 1] - a) * static_cast<double>(part);
+  return a + (longueur_[o.segment + 1] - a) * part;
 }
 
 // Way along the source between two places, mm.
@@ -282,7 +283,7 @@ class Report::Index {
   [[nodiscard]] std::size_t Apres(double s) const {
     const auto it = std::upper_bound(etendues_.begin(), etendues_.end(), s,
                                      [](double v, const Etendue& e) { return v < e.de; });
-    return static_cast<std::size_t>(it - etendues_.begin());
+    return base::Indice(it - etendues_.begin());
   }
   [[nodiscard]] LieuDePiece Bout(const Etendue& e, double s, bool derriere) const {
     LieuDePiece l = report_.Bout(pieces_[e.piece], e.arete, s, derriere == (avance_[e.piece] != 0));

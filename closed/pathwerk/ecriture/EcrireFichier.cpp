@@ -10,6 +10,8 @@
 #include <system_error>
 
 #include "base/Fichiers.h"
+#include "base/Indices.h"
+#include "base/Texte.h"
 #include "closed/Pathwerk.h"
 #include "closed/pathwerk/commun/Echange.h"
 
@@ -28,11 +30,9 @@ void AjouteNombre(std::string& t, float valeur) {
   double relu = 0;
   std::from_chars(tampon.data(), fin, relu);
   if (static_cast<float>(relu) != v) {
-    fin = std::to_chars(tampon.data(), tampon.data() + tampon.size(), static_cast<double>(v),
-                        std::chars_format::fixed)
-              .ptr;
+    fin = std::to_chars(tampon.data(), tampon.data() + tampon.size(), double{v}, std::chars_format::fixed).ptr;
   }
-  const std::string_view chiffres(tampon.data(), static_cast<std::size_t>(fin - tampon.data()));
+  const std::string_view chiffres(tampon.data(), fin);
   t += chiffres;
   if (chiffres.find('.') == std::string_view::npos) t += ".0";
 }
@@ -146,7 +146,7 @@ std::string TexteDat(const std::vector<PointTrace>& points, const std::string& c
 std::string CommentaireNet(const std::string& commentaire) {
   std::string c = SansNul(commentaire);
   for (char& k : c) {
-    if (static_cast<unsigned char>(k) < ' ') k = ' ';
+    if (base::Octet(k) < ' ') k = ' ';
   }
   c.resize(std::min(c.find_last_not_of(' ') + 1, LongueurMessage));
   return c;
@@ -161,7 +161,7 @@ std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::str
   const std::string chemin = SansNul(fichier);
   const auto echec = [&](const std::string& raison) {
     commentaire = EnMessage(base::NomDe(chemin) + ": " + raison);
-    return static_cast<std::int32_t>(Erreur::Ecriture);
+    return Numero(Erreur::Ecriture);
   };
   try {
     const std::string net = CommentaireNet(commentaire);

@@ -31,6 +31,8 @@
 #include <numbers>
 #include <utility>
 
+#include "base/Indices.h"
+
 namespace pathwerk::poche {
 
 namespace {
@@ -164,7 +166,7 @@ std::vector<Reste> HorsDAtteinte(const Chemin& fond, const ArbreSegments& attein
     restes.push_back({fond, true});
     return restes;
   }
-  const auto debut = static_cast<std::size_t>(pres - coupes.begin());
+  const auto debut = base::Indice(pres - coupes.begin());
   Chemin troncon;
   for (std::size_t k = 1; k <= n; ++k) {
     const Coupe& c = coupes[(debut + k) % n];

@@ -15,6 +15,8 @@
 #include <numeric>
 #include <utility>
 
+#include "base/Indices.h"
+
 namespace pathwerk::poche {
 
 namespace {
@@ -36,7 +38,7 @@ void CommenceBoucle(Chemin& c, const Lieu& l) {
   const std::size_t apres = base::Suivant(l.segment, n);
   const bool nouveau = l.t > 0 && l.t < 1;
   const std::size_t premier = l.t > 0 ? apres : l.segment;
-  std::rotate(c.begin(), c.begin() + static_cast<std::ptrdiff_t>(premier), c.end());
+  std::rotate(c.begin(), base::Iterateur(c, premier), c.end());
   if (nouveau) c.insert(c.begin(), l.point);
 }
 
@@ -74,7 +76,7 @@ class ArbreAnneaux::Index {
  private:
   [[nodiscard]] std::size_t Rang(std::size_t segment) const {
     const auto it = std::upper_bound(debut_.begin(), debut_.end(), segment) - 1;
-    return rangs_[static_cast<std::size_t>(it - debut_.begin())];
+    return rangs_[base::Indice(it - debut_.begin())];
   }
   std::vector<Segment> Segments(const std::vector<Anneau>& anneaux) {
     std::vector<Segment> segments;

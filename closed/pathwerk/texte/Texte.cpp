@@ -13,6 +13,8 @@
 #include <new>
 #include <vector>
 
+#include "base/Indices.h"
+#include "base/Texte.h"
 #include "base/Vecteur.h"
 #include "closed/Pathwerk.h"
 #include "closed/pathwerk/commun/Courbes.h"
@@ -66,7 +68,7 @@ struct GlyphePose {
 std::string SansCommandes(const std::string& texte) {
   std::string t = texte;
   for (char& c : t) {
-    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = ' ';
+    if (base::Octet(c) < 0x20 || c == 0x7F) c = ' ';
   }
   return t;
 }
@@ -79,8 +81,8 @@ bool Dispose(const Style& style, const std::string& texte, std::int32_t espace, 
   hb_ft_font_set_load_flags(police.get(), FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP);
   const TamponHb tampon(hb_buffer_create());
   const std::string ligne = SansCommandes(texte);
-  if (ligne.size() > static_cast<std::size_t>(std::numeric_limits<int>::max() / 2)) return false;
-  hb_buffer_add_utf8(tampon.get(), ligne.data(), static_cast<int>(ligne.size()), 0, static_cast<int>(ligne.size()));
+  if (ligne.size() > base::Indice(std::numeric_limits<int>::max() / 2)) return false;
+  hb_buffer_add_utf8(tampon.get(), ligne.data(), base::Compte(ligne.size()), 0, base::Compte(ligne.size()));
   hb_buffer_guess_segment_properties(tampon.get());
   const hb_tag_t marques[] = {HB_TAG('l', 'i', 'g', 'a'), HB_TAG('c', 'l', 'i', 'g')};
   std::vector<hb_feature_t> options;
@@ -203,27 +205,27 @@ bool AjouteContour(const Contour& contour, Vec2 origine, Code2 code, std::vector
 std::int32_t Trace(const Style& style, const std::string& texte, std::int32_t espace,
                    std::vector<PointTrace>& points) {
   std::vector<GlyphePose> poses;
-  if (!Dispose(style, texte, espace, poses)) return static_cast<std::int32_t>(Erreur::Memoire);
+  if (!Dispose(style, texte, espace, poses)) return Numero(Erreur::Memoire);
   std::vector<Contour> contours;
   std::size_t rang = 0;
   for (const GlyphePose& pose : poses) {
-    if (!ContoursGlyphe(style, pose.glyphe, contours)) return static_cast<std::int32_t>(Erreur::Memoire);
+    if (!ContoursGlyphe(style, pose.glyphe, contours)) return Numero(Erreur::Memoire);
     for (const Contour& contour : contours) {
       // Only the change of the code counts: behind the last one they begin again.
       if (AjouteContour(contour, pose.origine, CodeDeRang(rang % NbCodes()), points)) ++rang;
     }
-    if (points.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
-      return static_cast<std::int32_t>(Erreur::Memoire);
+    if (points.size() > base::Indice(std::numeric_limits<std::int32_t>::max())) {
+      return Numero(Erreur::Memoire);
     }
   }
-  return static_cast<std::int32_t>(points.size());
+  return base::Compte(points.size());
 }
 
 std::int32_t TexteDansFace(const FacePolice& choix, const std::string& texte, std::int32_t espace, bool italique,
                            bool gras, std::vector<PointTrace>& points) {
-  const auto illisible = static_cast<std::int32_t>(Erreur::PoliceFichier);
+  const auto illisible = Numero(Erreur::PoliceFichier);
   FT_Library brute = nullptr;
-  if (FT_Init_FreeType(&brute) != 0) return static_cast<std::int32_t>(Erreur::Memoire);
+  if (FT_Init_FreeType(&brute) != 0) return Numero(Erreur::Memoire);
   const Bibliotheque bibliotheque(brute);
   FT_Face nue = nullptr;
   if (FT_New_Face(brute, choix.fichier.c_str(), choix.indice, &nue) != 0) return illisible;
@@ -248,13 +250,13 @@ std::int32_t Texte(std::vector<PointTrace>& points, const std::string& texte, co
     const bool italique = (style & StyleItalique) != 0;
     const bool gras = (style & StyleGras) != 0;
     const auto face = TrouveFace(police, italique, gras);
-    if (!face) return static_cast<std::int32_t>(Erreur::Police);
+    if (!face) return Numero(Erreur::Police);
     const std::int32_t n = TexteDansFace(*face, texte, espace, italique, gras, points);
     if (n < 0) points.clear();
     return n;
   } catch (const std::bad_alloc&) {
     points = {};
-    return static_cast<std::int32_t>(Erreur::Memoire);
+    return Numero(Erreur::Memoire);
   }
 }
 

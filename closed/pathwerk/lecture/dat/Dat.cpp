@@ -7,6 +7,7 @@
 #include <new>
 #include <vector>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/lecture/Lignes.h"
 
 namespace pathwerk::lecture::dat {
@@ -28,7 +29,7 @@ struct Rangee {
   }
 };
 
-std::size_t Virgules(std::string_view t) { return static_cast<std::size_t>(std::count(t.begin(), t.end(), ',')); }
+std::size_t Virgules(std::string_view t) { return base::Indice(std::count(t.begin(), t.end(), ',')); }
 
 void DecoupeAux(std::string_view ligne, std::string_view separateurs, Rangee& r) {
   while (!ligne.empty()) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "base/ArbreBoites.h"
+#include "base/Indices.h"
 #include "base/Segment.h"
 
 namespace pathwerk::lecture::dxf {
@@ -70,10 +71,10 @@ class Arbre {
   }
 
   void EffaceDans(std::size_t feuille, const base::Segment& s, double tolerance) {
-    const auto debut = temoins_.begin() + static_cast<std::ptrdiff_t>(boites_.Debut(feuille));
+    const auto debut = base::Iterateur(temoins_, boites_.Debut(feuille));
     const auto fin = debut + static_cast<std::ptrdiff_t>(vivants_[feuille]);
     const auto reste = std::remove_if(debut, fin, [&](const Temoin& w) { return Pres(w.p, s, tolerance); });
-    const auto effaces = static_cast<std::size_t>(fin - reste);
+    const auto effaces = base::Indice(fin - reste);
     for (std::size_t k = feuille; k >= 1; k /= 2) vivants_[k] -= effaces;
   }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "base/Indices.h"
 #include "base/Vecteur.h"
 #include "closed/pathwerk/lecture/dxf/Dessin.h"
 #include "closed/pathwerk/lecture/dxf/SplinePoints.h"
@@ -115,7 +116,7 @@ void Dessinateur::PolyligneLissee(const Affine& m) {
   Spline s;
   s.degre = e_.Entier(75) == 5 ? 2 : 3;
   s.controle = e_.controle;
-  const auto p = static_cast<std::size_t>(s.degre);
+  const auto p = base::Indice(s.degre);
   if (fermee && s.controle.size() >= p)
     s.controle.insert(s.controle.end(), e_.controle.begin(), e_.controle.begin() + s.degre);
   NoeudsParDefaut(s, fermee);
@@ -130,7 +131,7 @@ void Dessinateur::CourbeSpline(const Affine& m) {
   std::swap(s.controle, e_.controle);
   std::swap(s.noeuds, e_.noeuds);
   std::swap(s.poids, e_.poids);
-  const auto p = static_cast<std::size_t>(std::clamp(s.degre, 1, 100));
+  const auto p = base::Indice(std::clamp(s.degre, 1, 100));
   if (s.controle.size() < p + 1 && e_.lissage.size() > 1) {
     return TraceSpline(SplineParPoints(e_.lissage, e_.p[2], e_.p[3], fermee), fermee, m);
   }

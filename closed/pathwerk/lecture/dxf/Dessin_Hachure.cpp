@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/lecture/dxf/Couverture.h"
 #include "closed/pathwerk/lecture/dxf/Dessin.h"
 
@@ -237,17 +238,17 @@ void Dessinateur::RetireBordsCouverts() {
   // Both curves may lie a chord's error from the true one, and drawn by hand they may miss by the weld tolerance.
   const double tolerance = 2.5 * fleche_ + std::max(options_.ToleranceSoudure, 0.0);
   const std::vector<char> couverts = TraitsCouverts(lecture_.traits, rangs, tolerance);
-  std::vector<char> reste(static_cast<std::size_t>(hachures_) + 1, 0);
+  std::vector<char> reste(base::Indice(hachures_) + 1, 0);
   for (std::size_t i = 0; i < traitsDeHachure_.size(); ++i) {
     if (couverts[i] != 0) {
       lecture_.traits[traitsDeHachure_[i].trait].points.clear();
     } else {
-      reste[static_cast<std::size_t>(traitsDeHachure_[i].hachure)] = 1;
+      reste[base::Indice(traitsDeHachure_[i].hachure)] = 1;
     }
   }
   long derniere = 0;
   for (const TraitDeHachure& b : traitsDeHachure_) {
-    if (b.hachure != derniere && reste[static_cast<std::size_t>(b.hachure)] == 0) lecture_.Ignore("HATCH");
+    if (b.hachure != derniere && reste[base::Indice(b.hachure)] == 0) lecture_.Ignore("HATCH");
     derniere = b.hachure;
   }
   std::erase_if(lecture_.traits, [](const Trait& t) { return t.points.empty(); });

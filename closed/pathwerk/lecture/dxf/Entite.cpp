@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Indices.h"
+
 namespace pathwerk::lecture::dxf {
 
 namespace {
@@ -87,7 +89,7 @@ bool PrendListe(const Groupe& g, double v, Entite& e) {
 void PrendReel(const Groupe& g, double v, Entite& e) {
   if (PrendListe(g, v, e)) return;
   const int dizaine = g.code / 10;
-  const auto unite = static_cast<std::size_t>(g.code % 10);
+  const auto unite = base::Indice(g.code % 10);
   if (dizaine <= 3) {
     if (g.code == 38) e.p[0].z = v;  // elevation of a light polyline
     if (unite > 3) return;
@@ -97,7 +99,7 @@ void PrendReel(const Groupe& g, double v, Entite& e) {
     if (dizaine == 1) e.donnes |= CodesX << unite;
     if (dizaine == 2) e.donnes |= CodesY << unite;
   } else if (g.code <= 51) {
-    const auto i = static_cast<std::size_t>(g.code - 40);
+    const auto i = base::Indice(g.code - 40);
     e.reels[i] = v;
     e.reelsDonnes |= 1U << i;
   } else if (g.code == 210) {
@@ -136,10 +138,10 @@ bool Prend(const Groupe& g, Entite& e, std::size_t reste) {
     PrendReel(g, v, e);
   } else if ((g.code >= 70 && g.code <= 79) || g.code == 90) {
     if (!LitEntier(g, n)) return false;
-    (g.code == 90 ? e.nombreSommets : e.entiers[static_cast<std::size_t>(g.code - 70)]) = n;
+    (g.code == 90 ? e.nombreSommets : e.entiers[base::Indice(g.code - 70)]) = n;
     if (g.code == 90 && e.genre == Genre::PolyligneLegere && n > 0) {
       // The announced number spares regrowing, as far as the rest of the file can hold it.
-      e.sommets.reserve(std::min(static_cast<std::size_t>(n), reste / OctetsSommet));
+      e.sommets.reserve(std::min(base::Indice(n), reste / OctetsSommet));
     }
   }
   return true;
@@ -259,7 +261,7 @@ bool Complete(const Entite& e) {
 }
 
 bool CompleteALaFin(const Entite& e) {
-  const auto nombre = [&e](int code) { return static_cast<std::size_t>(e.Entier(code)); };
+  const auto nombre = [&e](int code) { return base::Indice(e.Entier(code)); };
   constexpr unsigned CodesEllipse = 7;  // 40 to 42
   switch (e.genre) {
     // What can still follow changes the whole: scales, turn, rows; boundaries.
@@ -267,7 +269,7 @@ bool CompleteALaFin(const Entite& e) {
     case Genre::Hachure:
       return false;
     case Genre::PolyligneLegere:
-      return e.nombreSommets >= 0 && e.sommets.size() == static_cast<std::size_t>(e.nombreSommets) &&
+      return e.nombreSommets >= 0 && e.sommets.size() == base::Indice(e.nombreSommets) &&
              (e.donnes & CodesY) != 0 && e.dernierBulge == e.bulges;
     case Genre::Solide:
     case Genre::Face3D:

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/lecture/dxf/Espace.h"
 #include "closed/pathwerk/lecture/dxf/Groupes.h"
 
@@ -63,7 +64,7 @@ struct Entite {
     const auto i = static_cast<unsigned>(code - 40);
     return (reelsDonnes >> i & 1U) != 0 ? reels[i] : defaut;
   }
-  [[nodiscard]] int Entier(int code) const { return entiers[static_cast<std::size_t>(code - 70)]; }
+  [[nodiscard]] int Entier(int code) const { return entiers[base::Indice(code - 70)]; }
   // Both coordinates of the first n points were given.
   [[nodiscard]] bool Points(unsigned n) const {
     const unsigned x = (1U << n) - 1;

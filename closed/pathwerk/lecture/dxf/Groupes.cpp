@@ -8,6 +8,7 @@
 #include <cstring>
 #include <limits>
 
+#include "base/Indices.h"
 #include "base/Texte.h"
 
 namespace pathwerk::lecture::dxf {
@@ -61,7 +62,7 @@ Type TypeDe(int code) {
 
 std::uint64_t Petit(const unsigned char* octets, std::size_t n) {
   std::uint64_t v = 0;
-  for (std::size_t i = 0; i < n; ++i) v |= static_cast<std::uint64_t>(octets[i]) << (8 * i);
+  for (std::size_t i = 0; i < n; ++i) v |= std::uint64_t{octets[i]} << (8 * i);
   return v;
 }
 
@@ -101,8 +102,7 @@ LecteurGroupes::LecteurGroupes(std::string_view data) : data_(data) {
     position_ = EnteteBinaire.size();
     // The first code is 0 or a comment's. In one byte the letters of its value follow at once.
     if (data_.size() >= position_ + 2) {
-      const int premier =
-          static_cast<unsigned char>(data_[position_]) | static_cast<unsigned char>(data_[position_ + 1]) << 8;
+      const int premier = base::Octet(data_[position_]) | base::Octet(data_[position_ + 1]) << 8;
       codeLarge_ = premier == 0 || premier == CodeCommentaire;
     }
   } else if (data_.starts_with("\xEF\xBB\xBF")) {
@@ -125,7 +125,7 @@ bool LecteurGroupes::Ligne(std::string_view& texte, bool& terminee) {
   if (debut == fin || *debut == '\x1a') return false;
   const char* p = debut;
   while (p != fin && *p != '\n' && *p != '\r') ++p;
-  texte = std::string_view(debut, static_cast<std::size_t>(p - debut));
+  texte = std::string_view(debut, p);
   terminee = p != fin;
   if (terminee) {
     // CR, LF, CRLF, and CRCRLF as a careless transfer leaves it.
@@ -133,7 +133,7 @@ bool LecteurGroupes::Ligne(std::string_view& texte, bool& terminee) {
     while (q != fin && q - p < 2 && *q == '\r') ++q;
     p = q != fin && *q == '\n' ? q + 1 : p + 1;
   }
-  position_ = static_cast<std::size_t>(p - data_.data());
+  position_ = base::Indice(p - data_.data());
   ++ligne_;
   if (!texte.empty() && (Blanc(texte.front()) || Blanc(texte.back()))) texte = base::SansBlancs(texte, Blanc);
   return true;
@@ -225,7 +225,7 @@ Etat LecteurGroupes::SuivantBinaire(Groupe& g) {
       g.nombre = static_cast<std::int16_t>(brut);
       break;
     case Type::Entier32:
-      g.nombre = static_cast<std::int32_t>(brut);
+      g.nombre = base::Compte(brut);
       break;
     case Type::Entier64:
       g.nombre = static_cast<double>(static_cast<std::int64_t>(brut));

@@ -4,6 +4,9 @@
 #include <array>
 #include <functional>
 
+#include "base/Indices.h"
+#include "base/Texte.h"
+
 namespace pathwerk::lecture::dxf {
 
 namespace {
@@ -185,7 +188,7 @@ bool FinDeSuite(std::string_view nom) { return nom == "ENDBLK" || nom == "BLOCK"
 
 std::size_t HacheNom::operator()(std::string_view nom) const {
   std::size_t h = 14695981039346656037ULL;  // FNV-1a
-  for (const char c : nom) h = (h ^ static_cast<unsigned char>(Majuscule(c))) * 1099511628211ULL;
+  for (const char c : nom) h = (h ^ base::Octet(Majuscule(c))) * 1099511628211ULL;
   return h;
 }
 
@@ -224,8 +227,7 @@ double UniteEnMm(int insunits, int measurement, int lunits) {
                                                  100000.0 / 3937,  // pc, US survey foot and inch
                                                  3600000.0 / 3937,
                                                  6336000000.0 / 3937};  // US survey yard and mile
-  if (insunits > 0 && insunits < static_cast<int>(UnitesEnMm.size()))
-    return UnitesEnMm[static_cast<std::size_t>(insunits)];
+  if (insunits > 0 && insunits < std::ssize(UnitesEnMm)) return UnitesEnMm[base::Indice(insunits)];
   if (lunits == 3 || lunits == 4) return Pouce;
   if (insunits < 0 && measurement == 0) return Pouce;
   return 1;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Indices.h"
+
 namespace pathwerk::lecture::dxf {
 
 namespace {
@@ -43,7 +45,7 @@ class Aplatisseur {
   Aplatisseur(std::vector<Vec2>& points, int degre, bool rationnelle, double fleche, Budget& budget)
       : points_(points),
         budget_(budget),
-        n_(static_cast<std::size_t>(degre) + 1),
+        n_(base::Indice(degre) + 1),
         seuil_(fleche / (rationnelle ? 1.0 : std::max(1 - std::ldexp(1.0, 1 - degre), 1e-3))) {
     pile_.resize(n_ * (ProfondeurMax + 2));
   }
@@ -66,7 +68,7 @@ class Aplatisseur {
 
   // The piece lies in the row `profondeur` of the stack; its halves go to that row and the next.
   bool Coupe(int profondeur) {
-    Homogene* const q = pile_.data() + static_cast<std::size_t>(profondeur) * n_;
+    Homogene* const q = pile_.data() + base::Indice(profondeur) * n_;
     if (profondeur >= ProfondeurMax || Plat(q)) {
       if (!budget_.Points(1)) return false;
       points_.push_back(Projette(q[n_ - 1]));
@@ -97,7 +99,7 @@ class Aplatisseur {
 // a spline of any length costs the same for each span.
 void PieceBezier(const Spline& s, std::size_t k, const std::vector<Homogene>& locaux,
                  std::vector<Homogene>& piece) {
-  const auto p = static_cast<std::size_t>(s.degre);
+  const auto p = base::Indice(s.degre);
   const double gauche = s.noeuds[k];
   const double droite = s.noeuds[k + 1];
   Homogene d[DegreMax + 1];
@@ -120,7 +122,7 @@ void PieceBezier(const Spline& s, std::size_t k, const std::vector<Homogene>& lo
 bool Valide(const Spline& s) {
   if (s.degre < 1 || s.degre > DegreMax) return false;
   const std::size_t n = s.controle.size();
-  const auto p = static_cast<std::size_t>(s.degre);
+  const auto p = base::Indice(s.degre);
   if (n < p + 1 || s.noeuds.size() != n + p + 1) return false;
   if (!s.poids.empty() && s.poids.size() != n) return false;
   for (const double w : s.poids) {
@@ -134,7 +136,7 @@ bool Valide(const Spline& s) {
 
 void NoeudsParDefaut(Spline& s, bool periodique) {
   const std::size_t n = s.controle.size();
-  const auto p = static_cast<std::size_t>(std::max(s.degre, 1));
+  const auto p = base::Indice(std::max(s.degre, 1));
   s.noeuds.clear();
   if (n < p + 1) return;
   s.noeuds.reserve(n + p + 1);
@@ -145,7 +147,7 @@ void NoeudsParDefaut(Spline& s, bool periodique) {
 }
 
 bool AjouteSpline(std::vector<Vec2>& points, const Spline& s, const Affine& m, double fleche, Budget& budget) {
-  const auto p = static_cast<std::size_t>(s.degre);
+  const auto p = base::Indice(s.degre);
   const std::size_t n = s.controle.size();
   std::vector<Homogene> locaux(p + 1);
   std::vector<Homogene> piece(p + 1);

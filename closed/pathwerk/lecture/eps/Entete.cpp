@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/Texte.h"
+
 namespace pathwerk::lecture::eps {
 
 namespace {
@@ -13,8 +15,7 @@ constexpr std::string_view SortieDeLangue = "\x1B%-12345X";
 
 std::uint32_t Entier(std::string_view d, std::size_t p) {
   std::uint32_t v = 0;
-  for (std::size_t i = 0; i < 4; ++i)
-    v |= static_cast<std::uint32_t>(static_cast<unsigned char>(d[p + i])) << (8 * i);
+  for (std::size_t i = 0; i < 4; ++i) v |= std::uint32_t{base::Octet(d[p + i])} << (8 * i);
   return v;
 }
 

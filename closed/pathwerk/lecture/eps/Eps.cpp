@@ -8,6 +8,7 @@
 #include <exception>
 #include <random>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/lecture/eps/Chemins.h"
 #include "closed/pathwerk/lecture/eps/Entete.h"
 #include "closed/pathwerk/lecture/eps/Prologue.h"
@@ -30,8 +31,8 @@ std::string Jeton() {
 // Line of a byte of the PostScript, counted in the file. 0: unknown.
 long LigneDe(std::string_view data, std::string_view ps, long position) {
   if (position < 0) return 0;
-  const std::size_t avant = static_cast<std::size_t>(ps.data() - data.data());
-  const std::size_t p = std::min(data.size(), avant + static_cast<std::size_t>(position));
+  const std::size_t avant = base::Indice(ps.data() - data.data());
+  const std::size_t p = std::min(data.size(), avant + base::Indice(position));
   const std::string_view debut = data.substr(0, p);
   const char fin = debut.find('\n') == std::string_view::npos ? '\r' : '\n';
   // The reader stands behind the blank that ends the offending word.

@@ -20,6 +20,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/Indices.h"
 #include "base/SansCopie.h"
 
 namespace pathwerk::lecture::eps {
@@ -55,7 +56,7 @@ class DossierPrive : base::SansCopie {
       const ssize_t n = ::write(fd, contenu.data(), contenu.size());
       if (n < 0 && errno == EINTR) continue;
       if (n <= 0) break;
-      contenu.remove_prefix(static_cast<std::size_t>(n));
+      contenu.remove_prefix(base::Indice(n));
     }
     return (::close(fd) == 0) && contenu.empty();
   }
@@ -185,9 +186,9 @@ Erreur Ecoute(int fd, const EpsMoyens& moyens, Horloge::time_point depart,
     const ssize_t n = ::read(fd, tampon.data(), tampon.size());
     if (n < 0 && errno == EINTR) continue;
     if (n <= 0) return Erreur::Aucune;
-    volume += static_cast<std::size_t>(n);
+    volume += base::Indice(n);
     if (volume > moyens.volume) return Erreur::GsVolume;
-    if (!recoit(std::string_view(tampon.data(), static_cast<std::size_t>(n)))) {
+    if (!recoit(std::string_view(tampon.data(), base::Indice(n)))) {
       arret = true;
       return Erreur::Aucune;
     }

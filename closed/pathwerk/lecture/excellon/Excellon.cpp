@@ -8,6 +8,7 @@
 #include <numbers>
 #include <vector>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/commun/Courbes.h"
 #include "closed/pathwerk/lecture/Lignes.h"
 #include "closed/pathwerk/lecture/excellon/Arc.h"
@@ -455,7 +456,7 @@ class Lecteur {
   std::uint32_t ligneRoute_ = 0;  // where it begins
   std::size_t motif_ = 0;
   std::size_t finMotif_ = 0;
-  std::size_t decalageDe_ = static_cast<std::size_t>(-1);
+  std::size_t decalageDe_ = base::Nulle;
   Vec2 decalage_;
 };
 

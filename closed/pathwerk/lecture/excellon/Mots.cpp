@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "base/Indices.h"
 #include "closed/pathwerk/lecture/Lignes.h"
 
 namespace pathwerk::lecture::excellon {
@@ -66,8 +67,7 @@ std::optional<double> FormatExcellon::Coordonnee(std::string_view texte) {
 
 std::string FormatExcellon::Ligne() const {
   return std::string(pouces ? "INCH" : "METRIC") + (gardeTete ? ",LZ," : ",TZ,") +
-         std::string(static_cast<std::size_t>(entiers), '0') + '.' +
-         std::string(static_cast<std::size_t>(decimales), '0');
+         std::string(base::Indice(entiers), '0') + '.' + std::string(base::Indice(decimales), '0');
 }
 
 bool LitUnites(std::string_view ligne, FormatExcellon& format, std::vector<std::string>& inconnus) {
@@ -86,7 +86,7 @@ bool LitUnites(std::string_view ligne, FormatExcellon& format, std::vector<std::
       format.gardeTete = champ == "LZ";
       format.zerosDits = true;
     } else if (point != champ.npos && champ.find_first_not_of("0.") == champ.npos) {
-      format.Chiffres(static_cast<int>(point), static_cast<int>(champ.size() - point - 1));
+      format.Chiffres(base::Compte(point), base::Compte(champ.size() - point - 1));
     } else if (!champ.empty()) {
       inconnus.emplace_back(champ.substr(0, 24));
     }

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Texte.h"
+
 namespace pathwerk::lecture::hpgl {
 
 bool HpglDecodeur::Suivant(HpglElement& element) {
@@ -21,7 +23,7 @@ bool HpglDecodeur::Suivant(HpglElement& element) {
   double nombre = 0;
   enum class Attendu { Coordonnee, Plume, Fraction } attendu = Attendu::Coordonnee;
   while (pos_ < texte_.size()) {
-    const int signe = static_cast<unsigned char>(texte_[pos_]) & 0x7F;
+    const int signe = base::Octet(texte_[pos_]) & 0x7F;
     const bool drapeau = signe == '7' || signe == ':' || signe == '<' || signe == '=' || signe == '>';
     if (drapeau) {
       ++pos_;
@@ -60,7 +62,7 @@ bool HpglDecodeur::PrendNombre(double& valeur) {
   int signe = 0;
   bool premier = true;
   while (pos_ < texte_.size()) {
-    int c = static_cast<unsigned char>(texte_[pos_]);
+    int c = base::Octet(texte_[pos_]);
     if (septBits_) c &= 0x7F;
     const int bas = c & 0x7F;
     if (bas == '7' || bas == ':' || bas == '<' || bas == '=' || bas == '>') return false;

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "base/Texte.h"
 #include "closed/pathwerk/lecture/Lignes.h"
 #include "closed/pathwerk/lecture/hpgl/Lexeur.h"
 #include "closed/pathwerk/lecture/hpgl/Machine.h"
@@ -19,7 +20,7 @@ namespace {
 std::string Extrait(std::string_view data, std::size_t position) {
   std::string s;
   for (const char c : data.substr(std::min(position, data.size()), 24)) {
-    if (static_cast<unsigned char>(c) < ' ') break;
+    if (base::Octet(c) < ' ') break;
     s += c;
   }
   return s;

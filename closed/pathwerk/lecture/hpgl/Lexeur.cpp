@@ -14,6 +14,7 @@
 #include <charconv>
 #include <limits>
 
+#include "base/Indices.h"
 #include "base/Texte.h"
 
 namespace pathwerk::lecture::hpgl {
@@ -134,8 +135,8 @@ void HpglLexeur::LignePjl() {
   const std::size_t fin = std::min(donnees_.find('\n', pos_), donnees_.size());
   std::string ligne;
   for (const char c : donnees_.substr(pos_, std::min<std::size_t>(fin - pos_, 200))) {
-    if (!EstRien(static_cast<unsigned char>(c))) {
-      ligne += EstLettre(static_cast<unsigned char>(c)) ? Majuscule(static_cast<unsigned char>(c)) : c;
+    if (!EstRien(base::Octet(c))) {
+      ligne += EstLettre(base::Octet(c)) ? Majuscule(base::Octet(c)) : c;
     }
   }
   pos_ = std::min(fin + 1, donnees_.size());
@@ -271,7 +272,7 @@ bool HpglLexeur::PrendNombre(double& valeur) {
   const char* const fin = donnees_.data() + donnees_.size();
   if (p == fin) return false;
   // The library would read "-inf" and "nan" too.
-  const unsigned char c = static_cast<unsigned char>(*p);
+  const unsigned char c = base::Octet(*p);
   const unsigned char suite = A(debut + 1);
   const bool nombre =
       EstChiffre(c) || c == '.' || (c == '-' && debut == pos_ && (EstChiffre(suite) || suite == '.'));
@@ -279,12 +280,12 @@ bool HpglLexeur::PrendNombre(double& valeur) {
   const auto [apres, erreur] = std::from_chars(p, fin, valeur);
   if (erreur == std::errc::invalid_argument) return false;
   if (erreur == std::errc::result_out_of_range) {
-    const std::string_view lu(p, static_cast<std::size_t>(apres - p));
+    const std::string_view lu(p, apres);
     const bool petit = lu.find("e-") != std::string_view::npos || lu.find("E-") != std::string_view::npos ||
                        lu.find_first_not_of("-0.") > lu.find('.');
     valeur = petit ? 0 : std::numeric_limits<double>::infinity();
   }
-  pos_ += static_cast<std::size_t>(apres - (donnees_.data() + pos_));
+  pos_ += base::Indice(apres - (donnees_.data() + pos_));
   return true;
 }
 

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Texte.h"
+
 namespace pathwerk::lecture::hpgl {
 
 struct HpglInstruction {
@@ -43,10 +45,8 @@ class HpglLexeur {
   enum class Langue { Hpgl, Pcl, Pjl };
 
   [[nodiscard]] bool Fini() const { return pos_ >= donnees_.size(); }
-  [[nodiscard]] unsigned char Ici() const { return static_cast<unsigned char>(donnees_[pos_]); }
-  [[nodiscard]] unsigned char A(std::size_t p) const {
-    return p < donnees_.size() ? static_cast<unsigned char>(donnees_[p]) : 0;
-  }
+  [[nodiscard]] unsigned char Ici() const { return base::Octet(donnees_[pos_]); }
+  [[nodiscard]] unsigned char A(std::size_t p) const { return p < donnees_.size() ? base::Octet(donnees_[p]) : 0; }
 
   bool ProchaineLettre();
   void Echappe();
