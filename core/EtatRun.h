@@ -20,6 +20,7 @@ struct EtatRun {
   Drapeau FraisageEnCours = Faux;  // a run is active; the stop face clears it before the run has returned
   bool RunActif = false;           // from the first line of LanceDecoupe to its return
   bool FinProgramme = false;       // the program is closing: nothing waits for the board any more
+  bool TestEnCours = false;        // a speed or lost-step test runs: what would end it beeps and stays
   bool OperationCarte = false;     // an operation of the board runs: commands that would disturb it beep
 
   std::uint8_t ModeEnvoiTable = 0;       // 0 straight to the board, 1 list only, 2 list, then run

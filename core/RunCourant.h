@@ -14,6 +14,7 @@ inline constinit auto& ArretRampe = Marche.ArretRampe;
 inline constinit auto& FraisageEnCours = Marche.FraisageEnCours;
 inline constinit auto& RunActif = Marche.RunActif;
 inline constinit auto& FinProgramme = Marche.FinProgramme;
+inline constinit auto& TestEnCours = Marche.TestEnCours;
 inline constinit auto& OperationCarte = Marche.OperationCarte;
 inline constinit auto& ModeEnvoiTable = Marche.ModeEnvoiTable;
 inline constinit auto& ListeFlash = Marche.ListeFlash;

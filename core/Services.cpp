@@ -97,6 +97,7 @@ Services ServicesMuets() {
   s.EffaceLigneRun = [] {};
   s.MontreStop = [](bool) {};
   s.Pilotage = [](DemandePilotage) {};
+  s.Timer_Interro = [](bool) {};
   s.Battement = [](const std::function<void()>&) {};
   s.LaisseEvenements = [](Evenements) {};
   s.Horloge = [] {

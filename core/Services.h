@@ -117,6 +117,8 @@ struct Services {
   // The one control that stops whatever runs.
   std::function<void(bool visible)> MontreStop;
   std::function<void(DemandePilotage)> Pilotage;
+  // The main window's idle look at the board, on or off: off while another window has the board for itself.
+  std::function<void(bool actif)> Timer_Interro;
   // `pas` is called every few milliseconds as long as events run, in the loop of a box or a dialog, too, until it
   // is given nothing.
   std::function<void(const std::function<void()>& pas)> Battement;

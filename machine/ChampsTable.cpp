@@ -61,6 +61,13 @@ double Valeur(const ChampsTable& champs, const std::string& section, const Champ
   return LireNombreSection(section, cle, defaut);
 }
 
+// Into the global that follows this field, where there is one.
+void PoseSuivie(FamilleChamp famille, int index, double valeur) {
+  for (const GlobaleTable& g : GlobalesTable()) {
+    if (g.suit && g.champ.famille == famille && g.champ.index == index) g.pose(Table, valeur);
+  }
+}
+
 }  // namespace
 
 // A key that is missing takes the value of its readers, so that opening and closing the window changes nothing;
@@ -132,10 +139,10 @@ void SuitChamp(int index, std::string_view texte) {
   const double lue = NombreDuTexte(texte).value_or(0);
   const auto valeur = EnFloat(lue);
   if (valeur == 0 || std::abs(lue) > (std::numeric_limits<float>::max())) return;
-  for (const GlobaleTable& g : GlobalesTable()) {
-    if (g.suit && g.champ.famille == FamilleChamp::TB_SAV && g.champ.index == index) g.pose(Table, lue);
-  }
+  PoseSuivie(FamilleChamp::TB_SAV, index, lue);
 }
+
+void SuitCoche(int index, bool coche) { PoseSuivie(FamilleChamp::CB_SAV, index, coche ? 1 : 0); }
 
 int CurseurPente(std::string_view texte, int curseur) {
   const auto valeur = NombreDuTexte(texte);

@@ -22,6 +22,8 @@ std::string FormateChamp(FamilleChamp famille, int index, std::string_view texte
 std::pair<int, std::string> ChampJumeau(int index, std::string_view texte);
 // While a field TB_SAV is being typed: the speeds with ramp (15, 16, 17) go into their globals at once, unless 0.
 void SuitChamp(int index, std::string_view texte);
+// The same for a box that is ticked or cleared: the inversions of the axes (1, 2, 3).
+void SuitCoche(int index, bool coche);
 // Slider value for the text of TB_Pente; `curseur` for a text that isn't a value between 1 and 9.
 int CurseurPente(std::string_view texte, int curseur);
 // Key "OptionLPT" for the kind of interface chosen in Combo_SAV(0).

@@ -10,6 +10,9 @@ extern TableMachine Table;
 
 inline constinit auto& BrocheAuto = Table.BrocheAuto;
 inline constinit auto& ClavierZENIK = Table.ClavierZENIK;
+inline constinit auto& InverseX = Table.InverseX;
+inline constinit auto& InverseY = Table.InverseY;
+inline constinit auto& InverseZ = Table.InverseZ;
 inline constinit auto& CourseX = Table.CourseX;
 inline constinit auto& CourseY = Table.CourseY;
 inline constinit auto& CourseZ = Table.CourseZ;

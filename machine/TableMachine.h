@@ -9,6 +9,7 @@ namespace ovelin {
 struct TableMachine {
   std::int16_t BrocheAuto = 1;                                     // 1: a run switches the spindle
   std::int16_t ClavierZENIK = 1;                                   // the board's keypad is used
+  std::int16_t InverseX = 1, InverseY = 0, InverseZ = 0;           // 1: the axis runs the other way round
   float CourseX = 1000, CourseY = 500, CourseZ = 200;              // travel, mm
   std::int32_t PasTourX = 48, PasTourY = 48, PasTourZ = 48;        // steps per turn, division included
   double TransmissionX = 1, TransmissionY = 1, TransmissionZ = 1;  // mm per turn

@@ -76,6 +76,7 @@ void EcouteMachine() {
   Svc.LigneRun = [](float x0, float y0, float x1, float y1) { Sc.vu.lignes.push_back({x0, y0, x1, y1}); };
   Svc.EffaceLigneRun = [] { Sc.vu.lignes.clear(); };
   Svc.Battement = [](const std::function<void()>& pas) { Sc.vu.battement = pas; };
+  Svc.Timer_Interro = [](bool actif) { Sc.vu.interro.push_back(actif); };
   Svc.Pilotage = [](DemandePilotage demande) { Sc.vu.pilotage.push_back(demande); };
 }
 

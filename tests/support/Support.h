@@ -46,6 +46,7 @@ struct VuMachine {
   std::vector<std::array<double, 3>> positions;  // in the manual window, mm
   std::vector<std::array<float, 4>> lignes;      // of the run; emptied when it is effaced
   std::vector<ovelin::DemandePilotage> pilotage;
+  std::vector<bool> interro;        // the idle look at the board off, on
   std::function<void()> battement;  // what goes on in the loop of a box; a script may call it
 };
 const VuMachine& Vu();

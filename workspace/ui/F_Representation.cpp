@@ -152,6 +152,13 @@ void F_Representation::Relie() {
 // What the procedures ask of the window that shows the document.
 void F_Representation::InstalleServices() {
   Svc.Rafraichit = [this] { Rafraichit(); };
+  Svc.Timer_Interro = [this](bool actif) {
+    if (actif) {
+      RegleTimer_Interro();
+    } else {
+      Timer_Interro_->stop();
+    }
+  };
   Svc.RafraichitEtat = [this] { SB1_->repaint(); };
   Svc.DessinOuvert = [this](bool ouvert) { DessinOuvert(ouvert); };
   Svc.FichierRecent = [this](const std::string& chemin) {
