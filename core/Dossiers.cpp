@@ -100,10 +100,13 @@ void OteRestes(const std::string& base) {
 }  // namespace
 
 void TrouveDossiersProduit(const std::string& dossierExecutable) {
-  DossiersProduit = {dossierExecutable + "/../share/ovelin", dossierExecutable + "/../share/ovelin/samples"};
+  const auto la = [&dossierExecutable](const char* ou) {
+    return (std::filesystem::path(dossierExecutable) / ou).lexically_normal().string();
+  };
+  DossiersProduit = {la("../share/ovelin"), la("../share/ovelin/samples")};
   if (FichierExiste(dossierExecutable + "/../CMakeCache.txt")) {  // a build tree, build/<preset>/bin
-    DossiersProduit.push_back(dossierExecutable + "/../../../translations");
-    DossiersProduit.push_back(dossierExecutable + "/../../../samples");
+    DossiersProduit.push_back(la("../../../translations"));
+    DossiersProduit.push_back(la("../../../samples"));
   }
 }
 

@@ -95,7 +95,9 @@ std::string LigneExec(const std::string& programme) {
 
 std::string TexteBureau(const Association& a, const std::string& programme) {
   return "[Desktop Entry]\nType=Application\nVersion=1.0\nName=" + EchappeBureau(a.nom) +
-         "\nComment=" + EchappeBureau(a.description) + "\nExec=" + LigneExec(programme) + "\nIcon=" + NomFichiers +
+         "\nComment=" + EchappeBureau(a.description) +
+         // An entry whose program has gone is not shown any more.
+         "\nTryExec=" + EchappeBureau(programme) + "\nExec=" + LigneExec(programme) + "\nIcon=" + NomFichiers +
          "\nTerminal=false\nMimeType=" + TypeMime +
          ";\nCategories=Engineering;Graphics;\nStartupWMClass=" + NomFichiers + "\n";
 }

@@ -47,6 +47,7 @@ TEST(InscritAssociation, WritesTheEntryTheTypeAndTheIcon) {
   const std::string entree = b.Entree();
   EXPECT_TRUE(entree.starts_with("[Desktop Entry]\n"));
   EXPECT_NE(entree.find("\nExec=\"/opt/ovelin/bin/ovelin\" %f\n"), std::string::npos);
+  EXPECT_NE(entree.find("\nTryExec=/opt/ovelin/bin/ovelin\n"), std::string::npos);
   EXPECT_NE(entree.find("\nMimeType=application/x-ovelin;\n"), std::string::npos);
   EXPECT_NE(entree.find("\nComment=Projet <OVELIN> & Cie\n"), std::string::npos);
   EXPECT_NE(b.Mime().find("<comment>Projet &lt;OVELIN&gt; &amp; Cie</comment>"), std::string::npos);
@@ -116,7 +117,8 @@ TEST(TexteMime, AgreesWithThePackage) {
     EXPECT_NE(paquet.find(ligne), std::string::npos) << ligne;
     debut = fin + 1;
   }
-  for (const char* ligne : {"\nExec=ovelin %f\n", "\nMimeType=application/x-ovelin;\n", "\nIcon=ovelin\n"}) {
+  for (const char* ligne :
+       {"\nTryExec=ovelin\n", "\nExec=ovelin %f\n", "\nMimeType=application/x-ovelin;\n", "\nIcon=ovelin\n"}) {
     EXPECT_NE(entree.find(ligne), std::string::npos) << ligne;
   }
 }

@@ -79,6 +79,8 @@ TEST(TrouveFichierProduit, LooksInTheProgramsFolderFirst) {
   EXPECT_EQ(TrouveFichierProduit("OVELINxx.trad"), "");
   EcritFichierEssai("share/ovelin/OVELINxx.trad", "partage");
   EXPECT_EQ(*LitFichierEntier(TrouveFichierProduit("OVELINxx.trad")), "partage");
+  EXPECT_EQ(TrouveFichierProduit("OVELINxx.trad"),
+            Dossier() + "/share/ovelin/OVELINxx.trad");  // as a user writes it
   EcritFichierEssai("config/ovelin/OVELINxx.trad", "utilisateur");
   EXPECT_EQ(*LitFichierEntier(TrouveFichierProduit("OVELINxx.trad")), "utilisateur");
 }
