@@ -1,13 +1,23 @@
-// The virtual board: what an exchange costs, how many records a second it runs. Google Benchmark.
+// The virtual board by itself, and the class in front of it: what an exchange costs, how many records a second are
+// computed, sent and run, how many exchanges the check of the tables takes. Google Benchmark.
 //   build/bench/bin/bench_board
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <random>
 
 #include "closed/CarteVirtuelle.h"
 #include "closed/ZenikCom.h"
+#include "controller/ClsCdeZENIK.h"
+#include "core/PlanCourant.h"
+#include "core/RunCourant.h"
+#include "core/Services.h"
+#include "machine/TableCourante.h"
+#include "run/Module_Decoupe.h"
+#include "run/Module_Profil.h"
 
 namespace {
 
@@ -91,10 +101,129 @@ void Statut(benchmark::State& etat) {
   for (auto _ : etat) benchmark::DoNotOptimize(banc.Envoie('I'));
 }
 
+// --- the class in front of it -----------------------------------------------------------------------------------
+
+constexpr int LignesMaxi = 1'000'000;
+
+// The one board object over a virtual board that runs as fast as it can, with the values of a table without keys.
+struct BancClasse {
+  std::shared_ptr<CarteVirtuelle> carte;
+  BancClasse() {
+    ovelin::Svc = ovelin::ServicesMuets();
+    ovelin::Svc.LaisseEvenements = [](ovelin::Evenements) {};
+    ovelin::Svc.Attend = [](double) {};
+    ovelin::VitesseMaxX = ovelin::VitesseMaxY = ovelin::VitesseMaxZ = 15;
+    ConditionsCarte conditions;
+    conditions.rapide = true;
+    carte = CreeCarteVirtuelle(conditions);
+    ovelin::CdeZENIK = std::make_unique<ovelin::ClsCdeZENIK>(LiaisonVirtuelle(carte));
+    ovelin::CdeZENIK->ChargeParametres();
+  }
+};
+
+// Rows of an engraving: mostly a few tenths of a millimetre, a rapid now and then, each at a speed of its own, half
+// of them above the start speed.
+void PoseLignes(int nombre) {
+  std::mt19937 alea(7);
+  const auto entre = [&alea](int a, int b) { return std::uniform_int_distribution<int>(a, b)(alea); };
+  ovelin::Plan = ovelin::EtatPlan{};
+  ovelin::TableDecoupe.resize(static_cast<std::size_t>(nombre) + 2);
+  for (auto& ligne : ovelin::TableDecoupe) {
+    const int taille = entre(0, 49) == 0 ? 9000 : 120;
+    ligne.dX = entre(1, taille);
+    ligne.dY = entre(-taille, taille);
+    ligne.Vitesse = static_cast<float>(entre(10, 149)) / 10.0F;
+  }
+  ovelin::TableDecoupe[1] = {};  // where the machine stands
+  ovelin::NbDeplacements = nombre + 1;
+}
+
+// The record of one row, nothing sent.
+void CommandeDATA(benchmark::State& etat) {
+  const BancClasse banc;
+  PoseLignes(10'000);
+  std::size_t i = 2;
+  for (auto _ : etat) {
+    ovelin::Deplacement& ligne = ovelin::TableDecoupe[i];
+    float t = 0;
+    benchmark::DoNotOptimize(ovelin::CdeZENIK->CommandeDATA(ligne.dX, ligne.dY, ligne.dZ, ligne.Vitesse, t, true));
+    i = i == 10'001 ? 2 : i + 1;
+  }
+  etat.SetItemsProcessed(etat.iterations());
+}
+
+void TempsDecoupe(benchmark::State& etat) {
+  const BancClasse banc;
+  PoseLignes(LignesMaxi);
+  for (auto _ : etat) benchmark::DoNotOptimize(ovelin::TempsDecoupe());
+  etat.SetItemsProcessed(etat.iterations() * LignesMaxi);
+}
+
+// A question about the state with all that is read out of the reply.
+void Echange(benchmark::State& etat) {
+  const BancClasse banc;
+  for (auto _ : etat) ovelin::CdeZENIK->DemandeInformation();
+}
+
+// A record computed, sent, run by the board, its reply read.
+void RecordsEntiers(benchmark::State& etat) {
+  const BancClasse banc;
+  PoseLignes(10'000);
+  ovelin::RunActif = true;
+  ovelin::CdeZENIK->EnvoiUSB();
+  std::size_t i = 2;
+  for (auto _ : etat) {
+    const ovelin::Deplacement& ligne = ovelin::TableDecoupe[i];
+    float v = ligne.Vitesse;
+    float t = 0;
+    if (!ovelin::CdeZENIK->CommandeDATA(ligne.dX, ligne.dY, ligne.dZ, v, t, false)) {
+      etat.SkipWithError("refused");
+      break;
+    }
+    i = i == 10'001 ? 2 : i + 1;
+  }
+  ovelin::RunActif = false;
+  etat.SetItemsProcessed(etat.iterations());
+}
+
+// A job from its estimate to its last step, as a run goes.
+void Job(benchmark::State& etat) {
+  constexpr int Lignes = 100'000;
+  const BancClasse banc;
+  for (auto _ : etat) {
+    etat.PauseTiming();
+    PoseLignes(Lignes);
+    etat.ResumeTiming();
+    float vRef = 0;
+    ovelin::LanceDecoupe(vRef, ovelin::AppelantFraisage);
+    if (banc.carte->Compteurs().acceptes != Lignes) etat.SkipWithError("not all of it ran");
+  }
+  etat.SetItemsProcessed(etat.iterations() * Lignes);
+}
+
+// The check of the tables, of a board that has the table: the exchanges of one.
+void TableVerif(benchmark::State& etat) {
+  const BancClasse banc;
+  ovelin::Svc.Montre = [](const ovelin::Boite&) { return ovelin::Reponse::Non; };
+  std::int64_t echanges = 0;
+  for (auto _ : etat) {
+    const std::int64_t avant = banc.carte->Compteurs().echanges;
+    benchmark::DoNotOptimize(ovelin::CdeZENIK->TableVerif());
+    echanges = std::max(echanges, banc.carte->Compteurs().echanges - avant);
+  }
+  etat.counters["exchanges"] = static_cast<double>(echanges);
+}
+
 BENCHMARK(Records);
 BENCHMARK(RecordsRampe);
 BENCHMARK(RecordsModele);
 BENCHMARK(Statut);
+BENCHMARK(CommandeDATA);
+BENCHMARK(TempsDecoupe)->Unit(benchmark::kMillisecond);
+BENCHMARK(Echange);
+BENCHMARK(RecordsEntiers);
+BENCHMARK(Job)->Unit(benchmark::kMillisecond);
+BENCHMARK(TableVerif);
 
 }  // namespace
 
