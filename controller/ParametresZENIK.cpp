@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "core/Nombres.h"
+#include "machine/Module_Table.h"
 
 namespace ovelin {
 
@@ -35,9 +36,7 @@ constexpr std::array<ChampsSortie, 10> ChampsSorties{{{C::Sortie1, C::InverseSor
                                                       {C::Sortie9, C::InverseSortie9},
                                                       {C::Sortie10, C::InverseSortie10}}};
 
-constexpr int DivisionMaxi = 15, PenteMini = 1, PenteMaxi = 9;
-constexpr double PasMaxi = 65'535;                                 // of a motor: all divisions still fit 32 bits
-constexpr double TransmissionMini = 1e-6, TransmissionMaxi = 1e6;  // mm: no quotient of these is 0 or infinite
+constexpr int PenteMini = 1, PenteMaxi = 9;
 
 // Fields as numbers in their ranges; keeps what had to be held.
 class Lecteur {
@@ -53,10 +52,9 @@ class Lecteur {
     return prise;
   }
   std::uint8_t Octet(const LectureChamp& champ) { return static_cast<std::uint8_t>(Entier(champ, 0, 255)); }
-  // Either sign, from `mini` to `maxi` off 0; `remplace` stands in for 0.
   double NonNul(const LectureChamp& champ, double mini, double maxi, double remplace) {
     const double lue = lit_(champ);
-    const double prise = lue == 0 ? remplace : std::copysign(std::clamp(std::fabs(lue), mini, maxi), lue);
+    const double prise = TenuHorsDeZero(lue, mini, maxi, remplace);
     if (lue != prise) Note(champ, lue, prise);
     return prise;
   }
@@ -82,7 +80,7 @@ AxeZENIK LitAxe(Lecteur& lecteur, const ChampsAxe& champs) {
   AxeZENIK axe;
   axe.Transmission = lecteur.NonNul(champs.transmission, TransmissionMini, TransmissionMaxi, 1);
   // A motor has whole steps before they are divided.
-  const double pas = std::nearbyint(lecteur.NonNul(champs.pas, 1, PasMaxi, 200));
+  const double pas = std::nearbyint(lecteur.NonNul(champs.pas, 1, PasMoteurMaxi, 200));
   axe.PasParTour = Arrondi32(std::ldexp(pas, lecteur.Entier(champs.division, 0, DivisionMaxi)));
   return axe;
 }

@@ -27,10 +27,9 @@ namespace {
   TableChargee = nullptr;
 });
 
-// Steps per turn times two to the power of the division. The power is bounded where no machine reaches.
-double PasParTour(const LectureChamp& pas, const LectureChamp& division) {
-  const double puissance = LireNombreTable(division);
-  return std::ldexp(std::nearbyint(LireNombreTable(pas)), std::clamp(Arrondi32(puissance), -30, 30));
+// Whole steps of a motor, each divided by two to the power of the division.
+double PasDivises(double pas, const LectureChamp& division) {
+  return std::ldexp(std::nearbyint(pas), std::clamp(Arrondi32(LireNombreTable(division)), 0, DivisionMaxi));
 }
 
 struct AxeTable {
@@ -52,20 +51,24 @@ double LireNombreTable(const LectureChamp& lecture) {
 void ChargeGlobalesTable() {
   for (const GlobaleTable& g : GlobalesTable()) g.pose(Table, LireNombreTable(g.champ));
   using C = ChampsMachine;
-  PasTourX = Arrondi32(PasParTour(C::GlobalePasX, C::GlobaleDivisionX));
-  PasTourY = Arrondi32(PasParTour(C::GlobalePasY, C::GlobaleDivisionY));
-  PasTourZ = Arrondi32(PasParTour(C::GlobalePasZ, C::GlobaleDivisionZ));
+  PasTourX = Arrondi32(PasDivises(LireNombreTable(C::GlobalePasX), C::GlobaleDivisionX));
+  PasTourY = Arrondi32(PasDivises(LireNombreTable(C::GlobalePasY), C::GlobaleDivisionY));
+  PasTourZ = Arrondi32(PasDivises(LireNombreTable(C::GlobalePasZ), C::GlobaleDivisionZ));
   if (TableChargee != nullptr) TableChargee();
+}
+
+double TenuHorsDeZero(double v, double mini, double maxi, double remplace) {
+  return v == 0 ? remplace : std::copysign(std::clamp(std::fabs(v), mini, maxi), v);
 }
 
 std::array<double, 3> ResolutionsTable() {
   std::array<double, 3> resolutions{};
   for (std::size_t axe = 0; axe < resolutions.size(); ++axe) {
-    double transmission = LireNombreTable(AxesTable[axe].transmission);
-    double pas = PasParTour(AxesTable[axe].pas, AxesTable[axe].division);
-    if (transmission == 0) transmission = 1;
-    if (pas == 0) pas = 400;
-    resolutions[axe] = transmission / pas;
+    const AxeTable& a = AxesTable[axe];
+    const double transmission =
+        TenuHorsDeZero(LireNombreTable(a.transmission), TransmissionMini, TransmissionMaxi, 1);
+    const double pas = TenuHorsDeZero(LireNombreTable(a.pas), 1, PasMoteurMaxi, 200);
+    resolutions[axe] = transmission / PasDivises(pas, a.division);
   }
   return resolutions;
 }

@@ -5,6 +5,7 @@
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/ReglagesCourants.h"
+#include "machine/Module_Table.h"
 #include "tests/support/Support.h"
 #include "tests/unit/controller/LiaisonScenario.h"
 
@@ -92,6 +93,19 @@ TEST(LitParametres, StepsPerMillimetreAreRoundedAndStepsPerTurnHave32Bits) {
 TEST(LitParametres, MultiplierIsOneMoreThanTheChoice) {
   EXPECT_EQ(Lit({{"Combo_SAV_11", 0}}).parametres.Multiplicateur, 1);
   EXPECT_EQ(Lit({{"Combo_SAV_11", 5}}).parametres.Multiplicateur, 6);
+}
+
+TEST(ResolutionsTable, PlanAndBoardCountInTheSameStepsWhateverTheTable) {
+  for (const char* cles :
+       {"TB_SAV_0=4\r\nTB_SAV_4=400\r\nCombo_SAV_13=3\r\n", "Combo_SAV_12=25\r\nCombo_SAV_13=-5\r\n",
+        "TB_SAV_0=0\r\nTB_SAV_3=0\r\nCombo_SAV_12=4\r\nTB_SAV_4=1e9\r\n", "TB_SAV_1=1e-30\r\nTB_SAV_2=-1e30\r\n",
+        "TB_SAV_3=0.2\r\nTB_SAV_4=-51.43\r\n"}) {
+    PoseTable(cles);
+    Svc.Montre = [](const BoiteMessage&) { return Reponse::Ok; };
+    ClsCdeZENIK cde;
+    cde.ChargeParametres();
+    EXPECT_EQ(ResolutionsTable(), cde.Parametres().MmParPas()) << cles;
+  }
 }
 
 TEST(LitParametres, LevelOfTheRampLastsAPowerOfTwo) {
