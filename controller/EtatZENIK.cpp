@@ -12,6 +12,9 @@ namespace ovelin {
 
 namespace {
 
+// Held within its width: a table may hold more steps than that.
+std::int32_t Ajoute(std::int32_t pas, std::int32_t ecart) { return Arrondi32(static_cast<double>(pas) + ecart); }
+
 std::uint8_t PourCent(std::uint8_t valeur) { return static_cast<std::uint8_t>(Arrondi32(valeur * 100 / 255.0)); }
 
 // Row `bloc` of the table of moves, nullptr beyond it.
@@ -103,9 +106,9 @@ void ClsCdeZENIK::LitTouches(std::uint8_t touches) {
 void ClsCdeZENIK::AvanceSuivi() {
   while (IndexSuivi < NbBlocsTraites) {
     if (const Deplacement* ligne = LigneDe(IndexSuivi)) {
-      PasDebutX += ligne->dX;
-      PasDebutY += ligne->dY;
-      PasDebutZ += ligne->dZ;
+      PasDebutX = Ajoute(PasDebutX, ligne->dX);
+      PasDebutY = Ajoute(PasDebutY, ligne->dY);
+      PasDebutZ = Ajoute(PasDebutZ, ligne->dZ);
     }
     ++IndexSuivi;
   }

@@ -242,6 +242,18 @@ TEST(LectureEtat, NothingIsTrackedAtRest) {
   }
 }
 
+TEST(LectureEtat, RowsBeyondTheWidthOfAPositionEndAtIt) {
+  CarteScript b;
+  b.cde->FixePosition(20e6, -20e6, 0);  // 2,000,000,000 steps
+  b.Ouvre();
+  b.Ligne(1'000'000'000, -1'000'000'000);
+  b.Ligne(1, 1);
+  b.dit = {.compte = 2, .octet7 = 1, .octet12 = 0, .reste = 0};
+  b.Demande();
+  EXPECT_EQ(b.cde->PasDebutX, 2'147'483'647);
+  EXPECT_EQ(b.cde->PasDebutY, -2'147'483'647 - 1);
+}
+
 TEST(LectureEtat, EndOfTheJobIsTakenOnce) {
   CarteScript b;
   OuvreTrois(b);
