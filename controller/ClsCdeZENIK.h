@@ -107,6 +107,8 @@ class ClsCdeZENIK {
   bool EnvoiFLASH(std::uint8_t index, std::int16_t taille);
   // The go, once; false: not answered. The board keeps it until the buffer is cleared, so it may be repeated.
   bool GoBuffer();
+  // The go, for ever. False: nobody knows whether the board runs, TravailIncertain is set.
+  bool RepeteGo();
   // Stops: `mode` 0 at once (`palier` 0), 1 by the ramp down to `palier` (Calc_FDEC), and waits until the board
   // stands. For ever. Behind it the position is that of the board, to the step.
   void StopResume(std::uint8_t mode, std::uint8_t palier);
@@ -155,7 +157,6 @@ class ClsCdeZENIK {
   void SuitLiaison(bool repondu);
   [[nodiscard]] bool FinDesEssais() const;
   bool OuvreTravail(Travail travail, std::uint8_t index, std::uint16_t taille);
-  void RepeteGo();
   void Perdu();
 
   CalculMouvement& Calcul();  // at the multiplier and slope in force

@@ -123,14 +123,6 @@ void ClsCdeZENIK::CompteBloc(float t) {
   ++NbBlocsTotal;
 }
 
-void ClsCdeZENIK::RepeteGo() {
-  while (!GoBuffer()) {
-    if (FinDesEssais()) return Perdu();
-    Svc.LaisseEvenements(Evenements::Tous);
-    Svc.Attend(PauseEssai);
-  }
-}
-
 // The list always has one byte more than its records: the last one becomes the end mark.
 void ClsCdeZENIK::AjouteListe() {
   const int octets = (Tampon[2] & DrapeauRampe) != 0 ? OctetsRecordRampe : OctetsRecord;

@@ -110,6 +110,20 @@ bool ClsCdeZENIK::OuvreTravail(Travail travail, std::uint8_t index, std::uint16_
 bool ClsCdeZENIK::GoBuffer() {
   if (!EnvoiTampon(128)) return false;
   court_ = travail_ != Travail::Aucun;
+  // Until the board says otherwise: a question that is lost now must not look like the end of the job.
+  if (court_) EnCours = Vrai;
+  return true;
+}
+
+bool ClsCdeZENIK::RepeteGo() {
+  while (!GoBuffer()) {
+    if (FinDesEssais()) {
+      Perdu();
+      return false;
+    }
+    Svc.LaisseEvenements(Evenements::Tous);
+    Svc.Attend(PauseEssai);
+  }
   return true;
 }
 
@@ -146,7 +160,7 @@ void ClsCdeZENIK::StopResume(std::uint8_t mode, std::uint8_t palier) {
     return false;
   };
   if (demande(mode, palier) && mode == 1) {
-    while (EnCours != Faux) {
+    while (EnCours != Faux && !FinProgramme) {
       Svc.LaisseEvenements(Evenements::Tous);
       if (!demande(Question, 0)) break;
     }

@@ -149,9 +149,13 @@ class Decoupe {
       return false;
     }
     if (ModeEnvoiTable != 2 || StopDemande != Faux) return false;
-    if (CdeZENIK->EnvoiFLASH(0, 0) && CdeZENIK->GoBuffer()) return true;
-    StopDemande = Vrai;
-    return false;
+    if (!CdeZENIK->EnvoiFLASH(0, 0)) {
+      StopDemande = Vrai;
+      return false;
+    }
+    // A go without an answer may have been taken: the job is then ended by its stop.
+    if (!CdeZENIK->RepeteGo()) StopDemande = Vrai;
+    return true;
   }
 
   // Painting never starves the board: only with motion ahead of it, and no oftener than the eye sees.

@@ -130,6 +130,42 @@ void OuvreDeux(CarteScript& b) {
   b.s.envois.clear();
 }
 
+TEST(GoBuffer, BehindItTheBoardIsHeldToMoveUntilItSaysOtherwise) {
+  CarteScript b;
+  b.cde->EnvoiFLASH(0, 0);
+  b.cde->GoBuffer();
+  b.s.resultat = zenikcom::LectureEchouee;
+  b.cde->DemandeInformation();
+  EXPECT_EQ(b.cde->EnCours, Vrai);
+  b.s.resultat = zenikcom::Reussi;
+  b.dit = {.octet7 = 0, .octet12 = 128, .reste = -1};
+  b.cde->DemandeInformation();
+  EXPECT_EQ(b.cde->EnCours, Faux);
+}
+
+TEST(RepeteGo, IsSentUntilItIsAnswered) {
+  CarteScript b;
+  b.Ouvre();
+  int echecs = 3;
+  b.s.reponse = [&](zenikcom::TamponOctets&) {
+    b.s.resultat = echecs-- > 0 ? zenikcom::LectureEchouee : zenikcom::Reussi;
+  };
+  EXPECT_TRUE(b.cde->RepeteGo());
+  EXPECT_EQ(b.Lettres(), "B128 B128 B128 B128 ");
+  EXPECT_EQ(b.cde->TravailIncertain, Faux);
+}
+
+TEST(RepeteGo, WithoutALinkNobodyKnowsWhetherTheBoardRuns) {
+  CarteScript b;
+  b.Ouvre();
+  b.s.resultat = zenikcom::Absente;
+  b.s.connectee = 0;
+  const double debut = b.heure;
+  EXPECT_FALSE(b.cde->RepeteGo());
+  EXPECT_EQ(b.cde->TravailIncertain, Vrai);
+  EXPECT_LT(b.heure - debut, 2.1);
+}
+
 TEST(StopResume, ReadsOtherBytesThanTheStatus) {
   CarteScript b;
   OuvreDeux(b);
@@ -169,6 +205,15 @@ TEST(StopResume, RampedStopAsksUntilTheBoardStands) {
   EXPECT_EQ(b.evenements, 3);
   EXPECT_EQ(b.cde->EnCours, Faux);
   EXPECT_EQ(StopDemande, Vrai);
+}
+
+TEST(StopResume, ABoardThatNeverStandsIsWaitedForUntilTheProgramCloses) {
+  CarteScript b;
+  OuvreDeux(b);
+  RepondStop(b, {0});
+  Svc.LaisseEvenements = [&b](Evenements) { FinProgramme = ++b.evenements == 50; };
+  b.cde->StopResume(1, 49);
+  EXPECT_EQ(b.evenements, 50);
 }
 
 TEST(StopResume, IsTriedUntilItSucceeds) {

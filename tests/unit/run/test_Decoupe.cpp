@@ -371,6 +371,26 @@ TEST_F(UnRun, StoredAndStartedItRunsFromTheMemory) {
   EXPECT_EQ(ModeEnvoiTable, 0);
 }
 
+// The exchanges behind the list: 1 and 2 open the job, 3 is the go, 4 the first question.
+TEST_F(UnRun, StoredAndStartedNoLostExchangeEndsItBeforeTheBoardDoes) {
+  for (const auto& [apres, genre] : {std::pair{3, zenikcom::GenreFaute::Avant},
+                                     {3, zenikcom::GenreFaute::Apres},
+                                     {4, zenikcom::GenreFaute::Avant},
+                                     {4, zenikcom::GenreFaute::Bruit}}) {
+    Branche();
+    CdeZENIK->TableVerif();
+    Vue_Decoupe.Memorise = [&](bool ecrit) {
+      if (!ecrit) carte_->Fautes({{carte_->Compteurs().echanges + apres, genre, 0}});
+    };
+    std::int64_t loin = 0;
+    aChaqueTour_ = [&] { loin = std::max(loin, carte_->Lieu()[0]); };
+    ASSERT_TRUE(Lance(MemoireEtFraisage));
+    EXPECT_EQ(carte_->Compteurs().etat, zenikcom::EtatCarte::Fini) << apres;
+    EXPECT_EQ(Pas(), (Axes3{0, 0, 0})) << apres;
+    EXPECT_NEAR(static_cast<double>(loin) * CdeZENIK->MmParPasX(), 26, 0.2) << apres;
+  }
+}
+
 TEST_F(UnRun, AListThatIsTooLongIsRefusedBeforeAnythingIsErased) {
   for (int i = 0; i < 700; ++i) AjouteTrajet(" Z", -1, {{1, 1}, {static_cast<float>(i % 5) + 2, 2}});
   const auto avant = carte_->Compteurs().echanges;
