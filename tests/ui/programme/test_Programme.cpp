@@ -145,6 +145,19 @@ class FermeModale {
   QTimer minuterie_;
 };
 
+// The check and the writer read another value for a key that the delivered table lacks: every check behind the
+// first writing differs.
+TEST(Programme, AsksOnceALifeWhetherTheDeliveredTableIsToBeWrittenAnew) {
+  ConfigPresente("[OVELIN]\r\nTableDefaut=OVELIN\r\n[table_OVELIN]\r\nTB_SAV_30=30\r\n");
+  for (std::size_t depart = 1; depart <= 3; ++depart) {
+    Attend("erreurs", "2", depart == 2 ? Reponse::Oui : Reponse::Non);
+    ProgrammeEssai p;
+    ASSERT_TRUE(p.Demarre()) << depart;
+    for (int n = 0; n < 3; ++n) EXPECT_TRUE(CdeZENIK->TableVerif());
+    EXPECT_EQ(Boites().size(), depart);
+  }
+}
+
 // A board file in which other tables hold the first three slots.
 void CartePleine() {
   PoseTable("T0");
