@@ -204,7 +204,7 @@ void Job(benchmark::State& etat) {
 // The check of the tables, of a board that has the table: the exchanges of one.
 void TableVerif(benchmark::State& etat) {
   const BancClasse banc;
-  ovelin::Svc.Montre = [](const ovelin::Boite&) { return ovelin::Reponse::Non; };
+  ovelin::Svc.Montre = [](const ovelin::BoiteMessage&) { return ovelin::Reponse::Non; };
   std::int64_t echanges = 0;
   for (auto _ : etat) {
     const std::int64_t avant = banc.carte->Compteurs().echanges;

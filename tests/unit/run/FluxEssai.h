@@ -1,11 +1,17 @@
 // Jobs on the virtual board, fed as a run feeds them.
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <random>
+#include <set>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "closed/CarteVirtuelle.h"
@@ -23,6 +29,40 @@ namespace essai {
 
 using namespace ovelin;
 using zenikcom::Axes3;
+
+// What a link does, by the clock of the test.
+struct Temoin {
+  std::int64_t heure = 1'000'000'000;  // ns
+  std::int64_t echangeMaxi = 0;        // ns that the longest exchange lasted
+  std::int64_t absenteDepuis = -1;     // ns; the link says that nothing is there
+  std::int64_t attenteMaxi = 0;        // ns by which a call has outlived the link
+};
+
+class LiaisonTemoin final : public zenikcom::Liaison {
+ public:
+  LiaisonTemoin(std::unique_ptr<zenikcom::Liaison> liaison, Temoin& temoin)
+      : liaison_(std::move(liaison)), temoin_(temoin) {}
+  std::int32_t EstConnectee() override { return liaison_->EstConnectee(); }
+  std::int32_t Envoie(zenikcom::TamponOctets& tampon, std::int32_t& mode) override {
+    const std::int64_t debut = temoin_.heure;
+    const std::int32_t resultat = liaison_->Envoie(tampon, mode);
+    temoin_.echangeMaxi = std::max(temoin_.echangeMaxi, temoin_.heure - debut);
+    if (resultat == zenikcom::Reussi || liaison_->EstConnectee() == 1) {
+      temoin_.absenteDepuis = -1;
+    } else if (temoin_.absenteDepuis < 0) {
+      temoin_.absenteDepuis = debut;
+    }
+    return resultat;
+  }
+  void Ferme() override { liaison_->Ferme(); }
+
+ private:
+  std::unique_ptr<zenikcom::Liaison> liaison_;
+  Temoin& temoin_;
+};
+
+// The two ways to the board: record by record, or through its flash memory.
+enum class Voie { Flux, Liste };
 
 // A virtual board with the table of the settings, and the one board object behind a link to it. As fast as it can,
 // or on a clock of the test's own, which goes on when the program waits.
@@ -43,7 +83,8 @@ class Flux {
     Svc.Horloge = [this] { return static_cast<double>(heure) / 1e9; };
     Svc.Attend = [this](double s) { heure += static_cast<std::int64_t>(s * 1e9); };
     Svc.LaisseEvenements = [this](Evenements) { heure += pas; };
-    CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte));
+    CdeZENIK =
+        std::make_unique<ClsCdeZENIK>(std::make_unique<LiaisonTemoin>(zenikcom::LiaisonVirtuelle(carte), temoin));
     CdeZENIK->ChargeParametres();
     CdeZENIK->TableEcrire("Essai", 0);
     CdeZENIK->TableDefautEcrire(0);
@@ -62,32 +103,87 @@ class Flux {
     TableDecoupe = lignes;
     NbDeplacements = static_cast<std::int32_t>(lignes.size()) - 1;
   }
-  // Gives each row to the board; ends where a run ends.
+  // Where the rows will go, and the foreseen time by that way; the table is then that of a run.
+  double Prepare(Voie v) {
+    voie = v;
+    ModeEnvoiTable = voie == Voie::Liste ? 2 : 0;
+    ListeFlash.assign(1, 0);
+    const double prevu = TempsDecoupe();
+    Compacte();
+    return prevu;
+  }
+  // From the table to the last record; `false`: it could not be begun.
+  bool Joue() {
+    if (voie == Voie::Flux && !Appelle([] { return CdeZENIK->EnvoiUSB(); })) return false;
+    Nourrit();
+    if (voie == Voie::Liste && !(Memorise() && Lance())) return false;
+    Finit();
+    return true;
+  }
+  // Gives each row to the board, or to the list; ends where a run ends.
   void Nourrit() {
     RunActif = true;
     durees.clear();
     for (std::int32_t i = 1; i <= NbDeplacements && !Arrete(); ++i) {
       const Deplacement l = TableDecoupe[static_cast<std::size_t>(i)];
       float v = l.Vitesse, t = 0;
-      while (!CdeZENIK->CommandeDATA(l.dX, l.dY, l.dZ, v, t, false) && !Arrete()) Passe();
+      while (!Appelle([&] { return CdeZENIK->CommandeDATA(l.dX, l.dY, l.dZ, v, t, false); }) && !Arrete()) Passe();
+      TableDecoupe[static_cast<std::size_t>(i)].Ticks = CdeZENIK->NbTicks;
       durees.push_back(static_cast<double>(t));
+      if (aChaqueLigne) aChaqueLigne();
     }
     RunActif = false;
   }
+  // The list into the flash memory. False: not all of it is known to stand there.
+  bool Memorise() {
+    ListeFlash.back() = 128;
+    Appelle([] { CdeZENIK->Flash_Tab(ListeFlash); });
+    return CdeZENIK->PagesNonConfirmees == 0;
+  }
+  // Starts it. False: it is not open; a go that is not known to have been taken ends it by a stop.
+  bool Lance() {
+    if (!Appelle([] { return CdeZENIK->EnvoiFLASH(0, 0); })) return false;
+    if (!Appelle([] { return CdeZENIK->RepeteGo(); })) StopDemande = Vrai;
+    return true;
+  }
   void Finit() {
-    while (!Arrete() && !CdeZENIK->CommandeDATAend()) {
+    while (voie == Voie::Flux && !Arrete() && !Appelle([] { return CdeZENIK->CommandeDATAend(); })) {
       Passe();
-      CdeZENIK->DemandeInformation();
+      Demande();
     }
-    CdeZENIK->DemandeInformation();
+    Demande();
     while (CdeZENIK->EnCours != Faux && !Arrete()) {
       Passe();
-      CdeZENIK->DemandeInformation();
+      Demande();
     }
+  }
+  void Demande() {
+    Appelle([] { CdeZENIK->DemandeInformation(); });
+    if (aChaqueDemande) aChaqueDemande();
+  }
+  void Arrete(bool rampe) {
+    Appelle([rampe] { CdeZENIK->StopResume(rampe ? 1 : 0, rampe ? CdeZENIK->Calc_FDEC() : std::uint8_t{0}); });
   }
   void Passe() {
     Svc.LaisseEvenements(Evenements::Tous);
     if (aChaquePassage) aChaquePassage();
+  }
+  // Looks at the place from now on, as often as the board can be asked: at the end of each record where it runs as
+  // fast as it can.
+  void SuitPlace() {
+    const auto regarde = [this] {
+      const Axes3 ici = PasDuProgramme(), la = carte->Lieu();
+      for (std::size_t axe = 0; axe < 3; ++axe) {
+        ecartPlace = std::max<std::int64_t>(ecartPlace, std::abs(ici[axe] - la[axe]));
+      }
+      vus.insert(CdeZENIK->NbBlocsTraites);
+    };
+    aChaqueDemande = regarde;
+    aChaqueLigne = [this, regarde] {
+      if (voie == Voie::Liste) return;
+      CdeZENIK->DemandeInformation();
+      regarde();
+    };
   }
   // Who gets no answer to a record stops the job, as a run does.
   static bool Arrete() {
@@ -107,12 +203,76 @@ class Flux {
     return s;
   }
 
-  std::int64_t heure = 1'000'000'000;  // ns
+  Temoin temoin;
+  std::int64_t& heure = temoin.heure;  // ns
   std::int64_t pas = 20'000'000;       // ns that pass while the program lets events run
-  std::function<void()> aChaquePassage;
-  std::vector<double> durees;  // s, as foreseen for each row
+  Voie voie = Voie::Flux;
+  std::function<void()> aChaquePassage, aChaqueLigne, aChaqueDemande;
+  std::int64_t ecartPlace = 0;  // steps, the worst that SuitPlace has seen
+  std::set<std::int32_t> vus;   // records at which it has looked
+  std::vector<double> durees;   // s, as foreseen for each row
   std::shared_ptr<zenikcom::CarteVirtuelle> carte;
+
+ private:
+  // A call into the class, and by how much it outlives a link that is gone.
+  template <class F>
+  std::invoke_result_t<F> Appelle(F appel) {
+    struct Mesure {
+      explicit Mesure(Temoin& t) : temoin(t), debut(t.heure) {}
+      ~Mesure() {
+        if (temoin.absenteDepuis < 0) return;
+        temoin.attenteMaxi = std::max(temoin.attenteMaxi, temoin.heure - std::max(debut, temoin.absenteDepuis));
+      }
+      Mesure(const Mesure&) = delete;
+      Mesure& operator=(const Mesure&) = delete;
+      Temoin& temoin;
+      std::int64_t debut;
+    };
+    const Mesure mesure(temoin);
+    return appel();
+  }
 };
+
+// Foreseen against run, record by record: the worst difference in ticks of the slowest level of its record. Rows
+// too short to climb are counted apart.
+struct EcartTemps {
+  double ticks = 0;
+  int courtes = 0;
+};
+inline EcartTemps CompareTemps(const Flux& f) {
+  EcartTemps ecart;
+  const auto& joues = f.carte->Joues();
+  EXPECT_EQ(joues.size(), f.durees.size());
+  for (std::size_t i = 0; i < std::min(joues.size(), f.durees.size()); ++i) {
+    const Deplacement& l = TableDecoupe[i + 1];
+    const Mouvement m = CdeZENIK->Calcule({l.dX, l.dY, l.dZ}, l.Vitesse);
+    if (m.rampe && m.Descente < 0) {
+      ++ecart.courtes;
+      continue;
+    }
+    const ParametresZENIK& p = CdeZENIK->Parametres();
+    const double tick =
+        m.rampe ? p.TableFreq[static_cast<std::size_t>(m.N)].Periode / 6e6 : 1e-4 / p.Multiplicateur;
+    // What a foreseen time of 32 bits can't tell is no difference.
+    const double reste = std::fabs(joues[i].secondes - f.durees[i]) - f.durees[i] * 1e-7;
+    ecart.ticks = std::max(ecart.ticks, reste / tick);
+  }
+  return ecart;
+}
+constexpr double UnTick = 1.0001;
+
+// All that can be said of a job that has run to its end, from `depart` on.
+inline void VerifieJob(const Flux& f, const Axes3& depart) {
+  const Axes3 somme = Flux::Somme(NbDeplacements);
+  const Axes3 attendu{depart[0] + somme[0], depart[1] + somme[1], depart[2] + somme[2]};
+  EXPECT_EQ(f.carte->Compteurs().etat, zenikcom::EtatCarte::Fini);
+  EXPECT_EQ(f.carte->Lieu(), attendu);
+  EXPECT_EQ(Flux::PasDuProgramme(), attendu);
+  EXPECT_LT(CompareTemps(f).ticks, UnTick);
+  EXPECT_LE(f.ecartPlace, 1);
+  // A stored job begins with its go, the first end of a record may be behind by then.
+  EXPECT_GE(static_cast<std::int32_t>(f.vus.size()), NbDeplacements - (f.voie == Voie::Liste ? 1 : 0));
+}
 
 // 100 steps a turn of 1 mm, halved once; speeds 6 without ramp and 15 with.
 inline std::string TableDe(int multiplicateur, int pente) {

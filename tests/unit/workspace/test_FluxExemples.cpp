@@ -1,7 +1,7 @@
-// The projects of samples/, opened, planned and run on the virtual board.
+// The projects of samples/, opened, planned and run on the virtual board, streamed and stored.
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
+#include <tuple>
 
 #include "core/DocumentCourant.h"
 #include "run/Module_Planificateur.h"
@@ -12,55 +12,44 @@ namespace {
 
 using namespace ovelin;
 using essai::Flux;
+using essai::Voie;
 
-class Exemple : public testing::TestWithParam<const char*> {};
+std::vector<std::string> Projets() {
+  std::vector<std::string> noms;
+  for (const auto& entree : std::filesystem::directory_iterator(essai::DossierExemples())) {
+    if (entree.path().extension() == ".OVL") noms.push_back(entree.path().filename().string());
+  }
+  std::sort(noms.begin(), noms.end());
+  return noms;
+}
+
+class Exemple : public testing::TestWithParam<std::tuple<std::string, Voie>> {};
 
 TEST_P(Exemple, RunsOnTheBoardAsItWasPlanned) {
+  const auto& [projet, voie] = GetParam();
   Flux f(true, essai::TableDe(6, 5));
   OptionsOuverture options;
   options.ecritFichier = false;  // the samples stay as they are
   options.rendUniforme = false;
-  ASSERT_EQ(mnu_Ouvrir(essai::DossierExemples() + "/" + GetParam(), options), Ouverture::Reussie);
+  ASSERT_EQ(mnu_Ouvrir(essai::DossierExemples() + "/" + projet, options), Ouverture::Reussie);
   CdeZENIK->ChargeParametres();
   ASSERT_TRUE(Tableau_Decoupe());
-  const double prevu = TempsDecoupe();
-  EXPECT_GT(prevu, 0);
-  f.Compacte();
+  EXPECT_GT(f.Prepare(voie), 0);
   ASSERT_GT(NbDeplacements, 3);
-  ASSERT_TRUE(CdeZENIK->EnvoiUSB());
-  f.Nourrit();
-  f.Finit();
-  EXPECT_EQ(f.carte->Compteurs().etat, zenikcom::EtatCarte::Fini);
-  EXPECT_EQ(f.carte->Lieu(), Flux::Somme(NbDeplacements));
-  EXPECT_EQ(Flux::PasDuProgramme(), f.carte->Lieu());
+  f.SuitPlace();
+  ASSERT_TRUE(f.Joue());
+  essai::VerifieJob(f, {0, 0, 0});
   // Every job ends on the origin of the work.
   EXPECT_EQ(f.carte->Lieu(), (zenikcom::Axes3{0, 0, 0}));
-  double ecart = 0;
-  int courtes = 0;
-  const auto& joues = f.carte->Joues();
-  ASSERT_EQ(joues.size(), f.durees.size());
-  for (std::size_t i = 0; i < joues.size(); ++i) {
-    const Deplacement& l = TableDecoupe[i + 1];
-    const Mouvement m = CdeZENIK->Calcule({l.dX, l.dY, l.dZ}, l.Vitesse);
-    if (m.rampe && m.Descente < 0) {
-      ++courtes;
-      continue;
-    }
-    const double tick = m.rampe ? CdeZENIK->Parametres().TableFreq[static_cast<std::size_t>(m.N)].Periode / 6e6
-                                : 1e-4 / CdeZENIK->Parametres().Multiplicateur;
-    ecart = std::max(ecart, std::fabs(joues[i].secondes - f.durees[i]) / tick);
-  }
-  EXPECT_LT(ecart, 1.01);
-  RecordProperty("short", courtes);
+  RecordProperty("short", essai::CompareTemps(f).courtes);
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, Exemple,
-                         testing::Values("aile-mousse.OVL", "enseigne-texte.OVL", "equerre-attaches.OVL",
-                                         "percage-ligne.OVL", "plaque-poches.OVL"),
+                         testing::Combine(testing::ValuesIn(Projets()), testing::Values(Voie::Flux, Voie::Liste)),
                          [](const auto& cas) {
-                           std::string nom = std::filesystem::path(cas.param).stem().string();
+                           std::string nom = std::filesystem::path(std::get<0>(cas.param)).stem().string();
                            std::replace(nom.begin(), nom.end(), '-', '_');
-                           return nom;
+                           return nom + (std::get<1>(cas.param) == Voie::Flux ? "_Streamed" : "_Stored");
                          });
 
 }  // namespace
