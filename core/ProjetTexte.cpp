@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "base/Texte.h"
+#include "core/Gestes.h"
 #include "core/Lignes.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
@@ -189,7 +190,7 @@ SequenceInfo LitLigneSequence(std::string_view ligne) {
   s.Poche = Signe(Colonnes(ligne, 9, 1));
   s.Fraiser = Signe(Colonnes(ligne, 10, 1));
   s.Profondeur = NombreChamp<double>(Colonnes(ligne, 11, LargeurProfondeur));
-  s.Decalage = 2;  // until the companion tells; old files have none
+  s.Decalage = CoteLigne;  // until the companion tells; old files have none
   return s;
 }
 

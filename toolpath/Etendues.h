@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "core/Document.h"
+#include "core/Gestes.h"
 
 namespace ovelin {
 
@@ -64,7 +65,7 @@ struct ProprietesSequence {
   Drapeau Poche = Faux;
   Drapeau Fraiser = Vrai;
   double Profondeur = 0;
-  std::int16_t Decalage = 1;
+  std::int16_t Decalage = CoteDirect;
   bool operator==(const ProprietesSequence&) const = default;
 };
 ProprietesSequence ProprietesDe(const SequenceInfo& fiche);

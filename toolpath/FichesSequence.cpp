@@ -2,6 +2,7 @@
 #include "toolpath/FichesSequence.h"
 
 #include "core/DocumentCourant.h"
+#include "core/Gestes.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "toolpath/Module_Sequence.h"
@@ -59,7 +60,7 @@ void SelectionCommune(ProprietesSequence& p) {
     if (s.Poche != p.Poche) p.Poche = Mixte;
     if (s.Fraiser != p.Fraiser) p.Fraiser = Mixte;
     if (s.Profondeur != p.Profondeur) p.Profondeur = 0;
-    if (s.Decalage != p.Decalage) p.Decalage = 0;
+    if (s.Decalage != p.Decalage) p.Decalage = CoteMelange;
   }
 }
 

@@ -62,7 +62,8 @@ bool mnu_Optimisation_Click() {
   return true;
 }
 
-bool ChangeOrdre(int sens) {
+bool ChangeOrdre(PasOrdre pas) {
+  const bool plusTot = pas == PasOrdre::PlusTot;
   std::vector<Etendue> etendues = EtenduesSequences();
   if (etendues.empty()) return false;
   std::unordered_map<std::uint32_t, bool> selection;
@@ -72,15 +73,15 @@ bool ChangeOrdre(int sens) {
     return it != selection.end() && it->second;
   };
   // A path that can't move any further holds back all of them.
-  if (choisie(sens == 0 ? etendues.front() : etendues.back())) {
+  if (choisie(plusTot ? etendues.front() : etendues.back())) {
     Svc.Bip();
     return false;
   }
   // Walked against the direction of the move, so that neighbours that move together keep their order.
   const std::size_t n = etendues.size();
-  for (std::size_t pas = 1; pas < n; ++pas) {
-    const std::size_t i = sens == 0 ? pas : n - 1 - pas;
-    if (choisie(etendues[i])) std::swap(etendues[i], etendues[sens == 0 ? i - 1 : i + 1]);
+  for (std::size_t k = 1; k < n; ++k) {
+    const std::size_t i = plusTot ? k : n - 1 - k;
+    if (choisie(etendues[i])) std::swap(etendues[i], etendues[plusTot ? i - 1 : i + 1]);
   }
   EcritOrdre(etendues);
   RangeFiches();

@@ -115,11 +115,11 @@ bool EchelleSelection(float facteurX, float facteurY) {
   });
 }
 
-bool MiroirSelection(int axe) {
+bool MiroirSelection(AxeMiroir axe) {
   const PointTrace centre = CentreSelection();
   const auto bornes = EtenduesSelection();
   const bool faite = Transforme(bornes, [&](const PointTrace& p) {
-    return axe == 0 ? Lieu{2.0 * centre.X - p.X, p.Y} : Lieu{p.X, 2.0 * centre.Y - p.Y};
+    return axe == AxeMiroir::X ? Lieu{2.0 * centre.X - p.X, p.Y} : Lieu{p.X, 2.0 * centre.Y - p.Y};
   });
   if (!faite) return false;
   // The other sense of travel, so that the tool stays on the same side of the material.
@@ -127,10 +127,10 @@ bool MiroirSelection(int axe) {
   return true;
 }
 
-bool Deplacement_Selection(int direction, float distance) {
-  if (direction != 0) {
-    const double dx = direction == 1 ? distance : 0.0;
-    const double dy = direction == 3 ? distance : 0.0;
+bool Deplacement_Selection(Direction direction, float distance) {
+  if (direction != Direction::Aucune) {
+    const double dx = direction == Direction::X ? distance : 0.0;
+    const double dy = direction == Direction::Y ? distance : 0.0;
     for (const auto& [debut, fin] : EtenduesSelection()) {
       for (std::size_t i = debut; i < fin; ++i) {
         if (!Acceptable({TraceInitial[i].X + dx, TraceInitial[i].Y + dy})) return RefuseCoordonnee();

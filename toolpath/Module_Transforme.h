@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/Document.h"
+#include "core/Gestes.h"
 
 namespace ovelin {
 
@@ -15,10 +16,10 @@ inline constexpr double CoordonneeMax = 1e7;  // mm, as for the readers
 // Of the selection. The traces follow the rotation; those of a scaling or a mirror are the caller's.
 bool TourneSelection(double angle, const PointTrace& centre);
 bool EchelleSelection(float facteurX, float facteurY);
-bool MiroirSelection(int axe);  // 0: left and right exchanged; otherwise top and bottom. The points are reversed
+bool MiroirSelection(AxeMiroir axe);  // X: left and right exchanged; Y: top and bottom. The points are reversed
 // The common step behind every move: moves (1: X, 3: Y; 0: nothing), recomputes the selected traces, marks the
 // document as modified.
-bool Deplacement_Selection(int direction, float distance);
+bool Deplacement_Selection(Direction direction, float distance);
 // CB_OK_Dimension: ratios of the selection, refused when one is 0 (RapportNul) or the result lies beyond the travel
 // (DimensionHorsCourse). `proportions`: the first ratio serves both axes.
 bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions);

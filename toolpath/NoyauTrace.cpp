@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "core/Gestes.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
 #include "toolpath/Bibliotheque.h"
@@ -19,7 +20,6 @@ namespace {
 
 constexpr float ToleranceDecalage = 0.01F;         // mm
 constexpr std::int32_t RecouvrementContour = 100;  // asks for the single offset curve
-constexpr std::int16_t DecalageSurLigne = 2;
 
 // Points from which a path is worth a thread: below, its trace is there in some milliseconds. A pocket makes many
 // rings out of few points.
@@ -46,9 +46,9 @@ TraceCalculee Trace(Code2 code, std::vector<PointTrace>& points, const Propriete
                     const ParametresTrace& p) {
   TraceCalculee trace;
   if (!EstPercage(points)) {
-    if (s.Decalage != DecalageSurLigne) {
+    if (s.Decalage != CoteLigne) {
       const float rayon = EnFloat(p.rayon);
-      trace.reussie = Biblio.DecalSequence(points, ToleranceDecalage, s.Decalage == 1 ? rayon : -rayon,
+      trace.reussie = Biblio.DecalSequence(points, ToleranceDecalage, s.Decalage == CoteDirect ? rayon : -rayon,
                                            s.Poche != Faux ? p.recouvrement : RecouvrementContour) != 0;
     }
     // Also behind a failure, on whatever came back.

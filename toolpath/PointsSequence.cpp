@@ -76,14 +76,14 @@ void FermeSequences() {
   ComptePoints();
 }
 
-void DeplaceSelection(int direction, float distance) {
+void DeplaceSelection(Direction direction, float distance) {
   const IndexCodes index = IndexDocument();
   for (const SequenceInfo& s : Sequences) {
     const auto premier = index.PremierPoint(s.Code);
     if (s.Selection == Faux || !premier) continue;
     for (PointTrace& p : PointsDe(TraceInitial, EtendueDepuis(TraceInitial, *premier))) {
-      if (direction == 1) p.X += distance;
-      if (direction == 3) p.Y += distance;
+      if (direction == Direction::X) p.X += distance;
+      if (direction == Direction::Y) p.Y += distance;
     }
   }
   OrigineX = 0;

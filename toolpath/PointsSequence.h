@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/Document.h"
+#include "core/Gestes.h"
 
 namespace ovelin {
 
@@ -15,7 +16,7 @@ void RemplaceSequence(Code2 code, const std::vector<PointTrace>& points);
 void InverseSequence(Code2 code);
 void InverseEtendue(std::optional<std::size_t> premier);  // the same for the run that begins there
 void FermeSequences();
-void DeplaceSelection(int direction, float distance);  // 1: X, 3: Y; mm
+void DeplaceSelection(Direction direction, float distance);  // mm
 void SupprimeSelection();
 
 }  // namespace ovelin

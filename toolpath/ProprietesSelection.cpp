@@ -2,6 +2,7 @@
 #include "toolpath/ProprietesSelection.h"
 
 #include "core/DocumentCourant.h"
+#include "core/Gestes.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "toolpath/Deroulement.h"
@@ -11,8 +12,6 @@
 namespace ovelin {
 
 namespace {
-
-constexpr std::int16_t DecalageInverse = 3;  // the other sense of travel of the same cut
 
 // The traces of the selected paths that take part in the run.
 void RecalculeSelection() {
@@ -39,7 +38,7 @@ void DecaleSelection(std::int16_t decalage) {
   const IndexCodes index = IndexDocument();
   for (SequenceInfo& s : Sequences) {
     if (s.Selection == Faux) continue;
-    if (s.Decalage != decalage && (s.Decalage == DecalageInverse || decalage == DecalageInverse)) {
+    if (s.Decalage != decalage && (s.Decalage == CoteInverse || decalage == CoteInverse)) {
       InverseEtendue(index.PremierPoint(s.Code));
     }
     s.Decalage = decalage;

@@ -42,8 +42,8 @@ ChampsPanneau InitSeq(Arbre* initial, Arbre* decale) {
   } else if (c.selectionnees == 1) {
     c.TB_Profondeur = TexteNombre(Regl.ProfFraisage);
   }
-  const bool cote = c.communes.Decalage >= 1 && c.communes.Decalage <= 3;
-  c.Option_Decal = cote ? c.communes.Decalage : std::int16_t{1};
+  const bool cote = c.communes.Decalage >= CoteDirect && c.communes.Decalage <= CoteInverse;
+  c.Option_Decal = cote ? c.communes.Decalage : std::int16_t{CoteDirect};
 
   if (initial != nullptr) MarqueSelection(*initial);
   if (decale != nullptr) MarqueSelection(*decale);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/Document.h"
+#include "core/Gestes.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Arbres.h"
 
@@ -19,10 +20,10 @@ struct ChampsPanneau {
   std::array<std::string, 2> TB_Resultat;
   bool CB_Poche = false;
   bool CB_Fraiser = false;
-  std::string TB_Profondeur;       // mm; blank where the depths differ
-  std::int16_t Option_Decal = 1;   // the side shown, 1 to 3
-  std::int32_t selectionnees = 0;  // paths selected
-  ProprietesSequence communes;     // of the selection; 1 in a flag, 0 in a number: they differ
+  std::string TB_Profondeur;               // mm; blank where the depths differ
+  std::int16_t Option_Decal = CoteDirect;  // the side shown, 1 to 3
+  std::int32_t selectionnees = 0;          // paths selected
+  ProprietesSequence communes;             // of the selection; 1 in a flag, 0 in a number: they differ
   bool operator==(const ChampsPanneau&) const = default;
 };
 

@@ -27,12 +27,12 @@ std::string TexteDeplacement(double mm) {
   return Arrondi(net, 10) == net ? Formate(net, "0.0") : TexteNombre(net);
 }
 
-ChampEntre AjouteDeplacement(int direction, const std::string& texte, double pas) {
+ChampEntre AjouteDeplacement(Direction direction, const std::string& texte, double pas) {
   if (!Deplacement_Selection(direction, EnFloat(pas))) return {false, texte};
   return {true, TexteDeplacement(Valeur(texte) + pas)};
 }
 
-ChampEntre EntreDeplacement(int direction, const std::string& entree, const std::string& texte) {
+ChampEntre EntreDeplacement(Direction direction, const std::string& entree, const std::string& texte) {
   const auto v = NombreDuTexte(texte);
   if (!v) return {false, texte};
   const float valeur = EnFloat(*v);
@@ -46,16 +46,16 @@ bool CB_Rotation(int index, const std::string& angle) {
   const double radians = *degres * Pi / 180;
   Statut(Textes::CalculTrajetOutil);
   const bool faite = TourneSelection(index == 0 ? radians : -radians, CentreSelection());
-  if (faite) Deplacement_Selection(0, 0);
+  if (faite) Deplacement_Selection(Direction::Aucune, 0);
   EffaceStatut();
   return faite;
 }
 
 bool CB_Miroir(int index) {
-  const bool faite = MiroirSelection(index);
+  const bool faite = MiroirSelection(index == 0 ? AxeMiroir::X : AxeMiroir::Y);
   if (!faite) return false;
   Statut(Textes::CalculTrajetOutil);
-  Deplacement_Selection(0, 0);
+  Deplacement_Selection(Direction::Aucune, 0);
   EffaceStatut();
   return true;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/Document.h"
+#include "core/Gestes.h"
 #include "workspace/Module_Dimension.h"
 
 namespace ovelin {
@@ -23,9 +24,9 @@ struct ChampEntre {
 // than the one that was made.
 std::string TexteDeplacement(double mm);
 // The arrow buttons and the scroll bars: `pas` mm on top of the text in the field. A refused move leaves the text.
-ChampEntre AjouteDeplacement(int direction, const std::string& texte, double pas);
+ChampEntre AjouteDeplacement(Direction direction, const std::string& texte, double pas);
 // The field is left: what the text differs from the one on entry is the move. A difference of 0 is a move as well.
-ChampEntre EntreDeplacement(int direction, const std::string& entree, const std::string& texte);
+ChampEntre EntreDeplacement(Direction direction, const std::string& entree, const std::string& texte);
 
 // --- FRAME1_GEOMETRIE
 

@@ -65,10 +65,7 @@ bool Combo_Zoom(std::string_view choix) {
   return false;
 }
 
-bool Combo_ZoomFleche(int sens) {
-  if (sens == 0) return false;
-  return Multiplie(sens > 0 ? FacteurFleche : 1 / FacteurFleche);
-}
+bool Combo_ZoomFleche(PasZoom pas) { return Multiplie(pas == PasZoom::Plus ? FacteurFleche : 1 / FacteurFleche); }
 
 bool MoletteVue(const TailleImage& taille, float x, float y, double crans) {
   if (crans == 0 || std::isnan(crans)) return false;

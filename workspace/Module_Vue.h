@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/Document.h"
+#include "core/Gestes.h"
 #include "image/Vue.h"
 
 namespace ovelin {
@@ -30,9 +31,9 @@ bool MetEnPageVue(const TailleImage& taille);
 bool mnu_Zoom1(const TailleImage& taille);
 bool mnu_ZoomPlus();
 bool mnu_ZoomMoins();
-// An item of the combo, "+", "-" or " ", and its arrows: `sens` > 0 up, < 0 down. One step up and one down cancel.
+// An item of the combo, "+", "-" or " ", and its arrows. One step up and one down cancel.
 bool Combo_Zoom(std::string_view choix);
-bool Combo_ZoomFleche(int sens);
+bool Combo_ZoomFleche(PasZoom pas);
 // Wheel: `crans` steps at the screen point (x, y), positive enlarges; parts of a step count in proportion.
 bool MoletteVue(const TailleImage& taille, float x, float y, double crans);
 

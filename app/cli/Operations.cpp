@@ -156,10 +156,10 @@ auto SurSelection(F f) {
 }
 
 // 1 along X, 3 along Y.
-std::int32_t Direction(const Arguments& a) {
+Direction LitDirection(const Arguments& a) {
   const std::int32_t direction = a.Entier("direction");
   if (direction != 1 && direction != 3) throw MauvaisArgument("direction: 1 or 3");
-  return direction;
+  return direction == 1 ? Direction::X : Direction::Y;
 }
 
 // A factor of 0 would make one point of a path.
@@ -261,14 +261,15 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"SupprimeSelection", SurSelection(Simple([](A) { SupprimeSelection(); }))},
       // transforms
       {"DeplaceSelection",
-       SurSelection(Simple([](A a) { Deplacement_Selection(Direction(a), a.Reel("distance")); }))},
+       SurSelection(Simple([](A a) { Deplacement_Selection(LitDirection(a), a.Reel("distance")); }))},
       {"TourneSelection", SurSelection(Simple([](A a) {
          TourneSelection(a.Nombre("angle"), Centre(a));
-         Deplacement_Selection(0, 0);
+         Deplacement_Selection(Direction::Aucune, 0);
        }))},
       {"EchelleSelection",
        SurSelection(AvecTraces([](A a) { EchelleSelection(Facteur(a, "facteurX"), Facteur(a, "facteurY")); }))},
-      {"MiroirSelection", SurSelection(AvecTraces([](A a) { MiroirSelection(a.Entier("axe")); }))},
+      {"MiroirSelection",
+       SurSelection(AvecTraces([](A a) { MiroirSelection(a.Entier("axe") == 0 ? AxeMiroir::X : AxeMiroir::Y); }))},
       {"CB_OK_Dimension", SurSelection([](A a) {
          return Dimensionne_Selection(a.Nombre("rapportX"), a.Nombre("rapportY"),
                                       a.A("proportions") && a.Booleen("proportions"));
@@ -291,7 +292,8 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"EnleveAttache", [](A a) { return EnleveAttache(a.Reel("x"), a.Reel("y")); }},
       // order, clean-up, drag knife, text
       {"mnu_Optimisation_Click", [](A) { return mnu_Optimisation_Click(); }},
-      {"CB_Ordre", [](A a) { return ChangeOrdre(Index(a, "index", 1)); }},
+      {"CB_Ordre",
+       [](A a) { return ChangeOrdre(Index(a, "index", 1) == 0 ? PasOrdre::PlusTot : PasOrdre::PlusTard); }},
       {"CB_Depart", [](A a) { return ChangeDepart(IndexPoint(a, 0)); }},
       {"CB_Inversion", SurSelection(Simple([](A) { InverseSelectionnees(); }))},
       {"mnu_Nettoyage", [](A a) { return mnu_Nettoyage_Click(a.Reel("resolution")); }},

@@ -21,8 +21,10 @@ constexpr int Course = 1000;          // steps to each side of the middle
 
 CadreDeplacement::CadreDeplacement(QWidget* parent) : QGroupBox(QStringLiteral("Déplacement"), parent) {
   setObjectName(QStringLiteral("FRAME1_DEPLACEMENT"));
-  x_ = CreeAxe(1, "TB_X", "Déplacement en X depuis le choix des séquences", "HScroll_Sequence", Qt::Horizontal);
-  y_ = CreeAxe(3, "TB_Y", "Déplacement en Y depuis le choix des séquences", "VScroll_Sequence", Qt::Vertical);
+  x_ = CreeAxe(Direction::X, "TB_X", "Déplacement en X depuis le choix des séquences", "HScroll_Sequence",
+               Qt::Horizontal);
+  y_ = CreeAxe(Direction::Y, "TB_Y", "Déplacement en Y depuis le choix des séquences", "VScroll_Sequence",
+               Qt::Vertical);
   x_.barre->setToolTip(QStringLiteral("Déplacer vers la gauche ou la droite"));
   y_.barre->setToolTip(QStringLiteral("Déplacer vers le bas ou le haut"));
   x_.barre->setInvertedControls(false);  // the right arrow key goes to the right
@@ -42,13 +44,13 @@ CadreDeplacement::CadreDeplacement(QWidget* parent) : QGroupBox(QStringLiteral("
   grille->setColumnMinimumWidth(2, 8);
 }
 
-CadreDeplacement::Axe CadreDeplacement::CreeAxe(int direction, const char* champ, const char* bulle,
+CadreDeplacement::Axe CadreDeplacement::CreeAxe(Direction direction, const char* champ, const char* bulle,
                                                 const char* barre, Qt::Orientation sens) {
-  Axe& axe = direction == 1 ? x_ : y_;
+  Axe& axe = direction == Direction::X ? x_ : y_;
   Axe neuf;
   neuf.direction = direction;
   // A vertical bar counts downward, the drawing upward.
-  neuf.parPas = (direction == 1 ? 1 : -1) / ParMillimetre;
+  neuf.parPas = (direction == Direction::X ? 1 : -1) / ParMillimetre;
   neuf.champ = new Saisie(Champ(champ, "mm", bulle), [this, &axe](const std::string& texte) { Entre(axe, texte); });
   neuf.barre = Nomme(new QScrollBar(sens), barre);
   neuf.barre->setRange(-Course, Course);
@@ -132,7 +134,9 @@ bool CadreDeplacement::Ajoute(Axe& axe, double pas) {
   return r.fait;
 }
 
-void CadreDeplacement::Deplace(int direction, double pas) { Ajoute(direction == y_.direction ? y_ : x_, pas); }
+void CadreDeplacement::Deplace(Direction direction, double pas) {
+  Ajoute(direction == y_.direction ? y_ : x_, pas);
+}
 
 // The bar of a refused move goes back to where it was.
 void CadreDeplacement::Defile(Axe& axe, int valeur) {

@@ -23,15 +23,15 @@ class CadreDeplacement : public QGroupBox {
   void Montre(const std::string& x, const std::string& y);
   void Remet();  // no displacement, the scroll bars in their middle
   void MontrePoint(const std::string& x, const std::string& y);
-  // The selection moves by `pas` mm along X (1) or Y (3); the field follows.
-  void Deplace(int direction, double pas);
+  // The selection moves by `pas` mm along X or Y; the field follows.
+  void Deplace(Direction direction, double pas);
 
  protected:
   bool eventFilter(QObject* objet, QEvent* e) override;
 
  private:
   struct Axe {
-    int direction = 0;  // 1: X, 3: Y
+    Direction direction = Direction::Aucune;
     Saisie* champ = nullptr;
     QScrollBar* barre = nullptr;
     double parPas = 0;  // mm a step of the scroll bar
@@ -39,7 +39,7 @@ class CadreDeplacement : public QGroupBox {
   };
   void Flechette(const char* nom, const char* bulle, Axe& axe, double pas, QGridLayout* grille, int ligne,
                  int colonne);
-  Axe CreeAxe(int direction, const char* champ, const char* bulle, const char* barre, Qt::Orientation sens);
+  Axe CreeAxe(Direction direction, const char* champ, const char* bulle, const char* barre, Qt::Orientation sens);
   ChampEntre Bouge(const std::function<ChampEntre()>& mouvement);
   void Entre(Axe& axe, const std::string& texte);
   bool Ajoute(Axe& axe, double pas);

@@ -203,7 +203,7 @@ void CommandesPrincipales::AjouteZoom() {
   for (const char* texte : {"+", " ", "-"}) combo->addItem(QString::fromLatin1(texte));
   combo->setCurrentIndex(1);
   combo->Pas = [this](int sens) {
-    if (PasZoom) PasZoom(sens);
+    if (Zoome && sens != 0) Zoome(sens > 0 ? PasZoom::Plus : PasZoom::Moins);
   };
   connect(combo, &QComboBox::activated, this, [this](int) {
     const std::string choix = comboZoom_->currentText().toStdString();

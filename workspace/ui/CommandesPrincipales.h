@@ -9,6 +9,7 @@
 #include <map>
 #include <string>
 
+#include "core/Gestes.h"
 #include "workspace/ui/TableCommandes.h"
 
 namespace ovelin {
@@ -43,7 +44,7 @@ class CommandesPrincipales : public QObject {
 
   // Combo_Zoom: an item "+", " ", "-" was chosen; its arrows or the wheel: 1 up, -1 down.
   std::function<void(const std::string& choix)> ChoixZoom;
-  std::function<void(int sens)> PasZoom;
+  std::function<void(PasZoom pas)> Zoome;
 
   [[nodiscard]] QComboBox* CB_BD() const { return cbBD_; }
   [[nodiscard]] QComboBox* Combo_Zoom() const { return comboZoom_; }

@@ -146,7 +146,7 @@ void F_Representation::Relie() {
   };
   commandes_->RecentPresent = [](std::size_t index) { return RecentPresent(index); };
   commandes_->ChoixZoom = [this](const std::string& choix) { Redessine(Combo_Zoom(choix)); };
-  commandes_->PasZoom = [this](int sens) { Redessine(Combo_ZoomFleche(sens)); };
+  commandes_->Zoome = [this](PasZoom pas) { Redessine(Combo_ZoomFleche(pas)); };
 }
 
 // What the procedures ask of the window that shows the document.

@@ -280,30 +280,13 @@ void F_Representation::mnu_Nettoyage() {
 
 // The selection follows the cursor keys, a tenth of a millimetre a stroke, a whole one with Shift.
 bool F_Representation::FlecheDeplace(int touche, Qt::KeyboardModifiers touches) {
-  int direction = 0;
-  double signe = 1;
-  switch (touche) {
-    case Qt::Key_Left:
-      direction = 1;
-      signe = -1;
-      break;
-    case Qt::Key_Right:
-      direction = 1;
-      break;
-    case Qt::Key_Down:
-      direction = 3;
-      signe = -1;
-      break;
-    case Qt::Key_Up:
-      direction = 3;
-      break;
-    default:
-      return false;
-  }
+  const bool droite = touche == Qt::Key_Right, haut = touche == Qt::Key_Up;
+  const bool enX = droite || touche == Qt::Key_Left;
+  if (!enX && !haut && touche != Qt::Key_Down) return false;
   Code2 dernier;
   if (NbSelectionnees(dernier) == 0) return true;
   const double pas = (touches & Qt::ShiftModifier) != 0 ? PasFlecheLong : PasFleche;
-  panneau_->SequencesPage()->Deplace(direction, signe * pas);
+  panneau_->SequencesPage()->Deplace(enX ? Direction::X : Direction::Y, droite || haut ? pas : -pas);
   return true;
 }
 

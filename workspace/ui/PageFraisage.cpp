@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "base/Indices.h"
+#include "core/Gestes.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
@@ -118,13 +119,13 @@ QWidget* PageFraisage::Cotes() {
   ligne->setContentsMargins(0, 0, 0, 0);
   ligne->setSpacing(4);
   auto* groupe = new QButtonGroup(cadre);
-  for (int cote = 1; cote <= 3; ++cote) {
+  for (int cote = CoteDirect; cote <= CoteInverse; ++cote) {
     auto* bouton = Nomme(new QRadioButton, QStringLiteral("Option_Decal_%1").arg(cote));
     bouton->setIcon(IconeProgramme(bouton->objectName()));
     bouton->setIconSize({20, 20});
     groupe->addButton(bouton, cote);
     ligne->addWidget(bouton, 1, Qt::AlignLeft);
-    decal_[base::Indice(cote - 1)] = bouton;
+    decal_[base::Indice(cote - CoteDirect)] = bouton;
   }
   BullesCotes();
   // Where the sides differ the first is shown; choosing it then is a choice as well.
@@ -175,7 +176,7 @@ void PageFraisage::Remplit(const ChampsPanneau& champs) {
   profondeurEntiere_ = champs.TB_Profondeur;
   profondeur_->Montre(TexteProfondeur(profondeurEntiere_));
   decalCommun_ = champs.communes.Decalage;
-  decal_[base::Indice(champs.Option_Decal - 1)]->setChecked(true);
+  decal_[base::Indice(champs.Option_Decal - CoteDirect)]->setChecked(true);
   BullesCotes();
   MontreMelange(champs);
 }
@@ -185,7 +186,7 @@ void PageFraisage::MontreMelange(const ChampsPanneau& champs) {
   QStringList noms;
   if (champs.communes.Fraiser == Mixte) noms += fraiser_->text();
   if (champs.communes.Poche == Mixte) noms += poche_->text();
-  if (champs.communes.Decalage == 0) noms += cote_->text();
+  if (champs.communes.Decalage == CoteMelange) noms += cote_->text();
   melange_->setVisible(champs.selectionnees > 1 && !noms.isEmpty());
   melange_->setText(TexteQt(Textes::ChampMelange) + QLatin1Char(' ') + noms.join(QStringLiteral(", ")));
 }

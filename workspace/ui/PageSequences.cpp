@@ -26,8 +26,8 @@ constexpr Commande Commandes1[] = {
     {"CB_Tout", "Tout sélectionner", CB_Tout, false},
     {"CB_InverseSelection", "Inverser la sélection", CB_InverseSelection, false},
     {"CB_Supprimer", "Supprimer les séquences choisies", [] { DemandeSupprimer(); }, true},
-    {"CB_Ordre_0", "Fraiser plus tôt dans l'ordre", [] { ChangeOrdre(0); }, true},
-    {"CB_Ordre_1", "Fraiser plus tard dans l'ordre", [] { ChangeOrdre(1); }, true},
+    {"CB_Ordre_0", "Fraiser plus tôt dans l'ordre", [] { ChangeOrdre(PasOrdre::PlusTot); }, true},
+    {"CB_Ordre_1", "Fraiser plus tard dans l'ordre", [] { ChangeOrdre(PasOrdre::PlusTard); }, true},
     {"CB_Inversion", "Inverser le sens du parcours : l'outil passe de l'autre côté", InverseSelectionnees, true},
     {"CB_Lissage", "Lisser les séquences choisies", LisseSelection, true},
 };
@@ -123,7 +123,7 @@ void PageSequences::Remplit(const ChampsPanneau& champs) {
   dimensions_->Montre(champs);
 }
 
-void PageSequences::Deplace(int direction, double pas) { deplacement_->Deplace(direction, pas); }
+void PageSequences::Deplace(Direction direction, double pas) { deplacement_->Deplace(direction, pas); }
 
 void PageSequences::MontrePoint(const ResultatClic& clic) {
   if (clic.croix) deplacement_->MontrePoint(clic.TB_X, clic.TB_Y);

@@ -5,6 +5,7 @@
 #include <array>
 #include <vector>
 
+#include "core/Gestes.h"
 #include "workspace/Module_Arbres.h"
 #include "workspace/Module_Panneau.h"
 #include "workspace/ui/CadreDeplacement.h"
@@ -17,9 +18,9 @@ class PageSequences : public QWidget {
  public:
   explicit PageSequences(QWidget* parent = nullptr);
 
-  void Remplit(const ChampsPanneau& champs);   // after InitSeq
-  void MontrePoint(const ResultatClic& clic);  // TB_X and TB_Y show a clicked point
-  void Deplace(int direction, double pas);     // a move of the selection in mm, 1: X, 3: Y; TB_X and TB_Y follow
+  void Remplit(const ChampsPanneau& champs);      // after InitSeq
+  void MontrePoint(const ResultatClic& clic);     // TB_X and TB_Y show a clicked point
+  void Deplace(Direction direction, double pas);  // a move of the selection in mm; TB_X and TB_Y follow
 
  private:
   QWidget* Commandes();

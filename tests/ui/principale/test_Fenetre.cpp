@@ -182,7 +182,7 @@ TEST_F(Ouverture_, AnythingElseThatIsDroppedIsLeftAlone) {
 
 TEST_F(Ouverture_, EditedWorkAsksBeforeAnotherDrawingTakesItsPlace) {
   Charge(Exemple("plaque.dxf"));
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   const std::vector<PointTrace> travail = TraceInitial;
   const std::string autre = Exemple("equerre.dxf");
   essai::AttendFichier("mnu_Ouvrir", autre);
@@ -199,7 +199,7 @@ TEST_F(Ouverture_, EditedWorkAsksBeforeAnotherDrawingTakesItsPlace) {
 TEST_F(Ouverture_, SavingFirstSavesTheWorkThatIsReplaced) {
   const std::string projet = Exemple("plaque-poches.OVL");
   Charge(projet);
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   const float x = TraceInitial[0].X;
   essai::Attend("F_Representation", "lib140", Reponse::Oui);
   Commande("mnu_MRU_1");  // the same project: what was just saved is read
@@ -209,7 +209,7 @@ TEST_F(Ouverture_, SavingFirstSavesTheWorkThatIsReplaced) {
 
 TEST_F(Ouverture_, ARefusedFileLeavesTheOpenJobWithItsUndo) {
   Charge(Exemple("plaque.dxf"));
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   const Document avant = Doc;
   const auto instantanes = ListeFichiers(DossierTemp, "OVL");
   const std::string mauvais = essai::EcritFichierEssai("lettre.dxf", "Bonjour\r\n");
@@ -295,7 +295,7 @@ TEST_F(Fermeture, WithoutAProjectTheParametersAreWrittenAndNothingIsAsked) {
 
 TEST_F(Fermeture, EditedWorkAsksAndGoingBackKeepsTheWindow) {
   Charge(Exemple("equerre.dxf"));
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   essai::Attend("F_Representation", "lib140", Reponse::Annuler);
   fenetre_->close();
   EXPECT_TRUE(fenetre_->isVisible());
@@ -353,7 +353,7 @@ TEST_F(Fermeture, WithoutAQuestionTheSettingsAreWrittenAndEditedWorkStays) {
   Charge(projet);
   const std::string avant = essai::LitFichierEssai(projet);
   RayonFraise = 2.25;
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   fenetre_->TermineSansQuestion();
   EXPECT_EQ(LireCleIni("RayonFraise", ""), "2.25");
   EXPECT_EQ(essai::LitFichierEssai(projet), avant);
@@ -368,13 +368,13 @@ TEST_F(Fermeture, WithoutAQuestionNothingStaysOfWorkThatIsUnchanged) {
 
 TEST_F(Fermeture, TheEndOfTheSessionAsksOnceUntilSomethingIsDrawnAnew) {
   Charge(Exemple("plaque.dxf"));
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   essai::Attend("F_Representation", "lib140", Reponse::Annuler);
   EXPECT_FALSE(fenetre_->PeutFinir());
   essai::Attend("F_Representation", "lib140", Reponse::Non);
   EXPECT_TRUE(fenetre_->PeutFinir());
   EXPECT_TRUE(fenetre_->PeutFinir());
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   essai::Attend("F_Representation", "lib140", Reponse::Annuler);
   fenetre_->close();
   EXPECT_TRUE(fenetre_->isVisible());
@@ -388,7 +388,7 @@ TEST_F(Fermeture, NoEndsWithoutSavingAndNothingIsWrittenIntoTheDrawing) {
   const std::string chemin = Exemple("equerre.dxf");
   Charge(chemin);
   const std::string avant = essai::LitFichierEssai(chemin);
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   essai::Attend("F_Representation", "lib140", Reponse::Non);
   fenetre_->close();
   EXPECT_FALSE(fenetre_->isVisible());
@@ -398,7 +398,7 @@ TEST_F(Fermeture, NoEndsWithoutSavingAndNothingIsWrittenIntoTheDrawing) {
 TEST_F(Fermeture, YesSavesAndEnds) {
   Charge(Exemple("plaque.dxf"));
   const std::string projet = essai::Dossier() + "/plaque.OVL";
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   essai::Attend("F_Representation", "lib140", Reponse::Oui);
   essai::AttendFichier("mnu_Save", projet);
   fenetre_->close();
@@ -408,7 +408,7 @@ TEST_F(Fermeture, YesSavesAndEnds) {
 
 TEST_F(Fermeture, ASaveThatIsCancelledKeepsTheWindow) {
   Charge(Exemple("plaque.dxf"));
-  Deplacement_Selection(1, 2);
+  Deplacement_Selection(Direction::X, 2);
   essai::Attend("F_Representation", "lib140", Reponse::Oui);
   essai::AttendFichier("mnu_Save", "");
   fenetre_->close();

@@ -169,7 +169,7 @@ TEST(mnu_Optimisation_Click, ShowsItsStatusAndClearsIt) {
 TEST(ChangeOrdre, MovesTheSelectedPathTowardsTheStart) {
   BiblioEssai biblio;
   Chemins(4, "C");
-  EXPECT_TRUE(ChangeOrdre(0));
+  EXPECT_TRUE(ChangeOrdre(PasOrdre::PlusTot));
   EXPECT_EQ(CodesDessin(), " A C B D");
   EXPECT_EQ(CodesFiches(), " A C B D");
   EXPECT_EQ(AbscissesDessin(), (std::vector<float>{0, 1, 20, 21, 10, 11, 30, 31}));
@@ -180,7 +180,7 @@ TEST(ChangeOrdre, MovesTheSelectedPathTowardsTheStart) {
 TEST(ChangeOrdre, MovesTheSelectedPathTowardsTheEnd) {
   BiblioEssai biblio;
   Chemins(4, "B");
-  EXPECT_TRUE(ChangeOrdre(1));
+  EXPECT_TRUE(ChangeOrdre(PasOrdre::PlusTard));
   EXPECT_EQ(CodesDessin(), " A C B D");
   EXPECT_EQ(Sequences[2].Selection, Vrai);
 }
@@ -188,26 +188,26 @@ TEST(ChangeOrdre, MovesTheSelectedPathTowardsTheEnd) {
 TEST(ChangeOrdre, KeepsTheOrderOfNeighboursThatMoveTogether) {
   BiblioEssai biblio;
   Chemins(5, "BC");
-  EXPECT_TRUE(ChangeOrdre(1));
+  EXPECT_TRUE(ChangeOrdre(PasOrdre::PlusTard));
   EXPECT_EQ(CodesDessin(), " A D B C E");
-  EXPECT_TRUE(ChangeOrdre(0));
+  EXPECT_TRUE(ChangeOrdre(PasOrdre::PlusTot));
   EXPECT_EQ(CodesDessin(), " A B C D E");
 }
 
 TEST(ChangeOrdre, MovesSeveralPathsByOnePlaceEach) {
   BiblioEssai biblio;
   Chemins(6, "BE");
-  EXPECT_TRUE(ChangeOrdre(0));
+  EXPECT_TRUE(ChangeOrdre(PasOrdre::PlusTot));
   EXPECT_EQ(CodesDessin(), " B A C E D F");
 }
 
 TEST(ChangeOrdre, BeepsWhenASelectedPathStandsAtTheEdge) {
   BiblioEssai biblio;
   Chemins(4, "AC");
-  EXPECT_FALSE(ChangeOrdre(0));
+  EXPECT_FALSE(ChangeOrdre(PasOrdre::PlusTot));
   EXPECT_EQ(CodesDessin(), " A B C D");
   Sequences[3].Selection = Vrai;
-  EXPECT_FALSE(ChangeOrdre(1));
+  EXPECT_FALSE(ChangeOrdre(PasOrdre::PlusTard));
   EXPECT_EQ(Bips(), 2);
   EXPECT_EQ(Modifie, Faux);
   EXPECT_TRUE(biblio.appels.empty());
@@ -216,8 +216,8 @@ TEST(ChangeOrdre, BeepsWhenASelectedPathStandsAtTheEdge) {
 TEST(ChangeOrdre, BeepsWithEverythingSelectedWhicheverWay) {
   BiblioEssai biblio;
   Chemins(3, "ABC");
-  EXPECT_FALSE(ChangeOrdre(0));
-  EXPECT_FALSE(ChangeOrdre(1));
+  EXPECT_FALSE(ChangeOrdre(PasOrdre::PlusTot));
+  EXPECT_FALSE(ChangeOrdre(PasOrdre::PlusTard));
   EXPECT_EQ(Bips(), 2);
 }
 
@@ -225,7 +225,7 @@ TEST(ChangeOrdre, LosesNoRecordOfACodeWithoutPoints) {
   BiblioEssai biblio;
   Chemins(3, "C");
   Sequences.insert(Sequences.begin(), {Code2("ZZ"), Vrai, -9, Faux, 2, Faux});
-  EXPECT_TRUE(ChangeOrdre(0));
+  EXPECT_TRUE(ChangeOrdre(PasOrdre::PlusTot));
   EXPECT_EQ(CodesFiches(), " A C BZZ");
   EXPECT_EQ(Sequences[3].Profondeur, -9);
 }
@@ -233,14 +233,14 @@ TEST(ChangeOrdre, LosesNoRecordOfACodeWithoutPoints) {
 TEST(ChangeOrdre, RecomputesTheSelectedPathsOnceMore) {
   BiblioEssai biblio;
   Chemins(3, "B");
-  ChangeOrdre(0);
+  ChangeOrdre(PasOrdre::PlusTot);
   EXPECT_EQ(biblio.appels.size(), 4U);
   EXPECT_EQ(biblio.appels[3].points.front().Seq, Code2(" B"));
   EXPECT_EQ(CodesTraces(), " B A C");
 }
 
 TEST(ChangeOrdre, DoesNothingOnAnEmptyDrawing) {
-  EXPECT_FALSE(ChangeOrdre(0));
+  EXPECT_FALSE(ChangeOrdre(PasOrdre::PlusTot));
   EXPECT_EQ(Bips(), 0);
 }
 

@@ -104,13 +104,13 @@ TEST(FermeSequences, TwiceAddsOnlyOnePoint) {
   EXPECT_EQ(TraceInitial, fermees);
 }
 
-TEST(DeplaceSelection, AddsToXInDirection1AndToYInDirection3) {
+TEST(DeplaceSelection, AddsToXOrToY) {
   TroisChemins();
   Sequences[2].Selection = Faux;
   OrigineX = 4;
   OrigineY = 5;
-  DeplaceSelection(1, 0.5F);
-  DeplaceSelection(3, -2);
+  DeplaceSelection(Direction::X, 0.5F);
+  DeplaceSelection(Direction::Y, -2);
   EXPECT_EQ(AbscissesDessin(), (std::vector<float>{0.5F, 1.5F, 2.5F, 10.5F, 11.5F, 20, 21, 22, 23}));
   EXPECT_EQ(TraceInitial[0].Y, -2);
   EXPECT_EQ(TraceInitial[5].Y, 0);
@@ -118,11 +118,10 @@ TEST(DeplaceSelection, AddsToXInDirection1AndToYInDirection3) {
   EXPECT_EQ(OrigineY, 0);
 }
 
-TEST(DeplaceSelection, ChangesNoPointInOtherDirections) {
+TEST(DeplaceSelection, ChangesNoPointWithoutADirection) {
   TroisChemins();
   const auto avant = TraceInitial;
-  DeplaceSelection(0, 7);
-  DeplaceSelection(2, 7);
+  DeplaceSelection(Direction::Aucune, 7);
   EXPECT_EQ(TraceInitial, avant);
 }
 

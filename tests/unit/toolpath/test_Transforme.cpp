@@ -69,18 +69,18 @@ TEST(EchelleSelection, ScalesAboutTheCentreAndLeavesTheTraces) {
 
 TEST(MiroirSelection, ExchangesLeftAndRightAndReverses) {
   AjouteSequence(" A", {{0, 0}, {10, 0}, {10, 4}});
-  EXPECT_TRUE(MiroirSelection(0));
+  EXPECT_TRUE(MiroirSelection(AxeMiroir::X));
   EXPECT_EQ(Lieux(TraceInitial), (std::vector<std::pair<float, float>>{{0, 4}, {0, 0}, {10, 0}}));
 }
 
-TEST(MiroirSelection, ExchangesTopAndBottomForAnyOtherAxis) {
+TEST(MiroirSelection, ExchangesTopAndBottomAlongY) {
   AjouteSequence(" A", {{0, 0}, {10, 0}, {10, 4}});
-  EXPECT_TRUE(MiroirSelection(1));
+  EXPECT_TRUE(MiroirSelection(AxeMiroir::Y));
   EXPECT_EQ(Lieux(TraceInitial), (std::vector<std::pair<float, float>>{{10, 0}, {10, 4}, {0, 4}}));
 }
 
 TEST(MiroirSelection, TwiceGivesBackThePointsInTheirOrder) {
-  for (const int axe : {0, 1, 2}) {
+  for (const AxeMiroir axe : {AxeMiroir::X, AxeMiroir::Y}) {
     Doc = Document{};
     AjouteSequence(" A", {{0.1F, 0.7F}, {10.3F, 0.2F}, {13.7F, 4.9F}, {2, 3}});
     AjouteSequence(" B", {{5, 5}, {6, 9}});
@@ -100,8 +100,8 @@ TEST(Deplacement_Selection, MovesRecomputesAndMarks) {
   BiblioEssai biblio;
   DeuxCarres();
   Sequences[0].Selection = Faux;
-  EXPECT_TRUE(Deplacement_Selection(1, 0.1F));
-  EXPECT_TRUE(Deplacement_Selection(3, -0.1F));
+  EXPECT_TRUE(Deplacement_Selection(Direction::X, 0.1F));
+  EXPECT_TRUE(Deplacement_Selection(Direction::Y, -0.1F));
   EXPECT_FLOAT_EQ(TraceInitial[5].X, 100.1F);
   EXPECT_FLOAT_EQ(TraceInitial[5].Y, 49.9F);
   EXPECT_EQ(TraceInitial[0].X, 0);
@@ -116,7 +116,7 @@ TEST(Deplacement_Selection, OfZeroStillMarksTheDocument) {
   DeuxCarres();
   const auto avant = TraceInitial;
   OrigineX = 3;
-  EXPECT_TRUE(Deplacement_Selection(1, 0));
+  EXPECT_TRUE(Deplacement_Selection(Direction::X, 0));
   EXPECT_EQ(TraceInitial, avant);
   EXPECT_EQ(Modifie, Vrai);
   EXPECT_EQ(OrigineX, 0);
@@ -128,7 +128,7 @@ TEST(Deplacement_Selection, DirectionZeroIsThePlainRefresh) {
   OrigineX = 3;
   int rafraichi = 0;
   Svc.Rafraichit = [&] { ++rafraichi; };
-  EXPECT_TRUE(Deplacement_Selection(0, 50));
+  EXPECT_TRUE(Deplacement_Selection(Direction::Aucune, 50));
   EXPECT_EQ(TraceInitial[0].X, 0);
   EXPECT_EQ(OrigineX, 3);
   EXPECT_EQ(rafraichi, 1);
@@ -141,7 +141,7 @@ TEST(Deplacement_Selection, RefusesAPlaceOutsideThePlane) {
   const auto avant = TraceInitial;
   for (const float d : {1.1e7F, -Infini, std::nanf("")}) {
     Attend("F_Representation", "lib113");
-    EXPECT_FALSE(Deplacement_Selection(3, d));
+    EXPECT_FALSE(Deplacement_Selection(Direction::Y, d));
   }
   EXPECT_EQ(TraceInitial, avant);
   EXPECT_EQ(Modifie, Faux);
@@ -366,7 +366,7 @@ TEST(MiroirSelection, RefusesAPlaceOutsideThePlaneAndReversesNothing) {
   TraceInitial[2].Y = 1.5e7F;
   const auto avant = TraceInitial;
   Attend("F_Representation", "lib113");
-  EXPECT_FALSE(MiroirSelection(1));
+  EXPECT_FALSE(MiroirSelection(AxeMiroir::Y));
   EXPECT_EQ(TraceInitial, avant);
 }
 

@@ -36,12 +36,12 @@ TEST(TexteDeplacement, HasOneDecimalUnlessTheValueHasMore) {
 
 TEST(AjouteDeplacement, MovesAndAddsToTheText) {
   DeuxCarres();
-  const ChampEntre r = AjouteDeplacement(3, "0.0", -0.1);
+  const ChampEntre r = AjouteDeplacement(Direction::Y, "0.0", -0.1);
   EXPECT_TRUE(r.fait);
   EXPECT_EQ(r.texte, "-0.1");
   EXPECT_NEAR(TraceInitial[5].Y, 4.9, 1e-5);
   EXPECT_EQ(TraceInitial[0].Y, 0);
-  EXPECT_EQ(AjouteDeplacement(1, "", 0.1).texte, "0.1");
+  EXPECT_EQ(AjouteDeplacement(Direction::X, "", 0.1).texte, "0.1");
   EXPECT_NEAR(TraceInitial[5].X, 20.1, 1e-5);
   EXPECT_EQ(Modifie, Vrai);
 }
@@ -49,7 +49,7 @@ TEST(AjouteDeplacement, MovesAndAddsToTheText) {
 TEST(AjouteDeplacement, AThousandStepsAddUpToAHundredMillimetres) {
   DeuxCarres();
   std::string texte = "0";
-  for (int i = 0; i < 1000; ++i) texte = AjouteDeplacement(1, texte, 0.1).texte;
+  for (int i = 0; i < 1000; ++i) texte = AjouteDeplacement(Direction::X, texte, 0.1).texte;
   EXPECT_EQ(texte, "100.0");
   EXPECT_NEAR(TraceInitial[5].X, 120, 1e-2);
 }
@@ -58,14 +58,14 @@ TEST(AjouteDeplacement, RefusedMoveLeavesTheText) {
   DeuxCarres();
   TraceInitial[5].X = 1e7F;
   essai::Attend("F_Representation", "lib113");
-  const ChampEntre r = AjouteDeplacement(1, "3.5", 10);
+  const ChampEntre r = AjouteDeplacement(Direction::X, "3.5", 10);
   EXPECT_FALSE(r.fait);
   EXPECT_EQ(r.texte, "3.5");
 }
 
 TEST(EntreDeplacement, MovesByTheDifference) {
   DeuxCarres();
-  const ChampEntre r = EntreDeplacement(1, "2,5", "4.75");
+  const ChampEntre r = EntreDeplacement(Direction::X, "2,5", "4.75");
   EXPECT_TRUE(r.fait);
   EXPECT_EQ(r.texte, "4.75");
   EXPECT_FLOAT_EQ(TraceInitial[5].X, 22.25F);
@@ -73,14 +73,15 @@ TEST(EntreDeplacement, MovesByTheDifference) {
 
 TEST(EntreDeplacement, DifferenceOfZeroMarksTheProject) {
   DeuxCarres();
-  EXPECT_TRUE(EntreDeplacement(3, "1", "1.0").fait);
+  EXPECT_TRUE(EntreDeplacement(Direction::Y, "1", "1.0").fait);
   EXPECT_EQ(TraceInitial[5].Y, 5);
   EXPECT_EQ(Modifie, Vrai);
 }
 
 TEST(EntreDeplacement, WhatIsNoNumberMovesNothing) {
   DeuxCarres();
-  for (const char* texte : {"", "-", "1-2", "abc"}) EXPECT_FALSE(EntreDeplacement(1, "0", texte).fait) << texte;
+  for (const char* texte : {"", "-", "1-2", "abc"})
+    EXPECT_FALSE(EntreDeplacement(Direction::X, "0", texte).fait) << texte;
   EXPECT_EQ(TraceInitial[5].X, 20);
   EXPECT_EQ(Modifie, Faux);
 }

@@ -137,16 +137,16 @@ std::vector<Action> Actions(const std::string& dessin, const std::string& projet
   return {
       {"open", [=] { Ouvre(dessin); }},
       {"move by field", [] { Recale(12, 7); }},
-      {"move by arrow", [] { Deplacement_Selection(1, 0.1F); }},
+      {"move by arrow", [] { Deplacement_Selection(Direction::X, 0.1F); }},
       {"turn",
        [] {
          TourneSelection(0.3, CentreSelection());
-         Deplacement_Selection(0, 0);
+         Deplacement_Selection(Direction::Aucune, 0);
        }},
       {"mirror",
        [] {
-         MiroirSelection(0);
-         Deplacement_Selection(0, 0);
+         MiroirSelection(AxeMiroir::X);
+         Deplacement_Selection(Direction::Aucune, 0);
        }},
       {"scale", [] { Dimensionne_Selection(1.1, 1.1, true); }},
       {"place", [] { Recale(5, 5); }},
@@ -163,21 +163,21 @@ std::vector<Action> Actions(const std::string& dessin, const std::string& projet
       {"order",
        [] {
          ChoisitPremiere();
-         ChangeOrdre(1);
+         ChangeOrdre(PasOrdre::PlusTard);
        }},
       {"reverse", [] { InverseSelectionnees(); }},
       {"clean-up", [] { mnu_Nettoyage_Click(0.05F), Svc.Rafraichit(); }},
       {"smooth", [] { LisseSelection(); }},
       {"material", [] { AppliqueMateriau(4); }},
       {"save", [=] { EnregistreProjet(projet); }},
-      {"move again", [] { Deplacement_Selection(3, 0.1F); }},
+      {"move again", [] { Deplacement_Selection(Direction::Y, 0.1F); }},
       {"undo again", annule},
       {"open the project", [=] { Ouvre(projet); }},
       {"turn again",
        [] {
          SelectionneTout();
          TourneSelection(-0.2, CentreSelection());
-         Deplacement_Selection(0, 0);
+         Deplacement_Selection(Direction::Aucune, 0);
        }},
   };
 }

@@ -116,11 +116,10 @@ TEST(Combo_Zoom, DoesTheSameAsTheTwoButtonsAndNothingForTheBlank) {
 
 TEST(Combo_ZoomFleche, StepsUpAndDownByTheSameFactor) {
   Zoom = 5;
-  EXPECT_TRUE(Combo_ZoomFleche(1));
+  EXPECT_TRUE(Combo_ZoomFleche(PasZoom::Plus));
   EXPECT_FLOAT_EQ(Zoom, 5.5F);
-  EXPECT_TRUE(Combo_ZoomFleche(-1));
+  EXPECT_TRUE(Combo_ZoomFleche(PasZoom::Moins));
   EXPECT_FLOAT_EQ(Zoom, 5.0F);
-  EXPECT_FALSE(Combo_ZoomFleche(0));
 }
 
 TEST(MetEnPageVue, KeepsTheUsersZoomRelativeToTheFit) {
