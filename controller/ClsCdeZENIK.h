@@ -54,6 +54,8 @@ class ClsCdeZENIK {
 
   bool IsAvailable();
   void Reset();
+  // s for which every exchange has failed, counted from the first of them; 0 where the last one was answered.
+  [[nodiscard]] double Silence() const;
 
   // mm per step. The position in mm stays, the steps are counted anew.
   void FixeResolutions(double x, double y, double z);
@@ -63,6 +65,10 @@ class ClsCdeZENIK {
   // A position given in mm (the command line's --pos, CB_Origine): it stands as it is given, with the nearest whole
   // steps.
   void FixePosition(double x, double y, double z);
+
+  // The resolutions and the counters of the machine are in force again, behind a plan that counted in steps of its
+  // own (FixeResolutions).
+  void PoseResolutions();
 
   // The parameters of the table in force (TableDefaut), resolutions and tick rates included. Needs no board, sends
   // nothing: at the start and at each change of table. The position in steps stays, the mm follow it; after a plan
@@ -181,15 +187,13 @@ class ClsCdeZENIK {
   bool vitesseDite_ = false;            // a speed that is none has been told in this job
   bool positionClose_ = false;          // a stop has been read: the position stays until the next job
   std::int64_t borneBlocs_ = 0;         // records that the board may count in this job
+  double muetteDepuis_ = -1;            // s; no exchange has been answered since then
   double absenteDepuis_ = -1;           // s; the link has said since then that nothing is there
   Drapeau FinTravail = Faux;            // the position at the end of the job has been taken
   std::int32_t NbBlocsEnvoyes = 0;      // records accepted since the job was begun, moves of nothing among them
   std::array<double, 7> DureesBlocs{};  // s, of the last seven accepted records, whatever has run
   std::int16_t IndexDuree = 0;          // 1 to 7: where the last one stands
   // -----------------------------------------------------------------------------------------------------------
-
-  // The resolutions of the machine are in force again: those of parametres_.
-  void PoseResolutions();
 
   std::array<double, 3> mmParPas_{1, 1, 1};
   ParametresZENIK parametres_;

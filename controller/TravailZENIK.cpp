@@ -20,6 +20,11 @@ constexpr std::uint8_t Stop = 'S', Question = 3;
 
 // A link that is gone ends what waits for the board: its motion is no longer known here.
 void ClsCdeZENIK::SuitLiaison(bool repondu) {
+  if (repondu) {
+    muetteDepuis_ = -1;
+  } else if (muetteDepuis_ < 0) {
+    muetteDepuis_ = Svc.Horloge();
+  }
   if (repondu || liaison_->EstConnectee() == 1) {
     absenteDepuis_ = -1;
     return;
@@ -32,6 +37,8 @@ void ClsCdeZENIK::SuitLiaison(bool repondu) {
   Perdu();
   StopDemande = Vrai;
 }
+
+double ClsCdeZENIK::Silence() const { return muetteDepuis_ < 0 ? 0 : Svc.Horloge() - muetteDepuis_; }
 
 bool ClsCdeZENIK::FinDesEssais() const {
   return FinProgramme || (absenteDepuis_ >= 0 && Svc.Horloge() - absenteDepuis_ >= DelaiAbsence);

@@ -37,6 +37,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
     {"machine/essais",
      {"Module_EssaiVitesse.cpp", "Module_ParamMachine.cpp", "Module_PasPerdus.cpp", "PendantEssai.cpp",
       "TableOuverte.cpp"}},
+    {"manual", {"Module_Origine.cpp", "Module_PilMan.cpp", "Module_PlaceMan.cpp"}},
     {"run",
      {"Alimentation.cpp", "AvisPlan.cpp", "Module_Decoupe.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp",
       "Module_Lancement.cpp", "Module_Planificateur.cpp", "Module_Profil.cpp"}},
