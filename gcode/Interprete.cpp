@@ -1,5 +1,7 @@
 #include "gcode/Interprete.h"
 
+#include <algorithm>
+
 namespace ovelin {
 
 namespace {
@@ -186,6 +188,11 @@ bool Passage::Finit() {
 }
 
 }  // namespace
+
+std::optional<double> PartBroche(double tours, double maxi) {
+  if (!(maxi > 0)) return std::nullopt;
+  return std::clamp(tours / maxi, 0.0, 1.0) * 100;
+}
 
 bool InterpreteMots(std::span<const Mot> mots, EtatModal& etat, Recepteur& recepteur) {
   Passage passage(etat, recepteur);

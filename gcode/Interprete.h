@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "core/Types.h"
@@ -59,6 +60,10 @@ class Recepteur {
   virtual void Rejete(const Mot& mot) = 0;  // a word that the interpreter doesn't know; the next one is taken
   virtual void Arc(DefautArc defaut) = 0;   // told; the program goes on
 };
+
+// The speed of an S word as a share of the spindle's top speed (both turns a minute), 0 to 100 per cent. Nothing
+// where no top speed is known.
+std::optional<double> PartBroche(double tours, double maxi);
 
 // Interprets the words of one line. False when the line failed in the middle (an arc without a usable radius): what
 // came before it stands.

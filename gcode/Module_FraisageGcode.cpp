@@ -19,7 +19,6 @@
 #include "core/ReglagesCourants.h"
 #include "core/RunCourant.h"
 #include "core/Services.h"
-#include "core/Texte8.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "gcode/Interprete.h"
@@ -116,8 +115,7 @@ class Run : public Recepteur {
   void Deplace(const MouvementLigne& mouvement) override;
   void Machine(MotMachine mot) override;
   void Pause(double secondes) override;
-  // The share of the spindle's top speed could be told; nothing is sent for it.
-  void Broche(double) override {}
+  void Broche(double tours) override;
   void Rejete(const Mot& mot) override;
   void Arc(DefautArc defaut) override;
 
@@ -135,6 +133,7 @@ class Run : public Recepteur {
   void Rouvre();
   void Respire(bool attend);
   void NoteBlocs(std::int32_t avant);
+  void ConstateArret();
   void Termine();
   void Arretee();
   void Montre();
@@ -146,7 +145,8 @@ class Run : public Recepteur {
   Pas3 origine_{};  // steps of the machine at the run's origin
   Pas3 pas_{};      // steps sent since then
   Sorties sorties_;
-  bool ouvert_ = false;  // a job is open on the board
+  double brocheMaxi_ = 0;  // turns a minute
+  bool ouvert_ = false;    // a job is open on the board
   std::size_t ligne_ = 0;
   std::uint32_t numero_ = 0;
   std::vector<std::uint32_t> lignesDesBlocs_;  // line of each record of the open job
@@ -161,6 +161,7 @@ void Run::PrendTable() {
     EcrireCle(cles::TableDefaut, TableDefaut);
   }
   ChargeGlobalesTable();
+  brocheMaxi_ = LireNombreTable(ChampsMachine::VitesseBroche);
   const std::int16_t numero = CdeZENIK->TableRecherche(TableDefaut);
   if (numero >= 0) CdeZENIK->TableDefautEcrire(static_cast<std::uint8_t>(numero));
   for (float* v : {&VitesseMaxX, &VitesseMaxY, &VitesseMaxZ}) {
@@ -306,14 +307,20 @@ void Run::Envoie(const PointXYZ& depart, const PointXYZ& arrivee, double vitesse
     const std::int32_t avant = NbBlocsTotal;
     const bool pris = DeplacePoint(depart, arrivee, v);
     NoteBlocs(avant);
-    if (CdeZENIK->TravailIncertain != Faux) StopDemande = Vrai;
-    if (pris) return;
+    ConstateArret();
+    if (pris || Arrete()) return;
     Respire(true);
   }
 }
 
 void Run::NoteBlocs(std::int32_t avant) {
   for (; avant < NbBlocsTotal; ++avant) lignesDesBlocs_.push_back(static_cast<std::uint32_t>(ligne_));
+}
+
+// A board that has stopped by itself, by a limit switch say, takes no more; of one whose reply was lost nobody
+// knows what it runs.
+void Run::ConstateArret() {
+  if (CdeZENIK->Arret != Faux || CdeZENIK->TravailIncertain != Faux) StopDemande = Vrai;
 }
 
 // The job that a drained one leaves: the count of seven begins again.
@@ -329,16 +336,19 @@ void Run::Rouvre() {
 void Run::Vide() {
   if (!ouvert_) return;
   while (!Arrete() && !CdeZENIK->CommandeDATAend()) {
-    if (CdeZENIK->TravailIncertain != Faux) StopDemande = Vrai;
+    CdeZENIK->DemandeInformation();  // a board that has stopped by itself refuses the end for ever
+    ConstateArret();
     Respire(true);
   }
-  // A single look that fails is no proof that the machine stands.
+  // What was sent is under way until the board says otherwise: a look that fails leaves this as it is.
+  CdeZENIK->EnCours = Vrai;
   while (!Arrete()) {
     if (!CdeZENIK->IsStepProcessed()) {
       CdeZENIK->DemandeInformation();
+      ConstateArret();
       if (CdeZENIK->EnCours == Faux) break;
     }
-    if (CdeZENIK->TravailIncertain != Faux) StopDemande = Vrai;
+    ConstateArret();
     Respire(true);
   }
   if (Arrete()) return;
@@ -393,6 +403,11 @@ void Run::AttendOutil() {
 void Run::Pause(double secondes) {
   const double fin = Svc.Horloge() + secondes;
   while (!Arrete() && Svc.Horloge() < fin) Respire(true);
+}
+
+void Run::Broche(double tours) {
+  const auto part = PartBroche(tours, brocheMaxi_);
+  if (part && Vue_Gcode.Broche) Vue_Gcode.Broche(*part);
 }
 
 void Run::Rejete(const Mot& mot) {

@@ -16,6 +16,8 @@ struct VueGcode {
   // The tool is to be changed: wait for ReprendOutil, which takes it back. Where nobody takes it a question
   // (lib022) goes on or stops.
   std::function<void(bool attend)> AttendOutil;
+  // An S word: that share of the spindle's top speed, per cent. It is told and changes nothing.
+  std::function<void(double pourcent)> Broche;
   std::function<void(const Lieu& lieu)> Outil;  // where the tool is, mm in the program's coordinates
 };
 extern VueGcode Vue_Gcode;

@@ -46,10 +46,17 @@ Json NumerosDe(const Programme& programme, Jugement jugement) {
   return numeros;
 }
 
-int Joue(Contexte& contexte, const Programme& programme, Json& objet) {
+void DitHorsCourse(const std::string& fichier, const MesureProgramme& mesure) {
+  const std::string texte = TexteHorsCourse(mesure);
+  if (!texte.empty()) std::fprintf(stderr, "%s: %s\n", fichier.c_str(), texte.c_str());
+}
+
+int Joue(Contexte& contexte, const std::string& fichier, const Programme& programme, Json& objet) {
   const MesureProgramme mesure = MesureDe(programme, {}, false);
   std::uint32_t mouvements = 0;
   Vue_Gcode.Mouvement = [&](std::size_t, std::uint32_t numero) { mouvements = numero; };
+  Vue_Gcode.Broche = [&](double pourcent) { objet["spindle_percent"] = pourcent; };
+  DitHorsCourse(fichier, mesure);
   IssueGcode issue = IssueGcode::Refusee;
   {
     const EcouteSignaux signaux;
@@ -75,7 +82,7 @@ int JoueProgramme(Contexte& contexte, const std::string& fichier) {
   CarteAppel carte(contexte);
   if (const int etat = carte.Ouvre({fichier})) return etat;
   Json objet;
-  const int etat = carte.Ferme(Joue(contexte, lu.programme, objet));
+  const int etat = carte.Ferme(Joue(contexte, fichier, lu.programme, objet));
   if (!objet.is_null()) Resultat(contexte, objet);
   return etat;
 }
@@ -90,8 +97,7 @@ int Verifie(Contexte& contexte, const std::string& fichier) {
     std::fprintf(stderr, "%s:%zu: %s\n", fichier.c_str(), mesure.ligneSansVitesse,
                  TexteSansVitesse(mesure).c_str());
   }
-  const std::string horsCourse = TexteHorsCourse(mesure);
-  if (!horsCourse.empty()) std::fprintf(stderr, "%s: %s\n", fichier.c_str(), horsCourse.c_str());
+  DitHorsCourse(fichier, mesure);
   const BornesProgramme& b = mesure.bornes;
   Json objet;
   objet["lines"] = lu.programme.NombreLignes();
@@ -106,7 +112,7 @@ int Verifie(Contexte& contexte, const std::string& fichier) {
   objet["seconds"] = mesure.secondes;
   objet["bounds"] = Json{{"xmin", b.Xmin}, {"xmax", b.Xmax}, {"ymin", b.Ymin},
                          {"ymax", b.Ymax}, {"zmin", b.Zmin}, {"zmax", b.Zmax}};
-  objet["beyond_travel"] = !horsCourse.empty();
+  objet["beyond_travel"] = !TexteHorsCourse(mesure).empty();
   if (contexte.json) {
     objet["invalid_lines"] = NumerosDe(lu.programme, Jugement::Refusee);
     objet["doubtful_lines"] = NumerosDe(lu.programme, Jugement::Douteuse);

@@ -216,6 +216,9 @@ TEST_F(FGcode, AnotherTableHoldsAtOnceAndGoesToTheSettingsAlone) {
   Q_EMIT tables->textActivated("AUTRE");
   EXPECT_EQ(TableDefaut, "AUTRE");
   EXPECT_EQ(LireCleIni("TableDefaut", ""), "AUTRE");
+  EXPECT_EQ(CourseX, 20) << "its limits hold at once";
+  EXPECT_TRUE(Etiquette("Lbl_Avis").contains("X 50") && Etiquette("Lbl_Avis").contains("Y 40"))
+      << Etiquette("Lbl_Avis").toStdString();
 }
 
 TEST_F(FGcode, TheWindowShowsTheFileThatItWasOpenedFor) {
@@ -272,6 +275,23 @@ TEST_F(FGcodeRun, AnotherTableThatTheBoardHasBecomesItsDefault) {
   EXPECT_EQ(CdeZENIK->TableDefautLire(), 1);
   Q_EMIT Controle<QComboBox>(fenetre_, "Combo_Table")->textActivated("INCONNUE");
   EXPECT_EQ(CdeZENIK->TableDefautLire(), 1) << "a search that finds nothing changes nothing";
+}
+
+TEST_F(FGcodeRun, TheLineUnderWayIsInViewAndTheToolInThePicture) {
+  std::string texte = "F600\n";
+  for (int i = 1; i <= 300; ++i) texte += "X" + std::to_string(i) + "\n";
+  Ouvre(texte);
+  auto* liste = Controle<QTableView>(fenetre_, "LV1");
+  auto* image = Controle<ImageProgramme>(fenetre_, "PB1");
+  const QImage avant = image->grab().toImage();
+  const auto enVue = [&](int rangee) {
+    return liste->viewport()->rect().intersects(liste->visualRect(Modele().index(rangee, 1)));
+  };
+  ASSERT_FALSE(enVue(300));
+  Clique(*Controle<QPushButton>(fenetre_, "mnu_Fraisage"));
+  EXPECT_TRUE(enVue(300));
+  EXPECT_FALSE(enVue(1));
+  EXPECT_NE(image->grab().toImage(), avant);
 }
 
 TEST_F(FGcodeRun, TheStopButtonStopsAndAResumeIsOffered) {

@@ -1,65 +1,12 @@
 // Programs run on the virtual board, as fast as it can.
 #include <cmath>
-#include <random>
 
-#include "closed/CarteVirtuelle.h"
-#include "controller/ClsCdeZENIK.h"
-#include "core/Cles.h"
-#include "core/ReglagesCourants.h"
-#include "core/RunCourant.h"
-#include "gcode/Module_FraisageGcode.h"
-#include "gcode/Module_Gcode.h"
-#include "machine/TableCourante.h"
-#include "tests/support/Support.h"
+#include "tests/unit/gcode/FraisageEssai.h"
 
 namespace essai {
 namespace {
 
 using namespace ovelin;
-
-class FraisageGcode : public testing::Test {
- protected:
-  FraisageGcode() {
-    // Without these two keys the board's table never agrees with that of the settings, and a question comes.
-    EcrireCleSection("table_" + TableDefaut, "TB_SAV_30", "5");
-    EcrireCleSection("table_" + TableDefaut, "TB_SAV_31", "5");
-    Svc.Horloge = [this] { return temps_; };
-    Svc.Attend = [this](double s) { temps_ += s; };
-    Branche();
-    CdeZENIK->ChargeParametres();
-  }
-  ~FraisageGcode() override { CdeZENIK = std::make_unique<ClsCdeZENIK>(); }
-
-  void Branche() {
-    zenikcom::ConditionsCarte conditions;
-    conditions.rapide = true;
-    carte_ = zenikcom::CreeCarteVirtuelle(std::move(conditions));
-    CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte_));
-  }
-  IssueGcode Lance(const std::string& texte) {
-    programme_ = Programme(texte);
-    mesure_ = MesureDe(programme_, {}, false);
-    return LanceGcode(programme_, mesure_);
-  }
-  // Where the machine stands, mm.
-  [[nodiscard]] std::array<double, 3> Place() const {
-    const zenikcom::Axes3 pas = carte_->Lieu();
-    return {static_cast<double>(pas[0]) * CdeZENIK->MmParPasX(),
-            static_cast<double>(pas[1]) * CdeZENIK->MmParPasY(),
-            static_cast<double>(pas[2]) * CdeZENIK->MmParPasZ()};
-  }
-  void AttendPlace(double x, double y, double z) const {
-    const auto p = Place();
-    EXPECT_NEAR(p[0], x, CdeZENIK->MmParPasX() / 2 + 1e-9);
-    EXPECT_NEAR(p[1], y, CdeZENIK->MmParPasY() / 2 + 1e-9);
-    EXPECT_NEAR(p[2], z, CdeZENIK->MmParPasZ() / 2 + 1e-9);
-  }
-
-  double temps_ = 0;  // s; it passes when somebody waits
-  std::shared_ptr<zenikcom::CarteVirtuelle> carte_;
-  Programme programme_;
-  MesureProgramme mesure_;
-};
 
 TEST_F(FraisageGcode, IsRefusedWithoutABoard) {
   CdeZENIK = std::make_unique<ClsCdeZENIK>();
@@ -86,7 +33,7 @@ TEST_F(FraisageGcode, AsksOnceAboutLinesThatWillBeSkipped) {
 }
 
 TEST_F(FraisageGcode, EndsWhereTheProgramEnds) {
-  for (const int n : {1, 2, 6, 7, 8, 70}) {
+  for (const int n : {1, 2, 6, 7, 8, 64, 65, 70}) {
     Branche();
     CdeZENIK->ChargeParametres();
     std::string texte = "F600\n";
@@ -289,33 +236,92 @@ TEST_F(FraisageGcode, ATableThatTheBoardDoesNotFindIsNoDefault) {
   EXPECT_LE(CdeZENIK->TableDefautLire(), 3);
 }
 
-// Every exchange of a small program fails once, in each way.
-TEST_F(FraisageGcode, EveryFaultAtEveryExchangeEndsTheRun) {
-  std::string texte = "F600\nM03\n";
-  for (int i = 1; i <= 9; ++i) texte += "X" + std::to_string(i) + "\n";
-  texte += "M05\nX0\n";
-  const Programme programme(texte);
-  const MesureProgramme mesure = MesureDe(programme, {}, false);
-  LanceGcode(programme, mesure);
-  const std::int64_t echanges = carte_->Compteurs().echanges;
-  ASSERT_GT(echanges, 20);
-  for (const zenikcom::NomFaute& faute : zenikcom::NomsFautes) {
-    for (std::int64_t n = 1; n <= echanges; n += 3) {
-      SCOPED_TRACE(std::string(faute.nom) + " at " + std::to_string(n));
-      Branche();
-      CdeZENIK->ChargeParametres();
-      carte_->Fautes({{n, faute.genre, 0}});
-      Svc.Montre = [](const BoiteMessage& boite) {
-        return boite.boutons == Boutons::OuiNon ? Reponse::Oui : Reponse::Ok;
-      };
-      const double debut = Svc.Horloge();
-      const IssueGcode issue = LanceGcode(programme, mesure);
-      EXPECT_LT(Svc.Horloge() - debut, 120) << "no wait outlives the link";
-      EXPECT_FALSE(OperationCarte);
-      if (issue == IssueGcode::Terminee) AttendPlace(0, 0, 0);
-      OublieGcode();
-    }
+TEST_F(FraisageGcode, OfAHundredThousandMovesNoneIsLost) {
+  std::string texte = "F6000\n";
+  double x = 0, y = 0;
+  for (int i = 1; i <= 100'000; ++i) {
+    x = std::round(1000 * (50 + 40 * std::cos(i * 0.01))) / 1000;
+    y = std::round(1000 * (50 + 40 * std::sin(i * 0.01))) / 1000;
+    texte += "X" + std::to_string(x) + " Y" + std::to_string(y) + "\n";
   }
+  std::uint32_t moves = 0;
+  Vue_Gcode.Mouvement = [&](std::size_t, std::uint32_t numero) { moves = numero; };
+  EXPECT_EQ(Lance(texte), IssueGcode::Terminee);
+  EXPECT_EQ(moves, 100'000U);
+  AttendPlace(x, y, 0);
+  const double rayon = 40 + 2 * CdeZENIK->MmParPasX();
+  for (const zenikcom::Axes3& p : carte_->Parcours()) {
+    const double r = std::hypot(static_cast<double>(p[0]) * CdeZENIK->MmParPasX() - 50,
+                                static_cast<double>(p[1]) * CdeZENIK->MmParPasY() - 50);
+    if (p == zenikcom::Axes3{}) continue;  // where it began
+    ASSERT_LT(r, rayon);
+    ASSERT_GT(r, 40 - 2 * CdeZENIK->MmParPasX());
+  }
+}
+
+TEST_F(FraisageGcode, AMoveOfNoStepIsNotSent) {
+  std::int64_t recus = 0;
+  Vue_Gcode.Mouvement = [&](std::size_t, std::uint32_t) { recus = carte_->Compteurs().acceptes; };
+  Lance("F600\nX1\nX1\nG01\nX1.001\nX2\n");
+  EXPECT_EQ(recus, 2) << "the step is 0.005 mm";
+}
+
+TEST_F(FraisageGcode, SpeedsOfTheTableCountWithThreeDecimals) {
+  Svc.MarqueDecimale = ',';
+  const std::string section = "table_" + TableDefaut;
+  EcrireCleSection(section, "TB_SAV_15", "12.34567");
+  EcrireCleSection(section, "TB_SAV_16", "7.0004");
+  EcrireCleSection(section, "TB_SAV_17", "3");
+  Branche();
+  Lance("F60\nX1\n");
+  EXPECT_FLOAT_EQ(VitesseMaxX, 12.346F);
+  EXPECT_FLOAT_EQ(VitesseMaxY, 7.0F);
+  EXPECT_FLOAT_EQ(VitesseMaxZ, 3.0F);
+}
+
+TEST_F(FraisageGcode, SIsAShareOfTheSpindlesTopSpeedAndSwitchesNothing) {
+  EcrireCleSection("table_" + TableDefaut, "TB_SAV_21", "24000");
+  std::vector<double> parts;
+  Vue_Gcode.Broche = [&](double pourcent) { parts.push_back(pourcent); };
+  std::vector<zenikcom::SortiesCarte> vues;
+  Vue_Gcode.Mouvement = [&](std::size_t, std::uint32_t) { vues.push_back(carte_->Sorties()); };
+  Lance("F600\nS6000\nX1\nM03\nX2\nS12000 X3\nS48000\n");
+  EXPECT_EQ(parts, (std::vector<double>{25, 50, 100}));
+  ASSERT_EQ(vues.size(), 3U);
+  EXPECT_FALSE(vues[0].broche);
+  EXPECT_EQ(vues[0].pwm, 0);
+  EXPECT_TRUE(vues[2].broche);
+  EXPECT_EQ(vues[2].pwm, 100) << "as M03 has left it";
+  parts.clear();
+  EcrireCleSection("table_" + TableDefaut, "TB_SAV_21", "0");
+  Lance("F600\nS6000\nX1\n");
+  EXPECT_TRUE(parts.empty()) << "the top speed is not known";
+}
+
+TEST_F(FraisageGcode, BehindADrainedBoardTheCountOfSevenBeginsAgain) {
+  std::vector<std::int32_t> envoyes;
+  Vue_Gcode.Mouvement = [&](std::size_t, std::uint32_t) { envoyes.push_back(NbBlocsTotal); };
+  Vue_Gcode.AttendOutil = [](bool attend) {
+    if (attend) ReprendOutil();
+  };
+  Lance("F600\nX1\nX2\nX3\nM05\nX4\nX5\nM06\nX6\n");
+  EXPECT_EQ(envoyes, (std::vector<std::int32_t>{1, 2, 3, 1, 2, 1}));
+  AttendPlace(6, 0, 0);
+}
+
+TEST_F(FraisageGcode, BehindAToolChangeTheOutputIsAsItWas) {
+  std::vector<bool> sorties;
+  Vue_Gcode.Mouvement = [&](std::size_t, std::uint32_t) { sorties.push_back(carte_->Sorties().auxiliaire); };
+  Vue_Gcode.AttendOutil = [](bool attend) {
+    if (attend) ReprendOutil();
+  };
+  Lance("F600\nM09\nX1\nM06\nX2\nM07\nX3\nM06\nX4\n");
+  EXPECT_EQ(sorties, (std::vector{false, false, true, true}));
+}
+
+TEST_F(FraisageGcode, AnEmptyListOfLinesThatAreAllCommentsMovesNothing) {
+  EXPECT_EQ(Lance("(a)\n; b\n"), IssueGcode::Terminee);
+  EXPECT_EQ(carte_->Lieu(), (zenikcom::Axes3{}));
 }
 
 }  // namespace

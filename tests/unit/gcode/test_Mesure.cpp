@@ -92,40 +92,6 @@ TEST(AnalyseProgramme, MakesNoVerticesWhenNobodyLooks) {
   EXPECT_EQ(m.bornes.Xmax, 2);
 }
 
-void AttendBornes(const BornesProgramme& b, const BornesProgramme& attendu) {
-  constexpr double Demi = 0.0006;  // half a unit of the last digit given
-  EXPECT_NEAR(b.Xmin, attendu.Xmin, Demi);
-  EXPECT_NEAR(b.Xmax, attendu.Xmax, Demi);
-  EXPECT_NEAR(b.Ymin, attendu.Ymin, Demi);
-  EXPECT_NEAR(b.Ymax, attendu.Ymax, Demi);
-  EXPECT_NEAR(b.Zmin, attendu.Zmin, Demi);
-  EXPECT_NEAR(b.Zmax, attendu.Zmax, Demi);
-}
-
-MesureProgramme MesureDuCorpus(const char* nom) {
-  const ProgrammeLu lu = LitProgramme(DossierCorpus() + "/GCODE/" + nom);
-  EXPECT_EQ(lu.refus, "");
-  return MesureDe(lu.programme, Couleurs, false);
-}
-
-// Boxes and counts of the moves as LinuxCNC's interpreter and an independent reader of tool paths give them.
-TEST(AnalyseProgramme, AgreesWithForeignReadersOnProgramsOfStraightMoves) {
-  if (!CorpusPresent()) GTEST_SKIP() << CorpusAbsent;
-  const MesureProgramme jsdc = MesureDuCorpus("cn_jsdc.gcode");
-  AttendBornes(jsdc.bornes, {0, 102.353, -58.115, 0, -1, 1});
-  EXPECT_EQ(jsdc.mouvements, 2382U - 1) << "the comment behind the first lift makes its line no valid one";
-  const MesureProgramme tball = MesureDuCorpus("cn_tball_engrave.gcode");
-  AttendBornes(tball.bornes, {0, 139.042, -139.043, 0, -3.175, 5});
-  EXPECT_EQ(tball.mouvements, 3430U - 1);
-}
-
-TEST(AnalyseProgramme, AProgramThatNamesNoSpeedIsFoundMoveByMove) {
-  if (!CorpusPresent()) GTEST_SKIP() << CorpusAbsent;
-  const MesureProgramme m = MesureDuCorpus("sc_shapes.nc");
-  EXPECT_EQ(m.sansVitesse, 1909U);
-  AttendBornes(m.bornes, {0.001, 79.999, 0.001, 79.999, -0.1, 5});
-}
-
 TEST(RGBtoDXCOLOR, ScalesEachChannelToItsMask) {
   EXPECT_EQ(RGBtoDXCOLOR(255, 128, 0), 0x00FF8000U);
   const MasquesCouleur cinqSixCinq{0xF800, 0x07E0, 0x001F};

@@ -107,7 +107,6 @@ TEST(Programme, EveryProgramOfOthersIsJudgedAsByPatterns) {
       if (sorte == Sorte::Commentaire) ++attendu.commentaires;
       if (sorte == Sorte::Refusee && ++attendu.refusees == 1) attendu.premiereRefusee = n;
     }
-    attendu.douteuses = lu.programme.Comptes().douteuses;
     EXPECT_EQ(lu.programme.NombreLignes(), n) << chemin;
     EXPECT_EQ(lu.programme.Comptes(), attendu)
         << chemin << " valid " << lu.programme.Comptes().valides << "/" << attendu.valides << " comments "
