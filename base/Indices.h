@@ -17,8 +17,8 @@ inline constexpr std::size_t Nulle = std::numeric_limits<std::size_t>::max();
 // comparison with a size sees it.
 constexpr std::size_t Indice(std::signed_integral auto nombre) { return static_cast<std::size_t>(nombre); }
 
-// A size as a number of 32 bits; nothing that is counted so has more than 2^31 parts.
-constexpr std::int32_t Compte(std::size_t nombre) { return static_cast<std::int32_t>(nombre); }
+// A size or a difference of iterators as a number of 32 bits; nothing that is counted so has more than 2^31 parts.
+constexpr std::int32_t Compte(std::integral auto nombre) { return static_cast<std::int32_t>(nombre); }
 
 // The iterator at a place of a container.
 constexpr auto Iterateur(auto& contenu, std::size_t indice) {

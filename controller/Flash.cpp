@@ -3,6 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "base/Indices.h"
+#include "base/Texte.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
@@ -22,7 +24,7 @@ std::uint8_t OctetBas(std::uint16_t mot) { return static_cast<std::uint8_t>(mot 
 }  // namespace
 
 bool ClsCdeZENIK::Ordre(char lettre, std::initializer_list<std::uint8_t> octets) {
-  Tampon[1] = static_cast<std::uint8_t>(lettre);
+  Tampon[1] = base::Octet(lettre);
   std::copy(octets.begin(), octets.end(), Tampon.begin() + 2);
   std::int32_t modeEnvoi = 0;
   return EnvoiCommande(modeEnvoi);
@@ -56,7 +58,7 @@ bool ClsCdeZENIK::Flash_Read(std::uint8_t bloc, std::uint16_t adresse, std::span
 // A block takes one page more than its size says: its address comes round to the beginning, so the callers refuse a
 // list that long. A list of whole pages still gets a last page of 255.
 void ClsCdeZENIK::Flash_Tab(std::span<const std::uint8_t> octets) {
-  PagesNonConfirmees = static_cast<std::int32_t>(octets.size() / OctetsPage + 1);
+  PagesNonConfirmees = base::Compte(octets.size() / OctetsPage + 1);
   std::array<std::uint8_t, OctetsPage> page{};
   std::uint8_t bloc = 0;
   std::uint32_t adresse = 0;

@@ -32,15 +32,14 @@ bool DeplacePoint(const PointXYZ& depart, const PointXYZ& arrivee, float& V) {
   const std::array<float, 3> ecart{EnFloat(arrivee.X - depart.X), EnFloat(arrivee.Y - depart.Y),
                                    EnFloat(arrivee.Z - depart.Z)};
   const std::array<float, 3> maxi{VitesseMaxX, VitesseMaxY, VitesseMaxZ};
-  const double longueur =
-      std::hypot(static_cast<double>(ecart[0]), static_cast<double>(ecart[1]), static_cast<double>(ecart[2]));
+  const double longueur = std::hypot(double{ecart[0]}, double{ecart[1]}, double{ecart[2]});
   if (longueur == 0) return true;
   double r = 0;
   for (std::size_t i = 0; i < 3; ++i) {
-    const double v = static_cast<double>(V) * std::fabs(static_cast<double>(ecart[i])) / longueur;
-    r = std::max(r, v / std::max(static_cast<double>(maxi[i]), VitesseMini));
+    const double v = V * std::fabs(double{ecart[i]}) / longueur;
+    r = std::max(r, v / std::max(double{maxi[i]}, VitesseMini));
   }
-  if (r > 1) V = static_cast<float>(static_cast<double>(V) / r);
+  if (r > 1) V = static_cast<float>(V / r);
   if (!AttendPause()) return false;
   float t = 0;
   return CdeZENIK->CommandeDATAmm(ecart[0], ecart[1], ecart[2], V, t);

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "base/Indices.h"
 #include "controller/ParametresZENIK.h"
 #include "core/Nombres.h"
 
@@ -43,15 +44,15 @@ int CalculMouvement::PalierDe(double rapport) const {
 }
 
 const CalculMouvement::Sommes& CalculMouvement::SommesDe(int depart) {
-  std::int16_t& rang = rang_[static_cast<std::size_t>(depart)];
+  std::int16_t& rang = rang_[base::Indice(depart)];
   if (rang == 0) {
     Sommes& sommes = sommes_.emplace_back();
-    for (auto i = static_cast<std::size_t>(depart) + 1; i < sommes.size(); ++i) {
+    for (auto i = base::Indice(depart) + 1; i < sommes.size(); ++i) {
       sommes[i] = sommes[i - 1] + table_[i - 1].Duree;
     }
     rang = static_cast<std::int16_t>(sommes_.size());
   }
-  return sommes_[static_cast<std::size_t>(rang) - 1];
+  return sommes_[base::Indice(rang) - 1];
 }
 
 // Up from N as high as both ways fit into the ticks, and down again. Where not even one level fits, the top is the
@@ -64,9 +65,9 @@ void CalculMouvement::Rampe(Mouvement& m, double rapport) {
   const auto depart = sommes.begin() + m.N + 1;
   const auto trop = std::partition_point(depart, sommes.end(), [ticks](double s) { return ticks - s - s >= 0; });
   m.P = trop == depart ? PalierPlein : static_cast<int>(trop - sommes.begin()) - 1;
-  const double somme = sommes[static_cast<std::size_t>(m.P)];
+  const double somme = sommes[base::Indice(m.P)];
   const double pente = (m.P - m.N) * static_cast<double>(tempsPalier_) / HorlogePalier;
-  const double plat = (ticks - somme - somme) * table_[static_cast<std::size_t>(m.P)].Periode / HorlogePeriode;
+  const double plat = (ticks - somme - somme) * table_[base::Indice(m.P)].Periode / HorlogePeriode;
   m.Descente = Arrondi32(ticks - somme);
   m.T = pente + pente + plat;
 }
@@ -84,16 +85,16 @@ Mouvement CalculMouvement::Calcule(const LimitesAxes& axes, const std::array<std
       std::sqrt(longueurs[0] * longueurs[0] + longueurs[1] * longueurs[1] + longueurs[2] * longueurs[2]);
   double r = 0;
   for (std::size_t i = 0; i < 3; ++i) {
-    r = std::max(r, static_cast<double>(m.V) * longueurs[i] / l / static_cast<double>(axes.VitesseMax[i]));
+    r = std::max(r, m.V * longueurs[i] / l / axes.VitesseMax[i]);
   }
-  if (r > 1) m.V = static_cast<float>(static_cast<double>(m.V) / r);
-  const auto vitesse = static_cast<double>(m.V);
+  if (r > 1) m.V = static_cast<float>(m.V / r);
+  const auto vitesse = double{m.V};
   const double temps = l / vitesse;
   m.Ticks = static_cast<std::int32_t>(std::min(TicksMaxi, std::ceil(temps * multiplicateur_ * 10'000)));
   // The speed along the path stands in each quotient, not that of the axis: on a diagonal the ramp begins lower.
   double rapport = 0;
   for (std::size_t i = 0; i < 3; ++i) {
-    if (pas[i] != 0) rapport = std::max(rapport, vitesse / static_cast<double>(axes.VitesseDepart[i]));
+    if (pas[i] != 0) rapport = std::max(rapport, vitesse / axes.VitesseDepart[i]);
   }
   m.T = temps;
   if (rapport > 1) Rampe(m, rapport);

@@ -7,12 +7,11 @@
 namespace ovelin {
 
 std::uint32_t LitCompte24(const zenikcom::TamponOctets& reponse, std::size_t i) {
-  return static_cast<std::uint32_t>(reponse[i]) | static_cast<std::uint32_t>(reponse[i + 1]) << 8U |
-         static_cast<std::uint32_t>(reponse[i + 2]) << 16U;
+  return std::uint32_t{reponse[i]} | std::uint32_t{reponse[i + 1]} << 8U | std::uint32_t{reponse[i + 2]} << 16U;
 }
 
 std::int32_t LitTicks(const zenikcom::TamponOctets& reponse, std::size_t i) {
-  return static_cast<std::int32_t>(LitCompte24(reponse, i) | static_cast<std::uint32_t>(reponse[i + 3]) << 24U);
+  return static_cast<std::int32_t>(LitCompte24(reponse, i) | std::uint32_t{reponse[i + 3]} << 24U);
 }
 
 ReponseEtat LitReponseEtat(const zenikcom::TamponOctets& reponse) {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Texte.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Nombres.h"
 #include "core/Texte8.h"
@@ -16,7 +17,7 @@ constexpr std::size_t LargeurEcran = 20;
 std::string Tronque(const std::string& utf8, std::size_t n) {
   std::size_t fin = 0, caracteres = 0;
   for (; fin < utf8.size(); ++fin) {
-    const bool debut = (static_cast<unsigned char>(utf8[fin]) & 0xC0U) != 0x80U;
+    const bool debut = (base::Octet(utf8[fin]) & 0xC0U) != 0x80U;
     if (debut && caracteres++ == n) break;
   }
   return utf8.substr(0, fin);
@@ -74,8 +75,7 @@ void ClsCdeZENIK::DisplaySend(std::string& texte, std::uint8_t ligne, std::uint8
     Tampon[2] = ligne;
     Tampon[3] = colonne;
     Tampon[4] = static_cast<std::uint8_t>(octets.size());
-    std::transform(octets.begin(), octets.end(), Tampon.begin() + 5,
-                   [](char c) { return static_cast<std::uint8_t>(c); });
+    std::transform(octets.begin(), octets.end(), Tampon.begin() + 5, [](char c) { return base::Octet(c); });
   });
 }
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Texte.h"
 #include "controller/BlocsTable.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
@@ -30,8 +31,7 @@ std::string SansBlancs(std::string_view texte) {
 
 // A slot that has never been written, or that somebody has cleared.
 bool SansNom(std::string_view octets) {
-  return std::all_of(octets.begin(), octets.end(),
-                     [](char c) { return c == ' ' || static_cast<unsigned char>(c) == 255; });
+  return std::all_of(octets.begin(), octets.end(), [](char c) { return c == ' ' || base::Octet(c) == 255; });
 }
 
 // False: the box has told why the board can't be used.

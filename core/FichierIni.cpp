@@ -92,7 +92,7 @@ long FichierIni::LigneDe(std::string_view section, std::string_view cle) const {
   const auto [debut, fin] = Etendue(section);
   for (std::size_t i = debut; i < fin; ++i) {
     const auto paire = EnCle(lignes_[i].texte);
-    if (paire && MemeNom(paire->cle, nom)) return static_cast<long>(i) + 1;
+    if (paire && MemeNom(paire->cle, nom)) return base::Compte(i) + 1;
   }
   return 0;
 }

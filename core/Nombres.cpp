@@ -206,9 +206,7 @@ std::string Formate(double v, std::string_view motif) {
   const std::size_t mark = motif.find('.');
   const std::string_view entiers = motif.substr(0, mark);
   const std::string_view decimales = mark == std::string_view::npos ? std::string_view{} : motif.substr(mark + 1);
-  const auto compte = [](std::string_view s, char c) {
-    return static_cast<int>(std::count(s.begin(), s.end(), c));
-  };
+  const auto compte = [](std::string_view s, char c) { return base::Compte(std::count(s.begin(), s.end(), c)); };
   const int minEntiers = compte(entiers, '0');
   const int minDecimales = compte(decimales, '0');
   const int maxDecimales = minDecimales + compte(decimales, '#');

@@ -173,7 +173,7 @@ int ChercheFiche() {
     return 0;
   }
   MateriauCourant = Champ(*trouvee, Materiau);
-  return static_cast<int>(trouvee - fiches.begin()) + 1;
+  return base::Compte(trouvee - fiches.begin()) + 1;
 }
 
 }  // namespace ovelin

@@ -465,7 +465,7 @@ bool Refuse(const Programme& programme, const MesureProgramme& mesure) {
   if (mesure.sansVitesse > 0) {
     BoiteMessage boite = BoiteDe(Textes::GcodeSansVitesse, Icone::Critique);
     boite.texte = TexteSansVitesse(mesure);
-    boite.ligne = static_cast<long>(mesure.ligneSansVitesse);
+    boite.ligne = base::Compte(mesure.ligneSansVitesse);
     Svc.Montre(boite);
     return true;
   }

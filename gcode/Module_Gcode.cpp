@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Indices.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
@@ -114,7 +115,7 @@ BoiteMessage BoiteLignesRefusees(CleTexte texte, Boutons boutons, const Programm
   BoiteMessage boite = BoiteDe(texte, Icone::Exclamation, boutons);
   boite.texte += "\n" + std::to_string(comptes.refusees) + "\n" + std::to_string(comptes.premiereRefusee) + ": " +
                  DeTexte8(Coupe8(programme.Ligne(comptes.premiereRefusee - 1), LongueurMontree));
-  boite.ligne = static_cast<long>(comptes.premiereRefusee);
+  boite.ligne = base::Compte(comptes.premiereRefusee);
   return boite;
 }
 

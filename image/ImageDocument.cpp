@@ -52,20 +52,20 @@ CadreImage CadreDocument(const Document& document, const OptionsScene& options) 
   const double largeur = std::max(x1 - x0, EtendueMin);
   const double hauteur = std::max(y1 - y0, EtendueMin);
   const double zoom = std::min((LargeurMax - 2 * Bord) / largeur, (HauteurMax - 2 * Bord) / hauteur);
-  const auto cote = [&](double mm) { return static_cast<float>(std::ceil(mm * zoom + 2 * Bord)) * TwipsParPixel; };
+  const auto cote = [&](double mm) { return Twips(std::ceil(mm * zoom + 2 * Bord)); };
   CadreImage cadre;
   cadre.taille = {cote(largeur), cote(hauteur)};
   cadre.vue.Zoom = BorneZoom(zoom * TwipsParPixel);
   cadre.vue.OrigineDessinX = static_cast<float>(x0);
   cadre.vue.OrigineDessinY = static_cast<float>(y0);
-  cadre.vue.OrigineEcranX = cadre.vue.OrigineEcranY = static_cast<float>(Bord) * TwipsParPixel;
+  cadre.vue.OrigineEcranX = cadre.vue.OrigineEcranY = Twips(Bord);
   return cadre;
 }
 
 void AjouteEchelle(const CadreImage& cadre, Scene& scene) {
   const double zoom = cadre.vue.Zoom;
   const double mm = LongueurRonde(double{cadre.taille.largeur} / 4 / zoom);
-  const float gauche = static_cast<float>(Bord) * TwipsParPixel;
+  const float gauche = Twips(Bord);
   const float droite = gauche + static_cast<float>(mm * zoom);
   const float bas = cadre.taille.hauteur - PiedEchelle;
   const PointEcran barre[] = {

@@ -177,8 +177,7 @@ MesureTexte MesureFichier() {
     cairo_font_extents(toile.get(), &police);
     cairo_text_extents_t etendue;
     cairo_text_extents(toile.get(), texte.c_str(), &etendue);
-    return TailleTexte{static_cast<float>(etendue.x_advance) * TwipsParPixel,
-                       static_cast<float>(police.ascent + police.descent) * TwipsParPixel};
+    return TailleTexte{Twips(etendue.x_advance), Twips(police.ascent + police.descent)};
   };
 }
 

@@ -9,6 +9,7 @@
 namespace ovelin {
 
 inline constexpr float TwipsParPixel = 15;
+constexpr float Twips(double pixels) { return static_cast<float>(pixels) * TwipsParPixel; }
 
 // Inner size of the picture, twips.
 struct TailleImage {

@@ -43,7 +43,7 @@ std::vector<Code2> ListeCodes() { return CodesDe(TraceInitial); }
 std::int32_t IndexSequence(Code2 code) {
   const std::span<const PointTrace> points = PointsComptes(Doc);
   const auto it = std::find_if(points.begin(), points.end(), [&](const PointTrace& p) { return p.Seq == code; });
-  return it == points.end() ? -1 : static_cast<std::int32_t>(it - points.begin());
+  return it == points.end() ? -1 : base::Compte(it - points.begin());
 }
 
 std::int32_t NbPointsSequence(std::int32_t premier) {

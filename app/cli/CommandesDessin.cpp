@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/cli/PlanCarte.h"
+#include "base/Indices.h"
 #include "controller/ClsCdeZENIK.h"
 #include "controller/ListeStockee.h"
 #include "core/DocumentCourant.h"
@@ -250,7 +251,7 @@ int Exporte(Contexte& contexte, const std::string& dessin, const std::string& so
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   // Several paths go into numbered files.
   for (std::size_t i = 1; extension == "DAT" && i <= TraceDecale.size(); ++i) {
-    const std::string numerotee = CheminNumerote(sortie, static_cast<long>(i));
+    const std::string numerotee = CheminNumerote(sortie, base::Compte(i));
     if (const int etat = VerifieSortie(contexte, numerotee, "", {dessin})) return etat;
   }
   if (image) {

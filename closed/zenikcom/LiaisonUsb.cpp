@@ -40,7 +40,7 @@ class Usb final : public Liaison {
     const int ms = static_cast<int>(std::clamp<std::int64_t>(reste, 0, DureeMaxi) / 1'000'000);
     const int lus = hid_.lit(appareil_, octets.data() + 1, octets.size() - 1, ms);
     if (lus < 0) Oublie();
-    if (lus != static_cast<int>(octets.size()) - 1) return LectureEchouee;
+    if (lus != std::ssize(octets) - 1) return LectureEchouee;
     std::copy(octets.begin() + 1, octets.end(), tampon.begin() + 1);
     return Reussi;
   }

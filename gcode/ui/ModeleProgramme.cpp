@@ -59,7 +59,7 @@ void ModeleProgramme::EffaceMouvements() {
 int ModeleProgramme::RangeeDe(std::size_t ligne) const {
   if (!filtre_) return base::Compte(ligne);
   const auto place = std::lower_bound(refusees_.begin(), refusees_.end(), static_cast<std::uint32_t>(ligne));
-  return place != refusees_.end() && *place == ligne ? static_cast<int>(place - refusees_.begin()) : -1;
+  return place != refusees_.end() && *place == ligne ? base::Compte(place - refusees_.begin()) : -1;
 }
 
 std::size_t ModeleProgramme::LigneDe(int rangee) const {

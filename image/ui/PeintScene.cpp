@@ -235,8 +235,7 @@ void PeintScene(QPainter& peintre, const Scene& scene, const Palette& palette) {
 MesureTexte MesureDe(const QFont& police) {
   const auto mesure = std::make_shared<QFontMetricsF>(police);
   return [mesure](const std::string& texte) {
-    return TailleTexte{static_cast<float>(mesure->horizontalAdvance(QString::fromStdString(texte))) * TwipsParPixel,
-                       static_cast<float>(mesure->height()) * TwipsParPixel};
+    return TailleTexte{Twips(mesure->horizontalAdvance(QString::fromStdString(texte))), Twips(mesure->height())};
   };
 }
 

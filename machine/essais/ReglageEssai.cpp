@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Indices.h"
 #include "core/Nombres.h"
 #include "core/Textes.h"
 
@@ -40,7 +41,7 @@ std::optional<RefusEssai> LitReglageEssai(const ChampsEssai& champs, ReglageEssa
                                                                          {&champs.Depl, &lu.distance}}};
   for (std::size_t i = 0; i < champsLus.size(); ++i) {
     if (!Lit(*champsLus[i].first, *champsLus[i].second))
-      return RefusEssai{static_cast<int>(i) + 1, Textes::EssaiNombre};
+      return RefusEssai{base::Compte(i) + 1, Textes::EssaiNombre};
   }
   if (lu.depart <= 0) return RefusEssai{1, Textes::EssaiVitesse};
   if (lu.arrivee <= 0) return RefusEssai{2, Textes::EssaiVitesse};

@@ -22,8 +22,8 @@ void ApercuDimension::Montre(double rapportX, double rapportY) {
 
 void ApercuDimension::Refait() {
   TailleImage taille;
-  taille.largeur = static_cast<float>(width()) * TwipsParPixel;
-  taille.hauteur = static_cast<float>(height()) * TwipsParPixel;
+  taille.largeur = Twips(width());
+  taille.hauteur = Twips(height());
   ConstruitApercu(points_, rapportX_, rapportY_, taille, scene_);
   update();
 }

@@ -56,7 +56,7 @@ std::string FichierDepose(const QMimeData* donnees) {
   return SeDepose(extension) || EstProgramme(extension) ? chemin : "";
 }
 
-std::int32_t EnTwips(int pixels) { return static_cast<std::int32_t>(static_cast<float>(pixels) * TwipsParPixel); }
+std::int32_t EnTwips(int pixels) { return static_cast<std::int32_t>(Twips(pixels)); }
 int EnPixels(std::int32_t twips) { return static_cast<int>(static_cast<float>(twips) / TwipsParPixel); }
 
 }  // namespace

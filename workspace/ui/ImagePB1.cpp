@@ -76,7 +76,7 @@ unsigned Boutons(Qt::MouseButtons boutons) {
 
 EvenementSouris EnEvenement(Qt::MouseButtons boutons, Qt::KeyboardModifiers touches, const QPointF& place) {
   return {Boutons(boutons), touches.testFlag(Qt::ControlModifier), touches.testFlag(Qt::ShiftModifier),
-          static_cast<float>(place.x()) * TwipsParPixel, static_cast<float>(place.y()) * TwipsParPixel};
+          Twips(place.x()), Twips(place.y())};
 }
 
 }  // namespace
@@ -104,9 +104,7 @@ void ImagePB1::Traduit() {
   setAccessibleDescription(TexteQt(Textes::AideDessin));
 }
 
-TailleImage ImagePB1::Taille() const {
-  return {static_cast<float>(width()) * TwipsParPixel, static_cast<float>(height()) * TwipsParPixel};
-}
+TailleImage ImagePB1::Taille() const { return {Twips(width()), Twips(height())}; }
 
 OptionsScene ImagePB1::Options() const {
   OptionsScene options = OptionsCourantes(numPoint_, sequence_);
@@ -410,8 +408,8 @@ void ImagePB1::wheelEvent(QWheelEvent* e) {
   if (TraceInitial.empty()) return;
   double crans = e->angleDelta().y() / CranMolette;
   if (e->angleDelta().isNull()) crans = e->pixelDelta().y() / PixelsParCran;
-  const auto x = static_cast<float>(e->position().x()) * TwipsParPixel;
-  const auto y = static_cast<float>(e->position().y()) * TwipsParPixel;
+  const auto x = Twips(e->position().x());
+  const auto y = Twips(e->position().y());
   if (!MoletteVue(Taille(), x, y, crans)) return;
   SuiteSouris suite;
   suite.redessine = true;

@@ -81,7 +81,7 @@ QModelIndex ModeleArbre::index(int ligne, int colonne, const QModelIndex& parent
 QModelIndex ModeleArbre::parent(const QModelIndex& enfant) const {
   if (!enfant.isValid() || enfant.internalId() == IdRacine) return {};
   if (enfant.internalId() == IdGroupe) return createIndex(0, 0, IdRacine);
-  return createIndex(static_cast<int>(enfant.internalId() - IdPoints), 0, IdGroupe);
+  return createIndex(base::Compte(enfant.internalId() - IdPoints), 0, IdGroupe);
 }
 
 int ModeleArbre::rowCount(const QModelIndex& parent) const {

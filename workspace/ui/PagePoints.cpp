@@ -165,7 +165,7 @@ void PagePoints::MontrePoint(const ResultatClic& clic) {
     return p.X == clic.croix->X && p.Y == clic.croix->Y && p.Seq == clic.croix->Seq;
   };
   const auto it = std::find_if(index.begin(), index.end(), meme);
-  if (it != index.end()) liste_->setCurrentIndex(modele_->index(static_cast<int>(it - index.begin()), 0));
+  if (it != index.end()) liste_->setCurrentIndex(modele_->index(base::Compte(it - index.begin()), 0));
 }
 
 // The current point stays the same one where it is still chosen; otherwise the first.
@@ -175,7 +175,7 @@ void PagePoints::RelitChoix() {
   const auto& index = modele_->Index();
   const auto it = std::lower_bound(index.begin(), index.end(), avant);
   const bool la = it != index.end() && *it == avant;
-  if (!index.empty()) liste_->setCurrentIndex(modele_->index(la ? static_cast<int>(it - index.begin()) : 0, 0));
+  if (!index.empty()) liste_->setCurrentIndex(modele_->index(la ? base::Compte(it - index.begin()) : 0, 0));
   liste_->viewport()->update();
   ActivePoint();
 }

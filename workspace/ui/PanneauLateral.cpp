@@ -92,8 +92,7 @@ QWidget* PanneauLateral::BasPages() {
   points_ = new PagePoints;
   fraisage_ = new PageFraisage;
   sequences_ = new PageSequences;
-  for (QWidget* page :
-       {static_cast<QWidget*>(points_), static_cast<QWidget*>(fraisage_), static_cast<QWidget*>(sequences_)}) {
+  for (QWidget* page : std::initializer_list<QWidget*>{points_, fraisage_, sequences_}) {
     pilePages_->addWidget(Defilant(page));
   }
   choixPage_ = Choix("Option1", {QStringLiteral("Points"), QStringLiteral("Fraisage"), QStringLiteral("Séquences")},
@@ -109,8 +108,7 @@ void PanneauLateral::resizeEvent(QResizeEvent* e) {
 
 void PanneauLateral::Repartit() {
   int hauteur = 0;
-  for (const QWidget* page :
-       {static_cast<QWidget*>(points_), static_cast<QWidget*>(fraisage_), static_cast<QWidget*>(sequences_)}) {
+  for (const QWidget* page : std::initializer_list<QWidget*>{points_, fraisage_, sequences_}) {
     hauteur = std::max(hauteur, page->sizeHint().height());
   }
   hauteur += choixPage_->sizeHint().height();

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "closed/pathwerk/assemblage/CheminsAssembles.h"
+#include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::assemblage {
 
@@ -27,14 +28,14 @@ class Chaines {
     longueur_.assign(2 * n, 0);
     segments_.assign(2 * n, 0);
     for (std::size_t i = 0; i < n; ++i) {
-      const auto e = static_cast<Bout>(2 * i);
+      const auto e = Numero32(2 * i);
       autre_[e] = e + 1;
       autre_[e + 1] = e;
       if (assembles.chemins[i].nature != Nature::Ouvert) continue;
       const auto pts = assembles.De(i);
       for (std::size_t k = 1; k < pts.size(); ++k) longueur_[e] += Ecart(pts[k - 1], pts[k]);
       longueur_[e + 1] = longueur_[e];
-      segments_[e] = segments_[e + 1] = static_cast<std::uint32_t>(pts.size() - 1);
+      segments_[e] = segments_[e + 1] = Numero32(pts.size() - 1);
     }
   }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "closed/pathwerk/assemblage/Tri.h"
+#include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::assemblage {
 
@@ -81,7 +82,7 @@ long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde)
   garde.assign(n, 1);
   std::vector<EntreeTri> cles(n);
   for (std::size_t i = 0; i < n; ++i) {
-    cles[i] = {Empreinte(assembles.De(i), assembles.chemins[i].nature), static_cast<std::uint32_t>(i)};
+    cles[i] = {Empreinte(assembles.De(i), assembles.chemins[i].nature), Numero32(i)};
   }
   TrieParCle(cles);
   long doublons = 0;

@@ -9,6 +9,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "closed/pathwerk/commun/Numero32.h"
+
 namespace pathwerk::assemblage {
 
 namespace {
@@ -244,7 +246,7 @@ long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<
       garde[i] = 0;
       ++jumeaux;
     } else {
-      boites.Ajoute(b, static_cast<std::uint32_t>(i));
+      boites.Ajoute(b, Numero32(i));
     }
     if (garde[i] == 0) arbres[i].reset();
   }

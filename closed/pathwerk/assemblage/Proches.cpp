@@ -11,6 +11,7 @@
 #include "base/Vecteur.h"
 #include "closed/pathwerk/assemblage/Chaines.h"
 #include "closed/pathwerk/assemblage/Tri.h"
+#include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::assemblage {
 
@@ -219,8 +220,8 @@ void RelieBoutsProches(const CheminsAssembles& assembles, Chaines& chaines, doub
   std::vector<Bout> libres;
   for (std::size_t i = 0; i < assembles.chemins.size(); ++i) {
     if (assembles.chemins[i].nature != Nature::Ouvert) continue;
-    libres.push_back(static_cast<Bout>(2 * i));
-    libres.push_back(static_cast<Bout>(2 * i + 1));
+    libres.push_back(Numero32(2 * i));
+    libres.push_back(Numero32(2 * i + 1));
   }
   GardeLibres(chaines, libres);
   const double unePlace = std::ldexp(tolerance, -Tours);

@@ -9,6 +9,7 @@
 #include "closed/pathwerk/assemblage/Chaines.h"
 #include "closed/pathwerk/assemblage/Proches.h"
 #include "closed/pathwerk/assemblage/Tri.h"
+#include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::assemblage {
 
@@ -22,7 +23,7 @@ std::vector<std::uint32_t> RelieBoutsEgaux(const CheminsAssembles& assembles, Ch
   std::vector<EntreeTri> entrees;
   for (std::size_t i = 0; i < n; ++i) {
     if (assembles.chemins[i].nature != Nature::Ouvert) continue;
-    for (const auto e : {static_cast<Bout>(2 * i), static_cast<Bout>(2 * i + 1)}) {
+    for (const auto e : {Numero32(2 * i), Numero32(2 * i + 1)}) {
       const PointF p = chaines.Place(e);
       entrees.push_back(
           {std::uint64_t{std::bit_cast<std::uint32_t>(p.x)} << 32 | std::bit_cast<std::uint32_t>(p.y), e});
@@ -67,7 +68,7 @@ class Marche {
         continue;
       }
       suite.clear();
-      const bool ferme = Suite(static_cast<Bout>(2 * i), suite);
+      const bool ferme = Suite(Numero32(2 * i), suite);
       for (const Bout e : suite) pris_[e / 2] = 1;
       if (ferme) {
         Separe(suite);

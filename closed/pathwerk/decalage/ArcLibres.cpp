@@ -16,6 +16,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "closed/pathwerk/commun/Numero32.h"
+
 namespace pathwerk::decalage {
 
 namespace {
@@ -81,7 +83,7 @@ class Releveur {
       rang0 = false;
       u = v;
     }
-    if (ouvert_ != Naturel && commence) libres_[ouvert_].suite = static_cast<std::uint32_t>(premier);
+    if (ouvert_ != Naturel && commence) libres_[ouvert_].suite = Numero32(premier);
   }
 
   // Returns whether the piece is free from its own start.
@@ -92,26 +94,26 @@ class Releveur {
     }
     const std::vector<Intervalle>& reste = tailleur_.Reste();
     const bool joint = reste.front().de.cause == Naturel;
-    if (joint && ouvert_ != Naturel) libres_[ouvert_].suite = static_cast<std::uint32_t>(libres_.size());
+    if (joint && ouvert_ != Naturel) libres_[ouvert_].suite = Numero32(libres_.size());
     if (!libres_.empty() && !arc && reste.front().de.cause == source_.Precedent(i)) {
       // An inner corner where both parallels merely cut each other short, as nearly all do.
       ArcLibre& avant = libres_.back();
       if (!avant.arc && avant.source == source_.Precedent(i) && avant.causeB == i &&
           Norme(tailleur_.Place(reste.front().de) - avant.b) < MemeCoin) {
-        avant.suite = static_cast<std::uint32_t>(libres_.size());
+        avant.suite = Numero32(libres_.size());
       }
     }
     for (const Intervalle& v : reste) {
       ArcLibre a;
       a.a = tailleur_.Place(v.de);
       a.b = tailleur_.Place(v.a);
-      a.source = static_cast<std::uint32_t>(i);
+      a.source = Numero32(i);
       a.causeA = v.de.cause;
       a.causeB = v.a.cause;
       a.arc = arc;
       libres_.push_back(a);
     }
-    ouvert_ = libres_.back().causeB == Naturel ? static_cast<std::uint32_t>(libres_.size() - 1) : Naturel;
+    ouvert_ = libres_.back().causeB == Naturel ? Numero32(libres_.size() - 1) : Naturel;
     return joint;
   }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "closed/pathwerk/commun/Numero32.h"
+
 namespace pathwerk::decalage {
 
 ArcSource::ArcSource(std::span<const Chemin> contours) {
@@ -17,8 +19,8 @@ ArcSource::ArcSource(std::span<const Chemin> contours) {
     unSeul_ = unSeul_ && debut == 0;
     for (std::size_t k = 0; k < c.size(); ++k) {
       sommets_.push_back(c[k]);
-      suivant_.push_back(static_cast<std::uint32_t>(k + 1 < c.size() ? debut + k + 1 : debut));
-      precedent_.push_back(static_cast<std::uint32_t>(k > 0 ? debut + k - 1 : debut + c.size() - 1));
+      suivant_.push_back(Numero32(k + 1 < c.size() ? debut + k + 1 : debut));
+      precedent_.push_back(Numero32(k > 0 ? debut + k - 1 : debut + c.size() - 1));
       etendue_ = std::max({etendue_, std::abs(c[k].x), std::abs(c[k].y)});
     }
   }

@@ -20,6 +20,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "closed/pathwerk/commun/Numero32.h"
+
 namespace pathwerk::decalage {
 
 namespace {
@@ -164,7 +166,7 @@ void ArcTailleur::ChercheBloc() {
                                [](std::size_t) { return true; },
                                [&](std::size_t feuille) {
                                  if (bloc_.size() >= FeuillesMax) return false;
-                                 bloc_.push_back(static_cast<std::uint32_t>(feuille));
+                                 bloc_.push_back(Numero32(feuille));
                                  return true;
                                });
 }
@@ -249,7 +251,7 @@ void ArcTailleur::RetireDeSegment(std::size_t j) {
     t0 = std::min(t0, s0);
     t1 = std::max(t1, s1);
   }
-  const auto cause = static_cast<std::uint32_t>(j);
+  const auto cause = Numero32(j);
   if (t0 < t1) Retire({t0, u_, cause}, {t1, u_, cause}, j, false);
   if (j < i_ && !reste_.empty() && std::abs(std::abs(ha) - r_) <= bruit_ && std::abs(ha - hb) <= bruit_) {
     RetireEgalSegment(j, v, l);
@@ -262,7 +264,7 @@ void ArcTailleur::RetireEgalSegment(std::size_t j, Vec2 v, double l) {
   const Vec2 a = source_.A(j) - origine_;
   if (Vectoriel(u_, a) * d_ > 0) return;
   const double t = Scalaire(u_, a);
-  const auto cause = static_cast<std::uint32_t>(j);
+  const auto cause = Numero32(j);
   Retire({t, u_, cause}, {t + l, u_, cause}, j, true);
 }
 
@@ -281,7 +283,7 @@ void ArcTailleur::RetireDArc(std::size_t j) {
   const Vec2 proche = a + v * foot;
   const double distance = Norme(proche);
   if (distance >= 2 * r_ - bruit_) return;
-  const auto cause = static_cast<std::uint32_t>(j);
+  const auto cause = Numero32(j);
   Vec2 entre;
   Vec2 sort;
   const double cote = h >= 0 ? 1 : -1;
@@ -338,7 +340,7 @@ void ArcTailleur::RetireEgalArc(std::size_t j) {
   const double cote = d_ > 0 ? 1 : -1;
   const Vec2 e = Gauche(u) * cote;
   const Vec2 s = Gauche(v) * cote;
-  const auto cause = static_cast<std::uint32_t>(j);
+  const auto cause = Numero32(j);
   const LimiteLibre be{Mesure(e), e, cause};
   const LimiteLibre bs{Mesure(s), s, cause};
   if (be.t <= bs.t) {

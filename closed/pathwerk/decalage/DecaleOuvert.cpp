@@ -22,6 +22,7 @@
 
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
+#include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/Moteur.h"
 #include "closed/pathwerk/decalage/Origine.h"
 
@@ -103,7 +104,7 @@ class Juge {
       return false;
     }
     const Segment& s = arbre_.Segments()[l.segment];
-    o = {static_cast<std::uint32_t>(l.segment), static_cast<float>(LieuSurSegment(s, a).t),
+    o = {Numero32(l.segment), static_cast<float>(LieuSurSegment(s, a).t),
          static_cast<float>(LieuSurSegment(s, b).t)};
     return true;
   }
@@ -185,7 +186,7 @@ class Juge {
 Region AllerRetour(const Chemin& chemin) {
   Region region{{chemin}, 0, {{}}};
   Origines& o = region.origines[0];
-  const auto n = static_cast<std::uint32_t>(chemin.size());
+  const auto n = Numero32(chemin.size());
   for (std::uint32_t i = 0; i + 1 < n; ++i) o.push_back({i, 0, 1});
   for (std::uint32_t i = n - 1; i-- > 0;) {
     o.push_back({i, 1, 0});

@@ -9,6 +9,7 @@
 
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
+#include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
 #include "closed/pathwerk/decalage/MoteurArcs.h"
 #include "closed/pathwerk/decalage/MoteurClipper.h"
@@ -51,7 +52,7 @@ CompteDuMoteur CompteDecaleRegion() { return {nbSimples, nbArcs, nbReplis, nbRep
 
 Region RegionDe(const Chemin& chemin, int signe, bool deuxSens) {
   Region r{{chemin}, signe};
-  const auto n = static_cast<std::uint32_t>(chemin.size());
+  const auto n = Numero32(chemin.size());
   Origines o(n);
   for (std::uint32_t i = 0; i < n; ++i) o[i] = {i, 0, 1};
   r.origines.push_back(std::move(o));
@@ -80,7 +81,7 @@ Origines Remonte(const Region& region, Origines origines) {
       continue;
     }
     const auto k = base::Indice(std::upper_bound(debut.begin(), debut.end(), o.segment) - debut.begin()) - 1;
-    o.segment -= static_cast<std::uint32_t>(debut[k]);
+    o.segment -= Numero32(debut[k]);
     o = Compose(o, region.origines[contour[k]]);
   }
   return origines;

@@ -26,6 +26,7 @@
 #include <cstdint>
 #include <exception>
 
+#include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
 
 namespace pathwerk::decalage {
@@ -131,7 +132,7 @@ class Chercheur {
     const auto part = [&](Vec2 w) { return std::clamp(static_cast<double>(Produit(c - a, w) / det), 0.0, 1.0); };
     const double ti = part(v);
     const double tj = part(u);
-    trouves_.push_back({static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(j), ti, tj, a + u * ti});
+    trouves_.push_back({Numero32(i), Numero32(j), ti, tj, a + u * ti});
   }
 
   const ArcSource& s_;
@@ -241,7 +242,7 @@ class Decoupeur {
       etapes_.push_back({0, i, 0, true});
       for (; q < passages.size() && passages[q].segment == i; ++q) {
         const std::uint32_t k = passages[q].croisement;
-        autre_[2 * k + premier[k]] = static_cast<std::uint32_t>(etapes_.size());
+        autre_[2 * k + premier[k]] = Numero32(etapes_.size());
         premier[k] = 1;
         etapes_.push_back(passages[q]);
       }

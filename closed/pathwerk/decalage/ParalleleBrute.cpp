@@ -26,6 +26,7 @@
 #include <numbers>
 
 #include "closed/pathwerk/chemin/Simplifie.h"
+#include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::decalage {
 
@@ -52,7 +53,7 @@ class Traceur {
       const auto arrivee = static_cast<float>(1 - recul / c.la);
       (i == 0 ? entree : origines->back().a) = arrivee;
       // Around the corner, and on beside the segment behind it.
-      const auto segment = static_cast<std::uint32_t>(i);
+      const auto segment = Numero32(i);
       while (origines->size() + 1 < sortie_.size()) origines->push_back({segment, 0, 0});
       origines->push_back({segment, static_cast<float>(recul / c.lb), 1});
     }

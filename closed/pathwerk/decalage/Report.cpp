@@ -26,6 +26,7 @@
 
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
+#include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::decalage {
 
@@ -210,8 +211,7 @@ class Report::Index {
         if (!o.Connue()) continue;
         const double de = report.Place(o, o.de);
         const double a = report.Place(o, o.a);
-        etendues_.push_back(
-            {std::min(de, a), std::max(de, a), static_cast<std::uint32_t>(p), static_cast<std::uint32_t>(k)});
+        etendues_.push_back({std::min(de, a), std::max(de, a), Numero32(p), Numero32(k)});
       }
     }
     std::sort(etendues_.begin(), etendues_.end(), [](const Etendue& x, const Etendue& y) {

@@ -25,7 +25,7 @@ constexpr std::string_view SansBlancs(std::string_view t) { return base::SansBla
 // The line of a byte, from 1, where LF or CR LF ends the lines.
 inline long LigneDe(std::string_view texte, std::size_t position) {
   const std::string_view avant = texte.substr(0, position);
-  return 1 + static_cast<long>(std::count(avant.begin(), avant.end(), '\n'));
+  return 1 + std::count(avant.begin(), avant.end(), '\n');
 }
 
 // A number for messages, ten digits at most.

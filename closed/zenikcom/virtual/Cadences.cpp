@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "base/Indices.h"
+
 namespace zenikcom {
 
 namespace {
@@ -38,7 +40,7 @@ Cadences::Cadences(int multiplicateur, int pente)
   for (int i = 0; i < NbNiveaux; ++i) {
     // Linear in frequency, from the rate whose period just fills 16 bits to the full rate.
     const double frequence = (255 - i) * 6'000'000.0 / 16'711'425 + plein / 255 * i;
-    const auto indice = static_cast<std::size_t>(i);
+    const auto indice = base::Indice(i);
     periode_[indice] = static_cast<std::int64_t>(std::nearbyint(6'000'000 / frequence));
     const auto tick = static_cast<TicksQ32>(Tick(i));
     somme_[indice + 1] = somme_[indice] + (Entiers(palier_) + tick / 2) / tick;

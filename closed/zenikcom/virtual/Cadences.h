@@ -14,6 +14,7 @@
 #include <array>
 #include <cstdint>
 
+#include "base/Indices.h"
 #include "closed/zenikcom/virtual/Record.h"
 
 namespace zenikcom {
@@ -31,11 +32,11 @@ class Cadences {
   [[nodiscard]] std::int64_t UnitesParSeconde() const { return 12'000'000 * multiplicateur_; }
   [[nodiscard]] std::int64_t Palier() const { return palier_; }  // units on one level of the ramp
   // Counts of the 6 MHz clock that one tick lasts.
-  [[nodiscard]] std::int64_t Periode(int niveau) const { return periode_[static_cast<std::size_t>(niveau)]; }
+  [[nodiscard]] std::int64_t Periode(int niveau) const { return periode_[base::Indice(niveau)]; }
   [[nodiscard]] std::int64_t Tick(int niveau) const { return 2 * Periode(niveau) * multiplicateur_; }  // units
   static constexpr std::int64_t TickPlein = 1200;  // units of a tick at the full rate, 10,000 x multiplier a second
   // Ticks of all levels below this one, each held for its time; niveau 0 to 256.
-  [[nodiscard]] TicksQ32 Somme(int niveau) const { return somme_[static_cast<std::size_t>(niveau)]; }
+  [[nodiscard]] TicksQ32 Somme(int niveau) const { return somme_[base::Indice(niveau)]; }
 
  private:
   std::int64_t multiplicateur_, palier_;

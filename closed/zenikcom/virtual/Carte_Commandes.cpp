@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "base/Indices.h"
 #include "closed/zenikcom/virtual/Carte.h"
 
 namespace zenikcom {
@@ -181,7 +182,7 @@ void Carte::Table(TamponOctets& t) {
     memoire_.defaut = t[3];
   }
   if (t[2] < 3 || t[2] > 8) return;
-  Memoire::Partie& partie = memoire_.tables[t[3]][static_cast<std::size_t>(t[2] - 3) / 2];
+  Memoire::Partie& partie = memoire_.tables[t[3]][base::Indice(t[2] - 3) / 2];
   if (t[2] % 2 != 0) {
     std::copy(partie.begin(), partie.end(), t.begin() + 4);
   } else if (!std::equal(partie.begin(), partie.end(), t.begin() + 4)) {

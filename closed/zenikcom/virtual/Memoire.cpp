@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Texte.h"
+
 namespace zenikcom {
 
 namespace {
@@ -22,7 +24,7 @@ std::uint32_t Somme(std::string_view octets) {
     return table;
   }();
   std::uint32_t c = 0xFFFFFFFFU;
-  for (const char octet : octets) c = Table[(c ^ static_cast<std::uint8_t>(octet)) & 0xFFU] ^ c >> 8U;
+  for (const char octet : octets) c = Table[(c ^ base::Octet(octet)) & 0xFFU] ^ c >> 8U;
   return ~c;
 }
 
@@ -32,7 +34,7 @@ void Ajoute32(std::string& octets, std::uint32_t v) {
 
 std::uint32_t Lit32(std::string_view octets, std::size_t i) {
   std::uint32_t v = 0;
-  for (unsigned n = 0; n < 4; ++n) v |= std::uint32_t{static_cast<std::uint8_t>(octets[i + n])} << 8 * n;
+  for (unsigned n = 0; n < 4; ++n) v |= std::uint32_t{base::Octet(octets[i + n])} << 8 * n;
   return v;
 }
 

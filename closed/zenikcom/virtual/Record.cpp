@@ -8,9 +8,8 @@ namespace zenikcom {
 namespace {
 
 std::int32_t Entier32(std::span<const std::uint8_t> octets, std::size_t i) {
-  return static_cast<std::int32_t>(
-      static_cast<std::uint32_t>(octets[i]) | static_cast<std::uint32_t>(octets[i + 1]) << 8U |
-      static_cast<std::uint32_t>(octets[i + 2]) << 16U | static_cast<std::uint32_t>(octets[i + 3]) << 24U);
+  return static_cast<std::int32_t>(std::uint32_t{octets[i]} | std::uint32_t{octets[i + 1]} << 8U |
+                                   std::uint32_t{octets[i + 2]} << 16U | std::uint32_t{octets[i + 3]} << 24U);
 }
 
 constexpr std::uint8_t Rampe = 32, Fin = 128;

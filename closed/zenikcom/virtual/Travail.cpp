@@ -5,13 +5,15 @@
 #include <limits>
 #include <utility>
 
+#include "base/Indices.h"
+
 namespace zenikcom {
 
 Travail::Travail(Machine& machine, int capacite, bool journal)
     : machine_(machine), capacite_(std::max(capacite, 1)), journal_(journal) {}
 
 int Travail::Remplissage() const {
-  return static_cast<int>(attente_.size()) + (mode_ == Mode::Flux && Tourne() ? 1 : 0) + (finRecue_ ? 1 : 0);
+  return base::Compte(attente_.size()) + (mode_ == Mode::Flux && Tourne() ? 1 : 0) + (finRecue_ ? 1 : 0);
 }
 
 std::int64_t Travail::Unites(std::int64_t ns) const {

@@ -7,6 +7,7 @@
 #include "base/ArbreBoites.h"
 #include "base/Indices.h"
 #include "base/Segment.h"
+#include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::lecture::dxf {
 
@@ -108,7 +109,7 @@ std::vector<char> TraitsCouverts(const std::vector<Trait>& traits, const std::ve
       for (const double part : {0.0, 0.31, 0.73}) {
         const Vec2 p{a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
         if (std::isfinite(p.x) && std::isfinite(p.y)) {
-          temoins.push_back({p, static_cast<std::uint32_t>(i)});
+          temoins.push_back({p, Numero32(i)});
         } else {
           couverts[i] = 0;  // it would upset the order of the tree; the drawing will be refused for it
         }

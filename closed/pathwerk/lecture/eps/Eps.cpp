@@ -36,7 +36,7 @@ long LigneDe(std::string_view data, std::string_view ps, long position) {
   const std::string_view debut = data.substr(0, p);
   const char fin = debut.find('\n') == std::string_view::npos ? '\r' : '\n';
   // The reader stands behind the blank that ends the offending word.
-  const long lignes = static_cast<long>(std::count(debut.begin(), debut.end(), fin));
+  const long lignes = std::count(debut.begin(), debut.end(), fin);
   return std::max(1L, debut.ends_with(fin) ? lignes : lignes + 1);
 }
 

@@ -55,7 +55,7 @@ std::optional<double> FormatExcellon::Coordonnee(std::string_view texte) {
   const auto v = LitReel(texte);
   if (!v) return std::nullopt;
   if (texte.find('.') != texte.npos) return *v * Echelle();
-  const auto chiffres = static_cast<int>(std::count_if(texte.begin(), texte.end(), EstChiffre));
+  const auto chiffres = base::Compte(std::count_if(texte.begin(), texte.end(), EstChiffre));
   // With all digits there the zeros settle nothing.
   devine = devine || !formatDit || (!zerosDits && chiffres < entiers + decimales);
   if (gardeTete) {

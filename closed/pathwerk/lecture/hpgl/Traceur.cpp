@@ -93,7 +93,7 @@ void HpglTraceur::Termine() {
   }
   Leve();
   Page();
-  const long sans = static_cast<long>(std::count(sansPlume_.begin(), sansPlume_.end(), 1));
+  const long sans = std::count(sansPlume_.begin(), sansPlume_.end(), 1);
   if (sans == 0 || sans == std::ssize(sansPlume_)) return;
   std::size_t garde = 0;
   for (std::size_t i = 0; i < sansPlume_.size(); ++i) {
