@@ -4,9 +4,12 @@
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
+#include <algorithm>
 #include <filesystem>
+#include <initializer_list>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
@@ -20,39 +23,26 @@ constexpr const char* TypeMime = "application/x-ovelin";
 constexpr const char* NomFichiers = "ovelin";
 constexpr int Poids = 60;  // before the 50 of a type that claims the extension without a word about it
 
-// A value of an entry is one line.
-std::string EchappeBureau(std::string_view texte) {
+// Characters that a file of the desktop writes otherwise.
+using Echappes = std::initializer_list<std::pair<char, std::string_view>>;
+
+std::string Echappe(std::string_view texte, const Echappes& echappes) {
   std::string s;
   for (const char c : texte) {
-    if (c == '\\') {
-      s += "\\\\";
-    } else if (c == '\n') {
-      s += "\\n";
-    } else if (c == '\r') {
-      s += "\\r";
-    } else {
-      s += c;
-    }
+    const auto* const e =
+        std::find_if(echappes.begin(), echappes.end(), [c](const auto& p) { return p.first == c; });
+    s += e == echappes.end() ? std::string_view(&c, 1) : e->second;
   }
   return s;
 }
 
+// A value of an entry is one line.
+std::string EchappeBureau(std::string_view texte) {
+  return Echappe(texte, {{'\\', "\\\\"}, {'\n', "\\n"}, {'\r', "\\r"}});
+}
+
 std::string EchappeXml(std::string_view texte) {
-  std::string s;
-  for (const char c : texte) {
-    if (c == '&') {
-      s += "&amp;";
-    } else if (c == '<') {
-      s += "&lt;";
-    } else if (c == '>') {
-      s += "&gt;";
-    } else if (c == '"') {
-      s += "&quot;";
-    } else {
-      s += c;
-    }
-  }
-  return s;
+  return Echappe(texte, {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}});
 }
 
 // True when the file has been written, not when it was the same already or can't be.
