@@ -30,7 +30,7 @@ struct Code2 {
     }
   }
   constexpr bool operator==(const Code2&) const = default;
-  constexpr auto operator<=>(const Code2&) const = default;  // NOLINT(modernize-use-nullptr): it sees a pointer here
+  constexpr auto operator<=>(const Code2&) const = default;  // NOLINT(modernize-use-nullptr): no pointer
   // 32-bit key for look-up tables.
   [[nodiscard]] constexpr std::uint32_t Cle() const {
     return (static_cast<std::uint32_t>(c[0]) << 16) | static_cast<std::uint32_t>(c[1]);
