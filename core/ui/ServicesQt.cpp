@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QThread>
 #include <QTimer>
@@ -96,25 +97,27 @@ QMessageBox::Icon IconeDe(Icone icone) {
   return QMessageBox::NoIcon;
 }
 
-// The first button is the default one; Escape and the window's cross answer as the most careful button does.
-Reponse MontreBoite(const BoiteMessage& boite) {
-  QMessageBox box(Proprietaire());
-  box.setObjectName(QStringLiteral("Boite"));
-  box.setWindowTitle(QString::fromStdString(boite.titre.empty() ? "OVELIN" : boite.titre));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(QString::fromStdString(boite.texte));
-  box.setIcon(IconeDe(boite.icone));
-  const QMessageBox::StandardButtons boutons = BoutonsDe(boite.boutons);
-  box.setStandardButtons(boutons);
-  for (const Bouton& b : BoutonsConnus) {
-    if (boutons.testFlag(b.bouton)) box.button(b.bouton)->setText(TexteBouton(b, boite));
+// A word that is longer than a line of a box, a path above all, may be broken behind its strokes: a box as wide as
+// the path would go beyond the screen. Other texts stay as they are.
+QString Cassable(const QString& texte) {
+  constexpr int MotMax = 60;
+  constexpr QChar Cassure(0x200B);  // of no width
+  static const QRegularExpression Blanc(QStringLiteral("\\s"));
+  QString casse;
+  for (qsizetype debut = 0; debut < texte.size();) {
+    qsizetype fin = texte.indexOf(Blanc, debut);
+    if (fin < 0) fin = texte.size();
+    QString mot = texte.mid(debut, fin - debut);
+    if (mot.size() > MotMax) mot.replace(QLatin1Char('/'), QStringLiteral("/") + Cassure);
+    casse += mot + texte.mid(fin, 1);
+    debut = fin + 1;
   }
-  box.setDefaultButton(boutons.testFlag(QMessageBox::Ok) ? QMessageBox::Ok : QMessageBox::Yes);
-  const auto sortie = boutons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel
-                      : boutons.testFlag(QMessageBox::No)   ? QMessageBox::No
-                                                            : QMessageBox::Ok;
-  box.setEscapeButton(sortie);
-  const int appuye = box.exec();
+  return casse;
+}
+
+Reponse MontreBoite(const BoiteMessage& boite) {
+  const std::unique_ptr<QMessageBox> box = FaitBoite(boite, Proprietaire());
+  const int appuye = box->exec();
   for (const Bouton& b : BoutonsConnus) {
     if (b.bouton == appuye) return b.reponse;
   }
@@ -391,6 +394,26 @@ void InstalleServicesQt() {
   Svc.Battement = BatQt;
   Svc.MarqueDecimale = QLocale::system().decimalPoint() == QLatin1String(",") ? ',' : '.';
   ChoisitCouleur = ChoisitCouleurQt;
+}
+
+std::unique_ptr<QMessageBox> FaitBoite(const BoiteMessage& boite, QWidget* proprietaire) {
+  auto box = std::make_unique<QMessageBox>(proprietaire);
+  box->setObjectName(QStringLiteral("Boite"));
+  box->setWindowTitle(QString::fromStdString(boite.titre.empty() ? "OVELIN" : boite.titre));
+  box->setTextFormat(Qt::PlainText);
+  box->setText(Cassable(QString::fromStdString(boite.texte)));
+  box->setIcon(IconeDe(boite.icone));
+  const QMessageBox::StandardButtons boutons = BoutonsDe(boite.boutons);
+  box->setStandardButtons(boutons);
+  for (const Bouton& b : BoutonsConnus) {
+    if (boutons.testFlag(b.bouton)) box->button(b.bouton)->setText(TexteBouton(b, boite));
+  }
+  box->setDefaultButton(boutons.testFlag(QMessageBox::Ok) ? QMessageBox::Ok : QMessageBox::Yes);
+  const auto sortie = boutons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel
+                      : boutons.testFlag(QMessageBox::No)   ? QMessageBox::No
+                                                            : QMessageBox::Ok;
+  box->setEscapeButton(sortie);
+  return box;
 }
 
 void ChoisitProprietaire(QWidget* fenetre) { Choisi = fenetre; }

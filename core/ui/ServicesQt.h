@@ -2,17 +2,23 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
 #include "base/SansCopie.h"
 #include "core/Services.h"
 
 class QCloseEvent;
+class QMessageBox;
 
 namespace ovelin {
 
 // Boxes, file dialogs, prompt, clock, sleep, beep, events, the worker. Progress, panels, lists and the size dialog
 // belong to the main window, which fills them itself.
 void InstalleServicesQt();
+
+// A message or a question as it is shown. The first button is the default one; Escape and the window's cross answer
+// as the most careful button does.
+std::unique_ptr<QMessageBox> FaitBoite(const BoiteMessage& boite, QWidget* proprietaire);
 
 // Owner of dialogs: the window that is in front, or the one set here.
 void ChoisitProprietaire(QWidget* fenetre);

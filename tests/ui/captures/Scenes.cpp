@@ -1,17 +1,23 @@
 #include "tests/ui/captures/Scenes.h"
 
+#include <QMessageBox>
 #include <QTabBar>
 #include <QToolButton>
+#include <filesystem>
 
 #include "app/ovelin/Composition.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/Services.h"
+#include "core/Textes.h"
+#include "core/ui/ServicesQt.h"
 #include "gcode/ui/F_Gcode.h"
 #include "run/Module_GCode.h"
 #include "tests/ui/support/SupportUi.h"
+#include "workspace/Module_Reprise.h"
 #include "workspace/ui/F_Representation.h"
+#include "workspace/ui/F_Reprise.h"
 
 namespace captures {
 
@@ -47,6 +53,48 @@ std::function<void(QWidget&)> Programme(int vue) {
   };
 }
 
+// Work of two drawings that waits.
+std::unique_ptr<QWidget> DeuxReprises() {
+  namespace fs = std::filesystem;
+  ovelin::DossierReprises = ovelin::DossierTemp + "/reprises";
+  fs::create_directories(ovelin::DossierReprises);
+  int n = 0;
+  for (const char* nom : {"equerre-attaches.OVL", "plaque-poches.OVL"}) {
+    const std::string garde = ovelin::DossierReprises + "/" + std::to_string(++n);
+    fs::copy_file(essai::DossierExemples() + "/" + nom, garde + ".reprise", fs::copy_options::overwrite_existing);
+    ovelin::EcritFichierEntier(garde + ".dessin", std::string("/home/atelier/dessins/") + nom);
+  }
+  return std::make_unique<ovelin::F_Reprise>();
+}
+
+// A box as the services show it.
+Scene SceneBoite(const std::string& nom, ovelin::CleTexte texte, const std::string& suite, ovelin::Icone icone,
+                 ovelin::Boutons boutons) {
+  const auto construit = [=]() -> std::unique_ptr<QWidget> {
+    ovelin::BoiteMessage boite = ovelin::BoiteDe(texte, icone, boutons);
+    boite.texte += suite;
+    return ovelin::FaitBoite(boite, nullptr);
+  };
+  return {nom, "", false, construit, {}, {{}}};
+}
+
+std::vector<Scene> Boites() {
+  using ovelin::Boutons;
+  using ovelin::Icone;
+  using ovelin::Textes;
+  std::string chemin = "/home";
+  for (int i = 0; i < 12; ++i) chemin += "/un-dossier-de-dessins";
+  return {SceneBoite("Boite-lecture", Textes::LectureRefusee, "\n" + chemin + "/plaque.dxf: 12", Icone::Critique,
+                     Boutons::Ok),
+          SceneBoite("Boite-travail", Textes::TravailNonEnregistre, "\nplaque.dxf", Icone::Question,
+                     Boutons::OuiNonAnnuler),
+          SceneBoite("Boite-defaut", Textes::DefautPuisFin, "", Icone::Question, Boutons::OuiNon),
+          SceneBoite("Boite-valeur", Textes::ValeurRefusee,
+                     "\n" + chemin + "/OVELIN.ini:3: RayonFraise=1.5mm\n" + chemin +
+                         "/OVELIN.ini:17: DB2=Bois 1.5mm Diamant -4 -4 8.33 2 5 4",
+                     Icone::Exclamation, Boutons::Ok)};
+}
+
 std::vector<Scene> Principales() {
   const QSize petite(1024, 700), moyenne(1280, 800), grande(1600, 1000);
   return {
@@ -71,6 +119,8 @@ std::vector<QSize> TaillesDe(const std::string& nom) {
 
 std::vector<Scene> Scenes() {
   std::vector<Scene> scenes = Principales();
+  for (Scene& boite : Boites()) scenes.push_back(std::move(boite));
+  scenes.push_back({"F_Reprise-deux", "", false, DeuxReprises, {}, {{}, {400, 360}, {900, 700}}});
   for (const ovelin::LigneFenetre& ligne : ovelin::TableFenetres()) {
     const auto construit = [&ligne] { return ovelin::FaitFenetre(ligne, nullptr); };
     scenes.push_back({ligne.nom, "plaque.dxf", false, construit, {}, TaillesDe(ligne.nom)});

@@ -263,3 +263,26 @@ TEST_F(ServicesQt, FilesAndAddressesGoToTheDesktopAsWhatTheyAre) {
 }  // namespace
 
 #include "test_ServicesQt.moc"
+
+BoiteMessage LongueBoite() {
+  BoiteMessage boite = UneBoite(Boutons::OuiNonAnnuler, Icone::Question);
+  boite.texte = "Can't be read:\n/home/someone";
+  for (int i = 0; i < 30; ++i) boite.texte += "/a-folder-of-drawings";
+  boite.texte += "/drawing.dxf: 12";
+  return boite;
+}
+
+TEST_F(ServicesQt, APathOfAnyLengthFindsItsRoomInABox) {
+  const auto box = FaitBoite(LongueBoite(), nullptr);
+  essai::Montre(*box);
+  EXPECT_LT(box->width(), 800);
+  EXPECT_EQ(essai::TextesCoupesEnTexte(*box), "");
+  QString texte = box->text();
+  EXPECT_EQ(texte.remove(QChar(0x200B)).toStdString(), LongueBoite().texte);
+}
+
+TEST_F(ServicesQt, ATextOfShortWordsIsShownAsItIs) {
+  BoiteMessage boite = UneBoite(Boutons::Ok);
+  boite.texte = "/tmp/a.dxf can't be read.\n\n/tmp/b.dxf neither\n";
+  EXPECT_EQ(FaitBoite(boite, nullptr)->text().toStdString(), boite.texte);
+}
