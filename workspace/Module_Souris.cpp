@@ -67,12 +67,6 @@ void Finit(SuiteSouris& suite) {
   Souris.glissement = Glissement::Aucun;
 }
 
-void Attache(const PointTrace& clic, bool enleve, SuiteSouris& suite) {
-  const bool fait = enleve ? EnleveAttache(clic.X, clic.Y) : AjouteAttache(clic.X, clic.Y);
-  suite.listes = fait;
-  suite.redessine = fait;
-}
-
 // The paths that lie wholly within the band become the selection; with Control they are added to it.
 void SelectionneBande(const TailleImage& taille, bool controle) {
   const PointTrace a = EnDessin(taille, Souris.x0, Souris.y0);
@@ -176,7 +170,12 @@ SuiteSouris PB1_MouseDown(const EvenementSouris& e, const TailleImage& taille) {
   } else if ((e.bouton == Bouton2 && !e.majuscule) || e.bouton == BoutonMilieu) {
     Commence(Glissement::Panorama, e, suite);
   } else if (Souris.mnu_Lever) {
-    Attache(clic, e.majuscule, suite);
+    // Lists and picture are the procedures' own.
+    if (e.majuscule) {
+      EnleveAttache(clic.X, clic.Y);
+    } else {
+      AjouteAttache(clic.X, clic.Y);
+    }
   } else if (selectionne && e.majuscule) {
     Commence(Glissement::Selection, e, suite);
   }

@@ -54,7 +54,6 @@ extern EtatSouris Souris;
 struct SuiteSouris {
   bool redessine = false;  // Dessin
   bool initSeq = false;    // panel Frame_Sequence, nodes of the selection in both trees
-  bool listes = false;     // the drawing has changed: trees and lists anew
   bool bande = false;      // the rubber band appears, moves or goes (BandeSouris)
   bool outils = false;     // buttons mnu_Lever and mnu_ZoomSelection, pointer and tool tip
   bool positions = false;  // the three panels take `panneaux`

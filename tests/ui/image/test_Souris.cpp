@@ -275,11 +275,11 @@ int Attaches() {
 TEST(OutilAttache, AClickAddsAndWithShiftRemoves) {
   DeuxCarres();
   Atelier a;
+  Svc.Rafraichit = [&a] { a.image.Dessin(); };
   mnu_Lever_Click();
   QTest::mouseClick(&a.image, Qt::LeftButton, Qt::NoModifier, a.Pixel(0, 20));
   EXPECT_EQ(Attaches(), 1);
   EXPECT_EQ(a.Selectionnees(), 0) << "no selection with this tool";
-  EXPECT_TRUE(Demande(a, &SuiteSouris::listes));
   EXPECT_LT(Ecart(a.Trouve(0, 20, QColor(0, 0, 100)), QColor(0, 0, 100)), 40) << "redrawn with its mark";
   QTest::mouseClick(&a.image, Qt::LeftButton, Qt::ShiftModifier, a.Pixel(0, 20));
   EXPECT_EQ(Attaches(), 0);

@@ -42,8 +42,7 @@ std::string Choisies() {
 }
 
 bool ReponseVide(const SuiteSouris& s) {
-  return !s.redessine && !s.initSeq && !s.listes && !s.bande && !s.outils && !s.positions && !s.menu &&
-         !s.pageOutil;
+  return !s.redessine && !s.initSeq && !s.bande && !s.outils && !s.positions && !s.menu && !s.pageOutil;
 }
 
 int Attaches() {
@@ -116,7 +115,6 @@ TEST(PB1_MouseDown, SelectsTheNearestPathHoweverFar) {
   EXPECT_EQ(SeqCourante, Code2(" B"));
   EXPECT_TRUE(s.initSeq);
   EXPECT_TRUE(s.redessine);
-  EXPECT_FALSE(s.listes);
 }
 
 TEST(PB1_MouseDown, WithoutControlTheNewPathReplacesTheSelection) {
@@ -249,6 +247,8 @@ TEST(RelacheOutils, BothToolsAreOffForANewDrawing) {
 
 TEST(PB1_MouseDown, TheAttachmentToolAddsAPointWithoutTouchingTheSelection) {
   DeuxTraits();
+  int rafraichis = 0;
+  Svc.Rafraichit = [&rafraichis] { ++rafraichis; };
   mnu_Lever_Click();
   const SuiteSouris s = Presse(Bouton1, 35, 21);
   EXPECT_EQ(Attaches(), 1);
@@ -256,18 +256,19 @@ TEST(PB1_MouseDown, TheAttachmentToolAddsAPointWithoutTouchingTheSelection) {
   EXPECT_FLOAT_EQ(TraceInitial[1].X, 35);
   EXPECT_FLOAT_EQ(TraceInitial[1].Y, 20);
   EXPECT_EQ(Choisies(), "");
-  EXPECT_TRUE(s.listes);
-  EXPECT_TRUE(s.redessine);
-  EXPECT_FALSE(s.initSeq);
+  EXPECT_EQ(rafraichis, 1);
+  EXPECT_TRUE(ReponseVide(s)) << "drawn once, which is one step of undo";
 }
 
 TEST(PB1_MouseDown, TheAttachmentToolWithShiftRemovesTheNearest) {
   DeuxTraits();
   mnu_Lever_Click();
   Presse(Bouton1, 35, 21);
-  const SuiteSouris s = Presse(Bouton1, 34, 20, true);
+  int rafraichis = 0;
+  Svc.Rafraichit = [&rafraichis] { ++rafraichis; };
+  Presse(Bouton1, 34, 20, true);
   EXPECT_EQ(Attaches(), 0);
-  EXPECT_TRUE(s.listes);
+  EXPECT_EQ(rafraichis, 1);
 }
 
 TEST(PB1_MouseDown, ARefusedAttachmentChangesNothing) {
