@@ -70,6 +70,13 @@ bool EntreHautDeg(const std::string& texte) {
   return true;
 }
 
+bool LaisseHautDeg(const std::string& texte) {
+  const auto v = NombreDuTexte(texte);
+  if (v && *v < 0) return false;
+  if (HautDeg < 0) HautDeg = 0;
+  return true;
+}
+
 bool EntrePCPoche(const std::string& texte) {
   const auto v = NombreDuTexte(texte);
   if (!v) return false;

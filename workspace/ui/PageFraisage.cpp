@@ -52,16 +52,6 @@ constexpr LigneOutil LignesOutil[] = {
      [] { return TexteNombre(ProfPasse); }, Textes::ProfondeurNonNegative},
 };
 
-// The rule of the height looks at the one in force, so that a negative entry would get through once: it stops here.
-// One that is in force already, out of a project or the settings, gives way to any good entry.
-bool GardeHautDeg(const std::string& texte) {
-  const auto v = NombreDuTexte(texte);
-  if (!v) return true;
-  if (*v < 0) return false;
-  if (HautDeg < 0) HautDeg = 0;
-  return true;
-}
-
 // What a value of the overlap means that is no overlap; nothing for 0 to 99.
 QString AvisPoche(int pourCent) {
   if (pourCent < 0) return TexteQt(Textes::PocheNegative);
@@ -209,7 +199,7 @@ void PageFraisage::FocusLargeurEncoche() {
 
 // A refused value that is in force all the same stays in sight with its reason.
 void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte) {
-  if (champ.entre == EntreHautDeg && !GardeHautDeg(texte)) {
+  if (champ.entre == EntreHautDeg && !LaisseHautDeg(texte)) {
     return champ.saisie->Refuse(TexteQt(*champ.raison), NombreDuTexte(texte) == NombreDuTexte(champ.valeur()));
   }
   if (champ.entre(texte)) {

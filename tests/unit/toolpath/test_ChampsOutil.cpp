@@ -170,3 +170,22 @@ TEST_F(EntreProfPasse_, IgnoresWhatIsNoNumber) {
   EXPECT_FALSE(EntreProfPasse("-"));
   EXPECT_EQ(ProfPasse, -1);
 }
+
+TEST_F(EntreHautDeg_, NoEntryBelowZeroGetsToItsRule) {
+  EXPECT_FALSE(LaisseHautDeg("-4"));
+  EXPECT_EQ(HautDeg, 10);
+  EXPECT_TRUE(LaisseHautDeg("0"));
+  EXPECT_TRUE(LaisseHautDeg("7"));
+  EXPECT_EQ(HautDeg, 10) << "the rule stores it";
+}
+
+TEST_F(EntreHautDeg_, AHeightBelowZeroThatIsInForceBecomesZeroBeforeItsRule) {
+  for (const char* texte : {"8", "abc"}) {
+    HautDeg = -4;
+    EXPECT_TRUE(LaisseHautDeg(texte));
+    EXPECT_EQ(HautDeg, 0) << texte;
+  }
+  HautDeg = -4;
+  EXPECT_FALSE(LaisseHautDeg("-1"));
+  EXPECT_EQ(HautDeg, -4);
+}
