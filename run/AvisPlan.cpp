@@ -35,10 +35,19 @@ std::string Origine() {
   }
 }
 
-// Greatest depth of the milled paths, and of those with a notch.
+// Greatest depth of the milled paths, and of those with a notch; whether there is a pocket among them.
 struct Fonds {
   double tous = 0, attaches = 0;  // mm, positive
+  bool poche = false;
 };
+
+// What the overlap in force makes of a pocket, where it is none.
+std::optional<CleTexte> AvisPoche() {
+  if (PCPoche < 0) return Textes::PocheNegative;
+  if (PCPoche == 100) return Textes::PocheEntiere;
+  if (PCPoche > 100) return Textes::PocheExcessive;
+  return std::nullopt;
+}
 
 Fonds FondsDuTrajet() {
   const IndexCodes index(Doc);
@@ -47,6 +56,7 @@ Fonds FondsDuTrajet() {
     const ProprietesSequence p = ProprietesDe(Sequences, index, trace.Seq);
     if (p.Fraiser == Faux || trace.Points.empty()) continue;
     f.tous = std::max(f.tous, -p.Profondeur);
+    f.poche = f.poche || p.Poche != Faux;
     const bool encoche =
         std::any_of(trace.Points.begin(), trace.Points.end(), [](const PointTrace& q) { return q.Cde == CodePE; });
     if (encoche) f.attaches = std::max(f.attaches, -p.Profondeur);
@@ -91,6 +101,7 @@ std::vector<AvisPlan> AvisDuPlan() {
   if (fonds.tous > libre) dit(Textes::AvisProfondeur, Mm(fonds.tous) + " > " + Mm(libre));
   const double courte = PlusCourteAttachee();
   if (LargeurEncoche > courte) dit(Textes::AvisEncoche, Mm(LargeurEncoche) + " > " + Mm(courte));
+  if (const auto poche = AvisPoche(); poche && fonds.poche) dit(*poche, "PCPoche = " + std::to_string(PCPoche));
   if (RayonFraise > RayonMax) dit(Textes::AvisRayon, Mm(RayonFraise));
   return avis;
 }

@@ -20,7 +20,7 @@ struct RefusPlan {
 std::optional<RefusPlan> VerifieHautDeg();
 
 // Keys and texts of what is warned of and not refused: attachment points with a bridge of no height, a depth beyond
-// the travel, a bridge that is wider than its path, a radius above 50 mm.
+// the travel, a bridge that is wider than its path, a radius above 50 mm, an overlap of pockets outside 0 to 99 %.
 struct AvisPlan {
   std::string cle, texte;
 };

@@ -44,8 +44,7 @@ FiguresPlan FiguresDe(std::span<const Deplacement> lignes) {
   CumulLignes cumul;
   for (std::size_t i = 1; i < lignes.size(); ++i) {
     const Deplacement& d = lignes[i];
-    const double distance = cumul.Va(d.X, d.Y, d.Z, d.Vitesse);
-    if (d.Z <= 0) f.longueurMatiere += distance;
+    cumul.Va(d.X, d.Y, d.Z, d.Vitesse);
     f.fond = std::min<double>(f.fond, d.Z);
     Etend(f, lignes[i - 1], d);
     ++f.lignes;

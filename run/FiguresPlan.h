@@ -13,11 +13,10 @@ namespace ovelin {
 
 // What a table of moves comes to.
 struct FiguresPlan {
-  double longueur = 0;         // mm, from the origin on
-  double longueurMatiere = 0;  // mm, of the moves that end at or below the surface
-  double temps = 0;            // s at row speed, without ramps
-  std::int32_t lignes = 0;     // moves
-  double fond = 0;             // lowest Z, mm
+  double longueur = 0;      // mm, from the origin on
+  double temps = 0;         // s at row speed, without ramps
+  std::int32_t lignes = 0;  // moves
+  double fond = 0;          // lowest Z, mm
   // Where the tool cuts, mm. Nothing of it is set without a cut.
   bool coupe = false;
   double xmin = 0, xmax = 0, ymin = 0, ymax = 0;

@@ -114,4 +114,22 @@ TEST(AvisDuPlan, TellsARadiusAboveFifty) {
   EXPECT_THAT(Cles(), ElementsAre("Avis_rayon"));
 }
 
+TEST(AvisDuPlan, TellsAnOverlapOfPocketsThatIsNone) {
+  ReglagesPlan();
+  AjouteTrajet(" A", -2, Carre);
+  PCPoche = 1000;
+  EXPECT_THAT(Cles(), IsEmpty()) << "no pocket";
+  Sequences[0].Poche = Vrai;
+  EXPECT_THAT(Cles(), ElementsAre("TB_PCPoche_plus"));
+  EXPECT_THAT(AvisDuPlan()[0].texte, HasSubstr("PCPoche = 1000"));
+  PCPoche = 100;
+  EXPECT_THAT(Cles(), ElementsAre("TB_PCPoche_100"));
+  PCPoche = -1;
+  EXPECT_THAT(Cles(), ElementsAre("TB_PCPoche_negatif"));
+  for (const std::int16_t usuel : {std::int16_t{0}, std::int16_t{99}}) {
+    PCPoche = usuel;
+    EXPECT_THAT(Cles(), IsEmpty()) << usuel;
+  }
+}
+
 }  // namespace
