@@ -78,18 +78,20 @@ std::optional<FauteCle> JugeNombre(std::string_view valeur, const Genre& genre) 
   return *v < genre.min || *v > genre.max ? std::optional(FauteCle::Limites) : std::nullopt;
 }
 
-// Name, radius, tool, depth, depth of a pass, two speeds, width and height of the notches, parted by tabs.
-std::optional<FauteCle> JugeFiche(std::string_view valeur) {
+// Name, radius, tool, depth, depth of a pass, two speeds, width and height of the notches, parted by tabs. A row of
+// the file may have fields that were left empty; one that is given has all.
+std::optional<FauteCle> JugeFiche(std::string_view valeur, bool entiere) {
   constexpr std::size_t nombreChamps = 9;
   std::size_t rang = 0;
   for (std::string_view reste = valeur;; ++rang) {
     const std::size_t fin = reste.find('\t');
-    const bool texte = rang == 0 || rang == 2;
-    if (!texte && JugeNombre(reste.substr(0, fin), Longueur)) return FauteCle::Illisible;
+    const std::string_view champ = reste.substr(0, fin);
+    const bool juge = rang != 0 && rang != 2 && rang < nombreChamps && (entiere || !Rogne(champ).empty());
+    if (juge && JugeNombre(champ, Longueur)) return FauteCle::Illisible;
     if (fin == std::string_view::npos) break;
     reste = reste.substr(fin + 1);
   }
-  return rang + 1 == nombreChamps ? std::nullopt : std::optional(FauteCle::Illisible);
+  return !entiere || rang + 1 == nombreChamps ? std::nullopt : std::optional(FauteCle::Illisible);
 }
 
 // Whether this is the key of a field of a machine table; `nom` in capitals.
@@ -153,7 +155,7 @@ std::optional<FauteCle> JugeCle(std::string_view cle, std::string_view valeur) {
   }
   if (EstChamp(nom)) return JugeNombre(valeur, Entier32);
   if (const auto rang = Rang(nom, cles::DB))
-    return *rang > 0 ? JugeFiche(valeur) : std::optional(FauteCle::Inconnue);
+    return *rang > 0 ? JugeFiche(valeur, true) : std::optional(FauteCle::Inconnue);
   if (const auto rang = Rang(nom, Majuscules(cles::MRUFiles)); rang && *rang > 0) return std::nullopt;
   if (nom.starts_with("F_")) {
     for (const std::string_view suffixe : Placements) {
@@ -177,6 +179,16 @@ void AvertitValeurs(const std::vector<ValeurIllisible>& valeurs) {
   boite.fichier = valeurs.front().fichier;
   boite.ligne = valeurs.front().ligne;
   Svc.Montre(boite);
+}
+
+std::optional<ValeurIllisible> FicheIllisible(int rang) {
+  const SansProjet reglages;
+  const std::string cle = cles::DB + std::to_string(rang);
+  const std::string valeur = LireCle(cle, "");
+  if (Surchargee(cle) || !JugeFiche(valeur, false)) return std::nullopt;
+  std::vector<ValeurIllisible> liste;
+  AjouteIni(liste, NomProgramme, cle, valeur);
+  return liste.front();
 }
 
 std::vector<ValeurIllisible> ReglagesIllisibles() {

@@ -24,6 +24,10 @@ std::optional<FauteCle> JugeCle(std::string_view cle, std::string_view valeur);
 // "path:line: key=value" for the eye.
 std::string TexteValeur(const ValeurIllisible& v);
 
+// A row of the material database whose numbers can't all be read; `rang` from 1. A field that was left empty is
+// none of them. Nothing where the row can be taken, or isn't there.
+std::optional<ValeurIllisible> FicheIllisible(int rang);
+
 // The numbers among the settings in force that the open project or the settings file holds in a form that can't be
 // read, and those of the machine table in force.
 std::vector<ValeurIllisible> ReglagesIllisibles();

@@ -82,7 +82,7 @@ void TrouveDossiers(const OptionsDemarrage& options) {
   }
   std::error_code erreur;
   std::filesystem::create_directories(options.config, erreur);  // a failure shows when the settings are written
-  DossierProgramme = options.config;
+  DossierProgramme = CheminComplet(options.config);  // the settings file of a first start holds paths of it
   TrouveDossiersProduit(options.dossierExecutable);
 }
 

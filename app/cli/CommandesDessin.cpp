@@ -209,6 +209,7 @@ int Info(Contexte& contexte, const std::string& dessin) {
   objet["closed"] = fermees;
   objet["open"] = nombre - fermees;
   objet["bounds"] = Bornes(Xmin, Xmax, Ymin, Ymax);
+  objet["codes"] = {PlusPetitCode().Texte(), PlusGrandCode().Texte()};
   objet["skipped"] = Json::object();
   for (const auto& [genre, combien] : lu.rapport.Ignores) objet["skipped"][genre] = combien;
   objet["message"] = lu.message;

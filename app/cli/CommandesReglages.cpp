@@ -41,7 +41,7 @@ bool TableConnue(const std::string& nom) {
 }
 
 int TableInconnue(const Contexte& contexte, const std::string& nom) {
-  return Echec(contexte, Textes::TableInconnue, " " + nom);
+  return Echec(contexte, Textes::TableInconnue, DansReglages(nom), CheminIni());
 }
 
 constexpr const char* NomsChamps[] = {"name",   "radius", "tool",        "depth",       "pass",
@@ -173,7 +173,7 @@ int PoseMateriau(Contexte& contexte, const std::vector<std::string>& champs) {
 int EffaceMateriau(Contexte& contexte, const std::string& nom) {
   auto fiches = LitFiches();
   const int rang = RangMateriau(nom);
-  if (rang == 0) return Echec(contexte, Textes::MateriauInconnu, " " + nom);
+  if (rang == 0) return Echec(contexte, Textes::MateriauInconnu, DansReglages(nom), CheminIni());
   fiches.erase(fiches.begin() + (rang - 1));
   const EcritureReglages ecriture;
   EcritFiches(fiches);

@@ -293,10 +293,12 @@ int Demarre(Contexte& contexte) {
     bool connue = false;
     for (const std::string& nom : ovelin::ListeTables())
       connue = connue || Majuscules(nom) == Majuscules(contexte.table);
-    if (!connue) return Echec(contexte, Textes::TableInconnue, " " + contexte.table);
+    if (!connue) return Echec(contexte, Textes::TableInconnue, DansReglages(contexte.table), CheminIni());
   }
   return Fait;
 }
+
+std::string DansReglages(const std::string& nom) { return " " + nom + " (" + CheminIni() + ")"; }
 
 int RangMateriau(const std::string& nom) {
   const auto fiches = LitFiches();
@@ -318,9 +320,13 @@ int RefuseValeur(const Contexte& contexte, const std::string& cle, const std::st
 
 int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* contenu) {
   int rang = 0;
+  std::vector<ValeurIllisible> valeurs;
   if (!contexte.materiau.empty()) {
     rang = RangMateriau(contexte.materiau);
-    if (rang == 0) return Echec(contexte, Textes::MateriauInconnu, " " + contexte.materiau);
+    if (rang == 0) {
+      return Echec(contexte, Textes::MateriauInconnu, DansReglages(contexte.materiau), CheminIni());
+    }
+    if (auto v = FicheIllisible(rang)) valeurs.push_back(std::move(*v));
   }
   OptionsOuverture options;
   options.ecritFichier = false;
@@ -334,7 +340,8 @@ int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* conten
     if (contexte.derniere.fichier.empty()) contexte.derniere.fichier = chemin;
     return EchecBoite(contexte);
   }
-  if (const int etat = JugeValeurs(contexte, lu.illisibles)) return etat;
+  valeurs.insert(valeurs.end(), lu.illisibles.begin(), lu.illisibles.end());
+  if (const int etat = JugeValeurs(contexte, std::move(valeurs))) return etat;
   if (contenu != nullptr) *contenu = std::move(lu);
   if (rang != 0) {
     // An answer No to the question of unequal depths keeps the depths of the paths and leaves the traces as they

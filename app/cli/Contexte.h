@@ -69,6 +69,8 @@ int VerifieSortie(const Contexte& contexte, const std::string& sortie, std::stri
 // Writes a result file whole; 0 or 1.
 int EcritResultat(const Contexte& contexte, const std::string& chemin, std::string_view octets);
 
+// Behind the text of a name that the settings file doesn't hold: the name, and the file that was looked at.
+std::string DansReglages(const std::string& nom);
 // Number of a row of the material database by its name (either case); 0 when there is none.
 int RangMateriau(const std::string& nom);
 

@@ -15,6 +15,7 @@
 #include "core/Reglages.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
+#include "core/ValeursCles.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
@@ -232,7 +233,10 @@ bool Texte(const Arguments& a) {
 
 bool Materiau(const Arguments& a) {
   const int rang = RangMateriau(a.Texte("materiau"));
-  if (rang == 0) throw MauvaisArgument(Traduire(Textes::MateriauInconnu) + " " + a.Texte("materiau"));
+  if (rang == 0) throw MauvaisArgument(Traduire(Textes::MateriauInconnu) + DansReglages(a.Texte("materiau")));
+  if (const auto v = FicheIllisible(rang)) {
+    throw MauvaisArgument(Traduire(Textes::ValeurRefusee) + " " + TexteValeur(*v));
+  }
   AppliqueMateriau(rang);
   return true;
 }
@@ -283,7 +287,7 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"TB_RayonFraise", [](A a) { return EntreRayonFraise(a.Champ("valeur")); }},
       {"TB_LargeurEncoche", [](A a) { return EntreLargeurEncoche(a.Champ("valeur")); }},
       {"TB_MiniEncoche", [](A a) { return EntreMiniEncoche(a.Champ("valeur")); }},
-      {"TB_HautDeg", [](A a) { return EntreHautDeg(a.Champ("valeur")); }},
+      {"TB_HautDeg", [](A a) { return LaisseHautDeg(a.Champ("valeur")) && EntreHautDeg(a.Champ("valeur")); }},
       {"TB_PCPoche", [](A a) { return EntrePCPoche(a.Champ("valeur")); }},
       {"TB_ProfPasse", [](A a) { return EntreProfPasse(a.Champ("valeur")); }},
       {"CB_BD", [](A a) { return Materiau(a); }},

@@ -9,6 +9,7 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
+#include "core/ValeursCles.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/TraduitFenetre.h"
@@ -45,14 +46,8 @@ Executions F_Representation::ToutesExecutions() {
   e["mnu_ZoomPlus"] = [this] { Redessine(mnu_ZoomPlus()); };
   e["mnu_ZoomMoins"] = [this] { Redessine(mnu_ZoomMoins()); };
   e["mnu_Zoom1"] = [this] { Redessine(mnu_Zoom1(PB1_->Taille())); };
-  e["mnu_ZoomSelection"] = [this] {
-    SuitSouris(mnu_ZoomSelection_Click());
-    SuitOutils();
-  };
-  e["mnu_Lever"] = [this] {
-    SuitSouris(mnu_Lever_Click());
-    SuitOutils();
-  };
+  e["mnu_ZoomSelection"] = [this] { SuitSouris(mnu_ZoomSelection_Click()); };
+  e["mnu_Lever"] = [this] { SuitSouris(mnu_Lever_Click()); };
   e["mnu_NumPoint"] = [this] {
     PB1_->NumPoint(commandes_->Action("mnu_NumPoint")->isChecked());
     PB1_->Dessin();
@@ -251,12 +246,14 @@ void F_Representation::RemplitCB_BD() {
   combo->clear();
   combo->addItem(QString::fromStdString(Traduire(Textes::AucunMateriau)));
   for (const FicheMateriau& fiche : LitFiches()) combo->addItem(QString::fromStdString(fiche.champs[0]));
-  combo->setCurrentIndex(0);
   BulleMateriau();
 }
 
 void F_Representation::ChoisitMateriau(int rang) {
-  if (rang > 0) AppliqueMateriau(rang);
+  if (rang > 0) {
+    if (const auto illisible = FicheIllisible(rang)) AvertitValeurs({*illisible});
+    AppliqueMateriau(rang);
+  }
   panneau_->Fraisage()->RemplitOutil();
   panneau_->InitSeq();
   BulleMateriau();

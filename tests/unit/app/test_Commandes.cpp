@@ -28,6 +28,7 @@ TEST(Info, TellsTheOpenedDrawingAndWhatTheFileHeld) {
   EXPECT_EQ(j["sequences"], 2);
   EXPECT_EQ(j["closed"], 2);
   EXPECT_EQ(j["open"], 0);
+  EXPECT_EQ(j["codes"], json::array({" A", " B"}));
   EXPECT_EQ(j["skipped"]["TEXT"], 1);
   EXPECT_NE(j["message"].get<std::string>().find("TEXT 1"), std::string::npos);
   // In the file from 0 to 40; opened, 5 mm from the origin.

@@ -247,4 +247,42 @@ TEST(Edit, AnOperationOnTheSelectionNeedsOne) {
   }
 }
 
+TEST(Material, ARowThatCantBeReadStopsAJobWithItsLine) {
+  const Atelier a;
+  const std::string dxf = a.Ecrit("c.dxf", Carre);
+  a.Ecrit("OVELIN.ini",
+          "[OVELIN]\r\nDB1=Bois&&1&&A&&-3&&-1&&2&&2&&5&&0\r\nDB2=Or&&0.8x&&A&&-3&&-1&&2&&2&&5&&0\r\n");
+  EXPECT_EQ(a.Appelle({"gcode", dxf, "-o", a.Chemin("b.nc"), "--material", "Bois"}).etat, 0);
+  const Retour r = a.Appelle({"gcode", dxf, "-o", a.Chemin("c.nc"), "--material", "Or", "--json"});
+  EXPECT_EQ(r.etat, 1);
+  EXPECT_EQ(r.Json()["error"]["file"], a.Chemin("OVELIN.ini"));
+  EXPECT_EQ(r.Json()["error"]["line"], 3);
+  EXPECT_NE(r.erreurs.find("OVELIN.ini:3: DB2=Or\t0.8x"), std::string::npos) << r.erreurs;
+  EXPECT_FALSE(std::filesystem::exists(a.Chemin("c.nc")));
+  const std::string operations = a.Ecrit("o.json", R"([{"op":"CB_BD","materiau":"Or"}])");
+  const Retour e = a.Appelle({"edit", dxf, "--do", operations, "-o", a.Chemin("e.OVL")});
+  EXPECT_EQ(e.etat, 1);
+  EXPECT_NE(e.erreurs.find("DB2=Or"), std::string::npos) << e.erreurs;
+}
+
+TEST(Material, AnUnknownOneNamesTheFileThatWasLookedAt) {
+  const Atelier a;
+  const std::string dxf = a.Ecrit("c.dxf", Carre);
+  const std::string ini = a.Chemin("OVELIN.ini");
+  AttendRefus(a, {"gcode", dxf, "-o", a.Chemin("c.nc"), "--material", "Nix", "--json"}, "cli_materiau",
+              "Nix (" + ini);
+  AttendRefus(a, {"materials", "delete", "Nix", "--json"}, "cli_materiau", "Nix (" + ini);
+  AttendRefus(a, {"info", dxf, "--table", "Nix", "--json"}, "cli_table", "Nix (" + ini);
+  AttendRefus(a, {"tables", "show", "Nix", "--json"}, "cli_table", "Nix (" + ini);
+  EXPECT_EQ(a.Appelle({"info", dxf, "--table", "Nix", "--json"}).Json()["error"]["file"], ini);
+}
+
+TEST(Edit, AClearanceBelowZeroIsRefusedAsInTheField) {
+  const Atelier a;
+  const std::string dxf = a.Ecrit("c.dxf", Carre);
+  const std::string operations = a.Ecrit("o.json", R"([{"op":"TB_HautDeg","valeur":"-1"}])");
+  EXPECT_EQ(a.Appelle({"edit", dxf, "--do", operations, "-o", a.Chemin("e.OVL")}).etat, 1);
+  EXPECT_FALSE(std::filesystem::exists(a.Chemin("e.OVL")));
+}
+
 }  // namespace

@@ -1,3 +1,4 @@
+#include "core/Cles.h"
 #include "core/ValeursCles.h"
 #include "tests/support/Support.h"
 
@@ -53,6 +54,27 @@ TEST(JugeCle, KnowsThePlacesOfWindowsByTheirSuffix) {
     EXPECT_EQ(JugeCle(cle, "wide"), FauteCle::Illisible) << cle;
   }
   EXPECT_EQ(JugeCle("F_Representation_Colour", "15"), FauteCle::Inconnue);
+}
+
+TEST(FicheIllisible, NamesTheRowOfTheFileWithItsLine) {
+  essai::EcritFichierEssai(
+      "OVELIN.ini", "[OVELIN]\r\nDB1=Wood&&1&&A&&-3&&-1&&2&&2&&5&&0\r\nDB2=Oak&&1&&A&&-3x&&-1&&2&&2&&5&&0\r\n");
+  EXPECT_FALSE(FicheIllisible(1).has_value());
+  const auto v = FicheIllisible(2);
+  ASSERT_TRUE(v.has_value());
+  EXPECT_EQ(v->fichier, CheminIni());
+  EXPECT_EQ(v->ligne, 3);
+  EXPECT_EQ(v->cle, "DB2");
+  EXPECT_EQ(v->valeur, "Oak\t1\tA\t-3x\t-1\t2\t2\t5\t0");
+  EXPECT_FALSE(FicheIllisible(3).has_value()) << "there is none";
+}
+
+// The window takes rows without a width and a height of notches, and fills short rows up.
+TEST(FicheIllisible, TakesFieldsThatWereLeftEmpty) {
+  essai::EcritFichierEssai("OVELIN.ini",
+                           "[OVELIN]\r\nDB1=Wood&&1&&&&-3&&-1&&2&&2&&&& \r\nDB2=Oak&&1,5&&3 mm&&-3\r\n");
+  EXPECT_FALSE(FicheIllisible(1).has_value());
+  EXPECT_FALSE(FicheIllisible(2).has_value());
 }
 
 }  // namespace

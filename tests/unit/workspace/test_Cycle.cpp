@@ -78,6 +78,17 @@ TEST(Demarrage, TheStepsComeInTheirOrder) {
   EXPECT_EQ(d.pas, attendu);
 }
 
+TEST(Demarrage, AFolderNamedFromHereIsAFullPathInTheSettingsOfAFirstStart) {
+  const std::filesystem::path avant = std::filesystem::current_path();
+  std::filesystem::current_path(essai::Dossier());
+  Demarrage d;
+  d.options.config = "neuf";
+  EXPECT_TRUE(d.Lance().lance);
+  std::filesystem::current_path(avant);
+  EXPECT_EQ(DossierProgramme, std::filesystem::canonical(essai::Dossier()).string() + "/neuf");
+  EXPECT_EQ(LireCle("MRUFiles2", ""), DossierProgramme + "\\Carre.dxf");
+}
+
 TEST(Demarrage, SetsTheValuesThatTheWindowsRead) {
   EcritIni("");
   Cycle.OuvertureDehors = Cycle.AfficheOutil = Cycle.AfficheOutil2 = OperationCarte = true;
