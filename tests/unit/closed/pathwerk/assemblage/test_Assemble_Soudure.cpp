@@ -207,6 +207,24 @@ TEST(AssembleNul, APathWithoutLengthIsLeftOutAndCounted) {
   EXPECT_EQ(a.Ignores("ZERO_LENGTH"), 2);
 }
 
+// Four crumbs within the tolerance of each other, joined, leave a piece that goes nowhere.
+TEST(AssembleNul, APieceThatTheJoiningLeavesWithoutLengthGoesWhereverItStands) {
+  const std::vector<Trait> miettes{Ouvert({{3.003, 3.012}, {3.012, 3.009}}), Ouvert({{3.009, 3.006}, {3, 3.003}}),
+                                   Ouvert({{3.009, 3.003}, {3.012, 3.009}}),
+                                   Ouvert({{3.012, 3.009}, {3.009, 3.003}, {3, 3.003}})};
+  std::array<std::size_t, 4> ordre{0, 1, 2, 3};
+  long laissees = 0;
+  do {
+    std::vector<Trait> traits;
+    for (const std::size_t i : ordre) traits.push_back(miettes[i]);
+    traits.push_back(Ouvert({{0, 0}, {9, 0}}));
+    const auto a = Assemble(traits);
+    for (const auto& s : a.sequences) EXPECT_GE(s.size(), 2U);
+    laissees += a.Ignores("ZERO_LENGTH");
+  } while (std::next_permutation(ordre.begin(), ordre.end()));
+  EXPECT_GT(laissees, 0);
+}
+
 TEST(AssembleNul, AHoleIsItsPointTwice) {
   const auto a = Assemble({Percage({4, 5})});
   EXPECT_EQ(a.sequences[0], (std::vector<Vec2>{{4, 5}, {4, 5}}));
