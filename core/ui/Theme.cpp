@@ -40,8 +40,6 @@ Theme ThemeDe(const QWidget& w) {
   return luminance(QPalette::Window) < luminance(QPalette::WindowText) ? Theme::Sombre : Theme::Clair;
 }
 
-bool ThemeSombre(const QWidget& w) { return ThemeDe(w) == Theme::Sombre; }
-
 QColor CouleurLisible(const QColor& couleur, const QColor& fond) {
   const std::int32_t demandee = DeCouleur(couleur);
   const std::int32_t lisible = CouleurLisible(demandee, DeCouleur(fond));
@@ -148,11 +146,6 @@ QIcon IconeProgramme(const QString& nom) {
   if (fichier.open(QIODevice::ReadOnly)) icone = QIcon(new MoteurIcone(nom, fichier.readAll()));
   Icones().insert(nom, icone);
   return icone;
-}
-
-void OublieIcones() {
-  Icones().clear();
-  QPixmapCache::clear();
 }
 
 }  // namespace ovelin

@@ -16,7 +16,6 @@ std::int32_t DeCouleur(const QColor& couleur);
 
 // Dark when the palette's window is darker than its text.
 Theme ThemeDe(const QWidget& w);
-bool ThemeSombre(const QWidget& w);
 // The colour, or the same hue lighter or darker, so that it can be told from `fond` (contrast of 3 to 1).
 QColor CouleurLisible(const QColor& couleur, const QColor& fond);
 // The faintest grey that can be read as text on that ground (WCAG 2, criterion 1.4.3).
@@ -25,9 +24,8 @@ QColor GrisLisible(const QColor& fond);
 QColor Papier(const QWidget& w);
 
 // An icon of the program by its name ("mnu_Ouvrir"), drawn in the palette's text colour with one accent; sharp at
-// every size and scale, greyed when disabled. An unknown name gives a null icon.
+// every size and scale, greyed when disabled. It follows another palette by itself. An unknown name gives a null
+// icon.
 QIcon IconeProgramme(const QString& nom);
-// Rebuilds what was drawn for another palette; called when the theme changes.
-void OublieIcones();
 
 }  // namespace ovelin

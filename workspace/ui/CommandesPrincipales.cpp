@@ -40,7 +40,6 @@ class ComboPas : public QComboBox {
   }
   void wheelEvent(QWheelEvent* e) override {
     if (Pas && e->angleDelta().y() != 0) Pas(e->angleDelta().y() > 0 ? 1 : -1);
-    e->accept();
   }
 };
 
@@ -110,7 +109,6 @@ void CommandesPrincipales::RemplitMenus(QMenuBar* menus) {
         // Entry 0 of the recent files: a line that shows when there is one.
         separateurRecents_ = menu->addSeparator();
         separateurRecents_->setObjectName(QStringLiteral("mnu_MRU_0"));
-        separateurRecents_->setVisible(false);
         action->setMenuRole(QAction::QuitRole);
       }
       menu->addAction(action);
@@ -168,8 +166,6 @@ void CommandesPrincipales::AjouteBouton(const char* nom) {
     bouton->setIconText(TexteBouton(*commande));
   };
   connect(commande, &QAction::changed, bouton, suit);
-  // The click has toggled the button itself; the command has the last word.
-  connect(bouton, &QAction::toggled, bouton, suit, Qt::QueuedConnection);
   boutons_[nom] = bouton;
   auto* outil = qobject_cast<QToolButton*>(barre_->widgetForAction(bouton));
   outil->setObjectName(QString::fromLatin1(nom));
@@ -271,14 +267,9 @@ void CommandesPrincipales::GriseRecents() {
   }
 }
 
-void CommandesPrincipales::Redessine() {
-  for (const auto& [nom, action] : actions_) {
-    const QIcon icone = IconeProgramme(QString::fromStdString(nom));
-    action->setIcon(icone);
-    const auto bouton = boutons_.find(nom);
-    if (bouton == boutons_.end()) continue;
-    bouton->second->setIcon(nom == Principale ? IconePrincipale(nom) : icone);
-  }
+void CommandesPrincipales::DessineBoutonPrincipal() {
+  const auto bouton = boutons_.find(std::string(Principale));
+  if (bouton != boutons_.end()) bouton->second->setIcon(IconePrincipale(bouton->first));
 }
 
 }  // namespace ovelin

@@ -48,8 +48,8 @@ class CommandesPrincipales : public QObject {
 
   [[nodiscard]] QComboBox* CB_BD() const { return cbBD_; }
   [[nodiscard]] QComboBox* Combo_Zoom() const { return comboZoom_; }
-  // Buttons and menus again for another palette.
-  void Redessine();
+  // The button that stands out, again for another palette; the others follow it by themselves.
+  void DessineBoutonPrincipal();
 
  private:
   QAction* Cree(const LigneCommande& ligne);

@@ -213,9 +213,7 @@ void F_Representation::RentreDansEcran() {
 }
 
 void F_Representation::AppliqueTheme() {
-  OublieIcones();
-  commandes_->Redessine();
-  panneau_->Couleurs();
+  commandes_->DessineBoutonPrincipal();
   // The one command that stands out.
   TB1_->setStyleSheet(
       QStringLiteral("QToolButton[principal=\"true\"] { background: palette(highlight); "
@@ -272,8 +270,6 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
     panneau_->Fraisage()->VideOutil();
     return;
   }
-  panneau_->Fraisage()->RemplitOutil();
-  PB1_->setFocus(Qt::OtherFocusReason);
   if (FenetreExiste && FenetreExiste("F_PilMan")) Fenetre("F_PilMan");
 }
 
@@ -304,7 +300,6 @@ void F_Representation::closeEvent(QCloseEvent* e) {
   dechargee_ = true;
   Timer_Interro_->stop();
   DechargeFenetre(EtatCourant(), DossierDocuments);
-  e->accept();
 }
 
 void F_Representation::TermineSansQuestion() {
@@ -370,8 +365,7 @@ void F_Representation::Redessine(bool du) {
 
 void F_Representation::SuitSouris(const SuiteSouris& suite) {
   if (suite.positions) SB1_->Positions(suite.panneaux);
-  if (suite.listes) panneau_->RemplitArbres();
-  if (suite.initSeq || suite.listes) panneau_->InitSeq();
+  if (suite.initSeq) panneau_->InitSeq();
   if (suite.outils) SuitOutils();
   if (suite.pageOutil) {
     panneau_->Option1(PageSequence::Fraisage);

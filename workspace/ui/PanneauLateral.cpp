@@ -122,11 +122,12 @@ void PanneauLateral::Couleurs() {
   const QColor fond = palette().color(QPalette::Window);
   choixArbre_->setTabTextColor(0, CouleurLisible(EnCouleur(Regl.CouleurInitial), fond));
   choixArbre_->setTabTextColor(1, CouleurLisible(EnCouleur(Regl.CouleurDecalage), fond));
-  for (QTabBar* choix : {choixArbre_, choixPage_}) {
-    for (int i = 0; i < choix->count(); ++i) {
-      choix->setTabIcon(i, IconeProgramme(choix->objectName() + "_" + QString::number(i)));
-    }
-  }
+}
+
+// Its own change of palette, not the window's: that one comes before the parts of the window have theirs.
+void PanneauLateral::changeEvent(QEvent* e) {
+  QSplitter::changeEvent(e);
+  if (e->type() == QEvent::PaletteChange && choixArbre_ != nullptr) Couleurs();
 }
 
 void PanneauLateral::Traduit() {

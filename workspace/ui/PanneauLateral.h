@@ -43,6 +43,7 @@ class PanneauLateral : public QSplitter {
   void MenuArbre(const QPoint& ecran);
 
  protected:
+  void changeEvent(QEvent* e) override;
   void resizeEvent(QResizeEvent* e) override;
 
  private:

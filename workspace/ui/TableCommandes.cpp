@@ -236,12 +236,6 @@ std::span<const LigneCommande> TableCommandes() { return Commandes; }
 
 std::span<const LigneMenu> TableMenus() { return Menus; }
 
-const LigneCommande* ChercheCommande(std::string_view nom) {
-  const auto ligne =
-      std::find_if(Commandes.begin(), Commandes.end(), [nom](const LigneCommande& c) { return c.nom == nom; });
-  return ligne == Commandes.end() ? nullptr : &*ligne;
-}
-
 std::vector<const LigneCommande*> ParPlace(int LigneCommande::*place) {
   std::vector<const LigneCommande*> lignes;
   for (const LigneCommande& c : Commandes) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <span>
-#include <string_view>
 #include <vector>
 
 namespace ovelin {
@@ -32,8 +31,6 @@ struct LigneMenu {
 std::span<const LigneCommande> TableCommandes();
 std::span<const LigneMenu> TableMenus();
 
-// The row of that name, or null.
-const LigneCommande* ChercheCommande(std::string_view nom);
 // The rows with a place there, in the order of their places.
 std::vector<const LigneCommande*> ParPlace(int LigneCommande::*place);
 

@@ -114,7 +114,6 @@ void Photographie(QWidget& fenetre, const QString& scene, const Cadrage& c) {
 
 void Joue(const captures::Scene& scene, const Cadrage& c) {
   essai::ThemeSombreEssai(c.sombre);
-  ovelin::OublieIcones();
   for (const QSize& voulue : scene.tailles) {
     Programme programme(c.langue);
     if (!scene.fichier.empty() && !scene.ouvreDedans) programme.Ouvre(scene.fichier, nullptr);

@@ -68,13 +68,13 @@ TEST(CouleurLisible, KeepsTheHue) {
   EXPECT_NEAR(jaune.hslHue(), 60, 3);
 }
 
-TEST(ThemeSombre, FollowsThePalette) {
+TEST(ThemeDe, FollowsThePalette) {
   QWidget w;
-  EXPECT_FALSE(ThemeSombre(w));
+  EXPECT_EQ(ThemeDe(w), Theme::Clair);
   EXPECT_EQ(Papier(w), QColor(Qt::white));
   essai::ThemeSombreEssai(true);
   QWidget sombre;
-  EXPECT_TRUE(ThemeSombre(sombre));
+  EXPECT_EQ(ThemeDe(sombre), Theme::Sombre);
   EXPECT_LT(Papier(sombre).lightness(), 60);
 }
 
@@ -159,12 +159,6 @@ TEST(IconeProgramme, IsGreyWhenDisabled) {
 TEST(IconeProgramme, AnUnknownNameGivesNone) {
   EXPECT_TRUE(IconeProgramme("mnu_Inconnu").isNull());
   EXPECT_TRUE(IconeProgramme("").isNull());
-}
-
-TEST(IconeProgramme, StandsAgainAfterItWasForgotten) {
-  const QImage avant = IconeProgramme("mnu_Save").pixmap(QSize(32, 32)).toImage();
-  OublieIcones();
-  EXPECT_EQ(IconeProgramme("mnu_Save").pixmap(QSize(32, 32)).toImage(), avant);
 }
 
 // Figures of the definition of contrast: #767676 on white is the lightest grey of 4.5 to 1.

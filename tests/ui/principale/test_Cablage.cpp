@@ -1,10 +1,8 @@
 // What is connected to what: every button, list, switch and bar of the main window does its work.
 #include <QAbstractItemView>
 #include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QSplitter>
-#include <QStatusBar>
 #include <QTabBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -23,6 +21,7 @@
 #include "tests/unit/controller/LiaisonScenario.h"
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Souris.h"
 #include "workspace/Module_Vue.h"
@@ -118,6 +117,52 @@ TEST_F(Cablage, TheUndoButtonGoesBack) {
   ASSERT_FALSE(TraceInitial == avant);
   Presse("mnu_Undo");
   EXPECT_TRUE(TraceInitial == avant);
+  for (int i = 0; i < 10 && Menu("mnu_Undo")->isEnabled(); ++i) Presse("mnu_Undo");
+  EXPECT_FALSE(Menu("mnu_Undo")->isEnabled()) << "the beginning";
+  EXPECT_TRUE(Bouton("mnu_Undo")->isVisible());
+  EXPECT_TRUE(Cycle.AfficheOutil2);
+}
+
+TEST_F(Cablage, AnUndoHidesItsButtonUntilItIsDone) {
+  Plaque();
+  QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Right);
+  essai::Evenements();
+  int passes = 0;
+  Svc.AvancementDebut = [&](const std::string&, long) {
+    ++passes;
+    EXPECT_FALSE(Bouton("mnu_Undo")->isVisible());
+  };
+  Presse("mnu_Undo");
+  EXPECT_GT(passes, 0);
+}
+
+TEST_F(Cablage, AnUndoBringsThePathsBackIntoTheTrees) {
+  Plaque();
+  const auto lignes = [this](const char* arbre) {
+    const auto* modele = C<QTreeView>(arbre)->model();
+    return modele->rowCount(modele->index(0, 0));
+  };
+  const int avant = lignes("TreeView1");
+  const int traces = lignes("TreeView2");
+  CliqueLigne("TreeView1", 3);
+  Commande("mnu_Supprimer");
+  ASSERT_EQ(lignes("TreeView1"), avant - 1);
+  ASSERT_EQ(lignes("TreeView2"), traces - 1);
+  Presse("mnu_Undo");
+  EXPECT_EQ(lignes("TreeView1"), avant);
+  EXPECT_EQ(lignes("TreeView2"), traces);
+}
+
+TEST_F(Cablage, AnAttachmentPointIsOneStepOfUndo) {
+  Plaque();
+  Presse("mnu_Lever");
+  const int pas = NumeroInstantane();
+  CliqueDessin(60, 5);
+  ASSERT_TRUE(
+      std::any_of(TraceInitial.begin(), TraceInitial.end(), [](const PointTrace& p) { return p.Cde == CodePC; }));
+  EXPECT_EQ(NumeroInstantane(), pas + 1);
+  CliqueDessin(60, 5, Qt::ShiftModifier);
+  EXPECT_EQ(NumeroInstantane(), pas + 2);
 }
 
 TEST_F(Cablage, TheFileButtonsOpenAndSave) {
@@ -263,61 +308,7 @@ TEST_F(Cablage, ATreeHasTheMenuOfThePicture) {
   menu->close();
 }
 
-// --- status bar and progress
-
-TEST_F(Cablage, TheStatusBarNamesTheFileAndFollowsTheMouse) {
-  Plaque();
-  EXPECT_EQ(Etiquette("SB1_1"), "plaque.dxf");
-  auto* image = C<ImagePB1>("PB1");
-  QTest::mouseMove(image, QPoint(40, 40));
-  QTest::mouseMove(image, image->rect().center());
-  essai::Evenements();
-  EXPECT_THAT(Etiquette("SB1_6"), testing::StartsWith("x : "));
-  EXPECT_THAT(Etiquette("SB1_7"), testing::StartsWith("y : "));
-}
-
-TEST_F(Cablage, TheStatusBarShowsWhatACommandIsDoing) {
-  Charge();
-  Svc.Panneau(PanneauEtat::Points, "Lecture");
-  EXPECT_EQ(Etiquette("SB1_2"), "Lecture");
-  Svc.Panneau(PanneauEtat::Statut, "TEXT 2");
-  EXPECT_EQ(Etiquette("SB1_5"), "TEXT 2");
-}
-
-TEST_F(Cablage, APassOfAKnownLengthStepsTheBarOfTheStatusBar) {
-  Charge();
-  auto* barre = C<QProgressBar>("PB_Avancement");
-  ASSERT_FALSE(barre->isVisible());
-  Svc.AvancementDebut("Calcul", 4);
-  EXPECT_TRUE(barre->isVisible());
-  EXPECT_EQ(Etiquette("SB1_2"), "Calcul");
-  EXPECT_FALSE(C<QFrame>("Frame_Avancement")->isVisible());
-  Svc.AvancementPlus();
-  Svc.AvancementPlus();
-  EXPECT_EQ(barre->value(), 2);
-  EXPECT_TRUE(C<QTimer>("Timer_Decalage")->isActive());
-  const QImage debut = C<QLabel>("SB1_10")->pixmap().toImage();
-  Sonne("Timer_Decalage");
-  EXPECT_FALSE(C<QLabel>("SB1_10")->pixmap().toImage() == debut);
-  Svc.AvancementFin();
-  EXPECT_FALSE(barre->isVisible());
-  EXPECT_FALSE(C<QTimer>("Timer_Decalage")->isActive());
-}
-
-TEST_F(Cablage, APassOfAnUnknownLengthHasTheFrame) {
-  Charge();
-  auto* cadre = C<QFrame>("Frame_Avancement");
-  auto* barre = C<QProgressBar>("ProgressBar_Avancement");
-  Svc.AvancementDebut("Enregistrement", 0);
-  EXPECT_TRUE(cadre->isVisible());
-  EXPECT_FALSE(C<QProgressBar>("PB_Avancement")->isVisible());
-  const int debut = barre->value();
-  Sonne("Timer_Avancement");
-  EXPECT_EQ(barre->value(), debut + 1);
-  Svc.AvancementFin();
-  EXPECT_FALSE(cadre->isVisible());
-  EXPECT_FALSE(C<QTimer>("Timer_Avancement")->isActive());
-}
+// --- board
 
 TEST_F(Cablage, TheBoardIsPolledInAPeriodOfItsOwn) {
   Regl.TimerInterval = 400;
@@ -346,25 +337,6 @@ TEST_F(Cablage, ABoardThatIsPluggedInIsNamedAtTheNextPoll) {
   EXPECT_EQ(Etiquette("SB1_9"), sans);
   fenetre_.reset();
   CdeZENIK.reset();
-}
-
-// How often a widget is painted.
-class Peintures : public QObject {
- public:
-  int nombre = 0;
-  bool eventFilter(QObject* objet, QEvent* e) override {
-    if (e->type() == QEvent::Paint) ++nombre;
-    return QObject::eventFilter(objet, e);
-  }
-};
-
-TEST_F(Cablage, TheStatusBarIsPaintedAtOnceBehindTheBounds) {
-  Plaque();
-  essai::Evenements();
-  Peintures peintures;
-  C<QStatusBar>("SB1")->installEventFilter(&peintures);
-  EncombrementGeneral();
-  EXPECT_EQ(peintures.nombre, 1);
 }
 
 // --- materials
@@ -398,6 +370,60 @@ TEST_F(Cablage, TheListStandsAtItsFirstEntryBehindItsWindowAndItsTipNamesTheMate
   EXPECT_THAT(combo->toolTip().toStdString(), testing::EndsWith("Alu 2 mm"));
 }
 
+TEST_F(Cablage, TheTipOfTheListNamesTheMaterialInForceFromTheStart) {
+  Charge();
+  EXPECT_THAT(C<QComboBox>("CB_BD")->toolTip().toStdString(),
+              testing::EndsWith(Traduire("F_Representation", "50")));
+}
+
+TEST_F(Cablage, ARecordThatGotAnotherNameIsNamedByIt) {
+  Plaque();
+  auto* combo = C<QComboBox>("CB_BD");
+  combo->setFocus();
+  QTest::keyClick(combo, Qt::Key_End);
+  essai::Evenements();
+  reponses_["F_BD"] = [] {
+    auto fiches = LitFiches();
+    fiches.back().champs[0] = "Laiton 2 mm";
+    EcritFiches(fiches);
+    return true;
+  };
+  Presse("mnu_BD");
+  EXPECT_EQ(MateriauCourant, "Laiton 2 mm");
+  EXPECT_THAT(combo->toolTip().toStdString(), testing::EndsWith("Laiton 2 mm"));
+}
+
+TEST_F(Cablage, ARecordThatCanNotBeReadIsToldWithItsPlace) {
+  Plaque();
+  auto fiches = LitFiches();
+  fiches.back().champs[1] = "0,8x";
+  EcritFiches(fiches);
+  auto* combo = C<QComboBox>("CB_BD");
+  combo->setFocus();
+  essai::Attend("erreurs", "Valeur");
+  QTest::keyClick(combo, Qt::Key_End);
+  essai::Evenements();
+  const std::string texte = essai::Boites().back().texte;
+  EXPECT_THAT(texte, testing::HasSubstr(CheminIni() + ":"));
+  EXPECT_THAT(texte, testing::HasSubstr("DB5=Alu 2 mm\t0,8x"));
+}
+
+// Two paths of other depths, one of them 0: answered No, the depths stay, and the field of the one that is selected
+// shows the depth that the next path would get.
+TEST_F(Cablage, ThePanelFollowsAMaterialWhoseDepthIsNotTaken) {
+  Plaque();
+  for (SequenceInfo& s : Sequences) s.Profondeur = s.Code == Code2(" D") ? 0 : -3;
+  CliqueLigne("TreeView1", 3);
+  ASSERT_EQ(Selectionnes(), std::vector<std::string>{" D"});
+  ASSERT_EQ(C<QLineEdit>("TB_Profondeur")->text(), "-3.00");
+  auto* combo = C<QComboBox>("CB_BD");
+  combo->setFocus();
+  essai::Attend("F_Representation", "lib106", Reponse::Non);
+  QTest::keyClick(combo, Qt::Key_End);
+  essai::Evenements();
+  EXPECT_EQ(C<QLineEdit>("TB_Profondeur")->text(), "-2.50");
+}
+
 TEST_F(Cablage, TheMaterialOfAnOpenedProjectIsTheOneThatTheListShows) {
   Plaque();
   auto* combo = C<QComboBox>("CB_BD");
@@ -417,8 +443,10 @@ TEST_F(Cablage, TheMaterialOfAnOpenedProjectIsTheOneThatTheListShows) {
   essai::AttendFichier("mnu_Ouvrir", projet);
   Presse("mnu_Ouvrir");
   EXPECT_EQ(combo->currentText(), "Alu 2 mm");
+  EXPECT_THAT(combo->toolTip().toStdString(), testing::EndsWith("Alu 2 mm"));
   essai::AttendFichier("mnu_Ouvrir", Exemple("plaque-poches.OVL"));
   Presse("mnu_Ouvrir");
+  EXPECT_THAT(combo->toolTip().toStdString(), testing::EndsWith(Traduire("F_Representation", "50")));
   EXPECT_EQ(combo->currentIndex(), 0) << "its values are those of no preset";
   EXPECT_EQ(MateriauCourant, "");
 }
@@ -508,6 +536,8 @@ TEST_F(Cablage, ANewLanguageIsInAllPartsOfTheWindowAtOnce) {
   EXPECT_EQ(C<QTabBar>("Option1")->accessibleName().toStdString(), Traduire("F_Representation", "Option1"));
   EXPECT_EQ(C<ImagePB1>("PB1")->accessibleName().toStdString(), Traduire("F_Representation", "PB1nom"));
   EXPECT_EQ(C<QComboBox>("CB_BD")->itemText(0).toStdString(), Traduire("F_Representation", "50"));
+  EXPECT_THAT(C<QComboBox>("CB_BD")->toolTip().toStdString(),
+              testing::EndsWith(" " + Traduire("F_Representation", "50")));
   EXPECT_EQ(Etiquette("SB1_9"), Traduire("F_Representation", "Carte_aucune"));
   EXPECT_EQ(Bouton("mnu_Save")->toolTip().toStdString(), Traduire("F_Representation", "TB1_mnu_Save"));
   EXPECT_EQ(Etiquette("Label_Couleur_Dessin"), Traduire("F_Representation", "lib350"));
@@ -545,6 +575,17 @@ TEST_F(Cablage, APlaceOfTheToolReachesThePicture) {
   Charge(Exemple("equerre.dxf"));
   Svc.MarquePosition(12, 34);
   EXPECT_TRUE(QTest::qWaitFor([] { return Cycle.Outil == MemoireOutil{12, 34}; }));
+}
+
+TEST_F(Cablage, TheLineOfARunIsInThePictureUntilTheRunIsOver) {
+  Charge(Exemple("equerre.dxf"));
+  auto* image = C<ImagePB1>("PB1");
+  const QImage sans = image->grab().toImage();
+  Svc.LigneRun(0, 0, 60, 40);
+  EXPECT_FALSE(image->grab().toImage() == sans);
+  Svc.EffaceLigneRun();
+  essai::Evenements();
+  EXPECT_TRUE(image->grab().toImage() == sans);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
@@ -508,6 +509,8 @@ TEST_F(FormLoad, RecoveredWorkIsOfferedWhenTheWindowStandsAndComesBack) {
   EXPECT_EQ(FichierCourant, "/autrefois/plaque.dxf");
   EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> plaque.dxf"));
   EXPECT_GT(NbPoints, 2);
+  EXPECT_EQ(C<QLineEdit>("TB_RayonFraise")->text(), "0.75") << "the recovered project's";
+  EXPECT_TRUE(C<ImagePB1>("PB1")->hasFocus());
   essai::Evenements();
   EXPECT_TRUE(ListeReprises().empty()) << "behind the first complete drawing";
   essai::Attend("F_Representation", "lib140", Reponse::Non);

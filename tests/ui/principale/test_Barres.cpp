@@ -1,0 +1,224 @@
+// The bars of the main window: its tool bar, the recent files of its menu, the status bar with its progress.
+#include <QLabel>
+#include <QMenu>
+#include <QPointer>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "core/Cles.h"
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
+#include "core/Services.h"
+#include "core/ui/Theme.h"
+#include "tests/ui/principale/FenetrePrincipale.h"
+#include "toolpath/Module_Sequence.h"
+#include "workspace/ui/CommandesPrincipales.h"
+
+namespace {
+
+using namespace ovelin;
+using essai::Clique;
+
+class Barres : public essai::Principale {
+ protected:
+  void Plaque() { Charge(Exemple("plaque.dxf")); }
+  // A timer has run off.
+  void Sonne(const char* minuterie) {
+    QTimerEvent e(C<QTimer>(minuterie)->timerId());
+    QApplication::sendEvent(C<QTimer>(minuterie), &e);
+  }
+  std::string Etiquette(const char* nom) { return C<QLabel>(nom)->text().toStdString(); }
+  // What stands between the last command of the file menu and the way out, by name.
+  std::vector<std::string> Recents() {
+    std::vector<std::string> noms;
+    for (const QAction* a : C<QMenu>("mnu_Fichier")->actions()) {
+      if (a->objectName().startsWith("mnu_MRU_")) noms.push_back(a->objectName().toStdString());
+    }
+    return noms;
+  }
+};
+
+// --- tool bar
+
+TEST_F(Barres, WhatNeedsADrawingWaitsForOneOnTheToolBarToo) {
+  Charge();
+  for (const char* nom : {"mnu_Save", "mnu_Fraisage", "mnu_Zoom1"}) {
+    EXPECT_FALSE(Bouton(nom)->isEnabled()) << nom;
+  }
+  EXPECT_FALSE(C<QComboBox>("Combo_Zoom")->isEnabled());
+  EXPECT_FALSE(Bouton("mnu_Undo")->isVisible());
+  fenetre_.reset();
+  Plaque();
+  for (const char* nom : {"mnu_Save", "mnu_Fraisage", "mnu_Zoom1"}) EXPECT_TRUE(Bouton(nom)->isEnabled()) << nom;
+  EXPECT_TRUE(C<QComboBox>("Combo_Zoom")->isEnabled());
+  EXPECT_TRUE(Bouton("mnu_Undo")->isVisible());
+}
+
+TEST_F(Barres, NothingCanBeTakenBackBeforeAWindowIsLoaded) {
+  fenetre_ = std::make_unique<F_Representation>();
+  EXPECT_FALSE(Menu("mnu_Undo")->isEnabled());
+}
+
+TEST_F(Barres, NothingCanBeTakenBackWhileADrawingIsBeingOpened) {
+  Plaque();
+  QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Right);
+  essai::Evenements();
+  ASSERT_TRUE(Menu("mnu_Undo")->isEnabled());
+  Svc.DessinOuvert(false);
+  EXPECT_FALSE(Menu("mnu_Undo")->isEnabled());
+  EXPECT_FALSE(Bouton("mnu_Undo")->isVisible());
+  Svc.DessinOuvert(true);
+}
+
+TEST_F(Barres, TheOneThatStandsOutHasItsTextBesideItsPicture) {
+  Charge();
+  EXPECT_EQ(C<QToolButton>("mnu_Fraisage")->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+  EXPECT_NE(C<QToolButton>("mnu_Save")->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+}
+
+TEST_F(Barres, AToolThatIsRefusedLeavesItsButtonUp) {
+  Plaque();
+  LargeurEncoche = 0;
+  essai::Attend("F_Representation", "lib312");
+  Clique(*C<QToolButton>("mnu_Lever"));
+  EXPECT_FALSE(C<QToolButton>("mnu_Lever")->isChecked());
+  EXPECT_FALSE(Bouton("mnu_Lever")->isChecked());
+}
+
+TEST_F(Barres, ThePointerShowsTheTool) {
+  Plaque();
+  auto* image = C<ImagePB1>("PB1");
+  const Qt::CursorShape simple = image->cursor().shape();
+  Commande("mnu_Lever");
+  EXPECT_EQ(image->cursor().shape(), Qt::BitmapCursor);
+  Commande("mnu_Lever");
+  EXPECT_EQ(image->cursor().shape(), simple);
+}
+
+// --- recent files
+
+TEST_F(Barres, TheRecentFilesStandAboveTheirLineAndGoWithTheirList) {
+  Charge();
+  const auto avant = Recents();
+  Svc.FichierRecent(Exemple("plaque.dxf"));
+  const auto un = Recents();
+  Svc.FichierRecent(Exemple("equerre.dxf"));
+  ASSERT_GE(Recents().size(), 3U);
+  EXPECT_LE(Recents().size(), un.size() + 1) << "no entry of the list before stands beside the new ones";
+  EXPECT_GE(un.size(), avant.size());
+  EXPECT_EQ(Recents().front(), "mnu_MRU_1");
+  EXPECT_EQ(Recents().back(), "mnu_MRU_0");
+  EXPECT_TRUE(Menu("mnu_MRU_1")->text().contains("equerre.dxf"));
+}
+
+TEST_F(Barres, TheLineUnderTheRecentFilesIsThereWithThem) {
+  Charge();
+  auto* commandes = fenetre_->findChild<CommandesPrincipales*>();
+  commandes->RemplitRecents({});
+  EXPECT_FALSE(Menu("mnu_MRU_0")->isVisible());
+  commandes->RemplitRecents({"&1 a.dxf"});
+  EXPECT_TRUE(Menu("mnu_MRU_0")->isVisible());
+}
+
+TEST_F(Barres, AnEntryThatIsReplacedIsFreed) {
+  Charge();
+  auto* commandes = fenetre_->findChild<CommandesPrincipales*>();
+  commandes->RemplitRecents({"a.dxf"});
+  const QPointer<QAction> entree = Menu("mnu_MRU_1");
+  commandes->RemplitRecents({});
+  EXPECT_FALSE(entree.isNull()) << "it may be the one that is at work";
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(entree.isNull());
+}
+
+// --- status bar and progress
+
+TEST_F(Barres, TheStatusBarNamesTheFileAndFollowsTheMouse) {
+  Plaque();
+  EXPECT_EQ(Etiquette("SB1_1"), "plaque.dxf");
+  auto* image = C<ImagePB1>("PB1");
+  QTest::mouseMove(image, QPoint(40, 40));
+  QTest::mouseMove(image, image->rect().center());
+  essai::Evenements();
+  EXPECT_THAT(Etiquette("SB1_6"), testing::StartsWith("x : "));
+  EXPECT_THAT(Etiquette("SB1_7"), testing::StartsWith("y : "));
+}
+
+TEST_F(Barres, TheStatusBarShowsWhatACommandIsDoing) {
+  Charge();
+  Svc.Panneau(PanneauEtat::Points, "Lecture");
+  EXPECT_EQ(Etiquette("SB1_2"), "Lecture");
+  Svc.Panneau(PanneauEtat::Statut, "TEXT 2");
+  EXPECT_EQ(Etiquette("SB1_5"), "TEXT 2");
+}
+
+TEST_F(Barres, APassOfAKnownLengthStepsTheBarOfTheStatusBar) {
+  Charge();
+  auto* barre = C<QProgressBar>("PB_Avancement");
+  ASSERT_FALSE(barre->isVisible());
+  Svc.AvancementDebut("Calcul", 4);
+  EXPECT_TRUE(barre->isVisible());
+  EXPECT_EQ(Etiquette("SB1_2"), "Calcul");
+  EXPECT_FALSE(C<QFrame>("Frame_Avancement")->isVisible());
+  Svc.AvancementPlus();
+  Svc.AvancementPlus();
+  EXPECT_EQ(barre->value(), 2);
+  EXPECT_EQ(barre->maximum(), 4);
+  EXPECT_TRUE(C<QTimer>("Timer_Decalage")->isActive());
+  const QImage debut = C<QLabel>("SB1_10")->pixmap().toImage();
+  EXPECT_EQ(debut, IconeProgramme("picStanding").pixmap(16, 16).toImage());
+  Sonne("Timer_Decalage");
+  EXPECT_FALSE(C<QLabel>("SB1_10")->pixmap().toImage() == debut);
+  Svc.AvancementFin();
+  EXPECT_FALSE(barre->isVisible());
+  EXPECT_FALSE(C<QTimer>("Timer_Decalage")->isActive());
+  EXPECT_TRUE(C<QLabel>("SB1_10")->pixmap().isNull());
+  EXPECT_EQ(Etiquette("SB1_2"), "");
+  Svc.AvancementDebut("Encore", 7);
+  EXPECT_EQ(barre->value(), 0) << "from the beginning";
+  EXPECT_EQ(barre->maximum(), 7);
+}
+
+TEST_F(Barres, APassOfAnUnknownLengthHasTheFrame) {
+  Charge();
+  auto* cadre = C<QFrame>("Frame_Avancement");
+  auto* barre = C<QProgressBar>("ProgressBar_Avancement");
+  Svc.AvancementDebut("Enregistrement", 0);
+  EXPECT_TRUE(cadre->isVisible());
+  EXPECT_EQ(Etiquette("Lbl_Avancement"), "Enregistrement");
+  EXPECT_FALSE(C<QProgressBar>("PB_Avancement")->isVisible());
+  EXPECT_TRUE(C<QTimer>("Timer_Avancement")->isActive());
+  EXPECT_EQ(barre->value(), 0);
+  for (int pas = 1; pas <= 20; ++pas) {
+    Sonne("Timer_Avancement");
+    EXPECT_EQ(barre->value(), pas);
+  }
+  Sonne("Timer_Avancement");
+  EXPECT_EQ(barre->value(), 0) << "full at 20, and from the beginning again";
+  Svc.AvancementFin();
+  EXPECT_FALSE(cadre->isVisible());
+  EXPECT_FALSE(C<QTimer>("Timer_Avancement")->isActive());
+}
+
+// How often a widget is painted.
+class Peintures : public QObject {
+ public:
+  int nombre = 0;
+  bool eventFilter(QObject* objet, QEvent* e) override {
+    if (e->type() == QEvent::Paint) ++nombre;
+    return QObject::eventFilter(objet, e);
+  }
+};
+
+TEST_F(Barres, TheStatusBarIsPaintedAtOnceBehindTheBounds) {
+  Plaque();
+  essai::Evenements();
+  Peintures peintures;
+  C<QStatusBar>("SB1")->installEventFilter(&peintures);
+  EncombrementGeneral();
+  EXPECT_EQ(peintures.nombre, 1);
+}
+
+}  // namespace
