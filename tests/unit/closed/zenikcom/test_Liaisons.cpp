@@ -9,6 +9,7 @@
 
 #include "closed/zenikcom/LiaisonUsb.h"
 #include "tests/unit/closed/zenikcom/Banc.h"
+#include "tests/unit/closed/zenikcom/Uhid.h"
 
 namespace {
 
@@ -98,16 +99,29 @@ class Contrat : public testing::TestWithParam<int> {
           }
         };
         break;
-      default:
+      case 2:
         liaison_ = zenikcom::LiaisonVirtuelle(hid_.carte);
         branche_ = [this](bool b) { hid_.carte->Debranche(!b); };
+        break;
+      default:
+        if (const std::string raison = AppareilUhid::Raison(); !raison.empty()) GTEST_SKIP() << raison;
+        uhid_ = std::make_unique<AppareilUhid>(Identite, hid_.carte);
+        liaison_ = zenikcom::LiaisonUsb(Identite, "", [this] { return hid_.heure; }).liaison;
+        branche_ = [this](bool b) {
+          hid_.heure += 2 * Seconde;
+          if (b == (uhid_ != nullptr)) return;
+          uhid_ = b ? std::make_unique<AppareilUhid>(Identite, hid_.carte) : nullptr;
+        };
         break;
     }
     ASSERT_NE(liaison_, nullptr);
   }
-  void TearDown() override { branche_(true); }
+  void TearDown() override {
+    if (branche_) branche_(true);
+  }
 
   HidEssai hid_;
+  std::unique_ptr<AppareilUhid> uhid_;
   std::unique_ptr<Liaison> liaison_;
   std::function<void(bool)> branche_;
 };
@@ -168,10 +182,10 @@ TEST_P(Contrat, TheBoardReadsZeroInByteZero) {
 }
 
 std::string NomSorte(const testing::TestParamInfo<int>& sorte) {
-  return sorte.param == 0 ? "Usb" : sorte.param == 1 ? "Bibliotheque" : "Virtuelle";
+  return std::array{"Usb", "Bibliotheque", "Virtuelle", "Uhid"}[static_cast<std::size_t>(sorte.param)];
 }
 
-INSTANTIATE_TEST_SUITE_P(Liaisons, Contrat, testing::Values(0, 1, 2), NomSorte);
+INSTANTIATE_TEST_SUITE_P(Liaisons, Contrat, testing::Values(0, 1, 2, 3), NomSorte);
 
 TEST(LiaisonUsb, SendsTheReportNumberAndThirtySixBytes) {
   HidEssai h;
