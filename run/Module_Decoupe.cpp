@@ -150,6 +150,7 @@ class Decoupe {
     }
     if (ModeEnvoiTable != 2 || StopDemande != Faux) return false;
     if (!CdeZENIK->EnvoiFLASH(0, 0)) {
+      Message(Textes::CarteSansReponse, Icone::Critique);
       StopDemande = Vrai;
       return false;
     }

@@ -391,6 +391,21 @@ TEST_F(UnRun, StoredAndStartedNoLostExchangeEndsItBeforeTheBoardDoes) {
   }
 }
 
+TEST_F(UnRun, AStoredJobThatCanNotBeOpenedIsToldAndNotStarted) {
+  for (const int apres : {1, 2}) {
+    Branche();
+    CdeZENIK->TableVerif();
+    Vue_Decoupe.Memorise = [&](bool ecrit) {
+      if (!ecrit) carte_->Fautes({{carte_->Compteurs().echanges + apres, zenikcom::GenreFaute::Avant, 0}});
+    };
+    Attend("cli", "cli_carte_echange");
+    ASSERT_TRUE(Lance(MemoireEtFraisage));
+    heure_ += 100;
+    EXPECT_EQ(carte_->Compteurs().ticks, 0) << apres;
+    EXPECT_FALSE(RunActif);
+  }
+}
+
 TEST_F(UnRun, AListThatIsTooLongIsRefusedBeforeAnythingIsErased) {
   for (int i = 0; i < 700; ++i) AjouteTrajet(" Z", -1, {{1, 1}, {static_cast<float>(i % 5) + 2, 2}});
   const auto avant = carte_->Compteurs().echanges;
