@@ -16,6 +16,7 @@
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -154,6 +155,14 @@ class Choix {
   CarteChoisie carte_;
 };
 
+// The machine moves, as far as the board says, or somebody holds the board.
+bool MachinePrise() {
+  if (OperationCarte || RunActif) return true;
+  if (!CdeZENIK || !CdeZENIK->IsAvailable()) return false;
+  CdeZENIK->DemandeInformation();
+  return CdeZENIK->EnCours != Faux;
+}
+
 }  // namespace
 
 ReglageCarte LitReglageCarte() {
@@ -193,8 +202,45 @@ std::vector<RefusCarte> InstalleCarte(const MoyensCarte& moyens) {
 }
 
 void FermeCarte() {
-  CdeZENIK = std::make_unique<ClsCdeZENIK>();
+  auto sans = std::make_unique<ClsCdeZENIK>();
+  if (CdeZENIK) sans->Reprend(*CdeZENIK);
+  CdeZENIK = std::move(sans);
   LaCarte = CarteDuProgramme{};
+}
+
+// The old board goes first: both may have one lock.
+bool ChangeCarte(const ReglageCarte& reglage, const MoyensCarte& moyens) {
+  if (MachinePrise()) {
+    Message(Textes::CarteBouge, Icone::Exclamation);
+    return false;
+  }
+  {
+    const SansProjet reglages;
+    EcrireCle(cles::CarteZENIK, reglage.carte);
+    EcrireCle(cles::CarteZENIK_USB, reglage.usb);
+  }
+  FermeCarte();
+  DitRefus(InstalleCarte(moyens));
+  if (!CdeZENIK->IsAvailable()) return true;
+  CdeZENIK->ResetBuffer();
+  CdeZENIK->TableVerif();
+  return true;
+}
+
+bool DemandeCarte(const MoyensCarte& moyens) {
+  const ReglageCarte present = LitReglageCarte();
+  ReglageCarte voulu = present;
+  const bool parIdentite = Majuscules(Rogne(present.carte)) == Usb;
+  const std::string dit = Rogne(
+      Svc.Saisit(Textes::ChoixDeCarte, Traduire(Textes::ChoixDeCarte), parIdentite ? present.usb : present.carte));
+  if (dit.empty()) return false;
+  if (zenikcom::LitIdentiteUsb(dit)) {
+    voulu = {"usb", dit};
+  } else {
+    voulu.carte = dit;
+  }
+  if (voulu == present) return false;
+  return ChangeCarte(voulu, moyens);
 }
 
 void DitRefus(const std::vector<RefusCarte>& refus) {

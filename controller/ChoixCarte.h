@@ -20,6 +20,7 @@ enum class GenreCarte { Aucune, Usb, Bibliotheque, Virtuelle };
 struct ReglageCarte {
   std::string carte = "auto";  // "auto", "usb", "virtuelle", "aucune", or the absolute path of a library
   std::string usb;             // "1A2B:3C4D"; empty: none
+  bool operator==(const ReglageCarte&) const = default;
 };
 // From the settings file alone: a project chooses no board.
 ReglageCarte LitReglageCarte();
@@ -73,6 +74,12 @@ extern CarteDuProgramme LaCarte;
 std::vector<RefusCarte> InstalleCarte(const MoyensCarte& moyens);
 // Lets the board go, with all that it has to keep, and its lock; then there is none.
 void FermeCarte();
+// The user's command: another board from now on. Its setting is written, then it is opened and checked as at the
+// start. False, told: the machine moves or an operation holds the board, and nothing has changed.
+bool ChangeCarte(const ReglageCarte& reglage, const MoyensCarte& moyens);
+// The same with a prompt: what is typed is a value of CarteZENIK, or vendor and product of a USB board. False:
+// nothing has changed.
+bool DemandeCarte(const MoyensCarte& moyens);
 // One box each.
 void DitRefus(const std::vector<RefusCarte>& refus);
 // Writes what the virtual board has to keep. Why that can't be, told not yet.

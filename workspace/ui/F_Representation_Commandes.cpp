@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "controller/ChoixCarte.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
@@ -63,6 +64,9 @@ Executions F_Representation::ToutesExecutions() {
   };
   e["mnu_Optimisation"] = [] { mnu_Optimisation_Click(); };
   e["mnu_Defaut"] = [this] { mnu_Defaut(); };
+  e["mnu_Carte"] = [this] {
+    if (DemandeCarte(MoyensOrdinaires())) AfficheCarte();
+  };
   // windows that the document or this window follows
   e["mnu_Nettoyage"] = [this] { mnu_Nettoyage(); };
   e["mnu_BD"] = [this] {

@@ -209,6 +209,7 @@ constexpr std::array Commandes{
       .texte = "Paramètres de la &machine...",
       .barre = 81,
       .fenetre = "F_ParamMachine"},
+    C{.nom = "mnu_Carte", .menu = Options, .groupe = 1, .texte = "&Carte de commande..."},
     C{.nom = "mnu_PilMan",
       .menu = Options,
       .groupe = 1,

@@ -1,4 +1,5 @@
 // The table of commands, and what the window makes of it.
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -109,6 +110,15 @@ TEST_F(Commandes, WhileTheBoardWorksOnlyTheViewMayChange) {
   Commande("mnu_Panneau");
   EXPECT_NE(Menu("mnu_Panneau")->isChecked(), panneau);
   EXPECT_EQ(bips, 1);
+}
+
+TEST_F(Commandes, AnotherBoardIsTakenByCommandAndTheStatusBarSaysSo) {
+  Charge();
+  for (const auto& [choix, nom] : {std::pair{"virtuelle", "Carte virtuelle"}, {"aucune", "Sans carte"}}) {
+    essai::AttendSaisie("Carte_choix", choix);
+    Commande("mnu_Carte");
+    EXPECT_EQ(C<QLabel>("SB1_9")->text().toStdString(), nom);
+  }
 }
 
 TEST_F(Commandes, ASwitchThatIsRefusedStaysAsItWas) {

@@ -6,6 +6,7 @@
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/Fichiers.h"
+#include "core/RunCourant.h"
 #include "core/Textes.h"
 #include "tests/support/Support.h"
 #include "tests/unit/controller/LiaisonScenario.h"
@@ -271,6 +272,93 @@ TEST(FermeCarte, LetsTheNextOneHaveIt) {
   EXPECT_FALSE(CdeZENIK->IsAvailable());
   EXPECT_EQ(NomCarte(), Textes::CarteAbsente);
   EXPECT_TRUE(InstalleCarte(Moyens()).empty());
+}
+
+// --- another board by command -----------------------------------------------------------------------------------
+
+TEST(ChangeCarte, WritesTheSettingOpensTheBoardAndChecksItsTable) {
+  essai::PoseTable("Essai", "TB_SAV_30=5\r\nTB_SAV_31=5\r\n");  // check and writer agree
+  InstalleCarte(Moyens());
+  EXPECT_TRUE(ChangeCarte({"aucune", ""}, Moyens()));
+  EXPECT_FALSE(CdeZENIK->IsAvailable());
+  EXPECT_EQ(LireCleIni("CarteZENIK", ""), "aucune");
+  EXPECT_TRUE(ChangeCarte({"virtuelle", ""}, Moyens()));
+  EXPECT_EQ(LireCleIni("CarteZENIK", ""), "virtuelle");
+  EXPECT_EQ(NomCarte(), Textes::CarteVirtuelle);
+  EXPECT_EQ(CdeZENIK->TableRecherche("Essai"), 0);
+  EXPECT_TRUE(ChangeCarte({"auto", ""}, Moyens())) << "the same board: its lock was let go first";
+  EXPECT_TRUE(CdeZENIK->IsAvailable());
+}
+
+TEST(ChangeCarte, IsRefusedWhileAnOperationHoldsTheBoard) {
+  essai::PoseTable("Essai");
+  InstalleCarte(Moyens());
+  const ClsCdeZENIK* avant = CdeZENIK.get();
+  for (bool* operation : {&OperationCarte, &RunActif}) {
+    *operation = true;
+    essai::Attend("erreurs", "Carte_bouge");
+    EXPECT_FALSE(ChangeCarte({"aucune", ""}, Moyens()));
+    *operation = false;
+    EXPECT_EQ(CdeZENIK.get(), avant);
+    EXPECT_EQ(LireCleIni("CarteZENIK", "-"), "-");
+  }
+}
+
+TEST(ChangeCarte, IsRefusedWhileTheMachineMoves) {
+  essai::PoseTable("Essai");
+  InstalleCarte(Moyens());
+  const ClsCdeZENIK* avant = CdeZENIK.get();
+  float v = 1, t = 0;
+  ASSERT_TRUE(CdeZENIK->EnvoiUSB());
+  ASSERT_TRUE(CdeZENIK->CommandeDATA(100'000, 0, 0, v, t, false));
+  ASSERT_TRUE(CdeZENIK->GoBuffer());
+  essai::Attend("erreurs", "Carte_bouge");
+  EXPECT_FALSE(ChangeCarte({"aucune", ""}, Moyens()));
+  EXPECT_EQ(CdeZENIK.get(), avant);
+  CdeZENIK->StopResume(0, 0);
+  EXPECT_TRUE(ChangeCarte({"aucune", ""}, Moyens()));
+}
+
+TEST(ChangeCarte, WhatCannotBeHadIsToldAndThereIsNone) {
+  essai::PoseTable("Essai");
+  InstalleCarte(Moyens());
+  essai::Attend("erreurs", "Carte_inconnue");
+  EXPECT_TRUE(ChangeCarte({"COM1", ""}, Moyens()));
+  EXPECT_FALSE(CdeZENIK->IsAvailable());
+}
+
+TEST(ChangeCarte, WhatTheUserHasAnsweredHoldsForTheNextBoardToo) {
+  essai::PoseTable("Essai", "TB_SAV_30=30\r\n");
+  InstalleCarte(Moyens());
+  EXPECT_TRUE(CdeZENIK->TableVerif());
+  essai::Attend("erreurs", "2", Reponse::Non);
+  EXPECT_TRUE(CdeZENIK->TableVerif());
+  EXPECT_TRUE(ChangeCarte({"virtuelle", ""}, Moyens()));
+  EXPECT_EQ(essai::Boites().size(), 1U);
+}
+
+TEST(DemandeCarte, TakesAChoiceOrTheIdentityOfAUsbBoard) {
+  essai::PoseTable("Essai");
+  Scenario s;
+  s.connectee = zenikcom::Absente;
+  essai::AttendSaisie("Carte_choix", " 1A2B:3C4D ");
+  EXPECT_TRUE(DemandeCarte(AvecUsb(s)));
+  EXPECT_EQ(LitReglageCarte(), (ReglageCarte{"usb", "1A2B:3C4D"}));
+  EXPECT_EQ(LaCarte.genre, GenreCarte::Usb);
+  essai::AttendSaisie("Carte_choix", "aucune");
+  EXPECT_TRUE(DemandeCarte(AvecUsb(s)));
+  EXPECT_EQ(LitReglageCarte(), (ReglageCarte{"aucune", "1A2B:3C4D"}));
+}
+
+TEST(DemandeCarte, CancelledOrTheSameChangesNothing) {
+  essai::PoseTable("Essai");
+  InstalleCarte(Moyens());
+  const ClsCdeZENIK* avant = CdeZENIK.get();
+  for (const char* dit : {"", "auto"}) {
+    essai::AttendSaisie("Carte_choix", dit);
+    EXPECT_FALSE(DemandeCarte(Moyens()));
+    EXPECT_EQ(CdeZENIK.get(), avant);
+  }
 }
 
 TEST(InstalleCarte, TheTableOfTheBoardLastsInItsFile) {

@@ -26,8 +26,8 @@ const std::map<std::string, std::string> Instances{{"core/DocumentCourant.h", "D
 // force; what computes takes values and stays out.
 const std::map<std::string, std::set<std::string>> Coquilles{
     {"controller",
-     {"ChangtTable.cpp", "ClsCdeZENIK.cpp", "EtatZENIK.cpp", "Module_ZENIK.cpp", "MouvementsZENIK.cpp",
-      "TablesCarte.cpp", "TravailZENIK.cpp"}},
+     {"ChangtTable.cpp", "ChoixCarte.cpp", "ClsCdeZENIK.cpp", "EtatZENIK.cpp", "Module_ZENIK.cpp",
+      "MouvementsZENIK.cpp", "TablesCarte.cpp", "TravailZENIK.cpp"}},
     {"core",
      {"Cles.cpp", "DocumentCourant.cpp", "FichierDefaut.cpp", "PlanCourant.cpp", "Projet.cpp",
       "ReglagesCourants.cpp", "RunCourant.cpp", "Traduction.cpp", "ValeursCles.cpp"}},
