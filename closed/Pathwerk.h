@@ -202,6 +202,10 @@ inline constexpr double HauteurTexte = 20.0;  // mm: height of the em square of 
 // Result: number of points (0 for an empty text), or a negative `Erreur`.
 std::int32_t Texte(std::vector<PointTrace>& points, const std::string& texte, const std::string& police,
                    std::int32_t espace, std::int32_t style);
+// The same at `hauteur` mm an em, with curves flattened to 0.01 mm at every height; 0 points for a height that is
+// none.
+std::int32_t TexteHaut(std::vector<PointTrace>& points, const std::string& texte, const std::string& police,
+                       std::int32_t espace, std::int32_t style, double hauteur);
 // Families that can be used, sorted.
 std::vector<std::string> ListePolices();
 

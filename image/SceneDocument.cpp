@@ -228,9 +228,11 @@ void Peintre::Air(const PointTrace& de, const PointTrace& a) {
 //
 //     PD ---- PE .... PC .... PE .... PD ----      a notch
 //     PD ---- PC .... PD ----                      a mark too near to an end for a notch
+//     PD ---- PU .... PD ----                      a stroke in the margin, and the contour behind it
 void Peintre::Passes(const std::vector<PointTrace>& points) {
   bool dansEncoche = false;
   const auto roleDe = [&dansEncoche](Code2 cde) {
+    if (cde == CodePU) return Role::Air;  // the blade is lifted out of the margin
     if (cde == CodePE) {
       dansEncoche = true;
     } else if (cde != CodePC) {
@@ -240,6 +242,7 @@ void Peintre::Passes(const std::vector<PointTrace>& points) {
     return dansEncoche ? Role::Encoche : Role::TrajetNu;
   };
   const auto sorteDe = [](Role role) {
+    if (role == Role::Air) return SorteAir;
     return role == Role::Trajet ? SorteOutil : role == Role::Encoche ? SorteEncoche : SorteOutilPointille;
   };
   const std::size_t n = points.size();

@@ -100,6 +100,7 @@ class Fraisage {
 
  private:
   void Suit(const std::vector<PointTrace>& points, float passe, float niveauEncoche);
+  void Survole(const PointTrace& point, float passe);
   void Z(float delta, Drapeau matiere) { PlanAjouteZ(plan_, p_, delta, matiere, 0); }
 
   EtatPlan& plan_;
@@ -111,6 +112,17 @@ class Fraisage {
   float leve_ = 0;
 };
 
+// To a point with the tool up, and down again: the blade that has turned in the margin must not cut its way to the
+// contour.
+void Fraisage::Survole(const PointTrace& point, float passe) {
+  Z(-passe - leve_, Vrai);
+  leve_ = 0;
+  Z(p_.HautDeg, Faux);
+  PlanAjoute(plan_, p_, pos_, point, Faux, 0);
+  Z(-p_.HautDeg, Faux);
+  Z(passe, Vrai);
+}
+
 // The points behind the first, cutting; up at the entry of a notch, down at its exit.
 //
 //   pass      ___________          ________
@@ -119,7 +131,11 @@ class Fraisage {
 void Fraisage::Suit(const std::vector<PointTrace>& points, float passe, float niveauEncoche) {
   for (std::size_t i = 1; i < points.size(); ++i) {
     const PointTrace& point = points[i];
-    PlanAjoute(plan_, p_, pos_, point, Vrai, 0);
+    if (i > 1 && points[i - 1].Cde == CodePU) {
+      Survole(point, passe);
+    } else {
+      PlanAjoute(plan_, p_, pos_, point, Vrai, 0);
+    }
     if (leve_ == 0 && point.Cde == CodePE && niveauEncoche > passe) {
       leve_ = niveauEncoche - passe;
       Z(leve_, Vrai);
@@ -317,6 +333,7 @@ EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecal
     for (const PointTrace& point : points) {
       mesurable = mesurable && Mesurable(point.X) && Mesurable(point.Y);
       if (point.Cde == CodePE && avant != CodePE) hauteurs += 2;
+      if (point.Cde == CodePU) hauteurs += 4;
       avant = point.Cde;
     }
     if (!mesurable) {

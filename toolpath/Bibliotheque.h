@@ -20,6 +20,9 @@ struct Bibliotheque {
   std::function<std::int32_t(Points&, const std::string& texte, const std::string& police, std::int32_t espace,
                              std::int32_t style)>
       Texte;
+  std::function<std::int32_t(Points&, const std::string& texte, const std::string& police, std::int32_t espace,
+                             std::int32_t style, double hauteur)>
+      TexteHaut;
   std::function<std::int32_t(const Points&, const std::string& fichier, std::string& commentaire)> EcrireFichier;
 };
 

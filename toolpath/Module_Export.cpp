@@ -39,7 +39,8 @@ std::string Commentaire(std::string texte) {
 
 // False with the system's reason when the file could not be written.
 bool Ecrit(const Points& points, const std::string& chemin, std::string& commentaire) {
-  const std::int32_t resultat = Biblio.EcrireFichier(points, chemin, commentaire);
+  std::int32_t resultat = 0;
+  Travaille([&] { resultat = Biblio.EcrireFichier(points, chemin, commentaire); });
   commentaire = Rogne(commentaire);
   if (resultat >= 0) return true;
   BoiteMessage boite = BoiteErreur(resultat);
@@ -74,6 +75,21 @@ bool EcritUnFichier(const std::string& chemin, const Points& points) {
   return true;
 }
 
+// Numbered files are named here and not by the user: those that are there already are asked about, all at once.
+bool PeutRemplacer(const std::string& chemin, long nombre) {
+  long presents = 0;
+  std::string premier;
+  for (long numero = 1; numero <= nombre; ++numero) {
+    const std::string un = CheminNumerote(chemin, numero);
+    if (!FichierExiste(un)) continue;
+    if (++presents == 1) premier = NomDe(un);
+  }
+  if (presents == 0) return true;
+  BoiteMessage boite = BoiteDe(Textes::ExportRemplace, Icone::Exclamation, Boutons::OkAnnuler);
+  boite.texte += "\r\n" + premier + (presents == 1 ? "" : " (" + std::to_string(presents) + ")");
+  return Svc.Montre(boite) == Reponse::Ok;
+}
+
 bool EcritUnFichierParTrace(const std::string& chemin, int source) {
   std::vector<Points> traces;
   if (source == 0) {
@@ -86,6 +102,7 @@ bool EcritUnFichierParTrace(const std::string& chemin, int source) {
     }
   }
   if (traces.empty()) return Refuse(Textes::ExportVide);
+  if (!PeutRemplacer(chemin, static_cast<long>(traces.size()))) return false;
   long numero = 0;
   {
     Avancement avancement(Traduire(Textes::ExportEnCours), std::ssize(traces));

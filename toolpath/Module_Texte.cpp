@@ -8,6 +8,7 @@
 #include "base/Indices.h"
 #include "core/BoiteRefus.h"
 #include "core/DocumentCourant.h"
+#include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Textes.h"
@@ -112,17 +113,43 @@ void AjouteChemins(const std::vector<std::vector<PointTrace>>& chemins, bool des
   NbPoints = base::Compte(TraceInitial.size());
 }
 
+// Where the user sees it: in the corner of a new sheet, or at the place that has been marked.
+void Cadre(std::vector<PointTrace>& points, bool dessin) {
+  double dx = OrigineX;
+  double dy = OrigineY;
+  if (!dessin) {
+    const auto [gauche, droite] = std::minmax_element(
+        points.begin(), points.end(), [](const PointTrace& a, const PointTrace& b) { return a.X < b.X; });
+    const auto [bas, haut] = std::minmax_element(
+        points.begin(), points.end(), [](const PointTrace& a, const PointTrace& b) { return a.Y < b.Y; });
+    dx = MargeTexte - gauche->X;
+    dy = MargeTexte - bas->Y;
+  }
+  for (PointTrace& p : points) {
+    p.X = EnFloat(p.X + dx);
+    p.Y = EnFloat(p.Y + dy);
+  }
+}
+
 }  // namespace
 
-// The library gives millimetres at a sensible height, so nothing is scaled.
 bool GenereTexte(const std::string& texte, const std::string& police, std::int32_t espace, std::int32_t style) {
+  return GenereTexte(texte, police, espace, style, {});
+}
+
+// The library gives millimetres at the height asked for, so nothing is scaled.
+bool GenereTexte(const std::string& texte, const std::string& police, std::int32_t espace, std::int32_t style,
+                 const PoseTexte& pose) {
   std::vector<PointTrace> points(1);
-  const std::int32_t n = Biblio.Texte(points, texte, police, espace, style);
+  const bool usuelle = pose.hauteur == pathwerk::HauteurTexte;
+  const std::int32_t n = usuelle ? Biblio.Texte(points, texte, police, espace, style)
+                                 : Biblio.TexteHaut(points, texte, police, espace, style, pose.hauteur);
   if (n < 0) return RefuseTexte(n, police);
   points.resize(std::min(points.size(), base::Indice(n)));
   if (points.empty()) return true;
 
   const bool dessin = DessinPresent();
+  if (pose.cadre) Cadre(points, dessin);
   const auto chemins = Chemins(points, dessin);
   if (!chemins) return RefuseTexte(pathwerk::Numero(pathwerk::Erreur::TropDeSequences), police);
   AjouteChemins(*chemins, dessin);

@@ -8,6 +8,7 @@
 
 #include "closed/Pathwerk.h"
 #include "controller/ClsCdeZENIK.h"
+#include "core/Aide.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
@@ -68,13 +69,6 @@ void MontreTexte(const std::string& texte, const std::string& fichier = "") {
   Svc.Montre(boite);
 }
 
-// Key `AdresseMaj` without a separator at its end; empty as delivered.
-std::string AdresseServeur() {
-  std::string adresse = Rogne(LireCleIni(cles::AdresseMaj, ""));
-  while (adresse.ends_with("/")) adresse.pop_back();
-  return adresse;
-}
-
 void TrouveDossiers(const OptionsDemarrage& options) {
   if (options.config.empty()) {
     DossierProgramme = TrouveDossierProgramme(options.dossierExecutable);
@@ -116,9 +110,9 @@ std::string EcritReglagesAbsents(bool& neuf) {
 }
 
 void ChercheMiseAJour(const CrochetsDemarrage& crochets) {
-  const std::string serveur = AdresseServeur();
-  if (serveur.empty() || !Appelle(crochets.Connecte, false) || !crochets.DemandeMiseAJour) return;
-  crochets.DemandeMiseAJour(serveur + FichierVersion);
+  const std::string adresse = AdresseSite(FichierVersion);
+  if (adresse.empty() || !Appelle(crochets.Connecte, false) || !crochets.DemandeMiseAJour) return;
+  crochets.DemandeMiseAJour(adresse);
 }
 
 void ChargeReglages() {
@@ -205,7 +199,7 @@ bool MiseAJourOfferte(std::string_view reponse) {
 void TraiteMiseAJour(std::string_view reponse, const std::function<void(const std::string& adresse)>& ouvre) {
   if (!MiseAJourOfferte(reponse)) return;
   if (Message(Textes::NouvelleVersion, Icone::Exclamation, Boutons::OuiNon) != Reponse::Oui) return;
-  if (ouvre) ouvre(AdresseServeur());
+  if (ouvre) ouvre(AdresseSite(""));
 }
 
 void ChargeTableEtFiches(const std::string& imposee) {

@@ -4,11 +4,15 @@
 
 #include "controller/ui/F_ChangtTable.h"
 #include "core/Services.h"
+#include "core/ui/F_About.h"
 #include "core/ui/F_ParamAppli.h"
 #include "core/ui/ServicesQt.h"
 #include "database/ui/F_BD.h"
 #include "gcode/ui/F_Gcode.h"
 #include "run/ui/F_Fraisage.h"
+#include "toolpath/ui/F_Exporter.h"
+#include "toolpath/ui/F_Texte.h"
+#include "toolpath/ui/F_Vinyl.h"
 #include "workspace/ui/F_Dimension.h"
 #include "workspace/ui/F_Nettoyage.h"
 #include "workspace/ui/F_Reprise.h"
@@ -19,15 +23,19 @@ namespace ovelin {
 namespace {
 
 constexpr std::array Table{
+    LigneDe<F_About>("F_About", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_BD>("F_BD", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_ChangtTable>("F_ChangtTable", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Dimension>("F_Dimension", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Exporter>("F_Exporter", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Fraisage>("F_Fraisage", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Gcode>("F_Gcode", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_Nettoyage>("F_Nettoyage", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_ParamAppli>("F_ParamAppli", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Reprise>("F_Reprise", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Soudure>("F_Soudure", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Texte>("F_Texte", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Vinyl>("F_Vinyl", Exemplaires::Un, Tenue::Modale),
 };
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "core/ui/Fenetres.h"
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QPointer>
+#include <QScreen>
 #include <algorithm>
 #include <map>
 #include <optional>
@@ -102,6 +104,15 @@ void TraduitFenetresOuvertes() {
   for (QWidget* fenetre : QApplication::topLevelWidgets()) {
     if (fenetre->isVisible() && fenetre->objectName().startsWith(QLatin1String("F_"))) TraduireFenetre(*fenetre);
   }
+}
+
+void PlaceSurEcran(QWidget& fenetre, QPoint coin) {
+  const QScreen* ecran = QGuiApplication::screenAt(coin);
+  if (ecran == nullptr) return;
+  const QRect libre = ecran->availableGeometry();
+  const QSize taille = fenetre.sizeHint();
+  fenetre.move(std::max(libre.left(), std::min(coin.x(), libre.right() - taille.width())),
+               std::max(libre.top(), std::min(coin.y(), libre.bottom() - taille.height())));
 }
 
 void PrepareFenetre(QWidget& fenetre, const char* nom) {

@@ -73,6 +73,10 @@ extern std::function<int(QWidget* proprietaire, int couleur)> ChoisitCouleur;
 // Every window on show is loaded anew in the language in force; texts that it holds itself are its own affair.
 void TraduitFenetresOuvertes();
 
+// The window at a place that has been remembered, as far on its screen as it goes; where no screen holds that place
+// any more it stays.
+void PlaceSurEcran(QWidget& fenetre, QPoint coin);
+
 // What every window does at its load: object name, icon, translation, place above its owner.
 void PrepareFenetre(QWidget& fenetre, const char* nom);
 

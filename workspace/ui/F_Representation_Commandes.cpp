@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "controller/ChoixCarte.h"
+#include "core/Aide.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
@@ -63,6 +64,7 @@ Executions F_Representation::ToutesExecutions() {
     separateur_->setSizes({width() - panneau, panneau});
   };
   e["mnu_Optimisation"] = [] { mnu_Optimisation_Click(); };
+  e["mnu_Help"] = [] { mnu_Help(); };
   e["mnu_Defaut"] = [this] { mnu_Defaut(); };
   e["mnu_Carte"] = [this] {
     if (DemandeCarte(MoyensOrdinaires())) AfficheCarte();

@@ -50,6 +50,7 @@ using Contour = std::vector<Vec2>;  // mm, closed without a second copy of its f
 // HarfBuzz's 26.6 numbers are font units with six more bits and nothing is lost to rounding.
 struct Style {
   FT_Face face = nullptr;
+  double hauteur = 0;     // mm an em
   double mm = 0;          // mm per 1/64 of a font unit
   bool pencher = false;   // the face isn't italic, the text is
   bool grossir = false;   // the face isn't bold, the text is
@@ -95,7 +96,7 @@ bool Dispose(const Style& style, const std::string& texte, std::int32_t espace, 
   unsigned nombre = 0;
   const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(tampon.get(), &nombre);
   const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(tampon.get(), &nombre);
-  const double ecart = espace / 1000.0 * HauteurTexte;
+  const double ecart = espace / 1000.0 * style.hauteur;
   Vec2 plume;
   for (unsigned i = 0; i < nombre; ++i) {
     if (i > 0 && infos[i].cluster != infos[i - 1].cluster) plume.x += ecart;
@@ -222,7 +223,7 @@ std::int32_t Trace(const Style& style, const std::string& texte, std::int32_t es
 }
 
 std::int32_t TexteDansFace(const FacePolice& choix, const std::string& texte, std::int32_t espace, bool italique,
-                           bool gras, std::vector<PointTrace>& points) {
+                           bool gras, double hauteur, std::vector<PointTrace>& points) {
   const auto illisible = Numero(Erreur::PoliceFichier);
   FT_Library brute = nullptr;
   if (FT_Init_FreeType(&brute) != 0) return Numero(Erreur::Memoire);
@@ -234,7 +235,8 @@ std::int32_t TexteDansFace(const FacePolice& choix, const std::string& texte, st
   if (FT_Set_Pixel_Sizes(nue, nue->units_per_EM, nue->units_per_EM) != 0) return illisible;
   Style style;
   style.face = nue;
-  style.mm = HauteurTexte / (nue->units_per_EM * 64.0);
+  style.hauteur = hauteur;
+  style.mm = hauteur / (nue->units_per_EM * 64.0);
   style.pencher = italique && !choix.italique && (nue->style_flags & FT_STYLE_FLAG_ITALIC) == 0;
   style.grossir = gras && choix.graisse < GraisseGras && (nue->style_flags & FT_STYLE_FLAG_BOLD) == 0;
   return Trace(style, texte, espace, points);
@@ -244,14 +246,19 @@ std::int32_t TexteDansFace(const FacePolice& choix, const std::string& texte, st
 
 std::int32_t Texte(std::vector<PointTrace>& points, const std::string& texte, const std::string& police,
                    std::int32_t espace, std::int32_t style) {
+  return TexteHaut(points, texte, police, espace, style, HauteurTexte);
+}
+
+std::int32_t TexteHaut(std::vector<PointTrace>& points, const std::string& texte, const std::string& police,
+                       std::int32_t espace, std::int32_t style, double hauteur) {
   points.clear();
-  if (texte.empty()) return 0;
+  if (texte.empty() || !(hauteur > 0)) return 0;
   try {
     const bool italique = (style & StyleItalique) != 0;
     const bool gras = (style & StyleGras) != 0;
     const auto face = TrouveFace(police, italique, gras);
     if (!face) return Numero(Erreur::Police);
-    const std::int32_t n = TexteDansFace(*face, texte, espace, italique, gras, points);
+    const std::int32_t n = TexteDansFace(*face, texte, espace, italique, gras, hauteur, points);
     if (n < 0) points.clear();
     return n;
   } catch (const std::bad_alloc&) {

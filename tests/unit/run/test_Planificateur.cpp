@@ -56,6 +56,43 @@ TEST(Tableau_Decoupe, AClosedPathComesDownOnceAndGoesStraightDownBetweenPasses) 
                         }));
 }
 
+// A closed cut that the drag knife lengthens: its stroke in the margin, the contour from (0, 5), a millimetre more.
+const std::vector<PointEssai> AvecAmorce{{0, -1}, {1, -1, "PU"}, {0, 5}, {10, 5}, {10, 15}, {0, 5}, {1, 5}};
+
+TEST(Tableau_Decoupe, TheBladeIsUpBetweenItsStrokeInTheMarginAndTheContour) {
+  ReglagesPlan();
+  AjouteTrajet(" A", -2, AvecAmorce);
+  EXPECT_EQ(Planifie(), (Liste{
+                            "0 0 5 @8",       // rise to clearance
+                            "0 -1 5 @20",     // rapid to the margin
+                            "0 -1 0 @8",      //
+                            "0 -1 -2 @1",     //
+                            "1 -1 -2 @3",     // the stroke that turns the blade
+                            "1 -1 0 @1",      // out of the sheet
+                            "1 -1 5 @8",      // to clearance
+                            "0 5 5 @20.276",  // rapid over the start; Y limits: 20 x 6.083 / 6
+                            "0 5 0 @8",       // down again
+                            "0 5 -2 @1",      //
+                            "10 5 -2 @3",     //
+                            "10 15 -2 @3",    //
+                            "0 5 -2 @3",      //
+                            "1 5 -2 @3",      // over the seam
+                            "1 5 0 @1",       //
+                            "1 5 5 @8",       //
+                            "0 0 5 @20.396",  // rapid to the origin
+                            "0 0 0 @8",       // on the surface
+                        }));
+}
+
+TEST(Tableau_Decoupe, WithoutTheStrokeNothingIsLiftedInsideTheCut) {
+  ReglagesPlan();
+  AjouteTrajet(" A", -2, {{0, 5}, {10, 5}, {10, 15}, {0, 5}});
+  const Liste lignes = Planifie();
+  EXPECT_EQ(std::count_if(lignes.begin(), lignes.end(), [](const std::string& l) { return l.ends_with(" 5 @8"); }),
+            2)
+      << "the first rise and the last";
+}
+
 TEST(Tableau_Decoupe, AnOpenPathLiftsToClearanceAfterEachPassAndComesBackByRapid) {
   ReglagesPlan();
   AjouteTrajet(" A", -3, {{0, 0}, {10, 0}, {10, 5}});

@@ -203,3 +203,21 @@ TEST_F(Exporte_, RefusesWhatHoldsNoPoint) {
   EXPECT_FALSE(Exporte("/tmp/a.dat", 1));
   EXPECT_TRUE(ecrits.empty());
 }
+
+// Names that the program makes are no names that the user has seen.
+TEST_F(Exporte_, AsksOnceBeforeItReplacesNumberedFiles) {
+  DeuxChemins();
+  RecalculDecalages();
+  EcritFichierEssai("a001.dat", "1");
+  EcritFichierEssai("a002.dat", "2");
+  Attend("F_Exporter", "lib003", Reponse::Ok);
+  Attend("F_Exporter", "lib008", Reponse::Annuler);
+  EXPECT_FALSE(Exporte(Dossier() + "/a.dat", 1));
+  EXPECT_THAT(Boites().back().texte, testing::EndsWith("\r\na001.dat (2)"));
+  EXPECT_TRUE(ecrits.empty());
+  Attend("F_Exporter", "lib003", Reponse::Ok);
+  Attend("F_Exporter", "lib008", Reponse::Ok);
+  Attend("F_Exporter", "lib004");
+  EXPECT_TRUE(Exporte(Dossier() + "/a.dat", 1));
+  EXPECT_EQ(ecrits.size(), 2U);
+}

@@ -204,3 +204,45 @@ TEST(GenereTexte, TakesNoMorePointsThanThereAre) {
   EXPECT_TRUE(GenereTexte("O", "Sans", 0, 0));
   EXPECT_EQ(NbPoints, 2);
 }
+
+// The letter of the script lies at (0, 0) to (10, 20); one with a descender reaches below.
+TEST(GenereTexte, BeginsADrawingWithAMarginBelowItsLowestPoint) {
+  BiblioEssai biblio;
+  Biblio.Texte = [](std::vector<PointTrace>& p, const std::string&, const std::string&, std::int32_t,
+                    std::int32_t) {
+    p = Trace("x", {{1, -4}, {9, -4}, {9, 12}, {1, -4}});
+    return 4;
+  };
+  PoseTexte pose;
+  pose.cadre = true;
+  EXPECT_TRUE(GenereTexte("g", "Sans", 0, 0, pose));
+  EXPECT_EQ(Lieux(TraceInitial), (std::vector<std::pair<float, float>>{{5, 5}, {13, 5}, {13, 21}, {5, 5}}));
+}
+
+TEST(GenereTexte, JoinsADrawingAtTheMarkedPosition) {
+  BiblioEssai biblio;
+  Biblio.Texte = LettreO;
+  AjouteCarre(" A", 50, 50, 5);
+  NbPoints = 5;
+  OrigineX = 30;
+  OrigineY = -2;
+  PoseTexte pose;
+  pose.cadre = true;
+  EXPECT_TRUE(GenereTexte("O", "Sans", 0, 0, pose));
+  EXPECT_EQ(Lieux(TraceInitial)[5], (std::pair<float, float>{30, -2})) << "the start of the base line";
+}
+
+TEST(GenereTexte, AsksTheLibraryForAnotherHeight) {
+  BiblioEssai biblio;
+  double recue = 0;
+  Biblio.TexteHaut = [&](std::vector<PointTrace>& p, const std::string&, const std::string&, std::int32_t,
+                         std::int32_t, double hauteur) {
+    recue = hauteur;
+    p.clear();
+    return 0;
+  };
+  PoseTexte pose;
+  pose.hauteur = 35.5;
+  EXPECT_TRUE(GenereTexte("O", "Sans", 0, 0, pose));
+  EXPECT_EQ(recue, 35.5);
+}

@@ -444,4 +444,32 @@ TEST(ListePolices, EveryFamilyCanBeUsed) {
   }
 }
 
+// Five times as high, and chords as near to the curve as before: more of them, not longer ones.
+TEST(TexteHaut, GivesOutlinesOfThatHeightWithChordsAsNear) {
+  std::vector<PointTrace> petit;
+  std::vector<PointTrace> grand;
+  ASSERT_GT(Texte(petit, "O", "DejaVu Sans", 0, 0), 0);
+  ASSERT_GT(TexteHaut(grand, "O", "DejaVu Sans", 0, 0, 100), 0);
+  const Cadre p = Bornes(petit);
+  const Cadre g = Bornes(grand);
+  EXPECT_NEAR(g.x1 - g.x0, 5 * (p.x1 - p.x0), 6 * Pres);
+  EXPECT_NEAR(g.y1 - g.y0, 5 * (p.y1 - p.y0), 6 * Pres);
+  EXPECT_GT(grand.size(), petit.size() * 3 / 2);
+}
+
+TEST(TexteHaut, SpacesLettersInPartsOfItsOwnHeight) {
+  std::vector<PointTrace> serre;
+  std::vector<PointTrace> large;
+  ASSERT_GT(TexteHaut(serre, "II", "DejaVu Sans", 0, 0, 50), 0);
+  ASSERT_GT(TexteHaut(large, "II", "DejaVu Sans", 100, 0, 50), 0);
+  EXPECT_NEAR(Bornes(large).x1 - Bornes(serre).x1, 5, 2 * Pres);  // a tenth of 50 mm
+}
+
+TEST(TexteHaut, HasNoPointAtAHeightThatIsNone) {
+  std::vector<PointTrace> points(3);
+  EXPECT_EQ(TexteHaut(points, "O", "DejaVu Sans", 0, 0, 0), 0);
+  EXPECT_EQ(TexteHaut(points, "O", "DejaVu Sans", 0, 0, -5), 0);
+  EXPECT_TRUE(points.empty());
+}
+
 }  // namespace
