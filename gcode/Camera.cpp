@@ -134,24 +134,18 @@ Projection Projection::Axe(VueProgramme vue, const Camera& camera, const BornesP
   return p;
 }
 
-Projection::Place Projection::Transforme(double x, double y, double z) const {
-  const auto rangee = [&](int i) { return m_[i][0] * x + m_[i][1] * y + m_[i][2] * z + m_[i][3]; };
-  return {rangee(0), rangee(1), rangee(2)};
-}
-
-PointVue Projection::Pixels(const Place& place) const {
+PointVue Projection::Pixels(const PlaceVue& place) const {
   const double e = perspective_ ? echelle_ / place.z : echelle_;
   return {cx_ + place.x * e, cy_ - place.y * e};
 }
 
-bool Projection::Segment(const Vertex& a, const Vertex& b, PointVue& pa, PointVue& pb) const {
-  Place p = Transforme(a.X, a.Y, a.Z);
-  Place q = Transforme(b.X, b.Y, b.Z);
+bool Projection::Segment(const PlaceVue& a, const PlaceVue& b, PointVue& pa, PointVue& pb) const {
+  PlaceVue p = a, q = b;
   if (perspective_) {
     if (p.z < ProfondeurMini && q.z < ProfondeurMini) return false;
-    const auto coupe = [](const Place& dehors, const Place& dedans) {
+    const auto coupe = [](const PlaceVue& dehors, const PlaceVue& dedans) {
       const double t = (ProfondeurMini - dehors.z) / (dedans.z - dehors.z);
-      return Place{dehors.x + t * (dedans.x - dehors.x), dehors.y + t * (dedans.y - dehors.y), ProfondeurMini};
+      return PlaceVue{dehors.x + t * (dedans.x - dehors.x), dehors.y + t * (dedans.y - dehors.y), ProfondeurMini};
     };
     if (p.z < ProfondeurMini) p = coupe(p, q);
     if (q.z < ProfondeurMini) q = coupe(q, p);
@@ -162,7 +156,7 @@ bool Projection::Segment(const Vertex& a, const Vertex& b, PointVue& pa, PointVu
 }
 
 std::optional<PointVue> Projection::Point(const Lieu& lieu) const {
-  const Place place = Transforme(lieu.X, lieu.Y, lieu.Z);
+  const PlaceVue place = Transforme(lieu.X, lieu.Y, lieu.Z);
   if (perspective_ && place.z < ProfondeurMini) return std::nullopt;
   return Pixels(place);
 }

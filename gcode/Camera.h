@@ -38,6 +38,10 @@ double Distance(const Camera& camera, const BornesProgramme& bornes);
 struct PointVue {
   double x = 0, y = 0;  // pixels, y downward
 };
+// A place as the camera sees it, mm: to the right, up, and away from the eye.
+struct PlaceVue {
+  double x = 0, y = 0, z = 0;
+};
 
 // From the program's millimetres to pixels of a picture; made once a frame.
 class Projection {
@@ -50,16 +54,20 @@ class Projection {
   static Projection Axe(VueProgramme vue, const Camera& camera, const BornesProgramme& bornes, int largeur,
                         int hauteur);
 
+  [[nodiscard]] PlaceVue Place(const Vertex& v) const { return Transforme(v.X, v.Y, v.Z); }
   // The part of the segment in front of the eye as pixels; false where nothing of it is.
-  [[nodiscard]] bool Segment(const Vertex& a, const Vertex& b, PointVue& pa, PointVue& pb) const;
+  [[nodiscard]] bool Segment(const PlaceVue& a, const PlaceVue& b, PointVue& pa, PointVue& pb) const;
+  [[nodiscard]] bool Segment(const Vertex& a, const Vertex& b, PointVue& pa, PointVue& pb) const {
+    return Segment(Place(a), Place(b), pa, pb);
+  }
   [[nodiscard]] std::optional<PointVue> Point(const Lieu& lieu) const;
 
  private:
-  struct Place {
-    double x = 0, y = 0, z = 0;  // right, up, depth from the eye
-  };
-  [[nodiscard]] Place Transforme(double x, double y, double z) const;
-  [[nodiscard]] PointVue Pixels(const Place& place) const;
+  [[nodiscard]] PlaceVue Transforme(double x, double y, double z) const {
+    const auto rangee = [&](int i) { return m_[i][0] * x + m_[i][1] * y + m_[i][2] * z + m_[i][3]; };
+    return {rangee(0), rangee(1), rangee(2)};
+  }
+  [[nodiscard]] PointVue Pixels(const PlaceVue& place) const;
 
   double m_[3][4]{};  // rows: right, up, depth; the last column is the shift
   bool perspective_ = false;

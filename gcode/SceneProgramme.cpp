@@ -65,26 +65,71 @@ class Cadre {
   double x1_, y1_;
 };
 
-// Which pixels have been drawn to, by the ends of the segments.
+// Which cells of the picture, squares of some pixels, have been drawn to.
 class Occupe {
  public:
-  Occupe(int largeur, int hauteur)
-      : largeur_(std::max(1, largeur)),
-        hauteur_(std::max(1, hauteur)),
-        faits_(base::Indice(largeur_) * base::Indice(hauteur_), false) {}
+  Occupe(const OptionsProgramme& options, int cellule)
+      : cellule_(cellule),
+        colonnes_(cellule > 0 ? options.largeur / cellule + 1 : 0),
+        rangees_(cellule > 0 ? options.hauteur / cellule + 1 : 0),
+        faits_(base::Indice(colonnes_) * base::Indice(rangees_), false) {}
 
-  // Whether this pixel was marked; it is afterwards. Outside the picture nothing is to be seen.
-  bool Marque(const PointVue& p) {
-    if (!(p.x >= 0 && p.y >= 0 && p.x < largeur_ && p.y < hauteur_)) return true;
-    const std::size_t i = static_cast<std::size_t>(p.y) * base::Indice(largeur_) + static_cast<std::size_t>(p.x);
-    const bool deja = faits_[i];
-    faits_[i] = true;
-    return deja;
+  // Whether the segment comes into a cell where nothing has been drawn; all of its cells are drawn to afterwards.
+  bool Nouveau(const PointVue& a, const PointVue& b) {
+    if (cellule_ == 0) return true;
+    const double dx = (b.x - a.x) / cellule_, dy = (b.y - a.y) / cellule_;
+    const int n = static_cast<int>(std::ceil(std::max(std::abs(dx), std::abs(dy)))) + 1;
+    bool nouveau = false;
+    for (int k = 0; k <= n; ++k) {
+      const double t = static_cast<double>(k) / n;
+      const double x = a.x / cellule_ + t * dx, y = a.y / cellule_ + t * dy;
+      if (!(x >= 0 && y >= 0 && x < colonnes_ && y < rangees_)) continue;
+      const std::size_t i = static_cast<std::size_t>(y) * base::Indice(colonnes_) + static_cast<std::size_t>(x);
+      nouveau = nouveau || !faits_[i];
+      faits_[i] = true;
+    }
+    return nouveau;
   }
 
  private:
-  int largeur_, hauteur_;
+  int cellule_, colonnes_, rangees_;
   std::vector<bool> faits_;
+};
+
+// Whether a stretch may go on as one chord: all that it passes over lies within a tolerance of the chord from its
+// start (the sleeve of Zhao and Saalfeld 1997). The directions that are left form a cone between two of them, which
+// narrows with each place.
+class Fuseau {
+ public:
+  void Commence(const PointVue& depart) {
+    depart_ = depart;
+    ouvert_ = false;
+    loin_ = 0;
+  }
+  // Takes the place in when the chord to it may stand for all before; false: the chord has to end before it.
+  bool Prend(const PointVue& p) {
+    const double x = p.x - depart_.x, y = p.y - depart_.y;
+    const double d = std::hypot(x, y);
+    if (d + Tolerance < loin_) return false;  // the way has turned back
+    loin_ = std::max(loin_, d);
+    if (d <= Tolerance) return true;
+    if (ouvert_ && (Croix(droite_, {x, y}) < 0 || Croix({x, y}, gauche_) < 0)) return false;
+    const double s = Tolerance / d, c = std::sqrt(1 - s * s);
+    const PointVue droite{x * c + y * s, y * c - x * s}, gauche{x * c - y * s, y * c + x * s};
+    if (!ouvert_ || Croix(droite_, droite) > 0) droite_ = droite;
+    if (!ouvert_ || Croix(gauche, gauche_) > 0) gauche_ = gauche;
+    ouvert_ = true;
+    return true;
+  }
+
+ private:
+  // Pixels across the chord, and as much past its end: a pixel together.
+  static constexpr double Tolerance = 0.6;
+  static double Croix(const PointVue& a, const PointVue& b) { return a.x * b.y - a.y * b.x; }
+
+  PointVue depart_, droite_, gauche_;
+  bool ouvert_ = false;
+  double loin_ = 0;
 };
 
 // Lays segments one behind the other, as one line where the last ends where the next begins.
@@ -120,52 +165,94 @@ class Trait : base::SansCopie {
 
 bool Proches(const PointVue& a, const PointVue& b) { return std::abs(a.x - b.x) < 1 && std::abs(a.y - b.y) < 1; }
 
+// One pass over a program. With a limit stretches are taken together as chords; with cells, those go that lie where
+// something is drawn already.
 class Dessinateur {
  public:
-  Dessinateur(const Projection& projection, const OptionsProgramme& options, Scene& scene)
+  Dessinateur(const Projection& projection, const OptionsProgramme& options, int cellule, Scene& scene)
       : projection_(projection),
         options_(options),
         cadre_(options.largeur, options.hauteur),
-        occupe_(options.largeur, options.hauteur),
+        occupe_(options, cellule),
         trait_(scene) {}
 
-  void Bande(const std::vector<Vertex>& strip) {
-    if (strip.size() < 2) return;
-    std::size_t debut = 0;  // the vertex where the drawn line stands
-    for (std::size_t i = 1; i < strip.size(); ++i) {
-      PointVue a, b;
-      if (!projection_.Segment(strip[debut], strip[i], a, b)) {
-        debut = i;
-        continue;
-      }
-      const bool dernier = i + 1 == strip.size() || strip[i + 1].Speculaire != strip[i].Speculaire;
-      if (!dernier && Proches(a, b)) continue;
-      const auto genre = static_cast<GenreMouvement>(strip[i].Speculaire);
-      debut = i;
-      if (genre == GenreMouvement::Rapide && !options_.rapides) continue;
-      Pose(RoleDe(genre), a, b);
-    }
-  }
-
-  void Lignes(const std::vector<Vertex>& lignes) {
-    for (std::size_t i = 0; i + 1 < lignes.size(); i += 2) {
-      PointVue a, b;
-      if (projection_.Segment(lignes[i], lignes[i + 1], a, b) && cadre_.Coupe(a, b)) {
-        trait_.Segment(Role::Boite, a, b);
-      }
-    }
+  // False: more segments than there may be.
+  bool Tout(const MesureProgramme& mesure) {
+    Lignes(mesure.CadreVertex);
+    return options_.segmentsMaxi > 0 ? Cordes(mesure.TraceVertex) : Bande(mesure.TraceVertex);
   }
 
  private:
-  void Pose(Role role, PointVue a, PointVue b) {
-    if (!cadre_.Coupe(a, b)) return;
-    if (options_.segmentsMaxi > 0) {
-      const bool vu = occupe_.Marque(b);
-      const bool court = std::abs(a.x - b.x) < 2 && std::abs(a.y - b.y) < 2;
-      if (nombre_ >= options_.segmentsMaxi || (vu && court && nombre_ >= options_.segmentsMaxi / 2)) return;
+  void Lignes(const std::vector<Vertex>& lignes) {
+    for (std::size_t i = 0; i + 1 < lignes.size(); i += 2) {
+      PointVue a, b;
+      if (!projection_.Segment(lignes[i], lignes[i + 1], a, b) || !cadre_.Coupe(a, b)) continue;
+      ++nombre_;
+      trait_.Segment(Role::Boite, a, b);
     }
+  }
+
+  bool Bande(const std::vector<Vertex>& strip) {
+    if (strip.empty()) return true;
+    PlaceVue debut = projection_.Place(strip.front());  // where the drawn line stands
+    for (std::size_t i = 1; i < strip.size(); ++i) {
+      const PlaceVue ici = projection_.Place(strip[i]);
+      PointVue a, b;
+      if (projection_.Segment(debut, ici, a, b)) {
+        if (!DernierDuGenre(strip, i) && Proches(a, b)) continue;
+        Pose(strip[i], a, b);
+      }
+      debut = ici;
+    }
+    return true;
+  }
+
+  bool Cordes(const std::vector<Vertex>& strip) {
+    if (strip.empty()) return true;
+    Fuseau fuseau;
+    PlaceVue avant = projection_.Place(strip.front());
+    PointVue debut, fin;   // of the chord
+    bool ouverte = false;  // there is one
+    for (std::size_t i = 1; i < strip.size(); ++i) {
+      const PlaceVue ici = projection_.Place(strip[i]);
+      PointVue a, b;
+      const bool vue = projection_.Segment(avant, ici, a, b);
+      // What the eye's plane has cut does not begin where the chord ends.
+      if (ouverte && (!vue || a.x != fin.x || a.y != fin.y || !fuseau.Prend(b))) {
+        if (!Pose(strip[i - 1], debut, fin)) return false;
+        ouverte = false;
+      }
+      if (vue) {
+        if (!ouverte) {
+          debut = a;
+          fuseau.Commence(a);
+          fuseau.Prend(b);
+        }
+        fin = b;
+        ouverte = true;
+        if (DernierDuGenre(strip, i)) {
+          if (!Pose(strip[i], debut, fin)) return false;
+          ouverte = false;
+        }
+      }
+      avant = ici;
+    }
+    return true;
+  }
+
+  static bool DernierDuGenre(const std::vector<Vertex>& strip, std::size_t i) {
+    return i + 1 == strip.size() || strip[i + 1].Speculaire != strip[i].Speculaire;
+  }
+
+  // False: this one is one too many.
+  bool Pose(const Vertex& v, PointVue a, PointVue b) {
+    const auto genre = static_cast<GenreMouvement>(v.Speculaire);
+    if (genre == GenreMouvement::Rapide && !options_.rapides) return true;
+    if (!cadre_.Coupe(a, b) || !occupe_.Nouveau(a, b)) return true;
+    if (options_.segmentsMaxi > 0 && nombre_ >= options_.segmentsMaxi) return false;
     ++nombre_;
-    trait_.Segment(role, a, b);
+    trait_.Segment(RoleDe(genre), a, b);
+    return true;
   }
 
   const Projection& projection_;
@@ -176,16 +263,21 @@ class Dessinateur {
   std::size_t nombre_ = 0;
 };
 
+// Each segment of a pass with cells comes into a new one: with cells large enough there are no more than allowed.
+void DessineSous(const MesureProgramme& mesure, const Projection& projection, const OptionsProgramme& options,
+                 Scene& scene) {
+  constexpr int CelluleMaxi = 1024;
+  for (int cellule = 0; cellule <= CelluleMaxi; cellule = std::max(2, 2 * cellule)) {
+    scene.Vide();
+    if (Dessinateur(projection, options, cellule, scene).Tout(mesure)) return;
+  }
+}
+
 }  // namespace
 
 void ConstruitSceneProgramme(const MesureProgramme& mesure, const Projection& projection,
                              const OptionsProgramme& options, Scene& scene) {
-  scene.Vide();
-  {
-    Dessinateur dessinateur(projection, options, scene);
-    dessinateur.Lignes(mesure.CadreVertex);
-    dessinateur.Bande(mesure.TraceVertex);
-  }
+  DessineSous(mesure, projection, options, scene);
   if (!options.outil) return;
   const auto place = projection.Point(*options.outil);
   if (place && std::isfinite(place->x) && std::isfinite(place->y)) {

@@ -11,7 +11,8 @@ namespace ovelin {
 
 struct OptionsProgramme {
   int largeur = 0, hauteur = 0;  // logical pixels
-  // At most so many segments; beyond, those go first that lie where something is drawn already. 0: all.
+  // At most so many segments, the box among them, for a picture that moves: stretches become chords within a pixel
+  // of them, and where these are still too many, those go that lie where something is drawn already. 0: all.
   std::size_t segmentsMaxi = 0;
   std::optional<Lieu> outil;  // where the tool is shown
   bool rapides = true;        // rapid moves are shown

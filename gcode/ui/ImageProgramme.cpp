@@ -2,12 +2,15 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
+#include "gcode/ui/ToileGL.h"
 #include "image/Palette.h"
 #include "image/ui/PeintScene.h"
 
@@ -39,6 +42,8 @@ ImageProgramme::ImageProgramme(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::ClickFocus);
+  repos_.setObjectName(QStringLiteral("Timer_Repos"));
+  repos_.setParent(this);
   repos_.setSingleShot(true);
   repos_.setInterval(DelaiRepos);
   connect(&repos_, &QTimer::timeout, this, [this] {
@@ -46,6 +51,22 @@ ImageProgramme::ImageProgramme(QWidget* parent) : QWidget(parent) {
     Redessine();
   });
   Traduit();
+  if (!ToileGL::Possible()) return;
+  toile_ = new ToileGL(this);
+  toile_->hide();
+  toile_->Prepare = [this] {
+    if (ConstruitScene()) toile_->Charge(scene_, ConstruitPalette(Regl, ThemeDe(*this)));
+  };
+  connect(toile_, &ToileGL::Echoue, this, &ImageProgramme::RetireToile, Qt::QueuedConnection);
+}
+
+// What can't be drawn by OpenGL after all is painted.
+void ImageProgramme::RetireToile() {
+  if (toile_ == nullptr) return;
+  toile_->hide();
+  toile_->deleteLater();
+  toile_ = nullptr;
+  Redessine();
 }
 
 void ImageProgramme::Traduit() {
@@ -83,6 +104,10 @@ void ImageProgramme::Outil(const std::optional<Lieu>& lieu) {
 
 void ImageProgramme::Redessine() {
   aPeindre_ = true;
+  if (toile_ != nullptr) {
+    toile_->setVisible(Montrable());
+    toile_->update();
+  }
   update();
 }
 
@@ -92,41 +117,53 @@ void ImageProgramme::Bouge() {
   Redessine();
 }
 
+bool ImageProgramme::ConstruitScene() {
+  if (!std::exchange(aPeindre_, false)) return false;
+  scene_.Vide();
+  if (!Montrable()) return true;
+  OptionsProgramme options;
+  options.largeur = width();
+  options.hauteur = height();
+  options.segmentsMaxi = tourne_ ? SegmentsEnMouvement : 0;
+  options.outil = outil_;
+  options.rapides = rapides_;
+  const Projection projection = ProjectionDe(vue_, camera_, mesure_->bornes, width(), height());
+  ConstruitSceneProgramme(*mesure_, projection, options, scene_);
+  return true;
+}
+
 void ImageProgramme::Peint() {
-  aPeindre_ = false;
+  if (!ConstruitScene()) return;
   const double echelle = devicePixelRatioF();
   const QSize pixels = (QSizeF(size()) * echelle).toSize().expandedTo(QSize(1, 1));
   if (image_.size() != pixels) image_ = QImage(pixels, QImage::Format_RGB32);
   image_.setDevicePixelRatio(echelle);
   const Palette couleurs = ConstruitPalette(Regl, ThemeDe(*this));
   image_.fill(EnQt(couleurs.papier));
-  scene_.Vide();
-  if (mesure_ != nullptr && mesure_->mouvements > 0) {
-    OptionsProgramme options;
-    options.largeur = width();
-    options.hauteur = height();
-    options.segmentsMaxi = tourne_ ? SegmentsEnMouvement : 0;
-    options.outil = outil_;
-    options.rapides = rapides_;
-    const Projection projection = ProjectionDe(vue_, camera_, mesure_->bornes, width(), height());
-    ConstruitSceneProgramme(*mesure_, projection, options, scene_);
-  }
   QPainter peintre(&image_);
   PeintScene(peintre, scene_, couleurs);
 }
 
 void ImageProgramme::paintEvent(QPaintEvent*) {
-  if (aPeindre_) Peint();
+  if (toile_ != nullptr && Montrable()) {
+    // A screen that gave a context once may refuse the next.
+    if (!toile_->isValid()) QMetaObject::invokeMethod(this, &ImageProgramme::RetireToile, Qt::QueuedConnection);
+    return;
+  }
+  Peint();
   QPainter peintre(this);
   peintre.drawImage(QPointF(0, 0), image_);
-  if (mesure_ != nullptr && mesure_->mouvements > 0) return;
+  if (Montrable()) return;
   peintre.setPen(palette().color(QPalette::Disabled, QPalette::Text));
   const int marge = fontMetrics().height();
   peintre.drawText(rect().adjusted(marge, marge, -marge, -marge),
                    static_cast<int>(Qt::AlignCenter) | Qt::TextWordWrap, TexteQt(Textes::GcodeVide));
 }
 
-void ImageProgramme::resizeEvent(QResizeEvent*) { Redessine(); }
+void ImageProgramme::resizeEvent(QResizeEvent*) {
+  if (toile_ != nullptr) toile_->setGeometry(rect());
+  Redessine();
+}
 
 void ImageProgramme::changeEvent(QEvent* e) {
   if (e->type() == QEvent::PaletteChange || e->type() == QEvent::StyleChange) Redessine();
@@ -141,7 +178,7 @@ void ImageProgramme::mousePressEvent(QMouseEvent* e) {
 
 void ImageProgramme::mouseMoveEvent(QMouseEvent* e) {
   const BoutonSouris bouton = BoutonDe(e->buttons());
-  if (mesure_ == nullptr || mesure_->mouvements == 0 || bouton == BoutonSouris::Aucun) return;
+  if (!Montrable() || bouton == BoutonSouris::Aucun) return;
   const QPoint place = e->position().toPoint();
   if (bouton == BoutonSouris::Gauche && vue_ != VueProgramme::Espace) {
     Vue(VueProgramme::Espace);  // what lies along an axis can't be turned
@@ -158,7 +195,7 @@ void ImageProgramme::mouseReleaseEvent(QMouseEvent*) { Q_EMIT Deplacee(QString()
 
 void ImageProgramme::wheelEvent(QWheelEvent* e) {
   const int crans = e->angleDelta().y();
-  if (mesure_ == nullptr || mesure_->mouvements == 0 || crans == 0) return;
+  if (!Montrable() || crans == 0) return;
   constexpr double Mini = 1e-4, Maxi = 1e4;
   camera_.ZoomVue =
       std::clamp(camera_.ZoomVue * std::pow(ZoomParCran, static_cast<double>(crans) / UniteMolette), Mini, Maxi);

@@ -10,6 +10,9 @@
 
 namespace ovelin {
 
+class ToileGL;
+
+// Drawn by OpenGL where the screen has one, else painted; what is seen is the same.
 class ImageProgramme : public QWidget {
   Q_OBJECT
  public:
@@ -46,7 +49,11 @@ class ImageProgramme : public QWidget {
  private:
   void Bouge();  // redrawn coarsely now, fully when it rests
   void Redessine();
+  [[nodiscard]] bool Montrable() const { return mesure_ != nullptr && mesure_->mouvements > 0; }
+  // The scene anew where it has to be; true: it was.
+  bool ConstruitScene();
   void Peint();
+  void RetireToile();
 
   const MesureProgramme* mesure_ = nullptr;
   Camera camera_;
@@ -58,6 +65,7 @@ class ImageProgramme : public QWidget {
   QTimer repos_;
   bool tourne_ = false;
   bool aPeindre_ = true;
+  ToileGL* toile_ = nullptr;  // none: painted
 };
 
 }  // namespace ovelin

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 #include <QToolButton>
 #include <cmath>
 #include <functional>
@@ -228,6 +229,45 @@ TEST_F(FGcode, TheWindowShowsTheFileThatItWasOpenedFor) {
   EXPECT_EQ(FichierAMontrer, "");
   fenetre_.Form_Load();
   EXPECT_EQ(Modele().rowCount(), 10) << "and keeps it when it comes back";
+}
+
+// Without a screen there is no OpenGL, and the picture is painted.
+TEST_F(FGcode, WithoutAScreenThePictureIsPainted) {
+  Ouvre(Carre);
+  EXPECT_EQ(fenetre_.findChild<QWidget*>("ToileGL"), nullptr);
+  const QImage image = Controle<ImageProgramme>(fenetre_, "PB1")->grab().toImage();
+  int traits = 0;  // pixels that are no paper
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) traits += image.pixel(x, y) == image.pixel(0, 0) ? 0 : 1;
+  }
+  EXPECT_GT(traits, 500);
+}
+
+// What moves is drawn coarsely, all of it once it has rested.
+TEST_F(FGcode, AllIsDrawnAThirdOfASecondAfterItRests) {
+  std::string texte = "F600\nG01\n";
+  for (int i = 0; i < 20'000; ++i) {
+    const double a = i * 0.001;
+    texte +=
+        "X" + std::to_string(50 + 2 * a * std::cos(a)) + " Y" + std::to_string(50 + 2 * a * std::sin(a)) + "\n";
+  }
+  Ouvre(texte);
+  auto* image = Controle<ImageProgramme>(fenetre_, "PB1");
+  Clique(*Controle<QToolButton>(fenetre_, "Option_Vue_3"));
+  QTest::mousePress(image, Qt::LeftButton, {}, {100, 100});
+  QTest::mouseMove(image, {101, 100});
+  QTest::mouseMove(image, {100, 100});
+  image->grab();
+  const std::size_t tourne = image->Segments();
+  QTest::mouseRelease(image, Qt::LeftButton, {}, {100, 100});
+  auto* repos = image->findChild<QTimer*>("Timer_Repos");
+  ASSERT_NE(repos, nullptr);
+  EXPECT_TRUE(repos->isActive());
+  EXPECT_EQ(repos->interval(), 300);
+  QTimerEvent fin(repos->timerId());
+  QCoreApplication::sendEvent(repos, &fin);
+  image->grab();
+  EXPECT_GT(image->Segments(), 2 * tourne);
 }
 
 // A virtual board as fast as it can, and a table that agrees with it.

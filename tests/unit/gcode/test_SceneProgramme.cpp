@@ -2,6 +2,7 @@
 #include <cmath>
 #include <random>
 
+#include "core/Nombres.h"
 #include "gcode/SceneProgramme.h"
 #include "tests/support/Support.h"
 
@@ -93,7 +94,98 @@ TEST(SceneProgramme, HoldsTheLimitWhileItTurns) {
   }
   const MesureProgramme m = Mesure(texte);
   EXPECT_GT(NombreSegments(Image(m)), 19'000U);
-  EXPECT_LE(NombreSegments(Image(m, Taille(5000))), 5000U + 12);
+  EXPECT_LE(NombreSegments(Image(m, Taille(5000))), 5000U);
+  EXPECT_GT(NombreSegments(Image(m, Taille(5000))), 500U);
+}
+
+// Whether each pixel that one picture draws to lies within `ecart` of one that the other draws to.
+using Pixels = std::vector<bool>;
+Pixels Noircit(const Scene& s) {
+  Pixels pixels(400 * 300, false);
+  for (const Primitive& p : s.Primitives) {
+    const auto points = s.PointsDe(p);
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      const double longueur = std::hypot(static_cast<double>(points[i].X - points[i - 1].X),
+                                         static_cast<double>(points[i].Y - points[i - 1].Y)) /
+                              15;
+      const double pas = 1 / (1 + 8 * longueur);
+      for (double t = 0; t <= 1; t += pas) {
+        const double x =
+            (static_cast<double>(points[i - 1].X) * (1 - t) + static_cast<double>(points[i].X) * t) / 15;
+        const double y =
+            (static_cast<double>(points[i - 1].Y) * (1 - t) + static_cast<double>(points[i].Y) * t) / 15;
+        if (x >= 0 && y >= 0 && x < 400 && y < 300) {
+          pixels[static_cast<std::size_t>(y) * 400 + static_cast<std::size_t>(x)] = true;
+        }
+      }
+    }
+  }
+  return pixels;
+}
+std::size_t Etrangers(const Pixels& de, const Pixels& a, int ecart) {
+  std::size_t n = 0;
+  // Not along the edge: what lies beside it may lie outside.
+  for (int y = 2; y < 298; ++y) {
+    for (int x = 2; x < 398; ++x) {
+      if (!de[static_cast<std::size_t>(y * 400 + x)]) continue;
+      bool pres = false;
+      for (int v = std::max(0, y - ecart); v <= std::min(299, y + ecart); ++v) {
+        for (int u = std::max(0, x - ecart); u <= std::min(399, x + ecart); ++u) {
+          pres = pres || a[static_cast<std::size_t>(v * 400 + u)];
+        }
+      }
+      if (!pres) ++n;
+    }
+  }
+  return n;
+}
+
+// A wave of many short moves, the tool up and down on its way, seen at an angle.
+TEST(SceneProgramme, WhileItTurnsNoLineIsFurtherThanAPixelFromItsPlace) {
+  std::string texte = "F60\nG01\n";
+  for (int i = 0; i <= 40'000; ++i) {
+    const double t = i * 0.0025;
+    texte += "X" + std::to_string(t) + " Y" + std::to_string(40 + 30 * std::sin(t * 1.3) * std::cos(t * 0.2)) +
+             (i % 4000 == 0     ? " Z5"
+              : i % 4000 == 100 ? " Z-1"
+                                : "") +
+             "\n";
+  }
+  const MesureProgramme m = Mesure(texte);
+  Camera camera;
+  camera.RotationX = 0.3;
+  camera.RotationY = -0.2;
+  const Projection projection = ProjectionDe(VueProgramme::Espace, camera, m.bornes, 400, 300);
+  Scene tout;  // each stretch by itself
+  for (std::size_t i = 1; i < m.TraceVertex.size(); ++i) {
+    PointVue a, b;
+    ASSERT_TRUE(projection.Segment(m.TraceVertex[i - 1], m.TraceVertex[i], a, b));
+    tout.AjouteSegment(Role::Coupe, {EnFloat(a.x * 15), EnFloat(a.y * 15)}, {EnFloat(b.x * 15), EnFloat(b.y * 15)});
+  }
+  const Scene tourne = Image(m, Taille(150'000), VueProgramme::Espace, camera);
+  EXPECT_LT(NombreSegments(tourne), NombreSegments(tout) / 4);
+  Scene sansBoite;
+  for (const Primitive& p : tourne.Primitives) {
+    if (p.role != Role::Boite) sansBoite.Ajoute(p, tourne.PointsDe(p));
+  }
+  const Pixels a = Noircit(tout), b = Noircit(sansBoite);
+  EXPECT_EQ(Etrangers(a, b, 1), 0U);
+  EXPECT_EQ(Etrangers(b, a, 1), 0U);
+}
+
+// More lines than there may be, all over the picture and on one another.
+TEST(SceneProgramme, BeyondTheLimitTheOutlineStays) {
+  std::string texte = "F60\n";
+  for (int i = 0; i < 30'000; ++i) {
+    const double a = i * 2.4;  // the golden angle, nearly: neighbours lie far apart
+    texte += "X" + std::to_string(50 + 49 * std::cos(a)) + " Y" + std::to_string(50 + 49 * std::sin(a)) + "\n";
+  }
+  const MesureProgramme m = Mesure(texte);
+  const Scene peu = Image(m, Taille(6000));
+  EXPECT_LE(NombreSegments(peu), 6000U);
+  const Pixels a = Noircit(Image(m)), b = Noircit(peu);
+  EXPECT_EQ(Etrangers(b, a, 1), 0U);
+  EXPECT_EQ(Etrangers(a, b, 2), 0U) << "cells of four pixels";
 }
 
 TEST(SceneProgramme, LeavesOutWhatLiesOutsideThePicture) {
