@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "controller/ui/F_CarteVirtuelle.h"
 #include "controller/ui/F_ChangtTable.h"
 #include "core/Services.h"
 #include "core/ui/F_About.h"
@@ -9,6 +10,9 @@
 #include "core/ui/ServicesQt.h"
 #include "database/ui/F_BD.h"
 #include "gcode/ui/F_Gcode.h"
+#include "machine/essais/ui/F_ParamMachine.h"
+#include "machine/essais/ui/F_PasPerdus.h"
+#include "machine/essais/ui/F_Test.h"
 #include "run/ui/F_Fraisage.h"
 #include "toolpath/ui/F_Exporter.h"
 #include "toolpath/ui/F_Texte.h"
@@ -25,6 +29,7 @@ namespace {
 constexpr std::array Table{
     LigneDe<F_About>("F_About", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_BD>("F_BD", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_CarteVirtuelle>("F_CarteVirtuelle", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_ChangtTable>("F_ChangtTable", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Dimension>("F_Dimension", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Exporter>("F_Exporter", Exemplaires::Un, Tenue::Modale),
@@ -32,8 +37,11 @@ constexpr std::array Table{
     LigneDe<F_Gcode>("F_Gcode", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_Nettoyage>("F_Nettoyage", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_ParamAppli>("F_ParamAppli", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_ParamMachine>("F_ParamMachine", Exemplaires::Un, Tenue::Libre),
+    LigneDe<F_PasPerdus>("F_PasPerdus", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Reprise>("F_Reprise", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Soudure>("F_Soudure", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Test>("F_Test", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Texte>("F_Texte", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Vinyl>("F_Vinyl", Exemplaires::Un, Tenue::Modale),
 };

@@ -91,12 +91,15 @@ IssueEssai Cmd_GO(const ReglageEssai& reglage, bool pauses) {
     Message(Textes::EssaiSansCarte, Icone::Critique);
     return IssueEssai::Refusee;
   }
-  const PendantEssai pendant;
-  if (!CdeZENIK->TableVerif()) return IssueEssai::Refusee;
-  StopDemande = Faux;
-  CdeZENIK->DemandeInformation();
-  if (Vue_Essai.EnCours) Vue_Essai.EnCours(true);
-  const IssueEssai issue = Execute(reglage, pauses);
+  IssueEssai issue = IssueEssai::Refusee;
+  {
+    const PendantEssai pendant;
+    if (!CdeZENIK->TableVerif()) return issue;
+    StopDemande = Faux;
+    CdeZENIK->DemandeInformation();
+    if (Vue_Essai.EnCours) Vue_Essai.EnCours(true);
+    issue = Execute(reglage, pauses);
+  }
   if (Vue_Essai.EnCours) Vue_Essai.EnCours(false);
   return issue;
 }
