@@ -28,6 +28,7 @@
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ValeursCles.h"
+#include "core/ui/PageChoixCarte.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
 #include "workspace/FinCycle.h"
@@ -103,6 +104,20 @@ bool Application::notify(QObject* objet, QEvent* e) {
   return false;
 }
 
+namespace {
+
+std::vector<AppareilPresent> ListeAppareils() {
+  std::vector<AppareilPresent> presents;
+  for (const zenikcom::AppareilUsb& a : zenikcom::AppareilsUsb()) {
+    char identite[16];
+    std::snprintf(identite, sizeof identite, "%04X:%04X", a.identite.vendeur, a.identite.produit);
+    presents.push_back({identite, a.fabricant + " " + a.nom});
+  }
+  return presents;
+}
+
+}  // namespace
+
 Programme::Programme(OptionsProgramme options)
     : options_(std::move(options)),
       // Not over a pass, a dialog or a machine that moves: the question can wait.
@@ -117,6 +132,8 @@ Programme::Programme(OptionsProgramme options)
   Quitte = [](int statut) { std::_Exit(statut); };
   InstalleServicesQt();
   InstalleFenetres();
+  AppareilsPresents = ListeAppareils;
+  CarteReglee = [] { ChangeCarte(LitReglageCarte(), MoyensOrdinaires()); };
   ArretFatal = ArreteMachine;
   surveille_.setInterval(PeriodeSurveillance);
   QObject::connect(&surveille_, &QTimer::timeout, &surveille_, [this] {
@@ -129,6 +146,8 @@ Programme::Programme(OptionsProgramme options)
 Programme::~Programme() {
   fenetre_.reset();
   ArretFatal = nullptr;
+  AppareilsPresents = nullptr;
+  CarteReglee = nullptr;
   FermeCarte();
   OteDossierTemp();
   LibereCopie();

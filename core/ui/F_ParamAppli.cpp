@@ -18,6 +18,7 @@
 #include "core/ui/Fenetres.h"
 #include "core/ui/Fleches.h"
 #include "core/ui/LanguesPresentes.h"
+#include "core/ui/PageChoixCarte.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 
@@ -57,6 +58,8 @@ F_ParamAppli::F_ParamAppli(QWidget* proprietaire) : QDialog(proprietaire), avant
   SSTab1_->addTab(PageOptions(), QStringLiteral("Options"));
   SSTab1_->addTab(PageCouleurs(), QStringLiteral("Couleurs"));
   SSTab1_->addTab(PageLangue(), QStringLiteral("Langue"));
+  carte_ = new PageChoixCarte;
+  SSTab1_->addTab(carte_, QStringLiteral("Carte"));
   boite->addWidget(SSTab1_);
 
   const BoutonsDialogue boutons = PoseBoutons(*this, "Enregistre les options et ferme la fenêtre",
@@ -68,6 +71,7 @@ F_ParamAppli::F_ParamAppli(QWidget* proprietaire) : QDialog(proprietaire), avant
   PrepareFenetre(*this, Section);
   RemplitLangues();
   MontreValeurs();
+  carte_->Montre();
   NommeCommandes();
   Relie();
   // shown with a value that the bar can take, the setting takes it too
@@ -282,6 +286,11 @@ void F_ParamAppli::accept() {
     SSTab1_->setCurrentIndex(0);
     return TB_MRU_->setFocus();
   }
+  if (QWidget* champ = carte_->Refusee()) {
+    SSTab1_->setCurrentWidget(carte_);
+    Svc.Bip();
+    return champ->setFocus();
+  }
   {
     const LotCles lot;
     EcritOptions();
@@ -289,7 +298,9 @@ void F_ParamAppli::accept() {
                                       [&](const CouleurReglee& c) { return Regl.*c.valeur != avant_.*c.valeur; });
     if (couleurs) EcritCouleurs();
   }
+  const bool autreCarte = carte_->Ecrit();
   QDialog::accept();
+  if (autreCarte && CarteReglee) CarteReglee();
 }
 
 void F_ParamAppli::reject() {

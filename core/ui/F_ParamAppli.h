@@ -1,4 +1,4 @@
-// The settings of the program: options, colours, language. Modal; what is changed holds at once.
+// The settings of the program: options, colours, language, board. Modal; what is changed holds at once.
 #pragma once
 
 #include <QDialog>
@@ -17,6 +17,7 @@ namespace ovelin {
 
 class ChampNombre;
 class Fleches;
+class PageChoixCarte;
 
 class F_ParamAppli : public QDialog {
   Q_OBJECT
@@ -55,6 +56,7 @@ class F_ParamAppli : public QDialog {
   Fleches* VScroll_MRU_ = nullptr;
   std::array<QLabel*, 6> LB_Couleur_{};
   QListWidget* LB_Langues_ = nullptr;
+  PageChoixCarte* carte_ = nullptr;
 };
 
 }  // namespace ovelin

@@ -1,5 +1,6 @@
 // The settings window: what is changed holds at once, OK writes, Cancel takes back.
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +18,7 @@
 #include "core/ui/Fenetres.h"
 #include "core/ui/Fleches.h"
 #include "core/ui/LanguesPresentes.h"
+#include "core/ui/PageChoixCarte.h"
 #include "tests/ui/support/SupportUi.h"
 
 namespace {
@@ -447,6 +449,104 @@ TEST_F(ParamAppli, TheTabKeyFollowsTheEye) {
     noms.push_back(QApplication::focusWidget()->objectName().toStdString());
   }
   EXPECT_THAT(noms, ElementsAre("HScroll_TimerInterval", "TB_MRU", "VScroll_MRU", "Btn_OK", "Btn_Annuler"));
+}
+
+// ---- the board
+
+class ChoixCarte : public ParamAppli {
+ protected:
+  void SetUp() override {
+    ParamAppli::SetUp();
+    AppareilsPresents = [] {
+      return std::vector<AppareilPresent>{{"1A2B:3C4D", "Kolvane ZENIK"}, {"0001:0002", "souris"}};
+    };
+    CarteReglee = [this] { ++changee_; };
+  }
+  void TearDown() override {
+    AppareilsPresents = nullptr;
+    CarteReglee = nullptr;
+    ParamAppli::TearDown();
+  }
+  int changee_ = 0;
+};
+
+TEST_F(ChoixCarte, ShowsTheChoiceOfTheSettings) {
+  EcrireCle("CarteZENIK", "Virtuelle");
+  EXPECT_EQ(Controle<QComboBox>(Ouvre(3), "Combo_Carte")->currentIndex(), 2) << "in any letter case";
+  EcrireCle("CarteZENIK", "/opt/zenik.so");
+  auto& f = Ouvre(3);
+  EXPECT_EQ(Controle<QComboBox>(f, "Combo_Carte")->currentIndex(), 4);
+  EXPECT_EQ(Controle<QLineEdit>(f, "TB_Bibliotheque")->text(), "/opt/zenik.so");
+}
+
+TEST_F(ChoixCarte, AsDeliveredIsAutomatic) {
+  EXPECT_EQ(Controle<QComboBox>(Ouvre(3), "Combo_Carte")->currentIndex(), 0);
+}
+
+TEST_F(ChoixCarte, ADeviceThatWasFoundIsTakenByAClick) {
+  auto& f = Ouvre(3);
+  auto* liste = Controle<QListWidget>(f, "LB_Appareils");
+  ASSERT_EQ(liste->count(), 2);
+  EXPECT_EQ(liste->item(0)->text(), "1A2B:3C4D Kolvane ZENIK");
+  QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, liste->visualItemRect(liste->item(0)).center());
+  EXPECT_EQ(Controle<QLineEdit>(f, "TB_Usb")->text(), "1A2B:3C4D");
+  Appuie("Btn_OK");
+  EXPECT_EQ(LireCleIni("CarteZENIK_USB", ""), "1A2B:3C4D");
+  EXPECT_EQ(changee_, 1);
+}
+
+TEST_F(ChoixCarte, OkWritesTheSettingsAloneAndSaysItOnce) {
+  Controle<QComboBox>(Ouvre(3), "Combo_Carte")->setCurrentIndex(3);
+  EXPECT_EQ(LireCleIni("CarteZENIK", "auto"), "auto") << "not before";
+  Appuie("Btn_OK");
+  EXPECT_EQ(LireCleIni("CarteZENIK", ""), "aucune");
+  EXPECT_EQ(changee_, 1);
+  Ouvre(3);
+  Appuie("Btn_OK");
+  EXPECT_EQ(changee_, 1) << "nothing has changed";
+}
+
+TEST_F(ChoixCarte, CancelLeavesTheBoard) {
+  Controle<QComboBox>(Ouvre(3), "Combo_Carte")->setCurrentIndex(2);
+  Appuie("Btn_Annuler");
+  EXPECT_EQ(LireCleIni("CarteZENIK", "auto"), "auto");
+  EXPECT_EQ(changee_, 0);
+}
+
+TEST_F(ChoixCarte, ALibraryNeedsItsFullPathAndABoardItsIdentity) {
+  auto& f = Ouvre(3);
+  auto* choix = Controle<QComboBox>(f, "Combo_Carte");
+  choix->setCurrentIndex(4);
+  Controle<QLineEdit>(f, "TB_Bibliotheque")->setText("zenik.so");
+  Appuie("Btn_OK");
+  EXPECT_TRUE(f.isVisible());
+  choix->setCurrentIndex(1);
+  Appuie("Btn_OK");
+  EXPECT_TRUE(f.isVisible()) << "no identity";
+  Controle<QLineEdit>(f, "TB_Usb")->setText("12:34");
+  Appuie("Btn_OK");
+  EXPECT_TRUE(f.isVisible());
+  EXPECT_EQ(essai::Bips(), 3);
+  choix->setCurrentIndex(4);
+  essai::AttendFichier("Btn_Parcourir", "/opt/zenik.so");
+  Appuie("Btn_Parcourir");
+  Appuie("Btn_OK");
+  EXPECT_FALSE(f.isVisible());
+  EXPECT_EQ(LireCleIni("CarteZENIK", ""), "/opt/zenik.so");
+}
+
+TEST_F(ChoixCarte, WhatTheChoiceDoesNotLookAtCantBeEntered) {
+  auto& f = Ouvre(3);
+  auto* choix = Controle<QComboBox>(f, "Combo_Carte");
+  const auto libres = [&] {
+    return std::pair(Controle<QLineEdit>(f, "TB_Usb")->isEnabled(),
+                     Controle<QLineEdit>(f, "TB_Bibliotheque")->isEnabled());
+  };
+  EXPECT_EQ(libres(), std::pair(true, false));
+  choix->setCurrentIndex(2);
+  EXPECT_EQ(libres(), std::pair(false, false));
+  choix->setCurrentIndex(4);
+  EXPECT_EQ(libres(), std::pair(false, true));
 }
 
 }  // namespace
