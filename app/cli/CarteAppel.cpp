@@ -8,6 +8,8 @@
 #include "closed/CarteVirtuelle.h"
 #include "controller/ChoixCarte.h"
 #include "controller/ClsCdeZENIK.h"
+#include "controller/OperateurCarte.h"
+#include "controller/ParcoursCarte.h"
 #include "core/ClesReglages.h"
 #include "core/Fichiers.h"
 #include "core/Textes.h"
@@ -34,7 +36,11 @@ std::string CleEtValeur() { return std::string(" ") + cles::CarteZENIK + "=" + L
 CarteAppel::~CarteAppel() { FermeCarte(); }
 
 int CarteAppel::JugeFichiers(std::initializer_list<std::string> entrees) const {
-  for (const std::string& sortie : {contexte_.fil, contexte_.fichierCarte}) {
+  const std::string& parcours = contexte_.parcours;
+  if (!parcours.empty() && GenreParcours(parcours) == '\0') {
+    return Echec(contexte_, Textes::ExtensionParcours, " " + parcours, parcours);
+  }
+  for (const std::string& sortie : {contexte_.fil, contexte_.fichierCarte, parcours}) {
     if (sortie.empty()) continue;
     if (const int etat = VerifieSortie(contexte_, sortie, "", entrees)) return etat;
   }
@@ -49,11 +55,13 @@ int CarteAppel::JugeFichiers(std::initializer_list<std::string> entrees) const {
 }
 
 int CarteAppel::JugeCarte() const {
-  const bool dOptions = !contexte_.fichierCarte.empty() || !contexte_.fautes.empty() || contexte_.rapide;
-  if (dOptions && LaCarte.genre != GenreCarte::Virtuelle) {
-    const char* option = !contexte_.fichierCarte.empty() ? "--board-file"
-                         : !contexte_.fautes.empty()     ? "--fault"
-                                                         : "--fast";
+  const char* option = !contexte_.fichierCarte.empty() ? "--board-file"
+                       : !contexte_.fautes.empty()     ? "--fault"
+                       : !contexte_.parcours.empty()   ? "--path"
+                       : !contexte_.modeles.empty()    ? "--model"
+                       : contexte_.rapide              ? "--fast"
+                                                       : nullptr;
+  if (option != nullptr && LaCarte.genre != GenreCarte::Virtuelle) {
     return Echec(contexte_, Textes::OptionVirtuelle, std::string(" ") + option + CleEtValeur());
   }
   if (!CdeZENIK->IsAvailable()) return Echec(contexte_, Textes::PasDeCarte, CleEtValeur());
@@ -83,14 +91,36 @@ int CarteAppel::Ouvre(std::initializer_list<std::string> entrees) {
       return Echec(contexte_, refus.texte.Cle(), TexteRefus(refus));
     }
   }
-  return JugeCarte();
+  const int etat = JugeCarte();
+  if (etat == Fait) PoseModele();
+  return etat;
+}
+
+void CarteAppel::PoseModele() const {
+  if (!LaCarte.virtuelle || contexte_.modeles.empty()) return;
+  zenikcom::ModeleMachine modele = LaCarte.virtuelle->Modele();
+  for (const std::string& texte : contexte_.modeles) {
+    if (const auto lu = LitModeleAxe(texte)) modele[lu->axe] = lu->modele;
+  }
+  LaCarte.virtuelle->Modele(modele);
+}
+
+std::string CarteAppel::EcritLeParcours() const {
+  if (contexte_.parcours.empty() || !LaCarte.virtuelle) return "";
+  return EcritParcours(contexte_.parcours, LaCarte.virtuelle->Parcours(),
+                       {CdeZENIK->MmParPasX(), CdeZENIK->MmParPasY(), CdeZENIK->MmParPasZ()});
 }
 
 int CarteAppel::Ferme(int etat) {
   const auto refus = RefusFichierCarte();
+  const std::string raisonParcours = EcritLeParcours();
   FermeCarte();
   const std::string raison = journal_.Ferme();
   if (etat != Fait) return etat;
+  if (!raisonParcours.empty()) {
+    return Echec(contexte_, Textes::EcritureRefusee, "\n" + contexte_.parcours + ": " + raisonParcours,
+                 contexte_.parcours);
+  }
   if (refus) return Echec(contexte_, refus->texte.Cle(), TexteRefus(*refus));
   if (raison.empty()) return Fait;
   return Echec(contexte_, Textes::EcritureRefusee, "\n" + contexte_.fil + ": " + raison, contexte_.fil);

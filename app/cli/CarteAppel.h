@@ -24,6 +24,10 @@ class CarteAppel : base::SansCopie {
  private:
   int JugeFichiers(std::initializer_list<std::string> entrees) const;
   int JugeCarte() const;
+  void PoseModele() const;
+  // The path of --path, written while the board is still there, whatever came of the call. The system's reason, or
+  // "".
+  std::string EcritLeParcours() const;
 
   Contexte& contexte_;
   JournalFil journal_;

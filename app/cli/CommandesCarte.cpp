@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "app/cli/CarteAppel.h"
+#include "app/cli/Signaux.h"
 #include "base/Indices.h"
 #include "base/Texte.h"
 #include "controller/ChoixCarte.h"
@@ -199,6 +200,31 @@ int DefautDeCarte(Contexte& contexte, int numero) {
     CdeZENIK->TableDefautEcrire(static_cast<std::uint8_t>(numero));
     objet["default"] = CdeZENIK->TableDefautLire();
     return CdeZENIK->EchangePerdu() ? SansReponse(contexte) : Fait;
+  });
+}
+
+int ParcoursDeCarte(Contexte& contexte) {
+  return AvecCarte(contexte, [&](Json& objet) {
+    if (!LaCarte.virtuelle) {
+      return Echec(contexte, Textes::OptionVirtuelle,
+                   " path " + std::string(cles::CarteZENIK) + "=" + LitReglageCarte().carte);
+    }
+    if (!CdeZENIK->EnvoiFLASH(0, 0) || !CdeZENIK->GoBuffer()) return SansReponse(contexte);
+    constexpr double pause = 0.01;  // s between two looks at the board
+    const EcouteSignaux signaux([] {});
+    do {
+      if (EcouteSignaux::Venu()) CdeZENIK->StopResume(0, 0);
+      if (!contexte.rapide) Svc.Attend(pause);
+      CdeZENIK->DemandeInformation();
+    } while (CdeZENIK->EnCours != Faux && CdeZENIK->IsAvailable() && !EcouteSignaux::Venu());
+    const zenikcom::CompteursCarte c = LaCarte.virtuelle->Compteurs();
+    const auto enJson = [](const zenikcom::Axes3& a) { return Json{{"x", a[0]}, {"y", a[1]}, {"z", a[2]}}; };
+    objet["records"] = c.commences;
+    objet["points"] = LaCarte.virtuelle->Parcours().size();
+    objet["steps"] = enJson(c.pas);
+    objet["place"] = enJson(LaCarte.virtuelle->Lieu());
+    objet["lost"] = enJson(c.pasPerdus);
+    return EcouteSignaux::Venu() ? FinParSignal : CdeZENIK->IsAvailable() ? Fait : SansReponse(contexte);
   });
 }
 

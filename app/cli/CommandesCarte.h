@@ -16,6 +16,8 @@ int TablesDeCarte(Contexte& contexte);
 int VerifieTableDeCarte(Contexte& contexte);
 int EcritTableDeCarte(Contexte& contexte, int numero);
 int DefautDeCarte(Contexte& contexte, int numero);
+// Runs what stands in the flash memory of the virtual board, and tells where its machine has come to.
+int ParcoursDeCarte(Contexte& contexte);
 struct PlageFlash {
   int bloc = 0, adresse = 0, taille = 32;
 };

@@ -32,7 +32,9 @@ struct Contexte {
 
   // of the calls that open a board
   std::string fil, fichierCarte;
-  std::vector<std::string> fautes;  // N:KIND
+  std::vector<std::string> fautes;   // N:KIND
+  std::string parcours;              // OUT.svg, OUT.csv
+  std::vector<std::string> modeles;  // AXIS:FREE:RAMP:PLAY
   bool rapide = false;
 
   std::map<std::string, Reponse> reponsesParCle;

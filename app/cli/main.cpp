@@ -10,6 +10,7 @@
 #include "app/cli/Commandes.h"
 #include "app/cli/Operations.h"
 #include "closed/CarteVirtuelle.h"
+#include "controller/OperateurCarte.h"
 #include "workspace/Formats.h"
 
 namespace {
@@ -214,6 +215,16 @@ void OptionsCarte(CLI::App* commande, Contexte& c) {
         return zenikcom::LitFaute(texte) ? std::string() : texte + ": N:KIND, " + ListeFautes() + ":SECONDS";
       });
   commande->add_flag("--fast", c.rapide, "The virtual board as fast as it can");
+  commande->add_option("--path", c.parcours, "The path that the virtual board's machine has walked")
+      ->type_name("OUT.svg|OUT.csv");
+  commande
+      ->add_option("--model", c.modeles,
+                   "The machine of the virtual board: free speed and ramp (steps/s, steps/s2), play (steps)")
+      ->type_name("AXIS:FREE[:RAMP[:PLAY]]")
+      ->allow_extra_args(false)
+      ->check([](const std::string& texte) {
+        return ovelin::LitModeleAxe(texte) ? std::string() : texte + ": AXIS:FREE[:RAMP[:PLAY]]";
+      });
 }
 
 void CommandesGcode(CLI::App& app, Contexte& c, Options& o, Action& action) {
@@ -267,7 +278,7 @@ void CommandesTablesCarte(CLI::App& board, Contexte& c, Options& o, Action& acti
 }
 
 void CommandesCarte(CLI::App& app, Contexte& c, Options& o, Action& action) {
-  CLI::App* board = Commande(app, "board", "The board: status, list, udev, tables, read, flash, wire");
+  CLI::App* board = Commande(app, "board", "The board: status, list, udev, path, tables, read, flash, wire");
   board->require_subcommand(1);
   OptionsCarte(board, c);
   Commande(*board, "status", "Which board, its version and what it does")->callback([&] {
@@ -279,6 +290,8 @@ void CommandesCarte(CLI::App& app, Contexte& c, Options& o, Action& action) {
   Commande(*board, "udev", "The rule that lets the user open the board of CarteZENIK_USB")->callback([&] {
     action = [&] { return RegleUdev(c); };
   });
+  Commande(*board, "path", "Runs the stored job of the virtual board: steps, true place, lost steps")
+      ->callback([&] { action = [&] { return ParcoursDeCarte(c); }; });
   CommandesTablesCarte(*board, c, o, action);
   CLI::App* read = Commande(*board, "read", "Bytes of the flash memory");
   read->add_option("--block", o.plage.bloc, "0 to 31")->check(CLI::Range(0, 31));
