@@ -25,7 +25,7 @@ VueDecoupe Vue_Decoupe;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Vue_Decoupe = VueDecoupe{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Vue_Decoupe = VueDecoupe{}; });
 
 constexpr double PauseBoucle = 0.0015;        // s, while the board takes nothing
 constexpr double PeriodeVue = 1.0 / 30;       // s between two looks of the user

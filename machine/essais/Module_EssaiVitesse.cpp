@@ -22,7 +22,7 @@ VueEssai Vue_Essai;
 
 namespace {
 
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { Vue_Essai = VueEssai{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Vue_Essai = VueEssai{}; });
 
 constexpr std::array<const char*, 3> SuffixesAxes{cles::suffixe::AxeX, cles::suffixe::AxeY, cles::suffixe::AxeZ};
 

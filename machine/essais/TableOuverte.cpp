@@ -13,7 +13,7 @@ namespace ovelin {
 AccesTable TableOuverte;
 
 namespace {
-[[maybe_unused]] const bool enregistree = EnregistreRemise([] { TableOuverte = AccesTable{}; });
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { TableOuverte = AccesTable{}; });
 }
 
 std::string TexteTableOuverte(const ChampMachine& champ) {
