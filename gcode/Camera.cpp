@@ -15,8 +15,7 @@ namespace {
 constexpr double QuartDeTour = Pi / 2;
 constexpr double FacteurDistance = 1.2;
 constexpr double PlancherZoom = 0.001;
-constexpr double Marge = 0.06;           // of the picture, each side, in a view along an axis
-constexpr double ProfondeurMini = 1e-3;  // mm in front of the eye
+constexpr double Marge = 0.06;  // of the picture, each side, in a view along an axis
 // Half the height of the picture over its distance. A program that begins at the origin reaches from the middle of
 // the picture to 1 / 0.6 of the distance; a tenth more leaves it a margin.
 constexpr double DemiOuverture = 1.1 / 0.6;
@@ -132,11 +131,6 @@ Projection Projection::Axe(VueProgramme vue, const Camera& camera, const BornesP
   p.cx_ = largeur / 2.0;
   p.cy_ = hauteur / 2.0;
   return p;
-}
-
-PointVue Projection::Pixels(const PlaceVue& place) const {
-  const double e = perspective_ ? echelle_ / place.z : echelle_;
-  return {cx_ + place.x * e, cy_ - place.y * e};
 }
 
 bool Projection::Segment(const PlaceVue& a, const PlaceVue& b, PointVue& pa, PointVue& pb) const {

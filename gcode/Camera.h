@@ -55,6 +55,12 @@ class Projection {
                         int hauteur);
 
   [[nodiscard]] PlaceVue Place(const Vertex& v) const { return Transforme(v.X, v.Y, v.Z); }
+  // Whether the place is in front of the eye; only then it has pixels.
+  [[nodiscard]] bool Devant(const PlaceVue& place) const { return !perspective_ || place.z >= ProfondeurMini; }
+  [[nodiscard]] PointVue Pixels(const PlaceVue& place) const {
+    const double e = perspective_ ? echelle_ / place.z : echelle_;
+    return {cx_ + place.x * e, cy_ - place.y * e};
+  }
   // The part of the segment in front of the eye as pixels; false where nothing of it is.
   [[nodiscard]] bool Segment(const PlaceVue& a, const PlaceVue& b, PointVue& pa, PointVue& pb) const;
   [[nodiscard]] bool Segment(const Vertex& a, const Vertex& b, PointVue& pa, PointVue& pb) const {
@@ -67,7 +73,8 @@ class Projection {
     const auto rangee = [&](int i) { return m_[i][0] * x + m_[i][1] * y + m_[i][2] * z + m_[i][3]; };
     return {rangee(0), rangee(1), rangee(2)};
   }
-  [[nodiscard]] PointVue Pixels(const PlaceVue& place) const;
+
+  static constexpr double ProfondeurMini = 1e-3;  // mm in front of the eye
 
   double m_[3][4]{};  // rows: right, up, depth; the last column is the shift
   bool perspective_ = false;

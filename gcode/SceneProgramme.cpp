@@ -109,12 +109,14 @@ class Fuseau {
   // Takes the place in when the chord to it may stand for all before; false: the chord has to end before it.
   bool Prend(const PointVue& p) {
     const double x = p.x - depart_.x, y = p.y - depart_.y;
-    const double d = std::hypot(x, y);
-    if (d + Tolerance < loin_) return false;  // the way has turned back
-    loin_ = std::max(loin_, d);
-    if (d <= Tolerance) return true;
+    const double carre = x * x + y * y;
+    if (carre < loin_ && std::sqrt(carre) + Tolerance < std::sqrt(loin_)) return false;  // the way has turned back
+    loin_ = std::max(loin_, carre);
+    const double tangente = carre - Tolerance * Tolerance;
+    if (tangente <= 0) return true;
     if (ouvert_ && (Croix(droite_, {x, y}) < 0 || Croix({x, y}, gauche_) < 0)) return false;
-    const double s = Tolerance / d, c = std::sqrt(1 - s * s);
+    // The tangents to the circle of the tolerance about the place; how long they are matters to nothing.
+    const double c = std::sqrt(tangente), s = Tolerance;
     const PointVue droite{x * c + y * s, y * c - x * s}, gauche{x * c - y * s, y * c + x * s};
     if (!ouvert_ || Croix(droite_, droite) > 0) droite_ = droite;
     if (!ouvert_ || Croix(gauche, gauche_) > 0) gauche_ = gauche;
@@ -129,7 +131,7 @@ class Fuseau {
 
   PointVue depart_, droite_, gauche_;
   bool ouvert_ = false;
-  double loin_ = 0;
+  double loin_ = 0;  // of the furthest place, squared
 };
 
 // Lays segments one behind the other, as one line where the last ends where the next begins.
@@ -215,8 +217,13 @@ class Dessinateur {
     bool ouverte = false;  // there is one
     for (std::size_t i = 1; i < strip.size(); ++i) {
       const PlaceVue ici = projection_.Place(strip[i]);
-      PointVue a, b;
-      const bool vue = projection_.Segment(avant, ici, a, b);
+      PointVue a = fin, b;
+      bool vue = true;
+      if (ouverte && projection_.Devant(avant) && projection_.Devant(ici)) {
+        b = projection_.Pixels(ici);
+      } else {
+        vue = projection_.Segment(avant, ici, a, b);
+      }
       // What the eye's plane has cut does not begin where the chord ends.
       if (ouverte && (!vue || a.x != fin.x || a.y != fin.y || !fuseau.Prend(b))) {
         if (!Pose(strip[i - 1], debut, fin)) return false;
