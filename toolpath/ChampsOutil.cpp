@@ -28,7 +28,38 @@ void RecalculeTout() {
   Svc.Rafraichit();
 }
 
+constexpr LigneOutil Lignes[] = {
+    {"TB_RayonFraise", "Lbl_RayonFraise", "Rayon de l'outil", "mm",
+     "Rayon de la fraise : la moitié de son diamètre", EntreRayonFraise, [] { return TexteNombre(RayonFraise); },
+     Textes::ChampNegatif},
+    {"TB_LargeurEncoche", "Lbl_LargeurEncoche", "Largeur des encoches", "mm",
+     "Largeur du pont de matière laissé à chaque point d'attache", EntreLargeurEncoche,
+     [] { return TexteNombre(LargeurEncoche); }, Textes::ChampNul},
+    {"TB_MiniEncoche", "Lbl_MiniEncoche", "Hauteur mini des encoches", "mm",
+     "Hauteur du pont de matière au-dessus du fond de la coupe", EntreMiniEncoche,
+     [] { return TexteNombre(MiniEncoche); }, Textes::ChampNegatif},
+    {"TB_HautDeg", "Lbl_HautDeg", "Hauteur dégagement (mm)", "",
+     "Hauteur de l'outil au-dessus de la matière pendant les déplacements", EntreHautDeg,
+     [] { return TexteNombre(Regl.HautDeg); }, Textes::ChampNegatif},
+    {"TB_PCPoche", "Lbl_PCPoche", "% recouvrement poches", "",
+     "Part de la passe précédente que l'outil recouvre dans une poche", EntrePCPoche,
+     [] { return TexteNombre(long{PCPoche}); }, std::nullopt},
+    {"TB_ProfPasse", "Lbl_ProfPasse", "Profondeur de passe maxi", "mm",
+     "Profondeur d'une passe, négative : -1 enlève 1 mm à chaque passe", EntreProfPasse,
+     [] { return TexteNombre(ProfPasse); }, Textes::ProfondeurNonNegative},
+};
+
 }  // namespace
+
+std::span<const LigneOutil> LignesOutil() { return Lignes; }
+
+IssueOutil EntreOutil(const LigneOutil& ligne, const std::string& texte) {
+  const auto stocke = [&] { return NombreDuTexte(texte) == NombreDuTexte(ligne.valeur()); };
+  if (ligne.entre == EntreHautDeg && !LaisseHautDeg(texte)) return {false, ligne.raison, stocke()};
+  if (ligne.entre(texte)) return {true, std::nullopt, true};
+  if (!EstNumerique(texte)) return {false, Textes::ChampNonNombre, false};
+  return {false, ligne.raison, stocke()};
+}
 
 bool EntreRayonFraise(const std::string& texte) {
   const auto v = NombreDuTexte(texte);

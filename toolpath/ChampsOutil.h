@@ -1,7 +1,11 @@
 // The fields of the tool that its traces depend on.
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string>
+
+#include "core/CleTexte.h"
 
 namespace ovelin {
 
@@ -17,5 +21,31 @@ bool EntreHautDeg(const std::string& texte);
 bool LaisseHautDeg(const std::string& texte);
 bool EntrePCPoche(const std::string& texte);
 bool EntreProfPasse(const std::string& texte);
+
+// A field of the tool as windows show it: its names, its French texts, its rule, the value in force, and what it
+// tells of a number that is refused.
+struct LigneOutil {
+  const char* champ;
+  const char* etiquette;
+  const char* texte;
+  const char* unite;  // "" where the label holds it
+  const char* bulle;
+  bool (*entre)(const std::string&);
+  std::string (*valeur)();
+  std::optional<CleTexte> raison;
+};
+// In the order of the panel; the milling window shows all but the least height of notches.
+std::span<const LigneOutil> LignesOutil();
+
+// What came of an entry in such a field: the reason of a refusal, if there is one to tell, and whether the refused
+// value is in force all the same.
+struct IssueOutil {
+  bool accepte = false;
+  std::optional<CleTexte> raison;
+  bool stocke = false;
+};
+// The rule of the field, behind a guard of the clearance height: its own rule looks at the height in force, so that
+// a negative entry would get through once, and no good one after it.
+IssueOutil EntreOutil(const LigneOutil& ligne, const std::string& texte);
 
 }  // namespace ovelin

@@ -17,40 +17,7 @@
 
 namespace ovelin {
 
-// A field of the tool: its names, its rule, what it shows, and what it tells of a number that is refused.
-struct LigneOutil {
-  const char* champ;
-  const char* etiquette;
-  const char* texte;
-  const char* unite;  // "" where the label holds it
-  const char* bulle;
-  bool (*entre)(const std::string&);
-  std::string (*valeur)();
-  std::optional<CleTexte> raison;
-};
-
 namespace {
-
-constexpr LigneOutil LignesOutil[] = {
-    {"TB_RayonFraise", "Lbl_RayonFraise", "Rayon de l'outil", "mm",
-     "Rayon de la fraise : la moitié de son diamètre", EntreRayonFraise, [] { return TexteNombre(RayonFraise); },
-     Textes::ChampNegatif},
-    {"TB_LargeurEncoche", "Lbl_LargeurEncoche", "Largeur des encoches", "mm",
-     "Largeur du pont de matière laissé à chaque point d'attache", EntreLargeurEncoche,
-     [] { return TexteNombre(LargeurEncoche); }, Textes::ChampNul},
-    {"TB_MiniEncoche", "Lbl_MiniEncoche", "Hauteur mini des encoches", "mm",
-     "Hauteur du pont de matière au-dessus du fond de la coupe", EntreMiniEncoche,
-     [] { return TexteNombre(MiniEncoche); }, Textes::ChampNegatif},
-    {"TB_HautDeg", "Lbl_HautDeg", "Hauteur dégagement (mm)", "",
-     "Hauteur de l'outil au-dessus de la matière pendant les déplacements", EntreHautDeg,
-     [] { return TexteNombre(Regl.HautDeg); }, Textes::ChampNegatif},
-    {"TB_PCPoche", "Lbl_PCPoche", "% recouvrement poches", "",
-     "Part de la passe précédente que l'outil recouvre dans une poche", EntrePCPoche,
-     [] { return TexteNombre(long{PCPoche}); }, std::nullopt},
-    {"TB_ProfPasse", "Lbl_ProfPasse", "Profondeur de passe maxi", "mm",
-     "Profondeur d'une passe, négative : -1 enlève 1 mm à chaque passe", EntreProfPasse,
-     [] { return TexteNombre(ProfPasse); }, Textes::ProfondeurNonNegative},
-};
 
 // What a value of the overlap means that is no overlap; nothing for 0 to 99.
 QString AvisPoche(int pourCent) {
@@ -136,8 +103,8 @@ void PageFraisage::BullesCotes() {
 QGroupBox* PageFraisage::Outil() {
   QGroupBox* cadre = Groupe("FRAME1_OUTIL", "Outil");
   QGridLayout* grille = GrilleGroupe(*cadre);
-  outil_.reserve(std::size(LignesOutil));
-  for (const LigneOutil& ligne : LignesOutil) AjouteChamp(grille, ligne);
+  outil_.reserve(LignesOutil().size());
+  for (const LigneOutil& ligne : LignesOutil()) AjouteChamp(grille, ligne);
   grille->setColumnStretch(0, 1);
   return cadre;
 }
@@ -146,10 +113,10 @@ void PageFraisage::AjouteChamp(QGridLayout* grille, const LigneOutil& ligne) {
   ChampNombre* champ = Champ(ligne.champ, ligne.unite, ligne.bulle);
   champ->setFixedWidth(104);
   const std::size_t rang = outil_.size();
-  auto* saisie = new Saisie(champ, [this, rang](const std::string& texte) { EntreOutil(outil_[rang], texte); });
+  auto* saisie = new Saisie(champ, [this, rang](const std::string& texte) { Entre(outil_[rang], texte); });
   // The height is tested before the entry is looked at: one that got in by mistake is refused at each leaving.
   if (ligne.entre == EntreHautDeg) saisie->memeInchange = [] { return Regl.HautDeg < 0; };
-  outil_.push_back({saisie, ligne.entre, ligne.valeur, ligne.raison});
+  outil_.push_back({saisie, &ligne});
   const int rangee = grille->rowCount();
   grille->addWidget(Etiquette(ligne.etiquette, ligne.texte, champ), rangee, 0);
   grille->addWidget(champ, rangee, 1);
@@ -182,13 +149,24 @@ void PageFraisage::MontreMelange(const ChampsPanneau& champs) {
 }
 
 void PageFraisage::RemplitOutil() {
-  for (const ChampOutil& champ : outil_) champ.saisie->Montre(champ.valeur());
+  for (const ChampOutil& champ : outil_) champ.saisie->Montre(champ.ligne->valeur());
   AvertitPoche(true);
 }
 
 void PageFraisage::VideOutil() {
   for (const ChampOutil& champ : outil_) champ.saisie->Montre("");
   AvertitPoche(false);
+}
+
+// Another window has the same fields. One that is blank, or that somebody types in, stays.
+void PageFraisage::SuitOutil() {
+  for (const ChampOutil& champ : outil_) {
+    const std::string& montre = champ.saisie->EnVigueur();
+    const std::string valeur = champ.ligne->valeur();
+    if (montre.empty() || montre == valeur || champ.saisie->Champ()->Texte() != montre) continue;
+    champ.saisie->Montre(valeur);
+    if (champ.ligne->entre == EntrePCPoche) AvertitPoche(true);
+  }
 }
 
 void PageFraisage::FocusLargeurEncoche() {
@@ -198,20 +176,15 @@ void PageFraisage::FocusLargeurEncoche() {
 }
 
 // A refused value that is in force all the same stays in sight with its reason.
-void PageFraisage::EntreOutil(const ChampOutil& champ, const std::string& texte) {
-  if (champ.entre == EntreHautDeg && !LaisseHautDeg(texte)) {
-    return champ.saisie->Refuse(TexteQt(*champ.raison), NombreDuTexte(texte) == NombreDuTexte(champ.valeur()));
-  }
-  if (champ.entre(texte)) {
-    champ.saisie->Montre(champ.valeur());
-  } else if (!EstNumerique(texte)) {
-    champ.saisie->Refuse(RaisonNombre());
+void PageFraisage::Entre(const ChampOutil& champ, const std::string& texte) {
+  const IssueOutil issue = EntreOutil(*champ.ligne, texte);
+  if (issue.accepte) {
+    champ.saisie->Montre(champ.ligne->valeur());
   } else {
-    const auto v = NombreDuTexte(champ.valeur());
-    champ.saisie->Refuse(champ.raison ? TexteQt(*champ.raison) : QString(), v == NombreDuTexte(texte));
+    champ.saisie->Refuse(issue.raison ? TexteQt(*issue.raison) : QString(), issue.stocke);
   }
-  if (champ.entre == EntrePCPoche) AvertitPoche(true);
-  if (champ.entre == EntreLargeurEncoche && champ.saisie->Champ()->EstRefuse()) FocusLargeurEncoche();
+  if (champ.ligne->entre == EntrePCPoche) AvertitPoche(true);
+  if (champ.ligne->entre == EntreLargeurEncoche && !issue.accepte) FocusLargeurEncoche();
 }
 
 // A refused depth changes nothing: the field shows again what is in force, and why.

@@ -8,11 +8,10 @@
 #include <QRadioButton>
 #include <QWidget>
 #include <array>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "core/Traduction.h"
+#include "toolpath/ChampsOutil.h"
 #include "workspace/Module_Panneau.h"
 #include "workspace/ui/Saisie.h"
 
@@ -25,22 +24,21 @@ class PageFraisage : public QWidget {
 
   void Remplit(const ChampsPanneau& champs);  // after InitSeq
   void RemplitOutil();                        // the tool fields from the values in force
+  void SuitOutil();                           // fields whose value has changed elsewhere
   void VideOutil();                           // the tool fields stay blank
   void FocusLargeurEncoche();
 
  private:
   struct ChampOutil {
     Saisie* saisie = nullptr;
-    bool (*entre)(const std::string&) = nullptr;
-    std::string (*valeur)() = nullptr;
-    std::optional<CleTexte> raison;  // what the field tells of a refused number
+    const LigneOutil* ligne = nullptr;
   };
   QGroupBox* Selection();
   QWidget* Cotes();
   void BullesCotes();
   QGroupBox* Outil();
-  void AjouteChamp(QGridLayout* grille, const struct LigneOutil& ligne);
-  void EntreOutil(const ChampOutil& champ, const std::string& texte);
+  void AjouteChamp(QGridLayout* grille, const LigneOutil& ligne);
+  void Entre(const ChampOutil& champ, const std::string& texte);
   void Profondeur(const std::string& texte);
   void MontreMelange(const ChampsPanneau& champs);
   void AvertitPoche(bool montre);
