@@ -96,6 +96,7 @@ Services ServicesMuets() {
   s.LigneRun = [](float, float, float, float) {};
   s.EffaceLigneRun = [] {};
   s.MontreStop = [](bool) {};
+  s.MontreRun = [](bool) {};
   s.Pilotage = [](DemandePilotage) {};
   s.Timer_Interro = [](bool) {};
   s.Battement = [](const std::function<void()>&) {};

@@ -116,6 +116,9 @@ struct Services {
   std::function<void()> EffaceLigneRun;
   // The one control that stops whatever runs.
   std::function<void(bool visible)> MontreStop;
+  // A run of a job begins, or has ended: what would disturb it is shown as disabled meanwhile, in every window. Not
+  // told for a move by hand: there the commands refuse by OperationCarte.
+  std::function<void(bool enCours)> MontreRun;
   std::function<void(DemandePilotage)> Pilotage;
   // The main window's idle look at the board, on or off: off while another window has the board for itself.
   std::function<void(bool actif)> Timer_Interro;

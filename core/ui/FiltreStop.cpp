@@ -37,7 +37,7 @@ BoutonStop::BoutonStop(QWidget* parent) : QPushButton(QStringLiteral("STOP"), pa
 }
 
 bool EstUnArret(const QObject& objet, const QEvent& e) {
-  if (!RunActif) return false;
+  if (!OperationCarte) return false;
   switch (e.type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
@@ -73,7 +73,8 @@ bool FiltreStop::eventFilter(QObject* objet, QEvent* e) {
 
 // Once the window that opens or closes is done with it.
 void FiltreStop::Prevoit() {
-  if (RunActif || dessus_ != nullptr) QMetaObject::invokeMethod(this, &FiltreStop::Couvre, Qt::QueuedConnection);
+  if (OperationCarte || dessus_ != nullptr)
+    QMetaObject::invokeMethod(this, &FiltreStop::Couvre, Qt::QueuedConnection);
 }
 
 // A window of its own whose owner is the modal one: that one does not block it.

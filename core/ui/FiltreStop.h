@@ -15,10 +15,10 @@ class BoutonStop : public QPushButton {
   explicit BoutonStop(QWidget* parent = nullptr);
 };
 
-// Sees keys and presses before any window does, modal ones included. While a run is active (RunActif) Escape in any
-// window and a press on a BoutonStop set StopDemande before anything else. Escape then goes on to a modal window,
-// which it closes, and to no other one. While a modal window blocks the button, a second one lies over it in its
-// place and belongs to the modal window, so that the press is never lost.
+// Sees keys and presses before any window does, modal ones included. While the machine works (OperationCarte)
+// Escape in any window and a press on a BoutonStop set StopDemande before anything else. Escape then goes on to a
+// modal window, which it closes, and to no other one. While a modal window blocks the button, a second one lies
+// over it in its place and belongs to the modal window, so that the press is never lost.
 class FiltreStop : public QObject {
   Q_OBJECT
  public:

@@ -34,6 +34,7 @@
 #include "core/Reglages.h"
 #include "core/RunCourant.h"
 #include "core/Textes.h"
+#include "core/ui/AvisRun.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/FiltreStop.h"
 #include "core/ui/LanguesPresentes.h"
@@ -218,7 +219,7 @@ class Ronde : public QObject {
 
   // In a run the input comes, so that a stop gets through; the rest of it is refused below.
   void Tourne() {
-    QCoreApplication::processEvents(RunActif ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+    QCoreApplication::processEvents(OperationCarte ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
   }
 
   bool eventFilter(QObject* objet, QEvent* e) override {
@@ -392,6 +393,7 @@ void InstalleServicesQt() {
   Svc.OuvreParBureau = OuvreParBureauQt;
   Svc.RetientVeille = RetientVeilleQt;
   Svc.Battement = BatQt;
+  Svc.MontreRun = [](bool enCours) { AvisRun::Unique().Note(enCours); };
   Svc.MarqueDecimale = QLocale::system().decimalPoint() == QLatin1String(",") ? ',' : '.';
   ChoisitCouleur = ChoisitCouleurQt;
 }

@@ -71,6 +71,7 @@ T Suivante(std::deque<std::pair<std::string, T>>& file, std::string_view cle, co
 void EcouteMachine() {
   Svc.RetientVeille = [](bool retenue) { Sc.vu.veilles.push_back(retenue); };
   Svc.MontreStop = [](bool visible) { Sc.vu.stops.push_back(visible); };
+  Svc.MontreRun = [](bool enCours) { Sc.vu.runs.push_back(enCours); };
   Svc.MarquePosition = [](double x, double y) { Sc.vu.marques.push_back({x, y}); };
   Svc.MontrePosition = [](double x, double y, double z) { Sc.vu.positions.push_back({x, y, z}); };
   Svc.LigneRun = [](float x0, float y0, float x1, float y1) { Sc.vu.lignes.push_back({x0, y0, x1, y1}); };

@@ -42,6 +42,7 @@ const std::vector<std::pair<int, std::string>>& Panneaux();
 struct VuMachine {
   std::vector<bool> veilles;                     // screen saver and sleep held back, given back
   std::vector<bool> stops;                       // the stop control shown, hidden
+  std::vector<bool> runs;                        // of a job: begun, ended
   std::vector<std::array<double, 2>> marques;    // of the tool in the picture, mm
   std::vector<std::array<double, 3>> positions;  // in the manual window, mm
   std::vector<std::array<float, 4>> lignes;      // of the run; emptied when it is effaced

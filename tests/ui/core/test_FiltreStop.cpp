@@ -19,7 +19,7 @@ class Arrets : public essai::BancServices {
     (new QVBoxLayout(&fenetre_))->addWidget(bouton_ = new BoutonStop);
     filtre_ = std::make_unique<FiltreStop>(*bouton_);
     essai::Montre(fenetre_, 300, 100);
-    RunActif = true;
+    RunActif = OperationCarte = true;
     ArretRampe = Vrai;
   }
   // The second button, over the first: a window of the modal one, there once the loop of that one runs.
@@ -50,7 +50,7 @@ TEST_F(Arrets, EscapeInAnyWindowStopsAtOnceAndClosesNone) {
 }
 
 TEST_F(Arrets, WithoutARunEscapeClosesAWindowAndStopsNothing) {
-  RunActif = false;
+  RunActif = OperationCarte = false;
   QDialog autre;
   essai::Montre(autre, 200, 80);
   QTest::keyClick(&autre, Qt::Key_Escape);

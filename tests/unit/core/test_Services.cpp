@@ -72,12 +72,14 @@ TEST(Script, AnswersWindowsAndOpeningsInTheirOrder) {
 TEST(Script, KeepsWhatWindowsAreToldOfAMachineThatMoves) {
   Svc.RetientVeille(true);
   Svc.MontreStop(true);
+  Svc.MontreRun(true);
   Svc.MarquePosition(1.5, 2);
   Svc.MontrePosition(1.5, 2, -3);
   Svc.LigneRun(0, 0, 1.5F, 2);
   Svc.Pilotage(DemandePilotage::Reduit);
   EXPECT_EQ(essai::Vu().veilles, std::vector<bool>{true});
   EXPECT_EQ(essai::Vu().stops, std::vector<bool>{true});
+  EXPECT_EQ(essai::Vu().runs, std::vector<bool>{true});
   EXPECT_THAT(essai::Vu().marques, testing::ElementsAre(std::array<double, 2>{1.5, 2}));
   EXPECT_THAT(essai::Vu().positions, testing::ElementsAre(std::array<double, 3>{1.5, 2, -3}));
   EXPECT_THAT(essai::Vu().lignes, testing::ElementsAre(std::array<float, 4>{0, 0, 1.5F, 2}));
@@ -131,6 +133,7 @@ TEST(ServicesMuets, LetsEverythingElsePass) {
   muets.LigneRun(0, 0, 0, 0);
   muets.EffaceLigneRun();
   muets.MontreStop(true);
+  muets.MontreRun(true);
   muets.Pilotage(DemandePilotage::Reduit);
   muets.LaisseEvenements(Evenements::Tous);
   muets.Bip();
