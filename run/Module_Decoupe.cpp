@@ -1,6 +1,7 @@
 #include "run/Module_Decoupe.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -25,7 +26,12 @@ VueDecoupe Vue_Decoupe;
 
 namespace {
 
-[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Vue_Decoupe = VueDecoupe{}; });
+std::array<std::int32_t, 3> DepartRun{};  // steps of the board's counters where the job under way began
+
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] {
+  Vue_Decoupe = VueDecoupe{};
+  DepartRun = {};
+});
 
 constexpr double PauseBoucle = 0.0015;        // s, while the board takes nothing
 constexpr double PeriodeVue = 1.0 / 30;       // s between two looks of the user
@@ -36,10 +42,18 @@ void MontreFace() {
   if (Vue_Decoupe.Face) Vue_Decoupe.Face(FaceCourante());
 }
 
-// The row under way and those behind it, and the steps at which it begins.
+// The row under way and those behind it, and the steps at which it begins: by the table, for a board that has done
+// its last tick counts from the end of that row.
 void RetientReste() {
   TableReprise = LignesDepuis(Plan, CdeZENIK->NbBlocsTraites);
-  DepartReprise = {CdeZENIK->PasDebutX, CdeZENIK->PasDebutY, CdeZENIK->PasDebutZ};
+  DepartReprise = DepartRun;
+  const std::int32_t fin = std::min(CdeZENIK->NbBlocsTraites - 1, NbDeplacements);
+  for (std::int32_t i = 1; i <= fin; ++i) {
+    const Deplacement& d = TableDecoupe[static_cast<std::size_t>(i)];
+    DepartReprise[0] += d.dX;
+    DepartReprise[1] += d.dY;
+    DepartReprise[2] += d.dZ;
+  }
 }
 
 // The count of the board's own reply, whether it is believed or not: 24 bits; -1 without an answer.
@@ -58,6 +72,8 @@ class Decoupe {
   Decoupe(float vRef, const std::string& appelant)
       : fraisage_(appelant == AppelantFraisage),
         pilotage_(appelant == AppelantPilotage),
+        essai_(appelant == AppelantEssaiFlash),
+        broche_(BrocheAuto == 1 && !essai_),
         alimentation_(fraisage_ ? vRef : 0) {}
 
   void Execute() {
@@ -83,23 +99,27 @@ class Decoupe {
     RunActif = OperationCarte = true;
     FraisageEnCours = Vrai;
     AttendCarte = PlacePerdue = false;
-    if (!fraisage_) ModeEnvoiTable = 0;
+    if (!fraisage_ && !essai_) ModeEnvoiTable = 0;
     EcranVeilleActif = Vrai;
     Svc.RetientVeille(true);
     Svc.MontreStop(true);
-    if (!pilotage_) Svc.Pilotage(DemandePilotage::Reduit);
+    if (!pilotage_) {
+      Svc.MontreRun(true);
+      Svc.Pilotage(DemandePilotage::Reduit);
+    }
     Svc.Pilotage(DemandePilotage::SeTait);
-    if (fraisage_) MontreFace();
+    if (Montree()) MontreFace();
   }
 
   // The job is open on the board, the table is what will run. False: the board does not answer.
   bool Prepare() {
     if (ModeEnvoiTable == 0 && !CdeZENIK->EnvoiUSB()) return false;
-    if (BrocheAuto == 1) BrocheOn();
+    if (broche_) BrocheOn();
     TempsTotal = TempsDecoupe();
     if (CdeZENIK->TravailIncertain != Faux) return false;
-    if (fraisage_ && Vue_Decoupe.Debut) Vue_Decoupe.Debut(TempsTotal);
+    if (Montree() && Vue_Decoupe.Debut) Vue_Decoupe.Debut(TempsTotal);
     HeureDebut = Svc.Horloge();
+    DepartRun = {CdeZENIK->PasX, CdeZENIK->PasY, CdeZENIK->PasZ};
     CompacteTable(Plan);
     IndexTraceRun = 1;
     XTraceRun = EnFloat(CdeZENIK->PosX);
@@ -161,7 +181,7 @@ class Decoupe {
 
   // Painting never starves the board: only with motion ahead of it, and no oftener than the eye sees.
   void Montre() {
-    if (!fraisage_) return;
+    if (!Montree()) return;
     const double maintenant = Svc.Horloge();
     if (maintenant - montre_ < PeriodeVue) return;
     const std::int32_t bloc = CdeZENIK->NbBlocsTraites;
@@ -172,19 +192,19 @@ class Decoupe {
   }
 
   void Termine() {
-    if (BrocheAuto == 1) BrocheOff();
-    if (fraisage_) {
+    if (broche_) BrocheOff();
+    if (Montree()) {
       Svc.Panneau(PanneauEtat::Statut, Traduire(Textes::RunTermine));
-      TableReprise.clear();
       MoteurOff();
     }
+    if (fraisage_) TableReprise.clear();
     Svc.EffaceLigneRun();
   }
 
   void Arretee() {
     if (fraisage_ && CdeZENIK->NbBlocsTraites != 0 && panne_ != Alimentation::Panne::Liaison) RetientReste();
     AttendCarte = fraisage_ && panne_ == Alimentation::Panne::Liaison;
-    if (BrocheAuto == 1) BrocheOff();
+    if (broche_) BrocheOff();
   }
 
   void Finit() {
@@ -195,9 +215,10 @@ class Decoupe {
     if (!pilotage_) Svc.Pilotage(DemandePilotage::Retablit);
     Svc.Pilotage(DemandePilotage::Interroge);
     RunActif = OperationCarte = false;
+    if (!pilotage_) Svc.MontreRun(false);
     // A link that has failed once and is there can be asked at once.
     const bool retrouvee = AttendCarte && RetrouveCarte();
-    if (fraisage_ && !retrouvee) MontreFace();
+    if (Montree() && !retrouvee) MontreFace();
     if (PlacePerdue) {
       Message(Textes::PlaceDeLaCartePerdue, Icone::Critique);
     } else if (panne_ == Alimentation::Panne::Liaison) {
@@ -207,7 +228,11 @@ class Decoupe {
     }
   }
 
-  bool fraisage_, pilotage_;
+  // The milling window's own: it shows the progress.
+  [[nodiscard]] bool Montree() const { return fraisage_ || essai_; }
+
+  bool fraisage_, pilotage_, essai_;
+  bool broche_;  // the run switches the spindle
   Alimentation alimentation_;
   Alimentation::Panne panne_ = Alimentation::Panne::Aucune;
   double montre_ = 0;  // s, last look of the user

@@ -10,6 +10,8 @@ namespace ovelin {
 // Who starts a run. Every other name is a run that neither scales its speeds nor can be resumed.
 inline constexpr const char* AppelantFraisage = "F_Fraisage";
 inline constexpr const char* AppelantPilotage = "F_PilMan";
+// "Essai Flash": the rows at their own speeds into the board's memory and run from there, spindle off.
+inline constexpr const char* AppelantEssaiFlash = "Command1";
 
 // The three faces of the start button.
 enum class FaceFraisage { Depart, Arret, Reprise };

@@ -1,10 +1,12 @@
 #include "run/Module_Fraisage.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <utility>
 
+#include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
@@ -13,9 +15,12 @@
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "machine/TableCourante.h"
+#include "run/Module_Lancement.h"
+#include "run/Module_Profil.h"
 #include "run/NoyauPlan.h"
 
 namespace ovelin {
@@ -43,6 +48,17 @@ std::optional<CleTexte> EntreVitesse(double& vitesse, const std::string& texte) 
   return std::nullopt;
 }
 
+// Fowler, Noll, Vo: 64 bits, over words instead of bytes.
+class Empreinte {
+ public:
+  void Ajoute(std::uint64_t mot) { valeur_ = (valeur_ ^ mot) * 1'099'511'628'211U; }
+  void Nombre(double v) { Ajoute(std::bit_cast<std::uint64_t>(v)); }
+  [[nodiscard]] std::uint64_t Valeur() const { return valeur_; }
+
+ private:
+  std::uint64_t valeur_ = 14'695'981'039'346'656'037U;
+};
+
 // The drawing's name in its own folder.
 std::string NomPropose() {
   if (FichierCourant.empty()) return "";
@@ -51,10 +67,14 @@ std::string NomPropose() {
 
 }  // namespace
 
-ResumePlan PlanifiePourFenetre() {
+bool PlanPermis() { return !OperationCarte && !AttendCarte && CdeZENIK->EnCours == Faux; }
+
+ResumePlan PlanifiePourFenetre(bool prevoit) {
   ResumePlan resume;
   resume.vide = TraceDecale.empty();
   if (resume.vide) return resume;
+  prevoit = prevoit && CdeZENIK->IsAvailable();
+  if (prevoit) CdeZENIK->TableVerif();
   resume.refus = VerifieHautDeg();
   if (!resume.refus) {
     if (const auto refus = VerifiePlan()) resume.refus = RefusPlan{*refus, ""};
@@ -70,8 +90,40 @@ ResumePlan PlanifiePourFenetre() {
   resume.passes = usinage.passes;
   std::int16_t reserve = 0;
   Vitesse_Decoupe_H(resume.VSansRampe, resume.VMax, reserve);
+  if (prevoit) resume.prevu = TempsDecoupe();
   return resume;
 }
+
+std::uint64_t EmpreintePlan() {
+  Empreinte e;
+  for (const SequenceDecalee& s : TraceDecale) {
+    for (const PointTrace& p : s.Points) {
+      e.Ajoute(std::bit_cast<std::uint32_t>(p.X));
+      e.Ajoute(std::bit_cast<std::uint32_t>(p.Y));
+      e.Ajoute(p.Cde.Cle());
+    }
+    e.Ajoute(s.Points.size());
+  }
+  for (const SequenceInfo& s : Sequences) {
+    e.Ajoute(s.Code.Cle());
+    e.Ajoute(static_cast<std::uint64_t>(s.Fraiser != Faux));
+    e.Nombre(s.Profondeur);
+  }
+  for (const double v : {ProfPasse, MiniEncoche, Vitesse_Mat_H, Vitesse_Mat_V, static_cast<double>(HautDeg),
+                         static_cast<double>(VitesseMaxX), static_cast<double>(VitesseMaxY),
+                         static_cast<double>(VitesseMaxZ), RayonFraise}) {
+    e.Nombre(v);
+  }
+  return e.Valeur();
+}
+
+void ChoisitMode(int mode) {
+  if (mode == ModeChoisi()) return;
+  Regl.ModeZENIK = static_cast<std::int16_t>(mode);
+  EcritMateriau();
+}
+
+int ModeChoisi() { return std::clamp<int>(Regl.ModeZENIK, EnvoiDirect, MemoireEtFraisage); }
 
 void ChargeFraisage() {
   if (ProfPasse == 0) ProfPasse = -1;

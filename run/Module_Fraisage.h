@@ -26,8 +26,19 @@ struct ResumePlan {
   bool horsCourse = false;          // the tool cuts at X or Y below 0 or beyond the travel of the table in force
   std::int64_t passes = 0;          // of the path that takes the most
   double VSansRampe = 0, VMax = 0;  // mm/s; 1e10 without a move in the plane
+  std::optional<double> prevu;      // s that the board foresees, where it was asked
 };
-ResumePlan PlanifiePourFenetre();
+// `prevoit`: the board foresees the time too, behind a comparison of its table; that opens a job on it.
+ResumePlan PlanifiePourFenetre(bool prevoit = false);
+// Nothing outside a run plans or opens a job while the machine works, or while a lost board is to be asked for the
+// place of its job.
+bool PlanPermis();
+// What the plan depends on, as a number: another one means that the plan on show no longer holds.
+std::uint64_t EmpreintePlan();
+
+// Option_Mode, remembered with the settings of the material: 0 to 2.
+void ChoisitMode(int mode);
+int ModeChoisi();
 
 // Load of the window: a depth of pass of 0 becomes 1 mm.
 void ChargeFraisage();

@@ -35,7 +35,11 @@ bool Question(CleTexte cle, const std::string& texte, Icone icone) {
 
 // What start and resume have in common: the machine's table, a board, a depth of pass and a speed.
 bool Pret(const std::string& vitesse) {
-  if (TraceDecale.empty() || RunActif) return false;
+  if (TraceDecale.empty()) return false;
+  if (OperationCarte) {
+    Svc.Bip();
+    return false;
+  }
   ChargeGlobalesTable();
   const bool presente = CdeZENIK->IsAvailable();
   if (presente) CdeZENIK->TableVerif();
@@ -129,7 +133,7 @@ void ArreteFraisage() {
 }
 
 bool ReprendFraisage(const std::string& vitesse) {
-  if (TableReprise.size() < 2 || CdeZENIK->EnCours != Faux || RunActif) return false;
+  if (TableReprise.size() < 2 || CdeZENIK->EnCours != Faux || OperationCarte) return false;
   if (AttendCarte && !RetrouveCarte()) {
     Message(Textes::CarteNonConnectee, Icone::Critique);
     return false;
@@ -166,6 +170,50 @@ void AbandonneFraisage() {
   TableReprise.clear();
   AttendCarte = PlacePerdue = false;
   if (Vue_Decoupe.Face) Vue_Decoupe.Face(FaceCourante());
+}
+
+bool EssaiFlash() {
+  if (TraceDecale.empty()) return false;
+  if (OperationCarte) {
+    Svc.Bip();
+    return false;
+  }
+  if (!CdeZENIK->IsAvailable()) {
+    Message(Textes::CarteNonConnectee, Icone::Critique);
+    return false;
+  }
+  if (!CdeZENIK->Flash_Model()) {
+    Message(Textes::SansMemoireFlash, Icone::Critique);
+    return false;
+  }
+  ChargeGlobalesTable();
+  CdeZENIK->TableVerif();
+  if (!Planifie()) return false;
+  Svc.Pilotage(DemandePilotage::SansOrigine);
+  ModeEnvoiTable = MemoireEtFraisage;
+  ListeFlash.assign(1, 0);
+  ArretRampe = Vrai;
+  StopDemande = Faux;
+  AttendCarte = PlacePerdue = false;
+  float vRef = 0;
+  LanceDecoupe(vRef, AppelantEssaiFlash);
+  return true;
+}
+
+bool EteintMoteur() {
+  if (OperationCarte || CdeZENIK->EnCours != Faux) return false;
+  MoteurOff();
+  return true;
+}
+
+void ArreteAvantFin() {
+  StopDemande = ArretRampe = Vrai;
+  if (!CdeZENIK->IsAvailable()) return;
+  CdeZENIK->StopResume(1, CdeZENIK->Calc_FDEC());
+  CdeZENIK->CommandePWM(0, 255);
+  CdeZENIK->IO1OnOff(false);
+  CdeZENIK->DemandeInformation();
+  if (CdeZENIK->EnCours != Faux) CdeZENIK->Reset();
 }
 
 }  // namespace ovelin

@@ -25,4 +25,16 @@ bool ReprendFraisage(const std::string& vitesse);
 // Nothing will be resumed.
 void AbandonneFraisage();
 
+// Command1, "Essai Flash": the whole plan, without its empty rows and whatever Option_Mode says, into the board's
+// memory and run from there. Returns when it has ended or was stopped; false: there is no board, no flash memory,
+// no plan, or the machine is busy.
+bool EssaiFlash();
+
+// Timer_MotorOff: motors without current, unless the machine is at work. False: it is.
+bool EteintMoteur();
+
+// The program ends while the machine works: it stops by its ramp, waited for, then spindle and outputs are off. A
+// board that does not stand then is reset.
+void ArreteAvantFin();
+
 }  // namespace ovelin

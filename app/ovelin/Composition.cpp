@@ -33,7 +33,7 @@ constexpr std::array Table{
     LigneDe<F_ChangtTable>("F_ChangtTable", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Dimension>("F_Dimension", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Exporter>("F_Exporter", Exemplaires::Un, Tenue::Modale),
-    LigneDe<F_Fraisage>("F_Fraisage", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Fraisage>("F_Fraisage", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_Gcode>("F_Gcode", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_Nettoyage>("F_Nettoyage", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_ParamAppli>("F_ParamAppli", Exemplaires::Un, Tenue::Modale),

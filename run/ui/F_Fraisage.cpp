@@ -1,80 +1,144 @@
 #include "run/ui/F_Fraisage.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPointer>
-#include <QProgressBar>
 #include <QScreen>
-#include <QStackedWidget>
-#include <QTimer>
+#include <algorithm>
+#include <utility>
 
-#include "core/Fichiers.h"
+#include "controller/ChoixCarte.h"
 #include "core/Nombres.h"
-#include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Textes.h"
+#include "core/ui/AvisRun.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/TraduitFenetre.h"
+#include "run/Module_Lancement.h"
+#include "run/ui/PanneauNC.h"
+#include "run/ui/PanneauOutil.h"
 #include "run/ui/PanneauPlan.h"
+#include "run/ui/PanneauRun.h"
 
 namespace ovelin {
 
 namespace {
 
 constexpr const char* Section = "F_Fraisage";
-constexpr int PeriodeSuivi = 50;  // ms between two looks at the writing
-constexpr int PasBarre = 1000;
+constexpr int DelaiMoteur = 30'000;  // ms behind the end of a job
+constexpr int PeriodeCarte = 1000;   // ms between two looks for a lost board
 
-QLineEdit* Total(const char* nom, const char* bulle, QWidget* parent) {
-  auto* champ = Nomme(new QLineEdit(parent), nom, bulle);
-  MontreSeulement(*champ);
-  champ->setAlignment(Qt::AlignRight);
-  champ->setMaximumWidth(120);
-  return champ;
-}
+const QColor Rouge(150, 20, 20), Vert(0, 127, 0);
 
-QGroupBox* Cadre(const char* nom, const char* titre, QLayout* contenu, QWidget* parent) {
-  QGroupBox* cadre = Groupe(nom, titre, parent);
-  contenu->setContentsMargins(8, 6, 8, 8);
-  cadre->setLayout(contenu);
-  return cadre;
+// A key that an entry consists of, or that is none by itself; every other one stops the machine.
+bool Saisit(const QKeyEvent& touche) {
+  switch (touche.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Meta:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+    case Qt::Key_Backspace:
+      return true;
+    default:
+      break;
+  }
+  const QString texte = touche.text();
+  return texte.size() == 1 && TouchesNumeriques.find(texte[0].toLatin1()) != std::string_view::npos;
 }
 
 }  // namespace
 
 F_Fraisage::F_Fraisage(QWidget* parent) : QDialog(parent) {
-  setModal(true);
-  ChargeFraisage();
+  setModal(false);
   Construit();
   PrepareFenetre(*this, Section);
-  TB_Vit_Mat_H_->Montre(TexteNombre(Vitesse_Mat_H));
-  TB_Vit_Mat_V_->Montre(TexteNombre(Vitesse_Mat_V));
-  Planifie();
+  Form_Load();
   RetablitPlace();
-  Btn_Gener_GCODE_->setFocus();
+  nc_->Bouton()->setFocus();
+  qApp->installEventFilter(this);
+}
+
+F_Fraisage::~F_Fraisage() {
+  if (fraise_) Vue_Decoupe = VueDecoupe{};
 }
 
 void F_Fraisage::Construit() {
   setWindowTitle(QStringLiteral("Fraisage"));
-  suivi_ = new QTimer(this);
-  suivi_->setInterval(PeriodeSuivi);
-  connect(suivi_, &QTimer::timeout, this, &F_Fraisage::MontreAvancement);
-
   QVBoxLayout* boite = ColonneFenetre(*this);
-  boite->addWidget(Cadre("Frame_Vitesses", "Vitesses", ConstruitVitesses(), this));
+  Lbl_Virtuelle_ =
+      Phrase("Lbl_Virtuelle", "Carte virtuelle : le travail est simulé, aucune machine ne bouge.", this);
+  Lbl_Virtuelle_->setStyleSheet(
+      QStringLiteral("background: #f5c518; color: black; padding: 5px; border-radius: 4px; font-weight: bold;"));
+  boite->addWidget(Lbl_Virtuelle_);
+
+  auto* gauche = new QVBoxLayout;
+  outil_ = new PanneauOutil(this);
+  gauche->addWidget(outil_);
+  QGroupBox* vitesses = Groupe("Frame_Vitesses", "Vitesses", this);
+  vitesses->setLayout(ConstruitVitesses());
+  gauche->addWidget(vitesses);
   plan_ = new PanneauPlan(this);
-  boite->addWidget(plan_);
-  boite->addWidget(Cadre("Frame_GCODE", "Fichier GCODE", ConstruitFichier(), this));
+  gauche->addWidget(plan_);
+  gauche->addStretch();
+  auto* droite = new QVBoxLayout;
+  run_ = new PanneauRun(this);
+  droite->addWidget(run_);
+  nc_ = new PanneauNC(this);
+  droite->addWidget(nc_);
+  droite->addStretch();
+  auto* colonnes = new QHBoxLayout;
+  colonnes->addLayout(gauche, 1);
+  colonnes->addLayout(droite, 1);
+  boite->addLayout(colonnes);
   boite->addStretch();
 
   Btn_Fermer_ = Bouton("Btn_Fermer", "Fermer", "Fermer la fenêtre", this);
   Btn_Fermer_->setAutoDefault(false);
-  connect(Btn_Fermer_, &QPushButton::clicked, this, &F_Fraisage::reject);
   boite->addLayout(RangeeBoutons({Btn_Fermer_}));
+  Ordonne();
 
-  OrdreTab({TB_Vit_Mat_H_, CB_VitMat_[0], CB_VitMat_[1], CB_VitMat_[2], CB_VitMat_[3], TB_Vit_Mat_V_,
-            TB_LongueurParcours_NC_, TB_TempsFraisage_NC_, Btn_Gener_GCODE_, Btn_Fermer_});
+  connect(Btn_Fermer_, &QPushButton::clicked, this, &F_Fraisage::reject);
+  connect(outil_, &PanneauOutil::Change, this, [this] {
+    Planifie(false);
+    run_->GriseTemps();
+  });
+  connect(nc_, &PanneauNC::EcritureChange, this, &F_Fraisage::MontreRun);
+  nc_->Vitesses = [this] { return std::pair{TB_Vit_Mat_H_->Texte(), TB_Vit_Mat_V_->Texte()}; };
+  connect(run_, &PanneauRun::Lance, this, &F_Fraisage::Btn_Fraiser_Serie_Click);
+  connect(run_, &PanneauRun::Arrete, this, [] { ArreteFraisage(); });
+  connect(run_, &PanneauRun::Abandonne, this, &F_Fraisage::Btn_Abandon_Click);
+  connect(run_, &PanneauRun::Essaie, this, [this] { Execute([] { return EssaiFlash(); }); });
+  connect(run_, &PanneauRun::Mode, this, [](int mode) { ChoisitMode(mode); });
+  connect(&AvisRun::Unique(), &AvisRun::Change, this, &F_Fraisage::MontreRun);
+  Timer_MotorOff_.setParent(this);
+  Timer_MotorOff_.setObjectName(QStringLiteral("Timer_MotorOff"));
+  Timer_MotorOff_.setSingleShot(true);
+  Timer_MotorOff_.setInterval(DelaiMoteur);
+  connect(&Timer_MotorOff_, &QTimer::timeout, this, &F_Fraisage::Timer_MotorOff_Timer);
+  Timer_Carte_.setParent(this);
+  Timer_Carte_.setObjectName(QStringLiteral("Timer_Carte"));
+  Timer_Carte_.setInterval(PeriodeCarte);
+  connect(&Timer_Carte_, &QTimer::timeout, this, &F_Fraisage::AttendCarte_Timer);
+}
+
+void F_Fraisage::Ordonne() {
+  std::vector<QWidget*> ordre = outil_->Champs();
+  ordre.push_back(TB_Vit_Mat_H_);
+  ordre.insert(ordre.end(), CB_VitMat_.begin(), CB_VitMat_.end());
+  ordre.push_back(TB_Vit_Mat_V_);
+  for (const std::vector<QWidget*>& suite : {run_->Controles(), nc_->Controles()}) {
+    ordre.insert(ordre.end(), suite.begin(), suite.end());
+  }
+  ordre.push_back(Btn_Fermer_);
+  for (std::size_t i = 1; i < ordre.size(); ++i) setTabOrder(ordre[i - 1], ordre[i]);
 }
 
 QLayout* F_Fraisage::ConstruitVitesses() {
@@ -99,6 +163,7 @@ QLayout* F_Fraisage::ConstruitVitesses() {
     pas->addWidget(bouton);
   }
   QGridLayout* grille = GrilleFenetre();
+  grille->setContentsMargins(8, 6, 8, 8);
   grille->addWidget(Etiquette("Lbl_Vit_Mat_H", "Vitesse &matière :", TB_Vit_Mat_H_), 0, 0);
   grille->addWidget(TB_Vit_Mat_H_, 0, 1);
   grille->addLayout(pas, 0, 2);
@@ -107,47 +172,6 @@ QLayout* F_Fraisage::ConstruitVitesses() {
   grille->setColumnStretch(1, 1);
   connect(TB_Vit_Mat_H_, &ChampNombre::Quitte, this, [this](bool c) { VitesseQuitte(*TB_Vit_Mat_H_, c); });
   connect(TB_Vit_Mat_V_, &ChampNombre::Quitte, this, [this](bool c) { VitesseQuitte(*TB_Vit_Mat_V_, c); });
-  return grille;
-}
-
-QLayout* F_Fraisage::ConstruitFichier() {
-  TB_LongueurParcours_NC_ =
-      Total("TB_LongueurParcours_NC", "Longueur du parcours, déplacements rapides compris", this);
-  TB_TempsFraisage_NC_ =
-      Total("TB_TempsFraisage_NC", "Temps à vitesse constante : les rampes de la machine s'y ajoutent", this);
-  Lbl_Duree_ = Valeur("Lbl_Duree");
-  ProgressBar_NC_ = Nomme(new QProgressBar(this), "ProgressBar_NC", "Avancement de l'écriture");
-  ProgressBar_NC_->setRange(0, PasBarre);
-  ProgressBar_NC_->setTextVisible(false);
-  Lbl_Resultat_ = Phrase("Lbl_Resultat", "");
-  Lbl_Resultat_->setTextFormat(Qt::PlainText);
-  Lbl_Resultat_->setProperty("texteLibre", true);
-
-  Btn_Gener_GCODE_ =
-      Bouton("Btn_Gener_GCODE", "&Générer le fichier GCODE", "Planifier le dessin et écrire le fichier .nc", this);
-  Btn_Gener_GCODE_->setIconSize({24, 24});
-  Btn_Gener_GCODE_->setDefault(true);
-  Btn_Gener_GCODE_->setMinimumHeight(38);
-  QFont gras = Btn_Gener_GCODE_->font();
-  gras.setBold(true);
-  Btn_Gener_GCODE_->setFont(gras);
-  connect(Btn_Gener_GCODE_, &QPushButton::clicked, this, &F_Fraisage::Btn_Gener_GCODE_Click);
-
-  QGridLayout* grille = GrilleFenetre();
-  grille->addWidget(Etiquette("Lbl_Longueur_NC", "Longueur parcours en mm", TB_LongueurParcours_NC_), 0, 0);
-  grille->addWidget(TB_LongueurParcours_NC_, 0, 1);
-  grille->addWidget(Etiquette("Lbl_Temps_NC", "Temps de fraisage en secondes", TB_TempsFraisage_NC_), 1, 0);
-  grille->addWidget(TB_TempsFraisage_NC_, 1, 1);
-  grille->addWidget(Lbl_Duree_, 1, 2);
-  grille->setColumnStretch(2, 1);
-  grille->addWidget(Btn_Gener_GCODE_, 2, 0, 1, 3);
-  // one place for what goes on and for what came of it
-  bas_ = new QStackedWidget(this);
-  bas_->addWidget(Lbl_Resultat_);
-  bas_->addWidget(ProgressBar_NC_);
-  bas_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-  bas_->setMinimumHeight(2 * fontMetrics().height());  // nothing jumps when it comes
-  grille->addWidget(bas_, 3, 0, 1, 3);
   return grille;
 }
 
@@ -164,6 +188,30 @@ void F_Fraisage::RetablitPlace() {
        std::max(libre.top(), std::min(coin.y(), libre.bottom() - taille.height())));
 }
 
+void F_Fraisage::Form_Load() {
+  if (!OperationCarte) ChargeFraisage();
+  if (!fraise_ && TableReprise.empty()) Colore(Fond::Systeme);
+  TB_Vit_Mat_H_->Montre(TexteNombre(Vitesse_Mat_H));
+  TB_Vit_Mat_V_->Montre(TexteNombre(Vitesse_Mat_V));
+  run_->MontreMode(ModeChoisi());
+  Lbl_Virtuelle_->setVisible(LaCarte.genre == GenreCarte::Virtuelle);
+  Suit();
+}
+
+// The drawing, its tool and its speeds can be changed in other windows while this one is open.
+void F_Fraisage::Suit() {
+  run_->MontreCarte();
+  outil_->Suit();
+  MontreRun();
+  if (!PlanPermis() || empreinte_ == EmpreintePlan()) return;
+  if (!TB_Vit_Mat_H_->hasFocus() && !TB_Vit_Mat_H_->EstRefuse()) TB_Vit_Mat_H_->Montre(TexteNombre(Vitesse_Mat_H));
+  if (!TB_Vit_Mat_V_->hasFocus() && !TB_Vit_Mat_V_->EstRefuse()) TB_Vit_Mat_V_->Montre(TexteNombre(Vitesse_Mat_V));
+  Planifie(false);
+  run_->GriseTemps();
+}
+
+// --- the plan
+
 void F_Fraisage::VitesseQuitte(ChampNombre& champ, bool change) {
   if (!change) return;
   const bool h = &champ == TB_Vit_Mat_H_;
@@ -174,7 +222,7 @@ void F_Fraisage::VitesseQuitte(ChampNombre& champ, bool change) {
   }
   champ.Accepte();
   champ.Montre(TexteNombre(h ? Vitesse_Mat_H : Vitesse_Mat_V));
-  Planifie();
+  Planifie(true);
 }
 
 void F_Fraisage::Pas(int index) {
@@ -182,67 +230,162 @@ void F_Fraisage::Pas(int index) {
   TB_Vit_Mat_H_->Accepte();
   TB_Vit_Mat_H_->Montre(texte);
   EntreVit_Mat_H(texte);
-  Planifie();
+  Planifie(true);
 }
 
-void F_Fraisage::Planifie() {
+// AfficheTempsPrevu where `prevoit`. While the machine works the time on show only turns grey.
+void F_Fraisage::Planifie(bool prevoit) {
+  if (!PlanPermis()) return run_->GriseTemps();
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  resume_ = PlanifiePourFenetre();
+  const ResumePlan resume = PlanifiePourFenetre(prevoit);
   QGuiApplication::restoreOverrideCursor();
-  plan_->Montre(resume_);
-  MontreTotaux(resume_.figures.longueur, resume_.figures.temps);
-  Lbl_Resultat_->clear();
+  empreinte_ = EmpreintePlan();
+  plan_->Montre(resume);
+  nc_->MontrePlan(resume.figures);
+  if (prevoit) run_->MontrePrevu(resume.prevu);
 }
 
-void F_Fraisage::MontreTotaux(double longueur, double temps) {
-  TB_LongueurParcours_NC_->setText(QString::fromStdString(Formate(longueur, "####0.0")));
-  TB_TempsFraisage_NC_->setText(QString::fromStdString(Formate(temps, "####0.0")));
-  Lbl_Duree_->setText(QString::fromStdString(TexteDuree(temps)));
-}
+// --- the run
 
-void F_Fraisage::MontreAvancement() {
-  if (!ecrit_) return;
-  MontreTotaux(ecriture_.LongueurNC, ecriture_.TempsNC);
-  const double total = std::max(1.0, static_cast<double>(NbDeplacements) - 1);
-  ProgressBar_NC_->setValue(static_cast<int>(PasBarre * static_cast<double>(ecriture_.deplacements) / total));
-}
-
-void F_Fraisage::Libre(bool libre) {
-  ecrit_ = !libre;
-  for (QWidget* w : {static_cast<QWidget*>(TB_Vit_Mat_H_), static_cast<QWidget*>(TB_Vit_Mat_V_),
-                     static_cast<QWidget*>(Btn_Gener_GCODE_), static_cast<QWidget*>(Btn_Fermer_)}) {
-    w->setEnabled(libre);
-  }
-  for (QToolButton* bouton : CB_VitMat_) bouton->setEnabled(libre);
-  bas_->setCurrentWidget(libre ? static_cast<QWidget*>(Lbl_Resultat_) : ProgressBar_NC_);
-  if (libre) {
-    suivi_->stop();
+void F_Fraisage::Btn_Fraiser_Serie_Click() {
+  vitesse_ = TB_Vit_Mat_H_->Texte();
+  if (TableReprise.empty()) {
+    Execute([this] { return LanceFraisage(vitesse_, static_cast<std::uint8_t>(ModeChoisi())); });
   } else {
-    ProgressBar_NC_->setValue(0);
-    suivi_->start();
+    Execute([this] { return ReprendFraisage(vitesse_); });
   }
 }
 
-void F_Fraisage::Btn_Gener_GCODE_Click() {
-  if (ecrit_) return;
-  const Passe passe;
-  Lbl_Resultat_->clear();
-  Libre(false);
-  const bool ecrite = GenereGCode(TB_Vit_Mat_H_->Texte(), TB_Vit_Mat_V_->Texte(), ecriture_);
-  Libre(true);
-  Btn_Gener_GCODE_->setFocus();
-  if (!ecrite) {
-    MontreTotaux(resume_.figures.longueur, resume_.figures.temps);
-    return;
+// The window lives on while the machine works: its buttons set flags, and closing it only hides it.
+void F_Fraisage::Execute(const std::function<bool()>& quoi) {
+  if (fraise_ || Ecrit()) return;
+  Timer_MotorOff_.stop();
+  fraise_ = true;
+  touche_ = termine_ = false;
+  PoseVue();
+  const bool lance = quoi();
+  Vue_Decoupe = VueDecoupe{};
+  fraise_ = ecrit_ = false;
+  termine_ = lance && StopDemande == Faux;
+  if (termine_) {
+    Colore(Fond::Vert);
+    run_->CacheTemps();
+    Timer_MotorOff_.start();
   }
-  MontreTotaux(ecriture_.LongueurNC, ecriture_.TempsNC);
-  Lbl_Resultat_->setText(TexteQt(Textes::FichierEcrit) + QLatin1Char(' ') +
-                         QString::fromStdString(NomDe(NomFichierNC)));
-  Lbl_Resultat_->setToolTip(QString::fromStdString(NomFichierNC));
+  if (AttendCarte) Timer_Carte_.start();
+  MontreRun();
+  if (touche_) Planifie(true);
 }
+
+void F_Fraisage::PoseVue() {
+  Vue_Decoupe.Debut = [this](double total) { run_->Debut(total); };
+  Vue_Decoupe.Avance = [this](double reste, double ecoule) { run_->Avance(reste, ecoule); };
+  Vue_Decoupe.Memorise = [this](bool ecrit) {
+    ecrit_ = ecrit;
+    run_->Memorise(ecrit);
+    MontreRun();
+  };
+  Vue_Decoupe.Face = [this](FaceFraisage face) {
+    if (face == FaceFraisage::Arret) {
+      TB_Vit_Mat_H_->Montre(vitesse_);  // the question may have lowered it
+      Colore(Fond::Rouge);
+    }
+    MontreRun();
+  };
+}
+
+void F_Fraisage::Btn_Abandon_Click() {
+  AbandonneFraisage();
+  Timer_Carte_.stop();
+  termine_ = false;
+  run_->CacheTemps();
+  Colore(Fond::Vert);
+  MontreRun();
+}
+
+// What can be pressed, and what is said of the run.
+void F_Fraisage::MontreRun() {
+  const bool occupee = AvisRun::Unique().EnCours() || fraise_ || Ecrit();
+  const bool reprise = !fraise_ && !TableReprise.empty();
+  const FaceFraisage face = fraise_ && RunActif ? FaceFraisage::Arret
+                            : reprise           ? FaceFraisage::Reprise
+                                                : FaceFraisage::Depart;
+  const bool libre = face == FaceFraisage::Arret || (!occupee && !AttendCarte && !PlacePerdue);
+  run_->MontreFace(face, libre, reprise && !occupee);
+  run_->Permet(!occupee && !reprise);
+  run_->MontreEtat(TexteEtat());
+  outil_->setEnabled(!occupee);
+  TB_Vit_Mat_V_->setEnabled(!occupee);
+  nc_->setEnabled(!occupee || Ecrit());
+  nc_->Bouton()->setEnabled(!occupee);
+  Btn_Fermer_->setEnabled(!Ecrit());
+  TB_Vit_Mat_H_->setEnabled(!Ecrit());
+  for (QToolButton* bouton : CB_VitMat_) bouton->setEnabled(!Ecrit());
+}
+
+QString F_Fraisage::TexteEtat() const {
+  if (fraise_ && RunActif) return TexteQt(ecrit_ ? Textes::RunEcrit : Textes::RunEnCours);
+  if (AttendCarte) return TexteQt(Textes::RunAttente);
+  if (PlacePerdue) return TexteQt(Textes::PlaceDeLaCartePerdue);
+  if (AvisRun::Unique().EnCours()) return TexteQt(Textes::RunAutre);
+  if (!TableReprise.empty()) return TexteQt(Textes::RunArrete);
+  return termine_ ? TexteQt(Textes::RunTermine) : QString();
+}
+
+// Labels on a coloured ground are white; fields and buttons keep the colours of the system.
+void F_Fraisage::Colore(Fond fond) {
+  if (std::exchange(fond_, fond) == fond) return;
+  // What is only shown has no ground of its own: it is written as labels are.
+  for (const char* nom : {"TB_TempsRestant", "TB_LongueurParcours_NC", "TB_TempsFraisage_NC"}) {
+    auto* champ = findChild<QLineEdit*>(QLatin1String(nom));
+    QPalette p = champ->palette();
+    p.setColor(QPalette::Text, fond == Fond::Systeme ? QApplication::palette().color(QPalette::Text) : Qt::white);
+    champ->setPalette(p);
+  }
+  if (fond == Fond::Systeme) return setPalette({});
+  QPalette palette;
+  palette.setColor(QPalette::Window, fond == Fond::Rouge ? Rouge : Vert);
+  for (const auto groupe : {QPalette::Active, QPalette::Inactive}) {
+    palette.setColor(groupe, QPalette::WindowText, Qt::white);
+  }
+  palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(225, 225, 225));
+  setPalette(palette);
+}
+
+void F_Fraisage::AttendCarte_Timer() {
+  if (!AttendCarte) return Timer_Carte_.stop();
+  Timer_Carte_.stop();  // the question may take a while, and events run in it
+  RetrouveCarte();
+  if (AttendCarte) Timer_Carte_.start();
+  MontreRun();
+}
+
+void F_Fraisage::Timer_MotorOff_Timer() {
+  if (EteintMoteur()) Colore(Fond::Vert);
+}
+
+bool F_Fraisage::eventFilter(QObject* objet, QEvent* e) {
+  if (e->type() != QEvent::KeyPress || !fraise_ || !RunActif || !objet->isWidgetType()) return false;
+  if (static_cast<QWidget*>(objet)->window() != this || Saisit(static_cast<const QKeyEvent&>(*e))) return false;
+  StopDemande = Vrai;
+  ArretRampe = Faux;
+  touche_ = true;
+  return true;
+}
+
+void F_Fraisage::changeEvent(QEvent* e) {
+  QDialog::changeEvent(e);
+  if (e->type() == QEvent::ActivationChange && isActiveWindow() && isVisible() && !Ecrit()) Suit();
+}
+
+// --- file and end
+
+bool F_Fraisage::Ecrit() const { return nc_->Ecrit(); }
+
+void F_Fraisage::MontreAvancement() { nc_->MontreAvancement(); }
 
 void F_Fraisage::done(int resultat) {
-  if (ecrit_) {  // the file is finished first
+  if (Ecrit()) {  // the file is finished first
     Apres([moi = QPointer<F_Fraisage>(this), resultat] {
       if (moi != nullptr) moi->done(resultat);
     });

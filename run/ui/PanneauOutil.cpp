@@ -1,0 +1,57 @@
+#include "run/ui/PanneauOutil.h"
+
+#include "core/ui/Fabrique.h"
+#include "core/ui/TraduitFenetre.h"
+
+namespace ovelin {
+
+PanneauOutil::PanneauOutil(QWidget* parent) : QGroupBox(QStringLiteral("Outil"), parent) {
+  setObjectName(QStringLiteral("Frame_Outil"));
+  QGridLayout* grille = GrilleFenetre();
+  grille->setContentsMargins(8, 6, 8, 8);
+  setLayout(grille);
+  champs_.reserve(LignesOutil().size());
+  for (const LigneOutil& ligne : LignesOutil()) {
+    if (ligne.entre == EntreMiniEncoche) continue;
+    ChampNombre* champ = Champ(ligne.champ, ligne.unite, ligne.bulle, this);
+    const std::size_t rang = champs_.size();
+    champs_.push_back({champ, &ligne});
+    connect(champ, &ChampNombre::Quitte, this, [this, rang](bool change) {
+      if (change) Entre(champs_[rang]);
+    });
+    const int rangee = static_cast<int>(rang);
+    grille->addWidget(Etiquette(ligne.etiquette, ligne.texte, champ), rangee, 0);
+    grille->addWidget(champ, rangee, 1);
+  }
+  grille->setColumnStretch(0, 1);
+  Suit();
+}
+
+void PanneauOutil::Suit() {
+  for (const ChampOutil& c : champs_) {
+    const std::string valeur = c.ligne->valeur();
+    const bool libre =
+        !c.champ->EstRefuse() && (!c.champ->hasFocus() || c.champ->Texte() == c.champ->TexteEntree());
+    if (libre && c.champ->Texte() != valeur) c.champ->Montre(valeur);
+  }
+}
+
+std::vector<QWidget*> PanneauOutil::Champs() const {
+  std::vector<QWidget*> champs;
+  champs.reserve(champs_.size());
+  for (const ChampOutil& c : champs_) champs.push_back(c.champ);
+  return champs;
+}
+
+void PanneauOutil::Entre(const ChampOutil& c) {
+  const IssueOutil issue = EntreOutil(*c.ligne, c.champ->Texte());
+  if (issue.accepte) {
+    c.champ->Accepte();
+    c.champ->Montre(c.ligne->valeur());
+  } else {
+    c.champ->Refuse(issue.raison ? TexteQt(*issue.raison) : QString());
+  }
+  if (issue.accepte || issue.stocke) Q_EMIT Change();
+}
+
+}  // namespace ovelin
