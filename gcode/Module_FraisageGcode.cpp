@@ -183,6 +183,7 @@ void Run::Occupe(bool occupe) {
   OperationCarte = occupe;
   Svc.RetientVeille(occupe);
   Svc.MontreStop(occupe);
+  Svc.MontreRun(occupe);
   if (occupe) {
     Svc.Pilotage(DemandePilotage::Reduit);
     Svc.Pilotage(DemandePilotage::SeTait);

@@ -11,6 +11,7 @@
 #include "core/Etat.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -169,6 +170,8 @@ SuiteSouris PB1_MouseDown(const EvenementSouris& e, const TailleImage& taille) {
     Commence(Glissement::Loupe, e, suite);
   } else if ((e.bouton == Bouton2 && !e.majuscule) || e.bouton == BoutonMilieu) {
     Commence(Glissement::Panorama, e, suite);
+  } else if (Souris.mnu_Lever && OperationCarte) {
+    Svc.Bip();
   } else if (Souris.mnu_Lever) {
     // Lists and picture are the procedures' own.
     if (e.majuscule) {

@@ -31,6 +31,7 @@
 #include "core/ui/PageChoixCarte.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
+#include "run/Module_Lancement.h"
 #include "workspace/FinCycle.h"
 
 namespace ovelin {
@@ -200,7 +201,7 @@ bool Programme::Demarre() {
 
 void Programme::TermineParSignal(int signal) {
   constexpr int StatutSignal = 128;
-  if (OperationCarte) ArreteMachine();
+  if (OperationCarte) ArreteAvantFin();
   if (fenetre_) fenetre_->TermineSansQuestion();
   std::fflush(nullptr);
   Quitte(StatutSignal + signal);
@@ -208,7 +209,10 @@ void Programme::TermineParSignal(int signal) {
 
 bool Programme::FinDeSession(bool peutDemander) {
   if (!fenetre_) return true;
-  if (peutDemander) return fenetre_->PeutFinir();
+  if (peutDemander) {
+    if (OperationCarte) ArreteAvantFin();
+    return fenetre_->PeutFinir();
+  }
   TermineParSignal(SIGTERM);
   return true;
 }

@@ -15,6 +15,7 @@
 #include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
+#include "core/ui/AvisRun.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
@@ -49,6 +50,7 @@ F_Gcode::F_Gcode(QWidget* parent) : QDialog(parent) {
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   Construit();
   PrepareFenetre(*this, Section);
+  connect(&AvisRun::Unique(), &AvisRun::Change, this, [this] { MontreRun(fraise_); });
   MontreMesure();
   mnu_Ouvrir_->setFocus();
 }
@@ -292,9 +294,10 @@ void F_Gcode::Fraise(bool reprise) {
 }
 
 void F_Gcode::MontreRun(bool enCours) {
+  const bool ailleurs = AvisRun::Unique().EnCours() && !enCours;  // the machine works for somebody else
   mnu_Ouvrir_->setEnabled(!enCours);
-  Combo_Table_->setEnabled(!enCours);
-  mnu_Fraisage_->setEnabled(!enCours && !programme_.Vide());
+  Combo_Table_->setEnabled(!enCours && !ailleurs);
+  mnu_Fraisage_->setEnabled(!enCours && !ailleurs && !programme_.Vide());
   mnu_Fraisage_->setText(enCours ? QStringLiteral("...")
                                  : TraduireOu(Section, QStringLiteral("mnu_Fraisage"), QStringLiteral("&Fraiser")));
   Btn_Stop_->setEnabled(enCours);

@@ -216,7 +216,19 @@ QAction* CommandesPrincipales::Action(const char* nom) const {
 }
 
 void CommandesPrincipales::Active(const char* nom, bool active) {
-  if (QAction* action = Action(nom)) action->setEnabled(active);
+  eteintes_[nom] = !active;
+  if (const LigneCommande* ligne = ChercheCommande(nom)) Applique(*ligne);
+}
+
+void CommandesPrincipales::Applique(const LigneCommande& ligne) {
+  QAction* action = Action(ligne.nom);
+  if (action != nullptr) action->setEnabled(!eteintes_[ligne.nom] && (!enRun_ || ligne.course));
+}
+
+void CommandesPrincipales::EnRun(bool enRun) {
+  enRun_ = enRun;
+  for (const LigneCommande& c : TableCommandes()) Applique(c);
+  if (cbBD_ != nullptr) cbBD_->setEnabled(!enRun);
 }
 
 void CommandesPrincipales::Coche(const char* nom, bool coche) {
@@ -251,6 +263,7 @@ void CommandesPrincipales::RemplitRecents(const std::vector<std::string>& textes
                                this);
     entree->setObjectName(QStringLiteral("mnu_MRU_%1").arg(i));
     connect(entree, &QAction::triggered, this, [this, i] {
+      if (OperationCarte) return Svc.Bip();
       Execute([this, i] {
         if (Recent) Recent(i);
       });
@@ -263,7 +276,7 @@ void CommandesPrincipales::RemplitRecents(const std::vector<std::string>& textes
 
 void CommandesPrincipales::GriseRecents() {
   for (std::size_t i = 0; i < recents_.size(); ++i) {
-    recents_[i]->setEnabled(!RecentPresent || RecentPresent(i + 1));
+    recents_[i]->setEnabled(!enRun_ && (!RecentPresent || RecentPresent(i + 1)));
   }
 }
 

@@ -30,6 +30,8 @@ class CommandesPrincipales : public QObject {
   void Coche(const char* nom, bool coche);  // a toggle, without running it
   // Menus and buttons that need a drawing.
   void DessinOuvert(bool ouvert);
+  // A job runs on the machine: what the table doesn't allow then is disabled, and as it was when it has ended.
+  void EnRun(bool enRun);
   // The button mnu_Undo on the toolbar.
   void MontreUndo(bool visible);
 
@@ -54,6 +56,7 @@ class CommandesPrincipales : public QObject {
  private:
   QAction* Cree(const LigneCommande& ligne);
   void Execute(const std::function<void()>& commande);
+  void Applique(const LigneCommande& ligne);
   void RemplitMenus(QMenuBar* menus);
   void RemplitBarre(QToolBar* barre);
   void GriseRecents();
@@ -62,6 +65,8 @@ class CommandesPrincipales : public QObject {
   void AjouteZoom();
 
   const Executions& executions_;
+  bool enRun_ = false;
+  std::map<std::string, bool> eteintes_;  // disabled by what there is to do, run or not
   std::map<std::string, QAction*> actions_;
   std::map<std::string, QAction*> boutons_;
   QToolBar* barre_;

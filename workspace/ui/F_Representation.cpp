@@ -19,8 +19,10 @@
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
+#include "core/ui/AvisRun.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
@@ -47,6 +49,7 @@ constexpr const char* Section = "F_Representation";
 constexpr int LargeurMin = 760, HauteurMin = 520;
 constexpr int LargeurNeuve = 1280, HauteurNeuve = 800;
 constexpr int CoteIcone = 24;
+constexpr int PeriodeFin = 20;   // ms between two looks whether the machine stands
 constexpr int DelaiCadre = 250;  // ms until the desktop has put its frame around the window
 
 std::string FichierDepose(const QMimeData* donnees) {
@@ -115,6 +118,9 @@ void F_Representation::Dispose() {
   Timer_Cadre_->setObjectName(QStringLiteral("Timer_Cadre"));
   Timer_Cadre_->setSingleShot(true);
   Timer_Cadre_->setInterval(DelaiCadre);
+  Timer_Fin_ = new QTimer(this);
+  Timer_Fin_->setObjectName(QStringLiteral("Timer_Fin"));
+  Timer_Fin_->setInterval(PeriodeFin);
 }
 
 void F_Representation::Relie() {
@@ -136,6 +142,12 @@ void F_Representation::Relie() {
   connect(commandes_->CB_BD(), &QComboBox::activated, this, &F_Representation::ChoisitMateriau);
   connect(Timer_Interro_, &QTimer::timeout, this, &F_Representation::AfficheCarte);
   connect(Timer_Cadre_, &QTimer::timeout, this, &F_Representation::RentreDansEcran);
+  connect(&AvisRun::Unique(), &AvisRun::Change, this, &F_Representation::EnRun);
+  connect(Timer_Fin_, &QTimer::timeout, this, [this] {
+    if (OperationCarte) return;
+    Timer_Fin_->stop();
+    close();
+  });
   commandes_->Recent = [this](std::size_t index) {
     {
       const PendantOuverture pendant(*this);
@@ -275,6 +287,10 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
 
 void F_Representation::closeEvent(QCloseEvent* e) {
   if (dechargee_) return;
+  if (OperationCarte) {
+    FermeApresRun();
+    return e->ignore();
+  }
   if (RemetFermeture(*this, *e)) return;
   if (ouvre_) {
     fermetureDue_ = true;
@@ -302,6 +318,19 @@ void F_Representation::closeEvent(QCloseEvent* e) {
   DechargeFenetre(EtatCourant(), DossierDocuments);
 }
 
+// By the ramp, whatever the run would do at its own stop.
+void F_Representation::FermeApresRun() {
+  StopDemande = ArretRampe = Vrai;
+  Timer_Fin_->start();
+}
+
+// A tool that changes the drawing at the next click is laid down, too.
+void F_Representation::EnRun(bool enRun) {
+  commandes_->EnRun(enRun);
+  panneau_->EnRun(enRun);
+  if (enRun && Souris.mnu_Lever) SuitSouris(mnu_Lever_Click());
+}
+
 void F_Representation::TermineSansQuestion() {
   if (std::exchange(dechargee_, true)) return;
   ovelin::TermineSansQuestion(EtatCourant(), DossierDocuments, TravailChange());
@@ -314,6 +343,7 @@ bool F_Representation::PeutFinir() {
 
 void F_Representation::changeEvent(QEvent* e) {
   QMainWindow::changeEvent(e);
+  if (e->type() == QEvent::ActivationChange && charge_ && isActiveWindow()) panneau_->Fraisage()->SuitOutil();
   if (e->type() != QEvent::PaletteChange || !charge_) return;
   AppliqueTheme();
 }
@@ -433,7 +463,9 @@ bool F_Representation::Depose(const std::string& chemin) {
   }
   if (!SeDepose(extension)) return false;
   Apres([moi = QPointer<F_Representation>(this), chemin] {
-    if (moi != nullptr) moi->Ouvre(chemin);
+    if (moi == nullptr) return;
+    if (OperationCarte) return Svc.Bip();
+    moi->Ouvre(chemin);
   });
   return true;
 }

@@ -71,7 +71,9 @@ class F_Representation : public QMainWindow {
   void AfficheCarte();  // the board's panel, where its presence has changed
   void RegleTimer_Interro();
   void Titre();
-  void MontreMateriau();  // the list of materials and its tip follow what is in force
+  void EnRun(bool enRun);  // a job runs on the machine, or has ended
+  void FermeApresRun();    // the end of the program waits for the machine
+  void MontreMateriau();   // the list of materials and its tip follow what is in force
   void BulleMateriau();
   void ChangeLangue();  // every text anew
 
@@ -119,6 +121,7 @@ class F_Representation : public QMainWindow {
   SuiviRun* suivi_ = nullptr;
   QTimer* Timer_Interro_ = nullptr;
   QTimer* Timer_Cadre_ = nullptr;
+  QTimer* Timer_Fin_ = nullptr;    // the machine is stopping, the window closes behind it
   std::optional<CleTexte> carte_;  // the board's name as it is shown
   bool charge_ = false;
   bool ouvre_ = false;         // an opening runs, its dialogs included

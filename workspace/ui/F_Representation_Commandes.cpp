@@ -8,6 +8,7 @@
 #include "core/Aide.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
@@ -256,6 +257,10 @@ void F_Representation::RemplitCB_BD() {
 }
 
 void F_Representation::ChoisitMateriau(int rang) {
+  if (OperationCarte) {
+    Svc.Bip();
+    return MontreMateriau();
+  }
   if (rang > 0) {
     if (const auto illisible = FicheIllisible(rang)) AvertitValeurs({*illisible});
     AppliqueMateriau(rang);
@@ -288,6 +293,10 @@ bool F_Representation::FlecheDeplace(int touche, Qt::KeyboardModifiers touches) 
   if (!enX && !haut && touche != Qt::Key_Down) return false;
   Code2 dernier;
   if (NbSelectionnees(dernier) == 0) return true;
+  if (OperationCarte) {
+    Svc.Bip();
+    return true;
+  }
   const double pas = (touches & Qt::ShiftModifier) != 0 ? PasFlecheLong : PasFleche;
   panneau_->SequencesPage()->Deplace(enX ? Direction::X : Direction::Y, droite || haut ? pas : -pas);
   return true;

@@ -1,5 +1,6 @@
 #include "workspace/ui/PanneauLateral.h"
 
+#include <QEvent>
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -7,7 +8,10 @@
 #include <utility>
 
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
+#include "core/Services.h"
 #include "core/Textes.h"
+#include "core/ui/FiltreStop.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 #include "toolpath/Module_Sequence.h"
@@ -70,6 +74,9 @@ PanneauLateral::PanneauLateral(QWidget* parent) : QSplitter(Qt::Vertical, parent
     connect(arbre, &ArbreDocument::Clic, this, &PanneauLateral::ClicArbre);
     connect(arbre, &ArbreDocument::MenuContexte, this, &PanneauLateral::MenuArbre);
   }
+  for (QWidget* page : Pages()) {
+    for (QWidget* controle : page->findChildren<QWidget*>()) controle->installEventFilter(this);
+  }
   Traduit();
   connect(this, &QSplitter::splitterMoved, this, [this] { regle_ = true; });
   Option1(PageSequence::Fraisage);
@@ -92,12 +99,24 @@ QWidget* PanneauLateral::BasPages() {
   points_ = new PagePoints;
   fraisage_ = new PageFraisage;
   sequences_ = new PageSequences;
-  for (QWidget* page : std::initializer_list<QWidget*>{points_, fraisage_, sequences_}) {
-    pilePages_->addWidget(Defilant(page));
-  }
+  for (QWidget* page : Pages()) pilePages_->addWidget(Defilant(page));
   choixPage_ = Choix("Option1", {QStringLiteral("Points"), QStringLiteral("Fraisage"), QStringLiteral("Séquences")},
                      pilePages_);
   return Empile(choixPage_, pilePages_, "Frame_Sequence");
+}
+
+std::array<QWidget*, 3> PanneauLateral::Pages() const { return {points_, fraisage_, sequences_}; }
+
+void PanneauLateral::EnRun(bool enRun) {
+  for (QWidget* page : Pages()) page->setEnabled(!enRun);
+}
+
+bool PanneauLateral::eventFilter(QObject* objet, QEvent* e) {
+  const bool geste = e->type() == QEvent::MouseButtonPress || e->type() == QEvent::MouseButtonDblClick ||
+                     e->type() == QEvent::KeyPress || e->type() == QEvent::Wheel;
+  if (!geste || !OperationCarte || EstUnArret(*objet, *e)) return QSplitter::eventFilter(objet, e);
+  Svc.Bip();
+  return true;
 }
 
 // The pages have the height that they need and the trees take what is left, until the user moves the line between.
@@ -108,7 +127,7 @@ void PanneauLateral::resizeEvent(QResizeEvent* e) {
 
 void PanneauLateral::Repartit() {
   int hauteur = 0;
-  for (const QWidget* page : std::initializer_list<QWidget*>{points_, fraisage_, sequences_}) {
+  for (const QWidget* page : Pages()) {
     hauteur = std::max(hauteur, page->sizeHint().height());
   }
   hauteur += choixPage_->sizeHint().height();

@@ -5,6 +5,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <array>
 #include <optional>
 
 #include "workspace/Module_Panneau.h"
@@ -32,6 +33,8 @@ class PanneauLateral : public QSplitter {
   void Option1(PageSequence page);  // shows that page
   void Couleurs();                  // Option_DI takes the colours of the two traces
   void RemplitArbres();
+  // A job runs on the machine: the pages change the drawing and are disabled; the trees, which select, stay.
+  void EnRun(bool enRun);
   // The panel from the document; the trees follow the selection. What has been typed as a displacement stays as
   // long as the same paths are selected.
   void InitSeq();
@@ -45,8 +48,11 @@ class PanneauLateral : public QSplitter {
  protected:
   void changeEvent(QEvent* e) override;
   void resizeEvent(QResizeEvent* e) override;
+  // While an operation of the board runs the pages take neither press nor key.
+  bool eventFilter(QObject* objet, QEvent* e) override;
 
  private:
+  [[nodiscard]] std::array<QWidget*, 3> Pages() const;
   QWidget* HautArbres();
   QWidget* BasPages();
   void ClicArbre(const ResultatClic& resultat);
