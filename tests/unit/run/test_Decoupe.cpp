@@ -1,92 +1,9 @@
-// Whole runs on the virtual board: started, stopped at any moment, resumed, cut off from the board. The clock is
-// the test's: waiting lets it go on, and the board runs by it to the tick.
-#include <array>
-#include <cstdint>
-#include <numeric>
-#include <string>
-
-#include "closed/CarteVirtuelle.h"
-#include "controller/ClsCdeZENIK.h"
-#include "core/Cles.h"
-#include "core/Nombres.h"
-#include "core/RunCourant.h"
+// Runs started, stopped, resumed, cut off from the board.
 #include "core/Textes.h"
-#include "run/Module_Decoupe.h"
-#include "run/Module_Lancement.h"
-#include "tests/unit/run/PlanEssai.h"
+#include "tests/unit/run/UnRun.h"
 
 namespace essai {
 namespace {
-
-using zenikcom::Axes3;
-using zenikcom::CarteVirtuelle;
-
-// A square of 10 mm and an open line, 1 mm deep in two passes: some 30 rows.
-class UnRun : public testing::Test {
- protected:
-  UnRun() {
-    Branche();
-    Svc.Horloge = [this] { return heure_; };
-    Svc.Attend = [this](double s) { heure_ += s; };
-    Svc.LaisseEvenements = [this](Evenements mode) {
-      if (mode != Evenements::Tous) return;
-      heure_ += 0.0005;  // whoever waits for the board by its events alone, too
-      if (aChaqueTour_) aChaqueTour_();
-    };
-    EcritFichierEssai(
-        "OVELIN.ini",
-        "[OVELIN]\r\nTableDefaut=Essai\r\n[table_Essai]\r\nTB_SAV_30=30\r\nTB_SAV_31=80\r\nCB_SAV_16=1\r\n"
-        "TB_SAV_12=4\r\nTB_SAV_13=4\r\nTB_SAV_14=4\r\nTB_SAV_15=20\r\nTB_SAV_16=20\r\nTB_SAV_17=8\r\n");
-    OublieCles();
-    TableDefaut = "Essai";
-    HautDeg = 3;
-    ProfPasse = -0.5;
-    ProfFraisage = -1;
-    Vitesse_Mat_H = 3;
-    Vitesse_Mat_V = 2;
-    AjouteTrajet(" A", -1, {{2, 3}, {2, 13}, {12, 13}, {12, 3}, {2, 3}});
-    AjouteTrajet(" B", -1, {{20, 3}, {26, 9}});
-  }
-  ~UnRun() override { CdeZENIK = std::make_unique<ClsCdeZENIK>(); }
-
-  void Branche() {
-    zenikcom::ConditionsCarte c;
-    c.horloge = [this] { return static_cast<std::int64_t>(heure_ * 1e9); };
-    c.attend = [this](std::int64_t ns) { heure_ += static_cast<double>(ns) * 1e-9; };
-    carte_ = zenikcom::CreeCarteVirtuelle(std::move(c));
-    CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte_));
-  }
-  [[nodiscard]] Axes3 Pas() const { return carte_->Compteurs().pas; }
-  // What the class believes.
-  static Axes3 Compte() { return {CdeZENIK->PasX, CdeZENIK->PasY, CdeZENIK->PasZ}; }
-  bool Lance(std::uint8_t mode = EnvoiDirect) {
-    std::string vitesse = TexteNombre(Vitesse_Mat_H);
-    return LanceFraisage(vitesse, mode);
-  }
-  // Sum of the steps of the table in force, and its lowest place.
-  static Axes3 Somme() {
-    Axes3 s{};
-    for (std::int32_t i = 1; i <= NbDeplacements; ++i) {
-      s[0] += Ligne(i).dX;
-      s[1] += Ligne(i).dY;
-      s[2] += Ligne(i).dZ;
-    }
-    return s;
-  }
-  // Stops once the board has been running that long.
-  void StoppeApres(double secondes, Drapeau rampe) {
-    const double fin = heure_ + secondes;
-    aChaqueTour_ = [this, fin, rampe] {
-      if (heure_ < fin || !RunActif || StopDemande != Faux) return;
-      StopDemande = Vrai;
-      ArretRampe = rampe;
-    };
-  }
-
-  double heure_ = 1000;
-  std::shared_ptr<CarteVirtuelle> carte_;
-  std::function<void()> aChaqueTour_;
-};
 
 TEST_F(UnRun, EndsAtTheCountsOfThePlanAndLeavesNothingBehind) {
   ASSERT_TRUE(Lance());
@@ -143,6 +60,95 @@ TEST_F(UnRun, OfOneSixAndSevenRowsStartAllTheSame) {
     EXPECT_GT(Somme()[0], 0);
     EXPECT_EQ(carte_->Compteurs().etat, zenikcom::EtatCarte::Fini) << lignes;
   }
+}
+
+TEST_F(UnRun, OfNoRowsAtAllEndsAtOnce) {
+  CdeZENIK->TableVerif();
+  InitDecoupe();
+  AjoutDeplacementZ(0, Faux, 4);
+  float v = 4;
+  const double debut = heure_;
+  LanceDecoupe(v, AppelantPilotage);
+  EXPECT_EQ(NbDeplacements, 0);
+  EXPECT_FALSE(RunActif || OperationCarte);
+  EXPECT_EQ(StopDemande, Faux);
+  EXPECT_LT(heure_ - debut, 1);
+  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
+}
+
+TEST_F(UnRun, TheEstimateOpensTheJobASecondTimeAndRowOneGoes) {
+  int ouvertures = 0;
+  double prevu = 0;
+  Vue_Decoupe.Debut = [&](double total) {
+    prevu = total;
+    ouvertures = static_cast<int>(carte_->Compteurs().echanges);
+  };
+  const auto avant = carte_->Compteurs().echanges;
+  CdeZENIK->TableVerif();
+  InitDecoupe();
+  AjoutDeplacementRelatif(1, 0, Faux, 4);
+  ASSERT_EQ(NbDeplacements, 2);
+  const auto verifiee = carte_->Compteurs().echanges;
+  float v = 4;
+  LanceDecoupe(v, AppelantFraisage);
+  EXPECT_EQ(ouvertures - verifiee, 5) << "twice the clearing and the opening, and the spindle between";
+  EXPECT_GT(verifiee, avant);
+  EXPECT_GT(prevu, 0);
+  EXPECT_EQ(NbDeplacements, 1) << "the first row is no record";
+  EXPECT_GT(Ligne(1).dX, 0);
+}
+
+TEST_F(UnRun, WindowsAreToldOfAJobAndNotOfAMoveByHand) {
+  ASSERT_TRUE(Lance());
+  EXPECT_EQ(Vu().runs, (std::vector<bool>{true, false}));
+  InitDecoupe();
+  AjoutDeplacementRelatif(1, 0, Faux, 4);
+  float v = 4;
+  LanceDecoupe(v, AppelantPilotage);
+  EXPECT_EQ(Vu().runs.size(), 2U);
+  EXPECT_EQ(Vu().stops.size(), 4U);
+}
+
+TEST_F(UnRun, AnEndOfTheProgramStopsByTheRampAndTurnsEverythingOff) {
+  bool pendant = false;
+  aChaqueTour_ = [&] {
+    if (pendant || carte_->Compteurs().commences < 10) return;
+    pendant = true;
+    ArreteAvantFin();
+    EXPECT_EQ(carte_->Compteurs().etat, zenikcom::EtatCarte::Arretee);
+    EXPECT_FALSE(carte_->Sorties().broche);
+    EXPECT_EQ(Compte(), Pas()) << "not a step lost";
+  };
+  ASSERT_TRUE(Lance());
+  EXPECT_TRUE(pendant);
+  EXPECT_EQ(StopDemande, Vrai);
+}
+
+TEST_F(UnRun, ABoardThatNeitherTakesNorMovesIsToldAfterTwoSeconds) {
+  double depuis = 0;
+  aChaqueTour_ = [&] {
+    if (depuis != 0 || carte_->Compteurs().commences < 5) return;
+    depuis = heure_;
+    // It answers, takes nothing more and stands.
+    std::vector<zenikcom::Faute> fautes;
+    zenikcom::TamponOctets t{};
+    t[1] = 'S';
+    carte_->Echange(t);
+    for (int i = 1; i < 20'000; ++i) {
+      fautes.push_back({carte_->Compteurs().echanges + i, zenikcom::GenreFaute::Refuse, 0});
+    }
+    carte_->Fautes(fautes);
+  };
+  std::vector<std::string> dites;
+  Svc.Montre = [&](const BoiteMessage& b) {
+    dites.push_back(b.cle);
+    return Reponse::Ok;
+  };
+  ASSERT_TRUE(Lance());
+  ASSERT_GT(depuis, 0);
+  EXPECT_FALSE(RunActif);
+  EXPECT_EQ(StopDemande, Vrai);
+  EXPECT_LT(heure_ - depuis, 8);
 }
 
 TEST_F(UnRun, StoppedAtAnyMomentAndResumedEndsAtTheCountsOfThePlan) {
@@ -413,6 +419,17 @@ TEST_F(UnRun, AListThatIsTooLongIsRefusedBeforeAnythingIsErased) {
   ASSERT_TRUE(Lance(MemoireEtFraisage));
   EXPECT_LT(carte_->Compteurs().echanges - avant, 60) << "no page was written";
   EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
+}
+
+TEST_F(UnRun, EssaiFlashNeedsAMemoryOnTheBoard) {
+  zenikcom::ConditionsCarte c;
+  c.rapide = true;
+  c.flash = false;
+  carte_ = zenikcom::CreeCarteVirtuelle(std::move(c));
+  CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte_));
+  Attend("erreurs", "96");
+  EXPECT_FALSE(EssaiFlash());
+  EXPECT_EQ(ModeEnvoiTable, 0);
 }
 
 TEST_F(UnRun, IsRefusedWithoutABoardADepthOrASpeed) {
