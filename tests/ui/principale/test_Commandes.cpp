@@ -103,7 +103,7 @@ TEST_F(Commandes, WhileTheBoardWorksOnlyTheViewMayChange) {
   int bips = 0;
   Svc.Bip = [&] { ++bips; };
   OperationCarte = true;
-  Commande("mnu_Fraisage");
+  Commande("mnu_BD");
   EXPECT_EQ(bips, 1);
   EXPECT_TRUE(ouvertes_.empty());
   const bool panneau = Menu("mnu_Panneau")->isChecked();
