@@ -90,7 +90,7 @@ void PanneauRun::Construit() {
   connect(groupe, &QButtonGroup::idClicked, this, &PanneauRun::Mode);
 
   Btn_Fraiser_Serie_ = Nomme(new QPushButton(this), QStringLiteral("Btn_Fraiser_Serie"));
-  Btn_Fraiser_Serie_->setProperty("valeur", true);
+  Btn_Fraiser_Serie_->setProperty("texteLibre", true);  // its face, whatever the language was
   Btn_Fraiser_Serie_->setAutoDefault(false);
   Btn_Fraiser_Serie_->setMinimumHeight(42);
   QFont gras = Btn_Fraiser_Serie_->font();
