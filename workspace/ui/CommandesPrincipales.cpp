@@ -217,7 +217,9 @@ QAction* CommandesPrincipales::Action(const char* nom) const {
 
 void CommandesPrincipales::Active(const char* nom, bool active) {
   eteintes_[nom] = !active;
-  if (const LigneCommande* ligne = ChercheCommande(nom)) Applique(*ligne);
+  for (const LigneCommande& c : TableCommandes()) {
+    if (std::string_view(c.nom) == nom) Applique(c);
+  }
 }
 
 void CommandesPrincipales::Applique(const LigneCommande& ligne) {
