@@ -83,6 +83,7 @@ TEST(Demarrage, AFolderNamedFromHereIsAFullPathInTheSettingsOfAFirstStart) {
   std::filesystem::current_path(essai::Dossier());
   Demarrage d;
   d.options.config = "neuf";
+  essai::Attend("erreurs", "401");
   EXPECT_TRUE(d.Lance().lance);
   std::filesystem::current_path(avant);
   EXPECT_EQ(DossierProgramme, std::filesystem::canonical(essai::Dossier()).string() + "/neuf");
