@@ -321,6 +321,14 @@ TEST_F(Cablage, TheBoardIsPolledInAPeriodOfItsOwn) {
   EXPECT_EQ(C<QTimer>("Timer_Interro")->interval(), 2500);
 }
 
+TEST_F(Cablage, ThePollOfTheBoardRestsWhileAWindowHasTheMachine) {
+  Charge();
+  Svc.Timer_Interro(false);
+  EXPECT_FALSE(C<QTimer>("Timer_Interro")->isActive());
+  Svc.Timer_Interro(true);
+  EXPECT_TRUE(C<QTimer>("Timer_Interro")->isActive());
+}
+
 TEST_F(Cablage, ABoardThatIsPluggedInIsNamedAtTheNextPoll) {
   essai::Scenario carte;
   carte.connectee = 0;

@@ -5,15 +5,20 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QTreeView>
+#include <QWheelEvent>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
 #include <random>
 #include <set>
 
 #include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
 #include "core/ReglagesCourants.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Annulation.h"
+#include "workspace/Module_Reprise.h"
 #include "workspace/Module_Vue.h"
 
 namespace {
@@ -43,8 +48,10 @@ class Singe : public essai::Principale {
           return Un(2) == 0 ? Reponse::Ok : Reponse::Annuler;
         case Boutons::OuiNon:
           return Un(2) == 0 ? Reponse::Oui : Reponse::Non;
-        default:
-          return Un(2) == 0 ? Reponse::Non : Reponse::Annuler;
+        default: {
+          static const Reponse Reponses[]{Reponse::Oui, Reponse::Non, Reponse::Annuler};
+          return Reponses[Un(3)];
+        }
       }
     };
     Svc.ChoisitFichier = [this](const DialogueFichier& d) -> std::string {
@@ -88,11 +95,14 @@ class Singe : public essai::Principale {
   // One action; what it was, for the message of a failure.
   std::string Agit();
   std::string AgitImage();
+  std::string RouleSurListe();
+  std::string Reprend();
   std::string Invariants();
 
   std::mt19937 hasard_;
   std::uint32_t graine_ = 0;
   int actions_ = 0;
+  int reprises_ = 0;
   bool force_ = false;  // the open dialog isn't cancelled
 };
 
@@ -126,12 +136,49 @@ std::string Singe::AgitImage() {
   }
 }
 
+// The wheel over a list that isn't open leaves it as it is.
+std::string Singe::RouleSurListe() {
+  auto* combo = UnDe<QComboBox>();
+  if (combo == nullptr) return "";
+  const int avant = combo->currentIndex();
+  const QPointF a = combo->rect().center();
+  QWheelEvent roue(a, combo->mapToGlobal(a), {}, {0, Un(2) == 0 ? 120 : -120}, Qt::NoButton, Qt::NoModifier,
+                   Qt::NoScrollPhase, false);
+  QApplication::sendEvent(combo, &roue);
+  EXPECT_EQ(combo->currentIndex(), avant) << combo->objectName().toStdString();
+  return "wheel over " + combo->objectName().toStdString();
+}
+
+// The program was killed: its newest snapshot waits, and is taken or left at the next start.
+std::string Singe::Reprend() {
+  const int n = NumeroInstantane();
+  if (n < 1) return "";
+  DossierReprises = essai::Dossier() + "/reprises";
+  std::filesystem::create_directories(DossierReprises);
+  const std::string garde = DossierReprises + "/" + std::to_string(++reprises_) + ".reprise";
+  std::filesystem::copy_file(CheminInstantane(n), garde);
+  essai::EcritFichierEssai("reprises/" + std::to_string(reprises_) + ".dessin", FichierCourant);
+  const bool prise = Un(3) != 0;
+  reponses_["F_Reprise"] = [prise] {
+    if (prise) RepriseChoisie = ListeReprises().at(0);
+    return prise;
+  };
+  fenetre_.reset();
+  EffaceTousInstantanes();
+  Doc = Document{};
+  Charge();
+  essai::Evenements();
+  return prise ? "recovered" : "recovery declined";
+}
+
 std::string Singe::Agit() {
-  switch (Un(10)) {
+  switch (Un(11)) {
     case 0:
     case 1:
     case 2:
       return AgitImage();
+    case 9:
+      return Un(20) == 0 ? Reprend() : RouleSurListe();
     case 3: {
       auto* champ = UnDe<QLineEdit>();
       if (champ == nullptr) return "";
