@@ -228,6 +228,8 @@ void LanceParMain(float vitesse, bool continu) {
   PilMan.JogActif = PilMan.continu = false;
 }
 
+bool CartePresente() { return CdeZENIK->IsAvailable(); }
+
 bool PretParMain() {
   return !PilMan.JogActif && !RunActif && !OperationCarte && CdeZENIK->EnCours == Faux && CdeZENIK->IsAvailable() &&
          CdeZENIK->TableVerif();

@@ -66,6 +66,7 @@ void SurveilleLiaison();
 
 // Moves TableDecoupe for this window at `vitesse` mm/s, the spindle left alone. Returns when it has ended.
 void LanceParMain(float vitesse, bool continu);
+bool CartePresente();
 // The board is there, free, and has the table in force.
 bool PretParMain();
 

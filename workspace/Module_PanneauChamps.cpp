@@ -7,6 +7,8 @@
 #include "core/Nombres.h"
 #include "core/Services.h"
 #include "core/Textes.h"
+#include "manual/Module_Origine.h"
+#include "manual/Module_PlaceMan.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -80,6 +82,7 @@ bool CB_Origine() {
   const double dy = OrigineY;
   if (!PlaceOrigine()) return false;
   CdeZENIK->FixePosition(CdeZENIK->PosX - dx, CdeZENIK->PosY - dy, CdeZENIK->PosZ);
+  EcritPlace();
   return true;
 }
 
@@ -87,6 +90,12 @@ bool CB_OKRecalage(const std::string& x, const std::string& y) {
   const auto vx = NombreDuTexte(x);
   const auto vy = NombreDuTexte(y);
   return vx && vy && Recale(*vx, *vy);
+}
+
+bool CB_Goto(std::int32_t index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= TraceInitial.size()) return false;
+  const PointTrace& p = TraceInitial[static_cast<std::size_t>(index)];
+  return VaAuPoint(static_cast<double>(p.X), static_cast<double>(p.Y));
 }
 
 bool CB_PositionOK(std::int32_t index, const std::string& x, const std::string& y) {

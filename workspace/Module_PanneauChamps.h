@@ -51,6 +51,9 @@ bool CB_OK_Dimension(const ChampsDimension& champs);
 bool CB_Origine();
 // The drawing's corner (that of the selection) to this position. False for what is no number.
 bool CB_OKRecalage(const std::string& x, const std::string& y);
+// The machine to that point: up to HautDeg and straight there. Returns when it has ended. False: no such point, no
+// board (told), or it works (beep).
+bool CB_Goto(std::int32_t index);
 // A point at a new place. False for what is no number, or a refused place.
 bool CB_PositionOK(std::int32_t index, const std::string& x, const std::string& y);
 

@@ -13,6 +13,7 @@
 #include "machine/essais/ui/F_ParamMachine.h"
 #include "machine/essais/ui/F_PasPerdus.h"
 #include "machine/essais/ui/F_Test.h"
+#include "manual/ui/F_PilMan.h"
 #include "run/ui/F_Fraisage.h"
 #include "toolpath/ui/F_Exporter.h"
 #include "toolpath/ui/F_Texte.h"
@@ -39,6 +40,7 @@ constexpr std::array Table{
     LigneDe<F_ParamAppli>("F_ParamAppli", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_ParamMachine>("F_ParamMachine", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_PasPerdus>("F_PasPerdus", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_PilMan>("F_PilMan", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_Reprise>("F_Reprise", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Soudure>("F_Soudure", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Test>("F_Test", Exemplaires::Un, Tenue::Modale),

@@ -282,7 +282,9 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
     panneau_->Fraisage()->VideOutil();
     return;
   }
-  if (FenetreExiste && FenetreExiste("F_PilMan")) Fenetre("F_PilMan");
+  if (!FenetreExiste || !FenetreExiste("F_PilMan")) return;
+  Fenetre("F_PilMan");
+  activateWindow();  // keys that are meant for the drawing move no machine
 }
 
 void F_Representation::closeEvent(QCloseEvent* e) {

@@ -110,7 +110,9 @@ QWidget* PagePoints::Boutons() {
     if (ouvert) x_->setFocus(Qt::TabFocusReason);
   });
   connect(goto_, &QAbstractButton::clicked, this, [this] {
-    if (OuvreFenetre) OuvreFenetre("F_PilMan", window());
+    const std::int32_t point = PointActuel();
+    if (OuvreFenetre) OuvreFenetre("F_PilMan", window());  // which shows the place on the way
+    CB_Goto(point);
   });
   return cadre;
 }

@@ -1,9 +1,12 @@
 // Page "Points": the points chosen in the tree of the drawing, and the marked position.
 #include <QAbstractItemModel>
 #include <QListView>
+#include <cmath>
 #include <memory>
 
+#include "closed/CarteVirtuelle.h"
 #include "controller/ClsCdeZENIK.h"
+#include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/ui/Fenetres.h"
@@ -322,7 +325,7 @@ TEST_F(Points, OriginWaitsForADrawing) {
   EXPECT_TRUE(Actif("CB_Origine"));
 }
 
-TEST_F(Points, GoToIsOnlyThereWithItsWindow) {
+TEST_F(Points, GoToIsOnlyThereWithItsWindowAndDrivesToThePointOverClearance) {
   DeuxCarres();
   Ouvre();
   Choisit({6});
@@ -336,8 +339,21 @@ TEST_F(Points, GoToIsOnlyThereWithItsWindow) {
   Remplit();
   essai::Evenements();
   ASSERT_TRUE(C("CB_Goto")->isVisible());
+  EcrireCleSection("table_" + TableDefaut, "TB_SAV_30", "5");
+  EcrireCleSection("table_" + TableDefaut, "TB_SAV_31", "5");
+  zenikcom::ConditionsCarte conditions;
+  conditions.rapide = true;
+  const auto carte = zenikcom::CreeCarteVirtuelle(std::move(conditions));
+  CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte));
+  CdeZENIK->ChargeParametres();
+  HautDeg = 4;
   Clique(*C("CB_Goto"));
   EXPECT_EQ(ouverte, "F_PilMan");
+  const double parMm = 1 / CdeZENIK->MmParPasX();
+  EXPECT_EQ(carte->Lieu()[0], std::llround(static_cast<double>(TraceInitial[6].X) * parMm));
+  EXPECT_EQ(carte->Lieu()[1], std::llround(static_cast<double>(TraceInitial[6].Y) * parMm));
+  EXPECT_EQ(carte->Lieu()[2], std::llround(4 * parMm));
+  CdeZENIK = std::make_unique<ClsCdeZENIK>();
 }
 
 TEST_F(Points, PositionIsTakenByTheEnterKey) {
