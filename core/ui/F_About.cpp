@@ -65,8 +65,9 @@ void F_About::Construit() {
   nom->setFont(grand);
   auto* version = Valeur("Lbl_Version", "", this);
   version->setText(QString::fromLatin1(NomProgramme) + QLatin1Char(' ') + Version());
-  version->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* phrase = Phrase("Label1", "Du dessin aux mouvements d'une petite fraiseuse.", this);
+  for (QLabel* ligne : {nom, version}) ligne->setMinimumHeight(ligne->sizeHint().height());
+  phrase->setMinimumSize(260, 2 * phrase->fontMetrics().lineSpacing());
   auto* texte = new QVBoxLayout;
   for (QLabel* ligne : {nom, version, phrase}) texte->addWidget(ligne);
   auto* tete = new QHBoxLayout;

@@ -57,6 +57,7 @@ void F_Vinyl::Construit() {
                           "Option1_1", "La lame s'oriente sous le dessin avant chaque découpe fermée");
   boite->addWidget(Option1_[Depart]);
   Lbl_Fleches_ = Phrase("Lbl_Fleches", "Coin ou côté par lequel on débute et on termine chaque découpe", this);
+  Lbl_Fleches_->setMinimumSize(300, 2 * Lbl_Fleches_->fontMetrics().lineSpacing());
   boite->addWidget(Lbl_Fleches_);
   rose_ = Rose();
   boite->addWidget(rose_, 0, Qt::AlignHCenter);
@@ -70,19 +71,21 @@ void F_Vinyl::Construit() {
   connect(fermer, &QPushButton::clicked, this, &F_Vinyl::accept);
   boite->addLayout(RangeeBoutons({fermer}));
   QWidget* avant = Option1_[Depart];
-  for (QToolButton* fleche : CB_Fleche_) {
-    setTabOrder(avant, fleche);
-    avant = fleche;
+  for (const std::size_t i : {0U, 4U, 1U, 7U, 5U, 3U, 6U, 2U}) {  // row by row
+    setTabOrder(avant, CB_Fleche_[i]);
+    avant = CB_Fleche_[i];
   }
   OrdreTab({avant, Option1_[Marge], CB_Prolongement_, fermer});
 }
 
 QWidget* F_Vinyl::Rose() {
   constexpr int Cote = 44;  // of a button, a target for a finger
+  constexpr int Ecart = 6;
   auto* rose = Nomme(new QWidget(this), "Frame_Fleches");
   auto* grille = new QGridLayout(rose);
   grille->setContentsMargins(0, 0, 0, 0);
-  grille->setSpacing(6);
+  grille->setSpacing(Ecart);
+  rose->setFixedSize(3 * Cote + 2 * Ecart, 3 * Cote + 2 * Ecart);
   for (int i = 0; i < 8; ++i) {
     const auto& place = Places[static_cast<std::size_t>(i)];
     QToolButton* fleche = BoutonIcone(QStringLiteral("CB_Fleche_%1").arg(i), QString::fromUtf8(place.bulle));

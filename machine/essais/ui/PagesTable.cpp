@@ -248,12 +248,16 @@ QWidget* PageCarte(ControlesTable& controles) {
       1, 0);
 
   QGridLayout* reserve = GroupeDe(*colonne, "Frame_Reserve", "Valeurs gardées pour d'autres programmes");
-  static constexpr std::array<ChampMachine, 9> gardes{C::Reserve21, C::Reserve22, C::Reserve23,
-                                                      C::Reserve24, C::Reserve25, C::Reserve26,
-                                                      C::Reserve27, C::Reserve28, C::Reserve29};
+  static constexpr std::array<ChampMachine, 9> gardes{C::VitesseBroche, C::Reserve22, C::Reserve23,
+                                                      C::Reserve24,     C::Reserve25, C::Reserve26,
+                                                      C::Reserve27,     C::Reserve28, C::Reserve29};
   for (int i = 0; i < 9; ++i) {
     const ChampMachine& champ = gardes[static_cast<std::size_t>(i)];
-    const QString bulle = Francais("Valeur n° %1 de la table, que ce programme n'utilise pas").arg(champ.index);
+    const QString bulle =
+        i == 0 ? Francais(
+                     "Vitesse de pointe de la broche en tours par minute, à laquelle se mesure le mot S ; 0 : "
+                     "inconnue")
+               : Francais("Valeur n° %1 de la table, que ce programme n'utilise pas").arg(champ.index);
     reserve->addWidget(controles.Champ(champ, "", bulle), i / 3, i % 3);
   }
   colonne->addStretch();

@@ -88,7 +88,7 @@ TEST(F_Texte, PreviewFollowsEachKeyTheFontAndTheStyle) {
   Controle<QSlider>(f, "HScroll1")->setValue(1000);
   EXPECT_NEAR(largeur(), deux + 20, 0.1);  // an em between the two
   Controle<QSlider>(f, "HScroll1")->setValue(0);
-  Clique(*Controle<QCheckBox>(f, "CB_Flag_1"));
+  Controle<QCheckBox>(f, "CB_Flag_1")->click();
   EXPECT_GT(largeur(), deux) << "bold";
 }
 
@@ -99,7 +99,7 @@ TEST(F_Texte, RemembersWhatWasSetInTheSettingsFile) {
     Choisit(f, "DejaVu Sans Mono");
     Controle<QLineEdit>(f, "TB_Texte")->setText("Été");
     Controle<QSlider>(f, "HScroll1")->setValue(40);
-    Clique(*Controle<QCheckBox>(f, "CB_Flag_0"));
+    Controle<QCheckBox>(f, "CB_Flag_0")->click();
     Clique(*Controle<QPushButton>(f, "CB_Generer"));
   }
   EXPECT_EQ(LireCleIni("F_Texte_Texte", ""), "Été");

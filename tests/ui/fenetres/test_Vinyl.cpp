@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/ui/F_Vinyl.h"
@@ -56,11 +57,11 @@ TEST(F_Vinyl, StrokesInTheMarginHideTheArrowsAndLengthenTheCuts) {
   const std::size_t avant = PointsDuTrajet();
   F_Vinyl f;
   Montre(f);
-  Clique(*Controle<QRadioButton>(f, "Option1_1"));
+  Controle<QRadioButton>(f, "Option1_1")->click();
   EXPECT_FALSE(Controle<QToolButton>(f, "CB_Fleche_0")->isVisible());
   EXPECT_TRUE(Controle<QCheckBox>(f, "CB_Prolongement")->isChecked());
   EXPECT_EQ(PointsDuTrajet(), avant + 3);
-  Clique(*Controle<QRadioButton>(f, "Option1_0"));
+  Controle<QRadioButton>(f, "Option1_0")->click();
   EXPECT_TRUE(Controle<QToolButton>(f, "CB_Fleche_0")->isVisible());
   EXPECT_FALSE(Controle<QCheckBox>(f, "CB_Prolongement")->isChecked());
   EXPECT_EQ(PointsDuTrajet(), avant);
@@ -71,7 +72,7 @@ TEST(F_Vinyl, TheCheckBoxAloneLengthensAndKeepsTheArrows) {
   const std::size_t avant = PointsDuTrajet();
   F_Vinyl f;
   Montre(f);
-  Clique(*Controle<QCheckBox>(f, "CB_Prolongement"));
+  Controle<QCheckBox>(f, "CB_Prolongement")->click();
   EXPECT_EQ(PointsDuTrajet(), avant + 3);
   EXPECT_TRUE(Controle<QToolButton>(f, "CB_Fleche_0")->isVisible());
 }
@@ -81,7 +82,7 @@ TEST(F_Vinyl, ComesBackAsItWasLeft) {
   {
     F_Vinyl f;
     Montre(f);
-    Clique(*Controle<QRadioButton>(f, "Option1_1"));
+    Controle<QRadioButton>(f, "Option1_1")->click();
     Clique(*Controle<QPushButton>(f, "Btn_Fermer"));
     EXPECT_FALSE(f.isVisible());
   }

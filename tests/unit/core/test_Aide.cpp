@@ -1,5 +1,7 @@
 // Help by the desktop, and the addresses of the project's site.
 #include "core/Aide.h"
+
+#include <filesystem>
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Dossiers.h"
@@ -18,6 +20,7 @@ TEST(Aide, OpensTheManualOfTheProgramsFolder) {
 }
 
 TEST(Aide, OpensTheInstalledManualWhereTheProgramsFolderHasNone) {
+  std::filesystem::create_directories(Dossier() + "/installe");
   const std::string chemin = EcritFichierEssai("installe/OVELIN V4.pdf", "%PDF");
   DossiersProduit = {Dossier() + "/installe"};
   AttendBureau(chemin);
