@@ -1,6 +1,5 @@
 // The milling window in the states of its run, in every language: nothing is cut, nothing lies over its neighbour.
 // Pictures of them, light and dark, go to OVELIN_CAPTURES.
-#include "core/ui/Theme.h"
 #include "tests/ui/fenetres/RunEssai.h"
 
 namespace essai {
@@ -17,7 +16,6 @@ class FFraisageAspect : public RunEssai {
   ~FFraisageAspect() override {
     LaCarte.genre = GenreCarte::Aucune;
     ThemeSombreEssai(false);
-    OublieIcones();
   }
 
   void Regarde(F_Fraisage& f, const std::string& etat) {
@@ -73,7 +71,6 @@ TEST_F(FFraisageAspect, NothingIsCutInAnyStateOfTheRunInAnyLanguage) {
 TEST_F(FFraisageAspect, NorInADarkTheme) {
   sombre_ = true;
   ThemeSombreEssai(true);
-  OublieIcones();
   for (const char* langue : {"fr", "en"}) {
     ChoisitLangue(langue);
     TousLesEtats();
