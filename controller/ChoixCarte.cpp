@@ -202,9 +202,7 @@ std::vector<RefusCarte> InstalleCarte(const MoyensCarte& moyens) {
 }
 
 void FermeCarte() {
-  auto sans = std::make_unique<ClsCdeZENIK>();
-  if (CdeZENIK) sans->Reprend(*CdeZENIK);
-  CdeZENIK = std::move(sans);
+  CdeZENIK = std::make_unique<ClsCdeZENIK>();
   LaCarte = CarteDuProgramme{};
 }
 
@@ -219,7 +217,11 @@ bool ChangeCarte(const ReglageCarte& reglage, const MoyensCarte& moyens) {
     EcrireCle(cles::CarteZENIK, reglage.carte);
     EcrireCle(cles::CarteZENIK_USB, reglage.usb);
   }
+  // What has been told and answered holds on.
+  auto dit = std::make_unique<ClsCdeZENIK>();
+  dit->Reprend(*CdeZENIK);
   FermeCarte();
+  CdeZENIK = std::move(dit);
   DitRefus(InstalleCarte(moyens));
   if (!CdeZENIK->IsAvailable()) return true;
   CdeZENIK->ResetBuffer();

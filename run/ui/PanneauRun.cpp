@@ -126,7 +126,7 @@ void PanneauRun::Construit() {
   Lbl_Etat_ = Phrase("Lbl_Etat", "", this);
   Lbl_Etat_->setTextFormat(Qt::PlainText);
   Lbl_Etat_->setProperty("texteLibre", true);
-  Lbl_Etat_->setMinimumHeight(2 * fontMetrics().height());
+  Lbl_Etat_->setMinimumHeight(4 * fontMetrics().height());
   Lbl_Etat_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
   QGridLayout* grille = GrilleFenetre();

@@ -17,6 +17,7 @@ using namespace ovelin;
 void Principale::SetUp() {
   ovelin::InstalleTable(TableFenetres());
   ovelin::OuvreFenetre = [this](const std::string& nom, QWidget*) {
+    if (nom == "F_PilMan" && !manuelle_) return IssueFenetre::Ouverte;
     ouvertes_.push_back(nom);
     const auto reponse = reponses_.find(nom);
     const bool acceptee = reponse != reponses_.end() && reponse->second();

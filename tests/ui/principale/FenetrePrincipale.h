@@ -36,7 +36,8 @@ class Principale : public testing::Test {
   static std::vector<std::string> Selectionnes();  // codes
 
   std::unique_ptr<ovelin::F_Representation> fenetre_;
-  std::vector<std::string> ouvertes_;                      // windows asked for, in order
+  std::vector<std::string> ouvertes_;  // windows asked for, in order
+  bool manuelle_ = false;  // the window of moves by hand, which comes with every main window, counts among them
   std::map<std::string, std::function<bool()>> reponses_;  // what they do; without one they are cancelled
 };
 

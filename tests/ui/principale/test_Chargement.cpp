@@ -177,6 +177,7 @@ TEST_F(Chargement, AFileOfTheCommandLineThatCanNotBeReadLeavesTheInvitation) {
 }
 
 TEST_F(Chargement, TheManualWindowComesWithTheMainWindow) {
+  manuelle_ = true;
   FenetreExiste = [](const std::string& nom) { return nom == "F_PilMan"; };
   Charge();
   EXPECT_EQ(ouvertes_, std::vector<std::string>{"F_PilMan"});

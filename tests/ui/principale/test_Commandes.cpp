@@ -49,9 +49,9 @@ TEST_F(Commandes, NoTwoStandInOnePlace) {
 
 TEST_F(Commandes, TheFileMenuHasALineBetweenItsGroups) {
   Charge();
-  EXPECT_THAT(
-      Noms(C<QMenu>("mnu_Fichier")->actions()),
-      ElementsAre("mnu_Ouvrir", "mnu_Save", "mnu_SaveAs", "|", "mnu_Fraisage", "mnu_Gcode", "|", "mnu_Quitter"));
+  EXPECT_THAT(Noms(C<QMenu>("mnu_Fichier")->actions()),
+              ElementsAre("mnu_Ouvrir", "mnu_Save", "mnu_SaveAs", "mnu_Exporter", "|", "mnu_Fraisage", "mnu_Gcode",
+                          "|", "mnu_Quitter"));
 }
 
 TEST_F(Commandes, TheToolBarFollowsTheWork) {
@@ -59,8 +59,8 @@ TEST_F(Commandes, TheToolBarFollowsTheWork) {
   auto* barre = C<QToolBar>("TB1");
   std::vector<std::string> noms = Noms(barre->actions());
   noms.resize(9);
-  EXPECT_THAT(noms, ElementsAre("TB1_mnu_Ouvrir", "TB1_mnu_Save", "TB1_mnu_SaveAs", "|", "", "TB1_mnu_BD", "|",
-                                "TB1_mnu_Fraisage", "|"));
+  EXPECT_THAT(noms, ElementsAre("TB1_mnu_Ouvrir", "TB1_mnu_Save", "TB1_mnu_SaveAs", "TB1_mnu_Exporter", "|", "",
+                                "TB1_mnu_BD", "|", "TB1_mnu_Fraisage"));
 }
 
 TEST_F(Commandes, TheMenuOfThePictureOffersTheSelectionTheViewAndTheWork) {
