@@ -198,6 +198,7 @@ TEST(Programme, OpensEachModalWindowAndComesBack) {
   std::filesystem::copy_file(DossierExemples() + "/equerre.dxf", dessin);
   ProgrammeEssai p(dessin);
   ASSERT_TRUE(p.Demarre());
+  Attend("erreurs", "2", Reponse::Non);  // the first window whose end looks at the board's table
   for (const LigneFenetre& ligne : TableFenetres()) {
     if (ligne.tenue != Tenue::Modale) continue;
     const FermeModale ferme;
