@@ -1,7 +1,7 @@
 // Help by the desktop, and the addresses of the project's site.
-#include "core/Aide.h"
-
 #include <filesystem>
+
+#include "core/Aide.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Dossiers.h"
