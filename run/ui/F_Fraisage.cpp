@@ -3,8 +3,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QScreen>
-#include <algorithm>
 #include <utility>
 
 #include "controller/ChoixCarte.h"
@@ -178,14 +176,7 @@ QLayout* F_Fraisage::ConstruitVitesses() {
 // The window comes back where it was, as far as a screen shows that place.
 void F_Fraisage::RetablitPlace() {
   const auto place = LitPlaceFraisage();
-  if (!place) return;
-  const QPoint coin(place->first, place->second);
-  const QScreen* ecran = QGuiApplication::screenAt(coin);
-  if (ecran == nullptr) return;
-  const QRect libre = ecran->availableGeometry();
-  const QSize taille = sizeHint();
-  move(std::max(libre.left(), std::min(coin.x(), libre.right() - taille.width())),
-       std::max(libre.top(), std::min(coin.y(), libre.bottom() - taille.height())));
+  if (place) PlaceSurEcran(*this, {place->first, place->second});
 }
 
 void F_Fraisage::Form_Load() {

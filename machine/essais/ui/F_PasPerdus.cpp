@@ -1,9 +1,7 @@
 #include "machine/essais/ui/F_PasPerdus.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QRadioButton>
-#include <QScreen>
 
 #include "controller/ClsCdeZENIK.h"
 #include "core/RunCourant.h"
@@ -121,14 +119,7 @@ void F_PasPerdus::Form_Load() {
 // As far as a screen shows that place.
 void F_PasPerdus::RetablitPlace() {
   const auto place = LitPlacePasPerdus();
-  if (!place) return;
-  const QPoint coin(place->first, place->second);
-  const QScreen* ecran = QGuiApplication::screenAt(coin);
-  if (ecran == nullptr) return;
-  const QRect libre = ecran->availableGeometry();
-  const QSize taille = sizeHint();
-  move(std::max(libre.left(), std::min(coin.x(), libre.right() - taille.width())),
-       std::max(libre.top(), std::min(coin.y(), libre.bottom() - taille.height())));
+  if (place) PlaceSurEcran(*this, {place->first, place->second});
 }
 
 int F_PasPerdus::Axe() const {
