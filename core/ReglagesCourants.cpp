@@ -5,7 +5,6 @@
 #include "core/Document.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
-#include "core/Traduction.h"
 
 namespace ovelin {
 
@@ -127,12 +126,6 @@ void EcritCouleursDefaut() {
   Ecrit(cles::CouleurDeselectionne, Couleur(100, 0, 0));
   Ecrit(cles::CouleurDecalage, Couleur(0, 255, 0));
   Ecrit(cles::CouleurEncoche, Couleur(100, 0, 100));
-}
-
-void LitReglagesDemarrage() {
-  Reglages defauts;
-  defauts.Langue = LangueDuSysteme(LocaleSysteme());
-  LitGroupe(Groupe::Demarrage, defauts);
 }
 
 }  // namespace ovelin

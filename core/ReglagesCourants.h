@@ -40,7 +40,4 @@ void EcritSoudure();  // ToleranceSoudure, into the settings file alone
 // The six colours of the button that restores them: other values, partly under other keys than those read; kept so.
 void EcritCouleursDefaut();
 
-// First start: TableDefaut, Langue, DebugZENIK from the settings file with their built-in defaults.
-void LitReglagesDemarrage();
-
 }  // namespace ovelin

@@ -32,9 +32,6 @@ struct MesureProgramme {
   // A strip of the way: first the start at the origin, then each place where a move of some length ends.
   std::vector<Vertex> TraceVertex;
   std::vector<Vertex> CadreVertex;  // the box of the bounds as separate lines
-
-  [[nodiscard]] double CentreX() const { return (bornes.Xmin + bornes.Xmax) / 2; }
-  [[nodiscard]] double CentreY() const { return (bornes.Ymin + bornes.Ymax) / 2; }
 };
 
 // Colours of the stretches, as RGBtoDXCOLOR gives them.

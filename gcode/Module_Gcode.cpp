@@ -104,7 +104,7 @@ std::string ChoisitProgramme() {
   dialogue.motif = MotifGcode;
   const SansProjet reglages;
   dialogue.propose = LireCle(cles::Fichier, "");
-  const std::string choisi = CheminComplet(Svc.ChoisitFichier(dialogue));
+  std::string choisi = CheminComplet(Svc.ChoisitFichier(dialogue));
   if (!choisi.empty()) EcrireCle(cles::Fichier, choisi);
   return choisi;
 }

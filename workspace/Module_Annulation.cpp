@@ -110,6 +110,8 @@ bool Reunit(const std::string& avant, const std::string& chemin) {
   return false;
 }
 
+std::string CheminTemp(const std::string& nom) { return std::string(DossierTemp).append("/").append(nom); }
+
 bool EstInstantane(const std::string& nom) { return ExtensionDe(nom) == "OVL"; }
 
 // The last name of a sorted listing, "" when there is none. Hidden files aren't listed.
@@ -121,7 +123,7 @@ std::string DernierNom() {
   while (const dirent* entree = readdir(dossier)) {
     const std::string nom = entree->d_name;
     if (nom.starts_with(".") || nom <= dernier || !EstInstantane(nom)) continue;
-    if (entree->d_type == DT_REG || IdentiteDe(DossierTemp + "/" + nom).taille >= 0) dernier = nom;
+    if (entree->d_type == DT_REG || IdentiteDe(CheminTemp(nom)).taille >= 0) dernier = nom;
   }
   closedir(dossier);
   return dernier;
@@ -151,7 +153,7 @@ void Appelle(const std::function<void(A...)>& crochet, A... arguments) {
 std::string CheminInstantane(int numero) {
   std::string chiffres = std::to_string(numero);
   if (chiffres.size() < ChiffresNom) chiffres.insert(0, ChiffresNom - chiffres.size(), '0');
-  return DossierTemp + "/" + chiffres + ".OVL";
+  return CheminTemp(chiffres + ".OVL");
 }
 
 int NumeroInstantane() { return Numero(DernierNom()); }
@@ -164,7 +166,7 @@ ResultatInstantane PrendInstantane() {
   r.bouton = n >= 2;
   if (n >= DernierInstantane) return r;
   const std::string chemin = CheminInstantane(n + 1);
-  const std::string avant = dernierNom.empty() ? "" : DossierTemp + "/" + dernierNom;
+  const std::string avant = dernierNom.empty() ? "" : CheminTemp(dernierNom);
   if (DejaVide(avant)) return r;
   NoteDessin(FichierCourant);
   const PendantInstantane pendant(chemin);
@@ -222,7 +224,7 @@ void EffaceTousInstantanes() {
   Oublie();
   if (DossierTemp.empty()) return;
   for (const std::string& nom : ListeFichiers(DossierTemp, "OVL")) {
-    const std::string chemin = DossierTemp + "/" + nom;
+    const std::string chemin = CheminTemp(nom);
     if (unlink(chemin.c_str()) == 0) continue;
     chmod(chemin.c_str(), 0600);  // its attributes first, where they stand in the way
     unlink(chemin.c_str());

@@ -13,7 +13,7 @@ namespace ovelin {
 namespace {
 
 using C = ChampsMachine;
-constexpr int Sorties = 10, Interfaces = 10, Moitie = 5, Aucun = 6;
+constexpr int Interfaces = 10, Moitie = 5, Aucun = 6;
 
 QString Francais(const char* texte) { return QString::fromUtf8(texte); }
 

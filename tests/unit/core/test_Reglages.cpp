@@ -204,23 +204,4 @@ TEST(EcritCouleursDefaut, TheSelectedColourFollowsInTheSettingsFileAlone) {
   EXPECT_EQ(Regl.CouleurDecalage, Couleur(0, 255, 0));
 }
 
-TEST(LitReglagesDemarrage, TakesTheBuiltInDefaultsWithoutAFile) {
-  setenv("LC_ALL", "de_DE.UTF-8", 1);
-  Regl.TableDefaut = "x";
-  Regl.DebugZENIK = true;
-  LitReglagesDemarrage();
-  unsetenv("LC_ALL");
-  EXPECT_EQ(Regl.Langue, "de");
-  EXPECT_EQ(Regl.TableDefaut, "KR4400");
-  EXPECT_FALSE(Regl.DebugZENIK);
-}
-
-TEST(LitReglagesDemarrage, ReadsTheSettingsFile) {
-  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nLanguage=pt\r\nTableDefaut=Grande\r\nDebugZENIK=oui\r\n");
-  LitReglagesDemarrage();
-  EXPECT_EQ(Regl.Langue, "pt");
-  EXPECT_EQ(Regl.TableDefaut, "Grande");
-  EXPECT_TRUE(Regl.DebugZENIK);
-}
-
 }  // namespace

@@ -16,8 +16,6 @@ MesureProgramme Mesure(const std::string& texte) { return MesureDe(Programme(tex
 TEST(AnalyseProgramme, GrowsTheBoundsWithEachTarget) {
   const MesureProgramme m = Mesure("F60\nG01 X10 Y-5 Z2\nX-3\nZ-7\n");
   EXPECT_EQ(m.bornes, (BornesProgramme{-3, 10, -5, -5, -7, 2}));
-  EXPECT_EQ(m.CentreX(), 3.5);
-  EXPECT_EQ(m.CentreY(), -5);
 }
 
 TEST(AnalyseProgramme, ProgramsWithoutAMoveHaveNoBounds) {

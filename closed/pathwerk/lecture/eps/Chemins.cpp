@@ -90,16 +90,22 @@ void EpsChemins::Enregistrement(std::string_view texte) {
   Casse();  // a path that has not come to its end
   if (texte == "F" || texte == "S" || texte == "R") {
     sorte_ = texte[0];
-  } else if (texte == "Z") {
-    complet_ = true;
+  } else if (texte.starts_with("Z ")) {
+    finDite_ = true;
+    LitPosition(texte.substr(2));
   } else if (texte.starts_with("I ")) {
     // Few kinds exist; what else claims to be one is cut short.
     lecture_.Ignore(lecture_.rapport.Ignores.size() < 32 ? texte.substr(2, 24) : "?");
   } else if (texte.starts_with("X ")) {
     const std::size_t blanc = texte.rfind(' ');
     nomErreur_ = std::string(texte.substr(2, blanc > 2 ? blanc - 2 : std::string_view::npos));
-    std::from_chars(texte.data() + blanc + 1, texte.data() + texte.size(), position_);
+    finDite_ = true;
+    LitPosition(texte.substr(blanc + 1));
   }
+}
+
+void EpsChemins::LitPosition(std::string_view texte) {
+  std::from_chars(texte.data(), texte.data() + texte.size(), position_);
 }
 
 void EpsChemins::Chemin(std::string_view ligne) {

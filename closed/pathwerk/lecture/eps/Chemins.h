@@ -19,15 +19,17 @@ class EpsChemins {
   // Takes the next piece of the output. False when the drawing was refused and the rest is of no use.
   bool Recoit(std::string_view morceau);
 
-  // The drawing ran to its end.
-  [[nodiscard]] bool Complet() const { return complet_; }
-  // The drawing stopped with this PostScript error (empty: it did not), at this byte of it (-1: unknown).
+  // The end was told: with a PostScript error or without. A program that ends by itself tells none.
+  [[nodiscard]] bool FinDite() const { return finDite_; }
+  // The drawing stopped with this PostScript error (empty: it did not).
   [[nodiscard]] const std::string& NomErreur() const { return nomErreur_; }
+  // Byte of the drawing up to which it was read. -1: to its last, or unknown.
   [[nodiscard]] long Position() const { return position_; }
 
  private:
   void Ligne(std::string_view ligne);
   void Enregistrement(std::string_view texte);
+  void LitPosition(std::string_view texte);
   void Chemin(std::string_view ligne);
   void Casse();
   void Depart(Vec2 p);
@@ -49,7 +51,7 @@ class EpsChemins {
   std::size_t lignes_ = 0;  // lines in it
   bool coinTriple_ = false;
   bool arrete_ = false;
-  bool complet_ = false;
+  bool finDite_ = false;
   std::string nomErreur_;
   long position_ = -1;
 };

@@ -40,6 +40,21 @@ long LigneDe(std::string_view data, std::string_view ps, long position) {
   return std::max(1L, debut.ends_with(fin) ? lignes : lignes + 1);
 }
 
+// A drawing may end itself with "quit" or "stop". What stands behind that was never drawn, comments and the control
+// bytes of a printer's channel apart.
+bool ResteADessiner(std::string_view ps, const EpsChemins& chemins) {
+  if (!chemins.FinDite()) return true;
+  if (chemins.Position() < 0) return false;
+  std::string_view reste = ps.substr(std::min(ps.size(), base::Indice(chemins.Position())));
+  while (!reste.empty()) {
+    const std::size_t fin = std::min(reste.find_first_of("\r\n"), reste.size());
+    const std::size_t mot = reste.find_first_not_of(" \t\f\r\n\004\032" + std::string(1, '\0'));
+    if (mot < fin && reste[mot] != '%') return true;
+    reste.remove_prefix(std::min(fin + 1, reste.size()));
+  }
+  return false;
+}
+
 void Lit(std::string_view data, const OptionsLecture& options, const EpsMoyens& moyens, Lecture& lecture) {
   const std::optional<std::string_view> ps = EpsPostScript(data);
   if (!ps) {
@@ -65,7 +80,10 @@ void Lit(std::string_view data, const OptionsLecture& options, const EpsMoyens& 
     numero = Erreur::GsErreur;
     detail = "exit " + std::to_string(fin.code);
   }
-  if (numero == Erreur::Aucune) return;
+  if (numero == Erreur::Aucune) {
+    lecture.rapport.Tronque = ResteADessiner(*ps, chemins);
+    return;
+  }
   lecture.traits.clear();
   lecture.Refuse(numero, ligne, detail);
 }

@@ -10,7 +10,7 @@
 //   F, S, R        a painted path follows: filled, stroked, stroked with round caps; lines m l c h; closed by E
 //   I kind         something was left out
 //   X name place   the drawing stopped with this error at this byte
-//   Z              the drawing ran to its end
+//   Z place        the drawing ended without an error, read up to this byte; -1: to its last
 #include "closed/pathwerk/lecture/eps/Prologue.h"
 
 namespace pathwerk::lecture::eps {
@@ -193,6 +193,8 @@ userdict begin
 } bind def
 
 % --- pages and devices
+% The end of a drawing is ours to tell.
+/quit { stop } def
 /showpage { } def
 /copypage { } def
 /erasepage { } def
@@ -213,8 +215,8 @@ userdict begin
   { clear true } { clear false } ifelse
   $error /newerror get and {
     (X ) OVL@r $error /errorname get OVL@b cvs OVL@w ( ) OVL@w
-    { OVL@d fileposition } stopped { pop -1 } if OVL@b cvs OVL@w (\n) OVL@w
-  } { (Z) OVL@r (\n) OVL@w } ifelse
+  } { (Z ) OVL@r } ifelse
+  { OVL@d fileposition } stopped { pop -1 } if OVL@b cvs OVL@w (\n) OVL@w
   OVL@f flushfile
 } bind def
 end

@@ -46,7 +46,7 @@ TEST(EpsChemins, APathWithoutItsEndIsLost) {
 
 TEST(EpsChemins, ThePiecesMayBeCutAnywhere) {
   const std::string texte =
-      "text\001J no\n\n\001J F\nm 0 0 \nc 0 2048 2048 2048 2048 0 \nh\n\001J E\n\001J I clip\n\001J Z\n";
+      "text\001J no\n\n\001J F\nm 0 0 \nc 0 2048 2048 2048 2048 0 \nh\n\001J E\n\001J I clip\n\001J Z 77\n";
   Lecture entier;
   EpsChemins d("J", OptionsLecture{}, entier, 1000);
   EXPECT_TRUE(d.Recoit(texte));
@@ -58,7 +58,8 @@ TEST(EpsChemins, ThePiecesMayBeCutAnywhere) {
     ASSERT_EQ(l.traits.size(), 1U);
     EXPECT_EQ(l.traits[0].points, entier.traits[0].points);
     EXPECT_EQ(Ignores(l, "clip"), 1);
-    EXPECT_TRUE(c.Complet());
+    EXPECT_TRUE(c.FinDite());
+    EXPECT_EQ(c.Position(), 77);
   }
 }
 
@@ -82,7 +83,7 @@ TEST(EpsChemins, TheErrorIsTakenApart) {
   c.Recoit("\001J X typecheck 1234\n");
   EXPECT_EQ(c.NomErreur(), "typecheck");
   EXPECT_EQ(c.Position(), 1234);
-  EXPECT_FALSE(c.Complet());
+  EXPECT_TRUE(c.FinDite());
 }
 
 TEST(EpsChemins, KindsLeftOutStayFew) {

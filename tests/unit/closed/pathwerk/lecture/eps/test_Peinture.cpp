@@ -25,6 +25,31 @@ TEST(LireEps, ReportsItsFormatAndLetsEndsBeWelded) {
   EXPECT_TRUE(l.rapport.Ignores.empty());
 }
 
+TEST(LireEps, ADrawingThatEndsItselfInTheMiddleIsCutOff) {
+  AVEC_GS();
+  for (const std::string fin : {"quit", "stop"}) {
+    const Lecture l = Lit("%!PS\n0 0 moveto 9 9 lineto stroke\n" + fin + "\n0 5 moveto 9 5 lineto stroke\n");
+    EXPECT_EQ(l.traits.size(), 1U) << fin;
+    EXPECT_TRUE(l.rapport.Tronque) << fin;
+  }
+}
+
+TEST(LireEps, ADrawingThatEndsItselfBehindItsLastLineIsWhole) {
+  AVEC_GS();
+  for (const std::string fin : {"", "showpage\n%%EOF\n", "quit", "quit\n%%Trailer\n\n  %%EOF\r\n\004", "stop\n"}) {
+    const Lecture l = Lit("%!PS\n0 0 moveto 9 9 lineto stroke\n" + fin);
+    EXPECT_EQ(l.traits.size(), 1U) << fin;
+    EXPECT_FALSE(l.rapport.Tronque) << fin;
+  }
+}
+
+TEST(LireEps, ADrawingThatGoesRoundTheEndThatItIsGivenIsCutOff) {
+  AVEC_GS();
+  const Lecture l = Lit("%!PS\n0 0 moveto 9 9 lineto stroke\nsystemdict /quit get exec\n");
+  EXPECT_EQ(l.traits.size(), 1U);
+  EXPECT_TRUE(l.rapport.Tronque);
+}
+
 TEST(LireEps, ClosedAndFilledPathsAreContours) {
   AVEC_GS();
   const auto t = Traits(
