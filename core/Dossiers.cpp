@@ -118,7 +118,7 @@ std::string TrouveDossierProgramme(const std::string& dossierExecutable) {
   const std::string configuration = DossierConfiguration();
   std::error_code erreur;
   std::filesystem::create_directories(configuration, erreur);
-  const std::string dossier = configuration + "/ovelin";
+  std::string dossier = configuration + "/ovelin";
   if (mkdir(dossier.c_str(), 0700) != 0 && errno == EEXIST) {
     struct stat etat {};  // it may hold paths and names of the user's work
     if (stat(dossier.c_str(), &etat) == 0 && S_ISDIR(etat.st_mode) && etat.st_uid == geteuid()) {
@@ -129,9 +129,9 @@ std::string TrouveDossierProgramme(const std::string& dossierExecutable) {
 }
 
 std::string TrouveFichierProduit(const std::string& nom) {
-  if (const std::string chemin = DossierProgramme + "/" + nom; FichierExiste(chemin)) return chemin;
+  if (std::string chemin = DansDossier(DossierProgramme, nom); FichierExiste(chemin)) return chemin;
   for (const std::string& dossier : DossiersProduit) {
-    if (const std::string chemin = dossier + "/" + nom; FichierExiste(chemin)) return chemin;
+    if (std::string chemin = DansDossier(dossier, nom); FichierExiste(chemin)) return chemin;
   }
   return "";
 }

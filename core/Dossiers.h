@@ -2,9 +2,15 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ovelin {
+
+// The path of a name in a folder.
+inline std::string DansDossier(std::string_view dossier, std::string_view nom) {
+  return std::string(dossier).append("/").append(nom);
+}
 
 // Folder of "OVELIN.ini": set once at the start (see TrouveDossierProgramme), no separator at the end.
 extern std::string DossierProgramme;

@@ -50,14 +50,14 @@ void RecueilleReprise(const std::string& dossierMort) {
   std::vector<std::string> noms = ListeFichiers(dossierMort, "OVL");
   std::reverse(noms.begin(), noms.end());  // the highest number is the newest
   for (const std::string& nom : noms) {
-    const std::string instantane = dossierMort + "/" + nom;
+    const std::string instantane = DansDossier(dossierMort, nom);
     if (!Entier(instantane)) continue;
     std::error_code erreur;
     std::filesystem::create_directories(DossierReprises, erreur);
     // Unique: a process has one number while its folder stands, and a state one moment.
-    const std::string base =
-        DossierReprises + "/" + std::to_string(Heure(instantane)) + "-" + NomDe(dossierMort) + "-" + nom;
-    std::rename((dossierMort + "/" + NomDessin).c_str(), (base + SuffixeDessin).c_str());
+    std::string base = DansDossier(DossierReprises, std::to_string(Heure(instantane)));
+    base.append("-").append(NomDe(dossierMort)).append("-").append(nom);
+    std::rename(DansDossier(dossierMort, NomDessin).c_str(), (base + SuffixeDessin).c_str());
     std::rename(instantane.c_str(), (base + SuffixeReprise).c_str());
     return;
   }
@@ -67,7 +67,7 @@ std::vector<Reprise> ListeReprises() {
   std::vector<Reprise> liste;
   if (DossierReprises.empty()) return liste;
   for (const std::string& nom : ListeFichiers(DossierReprises, "REPRISE")) {
-    const std::string fichier = DossierReprises + "/" + nom;
+    const std::string fichier = DansDossier(DossierReprises, nom);
     liste.push_back(
         {fichier, LitFichierEntier(NomSansExtension(fichier) + SuffixeDessin).value_or(""), Heure(fichier)});
   }
@@ -87,7 +87,7 @@ void NoteDessin(const std::string& chemin) {
   // An undo, or work that is being recovered, goes by another name for a moment.
   const std::string dossier = DossierDe(chemin);
   if (dossier == DossierTemp || dossier == DossierReprises) return;
-  if (EcritFichierEntier(DossierTemp + "/" + NomDessin, chemin, Garantie::Processus).empty()) Notee = note;
+  if (EcritFichierEntier(DansDossier(DossierTemp, NomDessin), chemin, Garantie::Processus).empty()) Notee = note;
 }
 
 }  // namespace ovelin

@@ -110,8 +110,6 @@ bool Reunit(const std::string& avant, const std::string& chemin) {
   return false;
 }
 
-std::string CheminTemp(const std::string& nom) { return std::string(DossierTemp).append("/").append(nom); }
-
 bool EstInstantane(const std::string& nom) { return ExtensionDe(nom) == "OVL"; }
 
 // The last name of a sorted listing, "" when there is none. Hidden files aren't listed.
@@ -123,7 +121,7 @@ std::string DernierNom() {
   while (const dirent* entree = readdir(dossier)) {
     const std::string nom = entree->d_name;
     if (nom.starts_with(".") || nom <= dernier || !EstInstantane(nom)) continue;
-    if (entree->d_type == DT_REG || IdentiteDe(CheminTemp(nom)).taille >= 0) dernier = nom;
+    if (entree->d_type == DT_REG || IdentiteDe(DansDossier(DossierTemp, nom)).taille >= 0) dernier = nom;
   }
   closedir(dossier);
   return dernier;
@@ -153,7 +151,7 @@ void Appelle(const std::function<void(A...)>& crochet, A... arguments) {
 std::string CheminInstantane(int numero) {
   std::string chiffres = std::to_string(numero);
   if (chiffres.size() < ChiffresNom) chiffres.insert(0, ChiffresNom - chiffres.size(), '0');
-  return CheminTemp(chiffres + ".OVL");
+  return DansDossier(DossierTemp, chiffres + ".OVL");
 }
 
 int NumeroInstantane() { return Numero(DernierNom()); }
@@ -166,7 +164,7 @@ ResultatInstantane PrendInstantane() {
   r.bouton = n >= 2;
   if (n >= DernierInstantane) return r;
   const std::string chemin = CheminInstantane(n + 1);
-  const std::string avant = dernierNom.empty() ? "" : CheminTemp(dernierNom);
+  const std::string avant = dernierNom.empty() ? "" : DansDossier(DossierTemp, dernierNom);
   if (DejaVide(avant)) return r;
   NoteDessin(FichierCourant);
   const PendantInstantane pendant(chemin);
@@ -224,7 +222,7 @@ void EffaceTousInstantanes() {
   Oublie();
   if (DossierTemp.empty()) return;
   for (const std::string& nom : ListeFichiers(DossierTemp, "OVL")) {
-    const std::string chemin = CheminTemp(nom);
+    const std::string chemin = DansDossier(DossierTemp, nom);
     if (unlink(chemin.c_str()) == 0) continue;
     chmod(chemin.c_str(), 0600);  // its attributes first, where they stand in the way
     unlink(chemin.c_str());

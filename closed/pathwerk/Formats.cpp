@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "closed/pathwerk/lecture/FormatDeDessin.h"
 #include "closed/pathwerk/lecture/dat/Dat.h"
@@ -38,6 +39,7 @@ constexpr std::array Table{
 
 std::vector<FormatConnu> Formats() {
   std::vector<FormatConnu> formats;
+  formats.reserve(std::size(Table));
   for (const LigneFormat& ligne : Table) formats.push_back(ligne.connu);
   return formats;
 }

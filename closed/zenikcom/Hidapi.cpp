@@ -13,7 +13,7 @@ namespace {
 std::string Utf8(const wchar_t* texte) {
   std::string octets;
   for (; texte != nullptr && *texte != 0; ++texte) {
-    const auto c = static_cast<std::uint32_t>(*texte);
+    const auto c = static_cast<char32_t>(*texte);
     if (c < 32 || c == 127 || (c >= 0xD800 && c < 0xE000) || c > 0x10FFFF) continue;
     const auto suite = [&octets](std::uint32_t bits) { octets += static_cast<char>(0x80U | (bits & 0x3FU)); };
     if (c < 0x80) {

@@ -26,6 +26,7 @@ std::vector<Piece> DecaleFerme(const Source& source, double distance, double tol
   // What lies inside comes before what contains it, as in a drawing.
   std::stable_sort(boucles.begin(), boucles.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<Piece> pieces;
+  pieces.reserve(boucles.size());
   for (auto& [aire, p] : boucles) pieces.push_back(std::move(p));
   return pieces;
 }

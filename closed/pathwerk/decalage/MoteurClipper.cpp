@@ -115,8 +115,8 @@ void Demele(const Region& region, double d, double fleche, bool positif, std::ve
   for (const Chemin& c : region.contours) {
     Chemin b = allege ? ParalleleAllegee(c, d, fleche, marge, source) : ParalleleBrute(c, d, fleche);
     vide &= b.empty();
-    // A contour without strips still bounds the region.
-    brutes.push_back(b.empty() ? c : std::move(b));
+    if (b.empty()) b = c;  // a contour without strips still bounds the region
+    brutes.push_back(std::move(b));
   }
   if (vide) return;
   const double echelle = PasDeGrille(Etendue(brutes));

@@ -9,6 +9,7 @@
 #include <set>
 #include <tuple>
 
+#include "base/Indices.h"
 #include "closed/Pathwerk.h"
 
 namespace pathwerk::texte {
@@ -99,6 +100,7 @@ std::optional<FacePolice> TrouveFace(const std::string& police, bool italique, b
   const Polices polices = Liste(police);
   if (!polices) return std::nullopt;
   std::vector<FacePolice> faces;
+  faces.reserve(base::Indice(polices->nfont));
   for (int i = 0; i < polices->nfont; ++i) faces.push_back(Face(polices->fonts[i]));
   const FacePolice* meilleure = ChoisitFace(faces, italique, gras);
   if (meilleure == nullptr) return std::nullopt;

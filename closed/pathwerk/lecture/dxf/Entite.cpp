@@ -241,10 +241,10 @@ bool Complete(const Entite& e) {
   constexpr unsigned CodesAngles = 3U << 10;  // 50, 51
   switch (e.genre) {
     case Genre::Ligne:
-      return e.Points(2);
     case Genre::Ellipse:
       return e.Points(2);
     case Genre::Point:
+    case Genre::Insertion:
       return e.Points(1);
     case Genre::Cercle:
       return e.Points(1) && (e.reelsDonnes & CodesRayon) != 0;
@@ -253,8 +253,6 @@ bool Complete(const Entite& e) {
     case Genre::Solide:
     case Genre::Face3D:
       return e.Points(3);
-    case Genre::Insertion:
-      return e.Points(1);
     default:
       return true;
   }

@@ -90,7 +90,7 @@ class Tuyau : base::SansCopie {
 std::string Trouve(const std::string& programme) {
   if (programme.find('/') != std::string::npos) return ::access(programme.c_str(), X_OK) == 0 ? programme : "";
   for (const char* const dossier : DossiersGs) {
-    const std::string chemin = std::string(dossier) + "/" + programme;
+    std::string chemin = std::string(dossier) + "/" + programme;
     if (::access(chemin.c_str(), X_OK) == 0) return chemin;
   }
   return "";
@@ -216,6 +216,7 @@ EpsFin LanceGs(const EpsMoyens& moyens, std::string_view prologue, std::string_v
   std::vector<std::string> variables{"PATH=/usr/local/bin:/usr/bin:/bin", "TMPDIR=" + dossier.Chemin()};
   const auto pointeurs = [](std::vector<std::string>& textes) {
     std::vector<char*> p;
+    p.reserve(textes.size() + 1);
     for (std::string& t : textes) p.push_back(t.data());
     p.push_back(nullptr);
     return p;
