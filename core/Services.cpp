@@ -89,6 +89,7 @@ Services ServicesMuets() {
   s.RafraichitEtat = [] {};
   s.Rafraichit = [] {};
   s.DessinOuvert = [](bool) {};
+  s.TitreDessin = [](const std::string&) {};
   s.FichierRecent = [](const std::string&) {};
   s.RetientVeille = [](bool) {};
   s.MarquePosition = [](double, double) {};

@@ -103,6 +103,8 @@ struct Services {
   // Menus and buttons that need a drawing: disabled while one is opened, enabled when it stands; then the view is
   // fitted to it and the caption takes its name.
   std::function<void(bool ouvert)> DessinOuvert;
+  // The caption of a drawing that comes from no file, until it is saved or another one is opened.
+  std::function<void(const std::string& titre)> TitreDessin;
   // A path for the recent list.
   std::function<void(const std::string& chemin)> FichierRecent;
 

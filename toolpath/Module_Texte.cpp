@@ -156,7 +156,10 @@ bool GenereTexte(const std::string& texte, const std::string& police, std::int32
   EncombrementGeneral();
   RecalculDecalages();
   Modifie = Vrai;
-  if (!dessin) Svc.DessinOuvert(true);
+  if (!dessin) {
+    Svc.DessinOuvert(true);
+    Svc.TitreDessin(texte);
+  }
   Svc.Rafraichit();
   return true;
 }

@@ -173,6 +173,10 @@ void F_Representation::InstalleServices() {
   };
   Svc.RafraichitEtat = [this] { SB1_->repaint(); };
   Svc.DessinOuvert = [this](bool ouvert) { DessinOuvert(ouvert); };
+  Svc.TitreDessin = [this](const std::string& titre) {
+    titre_ = QString::fromStdString(titre);
+    Titre();
+  };
   Svc.FichierRecent = [this](const std::string& chemin) {
     AjouteRecent(chemin);
     commandes_->RemplitRecents(TextesRecents());
@@ -373,6 +377,7 @@ void F_Representation::DessinOuvert(bool ouvert) {
   commandes_->DessinOuvert(ouvert);
   ouverture_ = !ouvert;
   PB1_->Retient(ouverture_);
+  titre_.clear();
   if (!ouvert) {
     vide_->hide();
     commandes_->Active("mnu_Undo", false);
@@ -387,8 +392,10 @@ void F_Representation::DessinOuvert(bool ouvert) {
 }
 
 void F_Representation::Titre() {
-  const std::string nom = NomDe(FichierCourant);
-  setWindowTitle(QString::fromStdString(nom.empty() ? NomProgramme : std::string(NomProgramme) + " <-> " + nom));
+  constexpr qsizetype Montres = 60;  // characters of a text that may have thousands
+  const QString nom = titre_.isEmpty() ? QString::fromStdString(NomDe(FichierCourant)) : titre_.left(Montres);
+  const QString programme = QString::fromLatin1(NomProgramme);
+  setWindowTitle(nom.isEmpty() ? programme : programme + QStringLiteral(" <-> ") + nom);
 }
 
 void F_Representation::Redessine(bool du) {

@@ -126,6 +126,7 @@ class F_Representation : public QMainWindow {
   bool charge_ = false;
   bool ouvre_ = false;         // an opening runs, its dialogs included
   bool fermetureDue_ = false;  // the window was to close meanwhile
+  QString titre_;              // of a drawing that comes from no file
   bool ouverture_ = false;     // the drawing of before is gone, the new one is not ready
   bool dechargee_ = false;
   bool finRepondue_ = false;  // the question in front of the end has its answer

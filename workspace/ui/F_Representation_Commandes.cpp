@@ -163,6 +163,7 @@ bool F_Representation::Enregistre(bool (*procedure)()) {
     return false;
   }
   if (!procedure()) return false;
+  titre_.clear();
   Titre();
   return true;
 }

@@ -13,6 +13,7 @@
 #include "core/Services.h"
 #include "core/ui/Theme.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
+#include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/ui/CommandesPrincipales.h"
 
@@ -70,6 +71,27 @@ TEST_F(Barres, NothingCanBeTakenBackWhileADrawingIsBeingOpened) {
   EXPECT_FALSE(Menu("mnu_Undo")->isEnabled());
   EXPECT_FALSE(Bouton("mnu_Undo")->isVisible());
   Svc.DessinOuvert(true);
+}
+
+TEST_F(Barres, TheCaptionOfATextIsTheTextUntilItIsSaved) {
+  Charge();
+  EXPECT_FALSE(Menu("mnu_Save")->isEnabled());
+  ASSERT_TRUE(GenereTexte("Été 2026", "DejaVu Sans", 0, 0));
+  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> Été 2026"));
+  EXPECT_TRUE(Menu("mnu_Save")->isEnabled());
+  EXPECT_TRUE(Menu("mnu_Fraisage")->isEnabled());
+  essai::AttendFichier("mnu_Save", essai::Dossier() + "/lettres.OVL");
+  Commande("mnu_Save");
+  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> lettres.OVL"));
+}
+
+TEST_F(Barres, ADrawingThatIsOpenedTakesTheCaptionOfATextAway) {
+  Charge();
+  ASSERT_TRUE(GenereTexte("I", "DejaVu Sans", 0, 0));
+  Svc.DessinOuvert(false);
+  FichierCourant = "/dessins/plaque.dxf";
+  Svc.DessinOuvert(true);
+  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> plaque.dxf"));
 }
 
 TEST_F(Barres, TheOneThatStandsOutHasItsTextBesideItsPicture) {

@@ -126,6 +126,7 @@ TEST(ServicesMuets, LetsEverythingElsePass) {
   muets.Panneau(PanneauEtat::Fichier, "");
   muets.Rafraichit();
   muets.DessinOuvert(true);
+  muets.TitreDessin("");
   muets.FichierRecent("");
   muets.RetientVeille(true);
   muets.MarquePosition(0, 0);

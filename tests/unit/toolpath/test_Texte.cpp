@@ -26,7 +26,10 @@ TEST(GenereTexte, StartsANewDrawing) {
   ProfFraisage = -4.5;
   std::vector<bool> ouverts;
   Svc.DessinOuvert = [&](bool ouvert) { ouverts.push_back(ouvert); };
+  std::string titre;
+  Svc.TitreDessin = [&](const std::string& t) { titre = t; };
   EXPECT_TRUE(GenereTexte("O", "Sans", 0, 0));
+  EXPECT_EQ(titre, "O");
   EXPECT_EQ(CodesDessin(), " A B");
   EXPECT_EQ(NbPoints, 8);
   EXPECT_EQ(Lieux(TraceInitial)[2], (std::pair<float, float>{10, 20}));
@@ -61,6 +64,7 @@ TEST(GenereTexte, AddsBehindTheGreatestCodeEachTime) {
   AjouteCarre(" C", 70, 70, 5);
   int ouvertures = 0;
   Svc.DessinOuvert = [&](bool) { ++ouvertures; };
+  Svc.TitreDessin = [&](const std::string&) { ++ouvertures; };
   EXPECT_TRUE(GenereTexte("O", "Sans", 0, 0));
   EXPECT_TRUE(GenereTexte("O", "Sans", 0, 0));
   EXPECT_EQ(CodesDessin(), " z CAAABACAD");
