@@ -1,11 +1,14 @@
 #include "core/Aide.h"
 
 #include <optional>
+#include <vector>
 
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Dossiers.h"
+#include "core/Fichiers.h"
 #include "core/Nombres.h"
+#include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 
@@ -31,8 +34,20 @@ std::optional<CleTexte> Raison(IssueBureau issue) {
 
 }  // namespace
 
+// Folder by folder, so that a manual that somebody has put beside the program is the one that opens.
+std::string TrouveAide(const std::string& langue) {
+  std::vector<std::string> dossiers{DossierProgramme};
+  dossiers.insert(dossiers.end(), DossiersProduit.begin(), DossiersProduit.end());
+  for (const std::string& dossier : dossiers) {
+    for (const std::string& nom : {langue + "/" + FichierAide, std::string(FichierAide)}) {
+      if (FichierExiste(dossier + "/" + nom)) return dossier + "/" + nom;
+    }
+  }
+  return "";
+}
+
 void mnu_Help() {
-  std::string chemin = TrouveFichierProduit(FichierAide);
+  std::string chemin = TrouveAide(Regl.Langue);
   if (chemin.empty()) chemin = DossierProgramme + "/" + FichierAide;
   const auto raison = Raison(Svc.OuvreParBureau(chemin));
   if (!raison) return;

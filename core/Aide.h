@@ -8,7 +8,10 @@ namespace ovelin {
 
 inline constexpr const char* FichierAide = "OVELIN V4.pdf";
 
-// Opens the manual by the desktop: from the program's folder, else from the installation. A box tells why it can't.
+// Where the manual lies: in the program's folder, else in the installation; in the folder of the language ("en") in
+// either, else beside it, where the French one is. "" where there is none.
+std::string TrouveAide(const std::string& langue);
+// Opens the manual by the desktop. A box tells why it can't.
 void mnu_Help();
 // The address of a page of the project's site ("/Aide/HELP.htm"): key `AdresseMaj` of the settings file, which is
 // empty as delivered, then "".

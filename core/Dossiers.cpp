@@ -107,6 +107,7 @@ void TrouveDossiersProduit(const std::string& dossierExecutable) {
   if (FichierExiste(dossierExecutable + "/../CMakeCache.txt")) {  // a build tree, build/<preset>/bin
     DossiersProduit.push_back(la("../../../translations"));
     DossiersProduit.push_back(la("../../../samples"));
+    DossiersProduit.push_back(la("../../manual"));
   }
 }
 

@@ -5,6 +5,7 @@
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Dossiers.h"
+#include "core/ReglagesCourants.h"
 #include "tests/support/Support.h"
 
 namespace essai {
@@ -25,6 +26,30 @@ TEST(Aide, OpensTheInstalledManualWhereTheProgramsFolderHasNone) {
   DossiersProduit = {Dossier() + "/installe"};
   AttendBureau(chemin);
   mnu_Help();
+}
+
+TEST(Aide, OpensTheManualOfTheLanguageThatLiesInItsFolder) {
+  std::filesystem::create_directories(Dossier() + "/en");
+  EcritFichierEssai("OVELIN V4.pdf", "%PDF");
+  const std::string anglais = EcritFichierEssai("en/OVELIN V4.pdf", "%PDF");
+  Regl.Langue = "en";
+  AttendBureau(anglais);
+  mnu_Help();
+}
+
+TEST(Aide, FrenchStandsInForALanguageWithoutAManual) {
+  std::filesystem::create_directories(Dossier() + "/en");
+  const std::string francais = EcritFichierEssai("OVELIN V4.pdf", "%PDF");
+  EcritFichierEssai("en/OVELIN V4.pdf", "%PDF");
+  for (const char* langue : {"fr", "de"}) EXPECT_EQ(TrouveAide(langue), francais) << langue;
+}
+
+TEST(Aide, AManualBesideTheProgramGoesBeforeAnInstalledOneOfTheLanguage) {
+  std::filesystem::create_directories(Dossier() + "/installe/en");
+  EcritFichierEssai("installe/en/OVELIN V4.pdf", "%PDF");
+  const std::string propre = EcritFichierEssai("OVELIN V4.pdf", "%PDF");
+  DossiersProduit = {Dossier() + "/installe"};
+  EXPECT_EQ(TrouveAide("en"), propre);
 }
 
 struct Refus {

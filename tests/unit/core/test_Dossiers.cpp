@@ -85,6 +85,16 @@ TEST(TrouveFichierProduit, LooksInTheProgramsFolderFirst) {
   EXPECT_EQ(*LitFichierEntier(TrouveFichierProduit("OVELINxx.trad")), "utilisateur");
 }
 
+TEST(TrouveFichierProduit, FindsAManualThatWasBuiltBesideABuildTree) {
+  fs::create_directories(Dossier() + "/build/dev/bin");
+  fs::create_directories(Dossier() + "/build/manual");
+  EcritFichierEssai("build/dev/CMakeCache.txt", "");
+  const std::string manuel = EcritFichierEssai("build/manual/OVELIN V4.pdf", "%PDF");
+  const Variable xdg("XDG_CONFIG_HOME", (Dossier() + "/config").c_str());
+  DossierProgramme = TrouveDossierProgramme(Dossier() + "/build/dev/bin");
+  EXPECT_EQ(TrouveFichierProduit("OVELIN V4.pdf"), manuel);
+}
+
 TEST(TrouveFichierProduit, LooksInTheSourcesFromABuildTree) {
   fs::create_directories(Dossier() + "/build/dev/bin");
   fs::create_directories(Dossier() + "/translations");

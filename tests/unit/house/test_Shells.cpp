@@ -29,7 +29,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
      {"ChangtTable.cpp", "ChoixCarte.cpp", "ClsCdeZENIK.cpp", "EtatZENIK.cpp", "Module_ZENIK.cpp",
       "MouvementsZENIK.cpp", "TablesCarte.cpp", "TravailZENIK.cpp"}},
     {"core",
-     {"Cles.cpp", "DocumentCourant.cpp", "FichierDefaut.cpp", "PlanCourant.cpp", "Projet.cpp",
+     {"Aide.cpp", "Cles.cpp", "DocumentCourant.cpp", "FichierDefaut.cpp", "PlanCourant.cpp", "Projet.cpp",
       "ReglagesCourants.cpp", "RunCourant.cpp", "Traduction.cpp", "ValeursCles.cpp"}},
     {"database", {"Module_BD.cpp"}},
     {"gcode", {"Module_FraisageGcode.cpp", "Module_Gcode.cpp"}},
