@@ -115,6 +115,50 @@ TEST(F_Texte, RemembersWhatWasSetInTheSettingsFile) {
   EXPECT_TRUE(Controle<QCheckBox>(f, "CB_Flag_0")->isChecked());
 }
 
+// In twips, fifteen a pixel.
+TEST(F_Texte, ComesBackWhereItWasLeft) {
+  {
+    F_Texte f;
+    Montre(f);
+    f.move(60, 40);
+  }
+  EXPECT_EQ(LireCleIni("F_Texte_Left", ""), "900");
+  EXPECT_EQ(LireCleIni("F_Texte_Top", ""), "600");
+  F_Texte f;
+  Montre(f);
+  EXPECT_EQ(f.pos(), QPoint(60, 40));
+}
+
+TEST(F_Texte, CancelKeepsTheStyleAndLeavesTextAndDrawing) {
+  {
+    F_Texte f;
+    Montre(f);
+    Controle<QLineEdit>(f, "TB_Texte")->setText("Rien");
+    Controle<QCheckBox>(f, "CB_Flag_1")->click();
+    Clique(*Controle<QPushButton>(f, "CB_Cancel"));
+    EXPECT_FALSE(f.isVisible());
+  }
+  EXPECT_EQ(LireCleIni("F_Texte_Gras", ""), "Vrai");
+  EXPECT_EQ(LireCleIni("F_Texte_Texte", "jamais"), "jamais");
+  EXPECT_EQ(Modifie, Faux);
+}
+
+TEST(F_Texte, ComesIntoADrawingAtTheMarkedPosition) {
+  AjouteCarre(" A", 0, 0, 10);
+  NbPoints = 5;
+  OrigineX = 30;
+  OrigineY = 40;
+  F_Texte f;
+  Montre(f);
+  Choisit(f, "DejaVu Sans");
+  Controle<QLineEdit>(f, "TB_Texte")->setText("I");
+  Clique(*Controle<QPushButton>(f, "CB_Generer"));
+  ASSERT_EQ(Sequences.size(), 2U);
+  // "I" stands on its base line and begins 201 of 2048 units from the left edge of its cell, in letters of 20 mm.
+  EXPECT_NEAR(Ymax, 40 + 20.0 * 1493 / 2048, 0.01);
+  EXPECT_NEAR(TraceInitial[5].X, 30 + 20.0 * 201 / 2048, 2.5) << "one of its two sides";
+}
+
 TEST(F_Texte, TellsOfAFontThatHasGone) {
   EcrireCle("F_Texte_Police", "Police disparue");
   F_Texte f;

@@ -3,9 +3,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
+#include <sstream>
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
+#include "machine/TableCourante.h"
+#include "run/Module_GCode.h"
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/ui/F_Vinyl.h"
@@ -35,6 +38,48 @@ TEST(F_Vinyl, AnArrowMovesTheStartAndStaysPressedAlone) {
   EXPECT_FALSE(Controle<QToolButton>(f, "CB_Fleche_4")->isChecked());
   EXPECT_TRUE(Controle<QToolButton>(f, "CB_Fleche_7")->isChecked());
   EXPECT_EQ(Modifie, Vrai);
+}
+
+TEST(F_Vinyl, EachArrowHasAPictureOfItsOwn) {
+  F_Vinyl f;
+  Montre(f);
+  std::vector<QImage> images;
+  for (int i = 0; i < 8; ++i) {
+    const auto* fleche = Controle<QToolButton>(f, QStringLiteral("CB_Fleche_%1").arg(i).toUtf8().constData());
+    ASSERT_FALSE(fleche->icon().isNull()) << i;
+    images.push_back(fleche->icon().pixmap(32, 32).toImage());
+    for (int k = 0; k < i; ++k) EXPECT_NE(images.back(), images[static_cast<std::size_t>(k)]) << i << " and " << k;
+  }
+}
+
+// From the window to the file: with the strokes in the margin the blade is above the sheet on its way from there to
+// the contour, without them it is down from the first point of the cut to its last.
+TEST(F_Vinyl, TheFileOfTheKnifeLiftsBetweenTheMarginAndTheContour) {
+  Losange();
+  HautDeg = 5, ProfFraisage = -1, ProfPasse = -1, Vitesse_Mat_H = 3, Vitesse_Mat_V = 1;
+  VitesseMaxX = VitesseMaxY = VitesseMaxZ = 20;
+  Sequences[0].Profondeur = -1;
+  F_Vinyl f;
+  Montre(f);
+  const auto descentes = [] {  // entries into the sheet, and the place of each
+    const std::string chemin = Dossier() + "/couteau.nc";
+    EcritureNC ecriture;
+    EXPECT_TRUE(EcritGCode(chemin, ecriture));
+    std::vector<std::string> lieux;
+    std::string lieu;
+    std::istringstream lignes(LitFichierEssai(chemin));
+    for (std::string ligne; std::getline(lignes, ligne);) {
+      if (const std::size_t x = ligne.find(" X"); x != std::string::npos && ligne[0] == 'G')
+        lieu = ligne.substr(x + 1);
+      if (ligne.find("Z-1.000") != std::string::npos) lieux.push_back(lieu.substr(0, lieu.find('\r')));
+    }
+    return lieux;
+  };
+  EXPECT_THAT(descentes(), testing::ElementsAre("X20.000 Y20.000"));
+  Controle<QRadioButton>(f, "Option1_1")->click();
+  EXPECT_THAT(descentes(), testing::ElementsAre("X20.000 Y-1.000", "X20.000 Y20.000"));
+  Controle<QRadioButton>(f, "Option1_0")->click();
+  EXPECT_THAT(descentes(), testing::ElementsAre("X20.000 Y20.000"));
 }
 
 // Each button lies where its corner or side is.

@@ -37,6 +37,16 @@ void FaitDocument(const std::string& nom) {
   } else if (nom == "deux-profondeurs") {
     AjouteTrajet(" A", -1, {{3, 4}, {3, 14}, {13, 14}, {3, 4}});
     AjouteTrajet(" B", 0, {{6, 8}, {6, 10}, {6, 8}});
+  } else if (nom == "couteau") {
+    // two cuts of a drag knife, lengthened: the blade turns in the margin, is up on its way to the contour, and
+    // passes the seam by a millimetre
+    ProfFraisage = -0.5;
+    AjouteTrajet(" A", -0.5, {{10, -1}, {10, 0, "PU"}, {10, 10}, {10, 20}, {20, 20}, {20, 10}, {10, 10}, {10, 11}});
+    AjouteTrajet(" B", -0.5, {{30, -1}, {31, -1, "PU"}, {30, 10}, {40, 10}, {35, 20}, {30, 10}, {31, 10}});
+  } else if (nom == "couteau-simple") {
+    ProfFraisage = -0.5;
+    AjouteTrajet(" A", -0.5, {{10, 10}, {10, 20}, {20, 20}, {20, 10}, {10, 10}});
+    AjouteTrajet(" B", -0.5, {{30, 10}, {40, 10}, {35, 20}, {30, 10}});
   } else {
     FAIL() << "no document " << nom;
   }
@@ -62,7 +72,8 @@ TEST_P(GoldenNC, IsReadByAnInterpreterOfOthersMoveByMove) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, GoldenNC,
-                         testing::Values("carre-encoche", "ligne-ouverte", "trou", "deux-profondeurs"),
+                         testing::Values("carre-encoche", "ligne-ouverte", "trou", "deux-profondeurs", "couteau",
+                                         "couteau-simple"),
                          [](const auto& document) {
                            std::string nom = document.param;
                            std::replace(nom.begin(), nom.end(), '-', '_');
