@@ -27,6 +27,10 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/ovelin.metainfo.xml DESTINATION share/metainfo)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/copyright DESTINATION share/doc/ovelin)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/70-ovelin-board.rules DESTINATION share/doc/ovelin/examples)
+# The manual, where `dev/manual` has built it; help looks for it beside the texts.
+install(FILES "${CMAKE_SOURCE_DIR}/build/manual/OVELIN V4.pdf" DESTINATION share/ovelin OPTIONAL)
+install(FILES "${CMAKE_SOURCE_DIR}/build/manual/en/OVELIN V4.pdf" DESTINATION share/ovelin/en OPTIONAL)
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/build/manual/html DESTINATION share/doc/ovelin OPTIONAL)
 # Made behind the build, since they are the programs' own words.
 install(DIRECTORY ${CMAKE_BINARY_DIR}/pages/man1 DESTINATION share/man OPTIONAL)
 install(FILES ${CMAKE_BINARY_DIR}/pages/changelog.gz DESTINATION share/doc/ovelin OPTIONAL)

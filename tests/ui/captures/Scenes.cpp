@@ -1,6 +1,7 @@
 #include "tests/ui/captures/Scenes.h"
 
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTabBar>
 #include <QToolButton>
 #include <filesystem>
@@ -50,6 +51,7 @@ std::function<void(QWidget&)> Programme(int vue) {
     ovelin::EcritFichierEntier(chemin, ovelin::LitFichierEntier(chemin).value_or("") + "G02 X10 Y10 I5\r\n");
     static_cast<ovelin::F_Gcode&>(fenetre).Ouvre(chemin);
     essai::Clique(*essai::Controle<QToolButton>(fenetre, ("Option_Vue_" + std::to_string(vue)).c_str()));
+    essai::Clique(*essai::Controle<QPushButton>(fenetre, "Btn_Ajuster"));
   };
 }
 

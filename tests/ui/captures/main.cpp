@@ -1,5 +1,7 @@
 // captures FOLDER [LANGUAGE...]: a PNG of every scene in each language (fr and en without any), light and dark, in
 // each size; what finds no room in its control is told on standard error. The scale is Qt's (QT_SCALE_FACTOR).
+// captures --images NAME,NAME,... FOLDER LANGUAGE: these pictures alone, light and in the first size of their
+// scene, as NAME.png; the status is 1 when one of them is no scene's.
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -7,10 +9,12 @@
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cstdio>
 #include <set>
 
 #include "app/ovelin/Composition.h"
+#include "controller/ChoixCarte.h"
 #include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
@@ -56,8 +60,12 @@ class Programme {
     ovelin::DemarreProgramme(options);
     ovelin::PrepareDossierTemp();
     essai::ChoisitLangue(langue);
+    ovelin::InstalleCarte(ovelin::MoyensOrdinaires());  // the virtual one, as where nothing is plugged in
   }
-  ~Programme() { ovelin::OteDossierTemp(); }
+  ~Programme() {
+    ovelin::FermeCarte();
+    ovelin::OteDossierTemp();
+  }
 
   // A copy of the sample, as an opening may rewrite its line ends: by the command of the window, or into the
   // document alone.
@@ -83,9 +91,17 @@ struct Cadrage {
   QString dossier;
   std::string langue;
   bool sombre;
+  QStringList* images = nullptr;  // those that are still wanted, by name; all when there is no list
 };
 
+// The picture by its bare name, if it is wanted.
+void EnregistreImage(QWidget& fenetre, const QString& nom, const Cadrage& c) {
+  if (c.images->removeAll(nom) > 0)
+    fenetre.grab().save(c.dossier + QLatin1Char('/') + nom + QStringLiteral(".png"));
+}
+
 void Enregistre(QWidget& fenetre, const QString& scene, const Cadrage& c) {
+  if (c.images != nullptr) return EnregistreImage(fenetre, scene, c);
   const QString nom =
       QStringLiteral("%1-%2-%3-%4x%5")
           .arg(scene, QString::fromStdString(c.langue), c.sombre ? QStringLiteral("dark") : QStringLiteral("light"))
@@ -112,6 +128,14 @@ void Photographie(QWidget& fenetre, const QString& scene, const Cadrage& c) {
   }
 }
 
+// Whether one of the wanted pictures may come out of this scene: its own, or one of a page of it.
+bool Demandee(const captures::Scene& scene, const QStringList& images) {
+  const QString nom = QString::fromStdString(scene.nom);
+  return std::any_of(images.begin(), images.end(), [&nom](const QString& image) {
+    return image == nom || image.startsWith(nom + QLatin1Char('-'));
+  });
+}
+
 void Joue(const captures::Scene& scene, const Cadrage& c) {
   essai::ThemeSombreEssai(c.sombre);
   for (const QSize& voulue : scene.tailles) {
@@ -125,7 +149,17 @@ void Joue(const captures::Scene& scene, const Cadrage& c) {
     essai::Evenements();
     Photographie(*fenetre, QString::fromStdString(scene.nom), c);
     fenetre->hide();
+    if (c.images != nullptr) return;
   }
+}
+
+int Images(const QString& noms, const QString& dossier, const std::string& langue) {
+  QStringList images = noms.split(QLatin1Char(','), Qt::SkipEmptyParts);
+  for (const captures::Scene& scene : captures::Scenes()) {
+    if (Demandee(scene, images)) Joue(scene, {dossier, langue, false, &images});
+  }
+  for (const QString& image : images) std::fprintf(stderr, "no scene: %s\n", image.toUtf8().constData());
+  return images.isEmpty() ? 0 : 1;
 }
 
 }  // namespace
@@ -135,8 +169,11 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   const QStringList arguments = QApplication::arguments();
+  if (arguments.size() == 5 && arguments[1] == QLatin1String("--images") && QDir().mkpath(arguments[3])) {
+    return Images(arguments[2], arguments[3], arguments[4].toStdString());
+  }
   if (arguments.size() < 2 || !QDir().mkpath(arguments[1])) {
-    std::fprintf(stderr, "captures FOLDER [LANGUAGE...]\n");
+    std::fprintf(stderr, "captures [--images NAME,NAME,...] FOLDER [LANGUAGE...]\n");
     return 2;
   }
   std::vector<std::string> langues;

@@ -14,12 +14,14 @@ namespace fs = std::filesystem;
 
 const fs::path Racine = OVELIN_SOURCE_DIR;
 
-// Every document of the tree; what is built or hidden is none.
+// Every document of the tree; what is built or hidden is none, and the manual's pictures have a test of their own,
+// for they are made when it is built.
 std::vector<fs::path> Documents() {
   std::vector<fs::path> documents;
   for (auto i = fs::recursive_directory_iterator(Racine), fin = fs::recursive_directory_iterator(); i != fin; ++i) {
     const std::string nom = i->path().filename().string();
-    if (i->is_directory() && (nom.starts_with('.') || nom == "build")) i.disable_recursion_pending();
+    const bool manuel = i->path().parent_path() == Racine / "docs" / "manual";
+    if (i->is_directory() && (nom.starts_with('.') || nom == "build" || manuel)) i.disable_recursion_pending();
     if (i->is_regular_file() && nom.ends_with(".md")) documents.push_back(i->path());
   }
   return documents;
