@@ -1,13 +1,15 @@
 // Where the drawings lie that the tests read. Real ones by other people lie beside the checkout, in
 // ../shared/corpus; where they are not there, the same tests read the project's own samples/.
 //
-// Nothing but a header, so that the tests of a library that knows no document have it too.
+// A header that stands on two paths alone, so that the tests of a library that knows no document have it too.
 #pragma once
 
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+
+#include "tests/places/Lieux.h"
 
 namespace essai {
 
@@ -16,7 +18,7 @@ namespace essai {
 // slip of the pen must not turn these tests into those of the samples.
 inline std::string DossierCorpus() {
   const char* voulu = std::getenv("OVELIN_CORPUS");
-  const std::string dossier = voulu != nullptr ? voulu : std::string(OVELIN_SOURCE_DIR) + "/../shared/corpus";
+  const std::string dossier = voulu != nullptr ? voulu : DossierSource() + "/../shared/corpus";
   if (std::filesystem::is_directory(dossier)) return dossier;
   if (voulu != nullptr && !dossier.empty()) {
     std::fprintf(stderr, "OVELIN_CORPUS: no folder %s\n", voulu);
@@ -27,7 +29,7 @@ inline std::string DossierCorpus() {
 inline bool CorpusPresent() { return !DossierCorpus().empty(); }
 
 // The project's own samples/.
-inline std::string DossierExemples() { return std::string(OVELIN_SOURCE_DIR) + "/samples"; }
+inline std::string DossierExemples() { return DossierSource() + "/samples"; }
 
 // The folder that holds the drawings of a format: of the real ones where they are there, else the samples, of all
 // formats.

@@ -9,6 +9,7 @@
 
 #include "core/ReglagesCourants.h"
 #include "core/Traduction.h"
+#include "tests/places/Lieux.h"
 #include "tests/support/Support.h"
 
 namespace essai {
@@ -73,13 +74,13 @@ std::string CompareGolden(const std::string& nom, const std::string& obtenu) {
     std::filesystem::copy_file(obtenu, std::string(dossier) + "/" + nom + ".nc",
                                std::filesystem::copy_options::overwrite_existing);
   }
-  const std::string attendu = LitFichierEssai(std::string(OVELIN_SOURCE_DIR) + "/tests/golden/" + nom + ".nc");
+  const std::string attendu = LitFichierEssai(DossierSource() + "/tests/golden/" + nom + ".nc");
   if (attendu.empty()) return "no golden " + nom;
   return CompareNC(attendu, LitFichierEssai(obtenu));
 }
 
 void InstalleTextesGolden() {
-  const std::string source = std::string(OVELIN_SOURCE_DIR) + "/tests/golden/OVELINfr.trad";
+  const std::string source = DossierSource() + "/tests/golden/OVELINfr.trad";
   std::filesystem::copy_file(source, Dossier() + "/OVELINfr.trad",
                              std::filesystem::copy_options::overwrite_existing);
   Regl.Langue = "fr";

@@ -11,6 +11,7 @@
 #include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Traduction.h"
+#include "tests/places/Lieux.h"
 
 namespace essai {
 
@@ -90,8 +91,7 @@ class Ecouteur : public testing::EmptyTestEventListener {
     DossierProgramme = Dossier();
     DossierTemp = Dossier() + "/temp";
     std::filesystem::create_directories(DossierTemp);
-    DossiersProduit = {std::string(OVELIN_SOURCE_DIR) + "/translations",
-                       std::string(OVELIN_SOURCE_DIR) + "/samples"};
+    DossiersProduit = {DossierSource() + "/translations", DossierSource() + "/samples"};
     Svc.Montre = Montre;
     Svc.ChoisitFichier = [](const DialogueFichier& d) {
       return Suivante<std::string>(Sc.fichiers, d.cle, "file dialog", "");

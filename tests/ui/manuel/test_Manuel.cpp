@@ -12,6 +12,7 @@
 #include "app/ovelin/Composition.h"
 #include "core/Texte8.h"
 #include "core/Traduction.h"
+#include "tests/places/Lieux.h"
 #include "tests/ui/captures/Scenes.h"
 #include "tests/ui/support/SupportUi.h"
 #include "workspace/ui/TableCommandes.h"
@@ -29,9 +30,7 @@ std::vector<std::string> Lignes(const std::string& texte) {
   return lignes;
 }
 
-fs::path DossierManuel(const std::string& langue) {
-  return fs::path(OVELIN_SOURCE_DIR) / "docs" / "manual" / langue;
-}
+fs::path DossierManuel(const std::string& langue) { return fs::path(DossierSource()) / "docs" / "manual" / langue; }
 
 // All chapters of a language, in their order.
 std::string Manuel(const std::string& langue) {
@@ -149,7 +148,7 @@ TEST_P(Manuels, EveryPictureThatItNamesCanBeTaken) {
 }
 
 TEST_P(Manuels, MessagesStandAsTheProgramWordsThem) {
-  const std::string fichier = std::string(OVELIN_SOURCE_DIR) + "/translations/OVELIN" + GetParam() + ".trad";
+  const std::string fichier = DossierSource() + "/translations/OVELIN" + GetParam() + ".trad";
   std::set<std::string> textes;
   for (std::string ligne : Lignes(DeWindows1252(LitFichierEssai(fichier)))) {
     while (!ligne.empty() && (ligne.back() == '\r' || ligne.back() == ':' || ligne.back() == ' ')) ligne.pop_back();

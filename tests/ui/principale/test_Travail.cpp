@@ -11,6 +11,7 @@
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "run/ui/F_Fraisage.h"
+#include "tests/places/Lieux.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Annulation.h"
@@ -457,7 +458,7 @@ TEST_F(Travail, TheWindowAndTheCommandLineWriteTheSameFile) {
   };
   Commande("mnu_Fraisage");
   QProcess cli;
-  cli.start(QStringLiteral(OVELIN_BINARY_DIR "/bin/ovelin-cli"),
+  cli.start(QString::fromStdString(essai::DossierProgrammes() + "/ovelin-cli"),
             {"--config", QString::fromStdString(essai::Dossier()), "--lang", "fr", "--decimal", ".", "gcode",
              QString::fromStdString(projet), "-o", QString::fromStdString(ligne)});
   ASSERT_TRUE(cli.waitForFinished(60000));

@@ -5,6 +5,7 @@
 
 #include "app/ovelin/Association.h"
 #include "core/Fichiers.h"
+#include "tests/places/Lieux.h"
 #include "tests/support/Support.h"
 
 namespace {
@@ -108,8 +109,8 @@ TEST(LieuDuBureau, LiesInTheUsersDataFolderAndBringsTheIcon) {
 
 // What an installation gives all users names the same type and the same entry.
 TEST(TexteMime, AgreesWithThePackage) {
-  const std::string paquet = LitFichierEssai(OVELIN_SOURCE_DIR "/packaging/ovelin.xml");
-  const std::string entree = LitFichierEssai(OVELIN_SOURCE_DIR "/packaging/ovelin.desktop");
+  const std::string paquet = LitFichierEssai(essai::DossierSource() + "/packaging/ovelin.xml");
+  const std::string entree = LitFichierEssai(essai::DossierSource() + "/packaging/ovelin.desktop");
   const std::string mime = TexteMime({"OVELIN", ".ovl", "OVELIN project", "OVELIN-2.ico"});
   std::size_t debut = 0;
   for (std::size_t fin = mime.find('\n'); fin != std::string::npos; fin = mime.find('\n', debut)) {

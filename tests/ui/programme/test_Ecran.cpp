@@ -3,6 +3,7 @@
 #include <QProcessEnvironment>
 
 #include "app/ovelin/Ecran.h"
+#include "tests/places/Lieux.h"
 #include "tests/support/Support.h"
 
 namespace {
@@ -47,7 +48,7 @@ Fin Lance(const QStringList& arguments, const std::vector<std::pair<const char*,
   }
   QProcess processus;
   processus.setProcessEnvironment(environnement);
-  processus.start(QStringLiteral(OVELIN_BINARY_DIR "/bin/ovelin"), arguments);
+  processus.start(QString::fromStdString(essai::DossierProgrammes() + "/ovelin"), arguments);
   Fin fin;
   if (!processus.waitForFinished(60000)) return fin;
   fin.statut = processus.exitStatus() == QProcess::NormalExit ? processus.exitCode() : -2;

@@ -5,6 +5,7 @@
 #include <QProcessEnvironment>
 
 #include "core/Fichiers.h"
+#include "tests/places/Lieux.h"
 #include "tests/support/Support.h"
 
 namespace {
@@ -18,7 +19,7 @@ struct Fin {
 };
 
 Fin Start(const QStringList& arguments, const QString& ecran = {},
-          const QString& programmes = QStringLiteral(OVELIN_BINARY_DIR "/bin")) {
+          const QString& programmes = QString::fromStdString(essai::DossierProgrammes())) {
   QProcessEnvironment environnement = QProcessEnvironment::systemEnvironment();
   for (const char* nom : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
     environnement.remove(QString::fromLatin1(nom));
@@ -33,7 +34,7 @@ Fin Start(const QStringList& arguments, const QString& ecran = {},
   QProcess processus;
   processus.setProcessEnvironment(environnement);
   processus.setProcessChannelMode(QProcess::MergedChannels);
-  processus.start(QStringLiteral(OVELIN_SOURCE_DIR "/start"), arguments);
+  processus.start(QString::fromStdString(essai::DossierSource() + "/start"), arguments);
   Fin fin;
   if (!processus.waitForFinished(300000)) return fin;
   fin.statut = processus.exitCode();
@@ -51,7 +52,8 @@ TEST(Start, DoesTheJobWithoutAWindowWhereThereIsNoDisplay) {
 }
 
 TEST(Start, DoesSoTooWhenTheDisplayDoesNotAnswer) {
-  const Fin fin = Start({QStringLiteral(OVELIN_SOURCE_DIR "/samples/aile.dat")}, QStringLiteral(":7777"));
+  const Fin fin =
+      Start({QString::fromStdString(essai::DossierSource() + "/samples/aile.dat")}, QStringLiteral(":7777"));
   EXPECT_EQ(fin.statut, 0) << fin.sortie;
   EXPECT_NE(fin.sortie.find("no display"), std::string::npos) << fin.sortie;
   EXPECT_TRUE(FichierExiste(Dossier() + "/sortie/aile.nc"));

@@ -8,6 +8,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/places/Lieux.h"
+
 namespace essai {
 
 namespace fs = std::filesystem;
@@ -90,6 +92,6 @@ double GaucheDesCoupes(const std::string& nc) {
   return gauche;
 }
 
-std::string Exemple(const std::string& nom) { return std::string(OVELIN_SOURCE_DIR) + "/samples/" + nom; }
+std::string Exemple(const std::string& nom) { return DossierSource() + "/samples/" + nom; }
 
 }  // namespace essai

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "controller/Mouvement.h"
+#include "tests/places/Lieux.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ std::string Ecart(CalculMouvement& calcul, const Ligne& l) {
 TEST(Records, AreThoseOfASecondReadingOfTheirDescription) {
   static_assert(std::endian::native == std::endian::little);
   const bool tous = std::getenv("OVELIN_REFERENCE_ALL") != nullptr;
-  Flot flot("python3 '" OVELIN_SOURCE_DIR "/tests/unit/controller/reference_records.py' 500 " +
+  Flot flot("python3 '" + essai::DossierSource() + "/tests/unit/controller/reference_records.py' 500 " +
             std::string(tous ? "500" : "4") + " 1,2,6,10");
   int blocs = 0;
   std::int32_t multiplicateur = 0;

@@ -8,6 +8,8 @@
 #include <regex>
 #include <string>
 
+#include "tests/places/Lieux.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -41,7 +43,7 @@ TEST(Cles, StandInTheirTablesAlone) {
   int sources = 0;
   for (const char* dossier :
        {"app", "controller", "core", "database", "image", "machine", "manual", "run", "toolpath", "workspace"}) {
-    for (const auto& entree : fs::recursive_directory_iterator(fs::path(OVELIN_SOURCE_DIR) / dossier)) {
+    for (const auto& entree : fs::recursive_directory_iterator(fs::path(essai::DossierSource()) / dossier)) {
       const fs::path extension = entree.path().extension();
       if (extension != ".cpp" && extension != ".h") continue;
       ++sources;

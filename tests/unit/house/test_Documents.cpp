@@ -8,11 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/places/Lieux.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path Racine = OVELIN_SOURCE_DIR;
+const fs::path Racine = essai::DossierSource();
 
 // Every document of the tree; what is built or hidden is none, and the manual's pictures have a test of their own,
 // for they are made when it is built.

@@ -9,11 +9,13 @@
 #include <sstream>
 #include <string>
 
+#include "tests/places/Lieux.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path Dossier = fs::path(OVELIN_SOURCE_DIR) / "core/ui";
+const fs::path Dossier = fs::path(essai::DossierSource()) / "core/ui";
 constexpr const char* IconeDuProgramme = "OVELIN-2";  // the only one with colours of its own
 
 std::string Lit(const fs::path& chemin) {

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/places/Lieux.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -20,7 +22,7 @@ struct Inclusion {
 
 std::vector<std::string> Sources(const std::string& dossier) {
   std::vector<std::string> fichiers;
-  const fs::path racine = fs::path(OVELIN_SOURCE_DIR) / dossier;
+  const fs::path racine = fs::path(essai::DossierSource()) / dossier;
   if (!fs::exists(racine)) return fichiers;
   for (const auto& entree : fs::recursive_directory_iterator(racine)) {
     const std::string extension = entree.path().extension().string();
@@ -100,7 +102,7 @@ bool DeFenetres(const std::string& chemin) { return chemin.find("/ui/") != std::
 
 // The part of a path below the project's root.
 std::string Relatif(const std::string& fichier) {
-  return fs::relative(fichier, fs::path(OVELIN_SOURCE_DIR)).generic_string();
+  return fs::relative(fichier, fs::path(essai::DossierSource())).generic_string();
 }
 
 // Whether one of the beginnings allows this file. "run/" does not reach the windows in "run/ui/", nor does a folder
@@ -157,7 +159,7 @@ std::map<std::string, std::set<std::string>> TableDocumentee() {
   static const std::regex Rangee(R"(^\| `(\w+(?:/\w+)?)/` \|[^|]*\|([^|]*)\|$)");
   static const std::regex Chemin("`([^`]+)`");
   std::map<std::string, std::set<std::string>> table;
-  std::ifstream f(fs::path(OVELIN_SOURCE_DIR) / "docs/architecture.md");
+  std::ifstream f(fs::path(essai::DossierSource()) / "docs/architecture.md");
   std::string ligne;
   while (std::getline(f, ligne)) {
     std::smatch m;
@@ -174,7 +176,7 @@ bool DuProjet(const std::string& inclus) { return Dossiers.contains(inclus.subst
 TEST(Inclusions, EachFolderUsesOnlyWhatTheTableAllows) {
   for (const auto& [dossier, permis] : Permis) {
     const auto inclusions = Inclusions(dossier);
-    EXPECT_EQ(inclusions.empty(), !fs::exists(fs::path(OVELIN_SOURCE_DIR) / dossier)) << dossier;
+    EXPECT_EQ(inclusions.empty(), !fs::exists(fs::path(essai::DossierSource()) / dossier)) << dossier;
     for (const Inclusion& i : inclusions) {
       const std::string fichier = Relatif(i.fichier);
       if (!DuProjet(i.inclus) || DeFenetres(fichier) || DossierDe(fichier) != dossier) continue;
@@ -329,7 +331,7 @@ TEST(Files, AFolderHoldsAtMostThirtySources) {
 
 TEST(Files, EveryRoomOfTheGeometryLibrarySaysWhatItIs) {
   for (const auto& [piece, permises] : Pieces) {
-    EXPECT_TRUE(fs::exists(fs::path(OVELIN_SOURCE_DIR) / DossierPathwerk / piece / "README.md")) << piece;
+    EXPECT_TRUE(fs::exists(fs::path(essai::DossierSource()) / DossierPathwerk / piece / "README.md")) << piece;
   }
 }
 

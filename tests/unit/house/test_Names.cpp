@@ -9,11 +9,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/places/Lieux.h"
+
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path Racine(OVELIN_SOURCE_DIR);
+const fs::path Racine(essai::DossierSource());
 
 // Sources that have no header of their name and need none, each with the reason.
 const std::map<std::string, std::string> SansEntete{

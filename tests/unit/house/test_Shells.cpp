@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/places/Lieux.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -51,14 +53,14 @@ const std::map<std::string, std::set<std::string>> Coquilles{
       "Module_Recents.cpp", "Module_Reprise.cpp", "Module_Souris.cpp", "Module_Travail.cpp", "Module_Vue.cpp"}}};
 
 std::string Relatif(const fs::path& chemin) {
-  return fs::relative(chemin, fs::path(OVELIN_SOURCE_DIR)).generic_string();
+  return fs::relative(chemin, fs::path(essai::DossierSource())).generic_string();
 }
 
 std::vector<std::string> Sources() {
   std::vector<std::string> fichiers;
   for (const char* dossier : {"app", "base", "closed", "controller", "core", "database", "gcode", "image",
                               "machine", "manual", "run", "toolpath", "workspace"}) {
-    const fs::path racine = fs::path(OVELIN_SOURCE_DIR) / dossier;
+    const fs::path racine = fs::path(essai::DossierSource()) / dossier;
     if (!fs::exists(racine)) continue;
     for (const auto& entree : fs::recursive_directory_iterator(racine)) {
       const std::string extension = entree.path().extension().string();
@@ -69,7 +71,7 @@ std::vector<std::string> Sources() {
 }
 
 std::string Texte(const std::string& fichier) {
-  std::ifstream f(fs::path(OVELIN_SOURCE_DIR) / fichier);
+  std::ifstream f(fs::path(essai::DossierSource()) / fichier);
   return {std::istreambuf_iterator<char>(f), {}};
 }
 
@@ -134,7 +136,7 @@ std::set<std::string> AtteintDepuis(const std::string& depart) {
   while (!attente.empty()) {
     const std::string fichier = attente.back();
     attente.pop_back();
-    if (!fs::exists(fs::path(OVELIN_SOURCE_DIR) / fichier) || !vus.insert(fichier).second) continue;
+    if (!fs::exists(fs::path(essai::DossierSource()) / fichier) || !vus.insert(fichier).second) continue;
     for (const std::string& inclus : Inclus(fichier)) attente.push_back(inclus);
     if (fichier.ends_with(".h")) attente.push_back(fichier.substr(0, fichier.size() - 2) + ".cpp");
   }

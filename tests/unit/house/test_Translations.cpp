@@ -12,6 +12,7 @@
 
 #include "core/Texte8.h"
 #include "core/Textes.h"
+#include "tests/places/Lieux.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ std::string Lit(const fs::path& chemin) {
 
 Cles LitTraduction(const std::string& langue) {
   Cles cles;
-  std::istringstream texte(Lit(fs::path(OVELIN_SOURCE_DIR) / "translations" / ("OVELIN" + langue + ".trad")));
+  std::istringstream texte(Lit(fs::path(essai::DossierSource()) / "translations" / ("OVELIN" + langue + ".trad")));
   std::string ligne;
   std::string section;
   while (std::getline(texte, ligne)) {

@@ -21,6 +21,7 @@
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
 #include "machine/TableCourante.h"
+#include "tests/places/Lieux.h"
 #include "tests/support/Support.h"
 #include "workspace/FinCycle.h"
 #include "workspace/Module_Cycle.h"
@@ -213,7 +214,7 @@ TEST(Demarrage, ALanguageAndATableOfTheCallStandBeforeTheKeys) {
 
 TEST(Demarrage, TheAssociationNamesTheProgramAndItsFiles) {
   EcritIni("");
-  std::filesystem::copy_file(std::string(OVELIN_SOURCE_DIR) + "/translations/OVELINfr.trad",
+  std::filesystem::copy_file(essai::DossierSource() + "/translations/OVELINfr.trad",
                              essai::Dossier() + "/config/OVELINfr.trad");
   Demarrage d;
   Association vue;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/places/Lieux.h"
 #include "tests/unit/closed/pathwerk/controle/Couverture.h"
 
 using namespace controle;
@@ -150,7 +151,7 @@ TEST(PocheCouverture, ContoursOfTheSamplesAreCleared) {
     Trace points;
     float x0 = 0, x1 = 0, y0 = 0, y1 = 0;
     std::string message;
-    const auto chemin = std::filesystem::path(OVELIN_SOURCE_DIR) / "samples" / nom;
+    const auto chemin = std::filesystem::path(essai::DossierSource()) / "samples" / nom;
     ASSERT_GT(pathwerk::LireFichier(points, chemin.string(), x0, x1, y0, y1, message), 0) << chemin;
     for (const Trace& c : Fermes(points)) {
       const Boite b = BoiteDe(c);
