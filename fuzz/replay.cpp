@@ -8,11 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/places/Lieux.h"
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille);
 
 TEST(Corpus, EveryFileIsReadOrRefused) {
+  const std::string corpus = essai::DossierSource() + "/fuzz/corpus/" + OVELIN_FUZZ_CORPUS;
   int nombre = 0;
-  for (const auto& entree : std::filesystem::directory_iterator(OVELIN_FUZZ_CORPUS)) {
+  for (const auto& entree : std::filesystem::directory_iterator(corpus)) {
     if (!entree.is_regular_file()) continue;
     SCOPED_TRACE(entree.path().string());
     std::ifstream f(entree.path(), std::ios::binary);
@@ -20,5 +23,5 @@ TEST(Corpus, EveryFileIsReadOrRefused) {
     EXPECT_EQ(LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(octets.data()), octets.size()), 0);
     ++nombre;
   }
-  EXPECT_GT(nombre, 0) << OVELIN_FUZZ_CORPUS;
+  EXPECT_GT(nombre, 0) << corpus;
 }

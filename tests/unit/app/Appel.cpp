@@ -52,7 +52,8 @@ Retour Atelier::Appelle(const std::vector<std::string>& arguments, const std::st
   };
   const fs::path sorties = fs::path(dossier_).concat(".out");
   const fs::path erreurs = fs::path(dossier_).concat(".err");
-  std::string commande = environnement + " " + cite(OVELIN_CLI) + " --config " + cite(dossier_);
+  std::string commande =
+      environnement + " " + cite(DossierProgrammes() + "/ovelin-cli") + " --config " + cite(dossier_);
   const bool langue = std::find(arguments.begin(), arguments.end(), "--lang") != arguments.end();
   const bool marque = std::find(arguments.begin(), arguments.end(), "--decimal") != arguments.end();
   if (!langue) commande += " --lang fr";

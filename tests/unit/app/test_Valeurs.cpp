@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/places/Lieux.h"
 #include "tests/unit/app/Appel.h"
 
 namespace {
@@ -156,7 +157,8 @@ TEST(Settings, TwoProcessesThatWriteThemLoseNoKey) {
               "serie() { for i in $(seq $1 $2); do \"$CLI\" --config \"$DOSSIER\" key set MRUFiles$i $3 "
               ">/dev/null || exit 1; done; }\n"
               "serie 1 60 un & p=$!\nserie 61 120 deux && wait $p\n");
-  const std::string commande = "CLI='" OVELIN_CLI "' DOSSIER='" + a.Chemin("") + "' bash '" + script + "'";
+  const std::string commande =
+      "CLI='" + essai::DossierProgrammes() + "/ovelin-cli' DOSSIER='" + a.Chemin("") + "' bash '" + script + "'";
   ASSERT_EQ(std::system(commande.c_str()), 0);
   const std::string ini = Atelier::Lit(a.Chemin("OVELIN.ini"));
   for (int i = 1; i <= 120; ++i) {
