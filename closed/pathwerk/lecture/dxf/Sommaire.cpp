@@ -69,7 +69,7 @@ void Releve::Entete() {
     if (g_.texte == "$MEASUREMENT") cible = &measurement;
     if (g_.texte == "$LUNITS") cible = &lunits;
     if (cible == nullptr) continue;
-    if (!Suivant() || g_.code == 0) break;
+    if (!Suivant()) break;
     int valeur = 0;
     if (LitEntier(g_, valeur)) *cible = valeur;
   }
@@ -176,7 +176,7 @@ void Releve::Lit() {
   const bool casse = etat_ == Etat::Faux && sommaire_.entites.empty();
   sommaire_.faux = !structure || casse;
   if (sommaire_.faux) {
-    sommaire_.ligne = etat_ == Etat::Faux || structure ? lecteur_.LigneFausse() : 1;
+    sommaire_.ligne = etat_ == Etat::Faux ? lecteur_.LigneFausse() : 1;
     if (lecteur_.Binaire()) sommaire_.ligne = 0;
     sommaire_.detail = std::string(lecteur_.TexteFaux().substr(0, 60));
   }
