@@ -223,6 +223,19 @@ int LitFichier(const std::string& chemin, std::string& octets, std::size_t auPlu
   return erreur;
 }
 
+int AjouteAuFichier(const std::string& chemin, std::string_view octets) {
+  const Descripteur f(open(chemin.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
+  if (f.Numero() < 0) return errno;
+  struct stat avant {};
+  if (fstat(f.Numero(), &avant) != 0) return errno;
+  const int erreur = EcritTout(f.Numero(), octets);
+  // What got in before the disk was full goes again; where even that fails the first error is the one to tell.
+  if (erreur != 0 && S_ISREG(avant.st_mode)) {
+    [[maybe_unused]] const int remis = ftruncate(f.Numero(), avant.st_size);
+  }
+  return erreur;
+}
+
 int RefusEcriture(const std::string& chemin) {
   struct stat etat {};
   if (chemin.empty()) return ENOENT;

@@ -22,6 +22,8 @@ enum class Garantie { Disque, Processus };
 // where that is allowed, its owner; a link stays a link. A target without write permission is refused, also for
 // root. Content that has not changed is not written again. A device or a pipe takes the bytes as they come.
 int EcritFichier(const std::string& chemin, std::string_view octets, Garantie garantie = Garantie::Disque);
+// Appends to a file, which is made where there is none: all of `octets` or nothing.
+int AjouteAuFichier(const std::string& chemin, std::string_view octets);
 // Why EcritFichier would refuse this path before anything is written.
 int RefusEcriture(const std::string& chemin);
 

@@ -2,10 +2,10 @@
 
 #include <cmath>
 #include <cstdio>
-#include <fstream>
 #include <tuple>
 #include <utility>
 
+#include "base/Fichiers.h"
 #include "core/ChampsMachine.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
@@ -21,6 +21,8 @@ std::unique_ptr<ClsCdeZENIK> CdeZENIK = std::make_unique<ClsCdeZENIK>();
 namespace {
 
 [[maybe_unused]] const bool Enregistree = EnregistreRemise([] { CdeZENIK = std::make_unique<ClsCdeZENIK>(); });
+
+constexpr const char* FichierDebug = "debug.txt";  // of the current folder
 
 // Fixed texts of the link, the same in every language.
 void MontreTexte(std::string texte) {
@@ -100,7 +102,11 @@ bool ClsCdeZENIK::JournalDebug() {
   DebugTexte = Hexadecimal(Tampon);
   MontreTexte(DebugTexte);
   // Closed again at once, so that the line is there whatever happens next.
-  std::ofstream("debug.txt", std::ios::app) << DebugTexte << '\n';
+  const int erreur = base::AjouteAuFichier(FichierDebug, DebugTexte + "\n");
+  if (erreur != 0 && !debugRefuse_) {
+    MessageFichier(Textes::DebugNonEcrit, "\n" + base::TexteErreur(erreur), Icone::Exclamation, FichierDebug);
+  }
+  debugRefuse_ = erreur != 0;
   return true;
 }
 

@@ -88,6 +88,10 @@ class ClsCdeZENIK {
   // are refused until EnvoiUSB, EnvoiFLASH or ResetBuffer begins anew. Whoever repeats CommandeDATA or
   // CommandeDATAend looks here, and ends the job by its stop.
   Drapeau TravailIncertain = Faux;
+  // A go has been sent in this job, whatever became of it: before that nothing can have moved.
+  [[nodiscard]] bool GoDemande() const { return goDemande_; }
+  // The board has said of this job that it has come to its end.
+  Drapeau FinDite = Faux;
 
   // One straight move, relative, not yet a promise that it runs. True: accepted (or `Arret` shows in the reply).
   // False: the buffer is full, try again later, or TravailIncertain is set, then never again. `V` is lowered to
@@ -146,7 +150,8 @@ class ClsCdeZENIK {
 
   // One send. True exactly when the library answered 1; -101 and -102 show their box.
   bool EnvoiCommande(std::int32_t& modeEnvoi);
-  // Appends the line to "debug.txt" of the current folder and shows it; no exchange takes place.
+  // Shows the line and appends it to "debug.txt" of the current folder; no exchange takes place. A file that can't
+  // be written is told, once until a line gets in.
   bool JournalDebug();
 
   zenikcom::TamponOctets Tampon{};  // request and reply at once
@@ -182,11 +187,13 @@ class ClsCdeZENIK {
 
   CalculMouvement calcul_{2, 16'384};
   Travail travail_ = Travail::Aucun;
+  bool goDemande_ = false;              // since the job was opened
   bool court_ = false;                  // the go is given, neither end nor stop has been seen
   bool ligneUne_ = false;               // the next record outside a run begins a table of its own
   bool vitesseDite_ = false;            // a speed that is none has been told in this job
   bool positionClose_ = false;          // a stop has been read: the position stays until the next job
   std::int64_t borneBlocs_ = 0;         // records that the board may count in this job
+  double montree_ = -1;                 // s; the place was shown then
   double muetteDepuis_ = -1;            // s; no exchange has been answered since then
   double absenteDepuis_ = -1;           // s; the link has said since then that nothing is there
   Drapeau FinTravail = Faux;            // the position at the end of the job has been taken
@@ -205,6 +212,7 @@ class ClsCdeZENIK {
     std::array<double, 3> mm{};
   };
   PasMachine machine_;
+  bool debugRefuse_ = false;             // told that debug.txt can't be written
   std::set<std::string> tenuesDites_;    // values held within their ranges that have been told
   std::int16_t ProfondeurEnvoi = 0;      // sends in progress
   std::array<Drapeau, 6> EtatClavier{};  // keypad bits of the reply before

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -102,6 +104,29 @@ TEST_F(Fichiers, AFullDeviceSaysSo) {
   EXPECT_EQ(base::EcritFichier("/dev/full", "a"), ENOSPC);
   EXPECT_EQ(base::TexteErreur(ENOSPC), "No space left on device");
   EXPECT_EQ(base::TexteErreur(0), "");
+}
+
+TEST_F(Fichiers, WhatIsAppendedStandsBehindWhatWasThere) {
+  ASSERT_EQ(base::AjouteAuFichier(Chemin("f"), "one\n"), 0);
+  ASSERT_EQ(base::AjouteAuFichier(Chemin("f"), "two\n"), 0);
+  EXPECT_EQ(Octets(Chemin("f")), "one\ntwo\n");
+}
+
+TEST_F(Fichiers, AnAppendingThatFindsNoRoomLeavesTheFileAsItWas) {
+  ASSERT_EQ(base::AjouteAuFichier(Chemin("f"), "one\n"), 0);
+  const auto sansPlace = [this] {
+    ::signal(SIGXFSZ, SIG_IGN);
+    const struct rlimit six { 6, 6 };  // bytes: two of the next four get in
+    ::setrlimit(RLIMIT_FSIZE, &six);
+    const int erreur = base::AjouteAuFichier(Chemin("f"), "two\n");
+    ::_exit(erreur == EFBIG && Octets(Chemin("f")) == "one\n" ? 0 : 1);
+  };
+  EXPECT_EXIT(sansPlace(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(Fichiers, AnAppendingToAFullDeviceOrAFolderSaysSo) {
+  EXPECT_EQ(base::AjouteAuFichier("/dev/full", "x"), ENOSPC);
+  EXPECT_EQ(base::AjouteAuFichier(dossier_, "x"), EISDIR);
 }
 
 TEST(Noms, FolderNameAndExtensionOfAPath) {

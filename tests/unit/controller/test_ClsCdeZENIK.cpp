@@ -214,12 +214,30 @@ TEST_F(JournalDebug, AddsOneLineEachTime) {
             "before\n" + LigneDebug({"01"}) + "\n" + LigneDebug({"FF"}) + "\n");
 }
 
-TEST_F(JournalDebug, SucceedsEvenWhereNothingCanBeWritten) {
+TEST_F(JournalDebug, SucceedsEvenWhereNothingCanBeWrittenAndTellsItOnce) {
   std::filesystem::create_directory("debug.txt");
   Scenario s;
   ClsCdeZENIK cde(Lie(s));
   essai::AttendTexte(LigneDebug({}));
+  essai::Attend("erreurs", "Debug");
   EXPECT_TRUE(cde.JournalDebug());
+  EXPECT_NE(essai::Boites().back().texte.find("Is a directory"), std::string::npos) << "with the system's reason";
+  essai::AttendTexte(LigneDebug({}));
+  EXPECT_TRUE(cde.JournalDebug());
+  std::filesystem::remove("debug.txt");
+  essai::AttendTexte(LigneDebug({}));
+  EXPECT_TRUE(cde.JournalDebug());
+  EXPECT_EQ(essai::LitFichierEssai("debug.txt"), LigneDebug({}) + "\n");
+}
+
+TEST_F(JournalDebug, TellsAFullDisk) {
+  std::filesystem::create_symlink("/dev/full", "debug.txt");
+  Scenario s;
+  ClsCdeZENIK cde(Lie(s));
+  essai::AttendTexte(LigneDebug({}));
+  essai::Attend("erreurs", "Debug");
+  EXPECT_TRUE(cde.JournalDebug());
+  EXPECT_NE(essai::Boites().back().texte.find("No space left"), std::string::npos);
 }
 
 TEST(ClsCdeZENIK, OpensNothingAndBeginsAtRest) {
