@@ -12,6 +12,8 @@ namespace ovelin {
 
 namespace {
 
+constexpr double PeriodeLieu = 1.0 / 30;  // s between two places on show while the machine moves
+
 // Held within its width: a table may hold more steps than that.
 std::int32_t Ajoute(std::int32_t pas, std::int32_t ecart) { return Arrondi32(static_cast<double>(pas) + ecart); }
 
@@ -84,8 +86,14 @@ void ClsCdeZENIK::LectureEtat(const ReponseEtat& etat) {
   // The board says "stopped" until its buffer is cleared: only in a job of this program that runs is it news.
   if (etat.Arrete() && ClavierZENIK != 0 && court_) StopDemande = Vrai;
   if (etat.Arrete() || etat.Fini()) court_ = false;
+  FinDite = EnDrapeau(etat.Fini());
   if (travail_ != Travail::Aucun) SuitPosition(etat);
-  Svc.MontrePosition(PosX, PosY, PosZ);
+  // As often as an eye can follow; the place at which the machine stands in any case.
+  const double maintenant = Svc.Horloge();
+  if (EnCours == Faux || maintenant - montree_ >= PeriodeLieu || maintenant < montree_) {
+    montree_ = maintenant;
+    Svc.MontrePosition(PosX, PosY, PosZ);
+  }
   Svc.MarquePosition(PosX, PosY);
 }
 

@@ -1,6 +1,7 @@
 // The job on the board: opened, told to go, stopped; and how long a command is tried.
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "controller/ClsCdeZENIK.h"
 #include "core/PlanCourant.h"
@@ -11,7 +12,8 @@ namespace ovelin {
 
 namespace {
 
-constexpr double DelaiAbsence = 2;  // s for which the link has to say that nothing is there
+constexpr double DelaiAbsence = 2;   // s for which the link has to say that nothing is there
+constexpr double DelaiFreinage = 2;  // s without a tick, behind which a ramp is no longer believed
 constexpr int ReponsesFausses =
     20;  // replies to a stop that can't be true, before the true one is no longer awaited
 constexpr std::uint8_t Stop = 'S', Question = 3;
@@ -98,7 +100,8 @@ bool ClsCdeZENIK::OuvreTravail(Travail travail, std::uint8_t index, std::uint16_
   if (ouvert) EnCours = Arret = Faux;
   NbBlocsTotal = NbBlocsEnvoyes = NbBlocsTraites = TicksRestants = 0;
   TempsBuffer = 0;
-  FinTravail = Faux;
+  FinTravail = FinDite = Faux;
+  goDemande_ = false;
   IndexDuree = 0;
   IndexSuivi = 0;
   positionClose_ = vitesseDite_ = false;
@@ -115,6 +118,7 @@ bool ClsCdeZENIK::OuvreTravail(Travail travail, std::uint8_t index, std::uint16_
 }
 
 bool ClsCdeZENIK::GoBuffer() {
+  goDemande_ = true;
   if (!EnvoiTampon(128)) return false;
   court_ = travail_ != Travail::Aucun;
   // Until the board says otherwise: a question that is lost now must not look like the end of the job.
@@ -167,9 +171,16 @@ void ClsCdeZENIK::StopResume(std::uint8_t mode, std::uint8_t palier) {
     return false;
   };
   if (demande(mode, palier) && mode == 1) {
+    std::pair avant{NbBlocsTraites, TicksRestants};
+    double vivante = Svc.Horloge();
     while (EnCours != Faux && !FinProgramme) {
       Svc.LaisseEvenements(Evenements::Tous);
       if (!demande(Question, 0)) break;
+      const std::pair ici{NbBlocsTraites, TicksRestants};
+      if (std::exchange(avant, ici) != ici) vivante = Svc.Horloge();
+      if (travail_ == Travail::Aucun || Svc.Horloge() - vivante < DelaiFreinage) continue;
+      demande(0, 0);  // it says that it slows down and does nothing: at once, then
+      break;
     }
     EnCours = Faux;
   }

@@ -329,14 +329,28 @@ TEST(LectureEtat, PlanForAFileLeavesTheStepsOfARunningJob) {
   EXPECT_DOUBLE_EQ(b.cde->PosX, 10);
 }
 
-TEST(LectureEtat, PlaceIsShownAtEachReading) {
+// However often the board is asked, and whatever the last place was: where the machine stands is shown.
+TEST(LectureEtat, PlaceIsShownThirtyTimesASecondAndAlwaysAtRest) {
   CarteScript b;
   OuvreTrois(b);
+  double heure = Svc.Horloge() + 1;  // s
+  Svc.Horloge = [&heure] { return heure; };
   std::vector<double> x;
   Svc.MontrePosition = [&](double px, double, double) { x.push_back(px); };
   b.dit = {.compte = 1, .octet7 = 1, .octet12 = 0, .reste = 4'999};
   b.Demande();
-  EXPECT_EQ(x, std::vector<double>{5});
+  heure += 0.02;
+  b.dit.reste = 3'999;
+  b.Demande();
+  EXPECT_EQ(x, std::vector<double>{5}) << "a fiftieth of a second is too soon";
+  heure += 0.02;
+  b.dit.reste = 2'499;
+  b.Demande();
+  EXPECT_EQ(x, (std::vector<double>{5, 7.5}));
+  b.dit.octet7 = 0;
+  b.dit.reste = 1'999;
+  b.Demande();
+  EXPECT_EQ(x, (std::vector<double>{5, 7.5, 8})) << "at rest at once";
 }
 
 }  // namespace
