@@ -75,8 +75,15 @@ bool Alimentation::PasAttente() {
   CdeZENIK->DemandeInformation();
   if (Perdue()) return false;
   if (CdeZENIK->Arret != Faux) StopDemande = Vrai;
-  if (CdeZENIK->EnCours == Faux && StopDemande == Faux) phase_ = Phase::Finie;
+  if (CdeZENIK->EnCours == Faux && StopDemande == Faux && !Oubliee()) phase_ = Phase::Finie;
   return false;
+}
+
+// A board at rest that has counted no record of a job that it was given has not come to its end: it is about to
+// begin, or it was without current and knows nothing of the job.
+bool Alimentation::Oubliee() const {
+  const bool donnee = listeFaite_ ? NbDeplacements > 0 : NbBlocsTotal > 0;
+  return donnee && CdeZENIK->NbBlocsTraites == 0 && CdeZENIK->FinDite == Faux;
 }
 
 // Nobody knows what the board has taken: the run ends by its stop.

@@ -30,6 +30,7 @@ class Alimentation {
   bool PasFin();
   bool PasAttente();
   bool Perdue();
+  [[nodiscard]] bool Oubliee() const;
   void Arrete();
   // The rows stand in the list, which the caller writes: no step meanwhile.
   [[nodiscard]] bool EcritListe() const { return listeFaite_ && phase_ == Phase::Fin; }

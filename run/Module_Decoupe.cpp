@@ -156,8 +156,7 @@ class Decoupe {
           NbDeplacements * static_cast<double>(OctetsMemoire - 1) / static_cast<double>(ListeFlash.size());
       MessageFichier(Textes::MemoireTropPetite, " " + std::to_string(static_cast<long>(tient)), Icone::Critique,
                      "");
-      StopDemande = Vrai;
-      return false;
+      return SansLancer();
     }
     ListeFlash.back() = 128;
     if (Vue_Decoupe.Memorise) Vue_Decoupe.Memorise(true);
@@ -165,18 +164,23 @@ class Decoupe {
     if (Vue_Decoupe.Memorise) Vue_Decoupe.Memorise(false);
     if (CdeZENIK->PagesNonConfirmees != 0) {
       Message(Textes::MemoireNonConfirmee, Icone::Critique);
-      StopDemande = Vrai;
-      return false;
+      return SansLancer();
     }
     if (ModeEnvoiTable != 2 || StopDemande != Faux) return false;
     if (!CdeZENIK->EnvoiFLASH(0, 0)) {
       Message(Textes::CarteSansReponse, Icone::Critique);
-      StopDemande = Vrai;
-      return false;
+      return SansLancer();
     }
     // A go without an answer may have been taken: the job is then ended by its stop.
     if (!CdeZENIK->RepeteGo()) StopDemande = Vrai;
     return true;
+  }
+
+  // The list did not come into the memory: there is nothing to resume.
+  bool SansLancer() {
+    StopDemande = Vrai;
+    TableReprise.clear();
+    return false;
   }
 
   // Painting never starves the board: only with motion ahead of it, and no oftener than the eye sees.
@@ -202,8 +206,9 @@ class Decoupe {
   }
 
   void Arretee() {
-    if (fraisage_ && CdeZENIK->NbBlocsTraites != 0 && panne_ != Alimentation::Panne::Liaison) RetientReste();
-    AttendCarte = fraisage_ && panne_ == Alimentation::Panne::Liaison;
+    // Whoever answers behind a failure is asked first how far it has come.
+    AttendCarte = fraisage_ && panne_ != Alimentation::Panne::Aucune;
+    if (fraisage_ && CdeZENIK->NbBlocsTraites != 0 && !AttendCarte) RetientReste();
     if (broche_) BrocheOff();
   }
 
@@ -265,13 +270,23 @@ void AffichageAvancement(double tempsTotal, double heureDebut, std::int32_t inde
 
 bool RetrouveCarte() {
   if (!AttendCarte || RunActif || !CdeZENIK->IsAvailable()) return false;
+  if (!CdeZENIK->GoDemande()) {  // nothing has moved: what was to be done is still to be done
+    AttendCarte = false;
+    MontreFace();
+    return true;
+  }
   CdeZENIK->StopResume(1, CdeZENIK->Calc_FDEC());
   const std::int32_t compte = CompteDeLaCarte();
   if (compte < 0) return false;
   AttendCarte = false;
   constexpr std::int32_t Tour = 1 << 24;  // where the board's count begins again
   PlacePerdue = compte == 0 || compte != CdeZENIK->NbBlocsTraites % Tour;
-  if (!PlacePerdue) RetientReste();
+  if (PlacePerdue) {  // what it counts now is no job of this program
+    CdeZENIK->ResetBuffer();
+    CdeZENIK->DemandeInformation();
+  } else {
+    RetientReste();
+  }
   MontreFace();
   return true;
 }

@@ -38,8 +38,8 @@ std::int16_t LanceDecoupe(float& VRef, const std::string& appelant);
 void AffichageAvancement(double tempsTotal, double heureDebut, std::int32_t index);
 
 // Behind a lost link: asks the board, once it is there again, how far it has come, stops it where it still moves,
-// and leaves what is left of the job in TableReprise. False: it is not there yet. A board that counts less than
-// before has forgotten the job: PlacePerdue.
+// and leaves what is left of the job in TableReprise; a job that was never told to go is left as a whole. False: it
+// is not there yet. A board that counts less than before has forgotten the job: PlacePerdue.
 bool RetrouveCarte();
 
 }  // namespace ovelin

@@ -109,6 +109,32 @@ TEST_F(UnRun, WindowsAreToldOfAJobAndNotOfAMoveByHand) {
   EXPECT_EQ(Vu().stops.size(), 4U);
 }
 
+TEST_F(UnRun, AMoveByHandSilencesThePollingAloneAndLeavesTheMotorsAndNoRest) {
+  CdeZENIK->MotorOnOff(true);
+  InitDecoupe();
+  AjoutDeplacementRelatif(10, 0, Faux, 4);
+  aChaqueTour_ = [&] {
+    if (carte_->Compteurs().commences >= 1) StopDemande = Vrai;
+  };
+  float v = 4;
+  LanceDecoupe(v, AppelantPilotage);
+  EXPECT_THAT(Vu().pilotage, testing::ElementsAre(DemandePilotage::SeTait, DemandePilotage::Interroge));
+  EXPECT_TRUE(carte_->Sorties().moteur);
+  EXPECT_TRUE(TableReprise.empty());
+  EXPECT_EQ(FaceCourante(), FaceFraisage::Depart);
+  EXPECT_EQ(Compte(), Pas());
+  EXPECT_NE(Pas()[0], 0);
+}
+
+TEST_F(UnRun, TheEndOfAJobTakesTheCurrentOffTheMotors) {
+  CdeZENIK->MotorOnOff(true);
+  bool pendant = false;
+  aChaqueTour_ = [&] { pendant = carte_->Sorties().moteur; };
+  ASSERT_TRUE(Lance());
+  EXPECT_TRUE(pendant);
+  EXPECT_FALSE(carte_->Sorties().moteur);
+}
+
 TEST_F(UnRun, AnEndOfTheProgramStopsByTheRampAndTurnsEverythingOff) {
   bool pendant = false;
   aChaqueTour_ = [&] {
@@ -122,33 +148,6 @@ TEST_F(UnRun, AnEndOfTheProgramStopsByTheRampAndTurnsEverythingOff) {
   ASSERT_TRUE(Lance());
   EXPECT_TRUE(pendant);
   EXPECT_EQ(StopDemande, Vrai);
-}
-
-TEST_F(UnRun, ABoardThatNeitherTakesNorMovesIsToldAfterTwoSeconds) {
-  double depuis = 0;
-  aChaqueTour_ = [&] {
-    if (depuis != 0 || carte_->Compteurs().commences < 5) return;
-    depuis = heure_;
-    // It answers, takes nothing more and stands.
-    std::vector<zenikcom::Faute> fautes;
-    zenikcom::TamponOctets t{};
-    t[1] = 'S';
-    carte_->Echange(t);
-    for (int i = 1; i < 20'000; ++i) {
-      fautes.push_back({carte_->Compteurs().echanges + i, zenikcom::GenreFaute::Refuse, 0});
-    }
-    carte_->Fautes(fautes);
-  };
-  std::vector<std::string> dites;
-  Svc.Montre = [&](const BoiteMessage& b) {
-    dites.push_back(b.cle);
-    return Reponse::Ok;
-  };
-  ASSERT_TRUE(Lance());
-  ASSERT_GT(depuis, 0);
-  EXPECT_FALSE(RunActif);
-  EXPECT_EQ(StopDemande, Vrai);
-  EXPECT_LT(heure_ - depuis, 8);
 }
 
 TEST_F(UnRun, StoppedAtAnyMomentAndResumedEndsAtTheCountsOfThePlan) {
@@ -287,74 +286,46 @@ TEST_F(UnRun, ABoxThatIsOpenHoldsNeitherTheFeedNorTheStop) {
   EXPECT_TRUE(ouverte);
 }
 
-TEST_F(UnRun, ALostLinkEndsTheRunAndTheJobGoesOnWhenItIsBack) {
-  aChaqueTour_ = [&] {
-    if (carte_->Compteurs().commences >= 8) carte_->Debranche(true);
-  };
-  Attend("F_Fraisage", "Run_liaison");
-  ASSERT_TRUE(Lance());
-  EXPECT_TRUE(AttendCarte);
-  EXPECT_FALSE(RetrouveCarte()) << "still away";
-  aChaqueTour_ = nullptr;
-  heure_ += 1;
-  carte_->Debranche(false);
-  ASSERT_TRUE(RetrouveCarte());
-  EXPECT_FALSE(PlacePerdue);
-  EXPECT_EQ(Compte(), Pas());
-  ASSERT_TRUE(ReprendFraisage("3"));
-  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
+TEST_F(UnRun, ACallerThatIsNotTheStartFaceStreamsWhateverWasLeft) {
+  CdeZENIK->TableVerif();
+  InitDecoupe();
+  AjoutDeplacementRelatif(1, 0, Faux, 4);
+  ModeEnvoiTable = MemoireSeule;
+  ListeFlash.assign(1, 0);
+  float v = 4;
+  LanceDecoupe(v, AppelantPilotage);
+  EXPECT_GT(Somme()[0], 0);
+  EXPECT_EQ(Pas()[0], Somme()[0]);
+  EXPECT_EQ(ListeFlash.size(), 1U);
+  EXPECT_EQ(ModeEnvoiTable, 0);
 }
 
-TEST_F(UnRun, ABoardThatHasForgottenItsJobOffersNoResume) {
-  aChaqueTour_ = [&] {
-    if (carte_->Compteurs().commences >= 8) carte_->Debranche(true);
+TEST_F(UnRun, AStopWhileTheJobIsStoredStartsNothing) {
+  bool ecrit = false;
+  Vue_Decoupe.Memorise = [&](bool e) {
+    ecrit = ecrit || e;
+    if (e) StopDemande = Vrai;
   };
-  Attend("F_Fraisage", "Run_liaison");
-  ASSERT_TRUE(Lance());
-  carte_->Debranche(false);
-  zenikcom::TamponOctets t{};
-  t[1] = 'B';
-  carte_->Echange(t);  // its buffer is cleared, its count begins anew
-  ASSERT_TRUE(RetrouveCarte());
-  EXPECT_TRUE(PlacePerdue);
-  Attend("F_Fraisage", "Run_place");
-  EXPECT_FALSE(ReprendFraisage("3"));
-  AbandonneFraisage();
-  EXPECT_FALSE(PlacePerdue);
+  ASSERT_TRUE(Lance(MemoireEtFraisage));
+  heure_ += 100;
+  EXPECT_TRUE(ecrit);
+  EXPECT_EQ(carte_->Compteurs().ticks, 0);
+  EXPECT_EQ(FaceCourante(), FaceFraisage::Reprise);
+  EXPECT_EQ(ModeEnvoiTable, 0);
 }
 
-TEST_F(UnRun, AFailedExchangeNeverRunsARowTwice) {
-  for (const auto genre : {zenikcom::GenreFaute::Avant, zenikcom::GenreFaute::Apres, zenikcom::GenreFaute::Bruit}) {
-    for (const int apres : {3, 11, 25}) {
-      Branche();
-      CdeZENIK->TableVerif();
-      bool posee = false;
-      int recus = 0;
-      Vue_Decoupe.Accepte = [&](std::int32_t, float&) {
-        if (std::exchange(posee, ++recus >= apres) || recus < apres) return;
-        carte_->Fautes({{carte_->Compteurs().echanges + 1, genre, 0}});
-      };
-      Svc.Montre = [](const BoiteMessage&) { return Reponse::Ok; };
-      ASSERT_TRUE(Lance());
-      const bool arrete = FaceCourante() == FaceFraisage::Reprise;
-      if (arrete && !PlacePerdue && !AttendCarte) {
-        EXPECT_EQ(Compte(), Pas()) << apres;
-        ASSERT_TRUE(ReprendFraisage("3"));
-      }
-      if (!PlacePerdue && !AttendCarte) {
-        EXPECT_EQ(Pas(), (Axes3{0, 0, 0})) << apres << ' ' << static_cast<int>(genre);
-      }
-      AbandonneFraisage();
-    }
-  }
-}
-
-TEST_F(UnRun, ALimitSwitchEndsIt) {
+TEST_F(UnRun, AStopByItsFaceLeavesNoModeAndNoSpindle) {
   aChaqueTour_ = [&] {
-    if (carte_->Compteurs().commences >= 8) carte_->FinDeCourse(true);
+    if (carte_->Compteurs().commences < 5 || StopDemande != Faux) return;
+    EXPECT_TRUE(carte_->Sorties().broche);
+    ArreteFraisage();
+    EXPECT_FALSE(carte_->Sorties().broche) << "before the run has found the wish";
+    EXPECT_EQ(FraisageEnCours, Faux);
+    EXPECT_TRUE(RunActif);
+    EXPECT_EQ(ArretRampe, Vrai);
   };
-  ASSERT_TRUE(Lance());
-  EXPECT_EQ(StopDemande, Vrai);
+  ASSERT_TRUE(Lance(MemoireEtFraisage));
+  EXPECT_EQ(ModeEnvoiTable, 0);
   EXPECT_EQ(FaceCourante(), FaceFraisage::Reprise);
   EXPECT_EQ(Compte(), Pas());
 }
@@ -377,120 +348,47 @@ TEST_F(UnRun, StoredAndStartedItRunsFromTheMemory) {
   EXPECT_EQ(ModeEnvoiTable, 0);
 }
 
-// The exchanges behind the list: 1 and 2 open the job, 3 is the go, 4 the first question.
-TEST_F(UnRun, StoredAndStartedNoLostExchangeEndsItBeforeTheBoardDoes) {
-  for (const auto& [apres, genre] : {std::pair{3, zenikcom::GenreFaute::Avant},
-                                     {3, zenikcom::GenreFaute::Apres},
-                                     {4, zenikcom::GenreFaute::Avant},
-                                     {4, zenikcom::GenreFaute::Bruit}}) {
-    Branche();
-    CdeZENIK->TableVerif();
-    Vue_Decoupe.Memorise = [&](bool ecrit) {
-      if (!ecrit) carte_->Fautes({{carte_->Compteurs().echanges + apres, genre, 0}});
-    };
-    std::int64_t loin = 0;
-    aChaqueTour_ = [&] { loin = std::max(loin, carte_->Lieu()[0]); };
-    ASSERT_TRUE(Lance(MemoireEtFraisage));
-    EXPECT_EQ(carte_->Compteurs().etat, zenikcom::EtatCarte::Fini) << apres;
-    EXPECT_EQ(Pas(), (Axes3{0, 0, 0})) << apres;
-    EXPECT_NEAR(static_cast<double>(loin) * CdeZENIK->MmParPasX(), 26, 0.2) << apres;
+TEST_F(UnRun, SleepsAMillisecondOrTwoWhileTheBoardTakesNothing) {
+  std::vector<double> pauses;
+  Svc.Attend = [&](double s) {
+    pauses.push_back(s);
+    heure_ += s;
+  };
+  const double debut = heure_;
+  ASSERT_TRUE(Lance());
+  double somme = 0;
+  for (const double s : pauses) {
+    EXPECT_GE(s, 0.001);
+    EXPECT_LE(s, 0.002);
+    somme += s;
   }
+  // Half a millisecond of each round is the look at the events of this test.
+  EXPECT_GT(somme, 0.7 * (heure_ - debut));
 }
 
-TEST_F(UnRun, AStoredJobThatCanNotBeOpenedIsToldAndNotStarted) {
-  for (const int apres : {1, 2}) {
-    Branche();
-    CdeZENIK->TableVerif();
-    Vue_Decoupe.Memorise = [&](bool ecrit) {
-      if (!ecrit) carte_->Fautes({{carte_->Compteurs().echanges + apres, zenikcom::GenreFaute::Avant, 0}});
-    };
-    Attend("cli", "cli_carte_echange");
-    ASSERT_TRUE(Lance(MemoireEtFraisage));
-    heure_ += 100;
-    EXPECT_EQ(carte_->Compteurs().ticks, 0) << apres;
-    EXPECT_FALSE(RunActif);
-  }
-}
-
-TEST_F(UnRun, AListThatIsTooLongIsRefusedBeforeAnythingIsErased) {
-  for (int i = 0; i < 700; ++i) AjouteTrajet(" Z", -1, {{1, 1}, {static_cast<float>(i % 5) + 2, 2}});
-  const auto avant = carte_->Compteurs().echanges;
-  Attend("F_Fraisage", "Run_liste");
-  ASSERT_TRUE(Lance(MemoireEtFraisage));
-  EXPECT_LT(carte_->Compteurs().echanges - avant, 60) << "no page was written";
-  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
-}
-
-TEST_F(UnRun, EssaiFlashNeedsAMemoryOnTheBoard) {
-  zenikcom::ConditionsCarte c;
-  c.rapide = true;
-  c.flash = false;
-  carte_ = zenikcom::CreeCarteVirtuelle(std::move(c));
-  CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte_));
-  Attend("erreurs", "96");
-  EXPECT_FALSE(EssaiFlash());
-  EXPECT_EQ(ModeEnvoiTable, 0);
-}
-
-TEST_F(UnRun, IsRefusedWithoutABoardADepthOrASpeed) {
-  ProfPasse = 0;
-  Attend("erreurs", "95");
-  EXPECT_FALSE(Lance());
-  ProfPasse = -0.5;
-  Attend("F_Fraisage", "lib021");
-  std::string nulle = "0";
-  EXPECT_FALSE(LanceFraisage(nulle, EnvoiDirect));
-  ProfFraisage = 1;
-  Attend("F_Fraisage", "lib011_2");
-  EXPECT_FALSE(Lance());
-  ProfFraisage = -1;
-  ProfPasse = 1;
-  Attend("F_Fraisage", "lib011_3");
-  EXPECT_FALSE(Lance());
-  ProfPasse = -0.5;
-  carte_->Debranche(true);
-  Attend("erreurs", "91");
-  EXPECT_FALSE(Lance());
-  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
-  TraceDecale.clear();
-  EXPECT_FALSE(Lance()) << "nothing to mill, and nothing is said";
-}
-
-TEST_F(UnRun, ASpeedBeyondTheAxesIsAskedForAndLowered) {
-  Vitesse_Mat_H = 35;  // the diagonal of B allows 20 * sqrt 2 = 28.28, the sides of A 20
-  Attend("F_Fraisage", "lib005", Reponse::Annuler);
-  std::string vitesse = "35";
-  EXPECT_FALSE(LanceFraisage(vitesse, EnvoiDirect));
-  EXPECT_EQ(vitesse, "35");
-  Attend("F_Fraisage", "lib005", Reponse::Ok);
-  EXPECT_TRUE(LanceFraisage(vitesse, EnvoiDirect));
-  EXPECT_EQ(vitesse, "20.00");
-  EXPECT_EQ(Vitesse_Mat_H, 20);
-  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
-}
-
-TEST_F(UnRun, ASpeedThatNeedsRampsIsAskedFor) {
-  Attend("F_Fraisage", "lib007", Reponse::Annuler);
-  std::string vitesse = "12";
-  EXPECT_FALSE(LanceFraisage(vitesse, EnvoiDirect));
-  Attend("F_Fraisage", "lib007", Reponse::Ok);
-  EXPECT_TRUE(LanceFraisage(vitesse, EnvoiDirect));
-  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
-}
-
-TEST_F(UnRun, ASpeedThatIsEqualButForArithmeticAsksNothing) {
-  std::string vitesse = "4.0000001";  // the speed without a ramp is 4
-  EXPECT_TRUE(LanceFraisage(vitesse, EnvoiDirect));
+TEST_F(UnRun, PlacesAreShownThirtyTimesASecondAtMost) {
+  const double debut = heure_;
+  ASSERT_TRUE(Lance());
+  const auto montrees = static_cast<double>(Vu().positions.size());
+  EXPECT_GT(montrees, 20 * (heure_ - debut));
+  EXPECT_LE(montrees, 30 * (heure_ - debut) + 5);
+  EXPECT_EQ(Vu().positions.back(), (std::array<double, 3>{0, 0, 0})) << "and where it stands at the end";
 }
 
 TEST_F(UnRun, ShowsItsLineItsRowAndTheTimeThatIsLeft) {
   std::vector<double> restes;
   Vue_Decoupe.Avance = [&](double reste, double) { restes.push_back(reste); };
-  std::size_t lignes = 0;
-  aChaqueTour_ = [&] { lignes = std::max(lignes, Vu().lignes.size()); };
+  std::vector<std::array<float, 4>> vues;
+  aChaqueTour_ = [&] {
+    if (Vu().lignes.size() > vues.size()) vues = Vu().lignes;
+  };
   const double debut = heure_;
   ASSERT_TRUE(Lance());
-  EXPECT_GT(lignes, 5U);
+  ASSERT_GT(vues.size(), 5U);
+  EXPECT_EQ(vues[0], (std::array<float, 4>{0, 0, 2, 3})) << "from the end of the first row to that of the second";
+  EXPECT_EQ(vues[1], (std::array<float, 4>{2, 3, 2, 3})) << "the descent";
+  EXPECT_THAT(Panneaux(), testing::Contains(testing::Pair(static_cast<int>(PanneauEtat::Statut),
+                                                          Traduire(Textes::RunSegment) + " 2")));
   EXPECT_TRUE(Vu().lignes.empty()) << "gone with the run";
   ASSERT_GT(restes.size(), 10U);
   EXPECT_LE(static_cast<double>(restes.size()), (heure_ - debut) * 30 + 1);
