@@ -17,13 +17,12 @@
 #include "run/Module_Decoupe.h"
 #include "run/Module_Fraisage.h"
 #include "run/Module_Planificateur.h"
+#include "run/NoyauPlan.h"
 #include "run/NoyauReprise.h"
 
 namespace ovelin {
 
 namespace {
-
-constexpr double Tolerance = 1e-6;  // mm/s: what arithmetic leaves of equal speeds
 
 std::string Vitesse(double v) { return Formate(v, "0.00"); }
 
@@ -85,14 +84,14 @@ bool AccepteVitesse(std::string& vitesse) {
   double vMax = 0;
   std::int16_t reserve = 0;
   Vitesse_Decoupe_H(vSansRampe, vMax, reserve);
-  if (Vitesse_Mat_H > vMax + Tolerance) {
+  if (Depasse(Vitesse_Mat_H, vMax)) {
     const std::string texte =
         Traduire(Textes::VitesseTropHaute) + " (" + Vitesse(vMax) + "). \n" + Traduire(Textes::VitesseRamenee);
     if (!Question(Textes::VitesseTropHaute, texte, Icone::Critique)) return false;
     vitesse = Vitesse(vMax);
     return !EntreVit_Mat_H(vitesse) && Planifie();
   }
-  if (Vitesse_Mat_H > vSansRampe + Tolerance) {
+  if (Depasse(Vitesse_Mat_H, vSansRampe)) {
     const std::string texte = Traduire(Textes::RampeJusque) + " " + Vitesse(vSansRampe) + " " +
                               Traduire(Textes::RampeAuDela) + "\n" + Traduire(Textes::RampeMaxi) + " " +
                               Vitesse(vMax) + " " + Traduire(Textes::RampeQuestion);

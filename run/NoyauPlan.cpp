@@ -383,4 +383,9 @@ double VitesseLimite(std::span<const Deplacement> lignes, double vx, double vy) 
   return limite;
 }
 
+bool Depasse(double vitesse, double limite) {
+  constexpr double Tolerance = 1e-6;  // mm/s
+  return vitesse > limite + Tolerance;
+}
+
 }  // namespace ovelin

@@ -80,5 +80,7 @@ void PlanifieTrace(EtatPlan& plan, const ParametresPlan& p, std::span<const Sequ
 // no row drives an axis faster than its own; 1e10 without a move in the plane, 0 when a row moves an axis of speed
 // 0.
 double VitesseLimite(std::span<const Deplacement> lignes, double vx, double vy);
+// A speed beyond such a limit, both in mm/s, by more than what arithmetic leaves of equal ones.
+bool Depasse(double vitesse, double limite);
 
 }  // namespace ovelin

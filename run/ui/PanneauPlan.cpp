@@ -5,6 +5,7 @@
 #include "core/Textes.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/TraduitFenetre.h"
+#include "run/NoyauPlan.h"
 
 namespace ovelin {
 
@@ -71,9 +72,7 @@ QString PanneauPlan::Avis(const ResumePlan& resume) const {
   if (resume.sequences + manquent == 0) return TexteQt(Textes::AucuneAFraiser);
   QStringList avis;
   if (resume.horsCourse) avis += TexteQt(Textes::ParcoursHorsCourse);
-  if (Vitesse_Mat_H > resume.VMax) {
-    avis += TexteQt(Textes::VitesseMatiereHaute);
-  }
+  if (Depasse(Vitesse_Mat_H, resume.VMax)) avis += TexteQt(Textes::VitesseMatiereHaute);
   if (manquent > 0) {
     avis += TexteQt(Textes::SequencesEtroites) + QLatin1Char(' ') +
             QString::fromStdString(TexteSansTrajet(resume.sansTrajet));
