@@ -11,6 +11,7 @@ local function blanc(avant, apres)
   if avant.text:match('%d$') and (unites[apres.text:match('^[%a%%]+') or ''] or apres.text:match('^%%')) then
     return large
   end
+  if avant.text:match('^[XYZ]$') and apres.text:match('^%d') then return large end
   if not francais then return nil end
   if apres.text:match('^[;!?]') then return fine end
   if apres.text:match('^:') or apres.text:match('^»') or avant.text:match('«$') then return large end
