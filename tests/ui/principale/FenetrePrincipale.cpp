@@ -84,4 +84,16 @@ std::vector<std::string> Principale::Selectionnes() {
   return codes;
 }
 
+void Principale::CliqueLigne(const char* arbre, int groupe, int point, Qt::MouseButton bouton) {
+  auto* vue = C<QTreeView>(arbre);
+  QModelIndex ligne = vue->model()->index(groupe, 0, vue->model()->index(0, 0));
+  if (point >= 0) {
+    vue->expand(ligne);
+    ligne = vue->model()->index(point, 0, ligne);
+  }
+  vue->scrollTo(ligne);
+  QTest::mouseClick(vue->viewport(), bouton, {}, vue->visualRect(ligne).center());
+  essai::Evenements();
+}
+
 }  // namespace essai

@@ -34,6 +34,8 @@ class Principale : public testing::Test {
   void CliqueDessin(float x, float y, Qt::KeyboardModifiers touches = {}, Qt::MouseButton bouton = Qt::LeftButton);
   QPoint PlaceDessin(float x, float y);
   static std::vector<std::string> Selectionnes();  // codes
+  // A click on a line of a tree: a path, or a point of it.
+  void CliqueLigne(const char* arbre, int groupe, int point = -1, Qt::MouseButton bouton = Qt::LeftButton);
 
   std::unique_ptr<ovelin::F_Representation> fenetre_;
   std::vector<std::string> ouvertes_;  // windows asked for, in order
