@@ -294,7 +294,12 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
 void F_Representation::closeEvent(QCloseEvent* e) {
   if (dechargee_) return;
   if (OperationCarte) {
-    FermeApresRun();
+    // A test is ended where it was begun: whoever measures would lose what he has found.
+    if (TestEnCours) {
+      Svc.Bip();
+    } else {
+      FermeApresRun();
+    }
     return e->ignore();
   }
   if (RemetFermeture(*this, *e)) return;
@@ -434,6 +439,9 @@ void F_Representation::AfficheCarte() {
   if (carte_ == nom) return;
   carte_ = nom;
   SB1_->Carte(TexteQt(nom), TexteQt(Textes::BulleCarte));
+  if (QAction* panneau = commandes_->Action("mnu_CarteVirtuelle")) {
+    panneau->setVisible(LaCarte.genre == GenreCarte::Virtuelle);
+  }
 }
 
 void F_Representation::MenuImage(const QPoint& ecran) {

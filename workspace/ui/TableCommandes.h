@@ -27,7 +27,7 @@ struct LigneMenu {
 };
 
 // In the order of the menus. A command that the window has nothing to do for, or whose window doesn't exist, isn't
-// shown.
+// shown; nor is the panel of the virtual board with another board.
 std::span<const LigneCommande> TableCommandes();
 std::span<const LigneMenu> TableMenus();
 

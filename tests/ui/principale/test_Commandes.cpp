@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <algorithm>
 #include <set>
 
 #include "core/RunCourant.h"
@@ -119,6 +120,23 @@ TEST_F(Commandes, AnotherBoardIsTakenByCommandAndTheStatusBarSaysSo) {
     Commande("mnu_Carte");
     EXPECT_EQ(C<QLabel>("SB1_9")->text().toStdString(), nom);
   }
+}
+
+// Beside the choice of the board, as long as there is something behind it, in a run as well.
+TEST_F(Commandes, ThePanelOfTheVirtualBoardIsOfferedWithThatBoardAlone) {
+  Charge();
+  const std::vector<std::string> noms = Noms(C<QMenu>("mnu_Options")->actions());
+  const auto choix = std::find(noms.begin(), noms.end(), "mnu_Carte");
+  ASSERT_NE(choix, noms.end());
+  EXPECT_EQ(*(choix + 1), "mnu_CarteVirtuelle");
+  for (const auto& [carte, offert] : {std::pair{"virtuelle", true}, {"aucune", false}}) {
+    essai::AttendSaisie("Carte_choix", carte);
+    Commande("mnu_Carte");
+    EXPECT_EQ(Menu("mnu_CarteVirtuelle")->isVisible(), offert) << carte;
+  }
+  OperationCarte = true;
+  Commande("mnu_CarteVirtuelle");
+  EXPECT_THAT(ouvertes_, ElementsAre("F_CarteVirtuelle"));
 }
 
 TEST_F(Commandes, ASwitchThatIsRefusedStaysAsItWas) {

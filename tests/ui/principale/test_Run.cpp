@@ -22,6 +22,7 @@ class PendantUnRun : public essai::Principale {
   }
   void Run(bool enCours) {
     OperationCarte = RunActif = enCours;
+    TestEnCours = false;
     AvisRun::Unique().Note(enCours);
   }
 };
@@ -110,6 +111,25 @@ TEST_F(PendantUnRun, ACloseStopsByTheRampAndComesBehindTheRun) {
   Run(false);
   essai::Evenements();
   EXPECT_FALSE(fenetre_->isVisible());
+}
+
+// A test of the machine is ended in its own window: neither the cross nor "Quit" does, nor are they remembered.
+TEST_F(PendantUnRun, InATestAClosingBeepsAndTheWindowStays) {
+  Charge();
+  C<QTimer>("Timer_Fin")->setInterval(0);
+  OperationCarte = TestEnCours = true;
+  EXPECT_FALSE(fenetre_->close());
+  EXPECT_EQ(essai::Bips(), 1);
+  Commande("mnu_Quitter");
+  EXPECT_EQ(essai::Bips(), 2);
+  EXPECT_EQ(StopDemande, Faux) << "the test goes on";
+  StopDemande = Vrai;  // its stop is pressed: it runs out
+  EXPECT_FALSE(fenetre_->close());
+  EXPECT_EQ(essai::Bips(), 3);
+  OperationCarte = TestEnCours = false;
+  essai::Evenements();
+  EXPECT_TRUE(fenetre_->isVisible()) << "what was refused does not come later";
+  EXPECT_TRUE(fenetre_->close());
 }
 
 TEST_F(PendantUnRun, TheBarOfStatusHasTheStopAndEscapeStopsAtOnceInEveryWindow) {
