@@ -19,6 +19,7 @@ namespace {
 
 constexpr double PauseAttente = 0.005;  // s between two looks at the board
 constexpr double VitesseMini = 0.01;    // mm/s, the least that two decimals hold
+constexpr double VitesseMaxi = 1e6;     // mm/s: beyond what any axis does
 
 constexpr int TwipsPixel = 15;
 constexpr const char* Fenetre = "F_PasPerdus";
@@ -58,8 +59,8 @@ bool LitPas(int index, int axe, const std::string& vitesse, PasDemande& pas) {
     Message(Textes::PasSansLongueur, Icone::Exclamation);
     return false;
   }
-  if (v < VitesseMini) {
-    Message(Textes::EssaiVitesse, Icone::Exclamation);
+  if (v < VitesseMini || v > VitesseMaxi) {
+    Message(v > VitesseMaxi ? Textes::EssaiNombre : Textes::EssaiVitesse, Icone::Exclamation);
     return false;
   }
   pas.mm[static_cast<std::size_t>(axe)] = EnFloat(mm);

@@ -64,7 +64,8 @@ QWidget* PageSorties::GroupeInterface() {
   return groupe;
 }
 
-// Two halves beside each other, the second one behind the first: OUT1 to OUT5, OUT6 to OUT10.
+// Two halves beside each other; the keyboard goes down the first one, then down the second: OUT1 to OUT5, OUT6 to
+// OUT10.
 QWidget* PageSorties::GroupeSorties() {
   QGroupBox* groupe = Groupe("Frame_Sorties", Francais("Sorties"), this);
   QGridLayout* grille = GrilleGroupe(*groupe);
@@ -73,8 +74,8 @@ QWidget* PageSorties::GroupeSorties() {
     signaux << QStringLiteral("Dir ") + QLatin1String(axe) << QStringLiteral("Step ") + QLatin1String(axe);
   }
   signaux << TexteQt(Textes::SignalAucun);
-  for (int rang = 0; rang < Moitie; ++rang) {
-    for (int moitie = 0; moitie < 2; ++moitie) {
+  for (int moitie = 0; moitie < 2; ++moitie) {
+    for (int rang = 0; rang < Moitie; ++rang) {
       const int sortie = moitie * Moitie + rang + 1;
       const int colonne = 3 * moitie;
       QComboBox* signal =

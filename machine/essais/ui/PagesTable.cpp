@@ -122,7 +122,10 @@ QWidget* PageMecanique(ControlesTable& controles) {
       *moteurs, 4, "Lbl_Inversion", "Inversion sens :",
       [&controles](std::size_t axe) -> QWidget* {
         static constexpr std::array<ChampMachine, 3> champs{C::InverseSensX, C::InverseSensY, C::InverseSensZ};
-        return controles.Coche(champs[axe], {}, Bulle("L'axe {A} tourne dans l'autre sens", axe));
+        return controles.Coche(champs[axe], {},
+                               Bulle("Gardé dans la table et lu par d'autres programmes ; pour inverser l'axe {A}, "
+                                     "inversez le signal de sa sortie Dir",
+                                     axe));
       },
       Qt::AlignHCenter);
 

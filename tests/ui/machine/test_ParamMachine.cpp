@@ -161,13 +161,20 @@ TEST_F(ParamMachine, NegativeAndHugeNumbersAreRefusedAndTheOneBeforeComesBack) {
   EXPECT_EQ(Cle("Essai", "TB_SAV_3"), "100");
 }
 
-TEST_F(ParamMachine, TheInversionOfAnAxisHoldsAtOnce) {
+TEST_F(ParamMachine, TheInversionOfAnAxisHoldsAtOnceAndTurnsNoMove) {
   Ouvre();
   ASSERT_EQ(InverseY, 0);
-  CB(2).setChecked(true);
-  EXPECT_EQ(InverseY, 1);
-  CB(2).setChecked(false);
-  EXPECT_EQ(InverseY, 0);
+  for (const bool inverse : {true, false}) {
+    CB(2).setChecked(inverse);
+    EXPECT_EQ(InverseY, inverse ? 1 : 0);
+    carte_->Place({0, 0, 0});
+    float v = 1, t = 0;
+    CdeZENIK->EnvoiUSB();
+    CdeZENIK->CommandeDATAmm(0, 1, 0, v, t);
+    CdeZENIK->CommandeDATAend();
+    while (CdeZENIK->EnCours != Faux) CdeZENIK->DemandeInformation();
+    EXPECT_EQ(carte_->Lieu(), (zenikcom::Axes3{0, 100, 0})) << "the signal of its output inverts it";
+  }
 }
 
 TEST_F(ParamMachine, ThePictureFollowsTheSideFromWhichTheMachineIsSeen) {
@@ -200,6 +207,25 @@ TEST_F(ParamMachine, TheSlopeIsShownInSecondsAndItsFieldMovesTheSlider) {
   EXPECT_EQ(pente->text(), "1");
   Controle<QSlider>(fenetre_, "Sld_SAV_0")->setValue(3);
   EXPECT_EQ(pente->text(), "3");
+}
+
+// From the first output on the Tab key visits each signal and its inversion, in the order of their numbers: down
+// the left half, then down the right one.
+TEST_F(ParamMachine, TheTabKeyGoesThroughTheOutputsByTheirNumbers) {
+  Ouvre();
+  Page(3);
+  Combo(1).setFocus();
+  std::vector<std::string> visites, attendu;
+  for (int sortie = 1; sortie <= 10; ++sortie) {
+    attendu.push_back("Combo_SAV_" + std::to_string(sortie));
+    attendu.push_back("CB_SAV_" + std::to_string(100 + sortie));
+  }
+  for (std::size_t i = 0; i < attendu.size(); ++i) {
+    visites.push_back(QApplication::focusWidget()->objectName().toStdString());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(visites, attendu);
+  EXPECT_LT(CB(105).mapTo(&fenetre_, QPoint()).x(), Combo(6).mapTo(&fenetre_, QPoint()).x()) << "two halves";
 }
 
 TEST_F(ParamMachine, APresetFillsTheOutputsAndClearsTheInversions) {
@@ -420,6 +446,8 @@ TEST_F(ParamMachine, InATestClosingBeepsAndStopEndsIt) {
     EXPECT_TRUE(fenetre_.isVisible());
     EXPECT_EQ(Bips(), 1);
     Clique(Btn("Cmd_Stop"));
+    EXPECT_FALSE(fenetre_.close()) << "stopped, but the test has not come to its end";
+    EXPECT_EQ(Bips(), 2);
   };
   Clique(Btn("Cmd_GO"));
   EXPECT_TRUE(vu);

@@ -83,6 +83,8 @@ TEST_F(PasPerdus, DuringAStepItBeepsAndStaysAndEscapeStops) {
     EXPECT_FALSE(fenetre_.close());
     EXPECT_EQ(Bips(), 1);
     QTest::keyClick(&fenetre_, Qt::Key_Escape);
+    EXPECT_FALSE(fenetre_.close()) << "stopped, but the step has not come to its end";
+    EXPECT_EQ(Bips(), 2);
   };
   Clique(Btn("Cmd_Depl_1"));
   EXPECT_TRUE(vu);

@@ -1,5 +1,5 @@
-// Random work in the windows of the machine, repeatable by its seed: whatever is clicked and typed, nothing hangs,
-// the controls come back, and what the settings hold can be read.
+// Random work in the windows of the machine and of the board's choice, repeatable by its seed: whatever is clicked
+// and typed, nothing hangs, the controls come back, and what the settings hold can be read.
 #include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QCheckBox>
@@ -11,8 +11,11 @@
 #include <sstream>
 
 #include "controller/ui/F_CarteVirtuelle.h"
+#include "controller/ui/F_ChangtTable.h"
 #include "core/Nombres.h"
 #include "core/ui/ChampNombre.h"
+#include "core/ui/F_ParamAppli.h"
+#include "core/ui/PageChoixCarte.h"
 #include "machine/essais/ui/F_ParamMachine.h"
 #include "machine/essais/ui/F_PasPerdus.h"
 #include "machine/essais/ui/F_Test.h"
@@ -55,10 +58,14 @@ class SingeMachine : public BancMachine {
     aChaqueTour_ = [this] {
       if (TestEnCours && Un(300) == 0) StopDemande = Vrai;
     };
-    fenetres_ = {&param_, &perdus_, &test_, &panneau_};
+    CarteReglee = [] {};
     perdus_.setModal(false);
     test_.setModal(false);
     Charge();
+  }
+  ~SingeMachine() override {
+    CarteReglee = nullptr;
+    fenetres_.clear();
   }
 
   int Un(int n) { return static_cast<int>(hasard_() % static_cast<unsigned>(n)); }
@@ -66,6 +73,10 @@ class SingeMachine : public BancMachine {
     param_.Form_Load();
     perdus_.Form_Load();
     panneau_.Form_Load();
+    changt_.Form_Load();
+    appli_ =
+        std::make_unique<F_ParamAppli>();  // made anew for each showing, as its settings are those of the moment
+    fenetres_ = {&param_, &perdus_, &test_, &panneau_, &changt_, appli_.get()};
     for (QDialog* f : fenetres_) f->show();
   }
   template <class T>
@@ -89,12 +100,21 @@ class SingeMachine : public BancMachine {
   F_PasPerdus perdus_;
   F_Test test_;
   F_CarteVirtuelle panneau_;
+  F_ChangtTable changt_;
+  std::unique_ptr<F_ParamAppli> appli_;
   std::vector<QDialog*> fenetres_;
 };
 
 std::string SingeMachine::AgitFenetre(QDialog& fenetre) {
   const std::string qui = fenetre.objectName().toStdString() + " ";
-  switch (Un(6)) {
+  switch (Un(7)) {
+    case 6: {
+      auto* liste = UnDe<QListWidget>(fenetre);
+      if (liste == nullptr || liste->count() == 0) return "";
+      liste->setCurrentRow(Un(liste->count()));
+      Q_EMIT liste->itemClicked(liste->currentItem());
+      return qui + liste->objectName().toStdString();
+    }
     case 0:
     case 1: {
       auto* champ = UnDe<QLineEdit>(fenetre);
@@ -157,7 +177,7 @@ std::string SingeMachine::Agit() {
     Charge();
     return "closed and opened";
   }
-  return AgitFenetre(*fenetres_[static_cast<std::size_t>(Un(4))]);
+  return AgitFenetre(*fenetres_[static_cast<std::size_t>(Un(static_cast<int>(fenetres_.size())))]);
 }
 
 // What must hold behind every action; "" when it does.

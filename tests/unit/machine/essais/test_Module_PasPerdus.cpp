@@ -72,8 +72,10 @@ TEST_F(PasPerdus, ChecksBeforeItCounts) {
   compteur_ = 3;
   Attend("F_ParamMachine", "lib011");
   EXPECT_EQ(Depl(0, 0, "0"), IssuePas::Refusee);
-  Attend("F_ParamMachine", "lib011");
-  EXPECT_EQ(Depl(1, 0, ""), IssuePas::Refusee);
+  for (const char* vitesse : {"", "-3", "-1e300"}) {
+    Attend("F_ParamMachine", "lib011");
+    EXPECT_EQ(Depl(1, 0, vitesse), IssuePas::Refusee) << vitesse;
+  }
   TableOuverte.Lit = [](const ChampMachine& c) -> std::string { return c.index == 3 ? "0" : "1"; };
   Attend("F_PasPerdus", "lib002");
   EXPECT_EQ(Depl(1), IssuePas::Refusee);
@@ -131,6 +133,16 @@ TEST_F(PasPerdus, ASecondPressDuringTheStepBeeps) {
   };
   EXPECT_EQ(Depl(1, 0, "0.05"), IssuePas::Faite);
   EXPECT_EQ(Bips(), 1);
+  EXPECT_EQ(compteur_, 1);
+}
+
+TEST_F(PasPerdus, AHugeSpeedIsWhatTheTableLeavesOfIt) {
+  EXPECT_EQ(Depl(1, 0, "1000000"), IssuePas::Faite);
+  EXPECT_EQ(carte_->Lieu(), (Axes3{1, 0, 0}));
+  for (const char* vitesse : {"1000001", "1e300"}) {
+    Attend("F_ParamMachine", "lib013");
+    EXPECT_EQ(Depl(1, 0, vitesse), IssuePas::Refusee) << vitesse;
+  }
   EXPECT_EQ(compteur_, 1);
 }
 
