@@ -1,6 +1,7 @@
 #include "controller/OperateurCarte.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "controller/ChoixCarte.h"
@@ -73,6 +74,39 @@ std::optional<ModeleDAxe> LitModeleAxe(std::string_view texte) {
     texte.remove_prefix(fin + 1);
   }
   return ModeleDAxe{axe, {nombres[0], nombres[1], std::llround(nombres[2])}};
+}
+
+std::optional<GesteCarte> LitGeste(std::string_view texte) {
+  const auto entier = [](std::string_view t, auto& v) {
+    const auto [fin, erreur] = std::from_chars(t.data(), t.data() + t.size(), v);
+    return erreur == std::errc{} && fin == t.data() + t.size();
+  };
+  GesteCarte geste;
+  const std::size_t deux = texte.find(':');
+  if (deux == std::string_view::npos || !entier(texte.substr(0, deux), geste.echange) || geste.echange < 1) {
+    return std::nullopt;
+  }
+  texte.remove_prefix(deux + 1);
+  const std::size_t egal = texte.find('=');
+  const std::string_view nom = texte.substr(0, egal);
+  const bool touches = nom == "keys";
+  if (!touches && nom != "limit" && nom != "origin") return std::nullopt;
+  geste.genre = touches ? GenreGeste::Touches : nom == "limit" ? GenreGeste::FinDeCourse : GenreGeste::Origine;
+  geste.valeur = 1;
+  if (egal == std::string_view::npos) return touches ? std::nullopt : std::optional(geste);
+  if (!entier(texte.substr(egal + 1), geste.valeur) || (!touches && geste.valeur > 1)) return std::nullopt;
+  return geste;
+}
+
+void FaitGeste(zenikcom::CarteVirtuelle& carte, const GesteCarte& geste) {
+  switch (geste.genre) {
+    case GenreGeste::FinDeCourse:
+      return carte.FinDeCourse(geste.valeur != 0);
+    case GenreGeste::Origine:
+      return carte.Origine(geste.valeur != 0);
+    case GenreGeste::Touches:
+      return carte.Appuie(geste.valeur);
+  }
 }
 
 std::optional<zenikcom::Faute> LitFautePrevue(int genre, const std::string& apres, const std::string& duree,

@@ -37,6 +37,18 @@ struct ModeleDAxe {
 };
 std::optional<ModeleDAxe> LitModeleAxe(std::string_view texte);
 
+// What a hand does at the board just before an exchange, counted from 1: a switch pressed or let go, the keypad.
+enum class GenreGeste { FinDeCourse, Origine, Touches };
+struct GesteCarte {
+  std::int64_t echange = 0;
+  GenreGeste genre = GenreGeste::FinDeCourse;
+  std::uint8_t valeur = 0;  // a switch: 1 pressed, 0 let go; keys held down, 0 for none
+};
+// "12:limit", "12:limit=0", "40:origin", "3:keys=128" (as in byte 11 of a status); nothing for any other text.
+std::optional<GesteCarte> LitGeste(std::string_view texte);
+inline constexpr std::string_view NomsGestes = "limit, origin, keys=BYTE, with =0 let go";
+void FaitGeste(zenikcom::CarteVirtuelle& carte, const GesteCarte& geste);
+
 // A fault from its kind (as in NomsFautes), in how many exchanges it comes (1: the next) and, of a board that is
 // unplugged, for how many seconds (0: for good). Nothing for fields that are no such numbers.
 std::optional<zenikcom::Faute> LitFautePrevue(int genre, const std::string& apres, const std::string& duree,

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <fstream>
 
+#include "app/cli/Gestes.h"
 #include "base/Indices.h"
 #include "closed/CarteVirtuelle.h"
 #include "controller/ChoixCarte.h"
@@ -59,6 +60,7 @@ int CarteAppel::JugeCarte() const {
                        : !contexte_.fautes.empty()     ? "--fault"
                        : !contexte_.parcours.empty()   ? "--path"
                        : !contexte_.modeles.empty()    ? "--model"
+                       : !contexte_.gestes.empty()     ? "--hand"
                        : contexte_.rapide              ? "--fast"
                                                        : nullptr;
   if (option != nullptr && LaCarte.genre != GenreCarte::Virtuelle) {
@@ -81,8 +83,10 @@ int CarteAppel::Ouvre(std::initializer_list<std::string> entrees) {
     if (!raison.empty()) {
       return Echec(contexte_, Textes::EcritureRefusee, "\n" + contexte_.fil + ": " + raison, contexte_.fil);
     }
-    moyens.enveloppe = [this](std::unique_ptr<zenikcom::Liaison> l) { return journal_.Enveloppe(std::move(l)); };
   }
+  moyens.enveloppe = [this](std::unique_ptr<zenikcom::Liaison> l) {
+    return journal_.Enveloppe(Gestes::Enveloppe(std::move(l), contexte_.gestes));
+  };
   for (const RefusCarte& refus : InstalleCarte(moyens)) {
     // What was damaged is kept, and the board begins anew: that is told, and the call goes on.
     if (refus.texte == Textes::CarteFichierEndommage) {

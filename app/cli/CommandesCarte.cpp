@@ -14,6 +14,7 @@
 #include "controller/ChoixCarte.h"
 #include "controller/ClsCdeZENIK.h"
 #include "controller/ListeStockee.h"
+#include "controller/OperateurCarte.h"
 #include "core/ClesReglages.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
@@ -92,6 +93,16 @@ const char* EtatEnMots(std::uint8_t octet12) {
   return octet12 == 0 ? "running" : "rest";
 }
 
+// What can be seen of a virtual board beside its answers: what its outputs do, and its display.
+void MontreCarte(Json& objet) {
+  const auto vue = RegardeCarte();
+  if (!vue) return;
+  const zenikcom::SortiesCarte& s = vue->sorties;
+  objet["outputs"] = {{"motors", s.moteur}, {"auxiliary", s.auxiliaire}, {"spindle", s.broche}, {"value", s.pwm}};
+  objet["display"] = Json{{"on", vue->ecran.allume}, {"lines", Json::array()}};
+  for (const std::string& ligne : vue->ecran.lignes) objet["display"]["lines"].push_back(DeWindows1252(ligne));
+}
+
 // A byte, decimal or "0x1F"; nothing for any other text.
 std::optional<std::uint8_t> LitOctet(std::string_view texte) {
   const bool hexa = texte.starts_with("0x") || texte.starts_with("0X");
@@ -121,6 +132,7 @@ int EtatCarte(Contexte& contexte) {
     objet["limit_switch"] = (t[8] & 2U) != 0;
     objet["origin_switch"] = (t[8] & 4U) != 0;
     objet["keys"] = t[11];
+    MontreCarte(objet);
     return Fait;
   });
 }
@@ -224,6 +236,7 @@ int ParcoursDeCarte(Contexte& contexte) {
     objet["steps"] = enJson(c.pas);
     objet["place"] = enJson(LaCarte.virtuelle->Lieu());
     objet["lost"] = enJson(c.pasPerdus);
+    MontreCarte(objet);
     return EcouteSignaux::Venu() ? FinParSignal : CdeZENIK->IsAvailable() ? Fait : SansReponse(contexte);
   });
 }
@@ -303,6 +316,7 @@ int EchangeCarte(Contexte& contexte, const std::vector<std::string>& octets) {
     if (!CdeZENIK->EnvoiCommande(mode)) return SansReponse(contexte);
     objet["request"] = Hexadecimal(requete);
     objet["reply"] = Hexadecimal(CdeZENIK->Tampon);
+    MontreCarte(objet);
     return Fait;
   });
 }

@@ -35,6 +35,7 @@ struct Contexte {
   std::vector<std::string> fautes;   // N:KIND
   std::string parcours;              // OUT.svg, OUT.csv
   std::vector<std::string> modeles;  // AXIS:FREE:RAMP:PLAY
+  std::vector<std::string> gestes;   // N:WHAT
   bool rapide = false;
 
   std::map<std::string, Reponse> reponsesParCle;

@@ -225,6 +225,13 @@ void OptionsCarte(CLI::App* commande, Contexte& c) {
       ->check([](const std::string& texte) {
         return ovelin::LitModeleAxe(texte) ? std::string() : texte + ": AXIS:FREE[:RAMP[:PLAY]]";
       });
+  commande
+      ->add_option("--hand", c.gestes, "What a hand does at the virtual board: " + std::string(ovelin::NomsGestes))
+      ->type_name("N:WHAT")
+      ->allow_extra_args(false)
+      ->check([](const std::string& texte) {
+        return ovelin::LitGeste(texte) ? std::string() : texte + ": N:WHAT, " + std::string(ovelin::NomsGestes);
+      });
 }
 
 void CommandesGcode(CLI::App& app, Contexte& c, Options& o, Action& action) {

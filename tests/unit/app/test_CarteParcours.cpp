@@ -52,13 +52,66 @@ TEST(BoardPath, RefusesOtherExtensionsAndOtherBoards) {
   EXPECT_EQ(r.Json()["error"]["key"], "lib005");
   EXPECT_EQ(a.Appelle({"key", "set", "CarteZENIK", "aucune"}).etat, 0);
   for (const std::vector<std::string>& option :
-       {std::vector<std::string>{"--path", a.Chemin("p.svg")}, {"--model", "X:1"}}) {
+       {std::vector<std::string>{"--path", a.Chemin("p.svg")}, {"--model", "X:1"}, {"--hand", "1:limit"}}) {
     std::vector<std::string> appel{"board", "status", "--json"};
     appel.insert(appel.end(), option.begin(), option.end());
     r = a.Appelle(appel);
     EXPECT_EQ(r.etat, 1) << option[0];
     EXPECT_EQ(r.Json()["error"]["key"], "cli_carte_option") << r.sortie;
   }
+}
+
+TEST(BoardHand, PressesSwitchesAndKeysBeforeItsExchange) {
+  const Atelier a;
+  Retour r = a.Appelle({"board", "status", "--json", "--hand", "1:limit", "--hand", "1:keys=17"});
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  EXPECT_EQ(r.Json()["limit_switch"], true);
+  EXPECT_EQ(r.Json()["origin_switch"], false);
+  EXPECT_EQ(r.Json()["keys"], 17);
+  r = a.Appelle({"board", "status", "--json", "--hand", "2:origin=0", "--hand", "1:origin"});
+  EXPECT_EQ(r.Json()["origin_switch"], false) << "pressed at the first, let go at the second";
+  r = a.Appelle({"board", "status", "--json", "--hand", "9999:limit"});
+  EXPECT_EQ(r.Json()["limit_switch"], false) << "it has not come to that";
+}
+
+// Pressed while the first move runs.
+TEST(BoardHand, ALimitSwitchStopsAJob) {
+  const Atelier a;
+  const std::string nc = a.Ecrit("p.nc", Programme), fil = a.Chemin("fil.txt");
+  std::vector<std::string> appel{"play", nc, "--fast", "--answer", "2=yes", "--json"};
+  appel.insert(appel.end(), {"--wire", fil});
+  Retour r = a.Appelle(appel);
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  EXPECT_EQ(r.Json()["state"], "ended");
+  const std::string lignes = Atelier::Lit(fil);
+  const std::size_t premier = lignes.find("> 00 44");
+  ASSERT_NE(premier, std::string::npos);
+  const int echange = std::stoi(lignes.substr(lignes.rfind('\n', premier) + 1));
+  appel.insert(appel.end(), {"--hand", std::to_string(echange + 1) + ":limit"});
+  r = a.Appelle(appel);
+  EXPECT_NE(r.Json()["state"], "ended") << r.sortie;
+}
+
+TEST(BoardHand, OfNoGestureIsAWrongCall) {
+  const Atelier a;
+  for (const char* faux : {"limit", "0:limit", "1:door", "1:keys", "1:keys=256", "1:limit=2", "1:limit="}) {
+    EXPECT_EQ(a.Appelle({"board", "status", "--hand", faux}).etat, 2) << faux;
+  }
+}
+
+TEST(BoardStatus, ShowsOutputsAndDisplayOfTheVirtualBoard) {
+  const Atelier a;
+  auto j = a.Appelle({"board", "status", "--json"}).Json();
+  EXPECT_EQ(j["outputs"]["motors"], false);
+  EXPECT_EQ(j["display"]["lines"].size(), 2U);
+  j = a.Appelle({"board", "wire", "M", "1", "--json"}).Json();
+  EXPECT_EQ(j["outputs"]["motors"], true);
+  EXPECT_EQ(j["outputs"]["auxiliary"], false);
+  j = a.Appelle({"board", "wire", "P", "1", "200", "--json"}).Json();
+  EXPECT_EQ(j["outputs"]["spindle"], true);
+  EXPECT_EQ(j["outputs"]["value"], 200);
+  j = a.Appelle({"board", "wire", "L", "1", "0", "2", "79", "75", "--json"}).Json();
+  EXPECT_EQ(j["display"]["lines"][1].get<std::string>().substr(0, 2), "OK");
 }
 
 TEST(BoardModel, OfNoAxisIsAWrongCall) {
