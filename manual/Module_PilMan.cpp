@@ -243,14 +243,18 @@ VueVitesse AfficheVitesse() {
   return {TexteVitesseJog(v), lent || rapide, TexteMode(PilMan.Pas, PilMan.Valeurs())};
 }
 
-VuePosition TimerPosition() {
-  Interroge();
+VuePosition DernierePosition() {
   VuePosition vue;
   vue.palpeur = LireNombreTable(ChampsMachine::FinsDeCourse) == 1;
   vue.enButee = CdeZENIK->Origine != Faux || CdeZENIK->FinDeCourse != Faux;
   vue.lieu = {TextePosition(CdeZENIK->PosX), TextePosition(CdeZENIK->PosY), TextePosition(CdeZENIK->PosZ)};
-  Svc.MarquePosition(CdeZENIK->PosX, CdeZENIK->PosY);
   return vue;
+}
+
+VuePosition TimerPosition() {
+  Interroge();
+  Svc.MarquePosition(CdeZENIK->PosX, CdeZENIK->PosY);
+  return DernierePosition();
 }
 
 std::int32_t TientMoteur() {

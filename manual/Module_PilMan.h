@@ -83,6 +83,8 @@ struct VuePosition {
   bool enButee = false;  // a switch is pressed: "END/ORIG"
   std::array<std::string, 3> lieu;
 };
+// What is known of it without asking.
+VuePosition DernierePosition();
 // Asks the board, unless a job has it; then the spindle's wish, then the keypad, whose jog has ended on return.
 VuePosition TimerPosition();
 

@@ -136,7 +136,7 @@ void F_PilMan::Form_Load() {
   MontrePage(clavier_);
   MontreValeurs();
   MontreVitesse();
-  MontreBoutons();
+  MontrePosition(DernierePosition());
   MontreCarte();
   TimerPosition_.start(std::max(Regl.TimerInterval, IntervalleMin));
 }
@@ -297,10 +297,7 @@ void F_PilMan::Interroge() {
   if (PasseEnCours()) return;
   const VuePosition vue = TimerPosition();
   if (!isVisible()) return;
-  bute_ = vue.enButee;
-  Lbl_Palpeur_->setEnabled(vue.palpeur);
-  MontreLieu(vue.lieu);
-  MontreBoutons();
+  MontrePosition(vue);
   MontreCarte();
 }
 
@@ -406,6 +403,14 @@ void F_PilMan::MontreVitesse() {
   Colore(*Lbl_Vitesse_, "QLabel", vue.modifiee, Vert, QPalette::Window);
   SB_->setText(QString::fromStdString(vue.mode));
   clavier_->Enfonce(PilMan.Shift != Faux, PilMan.Ctrl != Faux);
+  clavier_->Choisit(PilMan.Pas == PasValeurs ? touche::V : touche::F5 + PilMan.Pas - PasContinu);
+}
+
+void F_PilMan::MontrePosition(const VuePosition& vue) {
+  bute_ = vue.enButee;
+  Lbl_Palpeur_->setEnabled(vue.palpeur);
+  MontreLieu(vue.lieu);
+  MontreBoutons();
 }
 
 void F_PilMan::MontreLieu(const std::array<std::string, 3>& lieu) {

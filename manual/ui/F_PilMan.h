@@ -76,6 +76,7 @@ class F_PilMan : public QDialog {
   void Reduit(bool reduit);
   void MontrePage(QWidget* page);
   void MontreVitesse();
+  void MontrePosition(const VuePosition& vue);
   void MontreLieu(const std::array<std::string, 3>& lieu);
   void MontreBoutons();
   void MontreCarte();

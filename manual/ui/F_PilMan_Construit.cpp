@@ -17,6 +17,7 @@ namespace {
 constexpr int DelaiFlash = 200, DelaiCarre = 400, PeriodeLiaison = 20;  // ms
 constexpr int LignesAide = 19;      // of the help where the window is narrow: three a sentence, and their distances
 constexpr double TailleLieu = 1.6;  // of the window's letters
+constexpr int EcartAxes = 2;        // pixels around an axis in its list
 constexpr std::array Axes{"X", "Y", "Z"};
 
 // White on a red that stands out from both themes.
@@ -43,6 +44,8 @@ QListWidget* ListeAxes(const QString& nom, const QString& bulle, QWidget* parent
   liste->setProperty("texteLibre", true);
   liste->setAccessibleName(TexteQt(Textes::NomListeAxes));
   liste->setMinimumWidth(90);
+  liste->setSpacing(EcartAxes);
+  liste->setFixedHeight(3 * (liste->sizeHintForRow(0) + 2 * EcartAxes) + 2 * liste->frameWidth());
   return liste;
 }
 
@@ -187,9 +190,10 @@ QGroupBox* F_PilMan::ConstruitOrigine() {
   QGroupBox* cadre = Groupe("FrameOrigine", "Origine ici", this);
   auto* colonne = new QVBoxLayout(cadre);
   List_Origine_ = ListeAxes("List_Origine", "Axes dont la place présente devient zéro", this);
-  colonne->addWidget(List_Origine_, 1);
+  colonne->addWidget(List_Origine_);
   Btn_OKOrigine_ = BoutonPilotage("Btn_OKOrigine", "OK", "Mettre ces axes à zéro", this);
   colonne->addLayout(RangeeBoutons({Btn_OKOrigine_}));
+  colonne->addStretch();
   return cadre;
 }
 
@@ -197,11 +201,12 @@ QGroupBox* F_PilMan::ConstruitRetour() {
   QGroupBox* cadre = Groupe("FrameR_Origine", "Retour à l'origine", this);
   auto* colonne = new QVBoxLayout(cadre);
   List_R_Origine_ = ListeAxes("List_R_Origine", "Axes qui reviennent à zéro", this);
-  colonne->addWidget(List_R_Origine_, 1);
+  colonne->addWidget(List_R_Origine_);
   Btn_OKR_Origine_ = {
       BoutonPilotage("Btn_OKR_Origine_0", "mm/s", "Revenir à la vitesse des déplacements à la main", this),
       BoutonPilotage("Btn_OKR_Origine_1", "Vitesse", "Revenir à la vitesse de la table", this)};
   colonne->addLayout(RangeeBoutons({Btn_OKR_Origine_[0], Btn_OKR_Origine_[1]}));
+  colonne->addStretch();
   return cadre;
 }
 

@@ -138,6 +138,12 @@ void ImageClavier::Enfonce(bool majuscule, bool controle) {
   update();
 }
 
+void ImageClavier::Choisit(int code) {
+  if (code == choisie_) return;
+  choisie_ = code;
+  update();
+}
+
 // Keys stay square, the picture in the middle of its room.
 QRectF ImageClavier::Place(const Touche& t) const {
   const double cote = std::min(width() / Colonnes, height() / Rangees);
@@ -165,7 +171,8 @@ void ImageClavier::PeintTouche(QPainter& p, const Touche& t) const {
   const bool enfoncee = t.code == pointee_ || (t.code == touche::Majuscule && majuscule_) ||
                         (t.code == touche::Controle && controle_);
   const QColor texte = palette().color(enfoncee ? QPalette::HighlightedText : QPalette::ButtonText);
-  p.setPen(palette().color(QPalette::Mid));
+  const bool choisie = t.code == choisie_;
+  p.setPen(choisie ? QPen(palette().color(QPalette::Highlight), 2) : QPen(palette().color(QPalette::Mid)));
   p.setBrush(palette().color(enfoncee ? QPalette::Highlight : QPalette::Button));
   p.drawRoundedRect(place, 4, 4);
   p.setPen(texte);

@@ -16,6 +16,8 @@ class ImageClavier : public QWidget {
   [[nodiscard]] int Encerclee() const { return encerclee_; }
   // A modifier that is set is drawn pressed.
   void Enfonce(bool majuscule, bool controle);
+  // The key of the mode in force has a rim.
+  void Choisit(int code);
   // Middle of the key of that code, in the coordinates of the picture.
   [[nodiscard]] QPoint Milieu(int code) const;
   // The pointer has been let go somewhere.
@@ -40,7 +42,7 @@ class ImageClavier : public QWidget {
   [[nodiscard]] const Touche* Sous(const QPointF& point) const;
   void PeintTouche(QPainter& p, const Touche& touche) const;
 
-  int encerclee_ = 0, pointee_ = 0;
+  int encerclee_ = 0, pointee_ = 0, choisie_ = 0;
   bool majuscule_ = false, controle_ = false;
 };
 

@@ -1,123 +1,17 @@
 // The window of manual control, with real keys and a real pointer, on a virtual board under the test's clock.
-#include <QAbstractButton>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QStackedWidget>
-#include <QTimer>
-#include <cmath>
-#include <functional>
-#include <random>
 #include <set>
 
-#include "closed/CarteVirtuelle.h"
-#include "controller/ClsCdeZENIK.h"
-#include "core/Cles.h"
-#include "core/ReglagesCourants.h"
-#include "core/RunCourant.h"
+#include "controller/ChoixCarte.h"
 #include "core/ui/ChampNombre.h"
 #include "core/ui/Fenetres.h"
-#include "core/ui/Pointeur.h"
-#include "machine/Module_Table.h"
-#include "manual/Module_PilMan.h"
 #include "manual/Module_PlaceMan.h"
-#include "manual/Touches.h"
-#include "manual/ui/F_PilMan.h"
-#include "manual/ui/ImageClavier.h"
 #include "manual/ui/TouchesQt.h"
-#include "tests/ui/support/SupportUi.h"
+#include "tests/ui/fenetres/BancPilMan.h"
 
+namespace essai {
 namespace {
 
-using namespace ovelin;
-using namespace essai;
-using zenikcom::Axes3;
-
-// 100, 50 and 200 steps a mm.
-constexpr const char* TableEssai =
-    "[OVELIN]\r\nTableDefaut=Essai\r\n[table_Essai]\r\nTB_SAV_0=2\r\nTB_SAV_1=4\r\nTB_SAV_2=1\r\nTB_SAV_3=200\r\n"
-    "TB_SAV_4=200\r\nTB_SAV_5=200\r\nCombo_SAV_12=0\r\nCombo_SAV_13=0\r\nCombo_SAV_14=0\r\nTB_SAV_12=4\r\n"
-    "TB_SAV_13=4\r\nTB_SAV_14=4\r\nTB_SAV_15=20\r\nTB_SAV_16=16\r\nTB_SAV_17=8\r\nTB_SAV_30=30\r\nTB_SAV_31=80\r\n";
-
-class FPilMan : public testing::Test {
- protected:
-  FPilMan() : bouge_(BougePointeur) {
-    EcritFichierEssai("OVELIN.ini", TableEssai);
-    OublieCles();
-    TableDefaut = "Essai";
-    ChargeGlobalesTable();
-    Svc.Horloge = [this] { return heure_; };
-    Svc.Attend = [this](double s) { heure_ += s; };
-    Svc.LaisseEvenements = [this](ovelin::Evenements) {
-      heure_ += 0.0005;
-      if (aChaqueTour_) aChaqueTour_();
-    };
-    BougePointeur = [this](int dx, int dy) { sauts_.emplace_back(dx, dy); };
-    zenikcom::ConditionsCarte c;
-    c.horloge = [this] { return std::llround(heure_ * 1e9); };
-    carte_ = zenikcom::CreeCarteVirtuelle(std::move(c));
-    CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte_));
-    CdeZENIK->ChargeParametres();
-    f_ = std::make_unique<F_PilMan>();
-  }
-  ~FPilMan() override {
-    f_.reset();
-    BougePointeur = bouge_;
-    CdeZENIK = std::make_unique<ClsCdeZENIK>();
-  }
-
-  void Ouvre() {
-    f_->Form_Load();
-    Montre(*f_);
-    ASSERT_TRUE(f_->isActiveWindow());
-  }
-  [[nodiscard]] Axes3 Lieu() const { return carte_->Lieu(); }
-  QLabel* L(const char* nom) { return Controle<QLabel>(*f_, nom); }
-  QPushButton* B(const char* nom) { return Controle<QPushButton>(*f_, nom); }
-  ImageClavier* Image() { return Controle<ImageClavier>(*f_, "Img_Clavier"); }
-  QTimer* Timer(const char* nom) {
-    auto* timer = f_->findChild<QTimer*>(nom);
-    if (timer == nullptr) qFatal("no timer %s", nom);
-    return timer;
-  }
-  void Touche(int cle, Qt::KeyboardModifiers avec = {}) {
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key(cle), avec);
-  }
-  QWidget* Page() { return Controle<QStackedWidget>(*f_, "Pages")->currentWidget(); }
-  // Does `quoi` once, that long after the machine has begun to move.
-  void Apres(double secondes, std::function<void()> quoi) {
-    aChaqueTour_ = [this, secondes, quoi = std::move(quoi), depart = -1.0, fait = false]() mutable {
-      if (depart < 0 && PilMan.JogActif && carte_->Compteurs().ticks > 0) depart = heure_;
-      if (fait || depart < 0 || heure_ - depart < secondes) return;
-      fait = true;
-      instant_ = heure_;
-      quoi();
-    };
-  }
-  // A continuous jog at 20 mm/s, ended by `quoi`: within a tenth of a second and the ramp of 0.279 s.
-  void AttendArretPar(const std::function<void()>& quoi) {
-    Ouvre();
-    PilMan.Vitesse = 20;
-    Touche(Qt::Key_F5);
-    Apres(1, quoi);
-    QTest::keyPress(QApplication::focusWidget(), Qt::Key_Right);
-    ASSERT_GT(instant_, 0) << "nothing has happened";
-    EXPECT_LT(heure_ - instant_, 0.1 + 0.279);
-    EXPECT_GT(heure_ - instant_, 0.2) << "not by the ramp";
-    EXPECT_EQ(Lieu()[0], CdeZENIK->PasX);
-    EXPECT_FALSE(PilMan.JogActif);
-  }
-
-  double heure_ = 1000, instant_ = 0;  // s
-  std::vector<std::pair<int, int>> sauts_;
-  std::shared_ptr<zenikcom::CarteVirtuelle> carte_;
-  std::function<void()> aChaqueTour_;
-  std::unique_ptr<F_PilMan> f_;
-
- private:
-  std::function<void(int, int)> bouge_;
-};
+using FPilMan = BancPilMan;
 
 struct CasTouche {
   int cle;
@@ -177,109 +71,6 @@ TEST_F(FPilMan, KeysMoveWhicheverButtonHasTheKeyboard) {
   EXPECT_TRUE(B("Lbl_RAZ")->hasFocus());
 }
 
-TEST_F(FPilMan, AHeldKeyThatRepeatsIsNeitherPressedNorLetGoAgain) {
-  Ouvre();
-  Touche(Qt::Key_F5);
-  int tours = 0;
-  Apres(0.5, [&] {
-    for (; tours < 20; ++tours) {
-      QKeyEvent lache(QEvent::KeyRelease, Qt::Key_Right, {}, {}, true);
-      QKeyEvent presse(QEvent::KeyPress, Qt::Key_Right, {}, {}, true);
-      QApplication::sendEvent(QApplication::focusWidget(), &lache);
-      QApplication::sendEvent(QApplication::focusWidget(), &presse);
-    }
-    EXPECT_TRUE(PilMan.JogActif && StopDemande == Faux);
-    QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Right);
-    EXPECT_EQ(StopDemande, Vrai);
-  });
-  QTest::keyPress(QApplication::focusWidget(), Qt::Key_Right);
-  EXPECT_EQ(tours, 20);
-}
-
-TEST_F(FPilMan, ALetGoKeyEndsAJog) {
-  AttendArretPar([] { QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Right); });
-}
-
-TEST_F(FPilMan, TheLossOfTheKeyboardEndsAJog) {
-  QWidget autre;
-  AttendArretPar([&] { Montre(autre); });
-}
-
-TEST_F(FPilMan, HidingTheWindowEndsAJog) {
-  AttendArretPar([&] { f_->hide(); });
-}
-
-TEST_F(FPilMan, ClosingTheWindowEndsAJogAndKeepsThePlace) {
-  AttendArretPar([&] { f_->close(); });
-  EXPECT_EQ(LireCleIni("F_PilMan_posX", ""), std::to_string(Lieu()[0]));
-}
-
-TEST_F(FPilMan, ALockedScreenEndsAJog) {
-  AttendArretPar([&] { f_->EcranVerrouille(); });
-}
-
-TEST_F(FPilMan, ThePointerLetGoAnywhereEndsAJogOfThePicture) {
-  Ouvre();
-  QWidget autre;
-  autre.resize(50, 50);
-  PilMan.Vitesse = 20;
-  Touche(Qt::Key_F5);
-  Apres(1, [&] { QTest::mouseRelease(B("Lbl_RAZ"), Qt::LeftButton); });
-  QTest::mousePress(Image(), Qt::LeftButton, {}, Image()->Milieu(touche::Droite));
-  ASSERT_GT(instant_, 0);
-  EXPECT_LT(heure_ - instant_, 0.1 + 0.279);
-  EXPECT_GT(Lieu()[0], 1000);
-}
-
-TEST_F(FPilMan, EscapeAndTheStopLabelEndAJogAtOnce) {
-  Ouvre();
-  PilMan.Vitesse = 20;
-  Touche(Qt::Key_F5);
-  Apres(1, [&] { QTest::keyPress(QApplication::focusWidget(), Qt::Key_Escape); });
-  QTest::keyPress(QApplication::focusWidget(), Qt::Key_Right);
-  EXPECT_LT(heure_ - instant_, 0.02);
-  EXPECT_TRUE(f_->isVisible()) << "Escape closes nothing";
-  EXPECT_TRUE(B("Lbl_Stop")->isDown());
-  Timer("TimerFlash")->setInterval(0);
-  Timer("TimerFlash")->start();
-  essai::Evenements();
-  EXPECT_FALSE(B("Lbl_Stop")->isDown());
-  instant_ = 0;
-  Apres(1, [&] { QTest::mousePress(B("Lbl_Stop"), Qt::LeftButton); });
-  QTest::keyPress(QApplication::focusWidget(), Qt::Key_Right);
-  ASSERT_GT(instant_, 0);
-  EXPECT_LT(heure_ - instant_, 0.02);
-  QTest::mouseRelease(B("Lbl_Stop"), Qt::LeftButton);
-}
-
-TEST_F(FPilMan, TheLinkIsWatchedInAJobAlone) {
-  Ouvre();
-  EXPECT_FALSE(Timer("TimerLiaison")->isActive());
-  Touche(Qt::Key_F7);
-  bool veille = false, interroge = true;
-  Apres(0.1, [&] {
-    veille = Timer("TimerLiaison")->isActive();
-    interroge = Timer("TimerPosition")->isActive();
-  });
-  Touche(Qt::Key_Right);
-  EXPECT_TRUE(veille);
-  EXPECT_FALSE(interroge) << "the reader of replies keeps the display";
-  EXPECT_FALSE(Timer("TimerLiaison")->isActive());
-  EXPECT_TRUE(Timer("TimerPosition")->isActive());
-}
-
-TEST_F(FPilMan, AUnpluggedBoardIsToldAndTheWindowGoesOn) {
-  Ouvre();
-  Touche(Qt::Key_F5);
-  Attend("F_Fraisage", "Run_liaison");
-  Apres(0.5, [&] { carte_->Debranche(true); });
-  QTest::keyPress(QApplication::focusWidget(), Qt::Key_Right);
-  EXPECT_FALSE(PilMan.JogActif);
-  EXPECT_TRUE(L("Lbl_Place")->isVisible()) << "nobody knows where it stands";
-  Clique(*B("Btn_Place"));
-  EXPECT_FALSE(L("Lbl_Place")->isVisible());
-}
-
 TEST_F(FPilMan, ThePlaceIsShownInAMoveAndAtRest) {
   Ouvre();
   Touche(Qt::Key_F6);
@@ -289,6 +80,39 @@ TEST_F(FPilMan, ThePlaceIsShownInAMoveAndAtRest) {
   EXPECT_GE(lieux.size(), 50U);
   EXPECT_EQ(L("Lbl_PosX")->text(), "10.0");
   EXPECT_EQ(L("Lbl_PosY")->text(), "0.00");
+}
+
+TEST_F(FPilMan, ThePlaceIsThereFromTheOpeningOn) {
+  EcritFichierEssai("OVELIN.ini", std::string(TableEssai).replace(0, 10, "[OVELIN]\r\nF_PilMan_posX=-250\r\n"));
+  OublieCles();
+  f_->Form_Load();
+  EXPECT_EQ(L("Lbl_PosX")->text(), "-2.50");
+  EXPECT_EQ(L("Lbl_PosZ")->text(), "0.00");
+}
+
+TEST_F(FPilMan, ThePictureShowsTheKeyOfTheModeInForce) {
+  Ouvre();
+  const auto touche = [this](int code) {
+    const QPoint milieu = Image()->Milieu(code);
+    const QImage image = Image()->grab().toImage();
+    return image.copy(QRect(milieu - QPoint(22, 22), milieu + QPoint(22, 22)));
+  };
+  QImage avant[2]{touche(touche::F5), touche(touche::F8)};
+  Touche(Qt::Key_F8);
+  Image()->Encercle(0);
+  EXPECT_NE(touche(touche::F5), avant[0]);
+  EXPECT_NE(touche(touche::F8), avant[1]);
+}
+
+TEST_F(FPilMan, SaysWhichBoardItDrives) {
+  LaCarte = {GenreCarte::Virtuelle, carte_, ""};
+  Ouvre();
+  EXPECT_EQ(L("Lbl_Carte")->text(), "Carte virtuelle");
+  LaCarte = {GenreCarte::Aucune, nullptr, ""};
+  CdeZENIK = std::make_unique<ClsCdeZENIK>();
+  EXPECT_EQ(L("Lbl_Carte")->text(), "Carte virtuelle") << "until it is asked again";
+  Sonne("TimerPosition");
+  EXPECT_EQ(L("Lbl_Carte")->text(), "Sans carte");
 }
 
 TEST_F(FPilMan, ThePollIsAsOftenAsTheSettingSays) {
@@ -540,103 +364,5 @@ TEST_F(FPilMan, TheDigitsOfAListOrAFieldStayTheirs) {
 }
 
 // Random keys, presses and events of the machine: counters and machine agree whatever happens.
-TEST_F(FPilMan, RandomActionsLeaveMachineAndCountersInAgreement) {
-  const auto entier = [](const char* nom, unsigned long sinon) {
-    const char* valeur = std::getenv(nom);
-    return valeur != nullptr ? std::strtoul(valeur, nullptr, 10) : sinon;
-  };
-  std::mt19937 hasard(static_cast<std::uint32_t>(entier("OVELIN_MONKEY_SEED", 20261122)));
-  const auto un = [&](int n) { return static_cast<int>(hasard() % static_cast<unsigned>(n)); };
-  const auto actions = static_cast<int>(entier("OVELIN_MONKEY_ACTIONS", 400));
-  Svc.Montre = [&](const BoiteMessage& boite) {
-    EXPECT_FALSE(boite.texte.empty()) << boite.cle;
-    return boite.boutons == Boutons::OuiNon ? Reponse::Non : Reponse::Ok;
-  };
-  static constexpr int Cles[]{Qt::Key_Left,     Qt::Key_Right,  Qt::Key_Up,      Qt::Key_Down,  Qt::Key_Home,
-                              Qt::Key_End,      Qt::Key_PageUp, Qt::Key_F1,      Qt::Key_F5,    Qt::Key_F6,
-                              Qt::Key_F7,       Qt::Key_F8,     Qt::Key_V,       Qt::Key_Plus,  Qt::Key_Minus,
-                              Qt::Key_Asterisk, Qt::Key_Escape, Qt::Key_Tab,     Qt::Key_Space, Qt::Key_Return,
-                              Qt::Key_7,        Qt::Key_3,      Qt::Key_PageDown};
-  const auto foyer = [&]() -> QWidget* {
-    QWidget* w = QApplication::focusWidget();
-    return w != nullptr && w->window() == f_.get() ? w : f_.get();
-  };
-  Axes3 zero{};  // machine's steps at the counters' zero
-  std::function<void()> agit;
-  int dedans = 0;
-  aChaqueTour_ = [&] {
-    if (PilMan.JogActif && dedans == 0 && un(200) == 0) {
-      ++dedans;
-      agit();
-      --dedans;
-    }
-    if (PilMan.JogActif && un(3000) == 0) ArreteAussitot();
-    if (RunActif && un(20000) == 0) {
-      carte_->Debranche(true);
-      CdeZENIK->IsAvailable();
-      carte_->Debranche(false);
-    }
-  };
-  agit = [&] {
-    const auto avec =
-        un(4) == 0 ? Qt::KeyboardModifiers(Qt::ShiftModifier) : Qt::KeyboardModifiers(Qt::KeypadModifier);
-    switch (un(8)) {
-      case 0:
-      case 1:
-      case 2:
-        QTest::keyClick(foyer(), Qt::Key(Cles[un(static_cast<int>(std::size(Cles)))]), avec);
-        break;
-      case 3: {
-        const QPoint p(un(Image()->width()), un(Image()->height()));
-        QTest::mousePress(Image(), Qt::LeftButton, {}, p);
-        QTest::mouseRelease(Image(), Qt::LeftButton, {}, p);
-        break;
-      }
-      case 4: {
-        std::vector<QAbstractButton*> boutons;
-        for (auto* b : f_->findChildren<QAbstractButton*>()) {
-          if (b->isVisible() && b->isEnabled()) boutons.push_back(b);
-        }
-        if (!boutons.empty()) Clique(*boutons[static_cast<std::size_t>(un(static_cast<int>(boutons.size())))]);
-        break;
-      }
-      case 5:
-        carte_->Appuie(static_cast<std::uint8_t>(un(3) == 0 ? un(256) & 0xF3 : 0));
-        if (dedans == 0) {
-          Timer("TimerPosition")->start(0);
-          essai::Evenements();
-          carte_->Appuie(0);
-        }
-        break;
-      case 6:
-        if (auto* champ = qobject_cast<QLineEdit*>(foyer())) champ->setText(QString::number(un(40) - 20));
-        if (auto* liste = qobject_cast<QListWidget*>(foyer())) {
-          liste->item(un(3))->setCheckState(un(2) == 0 ? Qt::Checked : Qt::Unchecked);
-        }
-        break;
-      default:
-        if (un(10) == 0) {
-          f_->close();
-          f_->Form_Load();
-          f_->show();
-          f_->activateWindow();
-        }
-        heure_ += 0.01 * un(50);
-    }
-  };
-  Ouvre();
-  for (int i = 0; i < actions && !HasFailure(); ++i) {
-    agit();
-    ASSERT_FALSE(PilMan.JogActif || RunActif || OperationCarte) << i;
-    if (CdeZENIK->TravailIncertain == Faux) {
-      const Axes3 ici = Lieu();
-      const Axes3 compte{CdeZENIK->PasX, CdeZENIK->PasY, CdeZENIK->PasZ};
-      for (std::size_t a = 0; a < 3; ++a) {
-        if (compte[a] == 0) zero[a] = ici[a];  // an origin may have been set
-        EXPECT_EQ(ici[a] - zero[a], compte[a]) << "axis " << a << " after action " << i;
-      }
-    }
-  }
-}
-
 }  // namespace
+}  // namespace essai

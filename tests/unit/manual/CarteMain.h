@@ -18,6 +18,7 @@
 #include "manual/Module_PilMan.h"
 #include "manual/Module_PlaceMan.h"
 #include "manual/Touches.h"
+#include "tests/support/MachineJog.h"
 #include "tests/support/Support.h"
 
 namespace essai {
@@ -60,7 +61,10 @@ class CarteMain : public testing::Test {
     c.horloge = [this] { return std::llround(heure_ * 1e9); };
     c.attend = [this](std::int64_t ns) { heure_ += static_cast<double>(ns) * 1e-9; };
     carte_ = zenikcom::CreeCarteVirtuelle(std::move(c));
-    CdeZENIK = std::make_unique<ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte_));
+    CdeZENIK = std::make_unique<ClsCdeZENIK>(std::make_unique<GuetStop>(zenikcom::LiaisonVirtuelle(carte_), [this] {
+      stop_ = heure_;
+      lieuStop_ = Lieu();
+    }));
     CdeZENIK->ChargeParametres();
   }
 
@@ -88,6 +92,8 @@ class CarteMain : public testing::Test {
 
   double heure_ = 1000;  // s
   double instant_ = 0;   // s, when what `Apres` does was done
+  double stop_ = 0;      // s, when the board got its last stop
+  Axes3 lieuStop_{};     // where the machine was then
   std::shared_ptr<zenikcom::CarteVirtuelle> carte_;
   std::function<void()> aChaqueTour_;
 };

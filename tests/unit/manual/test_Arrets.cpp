@@ -9,11 +9,6 @@ namespace {
 
 constexpr double DelaiArret = 0.1;  // s from the event to the stop that the board gets
 
-// A ramp from the highest to the start speed: the board's 255 levels are even steps of its rate, 16,384 counts of
-// its 12 MHz each, and the stop goes down to the level where no axis needs a ramp, a fifth of the rate at 20 and 4
-// mm/s.
-constexpr double DureeRampe = 255 * (1 - 4.0 / 20) * 16'384 / 12e6;  // s
-
 class ArretJog : public CarteMain {
  protected:
   // Runs a continuous jog along X at `vitesse` mm/s, at which `quoi` happens after a second.
@@ -31,9 +26,11 @@ class ArretJog : public CarteMain {
   }
   // Stopped by the ramp, in time, and counted to the step.
   void AttendRampe(double vitesse) {
-    EXPECT_LT(duree_, DelaiArret + DureeRampe);
-    EXPECT_GT(duree_, DureeRampe * 0.9) << "at once";
-    EXPECT_LT(sortie_, vitesse * DelaiArret + (vitesse + 4) / 2 * DureeRampe);
+    EXPECT_LE(stop_ - instant_, DelaiArret);
+    EXPECT_GE(stop_, instant_);
+    EXPECT_LT(heure_ - stop_, DureeRampe + Regard);
+    EXPECT_GT(heure_ - stop_, DureeRampe * 0.9) << "at once";
+    EXPECT_LT(static_cast<double>(Lieu()[0] - lieuStop_[0]) / 100, (vitesse + 4) / 2 * DureeRampe);
     EXPECT_EQ(Lieu(), Compte());
     EXPECT_FALSE(PilMan.JogActif);
     EXPECT_EQ(carte_->Compteurs().etat, zenikcom::EtatCarte::Arretee);
@@ -68,6 +65,7 @@ TEST_F(ArretJog, EscapeStopsAtOnce) {
 TEST_F(ArretJog, TheStopLabelStopsAtOnce) {
   Jogue(20, [] { ArreteAussitot(); });
   EXPECT_LT(duree_, 0.02);
+  EXPECT_EQ(Lieu(), lieuStop_) << "no step behind the stop";
 }
 
 TEST_F(ArretJog, AModifierLetGoStopsNothing) {
@@ -106,7 +104,8 @@ TEST_F(ArretJog, ASilentLinkStopsAfterATenthOfASecondTwiceOver) {
   };
   Appuie(touche::Droite);
   EXPECT_NEAR(vu - muette, 0.2, 0.01);
-  EXPECT_LT(heure_ - vu, DelaiArret + DureeRampe);
+  EXPECT_LE(stop_ - vu, DelaiArret);
+  EXPECT_LT(heure_ - stop_, DureeRampe + Regard);
   EXPECT_EQ(Lieu(), Compte());
 }
 
@@ -183,17 +182,10 @@ TEST_F(ArretJog, AJogThatIsEndedBeforeItBeginsMovesNothing) {
   EXPECT_EQ(Lieu(), avant);
 }
 
-// A machine that can start at 4.4 mm/s and not much above: at 20 mm/s, where a step takes half a millisecond, its
-// rate may change by 1 mm/s from one to the next. The ramp goes by whole periods of the board's rate, so by jumps.
-zenikcom::ModeleMachine Modele() {
-  return {zenikcom::ModeleAxe{.vitesseLibre = 440, .rampe = 200'000, .jeu = 0},
-          zenikcom::ModeleAxe{.vitesseLibre = 220, .rampe = 100'000, .jeu = 0},
-          zenikcom::ModeleAxe{.vitesseLibre = 880, .rampe = 400'000, .jeu = 0}};
-}
-
 TEST_F(ArretJog, NoStepIsLostByAReleaseAtFullSpeed) {
-  carte_->Modele(Modele());
+  carte_->Modele(MachineJog());
   Jogue(20, [] { Form_KeyUp(touche::Droite); });
+  AttendRampe(20);
   EXPECT_EQ(carte_->Compteurs().pasPerdus, (Axes3{0, 0, 0}));
   EXPECT_EQ(Lieu(), Compte());
 }
@@ -205,7 +197,7 @@ TEST_F(ArretJog, TheModelWouldTell) {
 }
 
 TEST_F(ArretJog, NoStepIsLostFromTheKeypadEither) {
-  carte_->Modele(Modele());
+  carte_->Modele(MachineJog());
   Mode(touche::F5);
   PilMan.Vitesse = 20;
   for (const std::uint8_t t : {zenikcom::ToucheDroite, zenikcom::ToucheHaut, zenikcom::ToucheBasZ}) {

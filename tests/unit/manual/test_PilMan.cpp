@@ -325,7 +325,9 @@ TEST_F(PilotageManuel, LettingAKeyOfTheKeypadGoEndsAContinuousJog) {
   Apres(1, [&] { carte_->Appuie(0); });
   carte_->Appuie(zenikcom::ToucheGauche);
   TimerPosition();
-  EXPECT_LT(heure_ - instant_, 0.5);
+  EXPECT_GT(stop_, instant_);
+  EXPECT_LE(stop_ - instant_, 0.1);
+  EXPECT_LT(heure_ - stop_, DureeRampe + Regard);
   EXPECT_LT(Lieu()[0], 0);
   EXPECT_EQ(Lieu(), Compte());
 }
