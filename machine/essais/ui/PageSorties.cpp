@@ -92,11 +92,14 @@ QWidget* PageSorties::GroupeSorties() {
       cachees_.insert(cachees_.end(), {etiquette, inversion});
     }
   }
-  QLabel* affectation = EnTete("Tete_Affectation", Francais("Affectation"));
-  QLabel* inverse = EnTete("Tete_Inversion", Francais("Inv. signal"));
-  grille->addWidget(affectation, 0, 1);
-  grille->addWidget(inverse, 0, 2);
-  cachees_.insert(cachees_.end(), {affectation, inverse});
+  for (int moitie = 0; moitie < 2; ++moitie) {
+    const QString rang = QString::number(moitie);
+    QLabel* affectation = EnTete(QStringLiteral("Tete_Affectation_") + rang, Francais("Affectation"));
+    QLabel* inverse = EnTete(QStringLiteral("Tete_Inversion_") + rang, Francais("Inv. signal"));
+    grille->addWidget(affectation, 0, 3 * moitie + 1);
+    grille->addWidget(inverse, 0, 3 * moitie + 2);
+    cachees_.insert(cachees_.end(), {affectation, inverse});
+  }
   grille->setColumnStretch(1, 1);
   grille->setColumnStretch(4, 1);
   return groupe;

@@ -101,8 +101,8 @@ QWidget* PageMecanique(ControlesTable& controles) {
   QVBoxLayout* colonne = ColonnePage(*page);
   QGridLayout* transmission = GroupeDe(*colonne, "Frame_Transmission", "Rapport de transmission");
   TetesAxes(*transmission, "Tete_Transmission_");
-  Rangee(*transmission, 1, "Lbl_Transmission", "Déplacement par tour :",
-         Champs(controles, {C::TransmissionX, C::TransmissionY, C::TransmissionZ}, "mm/tour",
+  Rangee(*transmission, 1, "Lbl_Transmission", "Déplacement (mm/tour) :",
+         Champs(controles, {C::TransmissionX, C::TransmissionY, C::TransmissionZ}, "",
                 "Déplacement en mm pour un tour de moteur, axe {A}"));
 
   QGridLayout* moteurs = GroupeDe(*colonne, "Frame_Moteurs", "Moteurs");
@@ -245,23 +245,30 @@ QWidget* PageCarte(ControlesTable& controles) {
   QGridLayout* options = GroupeDe(*colonne, "Frame_Options", "Options");
   options->addWidget(controles.Coche(C::BrocheAuto, Francais("Le fraisage commande la broche"),
                                      Francais("La broche démarre et s'arrête avec le fraisage")),
-                     0, 0);
+                     0, 0, 1, 2);
   options->addWidget(
       controles.Coche(C::ClavierZENIK, Francais("Clavier ZENIK"), Francais("Le clavier de la carte est utilisé")),
-      1, 0);
+      1, 0, 1, 2);
+  UnChamp(
+      *options, 2, "Lbl_VitesseBroche", Francais("Vitesse de broche (tr/min) :"),
+      controles.Champ(C::VitesseBroche, "",
+                      Francais("Vitesse de pointe de la broche en tours par minute, à laquelle se mesure le mot "
+                               "S ; 0 : inconnue")));
+  options->setColumnStretch(1, 1);
 
   QGridLayout* reserve = GroupeDe(*colonne, "Frame_Reserve", "Valeurs gardées pour d'autres programmes");
-  static constexpr std::array<ChampMachine, 9> gardes{C::VitesseBroche, C::Reserve22, C::Reserve23,
-                                                      C::Reserve24,     C::Reserve25, C::Reserve26,
-                                                      C::Reserve27,     C::Reserve28, C::Reserve29};
-  for (int i = 0; i < 9; ++i) {
+  static constexpr std::array<ChampMachine, 8> gardes{C::Reserve22, C::Reserve23, C::Reserve24, C::Reserve25,
+                                                      C::Reserve26, C::Reserve27, C::Reserve28, C::Reserve29};
+  constexpr int ParRangee = 4;
+  for (int i = 0; i < 8; ++i) {
     const ChampMachine& champ = gardes[static_cast<std::size_t>(i)];
-    const QString bulle =
-        i == 0 ? Francais(
-                     "Vitesse de pointe de la broche en tours par minute, à laquelle se mesure le mot S ; 0 : "
-                     "inconnue")
-               : Francais("Valeur n° %1 de la table, que ce programme n'utilise pas").arg(champ.index);
-    reserve->addWidget(controles.Champ(champ, "", bulle), i / 3, i % 3);
+    ChampNombre* valeur = controles.Champ(
+        champ, "", Francais("Valeur n° %1 de la table, que ce programme n'utilise pas").arg(champ.index));
+    QLabel* numero = Etiquette(QStringLiteral("Lbl_Reserve_%1").arg(champ.index),
+                               QStringLiteral("%1 :").arg(champ.index), valeur);
+    numero->setProperty("valeur", true);
+    reserve->addWidget(numero, i / ParRangee, i % ParRangee * 2);
+    reserve->addWidget(valeur, i / ParRangee, i % ParRangee * 2 + 1);
   }
   colonne->addStretch();
   return page;

@@ -1,5 +1,6 @@
 #include "tests/ui/captures/Scenes.h"
 
+#include <QComboBox>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabBar>
@@ -7,6 +8,9 @@
 #include <filesystem>
 
 #include "app/ovelin/Composition.h"
+#include "closed/CarteVirtuelle.h"
+#include "controller/ChoixCarte.h"
+#include "controller/ClsCdeZENIK.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/Fichiers.h"
@@ -67,6 +71,53 @@ std::unique_ptr<QWidget> DeuxReprises() {
     ovelin::EcritFichierEntier(garde + ".dessin", std::string("/home/atelier/dessins/") + nom);
   }
   return std::make_unique<ovelin::F_Reprise>();
+}
+
+// A virtual board behind the program, with which something has been done already.
+void CarteEnService() {
+  zenikcom::ConditionsCarte c;
+  c.rapide = true;
+  const auto carte = zenikcom::CreeCarteVirtuelle(std::move(c));
+  ovelin::LaCarte = {ovelin::GenreCarte::Virtuelle, carte, ""};
+  ovelin::CdeZENIK = std::make_unique<ovelin::ClsCdeZENIK>(zenikcom::LiaisonVirtuelle(carte));
+  ovelin::CdeZENIK->TableVerif();
+  ovelin::CdeZENIK->EnvoiUSB();
+  for (const auto& [x, y] : {std::pair{60.0F, 0.0F}, {20.0F, 40.0F}, {-50.0F, 10.0F}, {-30.0F, -50.0F}}) {
+    float v = 5, t = 0;
+    ovelin::CdeZENIK->CommandeDATAmm(x, y, 0, v, t);
+  }
+  ovelin::CdeZENIK->CommandeDATAend();
+  while (ovelin::CdeZENIK->EnCours != ovelin::Faux) ovelin::CdeZENIK->DemandeInformation();
+  ovelin::CdeZENIK->MotorOnOff(true);
+  std::string texte = "OVELIN";
+  ovelin::CdeZENIK->DisplaySend(texte, 0, 0);
+}
+
+Scene SceneEnService(const std::string& nom, const char* fenetre, std::function<void(QWidget&)> prepare = {}) {
+  const ovelin::LigneFenetre* ligne = ovelin::ChercheFenetre(ovelin::TableFenetres(), fenetre);
+  const auto construit = [ligne] {
+    CarteEnService();
+    return ovelin::FaitFenetre(*ligne, nullptr);
+  };
+  return {nom, "", false, construit, std::move(prepare), {{}}};
+}
+
+// The frames of the window of moves by hand, the pages of tables with everything that they can show, the panel.
+std::vector<Scene> Machine() {
+  const auto touche = [](Qt::Key cle) {
+    return [cle](QWidget& f) { QTest::keyClick(essai::Controle<QWidget>(f, "Img_Clavier"), cle); };
+  };
+  const auto bouton = [](const char* nom) {
+    return [nom](QWidget& f) { essai::Clique(*essai::Controle<QPushButton>(f, nom)); };
+  };
+  return {SceneEnService("F_PilMan-aide", "F_PilMan", touche(Qt::Key_F1)),
+          SceneEnService("F_PilMan-valeurs", "F_PilMan", touche(Qt::Key_V)),
+          SceneEnService("F_PilMan-origine", "F_PilMan", bouton("Lbl_RAZ")),
+          SceneEnService("F_PilMan-retour", "F_PilMan", bouton("Lbl_Origine")),
+          SceneEnService("F_CarteVirtuelle-service", "F_CarteVirtuelle"),
+          SceneEnService("F_ChangtTable-service", "F_ChangtTable"),
+          SceneEnService("F_ParamMachine-service", "F_ParamMachine",
+                         [](QWidget& f) { essai::Controle<QComboBox>(f, "Combo_SAV_0")->setCurrentIndex(1); })};
 }
 
 // A box as the services show it.
@@ -131,6 +182,7 @@ std::vector<Scene> Scenes() {
   const auto construit = [atelier] { return ovelin::FaitFenetre(*atelier, nullptr); };
   scenes.push_back({"F_Gcode-programme", "plaque-poches.OVL", false, construit, Programme(0), {{}, {700, 480}}});
   scenes.push_back({"F_Gcode-espace", "equerre-attaches.OVL", false, construit, Programme(3), {{}}});
+  for (Scene& fenetre : Machine()) scenes.push_back(std::move(fenetre));  // last: their board stays
   return scenes;
 }
 
