@@ -21,7 +21,8 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Pictures in SVG are drawn by a plugin, fonts and Ghostscript are other programs: no library tells of these.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, fonts-dejavu-core")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ghostscript")
+# The second has the words of Qt's own dialogs, as the columns of the file dialog, in the user's language.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ghostscript, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/ovelin.metainfo.xml DESTINATION share/metainfo)
