@@ -264,8 +264,8 @@ QWidget* PageCarte(ControlesTable& controles) {
     const ChampMachine& champ = gardes[static_cast<std::size_t>(i)];
     ChampNombre* valeur = controles.Champ(
         champ, "", Francais("Valeur n° %1 de la table, que ce programme n'utilise pas").arg(champ.index));
-    QLabel* numero = Etiquette(QStringLiteral("Lbl_Reserve_%1").arg(champ.index),
-                               QStringLiteral("%1 :").arg(champ.index), valeur);
+    QLabel* numero =
+        Etiquette(QStringLiteral("Lbl_Reserve_%1").arg(champ.index), QString::number(champ.index), valeur);
     numero->setProperty("valeur", true);
     reserve->addWidget(numero, i / ParRangee, i % ParRangee * 2);
     reserve->addWidget(valeur, i / ParRangee, i % ParRangee * 2 + 1);
