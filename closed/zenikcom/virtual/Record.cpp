@@ -26,7 +26,7 @@ Lecture LitRecord(std::span<const std::uint8_t> octets, Record& record) {
   for (std::size_t axe = 0; axe < 3; ++axe) {
     const std::int64_t fronts = Entier32(octets, 5 + 4 * axe);
     if (fronts < 0) return Lecture::MalForme;
-    const bool positif = (octets[0] >> axe & 1U) != 0;
+    const bool positif = (unsigned{octets[0]} >> axe & 1U) != 0;
     record.pas[axe] = positif ? fronts / 2 : -(fronts / 2);
   }
   record.rampe = rampe;
