@@ -5,9 +5,11 @@
 // the timer, as the setting says, below 2 % of a core.
 //   build/bench/bin/bench_manual
 #include <QApplication>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPaintEvent>
+#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -113,11 +115,17 @@ void Touche(QWidget& fenetre, QEvent::Type type, int cle) {
   QApplication::postEvent(foyer, new QKeyEvent(type, cle, Qt::NoModifier));
 }
 
-// Lets the window live until `fini`, or for that long.
-void Vit(
-    double secondes, const std::function<bool()>& fini = [] { return false; }) {
-  const double fin = Maintenant() + secondes;
-  while (Maintenant() < fin && !fini()) QApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+// Lets the window live for that long, or until `fini`, which is looked at every few milliseconds.
+void Vit(double secondes, std::function<bool()> fini = {}) {
+  constexpr int Regard = 4;  // ms
+  QEventLoop boucle;
+  QTimer regard;
+  QObject::connect(&regard, &QTimer::timeout, &boucle, [&] {
+    if (fini()) boucle.quit();
+  });
+  if (fini) regard.start(Regard);
+  QTimer::singleShot(std::chrono::milliseconds(std::llround(secondes * 1000)), &boucle, &QEventLoop::quit);
+  boucle.exec();
 }
 
 constexpr double Duree = 0.6;  // s that a key is held
