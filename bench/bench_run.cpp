@@ -31,6 +31,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/RunCourant.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/FiltreStop.h"
 #include "core/ui/ServicesQt.h"
@@ -38,6 +39,7 @@
 #include "run/Module_Decoupe.h"
 #include "run/Module_Lancement.h"
 #include "run/Module_Planificateur.h"
+#include "toolpath/Etendues.h"
 #include "workspace/ui/F_Representation.h"
 
 namespace {
@@ -110,6 +112,7 @@ void Charge(int points) {
     TraceDecale.push_back(std::move(trace));
   }
   NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  MesureDocument(Doc);
   ProfPasse = -3;
   ProfFraisage = -3;
   HautDeg = 5;
@@ -245,6 +248,13 @@ void Mesure(int lignes) {
          "TB_SAV_15=40\r\nTB_SAV_16=40\r\nTB_SAV_17=40\r\n";
   PrepareDossierTemp();
   InstalleServicesQt();
+  // A box that nobody here closes would hold everything.
+  Svc.Montre = [montre = Svc.Montre](const BoiteMessage& boite) {
+    if (boite.cle == Textes::MemoireManque.Cle()) return montre(boite);
+    if (boite.boutons == Boutons::OuiNon) return Reponse::Oui;  // a board gets the table of this machine
+    std::fprintf(stderr, "unexpected: %s\n", boite.texte.c_str());
+    return Reponse::Ok;
+  };
   TableDefaut = "Banc";
   ChargeGlobalesTable();
   F_Representation fenetre;
@@ -269,7 +279,7 @@ void Mesure(int lignes) {
   Charge(100'000);
   Charge(banc, *image, fenetre, lignes);
 
-  Modifie = Faux;
+  Doc = Document{};
   CdeZENIK = std::make_unique<ClsCdeZENIK>();
   fenetre.close();
   OteDossierTemp();
