@@ -327,7 +327,8 @@ QString F_Fraisage::TexteEtat() const {
 void F_Fraisage::Colore(Fond fond) {
   if (std::exchange(fond_, fond) == fond) return;
   // What is only shown has no ground of its own: it is written as labels are.
-  for (const char* nom : {"TB_TempsRestant", "TB_LongueurParcours_NC", "TB_TempsFraisage_NC"}) {
+  run_->EcritTempsEn(fond == Fond::Systeme ? QColor() : QColor(Qt::white));
+  for (const char* nom : {"TB_LongueurParcours_NC", "TB_TempsFraisage_NC"}) {
     auto* champ = findChild<QLineEdit*>(QLatin1String(nom));
     QPalette p = champ->palette();
     p.setColor(QPalette::Text, fond == Fond::Systeme ? QApplication::palette().color(QPalette::Text) : Qt::white);

@@ -187,14 +187,32 @@ void PanneauRun::MontreCarte() { Val_Carte_->setText(TexteQt(NomCarte())); }
 
 void PanneauRun::MontrePrevu(std::optional<double> secondes) {
   if (!secondes) return CacheTemps();
-  TB_TempsRestant_->setStyleSheet({});
+  gris_ = false;
+  HabilleTemps();
   TB_TempsRestant_->setText(QString::fromStdString(TexteTempsRestant(*secondes)));
   TB_TempsRestant_->show();
   Lbl_TempsRestant_->show();
 }
 
 void PanneauRun::GriseTemps() {
-  TB_TempsRestant_->setStyleSheet(QStringLiteral("background: rgb(200, 200, 200); color: black;"));
+  gris_ = true;
+  HabilleTemps();
+}
+
+void PanneauRun::EcritTempsEn(const QColor& encre) {
+  encre_ = encre;
+  HabilleTemps();
+}
+
+// By a style alone: one that goes takes a palette that was set meanwhile along.
+void PanneauRun::HabilleTemps() {
+  QString style;
+  if (gris_) {
+    style = QStringLiteral("background: rgb(200, 200, 200); color: black;");
+  } else if (encre_.isValid()) {
+    style = QStringLiteral("color: %1;").arg(encre_.name());
+  }
+  if (TB_TempsRestant_->styleSheet() != style) TB_TempsRestant_->setStyleSheet(style);
 }
 
 void PanneauRun::Debut(double total) {

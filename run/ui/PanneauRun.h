@@ -1,6 +1,7 @@
 // The run in the milling window: how the job goes to the board, the button of three faces, the time that is left.
 #pragma once
 
+#include <QColor>
 #include <QGroupBox>
 #include <QTimer>
 #include <array>
@@ -32,7 +33,8 @@ class PanneauRun : public QGroupBox {
 
   // The foreseen time, s; nothing hides it.
   void MontrePrevu(std::optional<double> secondes);
-  void GriseTemps();  // the time on show no longer holds
+  void GriseTemps();                       // the time on show no longer holds
+  void EcritTempsEn(const QColor& encre);  // its colour on the ground of the window; none: the system's
   void Debut(double total);
   void Avance(double reste, double ecoule);  // s
   void Memorise(bool ecrit);                 // the figure walks during the long write
@@ -53,10 +55,13 @@ class PanneauRun : public QGroupBox {
   void Presse();
   void Relache();
   void Timer_Pic_Timer();
+  void HabilleTemps();
 
   FaceFraisage face_ = FaceFraisage::Depart;
   bool arret_ = false;  // the press that is being let go was a stop
   int pas_ = 0;         // of the figure
+  bool gris_ = false;   // the time
+  QColor encre_;
   std::array<QRadioButton*, 3> Option_Mode_{};
   QLabel* Val_Carte_ = nullptr;
   QPushButton* Btn_Fraiser_Serie_ = nullptr;

@@ -96,6 +96,22 @@ TEST_F(FFraisageRun, IsRedWhileItRunsAndGreenAtItsEnd) {
   EXPECT_EQ(Fond(), avant);
 }
 
+TEST_F(FFraisageRun, TheTimeCanBeReadOnEveryGround) {
+  auto* temps = C<QLineEdit>("TB_TempsRestant");
+  const auto clair = [temps] { return temps->palette().color(QPalette::Text).lightness() > 200; };
+  Tape(*C<ChampNombre>("TB_ProfPasse"), "-1");  // the plan is another one: a time on show turns grey
+  EXPECT_FALSE(clair());
+  bool pendant = false;
+  Quand(12, [&] {
+    pendant = clair();
+    Presse();
+  });
+  Clique(Depart());
+  QTest::mouseRelease(&Depart(), Qt::LeftButton, {}, Depart().rect().center());
+  EXPECT_TRUE(pendant) << "white on red";
+  EXPECT_TRUE(clair()) << "stopped, too";
+}
+
 TEST_F(FFraisageRun, GivenUpItIsGreenAndReadyAgain) {
   LanceEtArrete(4);
   EXPECT_EQ(Etat(), Traduire("F_Fraisage", "Run_arrete"));
@@ -272,6 +288,26 @@ TEST_F(FFraisageRun, WhileTheMachineIsBusyElsewhereItNeitherPlansNorStarts) {
   OperationCarte = false;
   AvisRun::Unique().Note(false);
   EXPECT_TRUE(Depart().isEnabled());
+}
+
+TEST_F(FFraisageRun, WhileTheBoardMovesATypedSpeedOnlyGreysTheTime) {
+  Tape(*C<ChampNombre>("TB_Vit_Mat_H"), "1");
+  const std::int64_t avant = carte_->Compteurs().echanges;
+  const EtatPlan plan = Plan;
+  CdeZENIK->EnCours = Vrai;
+  Tape(*C<ChampNombre>("TB_Vit_Mat_H"), "2");
+  EXPECT_EQ(Plan, plan);
+  EXPECT_EQ(carte_->Compteurs().echanges, avant) << "no job is opened under it";
+  EXPECT_TRUE(C<QLineEdit>("TB_TempsRestant")->styleSheet().contains(QStringLiteral("200, 200, 200")));
+  CdeZENIK->EnCours = Faux;
+}
+
+TEST_F(FFraisageRun, TheAdviceOfTheSpeedAllowsForArithmetic) {
+  auto* avis = C<QLabel>("Lbl_Avis");
+  Tape(*C<ChampNombre>("TB_Vit_Mat_H"), "20.0000001");  // the axes allow 20
+  EXPECT_FALSE(avis->text().contains(QString::fromStdString(Traduire(Textes::VitesseMatiereHaute))));
+  Tape(*C<ChampNombre>("TB_Vit_Mat_H"), "20.1");
+  EXPECT_TRUE(avis->text().contains(QString::fromStdString(Traduire(Textes::VitesseMatiereHaute))));
 }
 
 TEST_F(FFraisageRun, AStartWhileTheMachineIsMovedByHandOnlyBeeps) {
