@@ -69,11 +69,36 @@ std::string CompareNC(const std::string& attendu, const std::string& obtenu) {
   return std::to_string(b.size()) + " lines, expected " + std::to_string(a.size());
 }
 
-std::string CompareGolden(const std::string& nom, const std::string& obtenu) {
-  if (const char* dossier = std::getenv("OVELIN_GOLDEN_OUT"); dossier != nullptr) {
-    std::filesystem::copy_file(obtenu, std::string(dossier) + "/" + nom + ".nc",
-                               std::filesystem::copy_options::overwrite_existing);
+namespace {
+
+// For dev/promote-golden.
+void GardeObtenu(const std::string& nom, const std::string& obtenu) {
+  const char* dossier = std::getenv("OVELIN_GOLDEN_OUT");
+  if (dossier == nullptr) return;
+  std::filesystem::copy_file(obtenu, std::string(dossier) + "/" + nom,
+                             std::filesystem::copy_options::overwrite_existing);
+}
+
+}  // namespace
+
+std::string CompareGoldenTexte(const std::string& nom, const std::string& obtenu) {
+  GardeObtenu(nom, obtenu);
+  const std::string attendu = LitFichierEssai(DossierSource() + "/tests/golden/" + nom);
+  if (attendu.empty()) return "no golden " + nom;
+  std::istringstream a(attendu), b(LitFichierEssai(obtenu));
+  std::string la, lb;
+  for (int ligne = 1;; ++ligne) {
+    const bool encoreA = static_cast<bool>(std::getline(a, la));
+    const bool encoreB = static_cast<bool>(std::getline(b, lb));
+    if (!encoreA && !encoreB) return "";
+    if (encoreA == encoreB && la == lb) continue;
+    return "line " + std::to_string(ligne) + ": \"" + (encoreA ? la : "(end)") + "\" became \"" +
+           (encoreB ? lb : "(end)") + "\"";
   }
+}
+
+std::string CompareGolden(const std::string& nom, const std::string& obtenu) {
+  GardeObtenu(nom + ".nc", obtenu);
   const std::string attendu = LitFichierEssai(DossierSource() + "/tests/golden/" + nom + ".nc");
   if (attendu.empty()) return "no golden " + nom;
   return CompareNC(attendu, LitFichierEssai(obtenu));

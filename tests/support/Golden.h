@@ -13,6 +13,10 @@ std::string CompareNC(const std::string& attendu, const std::string& obtenu);
 // for dev/promote-golden. "" when they agree.
 std::string CompareGolden(const std::string& nom, const std::string& obtenu);
 
+// A file of lines against tests/golden/<nom>, byte for byte; copied as above. "" when they agree, else the first
+// line that differs.
+std::string CompareGoldenTexte(const std::string& nom, const std::string& obtenu);
+
 // The few texts that golden files are written with, so that they don't change with the translations: a French file
 // in the program's folder of this test.
 void InstalleTextesGolden();
