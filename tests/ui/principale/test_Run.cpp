@@ -1,6 +1,8 @@
 // The main window while a job runs on the machine: what is off, what only beeps, and how the program ends.
 #include <QComboBox>
 #include <QMenu>
+#include <map>
+#include <set>
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
@@ -50,6 +52,20 @@ TEST_F(PendantUnRun, WhatOpensSavesUndoesOrChangesIsOffAndViewAndSelectionStay) 
   Run(false);
   for (const auto& [nom, actif] : avant) EXPECT_EQ(Menu(nom.c_str())->isEnabled(), actif) << nom;
   EXPECT_TRUE(C<QWidget>("FRAME_Fraisage")->isEnabled());
+}
+
+TEST_F(PendantUnRun, ExactlyTheCommandsOfViewSelectionAndWindowsStay) {
+  Charge(Exemple("plaque.dxf"));
+  Run(true);
+  std::set<std::string> restent;
+  for (const LigneCommande& c : TableCommandes()) {
+    const auto* action = fenetre_->findChild<QAction*>(c.nom);
+    if (*c.menu != '\0' && action != nullptr && action->isEnabled()) restent.insert(c.nom);
+  }
+  EXPECT_EQ(restent, (std::set<std::string>{"mnu_Fraisage", "mnu_Gcode", "mnu_Quitter", "mnu_Tout",
+                                            "mnu_InverseSelection", "mnu_ZoomPlus", "mnu_ZoomMoins", "mnu_Zoom1",
+                                            "mnu_ZoomSelection", "mnu_NumPoint", "mnu_Sequence", "mnu_Panneau",
+                                            "mnu_ParamAppli", "mnu_PilMan", "mnu_Help", "mnu_APropos"}));
 }
 
 TEST_F(PendantUnRun, ACommandThatIsSwitchedMeanwhileComesBackAsItShouldBe) {

@@ -1,0 +1,255 @@
+#include "tests/ui/principale/Singe.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTreeView>
+#include <QWheelEvent>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+
+#include "core/DocumentCourant.h"
+#include "core/Dossiers.h"
+#include "core/ReglagesCourants.h"
+#include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Annulation.h"
+#include "workspace/Module_Reprise.h"
+#include "workspace/Module_Vue.h"
+
+namespace essai {
+
+using namespace ovelin;
+
+void Singe::SetUp() {
+  Principale::SetUp();
+  const auto entier = [](const char* nom, unsigned long sinon) {
+    const char* valeur = std::getenv(nom);
+    return valeur != nullptr ? std::strtoul(valeur, nullptr, 10) : sinon;
+  };
+  graine_ = static_cast<std::uint32_t>(entier("OVELIN_MONKEY_SEED", 20261121));
+  actions_ = static_cast<int>(entier("OVELIN_MONKEY_ACTIONS", 1200));
+  hasard_.seed(graine_);
+  // Boxes and dialogs are answered by chance.
+  Svc.Montre = [this](const BoiteMessage& boite) {
+    EXPECT_FALSE(boite.texte.empty()) << boite.section << "/" << boite.cle;
+    switch (boite.boutons) {
+      case Boutons::Ok:
+        return Reponse::Ok;
+      case Boutons::OkAnnuler:
+        return Un(2) == 0 ? Reponse::Ok : Reponse::Annuler;
+      case Boutons::OuiNon:
+        return Un(2) == 0 ? Reponse::Oui : Reponse::Non;
+      default: {
+        static const Reponse Reponses[]{Reponse::Oui, Reponse::Non, Reponse::Annuler};
+        return Reponses[Un(3)];
+      }
+    }
+  };
+  Svc.ChoisitFichier = [this](const DialogueFichier& d) -> std::string {
+    if (!force_ && Un(4) == 0) return "";
+    if (d.enregistrer) return Dossier() + "/singe" + std::to_string(Un(3)) + ".OVL";
+    return Echantillon();
+  };
+  reponses_["F_Nettoyage"] = [this] {
+    Regl.Resolution = static_cast<float>(Un(4)) * 0.1F;
+    return true;
+  };
+}
+
+std::string Singe::Echantillon() {
+  static const std::vector<std::string> Noms{"equerre.dxf",       "plaque.dxf",        "enseigne.plt",
+                                             "aile.dat",          "percage.drl",       "equerre-attaches.OVL",
+                                             "plaque-poches.OVL", "enseigne-texte.OVL"};
+  return Exemple(Noms[static_cast<std::size_t>(Un(static_cast<int>(Noms.size())))]);
+}
+
+Qt::KeyboardModifiers Singe::Touches() {
+  static const Qt::KeyboardModifiers Choix[]{Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
+                                             Qt::ShiftModifier};
+  return Choix[Un(4)];
+}
+
+std::string Singe::Texte() {
+  static const char* const Textes[]{"0",   "-1", "1",   "2.5", "-0.3", "0,75",  "90",  "1e9", "",  "-",
+                                    "...", "5",  "-12", "10",  "0.01", "99999", "-99", "45",  "3", "1.5"};
+  return Textes[Un(20)];
+}
+
+std::string Singe::AgitImage() {
+  auto* image = C<ImagePB1>("PB1");
+  const QPoint a = Place(*image);
+  const QPoint b = Place(*image);
+  static const Qt::MouseButton Boutons[]{Qt::LeftButton, Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
+  const Qt::MouseButton bouton = Boutons[Un(4)];
+  const Qt::KeyboardModifiers touches = Touches();
+  switch (Un(4)) {
+    case 0:
+      QTest::mousePress(image, bouton, touches, a);
+      QTest::mouseMove(image, b);
+      QTest::mouseRelease(image, bouton, touches, b);
+      return "drag";
+    case 1: {
+      QWheelEvent roue(a, image->mapToGlobal(a), {}, {0, Un(2) == 0 ? 120 : -120}, Qt::NoButton, touches,
+                       Qt::NoScrollPhase, false);
+      QApplication::sendEvent(image, &roue);
+      return "wheel";
+    }
+    case 2: {
+      static const Qt::Key Cles[]{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Escape};
+      QTest::keyClick(image, Cles[Un(5)], touches);
+      return "key";
+    }
+    default:
+      QTest::mouseClick(image, bouton, touches, a);
+      return "click";
+  }
+}
+
+// The wheel over a list that isn't open leaves it as it is.
+std::string Singe::RouleSurListe() {
+  auto* combo = UnDe<QComboBox>();
+  if (combo == nullptr) return "";
+  const int avant = combo->currentIndex();
+  const QPointF a = combo->rect().center();
+  QWheelEvent roue(a, combo->mapToGlobal(a), {}, {0, Un(2) == 0 ? 120 : -120}, Qt::NoButton, Qt::NoModifier,
+                   Qt::NoScrollPhase, false);
+  QApplication::sendEvent(combo, &roue);
+  EXPECT_EQ(combo->currentIndex(), avant) << combo->objectName().toStdString();
+  return "wheel over " + combo->objectName().toStdString();
+}
+
+// The program was killed: its newest snapshot waits, and is taken or left at the next start.
+std::string Singe::Reprend() {
+  const int n = NumeroInstantane();
+  if (n < 1) return "";
+  DossierReprises = Dossier() + "/reprises";
+  std::filesystem::create_directories(DossierReprises);
+  const std::string garde = DossierReprises + "/" + std::to_string(++reprises_) + ".reprise";
+  std::filesystem::copy_file(CheminInstantane(n), garde);
+  EcritFichierEssai("reprises/" + std::to_string(reprises_) + ".dessin", FichierCourant);
+  const bool prise = Un(3) != 0;
+  reponses_["F_Reprise"] = [prise] {
+    if (prise) RepriseChoisie = ListeReprises().at(0);
+    return prise;
+  };
+  fenetre_.reset();
+  EffaceTousInstantanes();
+  Doc = Document{};
+  Charge();
+  Evenements();
+  return prise ? "recovered" : "recovery declined";
+}
+
+std::string Singe::Agit() {
+  switch (Un(11)) {
+    case 0:
+    case 1:
+    case 2:
+      return AgitImage();
+    case 9:
+      return tue_ && Un(20) == 0 ? Reprend() : RouleSurListe();
+    case 3: {
+      auto* champ = UnDe<QLineEdit>();
+      if (champ == nullptr) return "";
+      const std::string texte = Texte();
+      Tape(*champ, texte, Un(2) == 0 ? Sortie::Tab : Sortie::Entree);
+      return champ->objectName().toStdString() + " \"" + texte + "\"";
+    }
+    case 4:
+    case 5: {
+      auto* bouton = UnDe<QAbstractButton>();
+      if (bouton == nullptr) return "";
+      const std::string nom = bouton->objectName().toStdString();
+      Clique(*bouton);
+      return nom;
+    }
+    case 6: {
+      auto* arbre = UnDe<QTreeView>();
+      if (arbre == nullptr) return "";
+      if (Un(2) == 0) {
+        QTest::keyClick(arbre, Un(2) == 0 ? Qt::Key_Down : Qt::Key_Right);
+      } else {
+        QTest::mouseClick(arbre->viewport(), Qt::LeftButton, Touches(), Place(*arbre->viewport()));
+      }
+      return "tree";
+    }
+    case 7: {
+      static const char* const Noms[]{"mnu_Undo",
+                                      "mnu_Tout",
+                                      "mnu_InverseSelection",
+                                      "mnu_Supprimer",
+                                      "mnu_ZoomPlus",
+                                      "mnu_ZoomMoins",
+                                      "mnu_Zoom1",
+                                      "mnu_ZoomSelection",
+                                      "mnu_NumPoint",
+                                      "mnu_Sequence",
+                                      "mnu_Lever",
+                                      "mnu_Optimisation",
+                                      "mnu_Nettoyage",
+                                      "mnu_Save",
+                                      "mnu_SaveAs",
+                                      "mnu_Ouvrir",
+                                      "mnu_Undo",
+                                      "mnu_Undo",
+                                      "mnu_Panneau",
+                                      "mnu_BD"};
+      QAction* action = Menu(Noms[Un(20)]);
+      if (!action->isEnabled()) return "";
+      action->trigger();
+      return action->objectName().toStdString();
+    }
+    case 8: {
+      auto* combo = UnDe<QComboBox>();
+      if (combo == nullptr) return "";
+      QTest::keyClick(combo, Un(2) == 0 ? Qt::Key_Down : Qt::Key_Up);
+      return combo->objectName().toStdString();
+    }
+    default:
+      fenetre_->resize(760 + Un(700), 520 + Un(500));
+      return "resize";
+  }
+}
+
+// "" when the document is whole.
+std::string Singe::Invariants() {
+  if (NbPoints < 0) return TraceInitial.empty() ? "" : "points after a refused reading";
+  if (static_cast<std::size_t>(NbPoints) != TraceInitial.size()) return "NbPoints";
+  if (Sequences.empty()) return "no record at all";
+  std::set<std::uint32_t> vus;
+  for (const Etendue& e : EtenduesSequences()) {
+    if (!vus.insert(e.code.Cle()).second) return "a path in two pieces: " + e.code.Texte();
+  }
+  std::set<std::uint32_t> fiches;
+  for (const SequenceInfo& s : Sequences) {
+    if (s.Code != Code2{} && !fiches.insert(s.Code.Cle()).second) return "two records for " + s.Code.Texte();
+    if (!std::isfinite(s.Profondeur) || s.Profondeur > 0) return "depth of " + s.Code.Texte();
+    if (s.Decalage < 1 || s.Decalage > 3) {
+      if (s.Code != Code2{}) return "side of " + s.Code.Texte();
+    }
+  }
+  for (const std::uint32_t code : vus) {
+    // A drawing whose paths are all deleted keeps one blank point.
+    if (!fiches.contains(code) && code != Code2{}.Cle()) {
+      return "a path without a record: \"" +
+             Code2{static_cast<char16_t>(code >> 16U), static_cast<char16_t>(code & 0xffffU)}.Texte() + "\"";
+    }
+  }
+  for (const PointTrace& p : TraceInitial) {
+    if (!std::isfinite(p.X) || !std::isfinite(p.Y)) return "a coordinate that is no number";
+  }
+  for (const SequenceDecalee& s : TraceDecale) {
+    for (const PointTrace& p : s.Points) {
+      if (!std::isfinite(p.X) || !std::isfinite(p.Y)) return "a tool path that is no number";
+    }
+  }
+  if (!(Zoom > 0) || !std::isfinite(Zoom) || !std::isfinite(OrigineDessinX)) return "view";
+  if (!std::isfinite(RayonFraise) || !std::isfinite(LargeurEncoche)) return "tool";
+  return "";
+}
+
+}  // namespace essai
