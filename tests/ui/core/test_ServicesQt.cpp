@@ -43,6 +43,26 @@ TEST_F(ServicesQt, ABoxShowsTextTitleAndIconAsTheyAre) {
   }
 }
 
+TEST_F(ServicesQt, TheBeatOfARunGoesOnUnderABox) {
+  const auto battent = [] {
+    int n = 0;
+    for (const QTimer* t : qApp->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly)) {
+      n += t->isActive() && t->interval() == 5 && t->timerType() == Qt::PreciseTimer ? 1 : 0;
+    }
+    return n;
+  };
+  int pas = 0;
+  Svc.Battement([&pas] { ++pas; });
+  EXPECT_EQ(battent(), 1) << "every 5 ms";
+  Quand<QMessageBox>([&](QMessageBox& box) {
+    EXPECT_TRUE(QTest::qWaitFor([&pas] { return pas > 3; }));
+    box.close();
+  });
+  Svc.Montre(UneBoite(Boutons::Ok));
+  Svc.Battement({});
+  EXPECT_EQ(battent(), 0);
+}
+
 TEST_F(ServicesQt, EachButtonGivesItsAnswer) {
   const std::tuple<Boutons, QMessageBox::StandardButton, Reponse> cas[] = {
       {Boutons::Ok, QMessageBox::Ok, Reponse::Ok},

@@ -134,6 +134,34 @@ TEST(Mill, DoesTheStepsOfThePlan) {
   }
 }
 
+TEST(Mill, AsksWhatTheWindowAsks) {
+  const Atelier a;
+  ASSERT_EQ(a.Appelle(Fraisage(a, {"--mode", "flash"})).etat, 0) << "the board gets its table";
+  const auto sans = [&](const std::string& reponse, const char* vitesse) {
+    std::vector<std::string> appel = Fraisage(a, {"--set", std::string("Vitesse_Mat_H=") + vitesse});
+    const auto la = std::find(appel.begin(), appel.end(), reponse);
+    appel.erase(la - 1, la + 1);
+    const auto r = a.Appelle(appel);
+    EXPECT_EQ(r.etat, 1) << reponse;
+    return r.Json()["error"]["key"].get<std::string>();
+  };
+  EXPECT_EQ(sans("2=yes", "4"), "2");
+  EXPECT_EQ(sans("lib007=ok", "10"), "lib007");
+  EXPECT_EQ(sans("lib005=ok", "4000"), "lib005");
+}
+
+TEST(Mill, RefusesWhatTheWindowRefuses) {
+  const Atelier a;
+  const auto refus = [&](const char* cle) {
+    const auto r = a.Appelle(Fraisage(a, {"--set", cle}));
+    EXPECT_EQ(r.etat, 1) << cle;
+    return r.Json()["error"]["key"].get<std::string>();
+  };
+  EXPECT_EQ(refus("ProfPasse=1"), "lib011_3");
+  EXPECT_EQ(refus("ProfFraisage=1"), "lib011_2");
+  EXPECT_EQ(refus("Vitesse_Mat_H=0"), "lib021");
+}
+
 TEST(Mill, IntoTheMemoryAloneNothingMoves) {
   const Atelier a;
   const auto r = a.Appelle(Fraisage(a, {"--mode", "flash"}));

@@ -167,6 +167,23 @@ TEST(CB_Origine, ShiftsByPartsOfAMillimetreWithoutABoard) {
   EXPECT_EQ(CdeZENIK->PosZ, -3);
 }
 
+// A file's plan counts in steps of 1 mm; the machine's are those of its table.
+TEST(CB_Origine, ReckonsWithTheTablesStepsBehindAFile) {
+  DeuxCarres();
+  CdeZENIK = std::make_unique<ClsCdeZENIK>();
+  CdeZENIK->ChargeParametres();
+  const double mmParPas = CdeZENIK->MmParPasX();
+  ASSERT_NE(mmParPas, 1);
+  CdeZENIK->FixePosition(100 * mmParPas, 0, 0);
+  CdeZENIK->FixeResolutions(1, 1, 1);
+  OrigineX = static_cast<float>(40 * mmParPas);
+  OrigineY = 0;
+  EXPECT_TRUE(CB_Origine());
+  EXPECT_NEAR(CdeZENIK->PosX, 60 * mmParPas, 1e-6) << "the place to the step, not to the millimetre of the file";
+  CdeZENIK->PoseResolutions();
+  EXPECT_EQ(CdeZENIK->PasX, 60);
+}
+
 TEST(CB_OKRecalage, NeedsTwoNumbers) {
   DeuxCarres();
   EXPECT_FALSE(CB_OKRecalage("1", ""));
