@@ -40,6 +40,14 @@ struct Reglages {
   std::int32_t CouleurRapide = Couleur(150, 150, 150);
   std::int32_t CouleurCoupe = Couleur(0, 90, 200);
   std::int32_t CouleurPlongee = Couleur(200, 60, 0);
+  // picture of the drawing
+  bool DessinSobre = true;    // with what is cut, sheet, grid and selection; otherwise lines alone
+  bool DessinSaignee = true;  // what the tool takes away is shown
+  std::int32_t CouleurSaignee = Couleur(130, 95, 50);
+  std::int32_t CouleurEtroit = Couleur(235, 150, 0);    // too narrow for the tool
+  std::int32_t CouleurHalo = Couleur(0, 110, 255);      // around the selection
+  std::int32_t CouleurCourse = Couleur(120, 130, 145);  // travel of the machine, grid
+  std::int32_t CouleurHors = Couleur(225, 0, 90);       // beyond the travel
   // start-up
   std::string TableDefaut = "KR4400";  // machine table in use
   std::string Langue = "fr";           // two letters

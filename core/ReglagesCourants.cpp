@@ -14,7 +14,7 @@ namespace {
 
 [[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Regl = Reglages{}; });
 
-enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Gcode, Demarrage };
+enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Gcode, Image, Demarrage };
 
 // A key read into its member; without it, or where it is no number, the member takes the default.
 void Lit(const char* cle, double& m, double defaut) { m = LireNombre(cle, defaut); }
@@ -76,6 +76,11 @@ void LitCouleursGcode() {
   LitGroupe(Groupe::Gcode);
 }
 
+void LitImage() {
+  const SansProjet reglages;
+  LitGroupe(Groupe::Image);
+}
+
 void LitOptions() {
   LitGroupe(Groupe::Options);
   LitGroupe(Groupe::Recents);
@@ -93,6 +98,7 @@ void LitReglagesDocument() {
   LitMateriau();
   LitCouleurs();
   LitOptions();
+  LitImage();
   LitOutil();
 }
 
@@ -114,6 +120,14 @@ void EcritOutil() { EcritGroupe(Groupe::Outil); }
 void EcritSoudure() {
   const SansProjet reglages;
   EcritGroupe(Groupe::Soudure);
+}
+
+// Not the colours: a file that was delivered without them takes those of the next version.
+void EcritImage() {
+  const SansProjet reglages;
+  const LotCles lot;
+  Ecrit(cles::DessinSobre, Regl.DessinSobre);
+  Ecrit(cles::DessinSaignee, Regl.DessinSaignee);
 }
 
 // Two of the names are not those that are read: "CouleurSelectionne" differs in letter case, which the settings

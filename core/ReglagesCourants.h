@@ -25,9 +25,10 @@ void LitMateriau();  // Vitesse_Mat_H, Vitesse_Mat_V, HautDeg, ProfFraisage, Pro
 void LitCouleurs();
 void LitCouleursGcode();  // CouleurRapide, CouleurCoupe, CouleurPlongee, from the settings file alone
 void LitOptions();  // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU; ToleranceSoudure from the settings file alone
+void LitImage();    // DessinSobre, DessinSaignee and the colours of what only the quiet picture shows, likewise
 void LitOutil();    // DecalageOutil, RayonFraise, LargeurEncoche
 
-// All four groups in the order in which an opening or an undo reads them.
+// The groups in the order in which an opening or an undo reads them.
 void LitReglagesDocument();
 
 // Each group written through the key store, in the order in which a project holds it.
@@ -36,6 +37,7 @@ void EcritCouleurs();
 void EcritOptions();  // gMaxMRU with FichierProjet blanked for the moment
 void EcritOutil();
 void EcritSoudure();  // ToleranceSoudure, into the settings file alone
+void EcritImage();    // DessinSobre and DessinSaignee, likewise
 
 // The six colours of the button that restores them: other values, partly under other keys than those read; kept so.
 void EcritCouleursDefaut();

@@ -20,8 +20,12 @@ std::vector<PointTrace> PointsApercu(const std::vector<PointTrace>& points) {
   if (points.size() <= PointsAuPlus) return points;
   const auto pas = base::Indice(Arrondi32(static_cast<double>(points.size()) / static_cast<double>(PointsAuPlus)));
   std::vector<PointTrace> choisis;
-  choisis.reserve(points.size() / pas + 1);
-  for (std::size_t i = 0; i < points.size(); i += pas) choisis.push_back(points[i]);
+  choisis.reserve(points.size() / pas + 2);
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const bool debut = i == 0 || points[i - 1].Seq != points[i].Seq;
+    const bool fin = i + 1 == points.size() || points[i + 1].Seq != points[i].Seq;
+    if (i % pas == 0 || debut || fin) choisis.push_back(points[i]);
+  }
   return choisis;
 }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/Nombres.h"
 #include "image/PeintFichier.h"
+#include "image/SceneFeuille.h"
 
 namespace ovelin {
 
@@ -15,21 +15,10 @@ constexpr double LargeurMax = 1600;
 constexpr double HauteurMax = 1200;
 constexpr double Bord = 50;
 constexpr float PiedEchelle = 14 * TwipsParPixel;  // from the bottom of the picture
-constexpr float CranEchelle = 4 * TwipsParPixel;
-constexpr float EcartTexte = 6 * TwipsParPixel;
 // A drawing in lines is looked at closely: what a third of a pixel can show is kept.
 constexpr float PixelSvg = TwipsParPixel / 3;
 
 constexpr double EtendueMin = 1e-6;  // mm
-
-// The longest of 1, 2, 5 times a power of ten that is not above `place`.
-double LongueurRonde(double place) {
-  const double base = std::pow(10.0, std::floor(std::log10(std::max(place, EtendueMin))));
-  for (const double facteur : {5.0, 2.0}) {
-    if (base * facteur <= place) return base * facteur;
-  }
-  return base;
-}
 
 }  // namespace
 
@@ -63,18 +52,7 @@ CadreImage CadreDocument(const Document& document, const OptionsScene& options) 
 }
 
 void AjouteEchelle(const CadreImage& cadre, Scene& scene) {
-  const double zoom = cadre.vue.Zoom;
-  const double mm = LongueurRonde(double{cadre.taille.largeur} / 4 / zoom);
-  const float gauche = Twips(Bord);
-  const float droite = gauche + static_cast<float>(mm * zoom);
-  const float bas = cadre.taille.hauteur - PiedEchelle;
-  const PointEcran barre[] = {
-      {gauche, bas - CranEchelle}, {gauche, bas}, {droite, bas}, {droite, bas - CranEchelle}};
-  Primitive p;
-  p.role = Role::Echelle;
-  scene.Ajoute(p, barre);
-  scene.AjouteTexte(Role::Echelle, {droite + EcartTexte, bas - 2 * CranEchelle}, Ancre::HautGauche,
-                    TexteNombre(mm) + " mm");
+  AjouteEchelle(cadre.vue, {Twips(Bord), cadre.taille.hauteur - PiedEchelle}, cadre.taille.largeur / 4, scene);
 }
 
 std::string ImageDocument(const Document& document, OptionsScene options, const Palette& palette,

@@ -27,25 +27,38 @@ constexpr Encre DesRapides{&Reglages::CouleurRapide};
 constexpr Encre DesCoupes{&Reglages::CouleurCoupe};
 constexpr Encre DesPlongees{&Reglages::CouleurPlongee};
 constexpr Encre Gris{nullptr, Couleur(128, 128, 128)};
+constexpr Encre Papier{nullptr, -2};  // whatever the theme has there
+constexpr Encre DesSaignees{&Reglages::CouleurSaignee};
+constexpr Encre DesEtroits{&Reglages::CouleurEtroit};
+constexpr Encre DuHalo{&Reglages::CouleurHalo};
+constexpr Encre DeLaCourse{&Reglages::CouleurCourse};
+constexpr Encre DuDehors{&Reglages::CouleurHors};
+
+// How the quiet picture differs.
+struct Sobre {
+  float opacite = 1;
+  float largeur = 0;  // logical pixels; 0: as in the other column
+};
 
 struct Ligne {
   Role role;
   Encre encre, fond;
   float largeur;  // logical pixels
   StyleTrait style;
+  Sobre sobre = {};
 };
 
 // One row a role, in their order.
 constexpr std::array<Ligne, NombreRoles> Table{{
-    {Role::Etendue, Noir, Aucune, 1, StyleTrait::TiretPointPoint},
+    {Role::Etendue, Noir, Aucune, 1, StyleTrait::TiretPointPoint, {0.3F}},
     {Role::Dessin, DuDessin, Aucune, 1, StyleTrait::Plein},
-    {Role::Selection, DeSelection, Aucune, 1.75F, StyleTrait::Plein},
-    {Role::Air, DuTrajet, Aucune, 1, StyleTrait::Pointille},
+    {Role::Selection, DeSelection, Aucune, 1.75F, StyleTrait::Plein, {1, 2}},
+    {Role::Air, DuTrajet, Aucune, 1, StyleTrait::Pointille, {0.55F}},
     {Role::Trajet, DuTrajet, Aucune, 1, StyleTrait::Plein},
     {Role::TrajetNu, DuTrajet, Aucune, 1, StyleTrait::Pointille},
     {Role::Encoche, DesEncoches, Aucune, 1, StyleTrait::Pointille},
     {Role::Attache, DesEncoches, Aucune, 1, StyleTrait::Plein},
-    {Role::Depart, DesDeparts, Aucune, 1, StyleTrait::Plein},
+    {Role::Depart, DesDeparts, Aucune, 1, StyleTrait::Plein, {0.7F}},
     {Role::Numero, DesNumeros, Blanc, 1, StyleTrait::Plein},
     {Role::NumeroSelection, DesNumeros, DeSelection, 1, StyleTrait::Plein},
     {Role::Axes, DuDessin, Aucune, 1, StyleTrait::Plein},
@@ -58,6 +71,21 @@ constexpr std::array<Ligne, NombreRoles> Table{{
     {Role::Coupe, DesCoupes, Aucune, 1, StyleTrait::Plein},
     {Role::Plongee, DesPlongees, Aucune, 1, StyleTrait::Plein},
     {Role::Boite, Gris, Aucune, 1, StyleTrait::Plein},
+    {Role::Feuille, DeLaCourse, Aucune, 1, StyleTrait::Plein, {0.05F}},
+    {Role::BordFeuille, DeLaCourse, Aucune, 1, StyleTrait::Plein, {0.7F}},
+    {Role::Grille, DeLaCourse, Aucune, 1, StyleTrait::Plein, {0.22F}},
+    {Role::ZeroMachine, DeLaCourse, Papier, 1, StyleTrait::Plein},
+    {Role::Saignee, DesSaignees, Aucune, 1, StyleTrait::Plein, {0.45F}},
+    {Role::Poche, DesSaignees, Aucune, 1, StyleTrait::Plein, {0.45F}},
+    {Role::TropEtroit, DesEtroits, Aucune, 1, StyleTrait::Plein, {1, 1.5F}},
+    {Role::Hors, DuDehors, Aucune, 1, StyleTrait::Plein, {0.5F}},
+    {Role::Halo, DuHalo, Aucune, 1, StyleTrait::Plein, {0.35F}},
+    {Role::CadreSelection, DuHalo, Aucune, 1, StyleTrait::Pointille},
+    {Role::Survol, DuHalo, Aucune, 1, StyleTrait::Plein, {0.22F}},
+    {Role::Fantome, DuHalo, Aucune, 1, StyleTrait::Plein},
+    {Role::Poignee, DuHalo, Papier, 1, StyleTrait::Plein},
+    {Role::PointDessin, DuDessin, Papier, 1, StyleTrait::Plein},
+    {Role::PointSelection, DeSelection, Papier, 1, StyleTrait::Plein},
 }};
 
 constexpr bool DansLeurOrdre() {
@@ -87,6 +115,7 @@ Palette ConstruitPalette(const Reglages& reglages, Theme theme) {
   Palette palette;
   palette.papier = PapierDe(theme);
   const auto teinte = [&](const Encre& encre) {
+    if (encre.reglage == nullptr && encre.fixe == Papier.fixe) return palette.papier;
     return encre.reglage != nullptr ? reglages.*encre.reglage : encre.fixe;
   };
   for (std::size_t i = 0; i < Table.size(); ++i) {
@@ -98,6 +127,10 @@ Palette ConstruitPalette(const Reglages& reglages, Theme theme) {
     if (ligne.fond.reglage != nullptr) aspect.fond = CouleurLisible(aspect.fond, palette.papier);
     aspect.couleurTexte = CouleurLisible(couleur, aspect.fond == SansFond ? palette.papier : aspect.fond);
     aspect.largeur = ligne.largeur;
+    if (reglages.DessinSobre) {
+      aspect.opacite = ligne.sobre.opacite;
+      if (ligne.sobre.largeur > 0) aspect.largeur = ligne.sobre.largeur;
+    }
     aspect.style = ligne.style;
   }
   return palette;

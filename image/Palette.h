@@ -24,6 +24,7 @@ struct Aspect {
   std::int32_t fond = SansFond;   // fill of a disc
   std::int32_t couleurTexte = 0;  // texts: on the fill where there is one
   float largeur = 1;              // of a line, logical pixels
+  float opacite = 1;              // of lines, dots and areas; texts and fills of discs are never seen through
   StyleTrait style = StyleTrait::Plein;
 };
 
@@ -33,9 +34,15 @@ struct Palette {
   const Aspect& operator[](Role role) const { return aspects[static_cast<std::size_t>(role)]; }
 };
 
+// The table has two columns; the settings' DessinSobre chooses the one of the quiet picture. Order and colours are
+// the same in both.
 Palette ConstruitPalette(const Reglages& reglages, Theme theme);
 
 // Width of a line, logical pixels: its own, or that of its role.
 float LargeurDe(const Primitive& ligne, const Palette& palette);
+// Opacity of a primitive: its share of that of its role.
+inline float OpaciteDe(const Primitive& p, const Palette& palette) {
+  return palette[p.role].opacite * static_cast<float>(p.force) / 255;
+}
 
 }  // namespace ovelin

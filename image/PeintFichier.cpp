@@ -30,16 +30,20 @@ void ChoisitPolice(cairo_t* c) {
   cairo_set_font_size(c, CorpsPolice);
 }
 
-void Encre(cairo_t* c, std::int32_t couleur) {
+void Encre(cairo_t* c, std::int32_t couleur, double opacite = 1) {
   const auto part = [couleur](unsigned decalage) {
     return ((static_cast<std::uint32_t>(couleur) >> decalage) & 255U) / 255.0;
   };
-  cairo_set_source_rgb(c, part(0), part(8), part(16));
+  cairo_set_source_rgba(c, part(0), part(8), part(16), opacite);
 }
 
 class Peinture {
  public:
-  Peinture(cairo_t* c, const Scene& scene, const Palette& palette) : c_(c), scene_(scene), palette_(palette) {
+  Peinture(cairo_t* c, const Scene& scene, const Palette& palette)
+      : c_(c),
+        scene_(scene),
+        palette_(palette),
+        parPoints_(cairo_surface_get_type(cairo_get_target(c)) == CAIRO_SURFACE_TYPE_IMAGE) {
     ChoisitPolice(c_);
   }
 
@@ -57,7 +61,7 @@ class Peinture {
     cairo_set_line_cap(c_, p.mesure > 0 ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_SQUARE);
     cairo_set_line_join(c_, p.mesure > 0 ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_BEVEL);
     Suit(scene_.PointsDe(p));
-    Encre(c_, palette_[p.role].couleur);
+    Teint(p);
     cairo_stroke(c_);
   }
   void Aire(const Primitive& p) {
@@ -85,7 +89,7 @@ class Peinture {
         Encre(c_, aspect.fond);
         cairo_fill_preserve(c_);
       }
-      Encre(c_, aspect.couleur);
+      Teint(p);
       cairo_stroke(c_);
     }
   }
@@ -111,7 +115,35 @@ class Peinture {
     cairo_new_path(c_);
   }
 
+  // On a picture of points each stroke replaces what the surface has there. A file of lines can't say that; there
+  // the strokes of one opacity are a group, seen through as a whole.
+  void PeintNappe(std::span<const Primitive> traits) {
+    if (parPoints_) {
+      cairo_push_group(c_);
+      cairo_set_operator(c_, CAIRO_OPERATOR_SOURCE);
+      for (const Primitive& p : traits) PeintPrimitive(*this, p);
+      cairo_pop_group_to_source(c_);
+      cairo_paint(c_);
+      return;
+    }
+    for (std::size_t i = 0; i < traits.size();) {
+      const double opacite = OpaciteDe(traits[i], palette_);
+      cairo_push_group(c_);
+      voile_ = opacite;
+      for (const Role role = traits[i].role;
+           i < traits.size() && traits[i].role == role && OpaciteDe(traits[i], palette_) == opacite; ++i) {
+        PeintPrimitive(*this, traits[i]);
+      }
+      voile_ = 1;
+      cairo_pop_group_to_source(c_);
+      cairo_paint_with_alpha(c_, opacite);
+    }
+  }
+
  private:
+  void Teint(const Primitive& p) {
+    Encre(c_, palette_[p.role].couleur, std::min(OpaciteDe(p, palette_) / voile_, 1.0));
+  }
   void Suit(std::span<const PointEcran> points) {
     cairo_new_sub_path(c_);
     for (const PointEcran& p : points) cairo_line_to(c_, p.X * Pixels, p.Y * Pixels);
@@ -122,7 +154,7 @@ class Peinture {
   }
   // Triangles and dots of one primitive may lie over each other; only an area has holes.
   void Remplit(const Primitive& p, cairo_fill_rule_t regle = CAIRO_FILL_RULE_WINDING) {
-    Encre(c_, palette_[p.role].couleur);
+    Teint(p);
     cairo_set_fill_rule(c_, regle);
     cairo_fill(c_);
   }
@@ -130,6 +162,8 @@ class Peinture {
   cairo_t* c_;
   const Scene& scene_;
   const Palette& palette_;
+  bool parPoints_;    // a picture of points, not a file of lines
+  double voile_ = 1;  // opacity that the group around the strokes gives them
 };
 
 // Whether all of it could be drawn.

@@ -8,34 +8,41 @@ namespace ovelin {
 
 inline constexpr double Pixels = 1.0 / TwipsParPixel;  // of a twip
 
-// A painter draws one primitive of a kind; this one calls it for each of a picture, in their order. `Peintre` has a
-// procedure for each kind, by its name.
+// A painter draws one primitive of a kind; this one calls it. `Peintre` has a procedure for each kind, by its name.
+template <class Peintre>
+void PeintPrimitive(Peintre& peintre, const Primitive& p) {
+  switch (p.genre) {
+    case Genre::Ligne:
+      return peintre.Ligne(p);
+    case Genre::Aire:
+      return peintre.Aire(p);
+    case Genre::Points:
+      return peintre.Points(p);
+    case Genre::Carres:
+      return peintre.Carres(p);
+    case Genre::Disque:
+      return peintre.Disque(p);
+    case Genre::Fleches:
+      return peintre.Fleches(p);
+    case Genre::Texte:
+      return peintre.Texte(p);
+  }
+}
+
+// Each primitive of a picture, in their order. Neighbours that are one surface come together, to `PeintNappe`.
 template <class Peintre>
 void PeintPrimitives(Peintre& peintre, const Scene& scene) {
-  for (const Primitive& p : scene.Primitives) {
-    switch (p.genre) {
-      case Genre::Ligne:
-        peintre.Ligne(p);
-        break;
-      case Genre::Aire:
-        peintre.Aire(p);
-        break;
-      case Genre::Points:
-        peintre.Points(p);
-        break;
-      case Genre::Carres:
-        peintre.Carres(p);
-        break;
-      case Genre::Disque:
-        peintre.Disque(p);
-        break;
-      case Genre::Fleches:
-        peintre.Fleches(p);
-        break;
-      case Genre::Texte:
-        peintre.Texte(p);
-        break;
+  const std::span<const Primitive> liste = scene.Primitives;
+  for (std::size_t i = 0; i < liste.size();) {
+    const Nappe nappe = NappeDe(liste[i].role);
+    if (nappe == Nappe::Aucune) {
+      PeintPrimitive(peintre, liste[i++]);
+      continue;
     }
+    std::size_t fin = i + 1;
+    while (fin < liste.size() && NappeDe(liste[fin].role) == nappe) ++fin;
+    peintre.PeintNappe(liste.subspan(i, fin - i));
+    i = fin;
   }
 }
 

@@ -12,6 +12,22 @@ constexpr float LargeurSigne = 0.6F;  // of the height
 
 }  // namespace
 
+Nappe NappeDe(Role role) {
+  switch (role) {
+    case Role::Saignee:
+    case Role::Poche:
+      return Nappe::Coupe;
+    case Role::Hors:
+      return Nappe::Hors;
+    case Role::Halo:
+      return Nappe::Halo;
+    case Role::Survol:
+      return Nappe::Survol;
+    default:
+      return Nappe::Aucune;
+  }
+}
+
 void Scene::Vide() {
   Points.clear();
   Primitives.clear();

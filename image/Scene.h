@@ -50,9 +50,29 @@ enum class Role : std::uint8_t {
   Rapide,   // moves of a G-code program
   Coupe,
   Plongee,
-  Boite,  // wire box around it
+  Boite,    // wire box around it
+  Feuille,  // travel of the machine ...
+  BordFeuille,
+  Grille,
+  ZeroMachine,
+  Saignee,         // what the tool takes away along a path ...
+  Poche,           // ... and in a pocket
+  TropEtroit,      // contour that the tool doesn't fit into
+  Hors,            // what lies beyond the travel
+  Halo,            // around the selection
+  CadreSelection,  // its box, with its size
+  Survol,          // path under the pointer
+  Fantome,         // outline of what is being dragged, and the figures of it
+  Poignee,         // grip of the selection's box
+  PointDessin,     // hollow mark of a point
+  PointSelection,
 };
-inline constexpr std::size_t NombreRoles = 21;
+inline constexpr std::size_t NombreRoles = 36;
+
+// Strokes of such roles lie over each other and are still one surface: where two meet, nothing gets darker, and the
+// later one counts.
+enum class Nappe : std::uint8_t { Aucune, Coupe, Hors, Halo, Survol };
+Nappe NappeDe(Role role);
 
 enum class Ancre : std::uint8_t { Centre, HautGauche };
 
@@ -60,6 +80,7 @@ struct Primitive {
   Genre genre = Genre::Ligne;
   Role role = Role::Dessin;
   Ancre ancre = Ancre::Centre;
+  std::uint8_t force = 255;               // share of the opacity that its role has, of 255
   float mesure = 0;                       // twips
   std::uint32_t premier = 0, nombre = 0;  // in Scene::Points
   std::uint32_t texte = 0;

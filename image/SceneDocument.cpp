@@ -8,6 +8,10 @@
 #include "core/Nombres.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
+#include "image/PlacesPrises.h"
+#include "image/SceneFeuille.h"
+#include "image/SceneSaignee.h"
+#include "image/SceneSelection.h"
 #include "image/Traceur.h"
 
 namespace ovelin {
@@ -22,6 +26,16 @@ constexpr float FlecheAir = 90;       // move in the air
 constexpr float AirSansFleche = 60;   // a shorter move has none
 constexpr float LettreAuPlus = 150;   // from the end of an axis to its letter
 constexpr float AxeSansDessin = 300;  // length of an axis of a drawing without extent
+// The same in the quiet picture.
+constexpr float AirAvecFleche = 600;  // a shorter move has none
+constexpr float FlecheCourte = 30;    // a start's arrow that would be shorter is left out
+constexpr float PartDuTrace = 0.35F;  // of its path's extent: a start's arrow at most
+constexpr float EcartNumero = 75;     // from a start to its number's disc
+constexpr float PlaceDePoint = 0.9F;  // of a mark's side: its radius with the room around it
+constexpr float PartAttache = 0.6F;   // of a mark's side
+constexpr float RayonPoint = 0.45F;   // of a mark's side
+constexpr float CoinEchelle = 225;    // from the corner of the picture to its bar
+constexpr float PartEchelle = 0.2F;   // of the picture's width
 
 // Kinds of dots and marks that may stand for each other in one pixel.
 enum Sorte : unsigned {
@@ -45,6 +59,7 @@ enum Sorte : unsigned {
 struct Course {
   std::size_t premier = 0, nombre = 0;
   bool selectionnee = false;
+  float xmin = 0, xmax = 0, ymin = 0, ymax = 0;
 };
 
 // One run over the document for one picture.
@@ -53,16 +68,19 @@ class Peintre {
   Peintre(const Document& document, const EtatVue& vue, const TailleImage& taille, const OptionsScene& options,
           Scene& scene)
       : doc_(document),
+        vue_(vue),
         taille_(taille),
         options_(options),
         scene_(scene),
         traceur_(scene, vue, taille, options.pixel),
         zoom_(vue.Zoom),
-        cote_(CoteMarque(taille)) {}
+        cote_(CoteMarque(taille)),
+        points_(cote_) {}
 
   void Dessine() {
     Releve();
     if (courses_.empty()) return;
+    if (options_.sobre) Dessous();
     if (options_.dessin) {
       Etendue();
       for (const Course& c : courses_) Initial(c);
@@ -71,14 +89,19 @@ class Peintre {
     if (options_.dessin) {
       Attaches();
       for (const Course& c : courses_) Depart(c);
-      if (options_.sequence) Numeros();
+      if (options_.sequence) options_.sobre ? NumerosSobres() : Numeros();
     }
     Axes();
+    if (options_.sobre) Dessus();
     if (options_.legende) Legende();
   }
 
  private:
   void Releve();
+  void Dessous();
+  void Dessus();
+  void PointsVides(const Course& course, const PointTrace* debut, const PointTrace* fin);
+  void NumerosSobres();
   void Etendue();
   void Initial(const Course& course);
   void Outil();
@@ -97,11 +120,13 @@ class Peintre {
   }
 
   const Document& doc_;
+  const EtatVue& vue_;
   TailleImage taille_;
   const OptionsScene& options_;
   Scene& scene_;
   Traceur traceur_;
   float zoom_, cote_;
+  PlacesPrises points_;  // of hollow marks
   std::unordered_map<std::uint32_t, const SequenceInfo*> fiches_;
   std::vector<Course> courses_;
   std::vector<std::size_t> attaches_;
@@ -127,9 +152,44 @@ void Peintre::Releve() {
     if (p.Cde == CodePC) attaches_.push_back(i);
     if (i == 0 || p.Seq != points[i - 1].Seq) {
       const SequenceInfo* fiche = Fiche(p.Seq);
-      courses_.push_back({i, 0, fiche != nullptr && fiche->Selection != Faux});
+      courses_.push_back({i, 0, fiche != nullptr && fiche->Selection != Faux, p.X, p.X, p.Y, p.Y});
     }
-    ++courses_.back().nombre;
+    Course& c = courses_.back();
+    ++c.nombre;
+    c.xmin = std::min(c.xmin, p.X);
+    c.xmax = std::max(c.xmax, p.X);
+    c.ymin = std::min(c.ymin, p.Y);
+    c.ymax = std::max(c.ymax, p.Y);
+  }
+}
+
+// Of the quiet picture: what lies under its lines ...
+void Peintre::Dessous() {
+  AjouteFeuille(vue_, taille_, options_, scene_);
+  if (options_.trajet) AjouteSaignees(doc_, vue_, taille_, options_, scene_);
+  if (options_.dessin) AjouteHalo(doc_, vue_, taille_, options_, scene_);
+}
+
+// ... and what lies over them.
+void Peintre::Dessus() {
+  if (options_.trajet && options_.outil.rayon > 0) AjouteTropEtroits(doc_, vue_, taille_, options_, scene_);
+  AjouteHors(doc_, vue_, taille_, options_, scene_);
+  if (options_.dessin) AjouteCadre(doc_, vue_, taille_, options_, scene_);
+  if (!options_.echelle) return;
+  AjouteEchelle(vue_, {CoinEchelle, taille_.hauteur - CoinEchelle}, taille_.largeur * PartEchelle, scene_);
+}
+
+// Hollow marks where there is room for one; of a selected path always.
+void Peintre::PointsVides(const Course& course, const PointTrace* debut, const PointTrace* fin) {
+  Primitive marque;
+  marque.genre = Genre::Disque;
+  marque.role = course.selectionnee ? Role::PointSelection : Role::PointDessin;
+  marque.mesure = cote_ * RayonPoint;
+  for (const PointTrace* p = debut; p != fin; ++p) {
+    const PointEcran place = traceur_.Place(p->X, p->Y);
+    if (!traceur_.Montre(place, cote_ / 2, course.selectionnee ? SorteMarqueSelectionnee : SorteMarque)) continue;
+    const bool libre = points_.Prend(place, cote_ * PlaceDePoint);
+    if (libre || course.selectionnee) traceur_.AjouteMarque(marque, {&place, 1});
   }
 }
 
@@ -168,6 +228,7 @@ void Peintre::Initial(const Course& course) {
     traceur_.Finit();
   }
   if (!options_.numPoint) return;
+  if (options_.sobre) return PointsVides(course, debut, fin);
   Primitive marque;
   marque.genre = Genre::Carres;
   marque.role = role;
@@ -210,7 +271,7 @@ void Peintre::Air(const PointTrace& de, const PointTrace& a) {
   traceur_.Suit(de);
   traceur_.Suit(a);
   traceur_.Finit();
-  if (longueur < AirSansFleche) return;
+  if (longueur < (options_.sobre ? AirAvecFleche : AirSansFleche)) return;
   const float fleche = std::min(FlecheAir, longueur / 2);
   const float ux = dx / longueur;
   const float uy = dy / longueur;
@@ -264,7 +325,7 @@ void Peintre::Attaches() {
   Primitive marque;
   marque.genre = Genre::Carres;
   marque.role = Role::Attache;
-  marque.mesure = cote_;
+  marque.mesure = options_.sobre ? cote_ * PartAttache : cote_;
   for (const std::size_t i : attaches_) {
     const PointEcran place = traceur_.Place(doc_.TraceInitial[i].X, doc_.TraceInitial[i].Y);
     if (traceur_.Montre(place, cote_ / 2, SorteAttache)) traceur_.AjouteMarque(marque, {&place, 1});
@@ -283,11 +344,17 @@ void Peintre::Depart(const Course& course) {
   const double dy = double{q->Y} - p->Y;
   const double longueur = std::hypot(dx, dy);
   const PointEcran place = traceur_.Place(p->X, p->Y);
-  if (!std::isfinite(longueur) || !traceur_.Montre(place, FlecheLongue, SorteDepart)) return;
+  float longue = FlecheLongue;
+  if (options_.sobre) {
+    const float etendue = std::max(course.xmax - course.xmin, course.ymax - course.ymin) * zoom_;
+    longue = std::min(longue, etendue * PartDuTrace);
+    if (!(longue >= FlecheCourte)) return;
+  }
+  if (!std::isfinite(longueur) || !traceur_.Montre(place, longue, SorteDepart)) return;
   const auto ux = static_cast<float>(dx / longueur);
   const auto uy = static_cast<float>(-dy / longueur);
   PointEcran coins[3];
-  Fleche({place.X + ux * FlecheLongue, place.Y + uy * FlecheLongue}, ux, uy, FlecheLongue, coins);
+  Fleche({place.X + ux * longue, place.Y + uy * longue}, ux, uy, longue, coins);
   Primitive fleche;
   fleche.genre = Genre::Fleches;
   fleche.role = Role::Depart;
@@ -331,6 +398,30 @@ void Peintre::Numeros() {
     const Role role = n.selectionnee ? Role::NumeroSelection : Role::Numero;
     scene_.AjouteDisque(role, n.place, n.rayon);
     scene_.AjouteTexte(role, n.place, Ancre::Centre, n.texte);
+  }
+}
+
+// Beside the start, up and to the right of it, where no other number is; those of the selection come first.
+void Peintre::NumerosSobres() {
+  const TailleTexte large = Mesure(options_.mesureTexte, "0000000");
+  const float loin = std::max(large.largeur, large.hauteur);
+  PlacesPrises prises(loin);
+  for (const bool choisies : {true, false}) {
+    const Role role = choisies ? Role::NumeroSelection : Role::Numero;
+    for (std::size_t i = 0; i < courses_.size(); ++i) {
+      if (courses_[i].selectionnee != choisies) continue;
+      const PointTrace& p = doc_.TraceInitial[courses_[i].premier];
+      PointEcran place = traceur_.Place(p.X, p.Y);
+      if (!traceur_.Visible(place, loin)) continue;
+      const std::string texte = Formate(static_cast<double>(i + 1), "####");
+      const TailleTexte mesure = Mesure(options_.mesureTexte, texte);
+      const float rayon = std::max(mesure.largeur, mesure.hauteur) / 1.6F;
+      const float ecart = (rayon + EcartNumero) * std::sqrt(0.5F);
+      place = {place.X + ecart, place.Y - ecart};
+      if (!traceur_.Visible(place, rayon) || !prises.Prend(place, rayon)) continue;
+      scene_.AjouteDisque(role, place, rayon);
+      scene_.AjouteTexte(role, place, Ancre::Centre, texte);
+    }
   }
 }
 

@@ -13,7 +13,25 @@
 
 namespace ovelin {
 
+// Tool and notches in force, mm.
+struct OutilScene {
+  double rayon = 0;  // 0: what is cut isn't shown
+  double largeurEncoche = 0;
+  double miniEncoche = 0;  // height of a bridge
+};
+
+// Travel of the machine from its zero, mm.
+struct CourseMachine {
+  float x = 0, y = 0;
+  [[nodiscard]] bool Vide() const { return !(x > 0 && y > 0); }
+};
+
 struct OptionsScene {
+  // The quiet picture: thinned, with what is cut, sheet, grid and selection. Without it, what follows isn't shown.
+  bool sobre = false;
+  OutilScene outil;
+  CourseMachine course;         // none: no sheet
+  bool echelle = false;         // a bar of a round length in the lower left corner
   bool numPoint = false;        // mnu_NumPoint: a mark at each point
   bool sequence = false;        // mnu_Sequence: numbers of the paths
   bool dessin = true;           // the drawing with its extent, attachment points, starts and numbers ...

@@ -20,14 +20,14 @@ float Cote(float cote) { return cote > 0 ? std::min(cote, CoteMax) : 0.0F; }
 
 }  // namespace
 
-Traceur::Traceur(Scene& scene, const EtatVue& vue, const TailleImage& taille, float pixel)
+Traceur::Traceur(Scene& scene, const EtatVue& vue, const TailleImage& taille, float pixel, float marge)
     : scene_(scene), vue_(vue), hauteur_(taille.hauteur), pixel_(std::max(pixel, PixelMin)) {
   const float largeur = Cote(taille.largeur);
   const float haute = Cote(taille.hauteur);
-  while (largeur / pixel_ * (haute / pixel_) > CellulesMax) pixel_ *= 2;
-  gauche_ = haut_ = -MargePixels * pixel_;
-  droite_ = largeur + MargePixels * pixel_;
-  bas_ = haute + MargePixels * pixel_;
+  while ((largeur + 2 * marge) / pixel_ * ((haute + 2 * marge) / pixel_) > CellulesMax) pixel_ *= 2;
+  gauche_ = haut_ = -MargePixels * pixel_ - marge;
+  droite_ = largeur - gauche_;
+  bas_ = haute - haut_;
   colonnes_ = static_cast<std::int32_t>((droite_ - gauche_) / pixel_) + 1;
   lignes_ = static_cast<std::int32_t>((bas_ - haut_) / pixel_) + 1;
   SansCellule();
@@ -89,9 +89,13 @@ void Traceur::SansCellule() {
   x1_ = y1_ = -x0_;
 }
 
-void Traceur::Commence(Role role, unsigned sorte) {
+void Traceur::Commence(Role role, unsigned sorte) { Commence(role, sorte, 0, Primitive{}.force); }
+
+void Traceur::Commence(Role role, unsigned sorte, float largeur, std::uint8_t force) {
   modele_ = Primitive{};
   modele_.role = role;
+  modele_.mesure = largeur;
+  modele_.force = force;
   sorte_ = sorte;
   debut_ = true;
   ouverte_ = false;
@@ -125,7 +129,7 @@ void Traceur::Ferme() {
     if (!Nouvelle(seul, sorte_)) return;
     Primitive tache = modele_;
     tache.genre = Genre::Points;
-    tache.mesure = Diametre * pixel_;
+    tache.mesure = std::max(Diametre * pixel_, modele_.mesure);
     AjouteMarque(tache, {&seul, 1});
     return;
   }

@@ -27,10 +27,13 @@ namespace ovelin {
 // cell as a whole is a dot, and a cell gets a dot of one kind once.
 class Traceur {
  public:
-  Traceur(Scene& scene, const EtatVue& vue, const TailleImage& taille, float pixel);
+  // `marge` (twips): how far beyond the edge of the picture a line still shows in it, half the width of a wide one.
+  Traceur(Scene& scene, const EtatVue& vue, const TailleImage& taille, float pixel, float marge = 0);
 
   // A line begins. `sorte` 0 to 15 tells dots that may stand for each other.
   void Commence(Role role, unsigned sorte);
+  // The same with lines `largeur` twips wide, dots of that diameter, of this share of the role's opacity.
+  void Commence(Role role, unsigned sorte, float largeur, std::uint8_t force);
   // Points of the drawing, mm.
   void Suit(const PointTrace* debut, const PointTrace* fin);
   void Suit(const PointTrace& p) { Suit(&p, &p + 1); }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "image/ui/Melange.h"
+
 namespace ovelin {
 
 namespace {
@@ -19,7 +21,8 @@ TraitRapide::TraitRapide(QImage& image)
       lignes_(image.height()) {}
 
 void TraitRapide::Crayon(QRgb couleur, int largeur) {
-  couleur_ = couleur;
+  couleur_ = couleur | 0xFF000000U;
+  opacite_ = Opacite256(couleur);
   largeur_ = std::max(largeur, 1);
 }
 
@@ -51,7 +54,7 @@ void TraitRapide::Pixel(std::int32_t pas, std::int32_t travers) {
   const std::int32_t debut = travers - (largeur_ - 1) / 2;
   for (std::int32_t t = std::max(debut, 0); t < std::min(debut + largeur_, bornes); ++t) {
     const std::int64_t place = Couche ? t * rangee_ + pas : pas * rangee_ + t;
-    pixels_[place] = couleur_;
+    pixels_[place] = opacite_ == 256 ? couleur_ : Mele(pixels_[place], couleur_, opacite_);
   }
 }
 

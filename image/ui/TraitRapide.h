@@ -27,6 +27,7 @@ class TraitRapide {
 
   // Lengths in pixels, drawn and left out in turn; none for a full line.
   void Motif(std::span<const float> motif);
+  // The colour's alpha counts.
   void Crayon(QRgb couleur, int largeur);
   // A line begins at this place; coordinates in pixels, the middle of the first one is 0.5.
   void Commence(float x, float y);
@@ -44,6 +45,7 @@ class TraitRapide {
   std::int32_t colonnes_, lignes_;
   std::int32_t largeur_ = 1;
   QRgb couleur_ = 0;
+  std::uint32_t opacite_ = 256;  // of 256
   std::span<const float> motif_;
   std::size_t tiret_ = 0;  // where the dashes stand: which one ...
   float reste_ = 0;        // ... and how much of it is left, pixels

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/DocumentCourant.h"
-#include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "core/ui/Theme.h"
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Decalage.h"
@@ -28,15 +28,17 @@ inline void DeuxCarres() {
   DeselectionneTout();
 }
 
-// The picture, shown and fitted at 600 x 400 pixels, and its signals.
+// The picture, shown and fitted at 600 x 400 pixels, and its signals. Elements, order and colours are those of the
+// plain picture, unless a test wants the quiet one.
 struct Atelier {
   ovelin::ImagePB1 image;
   std::vector<ovelin::SuiteSouris> suites;
   std::vector<bool> boutons;  // of undo, one for each snapshot
   int miseEnPage = 0;
 
-  Atelier() {
+  explicit Atelier(bool sobre = false) {
     using namespace ovelin;
+    Regl.DessinSobre = sobre;
     QObject::connect(&image, &ImagePB1::Suite, [this](const SuiteSouris& s) { suites.push_back(s); });
     QObject::connect(&image, &ImagePB1::Instantane, [this](bool b) { boutons.push_back(b); });
     QObject::connect(&image, &ImagePB1::MisEnPage, [this] { ++miseEnPage; });

@@ -26,7 +26,7 @@ constexpr Role BleuPointille = Role::Air;
 constexpr Role BleuTirets = Role::Etendue;
 
 Palette Couleurs() {
-  Palette p = ConstruitPalette(Reglages{}, Theme::Clair);
+  Palette p = ConstruitPalette(Reglages{.DessinSobre = false}, Theme::Clair);
   const auto teint = [&p](Role role, std::int32_t couleur) {
     Aspect& aspect = p.aspects[static_cast<std::size_t>(role)];
     aspect.couleur = aspect.couleurTexte = couleur;
@@ -272,7 +272,7 @@ TEST(PeintScene, ATextStandsAroundItsPlaceOrBelowIt) {
 }
 
 TEST(PeintScene, ANumberIsTakenFromTheGroundOfItsDisc) {
-  Reglages reglages;
+  Reglages reglages{.DessinSobre = false};
   reglages.CouleurSequence = Couleur(0, 0, 255);
   reglages.Couleurselectionne = Couleur(0, 0, 200);  // the number would be blue on blue
   Scene scene;
@@ -320,6 +320,76 @@ TEST(MesureDe, TellsTheFontInTwips) {
   const TailleTexte taille = MesureDe(police)("1234");
   EXPECT_NEAR(static_cast<double>(taille.largeur), mesure.horizontalAdvance(QStringLiteral("1234")) * 15, 1);
   EXPECT_NEAR(static_cast<double>(taille.hauteur), mesure.height() * 15, 1);
+}
+
+// Bands of half opacity that cross, and a fainter one over them; with so many points that they are made of bits or
+// with few.
+Scene Croix(bool nombreux) {
+  Scene scene;
+  const auto bande = [&](std::uint8_t force, float x0, float y0, float x1, float y1) {
+    Primitive p = Marque(Genre::Ligne, Role::Saignee, 10);
+    p.force = force;
+    std::vector<std::pair<float, float>> places;
+    const int n = nombreux ? 3000 : 1;
+    for (int i = 0; i <= n; ++i) {
+      const float t = static_cast<float>(i) / static_cast<float>(n);
+      places.emplace_back(x0 + t * (x1 - x0), y0 + t * (y1 - y0));
+    }
+    Ajoute(scene, p, places);
+  };
+  bande(255, 10, 40, 90, 40);
+  bande(255, 50, 10, 50, 70);
+  bande(128, 75, 10, 75, 70);
+  return scene;
+}
+
+Palette Sobre() {
+  Palette p = ConstruitPalette(Reglages{}, Theme::Clair);
+  Aspect& a = p.aspects[static_cast<std::size_t>(Role::Saignee)];
+  a.couleur = Couleur(0, 0, 255);
+  a.opacite = 0.5F;
+  return p;
+}
+
+TEST(PeintScene, StrokesOfOneSurfaceGetNoDarkerWhereTheyMeetAndTheLaterOneCounts) {
+  for (const bool nombreux : {false, true}) {
+    for (const int echelle : {1, 2}) {
+      const QImage image = Peint(Croix(nombreux), echelle, Sobre());
+      const auto rouge = [&](int x, int y) { return image.pixelColor(x * echelle, y * echelle).red(); };
+      EXPECT_NEAR(rouge(25, 40), 128, 3) << nombreux;
+      EXPECT_NEAR(rouge(50, 40), 128, 3) << nombreux;
+      EXPECT_NEAR(rouge(75, 20), 191, 3) << nombreux;
+      EXPECT_NEAR(rouge(75, 40), 191, 3) << nombreux;
+      EXPECT_EQ(rouge(25, 60), 255);
+    }
+  }
+}
+
+TEST(PeintScene, ASurfaceOfManyStrokesHasTheWidthOfOneOfFew) {
+  const auto encre = [](bool nombreux) {
+    const QImage image = Peint(Croix(nombreux), 1, Sobre());
+    double somme = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) somme += 255 - image.pixelColor(x, y).red();
+    }
+    return somme;
+  };
+  EXPECT_NEAR(encre(true) / encre(false), 1, 0.15);  // whole pixels: 11 for 10
+}
+
+TEST(PeintScene, AnEndOfABandIsRoundAlsoWhereItIsMadeOfBits) {
+  const QImage image = Peint(Croix(true), 1, Sobre());
+  EXPECT_LT(image.pixelColor(6, 40).red(), 255);  // 4 pixels before the end
+  EXPECT_EQ(image.pixelColor(6, 36).red(), 255);  // and outside of the half disc
+}
+
+TEST(PeintScene, ADottedLineOfARoleThatIsSeenThroughIsPale) {
+  Scene lourde;
+  Alourdit(lourde);
+  Ajoute(lourde, Trait(Bleu), {{10, 50}, {90, 50}});
+  Palette palette = Couleurs();
+  palette.aspects[static_cast<std::size_t>(Bleu)].opacite = 0.25F;
+  EXPECT_NEAR(Peint(lourde, 1, palette).pixelColor(50, 50).red(), 191, 4);
 }
 
 }  // namespace

@@ -20,9 +20,23 @@ TEST(PointsApercu, TakesEachPointUpToAThousandAndEachKthBeyond) {
   EXPECT_EQ(nombre(0), 0U);
   EXPECT_EQ(nombre(1000), 1000U);
   EXPECT_EQ(nombre(1499), 1499U);   // k = Round(1.499) = 1
-  EXPECT_EQ(nombre(1600), 800U);    // k = 2
-  EXPECT_EQ(nombre(2500), 1250U);   // halves to even: k = 2
-  EXPECT_EQ(nombre(10000), 1000U);  // k = 10
+  EXPECT_EQ(nombre(1601), 801U);    // k = 2
+  EXPECT_EQ(nombre(2500), 1251U);   // halves to even: k = 2, and the last point
+  EXPECT_EQ(nombre(10001), 1001U);  // k = 10
+}
+
+TEST(PointsApercu, KeepsTheTwoEndsOfEachPath) {
+  std::vector<PointTrace> points;
+  for (int i = 0; i < 4000; ++i) {
+    const auto code = static_cast<char16_t>(u'A' + i / 1000);
+    points.push_back({static_cast<float>(i), 0, CodePD, Code2(u' ', code)});
+  }
+  const auto choisis = PointsApercu(points);
+  for (const float bout : {0.F, 999.F, 1000.F, 1999.F, 2000.F, 2999.F, 3000.F, 3999.F}) {
+    EXPECT_TRUE(std::any_of(choisis.begin(), choisis.end(), [bout](const PointTrace& p) { return p.X == bout; }))
+        << bout;
+  }
+  EXPECT_EQ(choisis.size(), 1004U);  // each fourth, and the last one of each path
 }
 
 TEST(PointsApercu, StartsWithTheFirstPoint) {
@@ -31,7 +45,7 @@ TEST(PointsApercu, StartsWithTheFirstPoint) {
   const auto choisis = PointsApercu(points);
   EXPECT_EQ(choisis[0].X, 0.0F);
   EXPECT_EQ(choisis[1].X, 2.0F);
-  EXPECT_EQ(choisis.back().X, 1998.0F);
+  EXPECT_EQ(choisis.back().X, 1999.0F);  // the end of the path
 }
 
 // Two combs of 2000 points each, 50 mm apart, and short paths that the choice of points leaves out or cuts to one:

@@ -86,7 +86,7 @@ TEST(AjouteEchelle, TheBarHasARoundLengthOfAtMostAQuarterOfThePicture) {
 TEST(ImageDocument, BothFormatsAreMadeAndEachPartAddsToTheLines) {
   essai::AjouteCarre(" A", 0, 0, 50);
   TraceDecale.push_back({Code2(" A"), {{10, 10, CodePD, {}}, {40, 40, CodePD, {}}}});
-  const Palette palette = ConstruitPalette(Reglages{}, Theme::Clair);
+  const Palette palette = ConstruitPalette(Reglages{.DessinSobre = false}, Theme::Clair);
   EXPECT_TRUE(ImageDocument(Doc, Options(), palette, FormatImage::Png).starts_with("\x89PNG"));
   const auto taille = [&](bool dessin, bool trajet) {
     OptionsScene o = Options();
@@ -106,8 +106,8 @@ TEST(ImageDocument, LinesInAFileOfLinesKeepWhatAThirdOfAPixelShows) {
   TraceInitial.clear();
   for (const auto& [x, y] : dents) TraceInitial.push_back({x, y, CodePD, Code2(" A")});
   NbPoints = static_cast<std::int32_t>(TraceInitial.size());
-  const std::string svg =
-      ImageDocument(Doc, Options(), ConstruitPalette(Reglages{}, Theme::Clair), FormatImage::Svg);
+  const std::string svg = ImageDocument(
+      Doc, Options(), ConstruitPalette(Reglages{.DessinSobre = false}, Theme::Clair), FormatImage::Svg);
   std::size_t sommets = 0;
   for (std::size_t i = svg.find(" L "); i != std::string::npos; i = svg.find(" L ", i + 1)) ++sommets;
   EXPECT_GT(sommets, 3500U);  // 4500 thirds of a pixel, two points in each at the most

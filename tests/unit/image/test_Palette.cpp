@@ -43,7 +43,7 @@ TEST(Palette, DiscsOfNumbersAreWhiteOrInTheColourOfTheSelection) {
 }
 
 TEST(Palette, DashesFollowTheRole) {
-  const Palette p = ConstruitPalette(Reglages{}, Theme::Clair);
+  const Palette p = ConstruitPalette(Reglages{.DessinSobre = false}, Theme::Clair);
   EXPECT_EQ(static_cast<int>(p[Role::Etendue].style), 4);  // dash dot dot
   for (const Role role : {Role::Air, Role::TrajetNu, Role::Encoche}) EXPECT_EQ(static_cast<int>(p[role].style), 2);
   for (const Role role : {Role::Dessin, Role::Selection, Role::Trajet, Role::Axes, Role::Croix}) {
@@ -80,7 +80,7 @@ TEST(Palette, EveryColourCanBeToldFromLightAndFromDarkPaper) {
 }
 
 TEST(LargeurDe, IsThatOfTheRoleUnlessTheLineHasItsOwn) {
-  const Palette p = ConstruitPalette(Reglages{}, Theme::Clair);
+  const Palette p = ConstruitPalette(Reglages{.DessinSobre = false}, Theme::Clair);
   Primitive ligne;
   ligne.role = Role::Selection;
   EXPECT_EQ(LargeurDe(ligne, p), 1.75F);

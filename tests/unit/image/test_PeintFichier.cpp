@@ -70,7 +70,7 @@ void Ajoute(Scene& scene, Genre genre, Role role, float pixels, const std::vecto
 }
 
 // The roles in their delivered colours: drawing black, tool path red, notches dark blue.
-Palette Couleurs() { return ConstruitPalette(Reglages{}, Theme::Clair); }
+Palette Couleurs() { return ConstruitPalette(Reglages{.DessinSobre = false}, Theme::Clair); }
 
 Pixels Peint(const Scene& scene, const Palette& palette = Couleurs()) {
   return Pixels(PeintPng(scene, palette, Image));
@@ -82,7 +82,8 @@ TEST(PeintPng, HasTheSizeInPixelsAndThePaperOfTheTheme) {
   EXPECT_EQ(clair.Hauteur(), 80);
   EXPECT_EQ(clair.En(0, 0), 0xFFFFFFU);
   EXPECT_EQ(clair.En(99, 79), 0xFFFFFFU);
-  EXPECT_EQ(Peint(Scene{}, ConstruitPalette(Reglages{}, Theme::Sombre)).En(50, 40), 0x242629U);  // 36, 38, 41
+  EXPECT_EQ(Peint(Scene{}, ConstruitPalette(Reglages{.DessinSobre = false}, Theme::Sombre)).En(50, 40),
+            0x242629U);  // 36, 38, 41
 }
 
 TEST(PeintPng, LinesHaveTheWidthOfTheirRoleOrTheirOwn) {
@@ -198,6 +199,50 @@ TEST(MesureFichier, ALongerTextIsWiderAndNotHigher) {
   EXPECT_EQ(mesure("888").hauteur, mesure("8").hauteur);
   EXPECT_GT(mesure("8").hauteur, 10 * TwipsParPixel);
   EXPECT_LT(mesure("8").hauteur, 20 * TwipsParPixel);
+}
+
+// Two bands that cross, and one that lies over them with half of their opacity.
+Scene Croix() {
+  Scene scene;
+  Ajoute(scene, Genre::Ligne, Role::Saignee, 10, {P(10, 40), P(90, 40)});
+  Ajoute(scene, Genre::Ligne, Role::Saignee, 10, {P(50, 10), P(50, 70)});
+  Ajoute(scene, Genre::Ligne, Role::Saignee, 10, {P(75, 10), P(75, 70)});
+  scene.Primitives.back().force = 128;
+  return scene;
+}
+
+Palette Sobre() {
+  Palette p = ConstruitPalette(Reglages{}, Theme::Clair);
+  Aspect& a = p.aspects[static_cast<std::size_t>(Role::Saignee)];
+  a.couleur = Couleur(0, 0, 255);
+  a.opacite = 0.5F;
+  return p;
+}
+
+int Rouge(unsigned pixel) { return static_cast<int>(pixel >> 16U); }
+
+TEST(PeintPng, StrokesOfOneSurfaceGetNoDarkerWhereTheyMeetAndTheLaterOneCounts) {
+  const Pixels image = Peint(Croix(), Sobre());
+  EXPECT_NEAR(Rouge(image.En(25, 40)), 128, 2);
+  EXPECT_NEAR(Rouge(image.En(50, 40)), 128, 2) << "where two cross";
+  EXPECT_NEAR(Rouge(image.En(75, 20)), 191, 2);
+  EXPECT_NEAR(Rouge(image.En(75, 40)), 191, 2) << "the fainter one replaces the other";
+  EXPECT_EQ(image.En(5, 5), 0xFFFFFFU);
+}
+
+TEST(PeintPng, WhatLiesUnderASurfaceIsSeenThroughIt) {
+  Scene scene;
+  Ajoute(scene, Genre::Carres, Role::Dessin, 20, {P(50, 40)});
+  Ajoute(scene, Genre::Ligne, Role::Saignee, 10, {P(10, 40), P(90, 40)});
+  const Pixels image = Peint(scene, Sobre());
+  EXPECT_NEAR(static_cast<int>(image.En(50, 40) & 255U), 128, 2);
+  EXPECT_NEAR(Rouge(image.En(50, 40)), 0, 2);
+}
+
+TEST(PeintSvg, SaysTheOpacityOfASurface) {
+  const std::string svg = PeintSvg(Croix(), Sobre(), Image);
+  EXPECT_NE(svg.find("opacity"), std::string::npos);
+  EXPECT_EQ(svg.find("<image"), std::string::npos) << "lines, no picture of points";
 }
 
 }  // namespace
