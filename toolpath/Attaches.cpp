@@ -119,4 +119,38 @@ bool EnleveAttache(float x, float y) {
   return true;
 }
 
+// From the last path to the first, and from the last place of each, so that places before stay where they are. The
+// distance to start and end of a path is that of a click: as the crow flies.
+std::int32_t PoseAttaches(const VoeuAttaches& voeu) {
+  const double t = RayonEncoche();
+  const IndexCodes index = IndexDocument();
+  const std::vector<Etendue> etendues = EtenduesSequences();
+  std::vector<Code2> touches;
+  std::int32_t posees = 0;
+  for (auto e = etendues.rbegin(); e != etendues.rend(); ++e) {
+    const auto fiche = index.Fiche(e->code);
+    if (!fiche || index.PremierPoint(e->code) != e->premier) continue;
+    const SequenceInfo& s = Sequences[*fiche];
+    if (s.Selection == Faux || s.Fraiser == Faux || s.Poche != Faux) continue;
+    const std::span<const PointTrace> run = PointsDe(TraceInitial, *e);
+    std::vector<PlaceAttache> places = PlacesAttaches(run, voeu, t);
+    std::erase_if(places, [&](const PlaceAttache& p) {
+      return DistancePoints(p.point, run.front()) < t || DistancePoints(p.point, run.back()) < t;
+    });
+    if (places.empty()) continue;
+    touches.push_back(e->code);
+    posees += base::Compte(places.size());
+    for (auto p = places.rbegin(); p != places.rend(); ++p)
+      InserePoint(base::Compte(e->premier + p->fin), p->point);
+  }
+  if (posees == 0) {
+    Svc.Bip();
+    return 0;
+  }
+  RefaitDecalages(touches);
+  Modifie = Vrai;
+  Svc.Rafraichit();
+  return posees;
+}
+
 }  // namespace ovelin

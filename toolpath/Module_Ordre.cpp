@@ -2,17 +2,21 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <span>
+#include <string>
 #include <unordered_map>
 
 #include "base/Indices.h"
 #include "core/DocumentCourant.h"
+#include "core/Nombres.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/NoyauOrdre.h"
+#include "toolpath/NoyauTournee.h"
 
 namespace ovelin {
 
@@ -60,6 +64,83 @@ bool mnu_Optimisation_Click() {
   Svc.Rafraichit();
   EffaceStatut();
   return true;
+}
+
+namespace {
+
+struct BoiteRun {
+  float xmin, xmax, ymin, ymax;
+  [[nodiscard]] bool Contient(const BoiteRun& b) const {
+    return b.xmin > xmin && b.xmax < xmax && b.ymin > ymin && b.ymax < ymax;
+  }
+};
+
+BoiteRun BoiteDuRun(std::span<const PointTrace> run) {
+  BoiteRun b{run[0].X, run[0].X, run[0].Y, run[0].Y};
+  for (const PointTrace& p : run) {
+    b.xmin = std::min(b.xmin, p.X), b.xmax = std::max(b.xmax, p.X);
+    b.ymin = std::min(b.ymin, p.Y), b.ymax = std::max(b.ymax, p.Y);
+  }
+  return b;
+}
+
+// Where the tool goes down and comes up: of the tool path, or of the drawing where a path has none.
+std::vector<Etape> EtapesDe(const std::vector<Etendue>& runs) {
+  std::unordered_map<std::uint32_t, std::pair<const PointTrace*, const PointTrace*>> traces;
+  for (const SequenceDecalee& t : TraceDecale) {
+    if (t.Points.empty()) continue;
+    traces.try_emplace(t.Seq.Cle(), &t.Points.front(), nullptr).first->second.second = &t.Points.back();
+  }
+  std::vector<Etape> etapes(runs.size());
+  std::vector<BoiteRun> boites;
+  const auto lieu = [](const PointTrace& p) { return LieuTournee{p.X, p.Y}; };
+  for (std::size_t i = 0; i < runs.size(); ++i) {
+    const std::span<const PointTrace> run = PointsDe(TraceInitial, runs[i]);
+    const auto t = traces.find(runs[i].code.Cle());
+    etapes[i].entree = lieu(t != traces.end() ? *t->second.first : run.front());
+    etapes[i].sortie = lieu(t != traces.end() ? *t->second.second : run.back());
+    boites.push_back(BoiteDuRun(run));
+    for (std::size_t j = 0; j < i; ++j) {
+      if (boites[i].Contient(boites[j])) etapes[j].apres.push_back(i);
+    }
+  }
+  return etapes;
+}
+
+}  // namespace
+
+bool OrdonneTrajets() {
+  std::vector<Etendue> etendues = EtenduesSequences();
+  const IndexCodes index = IndexDocument();
+  std::vector<std::size_t> places;  // of the milled ones, which change among themselves
+  std::vector<Etendue> fraisees;
+  for (std::size_t i = 0; i < etendues.size(); ++i) {
+    const auto fiche = index.Fiche(etendues[i].code);
+    if (fiche && Sequences[*fiche].Fraiser == Faux) continue;
+    places.push_back(i);
+    fraisees.push_back(etendues[i]);
+  }
+  if (fraisees.empty()) return false;
+  Statut(Textes::CalculApresOrdre);
+  const std::vector<Etape> etapes = EtapesDe(fraisees);
+  std::vector<std::size_t> avant(etapes.size());
+  std::iota(avant.begin(), avant.end(), std::size_t{0});
+  const std::vector<std::size_t> apres = OrdreCourt(etapes);
+  const auto metres = [&](const std::vector<std::size_t>& ordre) {
+    return Formate(LongueurAir(etapes, ordre) / 1000, "0.00") + " m";
+  };
+  const std::string bilan = Traduire(Textes::MetresEnLAir) + " " + metres(avant) + " -> " + metres(apres);
+  const bool change = apres != avant;
+  if (change) {
+    for (std::size_t k = 0; k < places.size(); ++k) etendues[places[k]] = fraisees[apres[k]];
+    EcritOrdre(etendues);
+    RangeFiches();
+    RecalculDecalages();
+    Modifie = Vrai;
+    Svc.Rafraichit();
+  }
+  Svc.Panneau(PanneauEtat::Statut, bilan);
+  return change;
 }
 
 bool ChangeOrdre(PasOrdre pas) {

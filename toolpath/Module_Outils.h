@@ -1,6 +1,7 @@
 // The commands that prepare a drawing, in one include.
 #pragma once
 
+#include "toolpath/Module_Copie.h"
 #include "toolpath/Module_Export.h"
 #include "toolpath/Module_Nettoyage.h"
 #include "toolpath/Module_Ordre.h"

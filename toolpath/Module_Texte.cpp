@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <unordered_set>
 #include <vector>
 
 #include "base/Indices.h"
@@ -13,6 +12,7 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "toolpath/Bibliotheque.h"
+#include "toolpath/CodesNeufs.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
@@ -43,44 +43,10 @@ bool RefuseTexte(std::int32_t erreur, const std::string& police) {
   return false;
 }
 
-// Codes behind the greatest of the drawing. Where the count leaves the characters that a project can hold, or meets
-// a code that is taken, the first free one of the library's codes stands in.
-class CodesNeufs {
- public:
-  explicit CodesNeufs(bool dessin) {
-    if (!dessin) return;
-    dernier_ = PlusGrandCode();
-    for (const Code2 code : ListeCodes()) pris_.insert(code.Cle());
-    for (const SequenceInfo& s : Sequences) pris_.insert(s.Code.Cle());
-  }
-  // Nothing when two characters can name no more paths.
-  std::optional<Code2> Suivant() {
-    Code2 code = CodeSuivant(dernier_);
-    while (!Permis(code) || pris_.contains(code.Cle())) {
-      if (rang_ >= pathwerk::NbCodes()) return std::nullopt;
-      code = pathwerk::CodeDeRang(rang_++);
-    }
-    pris_.insert(code.Cle());
-    dernier_ = code;
-    return code;
-  }
-
- private:
-  static bool Permis(Code2 code) {
-    const auto permis = [](char16_t c) {
-      return c >= u' ' && c <= u'~' && c != u'-' && c != u'$' && c != u'=' && c != u',';
-    };
-    return permis(code.c[0]) && permis(code.c[1]) && code.c[1] != u' ';
-  }
-  Code2 dernier_ = CodeAucun;
-  std::unordered_set<std::uint32_t> pris_;
-  std::size_t rang_ = 0;
-};
-
 // The library's contours as paths of the document: codes, ordinary points, cleaned. Nothing when codes run out.
 std::optional<std::vector<std::vector<PointTrace>>> Chemins(const std::vector<PointTrace>& points, bool dessin) {
   const float resolution = Regl.Resolution > 0 ? Regl.Resolution : ResolutionTexte;
-  CodesNeufs codes(dessin);
+  CodesNeufs codes(dessin ? Doc : Document{});
   std::vector<std::vector<PointTrace>> chemins;
   for (auto debut = points.begin(); debut != points.end();) {
     const auto fin = std::find_if(debut, points.end(), [&](const PointTrace& p) { return p.Seq != debut->Seq; });

@@ -28,6 +28,7 @@
 #include "run/NoyauPlan.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Image.h"
 
 namespace ovelin::cli {
 
@@ -256,7 +257,7 @@ int Exporte(Contexte& contexte, const std::string& dessin, const std::string& so
     if (const int etat = VerifieSortie(contexte, numerotee, "", {dessin})) return etat;
   }
   if (image) {
-    OptionsScene options = OptionsCourantes(false, false);
+    OptionsScene options = OptionsDuDocument(false, false);
     options.dessin = source != "outil";
     options.trajet = source != "initial";
     const std::string octets = ImageDocument(Doc, options, ConstruitPalette(Regl, Theme::Clair),

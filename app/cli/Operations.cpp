@@ -16,9 +16,11 @@
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ValeursCles.h"
+#include "toolpath/Module_Copie.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Image.h"
 
 namespace ovelin::cli {
 
@@ -241,6 +243,37 @@ bool Materiau(const Arguments& a) {
   return true;
 }
 
+int NombreCopies(const Arguments& a, const char* nom) {
+  constexpr std::int32_t CopiesMax = 10'000;
+  const std::int32_t n = a.Entier(nom);
+  if (n < 1 || n > CopiesMax) throw MauvaisArgument(std::string(nom) + ": 1 to " + std::to_string(CopiesMax));
+  return n;
+}
+
+bool RepeteEnRangees(const Arguments& a) {
+  return RepeteSelection(PosesDe(Reseau{NombreCopies(a, "colonnes"), NombreCopies(a, "rangees"),
+                                        a.A("pasX") ? a.Nombre("pasX") : 0, a.A("pasY") ? a.Nombre("pasY") : 0}));
+}
+
+// A whole turn where no angle is given.
+bool RepeteEnRond(const Arguments& a) {
+  const int nombre = NombreCopies(a, "nombre");
+  const double angle = a.A("angle") ? a.Nombre("angle") : 2 * Pi / nombre;
+  const PointTrace centre = Centre(a);
+  return RepeteSelection(PosesDe(ReseauTournant{nombre, angle, centre.X, centre.Y}));
+}
+
+bool Attaches(const Arguments& a) {
+  VoeuAttaches voeu;
+  if (a.A("nombre")) {
+    voeu.nombre = NombreCopies(a, "nombre");
+  } else {
+    voeu.pas = a.Nombre("pas");
+    if (!(voeu.pas > 0)) throw MauvaisArgument("pas: more than 0");
+  }
+  return PoseAttaches(voeu) > 0;
+}
+
 using Operation = std::function<bool(const Arguments&)>;
 
 const std::vector<std::pair<std::string, Operation>>& Operations() {
@@ -278,6 +311,13 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
          return Dimensionne_Selection(a.Nombre("rapportX"), a.Nombre("rapportY"),
                                       a.A("proportions") && a.Booleen("proportions"));
        })},
+      // copies
+      {"CopieSelection", SurSelection([](A) { return CopieSelection(); })},
+      {"ColleCopie", [](A a) { return ColleCopie(a.Nombre("dx"), a.Nombre("dy")); }},
+      {"DupliqueSelection", SurSelection([](A a) { return DupliqueSelection(a.Nombre("dx"), a.Nombre("dy")); })},
+      {"RepeteEnRangees", SurSelection([](A a) { return RepeteEnRangees(a); })},
+      {"RepeteEnRond", SurSelection([](A a) { return RepeteEnRond(a); })},
+      {"PlaceAuCoin", [](A) { return PlaceAuCoin(); }},
       {"CB_OKRecalage", Simple([](A a) { Recale(a.Nombre("x"), a.Nombre("y")); })},
       // properties of the selection and fields of the tool
       {"Option_Decal", SurSelection(Simple([](A a) { DecaleSelection(Cote(a)); }))},
@@ -294,7 +334,9 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       // attachment points
       {"AjouteAttache", [](A a) { return AjouteAttache(a.Reel("x"), a.Reel("y")); }},
       {"EnleveAttache", [](A a) { return EnleveAttache(a.Reel("x"), a.Reel("y")); }},
+      {"PoseAttaches", SurSelection([](A a) { return Attaches(a); })},
       // order, clean-up, drag knife, text
+      {"OrdonneTrajets", Simple([](A) { OrdonneTrajets(); })},
       {"mnu_Optimisation_Click", [](A) { return mnu_Optimisation_Click(); }},
       {"CB_Ordre",
        [](A a) { return ChangeOrdre(Index(a, "index", 1) == 0 ? PasOrdre::PlusTot : PasOrdre::PlusTard); }},
