@@ -31,6 +31,14 @@ namespace ovelin {
 namespace {
 
 constexpr std::size_t ChiffresNom = 5;
+constexpr const char* ExtensionRefaire = "refait";  // of what undo has taken back; the first taken back is 1
+bool Retour = false;  // undo or redo puts a state back: the snapshot that follows is no change of the user's
+
+class PendantRetour : base::SansCopie {
+ public:
+  PendantRetour() { Retour = true; }
+  ~PendantRetour() { Retour = false; }
+};
 
 // What makes a file this one, whatever its name: a hard link has the same.
 struct Identite {
@@ -83,10 +91,14 @@ bool MemesFiches(const std::vector<SequenceInfo>& a, const std::vector<SequenceI
   });
 }
 
-bool Inchange(const Identite& avant, const std::string& reglages) {
-  return avant.taille >= 0 && avant == Dernier.identite && Dernier.marque == Svc.MarqueDecimale &&
-         Dernier.reglages == reglages && Dernier.points == TraceInitial &&
+// What the last snapshot was taken of, whatever has become of its file.
+bool MemeEtat(const std::string& reglages) {
+  return Dernier.marque == Svc.MarqueDecimale && Dernier.reglages == reglages && Dernier.points == TraceInitial &&
          MemesFiches(Dernier.sequences, Sequences);
+}
+
+bool Inchange(const Identite& avant, const std::string& reglages) {
+  return avant.taille >= 0 && avant == Dernier.identite && MemeEtat(reglages);
 }
 
 // The drawing is empty, and so it was at the last snapshot. One step is enough for that: a project without points
@@ -134,6 +146,18 @@ int Numero(const std::string& nom) {
 
 void Supprime(int numero) { unlink(CheminInstantane(numero).c_str()); }
 
+std::string CheminRefaire(int rang) { return DossierTemp + "/" + std::to_string(rang) + "." + ExtensionRefaire; }
+
+void OublieRefaire() {
+  for (int rang = 1; unlink(CheminRefaire(rang).c_str()) == 0; ++rang) {
+  }
+}
+
+// The snapshot leaves the list; mnu_Redo finds it as the next one.
+void MetDeCote(int numero) {
+  if (rename(CheminInstantane(numero).c_str(), CheminRefaire(PasARefaire() + 1).c_str()) != 0) Supprime(numero);
+}
+
 // Whether there is something to go back to.
 bool ResteUnPas() {
   std::vector<std::string> noms = ListeFichiers(DossierTemp, "OVL");
@@ -169,6 +193,7 @@ ResultatInstantane PrendInstantane() {
   NoteDessin(FichierCourant);
   const PendantInstantane pendant(chemin);
   std::string reglages = LignesReglages(chemin);
+  const bool autre = !MemeEtat(reglages);
   if (!avant.empty() && Inchange(IdentiteDe(avant), reglages) && link(avant.c_str(), chemin.c_str()) == 0) {
     r.lie = true;
   } else {
@@ -179,6 +204,7 @@ ResultatInstantane PrendInstantane() {
   }
   r.numero = n + 1;
   r.bouton = r.numero >= 2;
+  if (autre && !Retour) OublieRefaire();
   if (ATenir) OteReprise(*ATenir);
   ATenir.reset();
   return r;
@@ -189,13 +215,17 @@ void OteApresInstantane(const Reprise& reprise) {
   ATenir = reprise;
 }
 
-ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
+namespace {
+
+// The state of a snapshot into the document, with all that hangs on it; the file that `reste` names is current
+// meanwhile, and `apres` comes before the picture.
+template <class F>
+ResultatAnnulation Reprend(const std::string& chemin, const std::string& reste, const CrochetsAnnulation& crochets,
+                           const F& apres) {
   ResultatAnnulation r;
-  const int n = NumeroInstantane();
-  if (n < 2) return r;  // the button isn't offered then
   Appelle(crochets.MontreBouton, false);
   const std::string garde = FichierCourant;
-  FichierCourant = CheminInstantane(n - 1);
+  FichierCourant = chemin;
   r.fait = true;
   MarqueTravail();
   r.lu = LireProjet(FichierCourant);
@@ -208,19 +238,49 @@ ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
   PointCourantX = 0;
   PointCourantY = 0;
   Appelle(crochets.DeuxiemeDrapeauOutil);
-  FichierCourant = CheminInstantane(n);
-  Supprime(n);
-  Appelle(crochets.Dessin);
+  FichierCourant = reste;
+  apres();
+  {
+    const PendantRetour pendant;
+    Appelle(crochets.Dessin);
+  }
+  FichierCourant = garde;
+  return r;
+}
+
+}  // namespace
+
+ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
+  const int n = NumeroInstantane();
+  if (n < 2) return {};  // the button isn't offered then
+  ResultatAnnulation r = Reprend(CheminInstantane(n - 1), CheminInstantane(n), crochets, [n] { MetDeCote(n); });
   Supprime(n);  // Dessin has left one under the same number
   r.bouton = ResteUnPas();
   Appelle(crochets.MontreBouton, true);
-  FichierCourant = garde;
+  return r;
+}
+
+int PasARefaire() {
+  int rang = 0;
+  while (!DossierTemp.empty() && IdentiteDe(CheminRefaire(rang + 1)).taille >= 0) ++rang;
+  return rang;
+}
+
+// The picture leaves the snapshot of the state that has come back.
+ResultatAnnulation mnu_Redo(const CrochetsAnnulation& crochets) {
+  const int rang = PasARefaire();
+  if (rang == 0) return {};
+  const std::string chemin = CheminRefaire(rang);
+  ResultatAnnulation r = Reprend(chemin, chemin, crochets, [&chemin] { unlink(chemin.c_str()); });
+  r.bouton = ResteUnPas();
+  Appelle(crochets.MontreBouton, true);
   return r;
 }
 
 void EffaceTousInstantanes() {
   Oublie();
   if (DossierTemp.empty()) return;
+  OublieRefaire();
   for (const std::string& nom : ListeFichiers(DossierTemp, "OVL")) {
     const std::string chemin = DansDossier(DossierTemp, nom);
     if (unlink(chemin.c_str()) == 0) continue;

@@ -43,6 +43,12 @@ struct ResultatAnnulation {
 // saving: keys are looked up in the user's file, and what is written goes to the settings file alone.
 ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets);
 
+// One step forward again: what mnu_Undo has taken back stays in `DossierTemp` under other names than "*.OVL", until
+// something else is changed. `bouton` is that of mnu_Undo.
+ResultatAnnulation mnu_Redo(const CrochetsAnnulation& crochets);
+// Steps that mnu_Redo can take.
+int PasARefaire();
+
 // Number of the last snapshot listed, 0 when there is none.
 int NumeroInstantane();
 // Path of a snapshot: five digits and ".OVL".

@@ -111,7 +111,7 @@ std::string TexteProfondeur(const std::string& texte) {
 
 bool EntreProfondeur(const std::string& texte) {
   const auto v = NombreDuTexte(texte);
-  return v && ProfondeurSelection(*v);
+  return v && ProfondeurSelection(*v > 0 ? -*v : *v);
 }
 
 }  // namespace ovelin

@@ -17,6 +17,7 @@
 #include "core/Traduction.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Prise.h"
 
 namespace ovelin {
 
@@ -34,7 +35,7 @@ PointTrace EnDessin(const TailleImage& taille, float x, float y) {
 
 // Steps 1 to 3 of a press: the nearest path, alone or with Control added or taken away. A second click on the only
 // selected path takes it away too.
-void Selectionne(const PointTrace& clic, bool controle, SuiteSouris& suite) {
+SegmentProche Selectionne(const PointTrace& clic, bool controle, SuiteSouris& suite) {
   const SegmentProche proche = SegmentLePlusProche(TraceInitial, NbPoints, clic.X, clic.Y);
   const bool trouve = proche.code != Code2{};
   Code2 dernier;
@@ -49,6 +50,7 @@ void Selectionne(const PointTrace& clic, bool controle, SuiteSouris& suite) {
   }
   suite.initSeq = true;
   suite.redessine = true;
+  return proche;
 }
 
 void Commence(Glissement glissement, const EvenementSouris& e, SuiteSouris& suite) {
@@ -57,13 +59,15 @@ void Commence(Glissement glissement, const EvenementSouris& e, SuiteSouris& suit
   Souris.y0 = Souris.y1 = e.Y;
   Souris.ecart = 0;
   suite.outils = true;
-  suite.bande = glissement != Glissement::Panorama;
+  suite.bande = glissement == Glissement::Loupe || glissement == Glissement::Selection;
 }
 
 // A drag ends, or is given up because another button came down.
 void Finit(SuiteSouris& suite) {
   if (Souris.glissement == Glissement::Aucun) return;
-  suite.bande = Souris.glissement != Glissement::Panorama;
+  suite.bande = Souris.glissement == Glissement::Loupe || Souris.glissement == Glissement::Selection;
+  suite.prise = Souris.glissement == Glissement::Prise;
+  AbandonneTirage();
   suite.outils = true;
   Souris.glissement = Glissement::Aucun;
 }
@@ -151,6 +155,20 @@ SuiteSouris mnu_ZoomSelection_Click() {
   return suite;
 }
 
+SuiteSouris Echappe() {
+  SuiteSouris suite;
+  if (Souris.glissement != Glissement::Aucun) {
+    Finit(suite);
+  } else if (Souris.mnu_Lever || Souris.mnu_ZoomSelection) {
+    suite = RelacheOutils();
+  } else if (Code2 dernier; NbSelectionnees(dernier) > 0) {
+    DeselectionneTout();
+    suite.initSeq = true;
+    suite.redessine = true;
+  }
+  return suite;
+}
+
 SuiteSouris RelacheOutils() {
   SuiteSouris suite;
   Finit(suite);
@@ -165,7 +183,10 @@ SuiteSouris PB1_MouseDown(const EvenementSouris& e, const TailleImage& taille) {
   if (TraceInitial.empty()) return suite;
   const PointTrace clic = EnDessin(taille, e.X, e.Y);
   const bool selectionne = e.bouton == Bouton1 && !Souris.mnu_Lever;
-  if (selectionne) Selectionne(clic, e.controle, suite);
+  const bool prend = selectionne && !e.majuscule && !Souris.mnu_ZoomSelection;
+  if (prend) PrepareTirage(e, taille);
+  SegmentProche proche;
+  if (selectionne) proche = Selectionne(clic, e.controle, suite);
   if (e.bouton == Bouton1 && !e.majuscule && Souris.mnu_ZoomSelection) {
     Commence(Glissement::Loupe, e, suite);
   } else if ((e.bouton == Bouton2 && !e.majuscule) || e.bouton == BoutonMilieu) {
@@ -181,6 +202,9 @@ SuiteSouris PB1_MouseDown(const EvenementSouris& e, const TailleImage& taille) {
     }
   } else if (selectionne && e.majuscule) {
     Commence(Glissement::Selection, e, suite);
+  } else if (prend) {
+    CommenceTirage(e, taille, proche);
+    Souris.glissement = Glissement::Prise;
   }
   return suite;
 }
@@ -191,7 +215,9 @@ SuiteSouris PB1_MouseMove(const EvenementSouris& e, const TailleImage& taille) {
   const float dx = e.X - Souris.x1;
   const float dy = e.Y - Souris.y1;
   const bool panorama = Souris.glissement == Glissement::Panorama;
-  if (Souris.glissement != Glissement::Aucun && (dx != 0 || dy != 0)) {
+  if (Souris.glissement == Glissement::Prise) {
+    suite.prise = (e.bouton & Bouton1) != 0 && Tire(e, taille, suite);
+  } else if (Souris.glissement != Glissement::Aucun && (dx != 0 || dy != 0)) {
     const unsigned tenus = panorama ? Bouton2 | BoutonMilieu : unsigned{Bouton1};
     if ((e.bouton & tenus) != 0) {
       Souris.x1 = e.X;
@@ -213,6 +239,12 @@ SuiteSouris PB1_MouseUp(const EvenementSouris& e, const TailleImage& taille) {
   const Glissement glissement = Souris.glissement;
   const bool sien = glissement == Glissement::Panorama ? e.bouton != Bouton1 : e.bouton == Bouton1;
   if (glissement == Glissement::Aucun || !sien) return suite;
+  if (glissement == Glissement::Prise) {
+    Souris.glissement = Glissement::Aucun;
+    suite.prise = LacheTirage();
+    suite.initSeq = suite.prise;
+    return suite;
+  }
   if (glissement == Glissement::Panorama) {
     suite.menu = e.bouton == Bouton2 && Souris.ecart <= Tremblement;
   } else {
@@ -233,7 +265,9 @@ SuiteSouris PB1_MouseUp(const EvenementSouris& e, const TailleImage& taille) {
 
 Curseur CurseurSouris() {
   if (Souris.glissement == Glissement::Panorama) return Curseur::Main;
-  if (Souris.glissement != Glissement::Aucun) return Curseur::Rectangle;
+  if (Souris.glissement == Glissement::Loupe || Souris.glissement == Glissement::Selection) {
+    return Curseur::Rectangle;
+  }
   return Souris.mnu_Lever ? Curseur::CiblePetit : Curseur::Defaut;
 }
 

@@ -37,6 +37,7 @@ enum class Glissement : std::uint8_t {
   Loupe,      // rubber band of the zoom tool
   Selection,  // rubber band with Shift, no tool: the paths inside
   Panorama,
+  Prise,  // of the selection, or nothing that can be dragged (Module_Prise.h)
 };
 
 struct EtatSouris {
@@ -56,6 +57,7 @@ struct SuiteSouris {
   bool initSeq = false;    // panel Frame_Sequence, nodes of the selection in both trees
   bool bande = false;      // the rubber band appears, moves or goes (BandeSouris)
   bool outils = false;     // buttons mnu_Lever and mnu_ZoomSelection, pointer and tool tip
+  bool prise = false;      // what is dragged has moved, or is let go
   bool positions = false;  // the three panels take `panneaux`
   bool menu = false;       // context menu of the picture
   bool pageOutil = false;  // page of the parameters (Option1), focus on TB_LargeurEncoche
@@ -66,6 +68,8 @@ struct SuiteSouris {
 // and stays off.
 SuiteSouris mnu_Lever_Click();
 SuiteSouris mnu_ZoomSelection_Click();
+// Escape: a drag ends without effect, otherwise a tool is laid down, otherwise nothing is selected any more.
+SuiteSouris Echappe();
 // Both off and no drag: a drawing is opened.
 SuiteSouris RelacheOutils();
 

@@ -18,8 +18,10 @@
 #include "toolpath/ui/F_Exporter.h"
 #include "toolpath/ui/F_Texte.h"
 #include "toolpath/ui/F_Vinyl.h"
+#include "workspace/ui/F_Attaches.h"
 #include "workspace/ui/F_Dimension.h"
 #include "workspace/ui/F_Nettoyage.h"
+#include "workspace/ui/F_Repeter.h"
 #include "workspace/ui/F_Reprise.h"
 #include "workspace/ui/F_Soudure.h"
 
@@ -29,6 +31,7 @@ namespace {
 
 constexpr std::array Table{
     LigneDe<F_About>("F_About", Exemplaires::Un, Tenue::Modale),
+    LigneDe<F_Attaches>("F_Attaches", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_BD>("F_BD", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_CarteVirtuelle>("F_CarteVirtuelle", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_ChangtTable>("F_ChangtTable", Exemplaires::Un, Tenue::Modale),
@@ -41,6 +44,7 @@ constexpr std::array Table{
     LigneDe<F_ParamMachine>("F_ParamMachine", Exemplaires::Un, Tenue::Libre),
     LigneDe<F_PasPerdus>("F_PasPerdus", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_PilMan>("F_PilMan", Exemplaires::Un, Tenue::Libre),
+    LigneDe<F_Repeter>("F_Repeter", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Reprise>("F_Reprise", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Soudure>("F_Soudure", Exemplaires::Un, Tenue::Modale),
     LigneDe<F_Test>("F_Test", Exemplaires::Un, Tenue::Modale),

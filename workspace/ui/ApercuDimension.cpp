@@ -20,6 +20,11 @@ void ApercuDimension::Montre(double rapportX, double rapportY) {
   Refait();
 }
 
+void ApercuDimension::Prend(std::vector<PointTrace> points) {
+  points_ = std::move(points);
+  Refait();
+}
+
 void ApercuDimension::Refait() {
   TailleImage taille;
   taille.largeur = Twips(width());

@@ -15,6 +15,8 @@ class ApercuDimension : public QWidget {
   ApercuDimension(std::vector<PointTrace> points, QWidget* parent);
 
   void Montre(double rapportX, double rapportY);
+  // Other points.
+  void Prend(std::vector<PointTrace> points);
   [[nodiscard]] const Scene& Dessine() const { return scene_; }
 
   [[nodiscard]] QSize sizeHint() const override { return {300, 220}; }

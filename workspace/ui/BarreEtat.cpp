@@ -1,5 +1,6 @@
 #include "workspace/ui/BarreEtat.h"
 
+#include <QEvent>
 #include <algorithm>
 
 #include "base/Indices.h"
@@ -23,6 +24,10 @@ BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent), stop_(new BoutonStop
   addWidget(textes_[0], 3);
   addWidget(textes_[1], 2);
   addWidget(textes_[2], 3);
+  parole_ = Etiquette("SB1_11", 0);
+  parole_->setProperty("valeur", true);
+  parole_->installEventFilter(this);
+  addWidget(parole_, 5);
   picture_ = Etiquette("SB1_10", CoteImage);
   addWidget(picture_);
   avancement_ = new QProgressBar(this);
@@ -69,6 +74,23 @@ void BarreEtat::Carte(const QString& texte, const QString& bulle) {
   carte_->setText(texte);
   carte_->setToolTip(bulle);
   carte_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+}
+
+void BarreEtat::Parle(const std::string& texte) {
+  const QString t = QString::fromStdString(texte);
+  if (t == parlee_) return;
+  parlee_ = t;
+  parole_->setToolTip(t);
+  Coupe();
+}
+
+void BarreEtat::Coupe() {
+  parole_->setText(parole_->fontMetrics().elidedText(parlee_, Qt::ElideRight, parole_->width()));
+}
+
+bool BarreEtat::eventFilter(QObject* objet, QEvent* e) {
+  if (objet == parole_ && e->type() == QEvent::Resize) Coupe();
+  return QStatusBar::eventFilter(objet, e);
 }
 
 void BarreEtat::SB_Avancement(const std::string& texte, long total) {

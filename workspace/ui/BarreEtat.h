@@ -23,6 +23,8 @@ class BarreEtat : public QStatusBar {
   void Panneau(PanneauEtat panneau, const std::string& texte);
   void Positions(const std::array<std::string, 3>& textes);
   void Carte(const QString& texte, const QString& bulle);
+  // What stands on the work bench, beside the panels; cut where the window has no room for it, whole in its tip.
+  void Parle(const std::string& texte);
   // The one stop button: there while something runs.
   void MontreStop(bool visible) { stop_->setVisible(visible); }
 
@@ -33,11 +35,17 @@ class BarreEtat : public QStatusBar {
   // Timer_Decalage: the next of the four pictures.
   void Timer_Decalage_Timer();
 
+ protected:
+  bool eventFilter(QObject* objet, QEvent* e) override;
+
  private:
   QLabel* Etiquette(const char* nom, int largeur);
+  void Coupe();
 
   std::array<QLabel*, 3> textes_{};  // panels 1, 2, 5
   std::array<QLabel*, 3> positions_{};
+  QLabel* parole_;
+  QString parlee_;
   QLabel* picture_;
   QLabel* carte_;
   QProgressBar* avancement_;

@@ -66,6 +66,7 @@ CommandesPrincipales::CommandesPrincipales(QMenuBar* menus, QToolBar* barre, con
   RemplitBarre(barre);
   DessinOuvert(false);
   Active("mnu_Undo", false);
+  Active("mnu_Redo", false);
 }
 
 QAction* CommandesPrincipales::Cree(const LigneCommande& ligne) {
@@ -74,7 +75,8 @@ QAction* CommandesPrincipales::Cree(const LigneCommande& ligne) {
   auto* action = new QAction(IconeProgramme(QString::fromLatin1(ligne.nom)), QString::fromUtf8(ligne.texte), this);
   action->setObjectName(QString::fromLatin1(ligne.nom));
   action->setCheckable(ligne.bascule);
-  if (*ligne.touches != '\0') action->setShortcut(QKeySequence(QString::fromLatin1(ligne.touches)));
+  if (*ligne.touches != '\0')
+    action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(ligne.touches)));
   connect(action, &QAction::triggered, this, [this, action, &ligne, &commande = execution->second] {
     if (!ligne.course && OperationCarte) {
       if (ligne.bascule) action->toggle();  // the click has switched it already

@@ -131,6 +131,8 @@ void F_Dimension::Branche(std::size_t axe) {
           [this, axe](bool change) { Quitte(*axes_[axe].rapport, axe, true, change); });
   connect(axes_[axe].resultat, &ChampNombre::Quitte, this,
           [this, axe](bool change) { Quitte(*axes_[axe].resultat, axe, false, change); });
+  connect(axes_[axe].rapport, &QLineEdit::textEdited, this, [this, axe] { Previent(axe, true); });
+  connect(axes_[axe].resultat, &QLineEdit::textEdited, this, [this, axe] { Previent(axe, false); });
 }
 
 void F_Dimension::MontreChamps() {
@@ -143,6 +145,19 @@ void F_Dimension::MontreChamps() {
     a.rapport->Accepte();
     a.resultat->Accepte();
   }
+}
+
+// The preview as it would be with what is typed so far; a text that is no size yet leaves it.
+void F_Dimension::Previent(std::size_t axe, bool rapport) {
+  ChampsDimension essai = champs_;
+  const auto v = NombreDuTexte((rapport ? axes_[axe].rapport : axes_[axe].resultat)->Texte());
+  if (!v) return;
+  if (rapport) {
+    EntreRapport(essai, axe, *v);
+  } else if (!EntreResultat(essai, axe, *v)) {
+    return;
+  }
+  if (!VerifieDimension(essai)) PB1_->Montre(essai.axes[0].rapport, essai.axes[1].rapport);
 }
 
 // A field that is left as it was changes nothing: its text is shorter than its value.

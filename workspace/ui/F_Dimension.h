@@ -38,6 +38,7 @@ class F_Dimension : public QDialog {
   void ConstruitBarre();
   void Branche(std::size_t axe);
   void MontreChamps();
+  void Previent(std::size_t axe, bool rapport);
   void Quitte(ChampNombre& champ, std::size_t axe, bool rapport, bool change);
   bool Applique();   // the fields into the answer; false when refused
   bool LitChamps();  // every field holds a number; otherwise it says which doesn't

@@ -36,6 +36,7 @@
 #include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Enregistrement.h"
+#include "workspace/Module_Image.h"
 #include "workspace/Module_Ouverture.h"
 #include "workspace/Module_Recents.h"
 #include "workspace/Module_Souris.h"
@@ -48,7 +49,7 @@ namespace {
 constexpr const char* Section = "F_Representation";
 constexpr int LargeurMin = 760, HauteurMin = 520;
 constexpr int LargeurNeuve = 1280, HauteurNeuve = 800;
-constexpr int CoteIcone = 24;
+constexpr int CoteIcone = 22;
 constexpr int PeriodeFin = 20;   // ms between two looks whether the machine stands
 constexpr int DelaiCadre = 250;  // ms until the desktop has put its frame around the window
 
@@ -111,6 +112,7 @@ void F_Representation::Dispose() {
   SB1_ = new BarreEtat(this);
   setStatusBar(SB1_);
   cadre_ = new FrameAvancement(PB1_);
+  alerte_ = new AlerteCourse(PB1_);
   suivi_ = new SuiviRun(*PB1_, this);
   Timer_Interro_ = new QTimer(this);
   Timer_Interro_->setObjectName(QStringLiteral("Timer_Interro"));
@@ -125,7 +127,10 @@ void F_Representation::Dispose() {
 
 void F_Representation::Relie() {
   connect(PB1_, &ImagePB1::Suite, this, &F_Representation::SuitSouris);
-  connect(PB1_, &ImagePB1::Instantane, this, [this](bool bouton) { commandes_->Active("mnu_Undo", bouton); });
+  connect(PB1_, &ImagePB1::Instantane, this, [this](bool bouton) {
+    commandes_->Active("mnu_Undo", bouton);
+    commandes_->Active("mnu_Redo", PasARefaire() > 0);
+  });
   connect(PB1_, &ImagePB1::MisEnPage, this, [this] {
     if (charge_ && !dechargee_) RetaillePlacement(EtatCourant());
   });
@@ -137,6 +142,10 @@ void F_Representation::Relie() {
     }
   });
   connect(panneau_, &PanneauLateral::MenuArbre, this, &F_Representation::MenuImage);
+  connect(alerte_, &AlerteCourse::Place, this, [] {
+    if (OperationCarte) return Svc.Bip();
+    PlaceAuCoin();
+  });
   connect(separateur_, &QSplitter::splitterMoved, this,
           [this] { commandes_->Coche("mnu_Panneau", separateur_->sizes().value(1) > 0); });
   connect(commandes_->CB_BD(), &QComboBox::activated, this, &F_Representation::ChoisitMateriau);
@@ -338,6 +347,7 @@ void F_Representation::FermeApresRun() {
 // A tool that changes the drawing at the next click is laid down, too.
 void F_Representation::EnRun(bool enRun) {
   commandes_->EnRun(enRun);
+  alerte_->EnRun(enRun);
   panneau_->EnRun(enRun);
   if (enRun && Souris.mnu_Lever) SuitSouris(mnu_Lever_Click());
 }
@@ -359,74 +369,7 @@ void F_Representation::changeEvent(QEvent* e) {
   AppliqueTheme();
 }
 
-// --- the document on show
-
-void F_Representation::Rafraichit() {
-  // What an opening leaves on its way isn't shown, and no step of undo leads there.
-  if (ouverture_) return;
-  Respiration souffle;
-  panneau_->RemplitArbres();
-  souffle.Laisse();
-  panneau_->InitSeq();
-  souffle.Laisse();
-  Dessine();
-}
-
-void F_Representation::Dessine() {
-  finRepondue_ = false;
-  vide_->setVisible(TraceInitial.size() < 2);
-  PB1_->Dessin();
-}
-
-void F_Representation::DessinOuvert(bool ouvert) {
-  commandes_->DessinOuvert(ouvert);
-  ouverture_ = !ouvert;
-  PB1_->Retient(ouverture_);
-  titre_.clear();
-  if (!ouvert) {
-    vide_->hide();
-    commandes_->Active("mnu_Undo", false);
-    panneau_->OublieDeplacement();
-    return;
-  }
-  RelacheOutils();
-  SuitOutils();
-  Titre();
-  MontreMateriau();
-  mnu_Zoom1(PB1_->Taille());
-}
-
-void F_Representation::Titre() {
-  constexpr qsizetype Montres = 60;  // characters of a text that may have thousands
-  const QString nom = titre_.isEmpty() ? QString::fromStdString(NomDe(FichierCourant)) : titre_.left(Montres);
-  const QString programme = QString::fromLatin1(NomProgramme);
-  setWindowTitle(nom.isEmpty() ? programme : programme + QStringLiteral(" <-> ") + nom);
-}
-
-void F_Representation::Redessine(bool du) {
-  if (du) PB1_->Dessin();
-}
-
-void F_Representation::SuitSouris(const SuiteSouris& suite) {
-  if (suite.positions) SB1_->Positions(suite.panneaux);
-  if (suite.initSeq) panneau_->InitSeq();
-  if (suite.outils) SuitOutils();
-  if (suite.pageOutil) {
-    panneau_->Option1(PageSequence::Fraisage);
-    panneau_->Fraisage()->FocusLargeurEncoche();
-  }
-  if (suite.menu) {
-    // Asked for with the keyboard, it opens in the middle of the picture.
-    const bool dessus = PB1_->rect().contains(PB1_->mapFromGlobal(QCursor::pos()));
-    MenuImage(dessus ? QCursor::pos() : PB1_->mapToGlobal(PB1_->rect().center()));
-  }
-}
-
-void F_Representation::SuitOutils() {
-  commandes_->Coche("mnu_Lever", Souris.mnu_Lever);
-  commandes_->Coche("mnu_ZoomSelection", Souris.mnu_ZoomSelection);
-  PB1_->SuitOutils();
-}
+// --- the board
 
 void F_Representation::RegleTimer_Interro() {
   constexpr int Periode = 1000, PeriodeMin = 50;  // ms
@@ -485,6 +428,15 @@ bool F_Representation::Depose(const std::string& chemin) {
     moi->Ouvre(chemin);
   });
   return true;
+}
+
+// Escape where no field has taken it: from the picture and the trees.
+void F_Representation::keyPressEvent(QKeyEvent* e) {
+  if (e->key() != Qt::Key_Escape) return QMainWindow::keyPressEvent(e);
+  const SuiteSouris suite = Echappe();
+  SuitSouris(suite);
+  PB1_->update();
+  Redessine(suite.redessine);
 }
 
 bool F_Representation::eventFilter(QObject* objet, QEvent* e) {

@@ -11,8 +11,10 @@
 #include "core/Services.h"
 #include "core/ui/Fenetres.h"
 #include "workspace/FinCycle.h"
+#include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Ouverture.h"
+#include "workspace/ui/AlerteCourse.h"
 #include "workspace/ui/BarreEtat.h"
 #include "workspace/ui/CommandesPrincipales.h"
 #include "workspace/ui/FrameAvancement.h"
@@ -49,6 +51,7 @@ class F_Representation : public QMainWindow {
   void changeEvent(QEvent* e) override;
   void dragEnterEvent(QDragEnterEvent* e) override;
   void dropEvent(QDropEvent* e) override;
+  void keyPressEvent(QKeyEvent* e) override;
   bool eventFilter(QObject* objet, QEvent* e) override;
 
  private:
@@ -68,9 +71,11 @@ class F_Representation : public QMainWindow {
   void Redessine(bool du);  // Dessin where a procedure says that it is due
   void SuitSouris(const SuiteSouris& suite);
   void SuitOutils();
+  void SuitImage();
   void AfficheCarte();  // the board's panel, where its presence has changed
   void RegleTimer_Interro();
   void Titre();
+  void Parle();            // status and star follow the document
   void EnRun(bool enRun);  // a job runs on the machine, or has ended
   void FermeApresRun();    // the end of the program waits for the machine
   void MontreMateriau();   // the list of materials and its tip follow what is in force
@@ -86,7 +91,10 @@ class F_Representation : public QMainWindow {
   bool Enregistre(bool (*procedure)());  // mnu_Save or mnu_SaveAs
   void OffreReprises();                  // work of a program that died
   void ApresOuverture();
-  void Annule();
+  void Annule(ResultatAnnulation (*pas)(const CrochetsAnnulation&));  // mnu_Undo or mnu_Redo
+  void Copie();
+  void Colle();
+  void Duplique();
   void RemplitCB_BD();
   void ChoisitMateriau(int rang);
   IssueFenetre Fenetre(const char* nom);
@@ -118,11 +126,13 @@ class F_Representation : public QMainWindow {
   PanneauLateral* panneau_ = nullptr;
   BarreEtat* SB1_ = nullptr;
   FrameAvancement* cadre_ = nullptr;
+  AlerteCourse* alerte_ = nullptr;
   SuiviRun* suivi_ = nullptr;
   QTimer* Timer_Interro_ = nullptr;
   QTimer* Timer_Cadre_ = nullptr;
   QTimer* Timer_Fin_ = nullptr;    // the machine is stopping, the window closes behind it
   std::optional<CleTexte> carte_;  // the board's name as it is shown
+  int collees_ = 0;                // copies pasted since the last one was made
   bool charge_ = false;
   bool ouvre_ = false;         // an opening runs, its dialogs included
   bool fermetureDue_ = false;  // the window was to close meanwhile

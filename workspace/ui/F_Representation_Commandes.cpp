@@ -17,12 +17,14 @@
 #include "core/ui/ServicesQt.h"
 #include "core/ui/TraduitFenetre.h"
 #include "database/Module_BD.h"
+#include "toolpath/Module_Copie.h"
 #include "toolpath/Module_Nettoyage.h"
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Enregistrement.h"
+#include "workspace/Module_Image.h"
 #include "workspace/Module_Ouverture.h"
 #include "workspace/Module_Reprise.h"
 #include "workspace/Module_Travail.h"
@@ -33,6 +35,7 @@ namespace ovelin {
 namespace {
 
 constexpr double PasFleche = 0.1, PasFlecheLong = 1.0;  // mm
+constexpr double EcartCopie = 10;                       // mm, from a path to its copy, in X and Y
 
 }  // namespace
 
@@ -42,7 +45,12 @@ Executions F_Representation::ToutesExecutions() {
   e["mnu_Save"] = [this] { Enregistre(mnu_Save); };
   e["mnu_SaveAs"] = [this] { Enregistre(mnu_SaveAs); };
   e["mnu_Quitter"] = [this] { close(); };
-  e["mnu_Undo"] = [this] { Annule(); };
+  e["mnu_Undo"] = [this] { Annule(mnu_Undo); };
+  e["mnu_Redo"] = [this] { Annule(mnu_Redo); };
+  e["mnu_Copier"] = [this] { Copie(); };
+  e["mnu_Coller"] = [this] { Colle(); };
+  e["mnu_Dupliquer"] = [this] { Duplique(); };
+  e["mnu_Trajets"] = [] { OrdonneTrajets(); };
   e["mnu_Tout"] = [] { CB_Tout(); };
   e["mnu_InverseSelection"] = [] { CB_InverseSelection(); };
   e["mnu_Supprimer"] = [this] { Supprime(); };
@@ -57,6 +65,15 @@ Executions F_Representation::ToutesExecutions() {
   };
   e["mnu_Sequence"] = [this] {
     PB1_->NumSequence(commandes_->Action("mnu_Sequence")->isChecked());
+    PB1_->Dessin();
+  };
+  e["mnu_Saignee"] = [this] {
+    BasculeSaignee();
+    PB1_->Dessin();
+  };
+  e["mnu_Sobre"] = [this] {
+    BasculeSobre();
+    SuitImage();
     PB1_->Dessin();
   };
   e["mnu_Panneau"] = [this] {
@@ -183,23 +200,43 @@ void F_Representation::FinitOuverture() {
 void F_Representation::ApresOuverture() {
   panneau_->Fraisage()->RemplitOutil();
   PB1_->setFocus(Qt::OtherFocusReason);
+  Parle();
   if (NbPoints >= 0) return;
   // Nothing was read: lists and picture are empty, as the document is.
   Rafraichit();
 }
 
-void F_Representation::Annule() {
+void F_Representation::Annule(ResultatAnnulation (*pas)(const CrochetsAnnulation&)) {
   CrochetsAnnulation crochets;
   crochets.MontreBouton = [this](bool visible) { commandes_->MontreUndo(visible); };
   crochets.RemplitArbres = [this] { panneau_->RemplitArbres(); };
   crochets.DeuxiemeDrapeauOutil = [] { Cycle.AfficheOutil2 = true; };
   crochets.Dessin = [this] { Dessine(); };
-  const ResultatAnnulation resultat = mnu_Undo(crochets);
+  const ResultatAnnulation resultat = pas(crochets);
+  if (!resultat.fait) return;
   commandes_->Active("mnu_Undo", resultat.bouton);
+  commandes_->Active("mnu_Redo", PasARefaire() > 0);
   panneau_->OublieDeplacement();
   panneau_->InitSeq();
   panneau_->Fraisage()->RemplitOutil();
   MontreMateriau();
+}
+
+// Each copy that is pasted without another one being made lies a step farther from the original.
+void F_Representation::Copie() {
+  if (!CopieSelection()) return Svc.Bip();
+  collees_ = 0;
+}
+
+void F_Representation::Colle() {
+  const bool vide = TraceInitial.empty();
+  const double pas = EcartCopie * (vide ? 0 : collees_ + 1);
+  if (!ColleCopie(pas, pas)) return Svc.Bip();
+  ++collees_;
+}
+
+void F_Representation::Duplique() {
+  if (!DupliqueSelection(EcartCopie, EcartCopie)) Svc.Bip();
 }
 
 // The points that are chosen in the tree, or else the selected paths.

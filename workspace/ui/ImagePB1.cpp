@@ -21,9 +21,11 @@
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 #include "image/Marques.h"
+#include "image/SceneSelection.h"
 #include "image/ui/PeintScene.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
+#include "workspace/Module_Image.h"
 
 namespace ovelin {
 
@@ -83,6 +85,7 @@ EvenementSouris EnEvenement(Qt::MouseButtons boutons, Qt::KeyboardModifiers touc
 
 ImagePB1::ImagePB1(QWidget* parent)
     : QWidget(parent),
+      survol_(this),
       dessin_(Legende(this, "Label_Couleur_Dessin")),
       decalage_(Legende(this, "Label_Couleur_Decalage")) {
   setObjectName(QStringLiteral("PB1"));
@@ -97,6 +100,7 @@ ImagePB1::ImagePB1(QWidget* parent)
   connect(&taille_, &QTimer::timeout, this, &ImagePB1::MetEnPage);
   suite_.setSingleShot(true);
   connect(&suite_, &QTimer::timeout, this, &ImagePB1::Acheve);
+  connect(&survol_, &Survol::Change, this, &ImagePB1::MontreSurvol);
 }
 
 void ImagePB1::Traduit() {
@@ -107,9 +111,10 @@ void ImagePB1::Traduit() {
 TailleImage ImagePB1::Taille() const { return {Twips(width()), Twips(height())}; }
 
 OptionsScene ImagePB1::Options() const {
-  OptionsScene options = OptionsCourantes(numPoint_, sequence_);
+  OptionsScene options = OptionsDuDocument(numPoint_, sequence_);
   options.pixel = static_cast<float>(TwipsParPixel / devicePixelRatioF());
   options.legende = false;  // it stands in labels over the picture
+  options.echelle = options.sobre;
   options.mesureTexte = MesureDe(font());
   return options;
 }
@@ -175,6 +180,14 @@ void ImagePB1::Peint() {
   calque_ = {};  // another view
   PlaceLegende(options, couleurs);
   MontreOutil();
+  MontreSurvol();
+}
+
+void ImagePB1::MontreSurvol() {
+  survole_.Vide();
+  if (Regl.DessinSobre && survol_.Code() != Code2{}) {
+    AjouteSurvol(Doc, survol_.Code(), Vue, Taille(), Options(), survole_);
+  }
   update();
 }
 
@@ -265,9 +278,10 @@ QRect ImagePB1::RectBande() const {
 
 void ImagePB1::PeintDessus(QPainter& peintre) const {
   peintre.setFont(font());
-  for (const Scene* dessus : {&croix_, &outil_}) {
+  for (const Scene* dessus : {&survole_, &croix_, &outil_}) {
     if (!dessus->Primitives.empty()) PeintScene(peintre, *dessus, ConstruitPalette(Regl, ThemeDe(*this)));
   }
+  if (dessine_) prise_.Peint(peintre, Taille(), Options(), ConstruitPalette(Regl, ThemeDe(*this)));
   if (const QRect bande = RectBande(); !bande.isNull()) {
     const QColor couleur = palette().color(QPalette::Highlight);
     QColor voile = couleur;
@@ -367,6 +381,7 @@ void ImagePB1::Acheve() {
 // Does what a mouse event has left for the picture, and tells the window the rest.
 void ImagePB1::Conclut(const SuiteSouris& suite, bool attend) {
   if (suite.outils) SuitOutils();
+  if (suite.prise) update();
   if (suite.bande) {
     const QRect neuve = RectBande();
     update(bande_.united(neuve).adjusted(-2, -2, 2, 2));
@@ -383,6 +398,7 @@ void ImagePB1::Conclut(const SuiteSouris& suite, bool attend) {
 }
 
 void ImagePB1::mousePressEvent(QMouseEvent* e) {
+  survol_.Quitte();
   if (suite_.isActive()) Acheve();
   Conclut(PB1_MouseDown(EnEvenement(e->button(), e->modifiers(), e->position()), Taille()), false);
 }
@@ -394,13 +410,17 @@ void ImagePB1::mouseDoubleClickEvent(QMouseEvent* e) {
 }
 
 void ImagePB1::mouseMoveEvent(QMouseEvent* e) {
+  if (e->buttons() == Qt::NoButton && Regl.DessinSobre && !Souris.mnu_ZoomSelection) {
+    survol_.Va({Twips(e->position().x()), Twips(e->position().y())}, Taille().hauteur);
+  }
   Conclut(PB1_MouseMove(EnEvenement(e->buttons(), e->modifiers(), e->position()), Taille()), true);
 }
 
 void ImagePB1::mouseReleaseEvent(QMouseEvent* e) {
   const SuiteSouris suite = PB1_MouseUp(EnEvenement(e->button(), e->modifiers(), e->position()), Taille());
   if (suite_.isActive()) Acheve();
-  if (suite.redessine || suite.initSeq || suite.bande || suite.outils || suite.menu) Conclut(suite, false);
+  if (suite.redessine || suite.initSeq || suite.bande || suite.outils || suite.menu || suite.prise)
+    Conclut(suite, false);
 }
 
 void ImagePB1::wheelEvent(QWheelEvent* e) {
@@ -428,6 +448,11 @@ void ImagePB1::contextMenuEvent(QContextMenuEvent* e) {
 void ImagePB1::enterEvent(QEnterEvent* e) {
   QWidget::enterEvent(e);
   SuitOutils();
+}
+
+void ImagePB1::leaveEvent(QEvent* e) {
+  QWidget::leaveEvent(e);
+  survol_.Quitte();
 }
 
 void ImagePB1::focusInEvent(QFocusEvent* e) {

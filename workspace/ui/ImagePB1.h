@@ -14,6 +14,8 @@
 #include "image/Palette.h"
 #include "image/SceneDocument.h"
 #include "workspace/Module_Souris.h"
+#include "workspace/ui/ImagePrise.h"
+#include "workspace/ui/Survol.h"
 
 namespace ovelin {
 
@@ -75,6 +77,7 @@ class ImagePB1 : public QWidget {
   void wheelEvent(QWheelEvent* e) override;
   void contextMenuEvent(QContextMenuEvent* e) override;
   void enterEvent(QEnterEvent* e) override;
+  void leaveEvent(QEvent* e) override;
   void focusInEvent(QFocusEvent* e) override;
 
  private:
@@ -88,6 +91,7 @@ class ImagePB1 : public QWidget {
   void Acheve();  // the redrawing that movements have left
   void Conclut(const SuiteSouris& suite, bool attend);
   [[nodiscard]] QRect RectBande() const;
+  void MontreSurvol();
 
   bool numPoint_ = false, sequence_ = false;
   bool enCours_ = false;  // a Dessin runs
@@ -98,7 +102,9 @@ class ImagePB1 : public QWidget {
   bool clavier_ = false;  // the focus has come by the keyboard
   QImage image_;
   Scene scene_;  // memory kept from one Dessin to the next
-  Scene croix_, outil_;
+  Scene croix_, outil_, survole_;
+  Survol survol_;
+  mutable ImagePrise prise_;
   std::vector<std::array<float, 4>> run_;  // ways of the run, mm
   std::size_t runPeint_ = 0;               // of these, in `calque_`
   QImage calque_;                          // the line of the run in the view of `image_`; null without one

@@ -11,7 +11,7 @@ struct LigneCommande {
   const char* menu = "";     // "" where it stands in none: a control of the tool bar
   int groupe = 0;            // of the menu, a line between two
   const char* texte = "";    // French, UTF-8; the fallback of the translation
-  const char* touches = "";  // shortcut
+  const char* touches = "";  // shortcut, or several with "; " between them
   // Places are group times 10 plus rank, a line between two groups; 0: none.
   int barre = 0;
   int contexte = 0;          // in the menu of the picture and the trees

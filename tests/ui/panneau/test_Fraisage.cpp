@@ -245,7 +245,7 @@ TEST_F(Fraisage, DepthIsTakenByTheEnterKeyOnce) {
 TEST_F(Fraisage, DepthOfZeroIsRefusedAndNothingChanges) {
   DeuxCarres();
   Ouvre();
-  for (const char* texte : {"0", "3", "0.00"}) {
+  for (const char* texte : {"0", "0.00"}) {
     essai::Attend("F_Representation", "lib361");
     Tape(*C("TB_Profondeur"), texte);
     EXPECT_EQ(Sequences[1].Profondeur, -3) << texte;
@@ -253,6 +253,14 @@ TEST_F(Fraisage, DepthOfZeroIsRefusedAndNothingChanges) {
     EXPECT_TRUE(Refuse("TB_Profondeur"));
     EXPECT_EQ(Texte("TB_Profondeur"), "-3.00");
   }
+}
+
+TEST_F(Fraisage, DepthWithoutItsSignIsOneDownward) {
+  DeuxCarres();
+  Ouvre();
+  Tape(*C("TB_Profondeur"), "7");
+  EXPECT_EQ(Sequences[1].Profondeur, -7);
+  EXPECT_EQ(Texte("TB_Profondeur"), "-7.00");
 }
 
 TEST_F(Fraisage, DepthThatIsNoNumberIsRefusedAtTheField) {

@@ -197,8 +197,15 @@ std::string Singe::Agit() {
                                       "mnu_Undo",
                                       "mnu_Undo",
                                       "mnu_Panneau",
-                                      "mnu_BD"};
-      QAction* action = Menu(Noms[Un(20)]);
+                                      "mnu_BD",
+                                      "mnu_Redo",
+                                      "mnu_Copier",
+                                      "mnu_Coller",
+                                      "mnu_Dupliquer",
+                                      "mnu_Trajets",
+                                      "mnu_Saignee",
+                                      "mnu_Sobre"};
+      QAction* action = Menu(Noms[Un(27)]);
       if (!action->isEnabled()) return "";
       action->trigger();
       return action->objectName().toStdString();

@@ -71,8 +71,9 @@ TEST_F(Commandes, TheMenuOfThePictureOffersTheSelectionTheViewAndTheWork) {
   essai::Evenements();
   auto* menu = C<QMenu>("mnu_Contexte");
   EXPECT_THAT(Noms(menu->actions()),
-              ElementsAre("mnu_Tout", "mnu_InverseSelection", "mnu_Supprimer", "|", "mnu_Undo", "|", "mnu_Zoom1",
-                          "mnu_ZoomSelection", "|", "mnu_Lever", "mnu_Fraisage"));
+              ElementsAre("mnu_Tout", "mnu_InverseSelection", "mnu_Supprimer", "mnu_Copier", "mnu_Coller",
+                          "mnu_Dupliquer", "mnu_Repeter", "|", "mnu_Undo", "mnu_Redo", "|", "mnu_Zoom1",
+                          "mnu_ZoomSelection", "|", "mnu_Lever", "mnu_Fraisage", "mnu_Attaches"));
   menu->close();
 }
 

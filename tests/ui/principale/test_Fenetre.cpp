@@ -511,7 +511,7 @@ TEST_F(FormLoad, RecoveredWorkIsOfferedWhenTheWindowStandsAndComesBack) {
   Charge(Exemple("equerre.dxf"));
   EXPECT_EQ(ouvertes_, std::vector<std::string>{"F_Reprise"});
   EXPECT_EQ(FichierCourant, "/autrefois/plaque.dxf");
-  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> plaque.dxf"));
+  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> plaque.dxf *"));
   EXPECT_GT(NbPoints, 2);
   EXPECT_EQ(C<QLineEdit>("TB_RayonFraise")->text(), "0.75") << "the recovered project's";
   EXPECT_TRUE(C<ImagePB1>("PB1")->hasFocus());

@@ -44,13 +44,14 @@ const std::map<std::string, std::set<std::string>> Coquilles{
      {"Alimentation.cpp", "AvisPlan.cpp", "Module_Decoupe.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp",
       "Module_Lancement.cpp", "Module_Planificateur.cpp", "Module_Profil.cpp"}},
     {"toolpath",
-     {"Attaches.cpp", "CalculDecalage.cpp", "ChampsOutil.cpp", "FichesSequence.cpp", "Module_Export.cpp",
-      "Module_Nettoyage.cpp", "Module_Ordre.cpp", "Module_Texte.cpp", "Module_Transforme.cpp", "Module_Vinyl.cpp",
-      "PointsSequence.cpp", "ProprietesSelection.cpp", "Recherche.cpp"}},
+     {"Attaches.cpp", "CalculDecalage.cpp", "ChampsOutil.cpp", "FichesSequence.cpp", "Module_Copie.cpp",
+      "Module_Export.cpp", "Module_Nettoyage.cpp", "Module_Ordre.cpp", "Module_Texte.cpp", "Module_Transforme.cpp",
+      "Module_Vinyl.cpp", "PointsSequence.cpp", "ProprietesSelection.cpp", "Recherche.cpp"}},
     {"workspace",
      {"FinCycle.cpp", "Module_Annulation.cpp", "Module_Arbres.cpp", "Module_Cycle.cpp", "Module_Dimension.cpp",
-      "Module_Enregistrement.cpp", "Module_Ouverture.cpp", "Module_Panneau.cpp", "Module_PanneauChamps.cpp",
-      "Module_Recents.cpp", "Module_Reprise.cpp", "Module_Souris.cpp", "Module_Travail.cpp", "Module_Vue.cpp"}}};
+      "Module_Enregistrement.cpp", "Module_Image.cpp", "Module_Ouverture.cpp", "Module_Panneau.cpp",
+      "Module_Prise.cpp", "Module_PanneauChamps.cpp", "Module_Recents.cpp", "Module_Reprise.cpp",
+      "Module_Souris.cpp", "Module_Travail.cpp", "Module_Vue.cpp"}}};
 
 std::string Relatif(const fs::path& chemin) {
   return fs::relative(chemin, fs::path(essai::DossierSource())).generic_string();

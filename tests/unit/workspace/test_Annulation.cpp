@@ -419,4 +419,68 @@ TEST(EffaceTousInstantanes, WithoutAFolderNothingHappens) {
   EXPECT_EQ(NumeroInstantane(), 0);
 }
 
+// --- forward again -----------------------------------------------------------------------------------------------
+
+TEST(mnu_Redo, GoesForwardThroughAllThatWasTakenBack) {
+  essai::AjouteCarre(" A", 0, 0, 10);
+  PrendInstantane();
+  for (int i = 0; i < 3; ++i) {
+    Decale(1);
+    PrendInstantane();
+  }
+  EXPECT_FALSE(mnu_Redo(AvecDessin()).fait);
+  mnu_Undo(AvecDessin());
+  mnu_Undo(AvecDessin());
+  EXPECT_EQ(TraceInitial[0].X, 1);
+  EXPECT_EQ(PasARefaire(), 2);
+  EXPECT_EQ(Instantanes(), (Noms{"00001.OVL", "00002.OVL"})) << "what was taken back has other names";
+  EXPECT_TRUE(mnu_Redo(AvecDessin()).bouton);
+  EXPECT_EQ(TraceInitial[0].X, 2);
+  mnu_Redo(AvecDessin());
+  EXPECT_EQ(TraceInitial[0].X, 3);
+  EXPECT_EQ(PasARefaire(), 0);
+  EXPECT_EQ(Instantanes(), (Noms{"00001.OVL", "00002.OVL", "00003.OVL", "00004.OVL"}));
+  mnu_Undo(AvecDessin());
+  EXPECT_EQ(TraceInitial[0].X, 2) << "and back";
+}
+
+TEST(mnu_Redo, IsKeptThroughAViewAndForgottenByAChange) {
+  essai::AjouteCarre(" A", 0, 0, 10);
+  PrendInstantane();
+  Decale(1);
+  PrendInstantane();
+  mnu_Undo(AvecDessin());
+  PrendInstantane();  // a zoom: nothing has changed
+  EXPECT_EQ(PasARefaire(), 1);
+  Decale(5);
+  PrendInstantane();
+  EXPECT_EQ(PasARefaire(), 0);
+  EXPECT_FALSE(mnu_Redo(AvecDessin()).fait);
+  EXPECT_EQ(TraceInitial[0].X, 5);
+}
+
+TEST(mnu_Redo, BringsTheToolValuesOfItsState) {
+  essai::AjouteCarre(" A", 0, 0, 10);
+  RayonFraise = 1;
+  PrendInstantane();
+  RayonFraise = 2;
+  EcritOutil();
+  PrendInstantane();
+  mnu_Undo(AvecDessin());
+  EXPECT_EQ(RayonFraise, 1);
+  mnu_Redo(AvecDessin());
+  EXPECT_EQ(RayonFraise, 2);
+}
+
+TEST(mnu_Redo, AnOpeningLeavesNothingToRedo) {
+  essai::AjouteCarre(" A", 0, 0, 10);
+  PrendInstantane();
+  Decale(1);
+  PrendInstantane();
+  mnu_Undo(AvecDessin());
+  EffaceTousInstantanes();
+  EXPECT_EQ(PasARefaire(), 0);
+  EXPECT_TRUE(std::filesystem::is_empty(DossierTemp));
+}
+
 }  // namespace

@@ -1,0 +1,106 @@
+// The hand in the main window: Escape, copies, forward again, the warning beside the picture.
+#include <QLabel>
+#include <QPushButton>
+
+#include "core/DocumentCourant.h"
+#include "core/ReglagesCourants.h"
+#include "tests/ui/principale/FenetrePrincipale.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/Module_Transforme.h"
+#include "workspace/Module_Image.h"
+#include "workspace/Module_Souris.h"
+#include "workspace/ui/AlerteCourse.h"
+
+namespace {
+
+using namespace ovelin;
+using testing::ElementsAre;
+
+using ParLaMain = essai::Principale;
+
+TEST_F(ParLaMain, EscapeLaysTheToolDownAndThenDeselects) {
+  Charge(Exemple("plaque.dxf"));
+  auto* image = C<ImagePB1>("PB1");
+  Commande("mnu_Lever");
+  EXPECT_TRUE(Souris.mnu_Lever);
+  QTest::keyClick(image, Qt::Key_Escape);
+  EXPECT_FALSE(Souris.mnu_Lever);
+  EXPECT_FALSE(Menu("mnu_Lever")->isChecked());
+  EXPECT_FALSE(Selectionnes().empty());
+  QTest::keyClick(image, Qt::Key_Escape);
+  EXPECT_TRUE(Selectionnes().empty());
+}
+
+TEST_F(ParLaMain, CopyAndPasteByKeysIntoTheNextDrawing) {
+  Charge(Exemple("plaque.dxf"));
+  const std::size_t copies = ListeCodes().size();
+  Commande("mnu_Copier");
+  Doc.Modifie = Faux;
+  fenetre_->Depose(Exemple("equerre.dxf"));
+  essai::Evenements();
+  const std::size_t avant = ListeCodes().size();
+  Commande("mnu_Coller");
+  EXPECT_EQ(ListeCodes().size(), avant + copies);
+  EXPECT_EQ(Selectionnes().size(), copies);
+  Commande("mnu_Coller");
+  EXPECT_EQ(ListeCodes().size(), avant + 2 * copies);
+}
+
+TEST_F(ParLaMain, ADuplicateIsTakenBackAndComesAgain) {
+  Charge(Exemple("plaque.dxf"));
+  const std::size_t avant = ListeCodes().size();
+  EXPECT_FALSE(Menu("mnu_Redo")->isEnabled());
+  Commande("mnu_Dupliquer");
+  EXPECT_EQ(ListeCodes().size(), 2 * avant);
+  Commande("mnu_Undo");
+  EXPECT_EQ(ListeCodes().size(), avant);
+  ASSERT_TRUE(Menu("mnu_Redo")->isEnabled());
+  Commande("mnu_Redo");
+  EXPECT_EQ(ListeCodes().size(), 2 * avant);
+  EXPECT_FALSE(Menu("mnu_Redo")->isEnabled());
+}
+
+TEST_F(ParLaMain, TheWarningSaysWhatLeavesTheTravelAndItsButtonMendsIt) {
+  Charge(Exemple("plaque.dxf"));
+  const auto* alerte = C<AlerteCourse>("Frame_HorsCourse");
+  EXPECT_FALSE(alerte->isVisible());
+  ASSERT_TRUE(Recale(-50, 20));
+  essai::Evenements();
+  EXPECT_TRUE(alerte->isVisible());
+  EXPECT_EQ(C<QLabel>("Lbl_HorsCourse")->text().toStdString(), TexteDepassement(DepassementCourant()));
+  essai::Clique(*C<QPushButton>("CB_PlaceCoin"));
+  EXPECT_FALSE(alerte->isVisible());
+  EXPECT_TRUE(DepassementCourant().Vide());
+}
+
+TEST_F(ParLaMain, TheTwoButtonsOfThePictureSwitchIt) {
+  Charge(Exemple("plaque.dxf"));
+  EXPECT_TRUE(Menu("mnu_Sobre")->isChecked());
+  EXPECT_TRUE(Menu("mnu_Saignee")->isChecked());
+  const QImage avec = C<ImagePB1>("PB1")->Image();
+  Commande("mnu_Saignee");
+  EXPECT_FALSE(Regl.DessinSaignee);
+  const QImage sans = C<ImagePB1>("PB1")->Image();
+  EXPECT_NE(avec, sans);
+  Commande("mnu_Saignee");
+  EXPECT_EQ(C<ImagePB1>("PB1")->Image(), avec);
+  Commande("mnu_Sobre");
+  EXPECT_FALSE(Regl.DessinSobre);
+  EXPECT_FALSE(Menu("mnu_Saignee")->isEnabled());
+  EXPECT_NE(C<ImagePB1>("PB1")->Image(), sans);
+}
+
+TEST_F(ParLaMain, TheStatusSpeaksAndTheStarStandsBehindTheCaption) {
+  Charge(Exemple("plaque.dxf"));
+  EXPECT_FALSE(fenetre_->windowTitle().endsWith("*"));
+  EXPECT_TRUE(C<QLabel>("SB1_11")->text().startsWith("plaque.dxf "));
+  const QString avant = C<QLabel>("SB1_11")->text();
+  QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Right);
+  essai::Evenements();
+  EXPECT_EQ(fenetre_->windowTitle(), "OVELIN <-> plaque.dxf *");
+  EXPECT_TRUE(C<QLabel>("SB1_11")->text().startsWith("plaque.dxf*"));
+  QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Escape);
+  EXPECT_EQ(C<QLabel>("SB1_11")->text(), "plaque.dxf*");
+}
+
+}  // namespace

@@ -1,0 +1,110 @@
+// The document on show in the main window: what follows it, and what the mouse has done to it.
+#include <utility>
+
+#include "core/Cadence.h"
+#include "core/DocumentCourant.h"
+#include "core/Fichiers.h"
+#include "core/ReglagesCourants.h"
+#include "core/Textes.h"
+#include "workspace/Module_Image.h"
+#include "workspace/Module_Souris.h"
+#include "workspace/Module_Travail.h"
+#include "workspace/Module_Vue.h"
+#include "workspace/ui/F_Representation.h"
+
+namespace ovelin {
+
+void F_Representation::Rafraichit() {
+  // What an opening leaves on its way isn't shown, and no step of undo leads there.
+  if (ouverture_) return;
+  Respiration souffle;
+  panneau_->RemplitArbres();
+  souffle.Laisse();
+  panneau_->InitSeq();
+  souffle.Laisse();
+  Dessine();
+}
+
+void F_Representation::Dessine() {
+  finRepondue_ = false;
+  vide_->setVisible(TraceInitial.size() < 2);
+  alerte_->Suit();
+  Parle();
+  PB1_->Dessin();
+}
+
+void F_Representation::DessinOuvert(bool ouvert) {
+  commandes_->DessinOuvert(ouvert);
+  ouverture_ = !ouvert;
+  PB1_->Retient(ouverture_);
+  titre_.clear();
+  if (!ouvert) {
+    vide_->hide();
+    alerte_->hide();
+    commandes_->Active("mnu_Undo", false);
+    commandes_->Active("mnu_Redo", false);
+    panneau_->OublieDeplacement();
+    return;
+  }
+  RelacheOutils();
+  SuitOutils();
+  Titre();
+  SuitImage();
+  MontreMateriau();
+  mnu_Zoom1(PB1_->Taille());
+}
+
+void F_Representation::Titre() {
+  constexpr qsizetype Montres = 60;  // characters of a text that may have thousands
+  const QString nom = titre_.isEmpty() ? QString::fromStdString(NomDe(FichierCourant)) : titre_.left(Montres);
+  const QString programme = QString::fromLatin1(NomProgramme);
+  setWindowTitle(nom.isEmpty() ? programme : programme + QStringLiteral(" <-> ") + nom);
+  Parle();
+}
+
+// The star stands behind the caption, whatever that is.
+void F_Representation::Parle() {
+  const bool change = TravailChange();
+  SB1_->Parle(TexteEtat(change));
+  QString titre = windowTitle();
+  const QString etoile = QStringLiteral(" *");
+  if (titre.endsWith(etoile)) titre.chop(etoile.size());
+  setWindowTitle(change ? titre + etoile : titre);
+}
+
+void F_Representation::Redessine(bool du) {
+  if (du) PB1_->Dessin();
+}
+
+void F_Representation::SuitSouris(const SuiteSouris& suite) {
+  if (suite.positions) SB1_->Positions(suite.panneaux);
+  if (suite.initSeq) {
+    panneau_->InitSeq();
+    Parle();
+  }
+  if (suite.outils) SuitOutils();
+  if (suite.pageOutil) {
+    panneau_->Option1(PageSequence::Fraisage);
+    panneau_->Fraisage()->FocusLargeurEncoche();
+  }
+  if (suite.menu) {
+    // Asked for with the keyboard, it opens in the middle of the picture.
+    const bool dessus = PB1_->rect().contains(PB1_->mapFromGlobal(QCursor::pos()));
+    MenuImage(dessus ? QCursor::pos() : PB1_->mapToGlobal(PB1_->rect().center()));
+  }
+}
+
+void F_Representation::SuitOutils() {
+  commandes_->Coche("mnu_Lever", Souris.mnu_Lever);
+  commandes_->Coche("mnu_ZoomSelection", Souris.mnu_ZoomSelection);
+  PB1_->SuitOutils();
+}
+
+// The buttons of the picture show what is in force; the other picture has nothing of what the tool takes away.
+void F_Representation::SuitImage() {
+  commandes_->Coche("mnu_Sobre", Regl.DessinSobre);
+  commandes_->Coche("mnu_Saignee", Regl.DessinSobre && Regl.DessinSaignee);
+  commandes_->Active("mnu_Saignee", Regl.DessinSobre && TraceInitial.size() >= 2);
+}
+
+}  // namespace ovelin

@@ -1,0 +1,72 @@
+#include "workspace/ui/ImagePrise.h"
+
+#include <QFontMetricsF>
+
+#include "core/DocumentCourant.h"
+#include "core/ui/Theme.h"
+#include "image/SceneSelection.h"
+#include "image/ui/PeintScene.h"
+#include "workspace/Module_Prise.h"
+
+namespace ovelin {
+
+namespace {
+
+constexpr float CotePoignee = 8 * TwipsParPixel;
+constexpr double EcartTexte = 14;  // pixels, from the pointer's path to the figures
+
+QPointF Pixel(const PointEcran& p) {
+  return {static_cast<double>(p.X) / TwipsParPixel, static_cast<double>(p.Y) / TwipsParPixel};
+}
+
+}  // namespace
+
+void ImagePrise::PeintPoignees(QPainter& peintre, const TailleImage& taille, const Palette& couleurs) const {
+  const BoiteSelection boite = BoiteDe(Doc);
+  if (boite.vide) return;
+  const Poignees p = PoigneesDe(boite, taille);
+  Scene scene;
+  const PointEcran haut{p.tourne.X, p.coins[0].Y};
+  scene.AjouteSegment(Role::CadreSelection, haut, p.tourne);
+  scene.AjouteDisque(Role::Poignee, p.tourne, CotePoignee / 2);
+  Primitive carres;
+  carres.genre = Genre::Carres;
+  carres.role = Role::Poignee;
+  carres.mesure = CotePoignee;
+  scene.Ajoute(carres, p.coins);
+  PeintScene(peintre, scene, couleurs);
+}
+
+void ImagePrise::Peint(QPainter& peintre, const TailleImage& taille, const OptionsScene& options,
+                       const Palette& couleurs) {
+  if (!Prise.tire) {
+    fait_ = false;
+    if (options.sobre) PeintPoignees(peintre, taille, couleurs);
+    return;
+  }
+  if (!fait_) {
+    contour_.Vide();
+    AjouteContour(Doc, Vue, taille, options, contour_);
+    fait_ = true;
+  }
+  const BoiteSelection& b = Prise.boite;
+  const PointTrace milieu =
+      VersEcran(Vue, taille.hauteur, {(b.xmin + b.xmax) / 2, (b.ymin + b.ymax) / 2, CodePD, {}});
+  const QPointF centre = Pixel({milieu.X, milieu.Y});
+  const double parMm = static_cast<double>(Zoom) / TwipsParPixel;
+  peintre.save();
+  peintre.translate(centre + QPointF(Prise.dx, -Prise.dy) * parMm);
+  peintre.rotate(-Prise.angle * 180 / Pi);
+  peintre.scale(Prise.rapport, Prise.rapport);
+  peintre.translate(-centre);
+  PeintScene(peintre, contour_, couleurs);
+  peintre.restore();
+  const QString texte = QString::fromStdString(TexteTirage());
+  const QPointF ou = centre + QPointF(Prise.dx, -Prise.dy) * parMm + QPointF(EcartTexte, -EcartTexte);
+  const QRectF place = QFontMetricsF(peintre.font()).boundingRect(texte).translated(ou).adjusted(-4, -2, 4, 2);
+  peintre.fillRect(place, EnCouleur(couleurs.papier));
+  peintre.setPen(EnCouleur(couleurs[Role::Fantome].couleurTexte));
+  peintre.drawText(ou, texte);
+}
+
+}  // namespace ovelin
