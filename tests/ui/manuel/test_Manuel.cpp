@@ -106,7 +106,8 @@ TEST_P(Manuels, EveryCommandStandsInItsTableWithItsKeys) {
   for (const LigneCommande& c : TableCommandes()) {
     if (*c.menu == '\0') continue;
     const std::string nom = SansMarque(Traduire("F_Representation", c.nom));
-    const std::string touches = *c.touches == '\0' ? "" : std::string(c.touches) + " ";
+    std::string touches = *c.touches == '\0' ? "" : std::string(c.touches) + " ";
+    std::ranges::replace(touches, ';', ',');  // several keys stand as a list of words
     const std::string debut = "| **" + nom + "** | " + touches + "|";
     const bool nommee = std::any_of(rangees.begin(), rangees.end(),
                                     [&debut](const std::string& rangee) { return rangee.starts_with(debut); });

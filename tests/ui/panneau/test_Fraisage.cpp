@@ -308,7 +308,7 @@ TEST_F(Fraisage, DifferentDepthsAreAskedAboutBeforeTheNewOneIsLookedAt) {
   Ouvre();
   essai::Attend("F_Representation", "lib106", Reponse::Oui);
   essai::Attend("F_Representation", "lib361");
-  Tape(*C("TB_Profondeur"), "2");
+  Tape(*C("TB_Profondeur"), "0");
   EXPECT_EQ(Sequences[0].Profondeur, -1);
 }
 

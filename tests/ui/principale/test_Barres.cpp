@@ -77,7 +77,7 @@ TEST_F(Barres, TheCaptionOfATextIsTheTextUntilItIsSaved) {
   Charge();
   EXPECT_FALSE(Menu("mnu_Save")->isEnabled());
   ASSERT_TRUE(GenereTexte("Été 2026", "DejaVu Sans", 0, 0));
-  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> Été 2026"));
+  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> Été 2026 *"));
   EXPECT_TRUE(Menu("mnu_Save")->isEnabled());
   EXPECT_TRUE(Menu("mnu_Fraisage")->isEnabled());
   essai::AttendFichier("mnu_Save", essai::Dossier() + "/lettres.OVL");
@@ -91,7 +91,7 @@ TEST_F(Barres, ADrawingThatIsOpenedTakesTheCaptionOfATextAway) {
   Svc.DessinOuvert(false);
   FichierCourant = "/dessins/plaque.dxf";
   Svc.DessinOuvert(true);
-  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> plaque.dxf"));
+  EXPECT_EQ(fenetre_->windowTitle(), QStringLiteral("OVELIN <-> plaque.dxf *"));
 }
 
 TEST_F(Barres, TheOneThatStandsOutHasItsTextBesideItsPicture) {
