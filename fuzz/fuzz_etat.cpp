@@ -56,6 +56,7 @@ struct Monde {
   std::int64_t heure = 1'000'000'000;  // ns
   std::int64_t absenteDepuis = -1;     // ns; the link has been pulled
   std::int64_t echanges = 0;
+  bool ouvert = false;  // a job of this program: outside it the board may count what it likes
 };
 
 // The virtual board behind a line that changes what comes back.
@@ -148,13 +149,14 @@ void Commande(Octets& octets) {
   CdeZENIK->CommandeDATA(dX, dY, dZ, v, t, octets.Un() % 16 == 0);
 }
 
-void Ordonne(Octets& octets) {
+void Ordonne(Monde& monde) {
+  Octets& octets = monde.octets;
   switch (octets.Un() % 12) {
     case 0:
-      CdeZENIK->EnvoiUSB();
+      monde.ouvert = CdeZENIK->EnvoiUSB();
       break;
     case 1:
-      CdeZENIK->EnvoiFLASH(0, 0);
+      monde.ouvert = CdeZENIK->EnvoiFLASH(0, 0);
       break;
     case 2:
     case 3:
@@ -174,6 +176,7 @@ void Ordonne(Octets& octets) {
       CdeZENIK->Touche();
       break;
     case 9:
+      monde.ouvert = false;  // the buffer is cleared for the memories
       return Memoires(octets);
     default:
       CdeZENIK->DemandeInformation();
@@ -183,14 +186,15 @@ void Ordonne(Octets& octets) {
 // What holds between two commands of one job.
 class Gardien {
  public:
-  void Regarde() {
+  void Regarde(bool ouvert) {
     const ClsCdeZENIK& c = *CdeZENIK;
-    if (c.NbBlocsTraites < blocs_) Exige(c.NbBlocsTraites == 0);
+    if (ouvert && ouvert_ && c.NbBlocsTraites < blocs_) Exige(c.NbBlocsTraites == 0);
+    ouvert_ = ouvert;
     blocs_ = c.NbBlocsTraites;
     Exige(c.Analog1 <= 100 && c.Analog2 <= 100);
     Exige(c.PosX == c.Pas_mm_X(c.PasX) && c.PosY == c.Pas_mm_Y(c.PasY) && c.PosZ == c.Pas_mm_Z(c.PasZ));
     Exige(NbDeplacements < static_cast<std::int32_t>(std::max<std::size_t>(TableDecoupe.size(), 1)));
-    if (blocs_ < 1 || blocs_ > NbDeplacements || c.FinDeCourse != Faux) return;
+    if (!ouvert || blocs_ < 1 || blocs_ > NbDeplacements || c.FinDeCourse != Faux) return;
     const Deplacement& ligne = TableDecoupe[static_cast<std::size_t>(blocs_)];
     Entre(c.PasX, c.PasDebutX, ligne.dX);
     Entre(c.PasY, c.PasDebutY, ligne.dY);
@@ -207,6 +211,7 @@ class Gardien {
     Exige(std::min(a, b) <= pas && pas <= std::max(a, b));
   }
   std::int32_t blocs_ = 0;
+  bool ouvert_ = false;
 };
 
 }  // namespace
@@ -232,14 +237,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
     if (octets.Un() % 8 == 0) monde.heure += std::int64_t{octets.Un()} * 20'000'000;
     const std::int64_t debut = monde.heure, echanges = monde.echanges;
     const std::size_t reste = octets.Reste();
-    Ordonne(octets);
+    Ordonne(monde);
     Exige(monde.echanges - echanges < 60'000 + static_cast<std::int64_t>(reste));
     // 2 s without the link, the pause of a last try, the waits of the programming lines.
     if (monde.absenteDepuis >= 0) {
       Exige(monde.heure - std::max(debut, monde.absenteDepuis) < 2'100'000'000);
       if (octets.Un() % 4 == 0) monde.absenteDepuis = -1;
     }
-    gardien.Regarde();
+    gardien.Regarde(monde.ouvert);
   }
   CdeZENIK = std::make_unique<ClsCdeZENIK>();
   return 0;
