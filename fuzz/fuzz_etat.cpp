@@ -57,6 +57,7 @@ struct Monde {
   std::int64_t absenteDepuis = -1;     // ns; the link has been pulled
   std::int64_t echanges = 0;
   bool ouvert = false;  // a job of this program: outside it the board may count what it likes
+  bool arrete = false;  // a reply said that the job was stopped: its place is followed no further
 };
 
 // The virtual board behind a line that changes what comes back.
@@ -85,6 +86,7 @@ class LiaisonTroublee final : public zenikcom::Liaison {
       const std::uint8_t ou = monde_.octets.Un();
       tampon[ou % tampon.size()] = monde_.octets.Un();
     }
+    if ((tampon[12] & 66U) == 66) monde_.arrete = true;
     return resultat;
   }
   void Ferme() override { carte_->Ferme(); }
@@ -154,9 +156,11 @@ void Ordonne(Monde& monde) {
   switch (octets.Un() % 12) {
     case 0:
       monde.ouvert = CdeZENIK->EnvoiUSB();
+      monde.arrete = false;
       break;
     case 1:
       monde.ouvert = CdeZENIK->EnvoiFLASH(0, 0);
+      monde.arrete = false;
       break;
     case 2:
     case 3:
@@ -186,7 +190,7 @@ void Ordonne(Monde& monde) {
 // What holds between two commands of one job.
 class Gardien {
  public:
-  void Regarde(bool ouvert) {
+  void Regarde(bool ouvert, bool arrete) {
     const ClsCdeZENIK& c = *CdeZENIK;
     if (ouvert && ouvert_ && c.NbBlocsTraites < blocs_) Exige(c.NbBlocsTraites == 0);
     ouvert_ = ouvert;
@@ -194,7 +198,7 @@ class Gardien {
     Exige(c.Analog1 <= 100 && c.Analog2 <= 100);
     Exige(c.PosX == c.Pas_mm_X(c.PasX) && c.PosY == c.Pas_mm_Y(c.PasY) && c.PosZ == c.Pas_mm_Z(c.PasZ));
     Exige(NbDeplacements < static_cast<std::int32_t>(std::max<std::size_t>(TableDecoupe.size(), 1)));
-    if (!ouvert || blocs_ < 1 || blocs_ > NbDeplacements || c.FinDeCourse != Faux) return;
+    if (!ouvert || arrete || blocs_ < 1 || blocs_ > NbDeplacements || c.FinDeCourse != Faux) return;
     const Deplacement& ligne = TableDecoupe[static_cast<std::size_t>(blocs_)];
     Entre(c.PasX, c.PasDebutX, ligne.dX);
     Entre(c.PasY, c.PasDebutY, ligne.dY);
@@ -244,7 +248,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
       Exige(monde.heure - std::max(debut, monde.absenteDepuis) < 2'100'000'000);
       if (octets.Un() % 4 == 0) monde.absenteDepuis = -1;
     }
-    gardien.Regarde(monde.ouvert);
+    gardien.Regarde(monde.ouvert, monde.arrete);
   }
   CdeZENIK = std::make_unique<ClsCdeZENIK>();
   return 0;
