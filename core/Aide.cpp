@@ -40,7 +40,7 @@ std::string TrouveAide(const std::string& langue) {
   dossiers.insert(dossiers.end(), DossiersProduit.begin(), DossiersProduit.end());
   for (const std::string& dossier : dossiers) {
     for (const std::string& nom : {langue + "/" + FichierAide, std::string(FichierAide)}) {
-      if (FichierExiste(dossier + "/" + nom)) return dossier + "/" + nom;
+      if (std::string chemin = DansDossier(dossier, nom); FichierExiste(chemin)) return chemin;
     }
   }
   return "";
