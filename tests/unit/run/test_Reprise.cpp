@@ -180,74 +180,109 @@ TEST_F(UneReprise, StoppedAtTwoHundredRandomTicksOnceOrTwiceItComesToTheSame) {
 
 TEST_F(UneReprise, StoppedAtTheLastTickItEndsExactly) {
   SansArret();
-  for (const double avant : {0.03, 0.01, 0.004, 0.0015, 0.0005, 0.0001}) {
-    Branche();
-    pas_ = 0.0001;
-    aChaqueTour_ = [&] {
-      if (!RunActif || StopDemande != Faux) return;
-      if (carte_->Compteurs().commences < records_) return;
-      if (CdeZENIK->TicksRestants <= avant * 10'000) StopDemande = Vrai;
-    };
-    ASSERT_TRUE(Lance());
-    aChaqueTour_ = nullptr;
-    Reprend("last " + std::to_string(avant) + " s");
+  for (const std::uint8_t mode : {EnvoiDirect, MemoireEtFraisage}) {
+    for (const double avant : {0.03, 0.01, 0.004, 0.0015, 0.0005, 0.0001}) {
+      const std::string quoi = "mode " + std::to_string(mode) + " last " + std::to_string(avant) + " s";
+      Branche();
+      pas_ = 0.0001;
+      bool arrete = false;
+      aChaqueTour_ = [&] {
+        if (!RunActif || StopDemande != Faux || carte_->Compteurs().commences < records_) return;
+        arrete = CdeZENIK->TicksRestants <= avant * 10'000;
+        if (arrete) StopDemande = Vrai;
+      };
+      ASSERT_TRUE(Lance(mode)) << quoi;
+      aChaqueTour_ = nullptr;
+      EXPECT_TRUE(arrete) << quoi;
+      Reprend(quoi);
+    }
   }
 }
 
-// Each exchange of a job meets each fault. Where the run ends by it the text says so, and what is resumed ends
-// exactly; or the text says that the place is lost.
-TEST_F(UneReprise, EveryFaultAtEveryExchangeEndsExactlyOrSaysThatThePlaceIsLost) {
-  pas_ = 0.08;
-  TraceDecale.resize(1);  // the square alone
-  SansArret();
-  const std::int64_t echanges = carte_->Compteurs().echanges;
-  ASSERT_GT(echanges, 60);
-  int perdues = 0, exactes = 0;
-  for (const auto& [genre, nom] : zenikcom::NomsFautes) {
-    const bool debranche = genre == zenikcom::GenreFaute::Debranche;
-    for (const double secondes : debranche ? std::vector<double>{0.1, 1, 10} : std::vector<double>{0}) {
-      for (std::int64_t i = 1; i <= echanges; ++i) {
-        const std::string quoi = std::string(nom) + " at " + std::to_string(i) + " " + std::to_string(secondes);
-        Branche();
-        Marche = EtatRun{};
-        carte_->Fautes({{i, genre, secondes}});
-        std::set<std::string> dites;
-        Svc.Montre = [&](const BoiteMessage& b) {
-          dites.insert(b.cle);
-          return b.boutons == Boutons::OuiNon ? Reponse::Oui : Reponse::Ok;
-        };
-        double plusLong = 0, dernier = heure_;
-        aChaqueTour_ = [&] {
-          plusLong = std::max(plusLong, heure_ - pas_ - dernier);
-          dernier = heure_;
-        };
-        const bool lance = Lance();
-        aChaqueTour_ = nullptr;
-        ASSERT_FALSE(RunActif || OperationCarte) << quoi;
-        EXPECT_LE(plusLong, 0.1) << quoi << ": nobody was let in meanwhile";
-        if (!lance) {
-          EXPECT_TRUE(dites.contains("91")) << quoi;
-          continue;
+// Where a run ends by its fault the text says so, and what is resumed ends exactly; or the text says that the place
+// is lost.
+class UnePanne : public UneReprise {
+ protected:
+  UnePanne() {
+    pas_ = 0.08;
+    TraceDecale.resize(1);  // the square alone
+  }
+  // Every fault at every exchange, an unplugged board for each of these seconds.
+  void Essaie(std::uint8_t mode, const std::vector<double>& absences) {
+    SansArret();
+    Branche();
+    ASSERT_TRUE(Lance(mode));
+    const std::int64_t echanges = carte_->Compteurs().echanges;
+    ASSERT_GT(echanges, 60);
+    for (const auto& [genre, nom] : zenikcom::NomsFautes) {
+      const bool debranche = genre == zenikcom::GenreFaute::Debranche;
+      for (const double secondes : debranche ? absences : std::vector<double>{0}) {
+        for (std::int64_t i = 1; i <= echanges; ++i) {
+          Fautive(mode, {i, genre, secondes},
+                  std::string(nom) + " at " + std::to_string(i) + " " + std::to_string(secondes));
+          if (HasFailure()) return;
         }
-        heure_ += 20;
-        if (AttendCarte) {
-          EXPECT_TRUE(dites.contains("Run_liaison")) << quoi;
-          ASSERT_TRUE(RetrouveCarte()) << quoi;
-        }
-        if (PlacePerdue) {
-          ++perdues;
-          EXPECT_FALSE(ReprendFraisage("3")) << quoi;
-          EXPECT_TRUE(dites.contains("Run_place")) << quoi;
-          AbandonneFraisage();
-          continue;
-        }
-        ++exactes;
-        Reprend(quoi);
-        if (HasFailure()) return;
       }
     }
   }
-  EXPECT_GT(exactes, 10 * perdues);
+  void Fautive(std::uint8_t mode, const zenikcom::Faute& faute, const std::string& quoi) {
+    Branche();
+    Marche = EtatRun{};
+    carte_->Fautes({faute});
+    std::set<std::string> dites;
+    Svc.Montre = [&](const BoiteMessage& b) {
+      dites.insert(b.cle);
+      return b.boutons == Boutons::OuiNon ? Reponse::Oui : Reponse::Ok;
+    };
+    double plusLong = 0, dernier = heure_;
+    aChaqueTour_ = [&] {
+      plusLong = std::max(plusLong, heure_ - pas_ - dernier);
+      dernier = heure_;
+    };
+    const bool lance = Lance(mode);
+    aChaqueTour_ = nullptr;
+    ASSERT_FALSE(RunActif || OperationCarte) << quoi;
+    EXPECT_LE(plusLong, 0.1) << quoi << ": nobody was let in meanwhile";
+    if (!lance) {
+      EXPECT_TRUE(dites.contains("91")) << quoi;
+      return;
+    }
+    heure_ += 20;
+    if (AttendCarte) {
+      EXPECT_TRUE(dites.contains("Run_liaison")) << quoi;
+      ASSERT_TRUE(RetrouveCarte()) << quoi;
+    }
+    if (PlacePerdue) {
+      ++perdues_;
+      EXPECT_FALSE(ReprendFraisage("3")) << quoi;
+      EXPECT_TRUE(dites.contains("Run_place")) << quoi;
+      AbandonneFraisage();
+      return;
+    }
+    if (carte_->Compteurs().ticks == 0 && FaceCourante() == FaceFraisage::Depart) {
+      ++refusees_;
+      EXPECT_FALSE(dites.empty()) << quoi << ": a job that was not begun is told";
+      ASSERT_TRUE(Lance(mode)) << quoi << ": and can be begun";
+    } else {
+      ++exactes_;
+    }
+    Reprend(quoi);
+  }
+
+  int perdues_ = 0, exactes_ = 0;
+  int refusees_ = 0;  // told, nothing moved, begun anew
+};
+
+TEST_F(UnePanne, AtAnyExchangeEndsExactlyOrSaysThatThePlaceIsLost) {
+  Essaie(EnvoiDirect, {0.1, 1, 10});
+  EXPECT_GT(exactes_, 10 * perdues_);
+  EXPECT_EQ(refusees_, 0);
+}
+
+TEST_F(UnePanne, AtAnyExchangeOfAStoredJobEndsExactlyOrIsToldBeforeItBegins) {
+  Essaie(MemoireEtFraisage, {0.1, 1, 10});
+  EXPECT_GT(exactes_, 10 * perdues_);
+  EXPECT_GT(refusees_, 0);
 }
 
 }  // namespace
