@@ -62,6 +62,14 @@ void ReprendCompteurs() {
   c.PosZ = c.Pas_mm_Z(c.PasZ);
 }
 
+// From here on the counters in force are those of the machine. The mark of an end that was not clean makes their
+// place a doubtful one.
+void CommenceSession() {
+  PilMan.lue = true;
+  PilMan.marque = Lit(s::Course, 0) != 0;
+  PilMan.placeDouteuse = PilMan.marque;
+}
+
 }  // namespace
 
 void LitPilMan() {
@@ -78,10 +86,8 @@ void LitPilMan() {
   PilMan.ValeurZ = EnFloat(Lit(s::ValeurZ, 0));
   PilMan.Ctrl = PilMan.Shift = Faux;
   if (!PilMan.lue) {
-    PilMan.lue = true;
     ReprendCompteurs();
-    PilMan.marque = Lit(s::Course, 0) != 0;
-    PilMan.placeDouteuse = PilMan.marque;
+    CommenceSession();
   }
   Marque(true);
 }
@@ -106,16 +112,16 @@ void FermePilMan() {
 }
 
 void EcritPlace() {
-  if (!PilMan.lue) return;
   const SansProjet reglages;
   const LotCles lot;
+  if (!PilMan.lue) return CommenceSession();
   EcritCompteurs();
 }
 
 void SuitPilotage(DemandePilotage demande) {
-  if (!PilMan.lue) return;
   const SansProjet reglages;
   const LotCles lot;
+  if (!PilMan.lue) CommenceSession();
   if (demande == DemandePilotage::SeTait) {
     PilMan.fermee = !PilMan.marque;
     Marque(true);

@@ -7,11 +7,13 @@
 namespace ovelin {
 
 // Before each showing of the window: its settings. At the first one of a session the counters of the board's object
-// take over the place of the last, in steps; the mark of an end that was not clean makes it a doubtful one.
+// take over the place of the last, in steps; the mark of an end that was not clean makes it a doubtful one. Once a
+// job has run, or an origin was set, its counters stand: a resume reckons with them.
 void LitPilMan();
 // The window closes: settings and place, and the mark is taken away, unless the place is doubtful.
 void FermePilMan();
-// The place alone, once a session has taken it over: behind whatever has changed it.
+// The place alone, behind whatever has changed it. Before the first job and the first showing of the window nothing
+// is written: the counters stand from here on.
 void EcritPlace();
 // What a run, whoever has started it, asks of manual control: the mark before it, the place behind it. A job whose
 // link was lost leaves a doubtful place.

@@ -13,6 +13,7 @@
 #include "machine/essais/ui/F_ParamMachine.h"
 #include "machine/essais/ui/F_PasPerdus.h"
 #include "machine/essais/ui/F_Test.h"
+#include "manual/Module_PlaceMan.h"
 #include "manual/ui/F_PilMan.h"
 #include "run/ui/F_Fraisage.h"
 #include "toolpath/ui/F_Exporter.h"
@@ -58,6 +59,8 @@ std::span<const LigneFenetre> TableFenetres() { return Table; }
 
 void InstalleFenetres() {
   InstalleTable(TableFenetres());
+  // A job keeps the place of the machine whether or not the window of manual control has been opened.
+  Svc.Pilotage = SuitPilotage;
   // The size dialog of a drawing that is being opened.
   Svc.Dimensionne = [](DemandeDimension& demande) {
     F_Dimension fenetre(demande, Proprietaire());

@@ -111,6 +111,38 @@ TEST_F(PlaceMan, IsTakenOverOnceInASession) {
   EXPECT_EQ(CdeZENIK->PasX, 900) << "the window has only been opened again";
 }
 
+// A job that was stopped is resumed by its counters: a window opened in between must not put others in their place.
+TEST_F(PlaceMan, OfAJobThatRanBeforeTheWindowIsNotReplacedByThatOfAnEarlierSession) {
+  EcritTable("", "F_PilMan_posX=250\r\n");
+  Svc.Pilotage(DemandePilotage::SeTait);
+  CdeZENIK->FixePosition(3, 2, 1);
+  Svc.Pilotage(DemandePilotage::Interroge);
+  EXPECT_EQ(Ini("_posX"), "300") << "kept for the next session";
+  EXPECT_EQ(Ini("_Course"), "0");
+  LitPilMan();
+  EXPECT_EQ(Compte(), (Axes3{300, 100, 200}));
+}
+
+TEST_F(PlaceMan, OfAnOriginSetBeforeTheWindowIsNotReplacedEither) {
+  EcritTable("", "F_PilMan_posX=250\r\n");
+  CdeZENIK->FixePosition(-4, 0, 0);
+  EcritPlace();
+  LitPilMan();
+  EXPECT_EQ(CdeZENIK->PasX, -400);
+}
+
+TEST_F(PlaceMan, AnEndThatWasNotCleanIsNoticedBehindAJobToo) {
+  LitPilMan();
+  PilMan = EtatPilMan{};
+  OublieCles();
+  Branche();
+  Svc.Pilotage(DemandePilotage::SeTait);
+  Svc.Pilotage(DemandePilotage::Interroge);
+  EXPECT_EQ(Ini("_Course"), "-1");
+  LitPilMan();
+  EXPECT_TRUE(PilMan.placeDouteuse);
+}
+
 TEST_F(PlaceMan, AnEndThatWasNotCleanIsNoticed) {
   LitPilMan();
   Redemarre();
