@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <vector>
 
+#include "base/Boite.h"
 #include "base/Vecteur.h"
 
 namespace base {
@@ -38,6 +40,32 @@ inline Lieu LieuSurSegment(const Segment& s, Vec2 p) {
   const Vec2 e = p - l.point;
   l.distance2 = Scalaire(e, e);
   return l;
+}
+
+// A share of a segment, 0 <= t0 <= t1 <= 1.
+struct Part {
+  double t0 = 0;
+  double t1 = 1;
+};
+
+// The share of the segment within the box, whose edge belongs to it; nothing where there is none. Liang and Barsky:
+// each edge narrows the share.
+inline std::optional<Part> PartDans(const Segment& s, const Boite<double>& b) {
+  const Vec2 d = s.b - s.a;
+  Part part;
+  const auto bord = [&part](double pente, double reste) {
+    if (pente == 0) return reste >= 0;
+    const double t = reste / pente;
+    if (pente < 0) {
+      part.t0 = std::max(part.t0, t);
+    } else {
+      part.t1 = std::min(part.t1, t);
+    }
+    return part.t0 <= part.t1;
+  };
+  const bool dedans =
+      bord(-d.x, s.a.x - b.x0) && bord(d.x, b.x1 - s.a.x) && bord(-d.y, s.a.y - b.y0) && bord(d.y, b.y1 - s.a.y);
+  return dedans ? std::optional(part) : std::nullopt;
 }
 
 // The first of the nearest places among `nombre` segments, `segment(i)` each; linear.

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Segment.h"
 #include "core/Nombres.h"
 #include "image/Traceur.h"
 
@@ -121,25 +122,6 @@ void PourChaqueCoupe(const Document& document, const F& quoi) {
   }
 }
 
-// The share [t0, t1] of the stretch that lies within the travel; false: none of it.
-bool PartDedans(const PointTrace& a, const PointTrace& b, const CourseMachine& c, double& t0, double& t1) {
-  const double dx = double{b.X} - a.X;
-  const double dy = double{b.Y} - a.Y;
-  t0 = 0;
-  t1 = 1;
-  const auto bord = [&](double pente, double reste) {
-    if (pente == 0) return reste >= 0;
-    const double t = reste / pente;
-    if (pente < 0) {
-      t0 = std::max(t0, t);
-    } else {
-      t1 = std::min(t1, t);
-    }
-    return t0 <= t1;
-  };
-  return bord(-dx, a.X + Rive) && bord(dx, c.x + Rive - a.X) && bord(-dy, a.Y + Rive) && bord(dy, c.y + Rive - a.Y);
-}
-
 }  // namespace
 
 Depassement DepassementDe(const Document& document, const CourseMachine& course) {
@@ -195,22 +177,22 @@ void AjouteHors(const Document& document, const EtatVue& vue, const TailleImage&
   const auto entre = [](const PointTrace& a, const PointTrace& b, double t) {
     return PointTrace{EnFloat(a.X + t * (double{b.X} - a.X)), EnFloat(a.Y + t * (double{b.Y} - a.Y)), CodePD, {}};
   };
+  const base::Boite<double> dedans{-Rive, -Rive, course.x + Rive, course.y + Rive};
   PourChaqueCoupe(document, [&](const PointTrace* p, const PointTrace* fin) {
     for (const PointTrace* q = p + 1; q < fin; ++p, ++q) {
-      double t0 = 0;
-      double t1 = 0;
-      if (!PartDedans(*p, *q, course, t0, t1)) {
+      const auto part = base::PartDans({{p->X, p->Y}, {q->X, q->Y}}, dedans);
+      if (!part) {
         commence(*p);
         traceur.Suit(*q);
         continue;
       }
-      if (t0 > 0) {
+      if (part->t0 > 0) {
         commence(*p);
-        traceur.Suit(entre(*p, *q, t0));
+        traceur.Suit(entre(*p, *q, part->t0));
       }
       finit();
-      if (t1 < 1) {
-        commence(entre(*p, *q, t1));
+      if (part->t1 < 1) {
+        commence(entre(*p, *q, part->t1));
         traceur.Suit(*q);
       }
     }

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/Indices.h"
+#include "base/Segment.h"
 
 namespace ovelin {
 
@@ -162,35 +163,19 @@ void Traceur::Passe(float x, float y) {
   Emet(x, y);
 }
 
-// Liang and Barsky: each edge narrows the share [t0, t1] of the stretch that can be seen. False: none. The results
-// are put on the edge exactly, whatever the rounding.
+// The part that can be seen. False: none. The results are put on the edge exactly, whatever the rounding.
 bool Traceur::Coupe(PointEcran& a, PointEcran& b) const {
   if (!std::isfinite(a.X) || !std::isfinite(a.Y) || !std::isfinite(b.X) || !std::isfinite(b.Y)) return false;
-  const double ax = a.X;
-  const double ay = a.Y;
-  const double dx = b.X - ax;
-  const double dy = b.Y - ay;
-  double t0 = 0;
-  double t1 = 1;
-  const auto bord = [&](double pente, double reste) {
-    if (pente == 0) return reste >= 0;
-    const double t = reste / pente;
-    if (pente < 0) {
-      t0 = std::max(t0, t);
-    } else {
-      t1 = std::min(t1, t);
-    }
-    return t0 <= t1;
-  };
-  if (!bord(-dx, ax - gauche_) || !bord(dx, droite_ - ax) || !bord(-dy, ay - haut_) || !bord(dy, bas_ - ay)) {
-    return false;
-  }
+  const base::Segment s{{a.X, a.Y}, {b.X, b.Y}};
+  const auto part = base::PartDans(s, {gauche_, haut_, droite_, bas_});
+  if (!part) return false;
   const auto place = [&](double t) {
-    return PointEcran{std::clamp(static_cast<float>(ax + t * dx), gauche_, droite_),
-                      std::clamp(static_cast<float>(ay + t * dy), haut_, bas_)};
+    const base::Vec2 p = s.a + (s.b - s.a) * t;
+    return PointEcran{std::clamp(static_cast<float>(p.x), gauche_, droite_),
+                      std::clamp(static_cast<float>(p.y), haut_, bas_)};
   };
-  if (t1 < 1) b = place(t1);
-  if (t0 > 0) a = place(t0);
+  if (part->t1 < 1) b = place(part->t1);
+  if (part->t0 > 0) a = place(part->t0);
   return true;
 }
 
