@@ -44,9 +44,25 @@ Coin CoinDe(Vec2 u, Vec2 v, double d) {
   return c;
 }
 
+// The free stretches of the tailor's last piece.
+void AjouteReste(const ArcTailleur& tailleur, std::vector<ArcLibre>& libres) {
+  const PieceBrute piece = tailleur.Piece();
+  for (const Intervalle& v : tailleur.Reste()) {
+    ArcLibre a;
+    a.a = tailleur.Place(v.de);
+    a.b = tailleur.Place(v.a);
+    a.source = piece.source;
+    a.causeA = v.de.cause;
+    a.causeB = v.a.cause;
+    a.arc = piece.arc;
+    libres.push_back(a);
+  }
+}
+
 class Releveur {
  public:
-  Releveur(const ArcSource& source, double d, double bruit) : source_(source), tailleur_(source, d, bruit), d_(d) {}
+  Releveur(const ArcSource& source, double d, double bruit, PiecesVives* vives)
+      : source_(source), tailleur_(source, d, bruit), d_(d), vives_(vives) {}
 
   std::vector<ArcLibre> Releve() {
     std::size_t debut = 0;
@@ -103,16 +119,8 @@ class Releveur {
         avant.suite = Numero32(libres_.size());
       }
     }
-    for (const Intervalle& v : reste) {
-      ArcLibre a;
-      a.a = tailleur_.Place(v.de);
-      a.b = tailleur_.Place(v.a);
-      a.source = Numero32(i);
-      a.causeA = v.de.cause;
-      a.causeB = v.a.cause;
-      a.arc = arc;
-      libres_.push_back(a);
-    }
+    AjouteReste(tailleur_, libres_);
+    if (vives_ != nullptr) vives_->Ajoute(tailleur_);
     ouvert_ = libres_.back().causeB == Naturel ? Numero32(libres_.size() - 1) : Naturel;
     return joint;
   }
@@ -120,8 +128,60 @@ class Releveur {
   const ArcSource& source_;
   ArcTailleur tailleur_;
   double d_;
+  PiecesVives* vives_;
   std::vector<ArcLibre> libres_;
   std::uint32_t ouvert_ = Naturel;  // the stretch that is free up to the corner ahead
+};
+
+// The stretches of the pieces that were left before, a run of neighbours at a time.
+class Suiveur {
+ public:
+  Suiveur(const ArcSource& source, double d, double bruit, const PiecesVives& avant, const Tueurs* tueurs)
+      : source_(source), tailleur_(source, d, bruit, tueurs), avant_(avant) {}
+
+  std::vector<ArcLibre> Suit(PiecesVives& apres) {
+    const std::span<const PiecesVives::Vive> pieces = avant_.pieces;
+    libres_.reserve(avant_.reste.size());
+    for (std::size_t k = 0; k < pieces.size(); k += ParBloc) {
+      const auto bloc = pieces.subspan(k, std::min(ParBloc, pieces.size() - k));
+      base::Boite<double> boite;
+      for (const auto& v : bloc) boite.Etend(tailleur_.BoiteDuReste(v.brute, avant_.Reste(v)));
+      tailleur_.CommenceBloc(boite);
+      for (const auto& v : bloc) {
+        if (!tailleur_.Reprend(v.brute, avant_.Reste(v))) continue;
+        AjouteReste(tailleur_, libres_);
+        apres.Ajoute(tailleur_);
+      }
+    }
+    Lie();
+    return std::move(libres_);
+  }
+
+ private:
+  static constexpr std::size_t ParBloc = 8;
+
+  void Lie() {
+    std::size_t debut = 0;  // of the contour's stretches
+    for (std::size_t k = 0; k < libres_.size(); ++k) {
+      const bool dernier = k + 1 == libres_.size() || source_.DebutDuContour(libres_[k + 1].source) !=
+                                                          source_.DebutDuContour(libres_[k].source);
+      const std::size_t suivant = dernier ? debut : k + 1;
+      if (SeSuivent(libres_[k], libres_[suivant])) libres_[k].suite = Numero32(suivant);
+      if (dernier) debut = k + 1;
+    }
+  }
+  // Do they meet in a corner, both free up to there, or two parallels that merely cut each other short?
+  [[nodiscard]] bool SeSuivent(const ArcLibre& p, const ArcLibre& q) const {
+    if (Norme(q.a - p.b) >= MemeCoin) return false;
+    const bool voisins = q.source == p.source ? p.arc && !q.arc : !p.arc && q.source == source_.Suivant(p.source);
+    if (p.causeB == Naturel && q.causeA == Naturel) return voisins;
+    return voisins && !q.arc && p.causeB == q.source && q.causeA == p.source;
+  }
+
+  const ArcSource& source_;
+  ArcTailleur tailleur_;
+  const PiecesVives& avant_;
+  std::vector<ArcLibre> libres_;
 };
 
 struct Paire {
@@ -173,8 +233,20 @@ bool Pont(const ArcSource& source, Vec2 a, Vec2 b, double r, double creux) {
 
 }  // namespace
 
-std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit) {
-  return Releveur(source, d, bruit).Releve();
+void PiecesVives::Ajoute(const ArcTailleur& tailleur) {
+  const std::vector<Intervalle>& r = tailleur.Reste();
+  const auto debut = Numero32(reste.size());
+  reste.insert(reste.end(), r.begin(), r.end());
+  pieces.push_back({tailleur.Piece(), debut, Numero32(reste.size())});
+}
+
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, PiecesVives* vives) {
+  return Releveur(source, d, bruit, vives).Releve();
+}
+
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
+                                 const Tueurs* tueurs, PiecesVives& apres) {
+  return Suiveur(source, d, bruit, avant, tueurs).Suit(apres);
 }
 
 std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "closed/pathwerk/decalage/ArcSource.h"
@@ -22,8 +23,28 @@ struct ArcLibre {
   bool hors = false;  // not part of the result
 };
 
+// The raw pieces of which something is left, in the order of the outline, each with its free stretches.
+struct PiecesVives {
+  struct Vive {
+    PieceBrute brute;
+    std::uint32_t debut = 0;  // of its stretches in `reste`
+    std::uint32_t fin = 0;
+  };
+  std::vector<Vive> pieces;
+  std::vector<Intervalle> reste;
+  void Ajoute(const ArcTailleur& tailleur);
+  [[nodiscard]] std::span<const Intervalle> Reste(const Vive& v) const {
+    return {reste.data() + v.debut, reste.data() + v.fin};
+  }
+};
+
 // All free stretches, in the order of the outline. Stretches that follow each other in a corner are linked.
-std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit);
+// `vives`, when asked for: what is left of which raw piece.
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, PiecesVives* vives = nullptr);
+// The same where no more than `avant` is left of the raw pieces, and no more than `tueurs` can take away. `apres`:
+// what is left then.
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
+                                 const Tueurs* tueurs, PiecesVives& apres);
 
 // Links the loose ends: where stretch p ends because of the segment that q belongs to, q begins because of p's.
 // Ends are matched nearest first, those that name each other before others; none farther apart than `ecart`. Then

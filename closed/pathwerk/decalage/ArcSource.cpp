@@ -17,6 +17,7 @@ ArcSource::ArcSource(std::span<const Chemin> contours) {
     if (c.size() < 2) continue;
     const std::size_t debut = sommets_.size();
     unSeul_ = unSeul_ && debut == 0;
+    debuts_.push_back(Numero32(debut));
     for (std::size_t k = 0; k < c.size(); ++k) {
       sommets_.push_back(c[k]);
       suivant_.push_back(Numero32(k + 1 < c.size() ? debut + k + 1 : debut));
@@ -28,6 +29,10 @@ ArcSource::ArcSource(std::span<const Chemin> contours) {
     b.Etend(A(i).x, A(i).y);
     b.Etend(B(i).x, B(i).y);
   });
+}
+
+std::size_t ArcSource::DebutDuContour(std::size_t i) const {
+  return unSeul_ ? 0 : *(std::upper_bound(debuts_.begin(), debuts_.end(), i) - 1);
 }
 
 double ArcSource::Distance2(std::size_t segment, Vec2 p) const {

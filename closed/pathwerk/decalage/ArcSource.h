@@ -24,6 +24,8 @@ class ArcSource {
   [[nodiscard]] std::size_t Precedent(std::size_t i) const { return precedent_[i]; }
   [[nodiscard]] Vec2 A(std::size_t i) const { return sommets_[i]; }
   [[nodiscard]] Vec2 B(std::size_t i) const { return sommets_[suivant_[i]]; }
+  // The first vertex of the contour that vertex i belongs to.
+  [[nodiscard]] std::size_t DebutDuContour(std::size_t i) const;
   // Greatest coordinate, mm.
   [[nodiscard]] double Etendue() const { return etendue_; }
 
@@ -40,6 +42,7 @@ class ArcSource {
   std::vector<Vec2> sommets_;
   std::vector<std::uint32_t> suivant_;
   std::vector<std::uint32_t> precedent_;
+  std::vector<std::uint32_t> debuts_;  // of the contours
   Arbre arbre_;
   bool unSeul_ = true;  // one contour
   double etendue_ = 0;

@@ -51,6 +51,9 @@ bool Borne(double a, double k, double lo, double hi, double& t0, double& t1) {
   return t0 < t1;
 }
 
+// How far the unit circle stands out over a chord, of an arc up to half a turn.
+double Fleche(Vec2 corde) { return 1 - std::sqrt(std::max(0.0, 1 - Scalaire(corde, corde) / 4)); }
+
 }  // namespace
 
 double Balayage(Vec2 a, Vec2 b, double sens) {
@@ -59,8 +62,14 @@ double Balayage(Vec2 a, Vec2 b, double sens) {
   return std::clamp(w, 0.0, std::numbers::pi);
 }
 
-ArcTailleur::ArcTailleur(const ArcSource& source, double d, double bruit)
-    : source_(source), d_(d), r_(std::abs(d)), bruit_(bruit), sens_(d > 0 ? -1 : 1) {}
+ArcTailleur::ArcTailleur(const ArcSource& source, double d, double bruit, const Tueurs* tueurs)
+    : source_(source),
+      tueurs_(tueurs),
+      arbre_(tueurs == nullptr ? source.Boites() : tueurs->arbre),
+      d_(d),
+      r_(std::abs(d)),
+      bruit_(bruit),
+      sens_(d > 0 ? -1 : 1) {}
 
 double ArcTailleur::Mesure(Vec2 u) const {
   const double x = Scalaire(u_, u);
@@ -83,7 +92,7 @@ bool ArcTailleur::TailleSegment(std::size_t i, Vec2 u, double l) {
   arc_ = false;
   i_ = i;
   u_ = u;
-  origine_ = source_.A(i) + Gauche(u) * d_;
+  origine_ = Depart(i, false, u);
   fin_ = l;
   reste_.assign(1, Intervalle{{0, u, Naturel}, {l, u, Naturel}});
   return Taille();
@@ -99,6 +108,21 @@ bool ArcTailleur::TailleArc(std::size_t i, Vec2 u0, Vec2 u1) {
   return Taille();
 }
 
+// What ended a stretch before ends it mostly once more, and comes first.
+bool ArcTailleur::Reprend(const PieceBrute& piece, std::span<const Intervalle> avant) {
+  arc_ = piece.arc;
+  i_ = piece.source;
+  u_ = piece.u;
+  origine_ = Depart(i_, arc_, u_);
+  fin_ = piece.fin;
+  reste_.assign(avant.begin(), avant.end());
+  Cadre();
+  for (const std::uint32_t cause : {avant.front().de.cause, avant.back().a.cause}) {
+    if (cause != Naturel && !reste_.empty()) Essaie(cause);
+  }
+  return !reste_.empty() && Taille();
+}
+
 void ArcTailleur::Cadre() {
   const LimiteLibre& b0 = reste_.front().de;
   const LimiteLibre& b1 = reste_.back().a;
@@ -108,7 +132,7 @@ void ArcTailleur::Cadre() {
 
 // Can nothing in this box be too near to what is left, nor just touch it?
 bool ArcTailleur::TropLoin(std::size_t noeud) const {
-  const base::Boite<double>& b = source_.Boites().De(noeud);
+  const base::Boite<double>& b = arbre_.De(noeud);
   const double portee = r_ + demi_ + 2 * bruit_;
   if (base::Distance2(b, milieu_) >= portee * portee) return true;
   const Vec2 c{(b.x0 + b.x1) / 2 - origine_.x, (b.y0 + b.y1) / 2 - origine_.y};
@@ -157,24 +181,51 @@ void ArcTailleur::ChercheBloc() {
     ajoute(c + n, 0);
     n0 = n;
   }
+  ChercheAutour(b);
+}
+
+void ArcTailleur::CommenceBloc(const base::Boite<double>& boite) {
+  blocDebut_ = 0;
+  blocFin_ = source_.Taille();
+  ChercheAutour(boite);
+}
+
+base::Boite<double> ArcTailleur::BoiteDuReste(const PieceBrute& piece, std::span<const Intervalle> reste) const {
+  base::Boite<double> b;
+  const Vec2 origine = Depart(piece.source, piece.arc, piece.u);
+  for (const Intervalle& v : reste) {
+    if (!piece.arc) {
+      for (const double t : {v.de.t, v.a.t}) b.Etend(origine.x + piece.u.x * t, origine.y + piece.u.y * t);
+      continue;
+    }
+    const double fleche = Fleche(v.a.u - v.de.u) * r_;
+    for (const Vec2 u : {v.de.u, v.a.u}) {
+      const Vec2 p = origine + u * r_;
+      b.Etend({p.x - fleche, p.y - fleche, p.x + fleche, p.y + fleche});
+    }
+  }
+  return b;
+}
+
+void ArcTailleur::ChercheAutour(const base::Boite<double>& b) {
   const Vec2 m{(b.x0 + b.x1) / 2, (b.y0 + b.y1) / 2};
   const double demi = Norme(Vec2{b.x1 - b.x0, b.y1 - b.y0}) / 2;
   const double portee = r_ + demi + 3 * bruit_ + 1e-12;
   bloc_.clear();
-  const ArcSource::Arbre& arbre = source_.Boites();
-  blocPlein_ = !arbre.Parcourt([&](std::size_t k) { return !(base::Distance2(arbre.De(k), m) >= portee * portee); },
-                               [](std::size_t) { return true; },
-                               [&](std::size_t feuille) {
-                                 if (bloc_.size() >= FeuillesMax) return false;
-                                 bloc_.push_back(Numero32(feuille));
-                                 return true;
-                               });
+  blocPlein_ =
+      !arbre_.Parcourt([&](std::size_t k) { return !(base::Distance2(arbre_.De(k), m) >= portee * portee); },
+                       [](std::size_t) { return true; },
+                       [&](std::size_t feuille) {
+                         if (bloc_.size() >= FeuillesMax) return false;
+                         bloc_.push_back(Numero32(feuille));
+                         return true;
+                       });
 }
 
 // False: nothing is left.
 bool ArcTailleur::EssaieFeuille(std::size_t feuille) {
-  const std::size_t fin = source_.Boites().Fin(feuille);
-  for (std::size_t j = source_.Boites().Debut(feuille); j < fin && !reste_.empty(); ++j) Essaie(j);
+  const std::size_t fin = arbre_.Fin(feuille);
+  for (std::size_t k = arbre_.Debut(feuille); k < fin && !reste_.empty(); ++k) Essaie(Tueur(k));
   return !reste_.empty();
 }
 
@@ -189,13 +240,12 @@ bool ArcTailleur::Taille() {
     return std::all_of(bloc_.begin(), bloc_.end(),
                        [this](std::uint32_t k) { return TropLoin(k) || EssaieFeuille(k); });
   }
-  const ArcSource::Arbre& arbre = source_.Boites();
-  return arbre.Parcourt([this](std::size_t k) { return !TropLoin(k); },
-                        [&](std::size_t k) {
-                          return base::Distance2(arbre.De(2 * k), milieu_) <
-                                 base::Distance2(arbre.De(2 * k + 1), milieu_);
-                        },
-                        [this](std::size_t feuille) { return EssaieFeuille(feuille); });
+  return arbre_.Parcourt([this](std::size_t k) { return !TropLoin(k); },
+                         [&](std::size_t k) {
+                           return base::Distance2(arbre_.De(2 * k), milieu_) <
+                                  base::Distance2(arbre_.De(2 * k + 1), milieu_);
+                         },
+                         [this](std::size_t feuille) { return EssaieFeuille(feuille); });
 }
 
 void ArcTailleur::Retire(const LimiteLibre& b0, const LimiteLibre& b1, std::size_t j, bool toujours) {

@@ -3,8 +3,10 @@
 
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <vector>
 
+#include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
 
 namespace pathwerk::decalage {
@@ -24,22 +26,49 @@ struct Intervalle {
   LimiteLibre a;
 };
 
-// Takes one raw piece after the other: first Segment() or Arc(), then Reste().
+// The segments of a source that can still take something away, ascending, and a tree over them.
+struct Tueurs {
+  std::vector<std::uint32_t> segments;
+  ArcSource::Arbre arbre;
+};
+
+// A raw piece as the cutting sees it: of the segment `source`, or the arc around the vertex `source`.
+struct PieceBrute {
+  std::uint32_t source = 0;
+  bool arc = false;
+  Vec2 u;          // direction of the parallel, or from the centre to the start of the arc
+  double fin = 0;  // measure of its end, as of LimiteLibre
+};
+
+// Takes one raw piece after the other: first TailleSegment(), TailleArc() or Reprend(), then Reste().
 class ArcTailleur {
  public:
-  // `d`: signed distance, left positive. `bruit`: depth below which nothing counts as too near, mm.
-  ArcTailleur(const ArcSource& source, double d, double bruit);
+  // `d`: signed distance, left positive. `bruit`: depth below which nothing counts as too near, mm. `tueurs`: the
+  // segments that take away, null for all.
+  ArcTailleur(const ArcSource& source, double d, double bruit, const Tueurs* tueurs = nullptr);
 
   // The parallel of segment i, whose unit direction is `u` and whose length is `l`. False: nothing is left.
   bool TailleSegment(std::size_t i, Vec2 u, double l);
   // The arc around vertex i from u0 to u1 (unit vectors), turning right for a left parallel and vice versa.
   bool TailleArc(std::size_t i, Vec2 u0, Vec2 u1);
+  // A piece of which no more than `avant` is left before it begins. CommenceBloc() comes first.
+  bool Reprend(const PieceBrute& piece, std::span<const Intervalle> avant);
+  // All that is left of the pieces that Reprend() is given from here on lies in this box.
+  void CommenceBloc(const base::Boite<double>& boite);
+  // The box of what is left of a piece, for CommenceBloc().
+  [[nodiscard]] base::Boite<double> BoiteDuReste(const PieceBrute& piece, std::span<const Intervalle> reste) const;
+
+  [[nodiscard]] PieceBrute Piece() const { return {Numero32(i_), arc_, u_, fin_}; }
   // Free stretches of the last piece, in its direction.
   [[nodiscard]] const std::vector<Intervalle>& Reste() const { return reste_; }
   [[nodiscard]] Vec2 Place(const LimiteLibre& b) const { return arc_ ? origine_ + b.u * r_ : origine_ + u_ * b.t; }
 
  private:
   bool Taille();
+  [[nodiscard]] Vec2 Depart(std::size_t i, bool arc, Vec2 u) const {
+    return arc ? source_.A(i) : source_.A(i) + Gauche(u) * d_;
+  }
+  [[nodiscard]] std::size_t Tueur(std::size_t k) const { return tueurs_ == nullptr ? k : tueurs_->segments[k]; }
   void Essaie(std::size_t j);
   bool EssaieFeuille(std::size_t feuille);
   void RetireDeSegment(std::size_t j);
@@ -50,11 +79,14 @@ class ArcTailleur {
   void Retire(const LimiteLibre& b0, const LimiteLibre& b1, std::size_t j, bool toujours);
   void Cadre();
   void ChercheBloc();
+  void ChercheAutour(const base::Boite<double>& boite);
   [[nodiscard]] bool TropLoin(std::size_t noeud) const;
   [[nodiscard]] double Mesure(Vec2 u) const;
   [[nodiscard]] Vec2 Milieu(const LimiteLibre& b0, const LimiteLibre& b1) const;
 
   const ArcSource& source_;
+  const Tueurs* tueurs_;
+  const ArcSource::Arbre& arbre_;  // over the segments that take away
   double d_;
   double r_;
   double bruit_;

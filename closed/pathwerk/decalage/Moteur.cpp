@@ -118,13 +118,13 @@ bool DecaleRegionSimple(const Region& region, double distance, double tolerance,
 namespace {
 
 bool Decale(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
-            std::vector<Origines>* origines);
+            std::vector<Origines>* origines, MemoireDeRegion* memoire);
 
 // The border around all strands on both sides, of which the loops on the wanted side stay.
 bool DecaleFouillis(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
-                    std::vector<Origines>* origines) {
+                    std::vector<Origines>* origines, MemoireDeRegion* memoire) {
   const Region deux = RegionDe(region.contours[0], 0, true);
-  if (!Decale(deux, distance, tolerance, boucles, origines)) return false;
+  if (!Decale(deux, distance, tolerance, boucles, origines, memoire)) return false;
   const ArcSource source(region.contours);
   const int gauche = region.signe > 0 ? 1 : 0;
   std::size_t garde = 0;
@@ -140,21 +140,25 @@ bool DecaleFouillis(const Region& region, double distance, double tolerance, std
   return true;
 }
 
+// A raw curve that meets itself at one distance is not the whole answer at a greater one either.
 bool Decale(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
-            std::vector<Origines>* origines) {
+            std::vector<Origines>* origines, MemoireDeRegion* memoire) {
   if (region.fouillis) {
     try {
-      return DecaleFouillis(region, distance, tolerance, boucles, origines);
+      return DecaleFouillis(region, distance, tolerance, boucles, origines, memoire);
     } catch (const std::exception&) {
       boucles.clear();
       return false;
     }
   }
-  if (DecaleRegionSimple(region, distance, tolerance, boucles, origines)) {
-    ++nbSimples;
-    return true;
+  if (memoire == nullptr || memoire->simple) {
+    if (DecaleRegionSimple(region, distance, tolerance, boucles, origines)) {
+      ++nbSimples;
+      return true;
+    }
+    if (memoire != nullptr) memoire->simple = false;
   }
-  if (DecaleRegionArcs(region, distance, tolerance, boucles, origines)) {
+  if (DecaleRegionArcs(region, distance, tolerance, boucles, origines, memoire)) {
     ++nbArcs;
     return true;
   }
@@ -167,12 +171,17 @@ bool Decale(const Region& region, double distance, double tolerance, std::vector
 }  // namespace
 
 bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
-  return Decale(region, distance, tolerance, boucles, nullptr);
+  return Decale(region, distance, tolerance, boucles, nullptr, nullptr);
 }
 
 bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                   std::vector<Origines>& origines) {
-  return Decale(region, distance, tolerance, boucles, &origines);
+  return Decale(region, distance, tolerance, boucles, &origines, nullptr);
+}
+
+bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                  std::vector<Origines>* origines, MemoireDeRegion& memoire) {
+  return Decale(region, distance, tolerance, boucles, origines, &memoire);
 }
 
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {

@@ -2,6 +2,7 @@
 // crossings, pockets, marks, floats) only stands on this contract, so that another engine can take its place.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "closed/pathwerk/commun/Lieux.h"
@@ -22,6 +23,12 @@ struct Region {
   bool fouillis = false;
 };
 
+// What is known of one region from the distances that it was asked for before.
+struct MemoireDeRegion {
+  std::shared_ptr<class ArcSuite> suite;
+  bool simple = true;  // the raw curve alone may still be the whole answer
+};
+
 // Parallel curves of the outline at `distance` mm, to the left of its travel when positive, else to its right.
 //
 // In: the contours of one region, closed without a repeated point, neighbours distinct, finite, near the origin
@@ -38,6 +45,12 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
 // next. Empty for the loops of the engine that can't tell.
 bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                   std::vector<Origines>& origines);
+
+// The same for one region at many distances on one side of it, each greater than or equal to the one before it:
+// such a call costs what the distance before left. Each result is still computed from the outline itself.
+// `origines`: null where they are not asked for.
+bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
+                  std::vector<Origines>* origines, MemoireDeRegion& memoire);
 
 // Origins on the contours of the region, carried back to the path that the region was cut from.
 Origines Remonte(const Region& region, Origines origines);

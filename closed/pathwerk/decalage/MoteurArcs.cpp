@@ -7,8 +7,11 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <memory>
+#include <optional>
 
 #include "closed/pathwerk/decalage/ArcLibres.h"
+#include "closed/pathwerk/decalage/ArcSuite.h"
 
 namespace pathwerk::decalage {
 
@@ -44,11 +47,14 @@ bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double
 }  // namespace
 
 bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
-                      std::vector<Origines>* origines) {
+                      std::vector<Origines>* origines, MemoireDeRegion* memoire) {
   boucles.clear();
   if (origines != nullptr) origines->clear();
   try {
-    const ArcSource source(region.contours);
+    if (memoire != nullptr && !memoire->suite) memoire->suite = std::make_shared<ArcSuite>(region.contours);
+    std::optional<ArcSource> propre;
+    if (memoire == nullptr) propre.emplace(region.contours);
+    const ArcSource& source = memoire != nullptr ? memoire->suite->Source() : *propre;
     const double fleche = 0.85 * tolerance;
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     if (source.Taille() == 0) return true;
@@ -57,12 +63,15 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
       const double d = distance > 0 ? distance - jeu : distance + jeu;
       const double r = std::abs(d);
       const double bruit = Bruit(source.Etendue(), r);
-      std::vector<ArcLibre> libres = ArcsLibres(source, d, bruit);
+      std::vector<ArcLibre> libres =
+          memoire != nullptr ? memoire->suite->Libres(d, bruit) : ArcsLibres(source, d, bruit);
       const double ecart = std::min(0.05 * tolerance + 4 * std::sqrt(2 * r * bruit), 0.5 * tolerance + 0.1 * r);
       LieArcs(source, libres, r, ecart, 0.5 * tolerance);
       if (OteMauvaisCote(source, libres, d, region.signe) > 0) continue;
       boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50, origines);
-      if (Verifie(source, boucles, r, fleche)) return true;
+      if (!Verifie(source, boucles, r, fleche)) continue;
+      if (memoire != nullptr) memoire->suite->Retient();
+      return true;
     }
   } catch (const std::exception&) {
   }

@@ -7,8 +7,8 @@
 
 namespace pathwerk::decalage {
 
-// Contract of DecaleRegion; false where it can't vouch for its result.
+// Contract of DecaleRegion; false where it can't vouch for its result. `memoire`: of this region alone.
 bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
-                      std::vector<Origines>* origines = nullptr);
+                      std::vector<Origines>* origines = nullptr, MemoireDeRegion* memoire = nullptr);
 
 }  // namespace pathwerk::decalage

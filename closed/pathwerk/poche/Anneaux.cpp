@@ -35,6 +35,8 @@
 
 namespace pathwerk::poche {
 
+using decalage::MemoireDeRegion;
+
 namespace {
 
 constexpr double TravailMax = 2.0e6;  // points times rings that a fill may cost before its step grows
@@ -74,12 +76,11 @@ double Pas(const Region& region, double rayon, int recouvrement, double toleranc
 
 // Loops at `profondeur` inside the outline, in the sense of travel; none where they can't be computed.
 std::optional<std::vector<Boucle>> BouclesA(const Region& region, double profondeur, double tolerance, bool horaire,
-                                            bool origines) {
+                                            bool origines, MemoireDeRegion& memoire) {
   std::vector<Chemin> b;
   std::vector<Origines> o;
   const double d = region.signe > 0 ? profondeur : -profondeur;
-  const bool fait = origines ? DecaleRegion(region, d, tolerance, b, o) : DecaleRegion(region, d, tolerance, b);
-  if (!fait) return std::nullopt;
+  if (!DecaleRegion(region, d, tolerance, b, origines ? &o : nullptr, memoire)) return std::nullopt;
   std::vector<Boucle> r;
   for (std::size_t k = 0; k < b.size(); ++k) {
     if (b[k].empty()) continue;
@@ -212,16 +213,18 @@ std::optional<Remplissage> Anneaux(const Region& region, double distance, int re
   r.horaire = distance < 0;
   // A step stretched beyond the cutter's width can't be made good.
   const bool restes = recouvrement <= 100 && r.pas > r.rayon && r.pas <= 2.001 * r.rayon;
+  MemoireDeRegion memoire;
   for (std::size_t k = 0;; ++k) {
     Niveau niveau;
     niveau.profondeur = r.rayon + static_cast<double>(k) * r.pas;
-    auto anneaux = BouclesA(region, niveau.profondeur, tolerance, r.horaire, k == 0);
+    auto anneaux = BouclesA(region, niveau.profondeur, tolerance, r.horaire, k == 0, memoire);
     if (!anneaux) return std::nullopt;
     if (anneaux->empty()) break;
     niveau.anneaux = std::move(*anneaux);
     if (restes) {
       // A hair deeper, so that a band of twice the cutter's width, which the ring just clears, has none.
-      auto fond = BouclesA(region, niveau.profondeur + r.rayon + tolerance / 4, tolerance, r.horaire, false);
+      auto fond =
+          BouclesA(region, niveau.profondeur + r.rayon + tolerance / 4, tolerance, r.horaire, false, memoire);
       if (!fond) return std::nullopt;
       for (Boucle& b : *fond) niveau.fond.push_back(std::move(b.points));
     }

@@ -1,0 +1,64 @@
+// What is free at a depth only becomes less with the depth. Let q be the place at the depth d straight above the
+// place f of the outline. Is some other place g of the outline no farther from q than d, then it is nearer than d'
+// to the place q' straight above f at every depth d' > d: the way over q is d' long, and it has a bend. So of each
+// raw piece, measured along the outline and not along itself, only those stretches need to be looked at that were
+// free before.
+//
+// Nor does a dead place ever take something away that a living one leaves. Let q' be dead at the depth d' and its
+// foot f living at d. Going up from f, the first place at which another place g of the outline is as near as f lies
+// at a depth between d and d'. There g is a nearest place, so it lives at d, and takes q' away by the above.
+//
+//      depth d'        .-----------------.          few tips of a noisy outline carry all of this
+//      depth d      .--^--.--^-.--^--.-^--.
+//      outline     /\/\/\/\/\/\/\/\/\/\/\/\/\
+//
+// So each depth costs what lived at the depth before. The stretches are still those of the outline itself, in
+// closed form, and no error adds up.
+#include "closed/pathwerk/decalage/ArcSuite.h"
+
+#include <cmath>
+#include <utility>
+
+namespace pathwerk::decalage {
+
+std::vector<ArcLibre> ArcSuite::Libres(double d, double bruit) {
+  const auto sert = [&](const std::optional<Etat>& e) {
+    return e && e->d * d > 0 && std::abs(e->d) <= std::abs(d);
+  };
+  base_ = sert(etats_[1]) && !(sert(etats_[0]) && std::abs(etats_[0]->d) > std::abs(etats_[1]->d)) ? 1 : 0;
+  nouveau_ = {d, {}, nullptr};
+  if (!sert(etats_[base_])) return ArcsLibres(source_, d, bruit, &nouveau_.vives);
+  const Etat& avant = *etats_[base_];
+  nouveau_.tueurs = avant.tueurs;
+  return ArcsLibres(source_, d, bruit, avant.vives, avant.tueurs.get(), nouveau_.vives);
+}
+
+void ArcSuite::Retient() {
+  ChoisitTueurs(nouveau_);
+  etats_[1 - base_] = std::move(nouveau_);
+}
+
+// The segments of all that lives; a new list only where it is shorter by a quarter.
+void ArcSuite::ChoisitTueurs(Etat& etat) const {
+  std::size_t nombre = 0;
+  const std::vector<PiecesVives::Vive>& pieces = etat.vives.pieces;
+  const auto nouveau = [&](std::size_t k) {
+    return k == 0 || pieces[k].brute.source != pieces[k - 1].brute.source;
+  };
+  for (std::size_t k = 0; k < pieces.size(); ++k) nombre += nouveau(k) ? 1 : 0;
+  const std::size_t avant = etat.tueurs ? etat.tueurs->segments.size() : source_.Taille();
+  if (4 * nombre > 3 * avant) return;
+  auto tueurs = std::make_shared<Tueurs>();
+  tueurs->segments.reserve(nombre);
+  for (std::size_t k = 0; k < pieces.size(); ++k) {
+    if (nouveau(k)) tueurs->segments.push_back(pieces[k].brute.source);
+  }
+  tueurs->arbre = ArcSource::Arbre(nombre, [&](std::size_t k, base::Boite<double>& b) {
+    const std::size_t i = tueurs->segments[k];
+    b.Etend(source_.A(i).x, source_.A(i).y);
+    b.Etend(source_.B(i).x, source_.B(i).y);
+  });
+  etat.tueurs = std::move(tueurs);
+}
+
+}  // namespace pathwerk::decalage
