@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <ctime>
 #include <numbers>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -91,6 +92,15 @@ Chemin Cercle(double rayon, int n) {
   return c;
 }
 
+// A scan of a circle of 80 mm, each point off by up to 0.05 mm.
+Chemin CercleBruite(int n) {
+  std::mt19937_64 g(7);
+  std::uniform_real_distribution<double> u(-0.05, 0.05);
+  Chemin c = Cercle(40, n);
+  for (Vec2& p : c) p = p * (1 + u(g) / 40);
+  return c;
+}
+
 }  // namespace
 
 int main() {
@@ -106,5 +116,8 @@ int main() {
   for (const int recouvrement : {0, 40}) Mesure("comb", peigne, 0.5, recouvrement);
   for (const int recouvrement : {0, 40}) Mesure("noise, 20,000 points", bruit, 0.5, recouvrement);
   for (const int recouvrement : {0, 40, 75}) Mesure("text", lettres, 0.1, recouvrement);
+  for (const int n : {1000, 2000, 5000, 10000, 20000, 50000, 100000, 200000, 500000}) {
+    Mesure("noisy circle, " + std::to_string(n), {EnTrace(CercleBruite(n))}, 1.5, 40);
+  }
   return 0;
 }

@@ -10,7 +10,7 @@
 //
 //      depth d'        .-----------------.          few tips of a noisy outline carry all of this
 //      depth d      .--^--.--^-.--^--.-^--.
-//      outline     /\/\/\/\/\/\/\/\/\/\/\/\/\
+//      outline      VvVvvVvVvVvVvvVvVvVvVvV
 //
 // So each depth costs what lived at the depth before. The stretches are still those of the outline itself, in
 // closed form, and no error adds up.
@@ -35,7 +35,13 @@ std::vector<ArcLibre> ArcSuite::Libres(double d, double bruit) {
 
 void ArcSuite::Retient() {
   ChoisitTueurs(nouveau_);
-  etats_[1 - base_] = std::move(nouveau_);
+  dernier_ = 1 - base_;
+  etats_[dernier_] = std::move(nouveau_);
+}
+
+std::size_t ArcSuite::Vivantes() const {
+  const std::optional<Etat>& e = etats_[dernier_];
+  return e ? e->vives.pieces.size() : 0;
 }
 
 // The segments of all that lives; a new list only where it is shorter by a quarter.
@@ -45,7 +51,7 @@ void ArcSuite::ChoisitTueurs(Etat& etat) const {
   const auto nouveau = [&](std::size_t k) {
     return k == 0 || pieces[k].brute.source != pieces[k - 1].brute.source;
   };
-  for (std::size_t k = 0; k < pieces.size(); ++k) nombre += nouveau(k) ? 1 : 0;
+  for (std::size_t k = 0; k < pieces.size(); ++k) nombre += nouveau(k) ? 1U : 0U;
   const std::size_t avant = etat.tueurs ? etat.tueurs->segments.size() : source_.Taille();
   if (4 * nombre > 3 * avant) return;
   auto tueurs = std::make_shared<Tueurs>();

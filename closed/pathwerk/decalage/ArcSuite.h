@@ -10,6 +10,7 @@
 
 namespace pathwerk::decalage {
 
+// All depths on one side; those of the other cost as much as the first.
 class ArcSuite {
  public:
   explicit ArcSuite(std::span<const Chemin> contours) : source_(contours) {}
@@ -19,6 +20,8 @@ class ArcSuite {
   std::vector<ArcLibre> Libres(double d, double bruit);
   // The stretches given last make the true border.
   void Retient();
+  // Raw pieces that were free at the last depth that was right, and all that the next one will look at.
+  [[nodiscard]] std::size_t Vivantes() const;
 
  private:
   // What is left at one depth.
@@ -30,8 +33,11 @@ class ArcSuite {
   void ChoisitTueurs(Etat& etat) const;
 
   ArcSource source_;
-  std::optional<Etat> etats_[2];  // the one that served last, and the one that came of it
-  int base_ = 0;                  // which of them the last stretches came from
+  // The one that served last, and the one that came of it: two, so that a depth may be asked for that is a little
+  // less than the last.
+  std::optional<Etat> etats_[2];
+  int base_ = 0;     // which of them the last stretches came from
+  int dernier_ = 0;  // which of them was retained last
   Etat nouveau_;
 };
 

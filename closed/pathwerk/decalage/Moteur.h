@@ -46,9 +46,9 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
 bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                   std::vector<Origines>& origines);
 
-// The same for one region at many distances on one side of it, each greater than or equal to the one before it:
-// such a call costs what the distance before left. Each result is still computed from the outline itself.
-// `origines`: null where they are not asked for.
+// The same for one region at many distances on one side of it. A distance not less than the one before it costs
+// what that one left of the outline; each result is still computed from the outline itself. `origines`: null where
+// they are not asked for.
 bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                   std::vector<Origines>* origines, MemoireDeRegion& memoire);
 

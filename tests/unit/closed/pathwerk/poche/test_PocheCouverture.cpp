@@ -105,6 +105,18 @@ TEST(PocheCouverture, CircleAndRandomOutlineAreCleared) {
   RienNeReste(Etoile(7), 1);
 }
 
+TEST(PocheCouverture, NoisyCircleIsClearedByRingsThatItsTipsCarry) {
+  // Off by up to six times the way from one point to the next.
+  Forme f = Cercle(9, 3000);
+  std::mt19937 g(4);
+  std::uniform_real_distribution<double> u(0.99, 1.01);
+  for (P& p : f) {
+    const double k = u(g);
+    p = {k * p.x, k * p.y};
+  }
+  RienNeReste(EnTrace(f, true), 1.5, {0, 25, 40, 75});
+}
+
 TEST(PocheCouverture, ChambersBehindNarrowDoorsAreCleared) {
   for (const double porte : {1.01, 1.3, 2.0, 3.5}) {
     RienNeReste({{0, 0},
