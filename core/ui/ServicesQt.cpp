@@ -163,8 +163,9 @@ void PrepareDialogue(QFileDialog& dialogue, const DialogueFichier& demande) {
   } else if (!demande.propose.empty()) {
     dialogue.selectFile(QString::fromStdString(demande.propose));
   } else if (!demande.enregistrer) {
-    // No earlier file: where users put what they have just been given.
-    dialogue.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DesktopLocation));
+    // No earlier file: where users put what they have just been given, or else what is theirs.
+    const QString bureau = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+    dialogue.setDirectory(QFileInfo(bureau).isDir() ? bureau : QDir::homePath());
   }
 }
 

@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -251,6 +252,22 @@ TEST_F(ServicesQt, WithoutAnEarlierFileTheOpenDialogStartsOnTheDesktop) {
     dialogue.reject();
   });
   Svc.ChoisitFichier(d);
+}
+
+TEST_F(ServicesQt, WithoutADesktopTheOpenDialogStartsInTheHomeFolder) {
+  const QByteArray avant = qgetenv("HOME");
+  qputenv("HOME", QByteArray::fromStdString(essai::Dossier()));
+  const QString bureau = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+  DialogueFichier d;
+  d.cle = "mnu_Ouvrir";
+  d.motif = "*.DXF";
+  Quand<QFileDialog>([&](QFileDialog& dialogue) {
+    EXPECT_EQ(dialogue.directory().absolutePath().toStdString(), essai::Dossier());
+    dialogue.reject();
+  });
+  Svc.ChoisitFichier(d);
+  qputenv("HOME", avant);
+  EXPECT_FALSE(QFileInfo::exists(bureau)) << "the folder of a test has none";
 }
 
 TEST_F(ServicesQt, TheDesktopIsNotAskedForAFileThatIsNotThere) {
