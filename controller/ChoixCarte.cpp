@@ -192,7 +192,7 @@ CarteChoisie ChoisitCarte(const ReglageCarte& reglage, const MoyensCarte& moyens
 
 std::vector<RefusCarte> InstalleCarte(const MoyensCarte& moyens) {
   CarteChoisie choisie = ChoisitCarte(LitReglageCarte(), moyens);
-  LaCarte = {choisie.genre, choisie.virtuelle, ""};
+  LaCarte = {choisie.genre, choisie.virtuelle, "", LaCarte.rang + 1};
   if (choisie.virtuelle) LaCarte.raisonDite = choisie.virtuelle->Fichier().raison;
   auto neuve = std::make_unique<ClsCdeZENIK>(std::move(choisie.liaison));
   if (CdeZENIK) neuve->Reprend(*CdeZENIK);
@@ -203,7 +203,7 @@ std::vector<RefusCarte> InstalleCarte(const MoyensCarte& moyens) {
 
 void FermeCarte() {
   CdeZENIK = std::make_unique<ClsCdeZENIK>();
-  LaCarte = CarteDuProgramme{};
+  LaCarte = {GenreCarte::Aucune, nullptr, "", LaCarte.rang};
 }
 
 // The old board goes first: both may have one lock.
@@ -223,6 +223,10 @@ bool ChangeCarte(const ReglageCarte& reglage, const MoyensCarte& moyens) {
   FermeCarte();
   CdeZENIK = std::move(dit);
   DitRefus(InstalleCarte(moyens));
+  if (!TableReprise.empty()) {  // what was stopped on the old board is at no place of the new one
+    AttendCarte = false;
+    PlacePerdue = true;
+  }
   if (!CdeZENIK->IsAvailable()) return true;
   CdeZENIK->ResetBuffer();
   CdeZENIK->TableVerif();

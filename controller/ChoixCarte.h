@@ -66,6 +66,7 @@ struct CarteDuProgramme {
   GenreCarte genre = GenreCarte::Aucune;
   std::shared_ptr<zenikcom::CarteVirtuelle> virtuelle;
   std::string raisonDite;  // why its file can't be written, as it was told last
+  int rang = 0;  // how many boards the program has had with this one: their counters have nothing in common
 };
 extern CarteDuProgramme LaCarte;
 
@@ -75,7 +76,8 @@ std::vector<RefusCarte> InstalleCarte(const MoyensCarte& moyens);
 // Lets the board go, with all that it has to keep, and its lock; then there is none.
 void FermeCarte();
 // The user's command: another board from now on. Its setting is written, then it is opened and checked as at the
-// start. False, told: the machine moves or an operation holds the board, and nothing has changed.
+// start. A job that was stopped can only be given up then. False, told: the machine moves or an operation holds the
+// board, and nothing has changed.
 bool ChangeCarte(const ReglageCarte& reglage, const MoyensCarte& moyens);
 // The same with a prompt: what is typed is a value of CarteZENIK, or vendor and product of a USB board. False:
 // nothing has changed.

@@ -26,6 +26,7 @@ struct EtatPilMan {
   int toucheCarte = 0;                          // key of the board's keypad that has begun a move and is still down
   bool dansTick = false;                        // a tick of TimerPosition is on its way
   // Places (Module_PlaceMan.h).
+  int carte = 0;               // board whose counters these are (CarteDuProgramme::rang)
   bool lue = false;            // the counters of this session stand: none are taken over from an earlier one
   bool marque = false;         // the settings file says that the place may have changed
   bool fermee = false;         // a job runs that began without the mark: the window is closed

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "controller/ChoixCarte.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
@@ -66,6 +67,7 @@ void ReprendCompteurs() {
 // place a doubtful one.
 void CommenceSession() {
   PilMan.lue = true;
+  PilMan.carte = LaCarte.rang;
   PilMan.marque = Lit(s::Course, 0) != 0;
   PilMan.placeDouteuse = PilMan.marque;
 }
@@ -89,10 +91,19 @@ void LitPilMan() {
     ReprendCompteurs();
     CommenceSession();
   }
+  SuitCarte();
   Marque(true);
 }
 
+bool SuitCarte() {
+  if (!PilMan.lue || PilMan.carte == LaCarte.rang) return false;
+  PilMan.carte = LaCarte.rang;
+  PilMan.placeDouteuse = true;
+  return true;
+}
+
 void FermePilMan() {
+  SuitCarte();
   const SansProjet reglages;
   const LotCles lot;
   Ecrit(s::VitesseMain, PilMan.Vitesse);
@@ -122,6 +133,7 @@ void SuitPilotage(DemandePilotage demande) {
   const SansProjet reglages;
   const LotCles lot;
   if (!PilMan.lue) CommenceSession();
+  SuitCarte();
   if (demande == DemandePilotage::SeTait) {
     PilMan.fermee = !PilMan.marque;
     Marque(true);

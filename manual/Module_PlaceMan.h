@@ -18,6 +18,9 @@ void EcritPlace();
 // What a run, whoever has started it, asks of manual control: the mark before it, the place behind it. A job whose
 // link was lost leaves a doubtful place.
 void SuitPilotage(DemandePilotage demande);
+// True once behind a change of the board: its counters begin at zero wherever the machine stands, so that the place
+// is a doubtful one.
+bool SuitCarte();
 // The user has looked: the place is the one that is shown.
 void ConfirmePlace();
 

@@ -297,6 +297,7 @@ void F_PilMan::Interroge() {
   if (PasseEnCours()) return;
   const VuePosition vue = TimerPosition();
   if (!isVisible()) return;
+  if (SuitCarte()) MontreBoutons();
   MontrePosition(vue);
   MontreCarte();
 }

@@ -319,6 +319,26 @@ TEST(ChangeCarte, IsRefusedWhileTheMachineMoves) {
   EXPECT_TRUE(ChangeCarte({"aucune", ""}, Moyens()));
 }
 
+// The counters of the new board are at zero wherever the machine stands: a way back by them leads elsewhere.
+TEST(ChangeCarte, AJobThatWasStoppedOnTheOldBoardCanNotBeResumed) {
+  essai::PoseTable("Essai");
+  InstalleCarte(Moyens());
+  TableReprise.resize(3);
+  AttendCarte = true;
+  EXPECT_TRUE(ChangeCarte({"virtuelle", ""}, Moyens()));
+  EXPECT_TRUE(PlacePerdue);
+  EXPECT_FALSE(AttendCarte);
+}
+
+TEST(ChangeCarte, WithoutAJobThatWasStoppedNoPlaceIsLost) {
+  essai::PoseTable("Essai");
+  InstalleCarte(Moyens());
+  const int avant = LaCarte.rang;
+  EXPECT_TRUE(ChangeCarte({"virtuelle", ""}, Moyens()));
+  EXPECT_FALSE(PlacePerdue);
+  EXPECT_GT(LaCarte.rang, avant);
+}
+
 TEST(ChangeCarte, WhatCannotBeHadIsToldAndThereIsNone) {
   essai::PoseTable("Essai");
   InstalleCarte(Moyens());

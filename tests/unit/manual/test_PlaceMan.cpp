@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "controller/ChoixCarte.h"
 #include "core/DocumentCourant.h"
 #include "core/Projet.h"
 #include "manual/Module_Origine.h"
@@ -129,6 +130,18 @@ TEST_F(PlaceMan, OfAnOriginSetBeforeTheWindowIsNotReplacedEither) {
   EcritPlace();
   LitPilMan();
   EXPECT_EQ(CdeZENIK->PasX, -400);
+}
+
+TEST_F(PlaceMan, OfAnotherBoardIsDoubtful) {
+  LitPilMan();
+  ++LaCarte.rang;
+  EXPECT_TRUE(SuitCarte());
+  EXPECT_TRUE(PilMan.placeDouteuse);
+  EXPECT_FALSE(SuitCarte()) << "told once";
+  ConfirmePlace();
+  ++LaCarte.rang;
+  FermePilMan();
+  EXPECT_EQ(Ini("_Course"), "-1") << "and at the next start, when nobody has looked";
 }
 
 TEST_F(PlaceMan, AnEndThatWasNotCleanIsNoticedBehindAJobToo) {
