@@ -204,13 +204,14 @@ void PanneauRun::EcritTempsEn(const QColor& encre) {
   HabilleTemps();
 }
 
-// By a style alone: one that goes takes a palette that was set meanwhile along.
+// By a style alone, ground and writing together: a style takes the palette of its field along, and the ground with
+// it.
 void PanneauRun::HabilleTemps() {
   QString style;
   if (gris_) {
     style = QStringLiteral("background: rgb(200, 200, 200); color: black;");
   } else if (encre_.isValid()) {
-    style = QStringLiteral("color: %1;").arg(encre_.name());
+    style = QStringLiteral("background: transparent; color: %1;").arg(encre_.name());
   }
   if (TB_TempsRestant_->styleSheet() != style) TB_TempsRestant_->setStyleSheet(style);
 }

@@ -99,16 +99,23 @@ TEST_F(FFraisageRun, IsRedWhileItRunsAndGreenAtItsEnd) {
 TEST_F(FFraisageRun, TheTimeCanBeReadOnEveryGround) {
   auto* temps = C<QLineEdit>("TB_TempsRestant");
   const auto clair = [temps] { return temps->palette().color(QPalette::Text).lightness() > 200; };
+  // The ground as it is painted, at the left edge where nothing is written.
+  const auto fond = [temps] {
+    return temps->window()->grab().toImage().pixelColor(temps->mapTo(temps->window(), QPoint(2, 4)));
+  };
   Tape(*C<ChampNombre>("TB_ProfPasse"), "-1");  // the plan is another one: a time on show turns grey
   EXPECT_FALSE(clair());
   bool pendant = false;
+  QColor rouge;
   Quand(12, [&] {
     pendant = clair();
+    rouge = fond();
     Presse();
   });
   Clique(Depart());
   QTest::mouseRelease(&Depart(), Qt::LeftButton, {}, Depart().rect().center());
   EXPECT_TRUE(pendant) << "white on red";
+  EXPECT_LT(std::abs(rouge.red() - Fond().red()) + rouge.green() + rouge.blue(), 60) << "and the red is its ground";
   EXPECT_TRUE(clair()) << "stopped, too";
 }
 
