@@ -1,17 +1,20 @@
 // The whole road of a job, step by step, in one process: a DXF file read and oriented, offset, planned, written as
 // G-code; seconds, share and greatest memory. Also 8,000 small circles, and outlines scanned badly, each point off
 // by up to 0.02 mm.
-//   build/bench/bin/bench_road [POINTS_PER_CONTOUR CONTOURS [NOISE_MM]]
+//   build/bench/bin/bench_road [--cores N] [POINTS_PER_CONTOUR CONTOURS [NOISE_MM]]      (1 core without the
+//   option)
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "bench/Formes.h"
+#include "core/Coeurs.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
@@ -78,6 +81,11 @@ void Route(int contours, int points, double bruit = 0) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc >= 3 && std::string_view(argv[1]) == "--cores") {
+    NombreCoeurs = static_cast<unsigned>(std::atoi(argv[2]));
+    argc -= 2;
+    argv += 2;
+  }
   if (argc >= 3) {
     Route(std::atoi(argv[2]), std::atoi(argv[1]), argc > 3 ? std::atof(argv[3]) : 0);
     return 0;

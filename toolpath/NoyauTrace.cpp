@@ -4,9 +4,12 @@
 #include <cstdio>
 #include <iterator>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
+#include "base/Equipe.h"
+#include "core/Coeurs.h"
 #include "core/Gestes.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
@@ -20,6 +23,9 @@ namespace {
 
 constexpr float ToleranceDecalage = 0.01F;         // mm
 constexpr std::int32_t RecouvrementContour = 100;  // asks for the single offset curve
+
+// Points of a pass from which its paths are worth more than one thread.
+constexpr std::size_t SeuilEquipe = 8000;
 
 // Points from which a path is worth a thread: below, its trace is there in some milliseconds. A pocket makes many
 // rings out of few points.
@@ -41,7 +47,7 @@ std::vector<SequenceDecalee> Morceaux(Code2 code, const std::vector<PointTrace>&
   return entrees;
 }
 
-// The points of a path of two points at least become its trace.
+// The points of a path of two points at least, put into its trace.
 TraceCalculee Trace(Code2 code, std::vector<PointTrace>& points, const ProprietesSequence& s,
                     const ParametresTrace& p) {
   TraceCalculee trace;
@@ -65,6 +71,66 @@ TraceCalculee Trace(Code2 code, std::vector<PointTrace>& points, const Propriete
   return trace;
 }
 
+TraceCalculee TraceDe(std::span<const PointTrace> chemin, Code2 code, const ProprietesSequence& proprietes,
+                      const ParametresTrace& parametres) {
+  std::vector<PointTrace> points(chemin.begin(), chemin.end());
+  return Trace(code, points, proprietes, parametres);
+}
+
+std::size_t Poids(std::size_t points, const ProprietesSequence& s) {
+  constexpr std::size_t rapport = SeuilFond / SeuilFondPoche;
+  return s.Poche != Faux ? points * rapport : points;
+}
+
+// The traces of a pass, each computed once, ahead of the table where there are cores for it.
+class Atelier {
+ public:
+  Atelier(const Document& document, const IndexCodes& index, std::span<const Code2> codes,
+          const ParametresTrace& parametres)
+      : parametres_(parametres) {
+    const std::span<const PointTrace> points(document.TraceInitial);
+    std::size_t poids = 0;
+    for (const Code2 code : codes) {
+      if (code == CodeAucun || !rangs_.try_emplace(code.Cle(), taches_.size()).second) continue;
+      const auto premier = index.PremierPoint(code);
+      Tache tache{code, {}, {}, {}};
+      if (premier) {
+        tache.chemin = PointsDe(points, EtendueDepuis(points, *premier));
+        tache.proprietes = ProprietesDe(document.Sequences, index, code);
+        poids += Poids(tache.chemin.size(), tache.proprietes);
+      }
+      taches_.push_back(std::move(tache));
+    }
+    if (NombreCoeurs < 2 || taches_.size() < 2 || poids < SeuilEquipe) return;
+    equipe_.emplace(NombreCoeurs, taches_.size(), [this](std::size_t i) {
+      Tache& t = taches_[i];
+      if (t.chemin.size() >= 2) t.trace = TraceDe(t.chemin, t.code, t.proprietes, parametres_);
+    });
+  }
+
+  // The trace of that path: the first time that it is asked for. Nothing when it is too short to have one.
+  std::optional<TraceCalculee> Prend(Code2 code) {
+    const std::size_t rang = rangs_.at(code.Cle());
+    Tache& t = taches_[rang];
+    if (!equipe_) return CalculeTrace(t.chemin, code, t.proprietes, parametres_);
+    if (!equipe_->Fait(rang)) TravailleSi(true, [&] { equipe_->Attend(rang); });
+    equipe_->Attend(rang);
+    return std::exchange(t.trace, std::nullopt);
+  }
+
+ private:
+  struct Tache {
+    Code2 code;
+    std::span<const PointTrace> chemin;
+    ProprietesSequence proprietes;
+    std::optional<TraceCalculee> trace;
+  };
+  const ParametresTrace& parametres_;
+  std::vector<Tache> taches_;
+  std::unordered_map<std::uint32_t, std::size_t> rangs_;  // by code
+  std::optional<base::Equipe> equipe_;                    // last: its threads work on the tasks
+};
+
 // Two characters hold the number: from 100 on its first two digits.
 Code2 NumeroTrace(long n) {
   char texte[24];
@@ -83,10 +149,9 @@ ParametresTrace ParametresTraceDe(const Reglages& reglages, bool prolongement) {
 std::optional<TraceCalculee> CalculeTrace(std::span<const PointTrace> chemin, Code2 code,
                                           const ProprietesSequence& proprietes, const ParametresTrace& parametres) {
   if (chemin.size() < 2) return std::nullopt;
-  std::vector<PointTrace> points(chemin.begin(), chemin.end());
   TraceCalculee trace;
-  TravailleSi(points.size() >= (proprietes.Poche != Faux ? SeuilFondPoche : SeuilFond),
-              [&] { trace = Trace(code, points, proprietes, parametres); });
+  TravailleSi(chemin.size() >= (proprietes.Poche != Faux ? SeuilFondPoche : SeuilFond),
+              [&] { trace = TraceDe(chemin, code, proprietes, parametres); });
   return trace;
 }
 
@@ -103,8 +168,8 @@ void PoseTrace(std::vector<SequenceDecalee>& traces, Code2 code, TraceCalculee&&
 // time, so it is computed once; the table takes the same outcome in again.
 bool CalculeTraces(const Document& document, std::span<const Code2> codes, const ParametresTrace& parametres,
                    std::vector<SequenceDecalee>& traces, const std::function<void()>& avance) {
-  const std::span<const PointTrace> points(document.TraceInitial);
   const IndexCodes index(document);
+  Atelier atelier(document, index, codes, parametres);
   TableTraces table(traces);
   bool uneReussie = false;
   std::unordered_set<std::uint32_t> calcules;
@@ -115,11 +180,7 @@ bool CalculeTraces(const Document& document, std::span<const Code2> codes, const
       table.Repete(code);
       continue;
     }
-    const auto premier = index.PremierPoint(code);
-    if (!premier) continue;
-    const ProprietesSequence proprietes = ProprietesDe(document.Sequences, index, code);
-    std::optional<TraceCalculee> trace =
-        CalculeTrace(PointsDe(points, EtendueDepuis(points, *premier)), code, proprietes, parametres);
+    std::optional<TraceCalculee> trace = atelier.Prend(code);
     if (!trace) continue;
     uneReussie = uneReussie || trace->reussie;
     table.Remplace(code, std::move(*trace));

@@ -12,6 +12,7 @@
 #include "controller/ChangtTable.h"
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
+#include "core/Coeurs.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
@@ -272,6 +273,7 @@ int Resultat(const Contexte& contexte, const Json& objet) {
 }
 
 int Demarre(Contexte& contexte) {
+  NombreCoeurs = CoeursDeLaMachine();
   InstalleServices(contexte);
   Magasin.EcrireIni = false;
   if (!LitReponses(contexte) || !LitSurcharges(contexte)) {

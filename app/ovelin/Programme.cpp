@@ -20,6 +20,7 @@
 #include "controller/ChoixCarte.h"
 #include "controller/ClsCdeZENIK.h"
 #include "core/Cles.h"
+#include "core/Coeurs.h"
 #include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
@@ -131,6 +132,7 @@ Programme::Programme(OptionsProgramme options)
             TraiteMiseAJour(reponse, [](const std::string& adresse) { Svc.OuvreParBureau(adresse); });
           }) {
   Quitte = [](int statut) { std::_Exit(statut); };
+  NombreCoeurs = CoeursDeLaMachine();
   InstalleServicesQt();
   InstalleFenetres();
   AppareilsPresents = ListeAppareils;
