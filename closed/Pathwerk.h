@@ -90,6 +90,7 @@ enum class Erreur : std::int32_t {
   Ecriture = -125,         // a file can't be written
   Police = -126,           // unknown font
   PoliceFichier = -127,    // the font file can't be read
+  Svg = -128,              // not SVG, or no XML; a compressed one counts as that
 };
 // As procedures give it in place of a count.
 constexpr std::int32_t Numero(Erreur erreur) { return static_cast<std::int32_t>(erreur); }
@@ -108,6 +109,7 @@ std::vector<FormatConnu> Formats();
 struct OptionsLecture {
   double ToleranceSoudure = 0.01;  // mm: ends nearer than this are joined
   double Fleche = 0.01;            // mm: greatest distance between a curve and its chords
+  double UniteSupposee = 0;        // mm of a unit, where a drawing in SVG doesn't say; 0: 96 to the inch, and told
   // Called now and then with the share done, 0 to 1. May be empty.
   std::function<void(double)> Avancement;
 };
@@ -121,6 +123,9 @@ enum class Avis : std::int32_t {
   Etendue = 133,  // drill file: its line of extents doesn't hold the result; the detail is that line
   Colonnes =
       134,  // coordinate file: a table of more than three columns, the first two taken; the detail is how many
+  SansUniteSvg =
+      135,  // SVG: the size has no unit, pixels of 96 to the inch taken; the detail is that size, "24 x 24"
+  PoliceRemplacee = 136,  // SVG: a font isn't installed and another one serves; the detail is its name
 };
 
 struct AvisLecture {
@@ -131,7 +136,7 @@ struct AvisLecture {
 
 // What a reading has to tell beside the points.
 struct RapportLecture {
-  std::string Format;                   // "DXF", "HPGL", "DAT", "DRL", "EPS"
+  std::string Format;                   // "DXF", "HPGL", "DAT", "DRL", "EPS", "SVG"
   std::map<std::string, long> Ignores;  // what was left out, by kind ("TEXT", "DIMENSION", "HATCH" ...)
   std::vector<AvisLecture> Suppose;
   Erreur Numero = Erreur::Aucune;

@@ -45,6 +45,8 @@ std::optional<CleTexte> TexteErreur(std::int32_t numero) {
       return Textes::PoliceInconnue;
     case Erreur::PoliceFichier:
       return Textes::PoliceIllisible;
+    case Erreur::Svg:
+      return Textes::SvgRefuse;
   }
   return std::nullopt;
 }
@@ -60,6 +62,10 @@ std::optional<CleTexte> TexteAvis(pathwerk::Avis avis) {
       return Textes::DimensionsDouteuses;
     case Avis::Colonnes:
       return Textes::ColonnesDuTableau;
+    case Avis::SansUniteSvg:
+      return Textes::PixelsSupposes;
+    case Avis::PoliceRemplacee:
+      return Textes::PoliceRemplacee;
   }
   return std::nullopt;
 }

@@ -1,6 +1,8 @@
 #include "workspace/Module_Ouverture.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -30,16 +32,19 @@
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
+#include "workspace/Module_Dimension.h"
 
 namespace ovelin {
 
 namespace {
 
+constexpr double MmParPixel = 25.4 / 96;
+
 constexpr const char* SectionEcartes = "Ecartes";  // kinds of what was left out, under their own names
 
 // The reading runs on a thread where there is one; then nobody can follow its share done, and the bar moves without
 // a total.
-DessinLu LitEtranger(const std::string& chemin) {
+DessinLu LitEtranger(const std::string& chemin, const SouhaitLecture& souhait) {
   constexpr int Centiemes = 100;
   int montres = 0;
   std::function<void(double)> avancement;
@@ -52,7 +57,7 @@ DessinLu LitEtranger(const std::string& chemin) {
   Svc.LaisseEvenements(Evenements::Affichage);
   DessinLu lu;
   const Reglages reglages = Regl;
-  Travaille([&] { lu = LitDessin(chemin, reglages, avancement); });
+  Travaille([&] { lu = LitDessin(chemin, reglages, avancement, souhait); });
   Svc.AvancementFin();
   return lu;
 }
@@ -96,7 +101,8 @@ EtapesOuverture Etapes() {
 
 bool BinaireOuNul(const std::string& octets) {
   if (octets.find('\0') != std::string::npos) return true;
-  return octets.starts_with("\xC5\xD0\xD3\xC6") || octets.starts_with("AutoCAD Binary DXF");
+  constexpr std::array<std::string_view, 3> Entetes{"\xC5\xD0\xD3\xC6", "AutoCAD Binary DXF", "\x1F\x8B"};
+  return std::any_of(Entetes.begin(), Entetes.end(), [&](std::string_view e) { return octets.starts_with(e); });
 }
 
 // Reading, joining and writing of the file alone.
@@ -143,11 +149,13 @@ std::string PourquoiSiPeu(const pathwerk::RapportLecture& rapport) {
 }
 
 // What the reader supposed that changes the size of the drawing: a unit that nobody gave, extents that don't fit.
-void AvertitSuppositions(const pathwerk::RapportLecture& rapport) {
+// A unit that the user has been asked for was told.
+void AvertitSuppositions(const pathwerk::RapportLecture& rapport, bool uniteDemandee) {
   for (const pathwerk::AvisLecture& avis : rapport.Suppose) {
-    if (avis.Numero == pathwerk::Avis::FormatDevine) continue;  // so common that the status bar must do
+    // So common that the status bar must do.
+    if (avis.Numero == pathwerk::Avis::FormatDevine || avis.Numero == pathwerk::Avis::PoliceRemplacee) continue;
     const auto connu = TexteAvis(avis.Numero);
-    if (!connu) continue;
+    if (!connu || (uniteDemandee && avis.Numero == pathwerk::Avis::SansUniteSvg)) continue;
     MessageFichier(*connu, DetailAvis(avis) + "\n" + FichierCourant, Icone::Exclamation, FichierCourant);
   }
 }
@@ -194,8 +202,40 @@ bool PrendProjetLu(DessinLu& lu) {
   return true;
 }
 
+// "24 x 24" of a drawing, in mm.
+std::string TailleEnMm(std::string_view taille, double mmParUnite) {
+  double largeur = 0;
+  double hauteur = 0;
+  const char* const fin = taille.data() + taille.size();
+  const auto [apres, erreur] = std::from_chars(taille.data(), fin, largeur);
+  const std::size_t croix = taille.find(" x ");
+  if (erreur != std::errc() || croix == std::string_view::npos) return "";
+  std::from_chars(taille.data() + croix + 3, fin, hauteur);
+  return TexteTaille(largeur * mmParUnite) + " x " + TexteTaille(hauteur * mmParUnite) + " mm";
+}
+
+// A drawing in SVG that says how many units it is wide and not which: asked once, with the size that each would
+// give. Millimetres are read anew, so that curves and joints hold their tolerance.
+void DemandeUniteSvg(DessinLu& lu) {
+  for (const pathwerk::AvisLecture& avis : lu.contenu.rapport.Suppose) {
+    if (avis.Numero != pathwerk::Avis::SansUniteSvg) continue;
+    BoiteMessage boite;
+    boite.section = Textes::DemandeUnite.Section();
+    boite.cle = Textes::DemandeUnite.Cle();
+    boite.texte = Traduire(Textes::DemandeUnite) + "\n" + TailleEnMm(avis.Detail, 1) + "\n" +
+                  TailleEnMm(avis.Detail, MmParPixel);
+    boite.titre = "OVELIN";
+    boite.icone = Icone::Question;
+    boite.boutons = Boutons::OuiNon;
+    boite.fichier = lu.chemin;
+    if (Svc.Montre(boite) == Reponse::Oui) lu = LitAOuvrir(std::string(lu.chemin), {1});
+    return;
+  }
+}
+
 // The same for a foreign drawing, which becomes a job of this machine.
-bool PrendEtranger(DessinLu& lu) {
+bool PrendEtranger(DessinLu& lu, const OptionsOuverture& options) {
+  if (!lu.refus && options.demandeUnite) DemandeUniteSvg(lu);
   PrendDessin(std::move(lu.document));
   Svc.LaisseEvenements(Evenements::Affichage);
   LitReglagesDocument();
@@ -205,7 +245,7 @@ bool PrendEtranger(DessinLu& lu) {
   }
   lu.contenu.message = TexteLecture(lu.contenu.rapport);
   if (lu.contenu.rapport.Tronque) AvertitTronque();
-  AvertitSuppositions(lu.contenu.rapport);
+  AvertitSuppositions(lu.contenu.rapport, options.demandeUnite);
   PrepareDessin(Doc, Mesures(), Etapes());
   return true;
 }
@@ -238,9 +278,9 @@ void AjouteReglagesIllisibles(ContenuLu& contenu) {
 }
 
 // What has been read comes into force, in the order of the steps. `contenu`, when given, takes what was read.
-Ouverture MetEnVigueur(DessinLu& lu, ContenuLu* contenu) {
+Ouverture MetEnVigueur(DessinLu& lu, const OptionsOuverture& options, ContenuLu* contenu) {
   const bool projet = lu.projet.has_value();
-  const bool pris = projet ? PrendProjetLu(lu) : PrendEtranger(lu);
+  const bool pris = projet ? PrendProjetLu(lu) : PrendEtranger(lu, options);
   if (pris && projet) AjouteReglagesIllisibles(lu.contenu);
   if (pris) AcheveOuverture(lu.contenu.message);
   if (pris && projet) {
@@ -266,8 +306,8 @@ std::string ChoisitDessin() {
   return Svc.ChoisitFichier(dialogue);
 }
 
-DessinLu LitAOuvrir(const std::string& chemin) {
-  DessinLu lu = EstProjet(chemin) ? LitProjetEnFond(chemin) : LitEtranger(chemin);
+DessinLu LitAOuvrir(const std::string& chemin, const SouhaitLecture& souhait) {
+  DessinLu lu = EstProjet(chemin) ? LitProjetEnFond(chemin) : LitEtranger(chemin, souhait);
   if (lu.refus && lu.document.NbPoints == ErreurTropPeuDePoints)
     lu.refus->suite += PourquoiSiPeu(lu.contenu.rapport);
   return lu;
@@ -293,8 +333,8 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   if (choisi.empty() || !std::filesystem::exists(choisi, erreur)) return Ouverture::Abandon;
   CommenceOuverture(choisi, options);
   if (EstProjet(choisi)) NbPoints = 0;  // the count of the drawing that stood is gone
-  DessinLu lu = LitAOuvrir(choisi);
-  return MetEnVigueur(lu, contenu);
+  DessinLu lu = LitAOuvrir(choisi, options.souhait);
+  return MetEnVigueur(lu, options, contenu);
 }
 
 Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu) {
@@ -302,7 +342,7 @@ Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuL
   CommenceOuverture(lu.chemin, options);
   if (lu.projet) NbPoints = 0;
   DessinLu pris = std::move(lu);
-  return MetEnVigueur(pris, contenu);
+  return MetEnVigueur(pris, options, contenu);
 }
 
 std::string EnregistreProjet(const std::string& nom) {

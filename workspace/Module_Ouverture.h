@@ -11,6 +11,8 @@ struct OptionsOuverture {
   bool dehors = true;        // the path is given (command line, recent list): no dialog
   bool ecritFichier = true;  // writes the key "Fichier" and the recent list
   bool rendUniforme = true;  // makes the line ends of the file itself uniform (text and writable files only)
+  bool demandeUnite = true;  // asks for the unit of a drawing in SVG that has none
+  SouhaitLecture souhait;    // of the reading
 };
 
 enum class Ouverture {
@@ -24,14 +26,15 @@ enum class Ouverture {
 Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
 
 // The same with a file that LitDessin (NoyauOuverture.h) has read, so that a caller can look at it first: a refused
-// one need not be handed on, and leaves the open job as it is. The file is not read again.
+// one need not be handed on, and leaves the open job as it is. The file is not read again, unless the user is asked
+// for its unit and names another.
 Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
 
 // The open dialog: starts at the key "Fichier". "" when it was left without an answer.
 std::string ChoisitDessin();
 // Reads a file to be opened, with the progress and the thread that a long reading has in a window. Nothing in force
 // is touched.
-DessinLu LitAOuvrir(const std::string& chemin);
+DessinLu LitAOuvrir(const std::string& chemin, const SouhaitLecture& souhait = {});
 // A refused reading of a window: the user is told, the next dialog starts there and the recent list knows it, and
 // the open job stays as it is.
 void RefuseDessinLu(const DessinLu& lu);

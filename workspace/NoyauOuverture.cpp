@@ -39,11 +39,13 @@ std::vector<SequenceInfo> FichesNeuves(std::span<const PointTrace> points, doubl
 
 std::int32_t NombreRuns(const Document& document) { return base::Compte(EtenduesDe(document.TraceInitial).size()); }
 
-void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<void(double)>& avancement) {
+void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<void(double)>& avancement,
+                 const SouhaitLecture& souhait) {
   Document& d = lu.document;
   pathwerk::OptionsLecture options;
   options.ToleranceSoudure = reglages.ToleranceSoudure;
   options.Avancement = avancement;
+  options.UniteSupposee = souhait.uniteSvg;
   pathwerk::Importation importe = pathwerk::ImporteFichier(lu.chemin, options);
   d.NbPoints = importe.Nombre;
   if (d.NbPoints >= 0) d.TraceInitial = std::move(importe.Points);
@@ -117,7 +119,7 @@ RefusFichier RefusLecture(std::int32_t numero, const std::string& chemin, const 
 }
 
 DessinLu LitDessin(const std::string& chemin, const Reglages& reglages,
-                   const std::function<void(double)>& avancement) {
+                   const std::function<void(double)>& avancement, const SouhaitLecture& souhait) {
   DessinLu lu;
   lu.chemin = chemin;
   lu.extension = ExtensionDe(chemin);
@@ -125,7 +127,7 @@ DessinLu LitDessin(const std::string& chemin, const Reglages& reglages,
   if (EstProjet(chemin)) {
     LitProjetEntier(lu);
   } else {
-    LitEtranger(lu, reglages, avancement);
+    LitEtranger(lu, reglages, avancement, souhait);
   }
   return lu;
 }

@@ -39,10 +39,15 @@ struct DessinLu {
   std::vector<std::pair<std::string, std::string>> cles;  // keys that an opening of it wants written
 };
 
+// What the file itself may leave open.
+struct SouhaitLecture {
+  double uniteSvg = 0;  // mm of a unit, where a drawing in SVG doesn't say; 0: pixels of 96 to the inch, and told
+};
+
 // Reads a project or a foreign drawing. `reglages`: the weld tolerance, and the depth of a fresh path. `avancement`
 // is called now and then with the share done, 0 to 1; it may be empty. May run on a thread: no service is called.
 DessinLu LitDessin(const std::string& chemin, const Reglages& reglages,
-                   const std::function<void(double)>& avancement);
+                   const std::function<void(double)>& avancement, const SouhaitLecture& souhait = {});
 
 bool EstProjet(const std::string& chemin);
 // The keys that an opening of this path wants written, also when it is refused.

@@ -223,6 +223,15 @@ char MarqueDuSysteme() {
   return marque == ',' ? ',' : '.';
 }
 
+// mm of a unit by its name; 0 for none.
+double MmDe(std::string_view unite) {
+  if (unite == "mm") return 1;
+  if (unite == "cm") return 10;
+  if (unite == "in") return 25.4;
+  if (unite == "pt") return 25.4 / 72;
+  return unite == "px" ? 25.4 / 96 : 0;
+}
+
 }  // namespace
 
 void InstalleServices(Contexte& contexte) {
@@ -333,6 +342,8 @@ int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* conten
   OptionsOuverture options;
   options.ecritFichier = false;
   options.rendUniforme = false;
+  options.demandeUnite = false;
+  options.souhait.uniteSvg = MmDe(contexte.unite);
   ContenuLu lu;
   const Ouverture ouverture = mnu_Ouvrir(chemin, options, &lu);
   if (ouverture == Ouverture::Abandon) {

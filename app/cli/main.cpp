@@ -40,6 +40,9 @@ void OptionsCommunes(CLI::App& app, Contexte& c) {
   app.add_flag("--json", c.json, "One JSON object on standard output");
   app.add_option("--table", c.table, "Machine table of this call")->type_name("NAME");
   app.add_option("--material", c.materiau, "Material row applied to the drawing")->type_name("NAME");
+  app.add_option("--unit", c.unite,
+                 "Unit of an SVG drawing whose size has none; px (96 an inch) without this option")
+      ->check(CLI::IsMember({"mm", "cm", "in", "pt", "px"}));
   app.add_option("--set", c.reglages, "A key for this call alone, never written (RayonFraise=1.5, TB_SAV_15=20)")
       ->type_name("KEY=VALUE")
       ->allow_extra_args(false);

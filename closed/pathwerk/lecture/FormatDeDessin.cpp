@@ -23,6 +23,26 @@ bool EstEps(std::string_view data) {
   return data.starts_with("%!PS");
 }
 
+// The outermost element, with or without a prefix, behind what may stand before it; or what is so packed, so that
+// the refusal names it.
+bool EstSvg(std::string_view data) {
+  if (data.starts_with("\x1F\x8B")) return true;
+  data = SansMarque(data).substr(0, 8192);
+  const std::size_t debut = data.find_first_not_of(" \t\r\n");
+  if (debut == std::string_view::npos || data[debut] != '<') return false;
+  for (std::size_t i = data.find("svg", debut); i != std::string_view::npos; i = data.find("svg", i + 3)) {
+    const std::size_t element = data.find_last_of("<>!", i);
+    const char apres = i + 3 < data.size() ? data[i + 3] : ' ';
+    const bool fin = EstBlanc(apres) || apres == '>' || apres == '/' || apres == '\r' || apres == '\n';
+    const bool nom = element + 1 == i || data[i - 1] == ':';
+    if (data[element] == '<' && nom && fin &&
+        data.substr(element, i - element).find(' ') == std::string_view::npos) {
+      return true;
+    }
+  }
+  return false;
+}
+
 // A group code 0 or 999 alone on the first line with text, and behind it what opens a DXF.
 bool EstDxf(std::string_view data) {
   data = SansMarque(data);

@@ -10,5 +10,6 @@ bool EstHpgl(std::string_view data);
 bool EstDxf(std::string_view data);
 bool EstExcellon(std::string_view data);
 bool EstEps(std::string_view data);
+bool EstSvg(std::string_view data);
 
 }  // namespace pathwerk::lecture

@@ -71,7 +71,7 @@ class Travail : public Principale {
 
 TEST_F(Travail, EachSampleOpensAndIsShown) {
   for (const char* nom :
-       {"equerre.dxf", "plaque.dxf", "enseigne.plt", "aile.dat", "percage.drl", "logo.eps", "aile-mousse.OVL",
+       {"equerre.dxf", "plaque.dxf", "enseigne.plt", "aile.dat", "percage.drl", "logo.eps", "etiquette.svg", "aile-mousse.OVL",
         "enseigne-texte.OVL", "equerre-attaches.OVL", "percage-ligne.OVL", "plaque-poches.OVL"}) {
     SCOPED_TRACE(nom);
     Charge();

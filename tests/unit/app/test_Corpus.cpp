@@ -25,7 +25,7 @@ const std::map<std::string, std::string> Refuses{
 };
 
 // What of the samples is a drawing: projects and notes lie beside them.
-const std::set<std::string> Extensions{".dat", ".drl", ".dxf", ".eps", ".plt"};
+const std::set<std::string> Extensions{".dat", ".drl", ".dxf", ".eps", ".plt", ".svg"};
 
 std::vector<std::string> Dessins() {
   std::vector<std::string> dessins;

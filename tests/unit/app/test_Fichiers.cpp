@@ -133,6 +133,23 @@ TEST(Output, HasTheExtensionOfWhatIsWritten) {
   EXPECT_EQ(a.Appelle({"trace", dxf, "-o", "/dev/null"}).etat, 0);
 }
 
+TEST(Info, TheUnitOfASvgComesByAnOption) {
+  const Atelier a;
+  const std::string svg = a.Ecrit("a.svg", "<svg viewBox=\"0 0 20 10\"><path d=\"M0 0H20V10z\"/></svg>");
+  const auto largeur = [](const essai::Retour& r) {
+    const auto bornes = r.Json()["bounds"];
+    return bornes["xmax"].get<double>() - bornes["xmin"].get<double>();
+  };
+  EXPECT_NEAR(largeur(a.Appelle({"info", svg, "--json", "--unit", "cm"})), 200, 0.01);
+  EXPECT_NEAR(largeur(a.Appelle({"info", svg, "--json", "--unit", "px"})), 20 * 25.4 / 96, 0.01);
+  EXPECT_EQ(a.Appelle({"info", svg, "--unit", "mm"}).erreurs, "");
+  const auto sans = a.Appelle({"info", svg, "--json", "--lang", "en"});
+  EXPECT_EQ(sans.etat, 0);
+  EXPECT_NE(sans.erreurs.find("20 x 10"), std::string::npos) << sans.erreurs;
+  EXPECT_NEAR(largeur(sans), 20 * 25.4 / 96, 0.01);
+  EXPECT_EQ(a.Appelle({"info", svg, "--unit", "ell"}).etat, 2);
+}
+
 TEST(Save, AProjectWithAllItsPointsInOnePlaceIsToldToBeOneThatCantBeOpened) {
   const Atelier a;
   const std::string trou = a.Ecrit("un.drl", "M48\nMETRIC,TZ\nT1C1.0\n%\nT1\nX10.0Y10.0\nM30\n");

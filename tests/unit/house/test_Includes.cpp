@@ -129,6 +129,7 @@ const std::map<std::string, std::set<std::string>> Pieces{
     {"lecture/eps", {"lecture"}},
     {"lecture/excellon", {"lecture"}},
     {"lecture/dat", {"lecture"}},
+    {"lecture/svg", {"lecture", "texte"}},
     {"assemblage", {"lecture"}},
     {"chemin", {}},
     {"decalage", {"chemin"}},
@@ -280,7 +281,7 @@ TEST(Inclusions, NoLogicFolderKnowsTheWindowToolkit) {
 TEST(Inclusions, TheClosedLibrariesKeepTheirOwnLibrariesToThemselves) {
   // Geometry, font and shaping libraries are named inside closed/ alone.
   static const std::regex Bibliotheques(
-      R"(^(polyclipping/.*|clipper\.hpp|ft2build\.h|freetype/.*|hb.*\.h|fontconfig/.*|hidapi/.*)$)");
+      R"(^(polyclipping/.*|clipper\.hpp|ft2build\.h|freetype/.*|hb.*\.h|fontconfig/.*|hidapi/.*|pugi.*)$)");
   for (const auto& [dossier, permis] : Permis) {
     if (dossier == "closed") continue;
     for (const Inclusion& i : Inclusions(dossier)) {

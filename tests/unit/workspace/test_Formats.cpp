@@ -15,15 +15,15 @@ TEST(Formats, TheStartOfTheWindowTakesFiveExtensions) {
 }
 
 TEST(Formats, HelpListsThemAll) {
-  EXPECT_EQ(EnListe(ExtensionsLues()), "DXF, PLT, PRN, HPGL, DAT, DRD, DRL, EPS or OVL");
+  EXPECT_EQ(EnListe(ExtensionsLues()), "DXF, PLT, PRN, HPGL, DAT, DRD, DRL, EPS, SVG or OVL");
 }
 
 TEST(Formats, TheOpenDialogOffersAllOfThem) {
-  EXPECT_EQ(MotifDessins(), "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS");
+  EXPECT_EQ(MotifDessins(), "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS; *.SVG");
 }
 
 TEST(Formats, WhatTheDialogOffersCanBeDroppedAndNothingElse) {
-  for (const char* e : {"DAT", "PLT", "PRN", "HPGL", "OVL", "DXF", "DRD", "DRL", "EPS"})
+  for (const char* e : {"DAT", "PLT", "PRN", "HPGL", "OVL", "DXF", "DRD", "DRL", "EPS", "SVG"})
     EXPECT_TRUE(SeDepose(e)) << e;
   for (const char* e : {"", "TXT", "dxf", "NC", "DX"}) EXPECT_FALSE(SeDepose(e)) << e;
 }

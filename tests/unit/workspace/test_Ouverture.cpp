@@ -48,6 +48,51 @@ Ouverture Ouvre(const std::string& chemin, ContenuLu* contenu = nullptr) {
   return mnu_Ouvrir(chemin, OptionsOuverture{}, contenu);
 }
 
+// A bracket of 20 x 10 units.
+std::string Svg(const std::string& taille) {
+  return EcritFichierEssai("equerre.svg",
+                           "<svg " + taille + " viewBox=\"0 0 20 10\"><path d=\"M0 0H20V10z\"/></svg>\r\n");
+}
+
+TEST(Ouvrir, ASvgWithoutUnitAsksForItAndMillimetresAreRead) {
+  const std::string chemin = Svg("width=\"20\" height=\"10\"");
+  Attend("F_Representation", "lib144", Reponse::Oui);
+  EXPECT_EQ(Ouvre(chemin), Ouverture::Reussie);
+  EXPECT_NEAR(Xmax - Xmin, 20, 1e-4);
+  const std::string& texte = essai::Boites()[0].texte;
+  EXPECT_NE(texte.find("\n20 x 10 mm\n5"), std::string::npos) << texte;  // 5.292 x 2.646 mm in pixels
+}
+
+TEST(Ouvrir, ASvgWithoutUnitIsInPixelsWhenTheUserSaysSo) {
+  const std::string chemin = Svg("width=\"20\" height=\"10\"");
+  Attend("F_Representation", "lib144", Reponse::Non);
+  EXPECT_EQ(Ouvre(chemin), Ouverture::Reussie);
+  EXPECT_NEAR(Xmax - Xmin, 20 * 25.4 / 96, 1e-4);
+}
+
+TEST(Ouvrir, ASvgWithAUnitAsksNothing) {
+  EXPECT_EQ(Ouvre(Svg("width=\"20cm\" height=\"10cm\"")), Ouverture::Reussie);
+  EXPECT_NEAR(Xmax - Xmin, 200, 1e-3);
+}
+
+TEST(Ouvrir, WithoutAQuestionTheUnitIsTold) {
+  OptionsOuverture options;
+  options.demandeUnite = false;
+  Attend("F_Representation", "lib135");
+  EXPECT_EQ(mnu_Ouvrir(Svg("width=\"20\" height=\"10\""), options), Ouverture::Reussie);
+  options.souhait.uniteSvg = 25.4;
+  EXPECT_EQ(mnu_Ouvrir(Svg("width=\"20\" height=\"10\""), options), Ouverture::Reussie);
+  EXPECT_NEAR(Xmax - Xmin, 508, 1e-3);
+}
+
+TEST(Ouvrir, ACompressedSvgIsLeftAsItIs) {
+  const std::string octets = "\x1F\x8B\x08 packed\nlines\n";
+  const std::string chemin = EcritFichierEssai("a.svgz", octets);
+  Attend("F_Representation", "lib128");
+  EXPECT_EQ(Ouvre(chemin), Ouverture::Refusee);
+  EXPECT_EQ(LitFichierEssai(chemin), octets);
+}
+
 TEST(Ouvrir, APathThatDoesNotExistChangesNothing) {
   essai::AjouteCarre(" A", 0, 0, 10);
   FichierCourant = "avant";
@@ -94,7 +139,7 @@ TEST(Ouvrir, TheDialogProposesTheFileOpenedLast) {
   std::string propose;
   Svc.ChoisitFichier = [&](const DialogueFichier& d) {
     propose = d.propose;
-    EXPECT_EQ(d.motif, "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS");
+    EXPECT_EQ(d.motif, "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS; *.SVG");
     return std::string();
   };
   OptionsOuverture options;

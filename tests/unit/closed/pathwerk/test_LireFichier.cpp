@@ -74,6 +74,8 @@ TEST(ImporteFichier, ExtensionNamesTheFormatInAnyCase) {
   }
   EXPECT_EQ(Lis(d.Ecrit("a.dat", ForetDefaut)).Nombre, static_cast<int>(Erreur::Dat));
   EXPECT_EQ(Lis(d.Ecrit("a.eps", ForetDefaut)).Nombre, static_cast<int>(Erreur::EpsEntete));
+  EXPECT_EQ(Lis(d.Ecrit("a.svg", ForetDefaut)).Nombre, static_cast<int>(Erreur::Svg));
+  EXPECT_EQ(Lis(d.Ecrit("a.svgz", "\x1F\x8B\x08")).Nombre, static_cast<int>(Erreur::Svg));
 }
 
 TEST(ImporteFichier, UnknownExtensionIsToldByContent) {
@@ -89,6 +91,9 @@ TEST(ImporteFichier, UnknownExtensionIsToldByContent) {
   EXPECT_EQ(Lis(d.Ecrit("c.csv", "1.5,2.5\n3,4\n")).Rapport.Format, "DAT");
   EXPECT_EQ(Lis(d.Ecrit("a.ps", "%!PS-Adobe-3.0\n")).Rapport.Format, "EPS");
   EXPECT_EQ(Lis(d.Ecrit("b.ps", "\xC5\xD0\xD3\xC6garbage")).Rapport.Format, "EPS");
+  EXPECT_EQ(Lis(d.Ecrit("a.xml", "<?xml version=\"1.0\"?>\n<svg width=\"9mm\"><path d=\"M0 0h5v5\"/></svg>"))
+                .Rapport.Format,
+            "SVG");
 }
 
 TEST(ImporteFichier, NeitherExtensionNorContentIsRefused) {

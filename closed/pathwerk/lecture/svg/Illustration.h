@@ -1,0 +1,91 @@
+// Draws the elements of a document as paths.
+#pragma once
+
+#include <cstddef>
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "closed/pathwerk/lecture/Lecture.h"
+#include "closed/pathwerk/lecture/svg/Apparence.h"
+#include "closed/pathwerk/lecture/svg/Cadrage.h"
+#include "closed/pathwerk/lecture/svg/Lettres.h"
+#include "closed/pathwerk/lecture/svg/Matrice.h"
+#include "closed/pathwerk/lecture/svg/Plume.h"
+#include "closed/pathwerk/lecture/svg/ReglesCss.h"
+
+namespace pathwerk::lecture::svg {
+
+// What stands around an element.
+struct Entourage {
+  Matrice m;  // user units -> mm, Y upward
+  Apparence apparence;
+  double largeur = 0, hauteur = 0;  // of the nearest viewport, user units: what 100 % is
+  int profondeur = 0;
+};
+
+class Illustration {
+ public:
+  // `texte`: the file, for the lines of refusals; empty when its bytes aren't those of the document.
+  Illustration(const pugi::xml_document& document, std::string_view texte, const OptionsLecture& options,
+               const TraceLettres& lettres, Lecture& lecture);
+
+  // The outermost element and all in it. `octets`: length of the file, which bounds points and time.
+  void Dessine(pugi::xml_node racine, std::size_t octets);
+
+ private:
+  struct Inventaire;  // identities and style sheets
+
+  // Elements. They return when the drawing is refused.
+  void Enfants(pugi::xml_node element, const Entourage& autour);
+  void Element(pugi::xml_node element, const Entourage& autour);
+  void Contenu(pugi::xml_node element, std::string_view nom, const Entourage& ici);
+  void Choix(pugi::xml_node element, const Entourage& ici);
+  void Reference(pugi::xml_node element, const Entourage& ici);
+  void Fragment(pugi::xml_node element, const Entourage& ici, double largeur, double hauteur);
+  void FragmentDe(pugi::xml_node element, const Entourage& ici, pugi::xml_node place);
+  void Absent(std::string_view nom);
+
+  // Shapes.
+  bool Forme(pugi::xml_node element, std::string_view nom, const Entourage& ici);
+  void TraceRect(pugi::xml_node element, const Entourage& ici, Plume& plume) const;
+  void TraceRonde(pugi::xml_node element, bool cercle, const Entourage& ici, Plume& plume) const;
+  static void TracePoints(std::string_view points, bool ferme, Plume& plume);
+  void Emet(Plume& plume, const Apparence& a, pugi::xml_node element);
+
+  // Texts.
+  struct Lettrage;
+  void Texte(pugi::xml_node element, const Entourage& ici);
+  void Passage(pugi::xml_node element, const Entourage& ici, Lettrage& lettrage);
+  void Mots(std::string_view mots, const Entourage& ici, Lettrage& lettrage);
+  void Lettres(const std::string& texte, const Entourage& ici, Lettrage& lettrage);
+  void Etiquette(Lettrage& lettrage);
+
+  // Pieces.
+  Dits DitsDe(pugi::xml_node element);
+  static double Longueur(pugi::xml_node element, const char* nom, double em, double tout, double sinon);
+  [[nodiscard]] std::size_t PointsRestants() const { return pointsMax_ - points_; }
+  // What an element costs of the time that there is. False when it is used up, and the drawing refused.
+  bool Prend(std::size_t travail, pugi::xml_node element);
+  void Refuse(Erreur numero, pugi::xml_node element);
+  void Ignore(std::string_view genre, long nombre = 1);
+  [[nodiscard]] long LigneDe(pugi::xml_node element) const;
+  void Releve(const TailleDessin& taille);
+
+  const pugi::xml_document& document_;
+  const OptionsLecture& options_;
+  const TraceLettres& lettres_;
+  Lecture& lecture_;
+  double fleche_;
+  std::vector<std::size_t> finsDeLigne_;
+  std::string_view prefixe_;  // of the names of this vocabulary
+  std::size_t points_ = 0, pointsMax_ = 0;
+  std::size_t travail_ = 0, travailMax_ = 0;
+  std::unordered_map<std::string_view, pugi::xml_node> parIdentite_;
+  std::vector<pugi::xml_node> ouvertes_;  // referred to, and being drawn
+  ReglesCss regles_;
+};
+
+}  // namespace pathwerk::lecture::svg

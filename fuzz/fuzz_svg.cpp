@@ -1,0 +1,45 @@
+// SVG, with letters that are squares: the fonts of the machine are no part of a file.
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "closed/pathwerk/assemblage/Assemblage.h"
+#include "closed/pathwerk/lecture/FormatDeDessin.h"
+#include "closed/pathwerk/lecture/svg/Svg.h"
+
+namespace {
+
+bool Carres(const pathwerk::lecture::svg::StyleLettres& s, const std::string& texte,
+            pathwerk::lecture::svg::LigneLettres& ligne) {
+  for (std::size_t i = 0; i < texte.size(); ++i) {
+    const double x = ligne.avance;
+    ligne.contours.push_back({{x, 0}, {x, s.hauteur}, {x + s.hauteur, s.hauteur}});
+    ligne.avance += s.hauteur + s.espace;
+  }
+  return true;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace pathwerk;
+  const std::string_view texte(reinterpret_cast<const char*>(data), size);
+  lecture::EstSvg(texte);
+  lecture::Lecture lecture;
+  lecture::svg::LireSvgAvec(texte, OptionsLecture{}, Carres, lecture);
+  for (const lecture::Trait& t : lecture.traits) {
+    if (t.points.empty()) std::abort();
+    if (t.nature == lecture::Nature::Percage && t.points.size() != 1) std::abort();
+  }
+  std::vector<PointTrace> points;
+  const std::int32_t n = assemblage::Assemble(lecture, OptionsLecture{}, points);
+  if (n >= 0 && static_cast<std::size_t>(n) != points.size()) std::abort();
+  for (const PointTrace& p : points) {
+    if (!std::isfinite(p.X) || !std::isfinite(p.Y)) std::abort();
+  }
+  return 0;
+}
