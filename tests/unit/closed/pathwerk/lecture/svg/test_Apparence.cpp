@@ -12,7 +12,7 @@ std::string Avec(const std::string& attributs) { return "<rect " + attributs + R
 TEST(Apparence, WhatIsNotSeenIsLeftOutAndCounted) {
   for (const char* a :
        {R"(display="none")", R"(visibility="hidden")", R"(visibility="collapse")", R"(fill="none")",
-        R"(fill="transparent")", R"(fill="#ff000000")", R"(fill="rgba(1,2,3,0)")", R"(opacity="0")",
+        R"(fill="transparent")", R"(fill="#ff000000")", R"(fill='rgba(1,2,3,0)')", R"(opacity="0")",
         R"(fill-opacity="0")", R"(style="fill:none")", R"(style="fill : none ; stroke:none")",
         R"(fill="none" stroke="red" stroke-width="0")", R"(fill="none" stroke="red" stroke-opacity="0")"}) {
     const Lecture l = Lit(Page(Avec(a)));
@@ -22,8 +22,8 @@ TEST(Apparence, WhatIsNotSeenIsLeftOutAndCounted) {
 }
 
 TEST(Apparence, WhatIsSeenIsDrawn) {
-  for (const char* a : {"", R"(fill="none" stroke="black")", R"(fill="url(#g)")", R"(opacity="0.1")",
-                        R"(style="display:inline")", R"(fill="rgba(1,2,3,0.5)")", R"(fill="white")"}) {
+  for (const char* a : {"", R"(fill="none" stroke="black")", R"(fill='url(#g)')", R"(opacity="0.1")",
+                        R"(style="display:inline")", R"(fill='rgba(1,2,3,0.5)')", R"(fill="white")"}) {
     EXPECT_EQ(Traits(Avec(a)).size(), 1U) << a;
   }
 }
@@ -51,9 +51,9 @@ TEST(Apparence, AHiddenLayerIsCountedAsOne) {
 }
 
 TEST(Apparence, ClippedMaskedAndFilteredPartsComeInWholeAndAreTold) {
-  const std::string corps = Avec(R"(clip-path="url(#c)") ") + Avec(R"(style = "mask:url(#m)" y = "9") ") +
-      Avec(R"(filter="url(#f)" y = "18") ") + Avec(R"(clip - path = "none" y = "27") ");
-      EXPECT_EQ(Traits(corps).size(), 4U);
+  const std::string corps = Avec("clip-path='url(#c)'") + Avec("style='mask:url(#m)' y='9'") +
+                            Avec("filter='url(#f)' y='18'") + Avec("clip-path='none' y='27'");
+  EXPECT_EQ(Traits(corps).size(), 4U);
   for (const char* genre : {"clip-path", "mask", "filter"}) EXPECT_EQ(Ignores(corps, genre), 1) << genre;
 }
 

@@ -7,7 +7,7 @@ namespace {
 
 using namespace mesures;
 
-std::string Trace(const std::string& d) { return R"(<path fill="none" stroke="black" d=")" + d + R"("/>)"; }
+std::string Trace(const std::string& d) { return R"(<path fill="none" stroke="black" d=')' + d + R"("/>)"; }
 
 TEST(TraceDonnees, LinesComeInBothWays) {
   AttendPoints(Seul(Trace("M10 10L20 10H30V20")), {{10, 90}, {20, 90}, {30, 90}, {30, 80}});
@@ -122,13 +122,13 @@ TEST(TraceDonnees, AFaultEndsThePathAndKeepsWhatStandsBefore) {
   EXPECT_TRUE(Traits(Trace("L10 10 20 20")).empty());
 }
 
-TEST(TraceDonnees, ACurveOfTheSizeOfALetterHoldsItsToleranceInALargeDrawing) {
-  const Trait t = Seul(R"(<g transform="scale(0.01)"><g transform="scale(100)">)" +
-                       Trace("M30 50A20 20 0 0 1 70 50") + "</g></g>");
+TEST(TraceDonnees, ACurveHoldsItsToleranceWhateverTheScalesOnItsWay) {
+  const Trait t = Seul("<g transform='scale(0.01)'><g transform='scale(100)'>" + Trace("M30 50A20 20 0 0 1 70 50") +
+                       "</g></g>");
   EXPECT_LE(EcartAuCercle(t, {50, 50}, 20), 0.01);
   // The same circle drawn in units of a hundredth.
-  const Trait petit = Seul(R"(<g transform="scale(100)" >) " + Trace(" M .3 .5A.2 .2 0 0 1 .7 .5 ") + " < / g > ");
-                      EXPECT_LE(EcartAuCercle(petit, {50, 50}, 20), 0.01);
+  const Trait petit = Seul("<g transform='scale(100)'>" + Trace("M.3 .5A.2 .2 0 0 1 .7 .5") + "</g>");
+  EXPECT_LE(EcartAuCercle(petit, {50, 50}, 20), 0.01);
 }
 
 }  // namespace

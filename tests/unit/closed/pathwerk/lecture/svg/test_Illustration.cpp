@@ -8,14 +8,13 @@ namespace {
 using namespace mesures;
 
 TEST(Illustration, TransformsOfGroupsActFromTheOutsideIn) {
-  AttendEtendue(Traits(R"(<g transform="translate(10,0)" > <g transform = "scale(2)">
-                       <rect x = "1" width = "5" height = "5" /></ g></ g>) "),
-                12,
-                90, 22, 100, 1e-9);
+  const auto traits =
+      Traits("<g transform='translate(10,0)'><g transform='scale(2)'><rect x='1' width='5' height='5'/></g></g>");
+  AttendEtendue(traits, 12, 90, 22, 100, 1e-9);
 }
 
 TEST(Illustration, ATransformThatCanNotBeReadDoesNotCount) {
-  AttendEtendue(Traits(R"(<rect transform="spin(9)" width="5" height="5"/>)"), 0, 95, 5, 100, 1e-9);
+  AttendEtendue(Traits(R"(<rect transform='spin(9)' width="5" height="5"/>)"), 0, 95, 5, 100, 1e-9);
 }
 
 TEST(Illustration, AReferenceDrawsItsElementAtItsPlace) {

@@ -31,7 +31,9 @@ TEST(Formes, ACircleIsOneWithinTheTolerance) {
 
 TEST(Formes, AnEllipseUnderATransformHoldsTheTolerance) {
   // Half axes 4 and 20, made a circle of 20.
-  EXPECT_LE(EcartAuCercle(Seul(R"(<ellipse cx="10" cy="50" rx="4" ry="20" transform="scale(5,1)"/>)"), {50, 50}, 20), 0.01);
+  EXPECT_LE(
+      EcartAuCercle(Seul(R"(<ellipse cx="10" cy="50" rx="4" ry="20" transform='scale(5,1)'/>)"), {50, 50}, 20),
+      0.01);
 }
 
 TEST(Formes, LinesAndPolylinesAreOpenAndPolygonsClosed) {
@@ -72,7 +74,7 @@ TEST(Formes, ShapesWithoutExtentAreNone) {
 }
 
 TEST(Formes, MarksAtCornersAreCounted) {
-  EXPECT_EQ(Ignores(R"(<path d="M0 0h5" stroke="black" marker-end="url(#m)"/>)", "marker"), 1);
+  EXPECT_EQ(Ignores(R"(<path d="M0 0h5" stroke="black" marker-end='url(#m)'/>)", "marker"), 1);
 }
 
 }  // namespace

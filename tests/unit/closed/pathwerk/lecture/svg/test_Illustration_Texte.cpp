@@ -60,9 +60,8 @@ TEST(Texte, LettersMayHaveAPlaceEach) {
 }
 
 TEST(Texte, TransformsTurnAndScaleIt) {
-  AttendEtendue(Lettres(R"(<text transform="translate(50,50) scale(2) rotate(90)" font - size =
-                            "5" > ab</ text>) "), 50, 30, 60,
-                50);
+  const auto traits = Lettres(R"(<text transform='translate(50,50) scale(2) rotate(90)' font-size="5">ab</text>)");
+  AttendEtendue(traits, 50, 30, 60, 50);
 }
 
 TEST(Texte, SizeComesFromUnitsAndFromTheShortForm) {
