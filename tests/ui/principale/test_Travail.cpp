@@ -70,9 +70,9 @@ class Travail : public Principale {
 };
 
 TEST_F(Travail, EachSampleOpensAndIsShown) {
-  for (const char* nom :
-       {"equerre.dxf", "plaque.dxf", "enseigne.plt", "aile.dat", "percage.drl", "logo.eps", "etiquette.svg", "aile-mousse.OVL",
-        "enseigne-texte.OVL", "equerre-attaches.OVL", "percage-ligne.OVL", "plaque-poches.OVL"}) {
+  for (const char* nom : {"equerre.dxf", "plaque.dxf", "enseigne.plt", "aile.dat", "percage.drl", "logo.eps",
+                          "etiquette.svg", "aile-mousse.OVL", "enseigne-texte.OVL", "equerre-attaches.OVL",
+                          "percage-ligne.OVL", "plaque-poches.OVL"}) {
     SCOPED_TRACE(nom);
     Charge();
     essai::AttendFichier("mnu_Ouvrir", Exemple(nom));

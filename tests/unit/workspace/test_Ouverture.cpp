@@ -60,7 +60,7 @@ TEST(Ouvrir, ASvgWithoutUnitAsksForItAndMillimetresAreRead) {
   EXPECT_EQ(Ouvre(chemin), Ouverture::Reussie);
   EXPECT_NEAR(Xmax - Xmin, 20, 1e-4);
   const std::string& texte = essai::Boites()[0].texte;
-  EXPECT_NE(texte.find("\n20 x 10 mm\n5"), std::string::npos) << texte;  // 5.292 x 2.646 mm in pixels
+  EXPECT_NE(texte.find("\n20.0 x 10.0 mm\n5.292 x 2.646 mm"), std::string::npos) << texte;
 }
 
 TEST(Ouvrir, ASvgWithoutUnitIsInPixelsWhenTheUserSaysSo) {

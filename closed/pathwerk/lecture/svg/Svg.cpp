@@ -21,9 +21,9 @@ constexpr unsigned Analyse = pugi::parse_default | pugi::parse_ws_pcdata;
 
 bool Refus(std::string_view data, const pugi::xml_parse_result& fin, Lecture& lecture) {
   const std::size_t place = base::Indice(std::max<std::ptrdiff_t>(fin.offset, 0));
-  // No element ends behind the fault: the file was cut there, and what came before is whole.
+  // No element ends between the fault and the last byte: the file was cut there, and what came before is whole.
   const bool coupe = fin.encoding == pugi::encoding_utf8 && fin.status != pugi::status_no_document_element &&
-                     data.find('>', std::min(place, data.size())) == std::string_view::npos;
+                     data.substr(0, data.size() - 1).find('>', place) == std::string_view::npos;
   if (coupe) return false;
   if (fin.status == pugi::status_out_of_memory) {
     lecture.Refuse(Erreur::Memoire, 0, "");

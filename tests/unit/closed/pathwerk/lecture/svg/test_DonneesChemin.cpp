@@ -7,7 +7,7 @@ namespace {
 
 using namespace mesures;
 
-std::string Trace(const std::string& d) { return R"(<path fill="none" stroke="black" d=')' + d + R"("/>)"; }
+std::string Trace(const std::string& d) { return "<path fill='none' stroke='black' d='" + d + "'/>"; }
 
 TEST(TraceDonnees, LinesComeInBothWays) {
   AttendPoints(Seul(Trace("M10 10L20 10H30V20")), {{10, 90}, {20, 90}, {30, 90}, {30, 80}});
