@@ -48,6 +48,10 @@ struct Reglages {
   std::int32_t CouleurHalo = Couleur(0, 110, 255);      // around the selection
   std::int32_t CouleurCourse = Couleur(120, 130, 145);  // travel of the machine, grid
   std::int32_t CouleurHors = Couleur(225, 0, 90);       // beyond the travel
+  // G-code files
+  std::string DialecteNC = "own";  // by name
+  double VitesseBroche = 10'000;   // turns a minute, 0: not told
+  double AttenteBroche = 3;        // s until the spindle turns, 0: none
   // start-up
   std::string TableDefaut = "KR4400";  // machine table in use
   std::string Langue = "fr";           // two letters

@@ -14,7 +14,7 @@ namespace {
 
 [[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Regl = Reglages{}; });
 
-enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Gcode, Image, Demarrage };
+enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Gcode, Image, SortieNC, Demarrage };
 
 // A key read into its member; without it, or where it is no number, the member takes the default.
 void Lit(const char* cle, double& m, double defaut) { m = LireNombre(cle, defaut); }
@@ -81,6 +81,15 @@ void LitImage() {
   LitGroupe(Groupe::Image);
 }
 
+// A negative speed or time is none.
+void LitSortieNC() {
+  const SansProjet reglages;
+  LitGroupe(Groupe::SortieNC);
+  for (double* v : {&Regl.VitesseBroche, &Regl.AttenteBroche}) {
+    if (*v < 0) *v = 0;
+  }
+}
+
 void LitOptions() {
   LitGroupe(Groupe::Options);
   LitGroupe(Groupe::Recents);
@@ -99,6 +108,7 @@ void LitReglagesDocument() {
   LitCouleurs();
   LitOptions();
   LitImage();
+  LitSortieNC();
   LitOutil();
 }
 
@@ -120,6 +130,11 @@ void EcritOutil() { EcritGroupe(Groupe::Outil); }
 void EcritSoudure() {
   const SansProjet reglages;
   EcritGroupe(Groupe::Soudure);
+}
+
+void EcritSortieNC() {
+  const SansProjet reglages;
+  EcritGroupe(Groupe::SortieNC);
 }
 
 // Not the colours: a file that was delivered without them takes those of the next version.

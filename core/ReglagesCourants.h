@@ -24,9 +24,10 @@ inline constinit auto& TableDefaut = Regl.TableDefaut;
 void LitMateriau();  // Vitesse_Mat_H, Vitesse_Mat_V, HautDeg, ProfFraisage, ProfPasse, MiniEncoche, ModeZENIK
 void LitCouleurs();
 void LitCouleursGcode();  // CouleurRapide, CouleurCoupe, CouleurPlongee, from the settings file alone
-void LitOptions();  // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU; ToleranceSoudure from the settings file alone
-void LitImage();    // DessinSobre, DessinSaignee and the colours of what only the quiet picture shows, likewise
-void LitOutil();    // DecalageOutil, RayonFraise, LargeurEncoche
+void LitOptions();   // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU; ToleranceSoudure from the settings file alone
+void LitImage();     // DessinSobre, DessinSaignee and the colours of what only the quiet picture shows, likewise
+void LitSortieNC();  // DialecteNC, VitesseBroche, AttenteBroche, likewise
+void LitOutil();     // DecalageOutil, RayonFraise, LargeurEncoche
 
 // The groups in the order in which an opening or an undo reads them.
 void LitReglagesDocument();
@@ -36,8 +37,9 @@ void EcritMateriau();
 void EcritCouleurs();
 void EcritOptions();  // gMaxMRU with FichierProjet blanked for the moment
 void EcritOutil();
-void EcritSoudure();  // ToleranceSoudure, into the settings file alone
-void EcritImage();    // DessinSobre and DessinSaignee, likewise
+void EcritSoudure();   // ToleranceSoudure, into the settings file alone
+void EcritSortieNC();  // DialecteNC, VitesseBroche, AttenteBroche, likewise
+void EcritImage();     // DessinSobre and DessinSaignee, likewise
 
 // The six colours of the button that restores them: other values, partly under other keys than those read; kept so.
 void EcritCouleursDefaut();

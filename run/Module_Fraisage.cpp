@@ -19,6 +19,7 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "machine/TableCourante.h"
+#include "run/Module_Dialecte.h"
 #include "run/Module_Lancement.h"
 #include "run/Module_Profil.h"
 #include "run/NoyauPlan.h"
@@ -59,10 +60,11 @@ class Empreinte {
   std::uint64_t valeur_ = 14'695'981'039'346'656'037U;
 };
 
-// The drawing's name in its own folder.
+// The drawing's name in its own folder, with the extension of the dialect in force.
 std::string NomPropose() {
   if (FichierCourant.empty()) return "";
-  return NomSansExtension(FichierCourant) + ".nc";
+  const auto offert = TrouveDialecte(Regl.DialecteNC);
+  return NomSansExtension(FichierCourant) + "." + (offert ? offert->dialecte.extension : std::string("nc"));
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "machine/TableCourante.h"
+#include "run/Module_Dialecte.h"
 #include "run/Module_Planificateur.h"
 #include "run/NoyauPlan.h"
 
@@ -57,25 +58,28 @@ CadreNC Cadre() {
   cadre.broche = Traduire(Textes::NCMarcheBroche);
   cadre.arret = Traduire(Textes::NCArretBroche);
   cadre.fin = Traduire(Textes::NCFin);
+  cadre.vitesseBroche = Regl.VitesseBroche;
+  cadre.attenteBroche = Regl.AttenteBroche;
   return cadre;
 }
 
 // The save dialog's answer, or the path that was given.
-std::string CheminNC(const std::string& chemin) {
+std::string CheminNC(const std::string& chemin, const Dialecte& dialecte) {
   if (!chemin.empty()) return chemin;
   DialogueFichier dialogue;
   dialogue.enregistrer = true;
   dialogue.cle = "Btn_Gener_GCODE";
-  dialogue.titre = "NC";
-  dialogue.filtre = "NC (*.nc)";
-  dialogue.motif = "*.nc";
+  dialogue.titre = dialecte.prescrit ? "NC" : dialecte.titre;
+  dialogue.motif = "*." + dialecte.extension;
+  dialogue.filtre = dialogue.titre + " (" + dialogue.motif + ")";
   dialogue.propose = NomFichierNC;
   return Svc.ChoisitFichier(dialogue);
 }
 
-ErreurSysteme EcritTravail(const std::string& chemin, EcritureNC& resultat) {
+ErreurSysteme EcritTravail(const std::string& chemin, const Dialecte& dialecte, EcritureNC& resultat) {
   try {
-    return EcritFichierEntier(chemin, ComposeNC(LignesDe(Plan), Cadre(), resultat));
+    const std::string texte = ComposeNC(LignesDe(Plan), Cadre(), dialecte, resultat);
+    return resultat.tropLongues > 0 ? ErreurSysteme{} : EcritFichierEntier(chemin, texte);
   } catch (const std::bad_alloc&) {
     return "Cannot allocate memory";
   }
@@ -92,18 +96,24 @@ bool EcritGCode(const std::string& chemin, EcritureNC& resultat) {
     MessageErreur(Textes::VitesseNulle, "\n" + Traduire(Textes::VerifiezVitesses));
     return false;
   }
+  const auto dialecte = DialecteEnVigueur();
+  if (!dialecte) return false;
   resultat = EcritureNC{};
   // No machine is needed and no step is looked at. They stay so until the board's tables are checked next.
   CdeZENIK->FixeResolutions(1.0, 1.0, 1.0);
   if (!Tableau_Decoupe()) return false;
-  const std::string choisi = CheminNC(chemin);
+  const std::string choisi = CheminNC(chemin, *dialecte);
   if (choisi.empty()) return false;
   NomFichierNC = choisi;
-  if (ExtensionDe(choisi) != "NC") {
+  if (dialecte->prescrit && ExtensionDe(choisi) != "NC") {
     MessageErreur(Textes::NCExtension, "", choisi);
     return false;
   }
-  const ErreurSysteme raison = EcritTravail(choisi, resultat);
+  const ErreurSysteme raison = EcritTravail(choisi, *dialecte, resultat);
+  if (resultat.tropLongues > 0) {
+    MessageErreur(Textes::DialecteLignes, " " + std::to_string(resultat.tropLongues), choisi);
+    return false;
+  }
   if (!raison.empty()) {
     MessageErreur(Textes::NCNonEcrit, "\n" + choisi + " : " + raison, choisi);
     return false;

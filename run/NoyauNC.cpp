@@ -1,6 +1,9 @@
 #include "run/NoyauNC.h"
 
 #include "core/Cadence.h"
+#include "run/ArcNC.h"
+#include "run/Dialectes.h"
+#include "run/LigneDialecte.h"
 #include "run/LigneNC.h"
 
 namespace ovelin {
@@ -9,22 +12,154 @@ namespace {
 
 bool VitesseValable(double v) { return v > 0 && v <= 1e9; }
 
-void EcritEntete(std::string& texte, EtatNC& etat, const CadreNC& cadre) {
+// Brings to light how far the writing has come, and lets events run.
+class SuiviNC {
+ public:
+  SuiviNC(const EtatNC& etat, EcritureNC& resultat) : etat_(etat), resultat_(resultat) {}
+  void Avance(long rangs) {
+    resultat_.deplacements += rangs;
+    if (!cadence_.Echeance()) return;
+    Montre();
+    cadence_.Laisse();
+  }
+  void Montre() {
+    resultat_.LongueurNC = etat_.LongueurNC;
+    resultat_.TempsNC = etat_.TempsNC;
+    resultat_.lignes = etat_.lignes;
+  }
+
+ private:
+  const EtatNC& etat_;
+  EcritureNC& resultat_;
+  Cadence cadence_;
+};
+
+// --- the program's own dialect
+
+void EcritEntete(std::string& texte, EtatNC& etat, const CadreNC& cadre, const Dialecte& d) {
   for (const std::string& ligne : cadre.presentation) EcritCommentaireNC(texte, etat, ligne);
   EcritCommentaireNC(texte, etat, "");
   EcritCommentaireNC(texte, etat, cadre.unites);
-  EcritMotNC(texte, etat, "G71");
+  EcritMotNC(texte, etat, d.unites);
   EcritCommentaireNC(texte, etat, cadre.absolu);
   EcritCommentaireNC(texte, etat, cadre.broche);
-  EcritMotNC(texte, etat, "M03");
+  EcritMotNC(texte, etat, d.broche);
 }
 
-void EcritFin(std::string& texte, EtatNC& etat, const CadreNC& cadre) {
+void EcritFin(std::string& texte, EtatNC& etat, const CadreNC& cadre, const Dialecte& d) {
   EcritCommentaireNC(texte, etat, cadre.arret);
-  EcritMotNC(texte, etat, "M05");
+  EcritMotNC(texte, etat, d.arret);
   EcritCommentaireNC(texte, etat, cadre.fin);
-  EcritMotNC(texte, etat, "M02");
+  for (const std::string& ligne : d.fin) EcritMotNC(texte, etat, ligne);
 }
+
+void EcritPropre(std::string& texte, EtatNC& etat, std::span<const Deplacement> mues, const CadreNC& cadre,
+                 const Dialecte& d, SuiviNC& suivi) {
+  EcritEntete(texte, etat, cadre, d);
+  for (const Deplacement& ligne : mues) {
+    EcritLigneNC(texte, etat, ligne.Vitesse, ligne.X, ligne.Y, ligne.Z);
+    suivi.Avance(1);
+  }
+  EcritFin(texte, etat, cadre, d);
+}
+
+// --- the others
+
+// The row behind which the tool is in the air for good: the first above the surface behind the last cut; 0 for
+// none. A cut is a row below the surface, or a way along it.
+std::size_t RetourEnLAir(std::span<const Deplacement> lignes) {
+  for (std::size_t i = lignes.size(); i-- > 1;) {
+    const Deplacement& d = lignes[i];
+    const Deplacement& avant = lignes[i - 1];
+    if (d.Z < 0 || (d.Z <= 0 && (d.X != avant.X || d.Y != avant.Y))) {
+      while (i < lignes.size() && lignes[i].Z <= 0) ++i;
+      return i < lignes.size() ? i : 0;
+    }
+  }
+  return 0;
+}
+
+class EcritureDialecte {
+ public:
+  EcritureDialecte(std::string& texte, EtatNC& etat, std::span<const Deplacement> lignes, const CadreNC& cadre,
+                   const Dialecte& d)
+      : cadre_(cadre),
+        d_(d),
+        lignes_(lignes),
+        sortie_(texte, etat, d, lignes.empty() ? 0 : static_cast<double>(lignes[0].X),
+                lignes.empty() ? 0 : static_cast<double>(lignes[0].Y)),
+        etat_(etat) {}
+
+  void Ecrit(EcritureNC& resultat, SuiviNC& suivi) {
+    Entete();
+    const std::size_t retour = RetourEnLAir(lignes_);
+    const bool monte = lignes_.size() > 1 && lignes_[1].Z > 0;
+    if (!monte) Broche();
+    for (std::size_t i = 1; i < lignes_.size(); ++i) {
+      const std::size_t premier = i;
+      if (const auto arc = Arc(i)) {
+        for (; i < arc->dernier; ++i) Compte(lignes_[i]);
+        Compte(lignes_[i]);
+        sortie_.Arc(*arc, lignes_[i]);
+        ++resultat.arcs;
+      } else {
+        sortie_.Rang(lignes_[i]);
+      }
+      if (i == 1 && monte) Broche();
+      if (i == retour) Arret();
+      suivi.Avance(static_cast<long>(i - premier) + 1);
+    }
+    if (retour == 0) Arret();
+    Fin();
+    resultat.tropLongues = sortie_.TropLongues();
+  }
+
+ private:
+  void Compte(const Deplacement& ligne) {
+    etat_.Va(static_cast<double>(ligne.X), static_cast<double>(ligne.Y), static_cast<double>(ligne.Z),
+             static_cast<double>(ligne.Vitesse));
+  }
+
+  [[nodiscard]] std::optional<ArcNC> Arc(std::size_t i) const {
+    if (!d_.arcs) return std::nullopt;
+    ToleranceArc tolerance;
+    tolerance.ecartRayons = d_.ecartRayons;
+    tolerance.decimales = d_.decimales;
+    return ArcDepuis(lignes_, i, tolerance);
+  }
+
+  void Entete() {
+    if (d_.pourcent) sortie_.Marque("%");
+    for (const std::string& ligne : cadre_.presentation) sortie_.Commentaire(ligne);
+    sortie_.Commentaire(cadre_.unites);
+    sortie_.Mot(d_.unites);
+    sortie_.Commentaire(cadre_.absolu);
+    for (const std::string& ligne : d_.debut) sortie_.Mot(ligne);
+    for (const std::string& ligne : d_.outil) sortie_.Mot(ligne);
+  }
+  void Broche() {
+    sortie_.Commentaire(cadre_.broche);
+    sortie_.Mot(MotBroche(d_.broche, cadre_.vitesseBroche));
+    sortie_.Mot(MotAttente(d_.attente, cadre_.attenteBroche));
+    sortie_.Interrompt();
+  }
+  void Arret() {
+    sortie_.Commentaire(cadre_.arret);
+    sortie_.Mot(d_.arret);
+    sortie_.Interrompt();
+  }
+  void Fin() {
+    sortie_.Commentaire(cadre_.fin);
+    for (const std::string& ligne : d_.fin) sortie_.Mot(ligne);
+    if (d_.pourcent) sortie_.Marque("%");
+  }
+
+  const CadreNC& cadre_;
+  const Dialecte& d_;
+  std::span<const Deplacement> lignes_;
+  LigneDialecte sortie_;
+  EtatNC& etat_;
+};
 
 }  // namespace
 
@@ -35,26 +170,21 @@ bool VitessesValables(const Reglages& reglages, const TableMachine& table) {
 }
 
 std::string ComposeNC(std::span<const Deplacement> lignes, const CadreNC& cadre, EcritureNC& resultat) {
+  return ComposeNC(lignes, cadre, DialectePropre(), resultat);
+}
+
+std::string ComposeNC(std::span<const Deplacement> lignes, const CadreNC& cadre, const Dialecte& dialecte,
+                      EcritureNC& resultat) {
   EtatNC etat;
-  const auto montre = [&] {
-    resultat.LongueurNC = etat.LongueurNC;
-    resultat.TempsNC = etat.TempsNC;
-    resultat.lignes = etat.lignes;
-  };
+  SuiviNC suivi(etat, resultat);
   std::string texte;
   texte.reserve(4096 + lignes.size() * 24);
-  EcritEntete(texte, etat, cadre);
-  Cadence cadence;
-  for (const Deplacement& ligne : lignes.subspan(lignes.empty() ? 0 : 1)) {
-    EcritLigneNC(texte, etat, ligne.Vitesse, ligne.X, ligne.Y, ligne.Z);
-    ++resultat.deplacements;
-    if (cadence.Echeance()) {
-      montre();
-      cadence.Laisse();
-    }
+  if (dialecte.prescrit) {
+    EcritPropre(texte, etat, lignes.subspan(lignes.empty() ? 0 : 1), cadre, dialecte, suivi);
+  } else {
+    EcritureDialecte(texte, etat, lignes, cadre, dialecte).Ecrit(resultat, suivi);
   }
-  EcritFin(texte, etat, cadre);
-  montre();
+  suivi.Montre();
   return texte;
 }
 

@@ -41,7 +41,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
       "TableOuverte.cpp"}},
     {"manual", {"Module_Origine.cpp", "Module_PilMan.cpp", "Module_PlaceMan.cpp"}},
     {"run",
-     {"Alimentation.cpp", "AvisPlan.cpp", "Module_Decoupe.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp",
+     {"Alimentation.cpp", "AvisPlan.cpp", "Module_Decoupe.cpp", "Module_Dialecte.cpp", "Module_Fraisage.cpp", "Module_GCode.cpp",
       "Module_Lancement.cpp", "Module_Planificateur.cpp", "Module_Profil.cpp"}},
     {"toolpath",
      {"Attaches.cpp", "CalculDecalage.cpp", "ChampsOutil.cpp", "FichesSequence.cpp", "Module_Copie.cpp",
