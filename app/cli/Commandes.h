@@ -3,6 +3,7 @@
 
 #include "app/cli/CommandesCarte.h"
 #include "app/cli/CommandesDessin.h"
+#include "app/cli/CommandesDialectes.h"
 #include "app/cli/CommandesFraisage.h"
 #include "app/cli/CommandesGcode.h"
 #include "app/cli/CommandesReglages.h"

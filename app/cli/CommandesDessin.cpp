@@ -23,6 +23,7 @@
 #include "run/AvisPlan.h"
 #include "run/CumulLignes.h"
 #include "run/FiguresPlan.h"
+#include "run/Module_Dialecte.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
 #include "run/NoyauPlan.h"
@@ -221,16 +222,24 @@ int Info(Contexte& contexte, const std::string& dessin) {
 
 int GCode(Contexte& contexte, const std::string& dessin, const std::string& sortie) {
   if (const int etat = VerifieSortie(contexte, sortie, "", {dessin})) return etat;
+  LitSortieNC();
+  const auto dialecte = DialecteEnVigueur();  // one that can't be had is told before the drawing is read
+  if (!dialecte) return EchecBoite(contexte);
   if (const int etat = OuvreDessin(contexte, dessin)) return etat;
   if (const int etat = JugePlan(contexte)) return etat;
   EcritureNC ecriture;
   if (!EcritGCode(sortie, ecriture)) return EchecBoite(contexte);
   AvertitSansTrajet();
   AvertitHorsCourse();
-  return Resultat(contexte, Json{{"rows", ecriture.deplacements},
-                                 {"lines", ecriture.lignes},
-                                 {"length", ecriture.LongueurNC},
-                                 {"seconds", ecriture.TempsNC}});
+  Json objet{{"rows", ecriture.deplacements},
+             {"lines", ecriture.lignes},
+             {"length", ecriture.LongueurNC},
+             {"seconds", ecriture.TempsNC}};
+  if (!dialecte->prescrit) {
+    objet["dialect"] = dialecte->nom;
+    objet["arcs"] = ecriture.arcs;
+  }
+  return Resultat(contexte, objet);
 }
 
 int Enregistre(Contexte& contexte, const std::string& dessin, const std::string& sortie) {

@@ -11,6 +11,7 @@
 #include "app/cli/Operations.h"
 #include "closed/CarteVirtuelle.h"
 #include "controller/OperateurCarte.h"
+#include "core/ClesReglages.h"
 #include "workspace/Formats.h"
 
 namespace {
@@ -22,7 +23,7 @@ using Action = std::function<int()>;
 
 struct Options {
   OptionsFraisage fraisage;
-  std::string dessin, sortie, operations, source;
+  std::string dessin, sortie, operations, source, dialecte;
   OptionsPlan plan;
   std::string nom, nouveau, cle, valeur, interface;
   int rang = 0, numero = 0;
@@ -95,7 +96,12 @@ void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
 
   CLI::App* gcode = AvecDessin(app, "gcode", "The job as a G-code file", o);
   Sortie(gcode, o, "OUT.nc");
-  gcode->callback([&] { action = [&] { return GCode(c, o.dessin, o.sortie); }; });
+  gcode->add_option("--dialect", o.dialecte, "What control the file is for, as `dialects` names it")
+      ->type_name("NAME");
+  gcode->callback([&] {
+    if (!o.dialecte.empty()) c.reglages.push_back(std::string(ovelin::cles::DialecteNC) + "=" + o.dialecte);
+    action = [&] { return GCode(c, o.dessin, o.sortie); };
+  });
 
   CLI::App* save = AvecDessin(app, "save", "The project file of a drawing", o);
   Sortie(save, o, "OUT.OVL");
@@ -170,6 +176,20 @@ void CommandesTables(CLI::App& app, Contexte& c, Options& o, Action& action) {
   CLI::App* preset = ajoute("preset", "Sets the outputs of a known interface");
   preset->add_option("INTERFACE", o.interface)->required();
   preset->callback([&] { action = [&] { return InterfaceTable(c, o.nom, o.interface); }; });
+}
+
+void CommandesDialectes(CLI::App& app, Contexte& c, Options& o, Action& action) {
+  CLI::App* dialects = Commande(app, "dialects", "Dialects of G-code: list, show");
+  dialects->require_subcommand(0, 1);
+  dialects->callback([&, dialects] {
+    if (dialects->get_subcommands().empty()) action = [&] { return ListeDialectes(c); };
+  });
+  Commande(*dialects, "list", "Name, title and extension of each")->callback([&] {
+    action = [&] { return ListeDialectes(c); };
+  });
+  CLI::App* show = Commande(*dialects, "show", "One of them as a file that a user can change");
+  show->add_option("NAME", o.nom)->required();
+  show->callback([&] { action = [&] { return MontreDialecte(c, o.nom); }; });
 }
 
 void CommandesMateriaux(CLI::App& app, Contexte& c, Options& o, Action& action) {
@@ -332,6 +352,7 @@ int Execute(int argc, char** argv) {
   CommandesCles(app, contexte, options, action);
   CommandesTables(app, contexte, options, action);
   CommandesMateriaux(app, contexte, options, action);
+  CommandesDialectes(app, contexte, options, action);
   CommandesReprise(app, contexte, options, action);
   CommandesCarte(app, contexte, options, action);
   try {
