@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <regex>
 #include <sstream>
 
 #include "core/PlanCourant.h"
@@ -16,6 +17,16 @@ namespace {
 
 // Three axes behind "STRAIGHT_xxx(".
 bool LitMouvement(const std::string& ligne, MouvementRs274& m) {
+  if (const auto place = ligne.find("ARC_FEED("); place != std::string::npos) {
+    int sens = 0;
+    m.arc = true;
+    if (std::sscanf(ligne.c_str() + place, "ARC_FEED(%lf, %lf, %lf, %lf, %d, %lf", &m.x, &m.y, &m.cx, &m.cy, &sens,
+                    &m.z) != 6) {
+      return false;
+    }
+    m.horaire = sens < 0;
+    return true;
+  }
   for (const char* mot : {"STRAIGHT_TRAVERSE(", "STRAIGHT_FEED("}) {
     const auto place = ligne.find(mot);
     if (place == std::string::npos) continue;
@@ -26,9 +37,10 @@ bool LitMouvement(const std::string& ligne, MouvementRs274& m) {
 }
 
 std::string EnMillimetres(const std::string& texte) {
+  static const std::regex Unites("^(N[0-9]+ )?G71$");
   std::string copie;
   std::istringstream lignes(texte);
-  for (std::string ligne; std::getline(lignes, ligne);) copie += (ligne == "G71" ? "G21" : ligne) + "\n";
+  for (std::string ligne; std::getline(lignes, ligne);) copie += std::regex_replace(ligne, Unites, "$1G21") + "\n";
   return copie;
 }
 
@@ -39,9 +51,10 @@ bool Rs274Present() {
   return present;
 }
 
-ResultatRs274 LanceRs274(const std::string& fichier) {
+ResultatRs274 LanceRs274(const std::string& fichier, bool change) {
   ResultatRs274 r;
-  EcritFichierEssai("rs274.ngc", EnMillimetres(LitFichierEssai(fichier)));
+  const std::string texte = LitFichierEssai(fichier);
+  EcritFichierEssai("rs274.ngc", change ? EnMillimetres(texte) : texte);
   const std::string commande = "cd '" + Dossier() + "' && rs274 -g rs274.ngc rs274.out > rs274.err 2>&1";
   r.accepte = std::system(commande.c_str()) == 0;
   std::istringstream dits(LitFichierEssai(Dossier() + "/rs274.err"));
