@@ -2,8 +2,10 @@
 //   build/bench/bin/bench_kernels [--benchmark_filter=...]
 #include <benchmark/benchmark.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <numbers>
 
 #include "bench/Formes.h"
 #include "core/DocumentCourant.h"
@@ -12,6 +14,7 @@
 #include "core/PlanCourant.h"
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
+#include "run/Dialectes.h"
 #include "run/Module_GCode.h"
 #include "run/Module_Planificateur.h"
 #include "toolpath/Module_Decalage.h"
@@ -107,6 +110,31 @@ void GCode(benchmark::State& etat) {
   Compte(etat);
 }
 
+// Rows of a plan as a file with arcs: rings of a spiral, 112 rows each, of which two arcs become one ring; or
+// noise, in which hardly a row finds its arc.
+void Arcs(benchmark::State& etat, bool bruit) {
+  std::vector<Deplacement> lignes(static_cast<std::size_t>(etat.range(0)) + 1);
+  for (std::size_t k = 0; k < lignes.size(); ++k) {
+    const double a = 2 * std::numbers::pi * static_cast<double>(k % 112) / 112;
+    const double r =
+        5 + 0.02 * static_cast<double>(k / 112 % 2000) + (bruit ? 0.01 * static_cast<double>(k * 7 % 5) : 0);
+    lignes[k].X = static_cast<float>(100 + r * std::cos(a));
+    lignes[k].Y = static_cast<float>(100 + r * std::sin(a));
+    lignes[k].Z = -1;
+    lignes[k].Vitesse = 10;
+  }
+  const Dialecte& dialecte = *DialecteDeTable("grbl");
+  EcritureNC ecriture;
+  for (auto _ : etat) {
+    ecriture = EcritureNC{};
+    benchmark::DoNotOptimize(ComposeNC(lignes, CadreNC{}, dialecte, ecriture));
+  }
+  etat.counters["arcs"] = static_cast<double>(ecriture.arcs);
+  Compte(etat);
+}
+void ArcsDeRonds(benchmark::State& etat) { Arcs(etat, false); }
+void ArcsDeBruit(benchmark::State& etat) { Arcs(etat, true); }
+
 void Projet(benchmark::State& etat) {
   Charge(etat.range(0));
   DossierProgramme = Temporaire().string();
@@ -136,6 +164,8 @@ CROISSANCE(DecalageUnContour);
 CROISSANCE(Nettoyage);
 CROISSANCE(Plan_);
 CROISSANCE(GCode);
+CROISSANCE(ArcsDeRonds);
+CROISSANCE(ArcsDeBruit);
 CROISSANCE(Projet);
 CROISSANCE(Optimisation);
 
