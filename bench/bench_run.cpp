@@ -39,7 +39,7 @@
 #include "run/Module_Decoupe.h"
 #include "run/Module_Lancement.h"
 #include "run/Module_Planificateur.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 #include "workspace/ui/F_Representation.h"
 
 namespace {

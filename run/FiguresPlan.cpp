@@ -7,7 +7,7 @@
 #include "core/Nombres.h"
 #include "run/CumulLignes.h"
 #include "run/NoyauPlan.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

@@ -8,7 +8,7 @@
 #include "base/Indices.h"
 #include "core/Cadence.h"
 #include "core/Nombres.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "toolpath/PlacesAttaches.h"
+#include "toolpath/chemins/PlacesAttaches.h"
 
 namespace ovelin {
 

@@ -5,8 +5,8 @@
 #include <limits>
 #include <span>
 
-#include "toolpath/Etendues.h"
 #include "toolpath/PieceEnBlocs.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

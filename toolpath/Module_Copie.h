@@ -2,7 +2,7 @@
 // copies are selected, their traces computed; lists and picture follow.
 #pragma once
 
-#include "toolpath/NoyauCopie.h"
+#include "toolpath/chemins/NoyauCopie.h"
 
 namespace ovelin {
 

@@ -15,8 +15,8 @@
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/NoyauOrdre.h"
-#include "toolpath/NoyauTournee.h"
+#include "toolpath/chemins/NoyauOrdre.h"
+#include "toolpath/chemins/NoyauTournee.h"
 
 namespace ovelin {
 

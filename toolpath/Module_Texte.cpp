@@ -12,11 +12,11 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "toolpath/Bibliotheque.h"
-#include "toolpath/CodesNeufs.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/NettoieChemin.h"
+#include "toolpath/chemins/CodesNeufs.h"
 
 namespace ovelin {
 

@@ -8,8 +8,8 @@
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/NoyauOrdre.h"
 #include "toolpath/Prolongement.h"
+#include "toolpath/chemins/NoyauOrdre.h"
 
 namespace ovelin {
 

@@ -6,7 +6,7 @@
 #include "core/Cadence.h"
 #include "core/Services.h"
 #include "toolpath/Bibliotheque.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

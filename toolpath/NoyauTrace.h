@@ -10,8 +10,8 @@
 
 #include "core/Document.h"
 #include "core/Reglages.h"
-#include "toolpath/Etendues.h"
 #include "toolpath/TableTraces.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/Document.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

@@ -7,8 +7,8 @@
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Textes.h"
-#include "toolpath/Etendues.h"
 #include "toolpath/NettoieChemin.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

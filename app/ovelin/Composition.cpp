@@ -19,12 +19,12 @@
 #include "toolpath/ui/F_Exporter.h"
 #include "toolpath/ui/F_Texte.h"
 #include "toolpath/ui/F_Vinyl.h"
-#include "workspace/ui/F_Attaches.h"
-#include "workspace/ui/F_Dimension.h"
-#include "workspace/ui/F_Nettoyage.h"
-#include "workspace/ui/F_Repeter.h"
-#include "workspace/ui/F_Reprise.h"
-#include "workspace/ui/F_Soudure.h"
+#include "workspace/ui/dialogues/F_Attaches.h"
+#include "workspace/ui/dialogues/F_Dimension.h"
+#include "workspace/ui/dialogues/F_Nettoyage.h"
+#include "workspace/ui/dialogues/F_Repeter.h"
+#include "workspace/ui/dialogues/F_Reprise.h"
+#include "workspace/ui/dialogues/F_Soudure.h"
 
 namespace ovelin {
 

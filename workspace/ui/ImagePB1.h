@@ -14,8 +14,8 @@
 #include "image/Palette.h"
 #include "image/SceneDocument.h"
 #include "workspace/Module_Souris.h"
-#include "workspace/ui/ImagePrise.h"
-#include "workspace/ui/Survol.h"
+#include "workspace/ui/prise/ImagePrise.h"
+#include "workspace/ui/prise/Survol.h"
 
 namespace ovelin {
 

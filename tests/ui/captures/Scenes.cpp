@@ -22,7 +22,7 @@
 #include "tests/ui/support/SupportUi.h"
 #include "workspace/Module_Reprise.h"
 #include "workspace/ui/F_Representation.h"
-#include "workspace/ui/F_Reprise.h"
+#include "workspace/ui/dialogues/F_Reprise.h"
 
 namespace captures {
 

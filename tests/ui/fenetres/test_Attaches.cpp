@@ -8,7 +8,7 @@
 #include "core/ui/ChampNombre.h"
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Decalage.h"
-#include "workspace/ui/F_Attaches.h"
+#include "workspace/ui/dialogues/F_Attaches.h"
 
 namespace essai {
 namespace {

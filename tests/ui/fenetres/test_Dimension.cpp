@@ -13,8 +13,8 @@
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Ouverture.h"
-#include "workspace/ui/ApercuDimension.h"
-#include "workspace/ui/F_Dimension.h"
+#include "workspace/ui/dialogues/ApercuDimension.h"
+#include "workspace/ui/dialogues/F_Dimension.h"
 
 namespace essai {
 namespace {

@@ -7,7 +7,7 @@
 #include "core/ui/ChampNombre.h"
 #include "machine/Module_Table.h"
 #include "tests/ui/support/SupportUi.h"
-#include "workspace/ui/F_Nettoyage.h"
+#include "workspace/ui/dialogues/F_Nettoyage.h"
 
 namespace essai {
 namespace {

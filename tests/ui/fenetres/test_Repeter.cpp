@@ -8,8 +8,8 @@
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
-#include "workspace/ui/ApercuDimension.h"
-#include "workspace/ui/F_Repeter.h"
+#include "workspace/ui/dialogues/ApercuDimension.h"
+#include "workspace/ui/dialogues/F_Repeter.h"
 
 namespace essai {
 namespace {

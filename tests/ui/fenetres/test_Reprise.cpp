@@ -6,8 +6,8 @@
 #include "core/Fichiers.h"
 #include "tests/ui/support/SupportUi.h"
 #include "workspace/Module_Reprise.h"
-#include "workspace/ui/ApercuDimension.h"
-#include "workspace/ui/F_Reprise.h"
+#include "workspace/ui/dialogues/ApercuDimension.h"
+#include "workspace/ui/dialogues/F_Reprise.h"
 
 namespace {
 

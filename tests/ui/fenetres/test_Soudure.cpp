@@ -7,7 +7,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/ui/ChampNombre.h"
 #include "tests/ui/support/SupportUi.h"
-#include "workspace/ui/F_Soudure.h"
+#include "workspace/ui/dialogues/F_Soudure.h"
 
 namespace essai {
 namespace {

@@ -3,9 +3,9 @@
 #include <set>
 
 #include "tests/support/Support.h"
-#include "toolpath/Etendues.h"
 #include "toolpath/Module_Transforme.h"
-#include "toolpath/NoyauCopie.h"
+#include "toolpath/chemins/Etendues.h"
+#include "toolpath/chemins/NoyauCopie.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/NoyauTournee.h"
+#include "toolpath/chemins/NoyauTournee.h"
 
 using namespace ovelin;
 using namespace essai;

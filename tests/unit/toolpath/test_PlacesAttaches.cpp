@@ -6,7 +6,7 @@
 #include "tests/unit/toolpath/BiblioEssai.h"
 #include "toolpath/Attaches.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/PlacesAttaches.h"
+#include "toolpath/chemins/PlacesAttaches.h"
 
 using namespace ovelin;
 using namespace essai;

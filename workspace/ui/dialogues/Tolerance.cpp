@@ -1,4 +1,4 @@
-#include "workspace/ui/Tolerance.h"
+#include "workspace/ui/dialogues/Tolerance.h"
 
 #include "core/Nombres.h"
 #include "core/ui/TraduitFenetre.h"

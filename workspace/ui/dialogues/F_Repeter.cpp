@@ -1,4 +1,4 @@
-#include "workspace/ui/F_Repeter.h"
+#include "workspace/ui/dialogues/F_Repeter.h"
 
 #include <QGroupBox>
 #include <QRadioButton>
@@ -13,7 +13,7 @@
 #include "core/ui/TraduitFenetre.h"
 #include "toolpath/Module_Copie.h"
 #include "toolpath/Module_Transforme.h"
-#include "workspace/ui/ApercuDimension.h"
+#include "workspace/ui/dialogues/ApercuDimension.h"
 
 namespace ovelin {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/Types.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

@@ -1,4 +1,4 @@
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "toolpath/NoyauOrdre.h"
+#include "toolpath/chemins/NoyauOrdre.h"
 
 #include <algorithm>
 #include <iterator>
@@ -7,7 +7,7 @@
 
 #include "base/Indices.h"
 #include "core/Cadence.h"
-#include "toolpath/PointsProches.h"
+#include "toolpath/chemins/PointsProches.h"
 
 namespace ovelin {
 

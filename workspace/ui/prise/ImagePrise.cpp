@@ -1,4 +1,4 @@
-#include "workspace/ui/ImagePrise.h"
+#include "workspace/ui/prise/ImagePrise.h"
 
 #include <QFontMetricsF>
 

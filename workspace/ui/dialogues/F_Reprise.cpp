@@ -1,4 +1,4 @@
-#include "workspace/ui/F_Reprise.h"
+#include "workspace/ui/dialogues/F_Reprise.h"
 
 #include <QDateTime>
 #include <QListWidget>
@@ -15,7 +15,7 @@
 #include "core/ui/Fenetres.h"
 #include "core/ui/TraduitFenetre.h"
 #include "workspace/Module_Reprise.h"
-#include "workspace/ui/ApercuDimension.h"
+#include "workspace/ui/dialogues/ApercuDimension.h"
 
 namespace ovelin {
 

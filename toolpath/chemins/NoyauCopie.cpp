@@ -1,12 +1,12 @@
-#include "toolpath/NoyauCopie.h"
+#include "toolpath/chemins/NoyauCopie.h"
 
 #include <algorithm>
 #include <cmath>
 #include <unordered_set>
 
 #include "base/Indices.h"
-#include "toolpath/CodesNeufs.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/CodesNeufs.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

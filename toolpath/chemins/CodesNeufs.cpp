@@ -1,8 +1,8 @@
-#include "toolpath/CodesNeufs.h"
+#include "toolpath/chemins/CodesNeufs.h"
 
 #include <algorithm>
 
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

@@ -1,4 +1,4 @@
-#include "workspace/ui/F_Attaches.h"
+#include "workspace/ui/dialogues/F_Attaches.h"
 
 #include <QRadioButton>
 

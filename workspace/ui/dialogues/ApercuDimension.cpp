@@ -1,4 +1,4 @@
-#include "workspace/ui/ApercuDimension.h"
+#include "workspace/ui/dialogues/ApercuDimension.h"
 
 #include <QPainter>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "toolpath/NoyauTournee.h"
+#include "toolpath/chemins/NoyauTournee.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,11 @@
-#include "toolpath/PointsProches.h"
+#include "toolpath/chemins/PointsProches.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <tuple>
 
-#include "toolpath/NoyauOrdre.h"
+#include "toolpath/chemins/NoyauOrdre.h"
 
 namespace ovelin {
 

@@ -1,4 +1,4 @@
-#include "workspace/ui/Survol.h"
+#include "workspace/ui/prise/Survol.h"
 
 #include "core/DocumentCourant.h"
 #include "core/ui/ServicesQt.h"

@@ -1,4 +1,4 @@
-#include "workspace/ui/F_Dimension.h"
+#include "workspace/ui/dialogues/F_Dimension.h"
 
 #include "base/Indices.h"
 #include "core/DocumentCourant.h"
@@ -9,7 +9,7 @@
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/TraduitFenetre.h"
-#include "workspace/ui/ApercuDimension.h"
+#include "workspace/ui/dialogues/ApercuDimension.h"
 
 namespace ovelin {
 

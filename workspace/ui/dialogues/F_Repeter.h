@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "core/ui/ChampNombre.h"
-#include "toolpath/NoyauCopie.h"
+#include "toolpath/chemins/NoyauCopie.h"
 
 class QRadioButton;
 

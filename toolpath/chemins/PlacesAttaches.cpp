@@ -1,4 +1,4 @@
-#include "toolpath/PlacesAttaches.h"
+#include "toolpath/chemins/PlacesAttaches.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 
 #include "base/Indices.h"
 #include "core/Nombres.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

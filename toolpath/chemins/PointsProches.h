@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/ArbreBoites.h"
-#include "toolpath/Etendues.h"
+#include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
 

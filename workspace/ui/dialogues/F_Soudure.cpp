@@ -1,4 +1,4 @@
-#include "workspace/ui/F_Soudure.h"
+#include "workspace/ui/dialogues/F_Soudure.h"
 
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -8,7 +8,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
 #include "core/ui/Fenetres.h"
-#include "workspace/ui/Tolerance.h"
+#include "workspace/ui/dialogues/Tolerance.h"
 
 namespace ovelin {
 

@@ -1,4 +1,4 @@
-#include "workspace/ui/F_Nettoyage.h"
+#include "workspace/ui/dialogues/F_Nettoyage.h"
 
 #include <cmath>
 
@@ -8,7 +8,7 @@
 #include "core/Textes.h"
 #include "core/ui/Fenetres.h"
 #include "machine/Module_Table.h"
-#include "workspace/ui/Tolerance.h"
+#include "workspace/ui/dialogues/Tolerance.h"
 
 namespace ovelin {
 
