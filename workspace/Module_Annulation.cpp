@@ -22,6 +22,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Reprises.h"
 #include "core/Services.h"
+#include "image/Apercu.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Travail.h"
@@ -32,13 +33,7 @@ namespace {
 
 constexpr std::size_t ChiffresNom = 5;
 constexpr const char* ExtensionRefaire = "refait";  // of what undo has taken back; the first taken back is 1
-bool Retour = false;  // undo or redo puts a state back: the snapshot that follows is no change of the user's
-
-class PendantRetour : base::SansCopie {
- public:
-  PendantRetour() { Retour = true; }
-  ~PendantRetour() { Retour = false; }
-};
+constexpr std::size_t ApercusMax = 200;             // states that keep their small picture
 
 // What makes a file this one, whatever its name: a hard link has the same.
 struct Identite {
@@ -65,11 +60,21 @@ struct DernierEtat {
   std::vector<SequenceInfo> sequences;
 };
 DernierEtat Dernier;
+std::vector<Drapeau> DerniereSelection;  // at the last snapshot
+// The picture of a state that has been put back is put off: the snapshot that it would leave has no state of its
+// own.
+bool ImageDue = false;
 std::optional<Reprise> ATenir;  // recovered work that has no snapshot of this process yet
+// What the steps have changed, in the order of their snapshots, and of those taken back, the next one last.
+std::vector<PasHistorique> Faits, Refaits;
 
 void Oublie() {
   Dernier = DernierEtat{};
+  DerniereSelection.clear();
+  ImageDue = false;
   ATenir.reset();
+  Faits.clear();
+  Refaits.clear();
 }
 [[maybe_unused]] const bool Enregistree = EnregistreRemise(Oublie);
 
@@ -149,13 +154,55 @@ void Supprime(int numero) { unlink(CheminInstantane(numero).c_str()); }
 std::string CheminRefaire(int rang) { return DossierTemp + "/" + std::to_string(rang) + "." + ExtensionRefaire; }
 
 void OublieRefaire() {
+  Refaits.clear();
   for (int rang = 1; unlink(CheminRefaire(rang).c_str()) == 0; ++rang) {
   }
 }
 
 // The snapshot leaves the list; mnu_Redo finds it as the next one.
 void MetDeCote(int numero) {
-  if (rename(CheminInstantane(numero).c_str(), CheminRefaire(PasARefaire() + 1).c_str()) != 0) Supprime(numero);
+  const int rang = PasARefaire() + 1;
+  if (rename(CheminInstantane(numero).c_str(), CheminRefaire(rang).c_str()) != 0) return Supprime(numero);
+  Faits.resize(base::Indice(numero));
+  Refaits.resize(base::Indice(rang - 1));
+  Refaits.push_back(std::move(Faits.back()));
+  Faits.pop_back();
+}
+
+// What was put aside last comes back into the list as that number.
+void Reprend(int numero) {
+  const int rang = PasARefaire();
+  if (rename(CheminRefaire(rang).c_str(), CheminInstantane(numero).c_str()) != 0) return;
+  Refaits.resize(base::Indice(rang));
+  Faits.resize(base::Indice(numero - 1));
+  Faits.push_back(std::move(Refaits.back()));
+  Refaits.pop_back();
+}
+
+std::vector<Drapeau> SelectionCourante() {
+  std::vector<Drapeau> selection;
+  selection.reserve(Sequences.size());
+  for (const SequenceInfo& f : Sequences) selection.push_back(f.Selection);
+  return selection;
+}
+
+// What the snapshot of this number stands for, before it takes the place of the last one.
+Changement ChangementCourant(int numero, bool autre, const std::string& reglages) {
+  if (numero == 1) return {SorteChangement::Ouverture, 0};
+  if (!autre)
+    return {SelectionCourante() == DerniereSelection ? SorteChangement::Affichage : SorteChangement::Selection, 0};
+  return ChangementEntre({Dernier.points, Dernier.sequences, Dernier.reglages},
+                         {TraceInitial, Sequences, reglages});
+}
+
+void NotePas(int numero, const Changement& changement) {
+  Faits.resize(base::Indice(numero - 1));
+  const bool meme = changement.Muet() && !Faits.empty();
+  PasHistorique pas{changement, meme ? Faits.back().apercu : nullptr};
+  if (!meme) pas.apercu = std::make_shared<const std::vector<PointTrace>>(PointsApercu(TraceInitial));
+  Faits.push_back(std::move(pas));
+  if (Faits.size() > ApercusMax) Faits[Faits.size() - 1 - ApercusMax].apercu.reset();
+  DerniereSelection = SelectionCourante();
 }
 
 // Whether there is something to go back to.
@@ -190,10 +237,13 @@ ResultatInstantane PrendInstantane() {
   const std::string chemin = CheminInstantane(n + 1);
   const std::string avant = dernierNom.empty() ? "" : DansDossier(DossierTemp, dernierNom);
   if (DejaVide(avant)) return r;
+  const bool due = std::exchange(ImageDue, false);
   NoteDessin(FichierCourant);
   const PendantInstantane pendant(chemin);
   std::string reglages = LignesReglages(chemin);
   const bool autre = !MemeEtat(reglages);
+  if (due && !autre) return r;
+  const Changement changement = ChangementCourant(n + 1, autre, reglages);
   if (!avant.empty() && Inchange(IdentiteDe(avant), reglages) && link(avant.c_str(), chemin.c_str()) == 0) {
     r.lie = true;
   } else {
@@ -204,7 +254,8 @@ ResultatInstantane PrendInstantane() {
   }
   r.numero = n + 1;
   r.bouton = r.numero >= 2;
-  if (autre && !Retour) OublieRefaire();
+  NotePas(r.numero, changement);
+  if (autre) OublieRefaire();
   if (ATenir) OteReprise(*ATenir);
   ATenir.reset();
   return r;
@@ -217,11 +268,17 @@ void OteApresInstantane(const Reprise& reprise) {
 
 namespace {
 
-// The state of a snapshot into the document, with all that hangs on it; the file that `reste` names is current
-// meanwhile, and `apres` comes before the picture.
-template <class F>
-ResultatAnnulation Reprend(const std::string& chemin, const std::string& reste, const CrochetsAnnulation& crochets,
-                           const F& apres) {
+// What stands now has been put back: the snapshot that follows is no change of the user's. The file is another one
+// than that of the last snapshot.
+void TientPourDernier(const std::string& chemin) {
+  const PendantInstantane pendant(chemin);
+  Dernier = {Identite{}, LignesReglages(chemin), Svc.MarqueDecimale, TraceInitial, Sequences};
+}
+
+// The state of a snapshot into the document, with all that hangs on it. The list of snapshots ends with it; that
+// which its picture leaves behind it goes again, now or once the picture has come.
+ResultatAnnulation RemetEtat(int numero, const std::string& chemin, const CrochetsAnnulation& crochets,
+                             const std::function<void()>& range) {
   ResultatAnnulation r;
   Appelle(crochets.MontreBouton, false);
   const std::string garde = FichierCourant;
@@ -238,26 +295,40 @@ ResultatAnnulation Reprend(const std::string& chemin, const std::string& reste, 
   PointCourantX = 0;
   PointCourantY = 0;
   Appelle(crochets.DeuxiemeDrapeauOutil);
-  FichierCourant = reste;
-  apres();
-  {
-    const PendantRetour pendant;
-    Appelle(crochets.Dessin);
-  }
+  const std::string suivant = CheminInstantane(numero + 1);
+  FichierCourant = suivant;
+  range();
+  TientPourDernier(suivant);
+  Appelle(crochets.Dessin);
   FichierCourant = garde;
+  ImageDue = NumeroInstantane() <= numero;
+  Supprime(numero + 1);
+  Faits.resize(base::Indice(numero));
+  r.bouton = ResteUnPas();
+  Appelle(crochets.MontreBouton, true);
   return r;
 }
 
 }  // namespace
 
+ResultatAnnulation VaAuPas(int numero, const CrochetsAnnulation& crochets) {
+  const int n = NumeroInstantane();
+  const int derriere = PasARefaire();
+  if (numero < 1 || numero == n || numero > n + derriere) return {};
+  if (numero < n) {
+    return RemetEtat(numero, CheminInstantane(numero), crochets, [n, numero] {
+      for (int pas = n; pas > numero; --pas) MetDeCote(pas);
+    });
+  }
+  return RemetEtat(numero, CheminRefaire(derriere + 1 - (numero - n)), crochets, [n, numero] {
+    for (int pas = n + 1; pas <= numero; ++pas) Reprend(pas);
+  });
+}
+
 ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets) {
   const int n = NumeroInstantane();
   if (n < 2) return {};  // the button isn't offered then
-  ResultatAnnulation r = Reprend(CheminInstantane(n - 1), CheminInstantane(n), crochets, [n] { MetDeCote(n); });
-  Supprime(n);  // Dessin has left one under the same number
-  r.bouton = ResteUnPas();
-  Appelle(crochets.MontreBouton, true);
-  return r;
+  return VaAuPas(n - 1, crochets);
 }
 
 int PasARefaire() {
@@ -266,15 +337,32 @@ int PasARefaire() {
   return rang;
 }
 
-// The picture leaves the snapshot of the state that has come back.
 ResultatAnnulation mnu_Redo(const CrochetsAnnulation& crochets) {
-  const int rang = PasARefaire();
-  if (rang == 0) return {};
-  const std::string chemin = CheminRefaire(rang);
-  ResultatAnnulation r = Reprend(chemin, chemin, crochets, [&chemin] { unlink(chemin.c_str()); });
-  r.bouton = ResteUnPas();
-  Appelle(crochets.MontreBouton, true);
-  return r;
+  return VaAuPas(NumeroInstantane() + 1, crochets);
+}
+
+Historique HistoriqueCourant() {
+  Historique h;
+  h.present = NumeroInstantane();
+  h.pas = Faits;
+  h.pas.resize(base::Indice(h.present));
+  std::vector<PasHistorique> derriere = Refaits;
+  derriere.resize(base::Indice(PasARefaire()));
+  h.pas.insert(h.pas.end(), derriere.rbegin(), derriere.rend());
+  return h;
+}
+
+int PasAvantChangement(const Historique& historique) {
+  int pas = historique.present;
+  while (pas > 1 && historique.pas[base::Indice(pas - 1)].changement.Muet()) --pas;
+  return std::max(pas - 1, 0);
+}
+
+int PasApresChangement(const Historique& historique) {
+  for (std::size_t i = base::Indice(historique.present); i < historique.pas.size(); ++i) {
+    if (!historique.pas[i].changement.Muet()) return base::Compte(i + 1);
+  }
+  return 0;
 }
 
 void EffaceTousInstantanes() {

@@ -3,10 +3,14 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "core/Fichiers.h"
 #include "core/Reprises.h"
+#include "core/Types.h"
+#include "workspace/Changement.h"
 
 namespace ovelin {
 
@@ -48,6 +52,27 @@ ResultatAnnulation mnu_Undo(const CrochetsAnnulation& crochets);
 ResultatAnnulation mnu_Redo(const CrochetsAnnulation& crochets);
 // Steps that mnu_Redo can take.
 int PasARefaire();
+
+// A state that undo or redo can lead to, by what has led to it.
+struct PasHistorique {
+  Changement changement;
+  // Its points for a small picture, thinned; shared by states of one drawing. Null for states long ago.
+  std::shared_ptr<const std::vector<PointTrace>> apercu;
+};
+// From the first state on; the number of a state is its place from 1. What mnu_Redo can take lies behind the
+// present.
+struct Historique {
+  std::vector<PasHistorique> pas;
+  int present = 0;  // number of the state in force; 0: none
+};
+Historique HistoriqueCourant();
+// To the state of that number, back or forward, as so many steps of mnu_Undo or mnu_Redo at once. `fait` is false
+// for the present one and for a number that there is none of.
+ResultatAnnulation VaAuPas(int numero, const CrochetsAnnulation& crochets);
+// Where a jump leads that leaves out the steps of view and selection alone: in front of the last change, or to the
+// next one that was taken back. 0: there is none.
+int PasAvantChangement(const Historique& historique);
+int PasApresChangement(const Historique& historique);
 
 // Number of the last snapshot listed, 0 when there is none.
 int NumeroInstantane();

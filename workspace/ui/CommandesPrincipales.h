@@ -32,6 +32,8 @@ class CommandesPrincipales : public QObject {
   void DessinOuvert(bool ouvert);
   // A job runs on the machine: what the table doesn't allow then is disabled, and as it was when it has ended.
   void EnRun(bool enRun);
+  // Now, or where something long runs behind it.
+  void Execute(const std::function<void()>& commande);
   // The button mnu_Undo on the toolbar.
   void MontreUndo(bool visible);
 
@@ -55,7 +57,6 @@ class CommandesPrincipales : public QObject {
 
  private:
   QAction* Cree(const LigneCommande& ligne);
-  void Execute(const std::function<void()>& commande);
   void Applique(const LigneCommande& ligne);
   void RemplitMenus(QMenuBar* menus);
   void RemplitBarre(QToolBar* barre);

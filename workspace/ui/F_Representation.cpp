@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
 #include <QPointer>
@@ -95,11 +96,7 @@ void F_Representation::Dispose() {
   PB1_ = new ImagePB1(separateur_);
   PB1_->setMinimumWidth(240);
   PB1_->installEventFilter(this);
-  vide_ = new QLabel(QStringLiteral("Ouvrez un dessin (Ctrl+O) ou déposez un fichier ici"), PB1_);
-  vide_->setObjectName(QStringLiteral("Lbl_Vide"));
-  vide_->setAlignment(Qt::AlignCenter);
-  vide_->setWordWrap(true);
-  vide_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  vide_ = new Accueil(PB1_);
   panneau_ = new PanneauLateral(separateur_);
   separateur_->addWidget(PB1_);
   separateur_->addWidget(panneau_);
@@ -107,7 +104,14 @@ void F_Representation::Dispose() {
   separateur_->setStretchFactor(1, 0);
   separateur_->setCollapsible(0, false);
   separateur_->setSizes({1000, EtatFenetre{}.panneau});
-  setCentralWidget(separateur_);
+  auto* milieu = new QWidget(this);
+  auto* cote = new QHBoxLayout(milieu);
+  cote->setContentsMargins(0, 0, 0, 0);
+  cote->setSpacing(0);
+  historique_ = new PanneauHistorique(milieu);
+  cote->addWidget(historique_);
+  cote->addWidget(separateur_, 1);
+  setCentralWidget(milieu);
 
   SB1_ = new BarreEtat(this);
   setStatusBar(SB1_);
@@ -127,9 +131,11 @@ void F_Representation::Dispose() {
 
 void F_Representation::Relie() {
   connect(PB1_, &ImagePB1::Suite, this, &F_Representation::SuitSouris);
-  connect(PB1_, &ImagePB1::Instantane, this, [this](bool bouton) {
-    commandes_->Active("mnu_Undo", bouton);
-    commandes_->Active("mnu_Redo", PasARefaire() > 0);
+  connect(PB1_, &ImagePB1::Instantane, this, &F_Representation::SuitAnnulation);
+  connect(historique_, &PanneauHistorique::Va, this, [this](int numero) {
+    if (OperationCarte) return Svc.Bip();
+    commandes_->Execute(
+        [this, numero] { Annule([numero](const CrochetsAnnulation& c) { return VaAuPas(numero, c); }); });
   });
   connect(PB1_, &ImagePB1::MisEnPage, this, [this] {
     if (charge_ && !dechargee_) RetaillePlacement(EtatCourant());
@@ -140,6 +146,11 @@ void F_Representation::Relie() {
       panneau_->InitSeq();
       PB1_->Dessin();
     }
+  });
+  connect(vide_, &Accueil::Ouvre, commandes_->Action("mnu_Ouvrir"), &QAction::trigger);
+  connect(vide_, &Accueil::Choisit, this, [this](const QString& chemin) {
+    if (OperationCarte) return Svc.Bip();
+    commandes_->Execute([this, choisi = chemin.toStdString()] { OuvreChoisi(choisi); });
   });
   connect(panneau_, &PanneauLateral::MenuArbre, this, &F_Representation::MenuImage);
   connect(alerte_, &AlerteCourse::Place, this, [] {
@@ -162,7 +173,7 @@ void F_Representation::Relie() {
       const PendantOuverture pendant(*this);
       mnu_MRU(index, [this](const std::string& chemin) { return OuvreFichier(chemin); });
     }
-    commandes_->RemplitRecents(TextesRecents());  // one that has vanished leaves the menu
+    MontreRecents();  // one that has vanished leaves the menu
     ApresOuverture();
   };
   commandes_->RecentPresent = [](std::size_t index) { return RecentPresent(index); };
@@ -188,7 +199,7 @@ void F_Representation::InstalleServices() {
   };
   Svc.FichierRecent = [this](const std::string& chemin) {
     AjouteRecent(chemin);
-    commandes_->RemplitRecents(TextesRecents());
+    MontreRecents();
   };
   Svc.Panneau = [this](PanneauEtat panneau, const std::string& texte) { SB1_->Panneau(panneau, texte); };
   // A pass that doesn't know its length, the writing of a file, has the frame; the others the status bar.
@@ -275,7 +286,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
   SeqCourante = CodeAucun;
   Modifie = Faux;
   RemplitRecents();
-  commandes_->RemplitRecents(TextesRecents());
+  MontreRecents();
   Place();
   show();
   Timer_Cadre_->start();
@@ -348,6 +359,8 @@ void F_Representation::FermeApresRun() {
 void F_Representation::EnRun(bool enRun) {
   commandes_->EnRun(enRun);
   alerte_->EnRun(enRun);
+  historique_->EnRun(enRun);
+  vide_->EnRun(enRun);
   panneau_->EnRun(enRun);
   if (enRun && Souris.mnu_Lever) SuitSouris(mnu_Lever_Click());
 }

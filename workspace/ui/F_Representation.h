@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QSplitter>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -14,11 +15,13 @@
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Ouverture.h"
+#include "workspace/ui/Accueil.h"
 #include "workspace/ui/AlerteCourse.h"
 #include "workspace/ui/BarreEtat.h"
 #include "workspace/ui/CommandesPrincipales.h"
 #include "workspace/ui/FrameAvancement.h"
 #include "workspace/ui/ImagePB1.h"
+#include "workspace/ui/PanneauHistorique.h"
 #include "workspace/ui/PanneauLateral.h"
 #include "workspace/ui/SuiviRun.h"
 
@@ -91,7 +94,11 @@ class F_Representation : public QMainWindow {
   bool Enregistre(bool (*procedure)());  // mnu_Save or mnu_SaveAs
   void OffreReprises();                  // work of a program that died
   void ApresOuverture();
-  void Annule(ResultatAnnulation (*pas)(const CrochetsAnnulation&));  // mnu_Undo or mnu_Redo
+  void MontreRecents();                         // in the menu, and where there is no drawing
+  void OuvreChoisi(const std::string& chemin);  // a recent file or an example
+  // mnu_Undo, mnu_Redo or a jump
+  void Annule(const std::function<ResultatAnnulation(const CrochetsAnnulation&)>& pas);
+  void SuitAnnulation(bool bouton);  // commands and list of steps follow the snapshots
   void Copie();
   void Colle();
   void Duplique();
@@ -122,7 +129,8 @@ class F_Representation : public QMainWindow {
   CommandesPrincipales* commandes_ = nullptr;
   QSplitter* separateur_ = nullptr;
   ImagePB1* PB1_ = nullptr;
-  QLabel* vide_ = nullptr;  // what to do while there is no drawing
+  Accueil* vide_ = nullptr;  // what to do while there is no drawing
+  PanneauHistorique* historique_ = nullptr;
   PanneauLateral* panneau_ = nullptr;
   BarreEtat* SB1_ = nullptr;
   FrameAvancement* cadre_ = nullptr;

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/Indices.h"
 #include "controller/ChoixCarte.h"
 #include "core/Aide.h"
 #include "core/DocumentCourant.h"
@@ -22,10 +23,12 @@
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
+#include "workspace/ApercuFichier.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Enregistrement.h"
 #include "workspace/Module_Image.h"
 #include "workspace/Module_Ouverture.h"
+#include "workspace/Module_Recents.h"
 #include "workspace/Module_Reprise.h"
 #include "workspace/Module_Travail.h"
 #include "workspace/ui/F_Representation.h"
@@ -47,6 +50,7 @@ Executions F_Representation::ToutesExecutions() {
   e["mnu_Quitter"] = [this] { close(); };
   e["mnu_Undo"] = [this] { Annule(mnu_Undo); };
   e["mnu_Redo"] = [this] { Annule(mnu_Redo); };
+  e["mnu_Historique"] = [this] { historique_->setVisible(commandes_->Action("mnu_Historique")->isChecked()); };
   e["mnu_Copier"] = [this] { Copie(); };
   e["mnu_Coller"] = [this] { Colle(); };
   e["mnu_Dupliquer"] = [this] { Duplique(); };
@@ -206,7 +210,24 @@ void F_Representation::ApresOuverture() {
   Rafraichit();
 }
 
-void F_Representation::Annule(ResultatAnnulation (*pas)(const CrochetsAnnulation&)) {
+void F_Representation::MontreRecents() {
+  commandes_->RemplitRecents(TextesRecents());
+  vide_->Montre(Recents.chemins, DessinsExemples());
+}
+
+void F_Representation::OuvreChoisi(const std::string& chemin) {
+  const auto recent = std::ranges::find(Recents.chemins, chemin);
+  if (recent == Recents.chemins.end()) return Ouvre(chemin);
+  commandes_->Recent(base::Indice(recent - Recents.chemins.begin()) + 1);
+}
+
+void F_Representation::SuitAnnulation(bool bouton) {
+  commandes_->Active("mnu_Undo", bouton);
+  commandes_->Active("mnu_Redo", PasARefaire() > 0);
+  historique_->Suit();
+}
+
+void F_Representation::Annule(const std::function<ResultatAnnulation(const CrochetsAnnulation&)>& pas) {
   CrochetsAnnulation crochets;
   crochets.MontreBouton = [this](bool visible) { commandes_->MontreUndo(visible); };
   crochets.RemplitArbres = [this] { panneau_->RemplitArbres(); };
@@ -214,8 +235,7 @@ void F_Representation::Annule(ResultatAnnulation (*pas)(const CrochetsAnnulation
   crochets.Dessin = [this] { Dessine(); };
   const ResultatAnnulation resultat = pas(crochets);
   if (!resultat.fait) return;
-  commandes_->Active("mnu_Undo", resultat.bouton);
-  commandes_->Active("mnu_Redo", PasARefaire() > 0);
+  SuitAnnulation(resultat.bouton);
   panneau_->OublieDeplacement();
   panneau_->InitSeq();
   panneau_->Fraisage()->RemplitOutil();

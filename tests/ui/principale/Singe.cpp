@@ -204,8 +204,9 @@ std::string Singe::Agit() {
                                       "mnu_Dupliquer",
                                       "mnu_Trajets",
                                       "mnu_Saignee",
-                                      "mnu_Sobre"};
-      QAction* action = Menu(Noms[Un(27)]);
+                                      "mnu_Sobre",
+                                      "mnu_Historique"};
+      QAction* action = Menu(Noms[Un(28)]);
       if (!action->isEnabled()) return "";
       action->trigger();
       return action->objectName().toStdString();
