@@ -86,6 +86,7 @@ constexpr std::array<Ligne, NombreRoles> Table{{
     {Role::Poignee, DuHalo, Papier, 1, StyleTrait::Plein},
     {Role::PointDessin, DuDessin, Papier, 1, StyleTrait::Plein},
     {Role::PointSelection, DeSelection, Papier, 1, StyleTrait::Plein},
+    {Role::FondMesure, Papier, Aucune, 1, StyleTrait::Plein, {0.85F}},
 }};
 
 constexpr bool DansLeurOrdre() {
@@ -114,15 +115,16 @@ std::span<const float> MotifDe(StyleTrait style) {
 Palette ConstruitPalette(const Reglages& reglages, Theme theme) {
   Palette palette;
   palette.papier = PapierDe(theme);
+  const auto enPapier = [](const Encre& encre) { return encre.reglage == nullptr && encre.fixe == Papier.fixe; };
   const auto teinte = [&](const Encre& encre) {
-    if (encre.reglage == nullptr && encre.fixe == Papier.fixe) return palette.papier;
+    if (enPapier(encre)) return palette.papier;
     return encre.reglage != nullptr ? reglages.*encre.reglage : encre.fixe;
   };
   for (std::size_t i = 0; i < Table.size(); ++i) {
     const Ligne& ligne = Table[i];
     Aspect& aspect = palette.aspects[i];
     const std::int32_t couleur = teinte(ligne.encre);
-    aspect.couleur = CouleurLisible(couleur, palette.papier);
+    aspect.couleur = enPapier(ligne.encre) ? couleur : CouleurLisible(couleur, palette.papier);
     aspect.fond = teinte(ligne.fond);
     if (ligne.fond.reglage != nullptr) aspect.fond = CouleurLisible(aspect.fond, palette.papier);
     aspect.couleurTexte = CouleurLisible(couleur, aspect.fond == SansFond ? palette.papier : aspect.fond);

@@ -66,8 +66,9 @@ enum class Role : std::uint8_t {
   Poignee,         // grip of the selection's box
   PointDessin,     // hollow mark of a point
   PointSelection,
+  FondMesure,  // paper under a figure that lies over the picture
 };
-inline constexpr std::size_t NombreRoles = 36;
+inline constexpr std::size_t NombreRoles = 37;
 
 // Strokes of such roles lie over each other and are still one surface: where two meet, nothing gets darker, and the
 // later one counts.

@@ -14,6 +14,7 @@ namespace {
 constexpr float LargeurHalo = 9 * TwipsParPixel;
 constexpr float LargeurSurvol = 11 * TwipsParPixel;
 constexpr float EcartCadre = 8 * TwipsParPixel;   // from the paths to their box
+constexpr float MargeTexte = 4 * TwipsParPixel;   // of the paper around it
 constexpr float EcartTexte = 11 * TwipsParPixel;  // from the box to the middle of its text
 
 std::unordered_set<std::uint32_t> Choisies(const Document& document) {
@@ -102,6 +103,14 @@ void AjouteCadre(const Document& document, const EtatVue& vue, const TailleImage
   float y = y0 - EcartTexte;
   if (y < mesure.hauteur / 2) y = y1 + EcartTexte;
   if (y > taille.hauteur - mesure.hauteur / 2) y = std::max(y0, 0.0F) + EcartTexte;
+  const float bordX = demi + MargeTexte;
+  const float bordY = mesure.hauteur / 2 + MargeTexte / 2;
+  Primitive fond;
+  fond.genre = Genre::Aire;
+  fond.role = Role::FondMesure;
+  const PointEcran coins[] = {
+      {x - bordX, y - bordY}, {x + bordX, y - bordY}, {x + bordX, y + bordY}, {x - bordX, y + bordY}};
+  scene.Ajoute(fond, coins);
   scene.AjouteTexte(Role::CadreSelection, {x, y}, Ancre::Centre, texte);
 }
 

@@ -24,6 +24,7 @@ BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent), stop_(new BoutonStop
   addWidget(textes_[0], 3);
   addWidget(textes_[1], 2);
   addWidget(textes_[2], 3);
+  for (QLabel* panneau : textes_) Ecrit(*panneau, {});
   parole_ = Etiquette("SB1_11", 0);
   parole_->setProperty("valeur", true);
   parole_->installEventFilter(this);
@@ -62,8 +63,14 @@ QLabel* BarreEtat::Etiquette(const char* nom, int largeur) {
 void BarreEtat::Panneau(PanneauEtat panneau, const std::string& texte) {
   const std::size_t place = panneau == PanneauEtat::Fichier ? 0 : panneau == PanneauEtat::Points ? 1 : 2;
   const QString t = QString::fromStdString(texte).trimmed();
-  textes_[place]->setText(t);
-  textes_[place]->setToolTip(t);
+  Ecrit(*textes_[place], t);
+}
+
+// A panel takes no more room than its text needs, an empty one none: the rest is for the words behind them.
+void BarreEtat::Ecrit(QLabel& panneau, const QString& texte) {
+  panneau.setText(texte);
+  panneau.setToolTip(texte);
+  panneau.setMaximumWidth(texte.isEmpty() ? 0 : panneau.sizeHint().width());
 }
 
 void BarreEtat::Positions(const std::array<std::string, 3>& textes) {

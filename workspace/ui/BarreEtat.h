@@ -40,6 +40,7 @@ class BarreEtat : public QStatusBar {
 
  private:
   QLabel* Etiquette(const char* nom, int largeur);
+  static void Ecrit(QLabel& panneau, const QString& texte);
   void Coupe();
 
   std::array<QLabel*, 3> textes_{};  // panels 1, 2, 5

@@ -237,6 +237,19 @@ void F_Representation::Place() {
   commandes_->Coche("mnu_Panneau", panneau > 0);
 }
 
+// A window that has no place of its own yet stands in the lower right corner of the picture: the side panel is for
+// the drawing that comes next.
+void F_Representation::PlaceSurImage(const char* nom) {
+  constexpr int Bord = 16;
+  for (QWidget* fenetre : QApplication::topLevelWidgets()) {
+    if (fenetre->objectName() != QLatin1String(nom) || !fenetre->isVisible()) continue;
+    const QPoint coin = PB1_->mapToGlobal(PB1_->rect().bottomRight()) - QPoint(Bord, Bord);
+    const QPoint libre = coin - QPoint(fenetre->frameSize().width(), fenetre->frameSize().height());
+    const QRect ecran = screen()->availableGeometry();
+    fenetre->move(std::max(libre.x(), ecran.left()), std::max(libre.y(), ecran.top()));
+  }
+}
+
 // The frame that the desktop puts around the window is known a moment after it is shown.
 void F_Representation::RentreDansEcran() {
   if (isMaximized() || isFullScreen()) return;
@@ -307,7 +320,9 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
     return;
   }
   if (!FenetreExiste || !FenetreExiste("F_PilMan")) return;
+  const bool neuve = LireCle(std::string("F_PilMan") + cles::suffixe::Gauche, "").empty();
   Fenetre("F_PilMan");
+  if (neuve) PlaceSurImage("F_PilMan");
   activateWindow();  // keys that are meant for the drawing move no machine
 }
 

@@ -62,7 +62,8 @@ class F_Representation : public QMainWindow {
   void Dispose();
   void Relie();
   void InstalleServices();
-  void Place();            // where and how large the window was
+  void Place();  // where and how large the window was
+  void PlaceSurImage(const char* nom);
   void RentreDansEcran();  // no edge lies beyond the screen
   void AppliqueTheme();
   [[nodiscard]] EtatFenetre EtatCourant() const;

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTreeView>
@@ -145,7 +146,7 @@ std::string Singe::Reprend() {
 }
 
 std::string Singe::Agit() {
-  switch (Un(11)) {
+  switch (Un(12)) {
     case 0:
     case 1:
     case 2:
@@ -216,6 +217,15 @@ std::string Singe::Agit() {
       if (combo == nullptr) return "";
       QTest::keyClick(combo, Un(2) == 0 ? Qt::Key_Down : Qt::Key_Up);
       return combo->objectName().toStdString();
+    }
+    case 10: {
+      auto* liste = C<QListView>("List_Historique");
+      const int lignes = liste->model()->rowCount();
+      if (!liste->isVisible() || lignes == 0) return "";
+      const QModelIndex ligne = liste->model()->index(Un(lignes), 0);
+      liste->scrollTo(ligne);
+      QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, liste->visualRect(ligne).center());
+      return "history";
     }
     default:
       fenetre_->resize(760 + Un(700), 520 + Un(500));

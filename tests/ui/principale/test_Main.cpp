@@ -1,6 +1,7 @@
 // The hand in the main window: Escape, copies, forward again, the warning beside the picture.
 #include <QLabel>
 #include <QPushButton>
+#include <QWheelEvent>
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
@@ -8,7 +9,9 @@
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
 #include "workspace/Module_Image.h"
+#include "workspace/Module_Prise.h"
 #include "workspace/Module_Souris.h"
+#include "workspace/Module_Vue.h"
 #include "workspace/ui/AlerteCourse.h"
 
 namespace {
@@ -101,6 +104,47 @@ TEST_F(ParLaMain, TheStatusSpeaksAndTheStarStandsBehindTheCaption) {
   EXPECT_TRUE(C<QLabel>("SB1_11")->text().startsWith("plaque.dxf*"));
   QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Escape);
   EXPECT_EQ(C<QLabel>("SB1_11")->text(), "plaque.dxf*");
+}
+
+// 1024 pixels wide, the words of a file with a selection have room: the panels beside them are empty, or short.
+TEST_F(ParLaMain, TheStatusSpeaksWholeSentencesInASmallWindow) {
+  Charge(Exemple("plaque.dxf"));
+  fenetre_->resize(1024, 700);
+  essai::Evenements();
+  const auto* parole = C<QLabel>("SB1_11");
+  EXPECT_TRUE(parole->toolTip().contains(QStringLiteral("profondeur -"))) << parole->toolTip().toStdString();
+  EXPECT_EQ(parole->text(), parole->toolTip());
+}
+
+// The wheel keeps the place under the pointer, so the same drag can begin there again in the new view.
+TEST_F(ParLaMain, TheWheelDuringADragMakesTheOutlineAnew) {
+  Charge(Exemple("plaque.dxf"));
+  auto* image = C<ImagePB1>("PB1");
+  const QPoint depart = PlaceDessin(TraceInitial[0].X, TraceInitial[0].Y);
+  const auto tire = [&] {
+    QTest::mouseMove(image, depart + QPoint(30, 0));
+    QTest::mouseMove(image, depart + QPoint(40, 0));
+    essai::Evenements();
+  };
+  QTest::mousePress(image, Qt::LeftButton, {}, depart);
+  tire();
+  ASSERT_TRUE(Prise.tire);
+  image->Image();  // the outline of the first view is made
+  const EtatVue vue = Vue;
+  QWheelEvent roue(depart, image->mapToGlobal(depart), {}, {0, 120}, Qt::LeftButton, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(image, &roue);
+  tire();
+  ASSERT_NE(Vue, vue);
+  const QImage suivie = image->Image();
+  QTest::keyClick(image, Qt::Key_Escape);
+  QTest::mouseRelease(image, Qt::LeftButton, {}, depart);
+  essai::Evenements();
+  QTest::mousePress(image, Qt::LeftButton, {}, depart);
+  tire();
+  ASSERT_TRUE(Prise.tire);
+  EXPECT_EQ(image->Image(), suivie);
+  QTest::keyClick(image, Qt::Key_Escape);
+  QTest::mouseRelease(image, Qt::LeftButton, {}, depart);
 }
 
 }  // namespace

@@ -44,10 +44,11 @@ void ImagePrise::Peint(QPainter& peintre, const TailleImage& taille, const Optio
     if (options.sobre) PeintPoignees(peintre, taille, couleurs);
     return;
   }
-  if (!fait_) {
+  if (!fait_ || vue_ != Vue) {
     contour_.Vide();
     AjouteContour(Doc, Vue, taille, options, contour_);
     fait_ = true;
+    vue_ = Vue;
   }
   const BoiteSelection& b = Prise.boite;
   const PointTrace milieu =

@@ -9,8 +9,8 @@
 
 namespace ovelin {
 
-// The outline is made once for a drag and then moved, turned and scaled as it is: as quick with a thousand paths as
-// with one.
+// The outline is made once for a drag in one view and then moved, turned and scaled as it is: as quick with a
+// thousand paths as with one.
 class ImagePrise {
  public:
   // Over the picture. `options`: those of the picture.
@@ -21,6 +21,7 @@ class ImagePrise {
 
   Scene contour_;
   bool fait_ = false;
+  EtatVue vue_;  // that it was made in: the wheel changes it under a drag
 };
 
 }  // namespace ovelin
