@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <limits>
 #include <span>
+#include <utility>
 
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
@@ -91,17 +92,22 @@ std::optional<RefusPlan> VerifieHautDeg() {
 
 std::vector<AvisPlan> AvisDuPlan() {
   std::vector<AvisPlan> avis;
-  const auto dit = [&avis](CleTexte texte, const std::string& figure) {
-    avis.push_back({std::string(texte.Cle()), Traduire(texte) + " " + figure});
+  const auto dit = [&avis](CleTexte texte, const std::string& figure, Remede remede = {}) {
+    avis.push_back({std::string(texte.Cle()), Traduire(texte) + " " + figure, std::move(remede)});
   };
   const Fonds fonds = FondsDuTrajet();
   // As the presets have it: a bridge as high as the cut is deep holds whatever the thickness of the sheet.
-  if (fonds.attaches > 0 && MiniEncoche <= 0) dit(Textes::AvisAttaches, Mm(fonds.attaches));
+  if (fonds.attaches > 0 && MiniEncoche <= 0) {
+    dit(Textes::AvisAttaches, Mm(fonds.attaches), {SorteRemede::Pont, TexteNombre(fonds.attaches)});
+  }
   const double libre = double{CourseZ} - HautDeg;
   if (fonds.tous > libre) dit(Textes::AvisProfondeur, Mm(fonds.tous) + " > " + Mm(libre));
   const double courte = PlusCourteAttachee();
   if (LargeurEncoche > courte) dit(Textes::AvisEncoche, Mm(LargeurEncoche) + " > " + Mm(courte));
-  if (const auto poche = AvisPoche(); poche && fonds.poche) dit(*poche, "PCPoche = " + std::to_string(PCPoche));
+  if (const auto poche = AvisPoche(); poche && fonds.poche) {
+    dit(*poche, "PCPoche = " + std::to_string(PCPoche),
+        {SorteRemede::Recouvrement, TexteNombre(long{Reglages{}.PCPoche})});
+  }
   if (RayonFraise > RayonMax) dit(Textes::AvisRayon, Mm(RayonFraise));
   return avis;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/Traduction.h"
+#include "run/Remede.h"
 
 namespace ovelin {
 
@@ -23,6 +24,7 @@ std::optional<RefusPlan> VerifieHautDeg();
 // the travel, a bridge that is wider than its path, a radius above 50 mm, an overlap of pockets outside 0 to 99 %.
 struct AvisPlan {
   std::string cle, texte;
+  Remede remede = {};
 };
 std::vector<AvisPlan> AvisDuPlan();
 

@@ -20,6 +20,8 @@ namespace ovelin {
 
 namespace {
 
+constexpr double MargeCoin = 5;  // mm, from the machine's origin to a drawing that has been opened
+
 struct Lieu {
   double x = 0;
   double y = 0;
@@ -180,6 +182,24 @@ bool Recale(double x, double y) {
     EncombrementGeneral();
   }
   return faite;
+}
+
+// The corner of the selection's box is what is placed, so it goes as far beyond the margin as it lies from the
+// drawing's.
+bool PlaceAuCoin() {
+  EncombrementGeneral();
+  double gauche = Xmin;
+  double bas = Ymin;
+  for (const SequenceDecalee& trace : TraceDecale) {
+    for (const PointTrace& p : trace.Points) {
+      gauche = std::min(gauche, double{p.X});
+      bas = std::min(bas, double{p.Y});
+    }
+  }
+  float xmin = Xmin, xmax = Xmax, ymin = Ymin, ymax = Ymax;
+  EncombrementSelection(xmin, xmax, ymin, ymax, 0);
+  return Recale(std::max(MargeCoin, Xmin - gauche) + Ecart(Xmin, xmin),
+                std::max(MargeCoin, Ymin - bas) + Ecart(Ymin, ymin));
 }
 
 float LimiteCourseX() { return LimiteCourse(ChampsMachine::LimiteX); }

@@ -26,6 +26,9 @@ bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions);
 // CB_OKRecalage: the whole drawing moves so that the corner of the selection's box comes to (x, y); without a
 // selection, that of the drawing's.
 bool Recale(double x, double y);
+// The whole drawing moves so that drawing and tool path lie in the corner of the travel, with the margin of an
+// opening where that is enough. False: a coordinate would lie beyond all bounds, and nothing has moved.
+bool PlaceAuCoin();
 // Travel of the machine table in force, mm, with the defaults of the dimension fields (600, 400).
 float LimiteCourseX();
 float LimiteCourseY();

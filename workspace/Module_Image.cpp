@@ -16,8 +16,6 @@ namespace ovelin {
 
 namespace {
 
-constexpr double Marge = 5;  // mm, from the machine's origin to a drawing that has been opened
-
 CourseMachine CourseCourante() { return {LimiteCourseX(), LimiteCourseY()}; }
 
 }  // namespace
@@ -47,24 +45,6 @@ std::string TexteDepassement(const Depassement& depassement) {
   ajoute(Textes::HorsBas, depassement.bas);
   ajoute(Textes::HorsHaut, depassement.haut);
   return texte;
-}
-
-// The corner of the selection's box is what is placed, so it goes as far beyond the margin as it lies from the
-// drawing's.
-bool PlaceAuCoin() {
-  EncombrementGeneral();
-  double gauche = Xmin;
-  double bas = Ymin;
-  for (const SequenceDecalee& trace : TraceDecale) {
-    for (const PointTrace& p : trace.Points) {
-      gauche = std::min(gauche, double{p.X});
-      bas = std::min(bas, double{p.Y});
-    }
-  }
-  const BoiteSelection choisie = BoiteDe(Doc);
-  const double x = std::max(Marge, Xmin - gauche) + (choisie.vide ? 0 : double{choisie.xmin} - Xmin);
-  const double y = std::max(Marge, Ymin - bas) + (choisie.vide ? 0 : double{choisie.ymin} - Ymin);
-  return Recale(x, y);
 }
 
 std::string TexteEtat(bool change) {

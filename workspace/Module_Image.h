@@ -16,10 +16,6 @@ OptionsScene OptionsDuDocument(bool numPoint, bool sequence);
 Depassement DepassementCourant();
 // The same in words, "" where they don't: "Le trajet sort de la course de la machine : à gauche 12.5 mm".
 std::string TexteDepassement(const Depassement& depassement);
-// The whole drawing moves so that drawing and tool path lie in the corner of the travel, with the margin of an
-// opening where that is enough. False: a coordinate would lie beyond all bounds, and nothing has moved.
-bool PlaceAuCoin();
-
 // What stands on the work bench, in one line: the file, with a star where `change` says that it holds not all of
 // the work, and the selection: "plaque.dxf*   3 sur 15 sélectionnées, 45.0 x 45.0 mm, profondeur -1.2". The depth
 // is left out where the paths differ in it.

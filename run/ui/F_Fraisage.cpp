@@ -104,6 +104,7 @@ void F_Fraisage::Construit() {
   Ordonne();
 
   connect(Btn_Fermer_, &QPushButton::clicked, this, &F_Fraisage::reject);
+  connect(plan_, &PanneauPlan::Mende, this, &F_Fraisage::Mende);
   connect(outil_, &PanneauOutil::Change, this, [this] {
     Planifie(false);
     run_->GriseTemps();
@@ -224,6 +225,16 @@ void F_Fraisage::Pas(int index) {
   Planifie(true);
 }
 
+// What a warning names is mended by its button; every field shows what is in force then.
+void F_Fraisage::Mende(const Remede& remede) {
+  if (OperationCarte) return Svc.Bip();
+  if (!Remedie(remede)) return;
+  TB_Vit_Mat_H_->Accepte();
+  TB_Vit_Mat_H_->Montre(TexteNombre(Vitesse_Mat_H));
+  outil_->Suit();
+  Planifie(true);
+}
+
 // AfficheTempsPrevu where `prevoit`. While the machine works the time on show only turns grey.
 void F_Fraisage::Planifie(bool prevoit) {
   if (!PlanPermis()) return run_->GriseTemps();
@@ -306,6 +317,7 @@ void F_Fraisage::MontreRun() {
   run_->Permet(!occupee && !reprise);
   run_->MontreEtat(TexteEtat());
   outil_->setEnabled(!occupee);
+  plan_->Permet(!occupee);
   TB_Vit_Mat_V_->setEnabled(!occupee);
   nc_->setEnabled(!occupee || Ecrit());
   nc_->Bouton()->setEnabled(!occupee);

@@ -59,6 +59,7 @@ class F_Fraisage : public QDialog {
   void VitesseQuitte(ChampNombre& champ, bool change);
   void Pas(int index);
   void Planifie(bool prevoit);
+  void Mende(const Remede& remede);
   void Suit();
 
   // The run

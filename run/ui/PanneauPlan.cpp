@@ -1,5 +1,7 @@
 #include "run/ui/PanneauPlan.h"
 
+#include <cmath>
+
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
@@ -44,12 +46,10 @@ PanneauPlan::PanneauPlan(QWidget* parent) : QGroupBox(QStringLiteral("Parcours")
   maxi_ =
       Figure(*grille, 3, 1, "VMax", "Vitesse maxi :", "Vitesse la plus haute que les axes suivent sur ce parcours");
   lignes_ = Figure(*grille, 4, 0, "Lignes", "Déplacements :", "Déplacements du plan");
-  avis_ = Phrase("Lbl_Avis", "", this);
-  avis_->setTextFormat(Qt::PlainText);
-  QFont gras = avis_->font();
-  gras.setBold(true);
-  avis_->setFont(gras);
-  grille->addWidget(avis_, 5, 0, 1, 5);
+  avis_ = new QVBoxLayout;
+  avis_->setSpacing(4);
+  grille->addLayout(avis_, 5, 0, 1, 5);
+  AjouteRangee();
   for (const int colonne : {1, 4}) grille->setColumnStretch(colonne, 1);
   grille->setColumnMinimumWidth(2, 12);  // between the two pairs
 }
@@ -65,20 +65,78 @@ QLabel* PanneauPlan::Figure(QGridLayout& grille, int ligne, int colonne, const c
   return valeur;
 }
 
-QString PanneauPlan::Avis(const ResumePlan& resume) const {
-  if (resume.vide) return TexteQt(Textes::SansTrajet);
-  if (resume.refus) return QString::fromStdString(resume.refus->Texte());
-  const auto manquent = static_cast<long>(resume.sansTrajet.size());
-  if (resume.sequences + manquent == 0) return TexteQt(Textes::AucuneAFraiser);
-  QStringList avis;
-  if (resume.horsCourse) avis += TexteQt(Textes::ParcoursHorsCourse);
-  if (Depasse(Vitesse_Mat_H, resume.VMax)) avis += TexteQt(Textes::VitesseMatiereHaute);
-  if (manquent > 0) {
-    avis += TexteQt(Textes::SequencesEtroites) + QLatin1Char(' ') +
-            QString::fromStdString(TexteSansTrajet(resume.sansTrajet));
+// "Lbl_Avis" and "Btn_Remede", then "Lbl_Avis_1" ...
+void PanneauPlan::AjouteRangee() {
+  const QString suite = rangees_.empty() ? QString() : QStringLiteral("_%1").arg(rangees_.size());
+  Rangee r;
+  r.texte = Phrase(QStringLiteral("Lbl_Avis") + suite, "", this);
+  r.texte->setProperty("valeur", true);
+  r.texte->setTextFormat(Qt::PlainText);
+  QFont gras = r.texte->font();
+  gras.setBold(true);
+  r.texte->setFont(gras);
+  r.bouton = Nomme(new QPushButton(this), QStringLiteral("Btn_Remede") + suite);
+  r.bouton->setProperty("texteLibre", true);
+  r.bouton->setAutoDefault(false);
+  r.texte->hide();
+  r.bouton->hide();
+  auto* rangee = new QHBoxLayout;
+  rangee->setSpacing(8);
+  rangee->addWidget(r.texte, 1);
+  rangee->addWidget(r.bouton, 0, Qt::AlignTop);
+  avis_->addLayout(rangee);
+  const std::size_t i = rangees_.size();
+  rangees_.push_back(r);
+  connect(r.bouton, &QPushButton::clicked, this, [this, i] {
+    const Remede remede = rangees_[i].remede;  // the plan that follows fills the rows anew
+    Q_EMIT Mende(remede);
+  });
+}
+
+std::vector<PanneauPlan::Avis> PanneauPlan::TousAvis(const ResumePlan& resume) {
+  if (resume.vide) return {{TexteQt(Textes::SansTrajet), {}}};
+  if (resume.refus) {
+    Remede remede;
+    if (resume.refus->cle == Textes::HautDegNul) {
+      remede = {SorteRemede::Degagement, TexteNombre(double{Reglages{}.HautDeg})};
+    }
+    return {{QString::fromStdString(resume.refus->Texte()), remede}};
   }
-  for (const AvisPlan& a : resume.avis) avis += QString::fromStdString(a.texte);
-  return avis.join(QLatin1Char('\n'));
+  const auto manquent = static_cast<long>(resume.sansTrajet.size());
+  if (resume.sequences + manquent == 0) return {{TexteQt(Textes::AucuneAFraiser), {}}};
+  std::vector<Avis> avis;
+  if (resume.horsCourse) avis.push_back({TexteQt(Textes::ParcoursHorsCourse), {SorteRemede::Coin, ""}});
+  if (Depasse(Vitesse_Mat_H, resume.VMax)) {
+    constexpr double Pas = 10;  // tenths: never above what the axes follow
+    avis.push_back({TexteQt(Textes::VitesseMatiereHaute),
+                    {SorteRemede::Vitesse, Formate(std::floor(resume.VMax * Pas) / Pas, "0.0")}});
+  }
+  if (manquent > 0) {
+    avis.push_back({TexteQt(Textes::SequencesEtroites) + QLatin1Char(' ') +
+                        QString::fromStdString(TexteSansTrajet(resume.sansTrajet)),
+                    {}});
+  }
+  for (const AvisPlan& a : resume.avis) avis.push_back({QString::fromStdString(a.texte), a.remede});
+  return avis;
+}
+
+void PanneauPlan::MontreAvis(const std::vector<Avis>& avis) {
+  while (rangees_.size() < avis.size()) AjouteRangee();
+  for (std::size_t i = 0; i < rangees_.size(); ++i) {
+    Rangee& r = rangees_[i];
+    const Avis montre = i < avis.size() ? avis[i] : Avis{};
+    r.remede = montre.remede;
+    r.texte->setText(montre.texte);
+    r.texte->setVisible(!montre.texte.isEmpty());
+    r.bouton->setText(QString::fromStdString(TexteRemede(montre.remede)));
+    r.bouton->setAccessibleName(r.bouton->text());
+    r.bouton->setToolTip(montre.texte);
+    r.bouton->setVisible(!r.bouton->text().isEmpty());
+  }
+}
+
+void PanneauPlan::Permet(bool permis) {
+  for (const Rangee& r : rangees_) r.bouton->setEnabled(permis);
 }
 
 void PanneauPlan::Montre(const ResumePlan& resume) {
@@ -98,9 +156,7 @@ void PanneauPlan::Montre(const ResumePlan& resume) {
   maxi_->setText(plan ? Vitesse(resume.VMax) : rien);
   etendueX_->setText(f.coupe ? Etendue(f.xmin, f.xmax) : rien);
   etendueY_->setText(f.coupe ? Etendue(f.ymin, f.ymax) : rien);
-  const QString avis = Avis(resume);
-  avis_->setText(avis);
-  avis_->setVisible(!avis.isEmpty());
+  MontreAvis(TousAvis(resume));
 }
 
 }  // namespace ovelin

@@ -11,6 +11,8 @@
 #include "core/Nombres.h"
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ui/ChampNombre.h"
 #include "core/ui/ServicesQt.h"
@@ -128,6 +130,61 @@ TEST(F_Fraisage, TurnsADepthOfPassOfZeroIntoOneMillimetre) {
   Banc b;
   EXPECT_EQ(ProfPasse, -1);
   EXPECT_EQ(b.Texte("Val_Passes"), "3");
+}
+
+TEST(F_Fraisage, TheButtonBesideAWarningTakesTheSpeedThatTheAxesFollow) {
+  Travail();
+  Banc b;
+  auto* remede = Controle<QPushButton>(b.f, "Btn_Remede");
+  EXPECT_FALSE(remede->isVisible());
+  Tape(*b.h, "35");
+  ASSERT_TRUE(remede->isVisible());
+  EXPECT_TRUE(remede->text().endsWith(" 20.0 mm/s")) << remede->text().toStdString();
+  Clique(*remede);
+  EXPECT_EQ(Vitesse_Mat_H, 20);
+  EXPECT_EQ(b.h->Texte(), "20");
+  EXPECT_EQ(b.Texte("Lbl_Avis"), "");
+  EXPECT_FALSE(remede->isVisible());
+}
+
+// The square begins 100 mm before the zero.
+TEST(F_Fraisage, EachWarningStandsInARowOfItsOwnWithItsButton) {
+  Travail();
+  for (PointTrace& p : TraceInitial) p.X -= 110;
+  RecalculDecalages();
+  Vitesse_Mat_H = 35;
+  Banc b;
+  EXPECT_EQ(b.Texte("Lbl_Avis"), Traduire("F_Fraisage", "lib026"));
+  EXPECT_EQ(b.Texte("Lbl_Avis_1"), Traduire(Textes::VitesseMatiereHaute));
+  auto* coin = Controle<QPushButton>(b.f, "Btn_Remede");
+  auto* vitesse = Controle<QPushButton>(b.f, "Btn_Remede_1");
+  EXPECT_TRUE(coin->isVisible() && vitesse->isVisible());
+  coin->setFocus();
+  QTest::keyClick(coin, Qt::Key_Space);
+  EXPECT_NEAR(TraceInitial[0].X, 5, 1e-3) << "the tool path, 3 mm outside, is in the travel, too";
+  EXPECT_EQ(b.Texte("Lbl_Avis"), Traduire(Textes::VitesseMatiereHaute));
+  EXPECT_FALSE(vitesse->isVisible());
+}
+
+TEST(F_Fraisage, AClearanceThatIsNoneIsMendedBesideItsRefusal) {
+  Travail();
+  HautDeg = 0;
+  Banc b;
+  EXPECT_EQ(b.Texte("Val_Passes"), "-");
+  Clique(*Controle<QPushButton>(b.f, "Btn_Remede"));
+  EXPECT_EQ(HautDeg, 10);
+  EXPECT_EQ(b.Champ("TB_HautDeg"), "10");
+  EXPECT_EQ(b.Texte("Val_Passes"), "3");
+}
+
+TEST(F_Fraisage, WhileTheMachineWorksNoWarningIsMended) {
+  Travail();
+  Banc b;
+  Tape(*b.h, "35");
+  OperationCarte = true;
+  Clique(*Controle<QPushButton>(b.f, "Btn_Remede"));
+  OperationCarte = false;
+  EXPECT_EQ(Vitesse_Mat_H, 35);
 }
 
 TEST(F_Fraisage, WarnsOfASpeedThatTheAxesDoNotFollow) {

@@ -129,7 +129,8 @@ TEST_F(ParLaMain, TheWheelDuringADragMakesTheOutlineAnew) {
   QTest::mousePress(image, Qt::LeftButton, {}, depart);
   tire();
   ASSERT_TRUE(Prise.tire);
-  image->Image();  // the outline of the first view is made
+  const QImage avant = image->Image();  // the outline of the first view is made
+  ASSERT_FALSE(avant.isNull());
   const EtatVue vue = Vue;
   QWheelEvent roue(depart, image->mapToGlobal(depart), {}, {0, 120}, Qt::LeftButton, {}, Qt::NoScrollPhase, false);
   QApplication::sendEvent(image, &roue);
