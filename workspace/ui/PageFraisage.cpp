@@ -13,6 +13,7 @@
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 #include "toolpath/Module_Decalage.h"
+#include "toolpath/Module_Ordre.h"
 #include "workspace/Module_PanneauChamps.h"
 
 namespace ovelin {
@@ -36,9 +37,9 @@ PageFraisage::PageFraisage(QWidget* parent) : QWidget(parent) {
   colonne->addWidget(selection_);
   colonne->addWidget(Outil());
   colonne->addStretch(1);
-  OrdreTab(*this,
-           {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_2", "Option_Decal_3",
-            "TB_RayonFraise", "TB_LargeurEncoche", "TB_MiniEncoche", "TB_HautDeg", "TB_PCPoche", "TB_ProfPasse"});
+  OrdreTab(*this, {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_2", "Option_Decal_3",
+                   "CB_AutreCote", "TB_RayonFraise", "TB_LargeurEncoche", "TB_MiniEncoche", "TB_HautDeg",
+                   "TB_PCPoche", "TB_ProfPasse"});
   Remplit({});
   VideOutil();
 }
@@ -57,10 +58,10 @@ QGroupBox* PageFraisage::Selection() {
   grille->addWidget(profondeur, 1, 1);
 
   cote_ = Etiquette("Lbl_Decal", "Côté de l'outil");
-  grille->addWidget(cote_, 2, 0);
-  grille->addWidget(Cotes(), 2, 1);
+  grille->addWidget(cote_, 2, 0, 1, 2);
+  grille->addWidget(Cotes(), 3, 0, 1, 2);
   melange_ = Phrase("Lbl_Melange", "");
-  grille->addWidget(melange_, 3, 0, 1, 2);
+  grille->addWidget(melange_, 4, 0, 1, 2);
   grille->setColumnStretch(0, 1);
   grille->setColumnStretch(1, 1);
 
@@ -70,20 +71,37 @@ QGroupBox* PageFraisage::Selection() {
   return cadre;
 }
 
+// A picture with its word, in the row of the sides.
+QToolButton* PageFraisage::Image(const QString& nom, const QString& texte) {
+  auto* bouton = Nomme(new QToolButton, nom);
+  bouton->setText(texte);
+  bouton->setIcon(IconeProgramme(nom));
+  bouton->setIconSize({20, 20});
+  bouton->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  bouton->setFocusPolicy(Qt::StrongFocus);
+  bouton->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+  return bouton;
+}
+
 QWidget* PageFraisage::Cotes() {
   auto* cadre = new QWidget;
   auto* ligne = new QHBoxLayout(cadre);
   ligne->setContentsMargins(0, 0, 0, 0);
-  ligne->setSpacing(4);
+  ligne->setSpacing(2);
   auto* groupe = new QButtonGroup(cadre);
+  static constexpr std::array<const char*, 3> Mots{"Gauche", "Sur trait", "Rebours"};
   for (int cote = CoteDirect; cote <= CoteInverse; ++cote) {
-    auto* bouton = Nomme(new QRadioButton, QStringLiteral("Option_Decal_%1").arg(cote));
-    bouton->setIcon(IconeProgramme(bouton->objectName()));
-    bouton->setIconSize({20, 20});
+    const std::size_t rang = base::Indice(cote - CoteDirect);
+    QToolButton* bouton = Image(QStringLiteral("Option_Decal_%1").arg(cote), QString::fromLatin1(Mots[rang]));
+    bouton->setCheckable(true);
     groupe->addButton(bouton, cote);
-    ligne->addWidget(bouton, 1, Qt::AlignLeft);
-    decal_[base::Indice(cote - CoteDirect)] = bouton;
+    ligne->addWidget(bouton, 1);
+    decal_[rang] = bouton;
   }
+  QToolButton* autre = Image(QStringLiteral("CB_AutreCote"), QStringLiteral("Autre côté"));
+  autre->setToolTip(QStringLiteral("L'outil passe de l'autre côté : le sens du parcours est inversé"));
+  ligne->addWidget(autre, 1);
+  connect(autre, &QToolButton::clicked, this, [] { InverseSelectionnees(); });
   BullesCotes();
   // Where the sides differ the first is shown; choosing it then is a choice as well.
   connect(groupe, &QButtonGroup::idClicked, this, [this](int cote) {
@@ -97,7 +115,7 @@ void PageFraisage::BullesCotes() {
   decal_[0]->setToolTip(TexteQt(Textes::BulleCoteOutil));
   decal_[1]->setToolTip(TexteQt(Textes::BulleSurTrait));
   decal_[2]->setToolTip(TexteQt(Textes::BulleAutreSens));
-  for (QRadioButton* bouton : decal_) bouton->setAccessibleName(bouton->toolTip());
+  for (QToolButton* bouton : decal_) bouton->setAccessibleName(bouton->toolTip());
 }
 
 QGroupBox* PageFraisage::Outil() {
@@ -117,8 +135,22 @@ void PageFraisage::AjouteChamp(QGridLayout* grille, const LigneOutil& ligne) {
   // The height is tested before the entry is looked at: one that got in by mistake is refused at each leaving.
   if (ligne.entre == EntreHautDeg) saisie->memeInchange = [] { return Regl.HautDeg < 0; };
   outil_.push_back({saisie, &ligne});
-  const int rangee = grille->rowCount();
-  grille->addWidget(Etiquette(ligne.etiquette, ligne.texte, champ), rangee, 0);
+  int rangee = grille->rowCount();
+  // The section stands above the two figures of the notches.
+  if (ligne.entre == EntreLargeurEncoche) {
+    encoche_ = new CoupeEncoche;
+    grille->addWidget(encoche_, rangee++, 0, 1, 2, Qt::AlignHCenter);
+  }
+  QLabel* etiquette = Etiquette(ligne.etiquette, ligne.texte, champ);
+  if (ligne.entre == EntreRayonFraise) {
+    auto* cote = new QHBoxLayout;
+    diametre_ = Valeur("Lbl_Diametre");
+    cote->addWidget(etiquette);
+    cote->addWidget(diametre_, 1, Qt::AlignRight);
+    grille->addLayout(cote, rangee, 0);
+  } else {
+    grille->addWidget(etiquette, rangee, 0);
+  }
   grille->addWidget(champ, rangee, 1);
   if (ligne.entre != EntrePCPoche) return;
   avisPoche_ = Phrase("Lbl_AvisPoche", "");
@@ -151,10 +183,21 @@ void PageFraisage::MontreMelange(const ChampsPanneau& champs) {
 void PageFraisage::RemplitOutil() {
   for (const ChampOutil& champ : outil_) champ.saisie->Montre(champ.ligne->valeur());
   AvertitPoche(true);
+  MontreFigures();
+}
+
+// The diameter in grey beside the radius, and the section of a notch.
+void PageFraisage::MontreFigures() {
+  QPalette gris = diametre_->palette();
+  gris.setColor(QPalette::WindowText, GrisLisible(palette().color(QPalette::Window)));
+  diametre_->setPalette(gris);
+  diametre_->setText(QStringLiteral("Ø ") + QString::fromStdString(Formate(2 * RayonFraise, "0.0##")));
+  encoche_->Montre(LargeurEncoche, MiniEncoche, -Regl.ProfFraisage);
 }
 
 void PageFraisage::VideOutil() {
   for (const ChampOutil& champ : outil_) champ.saisie->Montre("");
+  diametre_->clear();
   AvertitPoche(false);
 }
 
@@ -167,6 +210,7 @@ void PageFraisage::SuitOutil() {
     champ.saisie->Montre(valeur);
     if (champ.ligne->entre == EntrePCPoche) AvertitPoche(true);
   }
+  MontreFigures();
 }
 
 void PageFraisage::FocusLargeurEncoche() {
@@ -184,6 +228,7 @@ void PageFraisage::Entre(const ChampOutil& champ, const std::string& texte) {
     champ.saisie->Refuse(issue.raison ? TexteQt(*issue.raison) : QString(), issue.stocke);
   }
   if (champ.ligne->entre == EntrePCPoche) AvertitPoche(true);
+  MontreFigures();
   if (champ.ligne->entre == EntreLargeurEncoche && !issue.accepte) FocusLargeurEncoche();
 }
 

@@ -5,7 +5,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QRadioButton>
+#include <QToolButton>
 #include <QWidget>
 #include <array>
 #include <string>
@@ -13,6 +13,7 @@
 
 #include "toolpath/ChampsOutil.h"
 #include "workspace/Module_Panneau.h"
+#include "workspace/ui/CoupeEncoche.h"
 #include "workspace/ui/Saisie.h"
 
 namespace ovelin {
@@ -34,10 +35,12 @@ class PageFraisage : public QWidget {
     const LigneOutil* ligne = nullptr;
   };
   QGroupBox* Selection();
+  static QToolButton* Image(const QString& nom, const QString& texte);
   QWidget* Cotes();
   void BullesCotes();
   QGroupBox* Outil();
   void AjouteChamp(QGridLayout* grille, const LigneOutil& ligne);
+  void MontreFigures();
   void Entre(const ChampOutil& champ, const std::string& texte);
   void Profondeur(const std::string& texte);
   void MontreMelange(const ChampsPanneau& champs);
@@ -51,9 +54,11 @@ class PageFraisage : public QWidget {
   QCheckBox* fraiser_ = nullptr;
   Saisie* profondeur_ = nullptr;
   std::string profondeurEntiere_;  // the depth that the field shows rounded
-  std::array<QRadioButton*, 3> decal_{};
+  std::array<QToolButton*, 3> decal_{};
   std::vector<ChampOutil> outil_;
   QLabel* avisPoche_ = nullptr;
+  QLabel* diametre_ = nullptr;  // beside the radius
+  CoupeEncoche* encoche_ = nullptr;
 };
 
 }  // namespace ovelin

@@ -1,6 +1,7 @@
 // Page "Fraisage": properties of the selection.
 #include "core/DocumentCourant.h"
 #include "core/Reglages.h"
+#include "core/ReglagesCourants.h"
 #include "tests/ui/panneau/Banc.h"
 
 namespace {
@@ -31,13 +32,15 @@ TEST_F(Fraisage, PropertiesWaitForASelection) {
   DeuxCarres();
   Sequences[1].Selection = Faux;
   Ouvre();
-  for (const char* nom : {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_3"}) {
+  for (const char* nom :
+       {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_3", "CB_AutreCote"}) {
     EXPECT_FALSE(Actif(nom)) << nom;
   }
   EXPECT_TRUE(Actif("TB_RayonFraise"));
   Sequences[1].Selection = Vrai;
   Remplit();
-  for (const char* nom : {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_3"}) {
+  for (const char* nom :
+       {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_3", "CB_AutreCote"}) {
     EXPECT_TRUE(Actif(nom)) << nom;
   }
 }
@@ -198,6 +201,50 @@ TEST_F(Fraisage, SidesCanBeChosenWithTheKeys) {
   essai::Evenements();
   EXPECT_TRUE(Coche("Option_Decal_2"));
   EXPECT_EQ(Sequences[1].Decalage, 2);
+}
+
+TEST_F(Fraisage, TheOtherSideTurnsTheSenseOfTheSelectedPaths) {
+  DeuxCarres();
+  Ouvre();
+  const auto points = TraceInitial;
+  const auto trace = TraceDecale;
+  Clique(*C("CB_AutreCote"));
+  EXPECT_EQ(TraceInitial[6], points[8]) << "turned round";
+  EXPECT_EQ(TraceInitial[0], points[0]) << "not selected";
+  EXPECT_EQ(Sequences[1].Decalage, 1) << "still to the left of the path";
+  EXPECT_NE(TraceDecale.back(), trace.back());
+  Clique(*C("CB_AutreCote"));
+  EXPECT_EQ(TraceInitial, points);
+}
+
+TEST_F(Fraisage, EachSideHasItsWord) {
+  DeuxCarres();
+  Ouvre();
+  EXPECT_EQ(C<QToolButton>("Option_Decal_1")->text(), "Gauche");
+  EXPECT_EQ(C<QToolButton>("Option_Decal_2")->text(), "Sur trait");
+  EXPECT_EQ(C<QToolButton>("Option_Decal_3")->text(), "Rebours");
+}
+
+TEST_F(Fraisage, TheDiameterStandsBesideTheRadius) {
+  DeuxCarres();
+  page_->RemplitOutil();
+  Ouvre();
+  Tape(*C("TB_RayonFraise"), "1.5");
+  EXPECT_EQ(C<QLabel>("Lbl_Diametre")->text(), QStringLiteral("Ø 3.0"));
+}
+
+TEST_F(Fraisage, TheSectionShowsTheBridgeAsAPartOfTheDepth) {
+  Regl.ProfFraisage = -4;
+  DeuxCarres();
+  page_->RemplitOutil();
+  Ouvre();
+  Tape(*C("TB_LargeurEncoche"), "5");
+  Tape(*C("TB_MiniEncoche"), "1");
+  EXPECT_DOUBLE_EQ(C<CoupeEncoche>("Img_Encoche")->Part(), 0.25);
+  Tape(*C("TB_MiniEncoche"), "9");
+  EXPECT_DOUBLE_EQ(C<CoupeEncoche>("Img_Encoche")->Part(), 1) << "no higher than the cut is deep";
+  Tape(*C("TB_MiniEncoche"), "0");
+  EXPECT_DOUBLE_EQ(C<CoupeEncoche>("Img_Encoche")->Part(), 0);
 }
 
 TEST_F(Fraisage, SidesHaveTheirOwnTips) {
