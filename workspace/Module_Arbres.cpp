@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "base/Indices.h"
@@ -12,6 +13,7 @@
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/NomChemin.h"
 
 namespace ovelin {
 
@@ -76,6 +78,16 @@ std::optional<Noeud> Arbre::Groupe(std::size_t groupe) const {
   return n;
 }
 
+std::string Arbre::Nom(std::size_t groupe) const {
+  if (groupe >= groupes.size()) return "";
+  const GroupeArbre& g = groupes[groupe];
+  const std::size_t fiche = base::Indice(g.fiche);
+  const std::size_t source = base::Indice(g.source);
+  if (fiche >= Sequences.size() || source >= TraceInitial.size()) return "";
+  if (Sequences[fiche].Code != g.code || TraceInitial[source].Seq != g.code) return "";
+  return NomChemin(PointsDe(TraceInitial, EtendueDepuis(TraceInitial, source)), Sequences[fiche]);
+}
+
 const PointTrace* Arbre::PointDocument(std::size_t groupe, std::size_t rang) const {
   if (groupe >= groupes.size()) return nullptr;
   const GroupeArbre& g = groupes[groupe];
@@ -109,13 +121,16 @@ void Remplissage_Trace_Initial(Arbre& arbre) {
   arbre.sorte = SorteArbre::Initial;
   arbre.racine = Racine(Textes::ArbreInitial, Regl.CouleurInitial);
   std::int32_t numero = 0;
+  std::unordered_map<std::uint32_t, std::int32_t> fiches;
+  for (std::size_t i = 0; i < Sequences.size(); ++i) fiches.try_emplace(Sequences[i].Code.Cle(), base::Compte(i));
   for (const Etendue& e : EtenduesSequences()) {
     // The single blank record of an emptied drawing is no path.
     if (e.code == Code2{} || e.code == CodeAucun) continue;
     const auto [largeur, hauteur] = Dimensions(PointsDe(TraceInitial, e));
     GroupeArbre g;
     g.code = e.code;
-    g.premier = base::Compte(e.premier);
+    g.premier = g.source = base::Compte(e.premier);
+    if (const auto fiche = fiches.find(e.code.Cle()); fiche != fiches.end()) g.fiche = fiche->second;
     g.nombre = base::Compte(e.nombre);
     g.couleur = Regl.CouleurInitial;
     const std::string n = std::to_string(++numero);
@@ -135,15 +150,22 @@ void Remplissage_Trace_Decale(Arbre& arbre) {
   const IndexCodes index = IndexDocument();
   ProprietesSequence proprietes;
   Code2 dernier = CodeAucun;
+  std::optional<std::size_t> source, fiche;  // first point and record of the path of that code
   std::int32_t numero = 0;
   for (std::size_t i = 0; i < TraceDecale.size(); ++i) {
     const SequenceDecalee& d = TraceDecale[i];
     if (d.Points.empty()) continue;
-    if (d.Seq != dernier) LitSequence(index, d.Seq, proprietes);
+    if (d.Seq != dernier) {
+      LitSequence(index, d.Seq, proprietes);
+      source = index.PremierPoint(d.Seq);
+      fiche = index.Fiche(d.Seq);
+    }
     dernier = d.Seq;
     GroupeArbre g;
     g.code = d.Seq;
     g.entree = base::Compte(i);
+    g.source = source ? base::Compte(*source) : -1;
+    g.fiche = fiche ? base::Compte(*fiche) : -1;
     g.nombre = base::Compte(d.Points.size());
     g.couleur = proprietes.Fraiser == Faux ? CouleurNonFraisee : Regl.CouleurDecalage;
     const std::string n = std::to_string(++numero);

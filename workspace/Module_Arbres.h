@@ -39,6 +39,8 @@ struct GroupeArbre {
   std::int32_t premier = 0;  // index of its first point in its array
   std::int32_t nombre = 0;   // points
   std::int32_t entree = -1;  // index in TraceDecale; -1 in the tree of the drawing
+  std::int32_t source = -1;  // index of the first point of its path in TraceInitial
+  std::int32_t fiche = -1;   // of its record in Sequences
   bool selectionne = false;  // expanded, in sight, its first point bold and in sight
 };
 
@@ -52,6 +54,8 @@ struct Arbre {
   // Line of a group, and of a point by its place in the group; nothing for what isn't there (any more).
   [[nodiscard]] std::optional<Noeud> Groupe(std::size_t groupe) const;
   [[nodiscard]] std::optional<Noeud> Point(std::size_t groupe, std::size_t rang) const;
+  // The second column of a group: its path in words (see NomChemin); "" where that is gone.
+  [[nodiscard]] std::string Nom(std::size_t groupe) const;
   // The point behind such a line.
   [[nodiscard]] const PointTrace* PointDocument(std::size_t groupe, std::size_t rang) const;
 };

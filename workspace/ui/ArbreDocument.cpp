@@ -1,6 +1,7 @@
 #include "workspace/ui/ArbreDocument.h"
 
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <algorithm>
@@ -15,6 +16,7 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Representation";
+constexpr int LargeurChiffres = 27;  // digits: indentation and "12:345pts 284.0x208.0"
 
 }  // namespace
 
@@ -31,6 +33,9 @@ ArbreDocument::ArbreDocument(SorteArbre sorte, QWidget* parent)
   setIndentation(14);
   modele_->PoseFond(palette().color(QPalette::Base));
   setModel(modele_);
+  // The figures have the room that they need at most; the words have the rest.
+  header()->setStretchLastSection(true);
+  header()->resizeSection(0, LargeurChiffres * fontMetrics().horizontalAdvance(QLatin1Char('0')));
   connect(this, &QTreeView::clicked, this, &ArbreDocument::Choisit);
   connect(this, &QTreeView::expanded, this, [this](const QModelIndex& i) { SuitRacine(i, true); });
   connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& i) { SuitRacine(i, false); });
@@ -92,7 +97,7 @@ void ArbreDocument::Remplit() {
       selectionModel()->setCurrentIndex(choisis.constLast().topLeft(), QItemSelectionModel::NoUpdate);
     }
   }
-  selectionModel()->select(choisis, QItemSelectionModel::ClearAndSelect);
+  selectionModel()->select(choisis, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   verticalScrollBar()->setValue(defile);
 }
 
@@ -100,7 +105,7 @@ void ArbreDocument::RefaitTitres(Code2 code) { modele_->RefaitTitres(code); }
 
 void ArbreDocument::SuitSelection() {
   const std::int32_t derniere = Deploie({});
-  selectionModel()->select(GroupesChoisis(), QItemSelectionModel::ClearAndSelect);
+  selectionModel()->select(GroupesChoisis(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   if (derniere < 0) return;
   const auto& groupes = Donnees().groupes;
   const ModeleArbre::Place courant = ModeleArbre::PlaceDe(currentIndex());

@@ -15,6 +15,9 @@ constexpr quintptr IdRacine = 0;
 constexpr quintptr IdGroupe = 1;
 constexpr quintptr IdPoints = 2;
 
+constexpr int Colonnes = 2;
+constexpr int ColonneNom = 1;
+
 }  // namespace
 
 ModeleArbre::ModeleArbre(SorteArbre sorte, QObject* parent) : QAbstractItemModel(parent) { arbre_.sorte = sorte; }
@@ -45,7 +48,7 @@ void ModeleArbre::RefaitTitres(Code2 code) {
   for (std::size_t i = 0; i < arbre_.groupes.size(); ++i) {
     const GroupeArbre& g = arbre_.groupes[i];
     if (g.code != code) continue;
-    Q_EMIT dataChanged(Groupe(i), Groupe(i));
+    Q_EMIT dataChanged(Groupe(i), Groupe(i).siblingAtColumn(ColonneNom));
     if (g.nombre > 0) Q_EMIT dataChanged(Point(i, 0), Point(i, base::Indice(g.nombre) - 1));
   }
 }
@@ -72,10 +75,10 @@ ModeleArbre::Place ModeleArbre::PlaceDe(const QModelIndex& index) {
 }
 
 QModelIndex ModeleArbre::index(int ligne, int colonne, const QModelIndex& parent) const {
-  if (ligne < 0 || colonne != 0 || ligne >= rowCount(parent)) return {};
-  if (!parent.isValid()) return createIndex(ligne, 0, IdRacine);
-  if (parent.internalId() == IdRacine) return createIndex(ligne, 0, IdGroupe);
-  return createIndex(ligne, 0, IdPoints + static_cast<quintptr>(parent.row()));
+  if (ligne < 0 || colonne < 0 || colonne >= Colonnes || ligne >= rowCount(parent)) return {};
+  if (!parent.isValid()) return createIndex(ligne, colonne, IdRacine);
+  if (parent.internalId() == IdRacine) return createIndex(ligne, colonne, IdGroupe);
+  return createIndex(ligne, colonne, IdPoints + static_cast<quintptr>(parent.row()));
 }
 
 QModelIndex ModeleArbre::parent(const QModelIndex& enfant) const {
@@ -86,18 +89,27 @@ QModelIndex ModeleArbre::parent(const QModelIndex& enfant) const {
 
 int ModeleArbre::rowCount(const QModelIndex& parent) const {
   if (!parent.isValid()) return arbre_.racine.cle.empty() ? 0 : 1;
+  if (parent.column() > 0) return 0;
   if (parent.internalId() == IdRacine) return base::Compte(arbre_.groupes.size());
   const auto ligne = base::Indice(parent.row());
   if (parent.internalId() != IdGroupe || ligne >= arbre_.groupes.size()) return 0;
   return arbre_.groupes[ligne].nombre;
 }
 
-int ModeleArbre::columnCount(const QModelIndex& /*parent*/) const { return 1; }
+int ModeleArbre::columnCount(const QModelIndex& /*parent*/) const { return Colonnes; }
 
 Qt::ItemFlags ModeleArbre::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::NoItemFlags;
   const Qt::ItemFlags communs = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
   return index.internalId() >= IdPoints ? communs | Qt::ItemNeverHasChildren : communs;
+}
+
+// In grey: it says once more, in words, what the figures beside it and the panel hold.
+QVariant ModeleArbre::Nom(const Place& place, int role) const {
+  if (place.niveau != NiveauNoeud::Sequence) return {};
+  if (role == Qt::ForegroundRole) return GrisLisible(fond_);
+  if (role == Qt::DisplayRole) return QString::fromStdString(arbre_.Nom(place.groupe));
+  return {};
 }
 
 QVariant ModeleArbre::data(const QModelIndex& index, int role) const {
@@ -106,6 +118,7 @@ QVariant ModeleArbre::data(const QModelIndex& index, int role) const {
       role == Qt::DisplayRole || role == Qt::ForegroundRole || role == Qt::FontRole || role == Qt::DecorationRole;
   if (!utile) return {};
   const Place place = PlaceDe(index);
+  if (index.column() == ColonneNom) return Nom(place, role);
   if (place.niveau == NiveauNoeud::Racine && role == Qt::DecorationRole) {
     return IconeProgramme(QString::fromLatin1(ouverte_ ? arbre_.racine.imageDeveloppe : arbre_.racine.image));
   }

@@ -10,7 +10,8 @@
 
 namespace ovelin {
 
-// One root, below it a row for each group, below that one for each of its points.
+// Two columns: the line of the tree, and beside that of a path what it is in words. One root, below it a row for
+// each group, below that one for each of its points.
 class ModeleArbre : public QAbstractItemModel {
   Q_OBJECT
  public:
@@ -45,6 +46,7 @@ class ModeleArbre : public QAbstractItemModel {
   [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
+  [[nodiscard]] QVariant Nom(const Place& place, int role) const;
   [[nodiscard]] QColor Couleur(std::int32_t couleur) const;
 
   Arbre arbre_;
