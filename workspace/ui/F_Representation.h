@@ -2,6 +2,7 @@
 // to the procedures and shows what comes back.
 #pragma once
 
+#include <QByteArray>
 #include <QMainWindow>
 #include <QSplitter>
 #include <functional>
@@ -142,6 +143,7 @@ class F_Representation : public QMainWindow {
   QTimer* Timer_Fin_ = nullptr;    // the machine is stopping, the window closes behind it
   std::optional<CleTexte> carte_;  // the board's name as it is shown
   int collees_ = 0;                // copies pasted since the last one was made
+  QByteArray copiee_;              // what the clipboard held when PressePapiers was filled
   bool charge_ = false;
   bool ouvre_ = false;         // an opening runs, its dialogs included
   bool fermetureDue_ = false;  // the window was to close meanwhile

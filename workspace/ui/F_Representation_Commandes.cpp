@@ -1,4 +1,7 @@
 // The commands of the main window, by name.
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
 #include <QPointer>
 #include <algorithm>
 #include <filesystem>
@@ -23,6 +26,7 @@
 #include "toolpath/Module_Ordre.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
+#include "toolpath/chemins/TexteCopie.h"
 #include "workspace/ApercuFichier.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Enregistrement.h"
@@ -38,7 +42,8 @@ namespace ovelin {
 namespace {
 
 constexpr double PasFleche = 0.1, PasFlecheLong = 1.0;  // mm
-constexpr double EcartCopie = 10;                       // mm, from a path to its copy, in X and Y
+constexpr const char* GenreCopie = "application/x-ovelin-sequences";
+constexpr double EcartCopie = 10;  // mm, from a path to its copy, in X and Y
 
 }  // namespace
 
@@ -246,9 +251,23 @@ void F_Representation::Annule(const std::function<ResultatAnnulation(const Croch
 void F_Representation::Copie() {
   if (!CopieSelection()) return Svc.Bip();
   collees_ = 0;
+  auto* donnees = new QMimeData;  // the clipboard's from now on
+  copiee_ = QByteArray::fromStdString(TexteDeCopie(PressePapiers));
+  donnees->setData(QLatin1String(GenreCopie), copiee_);
+  QApplication::clipboard()->setMimeData(donnees);
 }
 
 void F_Representation::Colle() {
+  // Another program of this kind may have copied since.
+  const QMimeData* donnees = QApplication::clipboard()->mimeData();
+  const QByteArray dehors = donnees != nullptr ? donnees->data(QLatin1String(GenreCopie)) : QByteArray();
+  if (!dehors.isEmpty() && dehors != copiee_) {
+    copiee_ = dehors;
+    collees_ = 0;
+    if (ovelin::Copie copie = CopieDuTexte(dehors.toStdString(), Regl.ProfFraisage); !copie.Vide()) {
+      PressePapiers = std::move(copie);
+    }
+  }
   const bool vide = TraceInitial.empty();
   const double pas = EcartCopie * (vide ? 0 : collees_ + 1);
   if (!ColleCopie(pas, pas)) return Svc.Bip();

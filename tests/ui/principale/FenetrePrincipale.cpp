@@ -1,5 +1,6 @@
 #include "tests/ui/principale/FenetrePrincipale.h"
 
+#include <QClipboard>
 #include <filesystem>
 
 #include "app/ovelin/Composition.h"
@@ -15,6 +16,7 @@ namespace essai {
 using namespace ovelin;
 
 void Principale::SetUp() {
+  QApplication::clipboard()->clear();  // of the test before
   ovelin::InstalleTable(TableFenetres());
   ovelin::OuvreFenetre = [this](const std::string& nom, QWidget*) {
     if (nom == "F_PilMan" && !manuelle_) return IssueFenetre::Ouverte;

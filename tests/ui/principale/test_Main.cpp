@@ -1,13 +1,18 @@
 // The hand in the main window: Escape, copies, forward again, the warning beside the picture.
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
 #include <QWheelEvent>
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
+#include "toolpath/Module_Copie.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
+#include "toolpath/chemins/TexteCopie.h"
 #include "workspace/Module_Image.h"
 #include "workspace/Module_Prise.h"
 #include "workspace/Module_Souris.h"
@@ -47,6 +52,43 @@ TEST_F(ParLaMain, CopyAndPasteByKeysIntoTheNextDrawing) {
   EXPECT_EQ(Selectionnes().size(), copies);
   Commande("mnu_Coller");
   EXPECT_EQ(ListeCodes().size(), avant + 2 * copies);
+}
+
+// What another program has put there, and nothing has been copied here.
+TEST_F(ParLaMain, PathsThatAnotherProgramHasCopiedArePasted) {
+  Charge(Exemple("plaque.dxf"));
+  const std::size_t avant = ListeCodes().size();
+  Copie copie;
+  copie.points = essai::Trace("ZZ", {{0, 0}, {0, 7}, {9, 7}, {9, 0}, {0, 0}});
+  copie.fiches.resize(1);
+  copie.fiches[0].Code = Code2("ZZ");
+  copie.fiches[0].Profondeur = -2.5;
+  copie.fiches[0].Fraiser = Vrai;
+  copie.fiches[0].Decalage = 2;
+  auto* donnees = new QMimeData;
+  donnees->setData("application/x-ovelin-sequences", QByteArray::fromStdString(TexteDeCopie(copie)));
+  QApplication::clipboard()->setMimeData(donnees);
+  Commande("mnu_Coller");
+  ASSERT_EQ(ListeCodes().size(), avant + 1);
+  EXPECT_EQ(Sequences.back().Profondeur, -2.5);
+  EXPECT_EQ(Sequences.back().Decalage, 2);
+  EXPECT_EQ(TraceInitial.back().X, 10) << "a step beside the original";
+  // A copy made here comes before what is still there, and goes to other programs.
+  Commande("mnu_Tout");
+  Commande("mnu_Copier");
+  const QByteArray texte = QApplication::clipboard()->mimeData()->data("application/x-ovelin-sequences");
+  EXPECT_EQ(CopieDuTexte(texte.toStdString(), -3), PressePapiers);
+}
+
+TEST_F(ParLaMain, WhatIsNoPathInTheClipboardIsNotPasted) {
+  Charge(Exemple("plaque.dxf"));
+  const std::size_t avant = ListeCodes().size();
+  auto* donnees = new QMimeData;
+  donnees->setData("application/x-ovelin-sequences", QByteArray("nothing\x01 of that kind"));
+  QApplication::clipboard()->setMimeData(donnees);
+  Commande("mnu_Coller");
+  EXPECT_EQ(ListeCodes().size(), avant);
+  EXPECT_EQ(essai::Bips(), 1);
 }
 
 TEST_F(ParLaMain, ADuplicateIsTakenBackAndComesAgain) {
