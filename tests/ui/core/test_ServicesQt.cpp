@@ -15,6 +15,7 @@
 #include "core/Fichiers.h"
 #include "core/Reglages.h"
 #include "core/Textes.h"
+#include "core/ui/TraduitFenetre.h"
 #include "tests/ui/core/BancServices.h"
 
 namespace {
@@ -108,6 +109,23 @@ TEST_F(ServicesQt, ButtonsAreTranslated) {
     box.reject();
   });
   EXPECT_EQ(Svc.Montre(UneBoite(Boutons::OuiNonAnnuler)), Reponse::Annuler);
+}
+
+// A question that changes or loses something says on its buttons what each does.
+TEST_F(ServicesQt, QuestionsHaveVerbsOnTheirButtons) {
+  for (const std::string& langue : essai::LanguesDuProduit()) {
+    essai::ChoisitLangue(langue);
+    const QString oui = TexteQt(Textes::BoutonOui);
+    const QString non = TexteQt(Textes::BoutonNon);
+    for (const CleTexte texte :
+         {Textes::EnregistreVide, Textes::DefautPuisFin, Textes::RemetDefauts, Textes::ProfondeursInegales,
+          Textes::SupprimerTout, Textes::SupprimePoints, Textes::EnregistreModifie, Textes::TravailNonEnregistre,
+          Textes::RemplaceFichier, Textes::ClavierTenu, Textes::NouvelleVersion, Textes::TableDifferente}) {
+      const auto box = FaitBoite(BoiteDe(texte, Icone::Question, Boutons::OuiNon), nullptr);
+      EXPECT_NE(box->button(QMessageBox::Yes)->text(), oui) << langue << " " << texte.Cle();
+      EXPECT_NE(box->button(QMessageBox::No)->text(), non) << langue << " " << texte.Cle();
+    }
+  }
 }
 
 TEST_F(ServicesQt, ABoxBelongsToTheWindowInFront) {
