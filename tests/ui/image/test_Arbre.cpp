@@ -73,6 +73,25 @@ TEST(Remplit, TheTreeOfTheToolPathHasItsOwnHeadlinesAndColour) {
   EXPECT_EQ(b.arbre.model()->rowCount(b.Racine()), 0) << "the root alone";
 }
 
+TEST(Remplit, ASecondColumnSaysWhatAPathIs) {
+  Regl.Langue = "en";
+  DeuxCarres();
+  Arbre1 a;
+  const auto* modele = a.arbre.model();
+  const auto nom = [&](int g) { return modele->data(a.Groupe(g).siblingAtColumn(1)).toString(); };
+  EXPECT_EQ(nom(0), QStringLiteral("Outline 40.0 x 40.0, -3.0"));
+  EXPECT_FALSE(modele->data(a.Point(0, 0).siblingAtColumn(1)).isValid());
+  Sequences[0].Poche = Vrai;
+  EXPECT_EQ(nom(0), QStringLiteral("Outline 40.0 x 40.0, -3.0, pocket"));
+  // A click on the words is one on their line.
+  a.arbre.scrollTo(a.Groupe(1));
+  QTest::mouseClick(a.arbre.viewport(), Qt::LeftButton, {},
+                    a.arbre.visualRect(a.Groupe(1).siblingAtColumn(1)).center());
+  essai::Evenements();
+  EXPECT_TRUE(Choisie("AB"));
+  EXPECT_FALSE(Choisie("AA"));
+}
+
 TEST(Remplit, KeepsToTheRulesOfAModel) {
   DeuxCarres();
   Arbre1 a;
