@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <span>
+#include <vector>
 
 #include "base/Indices.h"
 #include "core/DocumentCourant.h"
@@ -66,6 +68,54 @@ PlusProche SegmentProche(const PointTrace& p) {
   return proche;
 }
 
+// A path without that attachment point: the point goes where the path is straight, else it stays as an ordinary
+// one.
+std::vector<PointTrace> SansAttache(std::span<const PointTrace> run, std::size_t rang) {
+  std::vector<PointTrace> reste(run.begin(), run.end());
+  const bool milieu = rang > 0 && rang + 1 < run.size();
+  if (milieu && DistancePoints(Pied(run[rang], run[rang - 1], run[rang + 1]), run[rang]) < ResolutionRetrait) {
+    reste.erase(reste.begin() + static_cast<std::ptrdiff_t>(rang));
+  } else {
+    reste[rang].Cde = CodePD;
+  }
+  return reste;
+}
+
+// Neither at the start or the end of its path nor over another one.
+bool Tient(std::span<const PointTrace> run, const PointTrace& q) {
+  const double t = RayonEncoche();
+  if (DistancePoints(q, run.front()) < t || DistancePoints(q, run.back()) < t) return false;
+  return std::none_of(run.begin(), run.end(), [&](const PointTrace& p) {
+    return p.Cde == CodePC && DistancePoints(q, p) < LargeurEncoche;
+  });
+}
+
+// A path with its attachment point at the new place.
+struct Deplacement {
+  PointTrace lieu;
+  std::vector<PointTrace> points;
+};
+
+std::optional<Deplacement> Deplace(std::int32_t index, const PointTrace& vers) {
+  const std::size_t i = base::Indice(index);
+  if (i >= TraceInitial.size() || TraceInitial[i].Cde != CodePC) return std::nullopt;
+  const std::int32_t premier = IndexSequence(TraceInitial[i].Seq);
+  const std::span<const PointTrace> run =
+      PointsDe(TraceInitial, EtendueDepuis(TraceInitial, base::Indice(premier)));
+  const std::size_t rang = i - base::Indice(premier);
+  if (rang >= run.size()) return std::nullopt;  // of a second run of that code
+  Deplacement d{{}, SansAttache(run, rang)};
+  std::size_t fin = 0;
+  double meilleur = std::numeric_limits<double>::infinity();
+  for (std::size_t k = 1; k < d.points.size(); ++k) {
+    const PointTrace q = Pied(vers, d.points[k - 1], d.points[k]);
+    if (const double loin = DistanceCarree(vers, q); loin < meilleur) meilleur = loin, fin = k, d.lieu = q;
+  }
+  if (fin == 0 || !Tient(d.points, d.lieu)) return std::nullopt;
+  d.points.insert(d.points.begin() + static_cast<std::ptrdiff_t>(fin), d.lieu);
+  return d;
+}
+
 bool Refuse() {
   Svc.Bip();
   return false;
@@ -87,12 +137,7 @@ bool AjouteAttache(float x, float y) {
   const PointTrace& q = proche.pied;
   // Too far from everything: no sound, the click was meant for something else.
   if (2 * t < DistancePoints(clic, q)) return false;
-  const std::span<const PointTrace> run = PointsDe(TraceInitial, proche.sequence);
-  if (DistancePoints(q, run.front()) < t || DistancePoints(q, run.back()) < t) return Refuse();
-  const bool serre = std::any_of(run.begin(), run.end(), [&](const PointTrace& p) {
-    return p.Cde == CodePC && DistancePoints(q, p) < LargeurEncoche;
-  });
-  if (serre) return Refuse();
+  if (!Tient(PointsDe(TraceInitial, proche.sequence), q)) return Refuse();
   InserePoint(base::Compte(proche.fin), q);
   Termine(q.Seq);
   return true;
@@ -116,6 +161,19 @@ bool EnleveAttache(float x, float y) {
   // The point is superfluous again where it lies on a straight line.
   NettoieTout(ResolutionRetrait);
   Termine(code);
+  return true;
+}
+
+std::optional<PointTrace> LieuAttache(std::int32_t index, float x, float y) {
+  const auto d = Deplace(index, {x, y, CodePD, Code2{}});
+  return d ? std::optional(d->lieu) : std::nullopt;
+}
+
+bool DeplaceAttache(std::int32_t index, float x, float y) {
+  const auto d = Deplace(index, {x, y, CodePD, Code2{}});
+  if (!d) return Refuse();
+  RemplaceSequence(d->lieu.Seq, d->points);
+  Termine(d->lieu.Seq);
   return true;
 }
 

@@ -5,12 +5,14 @@
 #include <functional>
 #include <utility>
 
+#include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/RunCourant.h"
 #include "core/Services.h"
+#include "toolpath/Attaches.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
 
@@ -119,14 +121,38 @@ Poignees PoigneesDe(const BoiteSelection& boite, const TailleImage& taille) {
           {milieu, c.hautGauche.Y - Hampe}};
 }
 
+namespace {
+
+// The attachment point nearest to the press, within a few pixels of it; -1: none.
+std::int32_t AttacheSous(const EvenementSouris& e, const TailleImage& taille) {
+  std::int32_t trouvee = -1;
+  float meilleur = Portee;
+  for (std::size_t i = 0; i < TraceInitial.size(); ++i) {
+    if (TraceInitial[i].Cde != CodePC) continue;
+    const PointTrace p = VersEcran(Vue, taille.hauteur, TraceInitial[i]);
+    const float loin = std::hypot(p.X - e.X, p.Y - e.Y);
+    if (loin <= meilleur) meilleur = loin, trouvee = base::Compte(i);
+  }
+  return trouvee;
+}
+
+}  // namespace
+
 void PrepareTirage(const EvenementSouris& e, const TailleImage& taille) {
   Prise = EtatPrise{};
   Prise.x0 = e.X;
   Prise.y0 = e.Y;
   Prise.avant = CodesSelectionnes();
   // The grips belong to the quiet picture, which shows them.
+  if (!Regl.DessinSobre) return;
+  Prise.attache = AttacheSous(e, taille);
+  if (Prise.attache >= 0) {
+    Prise.sorte = SortePrise::Attache;
+    Prise.rend = true;
+    return;
+  }
   const BoiteSelection boite = BoiteDe(Doc);
-  if (boite.vide || !Regl.DessinSobre) return;
+  if (boite.vide) return;
   const Poignees p = PoigneesDe(boite, taille);
   if (Pres(p.tourne, e.X, e.Y)) Prise.sorte = SortePrise::Tourne;
   if (std::any_of(std::begin(p.coins), std::end(p.coins), [&](const PointEcran& q) { return Pres(q, e.X, e.Y); })) {
@@ -154,7 +180,13 @@ bool Tire(const EvenementSouris& e, const TailleImage& taille, SuiteSouris& suit
       suite.redessine = true;
     }
     Prise.boite = BoiteDe(Doc);
-    if (Prise.boite.vide) AbandonneTirage();
+    if (Prise.boite.vide && Prise.sorte != SortePrise::Attache) AbandonneTirage();
+  }
+  if (Prise.sorte == SortePrise::Attache) {
+    const PointTrace ici = EnDessin(taille, e.X, e.Y);
+    Prise.x = ici.X;
+    Prise.y = ici.Y;
+    return true;
   }
   if (Prise.sorte == SortePrise::Deplace) {
     Deplace(e);
@@ -187,6 +219,9 @@ bool LacheTirage() {
       }
       break;
     }
+    case SortePrise::Attache:
+      DeplaceAttache(prise.attache, prise.x, prise.y);
+      break;
     case SortePrise::Echelle:
       if (prise.rapport != 1) Dimensionne_Selection(prise.rapport, prise.rapport, true);
       break;
@@ -204,6 +239,7 @@ void AbandonneTirage() { Prise = EtatPrise{}; }
 std::string TexteTirage() {
   switch (Prise.tire ? Prise.sorte : SortePrise::Aucune) {
     case SortePrise::Aucune:
+    case SortePrise::Attache:
       return "";
     case SortePrise::Deplace:
       return Formate(Prise.dx, "0.0") + ", " + Formate(Prise.dy, "0.0") + " mm";

@@ -1,6 +1,6 @@
-// The selection taken by the mouse: moved where a selected path is held, scaled at the corners of its box, turned
-// at the grip above it. Nothing changes before the button comes up; then the procedures of the panel's fields do
-// it.
+// The selection, or an attachment point, taken by the mouse: moved where a selected path is held, scaled at the
+// corners of its box, turned at the grip above it. Nothing changes before the button comes up; then the procedures
+// of the panel's fields do it.
 #pragma once
 
 #include <cstdint>
@@ -12,18 +12,20 @@
 
 namespace ovelin {
 
-enum class SortePrise : std::uint8_t { Aucune, Deplace, Echelle, Tourne };
+enum class SortePrise : std::uint8_t { Aucune, Deplace, Echelle, Tourne, Attache };
 
 struct EtatPrise {
   SortePrise sorte = SortePrise::Aucune;
-  bool tire = false;         // the mouse has gone so far that it is a drag
-  float x0 = 0, y0 = 0;      // of the press, twips
-  std::vector<Code2> avant;  // selection of before the press
-  bool rend = false;         // it comes back with the drag
-  BoiteSelection boite;      // of what is dragged, mm
-  double dx = 0, dy = 0;     // mm
-  double rapport = 1;        // of the size
-  double angle = 0;          // radians
+  bool tire = false;          // the mouse has gone so far that it is a drag
+  float x0 = 0, y0 = 0;       // of the press, twips
+  std::vector<Code2> avant;   // selection of before the press
+  bool rend = false;          // it comes back with the drag
+  BoiteSelection boite;       // of what is dragged, mm
+  double dx = 0, dy = 0;      // mm
+  double rapport = 1;         // of the size
+  double angle = 0;           // radians
+  std::int32_t attache = -1;  // the attachment point that is held, in TraceInitial ...
+  float x = 0, y = 0;         // ... and where the mouse is with it, mm
 };
 extern EtatPrise Prise;
 

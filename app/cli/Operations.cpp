@@ -333,6 +333,7 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"CB_BD", [](A a) { return Materiau(a); }},
       // attachment points
       {"AjouteAttache", [](A a) { return AjouteAttache(a.Reel("x"), a.Reel("y")); }},
+      {"DeplaceAttache", [](A a) { return DeplaceAttache(a.Entier("index"), a.Reel("x"), a.Reel("y")); }},
       {"EnleveAttache", [](A a) { return EnleveAttache(a.Reel("x"), a.Reel("y")); }},
       {"PoseAttaches", SurSelection([](A a) { return Attaches(a); })},
       // order, clean-up, drag knife, text

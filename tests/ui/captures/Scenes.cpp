@@ -1,5 +1,6 @@
 #include "tests/ui/captures/Scenes.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QMessageBox>
 #include <QPushButton>
@@ -44,6 +45,21 @@ std::function<void(QWidget&)> Page(int page, std::size_t choisies) {
     essai::Controle<QTabBar>(fenetre, "Option1")->setCurrentIndex(page);
     ovelin::Svc.Rafraichit();
   };
+}
+
+// Three changes and a look, the last change taken back, beside their list.
+void Pas(QWidget& fenetre) {
+  auto* image = essai::Controle<QWidget>(fenetre, "PB1");
+  const auto commande = [&fenetre](const char* nom) {
+    essai::Controle<QAction>(fenetre, nom)->trigger();
+    essai::Evenements();
+  };
+  for (int i = 0; i < 2; ++i) QTest::keyClick(image, Qt::Key_Right, Qt::ShiftModifier);
+  commande("mnu_Dupliquer");
+  commande("mnu_ZoomMoins");
+  QTest::keyClick(image, Qt::Key_Up, Qt::ShiftModifier);
+  commande("mnu_Undo");
+  commande("mnu_Historique");
 }
 
 // The workshop with the drawing's own job, looked at that way, and a line in it that it refuses.
@@ -157,6 +173,7 @@ std::vector<Scene> Principales() {
       {"F_Representation-plaque-sequences", "plaque.dxf", true, Principale, Page(2, 2), {petite, moyenne}},
       {"F_Representation-enseigne", "enseigne.plt", true, Principale, Page(1, 0), {moyenne, grande}},
       {"F_Representation-poches", "plaque-poches.OVL", true, Principale, Page(2, 2), {moyenne}},
+      {"F_Representation-historique", "plaque.dxf", true, Principale, Pas, {petite, moyenne}},
       {"F_Representation-attaches", "equerre-attaches.OVL", true, Principale, Page(1, 1), {moyenne}},
   };
 }

@@ -21,6 +21,38 @@ void CompteRafraichissements() {
   Svc.Rafraichit = [] { ++Rafraichissements; };
 }
 
+// --- moved along its path
+
+TEST(DeplaceAttache, KeepsACornerThatCarriedAMark) {
+  essai::AjouteSequence(" A", {{0, 0}, {50, 0}, {50, 50}}, 2);
+  TraceInitial[1].Cde = CodePC;
+  LargeurEncoche = 2;
+  ASSERT_TRUE(DeplaceAttache(1, 52, 25));
+  ASSERT_EQ(TraceInitial.size(), 4U);
+  EXPECT_EQ(TraceInitial[1], (PointTrace{50, 0, CodePD, Code2(" A")}));
+  EXPECT_EQ(TraceInitial[2], (PointTrace{50, 25, CodePC, Code2(" A")}));
+}
+
+TEST(DeplaceAttache, GoesNoNearerToAnotherThanTheWidthOfANotch) {
+  essai::AjouteSequence(" A", {{0, 0}, {20, 0}, {60, 0}, {100, 0}}, 2);
+  TraceInitial[1].Cde = TraceInitial[2].Cde = CodePC;
+  LargeurEncoche = 5;
+  EXPECT_FALSE(DeplaceAttache(1, 56, 3));
+  EXPECT_EQ(TraceInitial[1].X, 20);
+  EXPECT_FALSE(LieuAttache(1, 56, 3));
+  EXPECT_EQ(essai::Bips(), 1);
+  ASSERT_TRUE(DeplaceAttache(1, 54, 3));
+  EXPECT_EQ(TraceInitial[1].X, 54);
+  ASSERT_TRUE(DeplaceAttache(1, 80, 3)) << "over the other one";
+  EXPECT_EQ(TraceInitial[1].X, 60);
+  EXPECT_EQ(TraceInitial[2].X, 80);
+}
+
+TEST(DeplaceAttache, RefusesWhatIsNoAttachmentPoint) {
+  essai::AjouteSequence(" A", {{0, 0}, {20, 0}, {60, 0}}, 2);
+  for (const int index : {-1, 1, 99}) EXPECT_FALSE(DeplaceAttache(index, 10, 0)) << index;
+}
+
 }  // namespace
 
 TEST(AjouteAttache, InsertsTheMarkAtTheFootOnTheNearestSegment) {

@@ -203,4 +203,52 @@ TEST(Echappe, LaysAToolDownThenDeselects) {
   EXPECT_FALSE(Echappe().redessine);
 }
 
+// The left side of the square at (20, 20) runs up from (20, 20) to (20, 40): a mark at (20, 30) is its second
+// point.
+void CarreAttache() {
+  DeuxCarres();
+  Regl.DessinSobre = true;
+  LargeurEncoche = 2;
+  RayonFraise = 0.5;
+  TraceInitial.insert(TraceInitial.begin() + 1, PointTrace{20, 30, CodePC, Code2(" A")});
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+}
+
+TEST(Tirage, MovesAnAttachmentPointAlongItsPath) {
+  CarreAttache();
+  const auto avant = TraceInitial;
+  Presse(20, 30);
+  EXPECT_EQ(Prise.sorte, SortePrise::Attache);
+  Bouge(30, 41);
+  EXPECT_EQ(TraceInitial, avant) << "nothing before";
+  Bouge(32, 46);
+  Lache(32, 46);
+  ASSERT_EQ(TraceInitial.size(), avant.size());
+  // The upper side is the nearest there: the mark stands behind the second corner now.
+  EXPECT_EQ(TraceInitial[1], (PointTrace{20, 40, CodePD, Code2(" A")}));
+  EXPECT_EQ(TraceInitial[2], (PointTrace{32, 40, CodePC, Code2(" A")}));
+  EXPECT_EQ(Choisies(), "") << "the selection is that of before the press";
+}
+
+TEST(Tirage, AnAttachmentPointStaysWhereItWouldBeTooNearToTheStart) {
+  CarreAttache();
+  const auto avant = TraceInitial;
+  Presse(20, 30);
+  Bouge(20, 25);
+  Bouge(20, 20.5F);
+  Lache(20, 20.5F);
+  EXPECT_EQ(TraceInitial, avant);
+  EXPECT_EQ(essai::Bips(), 1);
+}
+
+TEST(Tirage, EscapeLeavesAnAttachmentPoint) {
+  CarreAttache();
+  const auto avant = TraceInitial;
+  Presse(20, 30);
+  Bouge(30, 41);
+  Echappe();
+  Lache(30, 41);
+  EXPECT_EQ(TraceInitial, avant);
+}
+
 }  // namespace

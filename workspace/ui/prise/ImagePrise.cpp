@@ -6,6 +6,7 @@
 #include "core/ui/Theme.h"
 #include "image/SceneSelection.h"
 #include "image/ui/PeintScene.h"
+#include "toolpath/Attaches.h"
 #include "workspace/Module_Prise.h"
 
 namespace ovelin {
@@ -37,6 +38,16 @@ void ImagePrise::PeintPoignees(QPainter& peintre, const TailleImage& taille, con
   PeintScene(peintre, scene, couleurs);
 }
 
+// Where the attachment point would come to lie; nothing where it can't.
+void ImagePrise::PeintAttache(QPainter& peintre, const TailleImage& taille, const Palette& couleurs) {
+  const auto lieu = LieuAttache(Prise.attache, Prise.x, Prise.y);
+  if (!lieu) return;
+  const PointTrace p = VersEcran(Vue, taille.hauteur, *lieu);
+  Scene scene;
+  scene.AjouteDisque(Role::Poignee, {p.X, p.Y}, CotePoignee * 0.75F);
+  PeintScene(peintre, scene, couleurs);
+}
+
 void ImagePrise::Peint(QPainter& peintre, const TailleImage& taille, const OptionsScene& options,
                        const Palette& couleurs) {
   if (!Prise.tire) {
@@ -44,6 +55,7 @@ void ImagePrise::Peint(QPainter& peintre, const TailleImage& taille, const Optio
     if (options.sobre) PeintPoignees(peintre, taille, couleurs);
     return;
   }
+  if (Prise.sorte == SortePrise::Attache) return PeintAttache(peintre, taille, couleurs);
   if (!fait_ || vue_ != Vue) {
     contour_.Vide();
     AjouteContour(Doc, Vue, taille, options, contour_);

@@ -17,6 +17,7 @@ class ImagePrise {
   void Peint(QPainter& peintre, const TailleImage& taille, const OptionsScene& options, const Palette& couleurs);
 
  private:
+  static void PeintAttache(QPainter& peintre, const TailleImage& taille, const Palette& couleurs);
   void PeintPoignees(QPainter& peintre, const TailleImage& taille, const Palette& couleurs) const;
 
   Scene contour_;
