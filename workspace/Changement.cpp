@@ -31,8 +31,6 @@ struct Paire {
 constexpr double EcartMax = 1e-3;      // mm
 constexpr double EcartRelatif = 1e-6;  // of the coordinates, which have 24 bits
 
-bool MemePlace(const PointTrace& a, const PointTrace& b) { return a.X == b.X && a.Y == b.Y; }
-
 // The runs of a state by their code; the first one of a code counts.
 std::unordered_map<std::uint32_t, Run> ParCode(Run points) {
   std::unordered_map<std::uint32_t, Run> runs;
