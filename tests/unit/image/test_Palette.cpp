@@ -70,7 +70,12 @@ TEST(Palette, EveryColourCanBeToldFromLightAndFromDarkPaper) {
       r.CouleurNumero = r.CouleurSequence = r.CouleurInitial = couleur;
       r.Couleurselectionne = r.CouleurDecalage = r.CouleurEncoche = couleur;
       const Palette p = ConstruitPalette(r, theme);
-      for (const Aspect& aspect : p.aspects) {
+      for (std::size_t i = 0; i < NombreRoles; ++i) {
+        const Aspect& aspect = p.aspects[i];
+        if (static_cast<Role>(i) == Role::FondMesure) {
+          EXPECT_EQ(aspect.couleur, p.papier) << "the paper itself";
+          continue;
+        }
         EXPECT_GE(Contraste(aspect.couleur, p.papier), 2.95);
         const std::int32_t sous = aspect.fond == SansFond ? p.papier : aspect.fond;
         EXPECT_GE(Contraste(aspect.couleurTexte, sous), 2.95);
