@@ -82,7 +82,7 @@ constexpr std::array Commandes{
       .groupe = 1,
       .texte = "&Historique",
       .touches = "Ctrl+H",
-      .barre = 42,
+      .contexte = 23,
       .bascule = true,
       .course = true},
     C{.nom = "mnu_Tout",

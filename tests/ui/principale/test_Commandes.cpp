@@ -72,8 +72,8 @@ TEST_F(Commandes, TheMenuOfThePictureOffersTheSelectionTheViewAndTheWork) {
   auto* menu = C<QMenu>("mnu_Contexte");
   EXPECT_THAT(Noms(menu->actions()),
               ElementsAre("mnu_Tout", "mnu_InverseSelection", "mnu_Supprimer", "mnu_Copier", "mnu_Coller",
-                          "mnu_Dupliquer", "mnu_Repeter", "|", "mnu_Undo", "mnu_Redo", "|", "mnu_Zoom1",
-                          "mnu_ZoomSelection", "|", "mnu_Lever", "mnu_Fraisage", "mnu_Attaches"));
+                          "mnu_Dupliquer", "mnu_Repeter", "|", "mnu_Undo", "mnu_Redo", "mnu_Historique", "|",
+                          "mnu_Zoom1", "mnu_ZoomSelection", "|", "mnu_Lever", "mnu_Fraisage", "mnu_Attaches"));
   menu->close();
 }
 
