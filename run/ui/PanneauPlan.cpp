@@ -78,6 +78,8 @@ void PanneauPlan::AjouteRangee() {
   r.bouton = Nomme(new QPushButton(this), QStringLiteral("Btn_Remede") + suite);
   r.bouton->setProperty("texteLibre", true);
   r.bouton->setAutoDefault(false);
+  r.bouton->setToolTip(TexteQt(Textes::RemedeBulle));
+  r.bouton->setAccessibleName(r.bouton->toolTip());
   r.texte->hide();
   r.bouton->hide();
   auto* rangee = new QHBoxLayout;
@@ -129,8 +131,8 @@ void PanneauPlan::MontreAvis(const std::vector<Avis>& avis) {
     r.texte->setText(montre.texte);
     r.texte->setVisible(!montre.texte.isEmpty());
     r.bouton->setText(QString::fromStdString(TexteRemede(montre.remede)));
-    r.bouton->setAccessibleName(r.bouton->text());
-    r.bouton->setToolTip(montre.texte);
+    r.bouton->setToolTip(TexteQt(Textes::RemedeBulle));
+    r.bouton->setAccessibleName(montre.texte.isEmpty() ? r.bouton->toolTip() : r.bouton->text());
     r.bouton->setVisible(!r.bouton->text().isEmpty());
   }
 }
