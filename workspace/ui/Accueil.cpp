@@ -1,5 +1,6 @@
 #include "workspace/ui/Accueil.h"
 
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -51,7 +52,7 @@ Accueil::Accueil(QWidget* parent) : QFrame(parent) {
   lecture_ = new QTimer(this);
   lecture_->setObjectName(QStringLiteral("Timer_Accueil"));
   lecture_->setSingleShot(true);
-  connect(lecture_, &QTimer::timeout, this, &Accueil::LitUne);
+  connect(lecture_, &QTimer::timeout, this, &Accueil::LitSuivantes);
   Colore();
 }
 
@@ -136,9 +137,12 @@ void Accueil::Dispose() {
   if (isVisible()) lecture_->start(0);
 }
 
-// One file at a time, from the event loop: the window is there before its pictures.
-void Accueil::LitUne() {
-  constexpr int Attente = 100;  // ms
+// A few files at a time, from the event loop: the window is there before its pictures.
+void Accueil::LitSuivantes() {
+  constexpr int Attente = 100;    // ms
+  constexpr qint64 Tranche = 40;  // ms
+  QElapsedTimer temps;
+  temps.start();
   if (!isVisible()) return;
   if (PasseEnCours()) return lecture_->start(Attente);
   for (Rangee& r : rangees_) {
@@ -147,7 +151,7 @@ void Accueil::LitUne() {
       carte.lue = true;
       carte.points = PointsDuFichier(carte.chemin, Regl);
       Peint(carte);
-      return lecture_->start(0);
+      if (temps.elapsed() > Tranche) return lecture_->start(0);
     }
   }
 }

@@ -50,7 +50,7 @@ class Accueil : public QFrame {
   Rangee FaitRangee(const char* nom, const QString& titre);
   void Remplit(Rangee& rangee, const std::vector<std::string>& chemins);
   void Dispose();
-  void LitUne();
+  void LitSuivantes();
   void Peint(const Carte& carte);
   void Colore();
 

@@ -11,8 +11,8 @@ namespace ovelin {
 namespace {
 
 constexpr double Marge = 3, Tete = 4;  // pixels; of an arrow's head
-constexpr double Haut = 14;            // above the sheet: room for the arrow of the width
-constexpr double Fond = 6;             // of the sheet below the cut
+constexpr double Haut = 12;            // above the sheet: room for the arrow of the width
+constexpr double Fond = 5;             // of the sheet below the cut
 constexpr double PartPont = 0.34;      // of the width of the drawing
 
 void Fleche(QPainter& p, const QPointF& a, const QPointF& b) {

@@ -17,8 +17,8 @@ class CoupeEncoche : public QWidget {
   // How high the bridge is drawn, of the depth: 0 for none, 1 for a bridge as high as the cut.
   [[nodiscard]] double Part() const;
 
-  [[nodiscard]] QSize sizeHint() const override { return {112, 62}; }
-  [[nodiscard]] QSize minimumSizeHint() const override { return {84, 56}; }
+  [[nodiscard]] QSize sizeHint() const override { return {112, 44}; }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {84, 40}; }
 
  protected:
   void paintEvent(QPaintEvent* e) override;

@@ -241,6 +241,7 @@ void F_Representation::Annule(const std::function<ResultatAnnulation(const Croch
   const ResultatAnnulation resultat = pas(crochets);
   if (!resultat.fait) return;
   SuitAnnulation(resultat.bouton);
+  Parle();  // the picture was drawn while the snapshot was the current file
   panneau_->OublieDeplacement();
   panneau_->InitSeq();
   panneau_->Fraisage()->RemplitOutil();

@@ -61,6 +61,11 @@ QGroupBox* PageFraisage::Selection() {
   grille->addWidget(cote_, 2, 0, 1, 2);
   grille->addWidget(Cotes(), 3, 0, 1, 2);
   melange_ = Phrase("Lbl_Melange", "");
+  // Its line is kept free: the page must not grow with what is selected.
+  melange_->setMinimumHeight(melange_->fontMetrics().lineSpacing());
+  QSizePolicy place = melange_->sizePolicy();
+  place.setRetainSizeWhenHidden(true);
+  melange_->setSizePolicy(place);
   grille->addWidget(melange_, 4, 0, 1, 2);
   grille->setColumnStretch(0, 1);
   grille->setColumnStretch(1, 1);

@@ -16,8 +16,8 @@ namespace ovelin {
 
 namespace {
 
-constexpr QSize TailleVignette(66, 44);
-constexpr int LargeurPanneau = 236;
+constexpr QSize TailleVignette(54, 38);
+constexpr int LargeurPanneau = 268;
 
 }  // namespace
 

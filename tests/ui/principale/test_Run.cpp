@@ -40,8 +40,9 @@ TEST_F(PendantUnRun, WhatOpensSavesUndoesOrChangesIsOffAndViewAndSelectionStay) 
                           "mnu_Optimisation", "mnu_Nettoyage", "mnu_BD", "mnu_Soudure", "mnu_Defaut"}) {
     EXPECT_FALSE(Menu(nom)->isEnabled()) << nom;
   }
-  for (const char* nom : {"mnu_Fraisage", "mnu_Gcode", "mnu_Quitter", "mnu_Tout", "mnu_InverseSelection",
-                          "mnu_ZoomPlus", "mnu_ZoomSelection", "mnu_NumPoint", "mnu_Panneau", "mnu_ParamAppli"}) {
+  for (const char* nom :
+       {"mnu_Fraisage", "mnu_Gcode", "mnu_Quitter", "mnu_Tout", "mnu_InverseSelection", "mnu_Historique",
+        "mnu_ZoomPlus", "mnu_ZoomSelection", "mnu_NumPoint", "mnu_Panneau", "mnu_ParamAppli"}) {
     EXPECT_TRUE(Menu(nom)->isEnabled()) << nom;
   }
   EXPECT_FALSE(C<QComboBox>("CB_BD")->isEnabled());
