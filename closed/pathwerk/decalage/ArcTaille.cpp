@@ -108,7 +108,7 @@ bool ArcTailleur::TailleArc(std::size_t i, Vec2 u0, Vec2 u1) {
   return Taille();
 }
 
-// What ended a stretch before ends it mostly once more, and comes first.
+// What ended a stretch before ends it mostly once more, and comes first; then it need not be tried again.
 bool ArcTailleur::Reprend(const PieceBrute& piece, std::span<const Intervalle> avant) {
   arc_ = piece.arc;
   i_ = piece.source;
@@ -117,10 +117,15 @@ bool ArcTailleur::Reprend(const PieceBrute& piece, std::span<const Intervalle> a
   fin_ = piece.fin;
   reste_.assign(avant.begin(), avant.end());
   Cadre();
-  for (const std::uint32_t cause : {avant.front().de.cause, avant.back().a.cause}) {
+  const std::uint32_t causes[] = {avant.front().de.cause, avant.back().a.cause};
+  for (const std::uint32_t cause : causes) {
     if (cause != Naturel && !reste_.empty()) Essaie(cause);
   }
-  return !reste_.empty() && Taille();
+  essayes_[0] = causes[0];
+  essayes_[1] = causes[1];
+  const bool libre = !reste_.empty() && Cherche();
+  essayes_[0] = essayes_[1] = Naturel;
+  return libre;
 }
 
 void ArcTailleur::Cadre() {
@@ -149,6 +154,7 @@ bool ArcTailleur::TropLoin(std::size_t noeud) const {
 }
 
 void ArcTailleur::Essaie(std::size_t j) {
+  if (j == i_ || j == essayes_[0] || j == essayes_[1]) return;
   if (arc_) {
     RetireDArc(j);
   } else {
@@ -234,7 +240,10 @@ bool ArcTailleur::Taille() {
   for (std::size_t k = 1; k <= Memorises && !reste_.empty(); ++k) {
     Essaie(derniers_[(tour_ + Memorises - k) % Memorises]);
   }
-  if (reste_.empty()) return false;
+  return !reste_.empty() && Cherche();
+}
+
+bool ArcTailleur::Cherche() {
   if (i_ < blocDebut_ || i_ >= blocFin_) ChercheBloc();
   if (!blocPlein_) {
     return std::all_of(bloc_.begin(), bloc_.end(),

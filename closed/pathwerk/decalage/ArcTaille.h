@@ -65,6 +65,7 @@ class ArcTailleur {
 
  private:
   bool Taille();
+  bool Cherche();
   [[nodiscard]] Vec2 Depart(std::size_t i, bool arc, Vec2 u) const {
     return arc ? source_.A(i) : source_.A(i) + Gauche(u) * d_;
   }
@@ -105,6 +106,7 @@ class ArcTailleur {
   static constexpr std::size_t Memorises = 4;
   std::size_t derniers_[Memorises] = {};  // segments that took away most lately
   std::size_t tour_ = 0;
+  std::uint32_t essayes_[2] = {Naturel, Naturel};  // segments that have taken all they can from this piece
   // Leaves that can reach any raw piece of the segments [blocDebut_, blocFin_).
   static constexpr std::size_t PiecesParBloc = 8;
   static constexpr std::size_t FeuillesMax = 96;

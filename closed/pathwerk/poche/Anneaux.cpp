@@ -110,7 +110,7 @@ class Trieur {
     Lieu ici = atteint_.PlusProche(boucle[0]);
     const Lieu premier = ici;
     for (std::size_t i = 0; i < n; ++i) {
-      const Lieu la = i + 1 < n ? atteint_.PlusProche(boucle[i + 1]) : premier;
+      const Lieu la = i + 1 < n ? Trouve(boucle[i + 1], ici.segment) : premier;
       Divise(boucle[i], true, ici, boucle[base::Suivant(i, n)], la, r);
       ici = la;
     }
@@ -135,11 +135,23 @@ class Trieur {
       Divise(m, false, lm, b, lb, r);
     }
   }
+  // A place within reach, if there is one: mostly on the segment of the last one or just behind it, as the path and
+  // what it is held against run side by side. Else the nearest of all.
+  [[nodiscard]] Lieu Trouve(Vec2 p, std::size_t dernier) const {
+    const std::vector<Segment>& segments = atteint_.Segments();
+    for (std::size_t k = dernier, fin = std::min(dernier + Regard, segments.size()); k < fin; ++k) {
+      Lieu l = LieuSurSegment(segments[k], p);
+      l.segment = k;
+      if (l.distance2 <= portee2_) return l;
+    }
+    return atteint_.PlusProche(p);
+  }
   [[nodiscard]] bool Pres(std::size_t segment, Vec2 p) const {
     return LieuSurSegment(atteint_.Segments()[segment], p).distance2 <= portee2_;
   }
   static double Carre(double x) { return x * x; }
 
+  static constexpr std::size_t Regard = 3;
   const ArbreSegments& atteint_;
   double portee2_;
   double finesse_;
