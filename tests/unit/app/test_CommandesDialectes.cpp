@@ -16,11 +16,12 @@ TEST(Dialects, AreListedWithTheUsersAmongThem) {
   const std::string fichier = a.Ecrit("garage.dialecte", "base = grbl\nextension = cnc\narcs = non\n");
   const auto r = a.Appelle({"dialects", "--json"});
   ASSERT_EQ(r.etat, 0) << r.erreurs;
+  const json dialectes = r.Json()["dialects"];
   std::set<std::string> noms;
-  for (const json& d : r.Json()["dialects"]) noms.insert(d["name"]);
+  for (const json& d : dialectes) noms.insert(d["name"]);
   EXPECT_EQ(noms, (std::set<std::string>{"garage", "grbl", "iso", "linuxcnc", "mach", "own"}));
   EXPECT_EQ(
-      r.Json()["dialects"].back(),
+      dialectes.back(),
       (json{{"name", "garage"}, {"title", "garage"}, {"extension", "cnc"}, {"arcs", false}, {"file", fichier}}));
 }
 
