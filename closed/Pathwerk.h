@@ -91,6 +91,8 @@ enum class Erreur : std::int32_t {
   Police = -126,           // unknown font
   PoliceFichier = -127,    // the font file can't be read
   Svg = -128,              // not SVG, or no XML; a compressed one counts as that
+  Pdf = -129,              // not PDF, no such page, or poppler refused it
+  PopplerAbsent = -130,    // poppler's tools are not installed
 };
 // As procedures give it in place of a count.
 constexpr std::int32_t Numero(Erreur erreur) { return static_cast<std::int32_t>(erreur); }
@@ -109,6 +111,7 @@ std::vector<FormatConnu> Formats();
 struct OptionsLecture {
   double ToleranceSoudure = 0.01;  // mm: ends nearer than this are joined
   double Fleche = 0.01;            // mm: greatest distance between a curve and its chords
+  int Page = 1;                    // of a PDF, from 1
   double UniteSupposee = 0;        // mm of a unit, where a drawing in SVG doesn't say; 0: 96 to the inch, and told
   // Called now and then with the share done, 0 to 1. May be empty.
   std::function<void(double)> Avancement;
@@ -136,7 +139,7 @@ struct AvisLecture {
 
 // What a reading has to tell beside the points.
 struct RapportLecture {
-  std::string Format;                   // "DXF", "HPGL", "DAT", "DRL", "EPS", "SVG"
+  std::string Format;                   // "DXF", "HPGL", "DAT", "DRL", "EPS", "SVG", "PDF"
   std::map<std::string, long> Ignores;  // what was left out, by kind ("TEXT", "DIMENSION", "HATCH" ...)
   std::vector<AvisLecture> Suppose;
   Erreur Numero = Erreur::Aucune;

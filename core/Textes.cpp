@@ -47,6 +47,10 @@ std::optional<CleTexte> TexteErreur(std::int32_t numero) {
       return Textes::PoliceIllisible;
     case Erreur::Svg:
       return Textes::SvgRefuse;
+    case Erreur::Pdf:
+      return Textes::PdfRefuse;
+    case Erreur::PopplerAbsent:
+      return Textes::PopplerAbsent;
   }
   return std::nullopt;
 }

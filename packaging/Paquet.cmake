@@ -8,8 +8,8 @@ set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT ${OVELIN_CONTACT})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "from a drawing to the moves of a small router")
 set(CPACK_PACKAGE_DESCRIPTION
-"OVELIN takes two-dimensional drawings (DXF, SVG, HPGL, EPS, coordinate files,
-drill files, its own projects), prepares the tool paths of a small three-axis router
+"OVELIN takes two-dimensional drawings (DXF, SVG, PDF, HPGL, EPS, coordinate
+files, drill files, its own projects), prepares the tool paths of a small three-axis router
 (tool offset, pockets, holding notches, start points, clean-up, lettering) and
 delivers the job as a G-code file or to a step-and-direction board. It loads,
 judges, shows and runs G-code files as well.")
@@ -19,10 +19,10 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Pictures in SVG are drawn by a plugin, fonts and Ghostscript are other programs: no library tells of these.
+# Pictures in SVG are drawn by a plugin, fonts, Ghostscript and poppler are other programs: no library tells of these.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, fonts-dejavu-core")
 # The second has the words of Qt's own dialogs, as the columns of the file dialog, in the user's language.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ghostscript, qt6-translations-l10n")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ghostscript, poppler-utils, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/ovelin.metainfo.xml DESTINATION share/metainfo)

@@ -101,7 +101,7 @@ EtapesOuverture Etapes() {
 
 bool BinaireOuNul(const std::string& octets) {
   if (octets.find('\0') != std::string::npos) return true;
-  constexpr std::array<std::string_view, 3> Entetes{"\xC5\xD0\xD3\xC6", "AutoCAD Binary DXF", "\x1F\x8B"};
+  constexpr std::array<std::string_view, 4> Entetes{"%PDF-", "\xC5\xD0\xD3\xC6", "AutoCAD Binary DXF", "\x1F\x8B"};
   return std::any_of(Entetes.begin(), Entetes.end(), [&](std::string_view e) { return octets.starts_with(e); });
 }
 
@@ -228,7 +228,7 @@ void DemandeUniteSvg(DessinLu& lu) {
     boite.icone = Icone::Question;
     boite.boutons = Boutons::OuiNon;
     boite.fichier = lu.chemin;
-    if (Svc.Montre(boite) == Reponse::Oui) lu = LitAOuvrir(std::string(lu.chemin), {1});
+    if (Svc.Montre(boite) == Reponse::Oui) lu = LitAOuvrir(std::string(lu.chemin), {.uniteSvg = 1});
     return;
   }
 }

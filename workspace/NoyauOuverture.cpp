@@ -45,6 +45,7 @@ void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<voi
   pathwerk::OptionsLecture options;
   options.ToleranceSoudure = reglages.ToleranceSoudure;
   options.Avancement = avancement;
+  options.Page = souhait.page;
   options.UniteSupposee = souhait.uniteSvg;
   pathwerk::Importation importe = pathwerk::ImporteFichier(lu.chemin, options);
   d.NbPoints = importe.Nombre;

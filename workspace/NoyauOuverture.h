@@ -41,6 +41,7 @@ struct DessinLu {
 
 // What the file itself may leave open.
 struct SouhaitLecture {
+  int page = 1;         // of a PDF
   double uniteSvg = 0;  // mm of a unit, where a drawing in SVG doesn't say; 0: pixels of 96 to the inch, and told
 };
 

@@ -343,6 +343,7 @@ int OuvreDessin(Contexte& contexte, const std::string& chemin, ContenuLu* conten
   options.ecritFichier = false;
   options.rendUniforme = false;
   options.demandeUnite = false;
+  options.souhait.page = contexte.page;
   options.souhait.uniteSvg = MmDe(contexte.unite);
   ContenuLu lu;
   const Ouverture ouverture = mnu_Ouvrir(chemin, options, &lu);

@@ -26,6 +26,7 @@ struct Contexte {
   // common options
   std::string config, langue, decimale, table, materiau;
   std::string unite;  // of a drawing in SVG that has none: "mm", "cm", "in", "pt", "px"
+  int page = 1;       // of a PDF
   bool json = false;
   bool informe = false;  // the call writes no job and no file: what can't be read is told, and the call goes on
   std::vector<std::string> reglages;  // KEY=VALUE

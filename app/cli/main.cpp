@@ -44,6 +44,7 @@ void OptionsCommunes(CLI::App& app, Contexte& c) {
   app.add_option("--unit", c.unite,
                  "Unit of an SVG drawing whose size has none; px (96 an inch) without this option")
       ->check(CLI::IsMember({"mm", "cm", "in", "pt", "px"}));
+  app.add_option("--page", c.page, "Page of a PDF, from 1")->type_name("N")->check(CLI::Range(1, 100000));
   app.add_option("--set", c.reglages, "A key for this call alone, never written (RayonFraise=1.5, TB_SAV_15=20)")
       ->type_name("KEY=VALUE")
       ->allow_extra_args(false);

@@ -10,6 +10,7 @@
 #include "closed/pathwerk/lecture/eps/Eps.h"
 #include "closed/pathwerk/lecture/excellon/Excellon.h"
 #include "closed/pathwerk/lecture/hpgl/Hpgl.h"
+#include "closed/pathwerk/lecture/pdf/Pdf.h"
 #include "closed/pathwerk/lecture/svg/Svg.h"
 
 namespace pathwerk {
@@ -25,17 +26,19 @@ constexpr std::array ExtensionsDxf{"DXF"sv};
 constexpr std::array ExtensionsExcellon{"DRD"sv, "DRL"sv};
 constexpr std::array ExtensionsEps{"EPS"sv};
 constexpr std::array ExtensionsSvg{"SVG"sv};
+constexpr std::array ExtensionsPdf{"PDF"sv};
 
 // In the order of the open dialog. Contents are looked at from the last row to the first: what is told most surely
 // stands below, and two numbers on a line, which are many things, above.
 constexpr std::array Table{
     LigneFormat{{"DAT", ExtensionsDat, "DAT", 3}, lecture::EstDat, lecture::dat::LireDat, true},
     LigneFormat{{"HPGL", ExtensionsHpgl, "PLT", 2}, lecture::EstHpgl, lecture::hpgl::LireHpgl, false},
-    LigneFormat{{"OVL", ExtensionsOvl, "OVL", 7}, nullptr, nullptr, false},
+    LigneFormat{{"OVL", ExtensionsOvl, "OVL", 8}, nullptr, nullptr, false},
     LigneFormat{{"DXF", ExtensionsDxf, "DXF", 1}, lecture::EstDxf, lecture::dxf::LireDxf, true},
     LigneFormat{{"DRL", ExtensionsExcellon, "DRL", 4}, lecture::EstExcellon, lecture::excellon::LireExcellon, true},
     LigneFormat{{"EPS", ExtensionsEps, "", 5}, lecture::EstEps, lecture::eps::LireEps, false},
     LigneFormat{{"SVG", ExtensionsSvg, "", 6}, lecture::EstSvg, lecture::svg::LireSvg, false},
+    LigneFormat{{"PDF", ExtensionsPdf, "", 7}, lecture::EstPdf, lecture::pdf::LirePdf, false},
 };
 
 }  // namespace

@@ -43,6 +43,8 @@ bool EstSvg(std::string_view data) {
   return false;
 }
 
+bool EstPdf(std::string_view data) { return data.starts_with("%PDF-"); }
+
 // A group code 0 or 999 alone on the first line with text, and behind it what opens a DXF.
 bool EstDxf(std::string_view data) {
   data = SansMarque(data);

@@ -11,5 +11,6 @@ bool EstDxf(std::string_view data);
 bool EstExcellon(std::string_view data);
 bool EstEps(std::string_view data);
 bool EstSvg(std::string_view data);
+bool EstPdf(std::string_view data);
 
 }  // namespace pathwerk::lecture

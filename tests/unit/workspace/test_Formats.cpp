@@ -15,15 +15,15 @@ TEST(Formats, TheStartOfTheWindowTakesFiveExtensions) {
 }
 
 TEST(Formats, HelpListsThemAll) {
-  EXPECT_EQ(EnListe(ExtensionsLues()), "DXF, PLT, PRN, HPGL, DAT, DRD, DRL, EPS, SVG or OVL");
+  EXPECT_EQ(EnListe(ExtensionsLues()), "DXF, PLT, PRN, HPGL, DAT, DRD, DRL, EPS, SVG, PDF or OVL");
 }
 
 TEST(Formats, TheOpenDialogOffersAllOfThem) {
-  EXPECT_EQ(MotifDessins(), "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS; *.SVG");
+  EXPECT_EQ(MotifDessins(), "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS; *.SVG; *.PDF");
 }
 
 TEST(Formats, WhatTheDialogOffersCanBeDroppedAndNothingElse) {
-  for (const char* e : {"DAT", "PLT", "PRN", "HPGL", "OVL", "DXF", "DRD", "DRL", "EPS", "SVG"})
+  for (const char* e : {"DAT", "PLT", "PRN", "HPGL", "OVL", "DXF", "DRD", "DRL", "EPS", "SVG", "PDF"})
     EXPECT_TRUE(SeDepose(e)) << e;
   for (const char* e : {"", "TXT", "dxf", "NC", "DX"}) EXPECT_FALSE(SeDepose(e)) << e;
 }

@@ -139,7 +139,7 @@ TEST(Ouvrir, TheDialogProposesTheFileOpenedLast) {
   std::string propose;
   Svc.ChoisitFichier = [&](const DialogueFichier& d) {
     propose = d.propose;
-    EXPECT_EQ(d.motif, "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS; *.SVG");
+    EXPECT_EQ(d.motif, "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS; *.SVG; *.PDF");
     return std::string();
   };
   OptionsOuverture options;

@@ -1,22 +1,17 @@
 // Runs Ghostscript over a drawing as a process of its own, with everything limited.
 #pragma once
 
-#include <chrono>
-#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
 
 #include "closed/pathwerk/lecture/Lecture.h"
+#include "closed/pathwerk/lecture/processus/Outil.h"
 
 namespace pathwerk::lecture::eps {
 
-struct EpsMoyens {
-  std::string programme = "gs";  // a name is looked for in the system's folders, a path is taken as it is
-  std::chrono::milliseconds delai{20000};
-  std::size_t volume = std::size_t{32} << 20;  // bytes of output
-  std::size_t memoire = std::size_t{1} << 30;  // bytes of address space
-  std::string dossier;  // where the private folder is made; empty: the system's temporary one
+struct EpsMoyens : processus::MoyensOutil {
+  EpsMoyens() { programme = "gs"; }
 };
 
 struct EpsFin {
