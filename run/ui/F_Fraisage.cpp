@@ -186,6 +186,7 @@ void F_Fraisage::Form_Load() {
   TB_Vit_Mat_H_->Montre(TexteNombre(Vitesse_Mat_H));
   TB_Vit_Mat_V_->Montre(TexteNombre(Vitesse_Mat_V));
   run_->MontreMode(ModeChoisi());
+  nc_->MontreDialectes();
   Lbl_Virtuelle_->setVisible(LaCarte.genre == GenreCarte::Virtuelle);
   Suit();
 }

@@ -1,5 +1,6 @@
 #include "run/ui/PanneauNC.h"
 
+#include <QComboBox>
 #include <QProgressBar>
 #include <QStackedWidget>
 #include <QTimer>
@@ -10,6 +11,8 @@
 #include "core/PlanCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
+#include "core/Traduction.h"
+#include "core/ui/ChampNombre.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/TraduitFenetre.h"
@@ -28,6 +31,18 @@ QLineEdit* Total(const char* nom, const char* bulle, QWidget* parent) {
   champ->setMinimumWidth(champ->fontMetrics().horizontalAdvance(QStringLiteral("00000000.0")));
   champ->setMaximumWidth(120);
   return champ;
+}
+
+// A field that was left: its text goes in, or the field says why not.
+void PrendChamp(ChampNombre& champ, bool change, std::optional<CleTexte> (*entre)(const std::string&),
+                const double& valeur) {
+  if (!change) return;
+  if (const auto refus = entre(champ.Texte())) {
+    champ.Refuse(TexteQt(*refus));
+    return;
+  }
+  champ.Accepte();
+  champ.Montre(TexteNombre(valeur));
 }
 
 }  // namespace
@@ -65,18 +80,102 @@ PanneauNC::PanneauNC(QWidget* parent) : QGroupBox(QStringLiteral("Fichier GCODE"
   grille->addWidget(TB_TempsFraisage_NC_, 1, 1);
   grille->addWidget(Lbl_Duree_, 1, 2);
   grille->setColumnStretch(2, 1);
-  grille->addWidget(Btn_Gener_GCODE_, 2, 0, 1, 3);
+  grille->addLayout(ConstruitDialecte(), 2, 0, 1, 3);
+  grille->addWidget(Btn_Gener_GCODE_, 3, 0, 1, 3);
   // one place for what goes on and for what came of it
   bas_ = new QStackedWidget(this);
   bas_->addWidget(Lbl_Resultat_);
   bas_->addWidget(ProgressBar_NC_);
   bas_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
   bas_->setMinimumHeight(2 * fontMetrics().height());  // nothing jumps when it comes
-  grille->addWidget(bas_, 3, 0, 1, 3);
+  grille->addWidget(bas_, 4, 0, 1, 3);
+  MontreDialectes();
+}
+
+QLayout* PanneauNC::ConstruitDialecte() {
+  Combo_Dialecte_ = Liste("Combo_Dialecte", "Commande numérique pour laquelle le fichier est écrit", this);
+  Combo_Dialecte_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  TB_VitesseBroche_ = Champ("TB_VitesseBroche", "1/min", "Tours par minute du mot S ; 0 : sans ce mot", this);
+  TB_AttenteBroche_ =
+      Champ("TB_AttenteBroche", "s", "Secondes jusqu'à ce que la broche tourne ; 0 : sans attente", this);
+  Lbl_VitesseBroche_ = Etiquette("Lbl_VitesseBroche", "Vitesse de broche", TB_VitesseBroche_);
+  Lbl_AttenteBroche_ = Etiquette("Lbl_AttenteBroche", "Attente de la broche", TB_AttenteBroche_);
+  Lbl_ArcsAtelier_ =
+      Phrase("Lbl_ArcsAtelier",
+             "Ce dialecte a des arcs : l'atelier GCODE les saute et ne peut pas fraiser ce fichier.", this);
+  Lbl_DialecteRefuse_ = Phrase("Lbl_DialecteRefuse", "", this);
+  Lbl_DialecteRefuse_->setTextFormat(Qt::PlainText);
+  Lbl_DialecteRefuse_->setProperty("texteLibre", true);
+  QGridLayout* grille = GrilleFenetre();
+  grille->setContentsMargins(0, 0, 0, 0);
+  grille->addWidget(Etiquette("Lbl_Dialecte", "&Dialecte", Combo_Dialecte_), 0, 0);
+  grille->addWidget(Combo_Dialecte_, 0, 1);
+  grille->addWidget(Lbl_VitesseBroche_, 1, 0);
+  grille->addWidget(TB_VitesseBroche_, 1, 1);
+  grille->addWidget(Lbl_AttenteBroche_, 2, 0);
+  grille->addWidget(TB_AttenteBroche_, 2, 1);
+  grille->addWidget(Lbl_ArcsAtelier_, 3, 0, 1, 2);
+  grille->addWidget(Lbl_DialecteRefuse_, 4, 0, 1, 2);
+  grille->setColumnStretch(1, 1);
+  const int deuxLignes = 2 * fontMetrics().height();
+  Lbl_ArcsAtelier_->setMinimumHeight(deuxLignes);
+  Lbl_DialecteRefuse_->setMinimumHeight(deuxLignes);
+  connect(Combo_Dialecte_, &QComboBox::activated, this, &PanneauNC::Combo_Dialecte_Click);
+  connect(TB_VitesseBroche_, &ChampNombre::Quitte, this,
+          [this](bool change) { PrendChamp(*TB_VitesseBroche_, change, EntreVitesseBroche, Regl.VitesseBroche); });
+  connect(TB_AttenteBroche_, &ChampNombre::Quitte, this,
+          [this](bool change) { PrendChamp(*TB_AttenteBroche_, change, EntreAttenteBroche, Regl.AttenteBroche); });
+  return grille;
+}
+
+// A dialect of the setting that there is no longer, or whose file is refused, stands in the list by its name: what
+// would be written is what is shown.
+void PanneauNC::MontreDialectes() {
+  offerts_ = DialectesOfferts();
+  std::string refus;
+  const DialecteOffert* choisi = nullptr;
+  Combo_Dialecte_->clear();
+  for (const DialecteOffert& offert : offerts_) {
+    if (offert.refus && refus.empty()) refus = TexteRefus(offert);
+    Combo_Dialecte_->addItem(QString::fromStdString(offert.dialecte.titre),
+                             QString::fromStdString(offert.dialecte.nom));
+    if (choisi == nullptr && Majuscules(offert.dialecte.nom) == Majuscules(Regl.DialecteNC)) {
+      choisi = &offert;
+      Combo_Dialecte_->setCurrentIndex(Combo_Dialecte_->count() - 1);
+    }
+  }
+  if (choisi == nullptr) {
+    const QString nom = QString::fromStdString(Regl.DialecteNC);
+    Combo_Dialecte_->addItem(nom, nom);
+    Combo_Dialecte_->setCurrentIndex(Combo_Dialecte_->count() - 1);
+    refus = Traduire(Textes::DialecteInconnu) + " " + Regl.DialecteNC;
+  }
+  Lbl_DialecteRefuse_->setText(QString::fromStdString(refus));
+  Lbl_DialecteRefuse_->setVisible(!refus.empty());
+  if (!TB_VitesseBroche_->hasFocus()) TB_VitesseBroche_->Montre(TexteNombre(Regl.VitesseBroche));
+  if (!TB_AttenteBroche_->hasFocus()) TB_AttenteBroche_->Montre(TexteNombre(Regl.AttenteBroche));
+  MontreDialecte(choisi != nullptr && !choisi->refus ? &choisi->dialecte : nullptr);
+}
+
+// What belongs to another dialect than the program's own stands there with it alone.
+void PanneauNC::MontreDialecte(const Dialecte* dialecte) {
+  const bool autre = dialecte != nullptr && !dialecte->prescrit;
+  for (QWidget* controle : std::initializer_list<QWidget*>{Lbl_VitesseBroche_, TB_VitesseBroche_,
+                                                           Lbl_AttenteBroche_, TB_AttenteBroche_}) {
+    controle->setVisible(autre);
+  }
+  Lbl_ArcsAtelier_->setVisible(autre && dialecte->arcs);
+}
+
+void PanneauNC::Combo_Dialecte_Click(int rang) {
+  ChoisitDialecte(Combo_Dialecte_->itemData(rang).toString().toStdString());
+  Lbl_Resultat_->clear();
+  MontreDialectes();
 }
 
 std::vector<QWidget*> PanneauNC::Controles() const {
-  return {TB_LongueurParcours_NC_, TB_TempsFraisage_NC_, Btn_Gener_GCODE_};
+  return {TB_LongueurParcours_NC_, TB_TempsFraisage_NC_, Combo_Dialecte_,
+          TB_VitesseBroche_,       TB_AttenteBroche_,    Btn_Gener_GCODE_};
 }
 
 void PanneauNC::MontrePlan(const FiguresPlan& figures) {

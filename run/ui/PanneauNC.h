@@ -6,9 +6,12 @@
 #include <utility>
 #include <vector>
 
+#include "run/Module_Dialecte.h"
 #include "run/Module_Fraisage.h"
 
+class QComboBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
@@ -17,11 +20,15 @@ class QTimer;
 
 namespace ovelin {
 
+class ChampNombre;
+
 class PanneauNC : public QGroupBox {
   Q_OBJECT
  public:
   explicit PanneauNC(QWidget* parent = nullptr);
 
+  // The dialects that there are now, and the one in force.
+  void MontreDialectes();
   // Totals of the plan; what an earlier writing has left goes.
   void MontrePlan(const FiguresPlan& figures);
   // The texts of both speeds as they stand in their fields.
@@ -40,10 +47,21 @@ class PanneauNC : public QGroupBox {
   void MontreTotaux(double longueur, double temps);
   void Btn_Gener_GCODE_Click();
   void Commence(bool ecrit);
+  QLayout* ConstruitDialecte();
+  void Combo_Dialecte_Click(int rang);
+  void MontreDialecte(const Dialecte* dialecte);
 
   FiguresPlan figures_;
   EcritureNC ecriture_;
   bool ecrit_ = false;
+  std::vector<DialecteOffert> offerts_;  // as the list shows them
+  QComboBox* Combo_Dialecte_ = nullptr;
+  QLabel* Lbl_VitesseBroche_ = nullptr;
+  QLabel* Lbl_AttenteBroche_ = nullptr;
+  ChampNombre* TB_VitesseBroche_ = nullptr;
+  ChampNombre* TB_AttenteBroche_ = nullptr;
+  QLabel* Lbl_ArcsAtelier_ = nullptr;
+  QLabel* Lbl_DialecteRefuse_ = nullptr;
   QLineEdit* TB_LongueurParcours_NC_ = nullptr;
   QLineEdit* TB_TempsFraisage_NC_ = nullptr;
   QLabel* Lbl_Duree_ = nullptr;
