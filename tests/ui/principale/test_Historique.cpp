@@ -19,6 +19,8 @@ class ListeDesPas : public essai::Principale {
   void Ouvre() {
     Charge(Exemple("plaque.dxf"));
     Commande("mnu_Historique");
+    C<ImagePB1>("PB1")->MetEnPage();  // it is narrower now, and leaves a step of the view for that
+    essai::Evenements();
   }
   void Deplace() {
     QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Right, Qt::ShiftModifier);
