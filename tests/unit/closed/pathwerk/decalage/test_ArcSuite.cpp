@@ -9,6 +9,7 @@
 
 #include "closed/pathwerk/decalage/ArcSuite.h"
 #include "closed/pathwerk/decalage/MoteurArcs.h"
+#include "closed/pathwerk/decalage/MoteurLobes.h"
 #include "tests/unit/closed/pathwerk/controle/ControleRegion.h"
 
 using namespace controle;
@@ -73,6 +74,20 @@ TEST(ArcSuite, EveryDepthBesideAPathOnItselfIsTheTrueBorder) {
     SCOPED_TRACE(k);
     const Region r{{AllerRetour(MarcheSurGrille(g, 3 + static_cast<int>(g() % 22)))}, 0};
     Tient(r, Rangs(0.25, 0.25, 10));
+  }
+}
+
+TEST(ArcSuite, EveryDepthOfTheLobesOfACrossingPathIsTheTrueBorder) {
+  std::mt19937_64 g(13);
+  for (int k = 0; k < 40; ++k) {
+    const Chemin c = EnChemin(Croisee(g, 4 + static_cast<int>(g() % 30)));
+    std::vector<Region> regions;
+    ASSERT_TRUE(pathwerk::decalage::SepareLobesCoupes(c, Tolerance, regions));
+    for (const Region& r : regions) {
+      SCOPED_TRACE(k);
+      const double signe = r.signe >= 0 ? 1 : -1;
+      Tient(r, Rangs(signe * 0.25, signe * 0.25, 8));
+    }
   }
 }
 
