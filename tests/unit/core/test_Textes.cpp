@@ -62,7 +62,7 @@ TEST(Traduire, GivesTheTextOfANameOrItsKey) {
 
 // The numbers of the library are those of the keys.
 TEST(TexteErreur, NamesTheTextOfEachNumber) {
-  for (std::int32_t numero = -109; numero >= static_cast<std::int32_t>(pathwerk::Erreur::Svg); --numero) {
+  for (std::int32_t numero = -109; numero >= static_cast<std::int32_t>(pathwerk::Erreur::PopplerAbsent); --numero) {
     const auto texte = TexteErreur(numero);
     ASSERT_TRUE(texte) << numero;
     EXPECT_EQ(texte->Section(), "F_Representation");
@@ -71,13 +71,13 @@ TEST(TexteErreur, NamesTheTextOfEachNumber) {
 }
 
 TEST(TexteErreur, KnowsNoOtherNumber) {
-  for (const std::int32_t numero : {0, 1, 110, -1, -101, -108, -129, std::numeric_limits<std::int32_t>::min()}) {
+  for (const std::int32_t numero : {0, 1, 110, -1, -101, -108, -131, std::numeric_limits<std::int32_t>::min()}) {
     EXPECT_FALSE(TexteErreur(numero)) << numero;
   }
 }
 
 TEST(TexteAvis, NamesTheTextOfEachNumber) {
-  for (std::int32_t numero = 131; numero <= 134; ++numero) {
+  for (std::int32_t numero = 131; numero <= 136; ++numero) {
     const auto texte = TexteAvis(static_cast<pathwerk::Avis>(numero));
     ASSERT_TRUE(texte) << numero;
     EXPECT_EQ(texte->Section(), "F_Representation");
