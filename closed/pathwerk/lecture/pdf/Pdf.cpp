@@ -48,7 +48,7 @@ void Lit(std::string_view data, const OptionsLecture& options, const PdfMoyens& 
   const std::array<processus::DepotOutil, 1> depots{{{Dessin, data}}};
   std::string svg;
   const FinOutil fin = processus::LanceOutil(
-      moyens, {"-svg", "-f", page, "-l", page, Dessin, "-"}, depots,
+      moyens, {"-svg", "-noshrink", "-nocenter", "-f", page, "-l", page, Dessin, "-"}, depots,
       [&](std::string_view morceau) {
         svg += morceau;
         return true;

@@ -149,7 +149,8 @@ class PdfParUnAutre : public testing::Test {
 
 TEST_F(PdfParUnAutre, TheProgramSeesTheDrawingAndItsPageAlone) {
   const Lecture l = Lance(
-      "test \"$*\" = '-svg -f 1 -l 1 dessin.pdf -' || exit 1; test \"$(ls -A)\" = dessin.pdf || exit 2; "
+      "test \"$*\" = '-svg -noshrink -nocenter -f 1 -l 1 dessin.pdf -' || exit 1; test \"$(ls -A)\" = dessin.pdf "
+      "|| exit 2; "
       "echo '<svg width=\"9mm\" height=\"9mm\"><path d=\"M0 0h5v5z\"/></svg>'");
   EXPECT_EQ(l.rapport.Numero, Erreur::Aucune) << l.rapport.Detail;
   EXPECT_EQ(l.traits.size(), 1U);
