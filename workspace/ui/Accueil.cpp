@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <iterator>
@@ -139,12 +140,15 @@ void Accueil::Dispose() {
 
 // A few files at a time, from the event loop: the window is there before its pictures.
 void Accueil::LitSuivantes() {
-  constexpr int Attente = 100;    // ms
   constexpr qint64 Tranche = 40;  // ms
   QElapsedTimer temps;
   temps.start();
   if (!isVisible()) return;
-  if (PasseEnCours()) return lecture_->start(Attente);
+  if (PasseEnCours()) {
+    return Apres([moi = QPointer<Accueil>(this)] {
+      if (moi != nullptr) moi->lecture_->start(0);
+    });
+  }
   for (Rangee& r : rangees_) {
     for (Carte& carte : r.cartes) {
       if (carte.lue || !carte.bouton->isVisible()) continue;
