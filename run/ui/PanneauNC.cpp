@@ -108,7 +108,7 @@ QLayout* PanneauNC::ConstruitDialecte() {
   Lbl_DialecteRefuse_->setProperty("texteLibre", true);
   QGridLayout* grille = GrilleFenetre();
   grille->setContentsMargins(0, 0, 0, 0);
-  grille->addWidget(Etiquette("Lbl_Dialecte", "&Dialecte", Combo_Dialecte_), 0, 0);
+  grille->addWidget(Etiquette("Lbl_Dialecte", "Dialecte", Combo_Dialecte_), 0, 0);
   grille->addWidget(Combo_Dialecte_, 0, 1);
   grille->addWidget(Lbl_VitesseBroche_, 1, 0);
   grille->addWidget(TB_VitesseBroche_, 1, 1);

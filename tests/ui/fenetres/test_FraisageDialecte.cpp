@@ -112,6 +112,22 @@ TEST(DialecteFraisage, AFaultyFileIsToldWithLineAndReason) {
   EXPECT_THAT(b.refus->text().toStdString(), testing::HasSubstr(fichier + ":2: fins = M2"));
 }
 
+// Pictures of both go to OVELIN_CAPTURES.
+TEST(DialecteFraisage, NothingIsCutWithAnotherDialectInAnyLanguage) {
+  Travail();
+  Regl.DialecteNC = "grbl";
+  for (const std::string& langue : LanguesDuProduit()) {
+    ChoisitLangue(langue);
+    F_Fraisage f;
+    Montre(f, f.minimumSizeHint().width(), f.minimumSizeHint().height());
+    EXPECT_EQ(TextesCoupesEnTexte(f), "") << langue << ", narrow";
+    Montre(f, f.sizeHint().width(), f.sizeHint().height());
+    EXPECT_EQ(TextesCoupesEnTexte(f), "") << langue;
+    Capture(f, "F_Fraisage-dialecte-" + langue);
+    f.close();
+  }
+}
+
 TEST(DialecteFraisage, ADialectThatIsGoneStandsThereByItsName) {
   Travail();
   Regl.DialecteNC = "disparu";
