@@ -73,7 +73,9 @@ class Programme {
     const QString copie = reglages_.filePath(QString::fromStdString(exemple));
     QFile::copy(QString::fromStdString(essai::DossierExemples() + "/" + exemple), copie);
     if (fenetre == nullptr) {
-      ovelin::mnu_Ouvrir(copie.toStdString(), {true, false, false});
+      ovelin::OptionsOuverture options;
+      options.ecritFichier = options.rendUniforme = false;
+      ovelin::mnu_Ouvrir(copie.toStdString(), options);
       return;
     }
     ovelin::Svc.ChoisitFichier = [copie](const ovelin::DialogueFichier&) { return copie.toStdString(); };
