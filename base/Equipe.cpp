@@ -7,7 +7,8 @@
 namespace base {
 
 Equipe::Equipe(unsigned fils, std::size_t n, std::function<void(std::size_t)> morceau)
-    : morceau_(std::move(morceau)), faits_(n, 0), erreurs_(n) {
+    : morceau_(std::move(morceau)), faits_(n, 0) {
+  erreurs_.resize(n);
   const std::size_t nombre = std::min<std::size_t>(fils, n);
   fils_.reserve(nombre);
   try {
