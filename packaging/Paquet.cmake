@@ -9,10 +9,11 @@ set(CPACK_PACKAGE_CONTACT ${OVELIN_CONTACT})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "from a drawing to the moves of a small router")
 set(CPACK_PACKAGE_DESCRIPTION
 "OVELIN takes two-dimensional drawings (DXF, SVG, PDF, HPGL, EPS, coordinate
-files, drill files, its own projects), prepares the tool paths of a small three-axis router
-(tool offset, pockets, holding notches, start points, clean-up, lettering) and
-delivers the job as a G-code file or to a step-and-direction board. It loads,
-judges, shows and runs G-code files as well.")
+files, drill files, its own projects), prepares the tool paths of a small
+three-axis router (tool offset, pockets, holding notches, start points,
+clean-up, lettering) and delivers the job as a G-code file, in the dialect of
+the control, or to a step-and-direction board. It loads, judges, shows and runs
+G-code files as well.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
