@@ -28,8 +28,10 @@ Route Parcourt(const std::string& chemin, const Reglages& reglages, const TableM
   if (EstimePlan(parametres, route.document.TraceDecale, usinages).jugement != JugementPlan::Bon) return route;
   EtatPlan plan;
   PlanifieTrace(plan, parametres, route.document.TraceDecale, usinages);
+  const auto lignes = LignesDe(plan);
+  route.lignes.assign(lignes.begin(), lignes.end());
   EcritureNC resultat;
-  route.nc = ComposeNC(LignesDe(plan), CadreNC{{"essai"}, "mm", "abs", "M", "S", "F"}, resultat);
+  route.nc = ComposeNC(route.lignes, CadreNC{{"essai"}, "mm", "abs", "M", "S", "F"}, resultat);
   return route;
 }
 

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/Reglages.h"
+#include "core/TableDecoupe.h"
 #include "machine/TableMachine.h"
 #include "workspace/NoyauOuverture.h"
 
@@ -12,7 +14,9 @@ namespace essai {
 struct Route {
   ovelin::DessinLu lu;        // as it was read; its document has gone on
   ovelin::Document document;  // prepared and traced
-  std::string nc;             // "" when the file is refused or the plan isn't good
+  // Empty when the file is refused or the plan isn't good.
+  std::vector<ovelin::Deplacement> lignes;  // of the plan, from the start on
+  std::string nc;                           // in the program's own dialect
 };
 Route Parcourt(const std::string& chemin, const ovelin::Reglages& reglages, const ovelin::TableMachine& table);
 
