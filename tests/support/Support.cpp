@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 
 #include "core/Cles.h"
@@ -12,6 +13,7 @@
 #include "core/Fichiers.h"
 #include "core/Traduction.h"
 #include "tests/places/Lieux.h"
+#include "tests/support/DossierEssai.h"
 
 namespace essai {
 
@@ -32,7 +34,7 @@ struct Scenario {
   std::vector<BoiteMessage> montrees;
   std::vector<std::pair<int, std::string>> panneaux;
   int bips = 0;
-  std::string dossier;
+  std::unique_ptr<DossierEssai> dossier;  // made when a test asks for it
 };
 Scenario Sc;
 
@@ -117,10 +119,7 @@ class Ecouteur : public testing::EmptyTestEventListener {
     for (const auto& s : Sc.saisies) ADD_FAILURE() << "prompt never shown: " << s.first;
     for (const auto& f : Sc.fenetres) ADD_FAILURE() << "window never opened: " << f.first;
     for (const auto& b : Sc.bureau) ADD_FAILURE() << "never opened by the desktop: " << b.first;
-    if (!Sc.dossier.empty()) {
-      std::error_code e;
-      std::filesystem::remove_all(Sc.dossier, e);
-    }
+    Sc.dossier.reset();
   }
 };
 
@@ -141,12 +140,8 @@ int Bips() { return Sc.bips; }
 const std::vector<std::pair<int, std::string>>& Panneaux() { return Sc.panneaux; }
 
 const std::string& Dossier() {
-  if (Sc.dossier.empty()) {
-    std::string modele = (std::filesystem::temp_directory_path() / "ovelin-test-XXXXXX").string();
-    if (mkdtemp(modele.data()) == nullptr) std::abort();
-    Sc.dossier = modele;
-  }
-  return Sc.dossier;
+  if (!Sc.dossier) Sc.dossier = std::make_unique<DossierEssai>();
+  return Sc.dossier->Chemin();
 }
 
 std::string EcritFichierEssai(const std::string& nom, const std::string& octets) {

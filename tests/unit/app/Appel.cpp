@@ -14,17 +14,6 @@ namespace essai {
 
 namespace fs = std::filesystem;
 
-Atelier::Atelier() {
-  std::string modele = (fs::temp_directory_path() / "ovelin-cli-XXXXXX").string();
-  if (mkdtemp(modele.data()) == nullptr) std::abort();
-  dossier_ = modele;
-}
-
-Atelier::~Atelier() {
-  std::error_code erreur;
-  fs::remove_all(dossier_, erreur);
-}
-
 std::string Atelier::Ecrit(const std::string& nom, const std::string& octets) const {
   std::ofstream(Chemin(nom), std::ios::binary) << octets;
   return Chemin(nom);
@@ -39,7 +28,8 @@ std::string Atelier::Lit(const std::string& chemin) {
 
 std::vector<std::string> Atelier::Fichiers() const {
   std::vector<std::string> noms;
-  for (const auto& entree : fs::directory_iterator(dossier_)) noms.push_back(entree.path().filename().string());
+  for (const auto& entree : fs::directory_iterator(dossier_.Chemin()))
+    noms.push_back(entree.path().filename().string());
   std::sort(noms.begin(), noms.end());
   return noms;
 }
@@ -50,10 +40,10 @@ Retour Atelier::Appelle(const std::vector<std::string>& arguments, const std::st
     for (const char c : texte) entre += c == '\'' ? std::string("'\\''") : std::string(1, c);
     return entre + "'";
   };
-  const fs::path sorties = fs::path(dossier_).concat(".out");
-  const fs::path erreurs = fs::path(dossier_).concat(".err");
+  const fs::path sorties = fs::path(dossier_.Chemin()).concat(".out");
+  const fs::path erreurs = fs::path(dossier_.Chemin()).concat(".err");
   std::string commande =
-      environnement + " " + cite(DossierProgrammes() + "/ovelin-cli") + " --config " + cite(dossier_);
+      environnement + " " + cite(DossierProgrammes() + "/ovelin-cli") + " --config " + cite(dossier_.Chemin());
   const bool langue = std::find(arguments.begin(), arguments.end(), "--lang") != arguments.end();
   const bool marque = std::find(arguments.begin(), arguments.end(), "--decimal") != arguments.end();
   if (!langue) commande += " --lang fr";

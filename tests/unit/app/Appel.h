@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/DossierEssai.h"
+
 namespace essai {
 
 struct Retour {
@@ -17,23 +19,18 @@ struct Retour {
 // A folder for one test: settings, inputs and results. Removed behind it.
 class Atelier {
  public:
-  Atelier();
-  ~Atelier();
-  Atelier(const Atelier&) = delete;
-  Atelier& operator=(const Atelier&) = delete;
-
   // ovelin-cli --config <folder> --lang fr --decimal . ARGUMENTS. `environnement`: "NAME=VALUE ..." before it.
   [[nodiscard]] Retour Appelle(const std::vector<std::string>& arguments,
                                const std::string& environnement = "") const;
   // The same from another folder than the test's.
   [[nodiscard]] Retour AppelleDans(const std::string& dossier, const std::vector<std::string>& arguments) const;
-  [[nodiscard]] std::string Chemin(const std::string& nom) const { return dossier_ + "/" + nom; }
+  [[nodiscard]] std::string Chemin(const std::string& nom) const { return dossier_.Chemin(nom); }
   std::string Ecrit(const std::string& nom, const std::string& octets) const;
   [[nodiscard]] static std::string Lit(const std::string& chemin);
   [[nodiscard]] std::vector<std::string> Fichiers() const;
 
  private:
-  std::string dossier_;
+  DossierEssai dossier_;
 };
 
 // A closed square of 40 mm with a hole of 10 mm across in its middle, and a text, in mm.

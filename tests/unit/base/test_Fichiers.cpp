@@ -12,6 +12,7 @@
 #include <string>
 
 #include "base/Fichiers.h"
+#include "tests/support/DossierEssai.h"
 
 namespace {
 
@@ -19,24 +20,16 @@ namespace fs = std::filesystem;
 
 class Fichiers : public ::testing::Test {
  protected:
-  Fichiers() {
-    std::string modele = (fs::temp_directory_path() / "ovelin-base-XXXXXX").string();
-    if (::mkdtemp(modele.data()) != nullptr) dossier_ = modele;
-  }
-  ~Fichiers() override {
-    std::error_code erreur;
-    fs::remove_all(dossier_, erreur);
-  }
-  [[nodiscard]] std::string Chemin(const std::string& nom) const { return dossier_ + "/" + nom; }
+  [[nodiscard]] std::string Chemin(const std::string& nom) const { return dossier_.Chemin(nom); }
   [[nodiscard]] static std::string Octets(const std::string& chemin) {
     std::ifstream f(chemin, std::ios::binary);
     return {std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
   }
   [[nodiscard]] std::ptrdiff_t Nombre() const {
-    return std::distance(fs::directory_iterator(dossier_), fs::directory_iterator());
+    return std::distance(fs::directory_iterator(dossier_.Chemin()), fs::directory_iterator());
   }
 
-  std::string dossier_;
+  essai::DossierEssai dossier_;
 };
 
 TEST_F(Fichiers, WhatWasWrittenIsReadAndNothingElseLies) {
@@ -73,10 +66,10 @@ TEST_F(Fichiers, WhatIsNoFileIsRefusedByItsReason) {
   std::string lus = "old";
   EXPECT_EQ(base::LitFichier(Chemin("absent"), lus), ENOENT);
   EXPECT_EQ(lus, "");
-  EXPECT_EQ(base::LitFichier(dossier_, lus), EISDIR);
+  EXPECT_EQ(base::LitFichier(dossier_.Chemin(), lus), EISDIR);
   ASSERT_EQ(::mkfifo(Chemin("tube").c_str(), 0600), 0);
   EXPECT_EQ(base::LitFichier(Chemin("tube"), lus), EINVAL);
-  EXPECT_EQ(base::EcritFichier(dossier_, "a"), EISDIR);
+  EXPECT_EQ(base::EcritFichier(dossier_.Chemin(), "a"), EISDIR);
   EXPECT_EQ(base::EcritFichier("", "a"), ENOENT);
 }
 
@@ -126,7 +119,7 @@ TEST_F(Fichiers, AnAppendingThatFindsNoRoomLeavesTheFileAsItWas) {
 
 TEST_F(Fichiers, AnAppendingToAFullDeviceOrAFolderSaysSo) {
   EXPECT_EQ(base::AjouteAuFichier("/dev/full", "x"), ENOSPC);
-  EXPECT_EQ(base::AjouteAuFichier(dossier_, "x"), EISDIR);
+  EXPECT_EQ(base::AjouteAuFichier(dossier_.Chemin(), "x"), EISDIR);
 }
 
 TEST(Noms, FolderNameAndExtensionOfAPath) {

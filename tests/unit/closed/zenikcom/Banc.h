@@ -13,6 +13,7 @@
 
 #include "closed/CarteVirtuelle.h"
 #include "closed/ZenikCom.h"
+#include "tests/support/DossierEssai.h"
 
 namespace essai {
 
@@ -114,27 +115,7 @@ class Banc {
   std::unique_ptr<zenikcom::Liaison> liaison;
 };
 
-// A folder of the test's own, gone at its end.
-class DossierEssai {
- public:
-  DossierEssai() {
-    static int numero = 0;
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    chemin_ = std::filesystem::temp_directory_path() /
-              ("zenikcom-" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) + "-" +
-               std::to_string(std::hash<std::string>{}(std::string(test->test_suite_name()) + test->name())) + "-" +
-               std::to_string(numero++));
-    std::filesystem::remove_all(chemin_);
-    std::filesystem::create_directories(chemin_);
-  }
-  ~DossierEssai() { std::filesystem::remove_all(chemin_); }
-  DossierEssai(const DossierEssai&) = delete;
-  DossierEssai& operator=(const DossierEssai&) = delete;
-  [[nodiscard]] std::string Chemin(const std::string& nom) const { return (chemin_ / nom).string(); }
-
- private:
-  std::filesystem::path chemin_;
-};
+using essai::DossierEssai;
 
 inline std::string LitFichier(const std::string& chemin) {
   std::ifstream f(chemin, std::ios::binary);

@@ -12,6 +12,7 @@
 
 #include "closed/pathwerk/lecture/Lecture.h"
 #include "closed/pathwerk/lecture/eps/Eps.h"
+#include "tests/support/DossierEssai.h"
 
 namespace pathwerk::lecture::eps::mesures {
 
@@ -22,25 +23,7 @@ inline bool GsInstalle() {
          ::access("/bin/gs", X_OK) == 0;
 }
 
-// A folder of the test alone, gone afterwards.
-class DossierEssai {
- public:
-  DossierEssai() {
-    std::string modele = (std::filesystem::temp_directory_path() / "ovelin-test-eps-XXXXXX").string();
-    if (::mkdtemp(modele.data()) != nullptr) chemin_ = modele;
-  }
-  ~DossierEssai() {
-    std::error_code erreur;
-    std::filesystem::remove_all(chemin_, erreur);
-  }
-  DossierEssai(const DossierEssai&) = delete;
-  DossierEssai& operator=(const DossierEssai&) = delete;
-  [[nodiscard]] const std::string& Chemin() const { return chemin_; }
-  [[nodiscard]] bool Vide() const { return std::filesystem::is_empty(chemin_); }
-
- private:
-  std::string chemin_;
-};
+using essai::DossierEssai;
 
 inline Lecture Lit(std::string_view texte) {
   Lecture lecture;

@@ -13,54 +13,16 @@
 
 #include "closed/pathwerk/lecture/FormatDeDessin.h"
 #include "closed/pathwerk/lecture/pdf/Pdf.h"
+#include "tests/support/DossierEssai.h"
+#include "tests/support/FichierPdf.h"
 
 namespace pathwerk::lecture::pdf {
 namespace {
 
 constexpr double Point = 25.4 / 72;  // mm
 
-// A folder of the test alone, gone afterwards.
-class DossierEssai {
- public:
-  DossierEssai() {
-    std::string modele = (std::filesystem::temp_directory_path() / "ovelin-test-pdf-XXXXXX").string();
-    if (::mkdtemp(modele.data()) != nullptr) chemin_ = modele;
-  }
-  ~DossierEssai() {
-    std::error_code erreur;
-    std::filesystem::remove_all(chemin_, erreur);
-  }
-  DossierEssai(const DossierEssai&) = delete;
-  DossierEssai& operator=(const DossierEssai&) = delete;
-  [[nodiscard]] const std::string& Chemin() const { return chemin_; }
-
- private:
-  std::string chemin_;
-};
-
-// Pages of 200 x 100 points with these contents.
-std::string Fichier(const std::vector<std::string>& pages) {
-  std::vector<std::string> objets{"<</Type/Catalog/Pages 2 0 R>>", ""};
-  std::string enfants;
-  for (const std::string& contenu : pages) {
-    const std::size_t n = objets.size() + 1;
-    enfants += std::to_string(n) + " 0 R ";
-    objets.push_back("<</Type/Page/Parent 2 0 R/MediaBox[0 0 200 100]/Contents " + std::to_string(n + 1) +
-                     " 0 R/Resources<</Font<</F<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>>>>>>>");
-    objets.push_back("<</Length " + std::to_string(contenu.size()) + ">>stream\n" + contenu + "\nendstream");
-  }
-  objets[1] = "<</Type/Pages/Kids[" + enfants + "]/Count " + std::to_string(pages.size()) + ">>";
-  std::string f = "%PDF-1.4\n";
-  std::string table = "xref\n0 " + std::to_string(objets.size() + 1) + "\n0000000000 65535 f \n";
-  for (std::size_t i = 0; i < objets.size(); ++i) {
-    const std::string place = std::to_string(f.size());
-    table += std::string(10 - place.size(), '0') + place + " 00000 n \n";
-    f += std::to_string(i + 1) + " 0 obj\n" + objets[i] + "\nendobj\n";
-  }
-  const std::string debut = std::to_string(f.size());
-  return f + table + "trailer<</Size " + std::to_string(objets.size() + 1) + "/Root 1 0 R>>\nstartxref\n" + debut +
-         "\n%%EOF\n";
-}
+using essai::DossierEssai;
+using essai::FichierPdf;
 
 Lecture Lit(const std::string& data, int page = 1) {
   OptionsLecture options;
@@ -78,7 +40,7 @@ class LirePdfTest : public testing::Test {
 };
 
 TEST_F(LirePdfTest, ALineIsItsCentreInMillimetres) {
-  const Lecture l = Lit(Fichier({"10 20 m 110 20 l 110 70 l S"}));
+  const Lecture l = Lit(FichierPdf({"10 20 m 110 20 l 110 70 l S"}));
   EXPECT_EQ(l.rapport.Numero, Erreur::Aucune) << l.rapport.Detail;
   EXPECT_EQ(l.rapport.Format, "PDF");
   EXPECT_TRUE(l.rapport.Suppose.empty());
@@ -93,14 +55,14 @@ TEST_F(LirePdfTest, ALineIsItsCentreInMillimetres) {
 }
 
 TEST_F(LirePdfTest, AFillIsItsOutline) {
-  const Lecture l = Lit(Fichier({"10 20 30 40 re f"}));
+  const Lecture l = Lit(FichierPdf({"10 20 30 40 re f"}));
   ASSERT_EQ(l.traits.size(), 1U);
   EXPECT_EQ(l.traits[0].nature, Nature::Ferme);
   EXPECT_EQ(l.traits[0].points.size(), 4U);
 }
 
 TEST_F(LirePdfTest, LettersAreOutlines) {
-  const Lecture l = Lit(Fichier({"BT /F 50 Tf 10 20 Td (LI) Tj ET"}));
+  const Lecture l = Lit(FichierPdf({"BT /F 50 Tf 10 20 Td (LI) Tj ET"}));
   ASSERT_EQ(l.traits.size(), 2U);
   double haut = 0;
   for (const Vec2 p : l.traits[0].points) haut = std::max(haut, p.y);
@@ -109,7 +71,7 @@ TEST_F(LirePdfTest, LettersAreOutlines) {
 }
 
 TEST_F(LirePdfTest, AnyPageMayBeAskedFor) {
-  const std::string f = Fichier({"10 20 m 110 20 l S", "10 20 m 110 20 l 110 70 l S"});
+  const std::string f = FichierPdf({"10 20 m 110 20 l S", "10 20 m 110 20 l 110 70 l S"});
   EXPECT_EQ(Lit(f).traits.at(0).points.size(), 2U);
   EXPECT_EQ(Lit(f, 2).traits.at(0).points.size(), 3U);
   EXPECT_EQ(Lit(f, 3).rapport.Numero, Erreur::Pdf);
