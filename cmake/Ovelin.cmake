@@ -24,7 +24,7 @@ if(OVELIN_FUZZ)
   add_link_options(-fsanitize=address,undefined)
 endif()
 if(OVELIN_COVERAGE)
-  add_compile_options(--coverage -O0)
+  add_compile_options(--coverage -O0 -fprofile-update=atomic)  # counters of several threads
   add_link_options(--coverage)
 endif()
 
