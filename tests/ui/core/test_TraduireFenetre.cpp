@@ -31,7 +31,6 @@
 namespace {
 
 using namespace ovelin;
-using testing::ElementsAre;
 
 class Traduction : public testing::Test {
  protected:

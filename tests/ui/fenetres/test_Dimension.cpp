@@ -291,7 +291,10 @@ TEST(F_DimensionPB1, PaintsTheDrawingOnPaperAndFollowsTheSize) {
 
 TEST(F_DimensionPB1, DrawsAThousandPointsOfALargeDrawing) {
   std::vector<std::pair<float, float>> points;
-  for (int i = 0; i < 5000; ++i) points.emplace_back(static_cast<float>(i % 100), static_cast<float>(i / 100));
+  for (int i = 0; i < 5000; ++i) {
+    const int rang = i / 100;
+    points.emplace_back(static_cast<float>(i % 100), static_cast<float>(rang));
+  }
   AjouteSequence(" A", points);
   EncombrementGeneral();
   Banc b;

@@ -331,7 +331,10 @@ TEST(F_Fraisage, SaysTheExtensionAndTheFailureOfTheWriting) {
 void TravailLong() {
   Travail();
   std::vector<std::pair<float, float>> points;
-  for (int i = 0; i < 12'000; ++i) points.emplace_back(static_cast<float>(i % 200), static_cast<float>(i / 200));
+  for (int i = 0; i < 12'000; ++i) {
+    const int rang = i / 200;
+    points.emplace_back(static_cast<float>(i % 200), static_cast<float>(rang));
+  }
   AjouteSequence(" B", points, 2, -1);
   RecalculDecalages();
 }

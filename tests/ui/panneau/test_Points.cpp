@@ -19,7 +19,6 @@ using essai::Clique;
 using essai::Sortie;
 using essai::Tape;
 using testing::ElementsAre;
-using testing::Pair;
 
 class Points : public essai::Banc<PagePoints> {
  protected:

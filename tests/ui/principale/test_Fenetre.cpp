@@ -28,7 +28,7 @@ using namespace ovelin;
 using essai::Principale;
 
 class FormLoad : public Principale {};
-class Ouverture_ : public Principale {
+class OuvertureDeLaFenetre : public Principale {
  protected:
   // Dragged over the window and let go; whether it was taken.
   bool Depose(const QMimeData& donnees) {
@@ -106,7 +106,7 @@ TEST_F(FormLoad, TheWindowComesBackWhereItWas) {
   EXPECT_EQ(fenetre_->height(), 600);
 }
 
-TEST_F(Ouverture_, TheDialogsAnswerIsOpened) {
+TEST_F(OuvertureDeLaFenetre, TheDialogsAnswerIsOpened) {
   Charge();
   essai::AttendFichier("mnu_Ouvrir", Exemple("plaque.dxf"));
   Commande("mnu_Ouvrir");
@@ -116,7 +116,7 @@ TEST_F(Ouverture_, TheDialogsAnswerIsOpened) {
   EXPECT_NE(fenetre_->findChild<QAction*>("mnu_MRU_1"), nullptr);
 }
 
-TEST_F(Ouverture_, NothingIsThereToUndoBehindIt) {
+TEST_F(OuvertureDeLaFenetre, NothingIsThereToUndoBehindIt) {
   Charge();
   essai::AttendFichier("mnu_Ouvrir", Exemple("plaque.dxf"));
   Commande("mnu_Ouvrir");
@@ -126,7 +126,7 @@ TEST_F(Ouverture_, NothingIsThereToUndoBehindIt) {
 }
 
 // The window has just been shown and is laid out, and painted, while the size dialog is open.
-TEST_F(Ouverture_, TheDrawingIsNotShownBeforeItIsReady) {
+TEST_F(OuvertureDeLaFenetre, TheDrawingIsNotShownBeforeItIsReady) {
   QImage pendant;
   Svc.Dimensionne = [&](DemandeDimension&) {
     essai::Evenements();
@@ -147,7 +147,7 @@ TEST_F(Ouverture_, TheDrawingIsNotShownBeforeItIsReady) {
   EXPECT_FALSE(pendant == apres);
 }
 
-TEST_F(Ouverture_, ACancelledDialogChangesNothing) {
+TEST_F(OuvertureDeLaFenetre, ACancelledDialogChangesNothing) {
   Charge(Exemple("plaque.dxf"));
   const Document avant = Doc;
   essai::AttendFichier("mnu_Ouvrir", "");
@@ -156,7 +156,7 @@ TEST_F(Ouverture_, ACancelledDialogChangesNothing) {
   EXPECT_TRUE(Menu("mnu_Fraisage")->isEnabled());
 }
 
-TEST_F(Ouverture_, ADroppedDrawingIsOpened) {
+TEST_F(OuvertureDeLaFenetre, ADroppedDrawingIsOpened) {
   Charge();
   QMimeData donnees;
   donnees.setUrls({QUrl::fromLocalFile(QString::fromStdString(Exemple("enseigne.plt")))});
@@ -164,7 +164,7 @@ TEST_F(Ouverture_, ADroppedDrawingIsOpened) {
   EXPECT_EQ(NomDe(FichierCourant), "enseigne.plt");
 }
 
-TEST_F(Ouverture_, ADroppedProgramOpensTheWorkshopAndLeavesTheDrawing) {
+TEST_F(OuvertureDeLaFenetre, ADroppedProgramOpensTheWorkshopAndLeavesTheDrawing) {
   Charge(Exemple("plaque.dxf"));
   const Document avant = Doc;
   const std::string programme = essai::EcritFichierEssai("essai.NC", "G01 X1\n");
@@ -177,7 +177,7 @@ TEST_F(Ouverture_, ADroppedProgramOpensTheWorkshopAndLeavesTheDrawing) {
   FichierAMontrer.clear();
 }
 
-TEST_F(Ouverture_, AnythingElseThatIsDroppedIsLeftAlone) {
+TEST_F(OuvertureDeLaFenetre, AnythingElseThatIsDroppedIsLeftAlone) {
   Charge();
   QMimeData donnees;
   donnees.setUrls({QUrl::fromLocalFile("/etc/passwd")});
@@ -185,7 +185,7 @@ TEST_F(Ouverture_, AnythingElseThatIsDroppedIsLeftAlone) {
   EXPECT_EQ(FichierCourant, "");
 }
 
-TEST_F(Ouverture_, EditedWorkAsksBeforeAnotherDrawingTakesItsPlace) {
+TEST_F(OuvertureDeLaFenetre, EditedWorkAsksBeforeAnotherDrawingTakesItsPlace) {
   Charge(Exemple("plaque.dxf"));
   Deplacement_Selection(Direction::X, 2);
   const std::vector<PointTrace> travail = TraceInitial;
@@ -201,7 +201,7 @@ TEST_F(Ouverture_, EditedWorkAsksBeforeAnotherDrawingTakesItsPlace) {
   EXPECT_EQ(NomDe(FichierCourant), "equerre.dxf");
 }
 
-TEST_F(Ouverture_, SavingFirstSavesTheWorkThatIsReplaced) {
+TEST_F(OuvertureDeLaFenetre, SavingFirstSavesTheWorkThatIsReplaced) {
   const std::string projet = Exemple("plaque-poches.OVL");
   Charge(projet);
   Deplacement_Selection(Direction::X, 2);
@@ -212,7 +212,7 @@ TEST_F(Ouverture_, SavingFirstSavesTheWorkThatIsReplaced) {
   EXPECT_EQ(TraceInitial[0].X, x);
 }
 
-TEST_F(Ouverture_, ARefusedFileLeavesTheOpenJobWithItsUndo) {
+TEST_F(OuvertureDeLaFenetre, ARefusedFileLeavesTheOpenJobWithItsUndo) {
   Charge(Exemple("plaque.dxf"));
   Deplacement_Selection(Direction::X, 2);
   const Document avant = Doc;
@@ -237,7 +237,7 @@ TEST_F(Ouverture_, ARefusedFileLeavesTheOpenJobWithItsUndo) {
   }
 }
 
-TEST_F(Ouverture_, AnEntryThatIsGoneIsGreyWhenTheMenuOpens) {
+TEST_F(OuvertureDeLaFenetre, AnEntryThatIsGoneIsGreyWhenTheMenuOpens) {
   Charge();
   for (const char* nom : {"plaque.dxf", "equerre.dxf"}) {
     essai::AttendFichier("mnu_Ouvrir", Exemple(nom));
@@ -249,7 +249,7 @@ TEST_F(Ouverture_, AnEntryThatIsGoneIsGreyWhenTheMenuOpens) {
   EXPECT_FALSE(Menu("mnu_MRU_2")->isEnabled());
 }
 
-TEST_F(Ouverture_, ARecentFileThatVanishedIsToldAndLeavesTheList) {
+TEST_F(OuvertureDeLaFenetre, ARecentFileThatVanishedIsToldAndLeavesTheList) {
   Charge(Exemple("plaque.dxf"));
   const std::string chemin = FichierCourant;
   std::filesystem::remove(chemin);
@@ -260,7 +260,7 @@ TEST_F(Ouverture_, ARecentFileThatVanishedIsToldAndLeavesTheList) {
   EXPECT_GT(NbPoints, 2);
 }
 
-TEST_F(Ouverture_, ARecentFileIsOpenedAndComesFirst) {
+TEST_F(OuvertureDeLaFenetre, ARecentFileIsOpenedAndComesFirst) {
   Charge();
   for (const char* nom : {"plaque.dxf", "equerre.dxf"}) {
     essai::AttendFichier("mnu_Ouvrir", Exemple(nom));

@@ -22,7 +22,6 @@
 namespace {
 
 using namespace ovelin;
-using testing::ElementsAre;
 
 using ParLaMain = essai::Principale;
 

@@ -170,7 +170,7 @@ TEST(Flash_Tab, ABlockTakesOnePageMoreThanItHolds) {
   Scenario s;
   Confirme(s);
   ClsCdeZENIK cde(Lie(s));
-  cde.Flash_Tab(Suite(2049 * 32));
+  cde.Flash_Tab(Suite(std::size_t{2049} * 32));
   const auto pages = Envois(s, 'W');
   ASSERT_EQ(pages.size(), 2050U);
   EXPECT_EQ(pages[2047].octets[3], 0xFF);  // page 2,048, the last that the block holds: address 65,504

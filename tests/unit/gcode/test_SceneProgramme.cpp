@@ -100,8 +100,10 @@ TEST(SceneProgramme, HoldsTheLimitWhileItTurns) {
 
 // Whether each pixel that one picture draws to lies within `ecart` of one that the other draws to.
 using Pixels = std::vector<bool>;
+constexpr std::size_t PixelsLarge = 400, PixelsHaut = 300;
+std::size_t Pixel(int x, int y) { return static_cast<std::size_t>(y) * PixelsLarge + static_cast<std::size_t>(x); }
 Pixels Noircit(const Scene& s) {
-  Pixels pixels(400 * 300, false);
+  Pixels pixels(PixelsLarge * PixelsHaut, false);
   for (const Primitive& p : s.Primitives) {
     const auto points = s.PointsDe(p);
     for (std::size_t i = 1; i < points.size(); ++i) {
@@ -115,7 +117,7 @@ Pixels Noircit(const Scene& s) {
         const double y =
             (static_cast<double>(points[i - 1].Y) * (1 - t) + static_cast<double>(points[i].Y) * t) / 15;
         if (x >= 0 && y >= 0 && x < 400 && y < 300) {
-          pixels[static_cast<std::size_t>(y) * 400 + static_cast<std::size_t>(x)] = true;
+          pixels[Pixel(static_cast<int>(x), static_cast<int>(y))] = true;
         }
       }
     }
@@ -127,11 +129,11 @@ std::size_t Etrangers(const Pixels& de, const Pixels& a, int ecart) {
   // Not along the edge: what lies beside it may lie outside.
   for (int y = 2; y < 298; ++y) {
     for (int x = 2; x < 398; ++x) {
-      if (!de[static_cast<std::size_t>(y * 400 + x)]) continue;
+      if (!de[Pixel(x, y)]) continue;
       bool pres = false;
       for (int v = std::max(0, y - ecart); v <= std::min(299, y + ecart); ++v) {
         for (int u = std::max(0, x - ecart); u <= std::min(399, x + ecart); ++u) {
-          pres = pres || a[static_cast<std::size_t>(v * 400 + u)];
+          pres = pres || a[Pixel(u, v)];
         }
       }
       if (!pres) ++n;

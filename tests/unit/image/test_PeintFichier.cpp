@@ -29,7 +29,8 @@ class Pixels {
     std::uint32_t pixel = 0;
     std::memcpy(&pixel,
                 cairo_image_surface_get_data(surface_.get()) +
-                    static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(surface_.get()) + 4 * x,
+                    static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(surface_.get()) +
+                    std::ptrdiff_t{4} * x,
                 4);
     return pixel & 0xFFFFFFU;
   }

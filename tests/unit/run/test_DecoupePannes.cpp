@@ -304,7 +304,7 @@ TEST_F(Pannes, StoredAndStartedNoLostExchangeEndsItBeforeTheBoardDoes) {
                                      {4, zenikcom::GenreFaute::Bruit}}) {
     Branche();
     CdeZENIK->TableVerif();
-    Vue_Decoupe.Memorise = [&](bool ecrit) {
+    Vue_Decoupe.Memorise = [this, apres = apres, genre = genre](bool ecrit) {
       if (!ecrit) carte_->Fautes({{carte_->Compteurs().echanges + apres, genre, 0}});
     };
     std::int64_t loin = 0;

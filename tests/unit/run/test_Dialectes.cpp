@@ -33,7 +33,7 @@ std::vector<std::string> LignesDe(const std::string& texte) {
 }
 
 // The plan of the tool path in force, without a machine.
-std::vector<Deplacement> Plan_() {
+std::vector<Deplacement> LePlan() {
   CdeZENIK->FixeResolutions(1, 1, 1);
   EXPECT_TRUE(Tableau_Decoupe());
   const auto lignes = ovelin::LignesDe(Plan);
@@ -44,7 +44,7 @@ std::vector<Deplacement> Plan_() {
 std::vector<Deplacement> PlanDuCarre() {
   ReglagesPlan();
   AjouteTrajet(" A", -2, {{3, 4}, {3, 14}, {13, 14}, {13, 4}, {3, 4}});
-  return Plan_();
+  return LePlan();
 }
 
 // A disc of 60 mm, its chords 0.01 mm high at most, and a fillet.
@@ -57,7 +57,7 @@ std::vector<Deplacement> PlanDuDisque() {
   }
   points.back() = points.front();
   AjouteTrajet(" A", -3, points);
-  return Plan_();
+  return LePlan();
 }
 
 std::string Compose(const std::vector<Deplacement>& lignes, const Dialecte& d, EcritureNC* resultat = nullptr) {
@@ -152,7 +152,7 @@ TEST(Dialectes, AJobWithoutAWayHomeInTheAirStopsTheSpindleAtItsEnd) {
 TEST(Dialectes, TheStopComesBehindTheLiftOfTheLastCutOfAPen) {
   ReglagesPlan();
   AjouteTrajet(" A", 0, {{3, 4}, {9, 4}});
-  const auto lignes = LignesDe(Compose(Plan_(), *DialecteDeTable("grbl")));
+  const auto lignes = LignesDe(Compose(LePlan(), *DialecteDeTable("grbl")));
   const auto arret = std::ranges::find(lignes, "M5");
   ASSERT_LT(arret - lignes.begin(), static_cast<long>(lignes.size()));
   EXPECT_EQ(*(arret - 2), "G0 Z5.000");

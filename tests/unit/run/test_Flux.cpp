@@ -136,7 +136,7 @@ TEST_P(FluxVoies, StopAtEveryTickOfARecordAgreesExactly) {
         ASSERT_TRUE(CdeZENIK->CommandeDATAend());
       }
       ticks = TableDecoupe[1].Ticks;
-      f.heure += k * 100'000;  // a tick lasts 100 us
+      f.heure += k * std::int64_t{100'000};  // a tick lasts 100 us
       f.Arrete(false);
       ASSERT_EQ(Flux::PasDuProgramme(), f.carte->Lieu()) << "tick " << k << " of " << ticks;
     }

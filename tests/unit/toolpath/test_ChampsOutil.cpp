@@ -19,16 +19,16 @@ class Champ : public testing::Test {
     AjouteCarre(" B", 20, 0, 10);
   }
 };
-class EntreRayonFraise_ : public Champ {};
-class EntreLargeurEncoche_ : public Champ {};
-class EntreMiniEncoche_ : public Champ {};
-class EntreHautDeg_ : public Champ {};
-class EntrePCPoche_ : public Champ {};
-class EntreProfPasse_ : public Champ {};
+class EntreRayonFraiseTest : public Champ {};
+class EntreLargeurEncocheTest : public Champ {};
+class EntreMiniEncocheTest : public Champ {};
+class EntreHautDegTest : public Champ {};
+class EntrePCPocheTest : public Champ {};
+class EntreProfPasseTest : public Champ {};
 
 }  // namespace
 
-TEST_F(EntreRayonFraise_, RecomputesAllTraces) {
+TEST_F(EntreRayonFraiseTest, RecomputesAllTraces) {
   EXPECT_TRUE(EntreRayonFraise("1,25"));
   EXPECT_EQ(RayonFraise, 1.25);
   EXPECT_EQ(biblio.appels.size(), 2U);
@@ -38,13 +38,13 @@ TEST_F(EntreRayonFraise_, RecomputesAllTraces) {
   EXPECT_EQ(Ecrite("RayonFraise"), "(absente)");
 }
 
-TEST_F(EntreRayonFraise_, AcceptsZero) {
+TEST_F(EntreRayonFraiseTest, AcceptsZero) {
   EXPECT_TRUE(EntreRayonFraise("0"));
   EXPECT_EQ(RayonFraise, 0);
   EXPECT_EQ(biblio.appels.size(), 2U);
 }
 
-TEST_F(EntreRayonFraise_, RefusesANegativeValueThatStandsStored) {
+TEST_F(EntreRayonFraiseTest, RefusesANegativeValueThatStandsStored) {
   AttendTexte("< 0 !");
   EXPECT_FALSE(EntreRayonFraise("-2"));
   EXPECT_EQ(RayonFraise, -2);
@@ -53,14 +53,14 @@ TEST_F(EntreRayonFraise_, RefusesANegativeValueThatStandsStored) {
   EXPECT_EQ(Ecrite("RayonFraise"), "(absente)");
 }
 
-TEST_F(EntreRayonFraise_, RefusesWhatIsNoNumber) {
+TEST_F(EntreRayonFraiseTest, RefusesWhatIsNoNumber) {
   EXPECT_FALSE(EntreRayonFraise("3 mm"));
   EXPECT_FALSE(EntreRayonFraise(""));
   EXPECT_EQ(RayonFraise, 3);
   EXPECT_TRUE(biblio.appels.empty());
 }
 
-TEST_F(EntreLargeurEncoche_, StoresWritesAndRecomputes) {
+TEST_F(EntreLargeurEncocheTest, StoresWritesAndRecomputes) {
   EXPECT_TRUE(EntreLargeurEncoche("7.5"));
   EXPECT_EQ(LargeurEncoche, 7.5);
   EXPECT_EQ(biblio.appels.size(), 2U);
@@ -68,7 +68,7 @@ TEST_F(EntreLargeurEncoche_, StoresWritesAndRecomputes) {
   EXPECT_EQ(Modifie, Vrai);
 }
 
-TEST_F(EntreLargeurEncoche_, RefusesZeroAndWhatIsNoNumber) {
+TEST_F(EntreLargeurEncocheTest, RefusesZeroAndWhatIsNoNumber) {
   EXPECT_FALSE(EntreLargeurEncoche("0"));
   EXPECT_FALSE(EntreLargeurEncoche("x"));
   EXPECT_EQ(LargeurEncoche, 5);
@@ -76,7 +76,7 @@ TEST_F(EntreLargeurEncoche_, RefusesZeroAndWhatIsNoNumber) {
   EXPECT_EQ(Modifie, Faux);
 }
 
-TEST_F(EntreMiniEncoche_, StoresAndWritesWithoutRecomputing) {
+TEST_F(EntreMiniEncocheTest, StoresAndWritesWithoutRecomputing) {
   EXPECT_TRUE(EntreMiniEncoche("0,75"));
   EXPECT_EQ(MiniEncoche, 0.75);
   EXPECT_EQ(Ecrite("MiniEncoche"), "0.75");
@@ -84,7 +84,7 @@ TEST_F(EntreMiniEncoche_, StoresAndWritesWithoutRecomputing) {
   EXPECT_TRUE(biblio.appels.empty());
 }
 
-TEST_F(EntreMiniEncoche_, StoresANegativeValueBeforeItRefusesIt) {
+TEST_F(EntreMiniEncocheTest, StoresANegativeValueBeforeItRefusesIt) {
   AttendTexte("< 0 !");
   EXPECT_FALSE(EntreMiniEncoche("-1"));
   EXPECT_EQ(MiniEncoche, -1);
@@ -94,7 +94,7 @@ TEST_F(EntreMiniEncoche_, StoresANegativeValueBeforeItRefusesIt) {
   EXPECT_EQ(MiniEncoche, -1);
 }
 
-TEST_F(EntreHautDeg_, TestsTheValueStoredSoFar) {
+TEST_F(EntreHautDegTest, TestsTheValueStoredSoFar) {
   EXPECT_TRUE(EntreHautDeg("-4"));
   EXPECT_EQ(HautDeg, -4);
   EXPECT_EQ(Modifie, Vrai);
@@ -103,26 +103,26 @@ TEST_F(EntreHautDeg_, TestsTheValueStoredSoFar) {
   EXPECT_EQ(HautDeg, -4);
 }
 
-TEST_F(EntreHautDeg_, TakesAnotherHeightBehindZero) {
+TEST_F(EntreHautDegTest, TakesAnotherHeightBehindZero) {
   HautDeg = 0;
   EXPECT_TRUE(EntreHautDeg("4"));
   EXPECT_EQ(HautDeg, 4);
 }
 
-TEST_F(EntreHautDeg_, StoresAndWrites) {
+TEST_F(EntreHautDegTest, StoresAndWrites) {
   EXPECT_TRUE(EntreHautDeg("12,5"));
   EXPECT_EQ(HautDeg, 12.5F);
   EXPECT_EQ(Ecrite("HautDeg"), "12.5");
   EXPECT_TRUE(biblio.appels.empty());
 }
 
-TEST_F(EntreHautDeg_, RefusesWhatNo32BitNumberHolds) {
+TEST_F(EntreHautDegTest, RefusesWhatNo32BitNumberHolds) {
   EXPECT_FALSE(EntreHautDeg("1e300"));
   EXPECT_FALSE(EntreHautDeg("abc"));
   EXPECT_EQ(HautDeg, 10);
 }
 
-TEST_F(EntrePCPoche_, RecomputesAllTracesAlsoWithoutAPocket) {
+TEST_F(EntrePCPocheTest, RecomputesAllTracesAlsoWithoutAPocket) {
   EXPECT_TRUE(EntrePCPoche("40"));
   EXPECT_EQ(PCPoche, 40);
   EXPECT_EQ(biblio.appels.size(), 2U);
@@ -130,7 +130,7 @@ TEST_F(EntrePCPoche_, RecomputesAllTracesAlsoWithoutAPocket) {
   EXPECT_EQ(Modifie, Vrai);
 }
 
-TEST_F(EntrePCPoche_, HasNoRangeTestAndTakesAnInteger) {
+TEST_F(EntrePCPocheTest, HasNoRangeTestAndTakesAnInteger) {
   EXPECT_TRUE(EntrePCPoche("-20"));
   EXPECT_EQ(PCPoche, -20);
   EXPECT_TRUE(EntrePCPoche("250"));
@@ -141,13 +141,13 @@ TEST_F(EntrePCPoche_, HasNoRangeTestAndTakesAnInteger) {
   EXPECT_EQ(PCPoche, 32767);
 }
 
-TEST_F(EntrePCPoche_, IgnoresWhatIsNoNumber) {
+TEST_F(EntrePCPocheTest, IgnoresWhatIsNoNumber) {
   EXPECT_FALSE(EntrePCPoche("15 %"));
   EXPECT_EQ(PCPoche, 15);
   EXPECT_TRUE(biblio.appels.empty());
 }
 
-TEST_F(EntreProfPasse_, StoresAndWritesANegativeDepth) {
+TEST_F(EntreProfPasseTest, StoresAndWritesANegativeDepth) {
   EXPECT_TRUE(EntreProfPasse("-0,8"));
   EXPECT_EQ(ProfPasse, -0.8);
   EXPECT_EQ(Ecrite("ProfPasse"), "-0.8");
@@ -155,7 +155,7 @@ TEST_F(EntreProfPasse_, StoresAndWritesANegativeDepth) {
   EXPECT_TRUE(biblio.appels.empty());
 }
 
-TEST_F(EntreProfPasse_, KeepsARefusedDepthInForceWithoutWritingIt) {
+TEST_F(EntreProfPasseTest, KeepsARefusedDepthInForceWithoutWritingIt) {
   for (const char* texte : {"2", "0"}) {
     Attend("F_Representation", "lib361");
     EXPECT_FALSE(EntreProfPasse(texte));
@@ -166,12 +166,12 @@ TEST_F(EntreProfPasse_, KeepsARefusedDepthInForceWithoutWritingIt) {
   EXPECT_EQ(Modifie, Faux);
 }
 
-TEST_F(EntreProfPasse_, IgnoresWhatIsNoNumber) {
+TEST_F(EntreProfPasseTest, IgnoresWhatIsNoNumber) {
   EXPECT_FALSE(EntreProfPasse("-"));
   EXPECT_EQ(ProfPasse, -1);
 }
 
-TEST_F(EntreHautDeg_, NoEntryBelowZeroGetsToItsRule) {
+TEST_F(EntreHautDegTest, NoEntryBelowZeroGetsToItsRule) {
   EXPECT_FALSE(LaisseHautDeg("-4"));
   EXPECT_EQ(HautDeg, 10);
   EXPECT_TRUE(LaisseHautDeg("0"));
@@ -179,7 +179,7 @@ TEST_F(EntreHautDeg_, NoEntryBelowZeroGetsToItsRule) {
   EXPECT_EQ(HautDeg, 10) << "the rule stores it";
 }
 
-TEST_F(EntreHautDeg_, AHeightBelowZeroThatIsInForceBecomesZeroBeforeItsRule) {
+TEST_F(EntreHautDegTest, AHeightBelowZeroThatIsInForceBecomesZeroBeforeItsRule) {
   for (const char* texte : {"8", "abc"}) {
     HautDeg = -4;
     EXPECT_TRUE(LaisseHautDeg(texte));

@@ -14,7 +14,7 @@ struct Fichier {
   std::vector<PointTrace> points;
 };
 
-class Exporte_ : public testing::Test {
+class ExporteTest : public testing::Test {
  protected:
   BiblioEssai biblio;
   std::vector<Fichier> ecrits;
@@ -44,7 +44,7 @@ void DeuxChemins() {
 
 }  // namespace
 
-TEST_F(Exporte_, RefusesOtherExtensions) {
+TEST_F(ExporteTest, RefusesOtherExtensions) {
   DeuxChemins();
   for (const char* chemin : {"/tmp/a.svg", "/tmp/dxf", "/tmp/a.dxf.bak"}) {
     Attend("F_Exporter", "lib001");
@@ -53,7 +53,7 @@ TEST_F(Exporte_, RefusesOtherExtensions) {
   EXPECT_TRUE(ecrits.empty());
 }
 
-TEST_F(Exporte_, WritesTheWholeDrawingWithItsSizeAsComment) {
+TEST_F(ExporteTest, WritesTheWholeDrawingWithItsSizeAsComment) {
   DeuxChemins();
   Attend("F_Exporter", "lib002");
   EXPECT_TRUE(Exporte("/tmp/x/Boite.Dxf", 0));
@@ -64,7 +64,7 @@ TEST_F(Exporte_, WritesTheWholeDrawingWithItsSizeAsComment) {
   EXPECT_THAT(Boites()[0].texte, testing::EndsWith("\r\nBoite.Dxf - X=17.50 - Y=4.00"));
 }
 
-TEST_F(Exporte_, UsesTheDecimalMarkOfTheUser) {
+TEST_F(ExporteTest, UsesTheDecimalMarkOfTheUser) {
   DeuxChemins();
   Svc.MarqueDecimale = ',';
   Attend("F_Exporter", "lib002");
@@ -72,7 +72,7 @@ TEST_F(Exporte_, UsesTheDecimalMarkOfTheUser) {
   EXPECT_EQ(Commentaire(0), "a.dat - X=17,50 - Y=4,00");
 }
 
-TEST_F(Exporte_, CutsTheCommentAt260BytesBetweenCharacters) {
+TEST_F(ExporteTest, CutsTheCommentAt260BytesBetweenCharacters) {
   DeuxChemins();
   std::string nom = "a";
   for (int i = 0; i < 140; ++i) nom += "é";
@@ -82,7 +82,7 @@ TEST_F(Exporte_, CutsTheCommentAt260BytesBetweenCharacters) {
   EXPECT_EQ(ecrits.at(0).commentaire, nom.substr(0, 259) + " ");
 }
 
-TEST_F(Exporte_, WritesTheToolPathInTheOrderOfTheTable) {
+TEST_F(ExporteTest, WritesTheToolPathInTheOrderOfTheTable) {
   DeuxChemins();
   biblio.echecs = {Code2(" A")};
   RecalculDecalages();
@@ -92,7 +92,7 @@ TEST_F(Exporte_, WritesTheToolPathInTheOrderOfTheTable) {
   EXPECT_EQ(Commentaire(0), "a.dxf - X=5.00 - Y=1.75");
 }
 
-TEST_F(Exporte_, KeepsTracesApartWhoseNumbersAreCutToTheSameText) {
+TEST_F(ExporteTest, KeepsTracesApartWhoseNumbersAreCutToTheSameText) {
   Code2 code = CodeAucun;
   for (int i = 0; i < 120; ++i) {
     code = CodeSuivant(code);
@@ -107,7 +107,7 @@ TEST_F(Exporte_, KeepsTracesApartWhoseNumbersAreCutToTheSameText) {
   for (std::size_t i = 1; i < p.size(); ++i) EXPECT_EQ(p[i].Seq == p[i - 1].Seq, i % 2 == 1) << i;
 }
 
-TEST_F(Exporte_, KeepsDxfWithSeveralTracesOneFileWithoutAQuestion) {
+TEST_F(ExporteTest, KeepsDxfWithSeveralTracesOneFileWithoutAQuestion) {
   DeuxChemins();
   RecalculDecalages();
   Attend("F_Exporter", "lib002");
@@ -115,7 +115,7 @@ TEST_F(Exporte_, KeepsDxfWithSeveralTracesOneFileWithoutAQuestion) {
   EXPECT_EQ(ecrits.size(), 1U);
 }
 
-TEST_F(Exporte_, AsksBeforeADatFileOfSeveralTracesAndCancelStops) {
+TEST_F(ExporteTest, AsksBeforeADatFileOfSeveralTracesAndCancelStops) {
   DeuxChemins();
   RecalculDecalages();
   for (const int source : {0, 1}) {
@@ -126,14 +126,14 @@ TEST_F(Exporte_, AsksBeforeADatFileOfSeveralTracesAndCancelStops) {
   EXPECT_TRUE(ecrits.empty());
 }
 
-TEST_F(Exporte_, DoesNotAskForADatFileOfOneTrace) {
+TEST_F(ExporteTest, DoesNotAskForADatFileOfOneTrace) {
   AjouteSequence(" A", {{5, 5}, {15.5F, 5}});
   RecalculDecalages();
   Attend("F_Exporter", "lib002");
   EXPECT_TRUE(Exporte("/tmp/a.dat", 1));
 }
 
-TEST_F(Exporte_, WritesOneDatFileForEachTraceThatHasPoints) {
+TEST_F(ExporteTest, WritesOneDatFileForEachTraceThatHasPoints) {
   DeuxChemins();
   AjouteSequence(" C", {{1, 1}, {2, 2}});
   biblio.echecs = {Code2(" B")};
@@ -152,7 +152,7 @@ TEST_F(Exporte_, WritesOneDatFileForEachTraceThatHasPoints) {
   EXPECT_THAT(texte, testing::HasSubstr(" a002.dat\r\n"));
 }
 
-TEST_F(Exporte_, WritesOneDatFileForEachPathOfTheDrawing) {
+TEST_F(ExporteTest, WritesOneDatFileForEachPathOfTheDrawing) {
   DeuxChemins();
   RecalculDecalages();
   Attend("F_Exporter", "lib003", Reponse::Ok);
@@ -163,7 +163,7 @@ TEST_F(Exporte_, WritesOneDatFileForEachPathOfTheDrawing) {
   EXPECT_EQ(ecrits[0].points, Trace(" A", {{5, 5}, {15.5F, 5}}));
 }
 
-TEST_F(Exporte_, GrowsTheNumberToFourDigits) {
+TEST_F(ExporteTest, GrowsTheNumberToFourDigits) {
   Code2 code = CodeAucun;
   for (int i = 0; i < 1001; ++i) {
     code = CodeSuivant(code);
@@ -178,7 +178,7 @@ TEST_F(Exporte_, GrowsTheNumberToFourDigits) {
   EXPECT_EQ(Commentaire(1000), "#1001");
 }
 
-TEST_F(Exporte_, TellsTheReasonOfAFailureAndStops) {
+TEST_F(ExporteTest, TellsTheReasonOfAFailureAndStops) {
   DeuxChemins();
   RecalculDecalages();
   resultat = -125;
@@ -192,7 +192,7 @@ TEST_F(Exporte_, TellsTheReasonOfAFailureAndStops) {
   EXPECT_EQ(ecrits.size(), 2U);
 }
 
-TEST_F(Exporte_, RefusesWhatHoldsNoPoint) {
+TEST_F(ExporteTest, RefusesWhatHoldsNoPoint) {
   Attend("F_Exporter", "lib007");
   EXPECT_FALSE(Exporte("/tmp/a.dxf", 0));
   TraceDecale = {{Code2(" A"), {}}, {Code2(" B"), {}}};
@@ -205,7 +205,7 @@ TEST_F(Exporte_, RefusesWhatHoldsNoPoint) {
 }
 
 // Names that the program makes are no names that the user has seen.
-TEST_F(Exporte_, AsksOnceBeforeItReplacesNumberedFiles) {
+TEST_F(ExporteTest, AsksOnceBeforeItReplacesNumberedFiles) {
   DeuxChemins();
   RecalculDecalages();
   EcritFichierEssai("a001.dat", "1");

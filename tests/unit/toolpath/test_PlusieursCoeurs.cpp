@@ -25,11 +25,12 @@ void DessineVagues(int pointsParChemin) {
   for (int k = 0; k < 20; ++k) {
     std::vector<std::pair<float, float>> xy;
     const double rayon = k == 7 ? 1.2 : 12;
+    const int colonne = k % 5, rang = k / 5;
     for (int i = 0; i <= pointsParChemin; ++i) {
       const double a = 2 * M_PI * (i % pointsParChemin) / pointsParChemin;
       const double r = rayon + 0.3 * std::sin(24 * a + k);
-      xy.emplace_back(static_cast<float>(40 * (k % 5) + r * std::cos(a)),
-                      static_cast<float>(40 * (k / 5) + r * std::sin(a)));
+      xy.emplace_back(static_cast<float>(40 * colonne + r * std::cos(a)),
+                      static_cast<float>(40 * rang + r * std::sin(a)));
     }
     AjouteSequence(std::string(" ") + static_cast<char>('A' + k), xy);
     Sequences.back().Decalage = static_cast<std::int16_t>(k == 3 ? 2 : k % 2 == 0 ? 1 : 3);

@@ -122,7 +122,7 @@ TEST(FichierEndommage, AnotherKindOfFileIsSetAside) {
 TEST(FichierEndommage, TheSecondOneGetsAnotherName) {
   const DossierEssai d;
   EcritFichier(d.Chemin("carte"), "un");
-  Banc({.fichier = d.Chemin("carte")});
+  { const Banc premier({.fichier = d.Chemin("carte")}); }
   EcritFichier(d.Chemin("carte"), "deux");
   Banc b({.fichier = d.Chemin("carte")});
   EXPECT_EQ(b.carte->Fichier().misDeCote, d.Chemin("carte.endommage-2"));

@@ -5,7 +5,6 @@ namespace {
 
 using namespace essai;
 using zenikcom::Axes3;
-using zenikcom::EtatCarte;
 
 TEST(Statut, ABoardAtRestSaysTwo) {
   Banc b;

@@ -177,7 +177,7 @@ TEST_F(EssaiVitesse, FindsTheFreeSpeedOfAMachineToOneIncrement) {
       const std::vector<Axes3> chemin = carte_->Parcours();
       std::int64_t bout = 0;
       for (; vus < chemin.size(); ++vus) bout = std::max(bout, chemin[vus][axe]);
-      perdu = perdu || bout != 30 * PasParMm || carte_->Lieu() != Compte();
+      perdu = perdu || bout != std::int64_t{30} * PasParMm || carte_->Lieu() != Compte();
       if (!perdu) derniere = v;
     };
     ReglageEssai r{5, 45, Increment, 30, {}};

@@ -349,8 +349,9 @@ Forme Spirale(double tours, double pas, double largeur, int n) {
     const double a = 2 * std::numbers::pi * tours * s;
     f.push_back(P{std::cos(a), std::sin(a)} * (4 + pas * tours * s + o));
   };
-  for (int i = 0; i < n / 2; ++i) ajoute(std::sqrt(i / (n / 2 - 1.0)), largeur / 2);
-  for (int i = n / 2; i-- > 0;) ajoute(std::sqrt(i / (n / 2 - 1.0)), -largeur / 2);
+  const int moitie = n / 2;
+  for (int i = 0; i < moitie; ++i) ajoute(std::sqrt(i / (moitie - 1.0)), largeur / 2);
+  for (int i = moitie; i-- > 0;) ajoute(std::sqrt(i / (moitie - 1.0)), -largeur / 2);
   return f;
 }
 

@@ -134,7 +134,7 @@ Region Damier(std::mt19937_64& g, double part, double cote, bool coupe) {
   if (pleines.empty()) pleines.insert({0, 0});
   std::multimap<Case, Case> bords;  // from -> to, squares on the left
   for (const auto& [x, y] : pleines) {
-    const auto vide = [&](int dx, int dy) { return !pleines.contains({x + dx, y + dy}); };
+    const auto vide = [&pleines, x = x, y = y](int dx, int dy) { return !pleines.contains({x + dx, y + dy}); };
     if (vide(0, -1)) bords.insert({{x, y}, {x + 1, y}});
     if (vide(1, 0)) bords.insert({{x + 1, y}, {x + 1, y + 1}});
     if (vide(0, 1)) bords.insert({{x + 1, y + 1}, {x, y + 1}});

@@ -13,7 +13,6 @@
 #include "tests/unit/closed/pathwerk/controle/ControleRegion.h"
 
 using namespace controle;
-using pathwerk::Vec2;
 using pathwerk::decalage::ArcSuite;
 using pathwerk::decalage::CompteDecaleRegion;
 using pathwerk::decalage::DecaleRegion;

@@ -25,7 +25,8 @@ TEST(Poche, RingsOfASquareLieAtTheStepFromTheInsideOutwards) {
   const auto [r, t] = Decale(s, 2, 60);  // step 1.6: depths 2, 3.6 ... 19.6
   ASSERT_EQ(r, 12 * 5) << "four corners and the closing point a ring";
   for (std::size_t i = 0; i < t.size(); ++i) {
-    EXPECT_NEAR(Profondeur(s, t[i]), 19.6 - 1.6 * static_cast<double>(i / 5), 0.01);
+    const std::size_t anneau = i / 5;
+    EXPECT_NEAR(Profondeur(s, t[i]), 19.6 - 1.6 * static_cast<double>(anneau), 0.01);
     if (i % 5 == 4) {
       EXPECT_TRUE(MemePlace(t[i], t[i - 4])) << "each ring is closed";
     }

@@ -11,7 +11,6 @@
 #include "tests/unit/closed/pathwerk/controle/Couverture.h"
 
 using namespace controle;
-using pathwerk::Code2;
 
 namespace {
 

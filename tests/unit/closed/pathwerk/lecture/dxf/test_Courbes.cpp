@@ -6,7 +6,6 @@
 #include "tests/unit/closed/pathwerk/lecture/dxf/Outils.h"
 
 using namespace essai;
-using pathwerk::Erreur;
 using pathwerk::Vec2;
 using pathwerk::lecture::Lecture;
 using pathwerk::lecture::Nature;

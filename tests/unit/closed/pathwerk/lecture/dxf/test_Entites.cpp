@@ -5,7 +5,6 @@
 #include "tests/unit/closed/pathwerk/lecture/dxf/Outils.h"
 
 using namespace essai;
-using pathwerk::Erreur;
 using pathwerk::lecture::Lecture;
 using pathwerk::lecture::Nature;
 using pathwerk::lecture::Trait;

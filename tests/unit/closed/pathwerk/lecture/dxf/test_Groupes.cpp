@@ -7,7 +7,6 @@
 using namespace essai;
 using pathwerk::Erreur;
 using pathwerk::lecture::Lecture;
-using pathwerk::lecture::Nature;
 
 namespace {
 
@@ -103,8 +102,7 @@ TEST(LireDxf, BinaryFileMayBeginWithAComment) {
 
 TEST(LireDxf, BinaryFileWithAnUnknownCodeIsRefused) {
   std::string t = EnBinaire(DeMots("0=SECTION 2=ENTITIES "), true);
-  t += "\x55\x00\x01\x02";
-  t[t.size() - 3] = '\0';
+  t += std::string("\x55\x00\x01\x02", 4);
   EXPECT_EQ(Lit(t).rapport.Numero, Erreur::Dxf);
   EXPECT_EQ(Lit(t).rapport.Ligne, 0);
 }

@@ -26,7 +26,7 @@ TEST(EpsPostScript, IsTheFileItselfWithoutABinaryHeader) {
 }
 
 TEST(EpsPostScript, IsTheSectionThatTheBinaryHeaderNames) {
-  EXPECT_EQ(EpsPostScript(Binaire("%!PS\n1 2\n", "II*\0preview", 9)), "%!PS\n1 2");
+  EXPECT_EQ(EpsPostScript(Binaire("%!PS\n1 2\n", std::string("II*\0preview", 11), 9)), "%!PS\n1 2");
 }
 
 TEST(EpsPostScript, BrokenBinaryHeadersAreRefused) {
@@ -37,7 +37,7 @@ TEST(EpsPostScript, BrokenBinaryHeadersAreRefused) {
   std::string devant = Binaire("%!PS\n", "", 5);
   devant[4] = 3;  // the section would lie in the header
   EXPECT_EQ(EpsPostScript(devant), std::nullopt);
-  EXPECT_EQ(EpsPostScript(Binaire("II*\0", "", 3)), std::nullopt);
+  EXPECT_EQ(EpsPostScript(Binaire("II*", "", 3)), std::nullopt);
 }
 
 TEST(EpsPostScript, WhatASpoolerPutsAroundIsCutOff) {

@@ -26,41 +26,41 @@ std::vector<Vec2> Trous(const std::string& texte, bool entete = true) {
   return t;
 }
 using Points = std::vector<Vec2>;
-constexpr double f(float v) { return static_cast<double>(v); }
+constexpr double Lu(float v) { return static_cast<double>(v); }
 
 }  // namespace
 
 TEST(LireExcellon, UnitsAndDefaultFormats) {
-  EXPECT_EQ(Trous("METRIC\n%\nT1\nX012500Y003000\n"), (Points{{12.5, 3}}));              // 3.3
-  EXPECT_EQ(Trous("INCH\n%\nT1\nX+010000Y-005000\n"), (Points{{f(25.4F), f(-12.7F)}}));  // 2.4
-  EXPECT_EQ(Trous("%\nM72\nT1\nX10000Y5000\n"), (Points{{f(25.4F), f(12.7F)}}));
+  EXPECT_EQ(Trous("METRIC\n%\nT1\nX012500Y003000\n"), (Points{{12.5, 3}}));                // 3.3
+  EXPECT_EQ(Trous("INCH\n%\nT1\nX+010000Y-005000\n"), (Points{{Lu(25.4F), Lu(-12.7F)}}));  // 2.4
+  EXPECT_EQ(Trous("%\nM72\nT1\nX10000Y5000\n"), (Points{{Lu(25.4F), Lu(12.7F)}}));
   EXPECT_EQ(Trous("M71\n%\nT1\nX12500Y3000\n"), (Points{{12.5, 3}}));
-  EXPECT_EQ(Trous("%\nT1\nX10000Y5000\n"), (Points{{f(25.4F), f(12.7F)}}));  // nothing said: inch
-  EXPECT_EQ(Trous("METRIC,TZ\n%\nM71\nT1\nX1Y2\n"), (Points{{f(0.001F), f(0.002F)}}));
+  EXPECT_EQ(Trous("%\nT1\nX10000Y5000\n"), (Points{{Lu(25.4F), Lu(12.7F)}}));  // nothing said: inch
+  EXPECT_EQ(Trous("METRIC,TZ\n%\nM71\nT1\nX1Y2\n"), (Points{{Lu(0.001F), Lu(0.002F)}}));
 }
 
 TEST(LireExcellon, ZerosThatAreKeptLeadOrTrail) {
   // TZ: trailing zeros are there. LZ: leading zeros are there, so the first digits are the whole ones.
-  EXPECT_EQ(Trous("METRIC,TZ\n%\nX1500Y20\n"), (Points{{1.5, f(0.02F)}}));
+  EXPECT_EQ(Trous("METRIC,TZ\n%\nX1500Y20\n"), (Points{{1.5, Lu(0.02F)}}));
   EXPECT_EQ(Trous("METRIC,LZ\n%\nX0015Y02\n"), (Points{{1.5, 20}}));
   EXPECT_EQ(Trous("METRIC,LZ\n%\nX-0015Y+02\n"), (Points{{-1.5, 20}}));
-  EXPECT_EQ(Trous("INCH,LZ\n%\nX01Y0025\n"), (Points{{f(25.4F), f(6.35F)}}));
+  EXPECT_EQ(Trous("INCH,LZ\n%\nX01Y0025\n"), (Points{{Lu(25.4F), Lu(6.35F)}}));
 }
 
 TEST(LireExcellon, FormatsThatAreStated) {
-  EXPECT_EQ(Trous("METRIC,0000.00\n%\nX+004398Y+003842\n"), (Points{{f(43.98F), f(38.42F)}}));
-  EXPECT_EQ(Trous("METRIC,TZ,000.000\n%\nX25679Y9449\n"), (Points{{f(25.679F), f(9.449F)}}));
+  EXPECT_EQ(Trous("METRIC,0000.00\n%\nX+004398Y+003842\n"), (Points{{Lu(43.98F), Lu(38.42F)}}));
+  EXPECT_EQ(Trous("METRIC,TZ,000.000\n%\nX25679Y9449\n"), (Points{{Lu(25.679F), Lu(9.449F)}}));
   EXPECT_EQ(Trous(";FILE_FORMAT=2:2\nINCH,TZ\n%\nX+1000Y+0000\n"), (Points{{254, 0}}));
   EXPECT_EQ(Trous("INCH,TZ\n;FILE_FORMAT=2:2\n%\nX+1000Y+0000\n"), (Points{{254, 0}}));
   EXPECT_EQ(Trous("; FORMAT={3:2/ absolute / metric / suppress trailing zeros}\nMETRIC\n%\nX0015Y002\n"),
             (Points{{1.5, 2}}));
   EXPECT_EQ(Trous("; FORMAT={-:-/ absolute / inch / decimal}\nINCH\n%\nX1.0Y0.5\n"),
-            (Points{{f(25.4F), f(12.7F)}}));
+            (Points{{Lu(25.4F), Lu(12.7F)}}));
 }
 
 TEST(LireExcellon, ADecimalPointSettlesIt) {
   EXPECT_EQ(Trous("METRIC,LZ\n%\nX1.5Y-20.25\nX.5\n"), (Points{{1.5, -20.25}, {0.5, -20.25}}));
-  EXPECT_EQ(Trous("INCH\n%\nX1.Y2.\n"), (Points{{f(25.4F), f(50.8F)}}));
+  EXPECT_EQ(Trous("INCH\n%\nX1.Y2.\n"), (Points{{Lu(25.4F), Lu(50.8F)}}));
 }
 
 TEST(LireExcellon, CoordinatesAreModal) {
@@ -83,7 +83,7 @@ TEST(LireExcellon, ZeroSetIsNoHoleAndMovesWhatFollows) {
 
 TEST(LireExcellon, RepeatsStepFromTheLastHole) {
   EXPECT_EQ(Trous("METRIC\n%\nX1000Y1000\nR03X500Y-100\nX0\n"),
-            (Points{{1, 1}, {1.5, f(0.9F)}, {2, f(0.8F)}, {2.5, f(0.7F)}, {0, f(0.7F)}}));
+            (Points{{1, 1}, {1.5, Lu(0.9F)}, {2, Lu(0.8F)}, {2.5, Lu(0.7F)}, {0, Lu(0.7F)}}));
   EXPECT_EQ(Trous("METRIC\n%\nX0Y0\nR2Y1000\n"), (Points{{0, 0}, {0, 1}, {0, 2}}));
 }
 
@@ -191,7 +191,7 @@ TEST(LireExcellon, HeaderEndsAtPercentM95OrTheFirstCoordinate) {
 }
 
 TEST(LireExcellon, AFileWithoutHeaderIsReadWhenItsLinesAre) {
-  EXPECT_EQ(Trous("%\nT1\nX10000Y10000\nM30\n", false), (Points{{f(25.4F), f(25.4F)}}));
+  EXPECT_EQ(Trous("%\nT1\nX10000Y10000\nM30\n", false), (Points{{Lu(25.4F), Lu(25.4F)}}));
 }
 
 TEST(LireExcellon, WhatIsBehindTheEndIsNotRead) {
@@ -258,10 +258,10 @@ TEST(LireExcellon, AFewBytesDoNotTakeAllMemory) {
 TEST(LireExcellon, TheUnitMayStandWithItsZerosBehindM71AndM72) {
   EXPECT_EQ(Trous("M71,TZ\n%\nX12500Y3000\n"), (Points{{12.5, 3}}));
   EXPECT_EQ(Trous("M71,LZ\n%\nX0125Y03\n"), (Points{{12.5, 30}}));
-  EXPECT_EQ(Trous("M72, LZ\n%\nX01Y005\n"), (Points{{f(25.4F), f(12.7F)}}));
-  EXPECT_EQ(Trous("M71,000.000\n%\nX1500Y20\n"), (Points{{1.5, f(0.02F)}}));
+  EXPECT_EQ(Trous("M72, LZ\n%\nX01Y005\n"), (Points{{Lu(25.4F), Lu(12.7F)}}));
+  EXPECT_EQ(Trous("M71,000.000\n%\nX1500Y20\n"), (Points{{1.5, Lu(0.02F)}}));
   EXPECT_EQ(Trous("; FORMAT={3:3/ absolute / metric / suppress leading zeros}\n%\nX1500Y20\n"),
-            (Points{{1.5, f(0.02F)}}));
+            (Points{{1.5, Lu(0.02F)}}));
 }
 
 TEST(LireExcellon, EveryHeaderWordIsKnownOrCounted) {
