@@ -243,7 +243,7 @@ void CommandesPrincipales::DessinOuvert(bool ouvert) {
   for (const LigneCommande& c : TableCommandes()) {
     if (c.dessin) Active(c.nom, ouvert);
   }
-  comboZoom_->setEnabled(ouvert);
+  if (comboZoom_ != nullptr) comboZoom_->setEnabled(ouvert);
   MontreUndo(ouvert);
 }
 
