@@ -172,7 +172,7 @@ void ArbreAnneaux::AjouteRestes(const Niveau& niveau, const Index& ici, const In
       Anneau a;
       a.points = std::move(reste.points);
       a.profondeur = niveau.profondeur + rayon;
-      if (!reste.entier) Degage(a, *dedans, rayon);
+      if (dedans != nullptr && !reste.entier) Degage(a, *dedans, rayon);
       if (a.parent == Aucun) {
         a.parent = ici.PlusProche(acces_.VersLeBord(a.points[0], niveau.profondeur)).anneau;
       }
