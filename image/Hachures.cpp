@@ -20,13 +20,13 @@ std::vector<PointEcran> Hachures(std::span<const PointEcran> bord, const TailleI
     const double bas = std::min(sa, sb);
     const double haut = std::max(sa, sb);
     if (!std::isfinite(bas) || !std::isfinite(haut)) continue;
-    const double premiere = std::clamp(std::ceil(bas / pas), 0.0, dernier + 1);
-    const double derniere = std::min(std::ceil(haut / pas) - 1, dernier);
-    for (double k = premiere; k <= derniere; ++k) {
-      const double t = (k * pas - sa) / (sb - sa);
+    const auto premiere = static_cast<long>(std::clamp(std::ceil(bas / pas), 0.0, dernier + 1));
+    const auto derniere = static_cast<long>(std::clamp(std::ceil(haut / pas) - 1, -1.0, dernier));
+    for (long k = premiere; k <= derniere; ++k) {
+      const double t = (static_cast<double>(k) * pas - sa) / (sb - sa);
       const double da = double{a.X} - a.Y;
       const double db = double{b.X} - b.Y;
-      croisements.emplace_back(static_cast<long>(k), da + t * (db - da));
+      croisements.emplace_back(k, da + t * (db - da));
     }
   }
   std::sort(croisements.begin(), croisements.end());

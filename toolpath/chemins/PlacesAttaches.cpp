@@ -91,7 +91,9 @@ std::vector<PlaceAttache> PlacesAttaches(std::span<const PointTrace> run, const 
   const auto libre = [&](double s) { return Loin(coins, s, rayon) && Loin(prises, s, 2 * rayon); };
   // Outward from the ideal place, as far as half the way to the next one.
   const auto cherche = [&](double ideal, bool droit) -> std::optional<double> {
-    for (double d = 0; d <= longueur / nombre / 2; d += pas) {
+    const auto pasDeCote = static_cast<long>(longueur / nombre / 2 / pas);
+    for (long k = 0; k <= pasDeCote; ++k) {
+      const double d = static_cast<double>(k) * pas;
       for (const double s : {ideal + d, ideal - d}) {
         if (s > 0 && s < longueur && libre(s) && (!droit || Loin(courbes, s, rayon))) return s;
       }
