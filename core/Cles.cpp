@@ -209,6 +209,8 @@ OrigineCle OrigineDe(std::string_view cle) {
   return magasin::Ini(CheminIni()).Lit(SectionProgramme, cle) ? OrigineCle::Reglages : OrigineCle::Defaut;
 }
 
+bool ProjetEnVigueur() { return !Rogne(FichierProjet).empty() && ExtensionDe(FichierCourant) == "OVL"; }
+
 void OublieCles() { magasin::Oublie(); }
 
 }  // namespace ovelin

@@ -36,6 +36,9 @@ void DeplacerSection(std::string_view source, std::string_view cible, const std:
 enum class OrigineCle { Defaut, Reglages, Projet, Surcharge };
 OrigineCle OrigineDe(std::string_view cle);
 
+// Whether the drawing in force is a project that keys are read from; a snapshot that is being read is one too.
+bool ProjetEnVigueur();
+
 // Path of the settings file: DossierProgramme + "/OVELIN.ini".
 std::string CheminIni();
 // The file and why it can't be read though it is there (rights, a folder of that name, a pipe, a size that no

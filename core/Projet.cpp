@@ -83,6 +83,7 @@ std::string LignesReglages(const std::string& chemin) {
     EcritCouleurs();
     EcritOptions();
     EcritOutil();
+    EcritRampe();
   }
   return texte;
 }

@@ -10,6 +10,11 @@
 
 namespace ovelin {
 
+// Steepest angle of a way down along the path, degrees to the surface; what isn't above 0 or is steeper means:
+// straight down.
+inline constexpr double AngleRampeMax = 45;
+constexpr bool EstRampe(double angle) { return angle > 0 && angle <= AngleRampeMax; }
+
 struct Reglages {
   // tool dimensions
   double RayonFraise = 3;          // mm, never negative but for the moment of a refused entry
@@ -23,6 +28,7 @@ struct Reglages {
   double ProfFraisage = -3;    // total depth, mm
   double ProfPasse = -1;       // depth of a pass, mm, negative
   double MiniEncoche = 0;      // mm, height of the bridge above the bottom of the cut
+  double AngleRampe = 0;       // degrees to the surface of the way down into a closed path, 0: straight
   std::int16_t ModeZENIK = 0;
   // options
   std::int16_t PCPoche = 15;  // overlap of pockets, per cent

@@ -14,7 +14,19 @@ namespace {
 
 [[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Regl = Reglages{}; });
 
-enum class Groupe { Materiau, Couleurs, Options, Recents, Outil, Soudure, Gcode, Image, SortieNC, Demarrage };
+enum class Groupe {
+  Materiau,
+  Couleurs,
+  Options,
+  Recents,
+  Outil,
+  Rampe,
+  Soudure,
+  Gcode,
+  Image,
+  SortieNC,
+  Demarrage
+};
 
 // A key read into its member; without it, or where it is no number, the member takes the default.
 void Lit(const char* cle, double& m, double defaut) { m = LireNombre(cle, defaut); }
@@ -61,12 +73,20 @@ void EcritGroupe(Groupe groupe) {
   }
 }
 
+// The angle of an open project is its own: one without the key has no ramps, whatever the user's settings have.
+void LitRampe() {
+  LitGroupe(Groupe::Rampe);
+  if (ProjetEnVigueur() && OrigineDe(cles::AngleRampe) == OrigineCle::Reglages) Regl.AngleRampe = 0;
+  if (!EstRampe(Regl.AngleRampe)) Regl.AngleRampe = 0;
+}
+
 }  // namespace
 
 void LitMateriau() {
   LitGroupe(Groupe::Materiau);
   Regl.HautDegSaisie = false;
   if (Regl.ProfPasse == 0) Regl.ProfPasse = -0.1;  // passes of no depth would never reach the bottom
+  LitRampe();
 }
 
 void LitCouleurs() { LitGroupe(Groupe::Couleurs); }
@@ -126,6 +146,13 @@ void EcritOptions() {
 }
 
 void EcritOutil() { EcritGroupe(Groupe::Outil); }
+
+void EcritRampe() {
+  const LotCles lot;
+  if (Regl.AngleRampe != 0 || OrigineDe(cles::AngleRampe) == OrigineCle::Projet) return EcritGroupe(Groupe::Rampe);
+  const SansProjet reglages;
+  if (NombreDuTexte(LireCleIni(cles::AngleRampe, "0")) != 0) EcritGroupe(Groupe::Rampe);
+}
 
 void EcritSoudure() {
   const SansProjet reglages;

@@ -17,11 +17,13 @@ inline constinit auto& HautDeg = Regl.HautDeg;
 inline constinit auto& ProfFraisage = Regl.ProfFraisage;
 inline constinit auto& ProfPasse = Regl.ProfPasse;
 inline constinit auto& MiniEncoche = Regl.MiniEncoche;
+inline constinit auto& AngleRampe = Regl.AngleRampe;
 inline constinit auto& PCPoche = Regl.PCPoche;
 inline constinit auto& TableDefaut = Regl.TableDefaut;
 
 // Each group read through the key store (project first, then the settings file, then the default).
-void LitMateriau();  // Vitesse_Mat_H, Vitesse_Mat_V, HautDeg, ProfFraisage, ProfPasse, MiniEncoche, ModeZENIK
+void LitMateriau();  // Vitesse_Mat_H, Vitesse_Mat_V, HautDeg, ProfFraisage, ProfPasse, MiniEncoche, ModeZENIK;
+                     // AngleRampe
 void LitCouleurs();
 void LitCouleursGcode();  // CouleurRapide, CouleurCoupe, CouleurPlongee, from the settings file alone
 void LitOptions();   // PCPoche, ConfirmSuppr, TimerInterval, gMaxMRU; ToleranceSoudure from the settings file alone
@@ -37,6 +39,9 @@ void EcritMateriau();
 void EcritCouleurs();
 void EcritOptions();  // gMaxMRU with FichierProjet blanked for the moment
 void EcritOutil();
+// AngleRampe. A file that never had an angle gets no line of 0: a project without ramps is the file that it always
+// was, and opens without them whatever the settings have.
+void EcritRampe();
 void EcritSoudure();   // ToleranceSoudure, into the settings file alone
 void EcritSortieNC();  // DialecteNC, VitesseBroche, AttenteBroche, likewise
 void EcritImage();     // DessinSobre and DessinSaignee, likewise

@@ -34,6 +34,7 @@ struct Genre {
 };
 constexpr Genre Longueur{Sorte::Nombre, -LongueurMax, LongueurMax};
 constexpr Genre Positive{Sorte::Nombre, 0, LongueurMax};
+constexpr Genre Angle{Sorte::Nombre, 0, AngleRampeMax};
 constexpr Genre Entier16{Sorte::Nombre, -Max16, Max16};
 constexpr Genre Entier32{Sorte::Nombre, -Max32, Max32};
 constexpr Genre Cote{Sorte::Nombre, -Max16, 3};  // what is below 1 counts as 1

@@ -228,7 +228,7 @@ SorteChangement SorteDuReglage(std::string_view ligne) {
     if (cle == outil) return SorteChangement::Outil;
   }
   for (const char* materiau : {cles::Vitesse_Mat_H, cles::Vitesse_Mat_V, cles::HautDeg, cles::ProfFraisage,
-                               cles::ProfPasse, cles::MiniEncoche}) {
+                               cles::ProfPasse, cles::MiniEncoche, cles::AngleRampe}) {
     if (cle == materiau) return SorteChangement::Materiau;
   }
   return SorteChangement::Reglage;

@@ -16,8 +16,9 @@ namespace ovelin {
 namespace {
 
 // The settings lines of a project that a command of the window writes on its way.
-constexpr std::array Cles{"Vitesse_Mat_H", "Vitesse_Mat_V", "HautDeg",     "ProfFraisage",   "ProfPasse",
-                          "MiniEncoche",   "PCPoche",       "RayonFraise", "LargeurEncoche", "DecalageOutil"};
+constexpr std::array Cles{"Vitesse_Mat_H",  "Vitesse_Mat_V", "HautDeg",   "ProfFraisage",
+                          "ProfPasse",      "MiniEncoche",   "PCPoche",   "RayonFraise",
+                          "LargeurEncoche", "DecalageOutil", "AngleRampe"};
 
 struct Travail {
   std::vector<PointTrace> points;
@@ -53,7 +54,8 @@ bool MemeOutil(const Reglages& a, const Reglages& b) {
   return a.RayonFraise == b.RayonFraise && a.DecalageOutil == b.DecalageOutil &&
          a.LargeurEncoche == b.LargeurEncoche && a.Vitesse_Mat_H == b.Vitesse_Mat_H &&
          a.Vitesse_Mat_V == b.Vitesse_Mat_V && a.HautDeg == b.HautDeg && a.ProfFraisage == b.ProfFraisage &&
-         a.ProfPasse == b.ProfPasse && a.MiniEncoche == b.MiniEncoche && a.PCPoche == b.PCPoche;
+         a.ProfPasse == b.ProfPasse && a.MiniEncoche == b.MiniEncoche && a.PCPoche == b.PCPoche &&
+         a.AngleRampe == b.AngleRampe;
 }
 
 // Without points then and now there is nothing that could be lost.

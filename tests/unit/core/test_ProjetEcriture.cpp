@@ -51,6 +51,25 @@ TEST(EcrireProjet, WritesTheWholeFileColumnForColumn) {
                               Encoches);
 }
 
+TEST(EcrireProjet, HoldsTheAngleOfARampBehindTheOtherSettings) {
+  AjouteSequence(" A", {{0, 0}, {1, 1}}, 2, -3);
+  Regl.AngleRampe = 3.5;
+  const std::string texte = Enregistre();
+  EXPECT_TRUE(texte.starts_with(ReglagesDepart + std::string(ReglagesFin) + "$$AngleRampe=3.5\r\n$$Seq A"));
+  Regl.AngleRampe = 0;
+  EXPECT_TRUE(LireProjet(FichierProjet));
+  EXPECT_EQ(Regl.AngleRampe, 3.5);
+}
+
+TEST(EcrireProjet, WithoutARampIsTheSameFileWhateverTheSettingsHad) {
+  AjouteSequence(" A", {{0, 0}, {1, 1}}, 2, -3);
+  const std::string texte = Enregistre();
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nAngleRampe=3\r\n");
+  OublieCles();
+  EXPECT_EQ(Enregistre("q.OVL"), texte);
+  EXPECT_EQ(texte.find("Rampe"), std::string::npos);
+}
+
 TEST(EcrireProjet, UsesTheUsersDecimalMark) {
   Svc.MarqueDecimale = ',';
   Regl.LargeurEncoche = 2.5;

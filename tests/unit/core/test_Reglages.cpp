@@ -26,6 +26,7 @@ TEST(LitReglages, GivesTheDefaultsWithoutAFile) {
   EXPECT_EQ(Regl.ProfFraisage, -3);
   EXPECT_EQ(Regl.ProfPasse, -1);
   EXPECT_EQ(Regl.MiniEncoche, 0);
+  EXPECT_EQ(Regl.AngleRampe, 0);
   EXPECT_EQ(Regl.ModeZENIK, 0);
   EXPECT_EQ(Regl.PCPoche, 15);
   EXPECT_TRUE(Regl.ConfirmSuppr);
@@ -65,6 +66,67 @@ TEST(LitMateriau, FallsBackOnTheDefaultForWhatIsNoNumber) {
   LitMateriau();
   EXPECT_EQ(Regl.ProfPasse, -1);
   EXPECT_EQ(Regl.HautDeg, std::numeric_limits<float>::max());  // clipped, never infinite
+}
+
+TEST(LitMateriau, ReadsTheAngleOfTheRamp) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nAngleRampe=3,5\r\n");
+  LitMateriau();
+  EXPECT_EQ(Regl.AngleRampe, 3.5);
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "$$AngleRampe=7\r\n");
+  LitMateriau();
+  EXPECT_EQ(Regl.AngleRampe, 7);
+}
+
+TEST(LitMateriau, AProjectWithoutAnAngleHasNoRampWhateverTheSettingsHave) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nAngleRampe=3,5\r\n");
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "$$ProfPasse=-1\r\n");
+  LitMateriau();
+  EXPECT_EQ(Regl.AngleRampe, 0);
+  Magasin.Surcharge["AngleRampe"] = "9";
+  LitMateriau();
+  EXPECT_EQ(Regl.AngleRampe, 9) << "what this call asks for stands above both";
+  Magasin.Surcharge.clear();
+  FichierCourant = essai::Dossier() + "/dessin.dxf";  // a drawing, behind an undo
+  FichierProjet = "Chargt";
+  LitMateriau();
+  EXPECT_EQ(Regl.AngleRampe, 3.5);
+}
+
+TEST(LitMateriau, TakesNoAngleThatIsNone) {
+  for (const char* texte : {"-3", "45,1", "90", "abc", "1e999"}) {
+    EcritFichierEssai("OVELIN.ini", std::string("[OVELIN]\r\nAngleRampe=") + texte + "\r\n");
+    OublieCles();
+    LitMateriau();
+    EXPECT_EQ(Regl.AngleRampe, 0) << texte;
+  }
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nAngleRampe=45\r\n");
+  OublieCles();
+  LitMateriau();
+  EXPECT_EQ(Regl.AngleRampe, 45);
+}
+
+TEST(EcritRampe, WritesAnAngleIntoSettingsAndProject) {
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "");
+  Regl.AngleRampe = 2.5;
+  EcritRampe();
+  EXPECT_EQ(LitFichierEssai(FichierProjet), "$$AngleRampe=2.5\r\n");
+  EXPECT_EQ(LireCleIni("AngleRampe", ""), "2.5");
+}
+
+TEST(EcritRampe, WritesNoZeroWhereThereWasNoAngle) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nProfPasse=-1\r\n");
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "$$ProfPasse=-1\r\n");
+  EcritRampe();
+  EXPECT_EQ(LitFichierEssai(FichierProjet), "$$ProfPasse=-1\r\n");
+  EXPECT_EQ(LitFichierEssai(CheminIni()), "[OVELIN]\r\nProfPasse=-1\r\n");
+}
+
+TEST(EcritRampe, AZeroReplacesTheAngleThatWasThere) {
+  EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\nAngleRampe=3\r\n");
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "$$AngleRampe=7\r\n");
+  EcritRampe();
+  EXPECT_EQ(LitFichierEssai(FichierProjet), "$$AngleRampe=0\r\n");
+  EXPECT_EQ(LireCleIni("AngleRampe", ""), "0");
 }
 
 TEST(LitOutil, TurnsASideBelowOneIntoOne) {
