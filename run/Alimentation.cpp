@@ -46,7 +46,11 @@ bool Alimentation::PasLigne() {
   }
   Deplacement& ligne = TableDecoupe[base::Indice(ligne_)];
   float v = ligne.Vitesse;
-  if (vRef_ != 0 && ligne.dZ == 0) v = static_cast<float>(Vitesse_Mat_H * (v / vRef_));
+  const bool plane = ligne.dX != 0 || ligne.dY != 0;
+  // A ramp has the speed that its depth allows: it follows a slower feed, never a faster one.
+  if (vRef_ != 0 && (ligne.dZ == 0 || (plane && Vitesse_Mat_H < vRef_))) {
+    v = static_cast<float>(Vitesse_Mat_H * (v / vRef_));
+  }
   float t = 0;
   const bool accepte = CdeZENIK->CommandeDATA(ligne.dX, ligne.dY, ligne.dZ, v, t, false);
   if (Perdue() || !accepte) return false;

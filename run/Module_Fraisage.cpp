@@ -113,7 +113,7 @@ std::uint64_t EmpreintePlan() {
   }
   for (const double v : {ProfPasse, MiniEncoche, Vitesse_Mat_H, Vitesse_Mat_V, static_cast<double>(HautDeg),
                          static_cast<double>(VitesseMaxX), static_cast<double>(VitesseMaxY),
-                         static_cast<double>(VitesseMaxZ), RayonFraise}) {
+                         static_cast<double>(VitesseMaxZ), RayonFraise, AngleRampe}) {
     e.Nombre(v);
   }
   return e.Valeur();

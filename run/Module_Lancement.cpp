@@ -148,6 +148,7 @@ bool ReprendFraisage(const std::string& vitesse) {
   FraisageEnCours = Vrai;
   BrocheOn();
   const Deplacement premiere = TableReprise[1];
+  const Deplacement arrivee = ArriveeReprise(premiere, CdeZENIK->MmParPasZ());
   InitDecoupe();
   AjoutDeplacementZ(EnFloat(HautDeg - CdeZENIK->PosZ), Faux, 0);
   PointTrace depart;
@@ -158,8 +159,8 @@ bool ReprendFraisage(const std::string& vitesse) {
   reprise.Y = EnFloat(premiere.Y - CdeZENIK->Pas_mm_Y(premiere.dY));
   AjoutDeplacement(depart, reprise, Faux, 0);
   AjoutDeplacementZ(-HautDeg, Faux, 0);
-  AjoutDeplacementZ(premiere.Z, Vrai, 0);
-  CaleApproche(Plan, {CdeZENIK->PasX, CdeZENIK->PasY, CdeZENIK->PasZ}, DepartReprise, premiere);
+  AjoutDeplacementZ(arrivee.Z, Vrai, 0);
+  CaleApproche(Plan, {CdeZENIK->PasX, CdeZENIK->PasY, CdeZENIK->PasZ}, DepartReprise, arrivee);
   AjouteReste(Plan, TableReprise, EnFloat(Vitesse_Mat_H));
   Lance();
   return true;

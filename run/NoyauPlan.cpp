@@ -8,6 +8,7 @@
 #include "base/Indices.h"
 #include "core/Cadence.h"
 #include "core/Nombres.h"
+#include "run/RampeEntree.h"
 #include "toolpath/chemins/Etendues.h"
 
 namespace ovelin {
@@ -63,6 +64,26 @@ Deplacement& NouvelleLigne(EtatPlan& plan) {
   return ligne;
 }
 
+// A row in the plane that has no speed yet, or nothing for a move of no length. The sums in mm grow either way, so
+// no fraction is lost.
+Deplacement* LignePlane(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depart,
+                        const PointTrace& arrivee) {
+  const float ecartX = arrivee.X - depart.X;
+  const float ecartY = arrivee.Y - depart.Y;
+  const double exactX = Ecart(depart.X, arrivee.X);
+  const double exactY = Ecart(depart.Y, arrivee.Y);
+  Cumule(plan.CumulX, plan.ResteX, ecartX, exactX, p.MmParPasX);
+  Cumule(plan.CumulY, plan.ResteY, ecartY, exactY, p.MmParPasY);
+  if (ecartX == 0 && ecartY == 0) return nullptr;
+
+  Deplacement& ligne = NouvelleLigne(plan);
+  ligne.X = arrivee.X;
+  ligne.Y = arrivee.Y;
+  ligne.dX = PasLigne(plan.CumulX, p.MmParPasX, plan.PasCumulX);
+  ligne.dY = PasLigne(plan.CumulY, p.MmParPasY, plan.PasCumulY);
+  return &ligne;
+}
+
 // How many times too fast an axis would run. An axis that doesn't move never limits; one that may not move does so
 // without end, which leaves the row a speed of 0.
 double Exces(double vitesseAxe, float vitesseMax) {
@@ -85,7 +106,7 @@ float Plonge(float passe, double profPasse, double profondeur) {
   return static_cast<float>(std::max(passe + profPasse, profondeur));
 }
 
-bool EstOuvert(const std::vector<PointTrace>& points) { return !MemePlace(points.front(), points.back()); }
+bool EstOuvert(std::span<const PointTrace> points) { return !MemePlace(points.front(), points.back()); }
 
 // The tool over one path: where it is, and how high a notch holds it.
 class Fraisage {
@@ -99,7 +120,8 @@ class Fraisage {
   void Termine();
 
  private:
-  void Suit(const std::vector<PointTrace>& points, float passe, float niveauEncoche);
+  void UsineRampe(std::span<const PointTrace> points, const BoucleEntree& boucle, double profondeur);
+  void Suit(std::span<const PointTrace> points, float passe, float niveauEncoche);
   void Survole(const PointTrace& point, float passe);
   void Z(float delta, Drapeau matiere) { PlanAjouteZ(plan_, p_, delta, matiere, 0); }
 
@@ -128,7 +150,7 @@ void Fraisage::Survole(const PointTrace& point, float passe) {
 //   pass      ___________          ________
 //                        |________|            <- bridge level, Leve above the pass
 //                       "PE"     "PD"
-void Fraisage::Suit(const std::vector<PointTrace>& points, float passe, float niveauEncoche) {
+void Fraisage::Suit(std::span<const PointTrace> points, float passe, float niveauEncoche) {
   for (std::size_t i = 1; i < points.size(); ++i) {
     const PointTrace& point = points[i];
     if (i > 1 && points[i - 1].Cde == CodePU) {
@@ -152,6 +174,9 @@ void Fraisage::Suit(const std::vector<PointTrace>& points, float passe, float ni
 // One path with all its passes. Passes are 32-bit floats and so is the depth that ends them: with 64 bits a depth
 // of -0.1 would be compared with the -0.100000001 that the rows hold, and the passes would never end.
 void Fraisage::Usine(const std::vector<PointTrace>& points, double profondeur) {
+  if (const auto boucle = BoucleDeRampe(p_, points, profondeur); boucle && leve_ == 0) {
+    return UsineRampe(points, *boucle, profondeur);
+  }
   const bool ouvert = EstOuvert(points);
   const auto fond = static_cast<float>(profondeur);
   const auto niveauEncoche = static_cast<float>(p_.MiniEncoche + profondeur);
@@ -188,6 +213,42 @@ void Fraisage::Usine(const std::vector<PointTrace>& points, double profondeur) {
   }
 }
 
+// The same with a way down along the loop at the beginning of the path. A closed one goes from pass to pass where
+// the ramp has ended; an open one comes back to its start in the air, and down again in what the pass before has
+// cut.
+void Fraisage::UsineRampe(std::span<const PointTrace> points, const BoucleEntree& boucle, double profondeur) {
+  const bool ouvert = EstOuvert(points);
+  const auto fond = static_cast<float>(profondeur);
+  const auto niveauEncoche = static_cast<float>(p_.MiniEncoche + profondeur);
+  RampeEntree rampe(plan_, p_, points.first(boucle.dernier + 1), boucle.longueur, niveauEncoche);
+  plan_.PassePremiere = 1;
+  float precedente = 0;
+  float passe = Plonge(0, p_.ProfPasse, profondeur);
+  do {
+    if (plan_.PassePremiere == 1 || ouvert) {
+      PlanAjoute(plan_, p_, pos_, points.front(), Faux, 0);
+      Z(-p_.HautDeg, Faux);
+      if (precedente != 0) Z(precedente, Vrai);
+      rampe.Commence(precedente);
+    }
+    rampe.Passe(precedente, passe);
+    if (ouvert) rampe.Ferme(passe);
+    pos_ = rampe.Place();
+    if (ouvert) {
+      Suit(points.subspan(boucle.dernier), passe, niveauEncoche);
+      Z(-passe, Vrai);
+      Z(p_.HautDeg, Faux);
+    }
+    precedente = passe;
+    passe = Plonge(passe, p_.ProfPasse, profondeur);
+    if (plan_.PassePremiere < std::numeric_limits<std::int16_t>::max()) ++plan_.PassePremiere;
+  } while (fond < precedente);
+  if (!ouvert) {
+    Z(-rampe.Niveau(), Vrai);
+    Z(p_.HautDeg, Faux);
+  }
+}
+
 // Every job ends on the origin of the work with the tool on the surface.
 void Fraisage::Termine() {
   PlanAjoute(plan_, p_, pos_, PointTrace{}, Faux, 0);
@@ -209,6 +270,7 @@ ParametresPlan ParametresPlanDe(const Reglages& reglages, const TableMachine& ta
   p.HautDeg = reglages.HautDeg;
   p.ProfPasse = reglages.ProfPasse;
   p.MiniEncoche = reglages.MiniEncoche;
+  p.AngleRampe = reglages.AngleRampe;
   p.Vitesse_Mat_H = reglages.Vitesse_Mat_H;
   p.Vitesse_Mat_V = reglages.Vitesse_Mat_V;
   p.VitesseMaxX = table.VitesseMaxX;
@@ -254,31 +316,34 @@ void InitialisePlan(EtatPlan& plan, const ParametresPlan& p) {
   plan.ResteX = plan.ResteY = plan.ResteZ = 0;
 }
 
-// A row in the plane, or nothing for a move of no length. The sums in mm grow either way, so no fraction is lost.
 void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depart, const PointTrace& arrivee,
                 Drapeau matiere, float v) {
-  const float ecartX = arrivee.X - depart.X;
-  const float ecartY = arrivee.Y - depart.Y;
-  const double exactX = Ecart(depart.X, arrivee.X);
-  const double exactY = Ecart(depart.Y, arrivee.Y);
-  Cumule(plan.CumulX, plan.ResteX, ecartX, exactX, p.MmParPasX);
-  Cumule(plan.CumulY, plan.ResteY, ecartY, exactY, p.MmParPasY);
-  if (ecartX == 0 && ecartY == 0) return;
-
-  Deplacement& ligne = NouvelleLigne(plan);
-  ligne.X = arrivee.X;
-  ligne.Y = arrivee.Y;
-  ligne.dX = PasLigne(plan.CumulX, p.MmParPasX, plan.PasCumulX);
-  ligne.dY = PasLigne(plan.CumulY, p.MmParPasY, plan.PasCumulY);
-
-  const double x = ecartX;
-  const double y = ecartY;
+  Deplacement* ligne = LignePlane(plan, p, depart, arrivee);
+  if (ligne == nullptr) return;
   if (v == 0 && matiere != Faux) {
-    ligne.Vitesse = EnFloat(p.Vitesse_Mat_H);  // as typed: the window asks about the limits before a run
+    ligne->Vitesse = EnFloat(p.Vitesse_Mat_H);  // as typed: the window asks about the limits before a run
     return;
   }
+  const double x = arrivee.X - depart.X;
+  const double y = arrivee.Y - depart.Y;
   const double voulue = v != 0 ? v : VitesseRapide;
-  ligne.Vitesse = static_cast<float>(LimiteAxes(voulue, x, y, std::sqrt(x * x + y * y), p));
+  ligne->Vitesse = static_cast<float>(LimiteAxes(voulue, x, y, std::sqrt(x * x + y * y), p));
+}
+
+void PlanAjouteRampe(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depart, const PointTrace& arrivee,
+                     float z) {
+  Deplacement* ligne = LignePlane(plan, p, depart, arrivee);
+  if (ligne == nullptr) return;
+  const double x = Ecart(depart.X, arrivee.X);
+  const double y = Ecart(depart.Y, arrivee.Y);
+  const double hauteur = Ecart(ligne->Z, z);
+  Cumule(plan.CumulZ, plan.ResteZ, static_cast<float>(hauteur), hauteur, p.MmParPasZ);
+  ligne->Z = z;
+  ligne->dZ = PasLigne(plan.CumulZ, p.MmParPasZ, plan.PasCumulZ);
+  const double longueur = std::sqrt(x * x + y * y + hauteur * hauteur);
+  const double verticale = p.Vitesse_Mat_H * std::abs(hauteur) / longueur;
+  const double v = verticale > p.Vitesse_Mat_V ? p.Vitesse_Mat_V * longueur / std::abs(hauteur) : p.Vitesse_Mat_H;
+  ligne->Vitesse = EnFloat(v);
 }
 
 // A row in Z alone, also for a height of 0.
@@ -343,7 +408,10 @@ EstimationPlan EstimePlan(const ParametresPlan& p, std::span<const SequenceDecal
     const auto [place, nouvelle] = passesParProfondeur.try_emplace(profondeur, 0);
     if (nouvelle) place->second = NombrePasses(profondeur, p.ProfPasse);
     // a pass at most: rapid, descent, plunge, the cuts, the notches, two rows up, two of pecking
-    const std::int64_t parPasse = std::ssize(points) + hauteurs + 6;
+    std::int64_t parPasse = std::ssize(points) + hauteurs + 6;
+    if (const auto boucle = BoucleDeRampe(p, points, profondeur)) {
+      parPasse += LignesRampe(p, *boucle, profondeur, hauteurs);
+    }
     e.lignes += place->second * parPasse;
     if (place->second == 0 || e.lignes > LimiteLignes) {
       e.jugement = JugementPlan::Passe;

@@ -17,10 +17,11 @@ namespace ovelin {
 
 // What a plan depends on beside the paths.
 struct ParametresPlan {
-  float HautDeg = 10;                                       // clearance height above the surface, mm
-  double ProfPasse = -1;                                    // depth of a pass, mm, negative
-  double MiniEncoche = 0;                                   // height of the bridge of a notch above the bottom, mm
-  double Vitesse_Mat_H = 2, Vitesse_Mat_V = 2;              // mm/s in the material
+  float HautDeg = 10;                           // clearance height above the surface, mm
+  double ProfPasse = -1;                        // depth of a pass, mm, negative
+  double MiniEncoche = 0;                       // height of the bridge of a notch above the bottom, mm
+  double AngleRampe = 0;                        // of the way down along a closed path, degrees; 0: straight
+  double Vitesse_Mat_H = 2, Vitesse_Mat_V = 2;  // mm/s in the material
   float VitesseMaxX = 5, VitesseMaxY = 5, VitesseMaxZ = 5;  // mm/s
   double PosX = 0, PosY = 0, PosZ = 0;                      // position of the machine, mm
   double MmParPasX = 1, MmParPasY = 1, MmParPasZ = 1;       // mm per step
@@ -52,6 +53,10 @@ inline constexpr double LongueurMax = 1e9;
 void InitialisePlan(EtatPlan& plan, const ParametresPlan& p);
 void PlanAjoute(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depart, const PointTrace& arrivee,
                 Drapeau matiere, float v);
+// A cut that sinks or rises to height `z`, mm, on its way: no faster than the material allows in the plane, nor its
+// vertical part than it allows downward. No row for a move of no length.
+void PlanAjouteRampe(EtatPlan& plan, const ParametresPlan& p, const PointTrace& depart, const PointTrace& arrivee,
+                     float z);
 void PlanAjouteZ(EtatPlan& plan, const ParametresPlan& p, float deltaZ, Drapeau matiere, float v);
 
 // Number of passes from the surface to `profondeur`, or 0 when they never get there: a pass of 0 or more, or one

@@ -33,11 +33,19 @@ std::vector<Deplacement> LignesDepuis(const EtatPlan& plan, std::int32_t premier
   return reste;
 }
 
+Deplacement ArriveeReprise(const Deplacement& premiere, double mmParPasZ) {
+  Deplacement arrivee = premiere;
+  if (premiere.dZ == 0 || (premiere.dX == 0 && premiere.dY == 0)) return arrivee;
+  arrivee.Z = EnFloat(premiere.Z - premiere.dZ * mmParPasZ);
+  arrivee.dZ = 0;
+  return arrivee;
+}
+
 void CaleApproche(EtatPlan& plan, const std::array<std::int32_t, 3>& ici, const std::array<std::int32_t, 3>& depart,
-                  const Deplacement& premiere) {
+                  const Deplacement& arrivee) {
   std::int32_t x = depart[0] - ici[0];
   std::int32_t y = depart[1] - ici[1];
-  std::int32_t z = depart[2] + premiere.dZ - ici[2];
+  std::int32_t z = depart[2] + arrivee.dZ - ici[2];
   Deplacement* plane = nullptr;
   Deplacement* descente = nullptr;
   for (std::size_t i = 2; i < plan.TableDecoupe.size(); ++i) {
@@ -48,7 +56,7 @@ void CaleApproche(EtatPlan& plan, const std::array<std::int32_t, 3>& ici, const 
   }
   if (descente == nullptr) return;
   descente->dZ += z;
-  descente->Z = premiere.Z;                // three sums of 32 bits may have missed it by their last digit
+  descente->Z = arrivee.Z;                 // three sums of 32 bits may have missed it by their last digit
   if (plane == nullptr) plane = descente;  // less than a step apart: the descent takes it along
   plane->dX = x;
   plane->dY = y;
@@ -57,7 +65,7 @@ void CaleApproche(EtatPlan& plan, const std::array<std::int32_t, 3>& ici, const 
 void AjouteReste(EtatPlan& plan, const std::vector<Deplacement>& reste, float vitesse) {
   for (std::size_t i = 1; i < reste.size(); ++i) {
     Deplacement d = reste[i];
-    if (d.dZ == 0) d.Vitesse = vitesse;
+    if (d.dZ == 0 || ((d.dX != 0 || d.dY != 0) && vitesse < d.Vitesse)) d.Vitesse = vitesse;
     if (d.Z == plan.TableDecoupe.back().Z) d.dZ = 0;
     d.Ticks = 0;
     plan.TableDecoupe.push_back(d);

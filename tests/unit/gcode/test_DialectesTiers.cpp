@@ -38,6 +38,7 @@ class DialectesTiers : public testing::TestWithParam<Cas> {
     options.rendUniforme = false;
     ASSERT_EQ(mnu_Ouvrir(DossierExemples() + "/" + Dessin(), options), Ouverture::Reussie);
     HautDeg = 5;
+    AngleRampe = rampe_;
     Regl.DialecteNC = Nom();
     if (!arcs) {
       EcritFichierEssai("sans.dialecte", "base = " + Nom() + "\narcs = non\n");
@@ -60,6 +61,7 @@ class DialectesTiers : public testing::TestWithParam<Cas> {
   }
 
   std::string fichier_;
+  double rampe_ = 0;  // degrees
   EcritureNC ecriture_;
 };
 
@@ -73,6 +75,21 @@ TEST_P(DialectesTiers, AnotherInterpreterReadsTheWayOfThePlan) {
   if (!ToolpathPresent()) GTEST_SKIP() << ToolpathAbsent;
   Ecrit();
   Compare(LanceToolpath(fichier_), false);
+}
+
+TEST_P(DialectesTiers, RampsAreReadAsTheyArePlanned) {
+  if (!Rs274Present()) GTEST_SKIP() << Rs274Absent;
+  rampe_ = 3;
+  Ecrit();
+  Compare(LanceRs274(fichier_, Nom() != "linuxcnc"), true);
+}
+
+TEST_P(DialectesTiers, TheWorkshopMeasuresRampsAsTheyArePlanned) {
+  rampe_ = 3;
+  Ecrit(false);
+  const MesureProgramme mesure = MesureDe(Programme(LitFichierEssai(fichier_)), {}, false);
+  EXPECT_EQ(mesure.sansVitesse, 0U);
+  EXPECT_NEAR(mesure.longueur, ecriture_.LongueurNC, 0.002 * static_cast<double>(ecriture_.deplacements));
 }
 
 TEST_P(DialectesTiers, WithoutArcsTheWorkshopMarksTheWordsThatItDoesNotKnowAndNothingElse) {

@@ -47,6 +47,19 @@ void FaitDocument(const std::string& nom) {
     ProfFraisage = -0.5;
     AjouteTrajet(" A", -0.5, {{10, 10}, {10, 20}, {20, 20}, {20, 10}, {10, 10}});
     AjouteTrajet(" B", -0.5, {{30, 10}, {40, 10}, {35, 20}, {30, 10}});
+  } else if (nom == "rampe") {
+    // ramps of 19.08 mm a pass: once along a square with a bridge, round and round on a triangle, along the first
+    // ring of a piece that is not closed; then a line and a hole, straight down
+    AngleRampe = 3;
+    ProfPasse = -1;
+    MiniEncoche = 1;
+    AjouteTrajet(
+        " A", -3,
+        {{10, 10}, {10, 24, "PE"}, {10, 26, "PC"}, {10, 28, "PD"}, {10, 50}, {50, 50}, {50, 10}, {10, 10}});
+    AjouteTrajet(" B", -1.5, {{60, 10}, {63, 14}, {66, 10}, {60, 10}});
+    AjouteTrajet(" C", -1.5, {{80, 10}, {80, 20}, {90, 20}, {90, 10}, {80, 10}, {75, 10}});
+    AjouteTrajet(" D", -1.5, {{60, 30}, {70, 30}});
+    AjouteTrajet(" E", -1.5, {{80, 30}, {80, 30}});
   } else {
     FAIL() << "no document " << nom;
   }
@@ -73,7 +86,7 @@ TEST_P(GoldenNC, IsReadByAnInterpreterOfOthersMoveByMove) {
 
 INSTANTIATE_TEST_SUITE_P(Documents, GoldenNC,
                          testing::Values("carre-encoche", "ligne-ouverte", "trou", "deux-profondeurs", "couteau",
-                                         "couteau-simple"),
+                                         "couteau-simple", "rampe"),
                          [](const auto& document) {
                            std::string nom = document.param;
                            std::replace(nom.begin(), nom.end(), '-', '_');

@@ -1,4 +1,6 @@
 // The way back and what is left of a job, row by row.
+#include <algorithm>
+
 #include "core/TableDecoupe.h"
 #include "machine/TableCourante.h"
 #include "run/NoyauReprise.h"
@@ -160,6 +162,70 @@ TEST_F(LignesDeReprise, AnotherStartForgetsTheOldRest) {
   EXPECT_EQ(TableReprise.size(), 1 + 12U) << "the whole of the new job, though none of it has run";
 }
 
+// The same square with a way down of 1 in 10: 4 is the ramp along the first side, 5 to 8 the round at its depth.
+class RepriseDeRampe : public LignesDeReprise {
+ protected:
+  RepriseDeRampe() { AngleRampe = 5.710593137499643; }
+};
+
+TEST_F(RepriseDeRampe, InsideTheRampTheWayBackEndsWhereTheRampBegins) {
+  ArreteDansLaLigne(4);
+  const Deplacement rampe = TableReprise[1];
+  ASSERT_LT(rampe.dZ, 0);
+  ASSERT_GT(rampe.dY, 0);
+  Reprend("3");
+  ASSERT_GE(envoyee_.size(), 3 + 9U);
+  const Deplacement& retour = envoyee_[envoyee_.size() - 10];
+  const Deplacement& ligne = envoyee_[envoyee_.size() - 9];
+  EXPECT_NEAR(static_cast<double>(retour.Z), 0, 1e-5) << "on the surface, over the start of the ramp";
+  EXPECT_NEAR(static_cast<double>(retour.Y), 3, 0.02);
+  EXPECT_EQ(ligne.Z, -1);
+  EXPECT_EQ(ligne.dY, rampe.dY);
+  EXPECT_EQ(ligne.dZ, rampe.dZ) << "and the ramp sinks anew";
+  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
+}
+
+TEST_F(RepriseDeRampe, InsideASecondRampTheWayBackEndsAtTheDepthOfTheFirst) {
+  ProfPasse = -0.5;  // 4 the first ramp, to (2, 8), 5 to 9 round, 10 the second, to (2, 13)
+  ArreteDansLaLigne(10);
+  const Deplacement rampe = TableReprise[1];
+  ASSERT_LT(rampe.dZ, 0);
+  Reprend("3");
+  const auto ligne =
+      std::find_if(envoyee_.begin(), envoyee_.end(), [](const Deplacement& d) { return d.dZ < 0 && d.dY > 0; });
+  ASSERT_NE(ligne, envoyee_.end());
+  ASSERT_NE(ligne, envoyee_.begin());
+  EXPECT_NEAR(static_cast<double>((ligne - 1)->Z), -0.5, 1e-5);
+  EXPECT_NEAR(static_cast<double>((ligne - 1)->Y), 8, 0.02);
+  EXPECT_EQ(ligne->Z, -1);
+  EXPECT_EQ(ligne->dZ, rampe.dZ);
+  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
+}
+
+TEST_F(RepriseDeRampe, BehindTheRampTheToolGoesBackToTheDepthOfThePass) {
+  ArreteDansLaLigne(6);
+  Reprend("3");
+  ASSERT_GE(envoyee_.size(), 5U);
+  const Deplacement& plonge = envoyee_[3];
+  EXPECT_EQ(plonge.Z, -1) << "where the round has cut";
+  EXPECT_NEAR(static_cast<double>(plonge.X), 12, 0.02);
+  EXPECT_NEAR(static_cast<double>(plonge.Y), 13, 0.02);
+  EXPECT_EQ(Pas(), (Axes3{0, 0, 0}));
+}
+
+TEST_F(RepriseDeRampe, ARampFollowsASlowerFeedOfTheRunAndNoFasterOne) {
+  for (const auto& [vitesse, attendue] : {std::pair{1.5, 1.5F}, {6.0, 3.0F}}) {
+    Vitesse_Mat_H = 3;
+    float prise = 0;
+    Vue_Decoupe.Accepte = [&, voulue = vitesse](std::int32_t ligne, float& v) {
+      if (ligne == 3) Vitesse_Mat_H = voulue;
+      if (ligne == 4) prise = v;
+    };
+    ASSERT_TRUE(Lance());
+    EXPECT_EQ(prise, attendue);
+  }
+}
+
 // --- the kernel
 
 Deplacement Rang(float x, float y, float z, std::int32_t dx, std::int32_t dy, std::int32_t dz, float v) {
@@ -186,6 +252,30 @@ TEST(AjouteReste, CopiesRowsWithTheNewSpeedWhereTheyDoNotMoveInZ) {
   EXPECT_EQ(plan.TableDecoupe[3].dZ, 300);
   EXPECT_EQ(plan.TableDecoupe[4].Vitesse, 5);
   EXPECT_EQ(plan.TableDecoupe[4].dX, -100);
+}
+
+TEST(AjouteReste, ARampTakesASlowerSpeedAndNoFasterOne) {
+  for (const auto& [nouvelle, attendue] : {std::pair{1.5F, 1.5F}, {5.0F, 3.0F}}) {
+    EtatPlan plan;
+    plan.TableDecoupe = {{}, Rang(0, 0, -1, 0, 0, 0, 0)};
+    plan.NbDeplacements = 1;
+    AjouteReste(plan, {{}, Rang(1, 0, -1.5F, 100, 0, -50, 3)}, nouvelle);
+    EXPECT_EQ(plan.TableDecoupe[2].Vitesse, attendue);
+    EXPECT_EQ(plan.TableDecoupe[2].dZ, -50);
+  }
+}
+
+TEST(ArriveeReprise, IsTheEndOfARowInZAloneAndTheLevelOfOneInThePlane) {
+  const Deplacement plongee = Rang(1, 2, -2, 0, 0, -100, 2);
+  EXPECT_EQ(ArriveeReprise(plongee, 0.01), plongee);
+  const Deplacement coupe = Rang(1, 2, -2, 40, 0, 0, 3);
+  EXPECT_EQ(ArriveeReprise(coupe, 0.01), coupe);
+}
+
+TEST(ArriveeReprise, IsTheBeginningOfARamp) {
+  const Deplacement arrivee = ArriveeReprise(Rang(1, 2, -2, 40, 30, -50, 3), 0.01);
+  EXPECT_FLOAT_EQ(arrivee.Z, -1.5F);
+  EXPECT_EQ(arrivee.dZ, 0);
 }
 
 TEST(AjouteReste, ARowWhoseLevelIsReachedMovesNothingInZAndKeepsItsOwnSpeed) {
