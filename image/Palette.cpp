@@ -87,6 +87,7 @@ constexpr std::array<Ligne, NombreRoles> Table{{
     {Role::PointDessin, DuDessin, Papier, 1, StyleTrait::Plein},
     {Role::PointSelection, DeSelection, Papier, 1, StyleTrait::Plein},
     {Role::FondMesure, Papier, Aucune, 1, StyleTrait::Plein, {0.85F}},
+    {Role::Rampe, DuTrajet, Aucune, 3, StyleTrait::Plein, {0.6F, 4}},
 }};
 
 constexpr bool DansLeurOrdre() {

@@ -67,8 +67,9 @@ enum class Role : std::uint8_t {
   PointDessin,     // hollow mark of a point
   PointSelection,
   FondMesure,  // paper under a figure that lies over the picture
+  Rampe,       // way along which the tool comes down into a path
 };
-inline constexpr std::size_t NombreRoles = 37;
+inline constexpr std::size_t NombreRoles = 38;
 
 // Strokes of such roles lie over each other and are still one surface: where two meet, nothing gets darker, and the
 // later one counts.

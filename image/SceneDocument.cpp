@@ -10,6 +10,7 @@
 #include "core/Traduction.h"
 #include "image/PlacesPrises.h"
 #include "image/SceneFeuille.h"
+#include "image/SceneRampe.h"
 #include "image/SceneSaignee.h"
 #include "image/SceneSelection.h"
 #include "image/Traceur.h"
@@ -53,6 +54,7 @@ enum Sorte : unsigned {
   SortePercageSelectionne,
   SortePercageOutil,
   SorteCadre,
+  SorteRampe,
 };
 
 // A path of the drawing as one run of points.
@@ -253,6 +255,7 @@ void Peintre::Outil() {
     if (trace.Points.size() == 2 && pathwerk::MemePlace(trace.Points[0], trace.Points[1])) {
       Trou(Role::Trajet, trace.Points[0], PercageOutil, SortePercageOutil);
     } else {
+      if (fiche != nullptr) AjouteRampe(trace.Points, fiche->Profondeur, options_.descente, SorteRampe, traceur_);
       Passes(trace.Points);
     }
     bout = trace.Points.back();

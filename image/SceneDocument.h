@@ -26,11 +26,17 @@ struct CourseMachine {
   [[nodiscard]] bool Vide() const { return !(x > 0 && y > 0); }
 };
 
+// How the tool comes down into a path: degrees (0: straight) and depth of a pass, mm, negative.
+struct DescenteScene {
+  double angle = 0, passe = 0;
+};
+
 struct OptionsScene {
   // The quiet picture: thinned, with what is cut, sheet, grid and selection. Without it, what follows isn't shown.
   bool sobre = false;
   OutilScene outil;
   CourseMachine course;         // none: no sheet
+  DescenteScene descente;       // none: no ramp is shown
   bool echelle = false;         // a bar of a round length in the lower left corner
   bool numPoint = false;        // mnu_NumPoint: a mark at each point
   bool sequence = false;        // mnu_Sequence: numbers of the paths

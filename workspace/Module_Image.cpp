@@ -23,6 +23,7 @@ CourseMachine CourseCourante() { return {LimiteCourseX(), LimiteCourseY()}; }
 OptionsScene OptionsDuDocument(bool numPoint, bool sequence) {
   OptionsScene options = OptionsCourantes(numPoint, sequence);
   options.sobre = Regl.DessinSobre;
+  options.descente = {AngleRampe, ProfPasse};
   if (!options.sobre) return options;
   if (Regl.DessinSaignee) options.outil = {RayonFraise, LargeurEncoche, MiniEncoche};
   options.course = CourseCourante();

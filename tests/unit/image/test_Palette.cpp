@@ -25,11 +25,11 @@ Reglages SixCouleurs() {
 
 TEST(Palette, EachRoleHasTheColourOfItsSetting) {
   const Palette p = ConstruitPalette(SixCouleurs(), Theme::Clair);
-  const std::pair<Role, int> rouges[] = {{Role::Dessin, 3},          {Role::Selection, 4}, {Role::Air, 5},
-                                         {Role::Trajet, 5},          {Role::TrajetNu, 5},  {Role::Encoche, 6},
-                                         {Role::Attache, 6},         {Role::Depart, 1},    {Role::Numero, 2},
-                                         {Role::NumeroSelection, 2}, {Role::Axes, 3},      {Role::LegendeDessin, 3},
-                                         {Role::LegendeTrajet, 5},   {Role::Croix, 3},     {Role::Outil, 2}};
+  const std::pair<Role, int> rouges[] = {
+      {Role::Dessin, 3},        {Role::Selection, 4},       {Role::Air, 5},     {Role::Trajet, 5},
+      {Role::TrajetNu, 5},      {Role::Encoche, 6},         {Role::Attache, 6}, {Role::Depart, 1},
+      {Role::Numero, 2},        {Role::NumeroSelection, 2}, {Role::Axes, 3},    {Role::LegendeDessin, 3},
+      {Role::LegendeTrajet, 5}, {Role::Croix, 3},           {Role::Outil, 2},   {Role::Rampe, 5}};
   for (const auto& [role, rouge] : rouges) EXPECT_EQ(p[role].couleur, Couleur(rouge, 0, 0)) << rouge;
   EXPECT_EQ(p[Role::Etendue].couleur, Couleur(0, 0, 0));
 }

@@ -1,6 +1,8 @@
 // What the picture shows of the tool path.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/DocumentCourant.h"
 #include "image/SceneDocument.h"
 #include "tests/support/Support.h"
@@ -48,6 +50,57 @@ TEST(Dessin, LeavesOutPathsThatAreNotMilledAndFailedOffsets) {
   const auto p = De(scene, DeLOutil);
   ASSERT_EQ(p.size(), 6U);
   EXPECT_EQ(PointsDe(scene, p[3]), (Points{{1200, 1200}, {1200, 600}}));  // straight from A to C
+}
+
+// A square of 20 mm; a pass of 1 mm at 1 in 25 needs 25 mm.
+OptionsScene AvecRampe() {
+  OptionsScene o = Options();
+  o.descente = {2.290610042638530, -1};
+  return o;
+}
+void CarreDe20(double profondeur) {
+  essai::AjouteSequence(" A", {{10, 10}, {20, 10}});
+  Sequences[0].Profondeur = profondeur;
+  AjouteTrace(" A", {P(40, 20), P(40, 40), P(60, 40), P(60, 20), P(40, 20)});
+}
+
+TEST(Dessin, ShowsTheWayDownUnderTheToolPath) {
+  CarreDe20(-3);
+  const Scene scene = Construit(AvecRampe());
+  const auto rampes = De(scene, Role::Rampe);
+  ASSERT_EQ(rampes.size(), 1U);
+  const Points points = PointsDe(scene, rampes[0]);
+  ASSERT_EQ(points.size(), 3U);
+  EXPECT_EQ(points[0], (PointEcran{600, 1200}));
+  EXPECT_EQ(points[1], (PointEcran{600, 900}));
+  EXPECT_NEAR(static_cast<double>(points[2].X), 675, 0.01) << "5 mm behind the corner";
+  EXPECT_EQ(points[2].Y, 900.0F);
+  const auto rang = [&](Role role) {
+    return std::ranges::find(scene.Primitives, role, &Primitive::role) - scene.Primitives.begin();
+  };
+  EXPECT_LT(rang(Role::Rampe), rang(Role::Trajet));
+}
+
+TEST(Dessin, ShowsAWayDownOfAShallowPathAndNoneLongerThanOnceRound) {
+  CarreDe20(-0.4);
+  Scene scene = Construit(AvecRampe());
+  ASSERT_EQ(De(scene, Role::Rampe).size(), 1U);
+  EXPECT_NEAR(static_cast<double>(PointsDe(scene, De(scene, Role::Rampe)[0]).back().Y), 1050, 0.01) << "10 mm";
+  Sequences[0].Profondeur = -50;
+  OptionsScene o = AvecRampe();
+  o.descente.passe = -50;
+  scene = Construit(o);
+  EXPECT_EQ(PointsDe(scene, De(scene, Role::Rampe)[0]),
+            (Points{{600, 1200}, {600, 900}, {900, 900}, {900, 1200}, {600, 1200}}));
+}
+
+TEST(Dessin, ShowsNoWayDownWhereTheToolGoesStraight) {
+  CarreDe20(-3);
+  EXPECT_TRUE(De(Construit(), Role::Rampe).empty()) << "without an angle";
+  AjouteTrace(" A", {P(40, 20), P(80, 20)});
+  EXPECT_EQ(De(Construit(AvecRampe()), Role::Rampe).size(), 1U) << "an open path";
+  Sequences[0].Profondeur = 0;
+  EXPECT_TRUE(De(Construit(AvecRampe()), Role::Rampe).empty()) << "a path of no depth";
 }
 
 TEST(Dessin, ShowsNoToolPathWhenNothingIsMilled) {
