@@ -12,6 +12,7 @@
 #include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
+#include "toolpath/chemins/BoucleEntree.h"
 
 namespace ovelin {
 
@@ -47,6 +48,9 @@ constexpr LigneOutil Lignes[] = {
     {"TB_ProfPasse", "Lbl_ProfPasse", "Profondeur de passe maxi", "mm",
      "Profondeur d'une passe, négative : -1 enlève 1 mm à chaque passe", EntreProfPasse,
      [] { return TexteNombre(ProfPasse); }, Textes::ProfondeurNonNegative},
+    {"TB_AngleRampe", "Lbl_AngleRampe", "Angle de descente en rampe", "°",
+     "0 : l'outil descend tout droit ; sinon il s'enfonce en suivant le contour fermé sous cet angle, 45° au plus",
+     EntreAngleRampe, [] { return TexteNombre(AngleRampe); }, Textes::AngleRampeHors},
 };
 
 }  // namespace
@@ -127,7 +131,27 @@ bool EntreProfPasse(const std::string& texte) {
   }
   Modifie = Vrai;
   EcritMateriau();
+  if (EstRampe(AngleRampe)) Svc.Rafraichit();  // the picture shows the ramp of a pass
   return true;
+}
+
+bool EntreAngleRampe(const std::string& texte) {
+  const auto v = NombreDuTexte(texte);
+  if (!v) return false;
+  if (*v != 0 && !EstRampe(*v)) {
+    Message(Textes::AngleRampeHors, Icone::Exclamation);
+    return false;
+  }
+  AngleRampe = *v;
+  Modifie = Vrai;
+  EcritRampe();
+  Svc.Rafraichit();
+  return true;
+}
+
+std::optional<double> RampeDePasse() {
+  if (!EstRampe(AngleRampe) || !(ProfPasse < 0)) return std::nullopt;
+  return LongueurRampe(-ProfPasse, AngleRampe);
 }
 
 }  // namespace ovelin

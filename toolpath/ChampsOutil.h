@@ -21,6 +21,11 @@ bool EntreHautDeg(const std::string& texte);
 bool LaisseHautDeg(const std::string& texte);
 bool EntrePCPoche(const std::string& texte);
 bool EntreProfPasse(const std::string& texte);
+// Degrees of the way down along the path: 0 for straight down, or above 0 and no more than AngleRampeMax; any other
+// is refused and not stored.
+bool EntreAngleRampe(const std::string& texte);
+// What a pass of the depth in force needs at the angle in force, mm; nothing where it goes straight down.
+std::optional<double> RampeDePasse();
 
 // A field of the tool as windows show it: its names, its French texts, its rule, the value in force, and what it
 // tells of a number that is refused.
@@ -34,7 +39,8 @@ struct LigneOutil {
   std::string (*valeur)();
   std::optional<CleTexte> raison;
 };
-// In the order of the panel; the milling window shows all but the least height of notches.
+// In the order of the panel. The panel shows all but the angle of the ramp, the milling window all but the least
+// height of notches.
 std::span<const LigneOutil> LignesOutil();
 
 // What came of an entry in such a field: the reason of a refusal, if there is one to tell, and whether the refused

@@ -330,6 +330,7 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"TB_HautDeg", [](A a) { return LaisseHautDeg(a.Champ("valeur")) && EntreHautDeg(a.Champ("valeur")); }},
       {"TB_PCPoche", [](A a) { return EntrePCPoche(a.Champ("valeur")); }},
       {"TB_ProfPasse", [](A a) { return EntreProfPasse(a.Champ("valeur")); }},
+      {"TB_AngleRampe", [](A a) { return EntreAngleRampe(a.Champ("valeur")); }},
       {"CB_BD", [](A a) { return Materiau(a); }},
       // attachment points
       {"AjouteAttache", [](A a) { return AjouteAttache(a.Reel("x"), a.Reel("y")); }},

@@ -23,7 +23,7 @@ using Action = std::function<int()>;
 
 struct Options {
   OptionsFraisage fraisage;
-  std::string dessin, sortie, operations, source, dialecte;
+  std::string dessin, sortie, operations, source, dialecte, rampe;
   OptionsPlan plan;
   std::string nom, nouveau, cle, valeur, interface;
   int rang = 0, numero = 0;
@@ -89,6 +89,16 @@ std::string ListeOperations() {
   return texte;
 }
 
+// The way down along closed paths in this call; a key like any other behind it.
+void Rampe(CLI::App* commande, Options& o) {
+  commande
+      ->add_option("--ramp", o.rampe, "Angle of the way down into closed paths, degrees, at most 45; 0: straight")
+      ->type_name("DEG");
+}
+void PrendRampe(Contexte& c, const Options& o) {
+  if (!o.rampe.empty()) c.reglages.push_back(std::string(ovelin::cles::AngleRampe) + "=" + o.rampe);
+}
+
 void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
   AvecDessin(app, "info", "Format, points, paths, bounds of a drawing", o)->callback([&] {
     c.informe = true;
@@ -99,7 +109,9 @@ void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
   Sortie(gcode, o, "OUT.nc");
   gcode->add_option("--dialect", o.dialecte, "What control the file is for, as `dialects` names it")
       ->type_name("NAME");
+  Rampe(gcode, o);
   gcode->callback([&] {
+    PrendRampe(c, o);
     if (!o.dialecte.empty()) c.reglages.push_back(std::string(ovelin::cles::DialecteNC) + "=" + o.dialecte);
     action = [&] { return GCode(c, o.dessin, o.sortie); };
   });
@@ -129,7 +141,11 @@ void CommandesDessin(CLI::App& app, Contexte& c, Options& o, Action& action) {
   plan->add_option("--rows", o.plan.lignes, "Rows as CSV")->type_name("OUT.csv");
   plan->add_option("--records", o.plan.records, "Records of the board, 37 bytes each")->type_name("OUT.bin");
   plan->add_option("--flash", o.plan.flash, "The job as the board's flash memory holds it")->type_name("OUT.bin");
-  plan->callback([&] { action = [&] { return Planifie(c, o.dessin, o.plan); }; });
+  Rampe(plan, o);
+  plan->callback([&] {
+    PrendRampe(c, o);
+    action = [&] { return Planifie(c, o.dessin, o.plan); };
+  });
 }
 
 void CommandesCles(CLI::App& app, Contexte& c, Options& o, Action& action) {

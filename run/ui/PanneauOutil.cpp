@@ -1,5 +1,7 @@
 #include "run/ui/PanneauOutil.h"
 
+#include "core/Nombres.h"
+#include "core/Textes.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/TraduitFenetre.h"
 
@@ -23,6 +25,9 @@ PanneauOutil::PanneauOutil(QWidget* parent) : QGroupBox(QStringLiteral("Outil"),
     grille->addWidget(Etiquette(ligne.etiquette, ligne.texte, champ), rangee, 0);
     grille->addWidget(champ, rangee, 1);
   }
+  rampe_ = Valeur("Lbl_LongueurRampe");
+  rampe_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  grille->addWidget(rampe_, static_cast<int>(champs_.size()), 0, 1, 2);
   grille->setColumnStretch(0, 1);
   Suit();
 }
@@ -34,6 +39,15 @@ void PanneauOutil::Suit() {
         !c.champ->EstRefuse() && (!c.champ->hasFocus() || c.champ->Texte() == c.champ->TexteEntree());
     if (libre && c.champ->Texte() != valeur) c.champ->Montre(valeur);
   }
+  MontreRampe();
+}
+
+// Below the angle: the way that a pass needs to come down, or that it needs none.
+void PanneauOutil::MontreRampe() {
+  const auto longueur = RampeDePasse();
+  rampe_->setText(longueur ? TexteQt(Textes::RampeParPasse) + QLatin1Char(' ') +
+                                 QString::fromStdString(Formate(*longueur, "0.0")) + QStringLiteral(" mm")
+                           : TexteQt(Textes::RampeAucune));
 }
 
 std::vector<QWidget*> PanneauOutil::Champs() const {
@@ -51,6 +65,7 @@ void PanneauOutil::Entre(const ChampOutil& c) {
   } else {
     c.champ->Refuse(issue.raison ? TexteQt(*issue.raison) : QString());
   }
+  MontreRampe();
   if (issue.accepte || issue.stocke) Q_EMIT Change();
 }
 

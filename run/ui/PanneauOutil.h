@@ -7,6 +7,8 @@
 #include "core/ui/ChampNombre.h"
 #include "toolpath/ChampsOutil.h"
 
+class QLabel;
+
 namespace ovelin {
 
 class PanneauOutil : public QGroupBox {
@@ -28,7 +30,9 @@ class PanneauOutil : public QGroupBox {
     const LigneOutil* ligne = nullptr;
   };
   void Entre(const ChampOutil& champ);
+  void MontreRampe();
 
+  QLabel* rampe_ = nullptr;  // what a ramp needs
   std::vector<ChampOutil> champs_;
 };
 

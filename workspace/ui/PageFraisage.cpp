@@ -127,7 +127,9 @@ QGroupBox* PageFraisage::Outil() {
   QGroupBox* cadre = Groupe("FRAME1_OUTIL", "Outil");
   QGridLayout* grille = GrilleGroupe(*cadre);
   outil_.reserve(LignesOutil().size());
-  for (const LigneOutil& ligne : LignesOutil()) AjouteChamp(grille, ligne);
+  for (const LigneOutil& ligne : LignesOutil()) {
+    if (ligne.entre != EntreAngleRampe) AjouteChamp(grille, ligne);
+  }
   grille->setColumnStretch(0, 1);
   return cadre;
 }

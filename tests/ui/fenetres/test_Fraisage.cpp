@@ -105,6 +105,36 @@ TEST(F_Fraisage, ShowsWhatThePlanComesTo) {
   EXPECT_NE(b.Texte("Lbl_Duree"), "");
 }
 
+TEST(F_Fraisage, AnAngleMakesRampsAndTellsTheWayThatTheyNeed) {
+  Svc.MarqueDecimale = ',';
+  Travail();
+  Banc b;
+  auto* angle = Controle<ChampNombre>(b.f, "TB_AngleRampe");
+  EXPECT_EQ(angle->Texte(), "0");
+  EXPECT_EQ(b.Texte("Lbl_LongueurRampe"), Traduire("F_Fraisage", "Rampe_aucune"));
+  const auto lignes = b.Texte("Val_Lignes");
+  Tape(*angle, "3");
+  EXPECT_EQ(AngleRampe, 3);
+  EXPECT_EQ(b.Texte("Lbl_LongueurRampe"), Traduire("F_Fraisage", "Rampe_longueur") + " 19,1 mm");
+  EXPECT_NE(b.Texte("Val_Lignes"), lignes) << "the plan is another one";
+  Tape(*Controle<ChampNombre>(b.f, "TB_ProfPasse"), "-0,5");
+  EXPECT_EQ(b.Texte("Lbl_LongueurRampe"), Traduire("F_Fraisage", "Rampe_longueur") + " 9,5 mm");
+}
+
+TEST(F_Fraisage, RefusesAnAngleThatIsNoneInItsField) {
+  Travail();
+  AngleRampe = 3;
+  Banc b;
+  auto* angle = Controle<ChampNombre>(b.f, "TB_AngleRampe");
+  Attend("F_Fraisage", "Rampe_limites");
+  Tape(*angle, "60");
+  EXPECT_TRUE(angle->EstRefuse());
+  EXPECT_EQ(AngleRampe, 3);
+  Tape(*angle, "45");
+  EXPECT_FALSE(angle->EstRefuse());
+  EXPECT_EQ(AngleRampe, 45);
+}
+
 TEST(F_Fraisage, SaysThatThereIsNoToolPath) {
   Banc b;
   EXPECT_EQ(b.Texte("Lbl_Avis"), Traduire("F_Fraisage", "lib040"));

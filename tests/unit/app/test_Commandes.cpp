@@ -66,6 +66,52 @@ TEST(Info, TheFirstAndTheSecondCallAgree) {
   EXPECT_EQ(premier.sortie, second.sortie);
 }
 
+TEST(GCode, ARampSinksAlongThePathAndIsNotRemembered) {
+  const Atelier a;
+  const std::string dessin = a.Ecrit("carre.dxf", Carre);
+  const std::vector<std::string> droit{"gcode", dessin, "-o", a.Chemin("droit.nc"), "--set", "RayonFraise=1"};
+  ASSERT_EQ(a.Appelle(droit).etat, 0);
+  std::vector<std::string> rampe = droit;
+  rampe[3] = a.Chemin("rampe.nc");
+  rampe.insert(rampe.end(), {"--ramp", "3"});
+  const auto r = a.Appelle(rampe);
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  const std::string avec = Atelier::Lit(a.Chemin("rampe.nc"));
+  const std::string sans = Atelier::Lit(a.Chemin("droit.nc"));
+  EXPECT_NE(sans.find("\nG01  Z-1.000\n"), std::string::npos) << "a plunge";
+  EXPECT_EQ(avec.find("\nG01  Z-1.000\n"), std::string::npos);
+  std::vector<std::string> encore = droit;
+  encore[3] = a.Chemin("encore.nc");
+  ASSERT_EQ(a.Appelle(encore).etat, 0);
+  EXPECT_EQ(Atelier::Lit(a.Chemin("encore.nc")), sans);
+}
+
+TEST(GCode, RefusesARampThatIsNone) {
+  const Atelier a;
+  const std::string dessin = a.Ecrit("carre.dxf", Carre);
+  for (const auto& [angle, cle] :
+       {std::pair{"46", "cli_limites"}, {"-1", "cli_limites"}, {"flach", "cli_valeur"}}) {
+    const auto r = a.Appelle({"gcode", dessin, "-o", a.Chemin("a.nc"), "--ramp", angle, "--json"});
+    EXPECT_EQ(r.etat, 1) << angle;
+    EXPECT_EQ(r.Json()["error"]["key"], cle) << angle;
+  }
+  EXPECT_EQ(a.Fichiers(), (std::vector<std::string>{"OVELIN.ini", "carre.dxf"}));
+}
+
+TEST(Save, AProjectKeepsItsRampWhichActsWithoutAnOption) {
+  const Atelier a;
+  const std::string dessin = a.Ecrit("carre.dxf", Carre);
+  const std::string ops = a.Ecrit("ops.json", R"([{"op": "TB_AngleRampe", "valeur": "3"}])");
+  ASSERT_EQ(a.Appelle({"edit", dessin, "--do", ops, "-o", a.Chemin("a.OVL")}).etat, 0);
+  EXPECT_NE(Atelier::Lit(a.Chemin("a.OVL")).find("$$AngleRampe=3\r\n"), std::string::npos);
+  const auto projet = a.Appelle({"plan", a.Chemin("a.OVL"), "--json"});
+  const auto droit = a.Appelle({"plan", a.Chemin("a.OVL"), "--ramp", "0", "--json"});
+  ASSERT_EQ(projet.etat, 0) << projet.erreurs;
+  ASSERT_EQ(droit.etat, 0) << droit.erreurs;
+  EXPECT_GT(projet.Json()["length"].get<double>(), droit.Json()["length"].get<double>() + 2 * 3 * 19)
+      << "two paths, three passes, 19 mm each";
+}
+
 TEST(GCode, WritesTheJobAndTellsItsLength) {
   const Atelier a;
   const auto r = a.Appelle({"gcode", a.Ecrit("carre.dxf", Carre), "-o", a.Chemin("carre.nc"), "--set",

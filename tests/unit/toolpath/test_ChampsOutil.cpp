@@ -25,6 +25,7 @@ class EntreMiniEncocheTest : public Champ {};
 class EntreHautDegTest : public Champ {};
 class EntrePCPocheTest : public Champ {};
 class EntreProfPasseTest : public Champ {};
+class EntreAngleRampeTest : public Champ {};
 
 }  // namespace
 
@@ -169,6 +170,51 @@ TEST_F(EntreProfPasseTest, KeepsARefusedDepthInForceWithoutWritingIt) {
 TEST_F(EntreProfPasseTest, IgnoresWhatIsNoNumber) {
   EXPECT_FALSE(EntreProfPasse("-"));
   EXPECT_EQ(ProfPasse, -1);
+}
+
+TEST_F(EntreAngleRampeTest, StoresAndWritesAnAngleAndTurnsItOffAgain) {
+  EXPECT_TRUE(EntreAngleRampe("3,5"));
+  EXPECT_EQ(AngleRampe, 3.5);
+  EXPECT_EQ(Ecrite("AngleRampe"), "3.5");
+  EXPECT_EQ(Modifie, Vrai);
+  EXPECT_TRUE(biblio.appels.empty());
+  EXPECT_TRUE(EntreAngleRampe("45"));
+  EXPECT_TRUE(EntreAngleRampe("0"));
+  EXPECT_EQ(AngleRampe, 0);
+  EXPECT_EQ(Ecrite("AngleRampe"), "0");
+}
+
+TEST_F(EntreAngleRampeTest, ShowsThePictureAnewWhichHasTheRamp) {
+  int fois = 0;
+  Svc.Rafraichit = [&] { ++fois; };
+  EXPECT_TRUE(EntreProfPasse("-0.5"));
+  EXPECT_EQ(fois, 0) << "without a ramp the picture knows no passes";
+  EXPECT_TRUE(EntreAngleRampe("3"));
+  EXPECT_EQ(fois, 1);
+  EXPECT_TRUE(EntreProfPasse("-0.8"));
+  EXPECT_EQ(fois, 2);
+}
+
+TEST_F(EntreAngleRampeTest, RefusesWhatIsNoAngleAndKeepsTheOneInForce) {
+  ASSERT_TRUE(EntreAngleRampe("3"));
+  for (const char* texte : {"-1", "45.01", "90"}) {
+    Attend("F_Fraisage", "Rampe_limites");
+    EXPECT_FALSE(EntreAngleRampe(texte));
+  }
+  EXPECT_FALSE(EntreAngleRampe("3 deg"));
+  EXPECT_FALSE(EntreAngleRampe(""));
+  EXPECT_EQ(AngleRampe, 3);
+  EXPECT_EQ(Ecrite("AngleRampe"), "3");
+}
+
+TEST_F(EntreAngleRampeTest, TellsTheWayThatAPassNeeds) {
+  EXPECT_FALSE(RampeDePasse());
+  AngleRampe = 3;
+  EXPECT_NEAR(RampeDePasse().value_or(0), 19.0811, 1e-4) << "1 mm / tan 3";
+  ProfPasse = -0.5;
+  EXPECT_NEAR(RampeDePasse().value_or(0), 9.5406, 1e-4);
+  ProfPasse = 0;
+  EXPECT_FALSE(RampeDePasse()) << "such passes are none";
 }
 
 TEST_F(EntreHautDegTest, NoEntryBelowZeroGetsToItsRule) {
