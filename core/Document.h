@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Complements.h"
 #include "core/Types.h"
 
 namespace ovelin {
@@ -37,6 +38,7 @@ struct Document {
   std::int32_t NbPoints = 0;
   // One record a code; look-ups take the first match. Never empty: one blank record while there is no path.
   std::vector<SequenceInfo> Sequences = std::vector<SequenceInfo>(1);
+  TableComplements Complements;  // what a path has beyond its record
   // Derived from the source, the table and the tool; never stored.
   std::vector<SequenceDecalee> TraceDecale;
 

@@ -11,6 +11,7 @@ extern Document Doc;
 inline constinit auto& TraceInitial = Doc.TraceInitial;
 inline constinit auto& NbPoints = Doc.NbPoints;
 inline constinit auto& Sequences = Doc.Sequences;
+inline constinit auto& Complements = Doc.Complements;
 inline constinit auto& TraceDecale = Doc.TraceDecale;
 inline constinit auto& Xmin = Doc.Xmin;
 inline constinit auto& Xmax = Doc.Xmax;

@@ -40,6 +40,7 @@ void LitTout(ProjetLu& lu, const std::string& chemin, std::string_view octets) {
   if (lu.refus) return;
   lu.document.TraceInitial = std::move(contenu.Points);
   lu.document.Sequences = std::move(contenu.Sequences);
+  lu.document.Complements = std::move(contenu.Complements);
   lu.LargeurEncoche = contenu.LargeurEncoche;
   lu.MiniEncoche = contenu.MiniEncoche;
   lu.reglages = IndexeReglages(octets);

@@ -16,8 +16,8 @@ namespace ovelin {
 
 struct ProjetLu {
   std::optional<RefusFichier> refus;
-  // Points, their count and bounds, records as the lines give them. Of a refused project count and bounds alone,
-  // as far as they were known.
+  // Points, their count and bounds, records as the lines give them, and what stands beside them. Of a refused
+  // project count and bounds alone, as far as they were known.
   Document document;
   std::optional<double> LargeurEncoche, MiniEncoche;      // mm, from the closing lines
   std::unordered_map<std::string, std::string> reglages;  // bytes of the settings lines, by key

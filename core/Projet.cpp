@@ -38,14 +38,20 @@ ErreurSysteme MemoireManque() {
   return std::generic_category().message(static_cast<int>(std::errc::not_enough_memory));
 }
 
+// What a project holds behind its settings.
+struct Chemins {
+  std::span<const PointTrace> points;
+  std::span<const SequenceInfo> sequences;
+  const TableComplements& complements;
+  double largeurEncoche, miniEncoche;
+};
+
 // The whole file in memory, and on disk; nothing of the document is touched. `texte`: the settings lines.
-ErreurSysteme Ecrit(const std::string& chemin, std::string texte, std::span<const PointTrace> points,
-                    std::span<const SequenceInfo> sequences, double largeurEncoche, double miniEncoche,
-                    Garantie garantie) {
+ErreurSysteme Ecrit(const std::string& chemin, std::string texte, const Chemins& c, Garantie garantie) {
   try {
-    ComposeSequences(texte, points, sequences);
-    ComposePoints(texte, points);
-    ComposeEncoches(texte, largeurEncoche, miniEncoche);
+    ComposeSequences(texte, c.points, c.sequences, c.complements);
+    ComposePoints(texte, c.points);
+    ComposeEncoches(texte, c.largeurEncoche, c.miniEncoche);
     return EcritFichierEntier(chemin, texte, garantie);
   } catch (const std::bad_alloc&) {
     return MemoireManque();
@@ -96,17 +102,17 @@ ErreurSysteme EcrireProjet(const std::string& chemin) {
   try {
     const Garantie garantie = Instantane != Faux ? Garantie::Processus : Garantie::Disque;
     const std::string reglages = LignesReglages(chemin);
-    const auto ecrit = [&chemin, &reglages, garantie, &erreur, largeur = Regl.LargeurEncoche,
-                        mini = Regl.MiniEncoche](std::span<const PointTrace> points,
-                                                 std::span<const SequenceInfo> sequences) {
-      erreur = Ecrit(chemin, reglages, points, sequences, largeur, mini, garantie);
-    };
+    const double largeur = Regl.LargeurEncoche;
+    const double mini = Regl.MiniEncoche;
     if (TraceInitial.size() < SeuilFondPoints) {
-      ecrit(TraceInitial, Sequences);
+      erreur = Ecrit(chemin, reglages, {TraceInitial, Sequences, Complements, largeur, mini}, garantie);
     } else {
       const std::vector<PointTrace> points = TraceInitial;
       const std::vector<SequenceInfo> sequences = Sequences;
-      Travaille([&] { ecrit(points, sequences); });
+      const TableComplements complements = Complements;
+      Travaille([&] {
+        erreur = Ecrit(chemin, reglages, {points, sequences, complements, largeur, mini}, garantie);
+      });
     }
   } catch (const std::bad_alloc&) {
     erreur = MemoireManque();
@@ -141,6 +147,7 @@ bool PrendProjet(const std::string& chemin, ProjetLu&& lu) {
   LitOutil();
   TraceInitial = std::move(lu.document.TraceInitial);
   Sequences = std::move(lu.document.Sequences);
+  Complements = std::move(lu.document.Complements);
   if (lu.LargeurEncoche) Regl.LargeurEncoche = *lu.LargeurEncoche;
   if (lu.MiniEncoche) Regl.MiniEncoche = *lu.MiniEncoche;
   if (Crochets.ChercheMateriau != nullptr) Crochets.ChercheMateriau();

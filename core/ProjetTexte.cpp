@@ -6,12 +6,14 @@
 #include <cstddef>
 #include <system_error>
 #include <unordered_map>
+#include <utility>
 
 #include "base/Texte.h"
 #include "core/Gestes.h"
 #include "core/Lignes.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
+#include "core/Texte8.h"
 
 namespace ovelin {
 
@@ -108,6 +110,7 @@ class Douteuses {
     const auto v = NombreDuTexte(champ);
     if (!v || std::abs(*v) > CoordonneeMax) Ajoute(cle, champ);
   }
+  void Complement(std::string_view ligne) { Ajoute("Complement", ligne); }
   void Cote(std::string_view champ) {
     if (champ.size() != 1 || champ[0] < '0' || champ[0] > '9') Ajoute("Decalage", champ);
   }
@@ -115,7 +118,7 @@ class Douteuses {
  private:
   static bool Loin(float v) { return !(std::abs(v) <= static_cast<float>(CoordonneeMax)); }
   void Ajoute(const char* cle, std::string_view champ) {
-    if (liste_.size() < DouteusesMax) liste_.push_back({ligne_, cle, Rogne(champ)});
+    if (liste_.size() < DouteusesMax) liste_.push_back({ligne_, cle, Coupe8(Rogne(champ), LargeurLigne)});
   }
   std::vector<ValeurDouteuse>& liste_;
   long ligne_ = 0;
@@ -194,6 +197,22 @@ SequenceInfo LitLigneSequence(std::string_view ligne) {
   return s;
 }
 
+// A line that says something of a path that has no line, or can't be read, says nothing.
+void LitComplement(ContenuProjet& c, std::string_view ligne, const TableEnLecture& table, Douteuses& douteuses) {
+  const auto lue = LitLigneComplement(ligne);
+  const bool connue = lue && table.Connait(lue->code);
+  if (!connue || !lue->entiere) douteuses.Complement(ligne);
+  if (!connue) return;
+  Complement complement = c.Complements.De(lue->code);
+  if (lue->ilot) {
+    complement.Ilot = true;
+  } else {
+    complement.Calque = lue->calque;
+    complement.Couleur = lue->couleur;
+  }
+  c.Complements.Pose(lue->code, std::move(complement));
+}
+
 void Complete(std::string& texte, std::size_t debut, std::size_t largeur) {
   texte.resize(debut + largeur, ' ');  // pads, or cuts what is longer
 }
@@ -266,6 +285,8 @@ ContenuProjet LitTexteProjet(std::string_view contenu) {
       douteuses.Cote(Colonnes(ligne, 6, 1));
       derniere->Decalage = Arrondi16(ValeurDebut(Colonnes(ligne, 6, 1)));
       table.Ecrit(*derniere);
+    } else if (EstLigneComplement(ligne)) {
+      LitComplement(c, ligne, table, douteuses);
     } else if (ligne.starts_with("$$Mat01")) {
       c.LargeurEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
       douteuses.Nombre("LargeurEncoche", Colonnes(ligne, 8, LargeurLigne));
@@ -303,7 +324,7 @@ void CompleteSequences(std::vector<SequenceInfo>& sequences, std::span<const Poi
 }
 
 void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
-                      std::span<const SequenceInfo> sequences) {
+                      std::span<const SequenceInfo> sequences, const TableComplements& complements) {
   const RangParCode rangs(sequences);
   Code2 courant = CodeAucun;
   for (const PointTrace& p : points) {
@@ -320,6 +341,7 @@ void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
     texte += "\r\n$$SeD";
     texte += static_cast<char>('0' + std::clamp<int>(info.Decalage, 0, 9));
     texte += "\r\n";
+    ComposeComplement(texte, courant, complements.De(courant));
   }
 }
 

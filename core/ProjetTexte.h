@@ -4,6 +4,7 @@
 //   $$key=value          settings (written and found by the key store)
 //   $$SeqCC0PFdepth      path: code in columns 6-7, "0", pocket, mill, depth from column 11
 //   $$SeDn               its companion: side of the tool
+//   $$SeICC1, $$SeCCC... further ones, where there is something to tell: see core/Complements.h
 //   X    Y    Cde  Seq   point: four fields of 15 columns
 //   $$Mat01 n            width of the notches; $$Mat02 their height
 #pragma once
@@ -39,6 +40,7 @@ struct ContenuProjet {
   std::vector<PointTrace> Points;
   // As the lines give them, selected; never empty: one blank record where no line names a path.
   std::vector<SequenceInfo> Sequences;
+  TableComplements Complements;                       // of paths that have a line
   std::optional<double> LargeurEncoche, MiniEncoche;  // mm, from the closing lines
   std::vector<ValeurDouteuse> Douteuses;              // the first ones of many
 };
@@ -54,9 +56,9 @@ bool EstTronque(std::string_view contenu);
 void CompleteSequences(std::vector<SequenceInfo>& sequences, std::span<const PointTrace> points, double profondeur);
 
 // Lines of the paths: for each run of equal `Seq` the first record with its code, or the defaults of an unknown
-// code (no pocket, milled, depth 0, side 1).
+// code (no pocket, milled, depth 0, side 1); behind them what it has beyond its record.
 void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
-                      std::span<const SequenceInfo> sequences);
+                      std::span<const SequenceInfo> sequences, const TableComplements& complements);
 void ComposePoints(std::string& texte, std::span<const PointTrace> points);  // their lines
 // The two closing lines.
 void ComposeEncoches(std::string& texte, double largeurEncoche, double miniEncoche);

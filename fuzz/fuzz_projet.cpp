@@ -30,11 +30,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t t
   CompleteSequences(lu.Sequences, lu.Points, -3);
 
   std::string ecrit;
-  ComposeSequences(ecrit, lu.Points, lu.Sequences);
+  ComposeSequences(ecrit, lu.Points, lu.Sequences, lu.Complements);
   ComposePoints(ecrit, lu.Points);
   ComposeEncoches(ecrit, lu.LargeurEncoche.value_or(5), lu.MiniEncoche.value_or(0));
   const ContenuProjet relu = LitTexteProjet(ecrit);
   Exige(relu.Points == lu.Points);
+  for (const PointTrace& p : lu.Points) Exige(relu.Complements.De(p.Seq) == lu.Complements.De(p.Seq));
 
   // A key placed into it is found again, and the next one does not disturb it.
   std::string place(texte);

@@ -70,6 +70,7 @@ void AjouteChemins(const std::vector<std::vector<PointTrace>>& chemins, bool des
     TraceInitial.clear();
     TraceDecale.clear();
     Sequences.clear();
+    Complements.OublieTout();
   }
   DeselectionneTout();
   for (const std::vector<PointTrace>& chemin : chemins) {

@@ -90,7 +90,8 @@ void DeplaceSelection(Direction direction, float distance) {
   OrigineY = 0;
 }
 
-// With the record of a code go all points and traces that it governs, also those of a second run.
+// With the record of a code go all points and traces that it governs, also those of a second run, and what stands
+// beside it.
 void SupprimeSelection() {
   const std::unordered_set<std::uint32_t> cles = ClesSelectionnees();
   if (cles.empty()) return;
@@ -98,6 +99,7 @@ void SupprimeSelection() {
   std::erase_if(TraceDecale, [&](const SequenceDecalee& d) { return cles.contains(d.Seq.Cle()); });
   std::erase_if(TraceInitial, [&](const PointTrace& p) { return cles.contains(p.Seq.Cle()); });
   std::erase_if(Sequences, [](const SequenceInfo& s) { return s.Selection != Faux; });
+  Complements.OublieSi([&](Code2 code) { return cles.contains(code.Cle()); });
   // Neither table is left without a record: an empty one stands for "nothing".
   if (dessin && TraceInitial.empty()) TraceInitial.push_back({0, 0, Code2{}, Code2{}});
   if (Sequences.empty()) Sequences.emplace_back();

@@ -209,6 +209,17 @@ std::optional<Changement> DesFiches(const EtatCompare& avant, const EtatCompare&
   return Changement{sortes.size() == 1 ? *sortes.begin() : SorteChangement::Proprietes, nombre};
 }
 
+// What stands beside the records of paths that are in both states.
+std::optional<Changement> DesComplements(const EtatCompare& avant, const EtatCompare& apres) {
+  static const TableComplements neutre;
+  const TableComplements& de = avant.complements != nullptr ? *avant.complements : neutre;
+  const TableComplements& vers = apres.complements != nullptr ? *apres.complements : neutre;
+  if (de == vers) return std::nullopt;
+  std::int32_t nombre = 0;
+  for (const SequenceInfo& f : apres.fiches) nombre += de.De(f.Code) == vers.De(f.Code) ? 0 : 1;
+  return Changement{SorteChangement::Proprietes, nombre};
+}
+
 // The lines of settings that stand in one state alone.
 std::vector<std::string_view> Lignes(std::string_view texte) {
   std::vector<std::string_view> lignes;
@@ -286,6 +297,7 @@ Changement ChangementEntre(const EtatCompare& avant, const EtatCompare& apres) {
   const bool tourne = points && points->sorte == SorteChangement::Depart && fiches;
   if (points && !tourne) return *points;
   if (fiches) return *fiches;
+  if (const auto complements = DesComplements(avant, apres)) return *complements;
   return DesReglages(avant.reglages, apres.reglages).value_or(Changement{SorteChangement::Affichage, 0});
 }
 

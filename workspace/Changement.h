@@ -28,7 +28,7 @@ enum class SorteChangement : std::uint8_t {
   Poche,
   Profondeur,
   Fraiser,     // milled or left out
-  Proprietes,  // several of these four
+  Proprietes,  // several of these four, or what stands beside the record
   Materiau,    // speeds, depths of the material
   Outil,
   Reglage,  // anything else that a project holds
@@ -47,7 +47,8 @@ struct Changement {
 struct EtatCompare {
   std::span<const PointTrace> points;
   std::span<const SequenceInfo> fiches;
-  std::string_view reglages;  // settings lines of its project: "$$key=value"
+  std::string_view reglages;                      // settings lines of its project: "$$key=value"
+  const TableComplements* complements = nullptr;  // of its paths; none: all default
 };
 
 // Points go before records, records before settings: a side that turns the points round is told as the side. Moved,

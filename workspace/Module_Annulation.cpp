@@ -58,6 +58,7 @@ struct DernierEtat {
   char marque = '.';
   std::vector<PointTrace> points;
   std::vector<SequenceInfo> sequences;
+  TableComplements complements;
 };
 DernierEtat Dernier;
 std::vector<Drapeau> DerniereSelection;  // at the last snapshot
@@ -99,7 +100,7 @@ bool MemesFiches(const std::vector<SequenceInfo>& a, const std::vector<SequenceI
 // What the last snapshot was taken of, whatever has become of its file.
 bool MemeEtat(const std::string& reglages) {
   return Dernier.marque == Svc.MarqueDecimale && Dernier.reglages == reglages && Dernier.points == TraceInitial &&
-         MemesFiches(Dernier.sequences, Sequences);
+         MemesFiches(Dernier.sequences, Sequences) && Dernier.complements == Complements;
 }
 
 bool Inchange(const Identite& avant, const std::string& reglages) {
@@ -191,8 +192,8 @@ Changement ChangementCourant(int numero, bool autre, const std::string& reglages
   if (numero == 1) return {SorteChangement::Ouverture, 0};
   if (!autre)
     return {SelectionCourante() == DerniereSelection ? SorteChangement::Affichage : SorteChangement::Selection, 0};
-  return ChangementEntre({Dernier.points, Dernier.sequences, Dernier.reglages},
-                         {TraceInitial, Sequences, reglages});
+  return ChangementEntre({Dernier.points, Dernier.sequences, Dernier.reglages, &Dernier.complements},
+                         {TraceInitial, Sequences, reglages, &Complements});
 }
 
 void NotePas(int numero, const Changement& changement) {
@@ -250,7 +251,7 @@ ResultatInstantane PrendInstantane() {
     r.erreur = EcrireProjet(chemin);
     if (!r.erreur.empty()) return r;
     r.lie = !avant.empty() && Reunit(avant, chemin);
-    Dernier = {IdentiteDe(chemin), std::move(reglages), Svc.MarqueDecimale, TraceInitial, Sequences};
+    Dernier = {IdentiteDe(chemin), std::move(reglages), Svc.MarqueDecimale, TraceInitial, Sequences, Complements};
   }
   r.numero = n + 1;
   r.bouton = r.numero >= 2;
@@ -272,7 +273,7 @@ namespace {
 // than that of the last snapshot.
 void TientPourDernier(const std::string& chemin) {
   const PendantInstantane pendant(chemin);
-  Dernier = {Identite{}, LignesReglages(chemin), Svc.MarqueDecimale, TraceInitial, Sequences};
+  Dernier = {Identite{}, LignesReglages(chemin), Svc.MarqueDecimale, TraceInitial, Sequences, Complements};
 }
 
 // The state of a snapshot into the document, with all that hangs on it. The list of snapshots ends with it; that

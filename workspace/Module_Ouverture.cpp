@@ -78,6 +78,7 @@ void PrendDessin(Document&& d) {
   TraceInitial = std::move(d.TraceInitial);
   NbPoints = d.NbPoints;
   Sequences = std::move(d.Sequences);
+  Complements = std::move(d.Complements);
   if (!TraceInitial.empty()) Xmin = d.Xmin, Xmax = d.Xmax, Ymin = d.Ymin, Ymax = d.Ymax;
 }
 

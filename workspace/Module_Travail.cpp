@@ -23,6 +23,7 @@ constexpr std::array Cles{"Vitesse_Mat_H",  "Vitesse_Mat_V", "HautDeg",   "ProfF
 struct Travail {
   std::vector<PointTrace> points;
   std::vector<SequenceInfo> fiches;
+  TableComplements complements;
   Reglages reglages;
   std::string projet;  // path, "" when the drawing is none
   std::array<std::optional<std::string>, Cles.size()> lignes;
@@ -66,6 +67,7 @@ bool SansDessin() { return Retenu.points.empty() && TraceInitial.empty(); }
 void RetientTravail() {
   Retenu.points = TraceInitial;
   Retenu.fiches = Sequences;
+  Retenu.complements = Complements;
   Retenu.reglages = Regl;
   Retenu.projet = ProjetOuvert();
   Retenu.lignes = LignesDuProjet(Retenu.projet);
@@ -77,7 +79,7 @@ void MarqueTravail() { Retenu.marque = true; }
 bool TravailChange() {
   if (SansDessin()) return false;
   return Retenu.marque || Retenu.points != TraceInitial || !MemesFiches(Retenu.fiches, Sequences) ||
-         !MemeOutil(Retenu.reglages, Regl);
+         Retenu.complements != Complements || !MemeOutil(Retenu.reglages, Regl);
 }
 
 std::vector<std::string> ClesPlacees() {

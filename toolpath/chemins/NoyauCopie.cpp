@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <unordered_set>
+#include <utility>
 
 #include "base/Indices.h"
 #include "toolpath/chemins/CodesNeufs.h"
@@ -25,6 +26,7 @@ Copie CopieDe(const Document& document) {
     const std::span<const PointTrace> run = PointsDe(std::span(document.TraceInitial), e);
     copie.points.insert(copie.points.end(), run.begin(), run.end());
     copie.fiches.push_back(document.Sequences[*fiche]);
+    copie.complements.Pose(e.code, document.Complements.De(e.code));
   }
   return copie;
 }
@@ -76,6 +78,7 @@ IssueCopie AjouteCopies(Document& document, const Copie& copie, const std::vecto
   CodesNeufs codes(vide ? Document{} : document);
   std::vector<PointTrace> points;
   std::vector<SequenceInfo> fiches;
+  std::vector<Complement> complements;  // of the same paths
   points.reserve(copie.points.size() * poses.size());
   fiches.reserve(runs.size() * poses.size());
   for (const Pose& pose : poses) {
@@ -85,6 +88,7 @@ IssueCopie AjouteCopies(Document& document, const Copie& copie, const std::vecto
       fiches.push_back(copie.fiches[i]);
       fiches.back().Code = *code;
       fiches.back().Selection = Vrai;
+      complements.push_back(copie.complements.De(runs[i].code));
       for (PointTrace p : PointsDe(std::span(copie.points), runs[i])) {
         const LieuCopie lieu = pose(p);
         if (!(std::abs(lieu.x) <= limite && std::abs(lieu.y) <= limite)) return IssueCopie::HorsLimites;
@@ -99,10 +103,14 @@ IssueCopie AjouteCopies(Document& document, const Copie& copie, const std::vecto
     document.TraceInitial.clear();
     document.TraceDecale.clear();
     document.Sequences.clear();
+    document.Complements.OublieTout();
   }
   for (SequenceInfo& s : document.Sequences) s.Selection = Faux;
   document.TraceInitial.insert(document.TraceInitial.end(), points.begin(), points.end());
   document.Sequences.insert(document.Sequences.end(), fiches.begin(), fiches.end());
+  for (std::size_t i = 0; i < fiches.size(); ++i) {
+    document.Complements.Pose(fiches[i].Code, std::move(complements[i]));
+  }
   document.NbPoints = base::Compte(document.TraceInitial.size());
   return IssueCopie::Faite;
 }

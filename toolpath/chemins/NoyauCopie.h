@@ -9,10 +9,11 @@
 
 namespace ovelin {
 
-// Paths outside of a drawing: runs of equal `Seq`, each with the record of its code.
+// Paths outside of a drawing: runs of equal `Seq`, each with the record of its code and what stands beside it.
 struct Copie {
   std::vector<PointTrace> points;
   std::vector<SequenceInfo> fiches;  // one a run, in their order
+  TableComplements complements;      // by the codes of the runs
   [[nodiscard]] bool Vide() const { return points.empty(); }
   bool operator==(const Copie&) const = default;
 };

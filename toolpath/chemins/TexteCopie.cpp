@@ -10,7 +10,7 @@ namespace ovelin {
 
 std::string TexteDeCopie(const Copie& copie) {
   std::string texte;
-  ComposeSequences(texte, copie.points, copie.fiches);
+  ComposeSequences(texte, copie.points, copie.fiches, copie.complements);
   ComposePoints(texte, copie.points);
   return texte;
 }
@@ -27,6 +27,7 @@ Copie CopieDuTexte(std::string_view texte, double profondeur) {
     const std::span<const PointTrace> run = PointsDe(lu.Points, e);
     copie.points.insert(copie.points.end(), run.begin(), run.end());
     copie.fiches.push_back(lu.Sequences[*fiche]);
+    copie.complements.Pose(e.code, lu.Complements.De(e.code));
   }
   return copie;
 }

@@ -105,4 +105,32 @@ TEST(PosesDe, ACircleTurnsAroundItsPoint) {
   EXPECT_NEAR(bas.y, 5, 1e-9);
 }
 
+TEST(AjouteCopies, HaveTheLayerOfWhatTheyAreACopyOf) {
+  Document d = Trois();
+  const Complement gravure{true, "Gravure", 0x00FF00};
+  d.Complements.Pose(Code2(" C"), gravure);
+  d.Complements.Pose(Code2(" B"), {false, "Bord", std::nullopt});
+  ASSERT_EQ(AjouteCopies(d, CopieDe(d), PosesDe(Reseau{3, 1, 100, 7}), Loin), IssueCopie::Faite);
+  for (const char* code : {" C", " E", " G"}) EXPECT_EQ(d.Complements.De(Code2(code)), gravure) << code;
+  for (const char* code : {" A", " D", " F"}) EXPECT_EQ(d.Complements.De(Code2(code)), Complement{}) << code;
+}
+
+TEST(AjouteCopies, IntoAnEmptyDrawingBringTheirLayersAndNoOthers) {
+  Document source = Trois();
+  source.Complements.Pose(Code2(" C"), {false, "Gravure", std::nullopt});
+  Document d;
+  d.Complements.Pose(Code2(" A"), {true, "", std::nullopt});
+  ASSERT_EQ(AjouteCopies(d, CopieDe(source), PosesDe(Reseau{2, 1, 0, 0}), Loin), IssueCopie::Faite);
+  EXPECT_EQ(d.Complements.De(Code2(" A")), Complement{});
+  EXPECT_EQ(d.Complements.De(Code2(" B")).Calque, "Gravure");
+}
+
+TEST(AjouteCopies, ThatAreRefusedLeaveTheLayers) {
+  Document d = Trois();
+  d.Complements.Pose(Code2(" C"), {false, "Gravure", std::nullopt});
+  const Document avant = d;
+  ASSERT_EQ(AjouteCopies(d, CopieDe(d), PosesDe(Reseau{2, 1, 2e7, 0}), Loin), IssueCopie::HorsLimites);
+  EXPECT_EQ(d, avant);
+}
+
 }  // namespace

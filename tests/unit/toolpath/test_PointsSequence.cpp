@@ -13,6 +13,16 @@ void TroisChemins() {
   AjouteSequence(" C", {{20, 0}, {21, 0}, {22, 0}, {23, 0}});
 }
 
+TEST(SupprimeSelection, LeavesNothingBesideTheRecordForTheNextPathOfThatCode) {
+  TroisChemins();
+  Complements.Pose(Code2(" A"), {false, "Bord", std::nullopt});
+  Complements.Pose(Code2(" C"), {true, "Gravure", std::nullopt});
+  Sequences[0].Selection = Sequences[1].Selection = Faux;
+  SupprimeSelection();
+  EXPECT_EQ(Complements.De(Code2(" C")), Complement{});
+  EXPECT_EQ(Complements.De(Code2(" A")).Calque, "Bord");
+}
+
 }  // namespace
 
 TEST(InserePoint, ShiftsThePointsBehindIt) {

@@ -58,4 +58,10 @@ TEST(CopieDuTexte, OfAnythingElseIsEmpty) {
   EXPECT_TRUE(CopieDuTexte("$$Seq A011-3\r\n$$SeD1\r\n", -3).Vide()) << "a record without points";
 }
 
+TEST(CopieDuTexte, BringsBackLayersAndIslands) {
+  Copie copie = Deux();
+  copie.complements.Pose(Code2("ZZ"), {true, "Bord = 3", 0x0000FF});
+  EXPECT_EQ(CopieDuTexte(TexteDeCopie(copie), -3), copie);
+}
+
 }  // namespace

@@ -483,4 +483,18 @@ TEST(mnu_Redo, AnOpeningLeavesNothingToRedo) {
   EXPECT_TRUE(std::filesystem::is_empty(DossierTemp));
 }
 
+TEST(Annulation, BringsBackWhatStandsBesideTheRecords) {
+  essai::AjouteCarre(" A", 0, 0, 10);
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  const Complement bord{false, "Bord", 0xFF0000};
+  Complements.Pose(Code2(" A"), bord);
+  PrendInstantane();
+  Complements.Pose(Code2(" A"), {true, "Bord", 0xFF0000});
+  const ResultatInstantane second = PrendInstantane();
+  EXPECT_EQ(second.numero, 2);
+  EXPECT_FALSE(second.lie) << "it is another state";
+  ASSERT_TRUE(mnu_Undo(AvecDessin()).lu);
+  EXPECT_EQ(Complements.De(Code2(" A")), bord);
+}
+
 }  // namespace

@@ -204,4 +204,19 @@ TEST(TexteChangement, SaysWhatAndHowMany) {
   EXPECT_EQ(TexteChangement({S::Deplacement, 3}), "Moved, 3 paths");
 }
 
+TEST(ChangementEntre, WhatStandsBesideTheRecordsIsAPropertyOfItsPaths) {
+  const Etat etat = Depart();
+  TableComplements avant;
+  TableComplements apres;
+  avant.Pose(Code2(" A"), {false, "Bord", std::nullopt});
+  apres.Pose(Code2(" A"), {true, "Bord", std::nullopt});
+  const auto entre = [&etat](const TableComplements* de, const TableComplements* vers) {
+    return ChangementEntre({etat.points, etat.fiches, etat.reglages, de},
+                           {etat.points, etat.fiches, etat.reglages, vers});
+  };
+  EXPECT_EQ(entre(&avant, &apres), (Changement{S::Proprietes, 1}));
+  EXPECT_EQ(entre(nullptr, &apres), (Changement{S::Proprietes, 1}));
+  EXPECT_EQ(entre(&avant, &avant), (Changement{S::Affichage, 0}));
+}
+
 }  // namespace

@@ -86,4 +86,12 @@ TEST(ClesPlacees, NamesNothingForAForeignDrawing) {
   EXPECT_TRUE(ClesPlacees().empty());
 }
 
+TEST(TravailChange, CountsWhatStandsBesideTheRecords) {
+  Carre();
+  Complements.Pose(Code2(" A"), {true, "", std::nullopt});
+  EXPECT_TRUE(TravailChange());
+  Complements.Oublie(Code2(" A"));
+  EXPECT_FALSE(TravailChange());
+}
+
 }  // namespace
