@@ -38,9 +38,10 @@ double Aire(const Trace& t) {
   return std::abs(s) / 2;
 }
 
-// All contours at once, in milliseconds of processor time.
-void Mesure(const std::string& nom, const std::vector<Trace>& contours, double rayon, int recouvrement) {
-  double aire = 0;
+// All contours at once, in milliseconds of processor time; each goes around the islands.
+void Mesure(const std::string& nom, const std::vector<Trace>& contours, double rayon, int recouvrement,
+            const Trace& ilots = {}, double aireDesIlots = 0) {
+  double aire = -aireDesIlots;
   double coupe = 0;
   double leve = 0;
   std::size_t points = 0;
@@ -50,7 +51,7 @@ void Mesure(const std::string& nom, const std::vector<Trace>& contours, double r
     aire += Aire(c);
     Trace t = c;
     const std::clock_t debut = std::clock();
-    const auto r = DecalSequence(t, 0.01F, static_cast<float>(rayon), recouvrement);
+    const auto r = DecalSequenceIlots(t, 0.01F, static_cast<float>(rayon), recouvrement, ilots);
     temps += std::clock() - debut;
     if (r == 0) continue;
     points += t.size();
@@ -101,6 +102,32 @@ Chemin CercleBruite(int n) {
   return c;
 }
 
+// Squares of 10 mm in rows and columns, `pas` mm from corner to corner; `paires`: with one over each of them, 4 mm
+// beside it either way.
+Trace Carres(int cote, double pas, bool paires) {
+  Trace t;
+  std::size_t rang = 0;
+  for (int k = 0; k < cote * cote; ++k) {
+    for (const double d : {0.0, 4.0}) {
+      if (d > 0 && !paires) continue;
+      const double x = 15 + d + pas * (k % cote);
+      const double y = 15 + d + pas * (k / cote);
+      for (PointTrace p : EnTrace({{x, y}, {x + 10, y}, {x + 10, y + 10}, {x, y + 10}})) {
+        p.Seq = CodeDeRang(rang);
+        t.push_back(p);
+      }
+      ++rang;
+    }
+  }
+  return t;
+}
+
+Trace Decalee(const Chemin& c, double x, double y) {
+  Chemin d;
+  for (const Vec2 p : c) d.push_back(p + Vec2{x, y});
+  return EnTrace(d);
+}
+
 }  // namespace
 
 int main() {
@@ -119,5 +146,16 @@ int main() {
   for (const int n : {1000, 2000, 5000, 10000, 20000, 50000, 100000, 200000, 500000}) {
     Mesure("noisy circle, " + std::to_string(n), {EnTrace(CercleBruite(n))}, 1.5, 40);
   }
+  for (const int recouvrement : {0, 40}) {
+    Mesure("square, no island", carre, 1.5, recouvrement);
+    Mesure("square, 1 island", carre, 1.5, recouvrement, Carres(1, 0, false), 100);
+    Mesure("square, 25 islands", carre, 1.5, recouvrement, Carres(5, 35, false), 2500);
+    Mesure("square, 25 pairs", carre, 1.5, recouvrement, Carres(5, 35, true), 25 * 164);
+    Mesure("square, 100 islands", carre, 1.5, recouvrement, Carres(10, 17, false), 10000);
+  }
+  const std::vector<Trace> scan{EnTrace(CercleBruite(50000))};
+  Mesure("noisy circle, 50000", scan, 1.5, 40);
+  Mesure("  one inside", scan, 1.5, 40, EnTrace(Cercle(10, 2000)), 314.16);
+  Mesure("  one across", scan, 1.5, 40, Decalee(Cercle(10, 2000), 35, 0), 250);
   return 0;
 }

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -191,6 +192,19 @@ std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::str
 // The result replaces `points`; pieces are runs of equal `Seq`. 0: no trace.
 std::int32_t DecalSequence(std::vector<PointTrace>& points, float tolerance, float decal,
                            std::int32_t recouvrement);
+
+// The same for a pocket that goes around islands. `ilots`: closed paths, runs of equal `Seq`; what they run around
+// stays, and their walls are as exact as the pocket's own. They may touch or cross each other and the outline, and
+// lie outside of it. An open path among them is none, and where no pocket is asked for there are none. 0 also where
+// they leave no room.
+std::int32_t DecalSequenceIlots(std::vector<PointTrace>& points, float tolerance, float decal,
+                                std::int32_t recouvrement, std::span<const PointTrace> ilots);
+
+// Which of some paths are islands of a pocket with that outline: the closed ones that overlap it, but for those
+// that hold all of it and more, inside of which the pocket lies. Their places in `chemins`, ascending; none for an
+// open outline.
+std::vector<std::size_t> IlotsDans(std::span<const PointTrace> contour,
+                                   std::span<const std::span<const PointTrace>> chemins);
 
 // Clean-up of one path in place: drops what lies nearer to the line of the rest than `tolerance` mm. First point,
 // last point and points that are not "PD" stay. Returns the number of points kept at the start of the array.

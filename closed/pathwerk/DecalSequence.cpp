@@ -3,6 +3,7 @@
 #include <cmath>
 #include <exception>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -29,7 +30,27 @@ bool TousFinis(const std::vector<PointTrace>& points) {
                      [](const PointTrace& p) { return std::isfinite(p.X) && std::isfinite(p.Y); });
 }
 
-std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double distance, std::int32_t recouvrement) {
+// The closed ones of some paths, prepared in the frame of `source`. None: one can't be, and what has to stay is
+// never left out.
+std::optional<std::vector<base::Chemin>> Iles(std::span<const PointTrace> ilots, const decalage::Source& source,
+                                              double tolerance) {
+  std::vector<base::Chemin> iles;
+  for (auto debut = ilots.begin(); debut != ilots.end();) {
+    const auto fin = std::find_if(debut, ilots.end(), [&](const PointTrace& p) { return p.Seq != debut->Seq; });
+    const std::vector<PointTrace> points(debut, fin);
+    debut = fin;
+    if (!TousFinis(points)) return std::nullopt;
+    if (points.size() < 3 || !MemePlace(points.front(), points.back()) || SansEtendue(points)) continue;
+    std::optional<decalage::Source> ile = decalage::PrepareSource(points, tolerance);
+    if (!ile) return std::nullopt;
+    for (Vec2& p : ile->chemin) p = p + (ile->centre - source.centre);
+    iles.push_back(std::move(ile->chemin));
+  }
+  return iles;
+}
+
+std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double distance, std::int32_t recouvrement,
+                    std::span<const PointTrace> ilots) {
   if (points.empty() || !TousFinis(points) || !(std::abs(distance) <= DistanceMax)) return 0;
   if (SansEtendue(points)) {  // a hole, however often its place is given: it has no side
     points.resize(2, points.front());
@@ -51,7 +72,9 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
   } else if (recouvrement == 100) {
     pieces = decalage::DecaleFerme(*source, distance, reste);
   } else {
-    pieces = poche::RemplitPoche(*source, distance, recouvrement, reste);
+    const auto iles = Iles(ilots, *source, tolerance / 10);
+    if (!iles) return 0;
+    pieces = poche::RemplitPoche(*source, *iles, distance, recouvrement, reste);
   }
   std::vector<PointTrace> resultat = decalage::EcritPieces(std::move(pieces), *source, distance, tolerance);
   if (resultat.empty()) return 0;
@@ -63,11 +86,16 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
 
 std::int32_t DecalSequence(std::vector<PointTrace>& points, float tolerance, float decal,
                            std::int32_t recouvrement) {
+  return DecalSequenceIlots(points, tolerance, decal, recouvrement, {});
+}
+
+std::int32_t DecalSequenceIlots(std::vector<PointTrace>& points, float tolerance, float decal,
+                                std::int32_t recouvrement, std::span<const PointTrace> ilots) {
   double t = tolerance;
   if (!(t > 0)) t = ToleranceParDefaut;
   t = std::clamp(t, 1e-4, 10.0);
   try {
-    return Decale(points, t, decal, recouvrement);
+    return Decale(points, t, decal, recouvrement, ilots);
   } catch (const std::exception&) {
     return 0;
   }

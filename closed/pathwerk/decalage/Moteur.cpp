@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cmath>
 #include <exception>
+#include <span>
 
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
@@ -120,19 +121,63 @@ namespace {
 bool Decale(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
             std::vector<Origines>* origines, MemoireDeRegion* memoire);
 
+// Each contour of a region, walked both ways. Its segments know where they lie among the region's.
+Region DeuxSensDe(const Region& region) {
+  Region deux;
+  std::uint32_t debut = 0;  // of the contour's segments
+  for (const Chemin& c : region.contours) {
+    const Region un = RegionDe(c, 0, true);
+    if (c.size() < 2) continue;
+    for (std::size_t k = 0; k < un.contours.size(); ++k) {
+      deux.contours.push_back(un.contours[k]);
+      deux.origines.push_back(un.origines[k]);
+      for (Origine& o : deux.origines.back()) o.segment += debut;
+    }
+    debut += Numero32(c.size());
+  }
+  return deux;
+}
+
+}  // namespace
+
+// A region of contours that cross: all of them as walls, and which places lie in it.
+class Fouillis {
+ public:
+  explicit Fouillis(const Region& region)
+      : murs_(DeuxSensDe(region)),
+        bord_(std::span(region.contours).first(region.contours.size() - region.iles)),
+        dedans_(region.signe > 0 ? 1 : 0) {
+    for (const Chemin& ile : std::span(region.contours).last(region.iles)) iles_.emplace_back(std::span(&ile, 1));
+  }
+  [[nodiscard]] const Region& Murs() const { return murs_; }
+  // `p` lies on none of the contours.
+  [[nodiscard]] bool Contient(Vec2 p, bool gauche) const {
+    const int tours = bord_.Tours(p);
+    if (gauche ? tours < dedans_ : tours >= dedans_) return false;
+    return std::all_of(iles_.begin(), iles_.end(), [p](const ArcSource& ile) { return ile.Tours(p) == 0; });
+  }
+
+ private:
+  Region murs_;
+  ArcSource bord_;
+  std::vector<ArcSource> iles_;
+  int dedans_;  // to the left of the outline the winding number is this or more
+};
+
+namespace {
+
 // The border around all strands on both sides, of which the loops on the wanted side stay.
 bool DecaleFouillis(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                     std::vector<Origines>* origines, MemoireDeRegion* memoire) {
-  const Region deux = RegionDe(region.contours[0], 0, true);
-  if (!Decale(deux, distance, tolerance, boucles, origines, memoire)) return false;
-  const ArcSource source(region.contours);
-  const int gauche = region.signe > 0 ? 1 : 0;
+  std::shared_ptr<const Fouillis> fouillis = memoire != nullptr ? memoire->fouillis : nullptr;
+  if (!fouillis) fouillis = std::make_shared<const Fouillis>(region);
+  if (memoire != nullptr) memoire->fouillis = fouillis;
+  if (!Decale(fouillis->Murs(), distance, tolerance, boucles, origines, memoire)) return false;
   std::size_t garde = 0;
   for (std::size_t k = 0; k < boucles.size(); ++k) {
-    const int tours = source.Tours(boucles[k][0]);
-    if (distance > 0 ? tours < gauche : tours >= gauche) continue;
+    if (!fouillis->Contient(boucles[k][0], distance > 0)) continue;
     std::swap(boucles[garde], boucles[k]);
-    if (origines != nullptr) (*origines)[garde] = Remonte(deux, std::move((*origines)[k]));
+    if (origines != nullptr) (*origines)[garde] = Remonte(fouillis->Murs(), std::move((*origines)[k]));
     ++garde;
   }
   boucles.resize(garde);

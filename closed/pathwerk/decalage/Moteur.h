@@ -2,6 +2,7 @@
 // crossings, pockets, marks, floats) only stands on this contract, so that another engine can take its place.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -18,15 +19,19 @@ struct Region {
   int signe = 0;
   // Of each contour, where its segments lie on the path that the region was cut from. Empty: unknown.
   std::vector<Origines> origines = {};
-  // One contour that crosses itself all over: each strand is a wall from both sides, the winding number tells which
-  // places lie in the region.
+  // Contours that cross, themselves or each other: each strand is a wall from both sides, the winding number tells
+  // which places lie in the region.
   bool fouillis = false;
+  // Of those that cross, how many at the end are islands: what one of them runs around is no part of the region,
+  // however it runs.
+  std::size_t iles = 0;
 };
 
 // What is known of one region from the distances that it was asked for before.
 struct MemoireDeRegion {
   std::shared_ptr<class ArcSuite> suite;
-  bool simple = true;  // the raw curve alone may still be the whole answer
+  std::shared_ptr<const class Fouillis> fouillis;  // of contours that cross
+  bool simple = true;                              // the raw curve alone may still be the whole answer
 };
 
 // Parallel curves of the outline at `distance` mm, to the left of its travel when positive, else to its right.

@@ -185,4 +185,20 @@ bool SepareLobesClipper(const Chemin& chemin, double tolerance, std::vector<Regi
   }
 }
 
+AiresDeDeux AiresCommunes(const Chemin& premier, const Chemin& second) {
+  const double echelle = PasDeGrille(std::max(Etendue(std::span(&premier, 1)), Etendue(std::span(&second, 1))));
+  const auto aire = [echelle](cl::ClipType quoi, const Chemin& a, const Chemin& b) {
+    cl::Clipper clipper;
+    clipper.AddPath(VersGrille(a, echelle), cl::ptSubject, true);
+    clipper.AddPath(VersGrille(b, echelle), cl::ptClip, true);
+    cl::Paths r;
+    clipper.Execute(quoi, r, cl::pftNonZero, cl::pftNonZero);
+    double somme = 0;
+    for (const cl::Path& c : r) somme += cl::Area(c);
+    return somme / (echelle * echelle);
+  };
+  return {aire(cl::ctUnion, premier, premier), aire(cl::ctUnion, second, second),
+          aire(cl::ctIntersection, premier, second)};
+}
+
 }  // namespace pathwerk::decalage

@@ -29,6 +29,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <span>
 #include <utility>
 
 #include "base/Indices.h"
@@ -44,10 +45,11 @@ constexpr double AnneauxMin = 200;    // ... but never below so many rings
 constexpr double AnneauxMax = 2000;
 constexpr double AnneauxLimite = 20000;  // rings of a cutter far too thin for its pocket
 
-// Greatest depth that the region can have, from its box and its area.
+// Greatest depth that the region can have, from its box and its area. Islands that cross others have no area of
+// their own, and only make it less.
 double ProfondeurMax(const Region& region) {
   double x0 = 1e300, x1 = -1e300, y0 = 1e300, y1 = -1e300, aire = 0;
-  for (const Chemin& c : region.contours) {
+  for (const Chemin& c : std::span(region.contours).first(region.contours.size() - region.iles)) {
     aire += Aire(c);
     for (const Vec2 p : c) {
       x0 = std::min(x0, p.x);

@@ -237,12 +237,24 @@ bool Dedans(const std::vector<Seg>& contour, P p) {
 }  // namespace
 
 Couverture MesureCouverture(const Trace& contour, const Trace& chemin, double rayon) {
+  return MesureCouverture(contour, {}, chemin, rayon);
+}
+
+Couverture MesureCouverture(const Trace& contour, const std::vector<Trace>& ilots, const Trace& chemin,
+                            double rayon) {
   Couverture r;
   const std::vector<Seg> bord = Segments(contour);
   const std::vector<Seg> coupe = Segments(chemin);
   const Grille grille(BoiteDe(contour), rayon / 20);
-  const std::vector<std::uint8_t> dedans = grille.Dedans(bord);
-  const std::vector<std::uint8_t> mur = grille.PresDe(bord, rayon);
+  std::vector<std::uint8_t> dedans = grille.Dedans(bord);
+  std::vector<Seg> murs = bord;
+  for (const Trace& ilot : ilots) {
+    const std::vector<Seg> sien = Segments(ilot);
+    murs.insert(murs.end(), sien.begin(), sien.end());
+    const std::vector<std::uint8_t> debout = grille.Dedans(sien);
+    for (std::size_t i = 0; i < dedans.size(); ++i) dedans[i] = dedans[i] != 0 && debout[i] == 0;
+  }
+  const std::vector<std::uint8_t> mur = grille.PresDe(murs, rayon);
   std::vector<std::uint8_t> milieux(grille.Taille());
   for (std::size_t i = 0; i < milieux.size(); ++i) milieux[i] = dedans[i] != 0 && mur[i] == 0;
   const std::vector<std::uint8_t> atteint = grille.Autour(milieux, rayon);
@@ -255,12 +267,14 @@ Couverture MesureCouverture(const Trace& contour, const Trace& chemin, double ra
     r.debout = std::max(r.debout, d - rayon);
     if (r.debout > rayon / 4) break;  // a whole spot: no need to measure each of its cells
   }
-  const Casier casier(bord, rayon);
+  const Casier casier(murs, rayon);
   for (const Seg& s : coupe) r.entaille = std::max(r.entaille, rayon - casier.Distance(s, rayon));
   // No move crosses the outline, so one place tells for all of a piece.
   for (std::size_t i = 0; i < chemin.size(); ++i) {
     if (i > 0 && chemin[i].Seq == chemin[i - 1].Seq) continue;
-    if (!Dedans(bord, EnP(chemin[i]))) r.entaille = 1e9;
+    const P p = EnP(chemin[i]);
+    const auto sur = [p](const Trace& ilot) { return Dedans(Segments(ilot), p); };
+    if (!Dedans(bord, p) || std::any_of(ilots.begin(), ilots.end(), sur)) r.entaille = 1e9;
   }
   if (r.entaille >= rayon) r.entaille = 1e9;
   return r;

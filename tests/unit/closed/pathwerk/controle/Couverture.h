@@ -18,5 +18,9 @@ struct Couverture {
 // Grid of R / 20. Reachable is a place within R of a place of the grid that is inside and at least R away from the
 // outline. The cutter is down along the records of one `Seq`.
 Couverture MesureCouverture(const Trace& contour, const Trace& chemin, double rayon);
+// The same where islands have to stay: what each of them surrounds an odd number of times is outside as well, and
+// its outline a wall.
+Couverture MesureCouverture(const Trace& contour, const std::vector<Trace>& ilots, const Trace& chemin,
+                            double rayon);
 
 }  // namespace controle
