@@ -142,7 +142,8 @@ void AjouteTropEtroits(const Document& document, const EtatVue& vue, const Taill
   const Fiches fiches = FichesDe(document);
   std::unordered_set<std::uint32_t> sans;
   for (const SequenceDecalee& trace : document.TraceDecale) {
-    if (trace.Points.empty() && Fraisee(fiches, trace.Seq) != nullptr) sans.insert(trace.Seq.Cle());
+    const bool manque = trace.Points.empty() && !document.Complements.De(trace.Seq).Ilot;  // an island wants none
+    if (manque && Fraisee(fiches, trace.Seq) != nullptr) sans.insert(trace.Seq.Cle());
   }
   for (const SequenceDecalee& trace : document.TraceDecale) {
     if (!trace.Points.empty()) sans.erase(trace.Seq.Cle());

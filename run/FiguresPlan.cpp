@@ -74,7 +74,8 @@ CompteUsinage CompteUsinageDe(const Document& document, double profPasse) {
   }
   for (const Code2 code : CodesDe(document.TraceInitial)) {
     if (ProprietesDe(document.Sequences, index, code).Fraiser == Faux) continue;
-    if (vus.insert(code.Cle()).second) u.sansTrajet.push_back(code);
+    const bool ilot = document.Complements.De(code).Ilot;  // stays, and wants none
+    if (vus.insert(code.Cle()).second && !ilot) u.sansTrajet.push_back(code);
   }
   return u;
 }

@@ -11,8 +11,8 @@ namespace {
 }
 
 Bibliotheque BibliothequePathwerk() {
-  return {pathwerk::DecalSequence, pathwerk::NettoyageFichier, pathwerk::LissageSequence,
-          pathwerk::Texte,         pathwerk::TexteHaut,        pathwerk::EcrireFichier};
+  return {pathwerk::DecalSequence, pathwerk::NettoyageFichier, pathwerk::LissageSequence,    pathwerk::Texte,
+          pathwerk::TexteHaut,     pathwerk::EcrireFichier,    pathwerk::DecalSequenceIlots, pathwerk::IlotsDans};
 }
 
 }  // namespace ovelin

@@ -3,8 +3,10 @@
 // rule.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -24,6 +26,10 @@ struct Bibliotheque {
                              std::int32_t style, double hauteur)>
       TexteHaut;
   std::function<std::int32_t(const Points&, const std::string& fichier, std::string& commentaire)> EcrireFichier;
+  using Chemin = std::span<const pathwerk::PointTrace>;
+  std::function<std::int32_t(Points&, float tolerance, float decal, std::int32_t recouvrement, Chemin ilots)>
+      DecalSequenceIlots;
+  std::function<std::vector<std::size_t>(Chemin contour, std::span<const Chemin> chemins)> IlotsDans;
 };
 
 // This system's own library, unless replaced.

@@ -1,6 +1,7 @@
 // The traces of the document in force: shells around the kernel of the traces.
 #include "toolpath/CalculDecalage.h"
 
+#include <algorithm>
 #include <unordered_set>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "toolpath/Deroulement.h"
+#include "toolpath/Ilots.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/NoyauTrace.h"
@@ -20,10 +22,16 @@ namespace {
 
 ParametresTrace Parametres() { return ParametresTraceDe(Regl, Prolongement != Faux); }
 
-// One of these paths failed, or is too short to be offset: the table isn't what computing all would make of it.
+Ilots IlotsEnVigueur() { return {Doc, VidePoches(Parametres())}; }
+
+// One of these paths failed, or is too short to be offset: the table isn't what computing all would make of it. An
+// island has no trace and wants none.
 bool TraceManque(const std::vector<Code2>& codes) {
+  const Ilots ilots = IlotsEnVigueur();
   std::unordered_set<std::uint32_t> demandes;
-  for (const Code2 code : codes) demandes.insert(code.Cle());
+  for (const Code2 code : codes) {
+    if (!ilots.Debout(code)) demandes.insert(code.Cle());
+  }
   demandes.erase(CodeAucun.Cle());
   if (demandes.empty()) return false;
   for (const SequenceDecalee& d : TraceDecale) {
@@ -35,6 +43,20 @@ bool TraceManque(const std::vector<Code2>& codes) {
   return !demandes.empty();
 }
 
+// With these paths, those whose trace their change may reach: where one is an island or a pocket, all that are.
+std::vector<Code2> AvecIlots(std::vector<Code2> codes) {
+  if (!AIlots(Complements)) return codes;
+  const std::vector<Code2> autres = CodesDesIlots(Doc);
+  std::unordered_set<std::uint32_t> lies;
+  for (const Code2 code : autres) lies.insert(code.Cle());
+  if (std::none_of(codes.begin(), codes.end(), [&](Code2 c) { return lies.contains(c.Cle()); })) return codes;
+  for (const Code2 code : codes) lies.erase(code.Cle());
+  for (const Code2 code : autres) {
+    if (lies.erase(code.Cle()) != 0) codes.push_back(code);
+  }
+  return codes;
+}
+
 }  // namespace
 
 void CalculDecalage(Code2 code) {
@@ -43,7 +65,8 @@ void CalculDecalage(Code2 code) {
   ProprietesSequence proprietes;
   LitSequence(code, proprietes);
   const Etendue run = EtendueDepuis(TraceInitial, base::Indice(premier));
-  auto trace = CalculeTrace(PointsDe(std::as_const(TraceInitial), run), code, proprietes, Parametres());
+  auto trace = CalculeTrace(PointsDe(std::as_const(TraceInitial), run), code, proprietes, Parametres(),
+                            IlotsEnVigueur().De(code));
   if (!trace) return;
   const bool reussie = trace->reussie;
   PoseTrace(TraceDecale, code, std::move(*trace));
@@ -57,13 +80,19 @@ void CalculDecalages(const std::vector<Code2>& codes) {
 }
 
 void RefaitDecalage(Code2 code) {
+  const std::vector<Code2> codes = AvecIlots({code});
+  if (codes.size() > 1) {
+    RefaitDecalages(codes);
+    return;
+  }
   CalculDecalage(code);
-  if (TraceManque({code})) RecalculDecalages();
+  if (TraceManque(codes)) RecalculDecalages();
 }
 
 void RefaitDecalages(const std::vector<Code2>& codes) {
-  CalculDecalages(codes);
-  if (TraceManque(codes)) RecalculDecalages();
+  const std::vector<Code2> tous = AvecIlots(codes);
+  CalculDecalages(tous);
+  if (TraceManque(tous)) RecalculDecalages();
 }
 
 bool RecalculDecalages() {

@@ -14,7 +14,8 @@ void CalculDecalage(Code2 code);
 void CalculDecalages(const std::vector<Code2>& codes);
 // What a command calls that has changed one path, or some: the above, and all traces anew where one of those paths
 // failed or has no points left to be offset. A failure alone takes the traces behind it along, and a path without
-// points keeps its old one: the job would miss paths that nobody touched, or mill what is no longer there.
+// points keeps its old one: the job would miss paths that nobody touched, or mill what is no longer there. Where
+// one of them is an island or a pocket and the drawing has islands, the pockets and islands are computed with it.
 void RefaitDecalage(Code2 code);
 void RefaitDecalages(const std::vector<Code2>& codes);
 // All traces. True when TraceInitial was not empty and the walk ended normally.

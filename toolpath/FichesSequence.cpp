@@ -64,6 +64,16 @@ void SelectionCommune(ProprietesSequence& p) {
   }
 }
 
+Drapeau IlotCommun() {
+  bool oui = false;
+  bool non = false;
+  for (const SequenceInfo& s : Sequences) {
+    if (s.Selection == Faux) continue;
+    (Complements.De(s.Code).Ilot ? oui : non) = true;
+  }
+  return oui && non ? Mixte : EnDrapeau(oui);
+}
+
 void EcritSequence(Code2 code, const ProprietesSequence& p) {
   SequenceInfo* s = Fiche(code);
   if (s == nullptr) {

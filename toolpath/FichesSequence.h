@@ -15,6 +15,7 @@ double LitProfondeur(Code2 code);
 Drapeau LitFraiser(Code2 code);
 Drapeau EstSelectionnee(Code2 code);
 void SelectionCommune(ProprietesSequence& p);
+Drapeau IlotCommun();  // are the selected paths islands? Mixte where they differ
 void EcritSequence(Code2 code, const ProprietesSequence& p);
 void ProfondeurPourTous();
 

@@ -49,13 +49,20 @@ std::vector<SequenceDecalee> Morceaux(Code2 code, const std::vector<PointTrace>&
 
 // The points of a path of two points at least, put into its trace.
 TraceCalculee Trace(Code2 code, std::vector<PointTrace>& points, const ProprietesSequence& s,
-                    const ParametresTrace& p) {
+                    const ParametresTrace& p, const PartIlots& ilots) {
   TraceCalculee trace;
+  if (ilots.debout) {
+    trace.entrees.push_back({code, {}});
+    return trace;
+  }
   if (!EstPercage(points)) {
     if (s.Decalage != CoteLigne) {
       const float rayon = EnFloat(p.rayon);
-      trace.reussie = Biblio.DecalSequence(points, ToleranceDecalage, s.Decalage == CoteDirect ? rayon : -rayon,
-                                           s.Poche != Faux ? p.recouvrement : RecouvrementContour) != 0;
+      const float decal = s.Decalage == CoteDirect ? rayon : -rayon;
+      const std::int32_t recouvrement = s.Poche != Faux ? p.recouvrement : RecouvrementContour;
+      trace.reussie = (ilots.autour.empty() ? Biblio.DecalSequence(points, ToleranceDecalage, decal, recouvrement)
+                                            : Biblio.DecalSequenceIlots(points, ToleranceDecalage, decal,
+                                                                        recouvrement, ilots.autour)) != 0;
     }
     // Also behind a failure, on whatever came back.
     OuvreEncoches(points, p.encoche);
@@ -72,9 +79,9 @@ TraceCalculee Trace(Code2 code, std::vector<PointTrace>& points, const Propriete
 }
 
 TraceCalculee TraceDe(std::span<const PointTrace> chemin, Code2 code, const ProprietesSequence& proprietes,
-                      const ParametresTrace& parametres) {
+                      const ParametresTrace& parametres, const PartIlots& ilots) {
   std::vector<PointTrace> points(chemin.begin(), chemin.end());
-  return Trace(code, points, proprietes, parametres);
+  return Trace(code, points, proprietes, parametres, ilots);
 }
 
 std::size_t Poids(std::size_t points, const ProprietesSequence& s) {
@@ -89,11 +96,12 @@ class Atelier {
           const ParametresTrace& parametres)
       : parametres_(parametres) {
     const std::span<const PointTrace> points(document.TraceInitial);
+    const Ilots ilots(document, VidePoches(parametres));
     std::size_t poids = 0;
     for (const Code2 code : codes) {
       if (code == CodeAucun || !rangs_.try_emplace(code.Cle(), taches_.size()).second) continue;
       const auto premier = index.PremierPoint(code);
-      Tache tache{code, {}, {}, {}};
+      Tache tache{code, {}, {}, ilots.De(code), {}};
       if (premier) {
         tache.chemin = PointsDe(points, EtendueDepuis(points, *premier));
         tache.proprietes = ProprietesDe(document.Sequences, index, code);
@@ -104,7 +112,7 @@ class Atelier {
     if (NombreCoeurs < 2 || taches_.size() < 2 || poids < SeuilEquipe) return;
     equipe_.emplace(NombreCoeurs, taches_.size(), [this](std::size_t i) {
       Tache& t = taches_[i];
-      if (t.chemin.size() >= 2) t.trace = TraceDe(t.chemin, t.code, t.proprietes, parametres_);
+      if (t.chemin.size() >= 2) t.trace = TraceDe(t.chemin, t.code, t.proprietes, parametres_, t.ilots);
     });
   }
 
@@ -112,7 +120,7 @@ class Atelier {
   std::optional<TraceCalculee> Prend(Code2 code) {
     const std::size_t rang = rangs_.at(code.Cle());
     Tache& t = taches_[rang];
-    if (!equipe_) return CalculeTrace(t.chemin, code, t.proprietes, parametres_);
+    if (!equipe_) return CalculeTrace(t.chemin, code, t.proprietes, parametres_, t.ilots);
     if (!equipe_->Fait(rang)) TravailleSi(true, [&] { equipe_->Attend(rang); });
     equipe_->Attend(rang);
     return std::exchange(t.trace, std::nullopt);
@@ -123,6 +131,7 @@ class Atelier {
     Code2 code;
     std::span<const PointTrace> chemin;
     ProprietesSequence proprietes;
+    PartIlots ilots;
     std::optional<TraceCalculee> trace;
   };
   const ParametresTrace& parametres_;
@@ -146,12 +155,17 @@ ParametresTrace ParametresTraceDe(const Reglages& reglages, bool prolongement) {
   return {reglages.RayonFraise, reglages.PCPoche, RayonEncocheDe(reglages), prolongement};
 }
 
+bool VidePoches(const ParametresTrace& parametres) {
+  return parametres.recouvrement != RecouvrementContour && EnFloat(parametres.rayon) != 0;
+}
+
 std::optional<TraceCalculee> CalculeTrace(std::span<const PointTrace> chemin, Code2 code,
-                                          const ProprietesSequence& proprietes, const ParametresTrace& parametres) {
+                                          const ProprietesSequence& proprietes, const ParametresTrace& parametres,
+                                          const PartIlots& ilots) {
   if (chemin.size() < 2) return std::nullopt;
   TraceCalculee trace;
   TravailleSi(chemin.size() >= (proprietes.Poche != Faux ? SeuilFondPoche : SeuilFond),
-              [&] { trace = TraceDe(chemin, code, proprietes, parametres); });
+              [&] { trace = TraceDe(chemin, code, proprietes, parametres, ilots); });
   return trace;
 }
 

@@ -10,6 +10,7 @@
 
 #include "core/Document.h"
 #include "core/Reglages.h"
+#include "toolpath/Ilots.h"
 #include "toolpath/TableTraces.h"
 #include "toolpath/chemins/Etendues.h"
 
@@ -25,10 +26,13 @@ struct ParametresTrace {
 ParametresTrace ParametresTraceDe(const Reglages& reglages, bool prolongement);
 // Radius of a notch around its mark: half its width and the radius of the tool, mm.
 double RayonEncocheDe(const Reglages& reglages);
+// Are pockets cleared with these? With an overlap of 100 or without a radius they are contours.
+bool VidePoches(const ParametresTrace& parametres);
 
 // The trace of one path. Nothing when it is too short to have one.
 std::optional<TraceCalculee> CalculeTrace(std::span<const PointTrace> chemin, Code2 code,
-                                          const ProprietesSequence& proprietes, const ParametresTrace& parametres);
+                                          const ProprietesSequence& proprietes, const ParametresTrace& parametres,
+                                          const PartIlots& ilots = {});
 
 // The table `traces` behind the trace of one path: its entries are replaced where they stand; without any they come
 // last. A failed path leaves one entry without points and drops the entries behind it.

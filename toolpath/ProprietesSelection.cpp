@@ -1,11 +1,16 @@
 // Side, pocket, milling and depth of the selected paths.
 #include "toolpath/ProprietesSelection.h"
 
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
 #include "core/DocumentCourant.h"
 #include "core/Gestes.h"
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "toolpath/Deroulement.h"
+#include "toolpath/Ilots.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 
@@ -13,10 +18,18 @@ namespace ovelin {
 
 namespace {
 
-// The traces of the selected paths that take part in the run.
-void RecalculeSelection() {
+std::vector<Code2> IlotsEtPoches() { return AIlots(Complements) ? CodesDesIlots(Doc) : std::vector<Code2>{}; }
+
+// The traces of the selected paths that take part in the run, and of `aussi`.
+void RecalculeSelection(const std::vector<Code2>& aussi = {}) {
   Statut(Textes::CalculTrajetOutil);
-  RefaitDecalages(CodesSelectionnes(true));
+  std::vector<Code2> codes = CodesSelectionnes(true);
+  std::unordered_set<std::uint32_t> connus;
+  for (const Code2 code : codes) connus.insert(code.Cle());
+  for (const Code2 code : aussi) {
+    if (connus.insert(code.Cle()).second) codes.push_back(code);
+  }
+  RefaitDecalages(codes);
   EffaceStatut();
   Modifie = Vrai;
   Svc.Rafraichit();
@@ -50,7 +63,19 @@ void PocheSelection(bool poche) {
   for (SequenceInfo& s : Sequences) {
     if (s.Selection != Faux) s.Poche = EnDrapeau(poche);
   }
-  RecalculeSelection();
+  RecalculeSelection(IlotsEtPoches());  // what was a pocket may have had islands
+}
+
+void IlotSelection(bool ilot) {
+  std::vector<Code2> touches = IlotsEtPoches();
+  for (const Code2 code : CodesSelectionnes()) {
+    Complement c = Complements.De(code);
+    c.Ilot = ilot;
+    Complements.Pose(code, std::move(c));
+    touches.push_back(code);
+  }
+  for (const Code2 code : CodesDesIlots(Doc)) touches.push_back(code);
+  RecalculeSelection(touches);
 }
 
 void FraiserSelection(bool fraiser) {

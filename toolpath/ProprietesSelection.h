@@ -8,6 +8,7 @@ namespace ovelin {
 // What follows a change of a property of the selection.
 void DecaleSelection(std::int16_t decalage);  // Option_Decal: to or from 3 reverses the points
 void PocheSelection(bool poche);              // CB_Poche
+void IlotSelection(bool ilot);                // CB_Ilot: the pockets around follow
 void FraiserSelection(bool fraiser);          // CB_Fraiser
 // A depth for the selection (TB_Profondeur). False: refused (ProfondeurNonNegative) or answered No
 // (ProfondeursInegales).

@@ -16,7 +16,8 @@ namespace ovelin {
 // The trace of one path as it goes into the table.
 struct TraceCalculee {
   std::vector<SequenceDecalee> entrees;
-  bool reussie = true;  // false: `entrees` is one entry without points
+  bool reussie =
+      true;  // false: failed, `entrees` is one entry without points; so it is of an island, which has none
 };
 
 // The table as a chain of blocks, a block being a stretch of entries of one code; the chain never holds two

@@ -192,6 +192,14 @@ TEST(TropEtroit, IsHatchedInTheContourThatHasNoPath) {
   }
 }
 
+TEST(TropEtroit, IsNoIsland) {
+  essai::AjouteCarre(" A", 10, 10, 4);
+  AjouteTrace(" A", {});
+  EXPECT_FALSE(De(Construit(Sobre()), Role::TropEtroit).empty());
+  Complements.Pose(Code2(" A"), {true, "", std::nullopt});
+  EXPECT_TRUE(De(Construit(Sobre()), Role::TropEtroit).empty());
+}
+
 TEST(TropEtroit, IsNotWhatIsNotMilled) {
   essai::AjouteCarre(" A", 10, 10, 4);
   AjouteTrace(" A", {});

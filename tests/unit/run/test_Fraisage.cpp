@@ -117,6 +117,16 @@ TEST(PlanifiePourFenetre, CountsThePathsWhereTheToolFindsNoRoom) {
   EXPECT_EQ(r.sansTrajet, std::vector{Code2(" B")});
 }
 
+TEST(PlanifiePourFenetre, AnIslandMissesNoPath) {
+  Travail();
+  AjouteTrajet(" B", -2, {});
+  AjouteTrajet(" C", -2, {});
+  for (const char* code : {" A", " B", " C"}) TraceInitial.push_back({0, 0, CodePD, Code2(code)});
+  NbPoints = 3;
+  Complements.Pose(Code2(" B"), {true, "", std::nullopt});
+  EXPECT_EQ(PlanifiePourFenetre().sansTrajet, std::vector{Code2(" C")});
+}
+
 TEST(PlanifiePourFenetre, CountsThePathsThatAreMissingFromTheTracesAltogether) {
   Travail();
   for (const char* code : {" A", " D", " E"}) TraceInitial.push_back({0, 0, CodePD, Code2(code)});
