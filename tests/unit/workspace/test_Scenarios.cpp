@@ -109,6 +109,29 @@ const Travail Travaux[] = {
        EXPECT_TRUE(ProfondeurSelection(-1));
        SelectionneTout();
      }},
+    // The same plate, cleared 1 mm deep around its frame, holes and triangles, which stand; the ellipse in the
+    // frame is
+    // a pocket within an island.
+    {"ilots", "plaque.dxf",
+     [] {
+       EXPECT_TRUE(EntreRayonFraise("1.5"));
+       EXPECT_TRUE(EntrePCPoche("40"));
+       auto fermees = EtenduesSequences();
+       std::erase_if(fermees, [](const Etendue& e) { return e.nombre < 4 || !EstFermee(e); });
+       std::stable_sort(fermees.begin(), fermees.end(),
+                        [](const Etendue& a, const Etendue& b) { return std::fabs(Aire(a)) > std::fabs(Aire(b)); });
+       ASSERT_GE(fermees.size(), 4U);  // outline, frame, ellipse, small ones
+       DeselectionneTout();
+       for (const std::size_t k : {0U, 2U}) BasculeSelection(fermees[k].code);
+       PocheSelection(true);
+       DeselectionneTout();
+       for (std::size_t k = 1; k < fermees.size(); ++k) {
+         if (k != 2) BasculeSelection(fermees[k].code);
+       }
+       IlotSelection(true);
+       SelectionneTout();
+       EXPECT_TRUE(ProfondeurSelection(-1));
+     }},
     // A wing rib in foam.
     {"aile", "aile.dat", [] { EXPECT_TRUE(AppliqueMateriau(1)); }},
     // Holes and slots on the line.
