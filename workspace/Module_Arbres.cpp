@@ -85,7 +85,8 @@ std::string Arbre::Nom(std::size_t groupe) const {
   const std::size_t source = base::Indice(g.source);
   if (fiche >= Sequences.size() || source >= TraceInitial.size()) return "";
   if (Sequences[fiche].Code != g.code || TraceInitial[source].Seq != g.code) return "";
-  return NomChemin(PointsDe(TraceInitial, EtendueDepuis(TraceInitial, source)), Sequences[fiche]);
+  return NomChemin(PointsDe(TraceInitial, EtendueDepuis(TraceInitial, source)), Sequences[fiche],
+                   Complements.De(Sequences[fiche].Code).Ilot);
 }
 
 const PointTrace* Arbre::PointDocument(std::size_t groupe, std::size_t rang) const {

@@ -21,9 +21,9 @@ std::string Taille(float debut, float fin) {
 
 }  // namespace
 
-// A mixed flag is held as 1. `CB_Poche` is checked for -1 alone, so that mixed pockets show unchecked; `CB_Fraiser`
-// for -1 or 1, so that a mixed milling shows checked. The difference is wanted: an unchecked pocket cuts less, an
-// unchecked milling would look as if nothing were cut.
+// A mixed flag is held as 1. `CB_Poche` is checked for -1 alone, so that mixed pockets show unchecked, and so is
+// `CB_Ilot`; `CB_Fraiser` for -1 or 1, so that a mixed milling shows checked. The difference is wanted: an
+// unchecked pocket cuts less, an unchecked milling would look as if nothing were cut.
 ChampsPanneau InitSeq(Arbre* initial, Arbre* decale) {
   ChampsPanneau c;
   c.TB_X = c.TB_Y = "0";
@@ -37,6 +37,8 @@ ChampsPanneau InitSeq(Arbre* initial, Arbre* decale) {
   SelectionCommune(c.communes);
   c.CB_Poche = c.communes.Poche == Vrai;
   c.CB_Fraiser = c.communes.Fraiser == Vrai || c.communes.Fraiser == Mixte;
+  c.ilots = IlotCommun();
+  c.CB_Ilot = c.ilots == Vrai;
   if (c.communes.Profondeur != 0) {
     c.TB_Profondeur = TexteNombre(c.communes.Profondeur);
   } else if (c.selectionnees == 1) {

@@ -20,10 +20,12 @@ struct ChampsPanneau {
   std::array<std::string, 2> TB_Resultat;
   bool CB_Poche = false;
   bool CB_Fraiser = false;
+  bool CB_Ilot = false;
   std::string TB_Profondeur;               // mm; blank where the depths differ
   std::int16_t Option_Decal = CoteDirect;  // the side shown, 1 to 3
   std::int32_t selectionnees = 0;          // paths selected
   ProprietesSequence communes;             // of the selection; 1 in a flag, 0 in a number: they differ
+  Drapeau ilots = Faux;                    // the same of the islands
   bool operator==(const ChampsPanneau&) const = default;
 };
 

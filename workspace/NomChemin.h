@@ -31,6 +31,6 @@ FormeChemin FormeDe(std::span<const PointTrace> points, std::int16_t cote);
 
 // "Trou 4.0, -3.0", "Contour 284.0 x 208.0, -3.0, poche", "Ligne 120.0, -1.0, non fraisé", in the language in
 // force.
-std::string NomChemin(std::span<const PointTrace> points, const SequenceInfo& fiche);
+std::string NomChemin(std::span<const PointTrace> points, const SequenceInfo& fiche, bool ilot = false);
 
 }  // namespace ovelin

@@ -93,6 +93,7 @@ std::string TraceEnJson() {
     sortie += std::string(",\"poche\":") + (p.Poche != Faux ? "true" : "false");
     sortie += std::string(",\"fraiser\":") + (p.Fraiser != Faux ? "true" : "false");
     sortie += ",\"profondeur\":" + Json(p.Profondeur).dump();
+    if (Complements.De(e.code).Ilot) sortie += ",\"ilot\":true";
     sortie += ",\"points\":[";
     for (std::size_t i = e.premier; i < e.Fin(); ++i) {
       if (i > e.premier) sortie += ',';
@@ -200,9 +201,11 @@ int Info(Contexte& contexte, const std::string& dessin) {
   if (const int etat = OuvreDessin(contexte, dessin, &lu)) return etat;
   std::int32_t fermees = 0;
   std::int32_t nombre = 0;
+  std::int32_t ilots = 0;
   for (const Etendue& e : EtenduesSequences()) {
     ++nombre;
     if (Fermee(TraceInitial, e)) ++fermees;
+    if (Complements.De(e.code).Ilot) ++ilots;
   }
   Json objet;
   objet["format"] = lu.rapport.Format;
@@ -210,6 +213,7 @@ int Info(Contexte& contexte, const std::string& dessin) {
   objet["sequences"] = nombre;
   objet["closed"] = fermees;
   objet["open"] = nombre - fermees;
+  if (ilots > 0) objet["islands"] = ilots;
   objet["bounds"] = Bornes(Xmin, Xmax, Ymin, Ymax);
   objet["codes"] = {PlusPetitCode().Texte(), PlusGrandCode().Texte()};
   objet["skipped"] = Json::object();

@@ -322,6 +322,7 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       // properties of the selection and fields of the tool
       {"Option_Decal", SurSelection(Simple([](A a) { DecaleSelection(Cote(a)); }))},
       {"CB_Poche", SurSelection(Simple([](A a) { PocheSelection(a.Booleen("valeur")); }))},
+      {"CB_Ilot", SurSelection(Simple([](A a) { IlotSelection(a.Booleen("valeur")); }))},
       {"CB_Fraiser", SurSelection(Simple([](A a) { FraiserSelection(a.Booleen("valeur")); }))},
       {"TB_Profondeur", SurSelection([](A a) { return ProfondeurSelection(a.Nombre("valeur")); })},
       {"TB_RayonFraise", [](A a) { return EntreRayonFraise(a.Champ("valeur")); }},

@@ -37,9 +37,9 @@ PageFraisage::PageFraisage(QWidget* parent) : QWidget(parent) {
   colonne->addWidget(selection_);
   colonne->addWidget(Outil());
   colonne->addStretch(1);
-  OrdreTab(*this, {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_2", "Option_Decal_3",
-                   "CB_AutreCote", "TB_RayonFraise", "TB_LargeurEncoche", "TB_MiniEncoche", "TB_HautDeg",
-                   "TB_PCPoche", "TB_ProfPasse"});
+  OrdreTab(*this, {"CB_Fraiser", "CB_Poche", "CB_Ilot", "TB_Profondeur", "Option_Decal_1", "Option_Decal_2",
+                   "Option_Decal_3", "CB_AutreCote", "TB_RayonFraise", "TB_LargeurEncoche", "TB_MiniEncoche",
+                   "TB_HautDeg", "TB_PCPoche", "TB_ProfPasse"});
   Remplit({});
   VideOutil();
 }
@@ -49,30 +49,33 @@ QGroupBox* PageFraisage::Selection() {
   QGridLayout* grille = GrilleGroupe(*cadre);
   fraiser_ = Coche("CB_Fraiser", "Fraiser", "Les séquences choisies sont fraisées");
   poche_ = Coche("CB_Poche", "Poche", "Tout l'intérieur des séquences choisies est fraisé");
-  for (QCheckBox* coche : {fraiser_, poche_}) coche->setIcon(IconeProgramme(coche->objectName()));
+  ilot_ = Coche("CB_Ilot", "Îlot", "Les séquences choisies restent debout : la poche autour d'elles les contourne");
+  for (QCheckBox* coche : {fraiser_, poche_, ilot_}) coche->setIcon(IconeProgramme(coche->objectName()));
   auto* profondeur = Champ("TB_Profondeur", "mm", "Profondeur totale, négative : -3 descend de 3 mm");
   profondeur_ = new Saisie(profondeur, [this](const std::string& texte) { Profondeur(texte); });
   grille->addWidget(fraiser_, 0, 0, Qt::AlignLeft);
   grille->addWidget(poche_, 0, 1, Qt::AlignLeft);
-  grille->addWidget(Etiquette("Lbl_Profondeur", "Profondeur", profondeur), 1, 0);
-  grille->addWidget(profondeur, 1, 1);
+  grille->addWidget(ilot_, 1, 1, Qt::AlignLeft);
+  grille->addWidget(Etiquette("Lbl_Profondeur", "Profondeur", profondeur), 2, 0);
+  grille->addWidget(profondeur, 2, 1);
 
   cote_ = Etiquette("Lbl_Decal", "Côté de l'outil");
-  grille->addWidget(cote_, 2, 0, 1, 2);
-  grille->addWidget(Cotes(), 3, 0, 1, 2);
+  grille->addWidget(cote_, 3, 0, 1, 2);
+  grille->addWidget(Cotes(), 4, 0, 1, 2);
   melange_ = Phrase("Lbl_Melange", "");
   // Its line is kept free: the page must not grow with what is selected.
   melange_->setMinimumHeight(melange_->fontMetrics().lineSpacing());
   QSizePolicy place = melange_->sizePolicy();
   place.setRetainSizeWhenHidden(true);
   melange_->setSizePolicy(place);
-  grille->addWidget(melange_, 4, 0, 1, 2);
+  grille->addWidget(melange_, 5, 0, 1, 2);
   grille->setColumnStretch(0, 1);
   grille->setColumnStretch(1, 1);
 
   // Only what the user does runs a command, never the filling of the panel.
   connect(fraiser_, &QCheckBox::clicked, this, [](bool coche) { FraiserSelection(coche); });
   connect(poche_, &QCheckBox::clicked, this, [](bool coche) { PocheSelection(coche); });
+  connect(ilot_, &QCheckBox::clicked, this, [](bool coche) { IlotSelection(coche); });
   return cadre;
 }
 
@@ -169,6 +172,7 @@ void PageFraisage::Remplit(const ChampsPanneau& champs) {
   selection_->setEnabled(champs.selectionnees > 0);
   poche_->setChecked(champs.CB_Poche);
   fraiser_->setChecked(champs.CB_Fraiser);
+  ilot_->setChecked(champs.CB_Ilot);
   profondeurEntiere_ = champs.TB_Profondeur;
   profondeur_->Montre(TexteProfondeur(profondeurEntiere_));
   decalCommun_ = champs.communes.Decalage;
@@ -182,6 +186,7 @@ void PageFraisage::MontreMelange(const ChampsPanneau& champs) {
   QStringList noms;
   if (champs.communes.Fraiser == Mixte) noms += fraiser_->text();
   if (champs.communes.Poche == Mixte) noms += poche_->text();
+  if (champs.ilots == Mixte) noms += ilot_->text();
   if (champs.communes.Decalage == CoteMelange) noms += cote_->text();
   melange_->setVisible(champs.selectionnees > 1 && !noms.isEmpty());
   melange_->setText(TexteQt(Textes::ChampMelange) + QLatin1Char(' ') + noms.join(QStringLiteral(", ")));

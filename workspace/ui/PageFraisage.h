@@ -52,6 +52,7 @@ class PageFraisage : public QWidget {
   QLabel* cote_ = nullptr;
   QCheckBox* poche_ = nullptr;
   QCheckBox* fraiser_ = nullptr;
+  QCheckBox* ilot_ = nullptr;
   Saisie* profondeur_ = nullptr;
   std::string profondeurEntiere_;  // the depth that the field shows rounded
   std::array<QToolButton*, 3> decal_{};

@@ -57,8 +57,8 @@ const std::vector<std::string>& OrdreDe(const PagePoints*) {
 }
 const std::vector<std::string>& OrdreDe(const PageFraisage*) {
   static const std::vector<std::string> noms{
-      "CB_Fraiser",        "CB_Poche",       "TB_Profondeur", "Option_Decal_1", "CB_AutreCote", "TB_RayonFraise",
-      "TB_LargeurEncoche", "TB_MiniEncoche", "TB_HautDeg",    "TB_PCPoche",     "TB_ProfPasse"};
+      "CB_Fraiser",     "CB_Poche",          "CB_Ilot",        "TB_Profondeur", "Option_Decal_1", "CB_AutreCote",
+      "TB_RayonFraise", "TB_LargeurEncoche", "TB_MiniEncoche", "TB_HautDeg",    "TB_PCPoche",     "TB_ProfPasse"};
   return noms;
 }
 const std::vector<std::string>& OrdreDe(const PageSequences*) {

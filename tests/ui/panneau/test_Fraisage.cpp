@@ -40,7 +40,7 @@ TEST_F(Fraisage, PropertiesWaitForASelection) {
   Sequences[1].Selection = Vrai;
   Remplit();
   for (const char* nom :
-       {"CB_Fraiser", "CB_Poche", "TB_Profondeur", "Option_Decal_1", "Option_Decal_3", "CB_AutreCote"}) {
+       {"CB_Fraiser", "CB_Poche", "CB_Ilot", "TB_Profondeur", "Option_Decal_1", "Option_Decal_3", "CB_AutreCote"}) {
     EXPECT_TRUE(Actif(nom)) << nom;
   }
 }
@@ -83,6 +83,23 @@ TEST_F(Fraisage, MixedPocketsShowUncheckedAndOneClickSetsAll) {
   EXPECT_EQ(rafraichis_, 2);
 }
 
+TEST_F(Fraisage, MixedIslandsShowUncheckedAndOneClickMarksAll) {
+  DeuxCarres();
+  TousChoisis();
+  Complements.Pose(Sequences[0].Code, {true, "", std::nullopt});
+  Ouvre();
+  EXPECT_FALSE(Coche("CB_Ilot"));
+  EXPECT_EQ(C<QLabel>("Lbl_Melange")->text().toStdString(), "Différent selon la séquence : Îlot");
+  Clique(*C("CB_Ilot"));
+  for (const SequenceInfo& s : Sequences) EXPECT_TRUE(Complements.De(s.Code).Ilot) << s.Code.Texte();
+  EXPECT_TRUE(Coche("CB_Ilot"));
+  EXPECT_FALSE(C("Lbl_Melange")->isVisible());
+  EXPECT_EQ(Modifie, Vrai);
+  EXPECT_EQ(rafraichis_, 1);
+  Clique(*C("CB_Ilot"));
+  EXPECT_TRUE(Complements.Vide());
+}
+
 TEST_F(Fraisage, MixedMillingShowsCheckedAndOneClickClearsAll) {
   DeuxCarres();
   TousChoisis();
@@ -112,15 +129,17 @@ TEST_F(Fraisage, WhatDiffersInTheSelectionIsTold) {
   EXPECT_EQ(C<QLabel>("Lbl_Melange")->text().toStdString(), "Différent selon la séquence : Fraiser");
   Sequences[0].Poche = Vrai;
   Sequences[0].Decalage = 2;
+  Complements.Pose(Sequences[0].Code, {true, "", std::nullopt});
   for (const std::string& langue : essai::LanguesDuProduit()) {
     essai::ChoisitLangue(langue);
     Ouvre(300, 440);
     EXPECT_TRUE(C("Lbl_Melange")->isVisible());
-    EXPECT_EQ(C<QLabel>("Lbl_Melange")->text().count(','), 2);
+    EXPECT_EQ(C<QLabel>("Lbl_Melange")->text().count(','), 3);
     EXPECT_EQ(essai::TextesCoupesEnTexte(*fenetre_), "") << langue;
   }
   Clique(*C("CB_Poche"));
   Clique(*C("CB_Fraiser"));
+  Clique(*C("CB_Ilot"));
   Clique(*C("Option_Decal_1"));
   EXPECT_FALSE(C("Lbl_Melange")->isVisible());
 }

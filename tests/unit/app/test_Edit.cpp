@@ -37,6 +37,28 @@ TEST(Edit, RunsOperationsByName) {
   EXPECT_NEAR(gauche, 15, 1e-4);
 }
 
+TEST(Edit, MarksIslandsThatTheProjectKeeps) {
+  const Atelier a;
+  const std::string operations = a.Ecrit("ops.json", R"([
+    {"op": "Selectionne", "codes": [" B"]},
+    {"op": "CB_Poche", "valeur": true},
+    {"op": "Selectionne", "codes": [" A"]},
+    {"op": "CB_Ilot", "valeur": true}
+  ])");
+  const auto r =
+      a.Appelle({"edit", a.Ecrit("carre.dxf", Carre), "--do", operations, "-o", a.Chemin("e.OVL"), "--json"});
+  ASSERT_EQ(r.etat, 0) << r.erreurs;
+  EXPECT_EQ(a.Appelle({"info", a.Chemin("e.OVL"), "--json"}).Json()["islands"], 1);
+  EXPECT_FALSE(a.Appelle({"info", a.Chemin("carre.dxf"), "--json"}).Json().contains("islands"));
+  ASSERT_EQ(a.Appelle({"trace", a.Chemin("e.OVL"), "-o", a.Chemin("e.json")}).etat, 0);
+  const json j = json::parse(Atelier::Lit(a.Chemin("e.json")));
+  EXPECT_TRUE(j["sequences"][0]["ilot"].get<bool>());
+  EXPECT_FALSE(j["sequences"][1].contains("ilot"));
+  // The hole, about (25, 25), stands: it has no tool path, and that of the square keeps away from it.
+  EXPECT_TRUE(j["trace"][0]["points"].empty());
+  EXPECT_GT(j["trace"][1]["points"].size(), 20U);
+}
+
 TEST(Edit, CopiesRepeatsOrdersAndHolds) {
   const Atelier a;
   const std::string operations = a.Ecrit("ops.json", R"([

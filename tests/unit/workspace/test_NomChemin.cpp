@@ -82,6 +82,11 @@ TEST(NomChemin, SaysDepthPocketAndWhatIsNotMilled) {
   EXPECT_EQ(NomChemin(Cercle(32, 2), Fiche()), "Hole 4.0, -3.0");
 }
 
+TEST(NomChemin, SaysIsland) {
+  Regl.Langue = "en";
+  EXPECT_EQ(NomChemin(Cercle(32, 2), Fiche(), true), "Hole 4.0, -3.0, island");
+}
+
 TEST(Arbre, BothTreesNameTheirPaths) {
   Regl.Langue = "en";
   essai::AjouteCarre(" A", 0, 0, 40);

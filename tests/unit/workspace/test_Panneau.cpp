@@ -65,6 +65,17 @@ TEST(InitSeq, OnePathShowsItsProperties) {
   EXPECT_EQ(c.selectionnees, 1);
 }
 
+TEST(InitSeq, IslandsThatAreMixedShowUnchecked) {
+  DeuxCarres();
+  EXPECT_FALSE(InitSeq().CB_Ilot);
+  Complements.Pose(Code2(" A"), {true, "", std::nullopt});
+  EXPECT_FALSE(InitSeq().CB_Ilot);
+  EXPECT_EQ(InitSeq().ilots, Mixte);
+  Sequences[1].Selection = Faux;
+  EXPECT_TRUE(InitSeq().CB_Ilot);
+  EXPECT_EQ(InitSeq().ilots, Vrai);
+}
+
 TEST(InitSeq, OnePathOfDepthZeroShowsTheDepthOfTheMaterial) {
   DeuxCarres();
   Regl.ProfFraisage = -7.25;
