@@ -4,8 +4,8 @@
 // Where contours cross or touch, none of them is cut. Each strand is a wall on both sides, and of the loops that
 // the engine finds between the walls those inside of an island are left out, as they are outside of the outline: a
 // free place lies with its whole surroundings on one side of every contour, so one place of a loop tells for all of
-// it. That takes two to six times as long, leaves every contour where it was drawn, and has no case that rounding could
-// decide: strands on each other are one wall.
+// it. That takes two to six times as long, leaves every contour where it was drawn, and has no case that rounding
+// could decide: strands on each other are one wall.
 #include "closed/pathwerk/poche/Iles.h"
 
 #include <algorithm>
