@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -152,10 +153,27 @@ struct RapportLecture {
 // Length of the message that comes back beside a reading or a writing.
 inline constexpr std::size_t LongueurMessage = 260;
 
+// Where a path comes from in its drawing.
+struct Calque {
+  enum class Genre : std::uint8_t {
+    Nomme,  // a layer
+    Plume,  // a pen of a plotter, by its number
+    Outil,  // a tool of a drill file, by its number and what is known of its diameter: "3", "3 (0.8 mm)"
+  };
+  Genre Sorte = Genre::Nomme;
+  std::string Nom;                       // bytes of the file, UTF-8 or 8-bit; "" for none
+  std::optional<std::uint32_t> Couleur;  // 0xRRGGBB
+  bool operator==(const Calque&) const = default;
+};
+
 // What a file has become.
 struct Importation {
   std::int32_t Nombre = 0;  // of points, or a negative `Erreur`
   std::vector<PointTrace> Points;
+  // The layers, and for each path in the order of the points the place of its own in them. The first one says
+  // nothing. Both empty where no path says anything.
+  std::vector<Calque> Calques;
+  std::vector<std::uint16_t> CalquesDesChemins;
   float Xmin = 0, Xmax = 0, Ymin = 0, Ymax = 0;  // bounds of the points, mm; 0 when there are none
   // At most 260 bytes: on success what was left out ("TEXT 3, HATCH 1"), on failure "name:line: detail".
   std::string Message;

@@ -1,7 +1,9 @@
 #include "workspace/NoyauOuverture.h"
 
+#include <algorithm>
 #include <cmath>
 #include <span>
+#include <unordered_map>
 
 #include "base/Indices.h"
 #include "core/Fichiers.h"
@@ -37,6 +39,36 @@ std::vector<SequenceInfo> FichesNeuves(std::span<const PointTrace> points, doubl
   return fiches;
 }
 
+std::string TexteCalque(const pathwerk::Calque& calque, const SouhaitLecture& souhait) {
+  switch (calque.Sorte) {
+    case pathwerk::Calque::Genre::Plume:
+      return NomDeCalque(souhait.motPlume + " " + calque.Nom);
+    case pathwerk::Calque::Genre::Outil:
+      return NomDeCalque(souhait.motOutil + " " + calque.Nom);
+    case pathwerk::Calque::Genre::Nomme:
+      break;
+  }
+  return NomDeCalque(calque.Nom);
+}
+
+// Layer and colour of each path. Where all have the same, there is nothing to tell apart, and nothing is kept: such
+// a drawing makes the project that it always has.
+TableComplements ComplementsDe(const pathwerk::Importation& importe, const SouhaitLecture& souhait) {
+  TableComplements table;
+  const std::vector<std::uint16_t>& places = importe.CalquesDesChemins;
+  const auto autre = [&](std::uint16_t p) { return p != places.front(); };
+  if (std::none_of(places.begin(), places.end(), autre)) return table;
+  const std::vector<Etendue> chemins = EtenduesDe(importe.Points);
+  std::unordered_map<std::uint16_t, std::string> noms;  // of the layers that a path lies on
+  for (std::size_t i = 0; i < std::min(chemins.size(), places.size()); ++i) {
+    const pathwerk::Calque& calque = importe.Calques.at(places[i]);
+    const auto [nom, neuf] = noms.try_emplace(places[i]);
+    if (neuf) nom->second = TexteCalque(calque, souhait);
+    table.Pose(chemins[i].code, {false, nom->second, calque.Couleur});
+  }
+  return table;
+}
+
 std::int32_t NombreRuns(const Document& document) { return base::Compte(EtenduesDe(document.TraceInitial).size()); }
 
 void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<void(double)>& avancement,
@@ -49,6 +81,7 @@ void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<voi
   options.UniteSupposee = souhait.uniteSvg;
   pathwerk::Importation importe = pathwerk::ImporteFichier(lu.chemin, options);
   d.NbPoints = importe.Nombre;
+  d.Complements = ComplementsDe(importe, souhait);
   if (d.NbPoints >= 0) d.TraceInitial = std::move(importe.Points);
   d.Xmin = importe.Xmin, d.Xmax = importe.Xmax, d.Ymin = importe.Ymin, d.Ymax = importe.Ymax;
   d.Sequences = FichesNeuves(d.TraceInitial, reglages.ProfFraisage);

@@ -43,6 +43,9 @@ struct DessinLu {
 struct SouhaitLecture {
   int page = 1;         // of a PDF
   double uniteSvg = 0;  // mm of a unit, where a drawing in SVG doesn't say; 0: pixels of 96 to the inch, and told
+  // What pens and tools are called, before their number.
+  std::string motPlume = "SP";
+  std::string motOutil = "T";
 };
 
 // Reads a project or a foreign drawing. `reglages`: the weld tolerance, and the depth of a fresh path. `avancement`

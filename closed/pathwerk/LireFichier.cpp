@@ -1,4 +1,5 @@
 // The one way in: a file, its format, its reader, the assembly, the message.
+#include <algorithm>
 #include <cerrno>
 #include <new>
 #include <stdexcept>
@@ -61,8 +62,17 @@ std::string TexteEchec(const std::string& chemin, const RapportLecture& r) {
   return t;
 }
 
-std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, const OptionsLecture& options,
-                   Lecture& lecture) {
+// Where no path says anything, nothing is handed on.
+void PrendCalques(Lecture& lecture, Importation& lu) {
+  std::vector<std::uint16_t>& places = lu.CalquesDesChemins;
+  if (std::all_of(places.begin(), places.end(), [](std::uint16_t p) { return p == 0; })) {
+    places.clear();
+  } else {
+    lu.Calques = lecture.calques.Prend();
+  }
+}
+
+std::int32_t Ouvre(Importation& lu, const std::string& chemin, const OptionsLecture& options, Lecture& lecture) {
   std::string octets;
   if (const int raison = base::LitFichier(chemin, octets); raison != 0) {
     if (raison == ENOMEM) {
@@ -79,7 +89,8 @@ std::int32_t Ouvre(std::vector<PointTrace>& points, const std::string& chemin, c
   Lit(Extension(chemin), octets, options, lecture);
   std::string().swap(octets);
   avance(0.7);
-  const std::int32_t n = assemblage::Assemble(lecture, options, points);
+  const std::int32_t n = assemblage::Assemble(lecture, options, lu.Points, &lu.CalquesDesChemins);
+  PrendCalques(lecture, lu);
   avance(1);
   return n;
 }
@@ -98,12 +109,12 @@ Importation ImporteFichier(const std::string& chemin, const OptionsLecture& opti
   Importation lu;
   Lecture lecture;
   const auto manque = [&] {
-    std::vector<PointTrace>().swap(lu.Points);
+    lu = Importation{};
     lecture.Refuse(Erreur::Memoire, 0, "");
     lu.Nombre = Numero(Erreur::Memoire);
   };
   try {
-    lu.Nombre = Ouvre(lu.Points, nom, options, lecture);
+    lu.Nombre = Ouvre(lu, nom, options, lecture);
   } catch (const std::bad_alloc&) {
     manque();
   } catch (const std::length_error&) {

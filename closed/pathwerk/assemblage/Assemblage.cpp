@@ -5,6 +5,7 @@
 #include <cmath>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "base/Indices.h"
 #include "closed/pathwerk/assemblage/CheminsAssembles.h"
@@ -60,13 +61,14 @@ bool TropDeChemins(Lecture& lecture, std::size_t nombre) {
 }
 
 // Own files: as they stand, bit for bit.
-std::int32_t EmetTelQuel(Lecture& lecture, std::vector<PointTrace>& points) {
+std::int32_t EmetTelQuel(Lecture& lecture, std::vector<PointTrace>& points, std::vector<std::uint16_t>& calques) {
   std::size_t rang = 0;
   for (const Trait& t : lecture.traits) rang += t.points.empty() ? 0U : 1U;
   if (TropDeChemins(lecture, rang)) return Numero(lecture.rapport.Numero);
   rang = 0;
   for (const Trait& t : lecture.traits) {
     if (t.points.empty()) continue;
+    calques.push_back(t.calque);
     const std::size_t debut = points.size();
     for (const Vec2 p : t.points) Emet(points, static_cast<float>(p.x), static_cast<float>(p.y), rang);
     const bool boucle = points.size() > debut + 1 && MemePlace(points[debut], points.back());
@@ -82,7 +84,7 @@ bool AjouteChemin(const Trait& t, double tolerance, CheminsAssembles& assembles)
   const std::size_t debut = assembles.points.size();
   if (t.nature == Nature::Percage) {
     assembles.points.insert(assembles.points.end(), 2, EnFloat(t.points[0]));
-    assembles.chemins.push_back({debut, 2, Nature::Percage});
+    assembles.chemins.push_back({debut, 2, Nature::Percage, t.calque});
     return true;
   }
   for (const Vec2 v : t.points) {
@@ -110,7 +112,7 @@ bool AjouteChemin(const Trait& t, double tolerance, CheminsAssembles& assembles)
   } else if (assembles.points.back() == assembles.points[debut]) {
     nature = Nature::Ferme;
   }
-  assembles.chemins.push_back({debut, assembles.points.size() - debut, nature});
+  assembles.chemins.push_back({debut, assembles.points.size() - debut, nature, t.calque});
   return true;
 }
 
@@ -192,7 +194,8 @@ std::vector<std::size_t> Profondeurs(std::span<const std::size_t> parents) {
   return profondeur;
 }
 
-std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points) {
+std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points,
+                          std::vector<std::uint16_t>& calques) {
   const CheminsAssembles assembles = FaitChemins(lecture, options);
   if (TropDeChemins(lecture, assembles.chemins.size())) return Numero(lecture.rapport.Numero);
   const double marge = options.ToleranceSoudure > 0 ? options.ToleranceSoudure : 0;
@@ -202,6 +205,7 @@ std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::
   std::size_t rang = 0;
   for (const std::size_t i : OrdreDeCoupe(parents)) {
     const auto chemin = assembles.De(i);
+    calques.push_back(assembles.chemins[i].calque);
     bool retourne = false;
     if (assembles.chemins[i].nature == Nature::Ferme) {
       const double aire = DoubleAire(chemin);
@@ -219,14 +223,18 @@ std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::
 
 }  // namespace
 
-std::int32_t Assemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points) {
+std::int32_t Assemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points,
+                      std::vector<std::uint16_t>* calques) {
   points.clear();
+  if (calques != nullptr) calques->clear();
   if (lecture.Refuse()) return Numero(lecture.rapport.Numero);
   try {
     if (!VerifieCoordonnees(lecture)) return Numero(lecture.rapport.Numero);
+    std::vector<std::uint16_t> places;
     const std::int32_t n =
-        lecture.ordreImpose ? EmetTelQuel(lecture, points) : EmetAssemble(lecture, options, points);
+        lecture.ordreImpose ? EmetTelQuel(lecture, points, places) : EmetAssemble(lecture, options, points, places);
     if (n < 0) points.clear();
+    if (n >= 0 && calques != nullptr) *calques = std::move(places);
     return n;
   } catch (const std::bad_alloc&) {
     std::vector<PointTrace>().swap(points);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -24,6 +25,7 @@ struct CheminAssemble {
   std::size_t debut = 0;
   std::size_t nb = 0;
   Nature nature = Nature::Ouvert;  // Ferme: the last point equals the first; Percage: one point given twice
+  std::uint16_t calque = 0;        // its place in the layers of the reading
 };
 
 struct CheminsAssembles {

@@ -169,7 +169,8 @@ class Marche {
       }
       if (sortie.points.size() > debut + 2 && sortie.points.back() == sortie.points[debut]) nature = Nature::Ferme;
     }
-    sortie.chemins.push_back({debut, sortie.points.size() - debut, nature});
+    const std::uint16_t calque = assembles_.chemins[piece.rang].calque;
+    sortie.chemins.push_back({debut, sortie.points.size() - debut, nature, calque});
   }
 
   const CheminsAssembles& assembles_;

@@ -12,6 +12,7 @@
 
 #include "closed/Pathwerk.h"
 #include "closed/pathwerk/commun/Point.h"
+#include "closed/pathwerk/lecture/Calques.h"
 
 namespace pathwerk::lecture {
 
@@ -25,12 +26,15 @@ enum class Nature : unsigned char {
 struct Trait {
   std::vector<Vec2> points;
   Nature nature = Nature::Ouvert;
-  std::uint32_t ligne = 0;  // of the file, from 1; 0 when it has none or nobody knows
+  std::uint16_t calque = 0;  // its place in `Lecture::calques`
+  std::uint32_t ligne = 0;   // of the file, from 1; 0 when it has none or nobody knows
 };
+static_assert(sizeof(Trait) == sizeof(std::vector<Vec2>) + 8);  // a drawing has a million of them
 
 // A reader's result. `traits` are in the file's order.
 struct Lecture {
   std::vector<Trait> traits;
+  TableCalques calques;
   // This system's own files: paths come back in their order, direction and start, nothing is joined or dropped.
   bool ordreImpose = false;
   // Lengths are millimetres; those of a coordinate file are whatever its writer had in mind.

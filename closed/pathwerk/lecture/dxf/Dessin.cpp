@@ -1,6 +1,8 @@
 #include "closed/pathwerk/lecture/dxf/Dessin.h"
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
 
 namespace pathwerk::lecture::dxf {
 
@@ -16,6 +18,31 @@ constexpr std::size_t RelectureBase = 16'000'000;
 constexpr std::size_t RelectureParOctet = 100;
 constexpr std::size_t PasAvancement = 1U << 20;
 constexpr std::size_t GenresMax = 100;  // kinds told apart in the report
+
+constexpr std::string_view CaractereCode = "\\U+";  // and four digits of base 16
+
+// Characters that the code page of a file lacks stand in its names by their number.
+std::string NomDecode(std::string_view nom) {
+  constexpr std::size_t Chiffres = 4;
+  std::string decode;
+  for (std::size_t i = 0; i < nom.size();) {
+    const std::string_view numero = nom.substr(i).starts_with(CaractereCode)
+                                        ? nom.substr(i + CaractereCode.size()).substr(0, Chiffres)
+                                        : std::string_view();
+    std::uint32_t c = 0;
+    const auto [fin, erreur] = std::from_chars(numero.data(), numero.data() + numero.size(), c, 16);
+    const bool entier = numero.size() == Chiffres && erreur == std::errc() && fin == numero.data() + Chiffres;
+    if (!entier || c < 0x80 || (c >= 0xD800 && c < 0xE000)) {
+      decode += nom[i++];
+      continue;
+    }
+    if (c >= 0x800) decode += static_cast<char>(0xE0 | c >> 12);
+    decode += static_cast<char>(c >= 0x800 ? 0x80 | (c >> 6 & 0x3F) : 0xC0 | c >> 6);
+    decode += static_cast<char>(0x80 | (c & 0x3F));
+    i += CaractereCode.size() + Chiffres;
+  }
+  return decode;
+}
 
 }  // namespace
 
@@ -112,6 +139,7 @@ bool Dessinateur::UneEntite(const Cadre& cadre, Groupe& g) {
   if (!Termine(fin, g)) return false;
   const bool dernier = fin != FinEntite::Suite;
   if (!Cachee(cadre)) {
+    Situe(cadre);
     if (!Complete(e_)) {
       Ignore(e_.nom);
     } else if (e_.genre == Genre::Insertion) {
@@ -143,6 +171,16 @@ bool Dessinateur::Cachee(const Cadre& cadre) {
   if (e_.genre == Genre::Point && MemeNom{}(e_.calque, "Defpoints")) cachee = true;
   if (cachee) Ignore("LAYER");
   return cachee;
+}
+
+// A layer has the spelling of the table, whatever that of the entity; one that the table lacks has no colour.
+void Dessinateur::Situe(const Cadre& cadre) {
+  const auto c = sommaire_.calques.find(e_.calque);
+  const bool connu = c != sommaire_.calques.end();
+  couleur_ = e_.couleur.Propre();
+  if (!e_.couleur.vraie && e_.couleur.numero == CouleurDite::DuBloc) couleur_ = cadre.couleur;
+  if (!e_.couleur.vraie && e_.couleur.numero == CouleurDite::DuCalque && connu) couleur_ = c->second.couleur;
+  calque_ = connu ? std::string_view(c->first) : e_.calque;
 }
 
 void Dessinateur::Trace(const Cadre& cadre) {
@@ -193,6 +231,9 @@ bool Dessinateur::Pose(Trait&& trait) {
   if (p.empty() || !budget_.Prend(MemoireTrait)) return false;
   if (p.capacity() > p.size() + p.size() / 4 + 1) p.shrink_to_fit();
   trait.ligne = static_cast<std::uint32_t>(e_.ligne);
+  const bool code = calque_.find(CaractereCode) != std::string_view::npos;
+  trait.calque = lecture_.calques.Place(pathwerk::Calque::Genre::Nomme,
+                                        code ? std::string_view(NomDecode(calque_)) : calque_, couleur_);
   lecture_.traits.push_back(std::move(trait));
   return true;
 }

@@ -1,6 +1,8 @@
 // Draws the entities of a DXF file as paths.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +18,8 @@ namespace pathwerk::lecture::dxf {
 // Where a run of entities is drawn: the map to the drawing (mm), and what a block takes over from its insertion.
 struct Cadre {
   Affine m;
-  std::string_view calque;  // layer that entities on "0" take; empty outside blocks
+  std::string_view calque;               // layer that entities on "0" take; empty outside blocks
+  std::optional<std::uint32_t> couleur;  // that entities take whose colour is the block's
   int profondeur = 0;
 };
 
@@ -36,6 +39,8 @@ class Dessinateur {
   bool UneEntite(const Cadre& cadre, Groupe& g);
   bool Termine(FinEntite fin, const Groupe& g);
   bool Cachee(const Cadre& cadre);
+  // Layer and colour of the entity, once it is known that it is drawn.
+  void Situe(const Cadre& cadre);
   void Trace(const Cadre& cadre);
   void Avance();
 
@@ -71,6 +76,8 @@ class Dessinateur {
   std::size_t relecture_;  // bytes of blocks that may still be read again
   std::size_t jalon_ = 0;  // place in the file of the next call of Avancement
   Entite e_;
+  std::string_view calque_;               // its layer, as the table of layers spells it
+  std::optional<std::uint32_t> couleur_;  // its colour
   // Paths that come from hatches, rising, each with the number of its hatch.
   struct TraitDeHachure {
     std::size_t trait;

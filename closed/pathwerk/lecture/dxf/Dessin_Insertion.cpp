@@ -63,7 +63,7 @@ bool Dessinateur::Insertion(const Cadre& cadre) {
   const int lignes = std::max(e_.Entier(71), 1);
   const double pasX = e_.Reel(44, 0);
   const double pasY = e_.Reel(45, 0);
-  Cadre dedans{{}, e_.calque, cadre.profondeur + 1};
+  Cadre dedans{{}, e_.calque, couleur_, cadre.profondeur + 1};
 
   bloc.enCours = true;
   bool suite = true;

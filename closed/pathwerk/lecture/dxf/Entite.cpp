@@ -111,16 +111,31 @@ void PrendReel(const Groupe& g, double v, Entite& e) {
   }
 }
 
+// A colour that can't be read is no reason to refuse a drawing.
+void PrendCouleur(const Groupe& g, Entite& e) {
+  int n = 0;
+  if (!LitEntier(g, n)) return;
+  if (g.code == 420) {
+    e.couleur.vraie = n;
+  } else {
+    e.couleur.numero = n;
+  }
+}
+
 // `reste`: bytes of the file behind the group. False for a number that isn't one. What isn't drawn may hold
 // anything.
 bool Prend(const Groupe& g, Entite& e, std::size_t reste) {
   int n = 0;
   if (g.code == 8) {
-    e.calque = g.texte;
+    e.calque = g.texte.substr(0, NomCalqueMax);
     return true;
   }
   if (g.code == 2) {
     e.bloc = g.texte;
+    return true;
+  }
+  if (g.code == 62 || g.code == 420) {
+    PrendCouleur(g, e);
     return true;
   }
   if (g.code == 67 || g.code == 60) {
@@ -163,6 +178,7 @@ void Entite::Vide() {
   noeuds.clear();
   poids.clear();
   calque = "0";
+  couleur = {};
   bloc = {};
   papier = invisible = dernierBulge = bulges = false;
   extrusion = {0, 0, 1};

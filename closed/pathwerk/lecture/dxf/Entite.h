@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -36,12 +38,26 @@ struct Sommet {
   double bulge = 0;
 };
 
+// The colour of an entity or of a layer as its groups say it.
+struct CouleurDite {
+  static constexpr int DuBloc = 0;
+  static constexpr int DuCalque = 256;
+  int numero = DuCalque;     // 62: of the palette, or one of the two above
+  std::optional<int> vraie;  // 420: 0xRRGGBB, before the number
+  // What it says by itself.
+  [[nodiscard]] std::optional<std::uint32_t> Propre() const {
+    if (vraie) return static_cast<std::uint32_t>(*vraie) & 0xFFFFFFU;
+    return CouleurDePalette(numero);
+  }
+};
+
 struct Entite {
   Genre genre = Genre::Autre;
   std::string_view nom;
   long ligne = 0;                 // line of the name
   LecteurGroupes::Reprise debut;  // behind the name
   std::string_view calque = "0";
+  CouleurDite couleur;
   bool papier = false;
   bool invisible = false;
   Vec3 extrusion{0, 0, 1};

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <functional>
 
 #include "base/Indices.h"
 #include "base/Texte.h"
+#include "closed/pathwerk/lecture/dxf/Entite.h"
 
 namespace pathwerk::lecture::dxf {
 
@@ -81,10 +83,13 @@ void Releve::Calques() {
   bool calque = false;
   std::string_view nom;
   Calque c;
+  CouleurDite couleur;
   const auto garde = [&] {
+    c.couleur = couleur.Propre();
     if (calque && !nom.empty()) sommaire_.calques.try_emplace(std::string(nom), c);
     nom = {};
     c = {};
+    couleur = {};
   };
   while (Suivant()) {
     int valeur = 0;
@@ -93,11 +98,14 @@ void Releve::Calques() {
       calque = g_.texte == "LAYER";
       if (FinDeSection(g_.texte)) return;
     } else if (calque && g_.code == 2) {
-      nom = g_.texte;
+      nom = g_.texte.substr(0, NomCalqueMax);
     } else if (calque && g_.code == 70 && LitEntier(g_, valeur)) {
       c.gele = (valeur & 1) != 0;
     } else if (calque && g_.code == 62 && LitEntier(g_, valeur)) {
       c.eteint = valeur < 0;
+      couleur.numero = std::abs(std::max(valeur, -256));
+    } else if (calque && g_.code == 420 && LitEntier(g_, valeur)) {
+      couleur.vraie = valeur;
     }
   }
 }

@@ -1,6 +1,8 @@
 // What must be known of a DXF file before its entities are drawn: units, layers, blocks, where the entities stand.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -24,8 +26,9 @@ template <class T>
 using ParNom = std::unordered_map<std::string, T, HacheNom, MemeNom>;
 
 struct Calque {
-  bool gele = false;    // frozen: nothing on it is drawn, and no block inserted on it
-  bool eteint = false;  // off: what lies on it isn't drawn
+  bool gele = false;                     // frozen: nothing on it is drawn, and no block inserted on it
+  bool eteint = false;                   // off: what lies on it isn't drawn
+  std::optional<std::uint32_t> couleur;  // 0xRRGGBB
 };
 
 // A block's entities stay in the file; they are read again for each insertion.

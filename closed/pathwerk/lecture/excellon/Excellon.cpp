@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <new>
 #include <numbers>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "base/Indices.h"
@@ -13,6 +15,7 @@
 #include "closed/pathwerk/lecture/Lignes.h"
 #include "closed/pathwerk/lecture/excellon/Arc.h"
 #include "closed/pathwerk/lecture/excellon/Mots.h"
+#include "closed/pathwerk/lecture/excellon/Outils.h"
 
 namespace pathwerk::lecture::excellon {
 
@@ -148,8 +151,17 @@ class Lecteur {
       return true;
     }
     if (EstDuCorps(ligne)) return false;
+    NoteOutil(ligne);
     if (!EntreeConnue(ligne)) lecture_.Ignore(ligne.substr(0, std::min<std::size_t>(ligne.find(','), 24)));
     return true;
+  }
+
+  // "T01C0.8": from here on this tool is in hand, whose diameter the header or this line may tell.
+  void NoteOutil(std::string_view ligne) {
+    Mots mots;
+    if (!ligne.starts_with('T') || !DecoupeMots(ligne, mots)) return;
+    const int numero = EntierDebut(mots.mots[0].texte);
+    if (numero >= 0) outils_.Note(numero, mots, format_.Echelle());
   }
 
   static bool EstDuCorps(std::string_view ligne) {
@@ -212,6 +224,7 @@ class Lecteur {
         case 'T':
           b.outil = true;
           if (EntierDebut(mot.texte) < 0) return false;
+          outils_.Note(EntierDebut(mot.texte), mots, format_.Echelle());
           continue;
         case 'C':
         case 'F':
@@ -236,7 +249,10 @@ class Lecteur {
   }
 
   void Execute(const Bloc& b) {
-    if (b.outil) FinRoute();
+    if (b.outil) {
+      FinRoute();  // by the one before
+      calque_ = lecture_.calques.Place(Calque::Genre::Outil, outils_.Nom(), std::nullopt);
+    }
     if (b.m >= 0 && Auxiliaire(b)) return;
     if (b.repete >= 0) {
       Repete(b);
@@ -356,7 +372,7 @@ class Lecteur {
   }
 
   void Perce(Vec2 p) {
-    if (Prend(2)) lecture_.traits.push_back({{p}, Nature::Percage, Ligne()});
+    if (Prend(2)) lecture_.traits.push_back({{p}, Nature::Percage, calque_, Ligne()});
   }
 
   void Repete(const Bloc& b) {
@@ -393,7 +409,7 @@ class Lecteur {
       Perce(centre);
       return;
     }
-    Trait t{{}, Nature::Ferme, Ligne()};
+    Trait t{{}, Nature::Ferme, calque_, Ligne()};
     AjouteArc(t.points, centre, rayon, 0, 2 * std::numbers::pi, fleche_);
     if (Prend(t.points.size())) lecture_.traits.push_back(std::move(t));
   }
@@ -405,7 +421,7 @@ class Lecteur {
     if (debut == ici_) {
       Perce(debut);
     } else if (Prend(2)) {
-      lecture_.traits.push_back({{debut, ici_}, Nature::Ouvert, Ligne()});
+      lecture_.traits.push_back({{debut, ici_}, Nature::Ouvert, calque_, Ligne()});
     }
   }
 
@@ -426,7 +442,7 @@ class Lecteur {
 
   void FinRoute() {
     baisse_ = false;
-    if (route_.size() > 1) lecture_.traits.push_back({std::move(route_), Nature::Ouvert, ligneRoute_});
+    if (route_.size() > 1) lecture_.traits.push_back({std::move(route_), Nature::Ouvert, calque_, ligneRoute_});
     route_ = {};
   }
 
@@ -434,6 +450,8 @@ class Lecteur {
   double fleche_;
   Lecture& lecture_;
   FormatExcellon format_;
+  Outils outils_;
+  std::uint16_t calque_ = 0;  // of the tool in hand
   std::string_view etendue_;  // the comment with the extents
   std::size_t pointsPermis_ = 0;
   std::size_t points_ = 0;

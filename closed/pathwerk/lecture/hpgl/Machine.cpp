@@ -93,7 +93,7 @@ void HpglMachine::Initialise(const HpglInstruction& i) {
   Defauts(i);
   plume_ = 1;
   traceur_.RemetPosition({0, 0});
-  traceur_.ChangePlume(true);
+  traceur_.ChangePlume(plume_, true);
 }
 
 void HpglMachine::Defauts(const HpglInstruction&) {
@@ -127,13 +127,13 @@ void HpglMachine::Fenetre(const HpglInstruction& i) {
 // Pen 0 is the empty holder, unless the plot gave it a colour.
 void HpglMachine::Plume(const HpglInstruction& i) {
   plume_ = i.nombres.empty() ? 0 : i.nombres[0];
-  traceur_.ChangePlume(plume_ != 0 || plumeZeroCouleur_);
+  traceur_.ChangePlume(plume_, plume_ != 0 || plumeZeroCouleur_);
 }
 
 void HpglMachine::Couleur(const HpglInstruction& i) {
   if (i.nombres.size() < 4 || i.nombres[0] != 0) return;
   plumeZeroCouleur_ = true;
-  if (plume_ == 0) traceur_.ChangePlume(true);
+  if (plume_ == 0) traceur_.ChangePlume(plume_, true);
 }
 
 void HpglMachine::Page(const HpglInstruction&) { traceur_.Page(); }
@@ -205,7 +205,7 @@ void HpglMachine::Encode(const HpglInstruction& i) {
     if (e.genre == HpglElement::Genre::Plume) {
       if (traceur_.DansPolygone()) continue;
       plume_ = e.valeur.x;
-      traceur_.ChangePlume(plume_ != 0 || plumeZeroCouleur_);
+      traceur_.ChangePlume(plume_, plume_ != 0 || plumeZeroCouleur_);
       continue;
     }
     if (e.leve) {

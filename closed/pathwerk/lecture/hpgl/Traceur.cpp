@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "closed/pathwerk/lecture/Lignes.h"
 #include "closed/pathwerk/lecture/hpgl/Feuille.h"
 
 namespace pathwerk::lecture::hpgl {
@@ -53,11 +54,12 @@ void HpglTraceur::Coupe() {
   if (!enPolygone_) FinitTrait();
 }
 
-void HpglTraceur::ChangePlume(bool dessine) {
+void HpglTraceur::ChangePlume(double numero, bool dessine) {
   if (enPolygone_) return;  // not allowed there
   const bool baissee = baissee_;
   Leve();
   plume_ = dessine;
+  numero_ = numero;
   baissee_ = baissee;  // a new pen goes on as the old one stood, but that is no dot
 }
 
@@ -146,6 +148,7 @@ void HpglTraceur::Emet(std::span<const Vec2> points, Nature nature) {
     const Vec2 mm{p.x * MmParUnite, p.y * MmParUnite};
     if (t.points.empty() || t.points.back() != mm) t.points.push_back(mm);
   }
+  t.calque = lecture_.calques.Place(Calque::Genre::Plume, EnTexte(numero_), std::nullopt);
   points_ += t.points.size() + 4;
   lecture_.traits.push_back(std::move(t));
   sansPlume_.push_back(plume_ ? 0 : 1);

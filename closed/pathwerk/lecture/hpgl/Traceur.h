@@ -27,7 +27,8 @@ class HpglTraceur {
   void Va(Vec2 p);
   // The stroke ends here without a lift being a dot: the frame or the window changes.
   void Coupe();
-  void ChangePlume(bool dessine);
+  // The pen of that number; without `dessine` the holder is empty.
+  void ChangePlume(double numero, bool dessine);
   // The next sheet. What is drawn on it is left out, because sheets would lie on top of each other.
   void Page();
   void PoseFenetre(std::optional<HpglFenetre> fenetre);
@@ -82,6 +83,7 @@ class HpglTraceur {
   bool baissee_ = false;
   bool pointe_ = false;  // lowered, and nothing drawn since
   bool plume_ = true;    // a pen is in the holder
+  double numero_ = 1;    // its number
   std::vector<Vec2> trait_;
   std::optional<HpglFenetre> fenetre_;
 

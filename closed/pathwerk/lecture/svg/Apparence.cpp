@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/Texte.h"
+#include "closed/pathwerk/lecture/svg/Couleurs.h"
 #include "closed/pathwerk/lecture/svg/Valeurs.h"
 
 namespace pathwerk::lecture::svg {
@@ -29,6 +30,11 @@ bool SansCouleur(std::string_view v) {
   if (virgule == std::string_view::npos) return false;
   const auto alpha = LitLongueur(v.substr(virgule + 1, v.size() - virgule - 2));
   return alpha && alpha->valeur == 0;
+}
+
+void PoseCouleur(std::string_view v, bool& peint, std::optional<std::uint32_t>& couleur) {
+  peint = !SansCouleur(v);
+  couleur = LitCouleur(v);
 }
 
 bool Opaque(std::string_view v) {
@@ -136,8 +142,8 @@ void Dits::PoseListe(std::string_view declarations) {
 
 Apparence Herite(const Apparence& dehors, const Dits& dits) {
   Apparence a = dehors;
-  if (const auto v = dits.De(Propriete::Fill); !v.empty()) a.fond = !SansCouleur(v);
-  if (const auto v = dits.De(Propriete::Stroke); !v.empty()) a.trait = !SansCouleur(v);
+  if (const auto v = dits.De(Propriete::Fill); !v.empty()) PoseCouleur(v, a.fond, a.couleurFond);
+  if (const auto v = dits.De(Propriete::Stroke); !v.empty()) PoseCouleur(v, a.trait, a.couleurTrait);
   if (const auto v = dits.De(Propriete::FillOpacity); !v.empty()) a.fondOpaque = Opaque(v);
   if (const auto v = dits.De(Propriete::StrokeOpacity); !v.empty()) a.traitOpaque = Opaque(v);
   if (const auto v = dits.De(Propriete::StrokeWidth); !v.empty()) {

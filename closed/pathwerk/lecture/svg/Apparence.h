@@ -63,6 +63,7 @@ struct Apparence {
   bool fond = true;    // its inside is painted
   bool trait = false;  // its line is painted
   bool fondOpaque = true, traitOpaque = true;
+  std::optional<std::uint32_t> couleurFond = 0, couleurTrait;  // 0xRRGGBB, where they have one
   double largeurTrait = 1;
   bool boutRond = false;  // the ends of lines reach out, so that a line of no length is a dot
   bool visible = true;
@@ -73,6 +74,8 @@ struct Apparence {
   enum class Ancre : std::uint8_t { Debut, Milieu, Fin } ancre = Ancre::Debut;
   double espace = 0;  // between letters, user units
 
+  // Of the line, or of the inside where no line is seen.
+  [[nodiscard]] std::optional<std::uint32_t> Couleur() const { return TraitVisible() ? couleurTrait : couleurFond; }
   [[nodiscard]] bool FondVisible() const { return fond && fondOpaque; }
   [[nodiscard]] bool TraitVisible() const { return trait && traitOpaque && largeurTrait > 0; }
 };

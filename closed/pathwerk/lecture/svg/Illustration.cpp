@@ -46,6 +46,12 @@ bool EstCalque(pugi::xml_node element) {
   return std::string_view(element.attribute("inkscape:groupmode").value()) == "layer";
 }
 
+// As the user calls it, or else as the program does.
+std::string_view NomDuCalque(pugi::xml_node element) {
+  const std::string_view nom = element.attribute("inkscape:label").value();
+  return (nom.empty() ? std::string_view(element.attribute("id").value()) : nom).substr(0, NomCalqueMax);
+}
+
 // What would be drawn of an element that isn't.
 struct Compteur : pugi::xml_tree_walker {
   long nombre = 0;
@@ -165,6 +171,7 @@ void Illustration::Element(pugi::xml_node element, const Entourage& autour) {
   Entourage ici = autour;
   ++ici.profondeur;
   ici.apparence = Herite(autour.apparence, dits);
+  if (EstCalque(element)) ici.calque = NomDuCalque(element);
   if (const auto t = element.attribute("transform")) {
     if (const auto m = LitTransformation(t.value())) ici.m = autour.m * *m;
   }

@@ -22,6 +22,7 @@ namespace pathwerk::lecture::svg {
 struct Entourage {
   Matrice m;  // user units -> mm, Y upward
   Apparence apparence;
+  std::string_view calque;          // name of the layer around it
   double largeur = 0, hauteur = 0;  // of the nearest viewport, user units: what 100 % is
   int profondeur = 0;
 };
@@ -53,7 +54,7 @@ class Illustration {
   void TraceRect(pugi::xml_node element, const Entourage& ici, Plume& plume) const;
   void TraceRonde(pugi::xml_node element, bool cercle, const Entourage& ici, Plume& plume) const;
   static void TracePoints(std::string_view points, bool ferme, Plume& plume);
-  void Emet(Plume& plume, const Apparence& a, pugi::xml_node element);
+  void Emet(Plume& plume, const Apparence& a, std::string_view calque, pugi::xml_node element);
 
   // Texts.
   struct Lettrage;

@@ -38,7 +38,7 @@ bool Illustration::Forme(pugi::xml_node element, std::string_view nom, const Ent
     plume.Va({Longueur(element, "x1", em, ici.largeur, 0), Longueur(element, "y1", em, ici.hauteur, 0)});
     plume.Ligne({Longueur(element, "x2", em, ici.largeur, 0), Longueur(element, "y2", em, ici.hauteur, 0)});
   }
-  Emet(plume, a, element);
+  Emet(plume, a, ici.calque, element);
   return true;
 }
 
@@ -108,13 +108,15 @@ void Illustration::TracePoints(std::string_view points, bool ferme, Plume& plume
 
 // What is painted inside gives its outline, which paint closes by itself; a line alone gives its centre. A subpath
 // of one place paints nothing, except the dot of ends that reach out.
-void Illustration::Emet(Plume& plume, const Apparence& a, pugi::xml_node element) {
+void Illustration::Emet(Plume& plume, const Apparence& a, std::string_view calque, pugi::xml_node element) {
   if (plume.Pleine()) return Refuse(Erreur::Memoire, element);
   const long ligne = LigneDe(element);
+  const std::uint16_t place = lecture_.calques.Place(Calque::Genre::Nomme, calque, a.Couleur());
   long nuls = 0;
   for (SousChemin& s : plume.Finit()) {
     Trait t;
     t.ligne = static_cast<std::uint32_t>(ligne);
+    t.calque = place;
     std::vector<Vec2>& p = s.points;
     if (p.size() > 3 && p.front() == p.back()) {
       s.ferme = true;

@@ -191,7 +191,7 @@ void Illustration::Etiquette(Lettrage& lettrage) {
       plume.Ferme();
       if (plume.Pleine()) break;
     }
-    Emet(plume, a, lettrage.element);
+    Emet(plume, a, lettrage.cadre.calque, lettrage.element);
   }
   lettrage.plume.x -= recul;
 }

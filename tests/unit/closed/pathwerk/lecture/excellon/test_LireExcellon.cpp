@@ -398,3 +398,45 @@ TEST(LireExcellon, CodesAreNamedWithTwoDigitsAndAnEmptyFileByItsFirstLine) {
   EXPECT_EQ(a.Ignores("G04"), 1);
   EXPECT_EQ(Drl("", false).rapport.Ligne, 1);
 }
+
+namespace {
+
+// The tool of each path, as the layer that it lies on; "-" without one.
+std::vector<std::string> Outils(const std::string& texte) {
+  Lecture l;
+  pathwerk::lecture::excellon::LireExcellon("M48\n" + texte + "M30\n", {}, l);
+  EXPECT_EQ(l.rapport.Numero, Erreur::Aucune) << texte;
+  std::vector<std::string> outils;
+  for (const Trait& t : l.traits) {
+    const pathwerk::Calque& calque = l.calques.Tous().at(t.calque);
+    outils.push_back(t.calque == 0 ? "-" : calque.Nom);
+    EXPECT_TRUE(t.calque == 0 || calque.Sorte == pathwerk::Calque::Genre::Outil);
+  }
+  return outils;
+}
+using Noms = std::vector<std::string>;
+
+}  // namespace
+
+TEST(LireExcellon, APathLiesOnTheLayerOfItsTool) {
+  EXPECT_EQ(Outils("METRIC\nT1C0.8\nT02F200S65C1.25\n%\nT1\nX1.0Y1.0\nX2.0Y1.0\nT2\nX3.0Y1.0\nT1\nX4.0Y1.0\n"),
+            (Noms{"1 (0.8 mm)", "1 (0.8 mm)", "2 (1.25 mm)", "1 (0.8 mm)"}));
+}
+
+TEST(LireExcellon, ADiameterIsInTheUnitOfTheFile) {
+  EXPECT_EQ(Outils("INCH\nT1C0.0394\n%\nT1\nX1.0Y1.0\n"), (Noms{"1 (1.001 mm)"})) << "1.00076";
+}
+
+TEST(LireExcellon, AToolWithoutADiameterThatCanBeReadHasItsNumberAlone) {
+  EXPECT_EQ(
+      Outils("METRIC\nT1\nT2C0800\nT3C-1.0\nT4C1e9.\n%\nX0.0Y0.0\nT1\nX1.0Y1.0\nT2\nX2.0Y1.0\nT3\nX3.0Y1.0\n"),
+      (Noms{"-", "1", "2", "3"}));
+  EXPECT_EQ(Outils("METRIC\n%\nT7C0.5\nX1.0Y1.0\n"), (Noms{"7 (0.5 mm)"})) << "told where it is chosen";
+}
+
+TEST(LireExcellon, ARouteAndItsRepetitionLieOnTheLayerOfTheToolThatDrewThem) {
+  EXPECT_EQ(Outils("METRIC\nT1C1.0\nT2C2.0\n%\nT1\nG00X0.0Y0.0\nM15\nG01X5.0Y0.0\nT2\nG05\nX9.0Y9.0\n"),
+            (Noms{"1 (1 mm)", "2 (2 mm)"}));
+  EXPECT_EQ(Outils("METRIC\nT1C1.0\n%\nT1\nM25\nX1.0Y1.0\nM01\nM02X5.0Y0.0\nM08\n"),
+            (Noms{"1 (1 mm)", "1 (1 mm)"}));
+}

@@ -209,5 +209,33 @@ TEST(LireHpgl, ProgressGrowsToTheEnd) {
   EXPECT_GT(parts.back(), 0.8);
 }
 
+// The pen of each path, as the layer that it lies on.
+std::vector<std::string> Plumes(const std::string& texte) {
+  const Lecture l = Lit(texte);
+  std::vector<std::string> plumes;
+  for (const Trait& t : l.traits) {
+    const Calque& calque = l.calques.Tous().at(t.calque);
+    EXPECT_EQ(calque.Sorte, Calque::Genre::Plume);
+    EXPECT_FALSE(calque.Couleur.has_value());
+    plumes.push_back(calque.Nom);
+  }
+  return plumes;
+}
+
+TEST(LireHpgl, APathLiesOnTheLayerOfItsPen) {
+  EXPECT_EQ(Plumes("IN;SP1;PU0,0;PD10,0;PU;SP3;PU0,9;PD10,9;PU;CI40;SP1;PU0,20;PD10,20;PU;"),
+            (std::vector<std::string>{"1", "3", "3", "1"}));
+  EXPECT_EQ(Plumes("PU0,0;PD10,0;PU;"), (std::vector<std::string>{"1"})) << "before the first pen is chosen";
+}
+
+// The stroke that a change of the pen ends was drawn by the one before it.
+TEST(LireHpgl, AChangeOfThePenWhileItIsDownEndsTheStroke) {
+  EXPECT_EQ(Plumes("SP1;PU0,0;PD10,0;SP2;PA20,0;PU;"), (std::vector<std::string>{"1", "2"}));
+}
+
+TEST(LireHpgl, APenOfAnyNumberIsNamed) {
+  EXPECT_EQ(Plumes("SP256;PU0,0;PD10,0;PU;SP-3;PU0,9;PD10,9;PU;"), (std::vector<std::string>{"256", "-3"}));
+}
+
 }  // namespace
 }  // namespace pathwerk::lecture::hpgl
