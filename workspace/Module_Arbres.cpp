@@ -86,7 +86,12 @@ std::string Arbre::Nom(std::size_t groupe) const {
   if (fiche >= Sequences.size() || source >= TraceInitial.size()) return "";
   if (Sequences[fiche].Code != g.code || TraceInitial[source].Seq != g.code) return "";
   return NomChemin(PointsDe(TraceInitial, EtendueDepuis(TraceInitial, source)), Sequences[fiche],
-                   Complements.De(Sequences[fiche].Code).Ilot);
+                   TexteCalque(Complements.De(g.code), partage), Complements.De(g.code).Ilot);
+}
+
+std::optional<std::uint32_t> Arbre::CouleurCalque(std::size_t groupe) const {
+  if (groupe >= groupes.size() || partage == PartageCalques::Aucun) return std::nullopt;
+  return Complements.De(groupes[groupe].code).Couleur;
 }
 
 const PointTrace* Arbre::PointDocument(std::size_t groupe, std::size_t rang) const {
@@ -121,6 +126,7 @@ void Remplissage_Trace_Initial(Arbre& arbre) {
   arbre = Arbre{};
   arbre.sorte = SorteArbre::Initial;
   arbre.racine = Racine(Textes::ArbreInitial, Regl.CouleurInitial);
+  arbre.partage = PartageDe(Doc);
   std::int32_t numero = 0;
   std::unordered_map<std::uint32_t, std::int32_t> fiches;
   for (std::size_t i = 0; i < Sequences.size(); ++i) fiches.try_emplace(Sequences[i].Code.Cle(), base::Compte(i));
@@ -146,6 +152,7 @@ void Remplissage_Trace_Decale(Arbre& arbre) {
   arbre = Arbre{};
   arbre.sorte = SorteArbre::Decale;
   arbre.racine = Racine(Textes::ArbreOutil, Regl.CouleurDecalage);
+  arbre.partage = PartageDe(Doc);
   const auto total = std::count_if(TraceDecale.begin(), TraceDecale.end(),
                                    [](const SequenceDecalee& d) { return !d.Points.empty(); });
   const IndexCodes index = IndexDocument();

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/Document.h"
+#include "toolpath/chemins/Calques.h"
 
 namespace ovelin {
 
@@ -50,12 +51,16 @@ struct Arbre {
   SorteArbre sorte = SorteArbre::Initial;
   Noeud racine;
   std::vector<GroupeArbre> groupes;
+  PartageCalques partage = PartageCalques::Aucun;  // of the drawing, when the tree was filled
 
   // Line of a group, and of a point by its place in the group; nothing for what isn't there (any more).
   [[nodiscard]] std::optional<Noeud> Groupe(std::size_t groupe) const;
   [[nodiscard]] std::optional<Noeud> Point(std::size_t groupe, std::size_t rang) const;
-  // The second column of a group: its path in words (see NomChemin); "" where that is gone.
+  // The second column of a group: its path in words (see NomChemin), with its layer where there are several; ""
+  // where that is gone.
   [[nodiscard]] std::string Nom(std::size_t groupe) const;
+  // The colour that marks a group's path in the drawing, 0xRRGGBB; nothing where all have the same or it has none.
+  [[nodiscard]] std::optional<std::uint32_t> CouleurCalque(std::size_t groupe) const;
   // The point behind such a line.
   [[nodiscard]] const PointTrace* PointDocument(std::size_t groupe, std::size_t rang) const;
 };

@@ -44,7 +44,7 @@ constexpr const char* SectionEcartes = "Ecartes";  // kinds of what was left out
 
 // The reading runs on a thread where there is one; then nobody can follow its share done, and the bar moves without
 // a total.
-DessinLu LitEtranger(const std::string& chemin, const SouhaitLecture& souhait) {
+DessinLu LitEtranger(const std::string& chemin, SouhaitLecture souhait) {
   constexpr int Centiemes = 100;
   int montres = 0;
   std::function<void(double)> avancement;
@@ -53,6 +53,8 @@ DessinLu LitEtranger(const std::string& chemin, const SouhaitLecture& souhait) {
       for (; montres < Centiemes && montres < part * Centiemes; ++montres) Svc.AvancementPlus();
     };
   }
+  souhait.motPlume = Traduire(Textes::CalquePlume);
+  souhait.motOutil = Traduire(Textes::CalqueOutil);
   Svc.AvancementDebut(Traduire(Textes::LectureDessin), Svc.EnFond ? 0 : Centiemes);
   Svc.LaisseEvenements(Evenements::Affichage);
   DessinLu lu;

@@ -62,6 +62,11 @@ void CB_InverseSelection() {
   Svc.Rafraichit();
 }
 
+void SelectionneCalques() {
+  if (!EtendSelectionAuxCalques(Doc)) return Svc.Bip();
+  Svc.Rafraichit();
+}
+
 bool DemandeSupprimer() {
   Code2 dernier;
   const auto choisies = base::Indice(NbSelectionnees(dernier));

@@ -35,6 +35,8 @@ ChampsPanneau InitSeq(Arbre* initial = nullptr, Arbre* decale = nullptr);
 // Each works on the selection and has the lists and the picture follow.
 void CB_Tout();
 void CB_InverseSelection();
+// All paths of the layers that the selected ones lie on; a beep without one.
+void SelectionneCalques();
 void CB_Supprimer();
 // The same behind a question where every path of the drawing is selected, as after an opening. False: No.
 bool DemandeSupprimer();  // does nothing without a selection

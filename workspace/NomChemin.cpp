@@ -90,11 +90,13 @@ FormeChemin FormeDe(std::span<const PointTrace> points, std::int16_t cote) {
   return {dedans ? SorteChemin::Decoupe : SorteChemin::Contour, b.xmax - b.xmin, b.ymax - b.ymin};
 }
 
-std::string NomChemin(std::span<const PointTrace> points, const SequenceInfo& fiche, bool ilot) {
+std::string NomChemin(std::span<const PointTrace> points, const SequenceInfo& fiche, std::string_view calque,
+                      bool ilot) {
   std::string nom = TexteForme(FormeDe(points, fiche.Decalage)) + ", " + Formate(fiche.Profondeur, "0.0#");
   if (fiche.Poche != Faux) nom += ", " + Traduire(Textes::CheminPoche);
   if (ilot) nom += ", " + Traduire(Textes::CheminIlot);
   if (fiche.Fraiser == Faux) nom += ", " + Traduire(Textes::CheminNonFraise);
+  if (!calque.empty()) nom.append(", ").append(calque);
   return nom;
 }
 

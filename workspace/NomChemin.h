@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "core/Document.h"
 
@@ -30,7 +31,8 @@ struct FormeChemin {
 FormeChemin FormeDe(std::span<const PointTrace> points, std::int16_t cote);
 
 // "Trou 4.0, -3.0", "Contour 284.0 x 208.0, -3.0, poche", "Ligne 120.0, -1.0, non fraisé", in the language in
-// force.
-std::string NomChemin(std::span<const PointTrace> points, const SequenceInfo& fiche, bool ilot = false);
+// force; behind it the layer, where one is given: "Trou 4.0, -3.0, Gravure".
+std::string NomChemin(std::span<const PointTrace> points, const SequenceInfo& fiche, std::string_view calque = "",
+                      bool ilot = false);
 
 }  // namespace ovelin

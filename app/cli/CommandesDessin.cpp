@@ -29,6 +29,7 @@
 #include "run/NoyauPlan.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/chemins/Calques.h"
 #include "workspace/Module_Image.h"
 
 namespace ovelin::cli {
@@ -77,6 +78,14 @@ void AjoutePoint(std::string& sortie, const PointTrace& p, bool avecSeq) {
   sortie += ']';
 }
 
+void AjouteCalque(std::string& sortie, const Complement& c) {
+  if (!c.Calque.empty()) {
+    sortie += ",\"calque\":";
+    AjouteTexte(sortie, c.Calque);
+  }
+  if (c.Couleur) sortie += ",\"couleur\":\"" + TexteCouleur(*c.Couleur) + "\"";
+}
+
 std::string TraceEnJson() {
   std::string sortie = "{\"sequences\":[";
   const IndexCodes index = IndexDocument();
@@ -94,6 +103,7 @@ std::string TraceEnJson() {
     sortie += std::string(",\"fraiser\":") + (p.Fraiser != Faux ? "true" : "false");
     sortie += ",\"profondeur\":" + Json(p.Profondeur).dump();
     if (Complements.De(e.code).Ilot) sortie += ",\"ilot\":true";
+    AjouteCalque(sortie, Complements.De(e.code));
     sortie += ",\"points\":[";
     for (std::size_t i = e.premier; i < e.Fin(); ++i) {
       if (i > e.premier) sortie += ',';
@@ -187,6 +197,12 @@ CumulLignes CumulDuPlan() {
   return cumul;
 }
 
+Json CalqueEnJson(const CalqueDessin& calque) {
+  Json objet{{"name", calque.nom}, {"sequences", calque.codes.size()}};
+  if (calque.couleur) objet["color"] = TexteCouleur(*calque.couleur);
+  return objet;
+}
+
 // What stands in the way of a job, and what is surely wrong in it; the latter is told alone.
 int JugePlan(Contexte& contexte) {
   if (const auto refus = VerifieHautDeg()) return Echec(contexte, refus->cle, refus->suite);
@@ -216,6 +232,10 @@ int Info(Contexte& contexte, const std::string& dessin) {
   if (ilots > 0) objet["islands"] = ilots;
   objet["bounds"] = Bornes(Xmin, Xmax, Ymin, Ymax);
   objet["codes"] = {PlusPetitCode().Texte(), PlusGrandCode().Texte()};
+  if (const std::vector<CalqueDessin> calques = CalquesDe(Doc); !calques.empty()) {
+    objet["layers"] = Json::array();
+    for (const CalqueDessin& c : calques) objet["layers"].push_back(CalqueEnJson(c));
+  }
   objet["skipped"] = Json::object();
   for (const auto& [genre, combien] : lu.rapport.Ignores) objet["skipped"][genre] = combien;
   objet["message"] = lu.message;

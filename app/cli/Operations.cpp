@@ -20,6 +20,7 @@
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/chemins/Calques.h"
 #include "workspace/Module_Image.h"
 
 namespace ovelin::cli {
@@ -189,6 +190,27 @@ void Selectionne(const std::vector<Code2>& codes) {
   }
 }
 
+// By name, by colour, or both; without either the layers of the selection.
+void SelectionneCalque(const Arguments& a) {
+  const bool nomme = a.A("calque");
+  const bool colore = a.A("couleur");
+  const std::string nom = nomme ? NomDeCalque(a.Texte("calque")) : "";
+  const std::string couleur = colore ? a.Texte("couleur") : "";
+  if (!nomme && !colore) {
+    if (!EtendSelectionAuxCalques(Doc)) throw MauvaisArgument("no path is selected");
+    return;
+  }
+  std::vector<Code2> codes;
+  for (const SequenceInfo& s : Sequences) {
+    const Complement& c = Complements.De(s.Code);
+    const bool meme = !colore || (c.Couleur && TexteCouleur(*c.Couleur) == couleur);
+    if (meme && (!nomme || c.Calque == nom)) codes.push_back(s.Code);
+  }
+  if (codes.empty())
+    throw MauvaisArgument((nomme ? "calque: no layer \"" + nom : "couleur: no path \"" + couleur) + "\"");
+  Selectionne(codes);
+}
+
 void EcritFiche(const Arguments& a) {
   const Code2 code = a.Code("code");
   ProprietesSequence p;
@@ -287,6 +309,7 @@ const std::vector<std::pair<std::string, Operation>>& Operations() {
       {"SelectionPrecedente", Simple([](A) { SelectionPrecedente(); })},
       {"SelectionSuivante", Simple([](A) { SelectionSuivante(); })},
       {"Selectionne", Simple([](A a) { Selectionne(a.Codes("codes")); })},
+      {"SelectionneCalque", Simple([](A a) { SelectionneCalque(a); })},
       // records and points
       {"EcritSequence", AvecTraces([](A a) { EcritFiche(a); })},
       {"ProfondeurPourTous", Simple([](A) { ProfondeurPourTous(); })},

@@ -62,6 +62,7 @@ Executions F_Representation::ToutesExecutions() {
   e["mnu_Trajets"] = [] { OrdonneTrajets(); };
   e["mnu_Tout"] = [] { CB_Tout(); };
   e["mnu_InverseSelection"] = [] { CB_InverseSelection(); };
+  e["mnu_Calque"] = [] { SelectionneCalques(); };
   e["mnu_Supprimer"] = [this] { Supprime(); };
   e["mnu_ZoomPlus"] = [this] { Redessine(mnu_ZoomPlus()); };
   e["mnu_ZoomMoins"] = [this] { Redessine(mnu_ZoomMoins()); };

@@ -1,6 +1,8 @@
 #include "workspace/ui/ModeleArbre.h"
 
 #include <QFont>
+#include <QGuiApplication>
+#include <QPainter>
 #include <optional>
 
 #include "base/Indices.h"
@@ -36,6 +38,7 @@ void ModeleArbre::PoseFond(const QColor& fond) {
   if (fond == fond_) return;
   fond_ = fond;
   couleurs_.clear();
+  pastilles_.clear();
 }
 
 void ModeleArbre::RacineOuverte(bool ouverte) {
@@ -109,7 +112,24 @@ QVariant ModeleArbre::Nom(const Place& place, int role) const {
   if (place.niveau != NiveauNoeud::Sequence) return {};
   if (role == Qt::ForegroundRole) return GrisLisible(fond_);
   if (role == Qt::DisplayRole) return QString::fromStdString(arbre_.Nom(place.groupe));
-  return {};
+  if (role != Qt::DecorationRole) return {};
+  const auto couleur = arbre_.CouleurCalque(place.groupe);
+  return couleur ? Pastille(*couleur) : QVariant();
+}
+
+// A small square in the colour of the layer, with an edge that shows it on a ground of the same colour.
+QVariant ModeleArbre::Pastille(std::uint32_t couleur) const {
+  constexpr int Cote = 10;
+  QPixmap& pastille = pastilles_[couleur];
+  if (pastille.isNull()) {
+    const qreal finesse = qGuiApp->devicePixelRatio();
+    pastille = QPixmap(QSize(Cote, Cote) * finesse);
+    pastille.setDevicePixelRatio(finesse);
+    pastille.fill(GrisLisible(fond_));
+    QPainter peintre(&pastille);
+    peintre.fillRect(1, 1, Cote - 2, Cote - 2, QColor::fromRgb(couleur));
+  }
+  return pastille;
 }
 
 QVariant ModeleArbre::data(const QModelIndex& index, int role) const {

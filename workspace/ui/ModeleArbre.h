@@ -3,6 +3,7 @@
 
 #include <QAbstractItemModel>
 #include <QColor>
+#include <QPixmap>
 #include <cstdint>
 #include <unordered_map>
 
@@ -10,7 +11,8 @@
 
 namespace ovelin {
 
-// Two columns: the line of the tree, and beside that of a path what it is in words. One root, below it a row for
+// Two columns: the line of the tree, and beside that of a path what it is in words,
+// with the colour of its layer. One root, below it a row for
 // each group, below that one for each of its points.
 class ModeleArbre : public QAbstractItemModel {
   Q_OBJECT
@@ -47,12 +49,14 @@ class ModeleArbre : public QAbstractItemModel {
 
  private:
   [[nodiscard]] QVariant Nom(const Place& place, int role) const;
+  [[nodiscard]] QVariant Pastille(std::uint32_t couleur) const;
   [[nodiscard]] QColor Couleur(std::int32_t couleur) const;
 
   Arbre arbre_;
   QColor fond_ = Qt::white;
   bool ouverte_ = false;
   mutable std::unordered_map<std::int32_t, QColor> couleurs_;
+  mutable std::unordered_map<std::uint32_t, QPixmap> pastilles_;  // by the colours of the layers
 };
 
 }  // namespace ovelin

@@ -62,6 +62,29 @@ TEST(Remplit, MakesARootAGroupForEachPathAndItsPoints) {
   EXPECT_EQ(modele->rowCount(a.Point(1, 1)), 0);
 }
 
+TEST(Remplit, AColourOfItsLayerStandsBesideTheWordsOfAPath) {
+  DeuxCarres();
+  Complements.Pose(Sequences[0].Code, {false, "Coupe", 0x12AB34});
+  Complements.Pose(Sequences[1].Code, {false, "Bord", std::nullopt});
+  const Arbre1 a;
+  const auto* modele = a.arbre.model();
+  const auto pastille = modele->data(a.Groupe(0).siblingAtColumn(1), Qt::DecorationRole).value<QPixmap>();
+  ASSERT_FALSE(pastille.isNull());
+  EXPECT_EQ(pastille.toImage().pixelColor(pastille.width() / 2, pastille.height() / 2), QColor(0x12, 0xAB, 0x34));
+  EXPECT_NE(pastille.toImage().pixelColor(0, 0), QColor(0x12, 0xAB, 0x34)) << "an edge shows white on white";
+  EXPECT_FALSE(modele->data(a.Groupe(1).siblingAtColumn(1), Qt::DecorationRole).isValid()) << "without a colour";
+  EXPECT_TRUE(modele->data(a.Groupe(1).siblingAtColumn(1)).toString().endsWith(QStringLiteral(", Bord")));
+}
+
+TEST(Remplit, OfADrawingWithOneLayerShowsNoneOfIt) {
+  DeuxCarres();
+  for (const SequenceInfo& s : Sequences) Complements.Pose(s.Code, {false, "0", 0xFF0000});
+  const Arbre1 a;
+  EXPECT_FALSE(a.arbre.model()->data(a.Groupe(0).siblingAtColumn(1), Qt::DecorationRole).isValid());
+  EXPECT_FALSE(a.arbre.model()->data(a.Groupe(0).siblingAtColumn(1)).toString().contains(QStringLiteral(", 0,")));
+  EXPECT_FALSE(a.arbre.model()->data(a.Groupe(0).siblingAtColumn(1)).toString().endsWith(QStringLiteral(", 0")));
+}
+
 TEST(Remplit, TheTreeOfTheToolPathHasItsOwnHeadlinesAndColour) {
   DeuxCarres();
   const Arbre1 a(SorteArbre::Decale);

@@ -211,6 +211,18 @@ TEST_F(Cablage, SelectionCommandsActOnTheDrawing) {
   EXPECT_EQ(Selectionnes().size(), Sequences.size());
 }
 
+TEST_F(Cablage, ALayerIsChosenFromOneOfItsPaths) {
+  Plaque();
+  ASSERT_GT(Sequences.size(), 3U);
+  for (const SequenceInfo& s : Sequences) Complements.Pose(s.Code, {false, "Coupe", std::nullopt});
+  Complements.Pose(Sequences[0].Code, {false, "Bord", std::nullopt});
+  Complements.Pose(Sequences[2].Code, {false, "Bord", std::nullopt});
+  CliqueLigne("TreeView1", 0);
+  ASSERT_EQ(Selectionnes().size(), 1U);
+  Commande("mnu_Calque");
+  EXPECT_EQ(CodesSelectionnes(), (std::vector<Code2>{Sequences[0].Code, Sequences[2].Code}));
+}
+
 TEST_F(Cablage, ThePanelIsShutAndOpenedAgain) {
   Plaque();
   auto* separateur = C<QSplitter>("Separateur");

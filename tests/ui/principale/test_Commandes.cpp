@@ -70,10 +70,11 @@ TEST_F(Commandes, TheMenuOfThePictureOffersTheSelectionTheViewAndTheWork) {
   QApplication::sendEvent(C<QWidget>("PB1"), &demande);
   essai::Evenements();
   auto* menu = C<QMenu>("mnu_Contexte");
-  EXPECT_THAT(Noms(menu->actions()),
-              ElementsAre("mnu_Tout", "mnu_InverseSelection", "mnu_Supprimer", "mnu_Copier", "mnu_Coller",
-                          "mnu_Dupliquer", "mnu_Repeter", "|", "mnu_Undo", "mnu_Redo", "mnu_Historique", "|",
-                          "mnu_Zoom1", "mnu_ZoomSelection", "|", "mnu_Lever", "mnu_Fraisage", "mnu_Attaches"));
+  EXPECT_THAT(
+      Noms(menu->actions()),
+      ElementsAre("mnu_Tout", "mnu_InverseSelection", "mnu_Calque", "mnu_Supprimer", "mnu_Copier", "mnu_Coller",
+                  "mnu_Dupliquer", "mnu_Repeter", "|", "mnu_Undo", "mnu_Redo", "mnu_Historique", "|", "mnu_Zoom1",
+                  "mnu_ZoomSelection", "|", "mnu_Lever", "mnu_Fraisage", "mnu_Attaches"));
   menu->close();
 }
 

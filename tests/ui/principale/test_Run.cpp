@@ -63,11 +63,12 @@ TEST_F(PendantUnRun, ExactlyTheCommandsOfViewSelectionAndWindowsStay) {
     const auto* action = fenetre_->findChild<QAction*>(c.nom);
     if (*c.menu != '\0' && action != nullptr && action->isEnabled()) restent.insert(c.nom);
   }
-  EXPECT_EQ(restent, (std::set<std::string>{"mnu_Fraisage", "mnu_Gcode", "mnu_Quitter", "mnu_Tout",
-                                            "mnu_InverseSelection", "mnu_Historique", "mnu_ZoomPlus",
-                                            "mnu_ZoomMoins", "mnu_Zoom1", "mnu_ZoomSelection", "mnu_NumPoint",
-                                            "mnu_Sequence", "mnu_Panneau", "mnu_Saignee", "mnu_Sobre",
-                                            "mnu_ParamAppli", "mnu_PilMan", "mnu_Help", "mnu_APropos"}));
+  EXPECT_EQ(restent,
+            (std::set<std::string>{"mnu_Fraisage",         "mnu_Gcode",   "mnu_Quitter",       "mnu_Tout",
+                                   "mnu_InverseSelection", "mnu_Calque",  "mnu_Historique",    "mnu_ZoomPlus",
+                                   "mnu_ZoomMoins",        "mnu_Zoom1",   "mnu_ZoomSelection", "mnu_NumPoint",
+                                   "mnu_Sequence",         "mnu_Panneau", "mnu_Saignee",       "mnu_Sobre",
+                                   "mnu_ParamAppli",       "mnu_PilMan",  "mnu_Help",          "mnu_APropos"}));
 }
 
 TEST_F(PendantUnRun, ACommandThatIsSwitchedMeanwhileComesBackAsItShouldBe) {

@@ -84,7 +84,7 @@ TEST(NomChemin, SaysDepthPocketAndWhatIsNotMilled) {
 
 TEST(NomChemin, SaysIsland) {
   Regl.Langue = "en";
-  EXPECT_EQ(NomChemin(Cercle(32, 2), Fiche(), true), "Hole 4.0, -3.0, island");
+  EXPECT_EQ(NomChemin(Cercle(32, 2), Fiche(), "", true), "Hole 4.0, -3.0, island");
 }
 
 TEST(Arbre, BothTreesNameTheirPaths) {
