@@ -122,6 +122,24 @@ std::optional<Noeud> Arbre::Point(std::size_t groupe, std::size_t rang) const {
   return n;
 }
 
+std::size_t Arbre::PointsDuPli(std::size_t groupe) const {
+  if (groupe >= groupes.size()) return 0;
+  const std::size_t nombre = base::Indice(std::max(groupes[groupe].nombre, 0));
+  return nombre - std::min(nombre, PointsSansPli);
+}
+
+std::optional<Noeud> Arbre::Pli(std::size_t groupe) const {
+  const std::size_t nombre = PointsDuPli(groupe);
+  if (nombre == 0) return std::nullopt;
+  const GroupeArbre& g = groupes[groupe];
+  Noeud n;
+  n.niveau = NiveauNoeud::Pli;
+  n.texte = "+ " + std::to_string(nombre) + " " + Traduire(Textes::ArbreAutresPoints);
+  n.cle = g.cle + ":+";
+  n.couleur = g.couleur;
+  return n;
+}
+
 void Remplissage_Trace_Initial(Arbre& arbre) {
   arbre = Arbre{};
   arbre.sorte = SorteArbre::Initial;

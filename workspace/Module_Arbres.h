@@ -1,8 +1,9 @@
 // Contents of the two trees of the main window: `TreeView1`, the drawing, and `TreeView2`, the tool path.
 //
 // A tree is flat: one root, one group for each path (or piece of the tool path) in order, and below a group its
-// points. A group is made when the tree is filled; a point line is made when it is asked for by its place, out of
-// the document as it stands then, so that a drawing of a million points fills at once.
+// points, those of a long one in a fold of their own from some place on. A group is made when the tree is filled; a
+// point line is made when it is asked for by its place, out of the document as it stands then, so that a drawing of
+// a million points fills at once.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +17,11 @@
 
 namespace ovelin {
 
-enum class NiveauNoeud : std::uint8_t { Racine = 0, Sequence = 1, Point = 2 };
+enum class NiveauNoeud : std::uint8_t { Racine = 0, Sequence = 1, Point = 2, Pli = 3 };
+
+// Points of a path that stand below it at once; those behind them come in one further fold, so that a path of a
+// million points is opened as fast as a short one.
+inline constexpr std::size_t PointsSansPli = 200;
 
 // One line as the window shows it. Colours as in the settings: red + 256 x green + 65536 x blue.
 struct Noeud {
@@ -56,6 +61,9 @@ struct Arbre {
   // Line of a group, and of a point by its place in the group; nothing for what isn't there (any more).
   [[nodiscard]] std::optional<Noeud> Groupe(std::size_t groupe) const;
   [[nodiscard]] std::optional<Noeud> Point(std::size_t groupe, std::size_t rang) const;
+  // Points that stand in the fold of a group, 0 without one, and its line: "+ 800 other points".
+  [[nodiscard]] std::size_t PointsDuPli(std::size_t groupe) const;
+  [[nodiscard]] std::optional<Noeud> Pli(std::size_t groupe) const;
   // The second column of a group: its path in words (see NomChemin), with its layer where there are several; ""
   // where that is gone.
   [[nodiscard]] std::string Nom(std::size_t groupe) const;

@@ -36,7 +36,14 @@ ArbreDocument::ArbreDocument(SorteArbre sorte, QWidget* parent)
   // The figures have the room that they need at most; the words have the rest.
   header()->setStretchLastSection(true);
   header()->resizeSection(0, LargeurChiffres * fontMetrics().horizontalAdvance(QLatin1Char('0')));
-  connect(this, &QTreeView::clicked, this, &ArbreDocument::Choisit);
+  connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+    if (ModeleArbre::PlaceDe(index).niveau == NiveauNoeud::Pli) {
+      const QModelIndex pli = index.siblingAtColumn(0);
+      setExpanded(pli, !isExpanded(pli));
+    } else {
+      Choisit(index);
+    }
+  });
   connect(this, &QTreeView::expanded, this, [this](const QModelIndex& i) { SuitRacine(i, true); });
   connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& i) { SuitRacine(i, false); });
 }
@@ -66,9 +73,26 @@ std::vector<ArbreDocument::Lignes> ArbreDocument::LignesChoisies() const {
     const ModeleArbre::Place place = ModeleArbre::PlaceDe(r.topLeft());
     if (place.niveau != NiveauNoeud::Point || place.groupe >= Donnees().groupes.size()) continue;
     const GroupeArbre& g = Donnees().groupes[place.groupe];
-    lignes.push_back({place.groupe, g.code, g.nombre, r.top(), r.bottom()});
+    // The row of the fold, at the end of a range of the rows below a path, is no point.
+    const int debut = base::Compte(place.rang);
+    const bool dansPli = place.rang >= PointsSansPli;
+    const int fin = debut + r.bottom() - r.top();
+    const int derniere = dansPli ? fin : std::min(fin, base::Compte(PointsSansPli) - 1);
+    lignes.push_back({place.groupe, g.code, g.nombre, debut, derniere});
   }
   return lignes;
+}
+
+// The folds that stand open, as lines of their first point.
+std::vector<ArbreDocument::Lignes> ArbreDocument::PlisOuverts() const {
+  std::vector<Lignes> plis;
+  const int premier = base::Compte(PointsSansPli);
+  const auto& groupes = Donnees().groupes;
+  for (std::size_t i = 0; i < groupes.size(); ++i) {
+    if (Donnees().PointsDuPli(i) == 0 || !isExpanded(modele_->Pli(i))) continue;
+    plis.push_back({i, groupes[i].code, groupes[i].nombre, premier, premier});
+  }
+  return plis;
 }
 
 bool ArbreDocument::Tient(const Lignes& l) const {
@@ -79,10 +103,13 @@ bool ArbreDocument::Tient(const Lignes& l) const {
 void ArbreDocument::Remplit() {
   const int defile = verticalScrollBar()->value();
   std::vector<Lignes> lignes = LignesChoisies();
+  std::vector<Lignes> plis = PlisOuverts();
   const ModeleArbre::Place courant = ModeleArbre::PlaceDe(currentIndex());
   modele_->Remplit();
-  std::erase_if(lignes, [this](const Lignes& l) { return !Tient(l); });
-  Deploie(lignes);
+  for (std::vector<Lignes>* gardees : {&lignes, &plis}) {
+    std::erase_if(*gardees, [this](const Lignes& l) { return !Tient(l); });
+  }
+  Deploie(lignes, plis);
   QItemSelection choisis;
   for (const Lignes& l : lignes) {
     choisis.select(modele_->Point(l.groupe, base::Indice(l.premiere)),
@@ -104,7 +131,7 @@ void ArbreDocument::Remplit() {
 void ArbreDocument::RefaitTitres(Code2 code) { modele_->RefaitTitres(code); }
 
 void ArbreDocument::SuitSelection() {
-  const std::int32_t derniere = Deploie({});
+  const std::int32_t derniere = Deploie({}, PlisOuverts());
   selectionModel()->select(GroupesChoisis(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   if (derniere < 0) return;
   const auto& groupes = Donnees().groupes;
@@ -130,9 +157,10 @@ QItemSelection ArbreDocument::GroupesChoisis() const {
   return choisis;
 }
 
-// Opens the selected paths and those of `lignes`, closes the others, and gives the last selected one or -1. All at
-// once: each opening by itself would lay the lines below it out anew.
-std::int32_t ArbreDocument::Deploie(const std::vector<Lignes>& lignes) {
+// Opens the selected paths and those of `lignes`, and of these the folds `plis` and those that `lignes` lie in;
+// closes the others, and gives the last selected one or -1. All at once: each opening by itself would lay the lines
+// below it out anew.
+std::int32_t ArbreDocument::Deploie(const std::vector<Lignes>& lignes, const std::vector<Lignes>& plis) {
   const std::int32_t derniere = MarqueSelection(Donnees());
   collapseAll();
   scheduleDelayedItemsLayout();
@@ -142,6 +170,13 @@ std::int32_t ArbreDocument::Deploie(const std::vector<Lignes>& lignes) {
     if (groupes[i].selectionne) expand(modele_->Groupe(i));
   }
   for (const Lignes& l : lignes) expand(modele_->Groupe(l.groupe));
+  for (const std::vector<Lignes>* dedans : {&lignes, &plis}) {
+    for (const Lignes& l : *dedans) {
+      if (base::Indice(l.premiere) < PointsSansPli || !isExpanded(modele_->Groupe(l.groupe))) continue;
+      modele_->OuvrePli(l.groupe);
+      expand(modele_->Pli(l.groupe));
+    }
+  }
   executeDelayedItemsLayout();
   viewport()->update();
   return derniere;
@@ -165,7 +200,8 @@ std::vector<std::int32_t> ArbreDocument::PointsChoisis() const {
 
 void ArbreDocument::Choisit(const QModelIndex& index) {
   const ModeleArbre::Place place = ModeleArbre::PlaceDe(index);
-  if (!index.isValid() || place.niveau == NiveauNoeud::Racine) return;
+  const bool choisissable = place.niveau == NiveauNoeud::Point || place.niveau == NiveauNoeud::Sequence;
+  if (!index.isValid() || !choisissable) return;
   const ResultatClic resultat = place.niveau == NiveauNoeud::Point ? ClicPoint(Donnees(), place.groupe, place.rang)
                                                                    : ClicSequence(Donnees(), place.groupe);
   if (resultat.fait) Q_EMIT Clic(resultat);

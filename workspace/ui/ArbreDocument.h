@@ -31,7 +31,7 @@ class ArbreDocument : public QTreeView {
   [[nodiscard]] std::vector<std::int32_t> PointsChoisis() const;
 
  Q_SIGNALS:
-  // A line was clicked, or reached with the keyboard.
+  // A line was clicked, or reached with the keyboard. That of a fold says nothing: a click opens or closes it.
   void Clic(const ovelin::ResultatClic& resultat);
   void MenuContexte(const QPoint& ecran);
 
@@ -51,7 +51,8 @@ class ArbreDocument : public QTreeView {
   [[nodiscard]] std::vector<Lignes> LignesChoisies() const;
   [[nodiscard]] bool Tient(const Lignes& l) const;
   [[nodiscard]] QItemSelection GroupesChoisis() const;
-  std::int32_t Deploie(const std::vector<Lignes>& lignes);
+  [[nodiscard]] std::vector<Lignes> PlisOuverts() const;
+  std::int32_t Deploie(const std::vector<Lignes>& lignes, const std::vector<Lignes>& plis);
   void Choisit(const QModelIndex& index);
   void SuitRacine(const QModelIndex& index, bool ouverte);
 

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QPainter>
+#include <algorithm>
 #include <optional>
 
 #include "base/Indices.h"
@@ -12,10 +13,16 @@ namespace ovelin {
 
 namespace {
 
-// Internal id of an index: the root, a group, and for a point its group behind these two.
+// Internal id of an index: the root, a group, and behind these two a pair for each group, of the rows below it and
+// of those in its fold.
 constexpr quintptr IdRacine = 0;
 constexpr quintptr IdGroupe = 1;
 constexpr quintptr IdPoints = 2;
+
+constexpr quintptr IdDe(std::size_t groupe, bool dansPli) { return IdPoints + 2 * groupe + (dansPli ? 1 : 0); }
+constexpr std::size_t GroupeDe(quintptr id) { return (id - IdPoints) / 2; }
+constexpr bool DansPli(quintptr id) { return id >= IdPoints && (id - IdPoints) % 2 == 1; }
+constexpr int LignePli = static_cast<int>(PointsSansPli);
 
 constexpr int Colonnes = 2;
 constexpr int ColonneNom = 1;
@@ -26,6 +33,7 @@ ModeleArbre::ModeleArbre(SorteArbre sorte, QObject* parent) : QAbstractItemModel
 
 void ModeleArbre::Remplit() {
   beginResetModel();
+  plis_.clear();
   if (arbre_.sorte == SorteArbre::Initial) {
     Remplissage_Trace_Initial(arbre_);
   } else {
@@ -52,7 +60,9 @@ void ModeleArbre::RefaitTitres(Code2 code) {
     const GroupeArbre& g = arbre_.groupes[i];
     if (g.code != code) continue;
     Q_EMIT dataChanged(Groupe(i), Groupe(i).siblingAtColumn(ColonneNom));
-    if (g.nombre > 0) Q_EMIT dataChanged(Point(i, 0), Point(i, base::Indice(g.nombre) - 1));
+    const std::size_t nombre = base::Indice(std::max(g.nombre, 0));
+    if (nombre > 0) Q_EMIT dataChanged(Point(i, 0), Point(i, std::min(nombre, PointsSansPli) - 1));
+    if (plis_.contains(i)) Q_EMIT dataChanged(Point(i, PointsSansPli), Point(i, nombre - 1));
   }
 }
 
@@ -66,28 +76,47 @@ QColor ModeleArbre::Couleur(std::int32_t couleur) const {
 
 QModelIndex ModeleArbre::Groupe(std::size_t groupe) const { return index(base::Compte(groupe), 0, Racine()); }
 
+QModelIndex ModeleArbre::Pli(std::size_t groupe) const {
+  return arbre_.PointsDuPli(groupe) > 0 ? index(LignePli, 0, Groupe(groupe)) : QModelIndex();
+}
+
 QModelIndex ModeleArbre::Point(std::size_t groupe, std::size_t rang) const {
+  if (rang >= PointsSansPli) return index(base::Compte(rang - PointsSansPli), 0, Pli(groupe));
   return index(base::Compte(rang), 0, Groupe(groupe));
+}
+
+void ModeleArbre::OuvrePli(std::size_t groupe) {
+  const std::size_t nombre = arbre_.PointsDuPli(groupe);
+  if (nombre == 0 || plis_.contains(groupe)) return;
+  beginInsertRows(Pli(groupe), 0, base::Compte(nombre) - 1);
+  plis_.insert(groupe);
+  endInsertRows();
 }
 
 ModeleArbre::Place ModeleArbre::PlaceDe(const QModelIndex& index) {
   const auto ligne = base::Indice(index.row());
   if (!index.isValid() || index.internalId() == IdRacine) return {};
   if (index.internalId() == IdGroupe) return {NiveauNoeud::Sequence, ligne, 0};
-  return {NiveauNoeud::Point, static_cast<std::size_t>(index.internalId() - IdPoints), ligne};
+  const std::size_t groupe = GroupeDe(index.internalId());
+  if (DansPli(index.internalId())) return {NiveauNoeud::Point, groupe, ligne + PointsSansPli};
+  if (ligne == PointsSansPli) return {NiveauNoeud::Pli, groupe, 0};
+  return {NiveauNoeud::Point, groupe, ligne};
 }
 
 QModelIndex ModeleArbre::index(int ligne, int colonne, const QModelIndex& parent) const {
   if (ligne < 0 || colonne < 0 || colonne >= Colonnes || ligne >= rowCount(parent)) return {};
   if (!parent.isValid()) return createIndex(ligne, colonne, IdRacine);
   if (parent.internalId() == IdRacine) return createIndex(ligne, colonne, IdGroupe);
-  return createIndex(ligne, colonne, IdPoints + static_cast<quintptr>(parent.row()));
+  if (parent.internalId() == IdGroupe) return createIndex(ligne, colonne, IdDe(base::Indice(parent.row()), false));
+  return createIndex(ligne, colonne, IdDe(GroupeDe(parent.internalId()), true));
 }
 
 QModelIndex ModeleArbre::parent(const QModelIndex& enfant) const {
   if (!enfant.isValid() || enfant.internalId() == IdRacine) return {};
   if (enfant.internalId() == IdGroupe) return createIndex(0, 0, IdRacine);
-  return createIndex(base::Compte(enfant.internalId() - IdPoints), 0, IdGroupe);
+  const std::size_t groupe = GroupeDe(enfant.internalId());
+  if (DansPli(enfant.internalId())) return createIndex(LignePli, 0, IdDe(groupe, false));
+  return createIndex(base::Compte(groupe), 0, IdGroupe);
 }
 
 int ModeleArbre::rowCount(const QModelIndex& parent) const {
@@ -95,16 +124,38 @@ int ModeleArbre::rowCount(const QModelIndex& parent) const {
   if (parent.column() > 0) return 0;
   if (parent.internalId() == IdRacine) return base::Compte(arbre_.groupes.size());
   const auto ligne = base::Indice(parent.row());
-  if (parent.internalId() != IdGroupe || ligne >= arbre_.groupes.size()) return 0;
-  return arbre_.groupes[ligne].nombre;
+  if (parent.internalId() == IdGroupe) {
+    if (ligne >= arbre_.groupes.size()) return 0;
+    return arbre_.PointsDuPli(ligne) > 0 ? LignePli + 1 : arbre_.groupes[ligne].nombre;
+  }
+  const Place place = PlaceDe(parent);
+  const bool ouvert = place.niveau == NiveauNoeud::Pli && plis_.contains(place.groupe);
+  return ouvert ? base::Compte(arbre_.PointsDuPli(place.groupe)) : 0;
+}
+
+// A fold shows its mark before its rows are there.
+bool ModeleArbre::hasChildren(const QModelIndex& parent) const {
+  return rowCount(parent) > 0 || (parent.column() <= 0 && PlaceDe(parent).niveau == NiveauNoeud::Pli);
+}
+
+bool ModeleArbre::canFetchMore(const QModelIndex& parent) const {
+  const Place place = PlaceDe(parent);
+  return place.niveau == NiveauNoeud::Pli && parent.column() == 0 && !plis_.contains(place.groupe);
+}
+
+void ModeleArbre::fetchMore(const QModelIndex& parent) {
+  if (canFetchMore(parent)) OuvrePli(PlaceDe(parent).groupe);
 }
 
 int ModeleArbre::columnCount(const QModelIndex& /*parent*/) const { return Colonnes; }
 
 Qt::ItemFlags ModeleArbre::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::NoItemFlags;
+  const NiveauNoeud niveau = PlaceDe(index).niveau;
+  // A fold is opened, never chosen: what acts on chosen points must not find one that stands for many.
+  if (niveau == NiveauNoeud::Pli) return Qt::ItemIsEnabled;
   const Qt::ItemFlags communs = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-  return index.internalId() >= IdPoints ? communs | Qt::ItemNeverHasChildren : communs;
+  return niveau == NiveauNoeud::Point ? communs | Qt::ItemNeverHasChildren : communs;
 }
 
 // In grey: it says once more, in words, what the figures beside it and the panel hold.
@@ -144,6 +195,7 @@ QVariant ModeleArbre::data(const QModelIndex& index, int role) const {
   }
   std::optional<Noeud> noeud = arbre_.racine;
   if (place.niveau == NiveauNoeud::Sequence) noeud = arbre_.Groupe(place.groupe);
+  if (place.niveau == NiveauNoeud::Pli) noeud = arbre_.Pli(place.groupe);
   if (place.niveau == NiveauNoeud::Point) noeud = arbre_.Point(place.groupe, place.rang);
   if (!noeud) return {};
   if (role == Qt::DisplayRole) return QString::fromStdString(noeud->texte);

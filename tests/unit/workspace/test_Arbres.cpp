@@ -134,6 +134,24 @@ TEST(RemplissageTraceInitial, PlacesBeyondTheTreeOrTheDocumentGiveNothing) {
   EXPECT_FALSE(arbre.Point(0, 1));
 }
 
+TEST(RemplissageTraceInitial, PointsBehindTheTwoHundredthStandInAFold) {
+  Regl.Langue = "fr";
+  std::vector<std::pair<float, float>> xy;
+  for (int i = 0; i < 203; ++i) xy.emplace_back(static_cast<float>(i), 0.0F);
+  essai::AjouteSequence(" A", xy);
+  essai::AjouteSequence(" B", {xy.begin(), xy.begin() + 200});
+  Arbre arbre;
+  Remplissage_Trace_Initial(arbre);
+  EXPECT_EQ(arbre.PointsDuPli(0), 3U);
+  EXPECT_EQ(arbre.PointsDuPli(1), 0U);
+  EXPECT_EQ(arbre.PointsDuPli(2), 0U);
+  ASSERT_TRUE(arbre.Pli(0));
+  EXPECT_EQ(arbre.Pli(0)->texte, "+ 3 autres points");
+  EXPECT_EQ(arbre.Pli(0)->niveau, NiveauNoeud::Pli);
+  EXPECT_NE(arbre.Pli(0)->cle, arbre.Point(0, 200)->cle);
+  EXPECT_FALSE(arbre.Pli(1));
+}
+
 TEST(RemplissageTraceDecale, WithoutAToolPathTheRootStandsAlone) {
   PoseTextes();
   Regl.CouleurDecalage = 34;
