@@ -14,6 +14,7 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/TraduitFenetre.h"
@@ -90,6 +91,10 @@ void F_BD::Construit() {
   disconnect(boutons.annuler, nullptr, this, nullptr);
   connect(boutons.annuler, &QPushButton::clicked, this, [this] { QDialog::reject(); });
   boutons.rangee->insertWidget(0, Etiquette("Label1", "Clic droit sur une ligne : insérer ou supprimer"), 1);
+  Lbl_Equivalent_ = new Equivalent("Lbl_Equivalent", this);
+  boutons.rangee->insertWidget(1, Lbl_Equivalent_);
+  connect(MSFlexGrid1_, &QTableWidget::currentCellChanged, this, [this] { MontreEquivalent(); });
+  connect(txtSaisie_, &QLineEdit::textChanged, this, [this] { MontreEquivalent(); });
   QVBoxLayout* boite = ColonneFenetre(*this);
   boite->addWidget(MSFlexGrid1_, 1);
   boite->addLayout(boutons.rangee);

@@ -14,6 +14,7 @@ class QTableWidget;
 
 namespace ovelin {
 
+class Equivalent;
 class SaisieBD;
 
 class F_BD : public QDialog {
@@ -50,6 +51,7 @@ class F_BD : public QDialog {
   bool ToucheSaisie(const QKeyEvent& e);
   void OuvreSaisie(int ligne, int colonne, Choix choix);
   void PlaceSaisie();
+  void MontreEquivalent();    // diameter of a radius, mm/min of a speed; of what is being typed, too
   void RangeSaisie();         // its text into the cell, then as below
   void AbandonneSaisie();     // emptied and hidden
   bool Avance(bool enAvant);  // to the next cell or the one before; false at the end
@@ -64,6 +66,7 @@ class F_BD : public QDialog {
   bool modifiee_ = false;
   QTableWidget* MSFlexGrid1_ = nullptr;
   SaisieBD* txtSaisie_ = nullptr;
+  Equivalent* Lbl_Equivalent_ = nullptr;  // of the cell in focus
   QMenu* mnu_DB_ = nullptr;
   QAction* mnu_DB_Insert_ = nullptr;
   QAction* mnu_DB_Delete_ = nullptr;

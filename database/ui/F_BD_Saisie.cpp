@@ -8,6 +8,7 @@
 #include <QTableWidget>
 
 #include "base/Indices.h"
+#include "core/ui/Equivalent.h"
 #include "database/ui/F_BD.h"
 #include "database/ui/SaisieBD.h"
 
@@ -133,6 +134,19 @@ void F_BD::PlaceSaisie() {
   txtSaisie_->setGeometry(MSFlexGrid1_->visualRect(index).adjusted(-1, -1, 1, 1));
 }
 
+void F_BD::MontreEquivalent() {
+  constexpr int Rayon = 1, VitesseH = 5, VitesseV = 6;
+  const int colonne = MSFlexGrid1_->currentColumn();
+  const int ligne = MSFlexGrid1_->currentRow();
+  const bool vitesse = colonne == VitesseH || colonne == VitesseV;
+  const bool la = ligne >= 0 && base::Indice(ligne) < grille_.Lignes();
+  if (!la || (colonne != Rayon && !vitesse)) return Lbl_Equivalent_->clear();
+  const QString texte = ligneSaisie_ >= 0
+                            ? txtSaisie_->text()
+                            : QString::fromStdString(grille_.Cellule(base::Indice(ligne), base::Indice(colonne)));
+  Lbl_Equivalent_->Dit(vitesse ? SorteEquivalent::ParMinute : SorteEquivalent::Diametre, texte);
+}
+
 void F_BD::RangeSaisie() {
   if (ligneSaisie_ < 0) return;
   const std::string texte = txtSaisie_->text().toStdString();
@@ -166,6 +180,7 @@ void F_BD::Pose(int ligne, int colonne, const std::string& texte) {
   grille_.Pose(base::Indice(ligne), base::Indice(colonne), texte);
   modifiee_ = true;
   MontreLigne(ligne);
+  MontreEquivalent();
   while (MSFlexGrid1_->rowCount() < base::Compte(grille_.Lignes())) {
     const int neuve = MSFlexGrid1_->rowCount();
     MSFlexGrid1_->setRowCount(neuve + 1);

@@ -4,6 +4,7 @@
 
 #include "core/Textes.h"
 #include "core/ui/ChampNombre.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
@@ -127,7 +128,7 @@ QLayout* F_PilMan::ConstruitVitesse() {
   Img_Fleche_ = {BoutonIcone("Img_Fleche_0", "Moins vite (touche -)"),
                  BoutonIcone("Img_Fleche_1", "Plus vite (touche +)")};
   rangee->addWidget(Lbl_Vitesse_);
-  rangee->addWidget(TB_Vitesse_Manuel_, 1);
+  rangee->addWidget(AvecEquivalent(TB_Vitesse_Manuel_, SorteEquivalent::ParMinute), 1);
   for (QToolButton* b : Img_Fleche_) rangee->addWidget(b);
   return rangee;
 }

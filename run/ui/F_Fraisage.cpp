@@ -11,6 +11,7 @@
 #include "core/RunCourant.h"
 #include "core/Textes.h"
 #include "core/ui/AvisRun.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
@@ -165,9 +166,11 @@ QLayout* F_Fraisage::ConstruitVitesses() {
   grille->setContentsMargins(8, 6, 8, 8);
   grille->addWidget(Etiquette("Lbl_Vit_Mat_H", "Vitesse &matière :", TB_Vit_Mat_H_), 0, 0);
   grille->addWidget(TB_Vit_Mat_H_, 0, 1);
-  grille->addLayout(pas, 0, 2);
+  grille->addWidget(EquivalentDe(*TB_Vit_Mat_H_, SorteEquivalent::ParMinute), 0, 2);
+  grille->addLayout(pas, 0, 3);
   grille->addWidget(Etiquette("Lbl_Vit_Mat_V", "Vitesse &descente :", TB_Vit_Mat_V_), 1, 0);
   grille->addWidget(TB_Vit_Mat_V_, 1, 1);
+  grille->addWidget(EquivalentDe(*TB_Vit_Mat_V_, SorteEquivalent::ParMinute), 1, 2);
   grille->setColumnStretch(1, 1);
   connect(TB_Vit_Mat_H_, &ChampNombre::Quitte, this, [this](bool c) { VitesseQuitte(*TB_Vit_Mat_H_, c); });
   connect(TB_Vit_Mat_V_, &ChampNombre::Quitte, this, [this](bool c) { VitesseQuitte(*TB_Vit_Mat_V_, c); });

@@ -2,6 +2,7 @@
 
 #include "core/Nombres.h"
 #include "core/Textes.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/TraduitFenetre.h"
 
@@ -23,7 +24,9 @@ PanneauOutil::PanneauOutil(QWidget* parent) : QGroupBox(QStringLiteral("Outil"),
     });
     const int rangee = static_cast<int>(rang);
     grille->addWidget(Etiquette(ligne.etiquette, ligne.texte, champ), rangee, 0);
-    grille->addWidget(champ, rangee, 1);
+    // A row of a radius has its diameter beside it.
+    const bool rayon = ligne.entre == EntreRayonFraise;
+    grille->addWidget(rayon ? AvecEquivalent(champ, SorteEquivalent::Diametre) : champ, rangee, 1);
   }
   rampe_ = Valeur("Lbl_LongueurRampe");
   rampe_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

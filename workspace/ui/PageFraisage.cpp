@@ -10,6 +10,7 @@
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 #include "toolpath/Module_Decalage.h"
@@ -154,9 +155,10 @@ void PageFraisage::AjouteChamp(QGridLayout* grille, const LigneOutil& ligne) {
   QLabel* etiquette = Etiquette(ligne.etiquette, ligne.texte, champ);
   if (ligne.entre == EntreRayonFraise) {
     auto* cote = new QHBoxLayout;
-    diametre_ = Valeur("Lbl_Diametre");
+    auto* diametre = new Equivalent("Lbl_Diametre");
+    diametre->Suit(*champ, SorteEquivalent::Diametre);
     cote->addWidget(etiquette);
-    cote->addWidget(diametre_, 1, Qt::AlignRight);
+    cote->addWidget(diametre, 1, Qt::AlignRight);
     grille->addLayout(cote, rangee, 0);
   } else {
     grille->addWidget(etiquette, rangee, 0);
@@ -198,18 +200,11 @@ void PageFraisage::RemplitOutil() {
   MontreFigures();
 }
 
-// The diameter in grey beside the radius, and the section of a notch.
-void PageFraisage::MontreFigures() {
-  QPalette gris = diametre_->palette();
-  gris.setColor(QPalette::WindowText, GrisLisible(palette().color(QPalette::Window)));
-  diametre_->setPalette(gris);
-  diametre_->setText(QStringLiteral("Ø ") + QString::fromStdString(Formate(2 * RayonFraise, "0.0##")));
-  encoche_->Montre(LargeurEncoche, MiniEncoche, -Regl.ProfFraisage);
-}
+// The section of a notch.
+void PageFraisage::MontreFigures() { encoche_->Montre(LargeurEncoche, MiniEncoche, -Regl.ProfFraisage); }
 
 void PageFraisage::VideOutil() {
   for (const ChampOutil& champ : outil_) champ.saisie->Montre("");
-  diametre_->clear();
   AvertitPoche(false);
 }
 

@@ -58,7 +58,6 @@ class PageFraisage : public QWidget {
   std::array<QToolButton*, 3> decal_{};
   std::vector<ChampOutil> outil_;
   QLabel* avisPoche_ = nullptr;
-  QLabel* diametre_ = nullptr;  // beside the radius
   CoupeEncoche* encoche_ = nullptr;
 };
 

@@ -7,6 +7,7 @@
 #include "core/RunCourant.h"
 #include "core/Services.h"
 #include "core/Textes.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/TraduitFenetre.h"
@@ -59,7 +60,7 @@ void F_PasPerdus::Construit() {
     if (change && !TB_Vitesse_->Texte().empty()) TB_Vitesse_->Montre(VitessePasPerdus(TB_Vitesse_->Texte()));
   });
   grille->addWidget(Etiquette("Lbl_Vitesse", "&Vitesse :", TB_Vitesse_), 0, 0);
-  grille->addWidget(TB_Vitesse_, 0, 1);
+  grille->addWidget(AvecEquivalent(TB_Vitesse_, SorteEquivalent::ParMinute), 0, 1);
   Label_Compteur_ = Valeur("Label_Compteur");
   grille->addWidget(Etiquette("Lbl_Compteur", "Compteur :"), 1, 0);
   grille->addWidget(Label_Compteur_, 1, 1);

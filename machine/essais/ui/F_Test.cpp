@@ -4,6 +4,7 @@
 
 #include "core/Nombres.h"
 #include "core/Textes.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/TraduitFenetre.h"
@@ -56,7 +57,7 @@ void F_Test::Construit() {
   grille->addWidget(Etiquette("Lbl_VDeb", Francais("Vitesse de départ :"), TB_VDeb_), 3, 0);
   grille->addWidget(TB_VDeb_, 3, 1);
   grille->addWidget(Etiquette("Lbl_Vitesse", "&Vitesse :", TB_Vitesse_), 4, 0);
-  grille->addWidget(TB_Vitesse_, 4, 1);
+  grille->addWidget(AvecEquivalent(TB_Vitesse_, SorteEquivalent::ParMinute), 4, 1);
   Lbl_Retour_ = Valeur("Lbl_Retour");
   Lbl_Retour_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   Lbl_Retour_->setMinimumWidth(Lbl_Retour_->fontMetrics().horizontalAdvance(QLatin1String(Groupes)));

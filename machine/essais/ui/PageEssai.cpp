@@ -1,6 +1,7 @@
 #include "machine/essais/ui/PageEssai.h"
 
 #include "core/Nombres.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Fabrique.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/TraduitFenetre.h"
@@ -73,7 +74,9 @@ QWidget* PageEssai::GroupeEssai() {
                             Francais(Params[rang].bulle), this);
     grille->addWidget(
         Etiquette(QStringLiteral("Lbl_Param_") + numero, Francais(Params[rang].texte), TB_Param_[rang]), i + 1, 0);
-    grille->addWidget(TB_Param_[rang], i + 1, 1);
+    const bool vitesse = QLatin1String(Params[rang].unite) == QLatin1String("mm/s");
+    QWidget* champ = TB_Param_[rang];
+    grille->addWidget(vitesse ? AvecEquivalent(TB_Param_[rang], SorteEquivalent::ParMinute) : champ, i + 1, 1);
     connect(TB_Param_[rang], &ChampNombre::textChanged, this, &PageEssai::ActiveBouton);
   }
   auto* axes = new QHBoxLayout;

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "core/Nombres.h"
+#include "core/ui/Equivalent.h"
 #include "core/ui/Fabrique.h"
 #include "machine/Module_Table.h"
 #include "machine/essais/ui/ControlesTable.h"
@@ -154,10 +155,10 @@ QWidget* PageVitesses(ControlesTable& controles) {
     vitesses->addWidget(
         Etiquette(QStringLiteral("Lbl_Vitesse_%1").arg(rang), Bulle("Vitesse maxi en {A} :", axe), sans), rang + 1,
         0);
-    vitesses->addWidget(sans, rang + 1, 1);
-    vitesses->addWidget(controles.Champ(avecRampe[axe], "mm/s",
-                                        Bulle("La plus haute vitesse de l'axe {A}, atteinte par la rampe", axe)),
-                        rang + 1, 2);
+    ChampNombre* avec = controles.Champ(avecRampe[axe], "mm/s",
+                                        Bulle("La plus haute vitesse de l'axe {A}, atteinte par la rampe", axe));
+    vitesses->addWidget(AvecEquivalent(sans, SorteEquivalent::ParMinute), rang + 1, 1);
+    vitesses->addWidget(AvecEquivalent(avec, SorteEquivalent::ParMinute), rang + 1, 2);
   }
   vitesses->setColumnStretch(1, 1);
   vitesses->setColumnStretch(2, 1);

@@ -53,6 +53,23 @@ TEST(F_BD, ClickLaysTheEditorOverTheCellWithItsText) {
   EXPECT_EQ(QApplication::focusWidget(), b.saisie);
 }
 
+TEST(F_BD, SaysTheOtherFigureOfARadiusAndOfASpeedWhileItIsTyped) {
+  Svc.MarqueDecimale = ',';
+  BancBD b;
+  auto* dit = Controle<QLabel>(b.f, "Lbl_Equivalent");
+  b.CliqueEn(1, 1);
+  EXPECT_EQ(dit->text(), "");
+  b.CliqueEn(1, 2);
+  EXPECT_EQ(dit->text(), QStringLiteral("Ø 1,0"));
+  b.Tape("1.25");
+  EXPECT_EQ(dit->text(), QStringLiteral("Ø 2,5"));
+  b.CliqueEn(2, 6);
+  EXPECT_EQ(dit->text(), "499,8 mm/min");
+  b.Touche(Qt::Key_Return);
+  b.Touche(Qt::Key_Return);
+  EXPECT_EQ(dit->text(), "") << "the width of the notches is neither";
+}
+
 TEST(F_BD, EnterStoresWithACommaAndOpensTheNextCell) {
   BancBD b;
   b.CliqueEn(1, 2);

@@ -273,6 +273,23 @@ TEST(F_Fraisage, StepButtonsChangeTheSpeed) {
   EXPECT_EQ(b.h->Texte(), "4.0");
   EXPECT_EQ(Vitesse_Mat_H, 4);
   Clique(*Controle<QToolButton>(b.f, "CB_VitMat_3"));
+TEST(F_Fraisage, SpeedsStandInMillimetresAMinuteTooAndTheRadiusAsADiameter) {
+  Svc.MarqueDecimale = ',';
+  Travail();
+  Vitesse_Mat_H = 2.5;
+  RayonFraise = 1.5;
+  Banc b;
+  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_H"), "150 mm/min");
+  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_V"), "60 mm/min");
+  EXPECT_EQ(b.Texte("Lbl_Eq_RayonFraise"), "Ø 3,0");
+  Clique(*Controle<QToolButton>(b.f, "CB_VitMat_4"));
+  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_H"), "210 mm/min");
+  b.v->setFocus();
+  b.v->selectAll();
+  QTest::keyClicks(b.v, "0,33");
+  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_V"), "19,8 mm/min");
+}
+
   EXPECT_EQ(b.h->Texte(), "4.1");
   Clique(*Controle<QToolButton>(b.f, "CB_VitMat_2"));
   Clique(*Controle<QToolButton>(b.f, "CB_VitMat_1"));

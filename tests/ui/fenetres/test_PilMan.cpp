@@ -128,9 +128,11 @@ TEST_F(FPilMan, TheSpeedIsShownAndMarkedWithAModifier) {
   Ouvre();
   auto* v = Controle<QLineEdit>(*f_, "TB_Vitesse_Manuel");
   EXPECT_EQ(v->text(), "4.0 mm/s");
+  EXPECT_EQ(L("Lbl_Eq_Vitesse_Manuel")->text(), "240 mm/min");
   EXPECT_EQ(v->styleSheet(), "");
   QTest::keyPress(QApplication::focusWidget(), Qt::Key_Shift);
   EXPECT_EQ(v->text(), "0.2 mm/s");
+  EXPECT_EQ(L("Lbl_Eq_Vitesse_Manuel")->text(), "12 mm/min");
   EXPECT_NE(v->styleSheet(), "");
   QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Shift);
   EXPECT_EQ(v->text(), "4.0 mm/s");

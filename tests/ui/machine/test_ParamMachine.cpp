@@ -56,6 +56,20 @@ TEST_F(ParamMachine, HasAControlForEveryFieldThatIsNotHidden) {
   }
 }
 
+// 4 and 20 mm/s in the table.
+TEST_F(ParamMachine, SpeedsStandInMillimetresAMinuteToo) {
+  Ouvre();
+  Page(1);
+  const auto dit = [this](const char* nom) { return Controle<QLabel>(fenetre_, nom)->text().toStdString(); };
+  EXPECT_EQ(dit("Lbl_Eq_SAV_12"), "240 mm/min");
+  EXPECT_EQ(dit("Lbl_Eq_SAV_15"), "1200 mm/min");
+  Tape(TB(12), "5");
+  EXPECT_EQ(dit("Lbl_Eq_SAV_12"), "300 mm/min");
+  Essai("1", "20", "0.5", "10");
+  EXPECT_EQ(dit("Lbl_Eq_Param_3"), "30 mm/min");
+  EXPECT_EQ(fenetre_.findChild<QLabel*>("Lbl_Eq_Param_4"), nullptr) << "a distance";
+}
+
 TEST_F(ParamMachine, ShowsTheTableInForce) {
   Ouvre();
   EXPECT_EQ(Controle<QComboBox>(fenetre_, "Combo_Table")->currentText(), "Essai");

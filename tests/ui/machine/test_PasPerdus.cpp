@@ -57,6 +57,12 @@ TEST_F(PasPerdus, TheSpeedHasTwoDecimalsAtMost) {
   EXPECT_EQ(vitesse->text(), "");
 }
 
+TEST_F(PasPerdus, TheSpeedStandsInMillimetresAMinuteToo) {
+  Ouvre();
+  Tape(*Controle<QLineEdit>(fenetre_, "TB_Vitesse"), "2.5");
+  EXPECT_EQ(Controle<QLabel>(fenetre_, "Lbl_Eq_Vitesse")->text(), "150 mm/min");
+}
+
 TEST_F(PasPerdus, TheButtonsComeBackOnEveryWayOut) {
   Ouvre();
   const auto libres = [this] { return Btn("Cmd_Depl_0").isEnabled() && Btn("Cmd_Depl_1").isEnabled(); };

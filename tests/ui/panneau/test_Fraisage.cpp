@@ -252,6 +252,18 @@ TEST_F(Fraisage, TheDiameterStandsBesideTheRadius) {
   EXPECT_EQ(C<QLabel>("Lbl_Diametre")->text(), QStringLiteral("Ø 3.0"));
 }
 
+TEST_F(Fraisage, TheDiameterFollowsTheTyping) {
+  DeuxCarres();
+  page_->RemplitOutil();
+  Ouvre();
+  C("TB_RayonFraise")->setFocus();
+  C<QLineEdit>("TB_RayonFraise")->selectAll();
+  QTest::keyClicks(C("TB_RayonFraise"), "4");
+  EXPECT_EQ(C<QLabel>("Lbl_Diametre")->text(), QStringLiteral("Ø 8.0"));
+  QTest::keyClick(C("TB_RayonFraise"), Qt::Key_Backspace);
+  EXPECT_EQ(C<QLabel>("Lbl_Diametre")->text(), "");
+}
+
 TEST_F(Fraisage, TheSectionShowsTheBridgeAsAPartOfTheDepth) {
   Regl.ProfFraisage = -4;
   DeuxCarres();
