@@ -148,6 +148,8 @@ struct RapportLecture {
   long Ligne = 0;        // line of the file, from 1; 0 when there is none
   std::string Detail;    // the offending text or what was met, short, no sentence
   bool Tronque = false;  // the file ends in the middle; what was whole is kept
+  // Line of the file where a kind of `Ignores` came first, from 1; without those of which nobody knows a line.
+  std::map<std::string, long> PremieresLignes;
 };
 
 // Length of the message that comes back beside a reading or a writing.

@@ -48,7 +48,11 @@ struct Lecture {
     rapport.Ligne = ligne;
     rapport.Detail = std::string(detail.substr(0, 80));
   }
-  void Ignore(std::string_view genre, long nombre = 1) { rapport.Ignores[std::string(genre)] += nombre; }
+  // `ligne` of the file, 0 where nobody knows.
+  void Ignore(std::string_view genre, long nombre = 1, long ligne = 0) {
+    rapport.Ignores[std::string(genre)] += nombre;
+    if (ligne > 0) rapport.PremieresLignes.try_emplace(std::string(genre), ligne);
+  }
   [[nodiscard]] bool Refuse() const { return rapport.Numero != Erreur::Aucune; }
 };
 

@@ -163,7 +163,7 @@ class Lecteur {
       // The first line may be a title that begins with numbers: "30 40 Special".
       if (texte && titre) return true;
       if (texte && !Nomme(r)) {
-        lecture_.Ignore(DebutLigne);
+        lecture_.Ignore(DebutLigne, 1, numero);
         return true;
       }
       if (r.nb > 3 && !texte) {
@@ -176,7 +176,7 @@ class Lecteur {
     if (ratee) return Coordonnee(numero, ligne);
     if (x && !titre) {
       // A number and then none: typing damage. A number alone ahead of all rows is their count.
-      if (r.nb > 1 || !blocs_.empty()) lecture_.Ignore(DebutLigne);
+      if (r.nb > 1 || !blocs_.empty()) lecture_.Ignore(DebutLigne, 1, numero);
       return true;
     }
     Coupe(Coupure::Texte);

@@ -65,9 +65,9 @@ void Dessinateur::Ignore(std::string_view genre) {
   for (char& c : nom) {
     if (c < ' ' || c > '~') c = '?';
   }
-  auto& ignores = lecture_.rapport.Ignores;
+  const auto& ignores = lecture_.rapport.Ignores;
   if (ignores.size() >= GenresMax && !ignores.contains(nom)) nom = "...";
-  ++ignores[nom];
+  lecture_.Ignore(nom, 1, e_.ligne);
 }
 
 bool Dessinateur::Refuse(Erreur numero, long ligne, std::string_view detail) {

@@ -100,7 +100,7 @@ class Lecteur {
       texteRefus_ = std::string(ligne.substr(0, 40));
     }
     ++refusees_;
-    lecture_.Ignore("ROW");
+    lecture_.Ignore("ROW", 1, numero_);
   }
 
   void LitLigne(std::string_view ligne) {
@@ -126,7 +126,7 @@ class Lecteur {
     }
     std::vector<std::string> inconnus;
     if (LitUnites(ligne, format_, inconnus)) {
-      for (const std::string& mot : inconnus) lecture_.Ignore(mot);
+      for (const std::string& mot : inconnus) lecture_.Ignore(mot, 1, numero_);
       return;
     }
     if (dansEntete_ && LigneDEntete(ligne)) return;
@@ -135,7 +135,7 @@ class Lecteur {
     Bloc bloc;
     const bool texte = ligne.starts_with("M97") || ligne.starts_with("M98") || ligne.starts_with("M47");
     if (texte) {
-      lecture_.Ignore(ligne.substr(0, 3));
+      lecture_.Ignore(ligne.substr(0, 3), 1, numero_);
     } else if (DecoupeMots(ligne, mots) && LitBloc(mots, bloc)) {
       ++comprises_;
       Execute(bloc);
@@ -152,7 +152,8 @@ class Lecteur {
     }
     if (EstDuCorps(ligne)) return false;
     NoteOutil(ligne);
-    if (!EntreeConnue(ligne)) lecture_.Ignore(ligne.substr(0, std::min<std::size_t>(ligne.find(','), 24)));
+    if (!EntreeConnue(ligne))
+      lecture_.Ignore(ligne.substr(0, std::min<std::size_t>(ligne.find(','), 24)), 1, numero_);
     return true;
   }
 
@@ -304,7 +305,7 @@ class Lecteur {
       case 42:
         break;
       default:
-        lecture_.Ignore(Nom('G', b.g));
+        lecture_.Ignore(Nom('G', b.g), 1, numero_);
         return;
     }
     if (!place && !((b.i || b.j) && fraise_)) return;
@@ -358,7 +359,7 @@ class Lecteur {
       case 95:
         return false;
       default:
-        lecture_.Ignore(Nom('M', b.m));
+        lecture_.Ignore(Nom('M', b.m), 1, numero_);
         return true;
     }
   }

@@ -163,11 +163,11 @@ void Illustration::Element(pugi::xml_node element, const Entourage& autour) {
     element.traverse(compteur);
     // A hidden group that is referred to is counted each time, but not for ever.
     if (!Prend(compteur.noeuds, element) || compteur.nombre == 0) return;
-    return Ignore(EstCalque(element) ? "LAYER" : "INVISIBLE", compteur.nombre);
+    return Ignore(EstCalque(element) ? "LAYER" : "INVISIBLE", compteur.nombre, element);
   }
-  if (ensemble.decoupe) Ignore("clip-path");
-  if (ensemble.masque) Ignore("mask");
-  if (ensemble.filtre) Ignore("filter");
+  if (ensemble.decoupe) Ignore("clip-path", 1, element);
+  if (ensemble.masque) Ignore("mask", 1, element);
+  if (ensemble.filtre) Ignore("filter", 1, element);
   Entourage ici = autour;
   ++ici.profondeur;
   ici.apparence = Herite(autour.apparence, dits);
@@ -185,16 +185,16 @@ void Illustration::Contenu(pugi::xml_node element, std::string_view nom, const E
   if (nom == "svg") return FragmentDe(element, ici, element);
   if (nom == "switch") return Choix(element, ici);
   if (nom == "text") return Texte(element, ici);
-  Absent(nom);
+  Absent(element, nom);
 }
 
 // An element that is no path, by its name.
-void Illustration::Absent(std::string_view nom) {
+void Illustration::Absent(pugi::xml_node element, std::string_view nom) {
   std::string propre(nom.substr(0, 32));
   for (char& c : propre) {
     if (c < ' ' || c > '~') c = '?';
   }
-  Ignore(propre);
+  Ignore(propre, 1, element);
 }
 
 // The first that asks for nothing which isn't here.
@@ -212,7 +212,7 @@ void Illustration::Reference(pugi::xml_node element, const Entourage& ici) {
   const auto trouve = lien.starts_with('#') ? parIdentite_.find(lien.substr(1)) : parIdentite_.end();
   if (trouve == parIdentite_.end() ||
       std::find(ouvertes_.begin(), ouvertes_.end(), trouve->second) != ouvertes_.end()) {
-    return Ignore("use");
+    return Ignore("use", 1, element);
   }
   const pugi::xml_node cible = trouve->second;
   Entourage la = ici;
@@ -296,10 +296,10 @@ void Illustration::Refuse(Erreur numero, pugi::xml_node element) {
   lecture_.Refuse(numero, LigneDe(element), NomLocal(element));
 }
 
-void Illustration::Ignore(std::string_view genre, long nombre) {
+void Illustration::Ignore(std::string_view genre, long nombre, pugi::xml_node element) {
   const auto& ignores = lecture_.rapport.Ignores;
   const bool neuf = !ignores.contains(std::string(genre));
-  lecture_.Ignore(neuf && ignores.size() >= GenresMax ? "..." : genre, nombre);
+  lecture_.Ignore(neuf && ignores.size() >= GenresMax ? "..." : genre, nombre, LigneDe(element));
 }
 
 long Illustration::LigneDe(pugi::xml_node element) const {

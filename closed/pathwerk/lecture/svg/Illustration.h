@@ -47,7 +47,7 @@ class Illustration {
   void Reference(pugi::xml_node element, const Entourage& ici);
   void Fragment(pugi::xml_node element, const Entourage& ici, double largeur, double hauteur);
   void FragmentDe(pugi::xml_node element, const Entourage& ici, pugi::xml_node place);
-  void Absent(std::string_view nom);
+  void Absent(pugi::xml_node element, std::string_view nom);
 
   // Shapes.
   bool Forme(pugi::xml_node element, std::string_view nom, const Entourage& ici);
@@ -71,7 +71,7 @@ class Illustration {
   // What an element costs of the time that there is. False when it is used up, and the drawing refused.
   bool Prend(std::size_t travail, pugi::xml_node element);
   void Refuse(Erreur numero, pugi::xml_node element);
-  void Ignore(std::string_view genre, long nombre = 1);
+  void Ignore(std::string_view genre, long nombre = 1, pugi::xml_node element = {});
   [[nodiscard]] long LigneDe(pugi::xml_node element) const;
   void Releve(const TailleDessin& taille);
 

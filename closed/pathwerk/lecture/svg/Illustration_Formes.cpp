@@ -16,15 +16,15 @@ bool Illustration::Forme(pugi::xml_node element, std::string_view nom, const Ent
   Apparence a = ici.apparence;
   if (nom == "line") a.fond = false;  // it has no inside
   if (!a.visible || (!a.FondVisible() && !a.TraitVisible())) {
-    Ignore("INVISIBLE");
+    Ignore("INVISIBLE", 1, element);
     return true;
   }
-  if (a.marques && (nom == "path" || nom == "line" || suite)) Ignore("marker");
+  if (a.marques && (nom == "path" || nom == "line" || suite)) Ignore("marker", 1, element);
   Plume plume(ici.m, fleche_, PointsRestants());
   if (nom == "path") {
     const std::string_view donnees = element.attribute("d").value();
     if (!Prend(donnees.size() / 8, element)) return true;
-    if (!TraceDonnees(donnees, plume)) Ignore("ROW");
+    if (!TraceDonnees(donnees, plume)) Ignore("ROW", 1, element);
   } else if (nom == "rect") {
     TraceRect(element, ici, plume);
   } else if (ronde) {

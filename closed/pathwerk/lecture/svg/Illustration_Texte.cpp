@@ -55,7 +55,7 @@ struct Illustration::Lettrage {
 };
 
 void Illustration::Texte(pugi::xml_node element, const Entourage& ici) {
-  if (!lettres_) return Ignore("text");
+  if (!lettres_) return Ignore("text", 1, element);
   Lettrage lettrage;
   lettrage.cadre = ici;
   lettrage.element = element;
