@@ -17,6 +17,7 @@
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/DocumentCourant.h"
+#include "core/Etat.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Projet.h"
@@ -33,6 +34,7 @@
 #include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Dimension.h"
+#include "workspace/TexteLecture.h"
 
 namespace ovelin {
 
@@ -40,7 +42,8 @@ namespace {
 
 constexpr double MmParPixel = 25.4 / 96;
 
-constexpr const char* SectionEcartes = "Ecartes";  // kinds of what was left out, under their own names
+pathwerk::RapportLecture Rapport;  // of the drawing in force
+[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Rapport = {}; });
 
 // The reading runs on a thread where there is one; then nobody can follow its share done, and the bar moves without
 // a total.
@@ -130,21 +133,6 @@ bool RendFichierUniforme(const std::string& chemin) {
 
 std::string DetailAvis(const pathwerk::AvisLecture& avis) { return avis.Detail.empty() ? "" : " " + avis.Detail; }
 
-// What was supposed and what was left out. Kinds that are words of the format have no key and stay as they are.
-std::string TexteLecture(const pathwerk::RapportLecture& rapport) {
-  std::string texte;
-  const auto ajoute = [&texte](const std::string& morceau) { texte += (texte.empty() ? "" : ", ") + morceau; };
-  for (const pathwerk::AvisLecture& avis : rapport.Suppose) {
-    if (const auto connu = TexteAvis(avis.Numero)) ajoute(Traduire(*connu) + DetailAvis(avis));
-  }
-  std::string ecartes;
-  for (const auto& [genre, nombre] : rapport.Ignores) {
-    ecartes += (ecartes.empty() ? " " : ", ") + Traduire(SectionEcartes, genre) + " " + std::to_string(nombre);
-  }
-  if (!ecartes.empty()) ajoute(Traduire(Textes::Ecartes) + ecartes);
-  return texte;
-}
-
 // Why nothing may be left of a drawing: its end is missing, or all of it is of kinds that aren't milled.
 std::string PourquoiSiPeu(const pathwerk::RapportLecture& rapport) {
   const std::string lu = TexteLecture(rapport);
@@ -172,6 +160,7 @@ void AvertitTronque() {
 void CommenceOuverture(const std::string& chemin, const OptionsOuverture& options) {
   Svc.DessinOuvert(false);
   FichierCourant = chemin;
+  Rapport = {};
   if (options.ecritFichier) {
     for (const auto& [cle, valeur] : ClesOuverture(chemin)) EcrireCle(cle, valeur);
     Svc.FichierRecent(chemin);
@@ -247,6 +236,7 @@ bool PrendEtranger(DessinLu& lu, const OptionsOuverture& options) {
     return false;
   }
   lu.contenu.message = TexteLecture(lu.contenu.rapport);
+  Rapport = lu.contenu.rapport;
   if (lu.contenu.rapport.Tronque) AvertitTronque();
   AvertitSuppositions(lu.contenu.rapport, options.demandeUnite);
   PrepareDessin(Doc, Mesures(), Etapes());
@@ -298,6 +288,8 @@ Ouverture MetEnVigueur(DessinLu& lu, const OptionsOuverture& options, ContenuLu*
 }
 
 }  // namespace
+
+const pathwerk::RapportLecture& RapportOuvert() { return Rapport; }
 
 std::string ChoisitDessin() {
   DialogueFichier dialogue;

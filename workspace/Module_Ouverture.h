@@ -30,6 +30,9 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
 // for its unit and names another.
 Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu = nullptr);
 
+// What the reading of the drawing in force supposed and left out; empty for a project, and before anything is open.
+const pathwerk::RapportLecture& RapportOuvert();
+
 // The open dialog: starts at the key "Fichier". "" when it was left without an answer.
 std::string ChoisitDessin();
 // Reads a file to be opened, with the progress and the thread that a long reading has in a window. Nothing in force

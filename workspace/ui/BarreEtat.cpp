@@ -4,7 +4,10 @@
 #include <algorithm>
 
 #include "base/Indices.h"
+#include "core/Textes.h"
 #include "core/ui/Theme.h"
+#include "core/ui/TraduitFenetre.h"
+#include "workspace/ui/FeuilleLecture.h"
 
 namespace ovelin {
 
@@ -13,6 +16,7 @@ namespace {
 constexpr int Images = 4;
 constexpr int PeriodeImage = 150;  // ms
 constexpr int CoteImage = 16;      // logical pixels
+constexpr int MargeBouton = 12;    // around the text of a button
 
 }  // namespace
 
@@ -29,6 +33,17 @@ BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent), stop_(new BoutonStop
   parole_->setProperty("valeur", true);
   parole_->installEventFilter(this);
   addWidget(parole_, 5);
+  ecartes_ = new QToolButton(this);
+  ecartes_->setObjectName(QStringLiteral("SB1_12"));
+  ecartes_->setProperty("valeur", true);
+  ecartes_->setAutoRaise(true);
+  ecartes_->setFocusPolicy(Qt::StrongFocus);
+  ecartes_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  ecartes_->setVisible(false);
+  ecartes_->installEventFilter(this);
+  connect(ecartes_, &QToolButton::clicked, this,
+          [this] { (new FeuilleLecture(details_, window()))->MontreSur(*ecartes_); });
+  addWidget(ecartes_, 4);
   picture_ = Etiquette("SB1_10", CoteImage);
   addWidget(picture_);
   avancement_ = new QProgressBar(this);
@@ -95,8 +110,27 @@ void BarreEtat::Coupe() {
   parole_->setText(parole_->fontMetrics().elidedText(parlee_, Qt::ElideRight, parole_->width()));
 }
 
+void BarreEtat::Ecarte(const std::string& phrase, const std::string& details) {
+  ecartee_ = QString::fromStdString(phrase);
+  details_ = QString::fromStdString(details);
+  ecartes_->setVisible(!ecartee_.isEmpty());
+  if (ecartee_.isEmpty()) return;
+  Ecrit(*textes_[2], {});
+  const QString bulle = TexteQt(Textes::BulleLecture);
+  ecartes_->setToolTip(bulle + QLatin1Char('\n') + ecartee_);
+  ecartes_->setAccessibleName(ecartee_);
+  ecartes_->setAccessibleDescription(bulle);
+  ecartes_->setMaximumWidth(ecartes_->fontMetrics().horizontalAdvance(ecartee_) + MargeBouton);
+  CoupeEcarte();
+}
+
+void BarreEtat::CoupeEcarte() {
+  ecartes_->setText(ecartes_->fontMetrics().elidedText(ecartee_, Qt::ElideRight, ecartes_->width() - MargeBouton));
+}
+
 bool BarreEtat::eventFilter(QObject* objet, QEvent* e) {
   if (objet == parole_ && e->type() == QEvent::Resize) Coupe();
+  if (objet == ecartes_ && e->type() == QEvent::Resize) CoupeEcarte();
   return QStatusBar::eventFilter(objet, e);
 }
 

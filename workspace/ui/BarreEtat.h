@@ -5,6 +5,7 @@
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QTimer>
+#include <QToolButton>
 #include <array>
 #include <string>
 
@@ -25,6 +26,9 @@ class BarreEtat : public QStatusBar {
   void Carte(const QString& texte, const QString& bulle);
   // What stands on the work bench, beside the panels; cut where the window has no room for it, whole in its tip.
   void Parle(const std::string& texte);
+  // What the reading of a drawing left out; "" for nothing. A press opens the details, which can be copied. Panel 5
+  // gives up its room: it holds the same in the words of the file.
+  void Ecarte(const std::string& phrase, const std::string& details);
   // The one stop button: there while something runs.
   void MontreStop(bool visible) { stop_->setVisible(visible); }
 
@@ -42,11 +46,14 @@ class BarreEtat : public QStatusBar {
   QLabel* Etiquette(const char* nom, int largeur);
   static void Ecrit(QLabel& panneau, const QString& texte);
   void Coupe();
+  void CoupeEcarte();
 
   std::array<QLabel*, 3> textes_{};  // panels 1, 2, 5
   std::array<QLabel*, 3> positions_{};
   QLabel* parole_;
   QString parlee_;
+  QToolButton* ecartes_;
+  QString ecartee_, details_;
   QLabel* picture_;
   QLabel* carte_;
   QProgressBar* avancement_;

@@ -96,6 +96,7 @@ class F_Representation : public QMainWindow {
   bool Enregistre(bool (*procedure)());  // mnu_Save or mnu_SaveAs
   void OffreReprises();                  // work of a program that died
   void ApresOuverture();
+  void MontreEcartes();                         // what the reading of the drawing left out
   void MontreRecents();                         // in the menu, and where there is no drawing
   void OuvreChoisi(const std::string& chemin);  // a recent file or an example
   // mnu_Undo, mnu_Redo or a jump

@@ -35,6 +35,7 @@
 #include "workspace/Module_Recents.h"
 #include "workspace/Module_Reprise.h"
 #include "workspace/Module_Travail.h"
+#include "workspace/TexteLecture.h"
 #include "workspace/ui/F_Representation.h"
 
 namespace ovelin {
@@ -211,9 +212,15 @@ void F_Representation::ApresOuverture() {
   panneau_->Fraisage()->RemplitOutil();
   PB1_->setFocus(Qt::OtherFocusReason);
   Parle();
+  MontreEcartes();
   if (NbPoints >= 0) return;
   // Nothing was read: lists and picture are empty, as the document is.
   Rafraichit();
+}
+
+void F_Representation::MontreEcartes() {
+  const std::string phrase = TraceInitial.empty() ? "" : PhraseLecture(RapportOuvert());
+  SB1_->Ecarte(phrase, DetailsLecture(RapportOuvert(), NomDe(FichierCourant)));
 }
 
 void F_Representation::MontreRecents() {
