@@ -101,14 +101,25 @@ std::vector<AvisPlan> AvisDuPlan() {
     dit(Textes::AvisAttaches, Mm(fonds.attaches), {SorteRemede::Pont, TexteNombre(fonds.attaches)});
   }
   const double libre = double{CourseZ} - HautDeg;
-  if (fonds.tous > libre) dit(Textes::AvisProfondeur, Mm(fonds.tous) + " > " + Mm(libre));
+  if (fonds.tous > libre) {
+    // In hundredths, and never deeper than the travel. Where the clearance alone takes it up the depth is not to
+    // blame.
+    const double fond = std::floor(libre * 100) / 100;
+    const Remede remede = fond > 0 ? Remede{SorteRemede::Profondeur, TexteNombre(-fond)} : Remede{};
+    dit(Textes::AvisProfondeur, Mm(fonds.tous) + " > " + Mm(libre), remede);
+  }
   const double courte = PlusCourteAttachee();
-  if (LargeurEncoche > courte) dit(Textes::AvisEncoche, Mm(LargeurEncoche) + " > " + Mm(courte));
+  if (LargeurEncoche > courte) {
+    // Most of the shortest path is to be cut: a quarter of it, in tenths.
+    const double quart = std::floor(courte / 4 * 10) / 10;
+    const Remede remede = quart > 0 ? Remede{SorteRemede::Encoche, TexteNombre(quart)} : Remede{};
+    dit(Textes::AvisEncoche, Mm(LargeurEncoche) + " > " + Mm(courte), remede);
+  }
   if (const auto poche = AvisPoche(); poche && fonds.poche) {
     dit(*poche, "PCPoche = " + std::to_string(PCPoche),
         {SorteRemede::Recouvrement, TexteNombre(long{Reglages{}.PCPoche})});
   }
-  if (RayonFraise > RayonMax) dit(Textes::AvisRayon, Mm(RayonFraise));
+  if (RayonFraise > RayonMax) dit(Textes::AvisRayon, Mm(RayonFraise), {SorteRemede::Rayon, ""});
   return avis;
 }
 

@@ -1,10 +1,12 @@
 #include "run/Remede.h"
 
+#include "core/Nombres.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "run/Module_Fraisage.h"
 #include "toolpath/ChampsOutil.h"
 #include "toolpath/Module_Transforme.h"
+#include "toolpath/ProprietesSelection.h"
 
 namespace ovelin {
 
@@ -23,6 +25,12 @@ std::string TexteRemede(const Remede& remede) {
       return avec(Textes::RemedePont, "mm");
     case SorteRemede::Recouvrement:
       return avec(Textes::RemedeRecouvrement, "%");
+    case SorteRemede::Profondeur:
+      return avec(Textes::RemedeProfondeur, "mm");
+    case SorteRemede::Encoche:
+      return avec(Textes::RemedeEncoche, "mm");
+    case SorteRemede::Rayon:
+      return Traduire(Textes::RemedeRayon);
     case SorteRemede::Aucun:
       break;
   }
@@ -41,10 +49,19 @@ bool Remedie(const Remede& remede) {
       return EntreMiniEncoche(remede.valeur);
     case SorteRemede::Recouvrement:
       return EntrePCPoche(remede.valeur);
+    case SorteRemede::Profondeur:
+      return LimiteProfondeur(NombreDuTexte(remede.valeur).value_or(0));
+    case SorteRemede::Encoche:
+      return EntreLargeurEncoche(remede.valeur);
+    case SorteRemede::Rayon:
     case SorteRemede::Aucun:
       break;
   }
   return false;
+}
+
+const char* ChampDuRemede(const Remede& remede) {
+  return remede.sorte == SorteRemede::Rayon ? "TB_RayonFraise" : nullptr;
 }
 
 }  // namespace ovelin

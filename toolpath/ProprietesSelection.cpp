@@ -102,4 +102,18 @@ bool ProfondeurSelection(double profondeur) {
   return true;
 }
 
+bool LimiteProfondeur(double fond) {
+  if (!(fond < 0)) return false;
+  bool change = false;
+  for (SequenceInfo& s : Sequences) {
+    if (s.Fraiser == Faux || s.Profondeur >= fond) continue;
+    s.Profondeur = fond;
+    change = true;
+  }
+  if (!change) return false;
+  Modifie = Vrai;
+  Svc.Rafraichit();
+  return true;
+}
+
 }  // namespace ovelin

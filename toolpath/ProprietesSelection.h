@@ -13,5 +13,8 @@ void FraiserSelection(bool fraiser);          // CB_Fraiser
 // A depth for the selection (TB_Profondeur). False: refused (ProfondeurNonNegative) or answered No
 // (ProfondeursInegales).
 bool ProfondeurSelection(double profondeur);
+// No milled path goes deeper than `fond` (mm, negative): those that do end there, selected or not. False where none
+// did.
+bool LimiteProfondeur(double fond);
 
 }  // namespace ovelin

@@ -229,9 +229,15 @@ void F_Fraisage::Pas(int index) {
   Planifie(true);
 }
 
-// What a warning names is mended by its button; every field shows what is in force then.
+// What a warning names is mended by its button, and every field shows what is in force then; or its field is
+// opened.
 void F_Fraisage::Mende(const Remede& remede) {
   if (OperationCarte) return Svc.Bip();
+  if (const char* nom = ChampDuRemede(remede)) {
+    auto* champ = findChild<ChampNombre*>(QLatin1String(nom));
+    champ->setFocus(Qt::OtherFocusReason);
+    return champ->selectAll();
+  }
   if (!Remedie(remede)) return;
   TB_Vit_Mat_H_->Accepte();
   TB_Vit_Mat_H_->Montre(TexteNombre(Vitesse_Mat_H));

@@ -207,6 +207,62 @@ TEST(F_Fraisage, AClearanceThatIsNoneIsMendedBesideItsRefusal) {
   EXPECT_EQ(b.Texte("Val_Passes"), "3");
 }
 
+// The button of that text, in any row of the warnings.
+QPushButton* Remede(Banc& b, CleTexte texte) {
+  for (auto* bouton : b.f.findChildren<QPushButton*>()) {
+    if (bouton->isVisible() && bouton->text().toStdString().starts_with(Traduire(texte))) return bouton;
+  }
+  return nullptr;
+}
+
+TEST(F_Fraisage, ADepthBeyondTheTravelEndsThereAtAPress) {
+  Travail();
+  HautDeg = 10;
+  CourseZ = 12;
+  Banc b;
+  QPushButton* bouton = Remede(b, Textes::RemedeProfondeur);
+  ASSERT_NE(bouton, nullptr);
+  EXPECT_TRUE(bouton->text().endsWith(" -2 mm")) << bouton->text().toStdString();
+  bouton->setFocus();
+  QTest::keyClick(bouton, Qt::Key_Space);
+  EXPECT_EQ(Sequences[0].Profondeur, -2);
+  EXPECT_EQ(b.Texte("Val_Passes"), "2");
+  EXPECT_EQ(Remede(b, Textes::RemedeProfondeur), nullptr);
+}
+
+TEST(F_Fraisage, ARadiusThatIsSurelyWrongLeadsToItsField) {
+  Travail();
+  RayonFraise = 60;
+  RecalculDecalages();
+  Banc b;
+  QPushButton* bouton = Remede(b, Textes::RemedeRayon);
+  ASSERT_NE(bouton, nullptr);
+  Clique(*bouton);
+  auto* champ = Controle<ChampNombre>(b.f, "TB_RayonFraise");
+  EXPECT_EQ(QApplication::focusWidget(), champ);
+  EXPECT_EQ(champ->selectedText(), "60");
+  QTest::keyClicks(champ, "3");
+  QTest::keyClick(champ, Qt::Key_Return);
+  EXPECT_EQ(RayonFraise, 3);
+  EXPECT_EQ(Remede(b, Textes::RemedeRayon), nullptr);
+}
+
+// A square of 40 mm is 160 mm long, a quarter of that 40.
+TEST(F_Fraisage, NotchesWiderThanTheirPathBecomeAQuarterOfItAtAPress) {
+  Travail();
+  TraceInitial[2].Cde = CodePC;
+  MiniEncoche = 1;
+  LargeurEncoche = 200;
+  RecalculDecalages();
+  Banc b;
+  QPushButton* bouton = Remede(b, Textes::RemedeEncoche);
+  ASSERT_NE(bouton, nullptr);
+  Clique(*bouton);
+  EXPECT_EQ(LargeurEncoche, 40);
+  EXPECT_EQ(b.Champ("TB_LargeurEncoche"), "40");
+  EXPECT_EQ(Remede(b, Textes::RemedeEncoche), nullptr);
+}
+
 TEST(F_Fraisage, WhileTheMachineWorksNoWarningIsMended) {
   Travail();
   Banc b;
@@ -215,6 +271,23 @@ TEST(F_Fraisage, WhileTheMachineWorksNoWarningIsMended) {
   Clique(*Controle<QPushButton>(b.f, "Btn_Remede"));
   OperationCarte = false;
   EXPECT_EQ(Vitesse_Mat_H, 35);
+}
+
+TEST(F_Fraisage, SpeedsStandInMillimetresAMinuteTooAndTheRadiusAsADiameter) {
+  Svc.MarqueDecimale = ',';
+  Travail();
+  Vitesse_Mat_H = 2.5;
+  RayonFraise = 1.5;
+  Banc b;
+  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_H"), "150 mm/min");
+  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_V"), "60 mm/min");
+  EXPECT_EQ(b.Texte("Lbl_Eq_RayonFraise"), "Ø 3,0");
+  Clique(*Controle<QToolButton>(b.f, "CB_VitMat_4"));
+  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_H"), "210 mm/min");
+  b.v->setFocus();
+  b.v->selectAll();
+  QTest::keyClicks(b.v, "0,33");
+  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_V"), "19,8 mm/min");
 }
 
 TEST(F_Fraisage, WarnsOfASpeedThatTheAxesDoNotFollow) {
@@ -273,23 +346,6 @@ TEST(F_Fraisage, StepButtonsChangeTheSpeed) {
   EXPECT_EQ(b.h->Texte(), "4.0");
   EXPECT_EQ(Vitesse_Mat_H, 4);
   Clique(*Controle<QToolButton>(b.f, "CB_VitMat_3"));
-TEST(F_Fraisage, SpeedsStandInMillimetresAMinuteTooAndTheRadiusAsADiameter) {
-  Svc.MarqueDecimale = ',';
-  Travail();
-  Vitesse_Mat_H = 2.5;
-  RayonFraise = 1.5;
-  Banc b;
-  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_H"), "150 mm/min");
-  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_V"), "60 mm/min");
-  EXPECT_EQ(b.Texte("Lbl_Eq_RayonFraise"), "Ø 3,0");
-  Clique(*Controle<QToolButton>(b.f, "CB_VitMat_4"));
-  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_H"), "210 mm/min");
-  b.v->setFocus();
-  b.v->selectAll();
-  QTest::keyClicks(b.v, "0,33");
-  EXPECT_EQ(b.Texte("Lbl_Eq_Vit_Mat_V"), "19,8 mm/min");
-}
-
   EXPECT_EQ(b.h->Texte(), "4.1");
   Clique(*Controle<QToolButton>(b.f, "CB_VitMat_2"));
   Clique(*Controle<QToolButton>(b.f, "CB_VitMat_1"));

@@ -63,13 +63,60 @@ TEST(TexteRemede, SaysWhatThePressDoes) {
   EXPECT_EQ(TexteRemede({}), "");
 }
 
-// What a depth asks of the machine is nobody's to decide but the user's.
-TEST(AvisDuPlan, NamesNoRemedyForADepthBeyondTheTravel) {
+// A travel of 200 with a clearance of 5 leaves 195.
+TEST(Remedie, EndsADepthWhereTheTravelEnds) {
+  Regl.Langue = "fr";
   ReglagesPlan();
   CourseZ = 200;
   AjouteTrajet(" A", -196, Carre);
+  AjouteTrajet(" B", -3, Carre);
+  AjouteTrajet(" C", -300, Carre, false);
+  ASSERT_EQ(AvisDuPlan().size(), 1U);
+  const Remede remede = AvisDuPlan()[0].remede;
+  EXPECT_EQ(TexteRemede(remede), "Profondeur -195 mm");
+  EXPECT_TRUE(Remedie(remede));
+  EXPECT_EQ(Sequences[0].Profondeur, -195);
+  EXPECT_EQ(Sequences[1].Profondeur, -3);
+  EXPECT_EQ(Sequences[2].Profondeur, -300) << "not milled";
+  EXPECT_EQ(Modifie, Vrai);
+  EXPECT_TRUE(AvisDuPlan().empty());
+  EXPECT_FALSE(Remedie(remede)) << "nothing is left to do";
+}
+
+TEST(Remedie, HasNoDepthToOfferWhereTheClearanceTakesUpTheTravel) {
+  ReglagesPlan();
+  CourseZ = 4;
+  AjouteTrajet(" A", -2, Carre);
   ASSERT_EQ(AvisDuPlan().size(), 1U);
   EXPECT_EQ(AvisDuPlan()[0].remede.sorte, SorteRemede::Aucun);
+}
+
+// A square of 3 mm is 12 mm long, a quarter of that 3.
+TEST(Remedie, MakesNotchesAQuarterOfTheShortestPath) {
+  Regl.Langue = "fr";
+  ReglagesPlan();
+  AjouteCarre(" A", 0, 0, 3);
+  TraceInitial[2].Cde = CodePC;
+  LargeurEncoche = 15;
+  ASSERT_EQ(AvisDuPlan().size(), 1U);
+  const Remede remede = AvisDuPlan()[0].remede;
+  EXPECT_EQ(TexteRemede(remede), "Encoches de 3 mm");
+  EXPECT_TRUE(Remedie(remede));
+  EXPECT_EQ(LargeurEncoche, 3);
+}
+
+// 60 may be a diameter, hundredths or inches: nobody but the user knows.
+TEST(Remedie, LeadsToTheFieldOfARadiusThatIsSurelyWrong) {
+  ReglagesPlan();
+  AjouteTrajet(" A", -2, Carre);
+  RayonFraise = 60;
+  ASSERT_EQ(AvisDuPlan().size(), 1U);
+  const Remede remede = AvisDuPlan()[0].remede;
+  EXPECT_STREQ(ChampDuRemede(remede), "TB_RayonFraise");
+  EXPECT_EQ(ChampDuRemede({SorteRemede::Pont, "4"}), nullptr);
+  EXPECT_NE(TexteRemede(remede), "");
+  EXPECT_FALSE(Remedie(remede));
+  EXPECT_EQ(RayonFraise, 60);
 }
 
 }  // namespace
