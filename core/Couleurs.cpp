@@ -7,8 +7,6 @@ namespace ovelin {
 
 namespace {
 
-constexpr double ContrasteVoulu = 3.0;  // graphics that must be told apart (WCAG 2, criterion 1.4.11)
-
 // Shares of red, green and blue, 0 to 1.
 struct Rvb {
   double r = 0, v = 0, b = 0;
@@ -83,20 +81,20 @@ double Contraste(std::int32_t a, std::int32_t b) { return Contraste(EnParts(a), 
 // dark red a light one, and two colours that could be told apart still can. From there the lightness moves in small
 // steps up and down at once; the first that is far enough from the ground is the nearest. One of black and white
 // always is.
-std::int32_t CouleurLisible(std::int32_t couleur, std::int32_t fond) {
-  const Rvb sol = EnParts(fond);
-  if (Contraste(EnParts(couleur), sol) >= ContrasteVoulu) return couleur;
+std::int32_t CouleurLisible(std::int32_t couleur, std::int32_t fond, double contraste) {
+  if (Contraste(couleur, fond) >= contraste) return couleur;
   const Tsl teinte = EnTsl(EnParts(couleur));
   const double clarte = 1 - teinte.clarte;
-  const Rvb miroir = AvecClarte(teinte, clarte);
-  if (Contraste(miroir, sol) >= ContrasteVoulu) return EnCouleur(miroir);
+  // What is judged is the colour in bytes that is drawn.
+  const std::int32_t miroir = EnCouleur(AvecClarte(teinte, clarte));
+  if (Contraste(miroir, fond) >= contraste) return miroir;
   for (int pas = 1; pas <= 100; ++pas) {
     for (const double sens : {0.01, -0.01}) {
-      const Rvb essai = AvecClarte(teinte, clarte + sens * pas);
-      if (Contraste(essai, sol) >= ContrasteVoulu) return EnCouleur(essai);
+      const std::int32_t essai = EnCouleur(AvecClarte(teinte, clarte + sens * pas));
+      if (Contraste(essai, fond) >= contraste) return essai;
     }
   }
-  return Luminance(sol) < 0.18 ? Couleur(255, 255, 255) : Couleur(0, 0, 0);
+  return Luminance(EnParts(fond)) < 0.18 ? Couleur(255, 255, 255) : Couleur(0, 0, 0);
 }
 
 }  // namespace ovelin

@@ -18,7 +18,11 @@ constexpr std::int32_t PapierDe(Theme theme) {
 // Contrast of two colours, 1 to 21 (WCAG 2).
 double Contraste(std::int32_t a, std::int32_t b);
 
-// The colour, or the same hue lighter or darker, so that it can be told from `fond` (contrast of 3 to 1).
-std::int32_t CouleurLisible(std::int32_t couleur, std::int32_t fond);
+inline constexpr double ContrasteGraphique = 3.0;  // graphics that must be told apart (WCAG 2, criterion 1.4.11)
+inline constexpr double ContrasteTexte = 4.5;      // text that must be read (criterion 1.4.3)
+
+// The colour, or the same hue lighter or darker, so that its contrast to `fond` is `contraste` at least. Black or
+// white reaches 4.58 on any ground; more than that can't be asked for.
+std::int32_t CouleurLisible(std::int32_t couleur, std::int32_t fond, double contraste = ContrasteGraphique);
 
 }  // namespace ovelin

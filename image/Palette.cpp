@@ -112,7 +112,8 @@ std::span<const float> MotifDe(StyleTrait style) {
   return {};
 }
 
-// A fixed fill stays as it is on any paper; a colour of the settings is lifted from it.
+// A fixed fill stays as it is on any paper; a colour of the settings is lifted from it, farther for what is written
+// than for what is drawn in it.
 Palette ConstruitPalette(const Reglages& reglages, Theme theme) {
   Palette palette;
   palette.papier = PapierDe(theme);
@@ -128,7 +129,8 @@ Palette ConstruitPalette(const Reglages& reglages, Theme theme) {
     aspect.couleur = enPapier(ligne.encre) ? couleur : CouleurLisible(couleur, palette.papier);
     aspect.fond = teinte(ligne.fond);
     if (ligne.fond.reglage != nullptr) aspect.fond = CouleurLisible(aspect.fond, palette.papier);
-    aspect.couleurTexte = CouleurLisible(couleur, aspect.fond == SansFond ? palette.papier : aspect.fond);
+    const std::int32_t sous = aspect.fond == SansFond ? palette.papier : aspect.fond;
+    aspect.couleurTexte = CouleurLisible(couleur, sous, ContrasteTexte);
     aspect.largeur = ligne.largeur;
     if (reglages.DessinSobre) {
       aspect.opacite = ligne.sobre.opacite;

@@ -15,12 +15,6 @@ static void ChargeRessources() { Q_INIT_RESOURCE(icones); }
 
 namespace ovelin {
 
-namespace {
-
-constexpr double ContrasteTexte = 4.5;  // text that must be read (WCAG 2, criterion 1.4.3)
-
-}  // namespace
-
 QColor EnCouleur(std::int32_t couleur) {
   const auto v = static_cast<std::uint32_t>(couleur);
   return QColor(static_cast<int>(v & 255U), static_cast<int>((v >> 8U) & 255U),
@@ -40,9 +34,9 @@ Theme ThemeDe(const QWidget& w) {
   return luminance(QPalette::Window) < luminance(QPalette::WindowText) ? Theme::Sombre : Theme::Clair;
 }
 
-QColor CouleurLisible(const QColor& couleur, const QColor& fond) {
+QColor CouleurLisible(const QColor& couleur, const QColor& fond, double contraste) {
   const std::int32_t demandee = DeCouleur(couleur);
-  const std::int32_t lisible = CouleurLisible(demandee, DeCouleur(fond));
+  const std::int32_t lisible = CouleurLisible(demandee, DeCouleur(fond), contraste);
   return lisible == demandee ? couleur : EnCouleur(lisible);
 }
 

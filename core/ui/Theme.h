@@ -16,8 +16,13 @@ std::int32_t DeCouleur(const QColor& couleur);
 
 // Dark when the palette's window is darker than its text.
 Theme ThemeDe(const QWidget& w);
-// The colour, or the same hue lighter or darker, so that it can be told from `fond` (contrast of 3 to 1).
-QColor CouleurLisible(const QColor& couleur, const QColor& fond);
+// The colour, or the same hue lighter or darker, so that it can be told from `fond`: by default as a graphic, with
+// a contrast of 3 to 1.
+QColor CouleurLisible(const QColor& couleur, const QColor& fond, double contraste = ContrasteGraphique);
+// The same for what is written in that colour.
+inline QColor TexteLisible(const QColor& couleur, const QColor& fond) {
+  return CouleurLisible(couleur, fond, ContrasteTexte);
+}
 // The faintest grey that can be read as text on that ground (WCAG 2, criterion 1.4.3).
 QColor GrisLisible(const QColor& fond);
 // "Paper" of the picture and of previews: white in a light theme, a dark grey in a dark one.

@@ -42,7 +42,7 @@ constexpr int Rouge = 255, Vert = 65'280;
 
 // What a control wears to be told from its neighbours, readable on its ground; not again what it wears already.
 void Colore(QWidget& w, const char* genre, bool marque, int couleur, QPalette::ColorRole fond) {
-  const QColor lisible = CouleurLisible(EnCouleur(couleur), w.palette().color(fond));
+  const QColor lisible = TexteLisible(EnCouleur(couleur), w.palette().color(fond));
   const QString style =
       marque
           ? QStringLiteral("%1 { color: %2; font-weight: bold; }").arg(QString::fromLatin1(genre), lisible.name())

@@ -70,7 +70,7 @@ QColor ModeleArbre::Couleur(std::int32_t couleur) const {
   const auto [it, neuve] = couleurs_.try_emplace(couleur);
   // The light grey of what is not milled would turn into a black on white paper, or pass for white on black.
   if (neuve)
-    it->second = couleur == CouleurNonFraisee ? GrisLisible(fond_) : CouleurLisible(EnCouleur(couleur), fond_);
+    it->second = couleur == CouleurNonFraisee ? GrisLisible(fond_) : TexteLisible(EnCouleur(couleur), fond_);
   return it->second;
 }
 

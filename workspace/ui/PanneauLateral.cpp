@@ -139,8 +139,8 @@ void PanneauLateral::Option1(PageSequence page) { choixPage_->setCurrentIndex(st
 
 void PanneauLateral::Couleurs() {
   const QColor fond = palette().color(QPalette::Window);
-  choixArbre_->setTabTextColor(0, CouleurLisible(EnCouleur(Regl.CouleurInitial), fond));
-  choixArbre_->setTabTextColor(1, CouleurLisible(EnCouleur(Regl.CouleurDecalage), fond));
+  choixArbre_->setTabTextColor(0, TexteLisible(EnCouleur(Regl.CouleurInitial), fond));
+  choixArbre_->setTabTextColor(1, TexteLisible(EnCouleur(Regl.CouleurDecalage), fond));
 }
 
 // Its own change of palette, not the window's: that one comes before the parts of the window have theirs.

@@ -46,6 +46,9 @@ struct Arbre1 {
   }
 };
 
+// The delivered red of the tool path, a shade darker: as a text it is read on white, 4.5 to 1.
+bool EstRougeSombre(const QColor& c) { return c.green() == 0 && c.blue() == 0 && c.red() > 220 && c.red() < 250; }
+
 bool Choisie(const char* code) { return EstSelectionnee(Code2(code)) != Faux; }
 
 TEST(Remplit, MakesARootAGroupForEachPathAndItsPoints) {
@@ -90,7 +93,7 @@ TEST(Remplit, TheTreeOfTheToolPathHasItsOwnHeadlinesAndColour) {
   const Arbre1 a(SorteArbre::Decale);
   ASSERT_EQ(a.arbre.model()->rowCount(a.Racine()), 2);
   EXPECT_TRUE(a.arbre.model()->data(a.Groupe(0)).toString().startsWith(QStringLiteral("-1/2:")));
-  EXPECT_EQ(a.Couleur(a.Groupe(0)), QColor(255, 0, 0));
+  EXPECT_TRUE(EstRougeSombre(a.Couleur(a.Groupe(0))));
   TraceDecale.clear();
   Arbre1 b(SorteArbre::Decale);
   EXPECT_EQ(b.arbre.model()->rowCount(b.Racine()), 0) << "the root alone";
@@ -152,7 +155,7 @@ TEST(Remplit, APathThatIsNotMilledIsGreyButLegible) {
   EXPECT_EQ(gris.hslSaturation(), 0);
   EXPECT_LT(gris.lightness(), 160) << "240 of 255 could not be told from white";
   EXPECT_GT(gris.lightness(), 90) << "a grey, not the black of what is milled";
-  EXPECT_EQ(a.Couleur(a.Groupe(1)), QColor(255, 0, 0));
+  EXPECT_TRUE(EstRougeSombre(a.Couleur(a.Groupe(1))));
 }
 
 TEST(Remplit, APathThatIsNotMilledIsNoWhiteOnADarkTheme) {

@@ -139,7 +139,10 @@ TEST(Dessin, WritesTheLegendIntoItsLabels) {
   EXPECT_TRUE(decalage->isVisible());
   EXPECT_EQ(dessin->text().toStdString(), options.legendeDessin);
   EXPECT_EQ(decalage->text().toStdString(), options.legendeDecalage);
-  EXPECT_EQ(decalage->palette().color(QPalette::WindowText), QColor(255, 0, 0));
+  const QColor encre = decalage->palette().color(QPalette::WindowText);
+  EXPECT_GE(Contraste(encre, Qt::white), 4.5) << "the setting's red alone has 3.998";
+  EXPECT_EQ(encre.hue(), 0);
+  EXPECT_EQ(encre.saturation(), 255);
   EXPECT_EQ(decalage->y(), dessin->y() + dessin->height());
   EXPECT_EQ(dessin->x(), decalage->x());
   EXPECT_EQ(dessin->x(), std::max(1, static_cast<int>(std::lround(dessin->height() / 10.0))));

@@ -24,16 +24,29 @@ TEST(CouleurLisible, ADarkColourOnDarkIsMirroredInItsLightness) {
 TEST(CouleurLisible, AGreyStaysAGrey) {
   const std::int32_t gris = CouleurLisible(Couleur(128, 128, 128), Couleur(120, 120, 120));
   EXPECT_EQ(gris, Couleur(gris & 255, gris & 255, gris & 255));
-  EXPECT_GE(Contraste(gris, Couleur(120, 120, 120)), 2.95);
+  EXPECT_GE(Contraste(gris, Couleur(120, 120, 120)), 3);
 }
 
-TEST(CouleurLisible, ReachesThreeToOneForEveryColourOnEveryGround) {
-  for (int fond = 0; fond <= 255; fond += 51) {
-    for (int c = 0; c < 27; ++c) {
-      const std::int32_t couleur = Couleur(c % 3 * 127, c / 3 % 3 * 127, c / 9 * 127);
-      EXPECT_GE(Contraste(CouleurLisible(couleur, Couleur(fond, fond, fond)), Couleur(fond, fond, fond)), 2.95);
+TEST(CouleurLisible, ReachesWhatIsAskedForEveryColourOnEveryGround) {
+  for (const double contraste : {ContrasteGraphique, ContrasteTexte}) {
+    for (int g = 0; g <= 255; g += 17) {
+      const std::int32_t fond = Couleur(g, g, g);
+      for (int c = 0; c < 125; ++c) {
+        const std::int32_t couleur = Couleur(c % 5 * 63, c / 5 % 5 * 63, c / 25 * 63);
+        EXPECT_GE(Contraste(CouleurLisible(couleur, fond, contraste), fond), contraste) << g << " " << c;
+      }
     }
   }
+}
+
+// Pure red has 3.998 on white: enough for a line, too little for a text.
+TEST(CouleurLisible, ATextIsDarkerThanALineInTheSameColour) {
+  const std::int32_t rouge = Couleur(255, 0, 0);
+  const std::int32_t blanc = Couleur(255, 255, 255);
+  EXPECT_EQ(CouleurLisible(rouge, blanc), rouge);
+  const std::int32_t ecrit = CouleurLisible(rouge, blanc, ContrasteTexte);
+  EXPECT_EQ(ecrit, Couleur(ecrit & 255, 0, 0)) << "still red";
+  EXPECT_GT(ecrit & 255, 220) << "and hardly another";
 }
 
 }  // namespace

@@ -62,24 +62,38 @@ TEST(Palette, TheSelectionIsWiderAlsoInTheColourOfTheOthers) {
   EXPECT_GT(p[Role::Selection].largeur, p[Role::Dessin].largeur);
 }
 
+// Graphics at 3 to 1 from the paper, texts at 4.5 to 1 from what lies under them.
+void JugePalette(const Palette& p) {
+  for (std::size_t i = 0; i < NombreRoles; ++i) {
+    const Aspect& aspect = p.aspects[i];
+    if (static_cast<Role>(i) == Role::FondMesure) {
+      EXPECT_EQ(aspect.couleur, p.papier) << "the paper itself";
+      continue;
+    }
+    EXPECT_GE(Contraste(aspect.couleur, p.papier), 3) << i;
+    const std::int32_t sous = aspect.fond == SansFond ? p.papier : aspect.fond;
+    EXPECT_GE(Contraste(aspect.couleurTexte, sous), 4.5) << i;
+  }
+}
+
 TEST(Palette, EveryColourCanBeToldFromLightAndFromDarkPaper) {
   for (const Theme theme : {Theme::Clair, Theme::Sombre}) {
-    for (const std::int32_t couleur :
-         {Couleur(0, 0, 0), Couleur(255, 255, 255), Couleur(255, 255, 0), Couleur(0, 0, 90)}) {
+    for (const std::int32_t couleur : {Couleur(0, 0, 0), Couleur(255, 255, 255), Couleur(255, 255, 0),
+                                       Couleur(0, 0, 90), Couleur(128, 128, 128), Couleur(255, 0, 0)}) {
       Reglages r;
       r.CouleurNumero = r.CouleurSequence = r.CouleurInitial = couleur;
       r.Couleurselectionne = r.CouleurDecalage = r.CouleurEncoche = couleur;
-      const Palette p = ConstruitPalette(r, theme);
-      for (std::size_t i = 0; i < NombreRoles; ++i) {
-        const Aspect& aspect = p.aspects[i];
-        if (static_cast<Role>(i) == Role::FondMesure) {
-          EXPECT_EQ(aspect.couleur, p.papier) << "the paper itself";
-          continue;
-        }
-        EXPECT_GE(Contraste(aspect.couleur, p.papier), 2.95);
-        const std::int32_t sous = aspect.fond == SansFond ? p.papier : aspect.fond;
-        EXPECT_GE(Contraste(aspect.couleurTexte, sous), 2.95);
-      }
+      r.CouleurRapide = r.CouleurCoupe = r.CouleurPlongee = r.CouleurSaignee = couleur;
+      r.CouleurEtroit = r.CouleurHalo = r.CouleurCourse = r.CouleurHors = couleur;
+      JugePalette(ConstruitPalette(r, theme));
+    }
+  }
+}
+
+TEST(Palette, TheDeliveredColoursCanBeToldAndReadOnLightAndOnDarkPaper) {
+  for (const bool sobre : {false, true}) {
+    for (const Theme theme : {Theme::Clair, Theme::Sombre}) {
+      JugePalette(ConstruitPalette(Reglages{.DessinSobre = sobre}, theme));
     }
   }
 }
