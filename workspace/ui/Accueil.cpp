@@ -35,7 +35,7 @@ Accueil::Accueil(QWidget* parent) : QFrame(parent) {
   auto* colonne = new QVBoxLayout(this);
   colonne->setContentsMargins(Marge, Marge, Marge, Marge);
   colonne->setSpacing(Ecart);
-  colonne->addStretch();
+  // From the top: the window of moves by hand begins in the lower corner where it finds no room beside.
   phrase_ = Phrase("Lbl_Vide", "Ouvrez un dessin (Ctrl+O) ou déposez un fichier ici", this);
   phrase_->setAlignment(Qt::AlignCenter);
   QFont police = phrase_->font();

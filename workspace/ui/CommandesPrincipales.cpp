@@ -22,7 +22,8 @@ namespace {
 // What has a place of its own in the menus and on the tool bar.
 constexpr std::string_view MenuRecents = "mnu_Fichier", CommandeApresRecents = "mnu_Quitter";
 constexpr std::string_view Materiau = "CB_BD", PasDeZoom = "Combo_Zoom";
-constexpr std::string_view Principale = "mnu_Fraisage";  // the one button that stands out
+constexpr std::string_view Principale = "mnu_Fraisage";   // the one button that stands out
+constexpr int LettresMateriau = 16, LettresSerrees = 12;  // that the list of materials shows at least
 
 // The combo of the zoom: its arrows and the keys up and down step the scale, its items "+" and "-" too.
 class ComboPas : public QComboBox {
@@ -67,6 +68,7 @@ CommandesPrincipales::CommandesPrincipales(QMenuBar* menus, QToolBar* barre, con
   DessinOuvert(false);
   Active("mnu_Undo", false);
   Active("mnu_Redo", false);
+  barre->installEventFilter(this);
 }
 
 QAction* CommandesPrincipales::Cree(const LigneCommande& ligne) {
@@ -182,14 +184,14 @@ void CommandesPrincipales::AjouteMateriau() {
   auto* cadre = new QWidget(barre_);
   auto* rangee = new QHBoxLayout(cadre);
   rangee->setContentsMargins(2, 0, 2, 0);
-  auto* etiquette = new QLabel(QStringLiteral("Matériau"), cadre);
-  etiquette->setObjectName(QStringLiteral("Lbl_BD"));
+  lblBD_ = new QLabel(QStringLiteral("Matériau"), cadre);
+  lblBD_->setObjectName(QStringLiteral("Lbl_BD"));
   cbBD_ = Liste(QStringLiteral("CB_BD"),
                 QStringLiteral("Matériau : rayon, profondeurs, vitesses et encoches en une fois"), cadre);
-  cbBD_->setMinimumContentsLength(16);
+  cbBD_->setMinimumContentsLength(LettresMateriau);
   cbBD_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  etiquette->setBuddy(cbBD_);
-  rangee->addWidget(etiquette);
+  lblBD_->setBuddy(cbBD_);
+  rangee->addWidget(lblBD_);
   rangee->addWidget(cbBD_);
   barre_->addWidget(cadre);
 }
@@ -249,7 +251,36 @@ void CommandesPrincipales::DessinOuvert(bool ouvert) {
 
 void CommandesPrincipales::MontreUndo(bool visible) {
   const auto bouton = boutons_.find("mnu_Undo");
-  if (bouton != boutons_.end()) bouton->second->setVisible(visible);
+  if (bouton == boutons_.end() || bouton->second->isVisible() == visible) return;
+  bouton->second->setVisible(visible);
+  AjusteBarre();
+}
+
+void CommandesPrincipales::SerreBarre(Serre serre) {
+  lblBD_->setVisible(serre == Serre::Large);
+  cbBD_->setMinimumContentsLength(serre == Serre::Large ? LettresMateriau : LettresSerrees);
+  QWidget* cadre = lblBD_->parentWidget();
+  cadre->layout()->activate();
+  cadre->updateGeometry();
+  const auto principal = boutons_.find(std::string(Principale));
+  if (principal == boutons_.end()) return;
+  qobject_cast<QToolButton*>(barre_->widgetForAction(principal->second))
+      ->setToolButtonStyle(serre == Serre::Icones ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+}
+
+void CommandesPrincipales::AjusteBarre() {
+  if (ajuste_) return;
+  ajuste_ = true;
+  for (const Serre serre : {Serre::Large, Serre::SansMateriau, Serre::Icones}) {
+    SerreBarre(serre);
+    if (barre_->sizeHint().width() <= barre_->width()) break;
+  }
+  ajuste_ = false;
+}
+
+bool CommandesPrincipales::eventFilter(QObject* objet, QEvent* e) {
+  if (objet == barre_ && e->type() == QEvent::Resize) AjusteBarre();
+  return QObject::eventFilter(objet, e);
 }
 
 void CommandesPrincipales::RemplitRecents(const std::vector<std::string>& textes) {

@@ -3,8 +3,10 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QLabel>
 #include <QMenuBar>
 #include <QToolBar>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -54,8 +56,16 @@ class CommandesPrincipales : public QObject {
   [[nodiscard]] QComboBox* Combo_Zoom() const { return comboZoom_; }
   // The button that stands out, again for another palette; the others follow it by themselves.
   void DessineBoutonPrincipal();
+  // Words on the tool bar give way where they would push buttons out of sight: first those beside the materials,
+  // then those of the button that stands out. Called by itself when the bar has another width.
+  void AjusteBarre();
+
+ protected:
+  bool eventFilter(QObject* objet, QEvent* e) override;
 
  private:
+  enum class Serre : std::uint8_t { Large, SansMateriau, Icones };
+  void SerreBarre(Serre serre);
   QAction* Cree(const LigneCommande& ligne);
   void Applique(const LigneCommande& ligne);
   void RemplitMenus(QMenuBar* menus);
@@ -71,9 +81,11 @@ class CommandesPrincipales : public QObject {
   std::map<std::string, QAction*> actions_;
   std::map<std::string, QAction*> boutons_;
   QToolBar* barre_;
+  bool ajuste_ = false;  // the bar is being adjusted
   QMenu* menuFichier_ = nullptr;
   QAction* separateurRecents_ = nullptr;
   std::vector<QAction*> recents_;
+  QLabel* lblBD_ = nullptr;
   QComboBox* cbBD_ = nullptr;
   QComboBox* comboZoom_ = nullptr;
 };

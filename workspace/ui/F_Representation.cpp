@@ -42,6 +42,7 @@
 #include "workspace/Module_Recents.h"
 #include "workspace/Module_Souris.h"
 #include "workspace/Module_Travail.h"
+#include "workspace/ui/PlaceACote.h"
 
 namespace ovelin {
 
@@ -237,16 +238,13 @@ void F_Representation::Place() {
   commandes_->Coche("mnu_Panneau", panneau > 0);
 }
 
-// A window that has no place of its own yet stands in the lower right corner of the picture: the side panel is for
-// the drawing that comes next.
-void F_Representation::PlaceSurImage(const char* nom) {
-  constexpr int Bord = 16;
+// A window that has no place of its own yet stands beside this one where the screen has room for it, or else in the
+// lower right corner of the picture: the side panel is for the drawing that comes next.
+void F_Representation::PlaceFenetre(const char* nom) {
+  const QRect image(PB1_->mapToGlobal(QPoint(0, 0)), PB1_->size());
   for (QWidget* fenetre : QApplication::topLevelWidgets()) {
     if (fenetre->objectName() != QLatin1String(nom) || !fenetre->isVisible()) continue;
-    const QPoint coin = PB1_->mapToGlobal(PB1_->rect().bottomRight()) - QPoint(Bord, Bord);
-    const QPoint libre = coin - QPoint(fenetre->frameSize().width(), fenetre->frameSize().height());
-    const QRect ecran = screen()->availableGeometry();
-    fenetre->move(std::max(libre.x(), ecran.left()), std::max(libre.y(), ecran.top()));
+    fenetre->move(PlaceACote(screen()->availableGeometry(), frameGeometry(), image, fenetre->frameSize()));
   }
 }
 
@@ -322,7 +320,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
   if (!FenetreExiste || !FenetreExiste("F_PilMan")) return;
   const bool neuve = LireCle(std::string("F_PilMan") + cles::suffixe::Gauche, "").empty();
   Fenetre("F_PilMan");
-  if (neuve) PlaceSurImage("F_PilMan");
+  if (neuve) PlaceFenetre("F_PilMan");
   activateWindow();  // keys that are meant for the drawing move no machine
 }
 

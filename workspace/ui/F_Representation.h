@@ -64,7 +64,7 @@ class F_Representation : public QMainWindow {
   void Relie();
   void InstalleServices();
   void Place();  // where and how large the window was
-  void PlaceSurImage(const char* nom);
+  void PlaceFenetre(const char* nom);
   void RentreDansEcran();  // no edge lies beyond the screen
   void AppliqueTheme();
   [[nodiscard]] EtatFenetre EtatCourant() const;

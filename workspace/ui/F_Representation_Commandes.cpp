@@ -313,6 +313,8 @@ void F_Representation::ChangeLangue() {
   TraduitFenetresOuvertes();
   Titre();
   panneau_->Traduit();
+  commandes_->AjusteBarre();
+  MontreEcartes();
   PB1_->Traduit();
   carte_.reset();
   AfficheCarte();

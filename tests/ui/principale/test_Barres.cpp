@@ -100,6 +100,40 @@ TEST_F(Barres, TheOneThatStandsOutHasItsTextBesideItsPicture) {
   EXPECT_NE(C<QToolButton>("mnu_Save")->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
 }
 
+TEST_F(Barres, EveryButtonHasRoomInANarrowWindowInEveryLanguage) {
+  for (const std::string& langue : essai::LanguesDuProduit()) {
+    essai::ChoisitLangue(langue);
+    Plaque();
+    fenetre_->resize(1024, 700);
+    essai::Evenements();
+    auto* barre = C<QToolBar>("TB1");
+    for (QAction* bouton : barre->actions()) {
+      if (bouton->isSeparator() || !bouton->isVisible()) continue;
+      EXPECT_TRUE(barre->widgetForAction(bouton)->isVisible())
+          << langue << " " << bouton->objectName().toStdString();
+    }
+    fenetre_.reset();
+  }
+}
+
+TEST_F(Barres, WordsOfTheToolBarComeBackWithItsRoom) {
+  Plaque();
+  auto* fraisage = C<QToolButton>("mnu_Fraisage");
+  fenetre_->resize(1700, 800);
+  essai::Evenements();
+  EXPECT_TRUE(C<QLabel>("Lbl_BD")->isVisible());
+  EXPECT_EQ(fraisage->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+  fenetre_->resize(800, 700);
+  essai::Evenements();
+  EXPECT_FALSE(C<QLabel>("Lbl_BD")->isVisible());
+  EXPECT_EQ(fraisage->toolButtonStyle(), Qt::ToolButtonIconOnly);
+  EXPECT_FALSE(Bouton("mnu_Fraisage")->toolTip().isEmpty());
+  fenetre_->resize(1700, 800);
+  essai::Evenements();
+  EXPECT_TRUE(C<QLabel>("Lbl_BD")->isVisible());
+  EXPECT_EQ(fraisage->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+}
+
 TEST_F(Barres, AToolThatIsRefusedLeavesItsButtonUp) {
   Plaque();
   LargeurEncoche = 0;
