@@ -1,7 +1,8 @@
 // captures FOLDER [LANGUAGE...]: a PNG of every scene in each language (fr and en without any), light and dark, in
 // each size; what finds no room in its control is told on standard error. The scale is Qt's (QT_SCALE_FACTOR).
-// captures --images NAME,NAME,... FOLDER LANGUAGE: these pictures alone, light and in the first size of their
-// scene, as NAME.png; the status is 1 when one of them is no scene's.
+// captures --douze POINTS FOLDER [LANGUAGE...]: the twelve scenes of the work alone, with a drawing of so many
+// points. captures --images NAME,NAME,... FOLDER LANGUAGE: these pictures alone, light and in the first size of
+// their scene, as NAME.png; the status is 1 when one of them is no scene's.
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -21,6 +22,7 @@
 #include "core/Services.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/Theme.h"
+#include "tests/ui/captures/DouzeScenes.h"
 #include "tests/ui/captures/Scenes.h"
 #include "tests/ui/support/SupportUi.h"
 #include "workspace/Module_Demarrage.h"
@@ -174,17 +176,19 @@ int main(int argc, char** argv) {
   if (arguments.size() == 5 && arguments[1] == QLatin1String("--images") && QDir().mkpath(arguments[3])) {
     return Images(arguments[2], arguments[3], arguments[4].toStdString());
   }
-  if (arguments.size() < 2 || !QDir().mkpath(arguments[1])) {
-    std::fprintf(stderr, "captures [--images NAME,NAME,...] FOLDER [LANGUAGE...]\n");
+  const bool douze = arguments.size() > 2 && arguments[1] == QLatin1String("--douze");
+  const qsizetype debut = douze ? 3 : 1;
+  if (arguments.size() <= debut || !QDir().mkpath(arguments[debut])) {
+    std::fprintf(stderr, "captures [--images NAME,NAME,... | --douze POINTS] FOLDER [LANGUAGE...]\n");
     return 2;
   }
   std::vector<std::string> langues;
-  for (const QString& l : arguments.mid(2)) langues.push_back(l.toStdString());
+  for (const QString& l : arguments.mid(debut + 1)) langues.push_back(l.toStdString());
   if (langues.empty()) langues = {"fr", "en"};
 
-  for (const captures::Scene& scene : captures::Scenes()) {
+  for (const captures::Scene& scene : douze ? captures::DouzeScenes(arguments[2].toInt()) : captures::Scenes()) {
     for (const std::string& langue : langues) {
-      for (const bool sombre : {false, true}) Joue(scene, {arguments[1], langue, sombre});
+      for (const bool sombre : {false, true}) Joue(scene, {arguments[debut], langue, sombre});
     }
   }
   return 0;
