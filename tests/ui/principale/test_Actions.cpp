@@ -1,10 +1,8 @@
 // From a foreign drawing to the file for the machine, counted in what a user does: a key, a click, an answer.
 #include <QComboBox>
-#include <QProcess>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTreeView>
-#include <filesystem>
 
 #include "app/ovelin/Composition.h"
 #include "core/DocumentCourant.h"
@@ -121,49 +119,6 @@ TEST_F(PeuDActions, WithAllThatAJobMayWantInTwentyActions) {
   ASSERT_NE(poche, nullptr);
   EXPECT_EQ(poche->Poche, Vrai);
   EXPECT_NE(GCode().find("G01"), std::string::npos);
-}
-
-// The same edits by mouse and keys, and by the names of their procedures.
-TEST_F(PeuDActions, TheWindowAndTheCommandLineLeaveTheSameDocument) {
-  const std::string dessin = Exemple("plaque.dxf");
-  const std::string fenetre = essai::Dossier() + "/fenetre.OVL";
-  const std::string ligne = essai::Dossier() + "/ligne.OVL";
-  Charge(dessin);
-  const auto code = [](std::size_t rang) { return ListeCodes()[rang].Texte(); };
-  const std::string premier = code(0), second = code(1);
-  Ligne(0);
-  QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Right, Qt::ShiftModifier);
-  Clic("CB_Poche");
-  essai::Tape(*C<QLineEdit>("TB_Profondeur"), "-1.5");
-  Ligne(1);
-  Clic("CB_AutreCote");
-  Clic("Option_Decal_2");
-  Commande("mnu_Dupliquer");
-  Clic("CB_Fraiser");
-  Commande("mnu_Tout");
-  Clic("CB_Rotation_0");
-  Clic("CB_Miroir_0");
-  Commande("mnu_Trajets");
-  essai::AttendFichier("mnu_Save", fenetre);
-  Commande("mnu_Save");
-  const std::string operations =
-      essai::EcritFichierEssai("operations.json", R"([{"op":"Selectionne","codes":[")" + premier + R"("]},
-    {"op":"DeplaceSelection","direction":1,"distance":1},
-    {"op":"CB_Poche","valeur":true}, {"op":"TB_Profondeur","valeur":-1.5},
-    {"op":"Selectionne","codes":[")" + second + R"("]},
-    {"op":"CB_Inversion"}, {"op":"Option_Decal","decalage":2},
-    {"op":"DupliqueSelection","dx":10,"dy":10}, {"op":"CB_Fraiser","valeur":false},
-    {"op":"SelectionneTout"}, {"op":"TourneSelection","angle":1.5707963267948966}, {"op":"MiroirSelection","axe":0},
-    {"op":"OrdonneTrajets"}])");
-  QProcess cli;
-  cli.start(QString::fromStdString(essai::DossierProgrammes() + "/ovelin-cli"),
-            {"--config", QString::fromStdString(essai::Dossier()), "--lang", "fr", "--decimal", ".", "edit",
-             QString::fromStdString(dessin), "--do", QString::fromStdString(operations), "-o",
-             QString::fromStdString(ligne)});
-  ASSERT_TRUE(cli.waitForFinished(60000));
-  ASSERT_EQ(cli.exitCode(), 0) << cli.readAllStandardError().toStdString();
-  EXPECT_GT(std::filesystem::file_size(fenetre), 2000U);
-  EXPECT_EQ(essai::LitFichierEssai(fenetre), essai::LitFichierEssai(ligne));
 }
 
 }  // namespace
