@@ -209,7 +209,8 @@ std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::str
 // between the result and the true offset curve. `recouvrement` 100 asks for the single offset curve, any other
 // value (closed paths) for a pocket with that overlap in per cent. Marks "PC" come back at the
 // image of their place; where the cutter can't follow, at the place where it passes it over.
-// The result replaces `points`; pieces are runs of equal `Seq`. 0: no trace.
+// The result replaces `points`; pieces are runs of equal `Seq`. 0: no trace. It leaves early, with no result to be
+// used, where the calling thread works under a wish to end (base/Arret.h) that has been told.
 std::int32_t DecalSequence(std::vector<PointTrace>& points, float tolerance, float decal,
                            std::int32_t recouvrement);
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Arret.h"
 #include "base/Indices.h"
 #include "closed/Pathwerk.h"
 #include "closed/pathwerk/decalage/DecaleFerme.h"
@@ -63,7 +64,7 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
     return base::Compte(points.size());
   }
   const std::optional<decalage::Source> source = decalage::PrepareSource(points, tolerance / 10);
-  if (!source) return 0;
+  if (!source || base::ArretDemande()) return 0;
   // One tenth is spent; a little more stays aside for the rounding to floats.
   const double reste = tolerance * 0.88;
   std::vector<decalage::Piece> pieces;
@@ -76,6 +77,7 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
     if (!iles) return 0;
     pieces = poche::RemplitPoche(*source, *iles, distance, recouvrement, reste);
   }
+  if (base::ArretDemande()) return 0;
   std::vector<PointTrace> resultat = decalage::EcritPieces(std::move(pieces), *source, distance, tolerance);
   if (resultat.empty()) return 0;
   points.swap(resultat);

@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <bit>
 
+#include "base/Arret.h"
+
 namespace pathwerk {
 
 namespace {
+
+// Nodes near the root, at each of which a wish to end is looked for: what lies below one takes a few milliseconds.
+constexpr std::size_t NoeudsHauts = 4096;
 
 // Senses that occur in a run of segments, two bits for each of four axes (x, y, and the two diagonals): "some
 // segment doesn't go up" and "some segment doesn't go down". A run that goes strictly one way along an axis can't
@@ -86,6 +91,7 @@ bool ArbreSegments::SeTouchent(std::size_t i, std::size_t j) const {
 }
 
 bool ArbreSegments::CroiseDans(std::size_t k, const std::vector<std::uint8_t>& sens) const {
+  if (k < NoeudsHauts && base::ArretDemande()) return true;
   if (Monotone(sens[k])) return false;
   if (arbre_.EstFeuille(k)) {
     const std::size_t fin = arbre_.Fin(k);
@@ -101,6 +107,7 @@ bool ArbreSegments::CroiseDans(std::size_t k, const std::vector<std::uint8_t>& s
 
 bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<std::uint8_t>& sens) const {
   if (!arbre_.De(g).Rencontre(arbre_.De(d))) return false;
+  if (g < NoeudsHauts && base::ArretDemande()) return true;
   // Two runs joined end to end that go one way together. The far ends may join too, but only in a closed path,
   // and that can't go one way.
   if (arbre_.Fin(g) == arbre_.Debut(d) && Monotone(static_cast<unsigned>(sens[g] | sens[d]))) return false;

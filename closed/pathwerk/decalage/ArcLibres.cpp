@@ -16,11 +16,16 @@
 #include <cmath>
 #include <numbers>
 
+#include "base/Arret.h"
 #include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::decalage {
 
 namespace {
+
+// Between two looks whether somebody wishes the end: some tenths of a millisecond.
+constexpr std::size_t SegmentsParRegard = 64;
+constexpr std::size_t FinsParRegard = 1024;
 
 constexpr double MemeCoin = 1e-7;  // mm
 constexpr double DemiTour = 1e-9;  // rad: a turn this near to half a turn goes right back
@@ -83,6 +88,7 @@ class Releveur {
     bool rang0 = true;
     Vec2 u = Unite(source_.B(fin - 1) - source_.A(fin - 1));
     for (std::size_t i = debut; i < fin; ++i) {
+      if (i % SegmentsParRegard == 0 && base::ArretDemande()) break;
       const Vec2 w = source_.B(i) - source_.A(i);
       const double l = Norme(w);
       const Vec2 v = w * (1 / l);
@@ -143,6 +149,7 @@ class Suiveur {
     const std::span<const PiecesVives::Vive> pieces = avant_.pieces;
     libres_.reserve(avant_.reste.size());
     for (std::size_t k = 0; k < pieces.size(); k += ParBloc) {
+      if (base::ArretDemande()) break;
       const auto bloc = pieces.subspan(k, std::min(ParBloc, pieces.size() - k));
       base::Boite<double> boite;
       for (const auto& v : bloc) boite.Etend(tailleur_.BoiteDuReste(v.brute, avant_.Reste(v)));
@@ -266,7 +273,9 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
   for (const double pas : {std::min(1e-6, ecart), ecart, large}) {
     const Grille grille(libres, debuts, pas);
     std::vector<Paire> paires;
+    std::size_t essayees = 0;
     for (const std::uint32_t f : fins) {
+      if (++essayees % FinsParRegard == 0 && base::ArretDemande()) return fins.size();
       const ArcLibre& p = libres[f];
       grille.Autour(p.b, [&](std::uint32_t k) {
         const ArcLibre& q = libres[k];
@@ -308,7 +317,11 @@ std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libre
   const int gauche = signe > 0 ? 1 : 0;
   std::size_t reste = 0;
   std::vector<std::uint8_t> vu(libres.size(), 0);
+  bool arrete = false;
+  std::size_t juges = 0;
   const auto juge = [&](std::uint32_t depart, bool lache) {
+    arrete = arrete || (++juges % FinsParRegard == 0 && base::ArretDemande());
+    if (arrete) return;
     const ArcLibre& p = libres[depart];
     const int tours = source.Tours(p.arc ? p.a : (p.a + p.b) * 0.5);
     const bool bon = d > 0 ? tours >= gauche : tours < gauche;
@@ -324,7 +337,7 @@ std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libre
   for (std::uint32_t k = 0; k < libres.size(); ++k) {
     if (vu[k] == 0) juge(k, false);
   }
-  return reste;
+  return arrete ? libres.size() : reste;
 }
 
 namespace {

@@ -20,6 +20,7 @@
 #include <limits>
 #include <utility>
 
+#include "base/Arret.h"
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/commun/Numero32.h"
@@ -29,6 +30,9 @@
 namespace pathwerk::decalage {
 
 namespace {
+
+// Does somebody wish the end? Looked at once in a thousand steps.
+bool Regarde(std::size_t pas) { return pas % 1024 == 1023 && base::ArretDemande(); }
 
 constexpr double Mini = 1e-4;     // mm: shorter pieces are none
 constexpr double Contact = 0.01;  // mm: a path that comes so near to itself touches itself
@@ -68,6 +72,7 @@ class Juge {
     Origines o;
     const bool connues = origines.size() == boucle.size();
     for (std::size_t i = 0, n = boucle.size(); i < n; ++i) {
+      if (Regarde(i)) break;
       const Segment arete{boucle[i], boucle[base::Suivant(i, n)]};
       r.push_back(arete.a);
       if (connues) {
@@ -160,6 +165,7 @@ class Juge {
   [[nodiscard]] ArbreSegments Contacts() {
     std::vector<Segment> r;
     for (std::size_t i = 0; i < chemin_.size(); ++i) {
+      if (Regarde(i)) break;
       bool touche = false;
       arbre_.Voisins(chemin_[i], Contact * Contact, [&](const Lieu& l) {
         if (l.segment == i || l.segment + 1 == i) return;
@@ -202,6 +208,7 @@ std::vector<char> AretesBonnes(const Chemin& boucle, Origines& origines, const J
   std::vector<char> bon(n);
   const bool connues = origines.size() == n;
   for (std::size_t i = 0; i < n; ++i) {
+    if (Regarde(i)) break;
     if (connues) {
       bon[i] = juge.Aller(origines[i]);
       if (bon[i] != 0 || !juge.Ambigue(origines[i])) continue;
@@ -261,6 +268,7 @@ std::vector<Piece> DecaleOuvert(const Source& source, double distance, double to
   for (std::size_t k = 0; k < boucles.size(); ++k) {
     const Chemin b = juge.CoupeAuxContacts(boucles[k], std::abs(distance), origines[k]);
     const std::vector<char> bon = AretesBonnes(b, origines[k], juge);
+    if (base::ArretDemande()) return {};
     Decoupe(b, origines[k], bon, pieces);
   }
 

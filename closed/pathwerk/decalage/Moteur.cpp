@@ -8,6 +8,7 @@
 #include <exception>
 #include <span>
 
+#include "base/Arret.h"
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/commun/Numero32.h"
@@ -188,6 +189,8 @@ bool DecaleFouillis(const Region& region, double distance, double tolerance, std
 // A raw curve that meets itself at one distance is not the whole answer at a greater one either.
 bool Decale(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
             std::vector<Origines>* origines, MemoireDeRegion* memoire) {
+  boucles.clear();
+  if (base::ArretDemande()) return false;
   if (region.fouillis) {
     try {
       return DecaleFouillis(region, distance, tolerance, boucles, origines, memoire);
@@ -207,6 +210,7 @@ bool Decale(const Region& region, double distance, double tolerance, std::vector
     ++nbArcs;
     return true;
   }
+  if (base::ArretDemande()) return false;
   ++nbReplis;
   const bool fait = DecaleRegionClipper(region, distance, tolerance, boucles);
   if (origines != nullptr) origines->assign(boucles.size(), {});
@@ -241,6 +245,7 @@ bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& re
     return false;
   }
   if (SepareLobesCoupes(chemin, tolerance, regions)) return true;
+  if (base::ArretDemande()) return false;
   ++nbReplisLobes;
   return SepareLobesClipper(chemin, tolerance, regions);
 }

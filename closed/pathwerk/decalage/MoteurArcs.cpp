@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+#include "base/Arret.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/ArcSuite.h"
 
@@ -59,6 +60,7 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     if (source.Taille() == 0) return true;
     for (const double part : Jeux) {
+      if (base::ArretDemande()) break;
       const double jeu = std::min(part * tolerance, std::abs(distance) * part);
       const double d = distance > 0 ? distance - jeu : distance + jeu;
       const double r = std::abs(d);

@@ -26,6 +26,7 @@
 #include <cstdint>
 #include <exception>
 
+#include "base/Arret.h"
 #include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
 
@@ -47,8 +48,9 @@ struct Etape {
   bool vertex = true;
 };
 
-constexpr double Secousse = 4e-6;  // mm
-constexpr double Meme = 2e-11;     // mm
+constexpr std::size_t NoeudsHauts = 4096;  // near the root, where a wish to end is looked for
+constexpr double Secousse = 4e-6;          // mm
+constexpr double Meme = 2e-11;             // mm
 constexpr int Essais = 3;
 constexpr std::size_t CroisementsMin = 300000;  // so many any path may have, and four more a point
 
@@ -82,6 +84,10 @@ class Chercheur {
 
  private:
   void Dans(std::size_t k) {
+    if (k < NoeudsHauts && base::ArretDemande()) {
+      net_ = false;
+      return;
+    }
     if (!s_.Boites().EstFeuille(k)) {
       Dans(2 * k);
       Dans(2 * k + 1);
@@ -181,6 +187,7 @@ class Decoupeur {
     std::vector<std::uint32_t> vu(etapes_.size(), 0);
     for (std::size_t depart = 0; depart < etapes_.size(); ++depart) {
       if (vu[depart] != 0) continue;
+      if (base::ArretDemande()) return false;
       ++boucle;
       Chemin c;
       Origines o;
@@ -293,7 +300,7 @@ bool SepareLobesCoupes(const Chemin& chemin, double tolerance, std::vector<Regio
     double etendue = 0;
     for (const Vec2 p : chemin) etendue = std::max({etendue, std::abs(p.x), std::abs(p.y)});
     const double force = std::max(Secousse, 1e-12 * etendue);
-    for (int essai = 0; essai < Essais; ++essai) {
+    for (int essai = 0; essai < Essais && !base::ArretDemande(); ++essai) {
       const Chemin secoue = Secoue(chemin, force, static_cast<std::uint64_t>(essai));
       const ArcSource source(std::span(&secoue, 1));
       std::vector<Croisement> croisements;

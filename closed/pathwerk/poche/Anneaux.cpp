@@ -32,6 +32,7 @@
 #include <span>
 #include <utility>
 
+#include "base/Arret.h"
 #include "base/Indices.h"
 
 namespace pathwerk::poche {
@@ -112,6 +113,7 @@ class Trieur {
     Lieu ici = atteint_.PlusProche(boucle[0]);
     const Lieu premier = ici;
     for (std::size_t i = 0; i < n; ++i) {
+      if (i % 256 == 255 && base::ArretDemande()) break;
       const Lieu la = i + 1 < n ? Trouve(boucle[i + 1], ici.segment) : premier;
       Divise(boucle[i], true, ici, boucle[base::Suivant(i, n)], la, r);
       ici = la;
@@ -229,6 +231,7 @@ std::optional<Remplissage> Anneaux(const Region& region, double distance, int re
   const bool restes = recouvrement <= 100 && r.pas > r.rayon && r.pas <= 2.001 * r.rayon;
   MemoireDeRegion memoire;
   for (std::size_t k = 0;; ++k) {
+    if (base::ArretDemande()) return std::nullopt;
     Niveau niveau;
     niveau.profondeur = r.rayon + static_cast<double>(k) * r.pas;
     auto anneaux = BouclesA(region, niveau.profondeur, tolerance, r.horaire, k == 0, memoire);

@@ -15,6 +15,7 @@
 #include <numeric>
 #include <utility>
 
+#include "base/Arret.h"
 #include "base/Indices.h"
 
 namespace pathwerk::poche {
@@ -105,6 +106,7 @@ void ArbreAnneaux::Ajoute(Remplissage& r) {
   std::vector<std::size_t> avant;  // rings of the depth before
   std::optional<Index> indexAvant;
   for (std::size_t n = 0; n < r.niveaux.size(); ++n) {
+    if (base::ArretDemande()) return;
     Niveau& niveau = r.niveaux[n];
     std::vector<std::size_t> rangs;
     for (Boucle& b : niveau.anneaux) {
@@ -162,6 +164,7 @@ void ArbreAnneaux::AjouteRestes(const Niveau& niveau, const Index& ici, const In
                                 double pas, double tolerance) {
   const double portee = PorteeDuSuivant(rayon, pas);
   for (const Chemin& fond : niveau.fond) {
+    if (base::ArretDemande()) return;
     std::vector<Reste> restes;
     if (dedans == nullptr) {
       restes.push_back({fond, true});
@@ -169,6 +172,7 @@ void ArbreAnneaux::AjouteRestes(const Niveau& niveau, const Index& ici, const In
       restes = HorsDAtteinte(fond, dedans->Arbre(), portee, tolerance, acces_);
     }
     for (Reste& reste : restes) {
+      if (base::ArretDemande()) return;
       Anneau a;
       a.points = std::move(reste.points);
       a.profondeur = niveau.profondeur + rayon;
@@ -274,13 +278,14 @@ void ArbreAnneaux::LieIles(bool horaire, double tolerance) {
     const double aire = (horaire ? -1 : 1) * Aire(anneaux_[k].points);
     if (aire < -tolerance * Perimetre(anneaux_[k].points)) iles.push_back(k);
   }
-  if (iles.empty()) return;
+  if (iles.empty() || base::ArretDemande()) return;
   std::vector<std::size_t> tous(anneaux_.size());
   std::iota(tous.begin(), tous.end(), std::size_t{0});
   const Index index(anneaux_, std::move(tous));
   Groupes groupes(RacinesDeTous());
   std::vector<std::uint8_t> liee(anneaux_.size(), 0);
   for (const std::size_t ile : iles) {
+    if (base::ArretDemande()) break;
     const Pont pont = PontVersAutres(groupes, groupes.De(ile), index);
     if (pont.de == Aucun) continue;
     groupes.Reunit(groupes.De(ile), groupes.De(pont.vers));
@@ -353,7 +358,7 @@ void ArbreAnneaux::PlaceEnfants(std::size_t parent) {
 
 void ArbreAnneaux::PlaceDescendance(std::size_t racine) {
   std::vector<std::size_t> pile{racine};
-  while (!pile.empty()) {
+  while (!pile.empty() && !base::ArretDemande()) {
     const std::size_t k = pile.back();
     pile.pop_back();
     PlaceEnfants(k);

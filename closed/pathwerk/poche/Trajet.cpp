@@ -20,6 +20,8 @@
 #include <cmath>
 #include <utility>
 
+#include "base/Arret.h"
+
 namespace pathwerk::poche {
 
 namespace {
@@ -136,6 +138,7 @@ class Racine {
   std::vector<Etape> Etapes(const ArbreAnneaux::Cherche& cherche) {
     std::vector<Etape> etapes;
     for (const std::size_t e : racine_.enfants) {
+      if (base::ArretDemande()) break;
       const Anneau& enfant = arbre_.Anneaux()[e];
       const auto lien = arbre_.LienVers(cherche, enfant, {0, 0, 0, enfant.points[0]});
       if (lien) {
@@ -210,7 +213,7 @@ class Racine {
   Chemin Tend(const Chemin& route) const {
     Chemin r;
     const std::size_t fin = route.size() - 1;
-    for (std::size_t i = 0; i < fin;) {
+    for (std::size_t i = 0; i < fin && !base::ArretDemande();) {
       std::size_t saut = 1;
       std::size_t j = i + 1;
       while (j + saut <= fin && acces_.Libre(route[i], route[j + saut])) {
@@ -237,6 +240,7 @@ class Racine {
 std::vector<Piece> Trajets(ArbreAnneaux& arbre, const Acces& acces, const Report& report, double tolerance) {
   std::vector<Piece> finies;
   for (const std::size_t k : arbre.Racines()) {
+    if (base::ArretDemande()) return {};
     Anneau& a = arbre.Anneaux()[k];
     Piece piece;
     piece.points = a.points;
@@ -247,7 +251,7 @@ std::vector<Piece> Trajets(ArbreAnneaux& arbre, const Acces& acces, const Report
     finies.push_back(std::move(piece));
   }
   std::vector<Piece> pieces;
-  for (std::size_t i = 0; i < arbre.Orphelins().size(); ++i) {
+  for (std::size_t i = 0; i < arbre.Orphelins().size() && !base::ArretDemande(); ++i) {
     const std::size_t k = arbre.Orphelins()[i];
     arbre.PlaceDescendance(k);
     Trajet trajet(arbre.Anneaux());
