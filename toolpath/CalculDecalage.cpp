@@ -1,8 +1,7 @@
 // The traces of the document in force: shells around the kernel of the traces.
 #include "toolpath/CalculDecalage.h"
 
-#include <algorithm>
-#include <unordered_set>
+#include <span>
 #include <utility>
 
 #include "base/Indices.h"
@@ -14,6 +13,7 @@
 #include "toolpath/Ilots.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/NoyauPasse.h"
 #include "toolpath/NoyauTrace.h"
 
 namespace ovelin {
@@ -23,39 +23,6 @@ namespace {
 ParametresTrace Parametres() { return ParametresTraceDe(Regl, Prolongement != Faux); }
 
 Ilots IlotsEnVigueur() { return {Doc, VidePoches(Parametres())}; }
-
-// One of these paths failed, or is too short to be offset: the table isn't what computing all would make of it. An
-// island has no trace and wants none.
-bool TraceManque(const std::vector<Code2>& codes) {
-  const Ilots ilots = IlotsEnVigueur();
-  std::unordered_set<std::uint32_t> demandes;
-  for (const Code2 code : codes) {
-    if (!ilots.Debout(code)) demandes.insert(code.Cle());
-  }
-  demandes.erase(CodeAucun.Cle());
-  if (demandes.empty()) return false;
-  for (const SequenceDecalee& d : TraceDecale) {
-    if (d.Points.empty() && demandes.contains(d.Seq.Cle())) return true;
-  }
-  for (const Etendue& e : EtenduesSequences()) {
-    if (e.nombre >= 2) demandes.erase(e.code.Cle());
-  }
-  return !demandes.empty();
-}
-
-// With these paths, those whose trace their change may reach: where one is an island or a pocket, all that are.
-std::vector<Code2> AvecIlots(std::vector<Code2> codes) {
-  if (!AIlots(Complements)) return codes;
-  const std::vector<Code2> autres = CodesDesIlots(Doc);
-  std::unordered_set<std::uint32_t> lies;
-  for (const Code2 code : autres) lies.insert(code.Cle());
-  if (std::none_of(codes.begin(), codes.end(), [&](Code2 c) { return lies.contains(c.Cle()); })) return codes;
-  for (const Code2 code : codes) lies.erase(code.Cle());
-  for (const Code2 code : autres) {
-    if (lies.erase(code.Cle()) != 0) codes.push_back(code);
-  }
-  return codes;
-}
 
 }  // namespace
 
@@ -80,19 +47,19 @@ void CalculDecalages(const std::vector<Code2>& codes) {
 }
 
 void RefaitDecalage(Code2 code) {
-  const std::vector<Code2> codes = AvecIlots({code});
+  const std::vector<Code2> codes = AvecIlots(Doc, {code});
   if (codes.size() > 1) {
     RefaitDecalages(codes);
     return;
   }
   CalculDecalage(code);
-  if (TraceManque(codes)) RecalculDecalages();
+  if (TraceManque(Doc, TraceDecale, codes, Parametres())) RecalculDecalages();
 }
 
 void RefaitDecalages(const std::vector<Code2>& codes) {
-  const std::vector<Code2> tous = AvecIlots(codes);
+  const std::vector<Code2> tous = AvecIlots(Doc, codes);
   CalculDecalages(tous);
-  if (TraceManque(tous)) RecalculDecalages();
+  if (TraceManque(Doc, TraceDecale, tous, Parametres())) RecalculDecalages();
 }
 
 bool RecalculDecalages() {

@@ -44,6 +44,19 @@ std::vector<Code2> CodesDesIlots(const Document& document) {
   return codes;
 }
 
+std::vector<Code2> AvecIlots(const Document& document, std::vector<Code2> codes) {
+  if (!AIlots(document.Complements)) return codes;
+  const std::vector<Code2> autres = CodesDesIlots(document);
+  std::unordered_set<std::uint32_t> lies;
+  for (const Code2 code : autres) lies.insert(code.Cle());
+  if (std::none_of(codes.begin(), codes.end(), [&](Code2 c) { return lies.contains(c.Cle()); })) return codes;
+  for (const Code2 code : codes) lies.erase(code.Cle());
+  for (const Code2 code : autres) {
+    if (lies.erase(code.Cle()) != 0) codes.push_back(code);
+  }
+  return codes;
+}
+
 Ilots::Ilots(const Document& document, bool vides) {
   if (!vides || !AIlots(document.Complements)) return;
   const IndexCodes index(document);

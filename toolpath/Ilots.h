@@ -41,5 +41,7 @@ bool AIlots(const TableComplements& complements);
 // The paths whose trace can change when a mark, a pocket or the points of one of them do: those marked and the
 // pockets, in the order of the document's records.
 std::vector<Code2> CodesDesIlots(const Document& document);
+// `codes` and those whose trace their change may reach: where one is an island or a pocket, all that are.
+std::vector<Code2> AvecIlots(const Document& document, std::vector<Code2> codes);
 
 }  // namespace ovelin

@@ -8,6 +8,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "base/Arret.h"
 #include "base/Equipe.h"
 #include "core/Coeurs.h"
 #include "core/Gestes.h"
@@ -64,6 +65,7 @@ TraceCalculee Trace(Code2 code, std::vector<PointTrace>& points, const Propriete
                                             : Biblio.DecalSequenceIlots(points, ToleranceDecalage, decal,
                                                                         recouvrement, ilots.autour)) != 0;
     }
+    if (base::ArretDemande()) return trace;
     // Also behind a failure, on whatever came back.
     OuvreEncoches(points, p.encoche);
   }
@@ -93,8 +95,8 @@ std::size_t Poids(std::size_t points, const ProprietesSequence& s) {
 class Atelier {
  public:
   Atelier(const Document& document, const IndexCodes& index, std::span<const Code2> codes,
-          const ParametresTrace& parametres)
-      : parametres_(parametres) {
+          const ParametresTrace& parametres, OuTracer ou)
+      : parametres_(parametres), ou_(ou) {
     const std::span<const PointTrace> points(document.TraceInitial);
     const Ilots ilots(document, VidePoches(parametres));
     std::size_t poids = 0;
@@ -110,7 +112,9 @@ class Atelier {
       taches_.push_back(std::move(tache));
     }
     if (NombreCoeurs < 2 || taches_.size() < 2 || poids < SeuilEquipe) return;
-    equipe_.emplace(NombreCoeurs, taches_.size(), [this](std::size_t i) {
+    equipe_.emplace(NombreCoeurs, taches_.size(), [this, arret = base::ArretDuFil](std::size_t i) {
+      const base::SousArret sous(arret);
+      if (base::ArretDemande()) return;
       Tache& t = taches_[i];
       if (t.chemin.size() >= 2) t.trace = TraceDe(t.chemin, t.code, t.proprietes, parametres_, t.ilots);
     });
@@ -120,8 +124,12 @@ class Atelier {
   std::optional<TraceCalculee> Prend(Code2 code) {
     const std::size_t rang = rangs_.at(code.Cle());
     Tache& t = taches_[rang];
+    if (!equipe_ && ou_ == OuTracer::SurCeFil) {
+      if (t.chemin.size() < 2) return std::nullopt;
+      return TraceDe(t.chemin, code, t.proprietes, parametres_, t.ilots);
+    }
     if (!equipe_) return CalculeTrace(t.chemin, code, t.proprietes, parametres_, t.ilots);
-    if (!equipe_->Fait(rang)) TravailleSi(true, [&] { equipe_->Attend(rang); });
+    if (ou_ == OuTracer::ALaFenetre && !equipe_->Fait(rang)) TravailleSi(true, [&] { equipe_->Attend(rang); });
     equipe_->Attend(rang);
     return std::exchange(t.trace, std::nullopt);
   }
@@ -135,6 +143,7 @@ class Atelier {
     std::optional<TraceCalculee> trace;
   };
   const ParametresTrace& parametres_;
+  OuTracer ou_;
   std::vector<Tache> taches_;
   std::unordered_map<std::uint32_t, std::size_t> rangs_;  // by code
   std::optional<base::Equipe> equipe_;                    // last: its threads work on the tasks
@@ -181,13 +190,14 @@ void PoseTrace(std::vector<SequenceDecalee>& traces, Code2 code, TraceCalculee&&
 // A code comes more than once where its points stand in several runs. Its trace is that of its first run every
 // time, so it is computed once; the table takes the same outcome in again.
 bool CalculeTraces(const Document& document, std::span<const Code2> codes, const ParametresTrace& parametres,
-                   std::vector<SequenceDecalee>& traces, const std::function<void()>& avance) {
+                   std::vector<SequenceDecalee>& traces, const std::function<void()>& avance, OuTracer ou) {
   const IndexCodes index(document);
-  Atelier atelier(document, index, codes, parametres);
+  Atelier atelier(document, index, codes, parametres, ou);
   TableTraces table(traces);
   bool uneReussie = false;
   std::unordered_set<std::uint32_t> calcules;
   for (const Code2 code : codes) {
+    if (base::ArretDemande()) return false;
     avance();
     if (code == CodeAucun) continue;
     if (!calcules.insert(code.Cle()).second) {

@@ -38,10 +38,16 @@ std::optional<TraceCalculee> CalculeTrace(std::span<const PointTrace> chemin, Co
 // last. A failed path leaves one entry without points and drops the entries behind it.
 void PoseTrace(std::vector<SequenceDecalee>& traces, Code2 code, TraceCalculee&& trace);
 
+// Whether the thread belongs to the window, which stays alive while a long path has a thread of its own, or is such
+// a thread itself and asks nothing of the outside world.
+enum class OuTracer : std::uint8_t { ALaFenetre, SurCeFil };
+
 // The table `traces` of a document behind `codes`, computed in that order. `avance` is called before each code.
-// True when one of them came to its end.
+// True when one of them came to its end. Where the thread works under a wish to end (base::Arret) that has been
+// told, `traces` is left as it was.
 bool CalculeTraces(const Document& document, std::span<const Code2> codes, const ParametresTrace& parametres,
-                   std::vector<SequenceDecalee>& traces, const std::function<void()>& avance);
+                   std::vector<SequenceDecalee>& traces, const std::function<void()>& avance,
+                   OuTracer ou = OuTracer::ALaFenetre);
 
 // The number in the points of each trace: the position of its record among those that have points, for the eye.
 void NumeroteTraces(std::vector<SequenceDecalee>& traces);
