@@ -12,6 +12,7 @@
 #include "core/Textes.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
+#include "toolpath/PasseTraces.h"
 #include "toolpath/chemins/BoucleEntree.h"
 
 namespace ovelin {
@@ -23,8 +24,9 @@ bool RefuseNegatif() {
   return false;
 }
 
-void RecalculeTout() {
-  RecalculDecalages();
+// Taken back, the value of before is in force again and the field shows it: nothing was refused.
+void RecalculeTout(PasseTraces& passe) {
+  if (passe.SuitTout() != IssuePasse::EnVigueur) return;
   Modifie = Vrai;
   Svc.Rafraichit();
 }
@@ -68,18 +70,20 @@ IssueOutil EntreOutil(const LigneOutil& ligne, const std::string& texte) {
 bool EntreRayonFraise(const std::string& texte) {
   const auto v = NombreDuTexte(texte);
   if (!v) return false;
+  PasseTraces passe;
   RayonFraise = *v;
   if (*v < 0) return RefuseNegatif();
-  RecalculeTout();
+  RecalculeTout(passe);
   return true;
 }
 
 bool EntreLargeurEncoche(const std::string& texte) {
   const auto v = NombreDuTexte(texte);
   if (!v || *v == 0) return false;
+  PasseTraces passe;
   LargeurEncoche = *v;
   EcritOutil();
-  RecalculeTout();
+  RecalculeTout(passe);
   return true;
 }
 
@@ -115,9 +119,10 @@ bool LaisseHautDeg(const std::string& texte) {
 bool EntrePCPoche(const std::string& texte) {
   const auto v = NombreDuTexte(texte);
   if (!v) return false;
+  PasseTraces passe;
   PCPoche = Arrondi16(*v);
   EcritOptions();
-  RecalculeTout();
+  RecalculeTout(passe);
   return true;
 }
 

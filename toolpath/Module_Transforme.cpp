@@ -15,6 +15,7 @@
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/PasseTraces.h"
 
 namespace ovelin {
 
@@ -83,6 +84,21 @@ void Termine() {
   Svc.Rafraichit();
 }
 
+// Behind the traces of a change. False: it was taken back.
+bool Acheve(IssuePasse issue) {
+  if (issue == IssuePasse::EnVigueur) Termine();
+  return PasseTraces::Faite(issue);
+}
+
+bool PeutDeplacer(double dx, double dy) {
+  for (const auto& [debut, fin] : EtenduesSelection()) {
+    for (std::size_t i = debut; i < fin; ++i) {
+      if (!Acceptable({TraceInitial[i].X + dx, TraceInitial[i].Y + dy})) return false;
+    }
+  }
+  return true;
+}
+
 // The sizes of the dimension fields are rounded to hundredths of a millimetre; limits are held against what they
 // show.
 double TailleAffichee(float debut, float fin) { return std::nearbyint(Ecart(debut, fin) * 100) / 100; }
@@ -129,20 +145,27 @@ bool MiroirSelection(AxeMiroir axe) {
   return true;
 }
 
+// The plain refresh comes behind a change that somebody else has made, so there is nothing here to take back.
 bool Deplacement_Selection(Direction direction, float distance) {
-  if (direction != Direction::Aucune) {
-    const double dx = direction == Direction::X ? distance : 0.0;
-    const double dy = direction == Direction::Y ? distance : 0.0;
-    for (const auto& [debut, fin] : EtenduesSelection()) {
-      for (std::size_t i = debut; i < fin; ++i) {
-        if (!Acceptable({TraceInitial[i].X + dx, TraceInitial[i].Y + dy})) return RefuseCoordonnee();
-      }
-    }
-    DeplaceSelection(direction, distance);
+  if (direction == Direction::Aucune) {
+    RefaitDecalages(CodesSelectionnes());
+    Termine();
+    return true;
   }
-  RefaitDecalages(CodesSelectionnes());
-  Termine();
-  return true;
+  const double dx = direction == Direction::X ? distance : 0.0;
+  const double dy = direction == Direction::Y ? distance : 0.0;
+  if (!PeutDeplacer(dx, dy)) return RefuseCoordonnee();
+  PasseTraces passe;
+  DeplaceSelection(direction, distance);
+  return Acheve(passe.Suit(CodesSelectionnes()));
+}
+
+bool Deplacement_Libre(float dx, float dy) {
+  if (!PeutDeplacer(dx, dy)) return RefuseCoordonnee();
+  PasseTraces passe;
+  DeplaceSelection(Direction::X, dx);
+  DeplaceSelection(Direction::Y, dy);
+  return Acheve(passe.Suit(CodesSelectionnes()));
 }
 
 bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions) {
@@ -161,27 +184,21 @@ bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions) {
   const auto resultatY = static_cast<float>(std::abs(TailleAffichee(y0, y1) * rapportY));
   if (resultatX > limiteX || resultatY > limiteY) return RefuseDimension(Textes::DimensionHorsCourse);
   Statut(Textes::CalculTrajetOutil);
-  const bool faite = EchelleSelection(fx, fy);
-  if (faite) {
-    RecalculDecalages();
-    Termine();
-  }
+  PasseTraces passe;
+  const bool faite = EchelleSelection(fx, fy) && Acheve(passe.SuitTout());
   EffaceStatut();
   return faite;
 }
 
 bool Recale(double x, double y) {
+  PasseTraces passe;
   EncombrementGeneral();
   EncombrementSelection(Xmin, Xmax, Ymin, Ymax, 0);
   const Lieu coin{Xmin, Ymin};
   const bool faite = TransformeTout([&](const PointTrace& p) { return Lieu{p.X - coin.x + x, p.Y - coin.y + y}; });
-  if (faite) {
-    RecalculDecalages();
-    Termine();
-  } else {
-    EncombrementGeneral();
-  }
-  return faite;
+  if (faite) return Acheve(passe.SuitTout());
+  EncombrementGeneral();
+  return false;
 }
 
 // The corner of the selection's box is what is placed, so it goes as far beyond the margin as it lies from the
@@ -207,13 +224,12 @@ float LimiteCourseY() { return LimiteCourse(ChampsMachine::LimiteY); }
 
 bool PlaceOrigine() {
   const Lieu origine{OrigineX, OrigineY};
+  PasseTraces passe;
   if (!TransformeTout([&](const PointTrace& p) { return Lieu{p.X - origine.x, p.Y - origine.y}; })) return false;
   // The marked place is (0, 0) now: a second press moves nothing.
   OrigineX = 0;
   OrigineY = 0;
-  RecalculDecalages();
-  Termine();
-  return true;
+  return Acheve(passe.SuitTout());
 }
 
 bool ChangePosition(std::int32_t index, float x, float y) {

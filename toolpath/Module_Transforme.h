@@ -1,6 +1,6 @@
 // Transforms of the drawing and of single points, mm and radians. Those that give a value are false when refused:
-// a coordinate would become no number or lie beyond CoordonneeMax (CoordonneeHorsLimites); the document is then
-// unchanged.
+// a coordinate would become no number or lie beyond CoordonneeMax (CoordonneeHorsLimites), or the user has taken
+// the change back while its traces were computed (PasseTraces); the document is then unchanged.
 #pragma once
 
 #include <cstdint>
@@ -20,6 +20,8 @@ bool MiroirSelection(AxeMiroir axe);  // X: left and right exchanged; Y: top and
 // The common step behind every move: moves (1: X, 3: Y; 0: nothing), recomputes the selected traces, marks the
 // document as modified.
 bool Deplacement_Selection(Direction direction, float distance);
+// Both ways at once, as a drag of the mouse goes, in one such step.
+bool Deplacement_Libre(float dx, float dy);
 // CB_OK_Dimension: ratios of the selection, refused when one is 0 (RapportNul) or the result lies beyond the travel
 // (DimensionHorsCourse). `proportions`: the first ratio serves both axes.
 bool Dimensionne_Selection(double rapportX, double rapportY, bool proportions);

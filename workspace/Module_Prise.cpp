@@ -206,13 +206,8 @@ bool LacheTirage() {
       const float dx = EnFloat(prise.dx);
       const float dy = EnFloat(prise.dy);
       if (dx != 0 && dy != 0) {
-        // One step for the user: lists and picture follow the second half.
-        const auto rafraichit = std::exchange(Svc.Rafraichit, [] {});
-        const bool faite = Deplacement_Selection(Direction::X, dx);
-        Svc.Rafraichit = rafraichit;
-        if (!faite) break;
-      }
-      if (dy != 0) {
+        Deplacement_Libre(dx, dy);
+      } else if (dy != 0) {
         Deplacement_Selection(Direction::Y, dy);
       } else if (dx != 0) {
         Deplacement_Selection(Direction::X, dx);

@@ -46,7 +46,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
     {"toolpath",
      {"Attaches.cpp", "CalculDecalage.cpp", "ChampsOutil.cpp", "FichesSequence.cpp", "Module_Copie.cpp",
       "Module_Export.cpp", "Module_Nettoyage.cpp", "Module_Ordre.cpp", "Module_Texte.cpp", "Module_Transforme.cpp",
-      "Module_Vinyl.cpp", "PointsSequence.cpp", "ProprietesSelection.cpp", "Recherche.cpp"}},
+      "Module_Vinyl.cpp", "PasseTraces.cpp", "PointsSequence.cpp", "ProprietesSelection.cpp", "Recherche.cpp"}},
     {"workspace",
      {"FinCycle.cpp", "Module_Annulation.cpp", "Module_Arbres.cpp", "Module_Cycle.cpp", "Module_Dimension.cpp",
       "Module_Enregistrement.cpp", "Module_Image.cpp", "Module_Ouverture.cpp", "Module_Panneau.cpp",

@@ -1,0 +1,28 @@
+// What a window does for a pass that the user may end while it computes. Beside core/Services.h: a program without
+// a window has none of it, and such a pass then runs as any other.
+#pragma once
+
+#include <functional>
+
+namespace ovelin {
+
+struct PasseInterruptible {
+  std::function<void()> noyau;   // over copies, on a thread of its own; it touches nothing of the document
+  std::function<void()> pouls;   // on the caller's thread meanwhile, every few milliseconds
+  std::function<void()> arrete;  // the kernel is to end soon
+};
+
+struct ServicesPasse {
+  // Runs the kernel to its end beside a live window. What the user does in a field of the tool, and an arrow key,
+  // is done at once, and Escape ends it; the rest of his input is held back. True: by Escape. Empty where nobody
+  // offers it.
+  std::function<bool(const PasseInterruptible& passe)> Jusque;
+  // The drawing has changed and its tool path is being computed: the picture shows it at once, without any path. No
+  // step of undo.
+  std::function<void()> MontreSansTrajet = [] {};
+  // That change was taken back: picture and fields show again what is in force. No step of undo.
+  std::function<void()> ChangementRepris = [] {};
+};
+extern ServicesPasse SvcPasse;
+
+}  // namespace ovelin
