@@ -166,19 +166,22 @@ void ChampNombre::OteBulle() {
 
 // The field says that it is left, at most once at a time.
 void ChampNombre::DitQuitte(bool memeInchange) {
-  if (dit_) return;
+  // While a handler computes, what has been typed since is another entry; everything else is still the first.
+  if (dit_ && !isModified()) return;
   const bool change = Texte() != entree_;
   if (!change && !memeInchange) return;
   // A handler may end the field, or end itself for want of memory.
   struct Pendant {
     QPointer<ChampNombre> champ;
+    bool avant;
     ~Pendant() {
-      if (champ != nullptr) champ->dit_ = false;
+      if (champ != nullptr) champ->dit_ = avant;
     }
-  } const pendant{this};
+  } const pendant{this, dit_};
   dit_ = true;
+  setModified(false);
   Q_EMIT Quitte(change);
-  if (pendant.champ == nullptr) return;
+  if (pendant.champ == nullptr || isModified()) return;
   entree_ = Texte();
   if (!refuse_) OublieFrappe();
 }
@@ -233,7 +236,7 @@ void ChampNombre::keyPressEvent(QKeyEvent* e) {
     Q_EMIT Entree();
     if (moi == nullptr) return;
     if (!change && !refuse_) return e->ignore();
-    selectAll();
+    if (!isModified()) selectAll();
     return e->accept();
   }
   if (e->key() == Qt::Key_Escape) {

@@ -22,11 +22,7 @@
 #include <QUrl>
 #include <chrono>
 #include <cmath>
-#include <condition_variable>
 #include <deque>
-#include <exception>
-#include <mutex>
-#include <system_error>
 #include <thread>
 
 #include "base/SansCopie.h"
@@ -38,6 +34,7 @@
 #include "core/ui/Fenetres.h"
 #include "core/ui/FiltreStop.h"
 #include "core/ui/LanguesPresentes.h"
+#include "core/ui/Ouvrier.h"
 #include "core/ui/Theme.h"
 #include "core/ui/TraduitFenetre.h"
 #include "core/ui/Veille.h"
@@ -292,36 +289,11 @@ void LaisseEvenementsQt(Evenements mode) {
 // milliseconds. A kernel that is done at once costs no round. Where the system has no thread left it runs here.
 void EnFondQt(const std::function<void()>& noyau) {
   if (!FilFenetres()) return noyau();
-  const Passe passe;
-  std::mutex verrou;
-  std::condition_variable signal;
-  bool fini = false;
-  std::exception_ptr erreur;
-  std::thread fil;
-  try {
-    fil = std::thread([&] {
-      try {
-        noyau();
-      } catch (...) {
-        erreur = std::current_exception();
-      }
-      const std::lock_guard<std::mutex> tient(verrou);
-      fini = true;
-      signal.notify_one();
-    });
-  } catch (const std::system_error&) {
-    return noyau();
-  }
   constexpr std::chrono::milliseconds Delai(8);
-  std::unique_lock<std::mutex> tient(verrou);
-  while (!signal.wait_for(tient, Delai, [&] { return fini; })) {
-    tient.unlock();
-    Ronde().Tourne();
-    tient.lock();
-  }
-  tient.unlock();
-  fil.join();
-  if (erreur) std::rethrow_exception(erreur);
+  const Passe passe;
+  Ouvrier ouvrier(noyau);
+  while (!ouvrier.Fini(Delai)) Ronde().Tourne();
+  ouvrier.Rend();
 }
 
 void AttendQt(double secondes) {

@@ -47,7 +47,7 @@ void SEndetPartout(const Trace& source, double distance, int recouvrement) {
   EXPECT_EQ(libre.nombre, nombre);
   EXPECT_TRUE(libre.trace == trace);
   ASSERT_GT(libre.regards, 4);
-  const long pas = libre.regards / 300 + 1;
+  const long pas = libre.regards / 100 + 1;
   for (long dit = 0; dit < libre.regards; dit += pas) {
     const Issue finie = Sous(dit, source, distance, recouvrement);
     EXPECT_EQ(finie.nombre, 0) << "told at look " << dit << " of " << libre.regards;

@@ -1,0 +1,159 @@
+#include "core/ui/PasseJusque.h"
+
+#include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QApplication>
+#include <QPointer>
+#include <QSinglePointEvent>
+#include <QWindow>
+#include <chrono>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "core/ui/FiltreStop.h"
+#include "core/ui/Ouvrier.h"
+#include "core/ui/ServicesQt.h"
+
+namespace ovelin {
+
+namespace {
+
+QWidget* FenetreDe(const QObject* objet) {
+  for (QWidget* fenetre : QApplication::topLevelWidgets()) {
+    if (fenetre->windowHandle() == objet) return fenetre;
+  }
+  return nullptr;
+}
+
+// The control that an event of the window system is meant for: keys go to the one with the keyboard, presses to the
+// one under them.
+const QWidget* CibleDe(QObject* objet, const QEvent& e) {
+  if (!objet->isWindowType()) return qobject_cast<QWidget*>(objet);
+  QWidget* fenetre = FenetreDe(objet);
+  if (fenetre == nullptr) return nullptr;
+  QWidget* dedans = nullptr;
+  if (e.isSinglePointEvent()) {
+    dedans = fenetre->childAt(static_cast<const QSinglePointEvent&>(e).position().toPoint());
+  } else if (QApplication::focusWidget() != nullptr && QApplication::focusWidget()->window() == fenetre) {
+    dedans = QApplication::focusWidget();
+  }
+  return dedans != nullptr ? dedans : fenetre;
+}
+
+// Those that are worth keeping. A press is kept with its release, since both are told before either has done
+// anything.
+bool SeTient(QEvent::Type type) {
+  switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Wheel:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool DeLUtilisateur(QEvent::Type type) {
+  switch (type) {
+    case QEvent::MouseMove:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TabletPress:
+    case QEvent::TabletMove:
+    case QEvent::TabletRelease:
+    case QEvent::NativeGesture:
+    case QEvent::Drop:
+      return true;
+    default:
+      return SeTient(type);
+  }
+}
+
+class Filtre : public QObject {
+ public:
+  Filtre(const JugeEvenement& juge, const std::function<void()>& arrete)
+      : juge_(juge), arrete_(arrete), modale_(QApplication::activeModalWidget()) {
+    qApp->installEventFilter(this);
+  }
+  // What was held comes from the event loop, one after the other; one that starts something long keeps the next
+  // ones waiting.
+  ~Filtre() override {
+    for (Tenu& tenu : tenus_) {
+      Apres([objet = tenu.objet, e = std::shared_ptr<QEvent>(std::move(tenu.e))] {
+        if (objet != nullptr) QCoreApplication::sendEvent(objet, e.get());
+      });
+    }
+  }
+  Filtre(const Filtre&) = delete;
+  Filtre& operator=(const Filtre&) = delete;
+
+  [[nodiscard]] bool Arretee() const { return arretee_; }
+
+  bool eventFilter(QObject* objet, QEvent* e) override {
+    if (QApplication::activeModalWidget() != modale_ || EstUnArret(*objet, *e)) return false;
+    if (e->type() == QEvent::Timer) return RepeteUnePression(*objet);
+    // A key of a command: the command itself waits.
+    if (e->type() == QEvent::Shortcut) return Tient(objet, *e);
+    if (!DeLUtilisateur(e->type())) return false;
+    const QWidget* cible = CibleDe(objet, *e);
+    switch (cible != nullptr ? juge_(*cible, *e) : SortEvenement::Refuse) {
+      case SortEvenement::Laisse:
+        return false;
+      case SortEvenement::Arrete:
+        arretee_ = true;
+        arrete_();
+        return true;
+      case SortEvenement::Tient:
+        // What reaches a control past its window isn't the user's hand.
+        return !objet->isWindowType() || !SeTient(e->type()) || Tient(objet, *e);
+      case SortEvenement::Refuse:
+        break;
+    }
+    return true;
+  }
+
+ private:
+  struct Tenu {
+    QPointer<QObject> objet;
+    std::unique_ptr<QEvent> e;
+  };
+  bool Tient(QObject* objet, const QEvent& e) {
+    tenus_.push_back({objet, std::unique_ptr<QEvent>(e.clone())});
+    return true;
+  }
+  // An arrow that is held down works by a timer of its own: it goes on behind the pass.
+  static bool RepeteUnePression(const QObject& objet) {
+    return qobject_cast<const QAbstractButton*>(&objet) != nullptr ||
+           qobject_cast<const QAbstractSlider*>(&objet) != nullptr;
+  }
+
+  const JugeEvenement& juge_;
+  const std::function<void()>& arrete_;
+  const QWidget* modale_;
+  std::vector<Tenu> tenus_;
+  bool arretee_ = false;
+};
+
+}  // namespace
+
+bool MenePasse(const PasseInterruptible& passe, const JugeEvenement& juge) {
+  constexpr std::chrono::milliseconds Delai(8);
+  const Passe pendant;
+  Filtre filtre(juge, passe.arrete);
+  Ouvrier ouvrier(passe.noyau);
+  while (!ouvrier.Fini(Delai)) {
+    QCoreApplication::processEvents();
+    passe.pouls();
+  }
+  ouvrier.Rend();
+  passe.pouls();
+  return filtre.Arretee();
+}
+
+}  // namespace ovelin
