@@ -11,7 +11,6 @@
 #include "core/Nombres.h"
 #include "core/ReglagesCourants.h"
 #include "core/RunCourant.h"
-#include "core/Services.h"
 #include "toolpath/Attaches.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"

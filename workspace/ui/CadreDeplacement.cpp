@@ -112,9 +112,17 @@ void CadreDeplacement::MontrePoint(const std::string& x, const std::string& y) {
 }
 
 // The refresh that comes with a move leaves the fields to it.
+// A move that was taken back takes those along that have come while its tool path was computed.
 ChampEntre CadreDeplacement::Bouge(const std::function<ChampEntre()>& mouvement) {
+  if (enMouvement_) return mouvement();
+  const std::string x = x_.champ->EnVigueur();
+  const std::string y = y_.champ->EnVigueur();
   const QScopedValueRollback<bool> pendant(enMouvement_, true);
-  return mouvement();
+  ChampEntre r = mouvement();
+  if (r.fait) return r;
+  if (x_.champ->EnVigueur() != x) x_.champ->Montre(x);
+  if (y_.champ->EnVigueur() != y) y_.champ->Montre(y);
+  return r;
 }
 
 void CadreDeplacement::Entre(Axe& axe, const std::string& texte) {
@@ -130,7 +138,7 @@ void CadreDeplacement::Entre(Axe& axe, const std::string& texte) {
 
 bool CadreDeplacement::Ajoute(Axe& axe, double pas) {
   const ChampEntre r = Bouge([&] { return AjouteDeplacement(axe.direction, axe.champ->EnVigueur(), pas); });
-  axe.champ->Montre(r.texte);
+  axe.champ->Montre(r.fait ? r.texte : axe.champ->EnVigueur());
   return r.fait;
 }
 

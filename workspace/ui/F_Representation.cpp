@@ -67,7 +67,7 @@ int EnPixels(std::int32_t twips) { return static_cast<int>(static_cast<float>(tw
 
 }  // namespace
 
-F_Representation::F_Representation(QWidget* parent) : QMainWindow(parent), avant_(Svc) {
+F_Representation::F_Representation(QWidget* parent) : QMainWindow(parent), avant_(Svc), avantPasse_(SvcPasse) {
   setObjectName(QString::fromLatin1(Section));
   setWindowTitle(QString::fromLatin1(NomProgramme));
   setMinimumSize(LargeurMin, HauteurMin);
@@ -79,7 +79,10 @@ F_Representation::F_Representation(QWidget* parent) : QMainWindow(parent), avant
   InstalleServices();
 }
 
-F_Representation::~F_Representation() { Svc = avant_; }
+F_Representation::~F_Representation() {
+  Svc = avant_;
+  SvcPasse = avantPasse_;
+}
 
 // --- layout
 
@@ -185,6 +188,9 @@ void F_Representation::Relie() {
 // What the procedures ask of the window that shows the document.
 void F_Representation::InstalleServices() {
   Svc.Rafraichit = [this] { Rafraichit(); };
+  SvcPasse.Jusque = [this](const PasseInterruptible& passe) { return MenePasse(passe); };
+  SvcPasse.MontreSansTrajet = [this] { MontreSansTrajet(); };
+  SvcPasse.ChangementRepris = [this] { ChangementRepris(); };
   Svc.Timer_Interro = [this](bool actif) {
     if (actif) {
       RegleTimer_Interro();

@@ -11,6 +11,7 @@
 
 #include "base/SansCopie.h"
 #include "core/Services.h"
+#include "core/ServicesPasse.h"
 #include "core/ui/Fenetres.h"
 #include "workspace/FinCycle.h"
 #include "workspace/Module_Annulation.h"
@@ -72,6 +73,10 @@ class F_Representation : public QMainWindow {
   // the document on show
   void Rafraichit();
   void Dessine();  // the picture, or what to do while there is no drawing
+  // A change whose tool path is being computed: the drawing alone, until the pass is over or taken back.
+  bool MenePasse(const PasseInterruptible& passe);
+  void MontreSansTrajet();
+  void ChangementRepris();
   void DessinOuvert(bool ouvert);
   void Redessine(bool du);  // Dessin where a procedure says that it is due
   void SuitSouris(const SuiteSouris& suite);
@@ -128,6 +133,7 @@ class F_Representation : public QMainWindow {
 
   Executions executions_;
   Services avant_;  // as before this window, put back at its end
+  ServicesPasse avantPasse_;
   QToolBar* TB1_ = nullptr;
   CommandesPrincipales* commandes_ = nullptr;
   QSplitter* separateur_ = nullptr;

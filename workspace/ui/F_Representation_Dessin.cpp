@@ -1,4 +1,6 @@
 // The document on show in the main window: what follows it, and what the mouse has done to it.
+#include <QKeyEvent>
+#include <algorithm>
 #include <utility>
 
 #include "core/Cadence.h"
@@ -6,6 +8,9 @@
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Textes.h"
+#include "core/ui/PasseJusque.h"
+#include "core/ui/ServicesQt.h"
+#include "toolpath/ChampsOutil.h"
 #include "workspace/Module_Image.h"
 #include "workspace/Module_Souris.h"
 #include "workspace/Module_Travail.h"
@@ -13,6 +18,34 @@
 #include "workspace/ui/F_Representation.h"
 
 namespace ovelin {
+
+namespace {
+
+bool EstFleche(int touche) {
+  return touche == Qt::Key_Left || touche == Qt::Key_Right || touche == Qt::Key_Up || touche == Qt::Key_Down;
+}
+
+bool EstChampOutil(const QWidget& controle) {
+  return std::ranges::any_of(LignesOutil(), [&controle](const LigneOutil& ligne) {
+    return controle.objectName() == QLatin1String(ligne.champ);
+  });
+}
+
+// While a tool path is computed: another value of the tool, another step of the selection, or the way back. What is
+// meant for the window of moves by hand is forgotten: the machine would move when nobody expects it any more.
+SortEvenement JugePendantPasse(const QWidget& cible, const QWidget& fenetre, const QWidget& image,
+                               const QEvent& e) {
+  const bool appui = e.type() == QEvent::KeyPress;
+  if (appui || e.type() == QEvent::KeyRelease) {
+    const int touche = static_cast<const QKeyEvent&>(e).key();
+    if (touche == Qt::Key_Escape) return appui ? SortEvenement::Arrete : SortEvenement::Refuse;
+    if (&cible == &image && EstFleche(touche)) return SortEvenement::Laisse;
+  }
+  if (cible.window() == &fenetre && EstChampOutil(cible) && e.type() != QEvent::Wheel) return SortEvenement::Laisse;
+  return cible.window()->objectName() == QLatin1String("F_PilMan") ? SortEvenement::Refuse : SortEvenement::Tient;
+}
+
+}  // namespace
 
 void F_Representation::Rafraichit() {
   // What an opening leaves on its way isn't shown, and no step of undo leads there.
@@ -31,6 +64,31 @@ void F_Representation::Dessine() {
   alerte_->Suit();
   Parle();
   PB1_->Dessin();
+}
+
+// A pass inside another one, or on the way of an opening, is part of that.
+bool F_Representation::MenePasse(const PasseInterruptible& passe) {
+  if (PasseEnCours() || ouverture_ || ouvre_) {
+    Travaille(passe.noyau);
+    return false;
+  }
+  return ovelin::MenePasse(
+      passe, [this](const QWidget& cible, const QEvent& e) { return JugePendantPasse(cible, *this, *PB1_, e); });
+}
+
+void F_Representation::MontreSansTrajet() {
+  if (ouverture_) return;
+  alerte_->hide();
+  PB1_->Montre();
+}
+
+// The trees have not followed the change.
+void F_Representation::ChangementRepris() {
+  panneau_->InitSeq();
+  panneau_->Fraisage()->SuitOutil();
+  alerte_->Suit();
+  Parle();
+  PB1_->Montre();
 }
 
 void F_Representation::DessinOuvert(bool ouvert) {

@@ -159,6 +159,14 @@ void ImagePB1::Dessin() {
   if (bouton) Q_EMIT Instantane(*bouton);
 }
 
+void ImagePB1::Montre() {
+  if (retenue_ || enCours_ || !misEnPage_.isValid()) return;
+  Peint();
+  // The legend names what is there.
+  if (TraceDecale.empty()) decalage_->hide();
+  update();
+}
+
 void ImagePB1::Peint() {
   const OptionsScene options = Options();
   Respiration souffle;

@@ -37,6 +37,9 @@ class ImagePB1 : public QWidget {
   // no snapshot is taken.
   void Dessin();
   [[nodiscard]] bool DessinEnCours() const { return enCours_; }
+  // The picture at once, also while a pass runs, and no snapshot: the drawing of a change whose tool path is on its
+  // way, or what is in force behind a change that was taken back.
+  void Montre();
   // While a drawing is being opened: what is shown stays, no Dessin, no layout. A size that has changed meanwhile
   // is taken over afterwards.
   void Retient(bool retient);

@@ -230,7 +230,7 @@ void PageFraisage::FocusLargeurEncoche() {
 void PageFraisage::Entre(const ChampOutil& champ, const std::string& texte) {
   const IssueOutil issue = EntreOutil(*champ.ligne, texte);
   if (issue.accepte) {
-    champ.saisie->Montre(champ.ligne->valeur());
+    champ.saisie->MontreApres(texte, champ.ligne->valeur());
   } else {
     champ.saisie->Refuse(issue.raison ? TexteQt(*issue.raison) : QString(), issue.stocke);
   }

@@ -19,6 +19,11 @@ void Saisie::Montre(const std::string& texte) {
   champ_->Montre(texte);
 }
 
+void Saisie::MontreApres(const std::string& entree, const std::string& texte) {
+  if (champ_->Texte() == entree || champ_->Texte() == enVigueur_) return Montre(texte);
+  enVigueur_ = texte;
+}
+
 void Saisie::Refuse(const QString& raison, bool stocke) {
   if (stocke) enVigueur_ = champ_->Texte();
   champ_->Refuse(raison);

@@ -19,6 +19,8 @@ class Saisie : public QObject {
   [[nodiscard]] const std::string& EnVigueur() const { return enVigueur_; }
   // The value in force.
   void Montre(const std::string& texte);
+  // The value in force behind that entry; what has been typed since the entry stays.
+  void MontreApres(const std::string& entree, const std::string& texte);
   // The entry is refused. `stocke`: its value is in force all the same, and leaving the field doesn't ask again.
   void Refuse(const QString& raison, bool stocke = false);
   // Leaving the field runs the rule although nothing was typed.
