@@ -2,12 +2,17 @@
 // drawing of 1,000,000 points is opened, re-offset, cleaned, saved and opened again as a project. Runs in the main
 // window without a screen. Wanted: no gap above 100 ms.
 //   build/bench/bin/bench_alive [POINTS_PER_CONTOUR CONTOURS [NOISE_MM]] [--where MS]
-// With --where the place behind each gap longer than that is told, as addresses for addr2line.
+//   build/bench/bin/bench_alive --arrows [POINTS_PER_CONTOUR CONTOURS]
+// With --where the place behind each gap longer than that is told, as addresses for addr2line. --arrows: ten
+// presses of an arrow key on 784,000 points, the time until the picture shows the first and until the
+// tool path of all is there; without a pass that may be ended, as it was before there was one, and with it.
 #include <execinfo.h>
 #include <unistd.h>
 
 #include <QApplication>
 #include <QBasicTimer>
+#include <QKeyEvent>
+#include <QTimer>
 #include <QTimerEvent>
 #include <algorithm>
 #include <chrono>
@@ -21,6 +26,7 @@
 #include <functional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/Formes.h"
@@ -29,11 +35,15 @@
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/ServicesPasse.h"
 #include "core/ui/ServicesQt.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Nettoyage.h"
+#include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
 #include "workspace/Module_Ouverture.h"
+#include "workspace/Module_Travail.h"
 #include "workspace/ui/F_Representation.h"
 
 namespace {
@@ -122,22 +132,120 @@ std::string ContourBruite(int points, double bruit) {
   return texte + "0\nENDSEC\n0\nEOF\n";
 }
 
+// What a window needs around it: a folder of its own with settings, and services that ask nobody.
+struct Lieu {
+  std::filesystem::path dossier =
+      std::filesystem::temp_directory_path() / ("ovelin-alive-" + std::to_string(getpid()));
+  Lieu() {
+    std::filesystem::create_directories(dossier);
+    DossierProgramme = dossier.string();
+    std::ofstream(dossier / "OVELIN.ini") << "[OVELIN]\r\nRayonFraise=1.5\r\n";
+    PrepareDossierTemp();
+    InstalleServicesQt();
+    Svc.Montre = [](const BoiteMessage& b) {
+      std::printf("box: %s\n", b.texte.c_str());
+      return Reponse::Ok;
+    };
+  }
+  ~Lieu() {
+    OteDossierTemp();
+    std::error_code erreur;
+    std::filesystem::remove_all(dossier, erreur);
+  }
+  Lieu(const Lieu&) = delete;
+  Lieu& operator=(const Lieu&) = delete;
+};
+
+// When the picture was painted first since the last look.
+class Peinture : public QObject {
+ public:
+  explicit Peinture(QObject& image) { image.installEventFilter(this); }
+  void Remet() { peinte_ = false; }
+  [[nodiscard]] Horloge::time_point Quand() const { return quand_; }
+
+ protected:
+  bool eventFilter(QObject* /*objet*/, QEvent* e) override {
+    if (e->type() == QEvent::Paint && !std::exchange(peinte_, true)) quand_ = Horloge::now();
+    return false;
+  }
+
+ private:
+  bool peinte_ = true;
+  Horloge::time_point quand_;
+};
+
+void PresseFleche(QWidget& image) {
+  QKeyEvent appui(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+  QCoreApplication::sendEvent(&image, &appui);
+}
+
+// Ten presses 30 ms apart, as a key that is held repeats; one that finds the program busy comes when it can.
+void Appuie(QWidget& image, Peinture& peinture, const char* nom) {
+  constexpr int Nombre = 10;
+  constexpr std::chrono::milliseconds Cadence(30);
+  QCoreApplication::processEvents();
+  const auto ms = [](auto duree) { return std::chrono::duration<double, std::milli>(duree).count(); };
+  const int pas = NumeroInstantane();
+  int faites = 0;
+  peinture.Remet();
+  const auto debut = Horloge::now();
+  // Each press has a timer of its own: one that is at work doesn't fire again inside itself. Where nothing may be
+  // ended a press waits for the pass, as it does in the queue of the window system.
+  std::function<void()> presse = [&] {
+    if (PasseEnCours() && !SvcPasse.Jusque) return QTimer::singleShot(1, &image, presse);
+    ++faites;
+    PresseFleche(image);
+  };
+  for (int i = 0; i < Nombre; ++i) QTimer::singleShot(i * Cadence, &image, presse);
+  while (faites < Nombre || PasseEnCours()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  const auto fin = Horloge::now();
+  std::printf(
+      "%-28s %8.0f ms until the tool path of all stands, drawing painted after %6.0f ms, %d steps of undo\n", nom,
+      ms(fin - debut), ms(peinture.Quand() - debut), NumeroInstantane() - pas);
+  std::fflush(stdout);
+}
+
+void MesureFleches(int points, int contours) {
+  const Lieu lieu;
+  const std::string dessin = (lieu.dossier / "grand.dxf").string();
+  std::ofstream(dessin, std::ios::binary) << banc::DessinDxf(contours, points);
+  F_Representation fenetre;
+  Svc.Dimensionne = [](DemandeDimension&) {};
+  fenetre.DossierDocuments.clear();
+  fenetre.resize(1280, 800);
+  fenetre.Form_Load(dessin);
+  std::printf("--- arrows: %d points in %d contours\n", NbPoints, contours);
+  SelectionneTout();
+  auto* image = fenetre.findChild<QWidget*>(QStringLiteral("PB1"));
+  Peinture peinture(*image);
+  const auto passe = std::exchange(SvcPasse.Jusque, nullptr);
+  Appuie(*image, peinture, "ten passes");
+  SvcPasse.Jusque = passe;
+  Appuie(*image, peinture, "a pass that may be ended");
+  // Escape in the middle of a pass: from the key until the window is free.
+  Horloge::time_point echap;
+  QTimer clavier;
+  clavier.setSingleShot(true);
+  QObject::connect(&clavier, &QTimer::timeout, [&] {
+    echap = Horloge::now();
+    QKeyEvent appui(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(image, &appui);
+  });
+  clavier.start(50);
+  PresseFleche(*image);
+  std::printf("%-28s %8.0f ms until the state of before stands\n", "Escape",
+              std::chrono::duration<double, std::milli>(Horloge::now() - echap).count());
+  Modifie = Faux;
+  RetientTravail();
+  fenetre.close();
+}
+
 void Mesure(int points, int contours, double montre) {
-  const auto dossier = std::filesystem::temp_directory_path() / ("ovelin-alive-" + std::to_string(getpid()));
-  std::filesystem::create_directories(dossier);
-  DossierProgramme = dossier.string();
-  std::ofstream(dossier / "OVELIN.ini") << "[OVELIN]\r\nRayonFraise=1.5\r\n";
-  const std::string dessin = (dossier / "grand.dxf").string();
-  const std::string projet = (dossier / "grand.OVL").string();
+  const Lieu lieu;
+  const std::string dessin = (lieu.dossier / "grand.dxf").string();
+  const std::string projet = (lieu.dossier / "grand.OVL").string();
   std::ofstream(dessin, std::ios::binary)
       << (contours == 1 ? ContourBruite(points, 0.01) : banc::DessinDxf(contours, points));
-  PrepareDossierTemp();
-
-  InstalleServicesQt();
-  Svc.Montre = [](const BoiteMessage& b) {
-    std::printf("box: %s\n", b.texte.c_str());
-    return Reponse::Ok;
-  };
   F_Representation fenetre;
   Svc.Dimensionne = [](DemandeDimension&) {};
   fenetre.DossierDocuments.clear();
@@ -169,9 +277,6 @@ void Mesure(int points, int contours, double montre) {
   Modifie = Faux;
   FichierProjet.clear();
   fenetre.close();
-  OteDossierTemp();
-  std::error_code erreur;
-  std::filesystem::remove_all(dossier, erreur);
 }
 
 }  // namespace
@@ -180,13 +285,21 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   double montre = 0;
+  bool fleches = false;
   std::vector<double> nombres;
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--where") == 0 && i + 1 < argc) {
       montre = std::atof(argv[++i]);
+    } else if (std::strcmp(argv[i], "--arrows") == 0) {
+      fleches = true;
     } else {
       nombres.push_back(std::atof(argv[i]));
     }
+  }
+  if (fleches) {
+    const bool donnes = nombres.size() >= 2;
+    MesureFleches(donnes ? static_cast<int>(nombres[0]) : 784, donnes ? static_cast<int>(nombres[1]) : 1000);
+    return 0;
   }
   if (nombres.size() >= 2) {
     Mesure(static_cast<int>(nombres[0]), static_cast<int>(nombres[1]), montre);

@@ -147,7 +147,7 @@ class Ouvrage : base::SansCopie {
     enCours_.arret.Leve();
     EncombrementGeneral();
     SvcPasse.MontreSansTrajet();
-    Svc.AvancementDebut(Traduire("F_Representation", "lib380"), std::ssize(travail.codes));
+    Svc.AvancementDebut(Traduire(Textes::CalculQuiSAnnule), std::ssize(travail.codes));
     std::atomic<long> commences{0};
     long montres = 0;
     const auto montre = [&] {

@@ -2,6 +2,7 @@
 // brings back. The kernel comes to its end when the test says so.
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <QWindow>
@@ -92,8 +93,13 @@ class PendantPasse : public essai::Principale {
   // As from the screen: through the window.
   void PresseFenetre(const char* nom) {
     auto* controle = C<QWidget>(nom);
-    const QPoint ici = controle->mapTo(fenetre_.get(), controle->rect().center());
-    QTest::mouseClick(fenetre_->windowHandle(), Qt::LeftButton, {}, ici);
+    ASSERT_TRUE(controle->isVisible());
+    const QPointF ici = controle->mapTo(fenetre_.get(), controle->rect().center());
+    const QPointF global = fenetre_->mapToGlobal(ici);
+    QMouseEvent appui(QEvent::MouseButtonPress, ici, ici, global, Qt::LeftButton, Qt::LeftButton, {});
+    QMouseEvent lache(QEvent::MouseButtonRelease, ici, ici, global, Qt::LeftButton, Qt::NoButton, {});
+    QCoreApplication::sendEvent(fenetre_->windowHandle(), &appui);
+    QCoreApplication::sendEvent(fenetre_->windowHandle(), &lache);
   }
   std::string Champ(const char* nom) { return C<QLineEdit>(nom)->text().toStdString(); }
 
@@ -141,7 +147,7 @@ TEST_F(PendantPasse, ThePictureShowsTheDrawingAtOnceAndNoToolPath) {
              EXPECT_TRUE(TraceDecale.empty());
              EXPECT_TRUE(C<QLabel>("Label_Couleur_Dessin")->isVisible());
              EXPECT_FALSE(C<QLabel>("Label_Couleur_Decalage")->isVisible());
-             EXPECT_EQ(C<QLabel>("SB1_2")->text().toStdString(), Traduire("F_Representation", "lib380"));
+             EXPECT_EQ(C<QLabel>("SB1_2")->text().toStdString(), Traduire(Textes::CalculQuiSAnnule));
              EXPECT_EQ(NumeroInstantane(), pas_);
            }});
   Presse(Qt::Key_Right);
