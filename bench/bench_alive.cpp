@@ -208,7 +208,8 @@ void Appuie(QWidget& image, Peinture& peinture, const char* nom) {
 void MesureFleches(int points, int contours) {
   const Lieu lieu;
   const std::string dessin = (lieu.dossier / "grand.dxf").string();
-  std::ofstream(dessin, std::ios::binary) << banc::DessinDxf(contours, points);
+  std::ofstream(dessin, std::ios::binary)
+      << (contours == 1 ? ContourBruite(points, 0.01) : banc::DessinDxf(contours, points));
   F_Representation fenetre;
   Svc.Dimensionne = [](DemandeDimension&) {};
   fenetre.DossierDocuments.clear();
@@ -216,7 +217,9 @@ void MesureFleches(int points, int contours) {
   fenetre.Form_Load(dessin);
   std::printf("--- arrows: %d points in %d contours\n", NbPoints, contours);
   SelectionneTout();
-  auto* image = fenetre.findChild<QWidget*>(QStringLiteral("PB1"));
+  auto* image = fenetre.findChild<ImagePB1*>(QStringLiteral("PB1"));
+  QCoreApplication::processEvents();
+  image->MetEnPage();
   Peinture peinture(*image);
   const auto passe = std::exchange(SvcPasse.Jusque, nullptr);
   Appuie(*image, peinture, "ten passes");
@@ -298,7 +301,7 @@ int main(int argc, char** argv) {
   }
   if (fleches) {
     const bool donnes = nombres.size() >= 2;
-    MesureFleches(donnes ? static_cast<int>(nombres[0]) : 784, donnes ? static_cast<int>(nombres[1]) : 1000);
+    MesureFleches(donnes ? static_cast<int>(nombres[0]) : 1000000, donnes ? static_cast<int>(nombres[1]) : 1);
     return 0;
   }
   if (nombres.size() >= 2) {
