@@ -12,8 +12,8 @@
 
 namespace ovelin {
 
-// Two columns: the line of the tree, and beside that of a path what it is in words, with the colour of its layer. One
-// root, below it a row for each group, below that one for each of its first points and one for the fold of the
+// Two columns: the line of the tree, and beside that of a path what it is in words, with the colour of its layer.
+// One root, below it a row for each group, below that one for each of its first points and one for the fold of the
 // others, whose rows are there once it has been opened.
 class ModeleArbre : public QAbstractItemModel {
   Q_OBJECT
