@@ -4,6 +4,8 @@
 
 #include <functional>
 
+#include "core/Etat.h"
+
 namespace ovelin {
 
 struct PasseInterruptible {
@@ -23,6 +25,7 @@ struct ServicesPasse {
   // That change was taken back: picture and fields show again what is in force. No step of undo.
   std::function<void()> ChangementRepris = [] {};
 };
-extern ServicesPasse SvcPasse;
+inline ServicesPasse SvcPasse;
+[[maybe_unused]] inline const bool ServicesPasseEnregistres = EnregistreRemise([] { SvcPasse = ServicesPasse{}; });
 
 }  // namespace ovelin

@@ -3,10 +3,13 @@
 #include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QApplication>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QSinglePointEvent>
+#include <QWheelEvent>
 #include <QWindow>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -75,6 +78,28 @@ bool DeLUtilisateur(QEvent::Type type) {
   }
 }
 
+// Makes the event again when it is due. No copy of it: the places of the pointer in a copy are shared with the
+// pointing device, and go on with the hand while the event is held.
+std::function<std::unique_ptr<QEvent>()> Refait(const QEvent& e) {
+  if (e.type() == QEvent::Wheel) {
+    const auto& roue = static_cast<const QWheelEvent&>(e);
+    return [ici = roue.position(), global = roue.globalPosition(), pixels = roue.pixelDelta(),
+            angle = roue.angleDelta(), boutons = roue.buttons(), touches = roue.modifiers(), phase = roue.phase(),
+            inverse = roue.inverted()] {
+      return std::make_unique<QWheelEvent>(ici, global, pixels, angle, boutons, touches, phase, inverse);
+    };
+  }
+  if (e.isSinglePointEvent()) {
+    const auto& souris = static_cast<const QMouseEvent&>(e);
+    return [type = souris.type(), ici = souris.position(), scene = souris.scenePosition(),
+            global = souris.globalPosition(), bouton = souris.button(), boutons = souris.buttons(),
+            touches = souris.modifiers()] {
+      return std::make_unique<QMouseEvent>(type, ici, scene, global, bouton, boutons, touches);
+    };
+  }
+  return [copie = std::shared_ptr<QEvent>(e.clone())] { return std::unique_ptr<QEvent>(copie->clone()); };
+}
+
 class Filtre : public QObject {
  public:
   Filtre(const JugeEvenement& juge, const std::function<void()>& arrete)
@@ -85,8 +110,8 @@ class Filtre : public QObject {
   // ones waiting.
   ~Filtre() override {
     for (Tenu& tenu : tenus_) {
-      Apres([objet = tenu.objet, e = std::shared_ptr<QEvent>(std::move(tenu.e))] {
-        if (objet != nullptr) QCoreApplication::sendEvent(objet, e.get());
+      Apres([objet = tenu.objet, refait = std::move(tenu.refait)] {
+        if (objet != nullptr) QCoreApplication::sendEvent(objet, refait().get());
       });
     }
   }
@@ -121,10 +146,10 @@ class Filtre : public QObject {
  private:
   struct Tenu {
     QPointer<QObject> objet;
-    std::unique_ptr<QEvent> e;
+    std::function<std::unique_ptr<QEvent>()> refait;
   };
   bool Tient(QObject* objet, const QEvent& e) {
-    tenus_.push_back({objet, std::unique_ptr<QEvent>(e.clone())});
+    tenus_.push_back({objet, Refait(e)});
     return true;
   }
   // An arrow that is held down works by a timer of its own: it goes on behind the pass.

@@ -233,7 +233,8 @@ TEST_F(PendantPasse, ACommandComesBehindItAndFindsTheToolPath) {
 
 TEST_F(PendantPasse, AClickIsHeldAndComesBehindIt) {
   GrandePoche();
-  Pendant({[this] { PresseFenetre("Option_Decal_2"); }, [] { EXPECT_EQ(Sequences[0].Decalage, 1); }});
+  Pendant({[this] { PresseFenetre("Option_Decal_2"); }, [] { EXPECT_EQ(Sequences[0].Decalage, 1); },
+           [this] { QTest::mouseMove(fenetre_->windowHandle(), QPoint(3, 3)); }});  // the hand goes on
   Presse(Qt::Key_Right);
   EXPECT_EQ(Sequences[0].Decalage, 1);
   EXPECT_EQ(finis_, 1);

@@ -166,7 +166,7 @@ TEST_F(MauvaisFichiers, AProjectCutInTheMiddleOfALine) {
   const std::int32_t entier = NbPoints;
   const std::string octets = LitFichierEssai(projet);
   // In the middle of a point line, half-way through the points.
-  const std::size_t points = octets.find("\r\n", octets.rfind("$$SeD")) + 2;
+  const std::size_t points = octets.find("\r\n", octets.rfind("$$Se")) + 2;
   const std::size_t coupure = points + 62 * (static_cast<std::size_t>(entier) / 2) + 20;
   p_->Ouvre(bon_);
   EcritFichierEssai("coupe.OVL", octets.substr(0, coupure));
