@@ -16,7 +16,7 @@ namespace ovelin {
 namespace {
 
 constexpr const char* Section = "F_Representation";
-constexpr int LargeurChiffres = 27;  // digits: indentation and "12:345pts 284.0x208.0"
+constexpr int LargeurChiffres = 23;  // digits: indentation and "12:345pts 284.0x208.0"
 
 }  // namespace
 

@@ -17,6 +17,7 @@ constexpr int Images = 4;
 constexpr int PeriodeImage = 150;  // ms
 constexpr int CoteImage = 16;      // logical pixels
 constexpr int MargeBouton = 12;    // around the text of a button
+constexpr int MargeParole = 12;    // pixels
 
 }  // namespace
 
@@ -103,6 +104,8 @@ void BarreEtat::Parle(const std::string& texte) {
   if (t == parlee_) return;
   parlee_ = t;
   parole_->setToolTip(t);
+  // What it doesn't need is for what was left out.
+  parole_->setMaximumWidth(parole_->fontMetrics().horizontalAdvance(t) + MargeParole);
   Coupe();
 }
 
@@ -120,7 +123,8 @@ void BarreEtat::Ecarte(const std::string& phrase, const std::string& details) {
   ecartes_->setToolTip(bulle + QLatin1Char('\n') + ecartee_);
   ecartes_->setAccessibleName(ecartee_);
   ecartes_->setAccessibleDescription(bulle);
-  ecartes_->setMaximumWidth(ecartes_->fontMetrics().horizontalAdvance(ecartee_) + MargeBouton);
+  // Whole pixels may fall short of the text by one.
+  ecartes_->setMaximumWidth(ecartes_->fontMetrics().horizontalAdvance(ecartee_) + MargeBouton + 2);
   CoupeEcarte();
 }
 

@@ -19,7 +19,7 @@ void Outils::Note(int numero, const Mots& mots, double echelle) {
 }
 
 std::string Outils::Nom() const {
-  const std::string numero = std::to_string(dernier_);
+  std::string numero = std::to_string(dernier_);
   const auto diametre = diametres_.find(dernier_);
   if (diametre == diametres_.end()) return numero;
   return numero + " (" + EnTexte(std::round(diametre->second * 1000) / 1000) + " mm)";
