@@ -55,7 +55,8 @@ std::string Dxf(int points) {
   AjouteFermee(dxf, Rectangle(30, 150, 90, 2));
   int reste = points - 28;
   for (int i = 0; i < 40 && reste >= 24; ++i, reste -= 24) {
-    AjouteFermee(dxf, Rond(20 + 22 * (i % 11), 98 + 12 * (i / 11), 4, 24));
+    const int rang = i / 11;
+    AjouteFermee(dxf, Rond(20 + 22 * (i % 11), 98 + 12 * rang, 4, 24));
   }
   if (reste >= 24) {
     std::vector<std::pair<double, double>> roue;

@@ -44,7 +44,7 @@ Etat EtatCourant() {
           Modifie,      RayonFraise, LargeurEncoche, PCPoche};
 }
 
-class PasseTraces_ : public testing::Test {
+class PasseTracesTest : public testing::Test {
  protected:
   void SetUp() override {
     RayonFraise = 1.5;
@@ -119,7 +119,7 @@ class PasseTraces_ : public testing::Test {
 
 }  // namespace
 
-TEST_F(PasseTraces_, TenPressesOfAnArrowAreOnePassAndTheSameToTheByte) {
+TEST_F(PasseTracesTest, TenPressesOfAnArrowAreOnePassAndTheSameToTheByte) {
   SvcPasse.Jusque = nullptr;
   for (int i = 0; i < 10; ++i) Deplacement_Selection(Direction::X, 0.1F);
   ASSERT_EQ(rafraichis, 10);
@@ -145,7 +145,7 @@ TEST_F(PasseTraces_, TenPressesOfAnArrowAreOnePassAndTheSameToTheByte) {
   EXPECT_EQ(repris, 0);
 }
 
-TEST_F(PasseTraces_, ThePictureShowsTheDrawingOfTheMomentAndNoTraceOfBefore) {
+TEST_F(PasseTracesTest, ThePictureShowsTheDrawingOfTheMomentAndNoTraceOfBefore) {
   script = {[] { return !Deplacement_Selection(Direction::X, 2); }};
   const float x = TraceInitial[0].X;
   EXPECT_TRUE(Deplacement_Selection(Direction::X, 1));
@@ -154,7 +154,7 @@ TEST_F(PasseTraces_, ThePictureShowsTheDrawingOfTheMomentAndNoTraceOfBefore) {
   EXPECT_FALSE(TraceDecale.empty());
 }
 
-TEST_F(PasseTraces_, EscapeBringsDrawingAndTracesBackAtWhicheverPathItComes) {
+TEST_F(PasseTracesTest, EscapeBringsDrawingAndTracesBackAtWhicheverPathItComes) {
   const auto biblio = Biblio.DecalSequence;
   for (const unsigned coeurs : {1U, 3U}) {
     NombreCoeurs = coeurs;
@@ -172,7 +172,7 @@ TEST_F(PasseTraces_, EscapeBringsDrawingAndTracesBackAtWhicheverPathItComes) {
   EXPECT_EQ(repris, 2 * NombreChemins);
 }
 
-TEST_F(PasseTraces_, AnArrowEndsTheKernelAtWhicheverPathItComes) {
+TEST_F(PasseTracesTest, AnArrowEndsTheKernelAtWhicheverPathItComes) {
   SvcPasse.Jusque = nullptr;
   Deplacement_Selection(Direction::Y, 1);
   Deplacement_Selection(Direction::X, 1);
@@ -193,7 +193,7 @@ TEST_F(PasseTraces_, AnArrowEndsTheKernelAtWhicheverPathItComes) {
   }
 }
 
-TEST_F(PasseTraces_, EscapeTakesBackAllThatHasComeSinceTheTracesWereRight) {
+TEST_F(PasseTracesTest, EscapeTakesBackAllThatHasComeSinceTheTracesWereRight) {
   script = {[] { return !Deplacement_Selection(Direction::X, 2); }, [] { return !EntreRayonFraise("2"); },
             [this] {
               Echappe();
@@ -206,7 +206,7 @@ TEST_F(PasseTraces_, EscapeTakesBackAllThatHasComeSinceTheTracesWereRight) {
   EXPECT_EQ(rafraichis, 0);
 }
 
-TEST_F(PasseTraces_, AToolFieldTypedAgainIsTheOneInForce) {
+TEST_F(PasseTracesTest, AToolFieldTypedAgainIsTheOneInForce) {
   SvcPasse.Jusque = nullptr;
   ASSERT_TRUE(EntreRayonFraise("3"));
   const Etat attendu = EtatCourant();
@@ -222,7 +222,7 @@ TEST_F(PasseTraces_, AToolFieldTypedAgainIsTheOneInForce) {
   EXPECT_EQ(rafraichis, 1);
 }
 
-TEST_F(PasseTraces_, AToolFieldAfterAnArrowComputesAllPaths) {
+TEST_F(PasseTracesTest, AToolFieldAfterAnArrowComputesAllPaths) {
   AjouteVague(" Z", -60);
   Sequences.back().Selection = Faux;
   RecalculDecalages();
@@ -233,7 +233,7 @@ TEST_F(PasseTraces_, AToolFieldAfterAnArrowComputesAllPaths) {
   EXPECT_EQ(obtenues, TraceDecale);
 }
 
-TEST_F(PasseTraces_, AToolFieldThatIsTakenBackHasItsValueInTheFilesToo) {
+TEST_F(PasseTracesTest, AToolFieldThatIsTakenBackHasItsValueInTheFilesToo) {
   LargeurEncoche = 4;
   EcritOutil();
   PCPoche = 40;
@@ -253,7 +253,7 @@ TEST_F(PasseTraces_, AToolFieldThatIsTakenBackHasItsValueInTheFilesToo) {
   }
 }
 
-TEST_F(PasseTraces_, ADrawingThatChangedWithoutAWordIsComputedWhole) {
+TEST_F(PasseTracesTest, ADrawingThatChangedWithoutAWordIsComputedWhole) {
   script = {[] {
     TraceInitial[3].X += 1;
     return false;
@@ -265,14 +265,14 @@ TEST_F(PasseTraces_, ADrawingThatChangedWithoutAWordIsComputedWhole) {
   EXPECT_EQ(obtenues, TraceDecale);
 }
 
-TEST_F(PasseTraces_, ACoordinateThatIsNoNumberIsNoChange) {
+TEST_F(PasseTracesTest, ACoordinateThatIsNoNumberIsNoChange) {
   Biblio.DecalSequence = [](Bibliotheque::Points&, float, float, std::int32_t) { return 1; };
   TraceInitial[5].Y = std::nanf("");
   EXPECT_TRUE(EntreRayonFraise("2"));
   EXPECT_EQ(passes, 1);
 }
 
-TEST_F(PasseTraces_, APathThatFailsLeavesWhatComputingAllLeaves) {
+TEST_F(PasseTracesTest, APathThatFailsLeavesWhatComputingAllLeaves) {
   const auto biblio = Biblio.DecalSequence;
   Biblio.DecalSequence = [biblio](Bibliotheque::Points& p, float t, float d, std::int32_t r) {
     return p.front().Seq == Code2(" C") ? 0 : biblio(p, t, d, r);
@@ -285,7 +285,7 @@ TEST_F(PasseTraces_, APathThatFailsLeavesWhatComputingAllLeaves) {
   EXPECT_EQ(obtenues, TraceDecale);
 }
 
-TEST_F(PasseTraces_, WantOfMemoryOnTheWayLeavesTheStateOfBefore) {
+TEST_F(PasseTracesTest, WantOfMemoryOnTheWayLeavesTheStateOfBefore) {
   const auto biblio = Biblio.DecalSequence;
   Biblio.DecalSequence = [biblio](Bibliotheque::Points& p, float t, float d, std::int32_t r) {
     if (p.front().Seq == Code2(" D")) throw std::bad_alloc();
@@ -298,7 +298,7 @@ TEST_F(PasseTraces_, WantOfMemoryOnTheWayLeavesTheStateOfBefore) {
   EXPECT_EQ(rafraichis, 1);
 }
 
-TEST_F(PasseTraces_, AFewOfManyPathsKeepTheOthersWhereTheyStand) {
+TEST_F(PasseTracesTest, AFewOfManyPathsKeepTheOthersWhereTheyStand) {
   for (int k = 0; k < 20; ++k) {
     const float y = 20.0F * static_cast<float>(k);
     AjouteSequence(std::string("z") + static_cast<char>('A' + k), {{400, y}, {410, y}});
@@ -318,7 +318,7 @@ TEST_F(PasseTraces_, AFewOfManyPathsKeepTheOthersWhereTheyStand) {
   EXPECT_EQ(obtenues, TraceDecale);
 }
 
-TEST_F(PasseTraces_, TracesThatAreThereAtOnceNeedNoPass) {
+TEST_F(PasseTracesTest, TracesThatAreThereAtOnceNeedNoPass) {
   for (SequenceInfo& s : Sequences) s.Poche = Faux;
   EXPECT_TRUE(Deplacement_Selection(Direction::X, 1));
   EXPECT_TRUE(EntreRayonFraise("2"));
@@ -329,14 +329,14 @@ TEST_F(PasseTraces_, TracesThatAreThereAtOnceNeedNoPass) {
   EXPECT_EQ(obtenues, TraceDecale);
 }
 
-TEST_F(PasseTraces_, ARefusedMoveStartsNone) {
+TEST_F(PasseTracesTest, ARefusedMoveStartsNone) {
   Attend("F_Representation", "lib113");
   EXPECT_FALSE(Deplacement_Selection(Direction::X, 2e7F));
   EXPECT_EQ(passes, 0);
   EXPECT_EQ(EtatCourant(), debut_);
 }
 
-TEST_F(PasseTraces_, ProgressCountsThePathsOfTheKernelThatComesToItsEnd) {
+TEST_F(PasseTracesTest, ProgressCountsThePathsOfTheKernelThatComesToItsEnd) {
   std::vector<long> totaux;
   long faits = 0;
   int ouverts = 0;
@@ -354,7 +354,7 @@ TEST_F(PasseTraces_, ProgressCountsThePathsOfTheKernelThatComesToItsEnd) {
   EXPECT_EQ(ouverts, 0);
 }
 
-TEST_F(PasseTraces_, SizePlaceAndOriginAreTakenBackWhole) {
+TEST_F(PasseTracesTest, SizePlaceAndOriginAreTakenBackWhole) {
   OrigineX = 5;
   OrigineY = 7;
   const Document avant = Doc;
