@@ -1,6 +1,7 @@
 // The grid of the material presets and its floating editor, by mouse and keys.
 #include <QClipboard>
 #include <QHeaderView>
+#include <QLabel>
 
 #include "core/ui/TraduitFenetre.h"
 #include "tests/ui/fenetres/BdEssai.h"
