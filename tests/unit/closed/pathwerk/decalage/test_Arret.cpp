@@ -1,7 +1,9 @@
 // An offset whose end is wished while it computes: it leaves soon, wherever it is, and gives nothing.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
+#include <numbers>
 #include <utility>
 #include <vector>
 
@@ -62,7 +64,7 @@ TEST(Arret, EndsAnOutlineWhereverItIsTold) { SEndetPartout(EnTrace(CercleBruite(
 TEST(Arret, EndsAPathThatCrossesItselfWhereverItIsTold) {
   Forme huit;
   for (int i = 0; i < 3000; ++i) {
-    const double a = 2 * M_PI * i / 3000;
+    const double a = 2 * std::numbers::pi * i / 3000;
     huit.push_back({40 * std::sin(a), 25 * std::sin(2 * a)});
   }
   SEndetPartout(EnTrace(huit, true), 1.5, 100);

@@ -66,7 +66,7 @@ std::vector<Polyligne> Polylignes(const std::string& texte) {
   std::string valeur;
   bool sommet = false;
   while (std::getline(f, code) && std::getline(f, valeur)) {
-    valeur.erase(valeur.find_last_not_of("\r") + 1);
+    valeur.erase(valeur.find_last_not_of('\r') + 1);
     const int c = std::stoi(code);
     if (c == 0) sommet = valeur == "VERTEX";
     if (c == 0 && valeur == "POLYLINE") p.emplace_back();

@@ -210,7 +210,10 @@ TEST(PocheIlots, StandInPocketsThatCrossThemselves) {
 
 TEST(PocheIlots, ARowOfThemIsOnePieceOfPath) {
   std::vector<Forme> ilots;
-  for (int k = 0; k < 36; ++k) ilots.push_back(Carre(5 + 10 * (k % 6), 5 + 10 * (k / 6), 5));
+  for (int k = 0; k < 36; ++k) {
+    const int rang = k / 6;
+    ilots.push_back(Carre(5 + 10 * (k % 6), 5 + 10 * rang, 5));
+  }
   EXPECT_EQ(Contourne(Carre(0, 0, 65), ilots, 0.8), 1U);
 }
 

@@ -61,8 +61,9 @@ TEST(NamedLayers, EveryKindOfPathHasItsLayer) {
         "0=ARC 8=Coupe 10=0 20=0 40=5 50=0 51=90 ", "0=LWPOLYLINE 8=Coupe 90=2 70=0 10=0 20=0 10=5 20=5 ",
         "0=POLYLINE 8=Coupe 66=1 70=0 0=VERTEX 8=0 62=5 10=0 20=0 0=VERTEX 8=0 10=1 20=0 0=SEQEND 8=0 ",
         "0=SOLID 8=Coupe 10=0 20=0 11=5 21=0 12=0 22=5 ",
-        "0=HATCH 8=Coupe 2=SOLID 70=1 71=0 91=1 92=2 72=0 73=1 93=3 10=0 20=0 10=5 20=0 10=0 20=5 97=0 75=0 76=1 "
-        "98=0 "}) {
+        // one text on two lines
+        ("0=HATCH 8=Coupe 2=SOLID 70=1 71=0 91=1 92=2 72=0 73=1 93=3 10=0 20=0 10=5 20=0 10=0 20=5 97=0 75=0 76=1 "
+         "98=0 ")}) {
     EXPECT_EQ(Seul(entite), Nomme("Coupe", 0xFF0000)) << entite;
   }
 }
