@@ -1,5 +1,8 @@
 #include "image/Palette.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "image/Vue.h"
 
 namespace ovelin {
@@ -38,6 +41,8 @@ constexpr Encre DuDehors{&Reglages::CouleurHors};
 struct Sobre {
   float opacite = 1;
   float largeur = 0;  // logical pixels; 0: as in the other column
+  // To the paper, of what is left to be seen; the share rises until the line has it. 0: never asked for.
+  double contraste = 0;
 };
 
 struct Ligne {
@@ -48,12 +53,14 @@ struct Ligne {
   Sobre sobre = {};
 };
 
+constexpr double ContrastePale = 2.5;  // pale beside what is cut, and still a line that is found
+
 // One row a role, in their order.
 constexpr std::array<Ligne, NombreRoles> Table{{
     {Role::Etendue, Noir, Aucune, 1, StyleTrait::TiretPointPoint, {0.3F}},
     {Role::Dessin, DuDessin, Aucune, 1, StyleTrait::Plein},
     {Role::Selection, DeSelection, Aucune, 1.75F, StyleTrait::Plein, {1, 2}},
-    {Role::Air, DuTrajet, Aucune, 1, StyleTrait::Pointille, {0.55F}},
+    {Role::Air, DuTrajet, Aucune, 1, StyleTrait::Pointille, {0.55F, 0, ContrastePale}},
     {Role::Trajet, DuTrajet, Aucune, 1, StyleTrait::Plein},
     {Role::TrajetNu, DuTrajet, Aucune, 1, StyleTrait::Pointille},
     {Role::Encoche, DesEncoches, Aucune, 1, StyleTrait::Pointille},
@@ -98,6 +105,26 @@ constexpr bool DansLeurOrdre() {
 }
 static_assert(DansLeurOrdre());
 
+// `couleur` as this share of it looks on the paper.
+std::int32_t Melee(std::int32_t couleur, float part, std::int32_t papier) {
+  std::int32_t melee = 0;
+  for (std::uint32_t bits = 0; bits < 24; bits += 8) {
+    const auto octet = [bits](std::int32_t c) {
+      return static_cast<float>((static_cast<std::uint32_t>(c) >> bits) & 255U);
+    };
+    const float valeur = octet(papier) + part * (octet(couleur) - octet(papier));
+    melee += static_cast<std::int32_t>(std::lround(valeur)) << bits;
+  }
+  return melee;
+}
+
+// The same share lets less of a red line be seen on dark paper than on white.
+float OpaciteVisible(const Sobre& sobre, std::int32_t couleur, std::int32_t papier) {
+  float part = sobre.opacite;
+  while (part < 1 && Contraste(Melee(couleur, part, papier), papier) < sobre.contraste) part += 0.05F;
+  return std::min(part, 1.0F);
+}
+
 }  // namespace
 
 std::span<const float> MotifDe(StyleTrait style) {
@@ -133,7 +160,7 @@ Palette ConstruitPalette(const Reglages& reglages, Theme theme) {
     aspect.couleurTexte = CouleurLisible(couleur, sous, ContrasteTexte);
     aspect.largeur = ligne.largeur;
     if (reglages.DessinSobre) {
-      aspect.opacite = ligne.sobre.opacite;
+      aspect.opacite = OpaciteVisible(ligne.sobre, aspect.couleur, palette.papier);
       if (ligne.sobre.largeur > 0) aspect.largeur = ligne.sobre.largeur;
     }
     aspect.style = ligne.style;

@@ -105,6 +105,13 @@ TEST(DessinSobre, OrderAndColoursAreThoseOfTheOtherColumn) {
   EXPECT_EQ(b[Role::Dessin].opacite, 1);
 }
 
+// Red as delivered, (255, 0, 0). On white 55 % of it is (255, 115, 115), of contrast 2.6; on (36, 38, 41) it would
+// be (156, 17, 18), of 1.8, and it takes 75 %, (200, 10, 10), to have 2.5.
+TEST(DessinSobre, AirMovesAreAsPaleOnDarkPaperAsMayBeWithoutBeingLost) {
+  EXPECT_FLOAT_EQ(ConstruitPalette(Reglages{}, Theme::Clair)[Role::Air].opacite, 0.55F);
+  EXPECT_NEAR(ConstruitPalette(Reglages{}, Theme::Sombre)[Role::Air].opacite, 0.75F, 0.03F);
+}
+
 TEST(PlacesPrises, RefusesWhatWouldOverlapAndTakesWhatTouches) {
   PlacesPrises places(10);
   EXPECT_TRUE(places.Prend({0, 0}, 10));
