@@ -46,14 +46,16 @@ void AlerteCourse::Suit() {
 
 void AlerteCourse::EnRun(bool enRun) { bouton_->setEnabled(!enRun); }
 
-// As wide as the text likes, no wider than the picture; as high as it then needs.
+// As wide as the text likes, no wider than the picture; as high as it then needs. Below the two lines that say what
+// the picture shows.
 void AlerteCourse::Dispose() {
   const QRect place = parentWidget()->rect().adjusted(Marge, Marge, -Marge, -Marge);
   const int autour = sizeHint().width() - texte_->sizeHint().width();
   const int voulue = texte_->fontMetrics().horizontalAdvance(texte_->text()) + autour + Marge;
   const int largeur = std::min({std::max(voulue, bouton_->sizeHint().width()), place.width(), LargeurMax});
   const int hauteur = std::max(heightForWidth(largeur), minimumSizeHint().height());
-  setGeometry(place.left() + (place.width() - largeur) / 2, place.top() + 2 * Marge, largeur, hauteur);
+  setGeometry(place.left() + (place.width() - largeur) / 2, place.top() + 2 * fontMetrics().lineSpacing(), largeur,
+              hauteur);
   raise();
 }
 

@@ -117,6 +117,19 @@ TEST_F(ParLaMain, TheWarningSaysWhatLeavesTheTravelAndItsButtonMendsIt) {
   EXPECT_TRUE(DepassementCourant().Vide());
 }
 
+TEST_F(ParLaMain, TheWarningLeavesTheTwoLinesThatNameTheColoursFree) {
+  Charge(Exemple("plaque.dxf"));
+  ASSERT_TRUE(Recale(-50, 20));
+  for (const int largeur : {1024, 1600}) {
+    fenetre_->resize(largeur, 700);
+    essai::Evenements();
+    const QRect alerte = C<AlerteCourse>("Frame_HorsCourse")->geometry();
+    for (const char* ligne : {"Label_Couleur_Dessin", "Label_Couleur_Decalage"}) {
+      EXPECT_FALSE(alerte.intersects(C<QLabel>(ligne)->geometry())) << ligne << ", " << largeur;
+    }
+  }
+}
+
 TEST_F(ParLaMain, TheTwoButtonsOfThePictureSwitchIt) {
   Charge(Exemple("plaque.dxf"));
   EXPECT_TRUE(Menu("mnu_Sobre")->isChecked());
