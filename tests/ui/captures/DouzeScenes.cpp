@@ -61,8 +61,8 @@ std::string Dxf(int points) {
   if (reste >= 24) {
     std::vector<std::pair<double, double>> roue;
     for (int i = 0; i < reste; ++i) {
-      const double r = 25 + 1.5 * std::sin(Tour * 40 * i / reste);
-      roue.emplace_back(130 + r * std::cos(Tour * i / reste), 55 + r * std::sin(Tour * i / reste));
+      const double r = 16 + 1.5 * std::sin(Tour * 40 * i / reste);
+      roue.emplace_back(200 + r * std::cos(Tour * i / reste), 158 + r * std::sin(Tour * i / reste));
     }
     AjouteFermee(dxf, roue);
   }
@@ -161,9 +161,7 @@ std::function<std::unique_ptr<QWidget>()> Fenetre(const char* nom, int points, c
   };
 }
 
-}  // namespace
-
-std::vector<Scene> DouzeScenes(int points) {
+std::vector<Scene> ScenesSobres(int points) {
   const std::string suite = "-" + std::to_string(points);
   std::vector<Scene> scenes{{"douze-01-vide", "", true, Principale, {}, {Petite}}};
   const std::pair<const char*, Geste> gestes[] = {
@@ -203,6 +201,23 @@ std::vector<Scene> DouzeScenes(int points) {
                             }),
                     {},
                     {{}}});
+  return scenes;
+}
+
+}  // namespace
+
+std::vector<Scene> DouzeScenes(int points) {
+  std::vector<Scene> scenes;
+  for (Scene& scene : ScenesSobres(points)) {
+    Scene lignes = scene;
+    lignes.nom += "-lignes";
+    lignes.prepare = [prepare = scene.prepare](QWidget& f) {
+      if (prepare) prepare(f);
+      if (auto* sobre = f.findChild<QAction*>(QStringLiteral("mnu_Sobre"))) sobre->trigger();
+    };
+    scenes.push_back(std::move(scene));
+    scenes.push_back(std::move(lignes));
+  }
   return scenes;
 }
 

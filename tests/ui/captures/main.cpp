@@ -1,8 +1,9 @@
 // captures FOLDER [LANGUAGE...]: a PNG of every scene in each language (fr and en without any), light and dark, in
 // each size; what finds no room in its control is told on standard error. The scale is Qt's (QT_SCALE_FACTOR).
 // captures --douze POINTS FOLDER [LANGUAGE...]: the twelve scenes of the work alone, with a drawing of so many
-// points. captures --images NAME,NAME,... FOLDER LANGUAGE: these pictures alone, light and in the first size of
-// their scene, as NAME.png; the status is 1 when one of them is no scene's.
+// points, each beside the picture of lines alone that the button of the quiet one gives back (NAME-lignes).
+// captures --images NAME,NAME,... FOLDER LANGUAGE: these pictures alone, light and in the first size of their
+// scene, as NAME.png; the status is 1 when one of them is no scene's.
 #include <QAction>
 #include <QApplication>
 #include <QDir>
