@@ -1,16 +1,14 @@
 // EPS: the header, and the reader of what Ghostscript prints, in pieces; Ghostscript itself is not run. The first
 // byte gives the size of the pieces.
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
-#include <vector>
 
-#include "closed/pathwerk/assemblage/Assemblage.h"
 #include "closed/pathwerk/lecture/eps/Chemins.h"
 #include "closed/pathwerk/lecture/eps/Entete.h"
 #include "closed/pathwerk/lecture/eps/Eps.h"
+#include "fuzz/PointsLus.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace pathwerk;
@@ -30,11 +28,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   if (lecture.Refuse() || entier.Refuse()) return 0;
   if (lecture.traits.size() != entier.traits.size()) std::abort();
-  std::vector<PointTrace> points;
-  const std::int32_t n = assemblage::Assemble(lecture, options, points);
-  if (n >= 0 && static_cast<std::size_t>(n) != points.size()) std::abort();
-  for (const PointTrace& p : points) {
-    if (!std::isfinite(p.X) || !std::isfinite(p.Y)) std::abort();
-  }
+  essai::ExigePointsLus(lecture, options);
   return 0;
 }

@@ -1,15 +1,13 @@
 // SVG, with letters that are squares: the fonts of the machine are no part of a file.
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "closed/pathwerk/assemblage/Assemblage.h"
 #include "closed/pathwerk/lecture/FormatDeDessin.h"
 #include "closed/pathwerk/lecture/svg/Svg.h"
+#include "fuzz/PointsLus.h"
 
 namespace {
 
@@ -35,11 +33,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (t.points.empty()) std::abort();
     if (t.nature == lecture::Nature::Percage && t.points.size() != 1) std::abort();
   }
-  std::vector<PointTrace> points;
-  const std::int32_t n = assemblage::Assemble(lecture, OptionsLecture{}, points);
-  if (n >= 0 && static_cast<std::size_t>(n) != points.size()) std::abort();
-  for (const PointTrace& p : points) {
-    if (!std::isfinite(p.X) || !std::isfinite(p.Y)) std::abort();
-  }
+  essai::ExigePointsLus(lecture, OptionsLecture{});
   return 0;
 }
