@@ -162,7 +162,8 @@ Qt::ItemFlags ModeleArbre::flags(const QModelIndex& index) const {
 QVariant ModeleArbre::Nom(const Place& place, int role) const {
   if (place.niveau != NiveauNoeud::Sequence) return {};
   if (role == Qt::ForegroundRole) return GrisLisible(fond_);
-  if (role == Qt::DisplayRole) return QString::fromStdString(arbre_.Nom(place.groupe));
+  // as a tip too: a small window cuts the words short
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return QString::fromStdString(arbre_.Nom(place.groupe));
   if (role != Qt::DecorationRole) return {};
   const auto couleur = arbre_.CouleurCalque(place.groupe);
   return couleur ? Pastille(*couleur) : QVariant();
@@ -185,8 +186,8 @@ QVariant ModeleArbre::Pastille(std::uint32_t couleur) const {
 
 QVariant ModeleArbre::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
-  const bool utile =
-      role == Qt::DisplayRole || role == Qt::ForegroundRole || role == Qt::FontRole || role == Qt::DecorationRole;
+  const bool utile = role == Qt::DisplayRole || role == Qt::ForegroundRole || role == Qt::FontRole ||
+                     role == Qt::DecorationRole || role == Qt::ToolTipRole;
   if (!utile) return {};
   const Place place = PlaceDe(index);
   if (index.column() == ColonneNom) return Nom(place, role);

@@ -65,6 +65,15 @@ TEST(Remplit, MakesARootAGroupForEachPathAndItsPoints) {
   EXPECT_EQ(modele->rowCount(a.Point(1, 1)), 0);
 }
 
+TEST(Remplit, TheWordsOfAPathAreItsTipForAWindowThatCutsThemShort) {
+  DeuxCarres();
+  const Arbre1 a;
+  const QModelIndex nom = a.Groupe(0).siblingAtColumn(1);
+  EXPECT_TRUE(nom.data().toString().contains(QStringLiteral("40.0 x 40.0")));
+  EXPECT_EQ(nom.data(Qt::ToolTipRole), nom.data());
+  EXPECT_FALSE(a.Groupe(0).data(Qt::ToolTipRole).isValid()) << "the tree's own tip stands there";
+}
+
 TEST(Remplit, AColourOfItsLayerStandsBesideTheWordsOfAPath) {
   DeuxCarres();
   Complements.Pose(Sequences[0].Code, {false, "Coupe", 0x12AB34});
