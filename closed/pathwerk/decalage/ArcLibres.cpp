@@ -458,7 +458,8 @@ class Aplatisseur {
 }  // namespace
 
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
-                                   double fleche, double mini, std::vector<Origines>* origines) {
+                                   double fleche, double mini, std::vector<Origines>* origines,
+                                   std::size_t* omises) {
   Aplatisseur aplatisseur(source, libres, d, fleche);
   std::vector<std::uint8_t> vu(libres.size(), 0);
   std::vector<Chemin> boucles;
@@ -473,7 +474,10 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
       chaine.push_back(k);
     }
     Chemin c = aplatisseur.Boucle(chaine, o);
-    if (c.size() < 2 || Perimetre(c) < mini) continue;
+    if (c.size() < 2 || Perimetre(c) < mini) {
+      if (omises != nullptr) ++*omises;
+      continue;
+    }
     boucles.push_back(std::move(c));
     if (origines != nullptr) origines->push_back(std::move(o));
   }

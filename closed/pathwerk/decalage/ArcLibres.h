@@ -58,8 +58,9 @@ std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libre
 
 // Closed loops as polylines whose chords lie within `fleche` of the arcs, inside them. Loops shorter than `mini`
 // are left out. Only for linked stretches. `origines`, when asked for: where the edges of each loop lie on the
-// source.
+// source. `omises`, when asked for: how many loops were left out.
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
-                                   double fleche, double mini, std::vector<Origines>* origines = nullptr);
+                                   double fleche, double mini, std::vector<Origines>* origines = nullptr,
+                                   std::size_t* omises = nullptr);
 
 }  // namespace pathwerk::decalage
