@@ -31,14 +31,17 @@ std::vector<ArcLibre> ArcSuite::Libres(double d, double bruit) {
   nouveau_ = {d, {}, nullptr, true};
   if (!sert(etats_[base_])) return ArcsLibres(source_, d, bruit, &nouveau_.vives);
   const Etat& avant = *etats_[base_];
+  // What is not to be kept needs no foresight.
+  const std::optional<Etat>& place = etats_[1 - base_];
+  const double pas = place && PlusLoin(*place, d) ? 0 : std::abs(d - avant.d);
   nouveau_.tueurs = avant.tueurs;
-  return ArcsLibres(source_, d, bruit, avant.vives, avant.tueurs.get(), nouveau_.vives);
+  return ArcsLibres(source_, d, bruit, avant.vives, avant.tueurs.get(), nouveau_.vives, pas);
 }
 
 // A depth that one was asked for behind a greater one doesn't take the place of that one.
 void ArcSuite::Retient(bool complet) {
   std::optional<Etat>& place = etats_[1 - base_];
-  if (place && place->d * nouveau_.d > 0 && std::abs(place->d) > std::abs(nouveau_.d)) return;
+  if (place && PlusLoin(*place, nouveau_.d)) return;
   ChoisitTueurs(nouveau_);
   nouveau_.complet = complet;
   dernier_ = 1 - base_;

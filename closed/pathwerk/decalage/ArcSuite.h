@@ -1,6 +1,7 @@
 // The free stretches of one outline at ever greater depths.
 #pragma once
 
+#include <cmath>
 #include <memory>
 #include <optional>
 #include <span>
@@ -34,6 +35,7 @@ class ArcSuite {
     std::shared_ptr<const Tueurs> tueurs;  // null: all segments
     bool complet = true;
   };
+  static bool PlusLoin(const Etat& etat, double d) { return etat.d * d > 0 && std::abs(etat.d) > std::abs(d); }
   void ChoisitTueurs(Etat& etat) const;
 
   ArcSource source_;
