@@ -57,7 +57,6 @@ class ArbreSegments {
 
   [[nodiscard]] bool CroiseDans(std::size_t k, const std::vector<std::uint8_t>& sens) const;
   [[nodiscard]] bool CroiseEntre(std::size_t g, std::size_t d, const std::vector<std::uint8_t>& sens) const;
-  [[nodiscard]] bool SeTouchent(std::size_t i, std::size_t j) const;
 
   std::vector<Segment> segments_;
   Arbre arbre_;
@@ -65,5 +64,8 @@ class ArbreSegments {
 
 // Segments of a path; a closed one gets the segment back to its start.
 std::vector<Segment> SegmentsDe(const Chemin& chemin, bool ferme);
+
+// ArbreSegments::PeutSeCroiser() of the segments of a closed path.
+bool PeutSeCroiser(const Chemin& boucle);
 
 }  // namespace pathwerk

@@ -118,7 +118,7 @@ bool DecaleRegionSimple(const Region& region, double distance, double tolerance,
     Origines o;
     Chemin brute = ParalleleBrute(region.contours[0], d, 0.85 * tolerance, origines != nullptr ? &o : nullptr);
     if (brute.size() < 3) return true;
-    if (ArbreSegments(SegmentsDe(brute, true)).PeutSeCroiser()) return false;
+    if (PeutSeCroiser(brute)) return false;
     if ((Aire(brute) > 0) == positif) {
       boucles.push_back(std::move(brute));
       if (origines != nullptr) origines->push_back(std::move(o));
@@ -261,7 +261,7 @@ bool DansLaPortee(const Region& region, const MemoireDeRegion& memoire, double e
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {
   regions.clear();
   try {
-    if (!ArbreSegments(SegmentsDe(chemin, true)).PeutSeCroiser()) {
+    if (!PeutSeCroiser(chemin)) {
       const double aire = Aire(chemin);
       regions.push_back(RegionDe(chemin, aire > 0 ? 1 : aire < 0 ? -1 : 0));
       return true;

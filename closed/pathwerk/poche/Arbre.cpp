@@ -319,7 +319,8 @@ void ArbreAnneaux::PlaceEnfants(std::size_t parent) {
   const Vec2 ici = p.points[0];
   const std::size_t n = p.points.size();
   const Cherche cherche(p, p.enfants.size() > 2);
-  std::vector<Lieu> proches;
+  std::vector<Lieu>& proches = proches_;
+  proches.clear();
   std::size_t principal = Aucun;
   double meilleur = Inf;
   for (const std::size_t e : p.enfants) {
@@ -350,6 +351,7 @@ void ArbreAnneaux::PlaceEnfants(std::size_t parent) {
   }
   // A ring before the spots beside its start, so that the way into the depth of the pocket is not begun in a spot.
   const auto tache = [this](const Passage& a) { return anneaux_[a.enfant].points.size() == 1; };
+  if (p.passages.size() < 2) return;
   std::stable_sort(p.passages.begin(), p.passages.end(), [&tache](const Passage& a, const Passage& b) {
     if (a.arete != b.arete) return a.arete < b.arete;
     return a.t != b.t ? a.t < b.t : tache(a) < tache(b);
