@@ -134,6 +134,14 @@ bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<
   return CroiseEntre(g, 2 * d, sens) || CroiseEntre(g, 2 * d + 1, sens);
 }
 
+void ArbreSegments::Marque(std::vector<std::uint8_t>& marques, std::size_t debut, std::size_t fin) const {
+  marques.resize(arbre_.Noeuds(), 0);
+  if (debut >= fin) return;
+  for (std::size_t f = arbre_.FeuilleDe(debut), derniere = arbre_.FeuilleDe(fin - 1); f <= derniere; ++f) {
+    for (std::size_t k = f; k >= 1 && marques[k] == 0; k /= 2) marques[k] = 1;
+  }
+}
+
 bool ArbreSegments::PassePres(const Segment& s, double distance) const {
   const Vec2 n = Gauche(Unite(s.b - s.a));
   const double x0 = std::min(s.a.x, s.b.x) - distance, x1 = std::max(s.a.x, s.b.x) + distance;
