@@ -75,7 +75,13 @@ class ArbreBoites {
   // farther, squared, are left out.
   template <class Feuille>
   void Approche(Vec2 p, const double& limite2, Feuille feuille) const {
-    Parcourt([&](std::size_t k) { return !(Distance2(boites_[k], p) >= limite2); },
+    Approche(
+        p, limite2, [](std::size_t) { return true; }, feuille);
+  }
+  // The same where only nodes that `entre(k)` takes are looked into.
+  template <class Entre, class Feuille>
+  void Approche(Vec2 p, const double& limite2, Entre entre, Feuille feuille) const {
+    Parcourt([&](std::size_t k) { return entre(k) && !(Distance2(boites_[k], p) >= limite2); },
              [&](std::size_t k) { return Distance2(boites_[2 * k], p) < Distance2(boites_[2 * k + 1], p); },
              [&](std::size_t k) {
                feuille(k);

@@ -11,6 +11,7 @@ namespace {
 
 // Nodes near the root, at each of which a wish to end is looked for: what lies below one takes a few milliseconds.
 constexpr std::size_t NoeudsHauts = 4096;
+constexpr std::size_t Peu = 8;  // segments
 
 // Senses that occur in a run of segments, two bits for each of four axes (x, y, and the two diagonals): "some
 // segment doesn't go up" and "some segment doesn't go down". A run that goes strictly one way along an axis can't
@@ -68,11 +69,10 @@ Lieu ArbreSegments::PlusProche(Vec2 p) const {
   return PlusProche(p, std::numeric_limits<double>::infinity(), [](std::size_t) { return true; });
 }
 
-// Do segments i < j meet anywhere but in the vertex that neighbours share?
-bool ArbreSegments::SeTouchent(std::size_t i, std::size_t j) const {
-  const Segment& s = segments_[i];
-  const Segment& r = segments_[j];
-  const std::size_t n = segments_.size();
+namespace {
+
+// Do the segments i < j of n, s and r, meet anywhere but in the vertex that neighbours share?
+bool SeTouchent(const Segment& s, const Segment& r, std::size_t i, std::size_t j, std::size_t n) {
   const bool suivant = j == i + 1;
   const bool boucle = i == 0 && j + 1 == n;
   if (suivant || boucle) {
@@ -90,6 +90,8 @@ bool ArbreSegments::SeTouchent(std::size_t i, std::size_t j) const {
          Orientation(r.a, r.b, s.a) * Orientation(r.a, r.b, s.b) <= 0;
 }
 
+}  // namespace
+
 bool ArbreSegments::CroiseDans(std::size_t k, const std::vector<std::uint8_t>& sens) const {
   if (k < NoeudsHauts && base::ArretDemande()) return true;
   if (Monotone(sens[k])) return false;
@@ -97,7 +99,7 @@ bool ArbreSegments::CroiseDans(std::size_t k, const std::vector<std::uint8_t>& s
     const std::size_t fin = arbre_.Fin(k);
     for (std::size_t i = arbre_.Debut(k); i < fin; ++i) {
       for (std::size_t j = i + 1; j < fin; ++j) {
-        if (SeTouchent(i, j)) return true;
+        if (SeTouchent(segments_[i], segments_[j], i, j, segments_.size())) return true;
       }
     }
     return false;
@@ -120,7 +122,7 @@ bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<
   if (feuilleG && feuilleD) {
     for (std::size_t i = arbre_.Debut(g), finG = arbre_.Fin(g); i < finG; ++i) {
       for (std::size_t j = arbre_.Debut(d), finD = arbre_.Fin(d); j < finD; ++j) {
-        if (SeTouchent(i, j)) return true;
+        if (SeTouchent(segments_[i], segments_[j], i, j, segments_.size())) return true;
       }
     }
     return false;
@@ -130,6 +132,14 @@ bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<
     return CroiseEntre(2 * g, d, sens) || CroiseEntre(2 * g + 1, d, sens);
   }
   return CroiseEntre(g, 2 * d, sens) || CroiseEntre(g, 2 * d + 1, sens);
+}
+
+void ArbreSegments::Marque(std::vector<std::uint8_t>& marques, std::size_t debut, std::size_t fin) const {
+  marques.resize(arbre_.Noeuds(), 0);
+  if (debut >= fin) return;
+  for (std::size_t f = arbre_.FeuilleDe(debut), derniere = arbre_.FeuilleDe(fin - 1); f <= derniere; ++f) {
+    for (std::size_t k = f; k >= 1 && marques[k] == 0; k /= 2) marques[k] = 1;
+  }
 }
 
 bool ArbreSegments::PassePres(const Segment& s, double distance) const {
@@ -151,6 +161,19 @@ bool ArbreSegments::PassePres(const Segment& s, double distance) const {
     }
     return true;
   });
+}
+
+// Of a few segments all pairs are looked at sooner than a tree is built.
+bool PeutSeCroiser(const Chemin& boucle) {
+  const std::size_t n = boucle.size();
+  if (n > Peu) return ArbreSegments(SegmentsDe(boucle, true)).PeutSeCroiser();
+  if (n < 3) return n == 2;
+  for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t j = i + 1; j < n; ++j) {
+      if (SeTouchent(base::Arete(boucle, i), base::Arete(boucle, j), i, j, n)) return true;
+    }
+  }
+  return false;
 }
 
 bool ArbreSegments::PeutSeCroiser() const {

@@ -22,17 +22,16 @@ class ArbreSegments {
   // there is none.
   template <class Accepte>
   [[nodiscard]] Lieu PlusProche(Vec2 p, double limite2, Accepte accepte) const {
-    Lieu meilleur;
-    meilleur.distance2 = limite2;
-    arbre_.Approche(p, meilleur.distance2, [&](std::size_t feuille) {
-      for (std::size_t i = arbre_.Debut(feuille), fin = arbre_.Fin(feuille); i < fin; ++i) {
-        Lieu l = LieuSurSegment(segments_[i], p);
-        l.segment = i;
-        if (l.distance2 < meilleur.distance2 && accepte(i)) meilleur = l;
-      }
-    });
-    return meilleur;
+    return ProcheDans(p, limite2, accepte, [](std::size_t) { return true; });
   }
+  // The same where no node is looked into that isn't marked, as by Marque().
+  template <class Accepte>
+  [[nodiscard]] Lieu PlusProche(Vec2 p, double limite2, Accepte accepte,
+                                const std::vector<std::uint8_t>& marques) const {
+    return ProcheDans(p, limite2, accepte, [&marques](std::size_t noeud) { return marques[noeud] != 0; });
+  }
+  // Marks the nodes over the segments [debut, fin). `marques`: of as many nodes as there are, or empty.
+  void Marque(std::vector<std::uint8_t>& marques, std::size_t debut, std::size_t fin) const;
   // Calls `visite(lieu)` for the nearest place of every segment that comes within sqrt(limite2) of `p`.
   template <class Visite>
   void Voisins(Vec2 p, double limite2, Visite visite) const {
@@ -55,9 +54,22 @@ class ArbreSegments {
   using Arbre = base::ArbreBoites<double, 4>;
   static bool ADroite(std::size_t) { return false; }
 
+  template <class Accepte, class Entre>
+  [[nodiscard]] Lieu ProcheDans(Vec2 p, double limite2, Accepte accepte, Entre entre) const {
+    Lieu meilleur;
+    meilleur.distance2 = limite2;
+    arbre_.Approche(p, meilleur.distance2, entre, [&](std::size_t feuille) {
+      for (std::size_t i = arbre_.Debut(feuille), fin = arbre_.Fin(feuille); i < fin; ++i) {
+        Lieu l = LieuSurSegment(segments_[i], p);
+        l.segment = i;
+        if (l.distance2 < meilleur.distance2 && accepte(i)) meilleur = l;
+      }
+    });
+    return meilleur;
+  }
+
   [[nodiscard]] bool CroiseDans(std::size_t k, const std::vector<std::uint8_t>& sens) const;
   [[nodiscard]] bool CroiseEntre(std::size_t g, std::size_t d, const std::vector<std::uint8_t>& sens) const;
-  [[nodiscard]] bool SeTouchent(std::size_t i, std::size_t j) const;
 
   std::vector<Segment> segments_;
   Arbre arbre_;
@@ -65,5 +77,8 @@ class ArbreSegments {
 
 // Segments of a path; a closed one gets the segment back to its start.
 std::vector<Segment> SegmentsDe(const Chemin& chemin, bool ferme);
+
+// ArbreSegments::PeutSeCroiser() of the segments of a closed path.
+bool PeutSeCroiser(const Chemin& boucle);
 
 }  // namespace pathwerk

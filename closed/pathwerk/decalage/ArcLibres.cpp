@@ -18,6 +18,7 @@
 
 #include "base/Arret.h"
 #include "closed/pathwerk/commun/Numero32.h"
+#include "closed/pathwerk/decalage/ArcSursis.h"
 
 namespace pathwerk::decalage {
 
@@ -142,22 +143,38 @@ class Releveur {
 // The stretches of the pieces that were left before, a run of neighbours at a time.
 class Suiveur {
  public:
-  Suiveur(const ArcSource& source, double d, double bruit, const PiecesVives& avant, const Tueurs* tueurs)
-      : source_(source), tailleur_(source, d, bruit, tueurs), avant_(avant) {}
+  Suiveur(const ArcSource& source, double d, double bruit, const PiecesVives& avant, double pas,
+          const Tueurs* tueurs)
+      : source_(source),
+        tailleur_(source, d, bruit, tueurs),
+        sursis_(source, tueurs, d, bruit),
+        avant_(avant),
+        d_(d),
+        pas_(pas) {}
 
   std::vector<ArcLibre> Suit(PiecesVives& apres) {
     const std::span<const PiecesVives::Vive> pieces = avant_.pieces;
     libres_.reserve(avant_.reste.size());
+    apres.pieces.reserve(pieces.size());
+    apres.reste.reserve(avant_.reste.size());
     for (std::size_t k = 0; k < pieces.size(); k += ParBloc) {
       if (base::ArretDemande()) break;
       const auto bloc = pieces.subspan(k, std::min(ParBloc, pieces.size() - k));
       base::Boite<double> boite;
-      for (const auto& v : bloc) boite.Etend(tailleur_.BoiteDuReste(v.brute, avant_.Reste(v)));
-      tailleur_.CommenceBloc(boite);
       for (const auto& v : bloc) {
-        if (!tailleur_.Reprend(v.brute, avant_.Reste(v))) continue;
+        if (!EnSursis(v)) boite.Etend(tailleur_.BoiteDuReste(v.brute, avant_.Reste(v)));
+      }
+      if (boite.x0 <= boite.x1) tailleur_.CommenceBloc(boite);
+      for (const auto& v : bloc) {
+        double sursis = v.sursis;
+        if (EnSursis(v)) {
+          if (!tailleur_.Reprend(v.brute, avant_.Reste(v), true)) continue;
+        } else {
+          if (!tailleur_.Reprend(v.brute, avant_.Reste(v))) continue;
+          sursis = NouveauSursis(v);
+        }
         AjouteReste(tailleur_, libres_);
-        apres.Ajoute(tailleur_);
+        apres.Ajoute(tailleur_, sursis);
       }
     }
     Lie();
@@ -166,6 +183,26 @@ class Suiveur {
 
  private:
   static constexpr std::size_t ParBloc = 8;
+  static constexpr double Patience = 4.5;  // steps
+  static constexpr double Jeune = 1e-9;    // mm
+
+  [[nodiscard]] bool EnSursis(const PiecesVives::Vive& v) const { return std::abs(d_) < v.sursis; }
+  // Of the piece just cut. Only where what ended it before still does, for what changes at every depth would ask
+  // for it at every depth; not at once, for the pieces of a small outline don't live long; and not soon again where
+  // it was for nothing. Negative: the depth from which on it may be asked for.
+  [[nodiscard]] double NouveauSursis(const PiecesVives::Vive& v) {
+    const double r = std::abs(d_);
+    if (r < -v.sursis || pas_ == 0) return std::min(v.sursis, 0.0);
+    if (v.sursis == 0) return -Jeune;
+    const std::span<const Intervalle> avant = avant_.Reste(v);
+    const std::vector<Intervalle>& reste = tailleur_.Reste();
+    if (avant.size() != 1 || reste.size() != 1 || avant[0].de.cause != reste[0].de.cause ||
+        avant[0].a.cause != reste[0].a.cause) {
+      return 0;
+    }
+    const double s = sursis_.De(v.brute, reste[0], r + pas_);
+    return s > 0 ? s : -(r + Patience * pas_);
+  }
 
   void Lie() {
     std::size_t debut = 0;  // of the contour's stretches
@@ -187,7 +224,10 @@ class Suiveur {
 
   const ArcSource& source_;
   ArcTailleur tailleur_;
+  ArcSursis sursis_;
   const PiecesVives& avant_;
+  double d_;
+  double pas_;
   std::vector<ArcLibre> libres_;
 };
 
@@ -240,11 +280,11 @@ bool Pont(const ArcSource& source, Vec2 a, Vec2 b, double r, double creux) {
 
 }  // namespace
 
-void PiecesVives::Ajoute(const ArcTailleur& tailleur) {
+void PiecesVives::Ajoute(const ArcTailleur& tailleur, double sursis) {
   const std::vector<Intervalle>& r = tailleur.Reste();
   const auto debut = Numero32(reste.size());
   reste.insert(reste.end(), r.begin(), r.end());
-  pieces.push_back({tailleur.Piece(), debut, Numero32(reste.size())});
+  pieces.push_back({tailleur.Piece(), debut, Numero32(reste.size()), sursis});
 }
 
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, PiecesVives* vives) {
@@ -252,8 +292,8 @@ std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit
 }
 
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
-                                 const Tueurs* tueurs, PiecesVives& apres) {
-  return Suiveur(source, d, bruit, avant, tueurs).Suit(apres);
+                                 const Tueurs* tueurs, PiecesVives& apres, double pas) {
+  return Suiveur(source, d, bruit, avant, pas, tueurs).Suit(apres);
 }
 
 std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux) {
@@ -458,7 +498,8 @@ class Aplatisseur {
 }  // namespace
 
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
-                                   double fleche, double mini, std::vector<Origines>* origines) {
+                                   double fleche, double mini, std::vector<Origines>* origines,
+                                   std::size_t* omises) {
   Aplatisseur aplatisseur(source, libres, d, fleche);
   std::vector<std::uint8_t> vu(libres.size(), 0);
   std::vector<Chemin> boucles;
@@ -473,7 +514,10 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
       chaine.push_back(k);
     }
     Chemin c = aplatisseur.Boucle(chaine, o);
-    if (c.size() < 2 || Perimetre(c) < mini) continue;
+    if (c.size() < 2 || Perimetre(c) < mini) {
+      if (omises != nullptr) ++*omises;
+      continue;
+    }
     boucles.push_back(std::move(c));
     if (origines != nullptr) origines->push_back(std::move(o));
   }

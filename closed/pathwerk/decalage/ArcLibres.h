@@ -29,10 +29,11 @@ struct PiecesVives {
     PieceBrute brute;
     std::uint32_t debut = 0;  // of its stretches in `reste`
     std::uint32_t fin = 0;
+    double sursis = 0;  // depth, mm, below which nothing but what ends its one stretch now takes from it
   };
   std::vector<Vive> pieces;
   std::vector<Intervalle> reste;
-  void Ajoute(const ArcTailleur& tailleur);
+  void Ajoute(const ArcTailleur& tailleur, double sursis = 0);
   [[nodiscard]] std::span<const Intervalle> Reste(const Vive& v) const {
     return {reste.data() + v.debut, reste.data() + v.fin};
   }
@@ -41,10 +42,10 @@ struct PiecesVives {
 // All free stretches, in the order of the outline. Stretches that follow each other in a corner are linked.
 // `vives`, when asked for: what is left of which raw piece.
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, PiecesVives* vives = nullptr);
-// The same where no more than `avant` is left of the raw pieces, and no more than `tueurs` can take away. `apres`:
-// what is left then.
+// The same where no more than `avant` is left of the raw pieces, at a depth less by `pas`, and no more than
+// `tueurs` can take away. `apres`: what is left then; `pas` of 0: no depth will be asked for that comes of it.
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
-                                 const Tueurs* tueurs, PiecesVives& apres);
+                                 const Tueurs* tueurs, PiecesVives& apres, double pas = 0);
 
 // Links the loose ends: where stretch p ends because of the segment that q belongs to, q begins because of p's.
 // Ends are matched nearest first, those that name each other before others; none farther apart than `ecart`. Then
@@ -58,8 +59,9 @@ std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libre
 
 // Closed loops as polylines whose chords lie within `fleche` of the arcs, inside them. Loops shorter than `mini`
 // are left out. Only for linked stretches. `origines`, when asked for: where the edges of each loop lie on the
-// source.
+// source. `omises`, when asked for: how many loops were left out.
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
-                                   double fleche, double mini, std::vector<Origines>* origines = nullptr);
+                                   double fleche, double mini, std::vector<Origines>* origines = nullptr,
+                                   std::size_t* omises = nullptr);
 
 }  // namespace pathwerk::decalage

@@ -19,6 +19,8 @@
 #include <cmath>
 #include <utility>
 
+#include "closed/pathwerk/decalage/ArcPortee.h"
+
 namespace pathwerk::decalage {
 
 std::vector<ArcLibre> ArcSuite::Libres(double d, double bruit) {
@@ -26,17 +28,35 @@ std::vector<ArcLibre> ArcSuite::Libres(double d, double bruit) {
     return e && e->d * d > 0 && std::abs(e->d) <= std::abs(d);
   };
   base_ = sert(etats_[1]) && !(sert(etats_[0]) && std::abs(etats_[0]->d) > std::abs(etats_[1]->d)) ? 1 : 0;
-  nouveau_ = {d, {}, nullptr};
+  nouveau_ = {d, {}, nullptr, true};
   if (!sert(etats_[base_])) return ArcsLibres(source_, d, bruit, &nouveau_.vives);
   const Etat& avant = *etats_[base_];
+  // What is not to be kept needs no foresight.
+  const std::optional<Etat>& place = etats_[1 - base_];
+  const double pas = place && PlusLoin(*place, d) ? 0 : std::abs(d - avant.d);
   nouveau_.tueurs = avant.tueurs;
-  return ArcsLibres(source_, d, bruit, avant.vives, avant.tueurs.get(), nouveau_.vives);
+  return ArcsLibres(source_, d, bruit, avant.vives, avant.tueurs.get(), nouveau_.vives, pas);
 }
 
-void ArcSuite::Retient() {
+// A depth that one was asked for behind a greater one doesn't take the place of that one.
+void ArcSuite::Retient(bool complet) {
+  std::optional<Etat>& place = etats_[1 - base_];
+  if (place && PlusLoin(*place, nouveau_.d)) return;
   ChoisitTueurs(nouveau_);
+  nouveau_.complet = complet;
   dernier_ = 1 - base_;
-  etats_[dernier_] = std::move(nouveau_);
+  place = std::move(nouveau_);
+}
+
+bool ArcSuite::DansLaPortee(double entre, double loin, double ecart, double portee, double bruit) const {
+  const std::optional<Etat>& apres = etats_[dernier_];
+  const std::optional<Etat>& avant = etats_[1 - dernier_];
+  if (!apres || !avant || !apres->complet || std::abs(apres->d - loin) > ecart) return false;
+  if (!(avant->d * entre > 0 && std::abs(avant->d) < std::abs(entre) && std::abs(avant->d) < std::abs(apres->d))) {
+    return false;
+  }
+  return ToutPres(source_, {avant->d, avant->vives, avant->tueurs.get()},
+                  {apres->d, apres->vives, apres->tueurs.get()}, entre, portee, bruit);
 }
 
 std::size_t ArcSuite::Vivantes() const {

@@ -1,6 +1,7 @@
 // The free stretches of one outline at ever greater depths.
 #pragma once
 
+#include <cmath>
 #include <memory>
 #include <optional>
 #include <span>
@@ -18,8 +19,11 @@ class ArcSuite {
   [[nodiscard]] const ArcSource& Source() const { return source_; }
   // As ArcsLibres(). Quick where a depth not greater, on the same side, was right.
   std::vector<ArcLibre> Libres(double d, double bruit);
-  // The stretches given last make the true border.
-  void Retient();
+  // The stretches given last make the true border; `complet`: and all of it is drawn, down to the shortest loop.
+  void Retient(bool complet = true);
+  // Does all of the border at the signed depth `entre` lie within `portee` mm of what is drawn at `loin`, the last
+  // depth but for its slack? Known only where that one came of a depth less than `entre`. Never a wrong yes.
+  [[nodiscard]] bool DansLaPortee(double entre, double loin, double ecart, double portee, double bruit) const;
   // Raw pieces that were free at the last depth that was right, and all that the next one will look at.
   [[nodiscard]] std::size_t Vivantes() const;
 
@@ -29,7 +33,9 @@ class ArcSuite {
     double d = 0;
     PiecesVives vives;
     std::shared_ptr<const Tueurs> tueurs;  // null: all segments
+    bool complet = true;
   };
+  static bool PlusLoin(const Etat& etat, double d) { return etat.d * d > 0 && std::abs(etat.d) > std::abs(d); }
   void ChoisitTueurs(Etat& etat) const;
 
   ArcSource source_;

@@ -109,7 +109,7 @@ bool ArcTailleur::TailleArc(std::size_t i, Vec2 u0, Vec2 u1) {
 }
 
 // What ended a stretch before ends it mostly once more, and comes first; then it need not be tried again.
-bool ArcTailleur::Reprend(const PieceBrute& piece, std::span<const Intervalle> avant) {
+bool ArcTailleur::Reprend(const PieceBrute& piece, std::span<const Intervalle> avant, bool seules) {
   arc_ = piece.arc;
   i_ = piece.source;
   u_ = piece.u;
@@ -123,7 +123,7 @@ bool ArcTailleur::Reprend(const PieceBrute& piece, std::span<const Intervalle> a
   }
   essayes_[0] = causes[0];
   essayes_[1] = causes[1];
-  const bool libre = !reste_.empty() && Cherche();
+  const bool libre = !reste_.empty() && (seules || Cherche());
   essayes_[0] = essayes_[1] = Naturel;
   return libre;
 }

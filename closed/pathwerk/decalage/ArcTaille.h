@@ -51,8 +51,9 @@ class ArcTailleur {
   bool TailleSegment(std::size_t i, Vec2 u, double l);
   // The arc around vertex i from u0 to u1 (unit vectors), turning right for a left parallel and vice versa.
   bool TailleArc(std::size_t i, Vec2 u0, Vec2 u1);
-  // A piece of which no more than `avant` is left before it begins. CommenceBloc() comes first.
-  bool Reprend(const PieceBrute& piece, std::span<const Intervalle> avant);
+  // A piece of which no more than `avant` is left before it begins. CommenceBloc() comes first, unless `seules`:
+  // nothing but what ended the stretches before can take from it.
+  bool Reprend(const PieceBrute& piece, std::span<const Intervalle> avant, bool seules = false);
   // All that is left of the pieces that Reprend() is given from here on lies in this box.
   void CommenceBloc(const base::Boite<double>& boite);
   // The box of what is left of a piece, for CommenceBloc().

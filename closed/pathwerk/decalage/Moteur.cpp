@@ -48,6 +48,19 @@ bool CoinServi(const Chemin& c, double d) {
   return false;
 }
 
+// Cosine of the greatest turn to the side `sens` (+1 left), and of every turn right back; 1 where there is none.
+double CosinusDuPlusVif(const Chemin& c, double sens) {
+  const std::size_t n = c.size();
+  double r = 1;
+  Vec2 u = Unite(c[0] - c[n - 1]);
+  for (std::size_t i = 0; i < n; ++i) {
+    const Vec2 v = Unite(c[base::Suivant(i, n)] - c[i]);
+    if (Vectoriel(u, v) * sens > -1e-9) r = std::min(r, Scalaire(u, v));
+    u = v;
+  }
+  return std::max(r, -1.0);
+}
+
 }  // namespace
 
 CompteDuMoteur CompteDecaleRegion() { return {nbSimples, nbArcs, nbReplis, nbReplisLobes}; }
@@ -105,7 +118,7 @@ bool DecaleRegionSimple(const Region& region, double distance, double tolerance,
     Origines o;
     Chemin brute = ParalleleBrute(region.contours[0], d, 0.85 * tolerance, origines != nullptr ? &o : nullptr);
     if (brute.size() < 3) return true;
-    if (ArbreSegments(SegmentsDe(brute, true)).PeutSeCroiser()) return false;
+    if (PeutSeCroiser(brute)) return false;
     if ((Aire(brute) > 0) == positif) {
       boucles.push_back(std::move(brute));
       if (origines != nullptr) origines->push_back(std::move(o));
@@ -199,12 +212,12 @@ bool Decale(const Region& region, double distance, double tolerance, std::vector
       return false;
     }
   }
-  if (memoire == nullptr || memoire->simple) {
+  if (memoire == nullptr || std::abs(distance) < memoire->croise) {
     if (DecaleRegionSimple(region, distance, tolerance, boucles, origines)) {
       ++nbSimples;
       return true;
     }
-    if (memoire != nullptr) memoire->simple = false;
+    if (memoire != nullptr) memoire->croise = std::abs(distance);
   }
   if (DecaleRegionArcs(region, distance, tolerance, boucles, origines, memoire)) {
     ++nbArcs;
@@ -233,10 +246,22 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
   return Decale(region, distance, tolerance, boucles, origines, &memoire);
 }
 
+// Of the raw curve alone each edge keeps its foot but for its ends at inner corners. There the borders are farther
+// apart than the distances by as much as the corner is sharp, and nowhere more.
+bool DansLaPortee(const Region& region, const MemoireDeRegion& memoire, double entre, double loin, double portee,
+                  double tolerance) {
+  if (std::abs(loin) >= memoire.croise || region.fouillis) {
+    return DansLaPorteeArcs(memoire, entre, loin, portee, tolerance);
+  }
+  if (region.contours.size() != 1) return false;
+  const double cosinus = std::sqrt((1 + CosinusDuPlusVif(region.contours[0], loin > 0 ? 1 : -1)) / 2);
+  return std::abs(loin - entre) <= (portee - 3 * tolerance) * cosinus;
+}
+
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {
   regions.clear();
   try {
-    if (!ArbreSegments(SegmentsDe(chemin, true)).PeutSeCroiser()) {
+    if (!PeutSeCroiser(chemin)) {
       const double aire = Aire(chemin);
       regions.push_back(RegionDe(chemin, aire > 0 ? 1 : aire < 0 ? -1 : 0));
       return true;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -30,8 +31,8 @@ struct Region {
 // What is known of one region from the distances that it was asked for before.
 struct MemoireDeRegion {
   std::shared_ptr<class ArcSuite> suite;
-  std::shared_ptr<const class Fouillis> fouillis;  // of contours that cross
-  bool simple = true;                              // the raw curve alone may still be the whole answer
+  std::shared_ptr<const class Fouillis> fouillis;           // of contours that cross
+  double croise = std::numeric_limits<double>::infinity();  // mm from which on the raw curve meets itself
 };
 
 // Parallel curves of the outline at `distance` mm, to the left of its travel when positive, else to its right.
@@ -56,6 +57,12 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
 // they are not asked for.
 bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                   std::vector<Origines>* origines, MemoireDeRegion& memoire);
+
+// Does all of the border at `entre` mm lie within `portee` mm of the one at `loin` mm, as both are drawn? Known
+// where `loin` was the last distance asked for, its border isn't empty, and the one before was less than both; may
+// be false where it holds, never true where it doesn't. Costs what died between the distances, and no curve.
+bool DansLaPortee(const Region& region, const MemoireDeRegion& memoire, double entre, double loin, double portee,
+                  double tolerance);
 
 // Origins on the contours of the region, carried back to the path that the region was cut from.
 Origines Remonte(const Region& region, Origines origines);

@@ -70,9 +70,10 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
       const double ecart = std::min(0.05 * tolerance + 4 * std::sqrt(2 * r * bruit), 0.5 * tolerance + 0.1 * r);
       LieArcs(source, libres, r, ecart, 0.5 * tolerance);
       if (OteMauvaisCote(source, libres, d, region.signe) > 0) continue;
-      boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50, origines);
+      std::size_t omises = 0;
+      boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50, origines, &omises);
       if (!Verifie(source, boucles, r, fleche)) continue;
-      if (memoire != nullptr) memoire->suite->Retient();
+      if (memoire != nullptr) memoire->suite->Retient(omises == 0);
       return true;
     }
   } catch (const std::exception&) {
@@ -80,6 +81,17 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
   boucles.clear();
   if (origines != nullptr) origines->clear();
   return false;
+}
+
+bool DansLaPorteeArcs(const MemoireDeRegion& memoire, double entre, double loin, double portee, double tolerance) {
+  if (!memoire.suite) return false;
+  // Chords over gaps lie up to half a tolerance too near to the outline; chords of arcs on both borders stand off
+  // from them by a little less than a tolerance each.
+  const double d = entre > 0 ? entre - tolerance : entre + tolerance;
+  const double reste = portee - 3 * tolerance;
+  if (!(reste > 0 && reste <= std::abs(d) && d * entre > 0)) return false;
+  const double bruit = Bruit(memoire.suite->Source().Etendue(), std::abs(d));
+  return memoire.suite->DansLaPortee(d, loin, 0.1 * tolerance, reste, bruit);
 }
 
 }  // namespace pathwerk::decalage

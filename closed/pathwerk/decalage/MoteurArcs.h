@@ -11,4 +11,7 @@ namespace pathwerk::decalage {
 bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                       std::vector<Origines>* origines = nullptr, MemoireDeRegion* memoire = nullptr);
 
+// DansLaPortee() of Moteur.h where the engine gave the border at `loin`; false where it didn't.
+bool DansLaPorteeArcs(const MemoireDeRegion& memoire, double entre, double loin, double portee, double tolerance);
+
 }  // namespace pathwerk::decalage

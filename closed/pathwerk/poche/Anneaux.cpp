@@ -221,6 +221,27 @@ std::optional<Vec2> PlacePresDeTous(const Chemin& points, Vec2 de, Vec2 vers, do
   return de + v * debut;
 }
 
+namespace {
+
+// What these rings leave too deep for them, where the next ones may not reach it. `suivant`: whether there are any;
+// they were computed last. False: it could not be computed.
+bool AjouteFond(const Region& region, const Remplissage& r, bool suivant, Niveau& niveau,
+                MemoireDeRegion& memoire) {
+  // A hair deeper, so that a band of twice the cutter's width, which the ring just clears, has none.
+  const double fond = niveau.profondeur + r.rayon + r.tolerance / 4;
+  const double signe = region.signe > 0 ? 1 : -1;
+  if (suivant && DansLaPortee(region, memoire, signe * fond, signe * (niveau.profondeur + r.pas),
+                              PorteeDuSuivant(r.rayon, r.pas), r.tolerance)) {
+    return true;
+  }
+  auto boucles = BouclesA(region, fond, r.tolerance, r.horaire, false, memoire);
+  if (!boucles) return false;
+  for (Boucle& b : *boucles) niveau.fond.push_back(std::move(b.points));
+  return true;
+}
+
+}  // namespace
+
 std::optional<Remplissage> Anneaux(const Region& region, double distance, int recouvrement, double tolerance) {
   Remplissage r;
   r.rayon = std::abs(distance);
@@ -236,15 +257,10 @@ std::optional<Remplissage> Anneaux(const Region& region, double distance, int re
     niveau.profondeur = r.rayon + static_cast<double>(k) * r.pas;
     auto anneaux = BouclesA(region, niveau.profondeur, tolerance, r.horaire, k == 0, memoire);
     if (!anneaux) return std::nullopt;
+    if (restes && k > 0 && !AjouteFond(region, r, !anneaux->empty(), r.niveaux.back(), memoire))
+      return std::nullopt;
     if (anneaux->empty()) break;
     niveau.anneaux = std::move(*anneaux);
-    if (restes) {
-      // A hair deeper, so that a band of twice the cutter's width, which the ring just clears, has none.
-      auto fond =
-          BouclesA(region, niveau.profondeur + r.rayon + tolerance / 4, tolerance, r.horaire, false, memoire);
-      if (!fond) return std::nullopt;
-      for (Boucle& b : *fond) niveau.fond.push_back(std::move(b.points));
-    }
     r.niveaux.push_back(std::move(niveau));
     if (recouvrement > 100) break;
   }

@@ -65,10 +65,23 @@ class ArbreAnneaux::Index {
     const Lieu l = arbre_.PlusProche(p);
     return {Rang(l.segment), l};
   }
-  // Nearest place nearer than sqrt(limite2) on rings that `accepte(ring)` takes; Aucun when there is none.
+  // Where in the index the rings lie that `accepte(ring)` takes.
   template <class Accepte>
-  [[nodiscard]] Trouve PlusProche(Vec2 p, double limite2, Accepte accepte) const {
-    const Lieu l = arbre_.PlusProche(p, limite2, [&](std::size_t segment) { return accepte(Rang(segment)); });
+  [[nodiscard]] std::vector<std::uint8_t> Marques(Accepte accepte) const {
+    std::vector<std::uint8_t> marques;
+    for (std::size_t k = 0; k < rangs_.size(); ++k) {
+      const std::size_t fin = k + 1 < rangs_.size() ? debut_[k + 1] : arbre_.Segments().size();
+      arbre_.Marque(marques, debut_[k], accepte(rangs_[k]) ? fin : debut_[k]);
+    }
+    return marques;
+  }
+  // Nearest place nearer than sqrt(limite2) on rings that `accepte(ring)` takes, `marques` of the same; Aucun when
+  // there is none.
+  template <class Accepte>
+  [[nodiscard]] Trouve PlusProche(Vec2 p, double limite2, Accepte accepte,
+                                  const std::vector<std::uint8_t>& marques) const {
+    const Lieu l = arbre_.PlusProche(
+        p, limite2, [&](std::size_t segment) { return accepte(Rang(segment)); }, marques);
     if (l.distance2 >= limite2) return {Aucun, {}};
     return {Rang(l.segment), l};
   }
@@ -233,6 +246,8 @@ ArbreAnneaux::Pont ArbreAnneaux::PontVersAutres(const Groupes& groupes, std::siz
   for (const std::size_t k : siens) points += anneaux_[k].points.size();
   const std::size_t saut = points / Sondages + 1;
   const auto autre = [&](std::size_t anneau) { return groupes.De(anneau) != groupe; };
+  // All around a ring lie others of its own tree.
+  const std::vector<std::uint8_t> marques = index.Marques(autre);
   std::size_t rang = 0;
   double meilleur = Inf;
   Pont pont;
@@ -240,7 +255,7 @@ ArbreAnneaux::Pont ArbreAnneaux::PontVersAutres(const Groupes& groupes, std::siz
     const Chemin& c = anneaux_[k].points;
     for (std::size_t i = 0; i < c.size(); ++i) {
       if (rang++ % saut != 0) continue;
-      const Index::Trouve t = index.PlusProche(c[i], meilleur, autre);
+      const Index::Trouve t = index.PlusProche(c[i], meilleur, autre, marques);
       if (t.anneau == Aucun || !acces_.Libre(c[i], t.lieu.point)) continue;
       meilleur = t.lieu.distance2;
       pont = {k, t.anneau, {i, 0, 0, c[i]}};
@@ -319,7 +334,8 @@ void ArbreAnneaux::PlaceEnfants(std::size_t parent) {
   const Vec2 ici = p.points[0];
   const std::size_t n = p.points.size();
   const Cherche cherche(p, p.enfants.size() > 2);
-  std::vector<Lieu> proches;
+  std::vector<Lieu>& proches = proches_;
+  proches.clear();
   std::size_t principal = Aucun;
   double meilleur = Inf;
   for (const std::size_t e : p.enfants) {
@@ -350,6 +366,7 @@ void ArbreAnneaux::PlaceEnfants(std::size_t parent) {
   }
   // A ring before the spots beside its start, so that the way into the depth of the pocket is not begun in a spot.
   const auto tache = [this](const Passage& a) { return anneaux_[a.enfant].points.size() == 1; };
+  if (p.passages.size() < 2) return;
   std::stable_sort(p.passages.begin(), p.passages.end(), [&tache](const Passage& a, const Passage& b) {
     if (a.arete != b.arete) return a.arete < b.arete;
     return a.t != b.t ? a.t < b.t : tache(a) < tache(b);

@@ -69,6 +69,7 @@ class ArbreAnneaux {
   std::vector<Anneau> anneaux_;
   std::vector<std::size_t> racines_;
   std::vector<std::size_t> orphelins_;
+  std::vector<Lieu> proches_;  // of PlaceEnfants(): of each child, nearest to its parent's start
 };
 
 // Nearest place of one ring, by a search tree when many are asked for.

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/unit/closed/pathwerk/controle/Couverture.h"
+#include "tests/unit/closed/pathwerk/poche/AidePoche.h"
 
 using namespace controle;
 using pathwerk::Code2;
@@ -15,9 +15,6 @@ using pathwerk::CodePC;
 using pathwerk::PointTrace;
 
 namespace {
-
-constexpr double Tolerance = 0.01;  // mm
-constexpr int Recouvrements[] = {0, 10, 25, 40, 50, 60, 75, 90};
 
 // Islands as the library takes them: runs of a `Seq` of their own.
 Trace Runs(const std::vector<Trace>& ilots) {
@@ -43,21 +40,6 @@ std::vector<Trace> Fermes(const std::vector<Forme>& formes) {
   return r;
 }
 
-// The failing case, ready to paste.
-std::string Cas(const Trace& contour, const std::vector<Trace>& ilots, double rayon, int recouvrement) {
-  std::string s =
-      "R " + std::to_string(rayon) + ", overlap " + std::to_string(recouvrement) + "\n" + Texte(contour);
-  for (const Trace& i : ilots) s += "\nisland " + Texte(i);
-  return s;
-}
-
-void Juge(const Trace& contour, const std::vector<Trace>& ilots, const Trace& chemin, double rayon,
-          int recouvrement) {
-  const Couverture c = MesureCouverture(contour, ilots, chemin, std::abs(rayon));
-  EXPECT_LE(c.debout, Tolerance) << Cas(contour, ilots, rayon, recouvrement);
-  EXPECT_LE(c.entaille, Tolerance) << Cas(contour, ilots, rayon, recouvrement);
-}
-
 // Both senses and several overlaps. Returns the pieces of the fill at 40 per cent.
 std::size_t Contourne(const Forme& forme, const std::vector<Forme>& formes, double rayon) {
   const Trace contour = EnTrace(forme, true);
@@ -77,16 +59,6 @@ std::size_t Contourne(const Forme& forme, const std::vector<Forme>& formes, doub
 
 Forme Place(Forme f, double dx, double dy, double echelle = 1) {
   for (P& p : f) p = {echelle * p.x + dx, echelle * p.y + dy};
-  return f;
-}
-
-Forme EtoileA(int branches, double dehors, double dedans) {
-  Forme f;
-  for (int i = 0; i < 2 * branches; ++i) {
-    const double a = 3.14159265358979 * i / branches;
-    const double r = i % 2 == 0 ? dehors : dedans;
-    f.push_back({r * std::cos(a), r * std::sin(a)});
-  }
   return f;
 }
 

@@ -8,15 +8,13 @@
 #include <vector>
 
 #include "closed/pathwerk/poche/Anneaux.h"
-#include "tests/unit/closed/pathwerk/controle/Couverture.h"
+#include "tests/unit/closed/pathwerk/poche/AidePoche.h"
 
 using namespace controle;
 using pathwerk::CodePC;
 using pathwerk::PointTrace;
 
 namespace {
-
-constexpr double Tolerance = 0.01;  // mm
 
 P EnP(const PointTrace& p) { return {static_cast<double>(p.X), static_cast<double>(p.Y)}; }
 

@@ -6,14 +6,12 @@
 #include <cstdlib>
 #include <vector>
 
-#include "tests/unit/closed/pathwerk/controle/Couverture.h"
+#include "tests/unit/closed/pathwerk/poche/AidePoche.h"
 
 using namespace controle;
 using pathwerk::PointTrace;
 
 namespace {
-
-constexpr double Tolerance = 0.01;  // mm
 
 P EnP(const PointTrace& p) { return {static_cast<double>(p.X), static_cast<double>(p.Y)}; }
 double Pas(const PointTrace& a, const PointTrace& b) {
@@ -36,7 +34,7 @@ std::size_t DebutDuDernierTour(const Trace& t) {
 
 void EstUnePiece(const Forme& forme, double rayon) {
   const Trace s = EnTrace(forme, true);
-  for (const int recouvrement : {0, 10, 25, 40, 50, 60, 75, 90, 99}) {
+  for (const int recouvrement : Recouvrements) {
     for (const double signe : {1.0, -1.0}) {
       const auto [r, t] = Decale(s, signe * rayon, recouvrement);
       ASSERT_GT(r, 0);
