@@ -52,14 +52,16 @@ std::optional<std::vector<base::Chemin>> Iles(std::span<const PointTrace> ilots,
 
 std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double distance, std::int32_t recouvrement,
                     std::span<const PointTrace> ilots) {
-  if (points.empty() || !TousFinis(points) || !(std::abs(distance) <= DistanceMax)) return 0;
+  if (points.empty() || !(std::abs(distance) <= DistanceMax)) return 0;
   if (SansEtendue(points)) {  // a hole, however often its place is given: it has no side
+    if (!TousFinis(points)) return 0;
     points.resize(2, points.front());
     points[1] = points[0];
     points[1].Cde = CodePD;
     return 2;
   }
   if (distance == 0) {
+    if (!TousFinis(points)) return 0;
     for (PointTrace& p : points) p.Seq = Code2{u'0', u'1'};
     return base::Compte(points.size());
   }
