@@ -13,6 +13,7 @@
 #include "base/Arret.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/ArcSuite.h"
+#include "closed/pathwerk/decalage/Jeu.h"
 
 namespace pathwerk::decalage {
 
@@ -63,13 +64,12 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
     std::optional<ArcSource> propre;
     if (memoire == nullptr) propre.emplace(region.contours);
     const ArcSource& source = memoire != nullptr ? memoire->suite->Source() : *propre;
-    const double fleche = 0.85 * tolerance;
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     if (source.Taille() == 0) return true;
     for (const double part : Jeux) {
       if (base::ArretDemande()) break;
-      const double jeu = std::min(part * tolerance, std::abs(distance) * part);
-      const double d = distance > 0 ? distance - jeu : distance + jeu;
+      const auto [d, fleche] =
+          JeuDe(region, distance, tolerance, std::min(part * tolerance, std::abs(distance) * part));
       const double r = std::abs(d);
       const double bruit = Bruit(source.Etendue(), r);
       std::vector<ArcLibre> libres =

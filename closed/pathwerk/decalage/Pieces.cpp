@@ -34,6 +34,21 @@ std::optional<base::Boite<float>> Parcourt(const std::vector<PointTrace>& points
   return b;
 }
 
+// How far the points that thinning left out lie from what it left, mm. The tolerance where it took nearly all of
+// that: then the rest need not be looked at.
+double EcartDe(const std::vector<PointTrace>& points, const std::vector<std::size_t>& reste, double tolerance) {
+  const auto place = [&points](std::size_t i) { return Vec2{double{points[i].X}, double{points[i].Y}}; };
+  double pire2 = 0;
+  const double assez2 = 0.8 * tolerance * tolerance;
+  for (std::size_t k = 0; k + 1 < reste.size(); ++k) {
+    for (std::size_t i = reste[k] + 1; i < reste[k + 1]; ++i) {
+      pire2 = std::max(pire2, LieuSurSegment({place(reste[k]), place(reste[k + 1])}, place(i)).distance2);
+    }
+    if (pire2 > assez2) return tolerance;
+  }
+  return std::sqrt(pire2);
+}
+
 // Mean left normal of the distinct neighbours of a point; a turn right back gives the direction onward.
 Vec2 NormaleEn(const Chemin& c, bool ferme, std::size_t i) {
   const std::size_t n = c.size();
@@ -143,6 +158,7 @@ std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, doubl
   s.ferme = n > 2 && MemePlace(points.front(), points.back());
 
   const std::vector<std::size_t> reste = chemin::Simplifie(points, s.centre, gardes, tolerance);
+  s.ecart = EcartDe(points, reste, tolerance);
   s.chemin.reserve(reste.size());
   std::size_t m = 0;  // the next of those that stay in any case
   for (const std::size_t i : reste) {
