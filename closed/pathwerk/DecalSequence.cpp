@@ -52,20 +52,25 @@ std::optional<std::vector<base::Chemin>> Iles(std::span<const PointTrace> ilots,
 
 std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double distance, std::int32_t recouvrement,
                     std::span<const PointTrace> ilots) {
-  if (points.empty() || !TousFinis(points) || !(std::abs(distance) <= DistanceMax)) return 0;
+  if (points.empty() || !(std::abs(distance) <= DistanceMax)) return 0;
   if (SansEtendue(points)) {  // a hole, however often its place is given: it has no side
+    if (!TousFinis(points)) return 0;
     points.resize(2, points.front());
     points[1] = points[0];
     points[1].Cde = CodePD;
     return 2;
   }
   if (distance == 0) {
+    if (!TousFinis(points)) return 0;
     for (PointTrace& p : points) p.Seq = Code2{u'0', u'1'};
     return base::Compte(points.size());
   }
-  const std::optional<decalage::Source> source = decalage::PrepareSource(points, tolerance / 10);
+  // A closed curve alone bears coarser thinning, as what it takes is taken off the rest (Jeu.h). The rings of a
+  // pocket have to cover all between them, and both sides of an open path have to meet at its ends.
+  const bool seule = points.size() > 2 && MemePlace(points.front(), points.back()) && recouvrement == 100;
+  const double part = seule ? 0.2 : 0.1;
+  const std::optional<decalage::Source> source = decalage::PrepareSource(points, part * tolerance);
   if (!source || base::ArretDemande()) return 0;
-  // One tenth is spent; a little more stays aside for the rounding to floats.
   const double reste = tolerance * 0.88;
   std::vector<decalage::Piece> pieces;
   if (!source->ferme) {

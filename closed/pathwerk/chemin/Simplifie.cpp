@@ -15,6 +15,7 @@
 #include "closed/pathwerk/chemin/Simplifie.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pathwerk::chemin {
 
@@ -22,62 +23,105 @@ namespace {
 
 constexpr std::size_t Regard = 48;
 
+// The directions that hit all discs so far. Its bounds are not of unit length: so neither root nor quotient is
+// needed to hold a disc against them, and one root where it narrows them.
 struct Cone {
   bool ouvert = true;  // no bound yet
   Vec2 gauche;
   Vec2 droite;
+  double lg = 0;  // lengths of both
+  double ld = 0;
 
-  [[nodiscard]] bool Contient(Vec2 v) const {
-    return Vectoriel(gauche, v) <= 0 && Vectoriel(droite, v) >= 0 && Scalaire(gauche + droite, v) > 0;
+  // Where a place `v` lies.
+  struct Vue {
+    double a, b;    // left of the left bound, left of the right one: times their lengths
+    double sa, sb;  // ahead along both
+    bool devant;    // on the side to which the cone opens
+    bool dedans;    // in the cone
+    double eg, ed;  // radius of the disc, times the lengths
+    // The whole disc lies to the left, or to the right, of a bound.
+    [[nodiscard]] static bool AGauche(double x, double s, double e) { return x > e || (x > 0 && s <= 0); }
+    [[nodiscard]] static bool ADroite(double x, double s, double e) { return x < -e || (x < 0 && s <= 0); }
+  };
+  [[nodiscard]] Vue Regarde(Vec2 v, double e) const {
+    Vue r{};
+    r.a = Vectoriel(gauche, v);
+    r.b = Vectoriel(droite, v);
+    r.sa = Scalaire(gauche, v);
+    r.sb = Scalaire(droite, v);
+    r.devant = r.sa * ld + r.sb * lg > 0;
+    r.dedans = r.a <= 0 && r.b >= 0 && r.devant;
+    r.eg = e * lg;
+    r.ed = e * ld;
+    return r;
   }
-  // Narrows to the directions that hit the disc of radius `e` around `v` (d = |v| > e). False: none is left.
-  bool Restreint(Vec2 v, double d, double e) {
-    const double s = e / d;
-    const double c = std::sqrt(1 - s * s);
-    const Vec2 u = v * (1 / d);
-    const Vec2 g = u * c + Gauche(u) * s;
-    const Vec2 r = u * c - Gauche(u) * s;
-    if (ouvert) {
-      ouvert = false;
-      gauche = g;
-      droite = r;
-      return true;
+  // The first disc, of the radius `e` around `v` (d2 = |v|^2 > e^2).
+  void Ouvre(Vec2 v, double d2, double e) {
+    ouvert = false;
+    const double t = std::sqrt(d2 - e * e);
+    gauche = v * t + Gauche(v) * e;
+    droite = v * t - Gauche(v) * e;
+    lg = ld = d2;
+  }
+  // Narrows to the directions that hit that disc. False: none is left.
+  bool Restreint(const Vue& r, Vec2 v, double d2, double e) {
+    if (!r.devant || Vue::AGauche(r.a, r.sa, r.eg) || Vue::ADroite(r.b, r.sb, r.ed)) return false;
+    const bool deGauche = Vue::ADroite(r.a, r.sa, r.eg);
+    const bool deDroite = Vue::AGauche(r.b, r.sb, r.ed);
+    if (!deGauche && !deDroite) return true;
+    const double t = std::sqrt(d2 - e * e);
+    if (deGauche) {
+      gauche = v * t + Gauche(v) * e;
+      lg = d2;
     }
-    if (Scalaire(gauche + droite, u) <= 0 || Vectoriel(gauche, r) > 0 || Vectoriel(droite, g) < 0) return false;
-    if (Vectoriel(gauche, g) < 0) gauche = g;
-    if (Vectoriel(droite, r) > 0) droite = r;
+    if (deDroite) {
+      droite = v * t - Gauche(v) * e;
+      ld = d2;
+    }
     return true;
   }
 };
 
-// Last index that the segment from `a` may reach, not beyond `fin`.
-std::size_t Portee(std::span<const Vec2> p, std::size_t a, std::size_t fin, double e) {
+// Last index that the segment from `a` may reach, not beyond `fin`. `p(i)`: place i, here and below.
+template <class Places>
+std::size_t Portee(Places p, std::size_t a, std::size_t fin, double e) {
   Cone cone;
+  const Vec2 ici = p(a);
   std::size_t atteint = a + 1;
-  double loin = 0;
+  double loin2 = 0;  // farthest so far, squared
   for (std::size_t j = a + 1; j <= fin && j <= atteint + Regard; ++j) {
-    const Vec2 v = p[j] - p[a];
-    const double d = Norme(v);
-    if (cone.ouvert || (d >= loin && cone.Contient(v))) atteint = j;
-    if (d < loin - 2 * e) break;  // the path turns back: its far end stays
-    loin = std::max(loin, d);
-    if (d > e && !cone.Restreint(v, d, e)) break;
+    const Vec2 v = p(j) - ici;
+    const double d2 = Scalaire(v, v);
+    // The path turns back: its far end stays.
+    const bool revient = d2 < loin2 && std::sqrt(d2) < std::sqrt(loin2) - 2 * e;
+    if (cone.ouvert) {
+      atteint = j;
+      if (revient) break;
+      if (d2 > e * e) cone.Ouvre(v, d2, e);
+    } else {
+      const Cone::Vue vue = cone.Regarde(v, e);
+      if (d2 >= loin2 && vue.dedans) atteint = j;
+      if (revient || (d2 > e * e && !cone.Restreint(vue, v, d2, e))) break;
+    }
+    loin2 = std::max(loin2, d2);
   }
   return atteint;
 }
 
-bool Couvre(std::span<const Vec2> p, std::size_t a, std::size_t b, double e) {
-  const Vec2 d = p[b] - p[a];
+template <class Places>
+bool Couvre(Places p, std::size_t a, std::size_t b, double e) {
+  const Vec2 d = p(b) - p(a);
   const double l2 = Scalaire(d, d);
   for (std::size_t i = a + 1; i < b; ++i) {
-    const double t = l2 > 0 ? std::clamp(Scalaire(p[i] - p[a], d) / l2, 0.0, 1.0) : 0.0;
-    if (Norme(p[a] + d * t - p[i]) > e) return false;
+    const double t = l2 > 0 ? std::clamp(Scalaire(p(i) - p(a), d) / l2, 0.0, 1.0) : 0.0;
+    if (Norme(p(a) + d * t - p(i)) > e) return false;
   }
   return true;
 }
 
 // Both ends of [debut, fin] stay; `reste` already ends with `debut`.
-void Passe(std::span<const Vec2> p, std::size_t debut, std::size_t fin, double e, std::vector<std::size_t>& reste) {
+template <class Places>
+void Passe(Places p, std::size_t debut, std::size_t fin, double e, std::vector<std::size_t>& reste) {
   const std::size_t premier = reste.size();
   for (std::size_t a = debut; a < fin;) {
     a = Portee(p, a, fin, e);
@@ -85,53 +129,72 @@ void Passe(std::span<const Vec2> p, std::size_t debut, std::size_t fin, double e
   }
   // The greedy walk can leave its last but one point beside the end.
   const std::size_t n = reste.size();
-  if (n >= premier + 2 && Norme(p[reste[n - 2]] - p[fin]) <= e && Couvre(p, reste[n - 3], fin, e)) {
+  if (n >= premier + 2 && Norme(p(reste[n - 2]) - p(fin)) <= e && Couvre(p, reste[n - 3], fin, e)) {
     reste.erase(reste.end() - 2);
   }
 }
 
-std::vector<std::size_t> Parcours(std::span<const Vec2> p, std::span<const std::uint8_t> garde, double e) {
+template <class Places>
+std::vector<std::size_t> Parcours(Places p, std::size_t n, std::span<const std::size_t> gardes, double e) {
   std::vector<std::size_t> reste{0};
   std::size_t debut = 0;
-  for (std::size_t i = 1; i < p.size(); ++i) {
-    if (i + 1 < p.size() && garde[i] == 0) continue;
-    Passe(p, debut, i, e, reste);
+  const auto jusque = [&](std::size_t i) {
+    if (i > debut) Passe(p, debut, i, e, reste);
     debut = i;
-  }
+  };
+  for (const std::size_t i : gardes) jusque(i);
+  jusque(n - 1);
   return reste;
 }
 
-}  // namespace
-
-std::vector<std::size_t> Simplifie(std::span<const Vec2> points, std::span<const std::uint8_t> garde,
-                                   double tolerance) {
-  const std::size_t n = points.size();
+template <class Places>
+std::vector<std::size_t> Simplifie(Places p, std::size_t n, std::span<const std::size_t> gardes, double tolerance) {
   if (n < 3) return n == 2 ? std::vector<std::size_t>{0, 1} : std::vector<std::size_t>(n, 0);
   const double e = tolerance * (1 - 1e-9);
-  std::vector<std::size_t> reste = Parcours(points, garde, e);
-  const bool ferme = points.front() == points.back();
+  std::vector<std::size_t> reste = Parcours(p, n, gardes, e);
+  const bool ferme = p(0) == p(n - 1);
   if (!ferme || reste.size() >= 4) return reste;
 
   // A small ring that went flat: the point farthest from the seam stays, and the one farthest from that line.
   std::size_t f = 0;
   std::size_t g = 0;
   for (std::size_t i = 1; i < n; ++i) {
-    if (Norme(points[i] - points[0]) > Norme(points[f] - points[0])) f = i;
+    if (Norme(p(i) - p(0)) > Norme(p(f) - p(0))) f = i;
   }
   if (f == 0) return {0, n - 1};
-  const Vec2 axe = points[f] - points[0];
+  const Vec2 axe = p(f) - p(0);
   double ecart = 0;
   for (std::size_t i = 1; i < n; ++i) {
-    const double d = std::abs(Vectoriel(axe, points[i] - points[0]));
+    const double d = std::abs(Vectoriel(axe, p(i) - p(0)));
     if (d > ecart) {
       ecart = d;
       g = i;
     }
   }
-  std::vector<std::uint8_t> force(garde.begin(), garde.end());
-  force[f] = 1;
-  if (g != 0) force[g] = 1;
-  return Parcours(points, force, e);
+  std::vector<std::size_t> force(gardes.begin(), gardes.end());
+  force.push_back(f);
+  if (g != 0) force.push_back(g);
+  std::sort(force.begin(), force.end());
+  return Parcours(p, n, force, e);
+}
+
+}  // namespace
+
+std::vector<std::size_t> Simplifie(std::span<const Vec2> points, std::span<const std::uint8_t> garde,
+                                   double tolerance) {
+  std::vector<std::size_t> gardes;
+  for (std::size_t i = 0; i < garde.size(); ++i) {
+    if (garde[i] != 0) gardes.push_back(i);
+  }
+  return Simplifie([points](std::size_t i) { return points[i]; }, points.size(), gardes, tolerance);
+}
+
+std::vector<std::size_t> Simplifie(std::span<const PointTrace> points, Vec2 centre,
+                                   std::span<const std::size_t> gardes, double tolerance) {
+  const auto place = [points, centre](std::size_t i) {
+    return Vec2{double{points[i].X}, double{points[i].Y}} - centre;
+  };
+  return Simplifie(place, points.size(), gardes, tolerance);
 }
 
 }  // namespace pathwerk::chemin

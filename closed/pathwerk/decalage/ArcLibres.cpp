@@ -27,6 +27,7 @@ namespace {
 // Between two looks whether somebody wishes the end: some tenths of a millisecond.
 constexpr std::size_t SegmentsParRegard = 64;
 constexpr std::size_t FinsParRegard = 1024;
+constexpr std::size_t ReserveMax = 512;  // stretches for which room is made at once
 
 constexpr double MemeCoin = 1e-7;  // mm
 constexpr double DemiTour = 1e-9;  // rad: a turn this near to half a turn goes right back
@@ -68,7 +69,9 @@ void AjouteReste(const ArcTailleur& tailleur, std::vector<ArcLibre>& libres) {
 class Releveur {
  public:
   Releveur(const ArcSource& source, double d, double bruit, PiecesVives* vives)
-      : source_(source), tailleur_(source, d, bruit), d_(d), vives_(vives) {}
+      : source_(source), tailleur_(source, d, bruit), d_(d), vives_(vives) {
+    libres_.reserve(std::min(2 * source.Taille(), ReserveMax));
+  }
 
   std::vector<ArcLibre> Releve() {
     std::size_t debut = 0;
@@ -87,26 +90,42 @@ class Releveur {
     ouvert_ = Naturel;
     bool commence = false;  // the first piece of the contour is free from its start
     bool rang0 = true;
-    Vec2 u = Unite(source_.B(fin - 1) - source_.A(fin - 1));
+    Trait trait = TraitDe(debut);
+    const Trait avant = TraitDe(fin - 1);
+    Coin coin = CoinDe(avant.u, trait.u, d_);
     for (std::size_t i = debut; i < fin; ++i) {
       if (i % SegmentsParRegard == 0 && base::ArretDemande()) break;
-      const Vec2 w = source_.B(i) - source_.A(i);
-      const double l = Norme(w);
-      const Vec2 v = w * (1 / l);
-      const Coin c = CoinDe(u, v, d_);
-      if (c.vif) {
-        const bool libre = tailleur_.TailleArc(i, c.u0, c.u1);
+      const Trait apres = TraitDe(source_.Suivant(i));
+      const Coin suivant = CoinDe(trait.u, apres.u, d_);
+      const bool tout = coin.vif && suivant.exterieur && Scalaire(trait.u, apres.u) > 0 &&
+                        tailleur_.EstToutLibre(i, trait.u, trait.l, coin.u0, coin.u1);
+      if (coin.vif) {
+        if (tout) tailleur_.PoseArc(i, coin.u0, coin.u1);
+        const bool libre = tout || tailleur_.TailleArc(i, coin.u0, coin.u1);
         const bool joint = Ajoute(i, true, libre);
         if (rang0) commence = joint;
         rang0 = false;
       }
-      const bool libre = tailleur_.TailleSegment(i, v, l);
+      if (tout) tailleur_.PoseSegment(i, trait.u, trait.l);
+      const bool libre = tout || tailleur_.TailleSegment(i, trait.u, trait.l, !coin.exterieur, !suivant.exterieur);
       const bool joint = Ajoute(i, false, libre);
       if (rang0) commence = joint;
       rang0 = false;
-      u = v;
+      trait = apres;
+      coin = suivant;
     }
     if (ouvert_ != Naturel && commence) libres_[ouvert_].suite = Numero32(premier);
+  }
+
+  // Direction and length of a segment.
+  struct Trait {
+    Vec2 u;
+    double l = 0;
+  };
+  [[nodiscard]] Trait TraitDe(std::size_t i) const {
+    const Vec2 w = source_.B(i) - source_.A(i);
+    const double l = Norme(w);
+    return {w * (1 / l), l};
   }
 
   // Returns whether the piece is free from its own start.
@@ -395,6 +414,8 @@ class Aplatisseur {
     origines_.clear();
     ici_ = {};
     const std::size_t n = chaine.size();
+    sortie_.reserve(n + n / 4);
+    origines_.reserve(n + n / 4);
     bool avant = Emousse(chaine, n - 1);
     bool ici = Emousse(chaine, 0);
     for (std::size_t k = 0; k < n; ++k) {
@@ -423,10 +444,11 @@ class Aplatisseur {
 
  private:
   static constexpr double Meme = 1e-9;  // mm
+  static bool Proches(Vec2 p, Vec2 q) { return Scalaire(p - q, p - q) < Meme * Meme; }
 
   // A point where the edge before it arrives at the share `part` of the segment it runs beside.
   void Pose(Vec2 p, float part) {
-    if (!sortie_.empty() && Norme(p - sortie_.back()) < Meme) return;
+    if (!sortie_.empty() && Proches(p, sortie_.back())) return;
     if (sortie_.empty()) {
       premiere_ = part;
     } else {
@@ -438,12 +460,12 @@ class Aplatisseur {
 
   // The edge back to the first point.
   void Ferme() {
-    if (sortie_.size() < 2 || Norme(sortie_.front() - sortie_.back()) >= Meme) {
+    if (sortie_.size() < 2 || !Proches(sortie_.front(), sortie_.back())) {
       origines_.push_back({ici_.segment, ici_.de, premiere_});
       return;
     }
     sortie_.pop_back();
-    while (sortie_.size() > 1 && Norme(sortie_.front() - sortie_.back()) < Meme) {
+    while (sortie_.size() > 1 && Proches(sortie_.front(), sortie_.back())) {
       sortie_.pop_back();
       origines_.pop_back();
     }
@@ -466,8 +488,8 @@ class Aplatisseur {
     const ArcLibre& avant = libres_[chaine[base::Precedent(k, n)]];
     const ArcLibre& apres = libres_[chaine[base::Suivant(k, n)]];
     if (avant.arc || apres.arc || avant.causeB != Naturel || apres.causeA != Naturel) return false;
-    const double corde = Norme(p.b - p.a);
-    return corde < r_ && corde * corde <= 4 * r_ * fleche_;  // sagitta = chord^2 / 8 r
+    const double corde2 = Scalaire(p.b - p.a, p.b - p.a);
+    return corde2 < r_ * r_ && corde2 <= 4 * r_ * fleche_;  // sagitta = chord^2 / 8 r
   }
 
   void Arc(const ArcLibre& p) {

@@ -35,18 +35,6 @@ std::size_t ArcSource::DebutDuContour(std::size_t i) const {
   return unSeul_ ? 0 : *(std::upper_bound(debuts_.begin(), debuts_.end(), i) - 1);
 }
 
-double ArcSource::Distance2(std::size_t segment, Vec2 p) const {
-  const Vec2 a = A(segment);
-  const Vec2 d = B(segment) - a;
-  const Vec2 q = p - a;
-  const double l2 = Scalaire(d, d);
-  const double s = Scalaire(q, d);
-  if (s <= 0 || l2 <= 0) return Scalaire(q, q);
-  if (s >= l2) return Scalaire(q - d, q - d);
-  const double v = Vectoriel(d, q);
-  return v * v / l2;
-}
-
 double ArcSource::Distance2(Vec2 p, double limite2) const {
   double meilleur = limite2;
   arbre_.Approche(p, meilleur, [&](std::size_t feuille) {

@@ -48,4 +48,16 @@ class ArcSource {
   double etendue_ = 0;
 };
 
+inline double ArcSource::Distance2(std::size_t segment, Vec2 p) const {
+  const Vec2 a = A(segment);
+  const Vec2 d = B(segment) - a;
+  const Vec2 q = p - a;
+  const double l2 = Scalaire(d, d);
+  const double s = Scalaire(q, d);
+  if (s <= 0 || l2 <= 0) return Scalaire(q, q);
+  if (s >= l2) return Scalaire(q - d, q - d);
+  const double v = Vectoriel(d, q);
+  return v * v / l2;
+}
+
 }  // namespace pathwerk::decalage

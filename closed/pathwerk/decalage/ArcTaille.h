@@ -48,9 +48,17 @@ class ArcTailleur {
   ArcTailleur(const ArcSource& source, double d, double bruit, const Tueurs* tueurs = nullptr);
 
   // The parallel of segment i, whose unit direction is `u` and whose length is `l`. False: nothing is left.
-  bool TailleSegment(std::size_t i, Vec2 u, double l);
+  // `avant`, `apres`: the corner at its start, and at its end, turns towards the parallel, so that the neighbour
+  // there cuts it short; else that neighbour takes nothing away.
+  bool TailleSegment(std::size_t i, Vec2 u, double l, bool avant, bool apres);
   // The arc around vertex i from u0 to u1 (unit vectors), turning right for a left parallel and vice versa.
   bool TailleArc(std::size_t i, Vec2 u0, Vec2 u1);
+  // Does nothing take anything away from segment i's parallel, nor from the arc before it, whose directions are
+  // those? True only where the corner at the end turns away, too, by less than a quarter turn.
+  bool EstToutLibre(std::size_t i, Vec2 u, double l, Vec2 u0, Vec2 u1);
+  // Both of them whole.
+  void PoseArc(std::size_t i, Vec2 u0, Vec2 u1);
+  void PoseSegment(std::size_t i, Vec2 u, double l);
   // A piece of which no more than `avant` is left before it begins. CommenceBloc() comes first, unless `seules`:
   // nothing but what ended the stretches before can take from it.
   bool Reprend(const PieceBrute& piece, std::span<const Intervalle> avant, bool seules = false);
@@ -65,14 +73,19 @@ class ArcTailleur {
   [[nodiscard]] Vec2 Place(const LimiteLibre& b) const { return arc_ ? origine_ + b.u * r_ : origine_ + u_ * b.t; }
 
  private:
-  bool Taille();
   bool Cherche();
   [[nodiscard]] Vec2 Depart(std::size_t i, bool arc, Vec2 u) const {
     return arc ? source_.A(i) : source_.A(i) + Gauche(u) * d_;
   }
   [[nodiscard]] std::size_t Tueur(std::size_t k) const { return tueurs_ == nullptr ? k : tueurs_->segments[k]; }
+  bool TailleRestes();
+  void EssaieDerniers();
   void Essaie(std::size_t j);
+  void Retire(std::size_t j);
+  void RetireVoisin(std::size_t j);
   bool EssaieFeuille(std::size_t feuille);
+  [[nodiscard]] bool NePeutRien(std::size_t j) const;
+  [[nodiscard]] bool EstEssaye(std::size_t j) const;
   void RetireDeSegment(std::size_t j);
   void RetireDArc(std::size_t j);
   void RetireEgalSegment(std::size_t j, Vec2 v, double l);
@@ -101,16 +114,27 @@ class ArcTailleur {
   std::vector<Intervalle> reste_;
   std::vector<Intervalle> autre_;
   bool change_ = false;
-  // Disc around all that is left, and the directions of its ends.
+  // Disc around all that is left. From its centre what is left reaches no farther than demi_ to both sides along
+  // axe_, and creux_ against sommet_, which points away from the source.
   Vec2 milieu_;
   double demi_ = 0;
+  Vec2 axe_;
+  Vec2 sommet_;
+  double creux_ = 0;
+  double bande_ = 0;    // half the width of the strip in which something can reach a parallel
+  double portee2_ = 0;  // squared: what is farther from milieu_ reaches nothing of it
+  double loin2_ = 0;    // squared: what is farther from a place than this surely takes nothing there
   static constexpr std::size_t Memorises = 4;
   std::size_t derniers_[Memorises] = {};  // segments that took away most lately
   std::size_t tour_ = 0;
-  std::uint32_t essayes_[2] = {Naturel, Naturel};  // segments that have taken all they can from this piece
+  static constexpr int Apaise = 4;
+  int agite_ = 0;  // over 0: one of the last pieces lost something to more than its neighbours, or all
+  static constexpr std::size_t EssayesMax = 8;
+  std::size_t essayes_[EssayesMax] = {};  // segments that have taken all they can from this piece
+  std::size_t nbEssayes_ = 0;
   // Leaves that can reach any raw piece of the segments [blocDebut_, blocFin_).
   static constexpr std::size_t PiecesParBloc = 8;
-  static constexpr std::size_t FeuillesMax = 96;
+  static constexpr std::size_t FeuillesMax = 24;
   std::size_t blocDebut_ = 0;
   std::size_t blocFin_ = 0;
   std::vector<std::uint32_t> bloc_;

@@ -14,7 +14,8 @@ std::vector<Piece> DecaleFerme(const Source& source, double distance, double tol
   std::vector<Region> regions;
   if (!SepareLobes(source.chemin, tolerance, regions)) return {};
   std::vector<std::pair<double, Piece>> boucles;
-  for (const Region& region : regions) {
+  for (Region& region : regions) {
+    region.ecart = source.ecart;
     std::vector<Chemin> b;
     std::vector<Origines> o;
     if (!DecaleRegion(region, distance, tolerance, b, o)) return {};

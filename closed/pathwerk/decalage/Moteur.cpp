@@ -13,6 +13,7 @@
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
+#include "closed/pathwerk/decalage/Jeu.h"
 #include "closed/pathwerk/decalage/MoteurArcs.h"
 #include "closed/pathwerk/decalage/MoteurClipper.h"
 #include "closed/pathwerk/decalage/MoteurLobes.h"
@@ -111,12 +112,12 @@ bool DecaleRegionSimple(const Region& region, double distance, double tolerance,
     double etendue = std::abs(distance);
     for (const Vec2 p : region.contours[0]) etendue = std::max({etendue, std::abs(p.x), std::abs(p.y)});
     if (!(etendue <= 1e9)) return false;
-    const double jeu = std::min(0.06 * tolerance, std::abs(distance) / 20);
-    const double d = distance > 0 ? distance - jeu : distance + jeu;
+    const auto [d, fleche] =
+        JeuDe(region, distance, tolerance, std::min(0.06 * tolerance, std::abs(distance) / 20));
     const bool positif = region.signe > 0 || (region.signe == 0 && distance < 0);
     if (CoinServi(region.contours[0], d)) return false;
     Origines o;
-    Chemin brute = ParalleleBrute(region.contours[0], d, 0.85 * tolerance, origines != nullptr ? &o : nullptr);
+    Chemin brute = ParalleleBrute(region.contours[0], d, fleche, origines != nullptr ? &o : nullptr);
     if (brute.size() < 3) return true;
     if (PeutSeCroiser(brute)) return false;
     if ((Aire(brute) > 0) == positif) {
@@ -149,6 +150,7 @@ Region DeuxSensDe(const Region& region) {
     }
     debut += Numero32(c.size());
   }
+  deux.ecart = region.ecart;
   return deux;
 }
 

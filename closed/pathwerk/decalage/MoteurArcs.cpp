@@ -13,33 +13,39 @@
 #include "base/Arret.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/ArcSuite.h"
+#include "closed/pathwerk/decalage/Jeu.h"
 
 namespace pathwerk::decalage {
 
 namespace {
 
 constexpr double Jeux[] = {0.06, 0.047, 0.071, 0.033, 0.0813};  // shares of the tolerance
-constexpr std::size_t Echantillons = 48;
+constexpr std::size_t Echantillons = 48;                        // looked at, at most
+constexpr std::size_t AretesParRegard = 12;  // of small loops: one edge of so many, three at least
 
 // Depth below which a touch doesn't count: some units of the last place of the greatest coordinate.
 double Bruit(double etendue, double r) { return std::max(1e-10, 4e-15 * (etendue + r)); }
 
-// Samples of the loops lie where they must.
-bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double r, double fleche) {
+// Samples of the loops lie where they must, in proportion to their edges; and each chord over a gap does.
+bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, const std::vector<Origines>& origines,
+             double r, double fleche) {
   std::size_t total = 0;
   for (const Chemin& c : boucles) total += c.size();
-  const std::size_t pas = total / Echantillons + 1;
+  const std::size_t nombre = std::clamp<std::size_t>(total / AretesParRegard, 3, Echantillons);
+  const std::size_t pas = total / nombre + 1;
   const double bas = std::max(0.0, r - 1.02 * fleche);
   const double haut = r + 0.02 * fleche;
+  const auto bon = [&](Vec2 p) {
+    const double e2 = source.Distance2(p, 1.01 * haut * haut);
+    return e2 >= bas * bas && e2 <= haut * haut;
+  };
   std::size_t rang = 0;
-  for (const Chemin& c : boucles) {
-    for (std::size_t i = 0; i < c.size(); ++i) {
-      if (rang++ % pas != 0) continue;
+  for (std::size_t k = 0; k < boucles.size(); ++k) {
+    const Chemin& c = boucles[k];
+    for (std::size_t i = 0; i < c.size(); ++i, ++rang) {
       const Vec2 b = c[base::Suivant(i, c.size())];
-      for (const double t : {0.0, 0.37}) {
-        const double e2 = source.Distance2(c[i] + (b - c[i]) * t, 1.01 * haut * haut);
-        if (!(e2 >= bas * bas && e2 <= haut * haut)) return false;
-      }
+      if (!origines[k][i].Connue() && !bon((c[i] + b) * 0.5)) return false;
+      if (rang % pas == 0 && !(bon(c[i]) && bon(c[i] + (b - c[i]) * 0.37))) return false;
     }
   }
   return true;
@@ -50,19 +56,20 @@ bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double
 bool DecaleRegionArcs(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                       std::vector<Origines>* origines, MemoireDeRegion* memoire) {
   boucles.clear();
-  if (origines != nullptr) origines->clear();
+  std::vector<Origines> propres;
+  if (origines == nullptr) origines = &propres;
+  origines->clear();
   try {
     if (memoire != nullptr && !memoire->suite) memoire->suite = std::make_shared<ArcSuite>(region.contours);
     std::optional<ArcSource> propre;
     if (memoire == nullptr) propre.emplace(region.contours);
     const ArcSource& source = memoire != nullptr ? memoire->suite->Source() : *propre;
-    const double fleche = 0.85 * tolerance;
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     if (source.Taille() == 0) return true;
     for (const double part : Jeux) {
       if (base::ArretDemande()) break;
-      const double jeu = std::min(part * tolerance, std::abs(distance) * part);
-      const double d = distance > 0 ? distance - jeu : distance + jeu;
+      const auto [d, fleche] =
+          JeuDe(region, distance, tolerance, std::min(part * tolerance, std::abs(distance) * part));
       const double r = std::abs(d);
       const double bruit = Bruit(source.Etendue(), r);
       std::vector<ArcLibre> libres =
@@ -72,14 +79,14 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
       if (OteMauvaisCote(source, libres, d, region.signe) > 0) continue;
       std::size_t omises = 0;
       boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50, origines, &omises);
-      if (!Verifie(source, boucles, r, fleche)) continue;
+      if (!Verifie(source, boucles, *origines, r, fleche)) continue;
       if (memoire != nullptr) memoire->suite->Retient(omises == 0);
       return true;
     }
   } catch (const std::exception&) {
   }
   boucles.clear();
-  if (origines != nullptr) origines->clear();
+  origines->clear();
   return false;
 }
 

@@ -10,6 +10,7 @@
 #include <span>
 
 #include "closed/pathwerk/commun/ArbreSegments.h"
+#include "closed/pathwerk/decalage/Jeu.h"
 #include "closed/pathwerk/decalage/ParalleleBrute.h"
 
 namespace pathwerk::decalage {
@@ -137,10 +138,8 @@ int SigneDe(double aire) { return aire > 0 ? 1 : aire < 0 ? -1 : 0; }
 bool DecaleRegionClipper(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles) {
   boucles.clear();
   // A small share of the tolerance lets pass what fits exactly; the rest bounds the arcs.
-  const double jeu = std::min(0.06 * tolerance, std::abs(distance) / 20);
-  const double d = distance > 0 ? distance - jeu : distance + jeu;
+  const auto [d, fleche] = JeuDe(region, distance, tolerance, std::min(0.06 * tolerance, std::abs(distance) / 20));
   const bool positif = region.signe > 0 || (region.signe == 0 && distance < 0);
-  const double fleche = 0.85 * tolerance;
   try {
     if (!(Etendue(region.contours) + std::abs(d) <= 1e9)) return false;
     Demele(region, d, fleche, positif, boucles);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Boite.h"
 #include "base/Indices.h"
 #include "closed/pathwerk/chemin/Simplifie.h"
 #include "closed/pathwerk/decalage/Report.h"
@@ -15,6 +16,38 @@ constexpr double LimiteCoordonnee = 1e8;  // mm
 
 // Marks are the points that say something: everything but "PD" and blank.
 bool EstMarque(const PointTrace& p) { return p.Cde != CodePD && p.Cde != Code2{}; }
+
+// The box of all places, and which of them are marks. None: there is no place, or a coordinate is not finite or too
+// great. In floats, of which nothing is lost: a million points pass in the time of reading them.
+std::optional<base::Boite<float>> Parcourt(const std::vector<PointTrace>& points,
+                                           std::vector<std::size_t>& marques) {
+  base::Boite<float> b;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const PointTrace& p = points[i];
+    if (std::isunordered(p.X, p.Y)) return std::nullopt;
+    b.Etend(p.X, p.Y);
+    if (EstMarque(p)) marques.push_back(i);
+  }
+  const auto limite = static_cast<float>(LimiteCoordonnee);
+  const bool dedans = b.x0 >= -limite && b.x1 <= limite && b.y0 >= -limite && b.y1 <= limite;
+  if (points.empty() || !dedans) return std::nullopt;
+  return b;
+}
+
+// How far the points that thinning left out lie from what it left, mm. The tolerance where it took nearly all of
+// that: then the rest need not be looked at.
+double EcartDe(const std::vector<PointTrace>& points, const std::vector<std::size_t>& reste, double tolerance) {
+  const auto place = [&points](std::size_t i) { return Vec2{double{points[i].X}, double{points[i].Y}}; };
+  double pire2 = 0;
+  const double assez2 = 0.8 * tolerance * tolerance;
+  for (std::size_t k = 0; k + 1 < reste.size(); ++k) {
+    for (std::size_t i = reste[k] + 1; i < reste[k + 1]; ++i) {
+      pire2 = std::max(pire2, LieuSurSegment({place(reste[k]), place(reste[k + 1])}, place(i)).distance2);
+    }
+    if (pire2 > assez2) return tolerance;
+  }
+  return std::sqrt(pire2);
+}
 
 // Mean left normal of the distinct neighbours of a point; a turn right back gives the direction onward.
 Vec2 NormaleEn(const Chemin& c, bool ferme, std::size_t i) {
@@ -116,38 +149,32 @@ Code2 CodeDePiece(std::size_t rang) {
 std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, double tolerance) {
   Source s;
   const std::size_t n = points.size();
-  if (n == 0) return std::nullopt;
-  double x0 = LimiteCoordonnee, x1 = -LimiteCoordonnee, y0 = LimiteCoordonnee, y1 = -LimiteCoordonnee;
-  for (const PointTrace& p : points) {
-    const auto x = double{p.X};
-    const auto y = double{p.Y};
-    if (!(std::abs(x) <= LimiteCoordonnee && std::abs(y) <= LimiteCoordonnee)) return std::nullopt;
-    x0 = std::min(x0, x);
-    x1 = std::max(x1, x);
-    y0 = std::min(y0, y);
-    y1 = std::max(y1, y);
-  }
-  if (x0 == x1 && y0 == y1) return std::nullopt;
-  s.centre = {(x0 + x1) / 2, (y0 + y1) / 2};
+  std::vector<std::size_t> gardes;
+  const std::optional<base::Boite<float>> boite = Parcourt(points, gardes);
+  if (!boite) return std::nullopt;
+  const base::Boite<double> b{boite->x0, boite->y0, boite->x1, boite->y1};
+  if (b.x0 == b.x1 && b.y0 == b.y1) return std::nullopt;
+  s.centre = {(b.x0 + b.x1) / 2, (b.y0 + b.y1) / 2};
   s.ferme = n > 2 && MemePlace(points.front(), points.back());
 
-  Chemin brut(n);
-  std::vector<std::uint8_t> garde(n);
-  for (std::size_t i = 0; i < n; ++i) {
-    brut[i] = Vec2{double{points[i].X}, double{points[i].Y}} - s.centre;
-    garde[i] = EstMarque(points[i]);
-  }
-  std::vector<std::pair<std::size_t, Code2>> marques;
-  for (const std::size_t i : chemin::Simplifie(brut, garde, tolerance)) {
-    if (s.chemin.empty() || !(brut[i] == s.chemin.back())) s.chemin.push_back(brut[i]);
+  const std::vector<std::size_t> reste = chemin::Simplifie(points, s.centre, gardes, tolerance);
+  s.ecart = EcartDe(points, reste, tolerance);
+  s.chemin.reserve(reste.size());
+  std::size_t m = 0;  // the next of those that stay in any case
+  for (const std::size_t i : reste) {
+    const Vec2 p = Vec2{double{points[i].X}, double{points[i].Y}} - s.centre;
+    if (s.chemin.empty() || !(p == s.chemin.back())) s.chemin.push_back(p);
+    if (m == gardes.size() || gardes[m] != i) continue;
+    ++m;
     // Of the two records of a seam that are both marked, one counts.
     const bool couture = s.ferme && i + 1 == n && EstMarque(points[0]);
-    if (garde[i] != 0 && !couture) marques.emplace_back(s.chemin.size() - 1, points[i].Cde);
+    if (!couture) s.suivis.push_back({s.chemin.size() - 1, {}, {}, points[i].Cde});
   }
   if (s.ferme) s.chemin.pop_back();
-  for (const auto& [rang, cde] : marques) {
-    const std::size_t i = rang % s.chemin.size();
-    s.suivis.push_back({i, s.chemin[i], NormaleEn(s.chemin, s.ferme, i), cde});
+  for (PointSuivi& suivi : s.suivis) {
+    suivi.rang %= s.chemin.size();
+    suivi.lieu = s.chemin[suivi.rang];
+    suivi.normale = NormaleEn(s.chemin, s.ferme, suivi.rang);
   }
   s.depart = {0, s.chemin[0], NormaleEn(s.chemin, s.ferme, 0), CodePD};
   return s;

@@ -24,6 +24,7 @@ struct Source {
   Chemin chemin;  // a closed path doesn't repeat its first point
   bool ferme = false;
   Vec2 centre;                     // add it to come back to the drawing, mm
+  double ecart = 0;                // how far from the path the points lie that thinning left out, mm
   PointSuivi depart;               // first point
   std::vector<PointSuivi> suivis;  // marks
 };

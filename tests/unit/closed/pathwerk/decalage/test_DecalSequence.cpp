@@ -89,6 +89,30 @@ TEST(DecalSequence, SlotOfTheCuttersOwnWidthIsStillCut) {
   EXPECT_NEAR(b.y1, 1.5, 0.01);
 }
 
+TEST(DecalSequence, CurvedSlotOfTheCuttersOwnWidthComesInOnePieceThoughItsWallsAreThinned) {
+  // A band 2 mm wide that winds outwards from 30 to 60 mm in seven and a half turns, its walls drawn by points that
+  // don't stand opposite each other. Across it is narrower than 2 mm by up to 0.45 micrometres, as it runs at an
+  // angle to the rays, and thinning moves each wall by up to one.
+  const double tours = 7.5;
+  const auto ajoute = [tours](Forme& f, double part, double cote) {
+    const double rayon = 30 + 30 * part + cote;
+    f.push_back({rayon * std::cos(2 * std::numbers::pi * tours * part),
+                 rayon * std::sin(2 * std::numbers::pi * tours * part)});
+  };
+  for (const int points : {20011, 50021, 100003}) {
+    Forme f;
+    for (int i = 0; i <= points; ++i) ajoute(f, 1.0 * i / points, 1);
+    const int autres = points * 7 / 9;
+    for (int i = autres; i >= 0; --i) ajoute(f, 1.0 * i / autres, -1);
+    const auto [r, t] = Decale(EnTrace(f, true), 1);
+    ASSERT_GT(r, 0);
+    ASSERT_EQ(Pieces(t).size(), 1U) << points << " points";
+    // There and back along the middle, 45 mm from the centre on average, and 0.4 mm for the way outwards; the
+    // cutter stops 1 mm before both ends.
+    EXPECT_NEAR(Longueur(t), 2 * (2 * std::numbers::pi * tours * 45 - 2) + 0.4, 0.1);
+  }
+}
+
 TEST(DecalSequence, ZeroRadiusGivesTheShapeItself) {
   for (const bool ferme : {true, false}) {
     const Trace s = EnTrace(Etoile(2), ferme);
