@@ -41,6 +41,14 @@ struct PiecesVives {
 // All free stretches, in the order of the outline. Stretches that follow each other in a corner are linked.
 // `vives`, when asked for: what is left of which raw piece.
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, PiecesVives* vives = nullptr);
+// Segments [debut, fin) of one contour.
+struct Plage {
+  std::size_t debut = 0;
+  std::size_t fin = 0;
+};
+// The same of these segments alone, each with the arc around its start. `tueurs`: what takes away, null for all.
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, std::span<const Plage> plages,
+                                 const Tueurs* tueurs, PiecesVives* vives = nullptr);
 // The same where no more than `avant` is left of the raw pieces, and no more than `tueurs` can take away. `apres`:
 // what is left then.
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
@@ -57,8 +65,8 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
 std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libres, double d, int signe);
 
 // Closed loops as polylines whose chords lie within `fleche` of the arcs, inside them. Loops shorter than `mini`
-// are left out. Only for linked stretches. `origines`, when asked for: where the edges of each loop lie on the
-// source.
+// are left out. `origines`, when asked for: where the edges of each loop lie on the source. A chain of stretches
+// that doesn't close comes as an open polyline, with one origin less than points.
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
                                    double fleche, double mini, std::vector<Origines>* origines = nullptr);
 
