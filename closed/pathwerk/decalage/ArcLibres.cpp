@@ -481,8 +481,15 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
   std::vector<std::uint32_t> chaine;
   Origines o;
   if (origines != nullptr) origines->clear();
-  const auto aplatit = [&](std::uint32_t depart) {
-    if (vu[depart] != 0 || libres[depart].hors) return;
+  std::vector<std::uint8_t> precede(libres.size(), 0);
+  for (const ArcLibre& a : libres) {
+    if (a.suite != Naturel) precede[a.suite] = 1;
+  }
+  // Open chains first, from where they begin.
+  for (std::size_t rang = 0; rang < 2 * libres.size(); ++rang) {
+    const auto depart = Numero32(rang % libres.size());
+    if (rang < libres.size() && precede[depart] != 0) continue;
+    if (vu[depart] != 0 || libres[depart].hors) continue;
     chaine.clear();
     std::uint32_t k = depart;
     for (; k != Naturel && vu[k] == 0; k = libres[k].suite) {
@@ -490,19 +497,10 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
       chaine.push_back(k);
     }
     Chemin c = aplatisseur.Boucle(chaine, k == Naturel, o);
-    if (c.size() < 2 || Perimetre(c) < mini) return;
+    if (c.size() < 2 || Perimetre(c) < mini) continue;
     boucles.push_back(std::move(c));
     if (origines != nullptr) origines->push_back(std::move(o));
-  };
-  // Open chains from where they begin.
-  std::vector<std::uint8_t> precede(libres.size(), 0);
-  for (const ArcLibre& a : libres) {
-    if (a.suite != Naturel) precede[a.suite] = 1;
   }
-  for (std::uint32_t k = 0; k < libres.size(); ++k) {
-    if (precede[k] == 0) aplatit(k);
-  }
-  for (std::uint32_t k = 0; k < libres.size(); ++k) aplatit(k);
   return boucles;
 }
 

@@ -13,6 +13,7 @@
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
+#include "closed/pathwerk/decalage/ArcsOuverts.h"
 #include "closed/pathwerk/decalage/MoteurArcs.h"
 #include "closed/pathwerk/decalage/MoteurClipper.h"
 #include "closed/pathwerk/decalage/MoteurLobes.h"
@@ -231,6 +232,21 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
 bool DecaleRegion(const Region& region, double distance, double tolerance, std::vector<Chemin>& boucles,
                   std::vector<Origines>* origines, MemoireDeRegion& memoire) {
   return Decale(region, distance, tolerance, boucles, origines, &memoire);
+}
+
+bool DecaleAllerRetour(const Region& allerRetour, double distance, double tolerance, Contacts& contacts,
+                       std::vector<Chemin>& boucles, std::vector<Origines>& origines) {
+  boucles.clear();
+  if (base::ArretDemande()) return false;
+  if (DecaleRegionSimple(allerRetour, distance, tolerance, boucles, &origines)) {
+    ++nbSimples;
+    return true;
+  }
+  if (DecaleOuvertArcs(allerRetour, distance, tolerance, contacts, boucles, origines)) {
+    ++nbArcs;
+    return true;
+  }
+  return Decale(allerRetour, distance, tolerance, boucles, &origines, nullptr);
 }
 
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {
