@@ -3,7 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Indices.h"
+
 namespace pathwerk::decalage {
+
+namespace {
+
+// Leaves near one of them: more make a crowd, of which all is taken to touch.
+constexpr std::size_t FeuillesMax = 64;
+
+}  // namespace
 
 Contacts::Contacts(const Chemin& chemin)
     : chemin_(chemin),
@@ -57,6 +66,14 @@ bool Contacts::Compare(std::size_t feuille, std::size_t autre) {
   return tous;
 }
 
+void Contacts::TouchePartout(std::size_t feuille) {
+  const std::size_t debut = arbre_.Debut(feuille);
+  const std::size_t fin = arbre_.Fin(feuille);
+  std::fill(base::Iterateur(segments_, debut), base::Iterateur(segments_, fin), 1);
+  std::fill(base::Iterateur(sommets_, debut), base::Iterateur(sommets_, fin), 1);
+  if (fin == segments_.size()) sommets_.back() = 1;
+}
+
 void Contacts::Cherche(std::size_t feuille) {
   std::uint8_t& fait = cherche_[feuille - arbre_.Feuilles()];
   if (fait != 0) return;
@@ -64,11 +81,16 @@ void Contacts::Cherche(std::size_t feuille) {
   base::Boite<double> b = arbre_.De(feuille);
   b = {b.x0 - Portee, b.y0 - Portee, b.x1 + Portee, b.y1 + Portee};
   const Vec2 m{(b.x0 + b.x1) / 2, (b.y0 + b.y1) / 2};
+  std::size_t vues = 0;
   arbre_.Parcourt([&](std::size_t k) { return b.Rencontre(arbre_.De(k)); },
                   [&](std::size_t k) {
                     return base::Distance2(arbre_.De(2 * k), m) < base::Distance2(arbre_.De(2 * k + 1), m);
                   },
-                  [&](std::size_t autre) { return !Compare(feuille, autre); });
+                  [&](std::size_t autre) {
+                    if (++vues <= FeuillesMax) return !Compare(feuille, autre);
+                    TouchePartout(feuille);
+                    return false;
+                  });
 }
 
 }  // namespace pathwerk::decalage

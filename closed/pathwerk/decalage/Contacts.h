@@ -12,7 +12,8 @@
 
 namespace pathwerk::decalage {
 
-// Found out where it is asked for, a few segments at a time.
+// Found out where it is asked for, a few segments at a time. In a crowd, where a segment has thousands of others
+// around it, all is taken to touch.
 class Contacts {
  public:
   static constexpr double Portee = 0.01;  // mm: a path that comes so near to itself touches itself
@@ -58,6 +59,7 @@ class Contacts {
   void Cherche(std::size_t feuille);
   // Of two leaves, what the second one brings to the first. Whether all of the first touches by now.
   [[nodiscard]] bool Compare(std::size_t feuille, std::size_t autre);
+  void TouchePartout(std::size_t feuille);
   [[nodiscard]] bool Touche(std::size_t segment, std::size_t sommet) const;
 
   const Chemin& chemin_;
