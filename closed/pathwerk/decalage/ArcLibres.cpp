@@ -15,9 +15,11 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 #include "base/Arret.h"
 #include "closed/pathwerk/commun/Numero32.h"
+#include "closed/pathwerk/decalage/ArcSaillants.h"
 #include "closed/pathwerk/decalage/ArcSursis.h"
 
 namespace pathwerk::decalage {
@@ -68,31 +70,25 @@ void AjouteReste(const ArcTailleur& tailleur, std::vector<ArcLibre>& libres) {
 
 class Releveur {
  public:
-  Releveur(const ArcSource& source, double d, double bruit, PiecesVives* vives)
-      : source_(source), tailleur_(source, d, bruit), d_(d), vives_(vives) {
+  Releveur(const ArcSource& source, double d, double bruit, const Tueurs* tueurs, PiecesVives* vives)
+      : source_(source), tailleur_(source, d, bruit, tueurs), d_(d), vives_(vives) {
     libres_.reserve(std::min(2 * source.Taille(), ReserveMax));
   }
 
-  std::vector<ArcLibre> Releve() {
-    std::size_t debut = 0;
-    while (debut < source_.Taille()) {
-      // The last segment of a contour goes back to its first vertex.
-      const std::size_t fin = source_.Precedent(debut) + 1;
-      Contour(debut, fin);
-      debut = fin;
-    }
+  std::vector<ArcLibre> Releve(std::span<const Plage> plages) {
+    for (const Plage& p : plages) Contour(p.debut, p.fin);
     return std::move(libres_);
   }
 
  private:
+  // A contour, or a part of one.
   void Contour(std::size_t debut, std::size_t fin) {
     const std::size_t premier = libres_.size();
     ouvert_ = Naturel;
     bool commence = false;  // the first piece of the contour is free from its start
     bool rang0 = true;
     Trait trait = TraitDe(debut);
-    const Trait avant = TraitDe(fin - 1);
-    Coin coin = CoinDe(avant.u, trait.u, d_);
+    Coin coin = CoinDe(TraitDe(source_.Precedent(debut)).u, trait.u, d_);
     for (std::size_t i = debut; i < fin; ++i) {
       if (i % SegmentsParRegard == 0 && base::ArretDemande()) break;
       const Trait apres = TraitDe(source_.Suivant(i));
@@ -114,7 +110,8 @@ class Releveur {
       trait = apres;
       coin = suivant;
     }
-    if (ouvert_ != Naturel && commence) libres_[ouvert_].suite = Numero32(premier);
+    const bool entier = source_.Suivant(fin - 1) == debut;
+    if (entier && ouvert_ != Naturel && commence) libres_[ouvert_].suite = Numero32(premier);
   }
 
   // Direction and length of a segment.
@@ -307,7 +304,22 @@ void PiecesVives::Ajoute(const ArcTailleur& tailleur, double sursis) {
 }
 
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, PiecesVives* vives) {
-  return Releveur(source, d, bruit, vives).Releve();
+  std::vector<Plage> contours;
+  for (std::size_t debut = 0; debut < source.Taille(); debut = contours.back().fin) {
+    // The last segment of a contour goes back to its first vertex.
+    contours.push_back({debut, source.Precedent(debut) + 1});
+  }
+  return ArcsLibres(source, d, bruit, contours, nullptr, vives);
+}
+
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, std::span<const Plage> plages,
+                                 const Tueurs* tueurs, PiecesVives* vives) {
+  const std::optional<Tueurs> saillants = Saillants(source, std::abs(d));
+  if (!saillants) return Releveur(source, d, bruit, tueurs, vives).Releve(plages);
+  PiecesVives reste;
+  Releveur(source, d, bruit, &*saillants, &reste).Releve(plages);
+  PiecesVives apres;
+  return ArcsLibres(source, d, bruit, reste, tueurs, vives != nullptr ? *vives : apres);
 }
 
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
@@ -408,8 +420,9 @@ class Aplatisseur {
     pas_ = std::min(2 * std::acos(1 - std::min(fleche / r_, 1.0)), std::numbers::pi / 3);
   }
 
-  // The closed chain of stretches, in order. `origines`: of its edges.
-  Chemin Boucle(const std::vector<std::uint32_t>& chaine, Origines& origines) {
+  // The chain of stretches, in order. `origines`: of its edges.
+  Chemin Boucle(const std::vector<std::uint32_t>& chaine, bool ouverte, Origines& origines) {
+    ouverte_ = ouverte;
     sortie_.clear();
     origines_.clear();
     ici_ = {};
@@ -437,7 +450,7 @@ class Aplatisseur {
       ici = apres;
     }
     if (avant) ici_ = {libres_[chaine[0]].source, 0, 0};
-    Ferme();
+    if (!ouverte_) Ferme();
     origines = std::move(origines_);
     return std::move(sortie_);
   }
@@ -484,7 +497,8 @@ class Aplatisseur {
   [[nodiscard]] bool Emousse(const std::vector<std::uint32_t>& chaine, std::size_t k) const {
     const std::size_t n = chaine.size();
     const ArcLibre& p = libres_[chaine[k]];
-    if (n < 3 || !p.arc || p.causeA != Naturel || p.causeB != Naturel) return false;
+    if (n < 3 || (ouverte_ && (k == 0 || k + 1 == n)) || !p.arc || p.causeA != Naturel || p.causeB != Naturel)
+      return false;
     const ArcLibre& avant = libres_[chaine[base::Precedent(k, n)]];
     const ArcLibre& apres = libres_[chaine[base::Suivant(k, n)]];
     if (avant.arc || apres.arc || avant.causeB != Naturel || apres.causeA != Naturel) return false;
@@ -511,6 +525,7 @@ class Aplatisseur {
   double sens_;
   double fleche_;
   double pas_ = 0;
+  bool ouverte_ = false;
   Chemin sortie_;
   Origines origines_;
   Origine ici_;         // of the edge that leaves the last point
@@ -528,14 +543,22 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
   std::vector<std::uint32_t> chaine;
   Origines o;
   if (origines != nullptr) origines->clear();
-  for (std::uint32_t depart = 0; depart < libres.size(); ++depart) {
+  std::vector<std::uint8_t> precede(libres.size(), 0);
+  for (const ArcLibre& a : libres) {
+    if (a.suite != Naturel) precede[a.suite] = 1;
+  }
+  // Open chains first, from where they begin.
+  for (std::size_t rang = 0; rang < 2 * libres.size(); ++rang) {
+    const auto depart = Numero32(rang % libres.size());
+    if (rang < libres.size() && precede[depart] != 0) continue;
     if (vu[depart] != 0 || libres[depart].hors) continue;
     chaine.clear();
-    for (std::uint32_t k = depart; vu[k] == 0; k = libres[k].suite) {
+    std::uint32_t k = depart;
+    for (; k != Naturel && vu[k] == 0; k = libres[k].suite) {
       vu[k] = 1;
       chaine.push_back(k);
     }
-    Chemin c = aplatisseur.Boucle(chaine, o);
+    Chemin c = aplatisseur.Boucle(chaine, k == Naturel, o);
     if (c.size() < 2 || Perimetre(c) < mini) {
       if (omises != nullptr) ++*omises;
       continue;

@@ -42,6 +42,14 @@ struct PiecesVives {
 // All free stretches, in the order of the outline. Stretches that follow each other in a corner are linked.
 // `vives`, when asked for: what is left of which raw piece.
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, PiecesVives* vives = nullptr);
+// Segments [debut, fin) of one contour.
+struct Plage {
+  std::size_t debut = 0;
+  std::size_t fin = 0;
+};
+// The same of these segments alone, each with the arc around its start. `tueurs`: what takes away, null for all.
+std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, std::span<const Plage> plages,
+                                 const Tueurs* tueurs, PiecesVives* vives = nullptr);
 // The same where no more than `avant` is left of the raw pieces, at a depth less by `pas`, and no more than
 // `tueurs` can take away. `apres`: what is left then; `pas` of 0: no depth will be asked for that comes of it.
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
@@ -58,8 +66,9 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
 std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libres, double d, int signe);
 
 // Closed loops as polylines whose chords lie within `fleche` of the arcs, inside them. Loops shorter than `mini`
-// are left out. Only for linked stretches. `origines`, when asked for: where the edges of each loop lie on the
-// source. `omises`, when asked for: how many loops were left out.
+// are left out. `origines`, when asked for: where the edges of each loop lie on the source. A chain of stretches
+// that doesn't close comes as an open polyline, with one origin less than points. `omises`, when asked for: how
+// many loops were left out.
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
                                    double fleche, double mini, std::vector<Origines>* origines = nullptr,
                                    std::size_t* omises = nullptr);

@@ -26,7 +26,7 @@ struct Intervalle {
   LimiteLibre a;
 };
 
-// The segments of a source that can still take something away, ascending, and a tree over them.
+// The segments of a source that can still take something away, and a tree over them in that order.
 struct Tueurs {
   std::vector<std::uint32_t> segments;
   ArcSource::Arbre arbre;

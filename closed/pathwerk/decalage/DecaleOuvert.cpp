@@ -24,6 +24,7 @@
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/commun/Numero32.h"
+#include "closed/pathwerk/decalage/Contacts.h"
 #include "closed/pathwerk/decalage/Moteur.h"
 #include "closed/pathwerk/decalage/Origine.h"
 
@@ -34,19 +35,16 @@ namespace {
 // Does somebody wish the end? Looked at once in a thousand steps.
 bool Regarde(std::size_t pas) { return pas % 1024 == 1023 && base::ArretDemande(); }
 
-constexpr double Mini = 1e-4;     // mm: shorter pieces are none
-constexpr double Contact = 0.01;  // mm: a path that comes so near to itself touches itself
+constexpr double Mini = 1e-4;  // mm: shorter pieces are none
+
+// A chain of edges that doesn't come back to its first point.
+bool EstOuverte(const Chemin& boucle, const Origines& origines) { return origines.size() + 1 == boucle.size(); }
 
 class Juge {
  public:
   // `egal`: distances that differ by less are equal, mm.
-  Juge(const Chemin& chemin, bool gauche, double egal)
-      : chemin_(chemin),
-        gauche_(gauche),
-        egal_(egal),
-        arbre_(SegmentsDe(chemin, false)),
-        touche_(chemin.size() - 1, 0),
-        contacts_(Contacts()) {}
+  Juge(const Chemin& chemin, bool gauche, double egal, Contacts& contacts)
+      : chemin_(chemin), gauche_(gauche), egal_(egal), arbre_(SegmentsDe(chemin, false)), contacts_(contacts) {}
 
   // Does an edge of that origin, on the path there and back, run beside the way there?
   [[nodiscard]] bool Aller(const Origine& o) const {
@@ -61,30 +59,30 @@ class Juge {
     const std::size_t s = o.segment <= dernier ? o.segment : 2 * dernier + 1 - o.segment;
     // An edge around a vertex has a segment on either side of it.
     const std::size_t autre = o.de == o.a && s < dernier ? s + 1 : s;
-    return touche_[s] != 0 || touche_[autre] != 0;
+    return contacts_.DuSegment(s) || contacts_.DuSegment(autre);
   }
 
-  // The loop with a point beside each contact that an edge passes at `rayon`, where that may change the side.
-  // `origines` of its edges, or empty.
+  // The loop or open chain with a point beside each contact that an edge passes at `rayon`, where that may change
+  // the side. `origines` of its edges, or empty.
   [[nodiscard]] Chemin CoupeAuxContacts(const Chemin& boucle, double rayon, Origines& origines) const {
-    if (contacts_.Segments().empty()) return boucle;
     Chemin r;
     Origines o;
-    const bool connues = origines.size() == boucle.size();
+    const bool connues = !origines.empty();
+    const bool ouverte = EstOuverte(boucle, origines);
     for (std::size_t i = 0, n = boucle.size(); i < n; ++i) {
       if (Regarde(i)) break;
       const Segment arete{boucle[i], boucle[base::Suivant(i, n)]};
       r.push_back(arete.a);
+      if (ouverte && i + 1 == n) break;
       if (connues) {
         o.push_back(origines[i]);
         if (!Ambigue(origines[i])) continue;
       }
       std::vector<std::pair<double, Vec2>> pieds;
-      const double portee = Norme(arete.b - arete.a) / 2 + rayon + Contact;
-      contacts_.Voisins((arete.a + arete.b) * 0.5, portee * portee, [&](const Lieu& contact) {
-        const Lieu pied = LieuSurSegment(arete, contact.point);
+      contacts_.Voisins(arete, rayon, [&](std::size_t contact) {
+        const Lieu pied = LieuSurSegment(arete, chemin_[contact]);
         const double ecart = std::abs(std::sqrt(pied.distance2) - rayon);
-        if (pied.t > 0 && pied.t < 1 && ecart <= Contact) pieds.emplace_back(pied.t, pied.point);
+        if (pied.t > 0 && pied.t < 1 && ecart <= Contacts::Portee) pieds.emplace_back(pied.t, pied.point);
       });
       std::sort(pieds.begin(), pieds.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
       for (const auto& [t, pied] : pieds) {
@@ -160,32 +158,11 @@ class Juge {
     return Norme(d) * std::min(Norme(b - a), Norme(c - b)) <= egal_ ? Vec2{} : d;
   }
 
-  // Points of the path that lie on a segment other than their own two, as segments without length. Marks all
-  // segments that meet there.
-  [[nodiscard]] ArbreSegments Contacts() {
-    std::vector<Segment> r;
-    for (std::size_t i = 0; i < chemin_.size(); ++i) {
-      if (Regarde(i)) break;
-      bool touche = false;
-      arbre_.Voisins(chemin_[i], Contact * Contact, [&](const Lieu& l) {
-        if (l.segment == i || l.segment + 1 == i) return;
-        touche = true;
-        touche_[l.segment] = 1;
-      });
-      if (!touche) continue;
-      r.push_back({chemin_[i], chemin_[i]});
-      if (i > 0) touche_[i - 1] = 1;
-      if (i + 1 < chemin_.size()) touche_[i] = 1;
-    }
-    return ArbreSegments(std::move(r));
-  }
-
   const Chemin& chemin_;
   bool gauche_;
   double egal_;
   ArbreSegments arbre_;
-  std::vector<char> touche_;  // segments that come so near to another place of the path
-  ArbreSegments contacts_;
+  Contacts& contacts_;
 };
 
 // The path there and back, which knows which way each segment is walked.
@@ -201,13 +178,15 @@ Region AllerRetour(const Chemin& chemin) {
   return region;
 }
 
-// Edges of one loop that belong to the wanted side. `origines` on the path there and back; empty: all are judged.
-// An edge that either way may claim comes to belong to the way that has it on the wanted side.
+// Edges of one loop or open chain that belong to the wanted side; the one that would close a chain doesn't.
+// `origines` on the path there and back; empty: all are judged. An edge that either way may claim comes to belong
+// to the way that has it on the wanted side.
 std::vector<char> AretesBonnes(const Chemin& boucle, Origines& origines, const Juge& juge) {
   const std::size_t n = boucle.size();
   std::vector<char> bon(n);
-  const bool connues = origines.size() == n;
-  for (std::size_t i = 0; i < n; ++i) {
+  const bool connues = !origines.empty();
+  const std::size_t aretes = EstOuverte(boucle, origines) ? n - 1 : n;
+  for (std::size_t i = 0; i < aretes; ++i) {
     if (Regarde(i)) break;
     if (connues) {
       bon[i] = juge.Aller(origines[i]);
@@ -218,7 +197,7 @@ std::vector<char> AretesBonnes(const Chemin& boucle, Origines& origines, const J
     if (connues && bon[i] != 0 && origines[i].Connue()) origines[i] = autre;
   }
   // The chord over a gap goes with what it joins.
-  for (std::size_t i = 0; connues && i < n; ++i) {
+  for (std::size_t i = 0; connues && i < aretes; ++i) {
     if (!origines[i].Connue()) bon[i] = bon[base::Precedent(i, n)] != 0 && bon[base::Suivant(i, n)] != 0;
   }
   return bon;
@@ -233,7 +212,7 @@ void Decoupe(const Chemin& boucle, const Origines& origines, const std::vector<c
     pieces.push_back({boucle, true, true, origines});
     return;
   }
-  const bool connues = origines.size() == n;
+  const bool connues = !origines.empty();
   const auto s = base::Indice(rompu - bon.begin());
   Piece courante{{}, false, true};
   const auto vide = [&] {
@@ -261,9 +240,10 @@ std::vector<Piece> DecaleOuvert(const Source& source, double distance, double to
   const Region region = AllerRetour(source.chemin);
   std::vector<Chemin> boucles;
   std::vector<Origines> origines;
-  if (!DecaleRegion(region, distance, tolerance, boucles, origines)) return {};
+  Contacts contacts(source.chemin);
+  if (!DecaleAllerRetour(region, distance, tolerance, contacts, boucles, origines)) return {};
   // Both ways of a path that lies on itself have been thinned, each by itself.
-  const Juge juge(source.chemin, distance > 0, tolerance / 4);
+  const Juge juge(source.chemin, distance > 0, tolerance / 4, contacts);
   std::vector<Piece> pieces;
   for (std::size_t k = 0; k < boucles.size(); ++k) {
     const Chemin b = juge.CoupeAuxContacts(boucles[k], std::abs(distance), origines[k]);

@@ -13,6 +13,7 @@
 #include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcSource.h"
+#include "closed/pathwerk/decalage/ArcsOuverts.h"
 #include "closed/pathwerk/decalage/Jeu.h"
 #include "closed/pathwerk/decalage/MoteurArcs.h"
 #include "closed/pathwerk/decalage/MoteurClipper.h"
@@ -258,6 +259,21 @@ bool DansLaPortee(const Region& region, const MemoireDeRegion& memoire, double e
   if (region.contours.size() != 1) return false;
   const double cosinus = std::sqrt((1 + CosinusDuPlusVif(region.contours[0], loin > 0 ? 1 : -1)) / 2);
   return std::abs(loin - entre) <= (portee - 3 * tolerance) * cosinus;
+}
+
+bool DecaleAllerRetour(const Region& allerRetour, double distance, double tolerance, Contacts& contacts,
+                       std::vector<Chemin>& boucles, std::vector<Origines>& origines) {
+  boucles.clear();
+  if (base::ArretDemande()) return false;
+  if (DecaleRegionSimple(allerRetour, distance, tolerance, boucles, &origines)) {
+    ++nbSimples;
+    return true;
+  }
+  if (DecaleOuvertArcs(allerRetour, distance, tolerance, contacts, boucles, origines)) {
+    ++nbArcs;
+    return true;
+  }
+  return Decale(allerRetour, distance, tolerance, boucles, &origines, nullptr);
 }
 
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {

@@ -67,6 +67,12 @@ bool DecaleRegion(const Region& region, double distance, double tolerance, std::
 bool DansLaPortee(const Region& region, const MemoireDeRegion& memoire, double entre, double loin, double portee,
                   double tolerance);
 
+// The same for an open path, given as the region of the path walked there and back. Stretches that surely run
+// beside the way back alone may be left out; the border then comes in open chains, with one origin less than
+// points.
+bool DecaleAllerRetour(const Region& allerRetour, double distance, double tolerance, class Contacts& contacts,
+                       std::vector<Chemin>& boucles, std::vector<Origines>& origines);
+
 // Origins on the contours of the region, carried back to the path that the region was cut from.
 Origines Remonte(const Region& region, Origines origines);
 
