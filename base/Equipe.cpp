@@ -55,4 +55,19 @@ void Equipe::Fais(std::size_t i) {
   signal_.notify_all();
 }
 
+void FaitTout(unsigned fils, std::size_t n, const std::function<void(std::size_t)>& morceau) {
+  if (fils < 2 || n < 2) {
+    for (std::size_t i = 0; i < n; ++i) morceau(i);
+    return;
+  }
+  Equipe equipe(fils, n, morceau);
+  for (std::size_t i = 0; i < n; ++i) equipe.Attend(i);
+}
+
+void FaitParLots(unsigned fils, std::size_t n, const std::function<void(std::size_t, std::size_t)>& lot) {
+  constexpr std::size_t LotsParFil = 8;
+  const std::size_t lots = fils < 2 ? 1 : std::min(n, fils * LotsParFil);
+  FaitTout(fils, n == 0 ? 0 : lots, [&](std::size_t i) { lot(n * i / lots, n * (i + 1) / lots); });
+}
+
 }  // namespace base

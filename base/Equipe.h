@@ -46,4 +46,10 @@ class Equipe : SansCopie {
   std::vector<std::thread> fils_;  // last: the threads see all of the above
 };
 
+// All pieces, on that many threads; in their order on the caller's own where it is one. What a piece has thrown is
+// thrown here, that of the first one where several have.
+void FaitTout(unsigned fils, std::size_t n, const std::function<void(std::size_t)>& morceau);
+// The same for many small pieces: runs [debut, fin) of them, some for each thread.
+void FaitParLots(unsigned fils, std::size_t n, const std::function<void(std::size_t debut, std::size_t fin)>& lot);
+
 }  // namespace base
