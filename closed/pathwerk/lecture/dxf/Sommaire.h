@@ -10,6 +10,7 @@
 
 #include "closed/pathwerk/lecture/dxf/Espace.h"
 #include "closed/pathwerk/lecture/dxf/Groupes.h"
+#include "closed/pathwerk/lecture/dxf/Tranches.h"
 
 namespace pathwerk::lecture::dxf {
 
@@ -36,7 +37,11 @@ struct Bloc {
   LecteurGroupes::Reprise debut;  // before the first entity's group 0
   std::size_t taille = 0;         // bytes of its entities
   Vec3 base;
-  bool enCours = false;  // being inserted: another insertion inside it would never end
+};
+
+struct SectionEntites {
+  LecteurGroupes::Reprise debut;
+  std::vector<Tranche> tranches;  // empty where it isn't cut
 };
 
 struct Sommaire {
@@ -44,8 +49,8 @@ struct Sommaire {
   bool propre = false;
   ParNom<Calque> calques;
   ParNom<Bloc> blocs;
-  std::vector<LecteurGroupes::Reprise> entites;  // sections of entities
-  long papier = 0;                               // entities of layouts kept among the blocks
+  std::vector<SectionEntites> entites;
+  long papier = 0;  // entities of layouts kept among the blocks
   bool tronque = false;
   // Set when the file has no group structure: where and what.
   bool faux = false;
@@ -53,8 +58,9 @@ struct Sommaire {
   std::string detail;
 };
 
-// Reads the whole file once.
-Sommaire LitSommaire(LecteurGroupes& lecteur);
+// Reads the whole file once, but for the sections that are cut: their groups are taken to be whole, which who draws
+// them finds out.
+Sommaire LitSommaire(LecteurGroupes& lecteur, const Decoupe& decoupe = {});
 
 // True for the names that end a run of entities: of a block, of a section, of the file.
 bool FinDeSuite(std::string_view nom);
