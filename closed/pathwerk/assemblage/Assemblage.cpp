@@ -164,6 +164,11 @@ CheminsAssembles FaitChemins(Lecture& lecture, const OptionsLecture& options) {
   std::vector<Bouts> bouts;
   long nuls = 0;
   const double tolerance = lecture.souder ? options.ToleranceSoudure : 0;
+  std::size_t points = 0;
+  for (const Trait& t : lecture.traits) points += t.points.size() + 1;
+  assembles.points.reserve(points);
+  assembles.chemins.reserve(lecture.traits.size());
+  bouts.reserve(lecture.traits.size());
   for (Trait& t : lecture.traits) {
     if (t.points.empty()) continue;
     if (AjouteChemin(t, tolerance, assembles)) {
