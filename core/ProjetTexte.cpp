@@ -428,16 +428,19 @@ void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
   }
 }
 
-// All lines are as long as each other, so that each has its place beforehand.
+// All lines are as long as each other, so that each has its place beforehand. There is room for the closing lines,
+// too: for them alone the whole text would be copied.
 void ComposePoints(std::string& texte, std::span<const PointTrace> points) {
   constexpr std::size_t PointsParMorceau = 8192;
   const char marque = Svc.MarqueDecimale;
   const std::size_t debut = texte.size();
-  texte.resize(debut + points.size() * (LargeurLigne + 2), ' ');
+  const std::size_t fin = debut + points.size() * (LargeurLigne + 2);
+  texte.reserve(fin + 2 * (LargeurLigne + 2));
+  texte.resize(fin, ' ');
   const std::size_t morceaux = (points.size() + PointsParMorceau - 1) / PointsParMorceau;
   base::FaitTout(NombreCoeurs, morceaux, [&](std::size_t m) {
-    const std::size_t fin = std::min((m + 1) * PointsParMorceau, points.size());
-    for (std::size_t i = m * PointsParMorceau; i < fin; ++i) {
+    const std::size_t dernier = std::min((m + 1) * PointsParMorceau, points.size());
+    for (std::size_t i = m * PointsParMorceau; i < dernier; ++i) {
       char* const ligne = texte.data() + debut + i * (LargeurLigne + 2);
       PoseNombre(ligne, points[i].X, marque);
       PoseNombre(ligne + LargeurChamp, points[i].Y, marque);
