@@ -63,6 +63,46 @@ const char* ApresFin(const char* p, const char* fin) {
   return p != fin && *p == '\n' ? p + 1 : nullptr;
 }
 
+// Digits one by one; false when one is none.
+bool AjouteChiffres(const char* p, const char* fin, std::uint64_t& entier) {
+  for (; p != fin; ++p) {
+    if (!base::EstChiffre(*p)) return false;
+    entier = entier * 10 + static_cast<std::uint64_t>(*p - '0');
+  }
+  return true;
+}
+
+// The last `n`, 1 to 8, of the eight bytes before `fin` as digits behind those of `entier`; false when one is none.
+// All at once where the first byte is the lowest of a word: pairs of digits, pairs of pairs, both halves.
+bool AjouteMot(const char* fin, std::size_t n, std::uint64_t& entier) {
+  if constexpr (std::endian::native != std::endian::little) return AjouteChiffres(fin - n, fin, entier);
+  static constexpr std::uint64_t puissances[] = {1,       10,        100,        1'000,      10'000,
+                                                 100'000, 1'000'000, 10'000'000, 100'000'000};
+  constexpr std::uint64_t Quarts = 0x000000FF000000FFULL;
+  std::uint64_t mot = 0;
+  std::memcpy(&mot, fin - MotOctets, MotOctets);
+  const std::uint64_t siens = ~std::uint64_t{0} << (8 * (MotOctets - n));
+  mot = (mot & siens) | (Partout('0') & ~siens);
+  // A byte above '9' reaches the high bit with what is added, one below '0' with what is taken.
+  if ((((mot + Partout(127 - '9')) | (mot - Partout('0'))) & Partout('\x80')) != 0) return false;
+  mot -= Partout('0');
+  mot = mot * 10 + (mot >> 8);
+  mot = ((mot & Quarts) * 0x000F424000000064ULL + ((mot >> 16) & Quarts) * 0x0000271000000001ULL) >> 32;
+  entier = entier * puissances[n] + mot;
+  return true;
+}
+
+// The digits behind the point.
+bool AjouteDecimales(std::string_view t, const char* p, std::uint64_t& entier) {
+  const char* const fin = t.data() + t.size();
+  const std::size_t n = base::Indice(fin - p);
+  if (n > MotOctets && n <= 2 * MotOctets && t.size() >= 2 * MotOctets) {
+    return AjouteMot(fin - MotOctets, n - MotOctets, entier) && AjouteMot(fin, MotOctets, entier);
+  }
+  if (n > 0 && n <= MotOctets && t.size() >= MotOctets) return AjouteMot(fin, n, entier);
+  return AjouteChiffres(p, fin, entier);
+}
+
 // A plain decimal number, as nearly all are. A whole number up to 2^53 and a power of ten up to 10^22 are exact in
 // a double, so that their quotient is the double nearest to the text. False for what needs the general road.
 bool LitDecimal(std::string_view t, double& valeur) {
@@ -80,13 +120,12 @@ bool LitDecimal(std::string_view t, double& valeur) {
   for (; p != fin && base::EstChiffre(*p); ++p) entier = entier * 10 + static_cast<std::uint64_t>(*p - '0');
   std::size_t chiffres = base::Indice(p - debut);
   std::size_t decimales = 0;
-  if (p != fin && *p == '.') {
-    const char* const point = ++p;
-    for (; p != fin && base::EstChiffre(*p); ++p) entier = entier * 10 + static_cast<std::uint64_t>(*p - '0');
-    decimales = base::Indice(p - point);
+  if (p != fin) {
+    decimales = base::Indice(fin - p) - 1;
     chiffres += decimales;
+    if (*p != '.' || chiffres > ChiffresMax || !AjouteDecimales(t, p + 1, entier)) return false;
   }
-  if (p != fin || chiffres == 0 || chiffres > ChiffresMax || entier > Exact) return false;
+  if (chiffres == 0 || chiffres > ChiffresMax || entier > Exact) return false;
   const double v = static_cast<double>(entier) / puissances[decimales];
   valeur = moins ? -v : v;
   return true;
