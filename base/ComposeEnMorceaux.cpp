@@ -7,6 +7,12 @@
 
 namespace base {
 
+namespace {
+
+constexpr std::size_t AvanceParFil = 4;  // pieces that are ready before their turn
+
+}  // namespace
+
 void ComposeEnMorceaux(std::string& texte, unsigned fils, std::size_t n, std::size_t grain,
                        const std::function<void(std::string&, Plage)>& compose,
                        const std::function<void(Plage)>& suit) {
@@ -20,7 +26,8 @@ void ComposeEnMorceaux(std::string& texte, unsigned fils, std::size_t n, std::si
     return;
   }
   std::vector<std::string> morceaux(nombre);
-  Equipe equipe(fils, nombre, [&](std::size_t i) { compose(morceaux[i], plage(i)); });
+  Equipe equipe(
+      fils, nombre, [&](std::size_t i) { compose(morceaux[i], plage(i)); }, AvanceParFil * fils);
   for (std::size_t i = 0; i < nombre; ++i) {
     equipe.Attend(i);
     texte += morceaux[i];

@@ -62,13 +62,14 @@ std::vector<PointTrace> NettoiePoints(std::span<const PointTrace> points, float 
   }
   const std::vector<std::size_t> lots = Lots(chemins);
   std::vector<std::vector<PointTrace>> issues(lots.size() - 1);
-  base::Equipe equipe(NombreCoeurs, issues.size(), [&](std::size_t i) {
+  const auto nettoieLot = [&](std::size_t i) {
     for (std::size_t k = lots[i]; k < lots[i + 1]; ++k) {
       std::vector<PointTrace> chemin = CopieDe(points, chemins[k]);
       NettoieChemin(chemin, resolution);
       issues[i].insert(issues[i].end(), chemin.begin(), chemin.end());
     }
-  });
+  };
+  base::Equipe equipe(NombreCoeurs, issues.size(), nettoieLot, std::size_t{4} * NombreCoeurs);
   for (std::size_t i = 0; i < issues.size(); ++i) {
     respiration.Laisse();
     if (!equipe.Fait(i)) TravailleSi(true, [&] { equipe.Attend(i); });

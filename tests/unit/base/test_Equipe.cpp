@@ -50,6 +50,34 @@ TEST_P(NombreDeFils, AnEndBeforeThePiecesAreTakenLosesNothingThatHasBegun) {
 INSTANTIATE_TEST_SUITE_P(Equipe, NombreDeFils, testing::Values(0U, 1U, 2U, 7U),
                          [](const auto& p) { return std::to_string(p.param); });
 
+TEST(Equipe, BeginsNoMorePiecesAheadThanItMay) {
+  constexpr std::size_t Avance = 3;
+  std::atomic<std::size_t> attendus = 0;
+  std::atomic<bool> tropLoin = false;
+  Equipe equipe(
+      7, 200,
+      [&](std::size_t i) {
+        if (i >= attendus + Avance) tropLoin = true;
+      },
+      Avance);
+  for (std::size_t i = 0; i < 200; ++i) {
+    attendus = i + 1;
+    equipe.Attend(i);
+  }
+  EXPECT_FALSE(tropLoin);
+}
+
+TEST(Equipe, WhoWaitsForItsTurnIsLetGoAtTheEnd) {
+  std::atomic<std::size_t> faits = 0;
+  {
+    Equipe equipe(
+        7, 100, [&](std::size_t) { ++faits; }, 5);
+    equipe.Attend(0);
+  }
+  EXPECT_GE(faits, 1U);
+  EXPECT_LE(faits, 6U);  // the one that was waited for, and five ahead
+}
+
 TEST(FaitTout, DoesEachPieceOnceOnAnyNumberOfThreads) {
   for (const unsigned fils : {0U, 1U, 2U, 7U}) {
     std::vector<std::atomic<int>> fois(100);
