@@ -1,6 +1,6 @@
 #include "base/RendMemoire.h"
 
-#ifdef __GLIBC__
+#if __has_include(<malloc.h>)
 #include <malloc.h>
 #endif
 
