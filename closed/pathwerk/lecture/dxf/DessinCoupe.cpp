@@ -102,8 +102,6 @@ bool DessineTous(std::vector<Morceau>& morceaux, const LecteurGroupes& lecteur, 
 
 bool DessineCoupe(const LecteurGroupes& lecteur, const Sommaire& sommaire, const OptionsLecture& options,
                   Lecture& lecture) {
-  const auto coupee = [](const SectionEntites& s) { return !s.tranches.empty(); };
-  if (std::ranges::none_of(sommaire.entites, coupee)) return false;
   std::vector<Morceau> morceaux = Morceaux(sommaire);
   Limites limites(lecteur.Taille());
   if (!DessineTous(morceaux, lecteur, sommaire, options, limites)) return false;

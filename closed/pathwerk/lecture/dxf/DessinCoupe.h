@@ -8,8 +8,8 @@
 namespace pathwerk::lecture::dxf {
 
 // What the drawing of the whole file by one drawer gives, path by path and count by count. False, and `lecture` is
-// as it was, when nothing is cut, and for any file that isn't plain: one that is refused, ends early, or is cut
-// where no entity begins. One drawer then tells what is wrong, and where.
+// as it was, for any file that isn't plain: one that is refused, ends early, or is cut where no entity begins. One
+// drawer then tells what is wrong, and where.
 bool DessineCoupe(const LecteurGroupes& lecteur, const Sommaire& sommaire, const OptionsLecture& options,
                   Lecture& lecture);
 

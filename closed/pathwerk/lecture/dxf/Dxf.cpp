@@ -22,26 +22,24 @@ namespace {
 // Memory follows the stretches that are being read, and the threads meet at their ends.
 constexpr std::size_t OctetsParTranche = 1U << 20;
 
-void Entier(std::string_view data, const OptionsLecture& options, Lecture& lecture) {
+void Lit(std::string_view data, const OptionsLecture& options, Lecture& lecture, const Decoupe& decoupe) {
   LecteurGroupes lecteur(data);
-  const Sommaire sommaire = LitSommaire(lecteur);
+  Sommaire sommaire = LitSommaire(lecteur, decoupe);
+  const bool coupe = sommaire.Coupe();
+  const bool dessine = coupe && !sommaire.faux && DessineCoupe(lecteur, sommaire, options, lecture);
+  if (coupe && !dessine) {
+    lecteur = LecteurGroupes(data);
+    sommaire = LitSommaire(lecteur);
+  }
   lecture.rapport.Tronque = sommaire.tronque;
   if (sommaire.faux) {
     lecture.Refuse(Erreur::Dxf, sommaire.ligne, sommaire.detail);
     return;
   }
   lecture.ordreImpose = sommaire.propre;
+  if (dessine) return;
   Limites limites(lecteur.Taille());
   Dessinateur(lecteur, sommaire, options, lecture, limites).Dessine();
-}
-
-bool Coupe(std::string_view data, const OptionsLecture& options, Lecture& lecture, std::size_t octetsParTranche) {
-  LecteurGroupes lecteur(data);
-  const Sommaire sommaire = LitSommaire(lecteur, {octetsParTranche, options.Fils});
-  if (sommaire.faux || !DessineCoupe(lecteur, sommaire, options, lecture)) return false;
-  lecture.rapport.Tronque = sommaire.tronque;
-  lecture.ordreImpose = sommaire.propre;
-  return true;
 }
 
 }  // namespace
@@ -53,8 +51,7 @@ void LireDxf(std::string_view data, const OptionsLecture& options, Lecture& lect
 void LireDxf(std::string_view data, const OptionsLecture& options, Lecture& lecture, std::size_t octetsParTranche) {
   lecture.rapport.Format = "DXF";
   try {
-    const bool longue = octetsParTranche > 0 && data.size() >= 2 * octetsParTranche;
-    if (!longue || !Coupe(data, options, lecture, octetsParTranche)) Entier(data, options, lecture);
+    Lit(data, options, lecture, {octetsParTranche, options.Fils});
   } catch (const std::bad_alloc&) {
     lecture.traits = {};
     lecture.Refuse(Erreur::Memoire, 0, {});

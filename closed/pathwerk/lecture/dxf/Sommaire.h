@@ -1,6 +1,7 @@
 // What must be known of a DXF file before its entities are drawn: units, layers, blocks, where the entities stand.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -56,6 +57,11 @@ struct Sommaire {
   bool faux = false;
   long ligne = 0;
   std::string detail;
+
+  // Some section is cut.
+  [[nodiscard]] bool Coupe() const {
+    return std::ranges::any_of(entites, [](const SectionEntites& s) { return !s.tranches.empty(); });
+  }
 };
 
 // Reads the whole file once, but for the sections that are cut: their groups are taken to be whole, which who draws
