@@ -4,8 +4,10 @@
 
 #include <cmath>
 #include <cstdio>
+#include <fstream>
 #include <numbers>
 #include <random>
+#include <utility>
 
 #include "closed/pathwerk/lecture/Lecture.h"
 
@@ -68,6 +70,71 @@ std::string DessinDxf(int contours, int points, double bruit) {
     }
   }
   return texte + "0\nENDSEC\n0\nEOF\n";
+}
+
+long EcritDessinCAO(const std::string& chemin, std::size_t octets) {
+  std::ofstream fichier(chemin, std::ios::binary);
+  std::string t;
+  const auto groupe = [&t](int code, const std::string& valeur) {
+    char tete[16];
+    std::snprintf(tete, sizeof tete, "%3d\r\n", code);
+    t += tete + valeur + "\r\n";
+  };
+  const auto place = [&groupe](int code, double x, double y) {
+    char chiffres[40];
+    for (const double v : {x, y}) {
+      std::snprintf(chiffres, sizeof chiffres, "%.16g", v);
+      groupe(code, chiffres);
+      code += 10;
+    }
+  };
+  const auto entite = [&groupe](const char* nom, const char* sorte, long numero, long calque) {
+    groupe(0, nom);
+    groupe(5, std::to_string(numero));
+    groupe(330, "1F");
+    groupe(100, "AcDbEntity");
+    groupe(8, "Layer" + std::to_string(calque));
+    groupe(100, sorte);
+  };
+  constexpr std::pair<int, const char*> Entete[] = {{0, "SECTION"}, {2, "HEADER"},  {9, "$INSUNITS"}, {70, "4"},
+                                                    {0, "ENDSEC"},  {0, "SECTION"}, {2, "ENTITIES"}};
+  for (const auto& [code, valeur] : Entete) groupe(code, valeur);
+  long points = 0;
+  long numero = 256;
+  std::size_t ecrits = 0;
+  for (long k = 0; ecrits + t.size() < octets; ++k) {
+    const auto lieu = [k](int i, int n) {
+      const double a = 2 * std::numbers::pi * (i % n) / n;
+      const double r = 10 * (1 + 0.1 * std::sin(5 * a));
+      const double x = 15 + 25 * static_cast<double>(k % 30);
+      const double y = 15 + 25 * static_cast<double>(k / 30);
+      return pathwerk::Vec2{x + r * std::cos(a), y + r * std::sin(a)};
+    };
+    const int n = k % 2 == 0 ? 400 : 1000;
+    if (k % 2 != 0) {
+      entite("LWPOLYLINE", "AcDbPolyline", ++numero, k % 3);
+      groupe(90, std::to_string(n));
+      groupe(70, "1");
+    }
+    for (int i = 0; i < n; ++i) {
+      const pathwerk::Vec2 a = lieu(i, n);
+      const pathwerk::Vec2 b = lieu(i + 1, n);
+      if (k % 2 == 0) entite("LINE", "AcDbLine", ++numero, k % 3);
+      place(10, a.x, a.y);
+      if (k % 2 != 0) continue;
+      groupe(30, "0.0");
+      place(11, b.x, b.y);
+      groupe(31, "0.0");
+    }
+    points += k % 2 == 0 ? 2 * n : n;
+    ecrits += t.size();
+    fichier << t;
+    t.clear();
+  }
+  groupe(0, "ENDSEC");
+  groupe(0, "EOF");
+  fichier << t;
+  return points;
 }
 
 double MemoireMo() {

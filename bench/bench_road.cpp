@@ -3,6 +3,15 @@
 // by up to 0.02 mm.
 //   build/bench/bin/bench_road [--cores N] [POINTS_PER_CONTOUR CONTOURS [NOISE_MM]]      (1 core without the
 //   option)
+//   build/bench/bin/bench_road [--cores N] --dxf-mb MB     reading of a file of that size as CAD programs write
+//   them build/bench/bin/bench_road --process [PROGRAM]         ovelin-cli as a process: 1,000 contours of 1,000
+//   points
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -13,6 +22,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/Enfant.h"
 #include "bench/Formes.h"
 #include "core/Coeurs.h"
 #include "core/DocumentCourant.h"
@@ -78,6 +88,94 @@ void Route(int contours, int points, double bruit = 0) {
               total * 1e6 / static_cast<double>(NbPoints), banc::MemoireMo(), ecriture.lignes);
 }
 
+void Ligne(const char* nom, double duree, double processeur) {
+  std::printf("%-22s %7.3f s  processor %7.3f s", nom, duree, processeur);
+}
+
+// The bytes of a file into memory, and nothing else.
+void LitOctets(const std::string& chemin) {
+  double moindre = 1e9;
+  for (int k = 0; k < 5; ++k) {
+    Chrono chrono;
+    if (!LitFichierEntier(chemin)) return;
+    moindre = std::min(moindre, chrono.Tour());
+  }
+  std::printf("its bytes alone        %7.3f s\n", moindre);
+}
+
+void LitDxf(double mo) {
+  const std::string dessin = (std::filesystem::temp_directory_path() / "ovelin-bench" / "cad.dxf").string();
+  std::filesystem::create_directories(std::filesystem::path(dessin).parent_path());
+  const long points = banc::EcritDessinCAO(dessin, static_cast<std::size_t>(mo * 1e6));
+  const auto octets = static_cast<double>(std::filesystem::file_size(dessin));
+  struct Lue {
+    double duree = 1e9, processeur = 1e9, memoire = 0;
+  };
+  const auto lit = [&] {
+    Lue lue;
+    for (int k = 0; k < 5; ++k) {
+      pathwerk::OptionsLecture options;
+      options.Fils = NombreCoeurs;
+      const double memoire = banc::MemoireDe([&] {
+        const double avant = banc::Secondes();
+        Chrono chrono;
+        const pathwerk::Importation importee = pathwerk::ImporteFichier(dessin, options);
+        lue.duree = std::min(lue.duree, chrono.Tour());
+        lue.processeur = std::min(lue.processeur, banc::Secondes() - avant);
+      });
+      lue.memoire = std::max(lue.memoire, memoire);
+    }
+    return lue;
+  };
+  const auto lue = banc::DansUnEnfant<Lue>(lit, 300);
+  if (!lue) return;
+  std::printf("%.0f MB, %ld points\n", octets / 1e6, points);
+  LitOctets(dessin);
+  Ligne("read to points", lue->duree, lue->processeur);
+  std::printf("  memory %.0f MB, beside the file's bytes %.1f times its points\n", lue->memoire / 1e6,
+              (lue->memoire - octets) / (static_cast<double>(points) * sizeof(PointTrace)));
+}
+
+double Secondes(const timeval& t) { return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_usec) * 1e-6; }
+
+void Processus(const std::string& programme) {
+  const auto dossier = std::filesystem::temp_directory_path() / "ovelin-bench";
+  std::filesystem::create_directories(dossier);
+  const std::string dessin = (dossier / "road.dxf").string();
+  const std::string travail = (dossier / "road.nc").string();
+  const std::string reglages = (dossier / "config").string();
+  std::filesystem::create_directories(reglages);
+  std::ofstream(dessin, std::ios::binary) << banc::DessinDxf(1000, 1000);
+  LitOctets(dessin);
+  double duree = 1e9;
+  double processeur = 1e9;
+  long memoire = 0;
+  for (int k = 0; k < 15; ++k) {
+    std::filesystem::remove(travail);
+    Chrono chrono;
+    const pid_t enfant = fork();
+    if (enfant == 0) {
+      const int rien = open("/dev/null", O_WRONLY | O_CLOEXEC);
+      dup2(rien, STDOUT_FILENO);
+      dup2(rien, STDERR_FILENO);
+      execl(programme.c_str(), programme.c_str(), "gcode", dessin.c_str(), "-o", travail.c_str(), "--config",
+            reglages.c_str(), static_cast<char*>(nullptr));
+      _exit(127);
+    }
+    int etat = 0;
+    rusage usage{};
+    if (enfant < 0 || wait4(enfant, &etat, 0, &usage) < 0 || !std::filesystem::exists(travail)) {
+      std::printf("%s: no G-code\n", programme.c_str());
+      return;
+    }
+    duree = std::min(duree, chrono.Tour());
+    processeur = std::min(processeur, Secondes(usage.ru_utime) + Secondes(usage.ru_stime));
+    memoire = std::max(memoire, usage.ru_maxrss);
+  }
+  Ligne("1,000,000 points", duree, processeur);
+  std::printf("  peak %.0f MB\n", static_cast<double>(memoire) / 1024);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -85,6 +183,15 @@ int main(int argc, char** argv) {
     NombreCoeurs = static_cast<unsigned>(std::atoi(argv[2]));
     argc -= 2;
     argv += 2;
+  }
+  if (argc >= 2 && std::string_view(argv[1]) == "--process") {
+    const auto voisin = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "ovelin-cli";
+    Processus(argc >= 3 ? argv[2] : voisin.string());
+    return 0;
+  }
+  if (argc >= 3 && std::string_view(argv[1]) == "--dxf-mb") {
+    LitDxf(std::atof(argv[2]));
+    return 0;
   }
   if (argc >= 3) {
     Route(std::atoi(argv[2]), std::atoi(argv[1]), argc > 3 ? std::atof(argv[3]) : 0);

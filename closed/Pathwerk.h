@@ -115,6 +115,7 @@ struct OptionsLecture {
   double Fleche = 0.01;            // mm: greatest distance between a curve and its chords
   int Page = 1;                    // of a PDF, from 1
   double UniteSupposee = 0;        // mm of a unit, where a drawing in SVG doesn't say; 0: 96 to the inch, and told
+  unsigned Fils = 1;               // threads that the reading may use; the result is the same for any number
   // Called now and then with the share done, 0 to 1. May be empty.
   std::function<void(double)> Avancement;
 };
@@ -199,9 +200,9 @@ std::size_t NbCodes();
 // Writes a DXF (R12 polylines) or a DAT file, by the extension of `fichier` (".DXF", else DAT); one entity, or one
 // block behind a marker line, for each run of `Seq`. `commentaire` comes in padded to 260 characters and goes into
 // the file; on return it holds the text for the user's report: the comment, or "name: reason" after a failure.
-// The file appears whole or not at all. Result 0, or a negative `Erreur`.
+// The file appears whole or not at all, the same however many threads compose it. Result 0, or a negative `Erreur`.
 std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::string& fichier,
-                           std::string& commentaire);
+                           std::string& commentaire, unsigned fils = 1);
 
 // --- Geometry ----------------------------------------------------------------------------------------------
 

@@ -1,6 +1,7 @@
 #include "core/ProjetTexte.h"
 
 #include <algorithm>
+#include <atomic>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -8,7 +9,9 @@
 #include <unordered_map>
 #include <utility>
 
+#include "base/Equipe.h"
 #include "base/Texte.h"
+#include "core/Coeurs.h"
 #include "core/Gestes.h"
 #include "core/Lignes.h"
 #include "core/Nombres.h"
@@ -98,13 +101,10 @@ class Douteuses {
  public:
   explicit Douteuses(std::vector<ValeurDouteuse>& liste) : liste_(liste) {}
   void Ligne() { ++ligne_; }
+  void Ligne(long ligne) { ligne_ = ligne; }
   void Point(std::string_view ligne, const LieuLu& lieu) {
     if (!lieu.simpleX || Loin(lieu.X)) Nombre("X", ChampX(ligne));
     if (!lieu.simpleY || Loin(lieu.Y)) Nombre("Y", ChampY(ligne));
-  }
-  // The line read last, where the file ends in its middle: who tells that need not tell its fields.
-  void OublieDerniere() {
-    std::erase_if(liste_, [this](const ValeurDouteuse& v) { return v.ligne == ligne_; });
   }
   void Nombre(const char* cle, std::string_view champ) {
     const auto v = NombreDuTexte(champ);
@@ -213,6 +213,90 @@ void LitComplement(ContenuProjet& c, std::string_view ligne, const TableEnLectur
   c.Complements.Pose(lue->code, std::move(complement));
 }
 
+// A stretch of whole lines, and what it says.
+struct Part {
+  std::string_view texte;
+  std::vector<PointTrace> points;
+  long lignes = 0;
+  std::vector<std::pair<long, std::string_view>> reglages;  // lines that begin with "$$", by their numbers from 1
+  std::vector<ValeurDouteuse> douteuses;                    // of the points
+
+  void Lit() {
+    Douteuses douteux(douteuses);
+    points.reserve(texte.size() / (LargeurLigne + 1) + 1);
+    std::string_view reste = texte;
+    std::string_view ligne;
+    while (LigneSuivante(reste, ligne)) {
+      douteux.Ligne();
+      ++lignes;
+      if (EstPoint(ligne)) {
+        const LieuLu lieu = LitLieu(ligne);
+        points.push_back({lieu.X, lieu.Y, Code2(Colonnes(ligne, 31, 2)), Code2(Colonnes(ligne, 46, 2))});
+        douteux.Point(ligne, lieu);
+      } else if (EstReglage(ligne)) {
+        reglages.emplace_back(lignes, ligne);
+      }
+    }
+  }
+};
+
+// Cut behind an LF, where a line ends whatever ends the others.
+std::vector<Part> Parts(std::string_view contenu, std::size_t octets) {
+  std::vector<Part> parts;
+  while (!contenu.empty()) {
+    const std::size_t lf = contenu.size() > octets ? contenu.find('\n', octets) : std::string_view::npos;
+    const std::string_view texte = contenu.substr(0, lf == std::string_view::npos ? lf : lf + 1);
+    parts.emplace_back().texte = texte;
+    contenu.remove_prefix(texte.size());
+  }
+  return parts;
+}
+
+// The lines that say something of paths, in their order.
+class LecteurReglages {
+ public:
+  explicit LecteurReglages(ContenuProjet& c) : c_(c), table_(c.Sequences), douteuses_(c.Douteuses) {}
+
+  void Lit(std::string_view ligne, long numero) {
+    douteuses_.Ligne(numero);
+    if (ligne.starts_with("$$Seq")) {
+      derniere_ = LitLigneSequence(ligne);
+      douteuses_.Nombre("Profondeur", Colonnes(ligne, 11, LargeurProfondeur));
+      table_.Ecrit(*derniere_);
+    } else if (ligne.starts_with("$$SeD") && derniere_) {
+      douteuses_.Cote(Colonnes(ligne, 6, 1));
+      derniere_->Decalage = Arrondi16(ValeurDebut(Colonnes(ligne, 6, 1)));
+      table_.Ecrit(*derniere_);
+    } else if (EstLigneComplement(ligne)) {
+      LitComplement(c_, ligne, table_, douteuses_);
+    } else if (ligne.starts_with("$$Mat01")) {
+      c_.LargeurEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
+      douteuses_.Nombre("LargeurEncoche", Colonnes(ligne, 8, LargeurLigne));
+    } else if (ligne.starts_with("$$Mat02")) {
+      c_.MiniEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
+      douteuses_.Nombre("MiniEncoche", Colonnes(ligne, 8, LargeurLigne));
+    }
+  }
+
+ private:
+  ContenuProjet& c_;
+  TableEnLecture table_;
+  Douteuses douteuses_;
+  std::optional<SequenceInfo> derniere_;  // the last "$$Seq", which a "$$SeD" behind it completes
+};
+
+// Control bytes that no project holds.
+bool TientInterdit(std::string_view contenu) {
+  constexpr std::size_t Morceau = 1U << 20;
+  const auto interdit = [](char c) { return base::Octet(c) < 0x20 && c != '\t' && c != '\r' && c != '\n'; };
+  std::atomic<bool> tient = false;
+  base::FaitTout(NombreCoeurs, (contenu.size() + Morceau - 1) / Morceau, [&](std::size_t i) {
+    const std::string_view morceau = contenu.substr(i * Morceau, Morceau);
+    if (!tient && std::any_of(morceau.begin(), morceau.end(), interdit)) tient = true;
+  });
+  return tient;
+}
+
 void Complete(std::string& texte, std::size_t debut, std::size_t largeur) {
   texte.resize(debut + largeur, ' ');  // pads, or cuts what is longer
 }
@@ -251,8 +335,7 @@ RecensementProjet RecenseProjet(std::string_view contenu) {
 }
 
 bool EstTexteProjet(std::string_view contenu) {
-  const auto interdit = [](char c) { return base::Octet(c) < 0x20 && c != '\t' && c != '\r' && c != '\n'; };
-  if (std::any_of(contenu.begin(), contenu.end(), interdit)) return false;
+  if (TientInterdit(contenu)) return false;
   bool vide = true;
   std::string_view ligne;
   while (LigneSuivante(contenu, ligne)) {
@@ -262,40 +345,40 @@ bool EstTexteProjet(std::string_view contenu) {
   return vide;
 }
 
-ContenuProjet LitTexteProjet(std::string_view contenu) {
+// The points of each part are read by themselves, the few lines that say something of paths in the order of the
+// file.
+ContenuProjet LitTexteProjet(std::string_view contenu, std::size_t octetsParPart) {
+  std::vector<Part> parts = Parts(contenu, octetsParPart);
+  base::FaitTout(NombreCoeurs, parts.size(), [&](std::size_t i) { parts[i].Lit(); });
   ContenuProjet c;
-  Douteuses douteuses(c.Douteuses);
-  c.Points.reserve(contenu.size() / (LargeurLigne + 1) + 1);
+  std::size_t points = 0;
+  for (const Part& part : parts) points += part.points.size();
+  if (parts.size() > 1) c.Points.reserve(points);
   c.Sequences.assign(1, SequenceInfo{});
-  TableEnLecture table(c.Sequences);
-  std::optional<SequenceInfo> derniere;
-  std::string_view ligne;
-  while (LigneSuivante(contenu, ligne)) {
-    douteuses.Ligne();
-    if (EstPoint(ligne)) {
-      const LieuLu lieu = LitLieu(ligne);
-      c.Points.push_back({lieu.X, lieu.Y, Code2(Colonnes(ligne, 31, 2)), Code2(Colonnes(ligne, 46, 2))});
-      Recense(c.Recensement, lieu.X, lieu.Y);
-      douteuses.Point(ligne, lieu);
-    } else if (ligne.starts_with("$$Seq")) {
-      derniere = LitLigneSequence(ligne);
-      douteuses.Nombre("Profondeur", Colonnes(ligne, 11, LargeurProfondeur));
-      table.Ecrit(*derniere);
-    } else if (ligne.starts_with("$$SeD") && derniere) {
-      douteuses.Cote(Colonnes(ligne, 6, 1));
-      derniere->Decalage = Arrondi16(ValeurDebut(Colonnes(ligne, 6, 1)));
-      table.Ecrit(*derniere);
-    } else if (EstLigneComplement(ligne)) {
-      LitComplement(c, ligne, table, douteuses);
-    } else if (ligne.starts_with("$$Mat01")) {
-      c.LargeurEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
-      douteuses.Nombre("LargeurEncoche", Colonnes(ligne, 8, LargeurLigne));
-    } else if (ligne.starts_with("$$Mat02")) {
-      c.MiniEncoche = NombreChamp<double>(Colonnes(ligne, 8, LargeurLigne));
-      douteuses.Nombre("MiniEncoche", Colonnes(ligne, 8, LargeurLigne));
+  LecteurReglages reglages(c);
+  long ligne = 0;
+  for (Part& part : parts) {
+    for (const auto& [numero, texte] : part.reglages) reglages.Lit(texte, ligne + numero);
+    for (ValeurDouteuse& v : part.douteuses) {
+      v.ligne += ligne;
+      c.Douteuses.push_back(std::move(v));
     }
+    for (const PointTrace& p : part.points) Recense(c.Recensement, p.X, p.Y);
+    if (parts.size() == 1) {
+      c.Points = std::move(part.points);
+    } else {
+      c.Points.insert(c.Points.end(), part.points.begin(), part.points.end());
+    }
+    ligne += part.lignes;
+    part = Part{};
   }
-  if (EstTronque(contenu)) douteuses.OublieDerniere();
+  // A line has a kind of its own, so that its fields stay together.
+  std::stable_sort(c.Douteuses.begin(), c.Douteuses.end(),
+                   [](const ValeurDouteuse& a, const ValeurDouteuse& b) { return a.ligne < b.ligne; });
+  if (c.Douteuses.size() > DouteusesMax) c.Douteuses.resize(DouteusesMax);
+  // Where the file ends in the middle of a line, who tells that need not tell the fields of that line.
+  if (EstTronque(contenu))
+    std::erase_if(c.Douteuses, [ligne](const ValeurDouteuse& v) { return v.ligne == ligne; });
   SelectionneTout(c.Sequences);
   return c;
 }
@@ -345,19 +428,28 @@ void ComposeSequences(std::string& texte, std::span<const PointTrace> points,
   }
 }
 
+// All lines are as long as each other, so that each has its place beforehand. There is room for the closing lines,
+// too: for them alone the whole text would be copied.
 void ComposePoints(std::string& texte, std::span<const PointTrace> points) {
+  constexpr std::size_t PointsParMorceau = 8192;
   const char marque = Svc.MarqueDecimale;
-  std::size_t debut = texte.size();
-  texte.resize(debut + points.size() * (LargeurLigne + 2), ' ');
-  for (std::size_t i = 0; i < points.size(); ++i, debut += LargeurLigne + 2) {
-    char* const ligne = texte.data() + debut;
-    PoseNombre(ligne, points[i].X, marque);
-    PoseNombre(ligne + LargeurChamp, points[i].Y, marque);
-    PoseCode(ligne + 2 * LargeurChamp, points[i].Cde);
-    PoseCode(ligne + 3 * LargeurChamp, points[i].Seq);
-    ligne[LargeurLigne] = '\r';
-    ligne[LargeurLigne + 1] = '\n';
-  }
+  const std::size_t debut = texte.size();
+  const std::size_t fin = debut + points.size() * (LargeurLigne + 2);
+  texte.reserve(fin + 2 * (LargeurLigne + 2));
+  texte.resize(fin, ' ');
+  const std::size_t morceaux = (points.size() + PointsParMorceau - 1) / PointsParMorceau;
+  base::FaitTout(NombreCoeurs, morceaux, [&](std::size_t m) {
+    const std::size_t dernier = std::min((m + 1) * PointsParMorceau, points.size());
+    for (std::size_t i = m * PointsParMorceau; i < dernier; ++i) {
+      char* const ligne = texte.data() + debut + i * (LargeurLigne + 2);
+      PoseNombre(ligne, points[i].X, marque);
+      PoseNombre(ligne + LargeurChamp, points[i].Y, marque);
+      PoseCode(ligne + 2 * LargeurChamp, points[i].Cde);
+      PoseCode(ligne + 3 * LargeurChamp, points[i].Seq);
+      ligne[LargeurLigne] = '\r';
+      ligne[LargeurLigne + 1] = '\n';
+    }
+  });
 }
 
 void ComposeEncoches(std::string& texte, double largeurEncoche, double miniEncoche) {

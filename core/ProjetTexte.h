@@ -47,7 +47,9 @@ struct ContenuProjet {
 // Whether a text can be a project at all: no control bytes, and a line that begins with "$$" or holds two numbers
 // in columns 1 to 30. A text without any line can.
 bool EstTexteProjet(std::string_view contenu);
-ContenuProjet LitTexteProjet(std::string_view contenu);
+// Read in parts of about that many bytes, on as many threads as there may be, to the same result for any size and
+// number.
+ContenuProjet LitTexteProjet(std::string_view contenu, std::size_t octetsParPart = std::size_t{1} << 20);
 // The file was cut off in the middle of a line: its last line has no end, and no closing line "$$Mat02" stands in
 // it. What is left of that line is read like any other stray line; as a point it stands alone under half a code, so
 // that no trace follows from it.

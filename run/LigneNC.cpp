@@ -60,8 +60,6 @@ void EcritLigneNC(std::string& texte, EtatNC& etat, float vitesse, float x, floa
     *place++ = 'F';
     place = EcritNombreNC(place, vitesse * 60.0F, 5);  // mm/min, in the width of the row
     *place++ = '\n';
-    etat.DernierF = vitesse;
-    ++etat.lignes;
   }
   *place++ = 'G';
   *place++ = '0';
@@ -71,9 +69,17 @@ void EcritLigneNC(std::string& texte, EtatNC& etat, float vitesse, float x, floa
   place = EcritMot(place, 'Y', y, etat.DernierY);
   place = EcritMot(place, 'Z', z, etat.DernierZ);
   *place++ = '\n';
+  PasseLigneNC(etat, vitesse, x, y, z);
+  texte.append(tampon.data(), place);
+}
+
+void PasseLigneNC(EtatNC& etat, float vitesse, float x, float y, float z) {
+  if (vitesse != static_cast<float>(etat.DernierF)) {
+    etat.DernierF = vitesse;
+    ++etat.lignes;
+  }
   etat.Va(x, y, z, vitesse);
   ++etat.lignes;
-  texte.append(tampon.data(), place);
 }
 
 void EcritCommentaireNC(std::string& texte, EtatNC& etat, std::string_view contenu) {

@@ -25,6 +25,9 @@ char* EcritNombreNC(char* place, double v, int decimales);
 // One row: an F line when the speed has changed, then the move line with the words that have changed.
 void EcritLigneNC(std::string& texte, EtatNC& etat, float vitesse, float x, float y, float z);
 
+// The state behind that row, without its text.
+void PasseLigneNC(EtatNC& etat, float vitesse, float x, float y, float z);
+
 // A comment line "(...)" in the file's 8-bit set; `contenu` is UTF-8. What would end the comment or the line early
 // is replaced, so that no text of a translation can become a command.
 void EcritCommentaireNC(std::string& texte, EtatNC& etat, std::string_view contenu);

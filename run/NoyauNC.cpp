@@ -1,6 +1,8 @@
 #include "run/NoyauNC.h"
 
+#include "base/ComposeEnMorceaux.h"
 #include "core/Cadence.h"
+#include "core/Coeurs.h"
 #include "run/ArcNC.h"
 #include "run/Dialectes.h"
 #include "run/LigneDialecte.h"
@@ -53,13 +55,41 @@ void EcritFin(std::string& texte, EtatNC& etat, const CadreNC& cadre, const Dial
   for (const std::string& ligne : d.fin) EcritMotNC(texte, etat, ligne);
 }
 
+void EcritLigne(std::string& texte, EtatNC& etat, const Deplacement& ligne) {
+  EcritLigneNC(texte, etat, ligne.Vitesse, ligne.X, ligne.Y, ligne.Z);
+}
+void Passe(EtatNC& etat, const Deplacement& ligne) { PasseLigneNC(etat, ligne.Vitesse, ligne.X, ligne.Y, ligne.Z); }
+
+// A row's text depends on the row before it and on no other, so rows are composed in pieces. The sums are made in
+// the order of the rows, on this thread, so that they have the same last digit however many threads there are.
+void EcritLignes(std::string& texte, EtatNC& etat, std::span<const Deplacement> mues, SuiviNC& suivi) {
+  constexpr std::size_t LignesParMorceau = 8192;
+  if (NombreCoeurs < 2 || mues.size() <= LignesParMorceau) {
+    for (const Deplacement& ligne : mues) {
+      EcritLigne(texte, etat, ligne);
+      suivi.Avance(1);
+    }
+    return;
+  }
+  const EtatNC debut = etat;
+  const auto compose = [&](std::string& t, base::Plage p) {
+    EtatNC avant = debut;
+    if (p.debut > 0) Passe(avant, mues[p.debut - 1]);
+    for (std::size_t i = p.debut; i < p.fin; ++i) EcritLigne(t, avant, mues[i]);
+  };
+  const auto suit = [&](base::Plage p) {
+    for (std::size_t i = p.debut; i < p.fin; ++i) {
+      Passe(etat, mues[i]);
+      suivi.Avance(1);
+    }
+  };
+  base::ComposeEnMorceaux(texte, NombreCoeurs, mues.size(), LignesParMorceau, compose, suit);
+}
+
 void EcritPropre(std::string& texte, EtatNC& etat, std::span<const Deplacement> mues, const CadreNC& cadre,
                  const Dialecte& d, SuiviNC& suivi) {
   EcritEntete(texte, etat, cadre, d);
-  for (const Deplacement& ligne : mues) {
-    EcritLigneNC(texte, etat, ligne.Vitesse, ligne.X, ligne.Y, ligne.Z);
-    suivi.Avance(1);
-  }
+  EcritLignes(texte, etat, mues, suivi);
   EcritFin(texte, etat, cadre, d);
 }
 

@@ -1,5 +1,6 @@
 #include "toolpath/Bibliotheque.h"
 
+#include "core/Coeurs.h"
 #include "core/Etat.h"
 
 namespace ovelin {
@@ -11,8 +12,13 @@ namespace {
 }
 
 Bibliotheque BibliothequePathwerk() {
-  return {pathwerk::DecalSequence, pathwerk::NettoyageFichier, pathwerk::LissageSequence,    pathwerk::Texte,
-          pathwerk::TexteHaut,     pathwerk::EcrireFichier,    pathwerk::DecalSequenceIlots, pathwerk::IlotsDans};
+  const auto ecrit = [](const Bibliotheque::Points& points, const std::string& fichier, std::string& commentaire) {
+    return pathwerk::EcrireFichier(points, fichier, commentaire, NombreCoeurs);
+  };
+  return {pathwerk::DecalSequence,      pathwerk::NettoyageFichier,
+          pathwerk::LissageSequence,    pathwerk::Texte,
+          pathwerk::TexteHaut,          ecrit,
+          pathwerk::DecalSequenceIlots, pathwerk::IlotsDans};
 }
 
 }  // namespace ovelin

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "base/Indices.h"
+#include "core/Coeurs.h"
 #include "core/Fichiers.h"
 #include "core/Nombres.h"
 #include "core/Textes.h"
@@ -78,6 +79,7 @@ void LitEtranger(DessinLu& lu, const Reglages& reglages, const std::function<voi
   options.ToleranceSoudure = reglages.ToleranceSoudure;
   options.Avancement = avancement;
   options.Page = souhait.page;
+  options.Fils = NombreCoeurs;
   options.UniteSupposee = souhait.uniteSvg;
   pathwerk::Importation importe = pathwerk::ImporteFichier(lu.chemin, options);
   d.NbPoints = importe.Nombre;

@@ -8,6 +8,7 @@
 
 #include "base/Boite.h"
 #include "base/Fichiers.h"
+#include "base/RendMemoire.h"
 #include "base/Texte.h"
 #include "closed/pathwerk/Formats.h"
 #include "closed/pathwerk/assemblage/Assemblage.h"
@@ -18,6 +19,9 @@ namespace pathwerk {
 namespace {
 
 using lecture::Lecture;
+
+constexpr std::size_t SeuilRend =
+    4U << 20;  // bytes of a file whose reading leaves memory that is worth giving back
 
 // Text formats are read as text: without a byte order mark, and narrowed when it is in 16-bit units (what lies
 // beyond Latin-1 is of no use to a drawing and becomes "?").
@@ -87,10 +91,12 @@ std::int32_t Ouvre(Importation& lu, const std::string& chemin, const OptionsLect
   };
   avance(0.1);
   Lit(Extension(chemin), octets, options, lecture);
+  const bool rend = options.Fils > 1 && octets.size() >= SeuilRend;
   std::string().swap(octets);
   avance(0.7);
   const std::int32_t n = assemblage::Assemble(lecture, options, lu.Points, &lu.CalquesDesChemins);
   PrendCalques(lecture, lu);
+  if (rend) base::RendMemoire();
   avance(1);
   return n;
 }

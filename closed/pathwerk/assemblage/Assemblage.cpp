@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "base/Equipe.h"
 #include "base/Indices.h"
 #include "closed/pathwerk/assemblage/CheminsAssembles.h"
 #include "closed/pathwerk/assemblage/Doublons.h"
@@ -129,9 +130,16 @@ void Retire(CheminsAssembles& assembles, const std::vector<char>& garde, std::ve
   if (bouts != nullptr) bouts->resize(k);
 }
 
-void RetireDoublons(Lecture& lecture, CheminsAssembles& assembles, double ecart, std::vector<Bouts>* bouts) {
+// Small drawings are put together before a thread has begun.
+unsigned Fils(const CheminsAssembles& assembles, const OptionsLecture& options) {
+  constexpr std::size_t SeuilFils = 20'000;  // points
+  return assembles.points.size() < SeuilFils ? 1 : options.Fils;
+}
+
+void RetireDoublons(Lecture& lecture, CheminsAssembles& assembles, double ecart, std::vector<Bouts>* bouts,
+                    unsigned fils) {
   std::vector<char> garde;
-  long doublons = MarqueDoublons(assembles, garde);
+  long doublons = MarqueDoublons(assembles, garde, fils);
   doublons += MarqueJumeaux(assembles, ecart, garde);
   if (doublons == 0) return;
   lecture.Ignore(Doublon, doublons);
@@ -156,6 +164,11 @@ CheminsAssembles FaitChemins(Lecture& lecture, const OptionsLecture& options) {
   std::vector<Bouts> bouts;
   long nuls = 0;
   const double tolerance = lecture.souder ? options.ToleranceSoudure : 0;
+  std::size_t points = 0;
+  for (const Trait& t : lecture.traits) points += t.points.size() + 1;
+  assembles.points.reserve(points);
+  assembles.chemins.reserve(lecture.traits.size());
+  bouts.reserve(lecture.traits.size());
   for (Trait& t : lecture.traits) {
     if (t.points.empty()) continue;
     if (AjouteChemin(t, tolerance, assembles)) {
@@ -168,11 +181,12 @@ CheminsAssembles FaitChemins(Lecture& lecture, const OptionsLecture& options) {
   std::vector<Trait>().swap(lecture.traits);
   if (nuls > 0) lecture.Ignore(Nul, nuls);
   const double ecart = lecture.mesure ? std::min(options.ToleranceSoudure, EcartDoublons) : 0;
-  RetireDoublons(lecture, assembles, ecart, &bouts);
+  const unsigned fils = Fils(assembles, options);
+  RetireDoublons(lecture, assembles, ecart, &bouts, fils);
   if (lecture.souder) {
     assembles = Soude(assembles, bouts, tolerance);
     RetireNuls(lecture, assembles);
-    RetireDoublons(lecture, assembles, ecart, nullptr);
+    RetireDoublons(lecture, assembles, ecart, nullptr, fils);
   }
   return assembles;
 }
@@ -194,6 +208,14 @@ std::vector<std::size_t> Profondeurs(std::span<const std::size_t> parents) {
   return profondeur;
 }
 
+// Whether a contour at that depth runs the other way round.
+bool Retourne(std::span<const PointF> chemin, Nature nature, std::size_t profondeur) {
+  if (nature != Nature::Ferme) return false;
+  const double aire = DoubleAire(chemin);
+  const bool voulue = profondeur % 2 == 1;  // counter-clockwise
+  return aire != 0 && (aire > 0) != voulue;
+}
+
 std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::vector<PointTrace>& points,
                           std::vector<std::uint16_t>& calques) {
   const CheminsAssembles assembles = FaitChemins(lecture, options);
@@ -201,23 +223,27 @@ std::int32_t EmetAssemble(Lecture& lecture, const OptionsLecture& options, std::
   const double marge = options.ToleranceSoudure > 0 ? options.ToleranceSoudure : 0;
   const std::vector<std::size_t> parents = Parents(assembles, marge);
   const std::vector<std::size_t> profondeur = Profondeurs(parents);
-  points.reserve(assembles.points.size());
-  std::size_t rang = 0;
-  for (const std::size_t i : OrdreDeCoupe(parents)) {
-    const auto chemin = assembles.De(i);
+  const std::vector<std::size_t> ordre = OrdreDeCoupe(parents);
+  std::vector<std::size_t> debuts;  // by their places in the order
+  std::size_t nombre = 0;
+  for (const std::size_t i : ordre) {
+    debuts.push_back(nombre);
+    nombre += assembles.chemins[i].nb;
     calques.push_back(assembles.chemins[i].calque);
-    bool retourne = false;
-    if (assembles.chemins[i].nature == Nature::Ferme) {
-      const double aire = DoubleAire(chemin);
-      const bool voulue = profondeur[i] % 2 == 1;  // counter-clockwise
-      retourne = aire != 0 && (aire > 0) != voulue;
-    }
-    for (std::size_t k = 0; k < chemin.size(); ++k) {
-      const PointF p = chemin[retourne ? chemin.size() - 1 - k : k];
-      Emet(points, p.x, p.y, rang);
-    }
-    ++rang;
   }
+  points.resize(nombre);
+  base::FaitParLots(Fils(assembles, options), ordre.size(), [&](std::size_t debut, std::size_t fin) {
+    for (std::size_t rang = debut; rang < fin; ++rang) {
+      const std::size_t i = ordre[rang];
+      const std::span<const PointF> chemin = assembles.De(i);
+      const bool retourne = Retourne(chemin, assembles.chemins[i].nature, profondeur[i]);
+      const Code2 code = CodeDeRang(rang);
+      for (std::size_t k = 0; k < chemin.size(); ++k) {
+        const PointF p = chemin[retourne ? chemin.size() - 1 - k : k];
+        points[debuts[rang] + k] = {p.x, p.y, CodePD, code};
+      }
+    }
+  });
   return base::Compte(points.size());
 }
 

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstdint>
 
+#include "base/Equipe.h"
 #include "closed/pathwerk/assemblage/Tri.h"
 #include "closed/pathwerk/commun/Numero32.h"
 
@@ -77,13 +78,15 @@ std::vector<PointF> FormeUnique(std::span<const PointF> points, Nature nature) {
 }  // namespace
 
 // Paths meet by a hash that neither direction nor start changes; only those that meet are compared point by point.
-long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde) {
+long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde, unsigned fils) {
   const std::size_t n = assembles.chemins.size();
   garde.assign(n, 1);
   std::vector<EntreeTri> cles(n);
-  for (std::size_t i = 0; i < n; ++i) {
-    cles[i] = {Empreinte(assembles.De(i), assembles.chemins[i].nature), Numero32(i)};
-  }
+  base::FaitParLots(fils, n, [&](std::size_t debut, std::size_t fin) {
+    for (std::size_t i = debut; i < fin; ++i) {
+      cles[i] = {Empreinte(assembles.De(i), assembles.chemins[i].nature), Numero32(i)};
+    }
+  });
   TrieParCle(cles);
   long doublons = 0;
   for (std::size_t a = 0; a < n;) {

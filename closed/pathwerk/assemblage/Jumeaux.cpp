@@ -3,10 +3,11 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <memory>
-#include <unordered_map>
 #include <utility>
 
 #include "closed/pathwerk/commun/Numero32.h"
@@ -175,45 +176,66 @@ class Aretes {
 // more.
 class Boites {
  public:
-  explicit Boites(double ecart) : ecart_(ecart), maille_(8 * ecart) {}
+  // For that many paths at most.
+  Boites(double ecart, std::size_t nombre)
+      : ecart_(ecart), maille_(8 * ecart), cases_(std::bit_ceil(2 * nombre + 1)), suivants_(nombre, Rien) {}
 
   void Ajoute(const Boite& b, std::uint32_t rang) {
     std::uint64_t cle = 0;
     for (const double bord : b.Bords()) cle = Suite(cle, Case(bord));
-    cases_[cle].push_back(rang);
+    Tete& tete = cases_[Place(cle)];
+    suivants_[rang] = std::exchange(tete.premier, rang);
+    tete.cle = cle;
   }
 
   // Calls `f` for the paths that may have such a box, until it says true.
   template <class F>
   bool Cherche(const Boite& b, F f) const {
     const auto bords = b.Bords();
+    std::array<std::array<std::int64_t, 2>, 4> choisies{};
+    unsigned doubles = 0;  // a side away from the edge of its cell has one choice
+    for (unsigned k = 0; k < 4; ++k) {
+      choisies[k] = {Case(bords[k] - ecart_), Case(bords[k] + ecart_)};
+      if (choisies[k][0] != choisies[k][1]) doubles |= 1U << k;
+    }
     for (unsigned choix = 0; choix < 16; ++choix) {
+      if ((choix & ~doubles) != 0) continue;
       std::uint64_t cle = 0;
-      bool autre = true;  // a side away from the edge of its cell has one choice
-      for (unsigned k = 0; k < 4; ++k) {
-        const std::int64_t bas = Case(bords[k] - ecart_);
-        const std::int64_t haut = Case(bords[k] + ecart_);
-        const bool second = (choix >> k & 1U) != 0;
-        autre = autre && (!second || haut != bas);
-        cle = Suite(cle, second ? haut : bas);
+      for (unsigned k = 0; k < 4; ++k) cle = Suite(cle, choisies[k][choix >> k & 1U]);
+      for (std::uint32_t rang = cases_[Place(cle)].premier; rang != Rien; rang = suivants_[rang]) {
+        if (f(rang)) return true;
       }
-      if (!autre) continue;
-      const auto it = cases_.find(cle);
-      if (it != cases_.end() && std::any_of(it->second.begin(), it->second.end(), f)) return true;
     }
     return false;
   }
 
  private:
+  static constexpr std::uint32_t Rien = std::numeric_limits<std::uint32_t>::max();
+  struct Tete {
+    std::uint64_t cle = 0;
+    std::uint32_t premier = Rien;  // path that came last into this cell; Rien: the place is free
+  };
+
+  // Coordinates and cells are far within what 64 bits hold.
   [[nodiscard]] std::int64_t Case(double bord) const {
-    return static_cast<std::int64_t>(std::floor(bord / maille_));
+    const double quotient = bord / maille_;
+    const auto entier = static_cast<std::int64_t>(quotient);
+    return entier - (static_cast<double>(entier) > quotient ? 1 : 0);
+  }
+  // Of the cell of that key, or the free one where it would stand. At least half of all are free.
+  [[nodiscard]] std::size_t Place(std::uint64_t cle) const {
+    const std::size_t masque = cases_.size() - 1;
+    std::size_t place = (cle ^ cle >> 32) & masque;
+    while (cases_[place].premier != Rien && cases_[place].cle != cle) place = (place + 1) & masque;
+    return place;
   }
   static std::uint64_t Suite(std::uint64_t cle, std::int64_t v) {
     return (cle ^ (static_cast<std::uint64_t>(v) + 0x9e3779b97f4a7c15ULL)) * 0xbf58476d1ce4e5b9ULL;
   }
   double ecart_;
   double maille_;
-  std::unordered_map<std::uint64_t, std::vector<std::uint32_t>> cases_;
+  std::vector<Tete> cases_;
+  std::vector<std::uint32_t> suivants_;  // by paths: the one that came into the same cell before
 };
 
 }  // namespace
@@ -230,7 +252,7 @@ long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<
     if (!arbres[i]) arbres[i] = std::make_unique<Aretes>(assembles.De(i));
     return *arbres[i];
   };
-  Boites boites(r);
+  Boites boites(r, assembles.chemins.size());
   long jumeaux = 0;
   for (std::size_t i = 0; i < assembles.chemins.size(); ++i) {
     if (garde[i] == 0) continue;

@@ -8,7 +8,9 @@
 #include <span>
 #include <string>
 #include <system_error>
+#include <vector>
 
+#include "base/ComposeEnMorceaux.h"
 #include "base/Fichiers.h"
 #include "base/Indices.h"
 #include "base/Texte.h"
@@ -58,16 +60,48 @@ void Place(std::string& t, float x, float y) {
   Groupe(t, 30, 0.0F);
 }
 
-// Calls `f` with each run of equal `Seq`.
-template <class F>
-void ParSequence(const std::vector<PointTrace>& points, F&& f) {
-  for (std::size_t a = 0; a < points.size();) {
-    std::size_t b = a + 1;
-    while (b < points.size() && points[b].Seq == points[a].Seq) ++b;
-    f(std::span(points).subspan(a, b - a));
-    a = b;
+using base::Plage;
+
+constexpr std::size_t PointsParMorceau = 4096;
+
+// The runs of equal `Seq`.
+std::vector<Plage> SequencesDe(std::span<const PointTrace> points) {
+  std::vector<Plage> sequences;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (i == 0 || points[i].Seq != points[i - 1].Seq) sequences.push_back({i, i});
+    sequences.back().fin = i + 1;
   }
+  return sequences;
 }
+
+// A text that has something to say before and behind each run, and of each of its points.
+class TexteParSequence {
+ public:
+  explicit TexteParSequence(std::span<const PointTrace> points)
+      : points_(points), sequences_(SequencesDe(points)) {}
+
+  // `entete`, `fin`: of a run by its number, from 0; `place`: of a point; `nombre`: how many of its first points a
+  // run has in the text.
+  template <class Entete, class Place, class Fin, class Nombre>
+  void Compose(std::string& texte, unsigned fils, Entete entete, Place place, Fin fin, Nombre nombre) const {
+    base::ComposeEnMorceaux(texte, fils, points_.size(), PointsParMorceau, [&](std::string& t, Plage morceau) {
+      const auto finit = [](std::size_t i, const Plage& s) { return i < s.fin; };
+      auto s = std::upper_bound(sequences_.begin(), sequences_.end(), morceau.debut, finit);
+      for (; s != sequences_.end() && s->debut < morceau.fin; ++s) {
+        const std::size_t numero = base::Indice(s - sequences_.begin());
+        const std::span<const PointTrace> chemin = points_.subspan(s->debut, s->fin - s->debut);
+        if (s->debut >= morceau.debut) entete(t, numero, chemin);
+        const std::size_t bout = std::min(morceau.fin, s->debut + nombre(chemin));
+        for (std::size_t i = std::max(morceau.debut, s->debut); i < bout; ++i) place(t, points_[i]);
+        if (s->fin <= morceau.fin) fin(t);
+      }
+    });
+  }
+
+ private:
+  std::span<const PointTrace> points_;
+  std::vector<Plage> sequences_;
+};
 
 // The closed flag takes the place of the last point, but only where it can't be mistaken when it is read back: a
 // point given twice is a hole, and a path that ends by standing still keeps all its points.
@@ -77,7 +111,7 @@ bool AvecDrapeau(std::span<const PointTrace> s) {
 
 // AutoCAD R12: one POLYLINE for each sequence. The first group tells the reader that order, direction and start are
 // those of the drawing.
-std::string TexteDxf(const std::vector<PointTrace>& points, const std::string& commentaire) {
+std::string TexteDxf(const std::vector<PointTrace>& points, const std::string& commentaire, unsigned fils) {
   std::string t;
   t.reserve(points.size() * 80 + 1000);
   Groupe(t, 999, "OVELIN");
@@ -101,44 +135,49 @@ std::string TexteDxf(const std::vector<PointTrace>& points, const std::string& c
   Groupe(t, 0, "ENDSEC");
   Groupe(t, 0, "SECTION");
   Groupe(t, 2, "ENTITIES");
-  ParSequence(points, [&t](std::span<const PointTrace> s) {
-    const bool drapeau = AvecDrapeau(s);
-    Groupe(t, 0, "POLYLINE");
-    Groupe(t, 8, "0");
-    Groupe(t, 66, "1");
-    Place(t, 0, 0);
-    Groupe(t, 70, drapeau ? "1" : "0");
-    for (const PointTrace& p : s.first(s.size() - (drapeau ? 1 : 0))) {
-      Groupe(t, 0, "VERTEX");
-      Groupe(t, 8, "0");
-      Place(t, p.X, p.Y);
-    }
-    Groupe(t, 0, "SEQEND");
-    Groupe(t, 8, "0");
-  });
+  const auto entete = [](std::string& u, std::size_t, std::span<const PointTrace> s) {
+    Groupe(u, 0, "POLYLINE");
+    Groupe(u, 8, "0");
+    Groupe(u, 66, "1");
+    Place(u, 0, 0);
+    Groupe(u, 70, AvecDrapeau(s) ? "1" : "0");
+  };
+  const auto sommet = [](std::string& u, const PointTrace& p) {
+    Groupe(u, 0, "VERTEX");
+    Groupe(u, 8, "0");
+    Place(u, p.X, p.Y);
+  };
+  const auto fin = [](std::string& u) {
+    Groupe(u, 0, "SEQEND");
+    Groupe(u, 8, "0");
+  };
+  const auto nombre = [](std::span<const PointTrace> s) { return s.size() - (AvecDrapeau(s) ? 1 : 0); };
+  TexteParSequence(points).Compose(t, fils, entete, sommet, fin, nombre);
   Groupe(t, 0, "ENDSEC");
   Groupe(t, 0, "EOF");
   return t;
 }
 
 // A first line with the comment, then for each sequence a line "#" with its number and one row of X and Y a point.
-std::string TexteDat(const std::vector<PointTrace>& points, const std::string& commentaire) {
+std::string TexteDat(const std::vector<PointTrace>& points, const std::string& commentaire, unsigned fils) {
   std::string t;
   t.reserve(points.size() * 24 + 400);
   t += "#OVELIN";
   if (!commentaire.empty()) t += ' ' + commentaire;
   t += FinLigne;
-  long numero = 0;
-  ParSequence(points, [&](std::span<const PointTrace> s) {
-    t += '#' + std::to_string(++numero);
-    t += FinLigne;
-    for (const PointTrace& p : s) {
-      AjouteNombre(t, p.X);
-      t += ' ';
-      AjouteNombre(t, p.Y);
-      t += FinLigne;
-    }
-  });
+  const auto entete = [](std::string& u, std::size_t numero, std::span<const PointTrace>) {
+    u += '#' + std::to_string(numero + 1);
+    u += FinLigne;
+  };
+  const auto rangee = [](std::string& u, const PointTrace& p) {
+    AjouteNombre(u, p.X);
+    u += ' ';
+    AjouteNombre(u, p.Y);
+    u += FinLigne;
+  };
+  const auto tous = [](std::span<const PointTrace> s) { return s.size(); };
+  TexteParSequence(points).Compose(
+      t, fils, entete, rangee, [](std::string&) {}, tous);
   return t;
 }
 
@@ -157,7 +196,7 @@ bool Ecrivable(const PointTrace& p) { return std::isfinite(p.X) && std::isfinite
 }  // namespace
 
 std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::string& fichier,
-                           std::string& commentaire) {
+                           std::string& commentaire, unsigned fils) {
   const std::string chemin = SansNul(fichier);
   const auto echec = [&](const std::string& raison) {
     commentaire = EnMessage(base::NomDe(chemin) + ": " + raison);
@@ -168,7 +207,7 @@ std::int32_t EcrireFichier(const std::vector<PointTrace>& points, const std::str
     const auto faux = std::find_if_not(points.begin(), points.end(), Ecrivable);
     if (faux != points.end()) return echec(std::to_string(faux->X) + " " + std::to_string(faux->Y));
     const bool dxf = Extension(chemin) == "DXF";
-    const int raison = base::EcritFichier(chemin, dxf ? TexteDxf(points, net) : TexteDat(points, net));
+    const int raison = base::EcritFichier(chemin, dxf ? TexteDxf(points, net, fils) : TexteDat(points, net, fils));
     if (raison != 0) return echec(base::TexteErreur(raison));
     commentaire = EnMessage(net);
     return 0;

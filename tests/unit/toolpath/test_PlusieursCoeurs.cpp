@@ -11,6 +11,7 @@
 #include "toolpath/Bibliotheque.h"
 #include "toolpath/CalculDecalage.h"
 #include "toolpath/Module_Decalage.h"
+#include "toolpath/NettoieChemin.h"
 
 using namespace ovelin;
 using namespace essai;
@@ -117,4 +118,16 @@ TEST(PlusieursCoeurs, TheWindowIsAliveAndTheProgressCountsEveryPath) {
   EXPECT_EQ(Traces(2), seul);
   EXPECT_GT(attentes, 0);
   EXPECT_EQ(pas, 21);
+}
+
+TEST(PlusieursCoeurs, GiveTheCleanedPointsOfOne) {
+  DessineVagues(900);
+  AjouteSequence(" Y", {{0, 0}});
+  const auto seul = NettoiePoints(TraceInitial, 0.05F);
+  EXPECT_LT(seul.size(), TraceInitial.size() / 2);
+  EXPECT_GT(seul.size(), 1000U);
+  for (const unsigned coeurs : {2U, 7U}) {
+    NombreCoeurs = coeurs;
+    EXPECT_EQ(NettoiePoints(TraceInitial, 0.05F), seul) << coeurs;
+  }
 }

@@ -1,32 +1,75 @@
 // Curves of DXF as chords: arcs of circles and ellipses under any map.
 #pragma once
 
+#include <algorithm>
+#include <atomic>
 #include <cstddef>
+#include <limits>
 #include <vector>
 
+#include "base/SansCopie.h"
 #include "closed/pathwerk/lecture/dxf/Espace.h"
 
 namespace pathwerk::lecture::dxf {
 
-// Counts what the chords of a drawing take, so that a few bytes can't ask for gigabytes.
-class Budget {
+// What the drawers of one drawing may take together. They take it from several threads.
+class Caisse : base::SansCopie {
  public:
-  explicit Budget(std::size_t limite) : limite_(limite) {}
+  explicit Caisse(std::size_t limite) : reste_(limite) {}
+  bool Prend(std::size_t n) {
+    std::size_t reste = reste_;
+    while (n <= reste) {
+      if (reste_.compare_exchange_weak(reste, reste - n)) return true;
+    }
+    return false;
+  }
+  void Rend(std::size_t n) { reste_ += n; }
+
+ private:
+  std::atomic<std::size_t> reste_;
+};
+
+// Counts what the chords of a drawing take, so that a few bytes can't ask for gigabytes.
+class Budget : base::SansCopie {
+ public:
+  explicit Budget(std::size_t limite) : reste_(limite) {}
+  // One drawer's share of what all have, taken in pieces, so that they seldom meet. What is left goes back.
+  explicit Budget(Caisse& caisse) : caisse_(&caisse) {}
+  ~Budget() {
+    if (caisse_ != nullptr) caisse_->Rend(reste_);
+  }
   // Takes the room of `n` bytes; false when there is none left.
   bool Prend(std::size_t n) {
-    if (n > limite_ - pris_) {
+    if (n > reste_ && !Complete(n - reste_)) {
       epuise_ = true;
       return false;
     }
-    pris_ += n;
+    reste_ -= n;
     return true;
   }
-  bool Points(std::size_t n) { return n <= limite_ / sizeof(Vec2) ? Prend(n * sizeof(Vec2)) : Prend(limite_ + 1); }
+  bool Points(std::size_t n) {
+    constexpr std::size_t Max = std::numeric_limits<std::size_t>::max();
+    return Prend(n <= Max / sizeof(Vec2) ? n * sizeof(Vec2) : Max);
+  }
   [[nodiscard]] bool Epuise() const { return epuise_; }
 
  private:
-  std::size_t limite_;
-  std::size_t pris_ = 0;
+  static constexpr std::size_t Part = 1U << 18;
+
+  bool Complete(std::size_t manque) {
+    if (caisse_ == nullptr) return false;
+    const std::size_t large = std::max(manque, Part);
+    if (caisse_->Prend(large)) {
+      reste_ += large;
+      return true;
+    }
+    if (!caisse_->Prend(manque)) return false;
+    reste_ += manque;
+    return true;
+  }
+
+  Caisse* caisse_ = nullptr;
+  std::size_t reste_ = 0;
   bool epuise_ = false;
 };
 

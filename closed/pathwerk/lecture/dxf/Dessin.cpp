@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <system_error>
+#include <utility>
 
 namespace pathwerk::lecture::dxf {
 
@@ -17,7 +18,6 @@ constexpr std::size_t MemoireTrait = 96;  // a path beside its points
 constexpr std::size_t RelectureBase = 16'000'000;
 constexpr std::size_t RelectureParOctet = 100;
 constexpr std::size_t PasAvancement = 1U << 20;
-constexpr std::size_t GenresMax = 100;  // kinds told apart in the report
 
 constexpr std::string_view CaractereCode = "\\U+";  // and four digits of base 16
 
@@ -50,15 +50,18 @@ bool SansEtendue(const std::vector<Vec2>& points) {
   return std::ranges::all_of(points, [&](const Vec2& p) { return p == points.front(); });
 }
 
-Dessinateur::Dessinateur(LecteurGroupes& lecteur, Sommaire& sommaire, const OptionsLecture& options,
-                         Lecture& lecture)
+Limites::Limites(std::size_t octets)
+    : memoire(MemoireBase + MemoireParOctet * octets), relecture(RelectureBase + RelectureParOctet * octets) {}
+
+Dessinateur::Dessinateur(LecteurGroupes& lecteur, const Sommaire& sommaire, const OptionsLecture& options,
+                         Lecture& lecture, Limites& limites)
     : lecteur_(lecteur),
       sommaire_(sommaire),
       options_(options),
       lecture_(lecture),
       fleche_(options.Fleche > 1e-6 ? options.Fleche : 1e-6),
-      budget_(MemoireBase + MemoireParOctet * lecteur.Taille()),
-      relecture_(RelectureBase + RelectureParOctet * lecteur.Taille()) {}
+      budget_(limites.memoire),
+      relecture_(limites.relecture) {}
 
 void Dessinateur::Ignore(std::string_view genre) {
   std::string nom(genre.substr(0, 32));
@@ -77,15 +80,43 @@ bool Dessinateur::Refuse(Erreur numero, long ligne, std::string_view detail) {
 
 bool Dessinateur::Memoire(long ligne) { return Refuse(Erreur::Memoire, ligne, e_.nom); }
 
-void Dessinateur::Dessine() {
+Cadre Dessinateur::CadreDuDessin() const {
   Cadre cadre;
   cadre.m.ex.x = cadre.m.ey.y = cadre.m.ez.z = sommaire_.unite;
+  return cadre;
+}
+
+void Dessinateur::Dessine() {
   if (sommaire_.papier > 0) lecture_.Ignore("PAPER_SPACE", sommaire_.papier);
-  for (const LecteurGroupes::Reprise& section : sommaire_.entites) {
-    lecteur_.Va(section);
-    if (!Suite(cadre)) return;
+  for (const SectionEntites& section : sommaire_.entites) {
+    if (!DessineSection(section)) return;
   }
   RetireBordsCouverts();
+}
+
+bool Dessinateur::DessineSection(const SectionEntites& section) {
+  lecteur_.Va(section.debut);
+  return Suite(CadreDuDessin());
+}
+
+bool Dessinateur::DessineTranche(const Tranche& tranche) {
+  const Cadre cadre = CadreDuDessin();
+  Groupe g;
+  lecteur_.Va(tranche.debut);
+  do {
+    if (lecteur_.Suivant(g) != Etat::Groupe) return false;
+  } while (g.code != 0);
+  while (lecteur_.Ici().position < tranche.suite.position) {
+    if (FinDeSuite(g.texte) || !UneEntite(cadre, g)) return false;
+  }
+  return lecteur_.Ici() == tranche.suite && g.code == 0;
+}
+
+bool Dessinateur::Acheve(std::vector<TraitDeHachure>&& traits, long hachures) {
+  traitsDeHachure_ = std::move(traits);
+  hachures_ = hachures;
+  RetireBordsCouverts();
+  return !lecture_.Refuse();
 }
 
 void Dessinateur::Avance() {

@@ -23,17 +23,43 @@ struct Cadre {
   int profondeur = 0;
 };
 
+inline constexpr std::size_t GenresMax = 100;  // kinds told apart in the report
+
 // No two points differ.
 bool SansEtendue(const std::vector<Vec2>& points);
 
+// What the drawers of a file of that many bytes may take.
+struct Limites {
+  explicit Limites(std::size_t octets);
+  Caisse memoire;    // bytes
+  Caisse relecture;  // bytes of blocks that may be read again
+};
+
+// Paths that come from hatches, rising, each with the number of its hatch.
+struct TraitDeHachure {
+  std::size_t trait;
+  long hachure;
+};
+
 class Dessinateur {
  public:
-  Dessinateur(LecteurGroupes& lecteur, Sommaire& sommaire, const OptionsLecture& options, Lecture& lecture);
+  Dessinateur(LecteurGroupes& lecteur, const Sommaire& sommaire, const OptionsLecture& options, Lecture& lecture,
+              Limites& limites);
 
   // Everything: all sections of entities, then the boundaries of hatches.
   void Dessine();
 
+  // Or piece by piece, each by a drawer of its own: a section, false when the drawing is refused; a stretch of one,
+  // false for anything that leaves a doubt that its entities are those of the whole section.
+  bool DessineSection(const SectionEntites& section);
+  bool DessineTranche(const Tranche& tranche);
+  [[nodiscard]] const std::vector<TraitDeHachure>& TraitsDeHachure() const { return traitsDeHachure_; }
+  [[nodiscard]] long Hachures() const { return hachures_; }
+  // At the end the boundaries of hatches of all pieces, by their places in the drawing. False when it is refused.
+  bool Acheve(std::vector<TraitDeHachure>&& traits, long hachures);
+
  private:
+  [[nodiscard]] Cadre CadreDuDessin() const;
   // A run of entities from the reader's place to its end. False once the drawing is refused.
   bool Suite(const Cadre& cadre);
   bool UneEntite(const Cadre& cadre, Groupe& g);
@@ -68,21 +94,17 @@ class Dessinateur {
   bool Memoire(long ligne);
 
   LecteurGroupes& lecteur_;
-  Sommaire& sommaire_;
+  const Sommaire& sommaire_;
   const OptionsLecture& options_;
   Lecture& lecture_;
   double fleche_;
   Budget budget_;
-  std::size_t relecture_;  // bytes of blocks that may still be read again
+  Budget relecture_;
   std::size_t jalon_ = 0;  // place in the file of the next call of Avancement
   Entite e_;
   std::string_view calque_;               // its layer, as the table of layers spells it
   std::optional<std::uint32_t> couleur_;  // its colour
-  // Paths that come from hatches, rising, each with the number of its hatch.
-  struct TraitDeHachure {
-    std::size_t trait;
-    long hachure;
-  };
+  std::vector<const Bloc*> ouverts_;      // being inserted: another insertion inside them would never end
   std::vector<TraitDeHachure> traitsDeHachure_;
   long hachures_ = 0;
 

@@ -48,8 +48,8 @@ bool Dessinateur::Insertion(const Cadre& cadre) {
     return true;
   }
   const long ligne = e_.ligne;
-  Bloc& bloc = b->second;
-  if (bloc.enCours) return Refuse(Erreur::BlocCyclique, ligne, b->first);
+  const Bloc& bloc = b->second;
+  if (std::ranges::find(ouverts_, &bloc) != ouverts_.end()) return Refuse(Erreur::BlocCyclique, ligne, b->first);
   if (cadre.profondeur >= ProfondeurMax) return Memoire(ligne);
 
   Affine echelle;
@@ -65,19 +65,17 @@ bool Dessinateur::Insertion(const Cadre& cadre) {
   const double pasY = e_.Reel(45, 0);
   Cadre dedans{{}, e_.calque, couleur_, cadre.profondeur + 1};
 
-  bloc.enCours = true;
+  ouverts_.push_back(&bloc);
   bool suite = true;
   for (int l = 0; l < lignes && suite; ++l) {
     for (int c = 0; c < colonnes && suite; ++c) {
-      const std::size_t cout = bloc.taille + RelectureInsertion;
-      if (cout > relecture_) return Refuse(Erreur::Memoire, ligne, nom);
-      relecture_ -= cout;
+      if (!relecture_.Prend(bloc.taille + RelectureInsertion)) return Refuse(Erreur::Memoire, ligne, nom);
       dedans.m = repere * Translation({c * pasX, l * pasY, 0}) * contenu;
       lecteur_.Va(bloc.debut);
       suite = Suite(dedans);
     }
   }
-  bloc.enCours = false;
+  ouverts_.pop_back();
   return suite;
 }
 

@@ -17,6 +17,8 @@ namespace {
 
 constexpr std::string_view EnteteBinaire{"AutoCAD Binary DXF\r\n\x1a\0", 22};
 constexpr int CodeCommentaire = 999;
+constexpr int CodeMax = 1071;
+constexpr char FinDesDonnees = '\x1a';  // at the beginning of a line
 
 // Around a value: a careless transfer leaves NULs and CRs.
 constexpr bool Blanc(char c) { return base::EstBlanc(c) || c == '\0' || c == '\r'; }
@@ -25,13 +27,108 @@ constexpr bool Blanc(char c) { return base::EstBlanc(c) || c == '\0' || c == '\r
 bool Code(std::string_view t, int& code) {
   if (!t.empty() && t.front() == '+') t.remove_prefix(1);
   const auto [fin, erreur] = std::from_chars(t.data(), t.data() + t.size(), code);
-  return erreur == std::errc() && fin == t.data() + t.size() && code >= -10 && code <= 1071;
+  return erreur == std::errc() && fin == t.data() + t.size() && code >= -10 && code <= CodeMax;
 }
 
 // A value that can't be empty: types, names of variables, numbers. Empty lines before it are stray ones.
 constexpr bool JamaisVide(int code) {
   return code == 0 || code == 9 || (code >= 10 && code <= 99) || (code >= 140 && code <= 179) ||
          (code >= 210 && code <= 239);
+}
+
+constexpr std::size_t MotOctets = sizeof(std::uint64_t);
+constexpr std::uint64_t Partout(char c) { return 0x0101010101010101ULL * base::Octet(c); }
+
+// The high bit of each byte that is 0, exact up to and with the first one of them.
+constexpr std::uint64_t Nuls(std::uint64_t mot) { return (mot - Partout('\x01')) & ~mot & Partout('\x80'); }
+
+// The first LF or CR, or the end. Eight bytes at a time, where the first of them is the lowest of a word.
+const char* FinLigne(const char* p, const char* fin) {
+  if constexpr (std::endian::native == std::endian::little) {
+    while (base::Indice(fin - p) >= MotOctets) {
+      std::uint64_t mot = 0;
+      std::memcpy(&mot, p, MotOctets);
+      const std::uint64_t vus = Nuls(mot ^ Partout('\n')) | Nuls(mot ^ Partout('\r'));
+      if (vus != 0) return p + std::countr_zero(vus) / 8;
+      p += MotOctets;
+    }
+  }
+  while (p != fin && *p != '\n' && *p != '\r') ++p;
+  return p;
+}
+
+// Behind LF or CR LF; null for any other end of a line.
+const char* ApresFin(const char* p, const char* fin) {
+  if (p != fin && *p == '\r') ++p;
+  return p != fin && *p == '\n' ? p + 1 : nullptr;
+}
+
+// Digits one by one; false when one is none.
+bool AjouteChiffres(const char* p, const char* fin, std::uint64_t& entier) {
+  for (; p != fin; ++p) {
+    if (!base::EstChiffre(*p)) return false;
+    entier = entier * 10 + static_cast<std::uint64_t>(*p - '0');
+  }
+  return true;
+}
+
+// The last `n`, 1 to 8, of the eight bytes before `fin` as digits behind those of `entier`; false when one is none.
+// All at once where the first byte is the lowest of a word: pairs of digits, pairs of pairs, both halves.
+bool AjouteMot(const char* fin, std::size_t n, std::uint64_t& entier) {
+  if constexpr (std::endian::native != std::endian::little) return AjouteChiffres(fin - n, fin, entier);
+  static constexpr std::uint64_t puissances[] = {1,       10,        100,        1'000,      10'000,
+                                                 100'000, 1'000'000, 10'000'000, 100'000'000};
+  constexpr std::uint64_t Quarts = 0x000000FF000000FFULL;
+  std::uint64_t mot = 0;
+  std::memcpy(&mot, fin - MotOctets, MotOctets);
+  const std::uint64_t siens = ~std::uint64_t{0} << (8 * (MotOctets - n));
+  mot = (mot & siens) | (Partout('0') & ~siens);
+  // A byte above '9' reaches the high bit with what is added, one below '0' with what is taken.
+  if ((((mot + Partout(127 - '9')) | (mot - Partout('0'))) & Partout('\x80')) != 0) return false;
+  mot -= Partout('0');
+  mot = mot * 10 + (mot >> 8);
+  mot = ((mot & Quarts) * 0x000F424000000064ULL + ((mot >> 16) & Quarts) * 0x0000271000000001ULL) >> 32;
+  entier = entier * puissances[n] + mot;
+  return true;
+}
+
+// The digits behind the point.
+bool AjouteDecimales(std::string_view t, const char* p, std::uint64_t& entier) {
+  const char* const fin = t.data() + t.size();
+  const std::size_t n = base::Indice(fin - p);
+  if (n > MotOctets && n <= 2 * MotOctets && t.size() >= 2 * MotOctets) {
+    return AjouteMot(fin - MotOctets, n - MotOctets, entier) && AjouteMot(fin, MotOctets, entier);
+  }
+  if (n > 0 && n <= MotOctets && t.size() >= MotOctets) return AjouteMot(fin, n, entier);
+  return AjouteChiffres(p, fin, entier);
+}
+
+// A plain decimal number, as nearly all are. A whole number up to 2^53 and a power of ten up to 10^22 are exact in
+// a double, so that their quotient is the double nearest to the text. False for what needs the general road.
+bool LitDecimal(std::string_view t, double& valeur) {
+  static constexpr double puissances[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
+                                          1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+  constexpr std::size_t ChiffresMax = 18;  // below 2^63
+  constexpr std::uint64_t Exact = 1ULL << 53;
+  const char* p = t.data();
+  const char* const fin = p + t.size();
+  const bool moins = p != fin && *p == '-';
+  if (moins) ++p;
+  if (base::Indice(fin - p) > ChiffresMax + 1) return false;
+  std::uint64_t entier = 0;
+  const char* const debut = p;
+  for (; p != fin && base::EstChiffre(*p); ++p) entier = entier * 10 + static_cast<std::uint64_t>(*p - '0');
+  std::size_t chiffres = base::Indice(p - debut);
+  std::size_t decimales = 0;
+  if (p != fin) {
+    decimales = base::Indice(fin - p) - 1;
+    chiffres += decimales;
+    if (*p != '.' || chiffres > ChiffresMax || !AjouteDecimales(t, p + 1, entier)) return false;
+  }
+  if (chiffres == 0 || chiffres > ChiffresMax || entier > Exact) return false;
+  const double v = static_cast<double>(entier) / puissances[decimales];
+  valeur = moins ? -v : v;
+  return true;
 }
 
 // How a binary file stores the value of a code.
@@ -73,6 +170,7 @@ bool LitReel(const Groupe& g, double& valeur) {
     valeur = g.nombre;
     return g.texte.empty();
   }
+  if (LitDecimal(g.texte, valeur)) return true;
   std::string_view t = g.texte;
   if (!t.empty() && t.front() == '+') t.remove_prefix(1);
   const auto [fin, erreur] = std::from_chars(t.data(), t.data() + t.size(), valeur);
@@ -122,9 +220,8 @@ Etat LecteurGroupes::Suivant(Groupe& g) {
 bool LecteurGroupes::Ligne(std::string_view& texte, bool& terminee) {
   const char* const debut = data_.data() + position_;
   const char* const fin = data_.data() + data_.size();
-  if (debut == fin || *debut == '\x1a') return false;
-  const char* p = debut;
-  while (p != fin && *p != '\n' && *p != '\r') ++p;
+  if (debut == fin || *debut == FinDesDonnees) return false;
+  const char* p = FinLigne(debut, fin);
   texte = std::string_view(debut, p);
   terminee = p != fin;
   if (terminee) {
@@ -139,7 +236,39 @@ bool LecteurGroupes::Ligne(std::string_view& texte, bool& terminee) {
   return true;
 }
 
+// A group as nearly all are written: blanks and a code of up to four digits, a value that isn't empty, both lines
+// ended by LF or CR LF. False for any other, and nothing has been read.
+bool LecteurGroupes::SuivantSimple(Groupe& g) {
+  constexpr std::ptrdiff_t Marge = 16;  // more than blanks, digits and line end of a code
+  constexpr int BlancsMax = 4;
+  constexpr int ChiffresMax = 4;
+  const char* p = data_.data() + position_;
+  const char* const fin = data_.data() + data_.size();
+  if (fin - p < Marge) return false;
+  for (int k = 0; k < BlancsMax && *p == ' '; ++k) ++p;
+  int code = 0;
+  int chiffres = 0;
+  for (; chiffres < ChiffresMax && base::EstChiffre(*p); ++chiffres) code = code * 10 + (*p++ - '0');
+  const char* const valeur = ApresFin(p, fin);
+  if (chiffres == 0 || code > CodeMax || valeur == nullptr || valeur == fin || *valeur == FinDesDonnees)
+    return false;
+  const char* const bout = FinLigne(valeur, fin);
+  const char* const apres = ApresFin(bout, fin);
+  if (apres == nullptr || bout == valeur) return false;
+  std::string_view texte(valeur, bout);
+  if (Blanc(texte.front()) || Blanc(texte.back())) texte = base::SansBlancs(texte, Blanc);
+  if (texte.empty()) return false;
+  position_ = base::Indice(apres - data_.data());
+  ligne_ += 2;
+  g.code = code;
+  g.texte = texte;
+  g.ligne = ligne_;
+  g.binaire = false;
+  return true;
+}
+
 Etat LecteurGroupes::SuivantTexte(Groupe& g) {
+  if (SuivantSimple(g)) return Etat::Groupe;
   std::string_view texte;
   bool terminee = false;
   g.code = -1;

@@ -36,6 +36,7 @@ class LecteurGroupes {
   struct Reprise {
     std::size_t position = 0;
     long ligne = 0;
+    bool operator==(const Reprise&) const = default;
   };
 
   explicit LecteurGroupes(std::string_view data);
@@ -50,12 +51,14 @@ class LecteurGroupes {
   }
   [[nodiscard]] bool Binaire() const { return binaire_; }
   [[nodiscard]] std::size_t Taille() const { return data_.size(); }
+  [[nodiscard]] std::string_view Donnees() const { return data_; }
   // Line and text of what was met at `Etat::Faux`.
   [[nodiscard]] long LigneFausse() const { return binaire_ ? 0 : ligne_; }
   [[nodiscard]] std::string_view TexteFaux() const { return faux_; }
 
  private:
   Etat SuivantTexte(Groupe& g);
+  bool SuivantSimple(Groupe& g);
   Etat SuivantBinaire(Groupe& g);
   bool Ligne(std::string_view& texte, bool& terminee);
   bool Prend(std::size_t n, const unsigned char*& octets);

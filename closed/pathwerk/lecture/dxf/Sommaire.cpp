@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 #include <functional>
+#include <utility>
 
 #include "base/Indices.h"
 #include "base/Texte.h"
@@ -26,7 +27,8 @@ bool FinDeSection(std::string_view nom) { return nom == "ENDSEC" || nom == "SECT
 
 class Releve {
  public:
-  Releve(LecteurGroupes& lecteur, Sommaire& sommaire) : lecteur_(lecteur), sommaire_(sommaire) {}
+  Releve(LecteurGroupes& lecteur, Sommaire& sommaire, const Decoupe& decoupe)
+      : lecteur_(lecteur), sommaire_(sommaire), decoupe_(decoupe) {}
 
   void Lit();
 
@@ -38,9 +40,11 @@ class Releve {
   void Calques();
   void Blocs();
   void UnBloc();
+  void Entites();
 
   LecteurGroupes& lecteur_;
   Sommaire& sommaire_;
+  Decoupe decoupe_;
   Groupe g_;
   LecteurGroupes::Reprise avant_;  // where the group in g_ begins
   Etat etat_ = Etat::Groupe;
@@ -142,6 +146,18 @@ void Releve::Blocs() {
   }
 }
 
+// As far as its last group where it can be cut, else not at all.
+void Releve::Entites() {
+  SectionEntites section{lecteur_.Ici(), {}};
+  if (!lecteur_.Binaire()) {
+    if (auto coupee = CoupeSection(lecteur_.Donnees(), section.debut, decoupe_)) {
+      section.tranches = std::move(coupee->tranches);
+      lecteur_.Va(coupee->fin);
+    }
+  }
+  sommaire_.entites.push_back(std::move(section));
+}
+
 void Releve::Section() {
   if (!Suivant() || g_.code != 2) return;
   const std::string_view nom = g_.texte;
@@ -152,7 +168,7 @@ void Releve::Section() {
   } else if (nom == "BLOCKS") {
     Blocs();
   } else {
-    if (nom == "ENTITIES") sommaire_.entites.push_back(lecteur_.Ici());
+    if (nom == "ENTITIES") Entites();
     while (ZeroSuivant() && !FinDeSection(g_.texte)) {
     }
   }
@@ -241,9 +257,9 @@ double UniteEnMm(int insunits, int measurement, int lunits) {
   return 1;
 }
 
-Sommaire LitSommaire(LecteurGroupes& lecteur) {
+Sommaire LitSommaire(LecteurGroupes& lecteur, const Decoupe& decoupe) {
   Sommaire sommaire;
-  Releve(lecteur, sommaire).Lit();
+  Releve(lecteur, sommaire, decoupe).Lit();
   return sommaire;
 }
 

@@ -1,6 +1,7 @@
 // What must be known of a DXF file before its entities are drawn: units, layers, blocks, where the entities stand.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 
 #include "closed/pathwerk/lecture/dxf/Espace.h"
 #include "closed/pathwerk/lecture/dxf/Groupes.h"
+#include "closed/pathwerk/lecture/dxf/Tranches.h"
 
 namespace pathwerk::lecture::dxf {
 
@@ -36,7 +38,11 @@ struct Bloc {
   LecteurGroupes::Reprise debut;  // before the first entity's group 0
   std::size_t taille = 0;         // bytes of its entities
   Vec3 base;
-  bool enCours = false;  // being inserted: another insertion inside it would never end
+};
+
+struct SectionEntites {
+  LecteurGroupes::Reprise debut;
+  std::vector<Tranche> tranches;  // empty where it isn't cut
 };
 
 struct Sommaire {
@@ -44,17 +50,23 @@ struct Sommaire {
   bool propre = false;
   ParNom<Calque> calques;
   ParNom<Bloc> blocs;
-  std::vector<LecteurGroupes::Reprise> entites;  // sections of entities
-  long papier = 0;                               // entities of layouts kept among the blocks
+  std::vector<SectionEntites> entites;
+  long papier = 0;  // entities of layouts kept among the blocks
   bool tronque = false;
   // Set when the file has no group structure: where and what.
   bool faux = false;
   long ligne = 0;
   std::string detail;
+
+  // Some section is cut.
+  [[nodiscard]] bool Coupe() const {
+    return std::ranges::any_of(entites, [](const SectionEntites& s) { return !s.tranches.empty(); });
+  }
 };
 
-// Reads the whole file once.
-Sommaire LitSommaire(LecteurGroupes& lecteur);
+// Reads the whole file once, but for the sections that are cut: their groups are taken to be whole, which who draws
+// them finds out.
+Sommaire LitSommaire(LecteurGroupes& lecteur, const Decoupe& decoupe = {});
 
 // True for the names that end a run of entities: of a block, of a section, of the file.
 bool FinDeSuite(std::string_view nom);

@@ -290,3 +290,28 @@ TEST(EcrireFichier, NoPointsGiveAFileWithoutPaths) {
   EXPECT_EQ(Ecris({}, d / "a.dxf"), 0);
   EXPECT_EQ(Lis(d / "a.dxf").Nombre, 0);
 }
+
+TEST(EcrireFichier, TheFileIsTheSameForAnyNumberOfThreads) {
+  const Dossier d;
+  std::vector<PointTrace> p;
+  // Runs that are shorter than what a thread composes, longer, open, closed, of one point, of one place.
+  for (const std::size_t n : {1U, 2U, 3U, 4000U, 95U, 4U, 9000U, 1U, 5000U, 4096U, 7U}) {
+    const pathwerk::Code2 code = CodeDeRang(p.size() % 900);
+    for (std::size_t i = 0; i < n; ++i) {
+      const float t = n == 4 ? 1.0F : static_cast<float>(i % (n - (n > 8 ? 1 : 0)));
+      p.push_back({t / 3, -t * 7.1F, pathwerk::CodePD, code});
+    }
+  }
+  for (const std::string nom : {"a.dxf", "a.dat"}) {
+    std::string un(pathwerk::LongueurMessage, ' ');
+    ASSERT_EQ(EcrireFichier(p, d / "1" + nom, un, 1), 0);
+    const std::string reference = Octets(d / "1" + nom);
+    EXPECT_GT(reference.size(), 23'000U * 10);
+    for (const unsigned fils : {2U, 7U}) {
+      std::string c(pathwerk::LongueurMessage, ' ');
+      ASSERT_EQ(EcrireFichier(p, d / "n" + nom, c, fils), 0);
+      EXPECT_TRUE(Octets(d / "n" + nom) == reference) << nom << ' ' << fils;
+    }
+    AttendMemes(Lis(d / "n" + nom).Points, p, nom);
+  }
+}

@@ -1,7 +1,10 @@
 // The structure of the file: line ends, blanks, binary files, cut-off files, what is refused.
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <random>
 
+#include "closed/pathwerk/lecture/dxf/Groupes.h"
 #include "tests/unit/closed/pathwerk/lecture/dxf/Outils.h"
 
 using namespace essai;
@@ -298,4 +301,47 @@ TEST(LireDxf, ProgressRisesToTheEnd) {
   ASSERT_GT(parts.size(), 2u);
   for (std::size_t i = 1; i < parts.size(); ++i) EXPECT_GT(parts[i], parts[i - 1]);
   EXPECT_LE(parts.back(), 1.0);
+}
+
+// Held against the C library, digit counts and places of the point from none to more than a double holds.
+TEST(LitReel, EveryDecimalTextIsTheNearestDouble) {
+  std::mt19937_64 hasard(7);
+  const auto chiffres = [&](std::size_t n) {
+    std::string t;
+    for (std::size_t i = 0; i < n; ++i) t += static_cast<char>('0' + hasard() % 10);
+    return t;
+  };
+  for (std::size_t avant = 0; avant <= 12; ++avant) {
+    for (std::size_t apres = 0; apres <= 20; ++apres) {
+      if (avant + apres == 0) continue;
+      for (int k = 0; k < 20; ++k) {
+        std::string t = (k % 2 == 0 ? "" : "-") + chiffres(avant);
+        if (apres > 0 || k % 3 == 0) t += "." + chiffres(apres);
+        pathwerk::lecture::dxf::Groupe g;
+        g.texte = t;
+        double v = 0;
+        ASSERT_TRUE(pathwerk::lecture::dxf::LitReel(g, v)) << t;
+        EXPECT_EQ(v, std::strtod(t.c_str(), nullptr)) << t;
+      }
+    }
+  }
+}
+
+TEST(LitReel, AByteThatIsNoDigitIsFoundAtEveryPlace) {
+  for (const std::string bon : {"1234567.1", "12.3456789", "1.234567890123456", "12345678", "-0.1234567"}) {
+    const std::size_t point = bon.find('.');
+    for (std::size_t i = 0; i < bon.size(); ++i) {
+      for (const char c : {'/', ':', '.', 'x', '-', '\xB0', '\0', '\x7F'}) {
+        std::string t = bon;
+        t[i] = c;
+        // Still numbers: a sign in front, and a point that stands elsewhere.
+        if ((i == 0 && c == '-') || (c == '.' && (i == point || point == std::string::npos))) continue;
+        if (i == point) continue;
+        pathwerk::lecture::dxf::Groupe g;
+        g.texte = t;
+        double v = 0;
+        EXPECT_FALSE(pathwerk::lecture::dxf::LitReel(g, v)) << i << ' ' << static_cast<int>(c);
+      }
+    }
+  }
 }
