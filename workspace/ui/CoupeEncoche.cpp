@@ -10,7 +10,7 @@ namespace ovelin {
 
 namespace {
 
-constexpr int HauteurDessin = 40;    // pixels, between the two fields
+constexpr int HauteurDessin = 46;    // pixels, between the two fields
 constexpr double Marge = 3;          // at the sides, and above the lower field
 constexpr double Tete = 4;           // of an arrow's head
 constexpr double Haut = 13;          // above the sheet: room for the arrow of the width
