@@ -68,13 +68,14 @@ enum class IssueBureau {
   SansAssociation,  // the desktop knows no program for it
 };
 
-// What a run asks of the window of manual control, whichever window has started it.
+// What is asked of the window of manual control: by a run, whichever window has started it, and at the start.
 enum class DemandePilotage {
   Reduit,       // lower the window: somebody else drives
   Retablit,     // its full height again
   SeTait,       // its timer asks the board nothing
   Interroge,    // its timer asks again
   SansOrigine,  // its panel of origins is disabled
+  Plie,         // low until the user's hand is in it: it lies over the drawing
 };
 
 struct Services {

@@ -142,26 +142,23 @@ void Peintre::Releve() {
   for (const SequenceInfo& s : doc_.Sequences) fiches_.try_emplace(s.Code.Cle(), &s);
   const auto& points = doc_.TraceInitial;
   const std::size_t n = doc_.NbPoints > 0 ? std::min(points.size(), base::Indice(doc_.NbPoints)) : 0;
-  if (n == 0) return;
-  xmin_ = xmax_ = points[0].X;
-  ymin_ = ymax_ = points[0].Y;
-  for (std::size_t i = 0; i < n; ++i) {
+  for (std::size_t i = 0; i < n;) {
     const PointTrace& p = points[i];
-    xmin_ = std::min(xmin_, p.X);
-    xmax_ = std::max(xmax_, p.X);
-    ymin_ = std::min(ymin_, p.Y);
-    ymax_ = std::max(ymax_, p.Y);
-    if (p.Cde == CodePC) attaches_.push_back(i);
-    if (i == 0 || p.Seq != points[i - 1].Seq) {
-      const SequenceInfo* fiche = Fiche(p.Seq);
-      courses_.push_back({i, 0, fiche != nullptr && fiche->Selection != Faux, p.X, p.X, p.Y, p.Y});
+    const SequenceInfo* fiche = Fiche(p.Seq);
+    Course c{i, 0, fiche != nullptr && fiche->Selection != Faux, p.X, p.X, p.Y, p.Y};
+    for (; i < n && points[i].Seq == p.Seq; ++i) {
+      c.xmin = std::min(c.xmin, points[i].X);
+      c.xmax = std::max(c.xmax, points[i].X);
+      c.ymin = std::min(c.ymin, points[i].Y);
+      c.ymax = std::max(c.ymax, points[i].Y);
+      if (points[i].Cde == CodePC) attaches_.push_back(i);
     }
-    Course& c = courses_.back();
-    ++c.nombre;
-    c.xmin = std::min(c.xmin, p.X);
-    c.xmax = std::max(c.xmax, p.X);
-    c.ymin = std::min(c.ymin, p.Y);
-    c.ymax = std::max(c.ymax, p.Y);
+    c.nombre = i - c.premier;
+    xmin_ = courses_.empty() ? c.xmin : std::min(xmin_, c.xmin);
+    xmax_ = courses_.empty() ? c.xmax : std::max(xmax_, c.xmax);
+    ymin_ = courses_.empty() ? c.ymin : std::min(ymin_, c.ymin);
+    ymax_ = courses_.empty() ? c.ymax : std::max(ymax_, c.ymax);
+    courses_.push_back(c);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -122,19 +123,34 @@ void PourChaqueCoupe(const Document& document, const F& quoi) {
   }
 }
 
+// By how much one line leaves the travel: that of its box, whose sides are found without a look at the travel.
+Depassement DepassementDuTrait(const PointTrace* p, const PointTrace* fin, const CourseMachine& course) {
+  constexpr float Infini = std::numeric_limits<float>::infinity();
+  float xmin = Infini;
+  float xmax = -Infini;
+  float ymin = Infini;
+  float ymax = -Infini;
+  for (; p != fin; ++p) {
+    xmin = p->X < xmin ? p->X : xmin;
+    xmax = p->X > xmax ? p->X : xmax;
+    ymin = p->Y < ymin ? p->Y : ymin;
+    ymax = p->Y > ymax ? p->Y : ymax;
+  }
+  const auto plus = [](double v) { return v > Rive ? v : 0.0; };
+  return {plus(-double{xmin}), plus(double{xmax} - course.x), plus(-double{ymin}), plus(double{ymax} - course.y)};
+}
+
 }  // namespace
 
 Depassement DepassementDe(const Document& document, const CourseMachine& course) {
   Depassement d;
   if (course.Vide()) return d;
-  const auto plus = [](double& m, double v) { m = v > Rive ? std::max(m, v) : m; };
   PourChaqueCoupe(document, [&](const PointTrace* p, const PointTrace* fin) {
-    for (; p != fin; ++p) {
-      plus(d.gauche, -p->X);
-      plus(d.bas, -p->Y);
-      plus(d.droite, double{p->X} - course.x);
-      plus(d.haut, double{p->Y} - course.y);
-    }
+    const Depassement t = DepassementDuTrait(p, fin, course);
+    d.gauche = std::max(d.gauche, t.gauche);
+    d.droite = std::max(d.droite, t.droite);
+    d.bas = std::max(d.bas, t.bas);
+    d.haut = std::max(d.haut, t.haut);
   });
   return d;
 }
@@ -162,7 +178,7 @@ void AjouteFeuille(const EtatVue& vue, const TailleImage& taille, const OptionsS
 void AjouteHors(const Document& document, const EtatVue& vue, const TailleImage& taille,
                 const OptionsScene& options, Scene& scene) {
   const CourseMachine& course = options.course;
-  if (DepassementDe(document, course).Vide()) return;
+  if (course.Vide()) return;
   Traceur traceur(scene, vue, taille, std::max(options.pixel, LargeurHors / 4), LargeurHors);
   bool ouverte = false;
   const auto commence = [&](const PointTrace& p) {
@@ -179,6 +195,7 @@ void AjouteHors(const Document& document, const EtatVue& vue, const TailleImage&
   };
   const base::Boite<double> dedans{-Rive, -Rive, course.x + Rive, course.y + Rive};
   PourChaqueCoupe(document, [&](const PointTrace* p, const PointTrace* fin) {
+    if (DepassementDuTrait(p, fin, course).Vide()) return;
     for (const PointTrace* q = p + 1; q < fin; ++p, ++q) {
       const auto part = base::PartDans({{p->X, p->Y}, {q->X, q->Y}}, dedans);
       if (!part) {

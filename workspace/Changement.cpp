@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <complex>
+#include <limits>
 #include <optional>
 #include <set>
 #include <unordered_map>
@@ -38,6 +39,19 @@ std::unordered_map<std::uint32_t, Run> ParCode(Run points) {
   return runs;
 }
 
+// The least and the greatest place of a path: two paths that differ in them have not the same places.
+using Extremes = std::pair<std::pair<float, float>, std::pair<float, float>>;
+Extremes ExtremesDe(Run run, bool attaches) {
+  constexpr float Infini = std::numeric_limits<float>::infinity();
+  Extremes e{{Infini, Infini}, {-Infini, -Infini}};
+  for (const PointTrace& p : run) {
+    if (!attaches && p.Cde == CodePC) continue;
+    e.first = std::min(e.first, {p.X, p.Y});
+    e.second = std::max(e.second, {p.X, p.Y});
+  }
+  return e;
+}
+
 // The places of a path, each once, in an order that its start and its sense have no part in.
 std::vector<std::pair<float, float>> Places(Run run, bool attaches) {
   std::vector<std::pair<float, float>> places;
@@ -48,6 +62,11 @@ std::vector<std::pair<float, float>> Places(Run run, bool attaches) {
   std::sort(places.begin(), places.end());
   places.erase(std::unique(places.begin(), places.end()), places.end());
   return places;
+}
+
+bool MemesPlaces(const Paire& p, bool attaches) {
+  return ExtremesDe(p.avant, attaches) == ExtremesDe(p.apres, attaches) &&
+         Places(p.avant, attaches) == Places(p.apres, attaches);
 }
 
 // --- transforms ------------------------------------------------------------------------------------------------
@@ -154,10 +173,10 @@ SorteChangement Nature(std::span<const Paire> paires) {
   bool memes = true;       // all places
   bool memeNombre = true;  // number of the middles of notches
   bool reste = true;       // all other places
-  for (const auto& [avant, apres] : paires) {
-    memes = memes && Places(avant, true) == Places(apres, true);
-    memeNombre = memeNombre && Attaches(avant) == Attaches(apres);
-    reste = reste && Places(avant, false) == Places(apres, false);
+  for (const Paire& p : paires) {
+    memes = memes && MemesPlaces(p, true);
+    memeNombre = memeNombre && Attaches(p.avant) == Attaches(p.apres);
+    reste = reste && MemesPlaces(p, false);
     if (!memes && !reste) return Transforme(paires);
   }
   return memes && memeNombre ? SorteChangement::Depart : SorteChangement::Attache;
@@ -188,7 +207,12 @@ std::optional<Changement> DesPoints(const EtatCompare& avant, const EtatCompare&
   return std::nullopt;
 }
 
+// What the records and what stands beside them say otherwise of paths that are in both states.
 std::optional<Changement> DesFiches(const EtatCompare& avant, const EtatCompare& apres) {
+  static const TableComplements neutre;
+  const TableComplements& complementsDe = avant.complements != nullptr ? *avant.complements : neutre;
+  const TableComplements& complementsVers = apres.complements != nullptr ? *apres.complements : neutre;
+  const bool memesComplements = complementsDe == complementsVers;
   std::unordered_map<std::uint32_t, const SequenceInfo*> de;
   for (const SequenceInfo& f : avant.fiches) de.try_emplace(f.Code.Cle(), &f);
   std::set<SorteChangement> sortes;
@@ -197,27 +221,25 @@ std::optional<Changement> DesFiches(const EtatCompare& avant, const EtatCompare&
     const auto place = de.find(f.Code.Cle());
     if (place == de.end()) continue;
     const SequenceInfo& g = *place->second;
-    const bool differe =
-        f.Decalage != g.Decalage || f.Poche != g.Poche || f.Profondeur != g.Profondeur || f.Fraiser != g.Fraiser;
-    if (f.Decalage != g.Decalage) sortes.insert(SorteChangement::Cote);
-    if (f.Poche != g.Poche) sortes.insert(SorteChangement::Poche);
-    if (f.Profondeur != g.Profondeur) sortes.insert(SorteChangement::Profondeur);
-    if (f.Fraiser != g.Fraiser) sortes.insert(SorteChangement::Fraiser);
+    bool differe = false;
+    const auto compare = [&](bool autre, SorteChangement sorte) {
+      if (autre) sortes.insert(sorte);
+      differe = differe || autre;
+    };
+    compare(f.Decalage != g.Decalage, SorteChangement::Cote);
+    compare(f.Poche != g.Poche, SorteChangement::Poche);
+    compare(f.Profondeur != g.Profondeur, SorteChangement::Profondeur);
+    compare(f.Fraiser != g.Fraiser, SorteChangement::Fraiser);
+    if (!memesComplements) {
+      const Complement& a = complementsDe.De(f.Code);
+      const Complement& b = complementsVers.De(f.Code);
+      compare(a.Ilot != b.Ilot, SorteChangement::Ilot);
+      compare(a.Calque != b.Calque || a.Couleur != b.Couleur, SorteChangement::Calque);
+    }
     nombre += differe ? 1 : 0;
   }
   if (sortes.empty()) return std::nullopt;
   return Changement{sortes.size() == 1 ? *sortes.begin() : SorteChangement::Proprietes, nombre};
-}
-
-// What stands beside the records of paths that are in both states.
-std::optional<Changement> DesComplements(const EtatCompare& avant, const EtatCompare& apres) {
-  static const TableComplements neutre;
-  const TableComplements& de = avant.complements != nullptr ? *avant.complements : neutre;
-  const TableComplements& vers = apres.complements != nullptr ? *apres.complements : neutre;
-  if (de == vers) return std::nullopt;
-  std::int32_t nombre = 0;
-  for (const SequenceInfo& f : apres.fiches) nombre += de.De(f.Code) == vers.De(f.Code) ? 0 : 1;
-  return Changement{SorteChangement::Proprietes, nombre};
 }
 
 // The lines of settings that stand in one state alone.
@@ -283,6 +305,8 @@ constexpr std::array MotsDesPas{
     Mots{SorteChangement::Poche, Textes::PasPoche},
     Mots{SorteChangement::Profondeur, Textes::PasProfondeur},
     Mots{SorteChangement::Fraiser, Textes::PasFraiser},
+    Mots{SorteChangement::Ilot, Textes::PasIlot},
+    Mots{SorteChangement::Calque, Textes::PasCalque},
     Mots{SorteChangement::Proprietes, Textes::PasProprietes},
     Mots{SorteChangement::Materiau, Textes::PasMateriau},
     Mots{SorteChangement::Outil, Textes::PasOutil},
@@ -297,7 +321,6 @@ Changement ChangementEntre(const EtatCompare& avant, const EtatCompare& apres) {
   const bool tourne = points && points->sorte == SorteChangement::Depart && fiches;
   if (points && !tourne) return *points;
   if (fiches) return *fiches;
-  if (const auto complements = DesComplements(avant, apres)) return *complements;
   return DesReglages(avant.reglages, apres.reglages).value_or(Changement{SorteChangement::Affichage, 0});
 }
 

@@ -28,7 +28,9 @@ enum class SorteChangement : std::uint8_t {
   Poche,
   Profondeur,
   Fraiser,     // milled or left out
-  Proprietes,  // several of these four, or what stands beside the record
+  Ilot,        // left standing in a pocket, or no longer
+  Calque,      // name or colour of the layer
+  Proprietes,  // several of these six
   Materiau,    // speeds, depths of the material
   Outil,
   Reglage,  // anything else that a project holds

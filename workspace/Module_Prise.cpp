@@ -181,6 +181,7 @@ bool Tire(const EvenementSouris& e, const TailleImage& taille, SuiteSouris& suit
     Prise.boite = BoiteDe(Doc);
     if (Prise.boite.vide && Prise.sorte != SortePrise::Attache) AbandonneTirage();
   }
+  Prise.pointeur = {e.X, e.Y};
   if (Prise.sorte == SortePrise::Attache) {
     const PointTrace ici = EnDessin(taille, e.X, e.Y);
     Prise.x = ici.X;

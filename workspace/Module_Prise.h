@@ -26,6 +26,7 @@ struct EtatPrise {
   double angle = 0;           // radians
   std::int32_t attache = -1;  // the attachment point that is held, in TraceInitial ...
   float x = 0, y = 0;         // ... and where the mouse is with it, mm
+  PointEcran pointeur;        // the mouse, twips
 };
 extern EtatPrise Prise;
 

@@ -1,7 +1,5 @@
 #include "core/ui/PasseJusque.h"
 
-#include <QAbstractButton>
-#include <QAbstractSlider>
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPointer>
@@ -14,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/ui/EntreeUtilisateur.h"
 #include "core/ui/FiltreStop.h"
 #include "core/ui/Ouvrier.h"
 #include "core/ui/ServicesQt.h"
@@ -44,39 +43,8 @@ const QWidget* CibleDe(QObject* objet, const QEvent& e) {
   return dedans != nullptr ? dedans : fenetre;
 }
 
-// Those that are worth keeping. A press is kept with its release, since both are told before either has done
-// anything.
-bool SeTient(QEvent::Type type) {
-  switch (type) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::Wheel:
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool DeLUtilisateur(QEvent::Type type) {
-  switch (type) {
-    case QEvent::MouseMove:
-    case QEvent::ContextMenu:
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::TabletPress:
-    case QEvent::TabletMove:
-    case QEvent::TabletRelease:
-    case QEvent::NativeGesture:
-    case QEvent::Drop:
-      return true;
-    default:
-      return SeTient(type);
-  }
-}
+// A press is kept with its release, since both are told before either has done anything.
+bool SeTient(QEvent::Type type) { return EntreeDe(type) == EntreeUtilisateur::Appui; }
 
 // Makes the event again when it is due. No copy of it: the places of the pointer in a copy are shared with the
 // pointing device, and go on with the hand while the event is held.
@@ -125,7 +93,8 @@ class Filtre : public QObject {
     if (e->type() == QEvent::Timer) return RepeteUnePression(*objet);
     // A key of a command: the command itself waits.
     if (e->type() == QEvent::Shortcut) return Tient(objet, *e);
-    if (!DeLUtilisateur(e->type())) return false;
+    const EntreeUtilisateur entree = EntreeDe(e->type());
+    if (entree == EntreeUtilisateur::Aucune || entree == EntreeUtilisateur::Raccourci) return false;
     const QWidget* cible = CibleDe(objet, *e);
     switch (cible != nullptr ? juge_(*cible, *e) : SortEvenement::Refuse) {
       case SortEvenement::Laisse:
@@ -151,11 +120,6 @@ class Filtre : public QObject {
   bool Tient(QObject* objet, const QEvent& e) {
     tenus_.push_back({objet, Refait(e)});
     return true;
-  }
-  // An arrow that is held down works by a timer of its own: it goes on behind the pass.
-  static bool RepeteUnePression(const QObject& objet) {
-    return qobject_cast<const QAbstractButton*>(&objet) != nullptr ||
-           qobject_cast<const QAbstractSlider*>(&objet) != nullptr;
   }
 
   const JugeEvenement& juge_;

@@ -1,8 +1,6 @@
 #include "core/ui/ServicesQt.h"
 
-#include <QAbstractButton>
 #include <QAbstractEventDispatcher>
-#include <QAbstractSlider>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
@@ -31,6 +29,7 @@
 #include "core/RunCourant.h"
 #include "core/Textes.h"
 #include "core/ui/AvisRun.h"
+#include "core/ui/EntreeUtilisateur.h"
 #include "core/ui/Fenetres.h"
 #include "core/ui/FiltreStop.h"
 #include "core/ui/LanguesPresentes.h"
@@ -237,33 +236,10 @@ class Ronde : public QObject {
   };
 
  private:
-  // An arrow that is held down works by a timer of its own: it goes on behind the pass.
-  static bool RepeteUnePression(const QObject& objet) {
-    return qobject_cast<const QAbstractButton*>(&objet) != nullptr ||
-           qobject_cast<const QAbstractSlider*>(&objet) != nullptr;
-  }
+  // A movement alone changes nothing.
   static bool DeLUtilisateur(QEvent::Type type) {
-    switch (type) {
-      case QEvent::MouseButtonPress:
-      case QEvent::MouseButtonRelease:
-      case QEvent::MouseButtonDblClick:
-      case QEvent::KeyPress:
-      case QEvent::KeyRelease:
-      case QEvent::Shortcut:
-      case QEvent::ShortcutOverride:
-      case QEvent::Wheel:
-      case QEvent::ContextMenu:
-      case QEvent::TouchBegin:
-      case QEvent::TouchUpdate:
-      case QEvent::TouchEnd:
-      case QEvent::TabletPress:
-      case QEvent::TabletRelease:
-      case QEvent::NativeGesture:
-      case QEvent::Drop:
-        return true;
-      default:
-        return false;
-    }
+    const EntreeUtilisateur entree = EntreeDe(type);
+    return entree != EntreeUtilisateur::Aucune && entree != EntreeUtilisateur::Mouvement;
   }
 
   static const Ronde* EnCours;

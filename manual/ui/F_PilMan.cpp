@@ -166,6 +166,7 @@ void F_PilMan::done(int resultat) {
   TimerFlash_.stop();
   TimerCarre_.stop();
   clavier_->Encercle(0);
+  Deplie();  // the place that is kept is that of the whole window
   const QPoint coin = pos() - screen()->availableGeometry().topLeft();
   if (charge_) {
     EcritCoin(coin.x() * TwipsParPixel, coin.y() * TwipsParPixel);
@@ -201,12 +202,14 @@ void F_PilMan::changeEvent(QEvent* e) {
 
 // Keys come here before whatever has the keyboard in this window, and the pointer's release from everywhere.
 bool F_PilMan::eventFilter(QObject* objet, QEvent* e) {
+  auto* w = qobject_cast<QWidget*>(objet);
   if (e->type() == QEvent::MouseButtonRelease) {
     clavier_->Relache();
+    // Behind the release: the control that was pressed must not go away from under it.
+    if (plie_ && w != nullptr && w->window() == this) QTimer::singleShot(0, this, &F_PilMan::Deplie);
     return false;
   }
   if (e->type() != QEvent::KeyPress && e->type() != QEvent::KeyRelease) return false;
-  auto* w = qobject_cast<QWidget*>(objet);
   if (w == nullptr || w == this || w->window() != this) return false;
   return Touche(*objet, static_cast<QKeyEvent&>(*e));
 }
@@ -227,6 +230,7 @@ bool F_PilMan::Touche(QObject& objet, const QKeyEvent& e) {
   if (EstSaisie(objet) && !fonction && !PilMan.JogActif) return false;
   if (e.isAutoRepeat()) return true;
   if (e.type() == QEvent::KeyPress) {
+    Deplie();
     Appuie(code, e.modifiers());
   } else {
     Lache(code);
@@ -303,13 +307,18 @@ void F_PilMan::Interroge() {
 }
 
 void F_PilMan::Pilote(DemandePilotage demande) {
+  if (demande == DemandePilotage::Plie) return Plie();
   SuitPilotage(demande);
   switch (demande) {
     case DemandePilotage::Reduit:
+      enRun_ = true;
       return Reduit(true);
     case DemandePilotage::Retablit:
+      enRun_ = false;
       for (QWidget* w : {Lbl_RAZ_, Lbl_Origine_}) w->setEnabled(true);
       return Reduit(false);
+    case DemandePilotage::Plie:
+      return;
     case DemandePilotage::SeTait:
       TimerPosition_.stop();
       TimerLiaison_.start();
@@ -334,6 +343,21 @@ void F_PilMan::Reduit(bool reduit) {
   bas_->setVisible(!reduit);
   layout()->activate();
   resize(width(), reduit ? HauteurReduite : std::max(avant, HauteurPleine));
+  if (reduit || !std::exchange(plie_, false)) return;
+  move(x(), std::max(y() + avant - height(), screen()->availableGeometry().top()));
+}
+
+// Its foot stays where it is, both ways: at the edge of the drawing.
+void F_PilMan::Plie() {
+  if (hauteur_ != 0) return;
+  const int pied = y() + height();
+  Reduit(true);
+  plie_ = true;
+  move(x(), pied - height());
+}
+
+void F_PilMan::Deplie() {
+  if (plie_ && !enRun_) Reduit(false);
 }
 
 void F_PilMan::Lbl_Stop_Press() { SuitEffet(Form_KeyDown(touche::Echap, false, false)); }

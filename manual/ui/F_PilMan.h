@@ -74,6 +74,8 @@ class F_PilMan : public QDialog {
   void Interroge();
   void Pilote(DemandePilotage demande);
   void Reduit(bool reduit);
+  void Plie();
+  void Deplie();
   void MontrePage(QWidget* page);
   void MontreVitesse();
   void MontrePosition(const VuePosition& vue);
@@ -95,6 +97,8 @@ class F_PilMan : public QDialog {
   bool tientMoteurs_ = false;
   bool versHaut_ = false;  // where the pointer jumps next
   int hauteur_ = 0;        // before the window was lowered; 0: it is not
+  bool plie_ = false;      // lowered until the user's hand is in it
+  bool enRun_ = false;     // lowered while somebody else drives
   std::function<void(double, double, double)> montreAvant_;
   std::function<void(DemandePilotage)> pilotageAvant_;
 

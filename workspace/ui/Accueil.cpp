@@ -115,6 +115,11 @@ void Accueil::Remplit(Rangee& rangee, const std::vector<std::string>& chemins) {
   }
 }
 
+void Accueil::LaisseLibre(int pied) {
+  pied_ = pied;
+  Dispose();
+}
+
 void Accueil::EnRun(bool enRun) {
   ouvrir_->setEnabled(!enRun);
   for (const Rangee& r : rangees_) r.cadre->setEnabled(!enRun);
@@ -123,8 +128,9 @@ void Accueil::EnRun(bool enRun) {
 // As many files beside each other as there is room for, and the rows that still fit under the words.
 void Accueil::Dispose() {
   const int colonnes = std::max(1, (width() - 2 * Marge + Ecart) / (LargeurCarte + Ecart));
-  int reste = height() - 2 * Marge - phrase_->heightForWidth(width() - 2 * Marge) - ouvrir_->sizeHint().height() -
-              2 * Ecart;
+  const int pied = pied_ > Marge && pied_ <= height() / 2 ? pied_ - Marge : 0;
+  int reste = height() - pied - 2 * Marge - phrase_->heightForWidth(width() - 2 * Marge) -
+              ouvrir_->sizeHint().height() - 2 * Ecart;
   for (Rangee& r : rangees_) {
     const int haut = r.titre->sizeHint().height() + HauteurCarte + 2 * Ecart;
     const bool montre = !r.cartes.front().chemin.empty() && reste >= haut;

@@ -21,6 +21,8 @@ class Accueil : public QFrame {
 
   // The files of now: `recents` the newest first, `exemples` without those that are among them.
   void Montre(const std::vector<std::string>& recents, const std::vector<std::string>& exemples);
+  // So many pixels at the foot are taken by another window; more than half of the height can't be kept free.
+  void LaisseLibre(int pied);
   // A job runs on the machine: nothing is opened.
   void EnRun(bool enRun);
 
@@ -58,6 +60,7 @@ class Accueil : public QFrame {
   QPushButton* ouvrir_ = nullptr;
   std::vector<Rangee> rangees_;  // recent files, examples
   QTimer* lecture_ = nullptr;
+  int pied_ = 0;
 };
 
 }  // namespace ovelin

@@ -207,6 +207,13 @@ void ArbreDocument::Choisit(const QModelIndex& index) {
   if (resultat.fait) Q_EMIT Clic(resultat);
 }
 
+// Opening a fold leaves chosen what is.
+QItemSelectionModel::SelectionFlags ArbreDocument::selectionCommand(const QModelIndex& index,
+                                                                    const QEvent* e) const {
+  if (ModeleArbre::PlaceDe(index).niveau == NiveauNoeud::Pli) return QItemSelectionModel::NoUpdate;
+  return QTreeView::selectionCommand(index, e);
+}
+
 // A line that is reached with the keys counts as clicked.
 void ArbreDocument::keyPressEvent(QKeyEvent* e) {
   const QPersistentModelIndex avant = currentIndex();

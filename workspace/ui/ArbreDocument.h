@@ -36,6 +36,8 @@ class ArbreDocument : public QTreeView {
   void MenuContexte(const QPoint& ecran);
 
  protected:
+  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* e = nullptr) const override;
   void keyPressEvent(QKeyEvent* e) override;
   void contextMenuEvent(QContextMenuEvent* e) override;
   void changeEvent(QEvent* e) override;

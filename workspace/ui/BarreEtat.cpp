@@ -14,10 +14,11 @@ namespace ovelin {
 namespace {
 
 constexpr int Images = 4;
-constexpr int PeriodeImage = 150;  // ms
-constexpr int CoteImage = 16;      // logical pixels
-constexpr int MargeBouton = 12;    // around the text of a button
-constexpr int MargeParole = 12;    // pixels
+constexpr int PeriodeImage = 150;   // ms
+constexpr int CoteImage = 16;       // logical pixels
+constexpr int MargeBouton = 12;     // around the text of a button
+constexpr int MargeParole = 12;     // pixels
+constexpr int EcartesAuMoins = 80;  // pixels of what was left out, that can be clicked
 
 }  // namespace
 
@@ -33,13 +34,14 @@ BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent), stop_(new BoutonStop
   parole_ = Etiquette("SB1_11", 0);
   parole_->setProperty("valeur", true);
   parole_->installEventFilter(this);
-  addWidget(parole_, 5);
+  addWidget(parole_, 20);  // before what was left out, which is a click away
   ecartes_ = new QToolButton(this);
   ecartes_->setObjectName(QStringLiteral("SB1_12"));
   ecartes_->setProperty("valeur", true);
   ecartes_->setAutoRaise(true);
   ecartes_->setFocusPolicy(Qt::StrongFocus);
   ecartes_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  ecartes_->setMinimumWidth(EcartesAuMoins);
   ecartes_->setVisible(false);
   ecartes_->installEventFilter(this);
   connect(ecartes_, &QToolButton::clicked, this,

@@ -10,10 +10,13 @@ namespace ovelin {
 
 namespace {
 
-constexpr double Marge = 3, Tete = 4;  // pixels; of an arrow's head
-constexpr double Haut = 12;            // above the sheet: room for the arrow of the width
-constexpr double Fond = 5;             // of the sheet below the cut
-constexpr double PartPont = 0.34;      // of the width of the drawing
+constexpr int HauteurDessin = 46;    // pixels, between the two fields
+constexpr double Marge = 3;          // at the sides, and above the lower field
+constexpr double Tete = 4;           // of an arrow's head
+constexpr double Haut = 13;          // above the sheet: room for the arrow of the width
+constexpr double Fond = 5;           // of the sheet below the cut
+constexpr double LargeurPont = 52;   // less than a field is wide
+constexpr double EcartHauteur = 10;  // from the bridge to the arrow of its height
 
 void Fleche(QPainter& p, const QPointF& a, const QPointF& b) {
   p.drawLine(a, b);
@@ -28,9 +31,24 @@ void Fleche(QPainter& p, const QPointF& a, const QPointF& b) {
 
 }  // namespace
 
-CoupeEncoche::CoupeEncoche(QWidget* parent) : QWidget(parent) {
+CoupeEncoche::CoupeEncoche(QWidget* parent) : QWidget(parent), grille_(new QGridLayout(this)) {
   setObjectName(QStringLiteral("Img_Encoche"));
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  grille_->setContentsMargins(0, 0, 0, 0);
+  grille_->setVerticalSpacing(0);
+  grille_->setRowMinimumHeight(1, HauteurDessin);
+  grille_->setColumnStretch(0, 1);
+}
+
+void CoupeEncoche::LogeLargeur(QWidget* nom, QWidget* champ) {
+  champLargeur_ = champ;
+  grille_->addWidget(nom, 0, 0);
+  grille_->addWidget(champ, 0, 1);
+}
+
+void CoupeEncoche::LogeHauteur(QWidget* nom, QWidget* champ) {
+  champHauteur_ = champ;
+  grille_->addWidget(nom, 2, 0);
+  grille_->addWidget(champ, 2, 1);
 }
 
 void CoupeEncoche::Montre(double largeur, double hauteur, double profondeur) {
@@ -45,24 +63,29 @@ double CoupeEncoche::Part() const {
   return profondeur_ > 0 ? std::min(hauteur_ / profondeur_, 1.0) : 1.0;
 }
 
-//        <---->              width
-//   =====      =====         what the tool leaves open lies between the sheet's edge and its bottom
-//        |    | ^
-//   _____|    |_v___         height
-//   ________________
+//                       [ 5 mm ]
+//                        <---->          width
+//   =====================      =====     what the tool leaves open lies between the sheet's edge and its bottom
+//                        |    | ^
+//   _____________________|    |_v___     height
+//   _____________________________|__
+//                       [ 1 mm ]
 void CoupeEncoche::paintEvent(QPaintEvent* /*e*/) {
+  if (champLargeur_ == nullptr || champHauteur_ == nullptr) return;
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
   const QColor matiere = GrisLisible(palette().color(QPalette::Window));
   const QColor encoche = CouleurLisible(EnCouleur(Regl.CouleurEncoche), palette().color(QPalette::Window));
-  const QRectF feuille = QRectF(rect()).adjusted(Marge, Haut, -Marge, -Marge);
+  const QRectF dessus = champLargeur_->geometry();
+  const QRectF dessous = champHauteur_->geometry();
+  const QRectF feuille(QPointF(Marge, dessus.bottom() + Haut), QPointF(width() - Marge, dessous.top() - Marge));
   const QRectF coupe = feuille.adjusted(0, 0, 0, -Fond);
   QColor plein = matiere;
   plein.setAlphaF(0.45F);
   p.fillRect(QRectF(feuille.left(), coupe.bottom(), feuille.width(), Fond), plein);
-  const double largeur = feuille.width() * PartPont;
   const double hauteur = coupe.height() * Part();
-  const QRectF pont(feuille.center().x() - largeur / 2, coupe.bottom() - hauteur, largeur, hauteur);
+  const double milieu = dessus.center().x();
+  const QRectF pont(milieu - LargeurPont / 2, coupe.bottom() - hauteur, LargeurPont, hauteur);
   p.fillRect(pont, plein);
   p.setPen(QPen(matiere, 1, Qt::DotLine));
   p.drawLine(feuille.topLeft(), feuille.topRight());
@@ -71,8 +94,12 @@ void CoupeEncoche::paintEvent(QPaintEvent* /*e*/) {
                           pont.topRight(),    pont.bottomRight(), coupe.bottomRight()};
   p.drawPolyline(bord, 6);
   p.setPen(QPen(encoche, 1.5));
-  Fleche(p, {pont.left(), Haut / 2}, {pont.right(), Haut / 2});
-  if (hauteur > 2 * Tete) Fleche(p, {pont.right() + 8, pont.top()}, {pont.right() + 8, pont.bottom()});
+  const double ligne = dessus.bottom() + Haut / 2;
+  p.drawLine(QPointF(milieu, dessus.bottom()), QPointF(milieu, ligne));
+  Fleche(p, {pont.left(), ligne}, {pont.right(), ligne});
+  const double cote = pont.right() + EcartHauteur;
+  p.drawLine(QPointF(cote, pont.bottom()), QPointF(cote, dessous.top()));
+  if (hauteur > 2 * Tete) Fleche(p, {cote, pont.top()}, {cote, pont.bottom()});
 }
 
 }  // namespace ovelin

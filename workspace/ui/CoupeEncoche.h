@@ -1,7 +1,7 @@
-// A section through a notch: the bridge that stays in the cut, with its two measures in the colours of their
-// arrows.
+// A section through a notch: the bridge that stays in the cut, with the fields of its two measures at their arrows.
 #pragma once
 
+#include <QGridLayout>
 #include <QWidget>
 
 namespace ovelin {
@@ -12,18 +12,20 @@ class CoupeEncoche : public QWidget {
  public:
   explicit CoupeEncoche(QWidget* parent = nullptr);
 
+  // The field of the width stands over the bridge, that of the height below it, each with its name before it.
+  void LogeLargeur(QWidget* nom, QWidget* champ);
+  void LogeHauteur(QWidget* nom, QWidget* champ);
   // Width and height of the bridge and depth of the cut, mm; the height counts up to the depth.
   void Montre(double largeur, double hauteur, double profondeur);
   // How high the bridge is drawn, of the depth: 0 for none, 1 for a bridge as high as the cut.
   [[nodiscard]] double Part() const;
 
-  [[nodiscard]] QSize sizeHint() const override { return {112, 44}; }
-  [[nodiscard]] QSize minimumSizeHint() const override { return {84, 40}; }
-
  protected:
   void paintEvent(QPaintEvent* e) override;
 
  private:
+  QGridLayout* grille_ = nullptr;
+  QWidget *champLargeur_ = nullptr, *champHauteur_ = nullptr;
   double largeur_ = 0, hauteur_ = 0, profondeur_ = 0;
 };
 

@@ -244,13 +244,19 @@ void F_Representation::Place() {
   commandes_->Coche("mnu_Panneau", panneau > 0);
 }
 
-// A window that has no place of its own yet stands beside this one where the screen has room for it, or else in the
-// lower right corner of the picture: the side panel is for the drawing that comes next.
-void F_Representation::PlaceFenetre(const char* nom) {
+// The window of moves by hand stands beside this one, where it has no place of its own yet and the screen has room
+// for it, or else in the lower right corner of the picture: the side panel is for the drawing that comes next. Over
+// the picture it is low until it is wanted, and the first screen keeps off it.
+void F_Representation::PlaceFenetre(const char* nom, bool neuve) {
   const QRect image(PB1_->mapToGlobal(QPoint(0, 0)), PB1_->size());
   for (QWidget* fenetre : QApplication::topLevelWidgets()) {
     if (fenetre->objectName() != QLatin1String(nom) || !fenetre->isVisible()) continue;
-    fenetre->move(PlaceACote(screen()->availableGeometry(), frameGeometry(), image, fenetre->frameSize()));
+    if (neuve) {
+      fenetre->move(PlaceACote(screen()->availableGeometry(), frameGeometry(), image, fenetre->frameSize()));
+    }
+    if (!fenetre->frameGeometry().intersects(image)) continue;
+    Svc.Pilotage(DemandePilotage::Plie);
+    vide_->LaisseLibre(image.bottom() + 1 - fenetre->frameGeometry().top());
   }
 }
 
@@ -326,7 +332,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
   if (!FenetreExiste || !FenetreExiste("F_PilMan")) return;
   const bool neuve = LireCle(std::string("F_PilMan") + cles::suffixe::Gauche, "").empty();
   Fenetre("F_PilMan");
-  if (neuve) PlaceFenetre("F_PilMan");
+  PlaceFenetre("F_PilMan", neuve);
   activateWindow();  // keys that are meant for the drawing move no machine
 }
 

@@ -65,7 +65,7 @@ class F_Representation : public QMainWindow {
   void Relie();
   void InstalleServices();
   void Place();  // where and how large the window was
-  void PlaceFenetre(const char* nom);
+  void PlaceFenetre(const char* nom, bool neuve);
   void RentreDansEcran();  // no edge lies beyond the screen
   void AppliqueTheme();
   [[nodiscard]] EtatFenetre EtatCourant() const;

@@ -146,13 +146,15 @@ void PageFraisage::AjouteChamp(QGridLayout* grille, const LigneOutil& ligne) {
   // The height is tested before the entry is looked at: one that got in by mistake is refused at each leaving.
   if (ligne.entre == EntreHautDeg) saisie->memeInchange = [] { return Regl.HautDeg < 0; };
   outil_.push_back({saisie, &ligne});
-  int rangee = grille->rowCount();
-  // The section stands above the two figures of the notches.
+  const int rangee = grille->rowCount();
+  QLabel* etiquette = Etiquette(ligne.etiquette, ligne.texte, champ);
+  // The two figures of the notches stand in their section.
   if (ligne.entre == EntreLargeurEncoche) {
     encoche_ = new CoupeEncoche;
-    grille->addWidget(encoche_, rangee++, 0, 1, 2, Qt::AlignHCenter);
+    grille->addWidget(encoche_, rangee, 0, 1, 2);
+    return encoche_->LogeLargeur(etiquette, champ);
   }
-  QLabel* etiquette = Etiquette(ligne.etiquette, ligne.texte, champ);
+  if (ligne.entre == EntreMiniEncoche) return encoche_->LogeHauteur(etiquette, champ);
   if (ligne.entre == EntreRayonFraise) {
     auto* cote = new QHBoxLayout;
     auto* diametre = new Equivalent("Lbl_Diametre");

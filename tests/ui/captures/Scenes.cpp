@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabBar>
@@ -21,6 +22,8 @@
 #include "gcode/ui/F_Gcode.h"
 #include "run/Module_GCode.h"
 #include "tests/ui/support/SupportUi.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/ProprietesSelection.h"
 #include "workspace/Module_Reprise.h"
 #include "workspace/ui/F_Representation.h"
 #include "workspace/ui/dialogues/F_Reprise.h"
@@ -60,6 +63,22 @@ void Pas(QWidget& fenetre) {
   QTest::keyClick(image, Qt::Key_Up, Qt::ShiftModifier);
   commande("mnu_Undo");
   commande("mnu_Historique");
+}
+
+// A pocket around an island: the fourth path of the plate around the third, with a tool that fits between them.
+void Ilot(QWidget& fenetre) {
+  essai::Controle<QTabBar>(fenetre, "Option1")->setCurrentIndex(1);
+  essai::Tape(*essai::Controle<QLineEdit>(fenetre, "TB_RayonFraise"), "1");
+  const auto seule = [](std::size_t choisie) {
+    ovelin::DeselectionneTout();
+    ovelin::BasculeSelection(ovelin::Sequences.at(choisie).Code);
+  };
+  seule(3);
+  ovelin::PocheSelection(true);
+  seule(2);
+  ovelin::IlotSelection(true);
+  essai::Controle<QWidget>(fenetre, "PB1")->setFocus();
+  ovelin::Svc.Rafraichit();
 }
 
 // The workshop with the drawing's own job, looked at that way, and a line in it that it refuses.
@@ -173,6 +192,7 @@ std::vector<Scene> Principales() {
       {"F_Representation-plaque-sequences", "plaque.dxf", true, Principale, Page(2, 2), {petite, moyenne}},
       {"F_Representation-enseigne", "enseigne.plt", true, Principale, Page(1, 0), {moyenne, grande}},
       {"F_Representation-poches", "plaque-poches.OVL", true, Principale, Page(2, 2), {moyenne}},
+      {"F_Representation-ilot", "plaque.dxf", true, Principale, Ilot, {moyenne}},
       {"F_Representation-historique", "plaque.dxf", true, Principale, Pas, {petite, moyenne}},
       {"F_Representation-attaches", "equerre-attaches.OVL", true, Principale, Page(1, 1), {moyenne}},
   };

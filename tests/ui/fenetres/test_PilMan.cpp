@@ -330,6 +330,40 @@ TEST_F(FPilMan, IsLoweredWhileSomebodyElseDrivesAndComesBack) {
   EXPECT_TRUE(B("Lbl_RAZ")->isEnabled());
 }
 
+TEST_F(FPilMan, OverTheDrawingIsLowUntilAHandIsInIt) {
+  Ouvre();
+  f_->move(40, 30);
+  const auto plie = [this] {
+    Svc.Pilotage(DemandePilotage::Plie);
+    essai::Evenements();
+    EXPECT_LE(f_->height(), 230);
+    EXPECT_EQ(f_->y() + f_->height(), 30 + 520) << "its foot stays";
+    EXPECT_FALSE(Image()->isVisible());
+  };
+  const auto entier = [this] {
+    essai::Evenements();
+    EXPECT_EQ(QRect(f_->pos(), f_->size()), QRect(40, 30, 470, 520));
+    EXPECT_TRUE(Image()->isVisible());
+  };
+  plie();
+  Clique(*B("Lbl_Motor"));
+  entier();
+  EXPECT_TRUE(Timer("TimerMotorOn")->isActive()) << "the press counts";
+  plie();
+  Touche(Qt::Key_F8);
+  entier();
+  plie();
+  Svc.Pilotage(DemandePilotage::Reduit);
+  Clique(*B("Lbl_Stop"));
+  essai::Evenements();
+  EXPECT_FALSE(Image()->isVisible()) << "while somebody else drives";
+  Svc.Pilotage(DemandePilotage::Retablit);
+  entier();
+  plie();
+  f_->close();
+  EXPECT_EQ(LireCleIni("F_PilMan_Top", ""), "450") << "twips, of the whole window";
+}
+
 TEST_F(FPilMan, KeepsItsPlaceAndWhatWasSet) {
   Ouvre();
   f_->move(40, 30);

@@ -11,6 +11,7 @@
 #include "image/PeintFichier.h"
 #include "image/ui/PeintScene.h"
 #include "tests/ui/image/Atelier.h"
+#include "workspace/Module_Image.h"
 
 namespace {
 
@@ -31,15 +32,14 @@ int Ecart(const QImage& a, const QImage& b, int x, int y) {
   return meilleur;
 }
 
-TEST(DeuxPeintres, ShowADocumentAlikeInLightAndInDark) {
+// The two squares, one of them selected and with a tab, by both painters.
+void Compare(OptionsScene options) {
   essai::DeuxCarres();
   LargeurEncoche = 5;
   ASSERT_TRUE(AjouteAttache(0, 20));
   BasculeSelection(Code2("AA"));
+  options.legende = false;
   for (const Theme theme : {Theme::Clair, Theme::Sombre}) {
-    OptionsScene options;
-    options.numPoint = options.sequence = true;
-    options.legende = false;
     const CadreImage cadre = CadreDocument(Doc, options);
     Scene scene;
     ConstruitScene(Doc, cadre.vue, cadre.taille, options, scene);
@@ -64,6 +64,19 @@ TEST(DeuxPeintres, ShowADocumentAlikeInLightAndInDark) {
     EXPECT_GT(encre, 3000);
     EXPECT_LT(differents, encre / 200);
   }
+}
+
+TEST(DeuxPeintres, ShowADocumentAlikeInLightAndInDark) {
+  OptionsScene options;
+  options.numPoint = options.sequence = true;
+  Compare(options);
+}
+
+TEST(DeuxPeintres, ShowTheQuietPictureAlikeInLightAndInDark) {
+  Regl.DessinSobre = Regl.DessinSaignee = true;
+  const OptionsScene options = OptionsDuDocument(true, true);
+  ASSERT_TRUE(options.sobre && options.outil.rayon > 0);
+  Compare(options);
 }
 
 }  // namespace

@@ -278,6 +278,30 @@ TEST_F(Fraisage, TheSectionShowsTheBridgeAsAPartOfTheDepth) {
   EXPECT_DOUBLE_EQ(C<CoupeEncoche>("Img_Encoche")->Part(), 0);
 }
 
+TEST_F(Fraisage, TheFieldsOfANotchStandAtTheirMeasuresInTheSection) {
+  page_->RemplitOutil();
+  Ouvre();
+  const auto* coupe = C<CoupeEncoche>("Img_Encoche");
+  const QRect largeur = C("TB_LargeurEncoche")->geometry();
+  const QRect hauteur = C("TB_MiniEncoche")->geometry();
+  ASSERT_EQ(C("TB_LargeurEncoche")->parentWidget(), coupe);
+  ASSERT_EQ(C("TB_MiniEncoche")->parentWidget(), coupe);
+  // The drawing between them has ink from the one to the other: in the middle of the upper field, where the arrow
+  // of the width hangs, and under the arrow of the height.
+  const QImage image = page_->grab().toImage();
+  const QPoint coin = coupe->mapTo(page_, QPoint());
+  const auto couleur = [&](int x, int y) {
+    return image.pixelColor((coin + QPoint(x, y)) * image.devicePixelRatio());
+  };
+  const QColor fond = couleur(coupe->width() - 1, largeur.bottom() + 2);
+  const auto encre = [&](int x, int y) { return couleur(x, y) != fond; };
+  EXPECT_TRUE(encre(largeur.center().x(), largeur.bottom() + 4));
+  bool sousPont = false;
+  for (int x = hauteur.left(); x <= hauteur.right(); ++x) sousPont = sousPont || encre(x, hauteur.top() - 2);
+  EXPECT_TRUE(sousPont);
+  EXPECT_FALSE(encre(hauteur.left() / 2, hauteur.top() - 2)) << "nothing beside it";
+}
+
 TEST_F(Fraisage, SidesHaveTheirOwnTips) {
   essai::EcritFichierEssai("OVELINen.trad", "[F_Representation]\r\ntt42=Left\r\ntt43=On\r\ntt44=Back\r\n");
   essai::ChoisitLangue("en");

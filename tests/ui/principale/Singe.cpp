@@ -1,11 +1,17 @@
 #include "tests/ui/principale/Singe.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
 #include <QScrollBar>
+#include <QTimer>
 #include <QTreeView>
 #include <QWheelEvent>
 #include <cmath>
@@ -13,11 +19,15 @@
 #include <filesystem>
 #include <set>
 
+#include "app/ovelin/Composition.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/ReglagesCourants.h"
+#include "core/RunCourant.h"
+#include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Annulation.h"
+#include "workspace/Module_Prise.h"
 #include "workspace/Module_Reprise.h"
 #include "workspace/Module_Vue.h"
 
@@ -55,6 +65,9 @@ void Singe::SetUp() {
     if (d.enregistrer) return Dossier() + "/singe" + std::to_string(Un(3)) + ".OVL";
     return Echantillon();
   };
+  for (const char* nom : {"F_Repeter", "F_Attaches"}) {
+    reponses_[nom] = [this, nom] { return RemplitDialogue(nom); };
+  }
   reponses_["F_Nettoyage"] = [this] {
     Regl.Resolution = static_cast<float>(Un(4)) * 0.1F;
     return true;
@@ -145,8 +158,132 @@ std::string Singe::Reprend() {
   return prise ? "recovered" : "recovery declined";
 }
 
+std::string Singe::AgitMenu() {
+  static const std::vector<const char*> Noms{"mnu_Undo",
+                                             "mnu_Tout",
+                                             "mnu_InverseSelection",
+                                             "mnu_Supprimer",
+                                             "mnu_ZoomPlus",
+                                             "mnu_ZoomMoins",
+                                             "mnu_Zoom1",
+                                             "mnu_ZoomSelection",
+                                             "mnu_NumPoint",
+                                             "mnu_Sequence",
+                                             "mnu_Lever",
+                                             "mnu_Optimisation",
+                                             "mnu_Nettoyage",
+                                             "mnu_Save",
+                                             "mnu_SaveAs",
+                                             "mnu_Ouvrir",
+                                             "mnu_Undo",
+                                             "mnu_Undo",
+                                             "mnu_Panneau",
+                                             "mnu_BD",
+                                             "mnu_Redo",
+                                             "mnu_Copier",
+                                             "mnu_Coller",
+                                             "mnu_Dupliquer",
+                                             "mnu_Trajets",
+                                             "mnu_Saignee",
+                                             "mnu_Sobre",
+                                             "mnu_Historique",
+                                             "mnu_Calque",
+                                             "mnu_Repeter",
+                                             "mnu_Attaches"};
+  QAction* action = Menu(Noms[static_cast<std::size_t>(Un(static_cast<int>(Noms.size())))]);
+  if (!action->isEnabled()) return "";
+  action->trigger();
+  return action->objectName().toStdString();
+}
+
+// A dialog is filled in with small numbers and left by one of its two buttons.
+bool Singe::RemplitDialogue(const char* nom) {
+  const auto fenetre = FaitFenetre(*ChercheFenetre(TableFenetres(), nom), nullptr);
+  Montre(*fenetre);
+  for (int i = Un(3); i > 0; --i) {
+    auto* champ = UnDe<QLineEdit>(*fenetre);
+    if (champ != nullptr) Tape(*champ, std::to_string(Un(6)));
+  }
+  Controle<QPushButton>(*fenetre, "Btn_OK")->click();
+  if (fenetre->isVisible()) Controle<QPushButton>(*fenetre, "Btn_Annuler")->click();
+  return static_cast<QDialog&>(*fenetre).result() == QDialog::Accepted;
+}
+
+// What the hand alone does: a drag of a path or of a grip in small steps, a mark of islands, a fold.
+std::string Singe::AgitMain() {
+  auto* image = C<ImagePB1>("PB1");
+  switch (Un(4)) {
+    case 0: {
+      auto* ilot = C<QCheckBox>("CB_Ilot");
+      if (!ilot->isEnabled()) return "";
+      ilot->click();
+      return "island";
+    }
+    case 1: {
+      auto* arbre = C<QTreeView>("TreeView1");
+      const QModelIndex groupe = arbre->model()->index(0, 0, arbre->model()->index(0, 0));
+      const QModelIndex pli = arbre->model()->index(200, 0, groupe);
+      if (!pli.isValid() || !arbre->isVisible()) return "";
+      arbre->expand(groupe);
+      arbre->scrollTo(pli);
+      QTest::mouseClick(arbre->viewport(), Qt::LeftButton, Touches(), arbre->visualRect(pli).center());
+      return "fold";
+    }
+    case 2:
+      return Un(8) == 0 ? AgitPasse() : "";
+    default:
+      break;
+  }
+  if (TraceInitial.empty()) return "";
+  const PointTrace& p = TraceInitial[static_cast<std::size_t>(Un(static_cast<int>(TraceInitial.size())))];
+  const Poignees prises = PoigneesDe(BoiteDe(Doc), image->Taille());
+  const PointEcran prise = Un(2) == 0 ? prises.tourne : prises.coins[Un(4)];
+  const QPoint depart = Un(2) == 0 ? PlaceDessin(p.X, p.Y) : (QPointF(prise.X, prise.Y) / TwipsParPixel).toPoint();
+  QTest::mousePress(image, Qt::LeftButton, Touches(), depart);
+  for (int i = 0; i < 3; ++i) {
+    const QPoint ici = Place(*image);
+    QMouseEvent e(QEvent::MouseMove, ici, image->mapToGlobal(ici), Qt::NoButton, Qt::LeftButton, Touches());
+    QApplication::sendEvent(image, &e);
+    image->grab();
+  }
+  if (Un(4) == 0) QTest::keyClick(image, Qt::Key_Escape);
+  QTest::mouseRelease(image, Qt::LeftButton, {}, Place(*image));
+  return "hand";
+}
+
+// Arrow keys while the tool path of a pocket of 3,000 points is computed, or Escape.
+std::string Singe::AgitPasse() {
+  if (OperationCarte) return "";
+  std::vector<std::pair<float, float>> xy;
+  constexpr int n = 3000;
+  for (int i = 0; i <= n; ++i) {
+    const double a = 2 * M_PI * (i % n) / n;
+    xy.emplace_back(static_cast<float>(100 + 30 * std::cos(a)), static_cast<float>(80 + 30 * std::sin(a)));
+  }
+  TraceInitial.clear();
+  Sequences.assign(1, {});
+  Complements.OublieTout();
+  AjouteSequence(" A", xy);
+  Sequences.back().Poche = Sequences.back().Selection = Vrai;
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  RecalculDecalages();
+  Svc.Rafraichit();
+  Evenements();
+  auto* image = C<ImagePB1>("PB1");
+  static const Qt::Key Cles[]{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Escape};
+  QTimer suite;
+  int pas = Un(5);
+  QObject::connect(&suite, &QTimer::timeout, &suite, [&] {
+    if (--pas < 0) return suite.stop();
+    QTest::keyClick(image, Cles[Un(5)]);
+  });
+  suite.start(2);
+  QTest::keyClick(image, Qt::Key_Right, Qt::ShiftModifier);
+  return "arrows in a pass";
+}
+
 std::string Singe::Agit() {
-  switch (Un(12)) {
+  switch (Un(13)) {
     case 0:
     case 1:
     case 2:
@@ -178,40 +315,10 @@ std::string Singe::Agit() {
       }
       return "tree";
     }
-    case 7: {
-      static const char* const Noms[]{"mnu_Undo",
-                                      "mnu_Tout",
-                                      "mnu_InverseSelection",
-                                      "mnu_Supprimer",
-                                      "mnu_ZoomPlus",
-                                      "mnu_ZoomMoins",
-                                      "mnu_Zoom1",
-                                      "mnu_ZoomSelection",
-                                      "mnu_NumPoint",
-                                      "mnu_Sequence",
-                                      "mnu_Lever",
-                                      "mnu_Optimisation",
-                                      "mnu_Nettoyage",
-                                      "mnu_Save",
-                                      "mnu_SaveAs",
-                                      "mnu_Ouvrir",
-                                      "mnu_Undo",
-                                      "mnu_Undo",
-                                      "mnu_Panneau",
-                                      "mnu_BD",
-                                      "mnu_Redo",
-                                      "mnu_Copier",
-                                      "mnu_Coller",
-                                      "mnu_Dupliquer",
-                                      "mnu_Trajets",
-                                      "mnu_Saignee",
-                                      "mnu_Sobre",
-                                      "mnu_Historique"};
-      QAction* action = Menu(Noms[Un(28)]);
-      if (!action->isEnabled()) return "";
-      action->trigger();
-      return action->objectName().toStdString();
-    }
+    case 7:
+      return AgitMenu();
+    case 11:
+      return AgitMain();
     case 8: {
       auto* combo = UnDe<QComboBox>();
       if (combo == nullptr) return "";

@@ -38,6 +38,10 @@ class Singe : public essai::Principale {
   // One action; what it was, for the message of a failure.
   std::string Agit();
   std::string AgitImage();
+  std::string AgitMenu();
+  std::string AgitMain();
+  std::string AgitPasse();
+  bool RemplitDialogue(const char* nom);
   std::string RouleSurListe();
   std::string Reprend();
   std::string Invariants();  // "" when the document is whole

@@ -130,6 +130,38 @@ TEST_F(SansDessin, ASmallWindowShowsFewerFilesAndNoneBeyondItsEdge) {
   }
 }
 
+TEST_F(SansDessin, ItsFilesKeepOffAWindowAtItsFoot) {
+  Charge();
+  Svc.FichierRecent(Exemple("plaque.dxf"));
+  essai::Evenements();
+  auto* accueil = C<Accueil>("Frame_Accueil");
+  ASSERT_FALSE(Cartes("Exemples").empty());
+  const int pied = accueil->height() / 2;
+  accueil->LaisseLibre(pied);
+  essai::Evenements();
+  EXPECT_EQ(Cartes("Recents").size(), 1U);
+  EXPECT_TRUE(Cartes("Exemples").empty());
+  const auto* carte = C<QToolButton>("Carte_Recents_0");
+  EXPECT_LE(carte->mapTo(accueil, QPoint(0, carte->height())).y(), accueil->height() - pied);
+  accueil->LaisseLibre(0);
+  EXPECT_FALSE(Cartes("Exemples").empty());
+}
+
+// As the window of moves by hand is where the screen has no room beside the main window.
+TEST_F(SansDessin, AWindowOverItIsAskedToBeLow) {
+  manuelle_ = true;
+  FenetreExiste = [](const std::string& nom) { return nom == "F_PilMan"; };
+  QWidget autre;
+  autre.setObjectName("F_PilMan");
+  autre.resize(470, 520);
+  reponses_["F_PilMan"] = [&autre] {
+    autre.show();
+    return true;
+  };
+  Charge();
+  EXPECT_EQ(essai::Vu().pilotage, std::vector{DemandePilotage::Plie});
+}
+
 TEST(PointsDuFichier, AreThoseOfTheDrawingAndNoneOfARefusedOrLargeOne) {
   const auto points = PointsDuFichier(essai::DossierExemples() + "/Carre.dxf", Regl);
   EXPECT_GE(points.size(), 5U);

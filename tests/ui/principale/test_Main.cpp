@@ -13,6 +13,7 @@
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
 #include "toolpath/chemins/TexteCopie.h"
+#include "workspace/Module_Annulation.h"
 #include "workspace/Module_Image.h"
 #include "workspace/Module_Prise.h"
 #include "workspace/Module_Souris.h"
@@ -36,6 +37,28 @@ TEST_F(ParLaMain, EscapeLaysTheToolDownAndThenDeselects) {
   EXPECT_FALSE(Selectionnes().empty());
   QTest::keyClick(image, Qt::Key_Escape);
   EXPECT_TRUE(Selectionnes().empty());
+}
+
+TEST_F(ParLaMain, EscapeTakesADragBack) {
+  Charge(Exemple("plaque.dxf"));
+  auto* image = C<ImagePB1>("PB1");
+  const auto avant = TraceInitial;
+  const int pas = NumeroInstantane();
+  const QPoint depart = PlaceDessin(TraceInitial[0].X, TraceInitial[0].Y);
+  QTest::mousePress(image, Qt::LeftButton, {}, depart);
+  QTest::mouseMove(image, depart + QPoint(30, 0));
+  QTest::mouseMove(image, depart + QPoint(40, 20));
+  essai::Evenements();
+  ASSERT_TRUE(Prise.tire);
+  QTest::keyClick(image, Qt::Key_Escape);
+  EXPECT_FALSE(Prise.tire);
+  QTest::mouseRelease(image, Qt::LeftButton, {}, depart + QPoint(40, 20));
+  essai::Evenements();
+  EXPECT_EQ(TraceInitial, avant);
+  const Historique h = HistoriqueCourant();
+  for (std::size_t i = static_cast<std::size_t>(pas); i < h.pas.size(); ++i)
+    EXPECT_TRUE(h.pas[i].changement.Muet());
+  EXPECT_FALSE(Selectionnes().empty()) << "the drag went, not the selection";
 }
 
 TEST_F(ParLaMain, CopyAndPasteByKeysIntoTheNextDrawing) {

@@ -10,8 +10,10 @@
 
 #include "app/ovelin/Composition.h"
 #include "core/DocumentCourant.h"
+#include "core/Nombres.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Module_Vue.h"
 #include "workspace/ui/F_Representation.h"
 
 namespace {
@@ -69,6 +71,17 @@ class MemeDocument : public essai::Principale {
     ASSERT_EQ(cli.exitCode(), 0) << cli.readAllStandardError().toStdString();
     EXPECT_GT(std::filesystem::file_size(fenetre), 2000U);
     EXPECT_EQ(essai::LitFichierEssai(fenetre), essai::LitFichierEssai(ligne));
+  }
+  // Tabs on the outline, which comes last; the holes have no room for one.
+  void PoseAttaches(const char* champ, const std::string& texte, const std::string& voeu) {
+    Ouvre();
+    Page(1);
+    essai::Tape(*C<QLineEdit>("TB_LargeurEncoche"), "3");
+    Ligne(static_cast<int>(Chemins()) - 1);
+    Repond("F_Attaches", {{champ, texte}});
+    Commande("mnu_Attaches");
+    Compare(R"({"op":"TB_LargeurEncoche","valeur":"3"}, )" + Choix(Chemins() - 1) + R"(, {"op":"PoseAttaches",)" +
+            voeu + "}");
   }
   [[nodiscard]] std::size_t Chemins() const { return codes_.size(); }
 
@@ -131,27 +144,59 @@ TEST_F(MemeDocument, RepeatedAroundAPoint) {
   Compare(Choix(0) + R"(, {"op":"RepeteEnRond","nombre":4,"angle":0.7853981633974483,"x":90,"y":70})");
 }
 
-// The outline comes last; the holes have no room for a tab.
-TEST_F(MemeDocument, WithTabsByNumber) {
+TEST_F(MemeDocument, WithTabsByNumber) { PoseAttaches("TB_Nombre", "3", R"("nombre":3)"); }
+
+TEST_F(MemeDocument, WithTabsByDistance) { PoseAttaches("TB_Pas", "80", R"("pas":80)"); }
+
+// A click at a place of the outline, with the tool of tabs.
+TEST_F(MemeDocument, WithATabByClick) {
   Ouvre();
   Page(1);
   essai::Tape(*C<QLineEdit>("TB_LargeurEncoche"), "3");
-  Ligne(static_cast<int>(Chemins()) - 1);
-  Repond("F_Attaches", {{"TB_Nombre", "3"}});
-  Commande("mnu_Attaches");
-  Compare(R"({"op":"TB_LargeurEncoche","valeur":"3"}, )" + Choix(Chemins() - 1) +
-          R"(, {"op":"PoseAttaches","nombre":3})");
+  Commande("mnu_Lever");
+  const auto bord = TraceInitial.end() - 10;
+  const float x = (bord[0].X + bord[1].X) / 2;
+  const float y = (bord[0].Y + bord[1].Y) / 2;
+  const QPoint place = PlaceDessin(x, y);
+  CliqueDessin(x, y);
+  const PointTrace ici = VersDessin(
+      Vue, C<ImagePB1>("PB1")->Taille().hauteur,
+      {static_cast<float>(place.x()) * TwipsParPixel, static_cast<float>(place.y()) * TwipsParPixel, CodePD, {}});
+  Compare(R"({"op":"TB_LargeurEncoche","valeur":"3"}, {"op":"AjouteAttache","x":)" + TexteNombre(ici.X) +
+          R"(,"y":)" + TexteNombre(ici.Y) + "}");
 }
 
-TEST_F(MemeDocument, WithTabsByDistance) {
+TEST_F(MemeDocument, DraggedByTheMouse) {
   Ouvre();
-  Page(1);
-  essai::Tape(*C<QLineEdit>("TB_LargeurEncoche"), "3");
-  Ligne(static_cast<int>(Chemins()) - 1);
-  Repond("F_Attaches", {{"TB_Pas", "80"}});
-  Commande("mnu_Attaches");
-  Compare(R"({"op":"TB_LargeurEncoche","valeur":"3"}, )" + Choix(Chemins() - 1) +
-          R"(, {"op":"PoseAttaches","pas":80})");
+  Ligne(0);
+  auto* image = C<ImagePB1>("PB1");
+  const QPoint depart = PlaceDessin(TraceInitial[0].X, TraceInitial[0].Y);
+  const QPoint pas(40, 30);
+  QTest::mousePress(image, Qt::LeftButton, {}, depart);
+  QTest::mouseMove(image, depart + pas / 2);
+  QTest::mouseMove(image, depart + pas);
+  QTest::mouseRelease(image, Qt::LeftButton, {}, depart + pas);
+  essai::Evenements();
+  const auto mm = [](int pixels) {
+    return TexteNombre(static_cast<float>(static_cast<double>(pixels) * TwipsParPixel / Zoom));
+  };
+  Compare(Choix(0) + R"(, {"op":"DeplaceSelection","direction":1,"distance":)" + mm(pas.x()) +
+          R"(}, {"op":"DeplaceSelection","direction":3,"distance":)" + mm(-pas.y()) + "}");
+}
+
+TEST_F(MemeDocument, ALayerOfIslandsLaterAndAPathLess) {
+  Ouvre();
+  Ligne(2);
+  Commande("mnu_Calque");
+  EXPECT_GT(Selectionnes().size(), 1U);
+  Clic("CB_Ilot");
+  Clic("CB_Ordre_1");
+  Ligne(0);
+  const std::string premier = Selectionnes().at(0);
+  Commande("mnu_Supprimer");
+  Compare(Choix(2) + R"(, {"op":"SelectionneCalque"}, {"op":"CB_Ilot","valeur":true}, {"op":"CB_Ordre","index":1},
+    {"op":"Selectionne","codes":[")" +
+          premier + R"("]}, {"op":"SupprimeSelection"})");
 }
 
 TEST_F(MemeDocument, Scaled) {

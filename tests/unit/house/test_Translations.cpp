@@ -157,6 +157,36 @@ TEST(Translations, TheFrenchOfAWindowIsThatOfItsTranslation) {
   EXPECT_GT(francais, 40);
 }
 
+// A question says on its buttons what they do; "Oui" and "OK" say it nowhere but in the words above them. Where the
+// buttons are chosen in a statement of their own the reader of the change looks.
+TEST(Translations, AQuestionHasVerbsOnItsButtons) {
+  static const std::regex Question(R"((?:Message|BoiteDe|BoiteLignesRefusees|Question)\(\s*Textes::(\w+)[^;]*;)");
+  const Cles fr = LitTraduction("fr");
+  std::set<std::string> vues;
+  for (const char* dossier :
+       {"controller", "core", "database", "gcode", "machine", "manual", "run", "toolpath", "workspace"}) {
+    for (const auto& fichier : fs::recursive_directory_iterator(fs::path(essai::DossierSource()) / dossier)) {
+      if (fichier.path().extension() != ".cpp") continue;
+      const std::string source = Lit(fichier.path());
+      for (std::sregex_iterator i(source.begin(), source.end(), Question), fin; i != fin; ++i) {
+        const std::string instruction = i->str();
+        const bool ouiNon = instruction.find("Boutons::OuiNon") != std::string::npos;
+        const bool annuler =
+            instruction.find("Boutons::OkAnnuler") != std::string::npos || instruction.starts_with("Question");
+        if (ouiNon || annuler) vues.insert((*i)[1].str() + (ouiNon ? "/_Oui" : "/_OK"));
+      }
+    }
+  }
+  EXPECT_GT(vues.size(), 15U);
+  for (const std::string& vue : vues) {
+    const std::string nom = vue.substr(0, vue.find('/'));
+    for (const auto& [texte, cle] : ovelin::Textes::Tous) {
+      if (texte != nom) continue;
+      EXPECT_TRUE(fr.contains(Place(cle) + vue.substr(vue.find('/') + 1))) << nom;
+    }
+  }
+}
+
 // Texts without a control have keys of "lib" and a number, and bare numbers in "erreurs".
 TEST(Translations, EveryFreeTextHasAName) {
   static const std::regex Libre(R"(\w+/[Ll]ib\d.*|erreurs/.*)");

@@ -73,6 +73,92 @@ TEST(OrdreCourt, IsWithinFivePercentOnAGridOf200) {
   EXPECT_LE(LongueurAir(etapes, ordre), 1.05 * 201 * 10);
 }
 
+// What no closed tour through these places can be shorter than: the tree of least length over all but the first,
+// and the two shortest moves from that one, with prices on the places that draw the tree towards a tour (Held and
+// Karp, "The traveling-salesman problem and minimum spanning trees", 1970).
+class BorneTournee {
+ public:
+  explicit BorneTournee(std::vector<LieuTournee> lieux) : lieux_(std::move(lieux)), prix_(lieux_.size()) {}
+
+  // `longueur` of some tour, which only says how far the prices step.
+  double Cherche(double longueur) {
+    double pas = 2;
+    double meilleure = 0;
+    for (int essai = 0, vain = 0; essai < 600; ++essai) {
+      const double borne = Arbre();
+      vain = borne > meilleure ? 0 : vain + 1;
+      meilleure = std::max(meilleure, borne);
+      if (vain >= 12) pas /= 2, vain = 0;
+      double carre = 0;
+      for (const int d : degres_) carre += (d - 2) * (d - 2);
+      if (carre == 0) break;
+      for (std::size_t i = 0; i < prix_.size(); ++i)
+        prix_[i] += pas * (longueur - borne) / carre * (degres_[i] - 2);
+    }
+    return meilleure;
+  }
+
+ private:
+  [[nodiscard]] double Cout(std::size_t i, std::size_t j) const {
+    return std::hypot(lieux_[i].x - lieux_[j].x, lieux_[i].y - lieux_[j].y) + prix_[i] + prix_[j];
+  }
+  // Its length at the prices of now, without the prices that every tour pays.
+  double Arbre() {
+    const std::size_t n = lieux_.size();
+    std::vector<double> proche(n, std::numeric_limits<double>::infinity());
+    std::vector<std::size_t> pere(n, 1);
+    std::vector<bool> dedans(n);
+    degres_.assign(n, 0);
+    double somme = -2 * std::accumulate(prix_.begin(), prix_.end(), 0.0);
+    for (std::size_t i = 1, prises = 1;; ++prises) {
+      dedans[i] = true;
+      if (prises == n - 1) break;
+      std::size_t suivant = 0;
+      for (std::size_t j = 1; j < n; ++j) {
+        if (dedans[j]) continue;
+        if (Cout(i, j) < proche[j]) proche[j] = Cout(i, j), pere[j] = i;
+        if (suivant == 0 || proche[j] < proche[suivant]) suivant = j;
+      }
+      somme += proche[suivant];
+      ++degres_[suivant];
+      ++degres_[pere[suivant]];
+      i = suivant;
+    }
+    std::vector<std::size_t> autres = Suite(n);
+    autres.erase(autres.begin());
+    std::partial_sort(autres.begin(), autres.begin() + 2, autres.end(),
+                      [this](std::size_t a, std::size_t b) { return Cout(0, a) < Cout(0, b); });
+    for (const std::size_t i : {autres[0], autres[1]}) somme += Cout(0, i), ++degres_[i], ++degres_[0];
+    return somme;
+  }
+
+  std::vector<LieuTournee> lieux_;
+  std::vector<double> prix_;
+  std::vector<int> degres_;
+};
+
+TEST(BorneTournee, OfPlacesOnACircleIsTheirOutline) {
+  std::vector<LieuTournee> lieux;
+  for (int i = 0; i < 12; ++i) lieux.push_back({10 * std::cos(i * M_PI / 6), 10 * std::sin(i * M_PI / 6)});
+  EXPECT_NEAR(BorneTournee(lieux).Cherche(100), 12 * 20 * std::sin(M_PI / 12), 1e-6);
+}
+
+TEST(OrdreCourt, IsWithinFivePercentOfWhatNoTourOf200CanBeShorterThan) {
+  for (const unsigned graine : {1U, 2U, 3U}) {
+    std::mt19937 hasard(graine);
+    std::vector<Etape> etapes;
+    std::vector<LieuTournee> lieux{{0, 0}};
+    for (int i = 0; i < 200; ++i) {
+      etapes.push_back(En(Tire(hasard, 3000) / 10, Tire(hasard, 2000) / 10));
+      lieux.push_back(etapes.back().entree);
+    }
+    const double longueur = LongueurAir(etapes, OrdreCourt(etapes));
+    const double borne = BorneTournee(lieux).Cherche(longueur);
+    EXPECT_GT(borne, longueur / 2);
+    EXPECT_LE(longueur, 1.05 * borne) << graine;
+  }
+}
+
 TEST(OrdreCourt, FindsTheBestOrderOfEightAmongAllOfThem) {
   std::mt19937 hasard(11);
   for (int essai = 0; essai < 5; ++essai) {

@@ -7,6 +7,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "tests/support/Support.h"
+#include "tests/unit/workspace/DeuxArbres.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Arbres.h"
@@ -103,10 +104,7 @@ TEST(OuvreDessinLu, CallsAPenInTheLanguageInForce) {
 TEST(Arbre, BothTreesTellLayerAndColourOfAPath) {
   Regl.Langue = "en";
   Ouvre(DeuxCalques());
-  Arbre dessin, trajet;
-  Remplissage_Trace_Initial(dessin);
-  Remplissage_Trace_Decale(trajet);
-  for (const Arbre& arbre : {dessin, trajet}) {
+  for (const Arbre& arbre : essai::DeuxArbres()) {
     ASSERT_EQ(arbre.groupes.size(), 3U);
     EXPECT_EQ(arbre.Nom(0), "Line 20.0, -3.0, Coupe");
     EXPECT_EQ(arbre.Nom(1), "Line 20.0, -3.0, Gravure");

@@ -199,12 +199,14 @@ TEST(TexteChangement, SaysWhatAndHowMany) {
   Regl.Langue = "fr";
   EXPECT_EQ(TexteChangement({S::Deplacement, 3}), "Déplacement, 3 séquences");
   EXPECT_EQ(TexteChangement({S::Poche, 1}), "Poche, 1 séquence");
+  EXPECT_EQ(TexteChangement({S::Ilot, 2}), "Îlot, 2 séquences");
   EXPECT_EQ(TexteChangement({S::Affichage, 0}), "Vue");
   Regl.Langue = "en";
   EXPECT_EQ(TexteChangement({S::Deplacement, 3}), "Moved, 3 paths");
+  EXPECT_EQ(TexteChangement({S::Calque, 1}), "Layer, 1 path");
 }
 
-TEST(ChangementEntre, WhatStandsBesideTheRecordsIsAPropertyOfItsPaths) {
+TEST(ChangementEntre, WhatStandsBesideTheRecordsHasItsNameToo) {
   const Etat etat = Depart();
   TableComplements avant;
   TableComplements apres;
@@ -214,8 +216,9 @@ TEST(ChangementEntre, WhatStandsBesideTheRecordsIsAPropertyOfItsPaths) {
     return ChangementEntre({etat.points, etat.fiches, etat.reglages, de},
                            {etat.points, etat.fiches, etat.reglages, vers});
   };
-  EXPECT_EQ(entre(&avant, &apres), (Changement{S::Proprietes, 1}));
-  EXPECT_EQ(entre(nullptr, &apres), (Changement{S::Proprietes, 1}));
+  EXPECT_EQ(entre(&avant, &apres), (Changement{S::Ilot, 1}));
+  EXPECT_EQ(entre(nullptr, &avant), (Changement{S::Calque, 1}));
+  EXPECT_EQ(entre(nullptr, &apres), (Changement{S::Proprietes, 1})) << "two at once";
   EXPECT_EQ(entre(&avant, &avant), (Changement{S::Affichage, 0}));
 }
 

@@ -25,6 +25,7 @@
 #include "tests/support/Support.h"
 #include "workspace/FinCycle.h"
 #include "workspace/Module_Cycle.h"
+#include "workspace/Module_Demarrage.h"
 
 namespace {
 
@@ -413,6 +414,49 @@ TEST(LitPlacement, ValuesThatNoScreenHasDoNotOverflow) {
   EXPECT_GT(p.largeur, 0);
   EXPECT_EQ(p.hauteur, 1);
   EXPECT_LT(p.gauche, 0);
+}
+
+TEST(Demarre, TheFirstStartWritesTheDefaultSettingsAndThePresets) {
+  const std::string config = essai::Dossier() + "/config";
+  std::filesystem::create_directories(config);
+  essai::Attend("erreurs", "401", Reponse::Ok);
+  OptionsDemarrage options;
+  options.dossierExecutable = essai::Dossier();
+  options.config = config;
+  options.locale = "de_DE.UTF-8";
+  ASSERT_EQ(DemarreProgramme(options), "");
+  EXPECT_EQ(TableDefaut, "OVELIN");
+  EXPECT_EQ(Regl.Langue, "de");
+  EXPECT_EQ(LitFiches().size(), 5U);
+  EXPECT_EQ(LireCleSection("table_OVELIN", "COMBO_SAV_0", ""), "0");
+  // The second start asks nothing and reads the same.
+  ASSERT_EQ(DemarreProgramme(options), "");
+  EXPECT_EQ(TableDefaut, "OVELIN");
+}
+
+TEST(Demarre, AFolderThatCantBeWrittenGoesOnWithTheBuiltInValues) {
+  const std::string config = essai::EcritFichierEssai("fichier", "no folder") + "/dossier";
+  essai::Attend("erreurs", "401", Reponse::Ok);
+  OptionsDemarrage options;
+  options.dossierExecutable = essai::Dossier();
+  options.config = config;
+  const std::string raison = DemarreProgramme(options);
+  EXPECT_NE(raison.find("OVELIN.ini"), std::string::npos);
+  EXPECT_EQ(RayonFraise, 3);
+  EXPECT_EQ(TableDefaut, "KR4400");
+}
+
+TEST(Demarre, OptionsStandBeforeTheKeysAndANewFolderIsMade) {
+  const std::string config = essai::Dossier() + "/un/nouveau";
+  essai::Attend("erreurs", "401", Reponse::Ok);
+  OptionsDemarrage options;
+  options.dossierExecutable = essai::Dossier();
+  options.config = config;
+  options.langue = "it";
+  options.table = "Autre";
+  ASSERT_EQ(DemarreProgramme(options), "");
+  EXPECT_EQ(Regl.Langue, "it");
+  EXPECT_EQ(TableDefaut, "Autre");
 }
 
 }  // namespace

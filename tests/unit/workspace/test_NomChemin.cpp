@@ -7,6 +7,7 @@
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "tests/support/Support.h"
+#include "tests/unit/workspace/DeuxArbres.h"
 #include "toolpath/Module_Decalage.h"
 #include "workspace/Module_Arbres.h"
 #include "workspace/NomChemin.h"
@@ -93,17 +94,15 @@ TEST(Arbre, BothTreesNameTheirPaths) {
   essai::AjouteCarre(" B", 100, 0, 30, 1, -5);
   NbPoints = static_cast<std::int32_t>(TraceInitial.size());
   RecalculDecalages();
-  Arbre dessin, trajet;
-  Remplissage_Trace_Initial(dessin);
-  Remplissage_Trace_Decale(trajet);
-  for (const Arbre& arbre : {dessin, trajet}) {
+  const auto arbres = essai::DeuxArbres();
+  for (const Arbre& arbre : arbres) {
     ASSERT_EQ(arbre.groupes.size(), 2U);
     EXPECT_EQ(arbre.Nom(0), "Outline 40.0 x 40.0, -3.0");
     EXPECT_EQ(arbre.Nom(1), "Outline 30.0 x 30.0, -5.0");
     EXPECT_EQ(arbre.Nom(2), "");
   }
   Sequences[1].Profondeur = -6;
-  EXPECT_EQ(dessin.Nom(1), "Outline 30.0 x 30.0, -6.0") << "as it stands now";
+  EXPECT_EQ(arbres[0].Nom(1), "Outline 30.0 x 30.0, -6.0") << "as it stands now";
 }
 
 }  // namespace

@@ -14,7 +14,8 @@ namespace ovelin {
 namespace {
 
 constexpr float CotePoignee = 8 * TwipsParPixel;
-constexpr double EcartTexte = 14;  // pixels, from the pointer's path to the figures
+constexpr float HampeVue = 19 * TwipsParPixel;  // from the box, whose figures stand above it, to what is seen of it
+constexpr double EcartTexte = 14;               // pixels, from the pointer to the figures
 
 QPointF Pixel(const PointEcran& p) {
   return {static_cast<double>(p.X) / TwipsParPixel, static_cast<double>(p.Y) / TwipsParPixel};
@@ -27,7 +28,7 @@ void ImagePrise::PeintPoignees(QPainter& peintre, const TailleImage& taille, con
   if (boite.vide) return;
   const Poignees p = PoigneesDe(boite, taille);
   Scene scene;
-  const PointEcran haut{p.tourne.X, p.coins[0].Y};
+  const PointEcran haut{p.tourne.X, p.coins[0].Y - HampeVue};
   scene.AjouteSegment(Role::CadreSelection, haut, p.tourne);
   scene.AjouteDisque(Role::Poignee, p.tourne, CotePoignee / 2);
   Primitive carres;
@@ -46,6 +47,20 @@ void ImagePrise::PeintAttache(QPainter& peintre, const TailleImage& taille, cons
   Scene scene;
   scene.AjouteDisque(Role::Poignee, {p.X, p.Y}, CotePoignee * 0.75F);
   PeintScene(peintre, scene, couleurs);
+}
+
+// The figures beside the pointer, wherever in the picture that is.
+void ImagePrise::PeintTexte(QPainter& peintre, const TailleImage& taille, const Palette& couleurs) {
+  const QString texte = QString::fromStdString(TexteTirage());
+  const QRectF image(QPointF(0, 0), Pixel({taille.largeur, taille.hauteur}));
+  const QPointF pointeur = Pixel(Prise.pointeur);
+  const QRectF lettres = QFontMetricsF(peintre.font()).boundingRect(texte).adjusted(-4, -2, 4, 2);
+  QPointF ou = pointeur + QPointF(EcartTexte, -EcartTexte);
+  if (lettres.translated(ou).right() > image.right()) ou.setX(pointeur.x() - EcartTexte - lettres.right());
+  if (lettres.translated(ou).top() < image.top()) ou.setY(pointeur.y() + EcartTexte - lettres.top());
+  peintre.fillRect(lettres.translated(ou), EnCouleur(couleurs.papier));
+  peintre.setPen(EnCouleur(couleurs[Role::Fantome].couleurTexte));
+  peintre.drawText(ou, texte);
 }
 
 void ImagePrise::Peint(QPainter& peintre, const TailleImage& taille, const OptionsScene& options,
@@ -74,12 +89,7 @@ void ImagePrise::Peint(QPainter& peintre, const TailleImage& taille, const Optio
   peintre.translate(-centre);
   PeintScene(peintre, contour_, couleurs);
   peintre.restore();
-  const QString texte = QString::fromStdString(TexteTirage());
-  const QPointF ou = centre + QPointF(Prise.dx, -Prise.dy) * parMm + QPointF(EcartTexte, -EcartTexte);
-  const QRectF place = QFontMetricsF(peintre.font()).boundingRect(texte).translated(ou).adjusted(-4, -2, 4, 2);
-  peintre.fillRect(place, EnCouleur(couleurs.papier));
-  peintre.setPen(EnCouleur(couleurs[Role::Fantome].couleurTexte));
-  peintre.drawText(ou, texte);
+  PeintTexte(peintre, taille, couleurs);
 }
 
 }  // namespace ovelin

@@ -18,6 +18,7 @@ class ImagePrise {
 
  private:
   static void PeintAttache(QPainter& peintre, const TailleImage& taille, const Palette& couleurs);
+  static void PeintTexte(QPainter& peintre, const TailleImage& taille, const Palette& couleurs);
   void PeintPoignees(QPainter& peintre, const TailleImage& taille, const Palette& couleurs) const;
 
   Scene contour_;
