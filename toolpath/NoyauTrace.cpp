@@ -213,11 +213,14 @@ bool CalculeTraces(const Document& document, std::span<const Code2> codes, const
   return uneReussie;
 }
 
-void NumeroteTraces(std::vector<SequenceDecalee>& traces) {
+void NumeroteTraces(std::vector<SequenceDecalee>& traces, std::span<const Code2> sauf) {
+  std::unordered_set<std::uint32_t> gardes;
+  for (const Code2 code : sauf) gardes.insert(code.Cle());
   long numero = 0;
   for (SequenceDecalee& d : traces) {
     if (d.Points.empty()) continue;
     const Code2 seq = NumeroTrace(++numero);
+    if (gardes.contains(d.Seq.Cle())) continue;
     for (PointTrace& p : d.Points) p.Seq = seq;
   }
 }
