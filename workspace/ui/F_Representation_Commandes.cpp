@@ -351,7 +351,11 @@ void F_Representation::ChoisitMateriau(int rang) {
   }
   if (rang > 0) {
     if (const auto illisible = FicheIllisible(rang)) AvertitValeurs({*illisible});
-    AppliqueMateriau(rang);
+    const std::string avant = MateriauCourant;
+    if (!AppliqueMateriau(rang) && MateriauCourant == avant) {  // taken back
+      QComboBox* combo = commandes_->CB_BD();
+      combo->setCurrentIndex(std::max(0, combo->findText(QString::fromStdString(avant))));
+    }
   }
   panneau_->Fraisage()->RemplitOutil();
   panneau_->InitSeq();
