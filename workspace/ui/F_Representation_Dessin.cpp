@@ -77,6 +77,7 @@ bool F_Representation::MenePasse(const PasseInterruptible& passe) {
 void F_Representation::MontreSansTrajet() {
   if (ouverture_) return;
   vide_->setVisible(TraceInitial.size() < 2);
+  if (!commandes_->Action("mnu_Zoom1")->isEnabled()) mnu_Zoom1(PB1_->Taille());  // the first of this sheet
   alerte_->hide();
   PB1_->Montre();
 }

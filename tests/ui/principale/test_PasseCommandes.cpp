@@ -329,6 +329,7 @@ TEST_F(CommandesPendantPasse, ATextOnAnEmptySheetIsShownAtOnceAndLeavesItEmpty) 
              vu = true;
              EXPECT_FALSE(C<QWidget>("Frame_Accueil")->isVisible());
              EXPECT_NE(C<ImagePB1>("PB1")->Image(), vide);
+             EXPECT_GT(PlaceDessin(50, 30).x() - PlaceDessin(10, 30).x(), C<ImagePB1>("PB1")->height() / 2);
            },
            [this] { Presse(Qt::Key_Escape); }});
   Menu("mnu_Texte")->trigger();
