@@ -145,10 +145,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Commande{"Lissage", [] {}, [] { LisseSelection(); }},
                     Commande{"Copie", [] { Choisit({" B"}); }, [] { DupliqueSelection(10, 10); }},
                     Commande{"DepartVinyl", [] {}, [] { ChoixDepart(3); }},
-                    Commande{"Prolongement", [] {},
-                             [] {
-                               if (RegleProlongement(true)) Modifie = Vrai;
-                             }},
+                    Commande{"Prolongement", [] {}, [] { RegleProlongement(true); }},
                     Commande{"Texte", [] {}, [] { GenereTexte("x", "DejaVu Sans", 0, 0); }},
                     Commande{"Attache", [] {}, [] { AjouteAttache(60, 30); }},
                     Commande{"AttacheEnlevee",
