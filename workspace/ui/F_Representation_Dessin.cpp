@@ -84,6 +84,7 @@ void F_Representation::MontreSansTrajet() {
 
 // The trees have not followed the change.
 void F_Representation::ChangementRepris() {
+  repris_ = true;
   panneau_->InitSeq();
   panneau_->Fraisage()->SuitOutil();
   vide_->setVisible(TraceInitial.size() < 2);

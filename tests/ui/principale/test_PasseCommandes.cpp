@@ -197,6 +197,7 @@ TEST_F(CommandesPendantPasse, Smoothing) {
 TEST_F(CommandesPendantPasse, ACopyBeside) {
   GrandePoche();
   Verifie([this] { Menu("mnu_Dupliquer")->trigger(); });
+  EXPECT_EQ(essai::Bips(), 0);
 }
 
 TEST_F(CommandesPendantPasse, AMaterial) {
