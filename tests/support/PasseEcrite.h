@@ -1,11 +1,14 @@
-// The worker of a window as a script: what the user does before the kernel of a pass runs. It runs on this thread.
+// The worker of a window as a script: what the user does before the kernel of a pass runs, on this thread, or while
+// it runs on another one.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <deque>
 #include <functional>
+#include <thread>
 #include <utility>
+#include <vector>
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
@@ -23,13 +26,19 @@ class PasseEcrite {
       ++passes;
       seule = passe.seule;
       bool echappe = false;
+      std::thread fil;
+      if (aCote) fil = std::thread(passe.noyau);
       if (!script.empty()) {
         const auto pas = std::move(script.front());
         script.pop_front();
         echappe = pas();
       }
       if (echappe) passe.arrete();
-      passe.noyau();
+      if (fil.joinable()) {
+        fil.join();
+      } else {
+        passe.noyau();
+      }
       passe.pouls();
       return echappe;
     };
@@ -51,6 +60,7 @@ class PasseEcrite {
   // One step a kernel; true: Escape.
   std::deque<std::function<bool()>> script;
   int passes = 0, repris = 0, rafraichis = 0;
+  bool aCote = false;                        // a thread of its own for each kernel
   bool seule = false;                        // of the last one
   std::vector<ovelin::PointTrace> montrees;  // the drawing as the picture showed it last without a path
   std::size_t tracesMontrees = 0;

@@ -105,6 +105,12 @@ TEST_P(PasseCommandes, IsInForceWholeOrNotAtAllWithAnArrowMeanwhile) {
   VerifieCommande(passe_, GetParam().fait, [] { Deplacement_Selection(Direction::X, 0.25F); });
 }
 
+TEST_P(PasseCommandes, IsTheSameWithTheKernelOnAThreadOfItsOwn) {
+  GetParam().prepare();
+  passe_.aCote = true;
+  VerifieCommande(passe_, GetParam().fait, [] { Deplacement_Selection(Direction::Y, 0.5F); });
+}
+
 TEST_P(PasseCommandes, IsInForceWholeOrNotAtAllWithAFieldOfTheToolMeanwhile) {
   GetParam().prepare();
   VerifieCommande(passe_, GetParam().fait, [] { EntreRayonFraise("2"); });
