@@ -8,12 +8,12 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/NettoieChemin.h"
 #include "toolpath/PasseTraces.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 

@@ -11,13 +11,13 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Textes.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/NettoieChemin.h"
 #include "toolpath/PasseTraces.h"
 #include "toolpath/chemins/CodesNeufs.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 

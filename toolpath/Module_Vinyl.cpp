@@ -9,8 +9,8 @@
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/PasseTraces.h"
-#include "toolpath/Prolongement.h"
 #include "toolpath/chemins/NoyauOrdre.h"
+#include "toolpath/traces/Prolongement.h"
 
 namespace ovelin {
 

@@ -5,8 +5,8 @@
 #include "base/Indices.h"
 #include "core/Cadence.h"
 #include "core/Services.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/chemins/Etendues.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 

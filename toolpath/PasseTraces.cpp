@@ -14,7 +14,7 @@
 #include "toolpath/CalculDecalage.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/NoyauPasse.h"
+#include "toolpath/traces/NoyauPasse.h"
 
 namespace ovelin {
 

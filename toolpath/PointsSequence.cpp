@@ -10,9 +10,9 @@
 #include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "toolpath/CalculDecalage.h"
-#include "toolpath/Ilots.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/NoyauPasse.h"
+#include "toolpath/traces/Ilots.h"
+#include "toolpath/traces/NoyauPasse.h"
 
 namespace ovelin {
 

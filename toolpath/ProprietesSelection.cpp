@@ -10,10 +10,10 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "toolpath/Deroulement.h"
-#include "toolpath/Ilots.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/PasseTraces.h"
+#include "toolpath/traces/Ilots.h"
 
 namespace ovelin {
 

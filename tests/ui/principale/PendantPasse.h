@@ -19,9 +19,9 @@
 #include "base/Arret.h"
 #include "core/DocumentCourant.h"
 #include "tests/ui/principale/FenetrePrincipale.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/traces/Bibliotheque.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Travail.h"
 

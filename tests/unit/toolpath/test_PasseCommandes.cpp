@@ -10,7 +10,6 @@
 #include "core/ReglagesCourants.h"
 #include "tests/support/PasseEcrite.h"
 #include "tests/support/Support.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/ChampsOutil.h"
 #include "toolpath/Module_Copie.h"
 #include "toolpath/Module_Decalage.h"
@@ -20,6 +19,7 @@
 #include "toolpath/Module_Texte.h"
 #include "toolpath/Module_Transforme.h"
 #include "toolpath/Module_Vinyl.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 using namespace ovelin;
 using namespace essai;

@@ -10,9 +10,9 @@
 
 #include "core/Document.h"
 #include "core/Reglages.h"
-#include "toolpath/Ilots.h"
-#include "toolpath/TableTraces.h"
 #include "toolpath/chemins/Etendues.h"
+#include "toolpath/traces/Ilots.h"
+#include "toolpath/traces/TableTraces.h"
 
 namespace ovelin {
 

@@ -1,4 +1,4 @@
-#include "toolpath/NoyauTrace.h"
+#include "toolpath/traces/NoyauTrace.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -14,9 +14,9 @@
 #include "core/Gestes.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
-#include "toolpath/Bibliotheque.h"
-#include "toolpath/Encoches.h"
-#include "toolpath/Prolongement.h"
+#include "toolpath/traces/Bibliotheque.h"
+#include "toolpath/traces/Encoches.h"
+#include "toolpath/traces/Prolongement.h"
 
 namespace ovelin {
 

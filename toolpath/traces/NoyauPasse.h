@@ -9,7 +9,7 @@
 
 #include "base/Arret.h"
 #include "core/Document.h"
-#include "toolpath/NoyauTrace.h"
+#include "toolpath/traces/NoyauTrace.h"
 
 namespace ovelin {
 

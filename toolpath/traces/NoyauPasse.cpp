@@ -1,12 +1,12 @@
-#include "toolpath/NoyauPasse.h"
+#include "toolpath/traces/NoyauPasse.h"
 
 #include <algorithm>
 #include <cstring>
 #include <unordered_set>
 #include <utility>
 
-#include "toolpath/Ilots.h"
 #include "toolpath/chemins/Etendues.h"
+#include "toolpath/traces/Ilots.h"
 
 namespace ovelin {
 
