@@ -3,17 +3,21 @@
 // window without a screen. Wanted: no gap above 100 ms.
 //   build/bench/bin/bench_alive [POINTS_PER_CONTOUR CONTOURS [NOISE_MM]] [--where MS]
 //   build/bench/bin/bench_alive --arrows [POINTS_PER_CONTOUR CONTOURS]
+//   build/bench/bin/bench_alive --turn [POINTS_PER_CONTOUR CONTOURS]
 // With --where the place behind each gap longer than that is told, as addresses for addr2line. --arrows: ten
 // presses of an arrow key on 784,000 points, the time until the picture shows the first and until the
-// tool path of all is there; without a pass that may be ended, as it was before there was one, and with it.
+// tool path of all is there; without a pass that may be ended, as it was before there was one, and with it. --turn:
+// the same of a rotation, and of the undo of it; one after the other, each from where the one before has left.
 #include <execinfo.h>
 #include <unistd.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QBasicTimer>
 #include <QKeyEvent>
 #include <QTimer>
 #include <QTimerEvent>
+#include <QToolButton>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -205,7 +209,61 @@ void Appuie(QWidget& image, Peinture& peinture, const char* nom) {
   std::fflush(stdout);
 }
 
-void MesureFleches(int points, int contours) {
+// A command from its call until it returns, with the time until the picture shows what it does.
+void Commande(Peinture& peinture, const char* nom, const std::function<void()>& commande) {
+  QCoreApplication::processEvents();
+  const int pas = NumeroInstantane();
+  const auto ms = [](auto duree) { return std::chrono::duration<double, std::milli>(duree).count(); };
+  peinture.Remet();
+  const auto debut = Horloge::now();
+  commande();
+  const auto fin = Horloge::now();
+  QCoreApplication::processEvents();
+  std::printf("%-36s %8.0f ms until its tool path stands, drawing painted after %6.0f ms, %+d steps of undo\n", nom,
+              ms(fin - debut), ms(peinture.Quand() - debut), NumeroInstantane() - pas);
+  std::fflush(stdout);
+}
+
+// Escape in the middle of a command's pass: from the key until the window is free.
+void Echappe(QWidget& image, const char* nom, const std::function<void()>& commande) {
+  Horloge::time_point echap;
+  QTimer clavier;
+  clavier.setSingleShot(true);
+  QObject::connect(&clavier, &QTimer::timeout, [&] {
+    echap = Horloge::now();
+    QKeyEvent appui(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(&image, &appui);
+  });
+  clavier.start(50);
+  commande();
+  std::printf("%-36s %8.0f ms until the state of before stands\n", nom,
+              std::chrono::duration<double, std::milli>(Horloge::now() - echap).count());
+}
+
+void MesureTour(F_Representation& fenetre, QWidget& image, Peinture& peinture) {
+  auto* tourne = fenetre.findChild<QToolButton*>(QStringLiteral("CB_Rotation_0"));
+  auto* annule = fenetre.findChild<QAction*>(QStringLiteral("mnu_Undo"));
+  const auto rotation = [tourne] { tourne->click(); };
+  const auto annulation = [annule] { annule->trigger(); };
+  const auto passe = std::exchange(SvcPasse.Jusque, nullptr);
+  Commande(peinture, "rotation, in the window", rotation);
+  Commande(peinture, "undo of it, in the window", annulation);
+  SvcPasse.Jusque = passe;
+  Commande(peinture, "rotation, that may be ended", rotation);
+  Echappe(image, "Escape from another one", rotation);
+  Commande(peinture, "undo, that may be taken back", annulation);
+}
+
+void MesureFleches(QWidget& image, Peinture& peinture) {
+  const auto passe = std::exchange(SvcPasse.Jusque, nullptr);
+  Appuie(image, peinture, "ten passes");
+  SvcPasse.Jusque = passe;
+  Appuie(image, peinture, "a pass that may be ended");
+  Echappe(image, "Escape", [&image] { PresseFleche(image); });
+}
+
+// A large drawing in the window, all of it selected.
+void MesurePasses(int points, int contours, bool tour) {
   const Lieu lieu;
   const std::string dessin = (lieu.dossier / "grand.dxf").string();
   std::ofstream(dessin, std::ios::binary)
@@ -215,29 +273,17 @@ void MesureFleches(int points, int contours) {
   fenetre.DossierDocuments.clear();
   fenetre.resize(1280, 800);
   fenetre.Form_Load(dessin);
-  std::printf("--- arrows: %d points in %d contours\n", NbPoints, contours);
+  std::printf("--- %s: %d points in %d contours\n", tour ? "turn" : "arrows", NbPoints, contours);
   SelectionneTout();
   auto* image = fenetre.findChild<ImagePB1*>(QStringLiteral("PB1"));
   QCoreApplication::processEvents();
   image->MetEnPage();
   Peinture peinture(*image);
-  const auto passe = std::exchange(SvcPasse.Jusque, nullptr);
-  Appuie(*image, peinture, "ten passes");
-  SvcPasse.Jusque = passe;
-  Appuie(*image, peinture, "a pass that may be ended");
-  // Escape in the middle of a pass: from the key until the window is free.
-  Horloge::time_point echap;
-  QTimer clavier;
-  clavier.setSingleShot(true);
-  QObject::connect(&clavier, &QTimer::timeout, [&] {
-    echap = Horloge::now();
-    QKeyEvent appui(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-    QCoreApplication::sendEvent(image, &appui);
-  });
-  clavier.start(50);
-  PresseFleche(*image);
-  std::printf("%-28s %8.0f ms until the state of before stands\n", "Escape",
-              std::chrono::duration<double, std::milli>(Horloge::now() - echap).count());
+  if (tour) {
+    MesureTour(fenetre, *image, peinture);
+  } else {
+    MesureFleches(*image, peinture);
+  }
   Modifie = Faux;
   RetientTravail();
   fenetre.close();
@@ -289,19 +335,22 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   double montre = 0;
   bool fleches = false;
+  bool tour = false;
   std::vector<double> nombres;
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--where") == 0 && i + 1 < argc) {
       montre = std::atof(argv[++i]);
     } else if (std::strcmp(argv[i], "--arrows") == 0) {
       fleches = true;
+    } else if (std::strcmp(argv[i], "--turn") == 0) {
+      tour = true;
     } else {
       nombres.push_back(std::atof(argv[i]));
     }
   }
-  if (fleches) {
+  if (fleches || tour) {
     const bool donnes = nombres.size() >= 2;
-    MesureFleches(donnes ? static_cast<int>(nombres[0]) : 1000000, donnes ? static_cast<int>(nombres[1]) : 1);
+    MesurePasses(donnes ? static_cast<int>(nombres[0]) : 1000000, donnes ? static_cast<int>(nombres[1]) : 1, tour);
     return 0;
   }
   if (nombres.size() >= 2) {

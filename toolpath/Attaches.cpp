@@ -14,6 +14,7 @@
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/PasseTraces.h"
 
 namespace ovelin {
 
@@ -121,10 +122,13 @@ bool Refuse() {
   return false;
 }
 
-void Termine(Code2 code) {
-  RefaitDecalage(code);
-  Modifie = Vrai;
-  Svc.Rafraichit();
+// Behind the traces of a change. False: it was taken back.
+bool Acheve(IssuePasse issue) {
+  if (issue == IssuePasse::EnVigueur) {
+    Modifie = Vrai;
+    Svc.Rafraichit();
+  }
+  return PasseTraces::Faite(issue);
 }
 
 }  // namespace
@@ -138,9 +142,9 @@ bool AjouteAttache(float x, float y) {
   // Too far from everything: no sound, the click was meant for something else.
   if (2 * t < DistancePoints(clic, q)) return false;
   if (!Tient(PointsDe(TraceInitial, proche.sequence), q)) return Refuse();
+  PasseTraces passe;
   InserePoint(base::Compte(proche.fin), q);
-  Termine(q.Seq);
-  return true;
+  return Acheve(passe.SuitUn(q.Seq));
 }
 
 bool EnleveAttache(float x, float y) {
@@ -156,12 +160,12 @@ bool EnleveAttache(float x, float y) {
     }
   }
   if (choisi == 0 || 2 * RayonEncoche() < DistancePoints(clic, TraceInitial[choisi])) return Refuse();
+  PasseTraces passe;
   TraceInitial[choisi].Cde = CodePD;
   const Code2 code = TraceInitial[choisi].Seq;
   // The point is superfluous again where it lies on a straight line.
   NettoieTout(ResolutionRetrait);
-  Termine(code);
-  return true;
+  return Acheve(passe.SuitUn(code));
 }
 
 std::optional<PointTrace> LieuAttache(std::int32_t index, float x, float y) {
@@ -172,14 +176,15 @@ std::optional<PointTrace> LieuAttache(std::int32_t index, float x, float y) {
 bool DeplaceAttache(std::int32_t index, float x, float y) {
   const auto d = Deplace(index, {x, y, CodePD, Code2{}});
   if (!d) return Refuse();
+  PasseTraces passe;
   RemplaceSequence(d->lieu.Seq, d->points);
-  Termine(d->lieu.Seq);
-  return true;
+  return Acheve(passe.SuitUn(d->lieu.Seq));
 }
 
 // From the last path to the first, and from the last place of each, so that places before stay where they are. The
 // distance to start and end of a path is that of a click: as the crow flies.
 std::int32_t PoseAttaches(const VoeuAttaches& voeu) {
+  PasseTraces passe;
   const double t = RayonEncoche();
   const IndexCodes index = IndexDocument();
   const std::vector<Etendue> etendues = EtenduesSequences();
@@ -205,10 +210,7 @@ std::int32_t PoseAttaches(const VoeuAttaches& voeu) {
     Svc.Bip();
     return 0;
   }
-  RefaitDecalages(touches);
-  Modifie = Vrai;
-  Svc.Rafraichit();
-  return posees;
+  return Acheve(passe.Suit(touches)) ? posees : -1;
 }
 
 }  // namespace ovelin

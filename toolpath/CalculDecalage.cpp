@@ -10,11 +10,11 @@
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "toolpath/Deroulement.h"
-#include "toolpath/Ilots.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/NoyauPasse.h"
-#include "toolpath/NoyauTrace.h"
+#include "toolpath/traces/Ilots.h"
+#include "toolpath/traces/NoyauPasse.h"
+#include "toolpath/traces/NoyauTrace.h"
 
 namespace ovelin {
 

@@ -9,6 +9,7 @@
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
+#include "toolpath/PasseTraces.h"
 
 namespace ovelin {
 
@@ -25,6 +26,7 @@ Pose Decalee(double dx, double dy) {
 bool Ajoute(const Copie& copie, const std::vector<Pose>& poses) {
   if (copie.Vide() || poses.empty()) return false;
   const bool neuf = SansChemin(Doc);
+  PasseTraces passe;
   switch (AjouteCopies(Doc, copie, poses, CoordonneeMax)) {
     case IssueCopie::TropDeSequences:
       Svc.Montre(BoiteErreur(pathwerk::Numero(pathwerk::Erreur::TropDeSequences)));
@@ -36,7 +38,8 @@ bool Ajoute(const Copie& copie, const std::vector<Pose>& poses) {
       break;
   }
   EncombrementGeneral();
-  RecalculDecalages();
+  const IssuePasse issue = passe.SuitTout();
+  if (issue != IssuePasse::EnVigueur) return PasseTraces::Faite(issue);
   Modifie = Vrai;
   if (neuf) Svc.DessinOuvert(true);
   Svc.Rafraichit();

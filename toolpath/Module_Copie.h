@@ -12,7 +12,8 @@ extern Copie PressePapiers;
 // The selection into PressePapiers; false: nothing is selected, and it keeps what it holds.
 bool CopieSelection();
 // PressePapiers into the document, (dx, dy) mm from where it was copied. False: it is empty, or refused with a box
-// (more paths than codes, a coordinate beyond all bounds), and nothing has changed.
+// (more paths than codes, a coordinate beyond all bounds), or taken back while the traces were computed, and
+// nothing has changed.
 bool ColleCopie(double dx, double dy);
 // One copy of the selection beside it; PressePapiers stays as it is. False as above, or nothing is selected.
 bool DupliqueSelection(double dx, double dy);

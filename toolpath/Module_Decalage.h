@@ -5,5 +5,5 @@
 #include "toolpath/Attaches.h"
 #include "toolpath/CalculDecalage.h"
 #include "toolpath/ChampsOutil.h"
-#include "toolpath/Encoches.h"
 #include "toolpath/ProprietesSelection.h"
+#include "toolpath/traces/Encoches.h"

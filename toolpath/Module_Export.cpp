@@ -11,9 +11,9 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 

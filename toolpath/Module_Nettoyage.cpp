@@ -8,11 +8,12 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/NettoieChemin.h"
+#include "toolpath/PasseTraces.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 
@@ -48,10 +49,12 @@ void NettoieTout(float resolution) {
 
 bool mnu_Nettoyage_Click(float resolution) {
   if (resolution == 0 || resolution != resolution) return false;
+  PasseTraces passe;
   NettoieTout(resolution);
   Svc.LaisseEvenements(Evenements::Affichage);
   EncombrementGeneral();
-  RecalculDecalages();
+  const IssuePasse issue = passe.SuitTout();
+  if (issue != IssuePasse::EnVigueur) return PasseTraces::Faite(issue);
   OublieOrigine();
   Svc.LaisseEvenements(Evenements::Affichage);
   Svc.Rafraichit();
@@ -72,6 +75,7 @@ bool LisseSequence(Code2 code) {
 
 // All selected paths are smoothed before the drawing is written anew, once.
 void LisseSelection() {
+  PasseTraces passe;
   const IndexCodes index = IndexDocument();
   const std::vector<Code2> codes = CodesSelectionnes();
   std::unordered_map<std::size_t, std::vector<PointTrace>> lisses;  // by the first index of the run
@@ -95,7 +99,7 @@ void LisseSelection() {
   NbPoints = base::Compte(TraceInitial.size());
   if (uneLissee) OublieOrigine();
   EncombrementGeneral();
-  RefaitDecalages(codes);
+  if (passe.Suit(codes) != IssuePasse::EnVigueur) return;
   Modifie = Vrai;
   Svc.Rafraichit();
 }

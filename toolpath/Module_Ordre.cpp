@@ -15,6 +15,7 @@
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/PasseTraces.h"
 #include "toolpath/chemins/NoyauOrdre.h"
 #include "toolpath/chemins/NoyauTournee.h"
 
@@ -50,20 +51,29 @@ void EcritOrdre(const std::vector<Etendue>& etendues) {
   TraceInitial.swap(points);
 }
 
+// Behind the traces of a change. False: it was taken back.
+bool Acheve(IssuePasse issue) {
+  if (issue == IssuePasse::EnVigueur) {
+    Modifie = Vrai;
+    Svc.Rafraichit();
+  }
+  return PasseTraces::Faite(issue);
+}
+
 }  // namespace
 
 bool mnu_Optimisation_Click() {
-  if (PorteEncoches(TraceInitial)) {
-    if (Message(Textes::OptimisationSansAttaches, Icone::Critique, Boutons::OkAnnuler) != Reponse::Ok) return false;
-    OublieEncoches(TraceInitial);
+  const bool encoches = PorteEncoches(TraceInitial);
+  if (encoches && Message(Textes::OptimisationSansAttaches, Icone::Critique, Boutons::OkAnnuler) != Reponse::Ok) {
+    return false;
   }
+  PasseTraces passe;
+  if (encoches) OublieEncoches(TraceInitial);
   ChoisitDeparts(TraceInitial, [] { Statut(Textes::ChoixDepart); });
   Statut(Textes::CalculApresOrdre);
-  RecalculDecalages();
-  Modifie = Vrai;
-  Svc.Rafraichit();
+  const bool faite = Acheve(passe.SuitTout());
   EffaceStatut();
-  return true;
+  return faite;
 }
 
 namespace {
@@ -132,12 +142,14 @@ bool OrdonneTrajets() {
   const std::string bilan = Traduire(Textes::MetresEnLAir) + " " + metres(avant) + " -> " + metres(apres);
   const bool change = apres != avant;
   if (change) {
+    PasseTraces passe;
     for (std::size_t k = 0; k < places.size(); ++k) etendues[places[k]] = fraisees[apres[k]];
     EcritOrdre(etendues);
     RangeFiches();
-    RecalculDecalages();
-    Modifie = Vrai;
-    Svc.Rafraichit();
+    if (!Acheve(passe.SuitTout())) {
+      EffaceStatut();
+      return false;
+    }
   }
   Svc.Panneau(PanneauEtat::Statut, bilan);
   return change;
@@ -164,13 +176,10 @@ bool ChangeOrdre(PasOrdre pas) {
     const std::size_t i = plusTot ? k : n - 1 - k;
     if (choisie(etendues[i])) std::swap(etendues[i], etendues[plusTot ? i - 1 : i + 1]);
   }
+  PasseTraces passe;
   EcritOrdre(etendues);
   RangeFiches();
-  RecalculDecalages();
-  RefaitDecalages(CodesSelectionnes());
-  Modifie = Vrai;
-  Svc.Rafraichit();
-  return true;
+  return Acheve(passe.SuitTout(CodesSelectionnes()));
 }
 
 bool ChangeDepart(std::int32_t index) {
@@ -195,9 +204,12 @@ bool ChangeDepart(std::int32_t index) {
     Svc.Bip();
     return false;
   }
+  PasseTraces passe;
   TourneDepart(TraceInitial, sequence, choisi);
   Statut(Textes::CalculTrajet);
-  RefaitDecalage(code);
+  const IssuePasse issue = passe.SuitUn(code);
+  if (issue == IssuePasse::Abandonnee) EffaceStatut();
+  if (issue != IssuePasse::EnVigueur) return PasseTraces::Faite(issue);
   Svc.Rafraichit();
   Statut(Textes::EnregistreModifie);
   Modifie = Vrai;
@@ -207,11 +219,10 @@ bool ChangeDepart(std::int32_t index) {
 }
 
 void InverseSelectionnees() {
+  PasseTraces passe;
   const IndexCodes index = IndexDocument();
   for (const Code2 code : CodesSelectionnes()) InverseEtendue(index.PremierPoint(code));
-  RecalculDecalages();
-  Modifie = Vrai;
-  Svc.Rafraichit();
+  Acheve(passe.SuitTout());
 }
 
 }  // namespace ovelin

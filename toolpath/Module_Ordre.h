@@ -1,4 +1,5 @@
-// Order in which the paths are cut, where each starts, and its direction.
+// Order in which the paths are cut, where each starts, and its direction. False is also a change that the user has
+// taken back while its traces were computed (PasseTraces).
 #pragma once
 
 #include <cstdint>

@@ -11,12 +11,13 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Textes.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/NettoieChemin.h"
+#include "toolpath/PasseTraces.h"
 #include "toolpath/chemins/CodesNeufs.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 
@@ -68,7 +69,6 @@ std::optional<std::vector<std::vector<PointTrace>>> Chemins(const std::vector<Po
 void AjouteChemins(const std::vector<std::vector<PointTrace>>& chemins, bool dessin) {
   if (!dessin) {
     TraceInitial.clear();
-    TraceDecale.clear();
     Sequences.clear();
     Complements.OublieTout();
   }
@@ -119,9 +119,11 @@ bool GenereTexte(const std::string& texte, const std::string& police, std::int32
   if (pose.cadre) Cadre(points, dessin);
   const auto chemins = Chemins(points, dessin);
   if (!chemins) return RefuseTexte(pathwerk::Numero(pathwerk::Erreur::TropDeSequences), police);
+  PasseTraces passe;
   AjouteChemins(*chemins, dessin);
   EncombrementGeneral();
-  RecalculDecalages();
+  const IssuePasse issue = passe.SuitTout();
+  if (issue != IssuePasse::EnVigueur) return PasseTraces::Faite(issue);
   Modifie = Vrai;
   if (!dessin) {
     Svc.DessinOuvert(true);

@@ -9,8 +9,9 @@
 namespace ovelin {
 
 // Adds the outlines of a line of UTF-8 text as new, selected paths: base line at Y = 0, 20 mm an em. `espace` in
-// thousandths of an em, `style` as for pathwerk::Texte. False: the message has been shown, the document is
-// unchanged. A text without outlines adds nothing and is no error.
+// thousandths of an em, `style` as for pathwerk::Texte. False: the message has been shown, or the user has taken
+// the text back while its traces were computed; the document is unchanged. A text without outlines adds nothing and
+// is no error.
 bool GenereTexte(const std::string& texte, const std::string& police, std::int32_t espace, std::int32_t style);
 
 // How large a text becomes and where it lies.

@@ -112,18 +112,27 @@ float LimiteCourse(const LectureChamp& course) {
   return EnFloat(LireNombreSection(SectionTable(TableDefaut), course.champ.Cle(), course.Nombre()));
 }
 
-}  // namespace
-
-bool TourneSelection(double angle, const PointTrace& centre) {
+bool TournePoints(double angle, const PointTrace& centre) {
   const double c = std::cos(angle);
   const double s = std::sin(angle);
-  const bool faite = Transforme(EtenduesSelection(), [&](const PointTrace& p) {
+  return Transforme(EtenduesSelection(), [&](const PointTrace& p) {
     const double dx = Ecart(centre.X, p.X);
     const double dy = Ecart(centre.Y, p.Y);
     return Lieu{centre.X + dx * c - dy * s, centre.Y + dx * s + dy * c};
   });
+}
+
+}  // namespace
+
+bool TourneSelection(double angle, const PointTrace& centre) {
+  const bool faite = TournePoints(angle, centre);
   if (faite) RefaitDecalages(CodesSelectionnes());
   return faite;
+}
+
+bool TourneSelectionEtTraces(double angle, const PointTrace& centre) {
+  PasseTraces passe;
+  return TournePoints(angle, centre) && Acheve(passe.Suit(CodesSelectionnes()));
 }
 
 bool EchelleSelection(float facteurX, float facteurY) {
@@ -143,6 +152,13 @@ bool MiroirSelection(AxeMiroir axe) {
   // The other sense of travel, so that the tool stays on the same side of the material.
   for (const auto& [debut, fin] : bornes) InverseEtendue(debut);
   return true;
+}
+
+bool MiroirSelectionEtTraces(AxeMiroir axe) {
+  PasseTraces passe;
+  if (!MiroirSelection(axe)) return false;
+  Statut(Textes::CalculTrajetOutil);
+  return Acheve(passe.Suit(CodesSelectionnes()));
 }
 
 // The plain refresh comes behind a change that somebody else has made, so there is nothing here to take back.
@@ -235,6 +251,7 @@ bool PlaceOrigine() {
 bool ChangePosition(std::int32_t index, float x, float y) {
   if (index < 0 || base::Indice(index) >= TraceInitial.size()) return false;
   if (!Acceptable({x, y})) return RefuseCoordonnee();
+  PasseTraces passe;
   const auto [debut, fin] = EtendueDuPoint(base::Indice(index));
   PointTrace& premier = TraceInitial[debut];
   PointTrace& dernier = TraceInitial[fin];
@@ -246,9 +263,7 @@ bool ChangePosition(std::int32_t index, float x, float y) {
   }
   p.X = x;
   p.Y = y;
-  RefaitDecalage(p.Seq);
-  Termine();
-  return true;
+  return Acheve(passe.SuitUn(p.Seq));
 }
 
 bool SupprimePoints(const std::vector<std::int32_t>& index) {
@@ -264,17 +279,17 @@ bool SupprimePoints(const std::vector<std::int32_t>& index) {
     return false;
   }
   Statut(Textes::SupprimePoints);
+  PasseTraces passe;
   std::size_t garde = 0;
   for (std::size_t i = 0; i < TraceInitial.size(); ++i) {
     if (!retire[i]) TraceInitial[garde++] = TraceInitial[i];
   }
   TraceInitial.resize(garde);
   NbPoints = base::Compte(garde);
-  if (std::all_of(codes.begin(), codes.end(), [&](Code2 c) { return c == codes.front(); })) {
-    RefaitDecalage(codes.front());
-  } else {
-    RecalculDecalages();
-  }
+  const bool un = std::all_of(codes.begin(), codes.end(), [&](Code2 c) { return c == codes.front(); });
+  const IssuePasse issue = un ? passe.SuitUn(codes.front()) : passe.SuitTout();
+  if (issue == IssuePasse::Abandonnee) EffaceStatut();
+  if (issue != IssuePasse::EnVigueur) return PasseTraces::Faite(issue);
   Statut(Textes::EnregistreModifie);
   Termine();
   Statut(Textes::Termine);

@@ -15,6 +15,10 @@ inline constexpr double CoordonneeMax = 1e7;  // mm, as for the readers
 
 // Of the selection. The traces follow the rotation; those of a scaling or a mirror are the caller's.
 bool TourneSelection(double angle, const PointTrace& centre);
+// Both as commands, in one change: the selected traces follow, the document is marked as modified, lists and
+// picture follow.
+bool TourneSelectionEtTraces(double angle, const PointTrace& centre);
+bool MiroirSelectionEtTraces(AxeMiroir axe);
 bool EchelleSelection(float facteurX, float facteurY);
 bool MiroirSelection(AxeMiroir axe);  // X: left and right exchanged; Y: top and bottom. The points are reversed
 // The common step behind every move: moves (1: X, 3: Y; 0: nothing), recomputes the selected traces, marks the
@@ -40,8 +44,8 @@ float LimiteCourseY();
 bool PlaceOrigine();
 // CB_PositionOK: a point of the drawing at a new place.
 bool ChangePosition(std::int32_t index, float x, float y);
-// CB_Supprimer_Point: these points leave the drawing. False: answered No (SupprimePoints), or none of them is
-// there.
+// CB_Supprimer_Point: these points leave the drawing. False: answered No (SupprimePoints), none of them is there,
+// or taken back.
 bool SupprimePoints(const std::vector<std::int32_t>& index);
 
 }  // namespace ovelin

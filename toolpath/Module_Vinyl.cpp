@@ -8,8 +8,9 @@
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/Prolongement.h"
+#include "toolpath/PasseTraces.h"
 #include "toolpath/chemins/NoyauOrdre.h"
+#include "toolpath/traces/Prolongement.h"
 
 namespace ovelin {
 
@@ -39,8 +40,9 @@ bool Meilleur(int fleche, const PointTrace& a, const PointTrace& b) {
 
 }  // namespace
 
-void ChoixDepart(int index) {
-  if (index < 0 || index > 7) return;
+bool ChoixDepart(int index) {
+  if (index < 0 || index > 7) return true;
+  PasseTraces passe;
   std::vector<Code2> tournees;
   for (const Etendue& e : EtenduesSequences()) {
     std::size_t choisi = e.premier;
@@ -50,16 +52,21 @@ void ChoixDepart(int index) {
     if (TourneDepart(TraceInitial, e, choisi)) tournees.push_back(e.code);
   }
   if (!tournees.empty()) Statut(Textes::CalculTrajet);
-  RefaitDecalages(tournees);
+  const IssuePasse issue = passe.Suit(tournees);
+  if (issue == IssuePasse::Abandonnee) EffaceStatut();
+  if (issue != IssuePasse::EnVigueur) return PasseTraces::Faite(issue);
   Statut(Textes::Termine);
   Modifie = Vrai;
   Svc.Rafraichit();
+  return true;
 }
 
-void RegleProlongement(bool actif) {
+bool RegleProlongement(bool actif) {
+  PasseTraces passe;
   Prolongement = EnDrapeau(actif);
-  RecalculDecalages();
-  Svc.Rafraichit();
+  const IssuePasse issue = passe.SuitTout();
+  if (issue == IssuePasse::EnVigueur) Svc.Rafraichit();
+  return PasseTraces::Faite(issue);
 }
 
 void ProlongeTrace(Code2 code) {

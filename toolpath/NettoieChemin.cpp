@@ -7,8 +7,8 @@
 #include "core/Cadence.h"
 #include "core/Coeurs.h"
 #include "core/Services.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/chemins/Etendues.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 

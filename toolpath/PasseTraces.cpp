@@ -14,35 +14,33 @@
 #include "toolpath/CalculDecalage.h"
 #include "toolpath/Deroulement.h"
 #include "toolpath/Module_Sequence.h"
-#include "toolpath/NoyauPasse.h"
+#include "toolpath/traces/NoyauPasse.h"
 
 namespace ovelin {
 
-namespace {
-
-// What the traces of a pass are due for.
-struct Dues {
-  std::vector<Code2> codes;
+// What the traces of a pass are due for, in the order in which it has come.
+struct PasseTraces::Dues {
   bool toutes = false;
+  std::vector<Code2> codes;   // where `toutes`, behind all
+  std::vector<Code2> partis;  // no longer in the drawing
 
-  [[nodiscard]] bool Vide() const { return codes.empty() && !toutes; }
-  void Ajoute(const std::vector<Code2>& autres, bool tout) {
-    toutes = toutes || tout;
+  [[nodiscard]] bool Vide() const { return codes.empty() && partis.empty() && !toutes; }
+  void Ajoute(const Dues& autres) {
+    partis.insert(partis.end(), autres.partis.begin(), autres.partis.end());
+    if (autres.toutes) {
+      toutes = true;
+      codes.clear();
+    }
     std::unordered_set<std::uint32_t> presents;
     for (const Code2 code : codes) presents.insert(code.Cle());
-    for (const Code2 code : autres) {
+    for (const Code2 code : autres.codes) {
       if (presents.insert(code.Cle()).second) codes.push_back(code);
     }
   }
+  [[nodiscard]] std::size_t Poids() const { return PoidsTraces(Doc, toutes ? ListeCodes() : codes); }
 };
 
-// The pass at work; null: none is. Its own thread sees none of this.
-struct EnCours {
-  base::Arret arret;
-  Dues venues;  // changes that have come since its kernel began
-};
-EnCours* PasseCourante = nullptr;
-[[maybe_unused]] const bool Enregistree = EnregistreRemise([] { PasseCourante = nullptr; });
+namespace {
 
 // What of the tool the traces depend on, as the fields of the tool leave it in force and in the files.
 struct Outil {
@@ -74,80 +72,66 @@ Document CopieSansTraces() {
 }  // namespace
 
 struct PasseTraces::Avant {
-  Document document = CopieSansTraces();
+  Document document;
   Outil outil;
+  std::function<void()> reprend;
+  Entretemps entretemps = Entretemps::Suite;
 };
 
-// The copy is made only where a pass may take long: a move of a small drawing costs nothing more.
-PasseTraces::PasseTraces() {
-  if (!SvcPasse.Jusque || PasseCourante != nullptr || TraceInitial.empty()) return;
-  if (PoidsTraces(Doc, ListeCodes()) >= SeuilPasse) avant_ = std::make_unique<Avant>();
-}
-
-PasseTraces::~PasseTraces() = default;
-
-IssuePasse PasseTraces::Suit(const std::vector<Code2>& codes) { return Suit(codes, false); }
-IssuePasse PasseTraces::SuitTout() { return Suit(ListeCodes(), true); }
-
-IssuePasse PasseTraces::Suit(std::vector<Code2> codes, bool toutes) {
-  if (PasseCourante != nullptr) {
-    PasseCourante->venues.Ajoute(codes, toutes);
-    PasseCourante->arret.Demande();
-    return IssuePasse::Differee;
-  }
-  if (avant_ && PoidsTraces(Doc, codes) >= SeuilPasse) return Calcule(std::move(codes), toutes);
-  if (toutes) {
-    RecalculDecalages();
-  } else {
-    RefaitDecalages(codes);
-  }
-  return IssuePasse::EnVigueur;
-}
-
-namespace {
-
 // A pass at work, from its first kernel to its last: drawing and tool come back with the traces where it is left on
-// any way but the good one, want of memory included.
-class Ouvrage : base::SansCopie {
+// any way but the good one, want of memory included. Its own thread sees none of this.
+class PasseTraces::Ouvrage : base::SansCopie {
  public:
-  Ouvrage(Document& document, const Outil& outil, Dues dues)
-      : document_(document), outil_(outil), dues_(std::move(dues)), traces_(std::exchange(TraceDecale, {})) {
-    PasseCourante = &enCours_;
+  Ouvrage(Avant& avant, Dues dues)
+      : avant_(avant), dues_(std::move(dues)), traces_(std::exchange(TraceDecale, {})) {
+    Courant = this;
   }
   ~Ouvrage() {
-    PasseCourante = nullptr;
+    Courant = nullptr;
     if (tenu_) return;
-    document_.TraceDecale = std::move(traces_);
-    Doc = std::move(document_);
-    outil_.Remet();
+    avant_.document.TraceDecale = std::move(traces_);
+    Doc = std::move(avant_.document);
+    if (avant_.entretemps == Entretemps::Suite) avant_.outil.Remet();
+    if (avant_.reprend) avant_.reprend();
+  }
+
+  // A change that has come since the kernel at work began.
+  void Recoit(const Dues& dues) {
+    venues_.Ajoute(dues);
+    autre_ = true;
+    arret_.Demande();
   }
 
   // Until a kernel comes to its end undisturbed. False: the user has taken the change back.
   bool Mene() {
     for (;;) {
-      if (dues_.toutes) dues_.codes = ListeCodes();
-      const TravailTraces travail{CopieSansTraces(), dues_.codes, dues_.toutes,
+      const TravailTraces travail{CopieSansTraces(), dues_.toutes, dues_.codes,
                                   ParametresTraceDe(Regl, Prolongement != Faux)};
       IssueTraces issue;
       if (!Lance(travail, issue)) return false;
-      const Dues venues = std::exchange(enCours_.venues, {});
+      const Dues venues = std::exchange(venues_, {});
       const bool meme = MemeSource(travail.document, Doc);
       if (issue.entiere && venues.Vide() && meme) {
         Tient(std::move(issue));
+        if (autre_) Modifie = Vrai;  // whose own command has left the end to this one
         return true;
       }
       // A drawing that somebody has changed without a word is computed whole.
-      dues_.Ajoute(venues.codes, venues.toutes || (venues.Vide() && !meme));
+      if (venues.Vide() && !meme) dues_.Ajoute({true, {}, {}});
+      dues_.Ajoute(venues);
     }
   }
+
+  static inline Ouvrage* Courant = nullptr;  // the one at work; null: none is
 
  private:
   // One kernel over its own copies, with the picture of what it computes for. False: taken back.
   bool Lance(const TravailTraces& travail, IssueTraces& issue) {
-    enCours_.arret.Leve();
+    arret_.Leve();
     EncombrementGeneral();
     SvcPasse.MontreSansTrajet();
-    Svc.AvancementDebut(Traduire(Textes::CalculQuiSAnnule), std::ssize(travail.codes));
+    Svc.AvancementDebut(Traduire(Textes::CalculQuiSAnnule),
+                        std::ssize(travail.toutes ? ListeCodes() : travail.codes));
     std::atomic<long> commences{0};
     long montres = 0;
     const auto montre = [&] {
@@ -156,38 +140,75 @@ class Ouvrage : base::SansCopie {
     struct Fin {
       ~Fin() { Svc.AvancementFin(); }
     } const fin;
-    return !SvcPasse.Jusque({[&] {
-                               issue = CalculePasse(travail, enCours_.arret,
-                                                    [&] { commences.fetch_add(1, std::memory_order_relaxed); });
-                             },
-                             montre, [this] { enCours_.arret.Demande(); }});
+    return !SvcPasse.Jusque(
+        {[&] { issue = CalculePasse(travail, arret_, [&] { commences.fetch_add(1, std::memory_order_relaxed); }); },
+         montre, [this] { arret_.Demande(); }, avant_.entretemps == Entretemps::Rien});
   }
 
   void Tient(IssueTraces&& issue) {
     const bool reussie = issue.reussie;
     TraceDecale = std::move(traces_);
     tenu_ = true;
+    OteTraces(TraceDecale, dues_.partis);
     PoseTraces(TraceDecale, std::move(issue));
     if (reussie) EffaceStatut();
   }
 
-  Document& document_;
-  const Outil& outil_;
+  Avant& avant_;
   Dues dues_;
   std::vector<SequenceDecalee> traces_;  // those of before, whole
-  EnCours enCours_;
+  base::Arret arret_;
+  Dues venues_;
+  bool autre_ = false;  // one has come
   bool tenu_ = false;
 };
 
-}  // namespace
+PasseTraces::PasseTraces() : PasseTraces(nullptr) {}
 
-IssuePasse PasseTraces::Calcule(std::vector<Code2> codes, bool toutes) {
-  {
-    Ouvrage ouvrage(avant_->document, avant_->outil, {std::move(codes), toutes});
-    if (ouvrage.Mene()) return IssuePasse::EnVigueur;
+PasseTraces::PasseTraces(std::function<void()> reprend, Entretemps entretemps) {
+  if (!SvcPasse.Jusque || !SvcPasse.SePeut() || Ouvrage::Courant != nullptr) return;
+  avant_ = std::make_unique<Avant>(Avant{CopieSansTraces(), {}, std::move(reprend), entretemps});
+}
+
+PasseTraces::~PasseTraces() = default;
+
+bool PasseTraces::Confie(Dues&& dues, IssuePasse& issue) {
+  if (Ouvrage::Courant != nullptr) {
+    Ouvrage::Courant->Recoit(dues);
+    issue = IssuePasse::Differee;
+    return true;
   }
-  SvcPasse.ChangementRepris();
-  return IssuePasse::Abandonnee;
+  if (!avant_ || dues.Poids() < SeuilPasse) return false;
+  bool tenue = false;
+  {
+    Ouvrage ouvrage(*avant_, std::move(dues));
+    tenue = ouvrage.Mene();
+  }
+  issue = tenue ? IssuePasse::EnVigueur : IssuePasse::Abandonnee;
+  if (!tenue) SvcPasse.ChangementRepris();
+  return true;
+}
+
+IssuePasse PasseTraces::Suit(const std::vector<Code2>& codes, const std::vector<Code2>& partis) {
+  IssuePasse issue = IssuePasse::EnVigueur;
+  if (Confie({false, codes, partis}, issue)) return issue;
+  OteTraces(TraceDecale, partis);
+  if (!codes.empty()) RefaitDecalages(codes);
+  return issue;
+}
+
+IssuePasse PasseTraces::SuitUn(Code2 code) {
+  IssuePasse issue = IssuePasse::EnVigueur;
+  if (!Confie({false, {code}, {}}, issue)) RefaitDecalage(code);
+  return issue;
+}
+
+IssuePasse PasseTraces::SuitTout(const std::vector<Code2>& puis) {
+  IssuePasse issue = IssuePasse::EnVigueur;
+  if (Confie({true, puis, {}}, issue)) return issue;
+  RecalculDecalages();
+  if (!puis.empty()) RefaitDecalages(puis);
+  return issue;
 }
 
 }  // namespace ovelin

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -17,31 +18,45 @@ enum class IssuePasse : std::uint8_t {
   Abandonnee,  // the user has taken it back: drawing, tool and traces are those of before
 };
 
-// Made before anything changes; then the change; then one of the two that make the traces follow. Where the window
+// What else the user may do while a pass computes.
+enum class Entretemps : std::uint8_t {
+  Suite,  // an arrow key or a field of the tool, which end it: one pass computes both
+  Rien,   // all of it comes behind the pass
+};
+
+// Made before anything changes; then the change; then one of those that make the traces follow. Where the window
 // offers no pass (ServicesPasse::Jusque), or the traces are there at once, those of CalculDecalage.h do it. An
-// object that is left without either of the two (a refusal) has done nothing.
+// object that is left without any of them (a refusal) has done nothing.
 //
 // While it computes, the document holds the changed drawing and no traces at all: nobody takes those of before for
 // those of now. What comes of it is taken if the drawing is still the one that it was computed from.
 class PasseTraces : base::SansCopie {
  public:
   PasseTraces();
+  // `reprend` puts back what the command changes beside the drawing and the tool of the traces, once these are as
+  // before. With Entretemps::Rien the tool is left to it, too.
+  explicit PasseTraces(std::function<void()> reprend, Entretemps entretemps = Entretemps::Suite);
   ~PasseTraces();
 
-  // These paths have changed.
-  IssuePasse Suit(const std::vector<Code2>& codes);
-  // All of them, or the tool.
-  IssuePasse SuitTout();
+  // These paths have changed, and `partis` have left the drawing; their traces go only now, so that they come back
+  // where the user takes the change back.
+  IssuePasse Suit(const std::vector<Code2>& codes, const std::vector<Code2>& partis = {});
+  // This one has.
+  IssuePasse SuitUn(Code2 code);
+  // All of them, or the tool; and `puis` behind all (RecalculDecalages, then RefaitDecalages).
+  IssuePasse SuitTout(const std::vector<Code2>& puis = {});
 
-  // Behind any of the two: where the change is in force or comes into force with the other pass.
+  // Behind any of them: where the change is in force or comes into force with the other pass.
   static bool Faite(IssuePasse issue) { return issue != IssuePasse::Abandonnee; }
 
  private:
   struct Avant;
-  IssuePasse Suit(std::vector<Code2> codes, bool toutes);
-  IssuePasse Calcule(std::vector<Code2> codes, bool toutes);
+  struct Dues;
+  class Ouvrage;
+  // True: a pass has it, with that outcome; otherwise the caller computes here.
+  bool Confie(Dues&& dues, IssuePasse& issue);
 
-  std::unique_ptr<Avant> avant_;  // what the user may take back; null: nothing, as the traces are there at once
+  std::unique_ptr<Avant> avant_;  // what the user may take back; null: nothing, as there is no pass
 };
 
 // From this weight on (PoidsTraces) a change is computed beside the window: about a tenth of a second.

@@ -5,12 +5,14 @@
 #include <optional>
 #include <span>
 #include <unordered_set>
+#include <utility>
 
 #include "base/Indices.h"
 #include "core/DocumentCourant.h"
 #include "toolpath/CalculDecalage.h"
-#include "toolpath/Ilots.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/traces/Ilots.h"
+#include "toolpath/traces/NoyauPasse.h"
 
 namespace ovelin {
 
@@ -94,15 +96,15 @@ void DeplaceSelection(Direction direction, float distance) {
 
 // With the record of a code go all points and traces that it governs, also those of a second run, and what stands
 // beside it. An island that goes is filled by its pocket, and where a pocket goes its islands are milled.
-void SupprimeSelection() {
+SuiteRetrait OteSelection() {
+  SuiteRetrait suite{CodesSelectionnes(), {}};
   const std::unordered_set<std::uint32_t> cles = ClesSelectionnees();
-  if (cles.empty()) return;
+  if (cles.empty()) return suite;
   std::vector<Code2> lies = AIlots(Complements) ? CodesDesIlots(Doc) : std::vector<Code2>{};
   const auto suit = [&](Code2 code) { return cles.contains(code.Cle()); };
   const bool ilots = std::any_of(lies.begin(), lies.end(), suit);
   std::erase_if(lies, suit);
   const bool dessin = !TraceInitial.empty();
-  std::erase_if(TraceDecale, [&](const SequenceDecalee& d) { return cles.contains(d.Seq.Cle()); });
   std::erase_if(TraceInitial, [&](const PointTrace& p) { return cles.contains(p.Seq.Cle()); });
   std::erase_if(Sequences, [](const SequenceInfo& s) { return s.Selection != Faux; });
   Complements.OublieSi([&](Code2 code) { return cles.contains(code.Cle()); });
@@ -111,7 +113,14 @@ void SupprimeSelection() {
   if (Sequences.empty()) Sequences.emplace_back();
   ComptePoints();
   EncombrementGeneral();
-  if (ilots) RefaitDecalages(lies);
+  if (ilots) suite.lies = std::move(lies);
+  return suite;
+}
+
+void SupprimeSelection() {
+  const SuiteRetrait suite = OteSelection();
+  OteTraces(TraceDecale, suite.partis);
+  if (!suite.lies.empty()) RefaitDecalages(suite.lies);
 }
 
 }  // namespace ovelin

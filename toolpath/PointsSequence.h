@@ -18,5 +18,11 @@ void InverseEtendue(std::optional<std::size_t> premier);  // the same for the ru
 void FermeSequences();
 void DeplaceSelection(Direction direction, float distance);  // mm
 void SupprimeSelection();
+// The same without the traces: those of `partis` are to go, those of `lies` to be computed anew.
+struct SuiteRetrait {
+  std::vector<Code2> partis;
+  std::vector<Code2> lies;  // islands and their pockets, where an island was among the selection
+};
+SuiteRetrait OteSelection();
 
 }  // namespace ovelin

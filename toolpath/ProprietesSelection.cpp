@@ -10,9 +10,10 @@
 #include "core/Services.h"
 #include "core/Textes.h"
 #include "toolpath/Deroulement.h"
-#include "toolpath/Ilots.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/PasseTraces.h"
+#include "toolpath/traces/Ilots.h"
 
 namespace ovelin {
 
@@ -21,7 +22,7 @@ namespace {
 std::vector<Code2> IlotsEtPoches() { return AIlots(Complements) ? CodesDesIlots(Doc) : std::vector<Code2>{}; }
 
 // The traces of the selected paths that take part in the run, and of `aussi`.
-void RecalculeSelection(const std::vector<Code2>& aussi = {}) {
+void RecalculeSelection(PasseTraces& passe, const std::vector<Code2>& aussi = {}) {
   Statut(Textes::CalculTrajetOutil);
   std::vector<Code2> codes = CodesSelectionnes(true);
   std::unordered_set<std::uint32_t> connus;
@@ -29,8 +30,9 @@ void RecalculeSelection(const std::vector<Code2>& aussi = {}) {
   for (const Code2 code : aussi) {
     if (connus.insert(code.Cle()).second) codes.push_back(code);
   }
-  RefaitDecalages(codes);
+  const IssuePasse issue = passe.Suit(codes);
   EffaceStatut();
+  if (issue != IssuePasse::EnVigueur) return;
   Modifie = Vrai;
   Svc.Rafraichit();
 }
@@ -48,6 +50,7 @@ bool ProfondeursDifferentes() {
 }  // namespace
 
 void DecaleSelection(std::int16_t decalage) {
+  PasseTraces passe;
   const IndexCodes index = IndexDocument();
   for (SequenceInfo& s : Sequences) {
     if (s.Selection == Faux) continue;
@@ -56,17 +59,19 @@ void DecaleSelection(std::int16_t decalage) {
     }
     s.Decalage = decalage;
   }
-  RecalculeSelection();
+  RecalculeSelection(passe);
 }
 
 void PocheSelection(bool poche) {
+  PasseTraces passe;
   for (SequenceInfo& s : Sequences) {
     if (s.Selection != Faux) s.Poche = EnDrapeau(poche);
   }
-  RecalculeSelection(IlotsEtPoches());  // what was a pocket may have had islands
+  RecalculeSelection(passe, IlotsEtPoches());  // what was a pocket may have had islands
 }
 
 void IlotSelection(bool ilot) {
+  PasseTraces passe;
   std::vector<Code2> touches = IlotsEtPoches();
   for (const Code2 code : CodesSelectionnes()) {
     Complement c = Complements.De(code);
@@ -75,14 +80,15 @@ void IlotSelection(bool ilot) {
     touches.push_back(code);
   }
   for (const Code2 code : CodesDesIlots(Doc)) touches.push_back(code);
-  RecalculeSelection(touches);
+  RecalculeSelection(passe, touches);
 }
 
 void FraiserSelection(bool fraiser) {
+  PasseTraces passe;
   for (SequenceInfo& s : Sequences) {
     if (s.Selection != Faux) s.Fraiser = EnDrapeau(fraiser);
   }
-  RecalculeSelection();
+  RecalculeSelection(passe);
 }
 
 bool ProfondeurSelection(double profondeur) {

@@ -24,9 +24,12 @@
 #include "core/ReglagesCourants.h"
 #include "core/Reprises.h"
 #include "core/Services.h"
+#include "database/Module_BD.h"
 #include "image/Apercu.h"
+#include "machine/TableCourante.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/PasseTraces.h"
 #include "workspace/Module_Travail.h"
 
 namespace ovelin {
@@ -301,21 +304,33 @@ void TientPourDernier(const std::string& chemin) {
   Dernier = {Identite{}, LignesReglages(chemin), Svc.MarqueDecimale, TraceInitial, Sequences, Complements};
 }
 
-// The state of a snapshot into the document, with all that hangs on it. The list of snapshots ends with it; that
+// The state of a snapshot into the document, with all that hangs on it. Where the user takes it back while its
+// traces are computed, all is as before, the list of snapshots included; no other change comes in between, since
+// the one step that would stand for both is the state gone to. The list of snapshots ends with it; that
 // which its picture leaves behind it goes again, now or once the picture has come.
 ResultatAnnulation RemetEtat(int numero, const std::string& chemin, const CrochetsAnnulation& crochets,
                              const std::function<void()>& range) {
   ResultatAnnulation r;
+  PasseTraces passe(
+      [reglages = Regl, table = Table, materiau = MateriauCourant] {
+        Regl = reglages;
+        Table = table;
+        MateriauCourant = materiau;
+      },
+      Entretemps::Rien);
   Appelle(crochets.MontreBouton, false);
   const std::string garde = FichierCourant;
   FichierCourant = chemin;
-  r.fait = true;
-  MarqueTravail();
   r.lu = LireProjet(FichierCourant);
   // A snapshot that can't be read leaves the document; only the count was lost.
   if (!r.lu) NbPoints = base::Compte(TraceInitial.size());
   LitReglagesDocument();
-  RecalculDecalages();
+  r.fait = PasseTraces::Faite(passe.SuitTout());
+  if (!r.fait) {
+    Appelle(crochets.MontreBouton, true);
+    return r;
+  }
+  MarqueTravail();
   Appelle(crochets.RemplitArbres);
   EncombrementGeneral();
   PointCourantX = 0;

@@ -39,7 +39,7 @@ struct CrochetsAnnulation {
   std::function<void()> Dessin;                    // ends with PrendInstantane
 };
 struct ResultatAnnulation {
-  bool fait = false;    // false: there was no state to go back to
+  bool fait = false;    // false: there was no state to go back to, or the user has taken it back on the way
   bool lu = false;      // the snapshot has been read; otherwise the document is as it was, the reason was shown
   bool bouton = false;  // mnu_Undo is enabled afterwards
 };

@@ -31,6 +31,7 @@
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/PasseTraces.h"
 #include "workspace/Formats.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Dimension.h"
@@ -361,8 +362,34 @@ std::string EnregistreProjet(const std::string& nom) {
   return "";
 }
 
+namespace {
+
+// A material is more than the tool of the traces: the way back of a record that is put in force.
+std::function<void()> RetourMateriau() {
+  return [reglages = Regl, materiau = MateriauCourant, defaut = LireCle(cles::MatDefaut, ""),
+          absent = OrigineDe(cles::MatDefaut) == OrigineCle::Defaut] {
+    ProfFraisage = reglages.ProfFraisage;
+    ProfPasse = reglages.ProfPasse;
+    Vitesse_Mat_H = reglages.Vitesse_Mat_H;
+    Vitesse_Mat_V = reglages.Vitesse_Mat_V;
+    MiniEncoche = reglages.MiniEncoche;
+    MateriauCourant = materiau;
+    const LotCles lot;
+    EcritMateriau();
+    EcritOutil();
+    if (absent) {
+      SupprimerCle(cles::MatDefaut);
+    } else {
+      EcrireCle(cles::MatDefaut, defaut);
+    }
+  };
+}
+
+}  // namespace
+
 bool AppliqueMateriau(int rang) {
   if (rang == 0) return true;
+  PasseTraces passe(RetourMateriau());
   if (!ChargeFiche(rang)) return false;
   const bool vide = Sequences.empty() || (Sequences.size() == 1 && Sequences[0].Code == Code2{});
   if (vide) return true;
@@ -372,7 +399,10 @@ bool AppliqueMateriau(int rang) {
     return false;
   ProfondeurPourTous();
   Modifie = Vrai;
-  if (!TraceDecale.empty()) RecalculDecalages();
+  if (!TraceDecale.empty()) {
+    const IssuePasse issue = passe.SuitTout();
+    if (issue != IssuePasse::EnVigueur) return PasseTraces::Faite(issue);
+  }
   Svc.Rafraichit();
   return true;
 }

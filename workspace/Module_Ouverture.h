@@ -51,7 +51,8 @@ bool RendUniforme(const std::string& chemin);
 std::string EnregistreProjet(const std::string& chemin);
 
 // A row of the material database for the whole document (CB_BD): parameters, then the depth of every path.
-// False when the row isn't there, or the question of unequal depths (ProfondeursInegales) was answered No.
+// False when the row isn't there, the question of unequal depths (ProfondeursInegales) was answered No, or the user
+// has taken it back while the traces were computed: then the parameters are those of before.
 bool AppliqueMateriau(int rang);
 
 }  // namespace ovelin

@@ -8,6 +8,8 @@
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
 #include "core/Textes.h"
+#include "toolpath/Module_Sequence.h"
+#include "toolpath/PasseTraces.h"
 
 namespace ovelin {
 
@@ -81,7 +83,9 @@ bool DemandeSupprimer() {
 void CB_Supprimer() {
   Code2 dernier;
   if (NbSelectionnees(dernier) == 0) return;
-  SupprimeSelection();
+  PasseTraces passe;
+  const SuiteRetrait suite = OteSelection();
+  if (passe.Suit(suite.lies, suite.partis) != IssuePasse::EnVigueur) return;
   // A path in focus that is gone would be looked for in vain.
   if (IndexSequence(SeqCourante) < 0) SeqCourante = CodeAucun;
   Modifie = Vrai;

@@ -47,19 +47,15 @@ bool CB_Rotation(int index, const std::string& angle) {
   if (!degres) return false;
   const double radians = *degres * Pi / 180;
   Statut(Textes::CalculTrajetOutil);
-  const bool faite = TourneSelection(index == 0 ? radians : -radians, CentreSelection());
-  if (faite) Deplacement_Selection(Direction::Aucune, 0);
+  const bool faite = TourneSelectionEtTraces(index == 0 ? radians : -radians, CentreSelection());
   EffaceStatut();
   return faite;
 }
 
 bool CB_Miroir(int index) {
-  const bool faite = MiroirSelection(index == 0 ? AxeMiroir::X : AxeMiroir::Y);
-  if (!faite) return false;
-  Statut(Textes::CalculTrajetOutil);
-  Deplacement_Selection(Direction::Aucune, 0);
+  const bool faite = MiroirSelectionEtTraces(index == 0 ? AxeMiroir::X : AxeMiroir::Y);
   EffaceStatut();
-  return true;
+  return faite;
 }
 
 ChampsDimension TaillesPanneau(const std::array<std::string, 2>& TB_Initial, bool proportions) {

@@ -221,9 +221,7 @@ bool LacheTirage() {
       if (prise.rapport != 1) Dimensionne_Selection(prise.rapport, prise.rapport, true);
       break;
     case SortePrise::Tourne:
-      if (prise.angle != 0 && TourneSelection(prise.angle, CentreSelection())) {
-        Deplacement_Selection(Direction::Aucune, 0);
-      }
+      if (prise.angle != 0) TourneSelectionEtTraces(prise.angle, CentreSelection());
       break;
   }
   return true;

@@ -6,7 +6,7 @@
 
 #include "core/Types.h"
 #include "core/ui/Theme.h"
-#include "toolpath/Bibliotheque.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 

@@ -18,8 +18,8 @@
 #include "core/ui/Fenetres.h"
 #include "core/ui/ServicesQt.h"
 #include "core/ui/TraduitFenetre.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/Module_Texte.h"
+#include "toolpath/traces/Bibliotheque.h"
 #include "toolpath/ui/ApercuTexte.h"
 
 namespace ovelin {

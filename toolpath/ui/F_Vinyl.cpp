@@ -42,7 +42,10 @@ F_Vinyl::F_Vinyl(QWidget* parent) : QDialog(parent) {
   CB_Prolongement_->setChecked(prolonge);
   MontreFleches(!prolonge);
   for (QToolButton* fleche : CB_Fleche_) fleche->setAccessibleName(fleche->toolTip());
-  connect(CB_Prolongement_, &QCheckBox::toggled, this, &RegleProlongement);
+  option_ = prolonge ? Marge : Depart;
+  connect(CB_Prolongement_, &QCheckBox::toggled, this, [this](bool actif) {
+    if (!RegleProlongement(actif)) CocheProlongement(!actif);
+  });
   for (int i = 0; i < 2; ++i) {
     connect(Option1_[static_cast<std::size_t>(i)], &QRadioButton::clicked, this, [this, i] { Option1_Click(i); });
   }
@@ -99,16 +102,36 @@ QWidget* F_Vinyl::Rose() {
 }
 
 void F_Vinyl::CB_Fleche_Click(int index) {
-  for (int i = 0; i < 8; ++i) CB_Fleche_[static_cast<std::size_t>(i)]->setChecked(i == index);
-  ChoixDepart(index);
+  CocheFleche(index);
+  if (ChoixDepart(index)) {
+    fleche_ = index;
+  } else {
+    CocheFleche(fleche_);
+  }
 }
 
+void F_Vinyl::CocheFleche(int index) {
+  for (int i = 0; i < 8; ++i) CB_Fleche_[static_cast<std::size_t>(i)]->setChecked(i == index);
+}
+
+// Taken back, the window shows again what it showed.
 void F_Vinyl::Option1_Click(int index) {
   const bool prolonge = index == Marge;
+  const bool avant = CB_Prolongement_->isChecked();
   MontreFleches(!prolonge);
+  CocheProlongement(prolonge);
+  if (RegleProlongement(prolonge)) {
+    option_ = index;
+    return;
+  }
+  Option1_[static_cast<std::size_t>(option_)]->setChecked(true);
+  MontreFleches(option_ == Depart);
+  CocheProlongement(avant);
+}
+
+void F_Vinyl::CocheProlongement(bool actif) {
   const QSignalBlocker silence(CB_Prolongement_);
-  CB_Prolongement_->setChecked(prolonge);
-  RegleProlongement(prolonge);
+  CB_Prolongement_->setChecked(actif);
 }
 
 // The room stays, so that the window keeps its size.

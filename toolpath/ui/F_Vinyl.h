@@ -21,7 +21,9 @@ class F_Vinyl : public QDialog {
   void Construit();
   QWidget* Rose();
   void CB_Fleche_Click(int index);
+  void CocheFleche(int index);
   void Option1_Click(int index);
+  void CocheProlongement(bool actif);
   void MontreFleches(bool visibles);
 
   std::array<QRadioButton*, 2> Option1_{};
@@ -29,6 +31,8 @@ class F_Vinyl : public QDialog {
   QWidget* rose_ = nullptr;
   QLabel* Lbl_Fleches_ = nullptr;
   QCheckBox* CB_Prolongement_ = nullptr;
+  int fleche_ = -1;  // the arrow chosen last
+  int option_ = 0;   // of Option1
 };
 
 }  // namespace ovelin

@@ -189,6 +189,7 @@ void F_Representation::Relie() {
 void F_Representation::InstalleServices() {
   Svc.Rafraichit = [this] { Rafraichit(); };
   SvcPasse.Jusque = [this](const PasseInterruptible& passe) { return MenePasse(passe); };
+  SvcPasse.SePeut = [this] { return !PasseEnCours() && !ouverture_ && !ouvre_; };
   SvcPasse.MontreSansTrajet = [this] { MontreSansTrajet(); };
   SvcPasse.ChangementRepris = [this] { ChangementRepris(); };
   Svc.Timer_Interro = [this](bool actif) {

@@ -152,6 +152,7 @@ class F_Representation : public QMainWindow {
   int collees_ = 0;                // copies pasted since the last one was made
   QByteArray copiee_;              // what the clipboard held when PressePapiers was filled
   bool charge_ = false;
+  bool repris_ = false;        // the command at work was taken back: nothing was refused
   bool ouvre_ = false;         // an opening runs, its dialogs included
   bool fermetureDue_ = false;  // the window was to close meanwhile
   QString titre_;              // of a drawing that comes from no file

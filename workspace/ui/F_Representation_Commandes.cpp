@@ -279,12 +279,17 @@ void F_Representation::Colle() {
   }
   const bool vide = TraceInitial.empty();
   const double pas = EcartCopie * (vide ? 0 : collees_ + 1);
-  if (!ColleCopie(pas, pas)) return Svc.Bip();
-  ++collees_;
+  repris_ = false;
+  if (ColleCopie(pas, pas)) {
+    ++collees_;
+  } else if (!repris_) {
+    Svc.Bip();
+  }
 }
 
 void F_Representation::Duplique() {
-  if (!DupliqueSelection(EcartCopie, EcartCopie)) Svc.Bip();
+  repris_ = false;
+  if (!DupliqueSelection(EcartCopie, EcartCopie) && !repris_) Svc.Bip();
 }
 
 // The points that are chosen in the tree, or else the selected paths.
@@ -351,7 +356,11 @@ void F_Representation::ChoisitMateriau(int rang) {
   }
   if (rang > 0) {
     if (const auto illisible = FicheIllisible(rang)) AvertitValeurs({*illisible});
-    AppliqueMateriau(rang);
+    const std::string avant = MateriauCourant;
+    if (!AppliqueMateriau(rang) && MateriauCourant == avant) {  // taken back
+      QComboBox* combo = commandes_->CB_BD();
+      combo->setCurrentIndex(std::max(0, combo->findText(QString::fromStdString(avant))));
+    }
   }
   panneau_->Fraisage()->RemplitOutil();
   panneau_->InitSeq();

@@ -33,15 +33,17 @@ bool EstChampOutil(const QWidget& controle) {
 
 // While a tool path is computed: another value of the tool, another step of the selection, or the way back. What is
 // meant for the window of moves by hand is forgotten: the machine would move when nobody expects it any more.
-SortEvenement JugePendantPasse(const QWidget& cible, const QWidget& fenetre, const QWidget& image,
-                               const QEvent& e) {
+// With `seule` everything but the way back waits.
+SortEvenement JugePendantPasse(const QWidget& cible, const QWidget& fenetre, const QWidget& image, const QEvent& e,
+                               bool seule) {
   const bool appui = e.type() == QEvent::KeyPress;
   if (appui || e.type() == QEvent::KeyRelease) {
     const int touche = static_cast<const QKeyEvent&>(e).key();
     if (touche == Qt::Key_Escape) return appui ? SortEvenement::Arrete : SortEvenement::Refuse;
-    if (&cible == &image && EstFleche(touche)) return SortEvenement::Laisse;
+    if (!seule && &cible == &image && EstFleche(touche)) return SortEvenement::Laisse;
   }
-  if (cible.window() == &fenetre && EstChampOutil(cible) && e.type() != QEvent::Wheel) return SortEvenement::Laisse;
+  if (!seule && cible.window() == &fenetre && EstChampOutil(cible) && e.type() != QEvent::Wheel)
+    return SortEvenement::Laisse;
   return cible.window()->objectName() == QLatin1String("F_PilMan") ? SortEvenement::Refuse : SortEvenement::Tient;
 }
 
@@ -66,26 +68,26 @@ void F_Representation::Dessine() {
   PB1_->Dessin();
 }
 
-// A pass inside another one, or on the way of an opening, is part of that.
 bool F_Representation::MenePasse(const PasseInterruptible& passe) {
-  if (PasseEnCours() || ouverture_ || ouvre_) {
-    Travaille(passe.noyau);
-    return false;
-  }
-  return ovelin::MenePasse(
-      passe, [this](const QWidget& cible, const QEvent& e) { return JugePendantPasse(cible, *this, *PB1_, e); });
+  return ovelin::MenePasse(passe, [this, &passe](const QWidget& cible, const QEvent& e) {
+    return JugePendantPasse(cible, *this, *PB1_, e, passe.seule);
+  });
 }
 
 void F_Representation::MontreSansTrajet() {
   if (ouverture_) return;
+  vide_->setVisible(TraceInitial.size() < 2);
+  if (!commandes_->Action("mnu_Zoom1")->isEnabled()) mnu_Zoom1(PB1_->Taille());  // the first of this sheet
   alerte_->hide();
   PB1_->Montre();
 }
 
 // The trees have not followed the change.
 void F_Representation::ChangementRepris() {
+  repris_ = true;
   panneau_->InitSeq();
   panneau_->Fraisage()->SuitOutil();
+  vide_->setVisible(TraceInitial.size() < 2);
   alerte_->Suit();
   Parle();
   PB1_->Montre();

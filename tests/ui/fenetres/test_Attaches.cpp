@@ -6,6 +6,7 @@
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "core/ui/ChampNombre.h"
+#include "tests/support/PasseEcrite.h"
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Decalage.h"
 #include "workspace/ui/dialogues/F_Attaches.h"
@@ -65,6 +66,26 @@ TEST(F_Attaches, SaysWhereThereIsNoRoomAndStays) {
   Montre(f);
   Clique(*Controle<QPushButton>(f, "Btn_OK"));
   EXPECT_TRUE(f.isVisible());
+}
+
+TEST(F_Attaches, StaysWithoutAWordWhereTheUserTakesThemBack) {
+  LargeurEncoche = 5;
+  RayonFraise = 0;
+  std::vector<std::pair<float, float>> xy;
+  for (int i = 0; i <= 50000; ++i) xy.emplace_back(static_cast<float>(i) * 0.01F, 0.0F);
+  AjouteSequence(" A", xy);
+  Sequences.back().Selection = Vrai;
+  RecalculDecalages();
+  const Document avant = Doc;
+  PasseEcrite passe;
+  passe.Offre();
+  passe.script = {[] { return true; }};
+  F_Attaches f;
+  Montre(f);
+  Clique(*Controle<QPushButton>(f, "Btn_OK"));
+  EXPECT_EQ(passe.repris, 1);
+  EXPECT_TRUE(f.isVisible());
+  EXPECT_TRUE(Doc == avant);
 }
 
 TEST(F_Attaches, ChangesNothingWhenCancelled) {

@@ -3,12 +3,14 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
+#include <cmath>
 #include <sstream>
 
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "machine/TableCourante.h"
 #include "run/Module_GCode.h"
+#include "tests/support/PasseEcrite.h"
 #include "tests/ui/support/SupportUi.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/ui/F_Vinyl.h"
@@ -134,6 +136,66 @@ TEST(F_Vinyl, ComesBackAsItWasLeft) {
   F_Vinyl f;
   Montre(f);
   EXPECT_TRUE(Controle<QRadioButton>(f, "Option1_1")->isChecked());
+  EXPECT_TRUE(Controle<QCheckBox>(f, "CB_Prolongement")->isChecked());
+}
+
+// An outline whose tool path is worth a pass, which Escape ends.
+class VinylRepris : public testing::Test {
+ protected:
+  void SetUp() override {
+    RayonFraise = 0;
+    std::vector<std::pair<float, float>> xy;
+    constexpr int n = 50000;
+    for (int i = 0; i <= n; ++i) {
+      const double a = 2 * M_PI * (i % n) / n;
+      xy.emplace_back(static_cast<float>(50 + 40 * std::cos(a)), static_cast<float>(50 + 40 * std::sin(a)));
+    }
+    AjouteSequence(" A", xy);
+    RecalculDecalages();
+  }
+  void Echappe() {
+    passe_.Offre();
+    passe_.script = {[] { return true; }};
+  }
+  PasseEcrite passe_;
+};
+
+TEST_F(VinylRepris, AnArrowThatIsTakenBackIsPressedNoMore) {
+  F_Vinyl f;
+  Montre(f);
+  Controle<QToolButton>(f, "CB_Fleche_6")->click();
+  const Document avant = Doc;
+  Echappe();
+  Controle<QToolButton>(f, "CB_Fleche_4")->click();
+  EXPECT_EQ(passe_.repris, 1);
+  EXPECT_TRUE(Doc == avant);
+  EXPECT_FALSE(Controle<QToolButton>(f, "CB_Fleche_4")->isChecked());
+  EXPECT_TRUE(Controle<QToolButton>(f, "CB_Fleche_6")->isChecked());
+}
+
+TEST_F(VinylRepris, AMarginThatIsTakenBackIsChosenNoMore) {
+  F_Vinyl f;
+  Montre(f);
+  const Document avant = Doc;
+  Echappe();
+  Controle<QRadioButton>(f, "Option1_1")->click();
+  EXPECT_EQ(passe_.repris, 1);
+  EXPECT_TRUE(Doc == avant);
+  EXPECT_TRUE(Controle<QRadioButton>(f, "Option1_0")->isChecked());
+  EXPECT_FALSE(Controle<QCheckBox>(f, "CB_Prolongement")->isChecked());
+  EXPECT_TRUE(Controle<QToolButton>(f, "CB_Fleche_0")->isVisible());
+}
+
+TEST_F(VinylRepris, ALengtheningThatIsTakenBackIsCheckedNoMore) {
+  F_Vinyl f;
+  Montre(f);
+  Echappe();
+  Controle<QCheckBox>(f, "CB_Prolongement")->click();
+  EXPECT_EQ(passe_.repris, 1);
+  EXPECT_EQ(Prolongement, Faux);
+  EXPECT_FALSE(Controle<QCheckBox>(f, "CB_Prolongement")->isChecked());
+  Controle<QCheckBox>(f, "CB_Prolongement")->click();
+  EXPECT_EQ(Prolongement, Vrai);
   EXPECT_TRUE(Controle<QCheckBox>(f, "CB_Prolongement")->isChecked());
 }
 

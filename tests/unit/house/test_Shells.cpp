@@ -146,7 +146,7 @@ std::set<std::string> AtteintDepuis(const std::string& depart) {
 
 TEST(Kernels, OfTheRoadReachNothingThatIsInForce) {
   const std::set<std::string> atteints = AtteintDepuis("tests/unit/workspace/Route.cpp");
-  EXPECT_TRUE(atteints.contains("toolpath/NoyauTrace.cpp"));
+  EXPECT_TRUE(atteints.contains("toolpath/traces/NoyauTrace.cpp"));
   EXPECT_TRUE(atteints.contains("run/NoyauNC.cpp"));
   for (const std::string& fichier : atteints) EXPECT_FALSE(Instances.contains(fichier)) << fichier;
 }

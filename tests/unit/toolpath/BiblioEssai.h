@@ -8,7 +8,7 @@
 
 #include "core/DocumentCourant.h"
 #include "tests/support/Support.h"
-#include "toolpath/Bibliotheque.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace essai {
 

@@ -5,8 +5,8 @@
 
 #include "core/Types.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
-#include "toolpath/Encoches.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/traces/Encoches.h"
 
 using namespace ovelin;
 using namespace essai;

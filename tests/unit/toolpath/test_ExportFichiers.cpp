@@ -10,10 +10,10 @@
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "tests/support/Support.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace essai {
 namespace {

@@ -5,10 +5,10 @@
 #include "core/Coeurs.h"
 #include "core/ReglagesCourants.h"
 #include "tests/unit/toolpath/BiblioEssai.h"
-#include "toolpath/Ilots.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "toolpath/traces/Ilots.h"
 
 using namespace ovelin;
 using namespace essai;

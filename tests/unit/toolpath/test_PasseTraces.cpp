@@ -14,12 +14,12 @@
 #include "core/ReglagesCourants.h"
 #include "core/ServicesPasse.h"
 #include "tests/support/Support.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/ChampsOutil.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/Module_Transforme.h"
 #include "toolpath/PasseTraces.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 using namespace ovelin;
 using namespace essai;

@@ -8,10 +8,10 @@
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
 #include "tests/support/Support.h"
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/CalculDecalage.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/NettoieChemin.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 using namespace ovelin;
 using namespace essai;

@@ -4,8 +4,8 @@
 
 #include "run/NoyauNC.h"
 #include "run/NoyauPlan.h"
-#include "toolpath/NoyauTrace.h"
 #include "toolpath/chemins/NoyauOrdre.h"
+#include "toolpath/traces/NoyauTrace.h"
 
 namespace essai {
 

@@ -73,7 +73,9 @@ void F_Attaches::Btn_OK_Click() {
   } else {
     voeu.nombre = static_cast<int>(*v);
   }
-  if (PoseAttaches(voeu) == 0) {
+  const std::int32_t posees = PoseAttaches(voeu);
+  if (posees < 0) return;
+  if (posees == 0) {
     Message(Textes::AttachesSansPlace, Icone::Information);
     return;
   }

@@ -1,12 +1,12 @@
-#include "toolpath/Encoches.h"
+#include "toolpath/traces/Encoches.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <span>
 
-#include "toolpath/PieceEnBlocs.h"
 #include "toolpath/chemins/Etendues.h"
+#include "toolpath/traces/PieceEnBlocs.h"
 
 namespace ovelin {
 

@@ -1,4 +1,4 @@
-#include "toolpath/TableTraces.h"
+#include "toolpath/traces/TableTraces.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "toolpath/PieceEnBlocs.h"
+#include "toolpath/traces/PieceEnBlocs.h"
 
 #include <algorithm>
 #include <cmath>

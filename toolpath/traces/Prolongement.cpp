@@ -1,4 +1,4 @@
-#include "toolpath/Prolongement.h"
+#include "toolpath/traces/Prolongement.h"
 
 #include <cmath>
 #include <cstddef>

@@ -10,9 +10,9 @@
 
 #include "core/Document.h"
 #include "core/Reglages.h"
-#include "toolpath/Ilots.h"
-#include "toolpath/TableTraces.h"
 #include "toolpath/chemins/Etendues.h"
+#include "toolpath/traces/Ilots.h"
+#include "toolpath/traces/TableTraces.h"
 
 namespace ovelin {
 
@@ -49,8 +49,9 @@ bool CalculeTraces(const Document& document, std::span<const Code2> codes, const
                    std::vector<SequenceDecalee>& traces, const std::function<void()>& avance,
                    OuTracer ou = OuTracer::ALaFenetre);
 
-// The number in the points of each trace: the position of its record among those that have points, for the eye.
-void NumeroteTraces(std::vector<SequenceDecalee>& traces);
+// The number in the points of each trace: the position of its record among those that have points, for the eye. The
+// points of the paths `sauf` keep what they have.
+void NumeroteTraces(std::vector<SequenceDecalee>& traces, std::span<const Code2> sauf = {});
 
 // All traces of a document, as values: TraceDecale is made anew.
 void TraceDocument(Document& document, const ParametresTrace& parametres);

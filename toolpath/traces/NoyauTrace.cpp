@@ -1,4 +1,4 @@
-#include "toolpath/NoyauTrace.h"
+#include "toolpath/traces/NoyauTrace.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -14,9 +14,9 @@
 #include "core/Gestes.h"
 #include "core/Nombres.h"
 #include "core/Services.h"
-#include "toolpath/Bibliotheque.h"
-#include "toolpath/Encoches.h"
-#include "toolpath/Prolongement.h"
+#include "toolpath/traces/Bibliotheque.h"
+#include "toolpath/traces/Encoches.h"
+#include "toolpath/traces/Prolongement.h"
 
 namespace ovelin {
 
@@ -213,11 +213,14 @@ bool CalculeTraces(const Document& document, std::span<const Code2> codes, const
   return uneReussie;
 }
 
-void NumeroteTraces(std::vector<SequenceDecalee>& traces) {
+void NumeroteTraces(std::vector<SequenceDecalee>& traces, std::span<const Code2> sauf) {
+  std::unordered_set<std::uint32_t> gardes;
+  for (const Code2 code : sauf) gardes.insert(code.Cle());
   long numero = 0;
   for (SequenceDecalee& d : traces) {
     if (d.Points.empty()) continue;
     const Code2 seq = NumeroTrace(++numero);
+    if (gardes.contains(d.Seq.Cle())) continue;
     for (PointTrace& p : d.Points) p.Seq = seq;
   }
 }

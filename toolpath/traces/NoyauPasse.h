@@ -9,14 +9,14 @@
 
 #include "base/Arret.h"
 #include "core/Document.h"
-#include "toolpath/NoyauTrace.h"
+#include "toolpath/traces/NoyauTrace.h"
 
 namespace ovelin {
 
 struct TravailTraces {
   Document document;         // its traces are not needed
-  std::vector<Code2> codes;  // of the paths, in their order
-  bool toutes = false;       // `codes` are all paths of the drawing, and the traces are numbered
+  bool toutes = false;       // all paths of the drawing, and the traces are numbered
+  std::vector<Code2> codes;  // these paths, in their order; where `toutes`, once more behind all: without a number
   ParametresTrace parametres;
 };
 
@@ -35,6 +35,9 @@ IssueTraces CalculePasse(const TravailTraces& travail, const base::Arret& arret,
 // The outcome of a pass that came to its end, put into the table: the entries of each path where those of before
 // stood, and behind the others for a path that had none.
 void PoseTraces(std::vector<SequenceDecalee>& traces, IssueTraces&& issue);
+
+// The entries of these paths leave the table.
+void OteTraces(std::vector<SequenceDecalee>& traces, std::span<const Code2> codes);
 
 // One of these paths failed, or is too short to be offset: the table isn't what computing all would make of it. An
 // island has no trace and wants none.

@@ -1,12 +1,12 @@
-#include "toolpath/NoyauPasse.h"
+#include "toolpath/traces/NoyauPasse.h"
 
 #include <algorithm>
 #include <cstring>
 #include <unordered_set>
 #include <utility>
 
-#include "toolpath/Ilots.h"
 #include "toolpath/chemins/Etendues.h"
+#include "toolpath/traces/Ilots.h"
 
 namespace ovelin {
 
@@ -19,15 +19,19 @@ IssueTraces CalculePasse(const TravailTraces& travail, const base::Arret& arret,
     issue.reussie =
         CalculeTraces(travail.document, codes, travail.parametres, issue.traces, avance, OuTracer::SurCeFil);
   };
-  const std::vector<Code2> codes = issue.toutes ? travail.codes : AvecIlots(travail.document, travail.codes);
-  calcule(codes);
-  if (!issue.toutes && !arret.Demandee() &&
-      TraceManque(travail.document, issue.traces, codes, travail.parametres)) {
+  const std::vector<Code2> codes = AvecIlots(travail.document, travail.codes);
+  const std::vector<Code2> tous = CodesDe(travail.document.TraceInitial);
+  calcule(issue.toutes ? tous : codes);
+  const bool manque = !arret.Demandee() && TraceManque(travail.document, issue.traces, codes, travail.parametres);
+  if (manque && !issue.toutes) {
     issue.toutes = true;
     issue.traces.clear();
-    calcule(CodesDe(travail.document.TraceInitial));
+    calcule(tous);
   }
-  if (issue.toutes && !arret.Demandee()) NumeroteTraces(issue.traces);
+  // A path computed once more has the same trace, with what the library has left in its points.
+  if (issue.toutes && !arret.Demandee()) {
+    NumeroteTraces(issue.traces, manque ? std::span<const Code2>() : std::span(codes));
+  }
   issue.entiere = !arret.Demandee();
   return issue;
 }
@@ -46,6 +50,13 @@ void PoseTraces(std::vector<SequenceDecalee>& traces, IssueTraces&& issue) {
     debut = fin;
   }
   traces = table.Rend(traces);
+}
+
+void OteTraces(std::vector<SequenceDecalee>& traces, std::span<const Code2> codes) {
+  if (codes.empty()) return;
+  std::unordered_set<std::uint32_t> partis;
+  for (const Code2 code : codes) partis.insert(code.Cle());
+  std::erase_if(traces, [&](const SequenceDecalee& d) { return partis.contains(d.Seq.Cle()); });
 }
 
 bool TraceManque(const Document& document, std::span<const SequenceDecalee> traces, std::span<const Code2> codes,

@@ -1,4 +1,4 @@
-#include "toolpath/Bibliotheque.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 #include "core/Coeurs.h"
 #include "core/Etat.h"

@@ -1,11 +1,11 @@
-#include "toolpath/Ilots.h"
+#include "toolpath/traces/Ilots.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 
-#include "toolpath/Bibliotheque.h"
 #include "toolpath/chemins/Etendues.h"
+#include "toolpath/traces/Bibliotheque.h"
 
 namespace ovelin {
 
