@@ -35,7 +35,7 @@ TEST(Remplit, MakesARootAGroupForEachPathAndItsPoints) {
 
 TEST(Remplit, TheWordsOfAPathAreItsTipForAWindowThatCutsThemShort) {
   DeuxCarres();
-  const Arbre1 a;
+  const ArbreMontre a;
   const QModelIndex nom = a.Groupe(0).siblingAtColumn(1);
   EXPECT_TRUE(nom.data().toString().contains(QStringLiteral("40.0 x 40.0")));
   EXPECT_EQ(nom.data(Qt::ToolTipRole), nom.data());
