@@ -236,3 +236,39 @@ TEST(ImporteFichier, ThreeLettersMakeAPlot) {
   const auto f = Lis(d.Ecrit("court", "IN;"));
   EXPECT_EQ(f.Rapport.Format, "HPGL");
 }
+
+// Over 2 MB of squares in loose lines, every fourth drawn twice, of which each long one holds the next three.
+TEST(ImporteFichier, ALargeDrawingIsTheSameForAnyNumberOfThreads) {
+  constexpr int Carres = 8000;
+  std::string t = "0\nSECTION\n2\nENTITIES\n";
+  const auto ligne = [&t](int calque, int x0, int y0, int x1, int y1) {
+    t += "0\nLINE\n8\nC" + std::to_string(calque) + "\n10\n" + std::to_string(x0) + ".125\n20\n" +
+         std::to_string(y0) + ".25\n11\n" + std::to_string(x1) + ".125\n21\n" + std::to_string(y1) + ".25\n";
+  };
+  for (int k = 0; k < Carres; ++k) {
+    const int cote = 80 - 20 * (k % 4);
+    const int x = 100 * (k / 4 % 90) + 10 * (k % 4), y = 100 * (k / 360) + 10 * (k % 4);
+    for (int fois = k % 4 == 1 ? 2 : 1; fois > 0; --fois) {
+      ligne(k % 3, x, y, x + cote, y);
+      ligne(k % 3, x + cote, y, x + cote, y + cote);
+      ligne(k % 3, x + cote, y + cote, x, y + cote);
+      ligne(k % 3, x, y + cote, x, y);
+    }
+  }
+  const Dossier d;
+  const std::string chemin = d.Ecrit("grand.dxf", t + "0\nENDSEC\n0\nEOF\n");
+  const auto seul = Lis(chemin);
+  ASSERT_EQ(seul.Nombre, Carres * 5);
+  EXPECT_EQ(seul.Rapport.Ignores.at("DUPLICATE"), Carres);  // four lines of each fourth square
+  EXPECT_EQ(seul.CalquesDesChemins.size(), static_cast<std::size_t>(Carres));
+  for (const unsigned fils : {2U, 7U}) {
+    pathwerk::OptionsLecture options;
+    options.Fils = fils;
+    const auto f = pathwerk::ImporteFichier(chemin, options);
+    EXPECT_TRUE(f.Points == seul.Points) << fils;
+    EXPECT_EQ(f.CalquesDesChemins, seul.CalquesDesChemins);
+    EXPECT_EQ(f.Calques, seul.Calques);
+    EXPECT_EQ(f.Rapport.Ignores, seul.Rapport.Ignores);
+    EXPECT_EQ(f.Message, seul.Message);
+  }
+}
