@@ -52,7 +52,7 @@ class Poseur {
     std::fill_n(voulus_.begin(), moitie_, 1);
     for (std::size_t s = 0; s < moitie_; ++s) {
       if (s % SegmentsParRegard == 0 && base::ArretDemande()) break;
-      if (contacts.DuSegment(s)) voulus_[2 * moitie_ - 1 - s] = 1;
+      if (contacts.Peut(s)) voulus_[2 * moitie_ - 1 - s] = 1;
     }
     ChoisitTueurs();
     VeutArcs(voulus_);
