@@ -22,7 +22,7 @@
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
-#include "closed/pathwerk/decalage/Jeu.h"
+#include "closed/pathwerk/decalage/ReglageArcs.h"
 
 namespace pathwerk::decalage {
 
@@ -176,11 +176,11 @@ bool DecaleOuvertArcs(const Region& allerRetour, double distance, double toleran
     const double fleche = 0.85 * tolerance;
     for (const double part : PartsDeJeu) {
       if (base::ArretDemande()) break;
-      const Jeu jeu = JeuDe(source, distance, tolerance, part);
-      const auto libres = poseur.Pose(jeu.d, jeu.bruit, jeu.ecart, 0.5 * tolerance);
+      const ReglageArcs reglage = ReglageDe(source, distance, tolerance, part);
+      const auto libres = poseur.Pose(reglage.d, reglage.bruit, reglage.ecart, 0.5 * tolerance);
       if (!libres) continue;
-      boucles = AplatitBoucles(source, *libres, jeu.d, fleche, tolerance / 50, &origines);
-      if (Tient(source, boucles, origines, std::abs(jeu.d), fleche)) return true;
+      boucles = AplatitBoucles(source, *libres, reglage.d, fleche, tolerance / 50, &origines);
+      if (Tient(source, boucles, origines, std::abs(reglage.d), fleche)) return true;
     }
   } catch (const std::exception&) {
   }

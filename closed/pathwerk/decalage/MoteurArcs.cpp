@@ -13,13 +13,16 @@
 #include "base/Arret.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/ArcSuite.h"
-#include "closed/pathwerk/decalage/Jeu.h"
 
 namespace pathwerk::decalage {
 
 namespace {
 
+constexpr double Jeux[] = {0.06, 0.047, 0.071, 0.033, 0.0813};  // shares of the tolerance
 constexpr std::size_t Echantillons = 48;
+
+// Depth below which a touch doesn't count: some units of the last place of the greatest coordinate.
+double Bruit(double etendue, double r) { return std::max(1e-10, 4e-15 * (etendue + r)); }
 
 // Samples of the loops lie where they must.
 bool Verifie(const ArcSource& source, const std::vector<Chemin>& boucles, double r, double fleche) {
@@ -56,12 +59,15 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
     const double fleche = 0.85 * tolerance;
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     if (source.Taille() == 0) return true;
-    for (const double part : PartsDeJeu) {
+    for (const double part : Jeux) {
       if (base::ArretDemande()) break;
-      const auto [d, bruit, ecart] = JeuDe(source, distance, tolerance, part);
+      const double jeu = std::min(part * tolerance, std::abs(distance) * part);
+      const double d = distance > 0 ? distance - jeu : distance + jeu;
       const double r = std::abs(d);
+      const double bruit = Bruit(source.Etendue(), r);
       std::vector<ArcLibre> libres =
           memoire != nullptr ? memoire->suite->Libres(d, bruit) : ArcsLibres(source, d, bruit);
+      const double ecart = std::min(0.05 * tolerance + 4 * std::sqrt(2 * r * bruit), 0.5 * tolerance + 0.1 * r);
       LieArcs(source, libres, r, ecart, 0.5 * tolerance);
       if (OteMauvaisCote(source, libres, d, region.signe) > 0) continue;
       boucles = AplatitBoucles(source, libres, d, fleche, tolerance / 50, origines);

@@ -11,13 +11,13 @@ namespace pathwerk::decalage {
 // Shares of the tolerance, tried one after the other: the shape may be in the way of just one distance.
 inline constexpr double PartsDeJeu[] = {0.06, 0.047, 0.071, 0.033, 0.0813};
 
-struct Jeu {
+struct ReglageArcs {
   double d = 0;      // distance, signed, mm
   double bruit = 0;  // depth below which a touch doesn't count: some units of the last place
   double ecart = 0;  // between ends that still meet, mm
 };
 
-inline Jeu JeuDe(const ArcSource& source, double distance, double tolerance, double part) {
+inline ReglageArcs ReglageDe(const ArcSource& source, double distance, double tolerance, double part) {
   const double jeu = std::min(part * tolerance, std::abs(distance) * part);
   const double d = distance > 0 ? distance - jeu : distance + jeu;
   const double r = std::abs(d);
