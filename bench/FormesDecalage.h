@@ -134,4 +134,17 @@ inline Chemin Marche(std::size_t n) {
   return c;
 }
 
+// Circle of 20 mm scanned far more densely than its noise of 0.05 mm both ways: hundreds of crossings a point.
+inline Chemin Foule(std::size_t n) {
+  std::mt19937_64 g(7);
+  std::uniform_real_distribution<double> u(-0.05, 0.05);
+  Chemin c;
+  for (std::size_t i = 0; i < n; ++i) {
+    const double t = 2 * std::numbers::pi * static_cast<double>(i) / static_cast<double>(n);
+    const double x = u(g);
+    c.push_back({10 * std::cos(t) + x, 10 * std::sin(t) + u(g)});
+  }
+  return c;
+}
+
 }  // namespace banc

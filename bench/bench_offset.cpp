@@ -226,6 +226,7 @@ struct Cas {
   bool ferme;
   double d;
   bool lisse = false;
+  bool croise = false;  // crosses itself all over: which side of a strand is wanted the strand doesn't tell
 };
 
 Ligne Compare(const Cas& cas) {
@@ -239,6 +240,7 @@ Ligne Compare(const Cas& cas) {
           DecalSequence(t, Tolerance, static_cast<float>(cas.d), 100);
         });
         MesureErreur(source, cas.ferme, SegmentsDe(t), cas.d, m);
+        if (cas.croise) m.manque = 0;
         return m;
       },
       NotreLimite);
@@ -413,6 +415,10 @@ int main(int argc, char** argv) {
       {"spiral, exact fit", 1000000, banc::Spirale, true, -1},
       {"spiral, inside", 100000, banc::Spirale, true, 0.5},
       {"spiral, inside", 1000000, banc::Spirale, true, 0.5},
+      {"dense scan", 100000, banc::Foule, true, 1, false, true},
+      {"dense scan", 1000000, banc::Foule, true, 1, false, true},
+      {"open dense scan", 100000, banc::Foule, false, 1},
+      {"open dense scan", 1000000, banc::Foule, false, 1},
       {"open wave", 10000, banc::Onde, false, 1},
       {"open, crossing itself", 100000, banc::Marche, false, 1},
       {"open, crossing itself", 1000000, banc::Marche, false, 1},

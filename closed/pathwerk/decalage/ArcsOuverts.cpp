@@ -23,7 +23,7 @@
 #include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/Epreuve.h"
-#include "closed/pathwerk/decalage/Jeu.h"
+#include "closed/pathwerk/decalage/ReglageArcs.h"
 
 namespace pathwerk::decalage {
 
@@ -52,7 +52,7 @@ class Poseur {
     std::fill_n(voulus_.begin(), moitie_, 1);
     for (std::size_t s = 0; s < moitie_; ++s) {
       if (s % SegmentsParRegard == 0 && base::ArretDemande()) break;
-      if (contacts.DuSegment(s)) voulus_[2 * moitie_ - 1 - s] = 1;
+      if (contacts.Peut(s)) voulus_[2 * moitie_ - 1 - s] = 1;
     }
     ChoisitTueurs();
     VeutArcs(voulus_);
@@ -151,7 +151,7 @@ bool DecaleOuvertArcs(const Region& allerRetour, double distance, double toleran
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     for (const double part : PartsDeJeu) {
       if (base::ArretDemande()) break;
-      const auto [jeu, bruit, ecart] = MesuresDe(allerRetour, source, distance, tolerance, part);
+      const auto [jeu, bruit, ecart] = ReglageDe(allerRetour, source, distance, tolerance, part);
       const double d = jeu.distance;
       const auto libres = poseur.Pose(d, bruit, ecart, 0.5 * tolerance);
       if (!libres) continue;

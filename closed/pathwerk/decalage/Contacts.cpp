@@ -9,8 +9,12 @@ namespace pathwerk::decalage {
 
 namespace {
 
-// Leaves near one of them: more make a crowd, of which all is taken to touch.
+// Leaves near one of them: more make a crowd.
 constexpr std::size_t FeuillesMax = 64;
+
+// What is known of a leaf.
+constexpr std::uint8_t Foule = 1;
+constexpr std::uint8_t Tout = 2;
 
 }  // namespace
 
@@ -21,18 +25,26 @@ Contacts::Contacts(const Chemin& chemin)
                b.Etend(chemin[i].x, chemin[i].y);
                b.Etend(chemin[i + 1].x, chemin[i + 1].y);
              }),
-      cherche_(arbre_.Noeuds() - arbre_.Feuilles(), 0),
+      su_(arbre_.Noeuds() - arbre_.Feuilles(), 0),
       sommets_(chemin.size(), 0),
       segments_(chemin.size() - 1, 0) {}
 
 bool Contacts::Sommet(std::size_t i) {
-  Cherche(arbre_.FeuilleDe(std::min(i, segments_.size() - 1)));
-  return sommets_[i] != 0;
+  return Trouve(arbre_.FeuilleDe(std::min(i, segments_.size() - 1)), sommets_[i]);
+}
+
+bool Contacts::Peut(std::size_t s) {
+  const std::size_t feuille = arbre_.FeuilleDe(s);
+  const std::size_t apres = arbre_.FeuilleDe(std::min(s + 1, segments_.size() - 1));
+  if (Su(feuille) == 0) Cherche(feuille, FeuillesMax, nullptr);
+  if (Su(apres) == 0) Cherche(apres, FeuillesMax, nullptr);
+  return Su(feuille) == Foule || Su(apres) == Foule || segments_[s] != 0 || sommets_[s] != 0 ||
+         sommets_[s + 1] != 0;
 }
 
 bool Contacts::DuSegment(std::size_t s) {
-  Cherche(arbre_.FeuilleDe(s));
-  return segments_[s] != 0 || sommets_[s] != 0 || Sommet(s + 1);
+  if (segments_[s] != 0 || sommets_[s] != 0 || sommets_[s + 1] != 0) return true;
+  return Trouve(arbre_.FeuilleDe(s), segments_[s]) || Sommet(s) || Sommet(s + 1);
 }
 
 bool Contacts::Touche(std::size_t segment, std::size_t sommet) const {
@@ -66,31 +78,30 @@ bool Contacts::Compare(std::size_t feuille, std::size_t autre) {
   return tous;
 }
 
-void Contacts::TouchePartout(std::size_t feuille) {
-  const std::size_t debut = arbre_.Debut(feuille);
-  const std::size_t fin = arbre_.Fin(feuille);
-  std::fill(base::Iterateur(segments_, debut), base::Iterateur(segments_, fin), 1);
-  std::fill(base::Iterateur(sommets_, debut), base::Iterateur(sommets_, fin), 1);
-  if (fin == segments_.size()) sommets_.back() = 1;
+bool Contacts::Trouve(std::size_t feuille, const std::uint8_t& marque) {
+  if (marque == 0 && Su(feuille) != Tout) Cherche(feuille, arbre_.Noeuds(), &marque);
+  return marque != 0;
 }
 
-void Contacts::Cherche(std::size_t feuille) {
-  std::uint8_t& fait = cherche_[feuille - arbre_.Feuilles()];
-  if (fait != 0) return;
-  fait = 1;
+void Contacts::Cherche(std::size_t feuille, std::size_t max, const std::uint8_t* marque) {
   base::Boite<double> b = arbre_.De(feuille);
   b = {b.x0 - Portee, b.y0 - Portee, b.x1 + Portee, b.y1 + Portee};
   const Vec2 m{(b.x0 + b.x1) / 2, (b.y0 + b.y1) / 2};
   std::size_t vues = 0;
+  bool foule = false;
+  bool assez = false;
   arbre_.Parcourt([&](std::size_t k) { return b.Rencontre(arbre_.De(k)); },
                   [&](std::size_t k) {
                     return base::Distance2(arbre_.De(2 * k), m) < base::Distance2(arbre_.De(2 * k + 1), m);
                   },
                   [&](std::size_t autre) {
-                    if (++vues <= FeuillesMax) return !Compare(feuille, autre);
-                    TouchePartout(feuille);
-                    return false;
+                    foule = ++vues > max;
+                    if (foule) return false;
+                    const bool tous = Compare(feuille, autre);
+                    assez = !tous && marque != nullptr && *marque != 0;
+                    return !tous && !assez;
                   });
+  if (!assez) su_[feuille - arbre_.Feuilles()] = foule ? Foule : Tout;
 }
 
 }  // namespace pathwerk::decalage

@@ -12,8 +12,7 @@
 
 namespace pathwerk::decalage {
 
-// Found out where it is asked for, a few segments at a time. In a crowd, where a segment has thousands of others
-// around it, all is taken to touch.
+// Found out where it is asked for, a few segments at a time.
 class Contacts {
  public:
   static constexpr double Portee = 0.01;  // mm: a path that comes so near to itself touches itself
@@ -24,6 +23,8 @@ class Contacts {
   [[nodiscard]] bool Sommet(std::size_t i);
   // Does segment s, or an end of it, meet another place of the path than its neighbours'?
   [[nodiscard]] bool DuSegment(std::size_t s);
+  // May it? Quick also in a crowd, where a segment has thousands of others around it: there the answer is yes.
+  [[nodiscard]] bool Peut(std::size_t s);
   // `visite(i)` for the vertices that do, of those that may lie `rayon` beside an edge, but for `Portee`.
   template <class Visite>
   void Voisins(const Segment& arete, double rayon, Visite visite) {
@@ -56,15 +57,18 @@ class Contacts {
 
  private:
   using Arbre = base::ArbreBoites<double, 4>;
-  void Cherche(std::size_t feuille);
+  [[nodiscard]] std::uint8_t Su(std::size_t feuille) const { return su_[feuille - arbre_.Feuilles()]; }
+  // What becomes of one of the leaf's marks.
+  bool Trouve(std::size_t feuille, const std::uint8_t& marque);
+  // Among no more than `max` leaves nearby, until this mark is set.
+  void Cherche(std::size_t feuille, std::size_t max, const std::uint8_t* marque);
   // Of two leaves, what the second one brings to the first. Whether all of the first touches by now.
   [[nodiscard]] bool Compare(std::size_t feuille, std::size_t autre);
-  void TouchePartout(std::size_t feuille);
   [[nodiscard]] bool Touche(std::size_t segment, std::size_t sommet) const;
 
   const Chemin& chemin_;
   Arbre arbre_;                         // over the segments
-  std::vector<std::uint8_t> cherche_;   // leaves, done
+  std::vector<std::uint8_t> su_;        // of each leaf, how much is known
   std::vector<std::uint8_t> sommets_;   // lie on another segment
   std::vector<std::uint8_t> segments_;  // have another vertex on them
 };

@@ -13,7 +13,7 @@
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/ArcSuite.h"
 #include "closed/pathwerk/decalage/Epreuve.h"
-#include "closed/pathwerk/decalage/Jeu.h"
+#include "closed/pathwerk/decalage/ReglageArcs.h"
 
 namespace pathwerk::decalage {
 
@@ -32,7 +32,7 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
     if (source.Taille() == 0) return true;
     for (const double part : PartsDeJeu) {
       if (base::ArretDemande()) break;
-      const auto [jeu, bruit, ecart] = MesuresDe(region, source, distance, tolerance, part);
+      const auto [jeu, bruit, ecart] = ReglageDe(region, source, distance, tolerance, part);
       const double d = jeu.distance;
       std::vector<ArcLibre> libres =
           memoire != nullptr ? memoire->suite->Libres(d, bruit) : ArcsLibres(source, d, bruit);

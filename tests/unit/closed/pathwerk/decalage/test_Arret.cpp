@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <random>
 #include <utility>
 #include <vector>
 
@@ -74,6 +75,15 @@ TEST(Arret, EndsAnOpenPathWhereverItIsTold) {
   Forme vague;
   for (int i = 0; i < 4000; ++i) vague.push_back({i * 0.05, 3 * std::sin(i * 0.02)});
   SEndetPartout(EnTrace(vague, false), 1.5, 100);
+}
+
+// So many points lie on each other that a few of them are looked for that bury the rest.
+TEST(Arret, EndsAScanFarDenserThanItsNoiseWhereverItIsTold) {
+  std::mt19937_64 g(13);
+  std::uniform_real_distribution<double> u(-0.05, 0.05);
+  Forme ligne;
+  for (int i = 0; i < 2600; ++i) ligne.push_back({0.0004 * i + u(g), u(g)});
+  SEndetPartout(EnTrace(ligne, false), 1, 100);
 }
 
 TEST(Arret, EndsAPocketWhereverItIsTold) { SEndetPartout(EnTrace(CercleBruite(3, 900, 0.3), true), 1.5, 40); }
