@@ -78,7 +78,7 @@ TEST(Saillants, LeaveOfTheParallelWhatAllSegmentsLeave) {
   std::size_t segments = 0;
   for (std::size_t i = 0; i < source.Taille(); ++i) {
     const Vec2 w = source.B(i) - source.A(i);
-    if (tailleur.TailleSegment(i, w * (1 / base::Norme(w)), base::Norme(w))) {
+    if (tailleur.TailleSegment(i, w * (1 / base::Norme(w)), base::Norme(w), true, true)) {
       segments += tailleur.Reste().size();
     }
   }
