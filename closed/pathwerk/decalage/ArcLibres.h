@@ -65,12 +65,4 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
 // both sides, closed or ending where the region begins. `signe` as in Region. Returns how many ends stay loose.
 std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libres, double d, int signe);
 
-// Closed loops as polylines whose chords lie within `fleche` of the arcs, inside them. Loops shorter than `mini`
-// are left out. `origines`, when asked for: where the edges of each loop lie on the source. A chain of stretches
-// that doesn't close comes as an open polyline, with one origin less than points. `omises`, when asked for: how
-// many loops were left out.
-std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
-                                   double fleche, double mini, std::vector<Origines>* origines = nullptr,
-                                   std::size_t* omises = nullptr);
-
 }  // namespace pathwerk::decalage

@@ -21,6 +21,7 @@
 #include "base/Arret.h"
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/Numero32.h"
+#include "closed/pathwerk/decalage/ArcAplatis.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/Epreuve.h"
 #include "closed/pathwerk/decalage/ReglageArcs.h"

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "base/Arret.h"
+#include "closed/pathwerk/decalage/ArcAplatis.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/ArcSuite.h"
 #include "closed/pathwerk/decalage/Epreuve.h"
