@@ -1,11 +1,16 @@
-// The opening procedure: its order, what it leaves alone, what a drawing becomes on its way; line ends; a material.
+// The opening procedure: which drawings it takes, its order, what it leaves alone, what a drawing becomes on its
+// way; line ends; a material.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "closed/Pathwerk.h"
 #include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/Nombres.h"
@@ -16,6 +21,7 @@
 #include "tests/unit/workspace/DessinsOuverts.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/Formats.h"
 #include "workspace/Module_Ouverture.h"
 
 namespace {
@@ -27,6 +33,7 @@ using essai::Dxf;
 using essai::EcritFichierEssai;
 using essai::LitFichierEssai;
 using essai::Ouvre;
+using testing::ElementsAre;
 
 TEST(Ouvrir, APathThatDoesNotExistChangesNothing) {
   essai::AjouteCarre(" A", 0, 0, 10);
@@ -373,6 +380,35 @@ TEST(AppliqueMateriau, WithoutADrawingOnlyTheParametersChange) {
   EXPECT_TRUE(AppliqueMateriau(5));
   EXPECT_EQ(ProfPasse, -2);
   EXPECT_EQ(Modifie, Faux);
+}
+
+TEST(Formats, TheStartOfTheWindowTakesFiveExtensions) {
+  EXPECT_THAT(ExtensionsArgument(), ElementsAre("DXF", "PLT", "DAT", "DRL", "OVL"));
+}
+
+TEST(Formats, HelpListsThemAll) {
+  EXPECT_EQ(EnListe(ExtensionsLues()), "DXF, PLT, PRN, HPGL, DAT, DRD, DRL, EPS, SVG, PDF or OVL");
+}
+
+TEST(Formats, TheOpenDialogOffersAllOfThem) {
+  EXPECT_EQ(MotifDessins(), "*.DAT; *.PLT; *.PRN; *.HPGL; *.OVL; *.DXF; *.DRD; *.DRL; *.EPS; *.SVG; *.PDF");
+}
+
+TEST(Formats, WhatTheDialogOffersCanBeDroppedAndNothingElse) {
+  for (const char* e : {"DAT", "PLT", "PRN", "HPGL", "OVL", "DXF", "DRD", "DRL", "EPS", "SVG", "PDF"})
+    EXPECT_TRUE(SeDepose(e)) << e;
+  for (const char* e : {"", "TXT", "dxf", "NC", "DX"}) EXPECT_FALSE(SeDepose(e)) << e;
+}
+
+TEST(Formats, AnExtensionBelongsToOneFormatAndAnArgumentToItsOwn) {
+  std::set<std::string_view> extensions;
+  std::set<int> rangs;
+  for (const pathwerk::FormatConnu& f : pathwerk::Formats()) {
+    for (const std::string_view e : f.Extensions) EXPECT_TRUE(extensions.insert(e).second) << e;
+    EXPECT_TRUE(rangs.insert(f.Rang).second) << f.Nom;
+    if (f.Argument.empty()) continue;
+    EXPECT_NE(std::find(f.Extensions.begin(), f.Extensions.end(), f.Argument), f.Extensions.end()) << f.Nom;
+  }
 }
 
 }  // namespace
