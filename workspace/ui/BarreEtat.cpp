@@ -67,6 +67,13 @@ BarreEtat::BarreEtat(QWidget* parent) : QStatusBar(parent), stop_(new BoutonStop
   minuterie_->setObjectName(QStringLiteral("Timer_Decalage"));
   minuterie_->setInterval(PeriodeImage);
   connect(minuterie_, &QTimer::timeout, this, &BarreEtat::Timer_Decalage_Timer);
+  Etaie();
+}
+
+// What comes and goes in the bar must not change its height: the picture above it would be laid out anew, and each
+// layout is a step of undo.
+void BarreEtat::Etaie() {
+  carte_->setMinimumHeight(std::max({CoteImage, fontMetrics().height(), ecartes_->sizeHint().height()}));
 }
 
 QLabel* BarreEtat::Etiquette(const char* nom, int largeur) {

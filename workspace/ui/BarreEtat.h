@@ -47,6 +47,7 @@ class BarreEtat : public QStatusBar {
   static void Ecrit(QLabel& panneau, const QString& texte);
   void Coupe();
   void CoupeEcarte();
+  void Etaie();
 
   std::array<QLabel*, 3> textes_{};  // panels 1, 2, 5
   std::array<QLabel*, 3> positions_{};

@@ -15,6 +15,7 @@
 #include "tests/ui/principale/FenetrePrincipale.h"
 #include "toolpath/Module_Outils.h"
 #include "toolpath/Module_Sequence.h"
+#include "workspace/ui/BarreEtat.h"
 #include "workspace/ui/CommandesPrincipales.h"
 
 namespace {
@@ -208,6 +209,25 @@ TEST_F(Barres, TheStatusBarShowsWhatACommandIsDoing) {
   EXPECT_EQ(Etiquette("SB1_2"), "Lecture");
   Svc.Panneau(PanneauEtat::Statut, "TEXT 2");
   EXPECT_EQ(Etiquette("SB1_5"), "TEXT 2");
+}
+
+// A picture of another height is laid out anew, which would be a step of undo behind an opening.
+TEST_F(Barres, WhatComesAndGoesInTheStatusBarLeavesThePictureItsHeight) {
+  Plaque();
+  const int hauteur = C<ImagePB1>("PB1")->height();
+  auto* barre = fenetre_->findChild<BarreEtat*>();
+  const auto tient = [&](const char* quand) {
+    essai::Evenements();
+    EXPECT_EQ(C<ImagePB1>("PB1")->height(), hauteur) << quand;
+  };
+  barre->SB_Avancement("Lecture", 10);
+  tient("a pass begins");
+  barre->SB_AvancementFin();
+  tient("it ends");
+  barre->Ecarte("2 textes", "TEXT 2");
+  tient("something was left out");
+  barre->Ecarte("", "");
+  tient("nothing was");
 }
 
 TEST_F(Barres, APassOfAKnownLengthStepsTheBarOfTheStatusBar) {
