@@ -16,7 +16,7 @@ namespace {
 constexpr int Images = 4;
 constexpr int PeriodeImage = 150;   // ms
 constexpr int CoteImage = 16;       // logical pixels
-constexpr int MargeBouton = 12;     // around the text of a button
+constexpr int MargeBouton = 16;     // around the text of a button
 constexpr int MargeParole = 12;     // pixels
 constexpr int EcartesAuMoins = 80;  // pixels of what was left out, that can be clicked
 
