@@ -2,8 +2,6 @@
 // first picture, a turn of it, painted and by OpenGL where there is a screen, and its list scrolled to the end.
 //   build/bench/bin/bench_gcode
 //   LIBGL_ALWAYS_SOFTWARE=1 taskset -c 0 xvfb-run -a build/bench/bin/bench_gcode -platform xcb
-#include <time.h>
-
 #include <QApplication>
 #include <QHeaderView>
 #include <QImage>
@@ -17,6 +15,7 @@
 #include <fstream>
 #include <string>
 
+#include "bench/Horloge.h"
 #include "core/ReglagesCourants.h"
 #include "gcode/SceneProgramme.h"
 #include "gcode/ui/ModeleProgramme.h"
@@ -31,11 +30,8 @@ constexpr int Largeur = 900;
 constexpr int Hauteur = 700;
 constexpr int Tours = 10;
 
-double Maintenant() {  // ms of this program's processor time, that of the drivers' threads with it
-  timespec t{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
-  return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_nsec) * 1e-6;
-}
+// ms of this program's processor time, that of the drivers' threads with it
+double Maintenant() { return banc::Horloge(CLOCK_PROCESS_CPUTIME_ID); }
 
 // An engraving: many short cuts on a rosette, a plunge and a lift every 200 lines.
 std::string Programme1(int lignes) {

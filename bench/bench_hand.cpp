@@ -1,8 +1,6 @@
 // The hand in the picture: a drag of a thousand paths by mouse events in the real widget, the order of travel, and
 // what a step of undo with its words and its small picture costs on a large drawing.
 //   build/bench/bin/bench_hand [drag|travel|history]
-#include <time.h>
-
 #include <QApplication>
 #include <QMouseEvent>
 #include <algorithm>
@@ -15,6 +13,7 @@
 #include <vector>
 
 #include "bench/Formes.h"
+#include "bench/Horloge.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/Fichiers.h"
@@ -37,11 +36,7 @@ constexpr int Largeur = 1600;
 constexpr int Hauteur = 1000;
 
 // ms of this process's processor time: what the rest of the computer does is not counted.
-double Maintenant() {
-  timespec t{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
-  return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_nsec) * 1e-6;
-}
+double Maintenant() { return banc::Horloge(CLOCK_PROCESS_CPUTIME_ID); }
 
 double Duree(const std::function<void()>& quoi) {
   const double debut = Maintenant();

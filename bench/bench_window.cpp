@@ -1,8 +1,6 @@
 // The picture and the trees of the main window on the platform without a screen: Dessin, panning with snapshots,
 // filling a tree. Snapshots are not counted in Dessin; they are in panning.
 //   build/bench/bin/bench_window
-#include <time.h>
-
 #include <QApplication>
 #include <QMouseEvent>
 #include <algorithm>
@@ -11,6 +9,7 @@
 #include <vector>
 
 #include "bench/Formes.h"
+#include "bench/Horloge.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/Etat.h"
@@ -30,11 +29,7 @@ constexpr int Hauteur = 1000;
 constexpr int Tours = 15;
 
 // ms of this thread's processor time: what the rest of the computer does is not counted.
-double Maintenant() {
-  timespec t{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-  return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_nsec) * 1e-6;
-}
+double Maintenant() { return banc::Horloge(CLOCK_THREAD_CPUTIME_ID); }
 
 // The tool path has the points of the drawing, half a millimetre aside.
 void Charge(int contours, int points) {
