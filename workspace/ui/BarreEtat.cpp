@@ -19,6 +19,7 @@ constexpr int CoteImage = 16;       // logical pixels
 constexpr int MargeBouton = 16;     // around the text of a button
 constexpr int MargeParole = 12;     // pixels
 constexpr int EcartesAuMoins = 80;  // pixels of what was left out, that can be clicked
+constexpr int PanneauSur = 160;     // pixels that the text of a panel surely has, if it needs them
 
 }  // namespace
 
@@ -95,7 +96,9 @@ void BarreEtat::Panneau(PanneauEtat panneau, const std::string& texte) {
 void BarreEtat::Ecrit(QLabel& panneau, const QString& texte) {
   panneau.setText(texte);
   panneau.setToolTip(texte);
-  panneau.setMaximumWidth(texte.isEmpty() ? 0 : panneau.sizeHint().width());
+  const int largeur = texte.isEmpty() ? 0 : panneau.sizeHint().width();
+  panneau.setMinimumWidth(std::min(largeur, PanneauSur));
+  panneau.setMaximumWidth(largeur);
 }
 
 void BarreEtat::Positions(const std::array<std::string, 3>& textes) {

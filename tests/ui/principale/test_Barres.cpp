@@ -203,6 +203,17 @@ TEST_F(Barres, TheStatusBarNamesTheFileAndFollowsTheMouse) {
   EXPECT_THAT(Etiquette("SB1_7"), testing::StartsWith("y : "));
 }
 
+TEST_F(Barres, TheNameOfTheFileIsWholeBesideTheWordsOfTheSelection) {
+  Plaque();
+  fenetre_->resize(1024, 700);
+  auto* panneau = C<QLabel>("SB1_1");
+  for (const char* nom : {"plaque.dxf", "plaque-1000000.dxf", "un nom un peu long.dxf"}) {
+    Svc.Panneau(PanneauEtat::Fichier, nom);
+    essai::Evenements();
+    EXPECT_GE(panneau->width(), panneau->sizeHint().width()) << nom;
+  }
+}
+
 TEST_F(Barres, TheStatusBarShowsWhatACommandIsDoing) {
   Charge();
   Svc.Panneau(PanneauEtat::Points, "Lecture");
