@@ -21,6 +21,7 @@
 #include "core/Fichiers.h"
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
+#include "core/Reprises.h"
 #include "core/Services.h"
 #include "core/Traduction.h"
 #include "database/Module_BD.h"
@@ -36,6 +37,7 @@
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Ouverture.h"
 #include "workspace/Module_Recents.h"
+#include "workspace/Module_Reprise.h"
 #include "workspace/Module_Travail.h"
 
 namespace {
@@ -448,6 +450,18 @@ TEST_P(PasseOuverturePetite, WantOfMemoryInTheSizeDialogLeavesTheDrawingOfBefore
   const Etat avant = Present();
   Svc.Dimensionne = [](DemandeDimension&) { throw std::bad_alloc(); };
   EXPECT_THROW(OuvreGrand(), std::bad_alloc);
+  EXPECT_EQ(passe_.repris, 1);
+  Compare(Present(), avant);
+}
+
+TEST_P(PasseOuverturePetite, RecoveredWorkThatIsTakenBackIsOfferedAgain) {
+  const Document garde = std::exchange(Doc, Document{});
+  const Reprise reprise{EcritGrandProjet() + ".reprise", "/avant/pris.dxf", {}};
+  std::filesystem::rename(Dossier() + "/grand.OVL", reprise.fichier);
+  Doc = garde;
+  const Etat avant = Present();
+  passe_.script = {[] { return true; }};
+  EXPECT_EQ(OuvreReprise(reprise), Ouverture::Abandon);
   EXPECT_EQ(passe_.repris, 1);
   Compare(Present(), avant);
 }
