@@ -117,6 +117,7 @@ void F_Representation::DessinOuvert(bool ouvert) {
     const auto permise = [this](const char* nom) { return commandes_->Action(nom)->isEnabled(); };
     avantOuverture_ = {
         permise("mnu_Zoom1"), permise("mnu_Undo"), permise("mnu_Redo"), TravailChange(), titre_, Vue};
+    outilMontre_ = false;
   }
   commandes_->DessinOuvert(ouvert);
   ouverture_ = !ouvert;
