@@ -4,10 +4,12 @@
 //   build/bench/bin/bench_alive [POINTS_PER_CONTOUR CONTOURS [NOISE_MM]] [--where MS]
 //   build/bench/bin/bench_alive --arrows [POINTS_PER_CONTOUR CONTOURS]
 //   build/bench/bin/bench_alive --turn [POINTS_PER_CONTOUR CONTOURS]
+//   build/bench/bin/bench_alive --open [POINTS_PER_CONTOUR CONTOURS]
 // With --where the place behind each gap longer than that is told, as addresses for addr2line. --arrows: ten
 // presses of an arrow key on 784,000 points, the time until the picture shows the first and until the
 // tool path of all is there; without a pass that may be ended, as it was before there was one, and with it. --turn:
 // the same of a rotation, and of the undo of it; one after the other, each from where the one before has left.
+// --open: the same of an opening of that drawing in a window where it is open already.
 #include <execinfo.h>
 #include <unistd.h>
 
@@ -19,6 +21,7 @@
 #include <QTimerEvent>
 #include <QToolButton>
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -28,6 +31,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <random>
 #include <string>
 #include <utility>
@@ -254,6 +258,79 @@ void MesureTour(F_Representation& fenetre, QWidget& image, Peinture& peinture) {
   Commande(peinture, "undo, that may be taken back", annulation);
 }
 
+// When the picture was painted first since the drawing that is being opened was put into it; and Escape then, where
+// that is wanted.
+class MesureOuverture {
+ public:
+  MesureOuverture(QWidget& image, Peinture& peinture)
+      : image_(image), peinture_(peinture), sansTrajet_(SvcPasse.MontreSansTrajet), ouvert_(Svc.DessinOuvert) {
+    SvcPasse.MontreSansTrajet = [this] {
+      if (!std::exchange(montree_, true)) peinture_.Remet();
+      sansTrajet_();
+    };
+    Svc.DessinOuvert = [this](bool ouvert) {
+      if (ouvert && !std::exchange(montree_, true)) peinture_.Remet();
+      ouvert_(ouvert);
+    };
+    QObject::connect(&clavier_, &QTimer::timeout, [this] { Presse(); });
+  }
+  ~MesureOuverture() {
+    SvcPasse.MontreSansTrajet = sansTrajet_;
+    Svc.DessinOuvert = ouvert_;
+  }
+  MesureOuverture(const MesureOuverture&) = delete;
+  MesureOuverture& operator=(const MesureOuverture&) = delete;
+
+  void Mesure(const char* nom, const std::function<void()>& commande) {
+    montree_ = false;
+    const auto debut = Horloge::now();
+    commande();
+    const auto fin = Horloge::now();
+    QCoreApplication::processEvents();
+    std::printf("%-36s %8.0f ms until its tool path stands, drawing painted after %6.0f ms\n", nom, Ms(fin - debut),
+                Ms(peinture_.Quand() - debut));
+    std::fflush(stdout);
+  }
+  void Echappe(const char* nom, const std::function<void()>& commande) {
+    montree_ = false;
+    clavier_.start(20);
+    commande();
+    std::printf("%-36s %8.0f ms until the state of before stands\n", nom, Ms(Horloge::now() - echap_));
+  }
+
+ private:
+  static double Ms(Horloge::duration duree) { return std::chrono::duration<double, std::milli>(duree).count(); }
+  void Presse() {
+    if (!montree_) return;
+    clavier_.stop();
+    echap_ = Horloge::now();
+    QKeyEvent appui(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(&image_, &appui);
+  }
+
+  QWidget& image_;
+  Peinture& peinture_;
+  std::function<void()> sansTrajet_;
+  std::function<void(bool)> ouvert_;
+  QTimer clavier_;
+  bool montree_ = false;
+  Horloge::time_point echap_;
+};
+
+void MesureOuvertures(F_Representation& fenetre, QWidget& image, Peinture& peinture, const std::string& dessin) {
+  Svc.ChoisitFichier = [&](const DialogueFichier&) { return dessin; };
+  auto* ouvrir = fenetre.findChild<QAction*>(QStringLiteral("mnu_Ouvrir"));
+  const auto ouvre = [ouvrir] { ouvrir->trigger(); };
+  MesureOuverture mesure(image, peinture);
+  const auto passe = std::exchange(SvcPasse.Jusque, nullptr);
+  mesure.Mesure("opening, in the window", ouvre);
+  SvcPasse.Jusque = passe;
+  mesure.Mesure("opening, that may be ended", ouvre);
+  const int pas = NumeroInstantane();
+  mesure.Echappe("Escape from another one", ouvre);
+  std::printf("%-36s %8d steps of undo before, %d behind it\n", "", pas, NumeroInstantane());
+}
+
 void MesureFleches(QWidget& image, Peinture& peinture) {
   const auto passe = std::exchange(SvcPasse.Jusque, nullptr);
   Appuie(image, peinture, "ten passes");
@@ -263,7 +340,8 @@ void MesureFleches(QWidget& image, Peinture& peinture) {
 }
 
 // A large drawing in the window, all of it selected.
-void MesurePasses(int points, int contours, bool tour) {
+enum class Mesures { Fleches, Tour, Ouvertures };
+void MesurePasses(int points, int contours, Mesures mesures) {
   const Lieu lieu;
   const std::string dessin = (lieu.dossier / "grand.dxf").string();
   std::ofstream(dessin, std::ios::binary)
@@ -273,16 +351,23 @@ void MesurePasses(int points, int contours, bool tour) {
   fenetre.DossierDocuments.clear();
   fenetre.resize(1280, 800);
   fenetre.Form_Load(dessin);
-  std::printf("--- %s: %d points in %d contours\n", tour ? "turn" : "arrows", NbPoints, contours);
+  static constexpr std::array<const char*, 3> Noms{"arrows", "turn", "open"};
+  std::printf("--- %s: %d points in %d contours\n", Noms[static_cast<std::size_t>(mesures)], NbPoints, contours);
   SelectionneTout();
   auto* image = fenetre.findChild<ImagePB1*>(QStringLiteral("PB1"));
   QCoreApplication::processEvents();
   image->MetEnPage();
   Peinture peinture(*image);
-  if (tour) {
-    MesureTour(fenetre, *image, peinture);
-  } else {
-    MesureFleches(*image, peinture);
+  switch (mesures) {
+    case Mesures::Fleches:
+      MesureFleches(*image, peinture);
+      break;
+    case Mesures::Tour:
+      MesureTour(fenetre, *image, peinture);
+      break;
+    case Mesures::Ouvertures:
+      MesureOuvertures(fenetre, *image, peinture, dessin);
+      break;
   }
   Modifie = Faux;
   RetientTravail();
@@ -334,23 +419,25 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   double montre = 0;
-  bool fleches = false;
-  bool tour = false;
+  std::optional<Mesures> mesures;
   std::vector<double> nombres;
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--where") == 0 && i + 1 < argc) {
       montre = std::atof(argv[++i]);
     } else if (std::strcmp(argv[i], "--arrows") == 0) {
-      fleches = true;
+      mesures = Mesures::Fleches;
     } else if (std::strcmp(argv[i], "--turn") == 0) {
-      tour = true;
+      mesures = Mesures::Tour;
+    } else if (std::strcmp(argv[i], "--open") == 0) {
+      mesures = Mesures::Ouvertures;
     } else {
       nombres.push_back(std::atof(argv[i]));
     }
   }
-  if (fleches || tour) {
+  if (mesures) {
     const bool donnes = nombres.size() >= 2;
-    MesurePasses(donnes ? static_cast<int>(nombres[0]) : 1000000, donnes ? static_cast<int>(nombres[1]) : 1, tour);
+    MesurePasses(donnes ? static_cast<int>(nombres[0]) : 1000000, donnes ? static_cast<int>(nombres[1]) : 1,
+                 *mesures);
     return 0;
   }
   if (nombres.size() >= 2) {

@@ -1,5 +1,8 @@
 #include "core/ReglagesCourants.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
 #include "core/Document.h"
@@ -80,7 +83,26 @@ void LitRampe() {
   if (!EstRampe(Regl.AngleRampe)) Regl.AngleRampe = 0;
 }
 
+SursisReglages* SursisEnCours = nullptr;
+
 }  // namespace
+
+SursisReglages::SursisReglages() { SursisEnCours = this; }
+
+SursisReglages::~SursisReglages() { SursisEnCours = nullptr; }
+
+void SursisReglages::Ecrit() {
+  SursisEnCours = nullptr;
+  const LotCles lot;
+  for (const Ecriture ecriture : std::exchange(dues_, {})) ecriture();
+}
+
+bool SursisReglages::Attend(Ecriture ecriture) {
+  if (SursisEnCours == nullptr) return false;
+  std::vector<Ecriture>& dues = SursisEnCours->dues_;
+  if (std::ranges::find(dues, ecriture) == dues.end()) dues.push_back(ecriture);
+  return true;
+}
 
 void LitMateriau() {
   LitGroupe(Groupe::Materiau);
@@ -132,11 +154,14 @@ void LitReglagesDocument() {
   LitOutil();
 }
 
-void EcritMateriau() { EcritGroupe(Groupe::Materiau); }
+void EcritMateriau() {
+  if (!SursisReglages::Attend(EcritMateriau)) EcritGroupe(Groupe::Materiau);
+}
 
 void EcritCouleurs() { EcritGroupe(Groupe::Couleurs); }
 
 void EcritOptions() {
+  if (SursisReglages::Attend(EcritOptions)) return;
   const LotCles lot;
   EcritGroupe(Groupe::Options);
   // The length of the recent list is the user's: blank for the moment, so that no project takes it. A snapshot
@@ -145,9 +170,12 @@ void EcritOptions() {
   EcritGroupe(Groupe::Recents);
 }
 
-void EcritOutil() { EcritGroupe(Groupe::Outil); }
+void EcritOutil() {
+  if (!SursisReglages::Attend(EcritOutil)) EcritGroupe(Groupe::Outil);
+}
 
 void EcritRampe() {
+  if (SursisReglages::Attend(EcritRampe)) return;
   const LotCles lot;
   if (Regl.AngleRampe != 0 || OrigineDe(cles::AngleRampe) == OrigineCle::Projet) return EcritGroupe(Groupe::Rampe);
   const SansProjet reglages;

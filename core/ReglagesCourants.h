@@ -2,6 +2,9 @@
 // them as values and never includes this.
 #pragma once
 
+#include <vector>
+
+#include "base/SansCopie.h"
 #include "core/Reglages.h"
 
 namespace ovelin {
@@ -45,6 +48,23 @@ void EcritRampe();
 void EcritSoudure();   // ToleranceSoudure, into the settings file alone
 void EcritSortieNC();  // DialecteNC, VitesseBroche, AttenteBroche, likewise
 void EcritImage();     // DessinSobre and DessinSaignee, likewise
+
+// While one stands, EcritMateriau, EcritOptions, EcritOutil and EcritRampe write nothing: what is typed into a
+// drawing that may yet be taken back reaches no file. One at a time.
+class SursisReglages : base::SansCopie {
+ public:
+  SursisReglages();
+  ~SursisReglages();
+  // Ends it: the groups that were due are written with the values in force. Without it they are forgotten.
+  void Ecrit();
+
+  using Ecriture = void (*)();
+  // True: one stands, and that writing is due.
+  static bool Attend(Ecriture ecriture);
+
+ private:
+  std::vector<Ecriture> dues_;
+};
 
 // The six colours of the button that restores them: other values, partly under other keys than those read; kept so.
 void EcritCouleursDefaut();

@@ -13,6 +13,7 @@ struct PasseInterruptible {
   std::function<void()> pouls;   // on the caller's thread meanwhile, every few milliseconds
   std::function<void()> arrete;  // the kernel is to end soon
   bool seule = false;            // what the user does in the meantime comes behind it, all but Escape
+  bool sansFleches = false;      // an arrow key does in any case
 };
 
 struct ServicesPasse {
@@ -20,7 +21,7 @@ struct ServicesPasse {
   // is done at once, and Escape ends it; the rest of his input is held back. True: by Escape. Empty where nobody
   // offers it.
   std::function<bool(const PasseInterruptible& passe)> Jusque;
-  // Nothing is at work that it would be a part of: an opening, another pass.
+  // Nothing is at work that it would be a part of: an opening that has begun, another pass.
   std::function<bool()> SePeut = [] { return true; };
   // The drawing has changed and its tool path is being computed: the picture shows it at once, without any path. No
   // step of undo.

@@ -76,6 +76,14 @@ struct PasseTraces::Avant {
   Outil outil;
   std::function<void()> reprend;
   Entretemps entretemps = Entretemps::Suite;
+  bool rendu = false;
+
+  void Rend() {
+    if (std::exchange(rendu, true)) return;
+    Doc = std::move(document);
+    if (entretemps == Entretemps::Suite) outil.Remet();
+    if (reprend) reprend();
+  }
 };
 
 // A pass at work, from its first kernel to its last: drawing and tool come back with the traces where it is left on
@@ -89,10 +97,8 @@ class PasseTraces::Ouvrage : base::SansCopie {
   ~Ouvrage() {
     Courant = nullptr;
     if (tenu_) return;
-    avant_.document.TraceDecale = std::move(traces_);
-    Doc = std::move(avant_.document);
-    if (avant_.entretemps == Entretemps::Suite) avant_.outil.Remet();
-    if (avant_.reprend) avant_.reprend();
+    if (avant_.entretemps != Entretemps::Ouverture) avant_.document.TraceDecale = std::move(traces_);
+    avant_.Rend();
   }
 
   // A change that has come since the kernel at work began.
@@ -130,7 +136,8 @@ class PasseTraces::Ouvrage : base::SansCopie {
     arret_.Leve();
     EncombrementGeneral();
     SvcPasse.MontreSansTrajet();
-    Svc.AvancementDebut(Traduire(Textes::CalculQuiSAnnule),
+    const bool ouverture = avant_.entretemps == Entretemps::Ouverture;
+    Svc.AvancementDebut(Traduire(ouverture ? Textes::OuvertureQuiSAnnule : Textes::CalculQuiSAnnule),
                         std::ssize(travail.toutes ? ListeCodes() : travail.codes));
     std::atomic<long> commences{0};
     long montres = 0;
@@ -142,7 +149,8 @@ class PasseTraces::Ouvrage : base::SansCopie {
     } const fin;
     return !SvcPasse.Jusque(
         {[&] { issue = CalculePasse(travail, arret_, [&] { commences.fetch_add(1, std::memory_order_relaxed); }); },
-         montre, [this] { arret_.Demande(); }, avant_.entretemps == Entretemps::Rien});
+         montre, [this] { arret_.Demande(); }, avant_.entretemps == Entretemps::Rien,
+         avant_.entretemps != Entretemps::Suite});
   }
 
   void Tient(IssueTraces&& issue) {
@@ -156,7 +164,7 @@ class PasseTraces::Ouvrage : base::SansCopie {
 
   Avant& avant_;
   Dues dues_;
-  std::vector<SequenceDecalee> traces_;  // those of before, whole
+  std::vector<SequenceDecalee> traces_;  // those of before, whole; of an opening none
   base::Arret arret_;
   Dues venues_;
   bool autre_ = false;  // one has come
@@ -168,9 +176,14 @@ PasseTraces::PasseTraces() : PasseTraces(nullptr) {}
 PasseTraces::PasseTraces(std::function<void()> reprend, Entretemps entretemps) {
   if (!SvcPasse.Jusque || !SvcPasse.SePeut() || Ouvrage::Courant != nullptr) return;
   avant_ = std::make_unique<Avant>(Avant{CopieSansTraces(), {}, std::move(reprend), entretemps});
+  if (entretemps == Entretemps::Ouverture) avant_->document.TraceDecale = std::exchange(TraceDecale, {});
 }
 
 PasseTraces::~PasseTraces() = default;
+
+void PasseTraces::Reprend() {
+  if (avant_) avant_->Rend();
+}
 
 bool PasseTraces::Confie(Dues&& dues, IssuePasse& issue) {
   if (Ouvrage::Courant != nullptr) {
@@ -186,6 +199,7 @@ bool PasseTraces::Confie(Dues&& dues, IssuePasse& issue) {
   }
   issue = tenue ? IssuePasse::EnVigueur : IssuePasse::Abandonnee;
   if (!tenue) SvcPasse.ChangementRepris();
+  if (avant_->entretemps == Entretemps::Ouverture) avant_.reset();  // the drawing of before has gone, or is back
   return true;
 }
 

@@ -20,8 +20,9 @@ enum class IssuePasse : std::uint8_t {
 
 // What else the user may do while a pass computes.
 enum class Entretemps : std::uint8_t {
-  Suite,  // an arrow key or a field of the tool, which end it: one pass computes both
-  Rien,   // all of it comes behind the pass
+  Suite,      // an arrow key or a field of the tool, which end it: one pass computes both
+  Ouverture,  // a field of the tool alone: an arrow on a drawing that has just come is a step of its own
+  Rien,       // all of it comes behind the pass
 };
 
 // Made before anything changes; then the change; then one of those that make the traces follow. Where the window
@@ -34,7 +35,8 @@ class PasseTraces : base::SansCopie {
  public:
   PasseTraces();
   // `reprend` puts back what the command changes beside the drawing and the tool of the traces, once these are as
-  // before. With Entretemps::Rien the tool is left to it, too.
+  // before. But for Entretemps::Suite the tool is left to it, too. With Entretemps::Ouverture another drawing
+  // comes: the traces of the one in force are kept from now on and the document has none.
   explicit PasseTraces(std::function<void()> reprend, Entretemps entretemps = Entretemps::Suite);
   ~PasseTraces();
 
@@ -45,6 +47,11 @@ class PasseTraces : base::SansCopie {
   IssuePasse SuitUn(Code2 code);
   // All of them, or the tool; and `puis` behind all (RecalculDecalages, then RefaitDecalages).
   IssuePasse SuitTout(const std::vector<Code2>& puis = {});
+
+  // What has changed since may be taken back, by the user or with Reprend.
+  [[nodiscard]] bool SeReprend() const { return avant_ != nullptr; }
+  // All is as before, without a pass. Nothing where that has been done, or where a change is in force.
+  void Reprend();
 
   // Behind any of them: where the change is in force or comes into force with the other pass.
   static bool Faite(IssuePasse issue) { return issue != IssuePasse::Abandonnee; }

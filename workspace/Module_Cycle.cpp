@@ -245,7 +245,9 @@ SuiteCommande OuvreLigneCommande(std::string ligne) {
     return SuiteCommande::Refusee;
   }
   Cycle.OuvertureDehors = true;
-  const Ouverture ouverture = mnu_Ouvrir(chemin, OptionsOuverture{});
+  OptionsOuverture options;
+  options.retient = true;
+  const Ouverture ouverture = mnu_Ouvrir(chemin, options);
   Cycle.OuvertureDehors = false;
   // Without a drawing there is no project: the end of the program would ask to save nothing.
   if (ouverture != Ouverture::Reussie) return SuiteCommande::Refusee;

@@ -86,7 +86,7 @@ Placement LitPlacement(const std::string& fenetre, std::int32_t largeurEcran, st
 enum class SuiteCommande {
   Aucune,             // no command line
   Ouverte,            // the drawing stands, as the project, modified
-  Refusee,            // the opening has failed, or there is no such file
+  Refusee,            // the opening has failed or was taken back, or there is no such file
   ExtensionInconnue,  // told; the load of the window ends there
   OvlCorrompu,        // told; the load of the window ends there
 };

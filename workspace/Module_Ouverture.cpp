@@ -33,8 +33,8 @@
 #include "toolpath/Module_Sequence.h"
 #include "toolpath/PasseTraces.h"
 #include "workspace/Formats.h"
-#include "workspace/Module_Annulation.h"
 #include "workspace/Module_Dimension.h"
+#include "workspace/RetourOuverture.h"
 #include "workspace/TexteLecture.h"
 
 namespace ovelin {
@@ -158,20 +158,16 @@ void AvertitTronque() {
 }
 
 // What an opening puts in force before a byte of the file is looked at.
-void CommenceOuverture(const std::string& chemin, const OptionsOuverture& options) {
+void CommenceOuverture(const std::string& chemin, RetourOuverture& retour) {
   Svc.DessinOuvert(false);
   FichierCourant = chemin;
   Rapport = {};
-  if (options.ecritFichier) {
-    for (const auto& [cle, valeur] : ClesOuverture(chemin)) EcrireCle(cle, valeur);
-    Svc.FichierRecent(chemin);
-  }
+  retour.CommenceCles();
   ExtensionCourante = ExtensionDe(chemin);
   FichierProjet.clear();
   Prolongement = Faux;
   SeqCourante = CodeAucun;
-  EffaceTousInstantanes();
-  if (options.rendUniforme) RendUniforme(chemin);
+  retour.CommenceFichiers();
   if (!EstProjet(chemin)) TraceDecale.clear();
 }
 
@@ -244,11 +240,11 @@ bool PrendEtranger(DessinLu& lu, const OptionsOuverture& options) {
   return true;
 }
 
-// Traces, focus and status bar of a drawing that stands.
-void AcheveOuverture(const std::string& ecartes) {
+// Traces, focus and status bar of a drawing that stands. False: taken back.
+bool AcheveOuverture(const std::string& ecartes, RetourOuverture& retour) {
   VERIFIE(!TraceInitial.empty());  // fewer than two points are refused
   Svc.LaisseEvenements(Evenements::Affichage);
-  RecalculDecalages();
+  if (!retour.Suit()) return false;
   Svc.LaisseEvenements(Evenements::Affichage);
   EncombrementGeneral();
   SeqCourante = TraceInitial.front().Seq;
@@ -262,6 +258,7 @@ void AcheveOuverture(const std::string& ecartes) {
   Svc.DessinOuvert(true);
   Svc.LaisseEvenements(Evenements::Affichage);
   Svc.Rafraichit();
+  return true;
 }
 
 // Settings of the project that can't be read stand beside its lines.
@@ -272,11 +269,12 @@ void AjouteReglagesIllisibles(ContenuLu& contenu) {
 }
 
 // What has been read comes into force, in the order of the steps. `contenu`, when given, takes what was read.
-Ouverture MetEnVigueur(DessinLu& lu, const OptionsOuverture& options, ContenuLu* contenu) {
+Ouverture MetEnVigueur(DessinLu& lu, const OptionsOuverture& options, ContenuLu* contenu, RetourOuverture& retour) {
   const bool projet = lu.projet.has_value();
   const bool pris = projet ? PrendProjetLu(lu) : PrendEtranger(lu, options);
+  if (!pris) retour.Refuse();
   if (pris && projet) AjouteReglagesIllisibles(lu.contenu);
-  if (pris) AcheveOuverture(lu.contenu.message);
+  if (pris && !AcheveOuverture(lu.contenu.message, retour)) return Ouverture::Abandon;
   if (pris && projet) {
     lu.contenu.xmin = Xmin;
     lu.contenu.xmax = Xmax;
@@ -286,6 +284,22 @@ Ouverture MetEnVigueur(DessinLu& lu, const OptionsOuverture& options, ContenuLu*
   if (pris && contenu == nullptr) AvertitValeurs(lu.contenu.illisibles);
   if (contenu != nullptr) *contenu = std::move(lu.contenu);
   return pris ? Ouverture::Reussie : Ouverture::Refusee;
+}
+
+// The opening from its first effect on; `lit` gives the drawing when it is wanted. Want of memory on the way leaves
+// the drawing of before, where there is a way back.
+Ouverture Ouvre(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu,
+                const std::function<DessinLu()>& lit) {
+  RetourOuverture retour(chemin, options, Rapport);
+  try {
+    CommenceOuverture(chemin, retour);
+    if (EstProjet(chemin)) NbPoints = 0;  // the count of the drawing that stood is gone
+    DessinLu lu = lit();
+    return MetEnVigueur(lu, options, contenu, retour);
+  } catch (...) {
+    retour.Reprend();
+    throw;
+  }
 }
 
 }  // namespace
@@ -327,18 +341,12 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   const std::string choisi = CheminComplet(options.dehors ? chemin : ChoisitDessin());
   std::error_code erreur;
   if (choisi.empty() || !std::filesystem::exists(choisi, erreur)) return Ouverture::Abandon;
-  CommenceOuverture(choisi, options);
-  if (EstProjet(choisi)) NbPoints = 0;  // the count of the drawing that stood is gone
-  DessinLu lu = LitAOuvrir(choisi, options.souhait);
-  return MetEnVigueur(lu, options, contenu);
+  return Ouvre(choisi, options, contenu, [&] { return LitAOuvrir(choisi, options.souhait); });
 }
 
 Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu) {
   lu.chemin = CheminComplet(lu.chemin);
-  CommenceOuverture(lu.chemin, options);
-  if (lu.projet) NbPoints = 0;
-  DessinLu pris = std::move(lu);
-  return MetEnVigueur(pris, options, contenu);
+  return Ouvre(std::string(lu.chemin), options, contenu, [&] { return std::move(lu); });
 }
 
 std::string EnregistreProjet(const std::string& nom) {

@@ -12,12 +12,15 @@ struct OptionsOuverture {
   bool ecritFichier = true;  // writes the key "Fichier" and the recent list
   bool rendUniforme = true;  // makes the line ends of the file itself uniform (text and writable files only)
   bool demandeUnite = true;  // asks for the unit of a drawing in SVG that has none
-  SouhaitLecture souhait;    // of the reading
+  bool retient = false;    // the drawing as it has come is retained as work that is on the disk (Module_Travail.h)
+  SouhaitLecture souhait;  // of the reading
 };
 
 enum class Ouverture {
   Reussie,
-  Abandon,  // no path, or a path that does not exist: nothing has changed
+  // No path, or a path that does not exist; or the user has taken it back while the tool path was computed: nothing
+  // has changed.
+  Abandon,
   Refusee,  // the message has been shown; the document is empty of traces
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -72,6 +73,12 @@ void RetientTravail() {
   Retenu.projet = ProjetOuvert();
   Retenu.lignes = LignesDuProjet(Retenu.projet);
   Retenu.marque = false;
+}
+
+std::function<void()> RetientTravailARendre() {
+  auto avant = std::make_shared<Travail>(std::exchange(Retenu, Travail{}));
+  RetientTravail();
+  return [avant = std::move(avant)] { Retenu = std::move(*avant); };
 }
 
 void MarqueTravail() { Retenu.marque = true; }

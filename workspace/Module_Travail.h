@@ -1,6 +1,7 @@
 // Edited work that no file holds: what stands against what was opened or saved last.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,8 @@ namespace ovelin {
 
 // What stands now is on the disk, or the user has said that it may go.
 void RetientTravail();
+// The same; the function that comes back retains again what was retained before.
+std::function<void()> RetientTravailARendre();
 // An undo counts as a change, and so does work that came back after the program had died: what was saved isn't it.
 void MarqueTravail();
 // Points, records or tool values differ from what was retained. The selection isn't part of it. False where there

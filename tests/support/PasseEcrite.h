@@ -25,6 +25,7 @@ class PasseEcrite {
     SvcPasse.Jusque = [this](const PasseInterruptible& passe) {
       ++passes;
       seule = passe.seule;
+      sansFleches = passe.sansFleches;
       bool echappe = false;
       std::thread fil;
       if (aCote) fil = std::thread(passe.noyau);
@@ -61,7 +62,7 @@ class PasseEcrite {
   std::deque<std::function<bool()>> script;
   int passes = 0, repris = 0, rafraichis = 0;
   bool aCote = false;                        // a thread of its own for each kernel
-  bool seule = false;                        // of the last one
+  bool seule = false, sansFleches = false;   // of the last one
   std::vector<ovelin::PointTrace> montrees;  // the drawing as the picture showed it last without a path
   std::size_t tracesMontrees = 0;
 };

@@ -189,7 +189,7 @@ void F_Representation::Relie() {
 void F_Representation::InstalleServices() {
   Svc.Rafraichit = [this] { Rafraichit(); };
   SvcPasse.Jusque = [this](const PasseInterruptible& passe) { return MenePasse(passe); };
-  SvcPasse.SePeut = [this] { return !PasseEnCours() && !ouverture_ && !ouvre_; };
+  SvcPasse.SePeut = [this] { return !PasseEnCours() && !ouverture_; };
   SvcPasse.MontreSansTrajet = [this] { MontreSansTrajet(); };
   SvcPasse.ChangementRepris = [this] { ChangementRepris(); };
   Svc.Timer_Interro = [this](bool actif) {
@@ -321,7 +321,7 @@ void F_Representation::Form_Load(const std::string& ligneCommande) {
     const PendantOuverture pendant(*this);
     return OuvreLigneCommande(ligneCommande);
   }();
-  RetientTravail();
+  if (suite != SuiteCommande::Ouverte) RetientTravail();
   ApresOuverture();
   Apres([moi = QPointer<F_Representation>(this)] {
     if (moi != nullptr) moi->OffreReprises();
@@ -393,7 +393,8 @@ void F_Representation::EnRun(bool enRun) {
 
 void F_Representation::TermineSansQuestion() {
   if (std::exchange(dechargee_, true)) return;
-  ovelin::TermineSansQuestion(EtatCourant(), DossierDocuments, TravailChange());
+  ovelin::TermineSansQuestion(EtatCourant(), DossierDocuments,
+                              ouverture_ ? avantOuverture_.change : TravailChange());
 }
 
 bool F_Representation::PeutFinir() {

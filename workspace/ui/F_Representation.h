@@ -13,6 +13,7 @@
 #include "core/Services.h"
 #include "core/ServicesPasse.h"
 #include "core/ui/Fenetres.h"
+#include "image/Vue.h"
 #include "workspace/FinCycle.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/Module_Cycle.h"
@@ -78,6 +79,7 @@ class F_Representation : public QMainWindow {
   void MontreSansTrajet();
   void ChangementRepris();
   void DessinOuvert(bool ouvert);
+  void RendOuverture();     // the window is that of the drawing before
   void Redessine(bool du);  // Dessin where a procedure says that it is due
   void SuitSouris(const SuiteSouris& suite);
   void SuitOutils();
@@ -157,6 +159,13 @@ class F_Representation : public QMainWindow {
   bool fermetureDue_ = false;  // the window was to close meanwhile
   QString titre_;              // of a drawing that comes from no file
   bool ouverture_ = false;     // the drawing of before is gone, the new one is not ready
+  struct {                     // the window as it was before that
+    bool dessin = false, annuler = false, refaire = false;  // what is enabled
+    bool change = false;                                    // its work
+    QString titre;
+    EtatVue vue;
+  } avantOuverture_;
+  bool outilMontre_ = false;  // the fields of the tool show that of the new drawing
   bool dechargee_ = false;
   bool finRepondue_ = false;  // the question in front of the end has its answer
 };

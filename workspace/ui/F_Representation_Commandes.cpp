@@ -135,16 +135,21 @@ Ouverture F_Representation::OuvreFichier(const std::string& chemin) {
   std::error_code erreur;
   if (chemin.empty() || !std::filesystem::exists(chemin, erreur)) return Ouverture::Abandon;
   const Drapeau avant = Modifie;
+  const bool change = TravailChange();
   // Before the file is read: it may be the one that the answer saves.
   if (!PeutLaisser()) return Ouverture::Abandon;
+  const bool enregistre = change && !TravailChange();
   DessinLu lu = LitAOuvrir(chemin);
   if (lu.refus) {
     RefuseDessinLu(lu);
     if (TravailChange()) Modifie = avant;
     return Ouverture::Refusee;
   }
-  const Ouverture issue = OuvreDessinLu(std::move(lu), OptionsOuverture{});
-  RetientTravail();
+  OptionsOuverture options;
+  options.retient = true;
+  const Ouverture issue = OuvreDessinLu(std::move(lu), options);
+  if (issue == Ouverture::Refusee) RetientTravail();
+  if (issue == Ouverture::Abandon && !enregistre) Modifie = avant;
   return issue;
 }
 
@@ -174,10 +179,11 @@ bool F_Representation::PeutLaisser() {
 }
 
 void F_Representation::OffreReprises() {
+  const Drapeau avant = Modifie;
   if (ListeReprises().empty() || Fenetre("F_Reprise") != IssueFenetre::Acceptee || !PeutLaisser()) return;
   {
     const PendantOuverture pendant(*this);
-    OuvreReprise(RepriseChoisie);
+    if (OuvreReprise(RepriseChoisie) == Ouverture::Abandon && TravailChange()) Modifie = avant;
   }
   ApresOuverture();
   Titre();
@@ -209,8 +215,14 @@ void F_Representation::FinitOuverture() {
 }
 
 void F_Representation::ApresOuverture() {
-  panneau_->Fraisage()->RemplitOutil();
-  PB1_->setFocus(Qt::OtherFocusReason);
+  // What is being typed into a field that has shown the new drawing's tool stays, and so does the keyboard.
+  const bool montre = std::exchange(outilMontre_, false);
+  if (montre) {
+    panneau_->Fraisage()->SuitOutil();
+  } else {
+    panneau_->Fraisage()->RemplitOutil();
+  }
+  if (!montre || !panneau_->Fraisage()->EnSaisie()) PB1_->setFocus(Qt::OtherFocusReason);
   Parle();
   MontreEcartes();
   if (NbPoints >= 0) return;

@@ -32,17 +32,17 @@ bool EstChampOutil(const QWidget& controle) {
 }
 
 // While a tool path is computed: another value of the tool, another step of the selection, or the way back. What is
-// meant for the window of moves by hand is forgotten: the machine would move when nobody expects it any more.
-// With `seule` everything but the way back waits.
+// meant for the window of moves by hand is forgotten: the machine would move when nobody expects it any more. What
+// the pass doesn't let in waits.
 SortEvenement JugePendantPasse(const QWidget& cible, const QWidget& fenetre, const QWidget& image, const QEvent& e,
-                               bool seule) {
+                               const PasseInterruptible& passe) {
   const bool appui = e.type() == QEvent::KeyPress;
   if (appui || e.type() == QEvent::KeyRelease) {
     const int touche = static_cast<const QKeyEvent&>(e).key();
     if (touche == Qt::Key_Escape) return appui ? SortEvenement::Arrete : SortEvenement::Refuse;
-    if (!seule && &cible == &image && EstFleche(touche)) return SortEvenement::Laisse;
+    if (!passe.sansFleches && &cible == &image && EstFleche(touche)) return SortEvenement::Laisse;
   }
-  if (!seule && cible.window() == &fenetre && EstChampOutil(cible) && e.type() != QEvent::Wheel)
+  if (!passe.seule && cible.window() == &fenetre && EstChampOutil(cible) && e.type() != QEvent::Wheel)
     return SortEvenement::Laisse;
   return cible.window()->objectName() == QLatin1String("F_PilMan") ? SortEvenement::Refuse : SortEvenement::Tient;
 }
@@ -70,23 +70,42 @@ void F_Representation::Dessine() {
 
 bool F_Representation::MenePasse(const PasseInterruptible& passe) {
   return ovelin::MenePasse(passe, [this, &passe](const QWidget& cible, const QEvent& e) {
-    return JugePendantPasse(cible, *this, *PB1_, e, passe.seule);
+    return JugePendantPasse(cible, *this, *PB1_, e, passe);
   });
 }
 
 void F_Representation::MontreSansTrajet() {
-  if (ouverture_) return;
   vide_->setVisible(TraceInitial.size() < 2);
-  if (!commandes_->Action("mnu_Zoom1")->isEnabled()) mnu_Zoom1(PB1_->Taille());  // the first of this sheet
+  // The first of this sheet, or one that is being opened. One without an extent fits nowhere, which is told later.
+  const bool etendu = Xmax != Xmin || Ymax != Ymin;
+  if (etendu && !commandes_->Action("mnu_Zoom1")->isEnabled()) mnu_Zoom1(PB1_->Taille());
   alerte_->hide();
+  // A project has its own tool, whose fields may be typed in from now on.
+  if (ouverture_ && !std::exchange(outilMontre_, true)) panneau_->Fraisage()->RemplitOutil();
   PB1_->Montre();
 }
 
-// The trees have not followed the change.
+void F_Representation::RendOuverture() {
+  ouverture_ = false;
+  PB1_->Retient(false);
+  commandes_->DessinOuvert(avantOuverture_.dessin);
+  commandes_->Active("mnu_Undo", avantOuverture_.annuler);
+  commandes_->Active("mnu_Redo", avantOuverture_.refaire);
+  titre_ = avantOuverture_.titre;
+  Vue = avantOuverture_.vue;
+  SuitImage();
+  if (std::exchange(outilMontre_, false)) panneau_->Fraisage()->RemplitOutil();
+}
+
+// The trees have not followed the change, nor has the panel one that was to be another drawing.
 void F_Representation::ChangementRepris() {
   repris_ = true;
-  panneau_->InitSeq();
-  panneau_->Fraisage()->SuitOutil();
+  if (ouverture_) {
+    RendOuverture();
+  } else {
+    panneau_->InitSeq();
+    panneau_->Fraisage()->SuitOutil();
+  }
   vide_->setVisible(TraceInitial.size() < 2);
   alerte_->Suit();
   Parle();
@@ -94,6 +113,12 @@ void F_Representation::ChangementRepris() {
 }
 
 void F_Representation::DessinOuvert(bool ouvert) {
+  if (!ouvert && !ouverture_) {
+    const auto permise = [this](const char* nom) { return commandes_->Action(nom)->isEnabled(); };
+    avantOuverture_ = {
+        permise("mnu_Zoom1"), permise("mnu_Undo"), permise("mnu_Redo"), TravailChange(), titre_, Vue};
+    outilMontre_ = false;
+  }
   commandes_->DessinOuvert(ouvert);
   ouverture_ = !ouvert;
   PB1_->Retient(ouverture_);
@@ -103,9 +128,9 @@ void F_Representation::DessinOuvert(bool ouvert) {
     alerte_->hide();
     commandes_->Active("mnu_Undo", false);
     commandes_->Active("mnu_Redo", false);
-    panneau_->OublieDeplacement();
     return;
   }
+  panneau_->OublieDeplacement();
   RelacheOutils();
   SuitOutils();
   Titre();

@@ -160,7 +160,7 @@ void ImagePB1::Dessin() {
 }
 
 void ImagePB1::Montre() {
-  if (retenue_ || enCours_ || !misEnPage_.isValid()) return;
+  if (enCours_ || !isVisible()) return;
   Peint();
   // The legend names what is there.
   if (TraceDecale.empty()) decalage_->hide();

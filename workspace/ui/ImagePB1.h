@@ -38,10 +38,10 @@ class ImagePB1 : public QWidget {
   void Dessin();
   [[nodiscard]] bool DessinEnCours() const { return enCours_; }
   // The picture at once, also while a pass runs, and no snapshot: the drawing of a change whose tool path is on its
-  // way, or what is in force behind a change that was taken back.
+  // way, that of an opening too, or what is in force behind a change that was taken back. The view is the caller's.
   void Montre();
-  // While a drawing is being opened: what is shown stays, no Dessin, no layout. A size that has changed meanwhile
-  // is taken over afterwards.
+  // While a drawing is being opened: what is shown stays but for Montre, no Dessin, no layout. A size that has
+  // changed meanwhile is taken over afterwards.
   void Retient(bool retient);
   // A cross at a point of the drawing, until the next Dessin.
   void Croix(const PointTrace& point);

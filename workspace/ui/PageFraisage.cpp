@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "base/Indices.h"
 #include "core/Gestes.h"
@@ -220,6 +221,13 @@ void PageFraisage::SuitOutil() {
     if (champ.ligne->entre == EntrePCPoche) AvertitPoche(true);
   }
   MontreFigures();
+}
+
+bool PageFraisage::EnSaisie() const {
+  return std::ranges::any_of(outil_, [](const ChampOutil& champ) {
+    const ChampNombre& texte = *champ.saisie->Champ();
+    return texte.hasFocus() && texte.Texte() != champ.saisie->EnVigueur();
+  });
 }
 
 void PageFraisage::FocusLargeurEncoche() {

@@ -28,6 +28,8 @@ class PageFraisage : public QWidget {
   void SuitOutil();                           // fields whose value has changed elsewhere
   void VideOutil();                           // the tool fields stay blank
   void FocusLargeurEncoche();
+  // A tool field has the keyboard and another text than the value in force.
+  [[nodiscard]] bool EnSaisie() const;
 
  private:
   struct ChampOutil {

@@ -44,15 +44,7 @@ class PendantPasse : public Principale {
     ovelin::Sequences.back().Poche = ovelin::Vrai;
     ovelin::Sequences.back().Selection = ovelin::Vrai;
     ovelin::NbPoints = static_cast<std::int32_t>(ovelin::TraceInitial.size());
-    ovelin::Biblio.DecalSequence = [this](ovelin::Bibliotheque::Points& p, float, float d, std::int32_t) {
-      auTravail_ = true;
-      while (!libre_ && !base::ArretDemande()) std::this_thread::yield();
-      auTravail_ = false;
-      if (base::ArretDemande()) return 0;
-      ++finis_;
-      for (ovelin::PointTrace& q : p) q.X += d;
-      return 1;
-    };
+    NoyauQuiAttend();
     ovelin::EncombrementGeneral();
     libre_ = true;
     ovelin::RecalculDecalages();
@@ -66,6 +58,18 @@ class PendantPasse : public Principale {
     traces_ = ovelin::TraceDecale;
     C<ovelin::ImagePB1>("PB1")->setFocus();
     Evenements();
+  }
+  // The tool path of a path is the path moved by the distance, once the test says so.
+  void NoyauQuiAttend() {
+    ovelin::Biblio.DecalSequence = [this](ovelin::Bibliotheque::Points& p, float, float d, std::int32_t) {
+      auTravail_ = true;
+      while (!libre_ && !base::ArretDemande()) std::this_thread::yield();
+      auTravail_ = false;
+      if (base::ArretDemande()) return 0;
+      ++finis_;
+      for (ovelin::PointTrace& q : p) q.X += d;
+      return 1;
+    };
   }
   // One step in each round of events while it computes; behind the last one the kernel comes to its end.
   void Pendant(std::deque<std::function<void()>> suite) {

@@ -27,6 +27,7 @@
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Sequence.h"
 #include "workspace/Module_Annulation.h"
+#include "workspace/Module_Ouverture.h"
 #include "workspace/Module_Prise.h"
 #include "workspace/Module_Reprise.h"
 #include "workspace/Module_Vue.h"
@@ -230,7 +231,8 @@ std::string Singe::AgitMain() {
       return "fold";
     }
     case 2:
-      return Un(8) == 0 ? AgitPasse() : "";
+      if (Un(8) != 0 || OperationCarte) return "";
+      return Un(2) == 0 ? AgitPasse() : AgitOuverture();
     default:
       break;
   }
@@ -251,9 +253,8 @@ std::string Singe::AgitMain() {
   return "hand";
 }
 
-// Arrow keys while the tool path of a pocket of 3,000 points is computed, or Escape.
-std::string Singe::AgitPasse() {
-  if (OperationCarte) return "";
+// A pocket whose tool path is worth a pass.
+void Singe::PosePoche() {
   std::vector<std::pair<float, float>> xy;
   constexpr int n = 3000;
   for (int i = 0; i <= n; ++i) {
@@ -269,6 +270,11 @@ std::string Singe::AgitPasse() {
   RecalculDecalages();
   Svc.Rafraichit();
   Evenements();
+}
+
+// Arrow keys while the tool path of a pocket of 3,000 points is computed, or Escape.
+std::string Singe::AgitPasse() {
+  PosePoche();
   auto* image = C<ImagePB1>("PB1");
   static const Qt::Key Cles[]{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Escape};
   QTimer suite;
@@ -280,6 +286,29 @@ std::string Singe::AgitPasse() {
   suite.start(2);
   QTest::keyClick(image, Qt::Key_Right, Qt::ShiftModifier);
   return "arrows in a pass";
+}
+
+// An opening of such a pocket, with a radius typed into it or Escape.
+std::string Singe::AgitOuverture() {
+  PosePoche();
+  const std::string projet = Dossier() + "/poche.OVL";
+  if (!EnregistreProjet(projet).empty()) return "";
+  if (Un(2) == 0) QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Up);
+  Evenements();
+  QTimer suite;
+  int pas = Un(4);
+  QObject::connect(&suite, &QTimer::timeout, &suite, [&] {
+    if (--pas < 0) return suite.stop();
+    if (Un(2) == 0) {
+      QTest::keyClick(C<ImagePB1>("PB1"), Qt::Key_Escape);
+    } else if (auto* champ = C<QLineEdit>("TB_RayonFraise"); champ->isVisible()) {
+      Tape(*champ, std::to_string(1 + Un(5)), Sortie::Entree);
+    }
+  });
+  suite.start(2);
+  fenetre_->Depose(projet);
+  Evenements();
+  return "opening with a pass";
 }
 
 std::string Singe::Agit() {

@@ -40,7 +40,9 @@ class Singe : public essai::Principale {
   std::string AgitImage();
   std::string AgitMenu();
   std::string AgitMain();
+  void PosePoche();
   std::string AgitPasse();
+  std::string AgitOuverture();
   bool RemplitDialogue(const char* nom);
   std::string RouleSurListe();
   std::string Reprend();

@@ -125,14 +125,21 @@ TEST_F(Imprevu, ADrawingDroppedBeforeAPassIsOpenedBehindIt) {
   EXPECT_EQ(NomDe(FichierCourant), "plaque.dxf");
 }
 
-TEST_F(Imprevu, AnOpeningThatRunsOutOfMemoryLeavesAWindowThatGoesOn) {
-  Charge();
+TEST_F(Imprevu, AnOpeningThatRunsOutOfMemoryLeavesAWindowThatGoesOnWithTheDrawingOfBefore) {
+  Charge(Exemple("equerre.dxf"));
+  const std::string avant = FichierCourant;
+  const auto points = TraceInitial;
+  const std::size_t pas = ListeFichiers(DossierTemp, "OVL").size();
+  ASSERT_GT(pas, 0U);
   Svc.Dimensionne = [](DemandeDimension&) { throw std::bad_alloc(); };
   essai::AttendFichier("mnu_Ouvrir", Exemple("plaque.dxf"));
   EXPECT_THROW(Menu("mnu_Ouvrir")->trigger(), std::bad_alloc);
   EXPECT_FALSE(Cycle.OuvertureDehors);
+  EXPECT_EQ(FichierCourant, avant);
+  EXPECT_TRUE(TraceInitial == points);
+  EXPECT_TRUE(Menu("mnu_Save")->isEnabled());
   C<ImagePB1>("PB1")->Dessin();
-  EXPECT_EQ(ListeFichiers(DossierTemp, "OVL").size(), 1U) << "the picture waits for nothing";
+  EXPECT_EQ(ListeFichiers(DossierTemp, "OVL").size(), pas + 1) << "the picture waits for nothing";
 }
 
 TEST_F(Imprevu, AnEntryOfTheRecentListOutlivesTheChangeOfTheListThatItMakes) {

@@ -51,7 +51,7 @@ const std::map<std::string, std::set<std::string>> Coquilles{
      {"FinCycle.cpp", "Module_Annulation.cpp", "Module_Arbres.cpp", "Module_Cycle.cpp", "Module_Dimension.cpp",
       "Module_Enregistrement.cpp", "Module_Image.cpp", "Module_Ouverture.cpp", "Module_Panneau.cpp",
       "Module_Prise.cpp", "Module_PanneauChamps.cpp", "Module_Recents.cpp", "Module_Reprise.cpp",
-      "Module_Souris.cpp", "Module_Travail.cpp", "Module_Vue.cpp"}}};
+      "Module_Souris.cpp", "Module_Travail.cpp", "Module_Vue.cpp", "RetourOuverture.cpp"}}};
 
 std::string Relatif(const fs::path& chemin) {
   return fs::relative(chemin, fs::path(essai::DossierSource())).generic_string();
