@@ -34,6 +34,7 @@
 #include <vector>
 
 #include "bench/Formes.h"
+#include "bench/SansEcran.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/Fichiers.h"
@@ -331,8 +332,7 @@ void Mesure(int points, int contours, double montre) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
+  const QApplication application = banc::SansEcran(argc, argv);
   double montre = 0;
   bool fleches = false;
   bool tour = false;
