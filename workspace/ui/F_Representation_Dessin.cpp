@@ -82,10 +82,9 @@ void F_Representation::MontreSansTrajet() {
   PB1_->Montre();
 }
 
-// The trees have not followed the change.
 void F_Representation::ChangementRepris() {
   repris_ = true;
-  panneau_->InitSeq();
+  panneau_->Retrouve();
   panneau_->Fraisage()->SuitOutil();
   vide_->setVisible(TraceInitial.size() < 2);
   alerte_->Suit();
