@@ -38,6 +38,7 @@
 #include <vector>
 
 #include "bench/Formes.h"
+#include "bench/SansEcran.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/Fichiers.h"
@@ -416,8 +417,7 @@ void Mesure(int points, int contours, double montre) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
+  const QApplication application = banc::SansEcran(argc, argv);
   double montre = 0;
   std::optional<Mesures> mesures;
   std::vector<double> nombres;

@@ -16,6 +16,7 @@
 #include <string>
 
 #include "bench/Horloge.h"
+#include "bench/SansEcran.h"
 #include "core/ReglagesCourants.h"
 #include "gcode/SceneProgramme.h"
 #include "gcode/ui/ModeleProgramme.h"
@@ -166,9 +167,8 @@ void Mesure1(int lignes) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const QApplication application = banc::SansEcran(argc, argv);
   // A number of lines measures that program alone, in a memory that held no other.
-  if (argc < 2 || argv[1][0] != '-') qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
   const std::string seul = argc > 1 ? argv[argc - 1] : "";
   if (!seul.empty() && std::isdigit(static_cast<unsigned char>(seul[0])) != 0) {
     Mesure1(std::stoi(seul));

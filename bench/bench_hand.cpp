@@ -14,11 +14,11 @@
 
 #include "bench/Formes.h"
 #include "bench/Horloge.h"
+#include "bench/SansEcran.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
-#include "core/Services.h"
 #include "core/ui/ServicesQt.h"
 #include "toolpath/Module_Decalage.h"
 #include "toolpath/Module_Ordre.h"
@@ -173,9 +173,7 @@ void Etapes(int contours, int points, int choisies, int pas) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  Svc = ServicesMuets();
+  const QApplication application = banc::SansEcran(argc, argv);
   InstalleServicesQt();
   const std::string_view quoi = argc > 1 ? argv[1] : "";
   if (quoi.empty() || quoi == "drag") Tirages();

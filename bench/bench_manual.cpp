@@ -20,6 +20,7 @@
 #include <functional>
 #include <memory>
 
+#include "bench/SansEcran.h"
 #include "closed/CarteVirtuelle.h"
 #include "closed/ZenikCom.h"
 #include "controller/ChoixCarte.h"
@@ -179,11 +180,9 @@ void JogueClavier(zenikcom::CarteVirtuelle& carte, std::uint8_t touche, double a
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
+  const QApplication application = banc::SansEcran(argc, argv);
   const std::string dossier = std::filesystem::temp_directory_path() / "ovelin-bench-manual";
   std::filesystem::create_directories(dossier);
-  Svc = ServicesMuets();
   InstalleServicesQt();
   Svc.Montre = [](const BoiteMessage&) { return Reponse::Ok; };
   const auto carte = Installe(dossier);

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "bench/Formes.h"
+#include "bench/SansEcran.h"
 #include "closed/Pathwerk.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
@@ -120,9 +121,7 @@ void Polices(const fs::path& travail) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  Svc = ServicesMuets();
+  const QApplication application = banc::SansEcran(argc, argv);
   InstalleServicesQt();
   Svc.Montre = [](const BoiteMessage&) { return Reponse::Ok; };
   const fs::path travail = fs::temp_directory_path() / ("ovelin-bench-outils-" + std::to_string(getpid()));

@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "bench/Formes.h"
+#include "bench/SansEcran.h"
 #include "closed/CarteVirtuelle.h"
 #include "closed/ZenikCom.h"
 #include "controller/ClsCdeZENIK.h"
@@ -290,8 +291,7 @@ void Mesure(int lignes) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
+  const QApplication application = banc::SansEcran(argc, argv);
   Mesure(argc > 1 ? std::atoi(argv[1]) : 20'000);
   return 0;
 }

@@ -10,11 +10,11 @@
 
 #include "bench/Formes.h"
 #include "bench/Horloge.h"
+#include "bench/SansEcran.h"
 #include "core/DocumentCourant.h"
 #include "core/Dossiers.h"
 #include "core/Etat.h"
 #include "core/Fichiers.h"
-#include "core/Services.h"
 #include "core/ui/ServicesQt.h"
 #include "workspace/Module_Annulation.h"
 #include "workspace/ui/ArbreDocument.h"
@@ -136,9 +136,7 @@ void Arbres(int contours, int points) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  Svc = ServicesMuets();
+  const QApplication application = banc::SansEcran(argc, argv);
   InstalleServicesQt();
   ImagePB1 image;
   image.resize(Largeur, Hauteur);

@@ -1,5 +1,6 @@
 #include "core/Cles.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
@@ -25,6 +26,7 @@ namespace {
 [[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Magasin = MagasinCles{}; });
 
 constexpr const char* SectionProgramme = "OVELIN";
+std::vector<RetourCles*> Retours;             // those that stand
 constexpr std::size_t LongueurValeur = 255;   // characters of a value as it is read
 constexpr std::size_t LongueurTampon = 8192;  // characters of a listing of sections or of a section
 
@@ -131,6 +133,7 @@ bool LireBooleen(std::string_view cle, bool defaut) { return LireCle(cle, defaut
 void EcrireCle(std::string_view cle, std::string_view valeur) {
   const LotCles lot;
   const std::string texte = Remplace(valeur, "\t", "&&");
+  RetourCles::Note(cle, ExtensionDe(FichierProjet) == "OVL" ? FichierProjet : "");
   EcritIni(SectionProgramme, cle, texte);
   Svc.LaisseEvenements(Evenements::Affichage);
   // The first letters of the value, where those of the key were meant: placement keys do go to projects. Kept,
@@ -202,6 +205,44 @@ LotCles::~LotCles() { magasin::FinLot(); }
 
 SansProjet::SansProjet() : projet_(std::exchange(FichierProjet, std::string())) {}
 SansProjet::~SansProjet() { FichierProjet = std::move(projet_); }
+
+RetourCles::RetourCles(std::vector<std::string> cles) : cles_(std::move(cles)) { Retours.push_back(this); }
+
+RetourCles::~RetourCles() { std::erase(Retours, this); }
+
+void RetourCles::Note(std::string_view cle, const std::string& projet) {
+  for (RetourCles* retour : Retours) {
+    const auto notee = [&](const Avant& a) { return a.cle == cle && a.projet == projet; };
+    if (std::ranges::find(retour->cles_, cle) == retour->cles_.end()) continue;
+    if (std::ranges::any_of(retour->avant_, notee)) continue;
+    Avant avant{std::string(cle), projet, magasin::Ini(CheminIni()).Lit(SectionProgramme, cle), std::nullopt};
+    if (!projet.empty()) avant.dansProjet = magasin::CleProjet(projet, EnTexte8(cle));
+    retour->avant_.push_back(std::move(avant));
+  }
+}
+
+// The last one first: a key that was written alone and then into a project, too, is noted for each.
+void RetourCles::Remet() {
+  const LotCles lot;
+  for (; !avant_.empty(); avant_.pop_back()) {
+    const Avant& a = avant_.back();
+    if (Magasin.EcrireIni) {
+      magasin::ModifieIni(CheminIni(), [cle = a.cle, valeur = a.dansIni](FichierIni& ini) {
+        if (valeur) {
+          ini.Ecrit(SectionProgramme, cle, *valeur);
+        } else {
+          ini.Supprime(SectionProgramme, cle);
+        }
+      });
+    }
+    if (a.projet.empty() || magasin::CleProjet(a.projet, EnTexte8(a.cle)) == a.dansProjet) continue;
+    if (a.dansProjet) {
+      magasin::PlaceCleProjet(a.projet, EnTexte8(a.cle), *a.dansProjet);
+    } else {
+      magasin::OteCleProjet(a.projet, EnTexte8(a.cle));
+    }
+  }
+}
 
 OrigineCle OrigineDe(std::string_view cle) {
   if (Surcharge(cle)) return OrigineCle::Surcharge;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,6 +77,28 @@ class SansProjet : base::SansCopie {
 
  private:
   std::string projet_;
+};
+
+// The way back of keys that a change writes before it is sure that it stays: while one stands, what these keys of
+// section "[OVELIN]" held in the files is kept from before their first write. Several may stand at once.
+class RetourCles : base::SansCopie {
+ public:
+  explicit RetourCles(std::vector<std::string> cles);
+  ~RetourCles();
+
+  // Those that have been written since are as they were, in the settings file and in the project each: a key that
+  // stood in neither stands in neither.
+  void Remet();
+
+ private:
+  friend void EcrireCle(std::string_view cle, std::string_view valeur);
+  static void Note(std::string_view cle, const std::string& projet);  // "" for none
+  struct Avant {
+    std::string cle, projet;
+    std::optional<std::string> dansIni, dansProjet;  // as they stand there, bytes in the project
+  };
+  std::vector<std::string> cles_;
+  std::vector<Avant> avant_;
 };
 
 // Forget what is held of the files (another program, or a test, has changed them).

@@ -50,4 +50,17 @@ void PlaceLigne(std::string& contenu, std::string_view cle, std::string_view val
   if (trouve == std::string::npos) contenu.append(ligne).append(fin);
 }
 
+void OteLigne(std::string& contenu, std::string_view cle) {
+  const std::string debut = std::string("$$").append(cle).append("=");
+  std::string_view reste = contenu;
+  while (!reste.empty()) {
+    const std::size_t place = contenu.size() - reste.size();
+    std::string_view ligne;
+    if (!LigneSuivante(reste, ligne)) return;
+    if (!ligne.starts_with(debut)) continue;
+    contenu.erase(place, contenu.size() - reste.size() - place);
+    return;
+  }
+}
+
 }  // namespace ovelin

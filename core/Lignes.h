@@ -21,5 +21,7 @@ std::unordered_map<std::string, std::string> IndexeReglages(std::string_view con
 // Puts "$$key=value" into a project: in place of the first line that holds "$$key=" anywhere (further ones stay),
 // or else behind the last line. Bytes, not UTF-8.
 void PlaceLigne(std::string& contenu, std::string_view cle, std::string_view valeur);
+// Takes the first line that begins with "$$key=" out of a project.
+void OteLigne(std::string& contenu, std::string_view cle);
 
 }  // namespace ovelin

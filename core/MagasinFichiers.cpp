@@ -48,11 +48,25 @@ struct ProjetTenu {
   Reglages index;
 };
 
+// A line of a project to be placed; without a value, to be taken out.
+struct LigneProjet {
+  std::string cle8;
+  std::optional<std::string> valeur8;
+
+  void Applique(std::string& contenu) const {
+    if (valeur8) {
+      PlaceLigne(contenu, cle8, *valeur8);
+    } else {
+      OteLigne(contenu, cle8);
+    }
+  }
+};
+
 struct Tenu {
   std::map<std::string, IniTenu> inis;
   ProjetTenu projet;
   // Lines that wait for the end of the batch, by file, in the order of their writing.
-  std::map<std::string, std::vector<std::pair<std::string, std::string>>> attente;
+  std::map<std::string, std::vector<LigneProjet>> attente;
   int profondeurLot = 0;
   long numeroLot = 0;  // of the batch that stands, from 1
   std::string cheminRedirige;
@@ -128,8 +142,7 @@ void EcritInis() {
 }
 
 // The lines placed in a project, which may be a large file for the sake of a short line.
-ErreurSysteme PlaceLignes(const std::string& chemin,
-                          const std::vector<std::pair<std::string, std::string>>& lignes) {
+ErreurSysteme PlaceLignes(const std::string& chemin, const std::vector<LigneProjet>& lignes) {
   try {
     std::string contenu;
     if (Releve(chemin).existe) {
@@ -138,7 +151,7 @@ ErreurSysteme PlaceLignes(const std::string& chemin,
       if (!octets) return raison;
       contenu = std::move(*octets);
     }
-    for (const auto& [cle, valeur] : lignes) PlaceLigne(contenu, cle, valeur);
+    for (const LigneProjet& ligne : lignes) ligne.Applique(contenu);
     return EcritFichierEntier(chemin, contenu);
   } catch (const std::bad_alloc&) {
     return std::generic_category().message(ENOMEM);
@@ -156,6 +169,18 @@ void EcritAttente() {
     if (!erreur.empty()) Echec(erreur);
     OublieProjet(chemin);
   }
+}
+
+void Change(const std::string& chemin, LigneProjet&& ligne) {
+  if (T.texteRedirige != nullptr && chemin == T.cheminRedirige) {
+    ligne.Applique(*T.texteRedirige);
+    return;
+  }
+  // A drawing of another format that was opened from the command line stands as the project too: never into it.
+  if (ExtensionDe(chemin) != "OVL" || LectureSeule(chemin)) return;
+  DebutLot();
+  T.attente[chemin].push_back(std::move(ligne));
+  FinLot();
 }
 
 }  // namespace
@@ -179,7 +204,8 @@ void ModifieIni(const std::string& chemin, const Changement& change) {
 std::optional<std::string> CleProjet(const std::string& chemin, std::string_view cle8) {
   if (const auto lignes = T.attente.find(chemin); lignes != T.attente.end()) {
     for (auto i = lignes->second.rbegin(); i != lignes->second.rend(); ++i) {
-      if (i->first == cle8) return Rogne(i->second);  // as it will be read from the file
+      if (i->cle8 != cle8) continue;
+      return i->valeur8 ? std::optional(Rogne(*i->valeur8)) : std::nullopt;  // as it will be read from the file
     }
   }
   ChargeProjet(chemin);
@@ -192,15 +218,11 @@ void PlaceCleProjet(const std::string& chemin, std::string_view cle8, std::strin
   for (char& c : valeur) {
     if (c == '\r' || c == '\n') c = ' ';  // one line, whatever the value holds
   }
-  if (T.texteRedirige != nullptr && chemin == T.cheminRedirige) {
-    PlaceLigne(*T.texteRedirige, cle8, valeur);
-    return;
-  }
-  // A drawing of another format that was opened from the command line stands as the project too: never into it.
-  if (ExtensionDe(chemin) != "OVL" || LectureSeule(chemin)) return;
-  DebutLot();
-  T.attente[chemin].emplace_back(cle8, std::move(valeur));
-  FinLot();
+  Change(chemin, {std::string(cle8), std::move(valeur)});
+}
+
+void OteCleProjet(const std::string& chemin, std::string_view cle8) {
+  Change(chemin, {std::string(cle8), std::nullopt});
 }
 
 void PoseProjet(const std::string& chemin, const Empreinte& avant, Reglages&& reglages) {

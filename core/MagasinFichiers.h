@@ -29,6 +29,8 @@ void ModifieIni(const std::string& chemin, const Changement& change);
 std::optional<std::string> CleProjet(const std::string& chemin, std::string_view cle8);
 // Puts "$$key=value" into a project file (bytes of the file's set). Left out for a read-only file.
 void PlaceCleProjet(const std::string& chemin, std::string_view cle8, std::string_view valeur8);
+// Takes that line out of it, likewise.
+void OteCleProjet(const std::string& chemin, std::string_view cle8);
 
 // The settings lines of a project that somebody has read anyway, so that it isn't read once more for its keys.
 // `avant`: its state before that reading.

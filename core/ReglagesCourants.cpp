@@ -1,7 +1,9 @@
 #include "core/ReglagesCourants.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "core/Cles.h"
 #include "core/ClesReglages.h"
@@ -48,13 +50,14 @@ void Ecrit(const char* cle, const std::string& v) { EcrireCle(cle, v); }
 
 struct Reglage {
   Groupe groupe;
+  const char* cle;
   void (*lit)(Reglages& r, const Reglages& defauts);
   void (*ecrit)(const Reglages& r);
 };
 #define CLE(cle, genre)
 #define SUFFIXE(nom, texte)
-#define REGLAGE(cle, membre, groupe, genre)                                                    \
-  {Groupe::groupe, [](Reglages& r, const Reglages& d) { Lit(cles::cle, r.membre, d.membre); }, \
+#define REGLAGE(cle, membre, groupe, genre)                                                               \
+  {Groupe::groupe, cles::cle, [](Reglages& r, const Reglages& d) { Lit(cles::cle, r.membre, d.membre); }, \
    [](const Reglages& r) { Ecrit(cles::cle, r.membre); }},
 constexpr Reglage Lignes[] = {
 #include "core/Reglages.def"
@@ -73,6 +76,12 @@ void EcritGroupe(Groupe groupe) {
   const LotCles lot;
   for (const Reglage& ligne : Lignes) {
     if (ligne.groupe == groupe) ligne.ecrit(Regl);
+  }
+}
+
+void AjouteCles(std::vector<std::string>& cles, Groupe groupe) {
+  for (const Reglage& ligne : Lignes) {
+    if (ligne.groupe == groupe) cles.emplace_back(ligne.cle);
   }
 }
 
@@ -172,6 +181,18 @@ void EcritOptions() {
 
 void EcritOutil() {
   if (!SursisReglages::Attend(EcritOutil)) EcritGroupe(Groupe::Outil);
+}
+
+std::vector<std::string> ClesMateriau() {
+  std::vector<std::string> cles;
+  AjouteCles(cles, Groupe::Materiau);
+  return cles;
+}
+
+std::vector<std::string> ClesOutilEtOptions() {
+  std::vector<std::string> cles;
+  for (const Groupe groupe : {Groupe::Options, Groupe::Recents, Groupe::Outil}) AjouteCles(cles, groupe);
+  return cles;
 }
 
 void EcritRampe() {

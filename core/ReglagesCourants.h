@@ -42,6 +42,9 @@ void EcritMateriau();
 void EcritCouleurs();
 void EcritOptions();  // gMaxMRU with FichierProjet blanked for the moment
 void EcritOutil();
+// What EcritMateriau writes; what EcritOutil and EcritOptions do.
+std::vector<std::string> ClesMateriau();
+std::vector<std::string> ClesOutilEtOptions();
 // AngleRampe. A file that never had an angle gets no line of 0: a project without ramps is the file that it always
 // was, and opens without them whatever the settings have.
 void EcritRampe();

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/Arret.h"
+#include "core/Cles.h"
 #include "core/DocumentCourant.h"
 #include "core/Etat.h"
 #include "core/ReglagesCourants.h"
@@ -47,15 +48,13 @@ struct Outil {
   double rayon = RayonFraise;
   double encoche = LargeurEncoche;
   std::int16_t recouvrement = PCPoche;
+  std::unique_ptr<RetourCles> cles = std::make_unique<RetourCles>(ClesOutilEtOptions());
 
   void Remet() const {
-    const bool autreEncoche = LargeurEncoche != encoche;
-    const bool autreRecouvrement = PCPoche != recouvrement;
     RayonFraise = rayon;
     LargeurEncoche = encoche;
     PCPoche = recouvrement;
-    if (autreEncoche) EcritOutil();
-    if (autreRecouvrement) EcritOptions();
+    cles->Remet();
   }
 };
 

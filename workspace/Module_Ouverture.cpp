@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <new>
 #include <optional>
 #include <string_view>
@@ -374,22 +375,16 @@ namespace {
 
 // A material is more than the tool of the traces: the way back of a record that is put in force.
 std::function<void()> RetourMateriau() {
-  return [reglages = Regl, materiau = MateriauCourant, defaut = LireCle(cles::MatDefaut, ""),
-          absent = OrigineDe(cles::MatDefaut) == OrigineCle::Defaut] {
+  std::vector<std::string> cles = ClesMateriau();
+  cles.emplace_back(cles::MatDefaut);
+  return [reglages = Regl, materiau = MateriauCourant, retour = std::make_shared<RetourCles>(std::move(cles))] {
     ProfFraisage = reglages.ProfFraisage;
     ProfPasse = reglages.ProfPasse;
     Vitesse_Mat_H = reglages.Vitesse_Mat_H;
     Vitesse_Mat_V = reglages.Vitesse_Mat_V;
     MiniEncoche = reglages.MiniEncoche;
     MateriauCourant = materiau;
-    const LotCles lot;
-    EcritMateriau();
-    EcritOutil();
-    if (absent) {
-      SupprimerCle(cles::MatDefaut);
-    } else {
-      EcrireCle(cles::MatDefaut, defaut);
-    }
+    retour->Remet();
   };
 }
 

@@ -103,7 +103,7 @@ void F_Representation::ChangementRepris() {
   if (ouverture_) {
     RendOuverture();
   } else {
-    panneau_->InitSeq();
+    panneau_->Retrouve();
     panneau_->Fraisage()->SuitOutil();
   }
   vide_->setVisible(TraceInitial.size() < 2);

@@ -165,9 +165,15 @@ void PanneauLateral::RemplitArbres() {
   TreeView2()->Remplit();
 }
 
-void PanneauLateral::InitSeq() {
+void PanneauLateral::InitSeq() { SuitDocument(true); }
+
+void PanneauLateral::Retrouve() { SuitDocument(CodesSelectionnes() != selection_); }
+
+void PanneauLateral::SuitDocument(bool arbres) {
   ChampsPanneau champs = ovelin::InitSeq(&TreeView1()->Donnees(), &TreeView2()->Donnees());
-  for (ArbreDocument* arbre : arbres_) arbre->SuitSelection();
+  if (arbres) {
+    for (ArbreDocument* arbre : arbres_) arbre->SuitSelection();
+  }
   std::vector<Code2> selection = CodesSelectionnes();
   if (!selection.empty() && selection == selection_) {
     champs.TB_X = sequences_->findChild<QLineEdit*>(QStringLiteral("TB_X"))->text().toStdString();

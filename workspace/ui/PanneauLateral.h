@@ -38,6 +38,9 @@ class PanneauLateral : public QSplitter {
   // The panel from the document; the trees follow the selection. What has been typed as a displacement stays as
   // long as the same paths are selected.
   void InitSeq();
+  // The same where a change was taken back: the trees have not followed it, and the points that are chosen in them
+  // stay chosen.
+  void Retrouve();
   // Another drawing, or another state of it: the displacement counts from 0 again at the next InitSeq.
   void OublieDeplacement() { selection_.clear(); }
 
@@ -56,6 +59,7 @@ class PanneauLateral : public QSplitter {
   QWidget* HautArbres();
   QWidget* BasPages();
   void ClicArbre(const ResultatClic& resultat);
+  void SuitDocument(bool arbres);
   void Repartit();
 
   std::array<ArbreDocument*, 2> arbres_{};

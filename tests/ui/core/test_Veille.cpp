@@ -62,7 +62,11 @@ class Bureau {
       cote_ = std::make_unique<QDBusConnection>(la);
     });
   }
-  ~Bureau() { QDBusConnection::disconnectFromPeer("essai-veille"); }
+  // The thread of the connection would look at the services when it sees the end of it, while they go here.
+  ~Bureau() {
+    if (cote_ != nullptr) cote_->unregisterObject("/org/freedesktop", QDBusConnection::UnregisterTree);
+    QDBusConnection::disconnectFromPeer("essai-veille");
+  }
   Bureau(const Bureau&) = delete;
   Bureau& operator=(const Bureau&) = delete;
 

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
+#include <QTimer>
 #include <QUrl>
 #include <filesystem>
 
@@ -129,6 +130,7 @@ TEST_F(OuvertureDeLaFenetre, NothingIsThereToUndoBehindIt) {
 TEST_F(OuvertureDeLaFenetre, TheDrawingIsNotShownBeforeItIsReady) {
   QImage pendant;
   Svc.Dimensionne = [&](DemandeDimension&) {
+    C<QTimer>("Timer_Cadre")->stop();  // another size of the window would be another step
     essai::Evenements();
     C<ImagePB1>("PB1")->MetEnPage();
     pendant = C<ImagePB1>("PB1")->Image();

@@ -6,8 +6,10 @@
 #include <deque>
 #include <functional>
 
+#include "core/Coeurs.h"
 #include "core/DocumentCourant.h"
 #include "core/ReglagesCourants.h"
+#include "core/ServicesPasse.h"
 #include "core/Textes.h"
 #include "core/ui/ServicesQt.h"
 #include "tests/ui/principale/PendantPasse.h"
@@ -40,6 +42,49 @@ TEST_F(PendantPasse, TenPressesOfAnArrowAreOnePassAndOneStepOfUndo) {
   libre_ = true;
   Commande("mnu_Undo");
   EXPECT_TRUE(TraceInitial == points_);
+}
+
+// The library's own offsets, on a team of threads beside the window.
+TEST_F(PendantPasse, SeveralPocketsOnSeveralThreadsComeToTheSameAndBack) {
+  GrandePoche();
+  for (const char* code : {" B", " C", " D"}) {
+    essai::AjouteCarre(code, static_cast<float>(TraceInitial.size()), 0, 20);
+    Sequences.back().Poche = Vrai;
+  }
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  EncombrementGeneral();
+  Biblio.DecalSequence = [this, calcule = BibliothequePathwerk().DecalSequence](Bibliotheque::Points& p, float t,
+                                                                                float d, std::int32_t r) {
+    auTravail_ = true;
+    while (!libre_ && !base::ArretDemande()) std::this_thread::yield();
+    return calcule(p, t, d, r);
+  };
+  libre_ = true;
+  RecalculDecalages();
+  Svc.Rafraichit();
+  essai::Evenements();
+  const Document avant = Doc;
+  const auto passe = std::exchange(SvcPasse.Jusque, nullptr);
+  Presse(Qt::Key_Right);
+  Presse(Qt::Key_Right);
+  const Document attendu = Doc;
+  ASSERT_GE(attendu.TraceDecale.size(), 4U);
+  SvcPasse.Jusque = passe;
+  NombreCoeurs = 3;
+
+  Doc = avant;
+  libre_ = auTravail_ = false;
+  Pendant({[this] { Presse(Qt::Key_Right); }});
+  Presse(Qt::Key_Right);
+  EXPECT_TRUE(TraceInitial == attendu.TraceInitial);
+  EXPECT_TRUE(TraceDecale == attendu.TraceDecale);
+
+  Doc = avant;
+  libre_ = auTravail_ = false;
+  Pendant({[this] { Presse(Qt::Key_Escape); }});
+  Presse(Qt::Key_Right);
+  EXPECT_TRUE(TraceInitial == avant.TraceInitial);
+  EXPECT_TRUE(TraceDecale == avant.TraceDecale);
 }
 
 TEST_F(PendantPasse, ThePictureShowsTheDrawingAtOnceAndNoToolPath) {

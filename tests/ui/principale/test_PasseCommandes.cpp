@@ -1,6 +1,7 @@
 // Commands of the main window while their tool path is computed beside it: Escape brings the state of before back,
 // an arrow joins them in one step of undo.
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <algorithm>
@@ -16,8 +17,10 @@
 #include "image/SceneSelection.h"
 #include "tests/ui/principale/PendantPasse.h"
 #include "toolpath/Module_Texte.h"
+#include "toolpath/Module_Transforme.h"
 #include "workspace/Module_Prise.h"
 #include "workspace/Module_Souris.h"
+#include "workspace/ui/ArbreDocument.h"
 #include "workspace/ui/CommandesPrincipales.h"
 
 namespace {
@@ -158,6 +161,43 @@ TEST_F(CommandesPendantPasse, TheOtherSenseOfTravel) {
 TEST_F(CommandesPendantPasse, APointThatLeavesTheDrawing) {
   GrandePoche();
   Verifie([this] { Presse("CB_Supprimer_Point"); }, [this] { ChoisitPoint(); });
+}
+
+TEST_F(CommandesPendantPasse, ThePointsThatAreChosenInTheTreeStayChosenWhereTheirChangeIsTakenBack) {
+  GrandePoche();
+  ChoisitPoint();
+  const auto* arbre = C<ArbreDocument>("TreeView1");
+  ASSERT_EQ(arbre->PointsChoisis(), std::vector<std::int32_t>{5});
+  Pendant({[this] { Presse(Qt::Key_Escape); }});
+  Presse("CB_Supprimer_Point");
+  ASSERT_EQ(NbPoints, 3001);
+  EXPECT_EQ(arbre->PointsChoisis(), std::vector<std::int32_t>{5});
+  EXPECT_EQ(C<QAbstractItemView>("List_Position")->model()->rowCount(), 1);
+  const PointTrace sixieme = TraceInitial[6];
+  Pendant({});
+  Presse("CB_Supprimer_Point");
+  EXPECT_EQ(NbPoints, 3000);
+  EXPECT_EQ(TraceInitial[5], sixieme);
+}
+
+// A drag in the picture selects and moves in one.
+TEST_F(CommandesPendantPasse, ASelectionThatTheTreeHasNotSeenIsShownWhereTheChangeIsTakenBack) {
+  GrandePoche();
+  essai::AjouteCarre(" B", 200, 200, 10);
+  NbPoints = static_cast<std::int32_t>(TraceInitial.size());
+  Sequences.back().Selection = Faux;
+  libre_ = true;
+  RecalculDecalages();
+  Svc.Rafraichit();
+  essai::Evenements();
+  libre_ = false;
+  auto* arbre = C<ArbreDocument>("TreeView1");
+  const QModelIndex carre = arbre->model()->index(1, 0, arbre->model()->index(0, 0));
+  ASSERT_FALSE(arbre->selectionModel()->isSelected(carre));
+  Sequences.back().Selection = Vrai;
+  Pendant({[this] { Presse(Qt::Key_Escape); }});
+  EXPECT_FALSE(Deplacement_Selection(Direction::X, 1));
+  EXPECT_TRUE(arbre->selectionModel()->isSelected(carre));
 }
 
 TEST_F(CommandesPendantPasse, APathThatStartsElsewhere) {

@@ -119,6 +119,7 @@ TEST(Programme, WritesItsPlaceWhenItsWindowCloses) {
   ConfigPresente();
   ProgrammeEssai p;
   ASSERT_TRUE(p.Demarre());
+  p.Fenetre()->findChild<QTimer*>(QStringLiteral("Timer_Cadre"))->stop();  // the screen of a test is smaller
   p.Fenetre()->resize(900, 700);
   essai::Evenements();
   p.Fenetre()->close();

@@ -41,6 +41,20 @@ TEST(PlaceLigne, AddsANewKeyAtTheEnd) {
   EXPECT_EQ(t, "$$A=1\r\n0              0\r\n$$B=2\r\n");
 }
 
+TEST(OteLigne, TakesTheFirstLineOfTheKeyAndNoOther) {
+  std::string t = "note $$A=0\r\n$$A1=7\r\n$$A=1\r\n$$B=2\r\n$$A=3\r\n";
+  OteLigne(t, "A");
+  EXPECT_EQ(t, "note $$A=0\r\n$$A1=7\r\n$$B=2\r\n$$A=3\r\n");
+}
+
+TEST(OteLigne, TakesALastLineWithoutALineEndAndLeavesATextWithoutTheKey) {
+  std::string t = "$$A=1\n$$B=2";
+  OteLigne(t, "C");
+  EXPECT_EQ(t, "$$A=1\n$$B=2");
+  OteLigne(t, "B");
+  EXPECT_EQ(t, "$$A=1\n");
+}
+
 TEST(PlaceLigne, StartsAnEmptyFile) {
   std::string t;
   PlaceLigne(t, "A", "1");

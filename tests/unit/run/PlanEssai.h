@@ -72,11 +72,18 @@ inline std::string Nombre(float v) {
 inline std::string Texte(const Deplacement& d) {
   return Nombre(d.X) + " " + Nombre(d.Y) + " " + Nombre(d.Z) + " @" + Nombre(d.Vitesse);
 }
+using Liste = std::vector<std::string>;
+
 // All rows that move, from the second.
-inline std::vector<std::string> ListePlan() {
-  std::vector<std::string> t;
+inline Liste ListePlan() {
+  Liste t;
   for (std::int32_t i = 2; i <= NbDeplacements; ++i) t.push_back(Texte(Ligne(i)));
   return t;
+}
+// The rows of the plan that is made now.
+inline Liste Planifie() {
+  EXPECT_TRUE(Tableau_Decoupe());
+  return ListePlan();
 }
 // The heights of the plunges: rows that go down in Z alone at `v`.
 inline std::vector<float> Plongees(float v) {

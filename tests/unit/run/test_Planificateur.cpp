@@ -11,12 +11,6 @@
 namespace essai {
 namespace {
 
-using Liste = std::vector<std::string>;
-
-Liste Planifie() {
-  EXPECT_TRUE(Tableau_Decoupe());
-  return ListePlan();
-}
 // Depths of the passes: plunges at the vertical material speed.
 std::vector<float> Passes() {
   EXPECT_TRUE(Tableau_Decoupe());

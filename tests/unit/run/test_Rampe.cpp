@@ -12,8 +12,6 @@
 namespace essai {
 namespace {
 
-using Liste = std::vector<std::string>;
-
 constexpr double UnPourDix = 5.710593137499643;    // degrees: sinks 1 mm in 10
 constexpr double UnPourCinq = 11.309932474020215;  // degrees: sinks 1 mm in 5
 
@@ -22,11 +20,6 @@ void Reglages(double angle) {
   ReglagesPlan();
   ProfPasse = -1;
   AngleRampe = angle;
-}
-
-Liste Planifie() {
-  EXPECT_TRUE(Tableau_Decoupe());
-  return ListePlan();
 }
 
 std::vector<PointEssai> CarreDe(float cote) { return {{0, 0}, {0, cote}, {cote, cote}, {cote, 0}, {0, 0}}; }

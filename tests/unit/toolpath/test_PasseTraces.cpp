@@ -253,6 +253,36 @@ TEST_F(PasseTracesTest, AToolFieldThatIsTakenBackHasItsValueInTheFilesToo) {
   }
 }
 
+TEST_F(PasseTracesTest, AToolFieldThatIsTakenBackLeavesKeysOutOfTheFilesThatStoodInNone) {
+  const std::string ini = "[OVELIN]\r\nLangue=fr\r\n";
+  EcritFichierEssai("OVELIN.ini", ini);
+  for (const auto& entre : {std::function<bool()>([] { return EntreLargeurEncoche("9"); }),
+                            std::function<bool()>([] { return EntrePCPoche("20"); })}) {
+    script = {[this, &ini] {
+      EXPECT_NE(LitFichierEssai(CheminIni()), ini);
+      Echappe();
+      return false;
+    }};
+    EXPECT_TRUE(entre()) << "nothing was refused";
+    EXPECT_EQ(LitFichierEssai(CheminIni()), ini);
+  }
+}
+
+TEST_F(PasseTracesTest, AToolFieldBehindAnArrowIsTakenBackInTheFilesWithIt) {
+  const std::string ini = "[OVELIN]\r\nLargeurEncoche=4.0\r\n";
+  EcritFichierEssai("OVELIN.ini", ini);
+  LargeurEncoche = 4;
+  script = {[] { return !EntreLargeurEncoche("9"); },
+            [this, &ini] {
+              EXPECT_NE(LitFichierEssai(CheminIni()), ini);
+              Echappe();
+              return false;
+            }};
+  EXPECT_FALSE(Deplacement_Selection(Direction::X, 1));
+  EXPECT_EQ(LargeurEncoche, 4);
+  EXPECT_EQ(LitFichierEssai(CheminIni()), ini);
+}
+
 TEST_F(PasseTracesTest, ADrawingThatChangedWithoutAWordIsComputedWhole) {
   script = {[] {
     TraceInitial[3].X += 1;

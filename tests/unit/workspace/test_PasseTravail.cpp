@@ -144,6 +144,25 @@ TEST_F(PasseTravail, AMaterialComesBackWithAllOfItsRecordInForceAndInTheFile) {
   }
 }
 
+TEST_F(PasseTravail, AMaterialThatIsTakenBackLeavesKeysOutOfTheFilesThatStoodInNone) {
+  EcritFichesDefaut();
+  FichierCourant = FichierProjet = EcritFichierEssai("p.OVL", "$$ProfPasse=-2\r\n0              0\r\n");
+  const std::string ini = Ini();
+  const std::string projet = LitFichierEssai(FichierProjet);
+  ASSERT_EQ(ini.find("Vitesse_Mat_H"), std::string::npos);
+  Choisit(" A");
+  passe_.Offre();
+  passe_.script = {[&] {
+    EXPECT_NE(Ini(), ini);
+    EXPECT_NE(LitFichierEssai(FichierProjet), projet);
+    return true;
+  }};
+  EXPECT_FALSE(AppliqueMateriau(4));
+  EXPECT_EQ(passe_.repris, 1);
+  EXPECT_EQ(Ini(), ini);
+  EXPECT_EQ(LitFichierEssai(FichierProjet), projet);
+}
+
 TEST_F(PasseTravail, AnUndoThatIsTakenBackLeavesTheStepsAndAllThatItReads) {
   DossierTemp = Dossier() + "/temp";
   Crochets.ChargeTable = [] { ChargeGlobalesTable(); };
