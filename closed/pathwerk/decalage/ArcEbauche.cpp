@@ -227,18 +227,19 @@ class Ebauche {
     if (EstSous(dernier_, p)) return true;
     const double limite = std::abs(d_) - bruit_;
     const ArcSource::Arbre& arbre = source_.Boites();
-    return !arbre.Parcourt([&](std::size_t k) { return base::Distance2(arbre.De(k), p) < limite * limite; },
-                           [&](std::size_t k) {
-                             return base::Distance2(arbre.De(2 * k), p) < base::Distance2(arbre.De(2 * k + 1), p);
-                           },
-                           [&](std::size_t feuille) {
-                             for (std::size_t i = arbre.Debut(feuille), fin = arbre.Fin(feuille); i < fin; ++i) {
-                               if (!EstSous(i, p)) continue;
-                               dernier_ = i;
-                               return false;
-                             }
-                             return true;
-                           });
+    return !arbre.ParcourtFeuilles(
+        [&](std::size_t k) { return base::Distance2(arbre.De(k), p) < limite * limite; },
+        [&](std::size_t k) {
+          return base::Distance2(arbre.De(2 * k), p) < base::Distance2(arbre.De(2 * k + 1), p);
+        },
+        [&](std::size_t feuille) {
+          for (std::size_t i = arbre.Debut(feuille), fin = arbre.Fin(feuille); i < fin; ++i) {
+            if (!EstSous(i, p)) continue;
+            dernier_ = i;
+            return false;
+          }
+          return true;
+        });
   }
 
   const ArcSource& source_;
