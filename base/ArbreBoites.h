@@ -71,6 +71,16 @@ class ArbreBoites {
     }
     return true;
   }
+  // The same for what is asked of the leaves alone, in any order: of few leaves each is asked, which costs less
+  // than the way down to some of them.
+  template <class Entre, class GaucheDAbord, class Feuille>
+  bool ParcourtFeuilles(Entre entre, GaucheDAbord gauche, Feuille feuille) const {
+    if (feuilles_ > PeuDeFeuilles) return Parcourt(entre, gauche, feuille);
+    for (std::size_t k = feuilles_, fin = FeuilleDe(nombre_ + ParFeuille - 1); k < fin; ++k) {
+      if (entre(k) && !feuille(k)) return false;
+    }
+    return true;
+  }
   // The nearer child first. `limite2`, which `feuille` may lower as it finds something: boxes that far from `p` or
   // farther, squared, are left out.
   template <class Feuille>
@@ -81,12 +91,12 @@ class ArbreBoites {
   // The same where only nodes that `entre(k)` takes are looked into.
   template <class Entre, class Feuille>
   void Approche(Vec2 p, const double& limite2, Entre entre, Feuille feuille) const {
-    Parcourt([&](std::size_t k) { return entre(k) && !(Distance2(boites_[k], p) >= limite2); },
-             [&](std::size_t k) { return Distance2(boites_[2 * k], p) < Distance2(boites_[2 * k + 1], p); },
-             [&](std::size_t k) {
-               feuille(k);
-               return true;
-             });
+    ParcourtFeuilles([&](std::size_t k) { return entre(k) && !(Distance2(boites_[k], p) >= limite2); },
+                     [&](std::size_t k) { return Distance2(boites_[2 * k], p) < Distance2(boites_[2 * k + 1], p); },
+                     [&](std::size_t k) {
+                       feuille(k);
+                       return true;
+                     });
   }
 
   // The things of [debut, debut + nombre) in an order in which those of a leaf lie near each other: those of a
@@ -98,6 +108,7 @@ class ArbreBoites {
   }
 
  private:
+  static constexpr std::size_t PeuDeFeuilles = 32;
   static constexpr std::size_t NbFeuilles(std::size_t nombre) {
     return std::bit_ceil(std::max<std::size_t>(1, (nombre + ParFeuille - 1) / ParFeuille));
   }

@@ -66,10 +66,10 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
     for (PointTrace& p : points) p.Seq = Code2{u'0', u'1'};
     return base::Compte(points.size());
   }
-  // A closed curve alone bears coarser thinning, as what it takes is taken off the arcs (Jeu.h); where there are
-  // few points, that costs more than it gains. The rings of a pocket have to cover all between them, and both sides
-  // of an open path have to meet at its ends.
-  const bool seule = points.size() > PointsMax && MemePlace(points.front(), points.back()) && recouvrement == 100;
+  // A curve alone bears coarser thinning, as what it takes is taken off the arcs (Jeu.h); where there are few points,
+  // that costs more than it gains. The rings of a pocket have to cover all between them.
+  const bool ferme = MemePlace(points.front(), points.back());
+  const bool seule = points.size() > PointsMax && (!ferme || recouvrement == 100);
   const double part = seule ? 0.2 : 0.1;
   const std::optional<decalage::Source> source = decalage::PrepareSource(points, part * tolerance);
   if (!source || base::ArretDemande()) return 0;

@@ -17,11 +17,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Indices.h"
+
 namespace pathwerk::chemin {
 
 namespace {
 
 constexpr std::size_t Regard = 48;
+constexpr std::size_t Dense = 200000;      // points of a path that may have far too many
+constexpr std::size_t ParCorde = 12;       // points that a chord stands for
+constexpr double PartDesCordes = 1.0 / 8;  // of the tolerance
 
 // The directions that hit all discs so far. Its bounds are not of unit length: so neither root nor quotient is
 // needed to hold a disc against them, and one root where it narrows them.
@@ -178,6 +183,46 @@ std::vector<std::size_t> Simplifie(Places p, std::size_t n, std::span<const std:
   return Parcours(p, n, force, e);
 }
 
+// Do all of these places lie within `e` of the segment from the first to the last?
+bool SuitSaCorde(std::span<const PointTrace> points, double e) {
+  const PointTrace& a = points.front();
+  const auto vers = [&a](const PointTrace& p) {
+    return Vec2{double{p.X} - double{a.X}, double{p.Y} - double{a.Y}};
+  };
+  const Vec2 d = vers(points.back());
+  const double l2 = Scalaire(d, d);
+  double ecart = 0;
+  double avant = 0;
+  double apres = l2;
+  for (const PointTrace& p : points) {
+    const Vec2 v = vers(p);
+    const double s = Scalaire(d, v);
+    ecart = std::max(ecart, std::abs(Vectoriel(d, v)));
+    avant = std::min(avant, s);
+    apres = std::max(apres, s);
+  }
+  return l2 > 0 && ecart * ecart <= e * e * l2 && avant >= 0 && apres <= l2;
+}
+
+// Of a path with far more points than the tolerance tells apart most can go before the sleeve looks at any: runs of
+// a few that lie within `e` of their chord. A chord whose ends lie within the rest of the tolerance does so, too.
+std::vector<std::size_t> Eclaircit(std::span<const PointTrace> points, std::span<const std::size_t> gardes,
+                                   double e) {
+  std::vector<std::size_t> r{0};
+  std::size_t g = 0;
+  for (std::size_t i = 0; i + 1 < points.size();) {
+    while (g < gardes.size() && gardes[g] <= i) ++g;
+    const std::size_t loin = std::min(i + ParCorde, g < gardes.size() ? gardes[g] : points.size() - 1);
+    if (loin > i + 1 && SuitSaCorde(points.subspan(i, loin - i + 1), e)) {
+      i = loin;
+      r.push_back(i);
+    } else {
+      while (i < loin) r.push_back(++i);
+    }
+  }
+  return r;
+}
+
 }  // namespace
 
 std::vector<std::size_t> Simplifie(std::span<const Vec2> points, std::span<const std::uint8_t> garde,
@@ -194,7 +239,17 @@ std::vector<std::size_t> Simplifie(std::span<const PointTrace> points, Vec2 cent
   const auto place = [points, centre](std::size_t i) {
     return Vec2{double{points[i].X}, double{points[i].Y}} - centre;
   };
-  return Simplifie(place, points.size(), gardes, tolerance);
+  if (points.size() < Dense) return Simplifie(place, points.size(), gardes, tolerance);
+  const double part = tolerance * PartDesCordes;
+  const std::vector<std::size_t> rangs = Eclaircit(points, gardes, part);
+  std::vector<std::size_t> rangsGardes;
+  for (const std::size_t i : gardes) {
+    rangsGardes.push_back(base::Indice(std::lower_bound(rangs.begin(), rangs.end(), i) - rangs.begin()));
+  }
+  std::vector<std::size_t> reste =
+      Simplifie([&](std::size_t k) { return place(rangs[k]); }, rangs.size(), rangsGardes, tolerance - part);
+  for (std::size_t& i : reste) i = rangs[i];
+  return reste;
 }
 
 }  // namespace pathwerk::chemin

@@ -1,37 +1,14 @@
 #include "closed/pathwerk/commun/ArbreSegments.h"
 
 #include <algorithm>
-#include <bit>
 
-#include "base/Arret.h"
+#include "closed/pathwerk/commun/Suites.h"
 
 namespace pathwerk {
 
 namespace {
 
-// Nodes near the root, at each of which a wish to end is looked for: what lies below one takes a few milliseconds.
-constexpr std::size_t NoeudsHauts = 4096;
 constexpr std::size_t Peu = 8;  // segments
-
-// Senses that occur in a run of segments, two bits for each of four axes (x, y, and the two diagonals): "some
-// segment doesn't go up" and "some segment doesn't go down". A run that goes strictly one way along an axis can't
-// meet itself, however long it is.
-constexpr std::uint8_t Sens(Vec2 d) {
-  const double v[4] = {d.x, d.y, d.x + d.y, d.x - d.y};
-  unsigned bits = 0;
-  for (unsigned i = 0; i < 4; ++i) {
-    if (!(v[i] > 0)) bits |= 1U << (2 * i);
-    if (!(v[i] < 0)) bits |= 2U << (2 * i);
-  }
-  return static_cast<std::uint8_t>(bits);
-}
-
-constexpr bool Monotone(unsigned bits) {
-  for (unsigned i = 0; i < 4; ++i) {
-    if (((bits >> (2 * i)) & 3U) != 3U) return true;
-  }
-  return false;
-}
 
 // Sign of the turn a -> b -> p, with everything too near to call counted as 0.
 int Orientation(Vec2 a, Vec2 b, Vec2 p) {
@@ -69,9 +46,6 @@ Lieu ArbreSegments::PlusProche(Vec2 p) const {
   return PlusProche(p, std::numeric_limits<double>::infinity(), [](std::size_t) { return true; });
 }
 
-namespace {
-
-// Do the segments i < j of n, s and r, meet anywhere but in the vertex that neighbours share?
 bool SeTouchent(const Segment& s, const Segment& r, std::size_t i, std::size_t j, std::size_t n) {
   const bool suivant = j == i + 1;
   const bool boucle = i == 0 && j + 1 == n;
@@ -88,50 +62,6 @@ bool SeTouchent(const Segment& s, const Segment& r, std::size_t i, std::size_t j
   }
   return Orientation(s.a, s.b, r.a) * Orientation(s.a, s.b, r.b) <= 0 &&
          Orientation(r.a, r.b, s.a) * Orientation(r.a, r.b, s.b) <= 0;
-}
-
-}  // namespace
-
-bool ArbreSegments::CroiseDans(std::size_t k, const std::vector<std::uint8_t>& sens) const {
-  if (k < NoeudsHauts && base::ArretDemande()) return true;
-  if (Monotone(sens[k])) return false;
-  if (arbre_.EstFeuille(k)) {
-    const std::size_t fin = arbre_.Fin(k);
-    for (std::size_t i = arbre_.Debut(k); i < fin; ++i) {
-      for (std::size_t j = i + 1; j < fin; ++j) {
-        if (SeTouchent(segments_[i], segments_[j], i, j, segments_.size())) return true;
-      }
-    }
-    return false;
-  }
-  return CroiseDans(2 * k, sens) || CroiseDans(2 * k + 1, sens) || CroiseEntre(2 * k, 2 * k + 1, sens);
-}
-
-bool ArbreSegments::CroiseEntre(std::size_t g, std::size_t d, const std::vector<std::uint8_t>& sens) const {
-  if (!arbre_.De(g).Rencontre(arbre_.De(d))) return false;
-  if (g < NoeudsHauts && base::ArretDemande()) return true;
-  // Two runs joined end to end that go one way together. The far ends may join too, but only in a closed path,
-  // and that can't go one way.
-  if (arbre_.Fin(g) == arbre_.Debut(d) && Monotone(static_cast<unsigned>(sens[g] | sens[d]))) return false;
-  if (arbre_.Debut(g) == 0 && arbre_.Fin(d) == segments_.size() &&
-      Monotone(static_cast<unsigned>(sens[g] | sens[d]))) {
-    return false;
-  }
-  const bool feuilleG = arbre_.EstFeuille(g);
-  const bool feuilleD = arbre_.EstFeuille(d);
-  if (feuilleG && feuilleD) {
-    for (std::size_t i = arbre_.Debut(g), finG = arbre_.Fin(g); i < finG; ++i) {
-      for (std::size_t j = arbre_.Debut(d), finD = arbre_.Fin(d); j < finD; ++j) {
-        if (SeTouchent(segments_[i], segments_[j], i, j, segments_.size())) return true;
-      }
-    }
-    return false;
-  }
-  // The greater box is halved; leaves stay whole.
-  if (feuilleD || std::bit_width(g) < std::bit_width(d)) {
-    return CroiseEntre(2 * g, d, sens) || CroiseEntre(2 * g + 1, d, sens);
-  }
-  return CroiseEntre(g, 2 * d, sens) || CroiseEntre(g, 2 * d + 1, sens);
 }
 
 void ArbreSegments::Marque(std::vector<std::uint8_t>& marques, std::size_t debut, std::size_t fin) const {
@@ -178,14 +108,10 @@ bool PeutSeCroiser(const Chemin& boucle) {
 
 bool ArbreSegments::PeutSeCroiser() const {
   if (segments_.size() < 3) return !segments_.empty();
-  std::vector<std::uint8_t> sens(arbre_.Noeuds(), 0);
-  for (std::size_t i = 0; i < segments_.size(); ++i) {
-    sens[arbre_.FeuilleDe(i)] |= Sens(segments_[i].b - segments_[i].a);
-  }
-  for (std::size_t k = arbre_.Feuilles() - 1; k >= 1; --k) {
-    sens[k] = static_cast<std::uint8_t>(sens[2 * k] | sens[2 * k + 1]);
-  }
-  return CroiseDans(1, sens);
+  const Suites suites(arbre_, true, [this](std::size_t i) { return SensDe(segments_[i].b - segments_[i].a); });
+  return !suites.Parcourt([this](std::size_t i, std::size_t j) {
+    return !SeTouchent(segments_[i], segments_[j], i, j, segments_.size());
+  });
 }
 
 }  // namespace pathwerk

@@ -68,15 +68,15 @@ class ArbreSegments {
     return meilleur;
   }
 
-  [[nodiscard]] bool CroiseDans(std::size_t k, const std::vector<std::uint8_t>& sens) const;
-  [[nodiscard]] bool CroiseEntre(std::size_t g, std::size_t d, const std::vector<std::uint8_t>& sens) const;
-
   std::vector<Segment> segments_;
   Arbre arbre_;
 };
 
 // Segments of a path; a closed one gets the segment back to its start.
 std::vector<Segment> SegmentsDe(const Chemin& chemin, bool ferme);
+
+// Do the segments i < j of the n of a closed path, s and r, meet anywhere but in the vertex that neighbours share?
+bool SeTouchent(const Segment& s, const Segment& r, std::size_t i, std::size_t j, std::size_t n);
 
 // ArbreSegments::PeutSeCroiser() of the segments of a closed path.
 bool PeutSeCroiser(const Chemin& boucle);

@@ -109,11 +109,14 @@ class Aplatisseur {
     const Vec2 u = (p.a - c) * (1 / r_);
     const double w = Balayage(u, (p.b - c) * (1 / r_), sens_);
     const auto n = static_cast<long>(std::ceil(w / pas_ - 1e-9));
+    if (n < 2) return;
+    const double a = sens_ * w / static_cast<double>(n);
+    const double co = std::cos(a);
+    const double si = std::sin(a);
+    Vec2 v = u * r_;
     for (long i = 1; i < n; ++i) {
-      const double a = sens_ * w * static_cast<double>(i) / static_cast<double>(n);
-      const double co = std::cos(a) * r_;
-      const double si = std::sin(a) * r_;
-      Pose(c + Vec2{u.x * co - u.y * si, u.x * si + u.y * co}, 0);
+      v = {v.x * co - v.y * si, v.x * si + v.y * co};
+      Pose(c + v, 0);
     }
   }
 
@@ -130,6 +133,12 @@ class Aplatisseur {
   float premiere_ = 0;  // where the edge back to the first point arrives
 };
 
+bool PlusLongue(const Chemin& c, double mini) {
+  double s = 0;
+  for (std::size_t i = 0, n = c.size(); i < n && s < mini; ++i) s += Norme(c[base::Suivant(i, n)] - c[i]);
+  return s >= mini;
+}
+
 }  // namespace
 
 std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<ArcLibre>& libres, double d,
@@ -145,11 +154,8 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
   for (const ArcLibre& a : libres) {
     if (a.suite != Naturel) precede[a.suite] = 1;
   }
-  // Open chains first, from where they begin.
-  for (std::size_t rang = 0; rang < 2 * libres.size(); ++rang) {
-    const auto depart = Numero32(rang % libres.size());
-    if (rang < libres.size() && precede[depart] != 0) continue;
-    if (vu[depart] != 0 || libres[depart].hors) continue;
+  const auto depuis = [&](std::uint32_t depart) {
+    if (vu[depart] != 0 || libres[depart].hors) return;
     chaine.clear();
     std::uint32_t k = depart;
     for (; k != Naturel && vu[k] == 0; k = libres[k].suite) {
@@ -157,13 +163,18 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
       chaine.push_back(k);
     }
     Chemin c = aplatisseur.Boucle(chaine, k == Naturel, o);
-    if (c.size() < 2 || Perimetre(c) < mini) {
+    if (c.size() < 2 || !PlusLongue(c, mini)) {
       if (omises != nullptr) ++*omises;
-      continue;
+      return;
     }
     boucles.push_back(std::move(c));
     if (origines != nullptr) origines->push_back(std::move(o));
+  };
+  // Open chains first, from where they begin.
+  for (std::uint32_t k = 0; k < libres.size(); ++k) {
+    if (precede[k] == 0) depuis(k);
   }
+  for (std::uint32_t k = 0; k < libres.size(); ++k) depuis(k);
   return boucles;
 }
 

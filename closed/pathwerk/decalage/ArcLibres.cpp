@@ -18,6 +18,7 @@
 
 #include "base/Arret.h"
 #include "closed/pathwerk/commun/Numero32.h"
+#include "closed/pathwerk/decalage/ArcCoin.h"
 #include "closed/pathwerk/decalage/ArcSaillants.h"
 #include "closed/pathwerk/decalage/ArcSursis.h"
 
@@ -31,41 +32,6 @@ constexpr std::size_t FinsParRegard = 1024;
 constexpr std::size_t ReserveMax = 512;  // stretches for which room is made at once
 
 constexpr double MemeCoin = 1e-7;  // mm
-constexpr double DemiTour = 1e-9;  // rad: a turn this near to half a turn goes right back
-
-struct Coin {
-  bool exterieur = false;
-  bool vif = false;  // has an arc
-  Vec2 u0;           // directions from the vertex to both ends of the arc
-  Vec2 u1;
-};
-
-Coin CoinDe(Vec2 u, Vec2 v, double d) {
-  Coin c;
-  const double sinus = Vectoriel(u, v);
-  const bool retour = Scalaire(u, v) < 0 && std::abs(sinus) < DemiTour;
-  c.exterieur = retour || sinus * d < 0;
-  c.vif = retour || (c.exterieur && std::abs(sinus) > 1e-12) || (c.exterieur && Scalaire(u, v) < 0);
-  const double cote = d > 0 ? 1 : -1;
-  c.u0 = Gauche(u) * cote;
-  c.u1 = retour ? c.u0 * -1.0 : Gauche(v) * cote;
-  return c;
-}
-
-// The free stretches of the tailor's last piece.
-void AjouteReste(const ArcTailleur& tailleur, std::vector<ArcLibre>& libres) {
-  const PieceBrute piece = tailleur.Piece();
-  for (const Intervalle& v : tailleur.Reste()) {
-    ArcLibre a;
-    a.a = tailleur.Place(v.de);
-    a.b = tailleur.Place(v.a);
-    a.source = piece.source;
-    a.causeA = v.de.cause;
-    a.causeB = v.a.cause;
-    a.arc = piece.arc;
-    libres.push_back(a);
-  }
-}
 
 class Releveur {
  public:
@@ -86,11 +52,11 @@ class Releveur {
     ouvert_ = Naturel;
     bool commence = false;  // the first piece of the contour is free from its start
     bool rang0 = true;
-    Trait trait = TraitDe(debut);
-    Coin coin = CoinDe(TraitDe(source_.Precedent(debut)).u, trait.u, d_);
+    Trait trait = TraitDe(source_, debut);
+    Coin coin = CoinDe(TraitDe(source_, source_.Precedent(debut)).u, trait.u, d_);
     for (std::size_t i = debut; i < fin; ++i) {
       if (i % SegmentsParRegard == 0 && base::ArretDemande()) break;
-      const Trait apres = TraitDe(source_.Suivant(i));
+      const Trait apres = TraitDe(source_, source_.Suivant(i));
       const Coin suivant = CoinDe(trait.u, apres.u, d_);
       const bool tout = coin.vif && suivant.exterieur && Scalaire(trait.u, apres.u) > 0 &&
                         tailleur_.EstToutLibre(i, trait.u, trait.l, coin.u0, coin.u1);
@@ -111,17 +77,6 @@ class Releveur {
     }
     const bool entier = source_.Suivant(fin - 1) == debut;
     if (entier && ouvert_ != Naturel && commence) libres_[ouvert_].suite = Numero32(premier);
-  }
-
-  // Direction and length of a segment.
-  struct Trait {
-    Vec2 u;
-    double l = 0;
-  };
-  [[nodiscard]] Trait TraitDe(std::size_t i) const {
-    const Vec2 w = source_.B(i) - source_.A(i);
-    const double l = Norme(w);
-    return {w * (1 / l), l};
   }
 
   // Returns whether the piece is free from its own start.
@@ -192,7 +147,7 @@ class Suiveur {
         apres.Ajoute(tailleur_, sursis);
       }
     }
-    Lie();
+    LieSuites(source_, libres_);
     return std::move(libres_);
   }
 
@@ -219,24 +174,6 @@ class Suiveur {
     return s > 0 ? s : -(r + Patience * pas_);
   }
 
-  void Lie() {
-    std::size_t debut = 0;  // of the contour's stretches
-    for (std::size_t k = 0; k < libres_.size(); ++k) {
-      const bool dernier = k + 1 == libres_.size() || source_.DebutDuContour(libres_[k + 1].source) !=
-                                                          source_.DebutDuContour(libres_[k].source);
-      const std::size_t suivant = dernier ? debut : k + 1;
-      if (SeSuivent(libres_[k], libres_[suivant])) libres_[k].suite = Numero32(suivant);
-      if (dernier) debut = k + 1;
-    }
-  }
-  // Do they meet in a corner, both free up to there, or two parallels that merely cut each other short?
-  [[nodiscard]] bool SeSuivent(const ArcLibre& p, const ArcLibre& q) const {
-    if (Norme(q.a - p.b) >= MemeCoin) return false;
-    const bool voisins = q.source == p.source ? p.arc && !q.arc : !p.arc && q.source == source_.Suivant(p.source);
-    if (p.causeB == Naturel && q.causeA == Naturel) return voisins;
-    return voisins && !q.arc && p.causeB == q.source && q.causeA == p.source;
-  }
-
   const ArcSource& source_;
   ArcTailleur tailleur_;
   ArcSursis sursis_;
@@ -252,10 +189,12 @@ struct Paire {
   std::uint32_t debut;
 };
 
-// Starts sorted by cell of a square grid, for a search within one cell's width.
+// Starts sorted by cell of a square grid, for a search within one cell's width and a little more.
 class Grille {
  public:
-  Grille(const std::vector<ArcLibre>& libres, const std::vector<std::uint32_t>& debuts, double pas) : pas_(pas) {
+  Grille(const std::vector<ArcLibre>& libres, const std::vector<std::uint32_t>& debuts, double pas)
+      : pas_(pas), debuts_(debuts), peu_(debuts.size() <= Peu) {
+    if (peu_) return;
     cases_.reserve(debuts.size());
     for (const std::uint32_t k : debuts) cases_.push_back({Case(libres[k].a.x), Case(libres[k].a.y), k});
     std::sort(cases_.begin(), cases_.end(), [](const Entree& e, const Entree& f) {
@@ -264,6 +203,10 @@ class Grille {
   }
   template <class Visite>
   void Autour(Vec2 p, Visite visite) const {
+    if (peu_) {
+      std::for_each(debuts_.begin(), debuts_.end(), visite);
+      return;
+    }
     const std::int64_t x = Case(p.x);
     const std::int64_t y = Case(p.y);
     for (std::int64_t r = y - 1; r <= y + 1; ++r) {
@@ -280,7 +223,10 @@ class Grille {
     std::uint32_t k;
   };
   [[nodiscard]] std::int64_t Case(double v) const { return static_cast<std::int64_t>(std::floor(v / pas_)); }
+  static constexpr std::size_t Peu = 32;  // of so few all are visited
   double pas_;
+  const std::vector<std::uint32_t>& debuts_;
+  bool peu_;
   std::vector<Entree> cases_;
 };
 
@@ -293,7 +239,42 @@ bool Pont(const ArcSource& source, Vec2 a, Vec2 b, double r, double creux) {
   return true;
 }
 
+// Do they meet in a corner, both free up to there, or two parallels that merely cut each other short?
+bool SeSuivent(const ArcSource& source, const ArcLibre& p, const ArcLibre& q) {
+  const bool voisins = q.source == p.source ? p.arc && !q.arc : !p.arc && q.source == source.Suivant(p.source);
+  if (!voisins) return false;
+  const bool coin = p.causeB == Naturel && q.causeA == Naturel;
+  const bool coupes = !q.arc && p.causeB == q.source && q.causeA == p.source;
+  return (coin || coupes) && Scalaire(q.a - p.b, q.a - p.b) < MemeCoin * MemeCoin;
+}
+
 }  // namespace
+
+void LieSuites(const ArcSource& source, std::vector<ArcLibre>& libres) {
+  std::size_t debut = 0;  // of the contour's stretches
+  for (std::size_t k = 0; k < libres.size(); ++k) {
+    const bool dernier = k + 1 == libres.size() ||
+                         source.DebutDuContour(libres[k + 1].source) != source.DebutDuContour(libres[k].source);
+    const std::size_t suivant = dernier ? debut : k + 1;
+    libres[k].suite = SeSuivent(source, libres[k], libres[suivant]) ? Numero32(suivant) : Naturel;
+    if (dernier) debut = k + 1;
+  }
+}
+
+// The free stretches of the tailor's last piece.
+void AjouteReste(const ArcTailleur& tailleur, std::vector<ArcLibre>& libres) {
+  const PieceBrute piece = tailleur.Piece();
+  for (const Intervalle& v : tailleur.Reste()) {
+    ArcLibre a;
+    a.a = tailleur.Place(v.de);
+    a.b = tailleur.Place(v.a);
+    a.source = piece.source;
+    a.causeA = v.de.cause;
+    a.causeB = v.a.cause;
+    a.arc = piece.arc;
+    libres.push_back(a);
+  }
+}
 
 void PiecesVives::Ajoute(const ArcTailleur& tailleur, double sursis) {
   const std::vector<Intervalle>& r = tailleur.Reste();
@@ -327,6 +308,7 @@ std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit
 }
 
 std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux) {
+  if (std::none_of(libres.begin(), libres.end(), [](const ArcLibre& a) { return a.suite == Naturel; })) return 0;
   std::vector<std::uint8_t> precede(libres.size(), 0);
   for (const ArcLibre& a : libres) {
     if (a.suite != Naturel) precede[a.suite] = 1;
@@ -337,10 +319,12 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
     if (libres[k].suite == Naturel) fins.push_back(k);
     if (precede[k] == 0) debuts.push_back(k);
   }
-  if (fins.empty()) return 0;
   // Most ends meet to the last digits: a fine grid first, the full gap for what is left.
   const double large = std::max(ecart, std::sqrt(8 * r * creux));
-  for (const double pas : {std::min(1e-6, ecart), ecart, large}) {
+  double dernier = 0;
+  for (const double pas : {std::min(MemePlace, ecart), ecart, large}) {
+    if (pas == dernier) continue;
+    dernier = pas;
     const Grille grille(libres, debuts, pas);
     std::vector<Paire> paires;
     std::size_t essayees = 0;

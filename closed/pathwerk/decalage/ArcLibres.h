@@ -39,6 +39,12 @@ struct PiecesVives {
   }
 };
 
+// The free stretches of the tailor's last piece, behind those of `libres`.
+void AjouteReste(const ArcTailleur& tailleur, std::vector<ArcLibre>& libres);
+
+// Links the stretches that follow each other in a corner, of all in the order of the outline.
+void LieSuites(const ArcSource& source, std::vector<ArcLibre>& libres);
+
 // All free stretches, in the order of the outline. Stretches that follow each other in a corner are linked.
 // `vives`, when asked for: what is left of which raw piece.
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, PiecesVives* vives = nullptr);
@@ -54,6 +60,9 @@ std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit
 // `tueurs` can take away. `apres`: what is left then; `pas` of 0: no depth will be asked for that comes of it.
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
                                  const Tueurs* tueurs, PiecesVives& apres, double pas = 0);
+
+// Ends that meet to the last digits are no farther apart, mm.
+inline constexpr double MemePlace = 1e-6;
 
 // Links the loose ends: where stretch p ends because of the segment that q belongs to, q begins because of p's.
 // Ends are matched nearest first, those that name each other before others; none farther apart than `ecart`. Then

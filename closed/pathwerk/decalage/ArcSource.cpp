@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "closed/pathwerk/commun/ArbreSegments.h"
 #include "closed/pathwerk/commun/Numero32.h"
+#include "closed/pathwerk/commun/Suites.h"
 
 namespace pathwerk::decalage {
 
@@ -33,6 +35,15 @@ ArcSource::ArcSource(std::span<const Chemin> contours) {
 
 std::size_t ArcSource::DebutDuContour(std::size_t i) const {
   return unSeul_ ? 0 : *(std::upper_bound(debuts_.begin(), debuts_.end(), i) - 1);
+}
+
+bool ArcSource::PeutSeCroiser() const {
+  const std::size_t n = Taille();
+  if (n < 3) return n > 0;
+  const Suites suites(arbre_, true, [this](std::size_t i) { return SensDe(B(i) - A(i)); });
+  return !suites.Parcourt([this, n](std::size_t i, std::size_t j) {
+    return !SeTouchent({A(i), B(i)}, {A(j), B(j)}, i, j, n);
+  });
 }
 
 double ArcSource::Distance2(Vec2 p, double limite2) const {

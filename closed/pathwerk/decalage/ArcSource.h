@@ -29,6 +29,9 @@ class ArcSource {
   // Greatest coordinate, mm.
   [[nodiscard]] double Etendue() const { return etendue_; }
 
+  // May the contour, the only one, touch or cross itself? Never a wrong "no".
+  [[nodiscard]] bool PeutSeCroiser() const;
+
   // In the order of the segments.
   [[nodiscard]] const Arbre& Boites() const { return arbre_; }
   // Squared distance to the outline, exact where it is below `limite2`; else some value not below it.

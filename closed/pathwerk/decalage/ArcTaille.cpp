@@ -87,6 +87,12 @@ void ArcTailleur::PoseArc(std::size_t i, Vec2 u0, Vec2 u1) {
 }
 
 bool ArcTailleur::TailleSegment(std::size_t i, Vec2 u, double l, bool avant, bool apres) {
+  return EntameSegment(i, u, l, avant, apres) && TailleRestes();
+}
+
+bool ArcTailleur::TailleArc(std::size_t i, Vec2 u0, Vec2 u1) { return EntameArc(i, u0, u1) && TailleRestes(); }
+
+bool ArcTailleur::EntameSegment(std::size_t i, Vec2 u, double l, bool avant, bool apres) {
   PoseSegment(i, u, l);
   Cadre();
   nbEssayes_ = 0;
@@ -100,16 +106,16 @@ bool ArcTailleur::TailleSegment(std::size_t i, Vec2 u, double l, bool avant, boo
   }
   essayes_[nbEssayes_++] = voisins[0];
   essayes_[nbEssayes_++] = voisins[1];
-  return TailleRestes();
+  return true;
 }
 
-bool ArcTailleur::TailleArc(std::size_t i, Vec2 u0, Vec2 u1) {
+bool ArcTailleur::EntameArc(std::size_t i, Vec2 u0, Vec2 u1) {
   PoseArc(i, u0, u1);
   Cadre();
   nbEssayes_ = 0;
   if (agite_ > 0) EssaieDerniers();
   agite_ = reste_.empty() ? Apaise : agite_;
-  return !reste_.empty() && TailleRestes();
+  return !reste_.empty();
 }
 
 // Both pieces in one frame: the arc reaches back by no more than its chord, and down by its rise.
@@ -232,8 +238,9 @@ bool ArcTailleur::EstEssaye(std::size_t j) const {
   return false;
 }
 
-void ArcTailleur::Essaie(std::size_t j) {
+bool ArcTailleur::Essaie(std::size_t j) {
   if (!EstEssaye(j) && !NePeutRien(j)) Retire(j);
+  return !reste_.empty();
 }
 
 void ArcTailleur::RetireVoisin(std::size_t j) {
@@ -277,6 +284,12 @@ void ArcTailleur::ChercheBloc() {
     n0 = n;
   }
   ChercheAutour(b);
+}
+
+void ArcTailleur::SansBloc() {
+  blocDebut_ = 0;
+  blocFin_ = source_.Taille();
+  blocPlein_ = true;
 }
 
 void ArcTailleur::CommenceBloc(const base::Boite<double>& boite) {

@@ -53,6 +53,13 @@ class ArcTailleur {
   bool TailleSegment(std::size_t i, Vec2 u, double l, bool avant, bool apres);
   // The arc around vertex i from u0 to u1 (unit vectors), turning right for a left parallel and vice versa.
   bool TailleArc(std::size_t i, Vec2 u0, Vec2 u1);
+  // The same, where no more is taken away than what comes first: the two neighbours, and what took away most lately
+  // where the last pieces lost something. TailleRestes() does the rest.
+  bool EntameSegment(std::size_t i, Vec2 u, double l, bool avant, bool apres);
+  bool EntameArc(std::size_t i, Vec2 u0, Vec2 u1);
+  bool TailleRestes();
+  // Takes away what segment j does. False: nothing is left.
+  bool Essaie(std::size_t j);
   // Does nothing take anything away from segment i's parallel, nor from the arc before it, whose directions are
   // those? True only where the corner at the end turns away, too, by less than a quarter turn.
   bool EstToutLibre(std::size_t i, Vec2 u, double l, Vec2 u0, Vec2 u1);
@@ -62,6 +69,8 @@ class ArcTailleur {
   // A piece of which no more than `avant` is left before it begins. CommenceBloc() comes first, unless `seules`:
   // nothing but what ended the stretches before can take from it.
   bool Reprend(const PieceBrute& piece, std::span<const Intervalle> avant, bool seules = false);
+  // Pieces come from here and there from here on: each searches the tree by itself.
+  void SansBloc();
   // All that is left of the pieces that Reprend() is given from here on lies in this box.
   void CommenceBloc(const base::Boite<double>& boite);
   // The box of what is left of a piece, for CommenceBloc().
@@ -78,9 +87,7 @@ class ArcTailleur {
     return arc ? source_.A(i) : source_.A(i) + Gauche(u) * d_;
   }
   [[nodiscard]] std::size_t Tueur(std::size_t k) const { return tueurs_ == nullptr ? k : tueurs_->segments[k]; }
-  bool TailleRestes();
   void EssaieDerniers();
-  void Essaie(std::size_t j);
   void Retire(std::size_t j);
   void RetireVoisin(std::size_t j);
   bool EssaieFeuille(std::size_t feuille);

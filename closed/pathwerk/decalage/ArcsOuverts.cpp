@@ -1,6 +1,10 @@
-// Of the path there and back the raw pieces of the way there are laid, and of the way back those alone that lie
+// Of the path there and back the raw pieces of the way there are wanted, and of the way back those alone that lie
 // where the path touches itself, so that either way may claim them. The others would come out on the unwanted side.
-// All of the way there takes away, and of the way back what is laid: the rest of it lies on the same segments.
+//
+// Mostly a draft of both ways (ArcEbauche.h) gives the whole border, of which the wanted stretches stay. Where the
+// parallel crosses itself all over the draft is no use, and of both ways each piece would have to be cut by
+// everything. There only the wanted pieces are laid. All of the way there takes away, and of the way back what is
+// laid: the rest of it lies on the same segments.
 //
 // Where a stretch of the wanted side ends, one of the other side begins, and that must be known lest a gap be taken
 // for an end:
@@ -22,6 +26,7 @@
 #include "base/Indices.h"
 #include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcAplatis.h"
+#include "closed/pathwerk/decalage/ArcEbauche.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/Epreuve.h"
 #include "closed/pathwerk/decalage/ReglageArcs.h"
@@ -31,7 +36,6 @@ namespace pathwerk::decalage {
 namespace {
 
 constexpr std::size_t SegmentsParRegard = 1024;
-constexpr double MemePlace = 1e-6;  // mm: ends that meet to the last digits
 
 using Voulus = std::vector<std::uint8_t>;
 
@@ -55,13 +59,26 @@ class Poseur {
       if (s % SegmentsParRegard == 0 && base::ArretDemande()) break;
       if (contacts.Peut(s)) voulus_[2 * moitie_ - 1 - s] = 1;
     }
-    ChoisitTueurs();
     VeutArcs(voulus_);
   }
   [[nodiscard]] const ArcSource& Source() const { return source_; }
 
-  // All stretches at the distance `d`, linked; nothing where an end stays loose.
-  std::optional<std::vector<ArcLibre>> Pose(double d, double bruit, double ecart, double creux) const {
+  // The wanted stretches at the distance `d`, from a draft of both ways; the others are out of it. Nothing where
+  // the draft is of no use.
+  [[nodiscard]] std::optional<std::vector<ArcLibre>> Ebauche(double d, double bruit, double ecart,
+                                                             double creux) const {
+    std::optional<std::vector<ArcLibre>> libres = ArcsSiPeuDeRencontres(source_, d, bruit);
+    if (!libres || LieArcs(source_, *libres, std::abs(d), ecart, creux) > 0) return std::nullopt;
+    for (ArcLibre& a : *libres) a.hors = voulus_[a.source] == 0;
+    for (ArcLibre& a : *libres) {
+      if (a.hors || (*libres)[a.suite].hors) a.suite = Naturel;
+    }
+    return libres;
+  }
+
+  // The same by laying the wanted pieces alone; nothing where an end stays loose.
+  std::optional<std::vector<ArcLibre>> Pose(double d, double bruit, double ecart, double creux) {
+    if (!tueurs_) ChoisitTueurs();
     const double r = std::abs(d);
     std::vector<ArcLibre> libres = ArcsLibres(source_, d, bruit, Plages(voulus_), Tue());
     const std::size_t premiers = libres.size();
@@ -147,14 +164,15 @@ bool DecaleOuvertArcs(const Region& allerRetour, double distance, double toleran
   boucles.clear();
   origines.clear();
   try {
-    const Poseur poseur(allerRetour, contacts);
+    Poseur poseur(allerRetour, contacts);
     const ArcSource& source = poseur.Source();
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     for (const double part : PartsDeJeu) {
       if (base::ArretDemande()) break;
       const auto [jeu, bruit, ecart] = ReglageDe(allerRetour, source, distance, tolerance, part);
       const double d = jeu.distance;
-      const auto libres = poseur.Pose(d, bruit, ecart, 0.5 * tolerance);
+      auto libres = part == PartsDeJeu[0] ? poseur.Ebauche(d, bruit, ecart, 0.5 * tolerance) : std::nullopt;
+      if (!libres) libres = poseur.Pose(d, bruit, ecart, 0.5 * tolerance);
       if (!libres) continue;
       boucles = AplatitBoucles(source, *libres, d, jeu.fleche, tolerance / 50, &origines);
       if (Tiennent(source, boucles, origines, std::abs(d), jeu.fleche)) return true;

@@ -12,6 +12,20 @@ namespace {
 // Leaves near one of them: more make a crowd.
 constexpr std::size_t FeuillesMax = 64;
 
+// The directions, of eight, in which a step goes on by more than the reach of a touch: of two steps or more along
+// one of them the ends are farther apart than that from all that lies before and behind.
+std::uint8_t Avance(Vec2 d) {
+  constexpr double Diagonale = Contacts::Portee * 1.4143;
+  const double v[4] = {d.x, d.y, d.x + d.y, d.x - d.y};
+  unsigned bits = 0;
+  for (unsigned i = 0; i < 4; ++i) {
+    const double seuil = i < 2 ? Contacts::Portee : Diagonale;
+    if (v[i] > seuil) bits |= 1U << (2 * i);
+    if (v[i] < -seuil) bits |= 2U << (2 * i);
+  }
+  return static_cast<std::uint8_t>(bits);
+}
+
 // What is known of a leaf.
 constexpr std::uint8_t Foule = 1;
 constexpr std::uint8_t Tout = 2;
@@ -25,9 +39,20 @@ Contacts::Contacts(const Chemin& chemin)
                b.Etend(chemin[i].x, chemin[i].y);
                b.Etend(chemin[i + 1].x, chemin[i + 1].y);
              }),
+      avance_(arbre_.Noeuds() - arbre_.Feuilles(), 0xFF),
       su_(arbre_.Noeuds() - arbre_.Feuilles(), 0),
       sommets_(chemin.size(), 0),
-      segments_(chemin.size() - 1, 0) {}
+      segments_(chemin.size() - 1, 0) {
+  for (std::size_t i = 0; i + 1 < chemin.size(); ++i) {
+    std::uint8_t& a = avance_[arbre_.FeuilleDe(i) - arbre_.Feuilles()];
+    a = static_cast<std::uint8_t>(a & Avance(chemin[i + 1] - chemin[i]));
+  }
+}
+
+bool Contacts::VontEnsemble(std::size_t feuille, std::size_t autre) const {
+  if (feuille > autre + 1 || autre > feuille + 1) return false;
+  return (avance_[feuille - arbre_.Feuilles()] & avance_[autre - arbre_.Feuilles()]) != 0;
+}
 
 bool Contacts::Sommet(std::size_t i) {
   return Trouve(arbre_.FeuilleDe(std::min(i, segments_.size() - 1)), sommets_[i]);
@@ -97,6 +122,7 @@ void Contacts::Cherche(std::size_t feuille, std::size_t max, const std::uint8_t*
                   [&](std::size_t autre) {
                     foule = ++vues > max;
                     if (foule) return false;
+                    if (VontEnsemble(feuille, autre)) return true;
                     const bool tous = Compare(feuille, autre);
                     assez = !tous && marque != nullptr && *marque != 0;
                     return !tous && !assez;

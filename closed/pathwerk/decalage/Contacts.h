@@ -62,12 +62,15 @@ class Contacts {
   bool Trouve(std::size_t feuille, const std::uint8_t& marque);
   // Among no more than `max` leaves nearby, until this mark is set.
   void Cherche(std::size_t feuille, std::size_t max, const std::uint8_t* marque);
+  // Do two leaves, the same or neighbours, go one way so that nothing in them comes back to itself?
+  [[nodiscard]] bool VontEnsemble(std::size_t feuille, std::size_t autre) const;
   // Of two leaves, what the second one brings to the first. Whether all of the first touches by now.
   [[nodiscard]] bool Compare(std::size_t feuille, std::size_t autre);
   [[nodiscard]] bool Touche(std::size_t segment, std::size_t sommet) const;
 
   const Chemin& chemin_;
   Arbre arbre_;                         // over the segments
+  std::vector<std::uint8_t> avance_;    // of each leaf, the directions in which all its steps go on
   std::vector<std::uint8_t> su_;        // of each leaf, how much is known
   std::vector<std::uint8_t> sommets_;   // lie on another segment
   std::vector<std::uint8_t> segments_;  // have another vertex on them

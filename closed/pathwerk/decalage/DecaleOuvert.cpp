@@ -237,7 +237,8 @@ void Decoupe(const Chemin& boucle, const Origines& origines, const std::vector<c
 }  // namespace
 
 std::vector<Piece> DecaleOuvert(const Source& source, double distance, double tolerance) {
-  const Region region = AllerRetour(source.chemin);
+  Region region = AllerRetour(source.chemin);
+  region.ecart = source.ecart;
   std::vector<Chemin> boucles;
   std::vector<Origines> origines;
   Contacts contacts(source.chemin);

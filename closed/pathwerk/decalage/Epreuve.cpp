@@ -10,7 +10,7 @@ namespace pathwerk::decalage {
 namespace {
 
 constexpr std::size_t Echantillons = 48;     // looked at, at most
-constexpr std::size_t AretesParRegard = 12;  // of small curves: one edge of so many, three at least
+constexpr std::size_t AretesParRegard = 24;  // of small curves: one edge of so many, three at least
 
 }  // namespace
 

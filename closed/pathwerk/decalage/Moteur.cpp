@@ -97,7 +97,10 @@ Origines Remonte(const Region& region, Origines origines) {
       o = {};
       continue;
     }
-    const auto k = base::Indice(std::upper_bound(debut.begin(), debut.end(), o.segment) - debut.begin()) - 1;
+    const std::size_t k =
+        debut.size() == 1
+            ? 0
+            : base::Indice(std::upper_bound(debut.begin(), debut.end(), o.segment) - debut.begin()) - 1;
     o.segment -= Numero32(debut[k]);
     o = Compose(o, region.origines[contour[k]]);
   }
@@ -279,9 +282,11 @@ bool DecaleAllerRetour(const Region& allerRetour, double distance, double tolera
 bool SepareLobes(const Chemin& chemin, double tolerance, std::vector<Region>& regions) {
   regions.clear();
   try {
-    if (!PeutSeCroiser(chemin)) {
+    auto source = std::make_shared<const ArcSource>(std::span(&chemin, 1));
+    if (!source->PeutSeCroiser()) {
       const double aire = Aire(chemin);
       regions.push_back(RegionDe(chemin, aire > 0 ? 1 : aire < 0 ? -1 : 0));
+      regions.back().source = std::move(source);
       return true;
     }
   } catch (const std::exception&) {

@@ -29,6 +29,8 @@ struct Region {
   // How far the contours may lie from those that they stand for, mm: what the thinning moved. What fits between
   // those exactly is passed all the same.
   double ecart = 0;
+  // The contours with a search tree over them, where somebody has built it.
+  std::shared_ptr<const class ArcSource> source = nullptr;
 };
 
 // What is known of one region from the distances that it was asked for before.

@@ -11,6 +11,7 @@
 
 #include "base/Arret.h"
 #include "closed/pathwerk/decalage/ArcAplatis.h"
+#include "closed/pathwerk/decalage/ArcEbauche.h"
 #include "closed/pathwerk/decalage/ArcLibres.h"
 #include "closed/pathwerk/decalage/ArcSuite.h"
 #include "closed/pathwerk/decalage/Epreuve.h"
@@ -27,16 +28,20 @@ bool DecaleRegionArcs(const Region& region, double distance, double tolerance, s
   try {
     if (memoire != nullptr && !memoire->suite) memoire->suite = std::make_shared<ArcSuite>(region.contours);
     std::optional<ArcSource> propre;
-    if (memoire == nullptr) propre.emplace(region.contours);
-    const ArcSource& source = memoire != nullptr ? memoire->suite->Source() : *propre;
+    if (memoire == nullptr && !region.source) propre.emplace(region.contours);
+    const ArcSource& source = memoire != nullptr ? memoire->suite->Source()
+                              : region.source    ? *region.source
+                                                 : *propre;
     if (!(source.Etendue() + std::abs(distance) <= 1e9)) return false;
     if (source.Taille() == 0) return true;
     for (const double part : PartsDeJeu) {
       if (base::ArretDemande()) break;
       const auto [jeu, bruit, ecart] = ReglageDe(region, source, distance, tolerance, part);
       const double d = jeu.distance;
-      std::vector<ArcLibre> libres =
-          memoire != nullptr ? memoire->suite->Libres(d, bruit) : ArcsLibres(source, d, bruit);
+      // Should anything be wrong with what a draft gives, the next one goes without.
+      std::vector<ArcLibre> libres = memoire != nullptr      ? memoire->suite->Libres(d, bruit)
+                                     : part == PartsDeJeu[0] ? ArcsParEbauche(source, d, bruit)
+                                                             : ArcsLibres(source, d, bruit);
       LieArcs(source, libres, std::abs(d), ecart, 0.5 * tolerance);
       if (OteMauvaisCote(source, libres, d, region.signe) > 0) continue;
       std::size_t omises = 0;

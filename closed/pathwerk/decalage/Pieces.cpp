@@ -34,6 +34,22 @@ std::optional<base::Boite<float>> Parcourt(const std::vector<PointTrace>& points
   return b;
 }
 
+// What thinning has to leave: the marks, and of an open path the segments at both ends, since the offset ends
+// across them and a greater radius shows the least turn.
+std::vector<std::size_t> Gardes(const std::vector<PointTrace>& points, const std::vector<std::size_t>& marques,
+                                bool ferme) {
+  std::vector<std::size_t> r = marques;
+  if (ferme) return r;
+  const auto ailleurs = [](const PointTrace& bout) {
+    return [&bout](const PointTrace& p) { return !MemePlace(p, bout); };
+  };
+  r.push_back(base::Indice(std::find_if(points.begin(), points.end(), ailleurs(points.front())) - points.begin()));
+  r.push_back(base::Indice(points.rend() - std::find_if(points.rbegin(), points.rend(), ailleurs(points.back()))) -
+              1);
+  std::sort(r.begin(), r.end());
+  return r;
+}
+
 // How far the points that thinning left out lie from what it left, mm. The tolerance where it took nearly all of
 // that: then the rest need not be looked at.
 double EcartDe(const std::vector<PointTrace>& points, const std::vector<std::size_t>& reste, double tolerance) {
@@ -149,22 +165,23 @@ Code2 CodeDePiece(std::size_t rang) {
 std::optional<Source> PrepareSource(const std::vector<PointTrace>& points, double tolerance) {
   Source s;
   const std::size_t n = points.size();
-  std::vector<std::size_t> gardes;
-  const std::optional<base::Boite<float>> boite = Parcourt(points, gardes);
+  std::vector<std::size_t> marques;
+  const std::optional<base::Boite<float>> boite = Parcourt(points, marques);
   if (!boite) return std::nullopt;
   const base::Boite<double> b{boite->x0, boite->y0, boite->x1, boite->y1};
   if (b.x0 == b.x1 && b.y0 == b.y1) return std::nullopt;
   s.centre = {(b.x0 + b.x1) / 2, (b.y0 + b.y1) / 2};
   s.ferme = n > 2 && MemePlace(points.front(), points.back());
 
-  const std::vector<std::size_t> reste = chemin::Simplifie(points, s.centre, gardes, tolerance);
+  const std::vector<std::size_t> reste =
+      chemin::Simplifie(points, s.centre, Gardes(points, marques, s.ferme), tolerance);
   s.ecart = EcartDe(points, reste, tolerance);
   s.chemin.reserve(reste.size());
-  std::size_t m = 0;  // the next of those that stay in any case
+  std::size_t m = 0;  // the next mark
   for (const std::size_t i : reste) {
     const Vec2 p = Vec2{double{points[i].X}, double{points[i].Y}} - s.centre;
     if (s.chemin.empty() || !(p == s.chemin.back())) s.chemin.push_back(p);
-    if (m == gardes.size() || gardes[m] != i) continue;
+    if (m == marques.size() || marques[m] != i) continue;
     ++m;
     // Of the two records of a seam that are both marked, one counts.
     const bool couture = s.ferme && i + 1 == n && EstMarque(points[0]);

@@ -119,6 +119,7 @@ void PoseIles(Region& region, std::span<const Chemin> iles) {
   if (region.origines.size() == region.contours.size()) {
     region.origines.resize(region.contours.size() + ajouts.size());
   }
+  region.source.reset();
   for (Chemin& c : ajouts) region.contours.push_back(std::move(c));
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <random>
 
 #include "tests/unit/closed/pathwerk/controle/Controle.h"
 
@@ -128,4 +129,35 @@ TEST(DecalSequence, OpenZigzagWhoseRoundTipsJustCloseABayLeavesNoLoopInIt) {
 TEST(DecalSequence, PocketFlagOnAnOpenPathGivesItsPlainOffset) {
   const Trace s = EnTrace(Onde(50, 100, 5, 2), false);
   EXPECT_EQ(Decale(s, 2, 40).second, Decale(s, 2, 100).second);
+}
+
+TEST(DecalSequence, OpenPathEndsAcrossItsVeryLastSegmentHoweverLittleThatTurns) {
+  // It turns by 0.9 micrometres over 0.4 mm, which alone could be thinned away; 3 mm beside it that is 6.7.
+  const Trace s = EnTrace({{0, 0.0009}, {0.4, 0}, {40, 0}, {40.4, 0.0009}}, false);
+  const auto [r, t] = Decale(s, 3);
+  ASSERT_GT(r, 0);
+  const double decale = 3 * 0.0009 / 0.4;
+  EXPECT_NEAR(static_cast<double>(t.front().X), decale, 0.0025);
+  EXPECT_NEAR(static_cast<double>(t.back().X), 40.4 - decale, 0.0025);
+}
+
+TEST(DecalSequence, OpenPathsThatTrembleWithinTheThinningComeOutWithinTheTolerance) {
+  std::mt19937_64 g(7);
+  std::uniform_real_distribution<double> u(-0.0013, 0.0013);
+  for (unsigned k = 0; k < 40; ++k) {
+    const Forme f = k % 2 == 0 ? Onde(100 + static_cast<int>(10 * k), 100, 8, 2 + k) : MarcheOuverte(k, 30);
+    Forme h;
+    for (std::size_t i = 0; i + 1 < f.size(); ++i) {
+      for (int j = 0; j < 4; ++j) {
+        const double part = j / 4.0;
+        const double ecart = j == 0 ? 0 : 1;
+        h.push_back({f[i].x + (f[i + 1].x - f[i].x) * part + ecart * u(g),
+                     f[i].y + (f[i + 1].y - f[i].y) * part + ecart * u(g)});
+      }
+    }
+    h.push_back(f.back());
+    const Trace s = EnTrace(h, false);
+    for (const double r : {3.0, -1.0})
+      ASSERT_LE(Mesure(s, Decale(s, r).second, r, 600).Pire(), 0.0086) << k << " at " << r;
+  }
 }
