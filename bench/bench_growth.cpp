@@ -15,12 +15,12 @@
 #include <functional>
 #include <limits>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "bench/Enfant.h"
 #include "bench/Formes.h"
+#include "bench/OptionCoeurs.h"
 #include "closed/pathwerk/assemblage/Assemblage.h"
 #include "core/Coeurs.h"
 #include "core/DocumentCourant.h"
@@ -183,11 +183,7 @@ class Banc {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc >= 3 && std::string_view(argv[1]) == "--cores") {
-    NombreCoeurs = static_cast<unsigned>(std::atoi(argv[2]));
-    argc -= 2;
-    argv += 2;
-  }
+  banc::PrendCoeurs(argc, argv);
   const long plus = argc > 1 ? std::atol(argv[1]) : 1'000'000;
   std::vector<Colonne> colonnes;
   std::printf("%-18s", "step");
