@@ -24,6 +24,7 @@
 
 #include "bench/Enfant.h"
 #include "bench/Formes.h"
+#include "bench/OptionCoeurs.h"
 #include "core/Coeurs.h"
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
@@ -179,11 +180,7 @@ void Processus(const std::string& programme) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc >= 3 && std::string_view(argv[1]) == "--cores") {
-    NombreCoeurs = static_cast<unsigned>(std::atoi(argv[2]));
-    argc -= 2;
-    argv += 2;
-  }
+  banc::PrendCoeurs(argc, argv);
   if (argc >= 2 && std::string_view(argv[1]) == "--process") {
     const auto voisin = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "ovelin-cli";
     Processus(argc >= 3 ? argv[2] : voisin.string());

@@ -1,4 +1,5 @@
-// SVG, with letters that are squares: the fonts of the machine are no part of a file.
+// SVG, with letters that are squares: the fonts of the machine are no part of a file. Read on one thread, and with
+// its shapes shared out on two, which must make no difference.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -29,6 +30,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   lecture::EstSvg(texte);
   lecture::Lecture lecture;
   lecture::svg::LireSvgAvec(texte, OptionsLecture{}, Carres, lecture);
+  constexpr std::size_t OctetsParPartage = 32;
+  lecture::Lecture partagee;
+  lecture::svg::LireSvgAvec(texte, essai::AvecDeuxFils(), Carres, partagee, OctetsParPartage);
+  essai::ExigePareilles(lecture, partagee);
   for (const lecture::Trait& t : lecture.traits) {
     if (t.points.empty()) std::abort();
     if (t.nature == lecture::Nature::Percage && t.points.size() != 1) std::abort();

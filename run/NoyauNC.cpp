@@ -3,7 +3,7 @@
 #include "base/ComposeEnMorceaux.h"
 #include "core/Cadence.h"
 #include "core/Coeurs.h"
-#include "run/ArcNC.h"
+#include "run/ArcsDuPlan.h"
 #include "run/Dialectes.h"
 #include "run/LigneDialecte.h"
 #include "run/LigneNC.h"
@@ -118,6 +118,7 @@ class EcritureDialecte {
         lignes_(lignes),
         sortie_(texte, etat, d, lignes.empty() ? 0 : static_cast<double>(lignes[0].X),
                 lignes.empty() ? 0 : static_cast<double>(lignes[0].Y)),
+        arcs_(lignes, Tolerance(d), d.arcs ? NombreCoeurs : 1),
         etat_(etat) {}
 
   void Ecrit(EcritureNC& resultat, SuiviNC& suivi) {
@@ -127,7 +128,7 @@ class EcritureDialecte {
     if (!monte) Broche();
     for (std::size_t i = 1; i < lignes_.size(); ++i) {
       const std::size_t premier = i;
-      if (const auto arc = Arc(i)) {
+      if (const auto arc = d_.arcs ? arcs_.Depuis(i) : std::nullopt) {
         for (; i < arc->dernier; ++i) Compte(lignes_[i]);
         Compte(lignes_[i]);
         sortie_.Arc(*arc, lignes_[i]);
@@ -150,12 +151,11 @@ class EcritureDialecte {
              static_cast<double>(ligne.Vitesse));
   }
 
-  [[nodiscard]] std::optional<ArcNC> Arc(std::size_t i) const {
-    if (!d_.arcs) return std::nullopt;
+  static ToleranceArc Tolerance(const Dialecte& d) {
     ToleranceArc tolerance;
-    tolerance.ecartRayons = d_.ecartRayons;
-    tolerance.decimales = d_.decimales;
-    return ArcDepuis(lignes_, i, tolerance);
+    tolerance.ecartRayons = d.ecartRayons;
+    tolerance.decimales = d.decimales;
+    return tolerance;
   }
 
   void Entete() {
@@ -188,6 +188,7 @@ class EcritureDialecte {
   const Dialecte& d_;
   std::span<const Deplacement> lignes_;
   LigneDialecte sortie_;
+  ArcsDuPlan arcs_;
   EtatNC& etat_;
 };
 

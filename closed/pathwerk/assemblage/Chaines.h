@@ -23,24 +23,21 @@ class Chaines {
   Chaines(const CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance)
       : assembles_(assembles), bouts_(bouts), tolerance_(tolerance) {
     const std::size_t n = assembles.chemins.size();
-    lien.assign(2 * n, BoutLibre);
-    autre_.resize(2 * n);
-    longueur_.assign(2 * n, 0);
-    segments_.assign(2 * n, 0);
+    fins_.resize(2 * n);
     for (std::size_t i = 0; i < n; ++i) {
       const auto e = Numero32(2 * i);
-      autre_[e] = e + 1;
-      autre_[e + 1] = e;
+      fins_[e].autre = e + 1;
+      fins_[e + 1].autre = e;
       if (assembles.chemins[i].nature != Nature::Ouvert) continue;
       const auto pts = assembles.De(i);
-      for (std::size_t k = 1; k < pts.size(); ++k) longueur_[e] += Ecart(pts[k - 1], pts[k]);
-      longueur_[e + 1] = longueur_[e];
-      segments_[e] = segments_[e + 1] = Numero32(pts.size() - 1);
+      for (std::size_t k = 1; k < pts.size(); ++k) fins_[e].longueur += Ecart(pts[k - 1], pts[k]);
+      fins_[e + 1].longueur = fins_[e].longueur;
+      fins_[e].segments = fins_[e + 1].segments = Numero32(pts.size() - 1);
     }
   }
 
-  std::vector<Bout> lien;  // partner of each end, BoutLibre when free
-
+  // Partner of an end, BoutLibre when it is free.
+  [[nodiscard]] Bout Lien(Bout e) const { return fins_[e].lien; }
   [[nodiscard]] PointF Place(Bout e) const {
     const auto pts = assembles_.De(e / 2);
     return (e & 1U) != 0 ? pts.back() : pts.front();
@@ -66,32 +63,43 @@ class Chaines {
   // A chain may close on itself when something lies between its ends: a lone stroke may not, and nor may a crumb
   // that lies within the tolerance as a whole.
   [[nodiscard]] bool Permis(Bout e, Bout f) const {
-    if (e == f || lien[e] != BoutLibre || lien[f] != BoutLibre) return false;
-    if (autre_[e] != f) return true;
-    return segments_[e] >= 2 && (Place(e) == Place(f) || longueur_[e] > 4 * tolerance_);
+    if (e == f || Lien(e) != BoutLibre || Lien(f) != BoutLibre) return false;
+    if (fins_[e].autre != f) return true;
+    return fins_[e].segments >= 2 && (Place(e) == Place(f) || fins_[e].longueur > 4 * tolerance_);
   }
 
+  // Whether any two ends were joined.
+  [[nodiscard]] bool Reliees() const { return reliees_; }
+
   void Relie(Bout e, Bout f) {
-    lien[e] = f;
-    lien[f] = e;
-    const Bout a = autre_[e];
-    const Bout b = autre_[f];
+    reliees_ = true;
+    fins_[e].lien = f;
+    fins_[f].lien = e;
+    const Bout a = fins_[e].autre;
+    const Bout b = fins_[f].autre;
     if (a == f) return;  // closed
-    autre_[a] = b;
-    autre_[b] = a;
-    longueur_[a] = longueur_[b] = longueur_[e] + longueur_[f];
-    segments_[a] = segments_[b] = segments_[e] + segments_[f];
+    fins_[a].autre = b;
+    fins_[b].autre = a;
+    fins_[a].longueur = fins_[b].longueur = fins_[e].longueur + fins_[f].longueur;
+    fins_[a].segments = fins_[b].segments = fins_[e].segments + fins_[f].segments;
   }
 
  private:
+  // One end, in one place of memory: ends are joined in the order of their places, which is none of the file.
+  struct Fin {
+    double longueur = 0;         // of a free end's chain, mm
+    Bout lien = BoutLibre;       // partner
+    Bout autre = BoutLibre;      // for a free end: the other free end of its chain
+    std::uint32_t segments = 0;  // of a free end's chain
+  };
+
   static double Ecart(PointF a, PointF b) { return std::hypot(double{b.x} - a.x, double{b.y} - a.y); }
 
   const CheminsAssembles& assembles_;
   std::span<const Bouts> bouts_;
   double tolerance_;
-  std::vector<Bout> autre_;              // for a free end: the other free end of its chain
-  std::vector<double> longueur_;         // for a free end: length of its chain, mm
-  std::vector<std::uint32_t> segments_;  // for a free end: segments of its chain
+  bool reliees_ = false;
+  std::vector<Fin> fins_;
 };
 
 }  // namespace pathwerk::assemblage

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "base/Boite.h"
 #include "closed/pathwerk/commun/Point.h"
 #include "closed/pathwerk/lecture/Lecture.h"
 
@@ -26,6 +27,10 @@ struct CheminAssemble {
   std::size_t nb = 0;
   Nature nature = Nature::Ouvert;  // Ferme: the last point equals the first; Percage: one point given twice
   std::uint16_t calque = 0;        // its place in the layers of the reading
+  // Measured (Mesures.h) by whoever made the path.
+  base::Boite<float> boite;
+  double doubleAire = 0;  // twice the area inside a closed path, mm2, positive counter-clockwise; 0 for others
+  std::uint64_t empreinte = 0;  // the same for a path walked either way and from any start
 };
 
 struct CheminsAssembles {

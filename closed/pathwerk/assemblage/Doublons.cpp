@@ -2,41 +2,15 @@
 #include "closed/pathwerk/assemblage/Doublons.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstdint>
 
-#include "base/Equipe.h"
+#include "closed/pathwerk/assemblage/Crible.h"
 #include "closed/pathwerk/assemblage/Tri.h"
 #include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::assemblage {
 
 namespace {
-
-std::uint64_t Brasse(std::uint64_t v) {  // finaliser of splitmix64
-  v ^= v >> 30;
-  v *= 0xbf58476d1ce4e5b9ULL;
-  v ^= v >> 27;
-  v *= 0x94d049bb133111ebULL;
-  return v ^ (v >> 31);
-}
-
-std::uint64_t Empreinte(PointF p) {
-  return Brasse((std::uint64_t{std::bit_cast<std::uint32_t>(p.x)} << 32 | std::bit_cast<std::uint32_t>(p.y)) +
-                0x9e3779b97f4a7c15ULL);
-}
-
-// The same for a path walked either way and from any start: a sum over its edges, each symmetrical in its ends.
-std::uint64_t Empreinte(std::span<const PointF> points, Nature nature) {
-  std::uint64_t somme = Brasse(points.size() * 4 + static_cast<std::uint64_t>(nature));
-  std::uint64_t avant = Empreinte(points[0]);
-  for (std::size_t i = 1; i < points.size(); ++i) {
-    const std::uint64_t ici = Empreinte(points[i]);
-    somme += Brasse((avant + ici) ^ Brasse(avant ^ ici));
-    avant = ici;
-  }
-  return somme;
-}
 
 bool Avant(PointF a, PointF b) { return a.x != b.x ? a.x < b.x : a.y < b.y; }
 
@@ -78,20 +52,22 @@ std::vector<PointF> FormeUnique(std::span<const PointF> points, Nature nature) {
 }  // namespace
 
 // Paths meet by a hash that neither direction nor start changes; only those that meet are compared point by point.
-long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde, unsigned fils) {
+// Most meet none, and a sieve lets them through before anything is sorted.
+long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde) {
   const std::size_t n = assembles.chemins.size();
   garde.assign(n, 1);
-  std::vector<EntreeTri> cles(n);
-  base::FaitParLots(fils, n, [&](std::size_t debut, std::size_t fin) {
-    for (std::size_t i = debut; i < fin; ++i) {
-      cles[i] = {Empreinte(assembles.De(i), assembles.chemins[i].nature), Numero32(i)};
-    }
-  });
+  CribleDeDoubles crible(n);
+  for (const CheminAssemble& c : assembles.chemins) crible.Note(c.empreinte);
+  std::vector<EntreeTri> cles;
+  for (std::size_t i = 0; i < n; ++i) {
+    const std::uint64_t empreinte = assembles.chemins[i].empreinte;
+    if (crible.Double(empreinte)) cles.push_back({empreinte, Numero32(i)});
+  }
   TrieParCle(cles);
   long doublons = 0;
-  for (std::size_t a = 0; a < n;) {
+  for (std::size_t a = 0; a < cles.size();) {
     std::size_t b = a + 1;
-    while (b < n && cles[b].cle == cles[a].cle) ++b;
+    while (b < cles.size() && cles[b].cle == cles[a].cle) ++b;
     if (b - a > 1) {
       std::vector<std::vector<PointF>> formes;
       for (std::size_t k = a; k < b; ++k) {

@@ -9,6 +9,6 @@ namespace pathwerk::assemblage {
 
 // Marks every path that repeats an earlier one: the same points forwards or backwards, a closed one from any start.
 // Returns the number of them; `garde[i]` is 0 for those.
-long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde, unsigned fils = 1);
+long MarqueDoublons(const CheminsAssembles& assembles, std::vector<char>& garde);
 
 }  // namespace pathwerk::assemblage

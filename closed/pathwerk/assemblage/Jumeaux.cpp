@@ -7,9 +7,12 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <memory>
+#include <unordered_map>
 #include <utility>
 
+#include "base/Boite.h"
+#include "base/Equipe.h"
+#include "closed/pathwerk/assemblage/Crible.h"
 #include "closed/pathwerk/commun/Numero32.h"
 
 namespace pathwerk::assemblage {
@@ -38,11 +41,7 @@ Boite BoiteDe(PointF a, PointF b) {
   return {std::min(p.x, q.x), std::max(p.x, q.x), std::min(p.y, q.y), std::max(p.y, q.y)};
 }
 
-Boite BoiteDe(std::span<const PointF> points) {
-  Boite b = BoiteDe(points[0], points[0]);
-  for (const PointF p : points) b.Etend(BoiteDe(p, p));
-  return b;
-}
+Boite EnDouble(const base::Boite<float>& b) { return {double{b.x0}, double{b.x1}, double{b.y0}, double{b.y1}}; }
 
 // Share of a segment, from 0 to 1 of its length; empty when it begins behind its end.
 struct Part {
@@ -172,25 +171,21 @@ class Aretes {
   std::vector<std::vector<Boite>> etages_;
 };
 
-// Paths by the four sides of their boxes: those of two paths that lie within `ecart` of each other differ by no
-// more.
-class Boites {
+// The sides of boxes in cells, four of them to a key. Those of two paths that lie within `ecart` of each other
+// differ by no more.
+class Cellules {
  public:
-  // For that many paths at most.
-  Boites(double ecart, std::size_t nombre)
-      : ecart_(ecart), maille_(8 * ecart), cases_(std::bit_ceil(2 * nombre + 1)), suivants_(nombre, Rien) {}
+  explicit Cellules(double ecart) : ecart_(ecart), parMm_(1 / (8 * ecart)) {}
 
-  void Ajoute(const Boite& b, std::uint32_t rang) {
+  [[nodiscard]] std::uint64_t De(const Boite& b) const {
     std::uint64_t cle = 0;
     for (const double bord : b.Bords()) cle = Suite(cle, Case(bord));
-    Tete& tete = cases_[Place(cle)];
-    suivants_[rang] = std::exchange(tete.premier, rang);
-    tete.cle = cle;
+    return cle;
   }
 
-  // Calls `f` for the paths that may have such a box, until it says true.
+  // Calls `f` for the keys of all boxes whose sides differ by no more, its own among them, until it says true.
   template <class F>
-  bool Cherche(const Boite& b, F f) const {
+  bool Autour(const Boite& b, F f) const {
     const auto bords = b.Bords();
     std::array<std::array<std::int64_t, 2>, 4> choisies{};
     unsigned doubles = 0;  // a side away from the edge of its cell has one choice
@@ -202,9 +197,42 @@ class Boites {
       if ((choix & ~doubles) != 0) continue;
       std::uint64_t cle = 0;
       for (unsigned k = 0; k < 4; ++k) cle = Suite(cle, choisies[k][choix >> k & 1U]);
-      for (std::uint32_t rang = cases_[Place(cle)].premier; rang != Rien; rang = suivants_[rang]) {
-        if (f(rang)) return true;
-      }
+      if (f(cle)) return true;
+    }
+    return false;
+  }
+
+ private:
+  // Coordinates and cells are far within what 64 bits hold.
+  [[nodiscard]] std::int64_t Case(double bord) const {
+    const double quotient = bord * parMm_;
+    const auto entier = static_cast<std::int64_t>(quotient);
+    return entier - (static_cast<double>(entier) > quotient ? 1 : 0);
+  }
+  static std::uint64_t Suite(std::uint64_t cle, std::int64_t v) {
+    return (cle ^ (static_cast<std::uint64_t>(v) + 0x9e3779b97f4a7c15ULL)) * 0xbf58476d1ce4e5b9ULL;
+  }
+  double ecart_;
+  double parMm_;  // cells
+};
+
+// Paths by the keys of their boxes.
+class Boites {
+ public:
+  // For that many paths at most.
+  explicit Boites(std::size_t nombre) : cases_(std::bit_ceil(2 * nombre + 1)) {}
+
+  void Ajoute(std::uint64_t cle, std::uint32_t rang) {
+    Tete& tete = cases_[Place(cle)];
+    suites_.push_back({rang, std::exchange(tete.premier, Numero32(suites_.size()))});
+    tete.cle = cle;
+  }
+
+  // Calls `f` for the paths of that key, the last one first, until it says true.
+  template <class F>
+  bool Cherche(std::uint64_t cle, F f) const {
+    for (std::uint32_t k = cases_[Place(cle)].premier; k != Rien; k = suites_[k].avant) {
+      if (f(suites_[k].rang)) return true;
     }
     return false;
   }
@@ -213,15 +241,13 @@ class Boites {
   static constexpr std::uint32_t Rien = std::numeric_limits<std::uint32_t>::max();
   struct Tete {
     std::uint64_t cle = 0;
-    std::uint32_t premier = Rien;  // path that came last into this cell; Rien: the place is free
+    std::uint32_t premier = Rien;  // of `suites_`; Rien: the place is free
+  };
+  struct Suite {
+    std::uint32_t rang = 0;
+    std::uint32_t avant = Rien;  // of `suites_`: the path that came into the same cell before
   };
 
-  // Coordinates and cells are far within what 64 bits hold.
-  [[nodiscard]] std::int64_t Case(double bord) const {
-    const double quotient = bord / maille_;
-    const auto entier = static_cast<std::int64_t>(quotient);
-    return entier - (static_cast<double>(entier) > quotient ? 1 : 0);
-  }
   // Of the cell of that key, or the free one where it would stand. At least half of all are free.
   [[nodiscard]] std::size_t Place(std::uint64_t cle) const {
     const std::size_t masque = cases_.size() - 1;
@@ -229,13 +255,60 @@ class Boites {
     while (cases_[place].premier != Rien && cases_[place].cle != cle) place = (place + 1) & masque;
     return place;
   }
-  static std::uint64_t Suite(std::uint64_t cle, std::int64_t v) {
-    return (cle ^ (static_cast<std::uint64_t>(v) + 0x9e3779b97f4a7c15ULL)) * 0xbf58476d1ce4e5b9ULL;
-  }
-  double ecart_;
-  double maille_;
   std::vector<Tete> cases_;
-  std::vector<std::uint32_t> suivants_;  // by paths: the one that came into the same cell before
+  std::vector<Suite> suites_;
+};
+
+// What is to be done with each path: most lie along none, and no other path's box is like theirs. Sieves over the
+// keys of all boxes tell, so that few come into the table and few are looked for in it.
+class Tamis {
+ public:
+  Tamis(const CheminsAssembles& assembles, const Cellules& cellules, double ecart, const std::vector<char>& garde,
+        unsigned fils)
+      : roles_(assembles.chemins.size(), 0) {
+    const std::size_t n = assembles.chemins.size();
+    const auto parLots = [&](auto f) {
+      base::FaitParLots(fils, n, [&](std::size_t debut, std::size_t fin) {
+        for (std::size_t i = debut; i < fin; ++i) f(i, EnDouble(assembles.chemins[i].boite));
+      });
+    };
+    CribleDeDoubles poses(n);
+    parLots([&](std::size_t i, const Boite& b) {
+      const bool miette =
+          assembles.chemins[i].nature != Nature::Percage && std::hypot(b.x1 - b.x0, b.y1 - b.y0) <= 4 * ecart;
+      if (garde[i] == 0 || miette) return;
+      roles_[i] = Pose;
+      poses.Note(cellules.De(b));
+    });
+    Crible cherches(n);
+    parLots([&](std::size_t i, const Boite& b) {
+      if (roles_[i] == 0) return;
+      const std::uint64_t sienne = cellules.De(b);
+      const auto occupee = [&](std::uint64_t cle) { return cle == sienne ? poses.Double(cle) : poses.Vu(cle); };
+      if (!cellules.Autour(b, occupee)) return;
+      roles_[i] = Pose | Cherche;
+      cellules.Autour(b, [&](std::uint64_t cle) {
+        cherches.Note(cle);
+        return false;
+      });
+    });
+    parLots([&](std::size_t i, const Boite& b) {
+      if (roles_[i] == Pose && !cherches.Vu(cellules.De(b))) roles_[i] = 0;
+    });
+  }
+
+  // Another path may have such a box, earlier or later.
+  [[nodiscard]] bool EstCherche(std::size_t i) const { return (roles_[i] & Cherche) != 0; }
+  // It may be found by one of those.
+  [[nodiscard]] bool EstPose(std::size_t i) const { return (roles_[i] & Pose) != 0; }
+  [[nodiscard]] std::size_t NbPoses() const {
+    return roles_.size() - static_cast<std::size_t>(std::ranges::count(roles_, 0));
+  }
+
+ private:
+  static constexpr std::uint8_t Pose = 1;
+  static constexpr std::uint8_t Cherche = 2;
+  std::vector<std::uint8_t> roles_;
 };
 
 }  // namespace
@@ -243,34 +316,35 @@ class Boites {
 // Method: a path meets the earlier ones whose boxes have the same four sides; of two such paths every edge of each
 // must be covered by what lies near the edges of the other. A pair that would take more than some looks for each
 // edge, which only scribbles do, stays two paths.
-long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<char>& garde) {
+long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<char>& garde, unsigned fils) {
   if (!(ecart > 1e-12) || !std::isfinite(ecart)) return 0;
   const double r = ecart * (1 + 1e-9);
   constexpr std::size_t Regards = 64;
-  std::vector<std::unique_ptr<Aretes>> arbres(assembles.chemins.size());
+  const Cellules cellules(r);
+  const Tamis tamis(assembles, cellules, ecart, garde, fils);
+  Boites boites(tamis.NbPoses());
+  std::unordered_map<std::size_t, Aretes> arbres;
   const auto arbre = [&](std::size_t i) -> const Aretes& {
-    if (!arbres[i]) arbres[i] = std::make_unique<Aretes>(assembles.De(i));
-    return *arbres[i];
+    return arbres.try_emplace(i, assembles.De(i)).first->second;
   };
-  Boites boites(r, assembles.chemins.size());
   long jumeaux = 0;
   for (std::size_t i = 0; i < assembles.chemins.size(); ++i) {
-    if (garde[i] == 0) continue;
-    const Boite b = BoiteDe(assembles.De(i));
-    const Nature nature = assembles.chemins[i].nature;
-    if (nature != Nature::Percage && std::hypot(b.x1 - b.x0, b.y1 - b.y0) <= 4 * ecart) continue;
+    if (!tamis.EstPose(i)) continue;
+    const CheminAssemble& chemin = assembles.chemins[i];
+    const Boite b = EnDouble(chemin.boite);
     const auto jumeau = [&](std::uint32_t k) {
-      if (assembles.chemins[k].nature != nature) return false;
-      std::size_t travail = Regards * (assembles.chemins[i].nb + assembles.chemins[k].nb);
+      if (assembles.chemins[k].nature != chemin.nature) return false;
+      std::size_t travail = Regards * (chemin.nb + assembles.chemins[k].nb);
       return arbre(k).Longe(assembles.De(i), r, travail) && arbre(i).Longe(assembles.De(k), r, travail);
     };
-    if (boites.Cherche(b, jumeau)) {
+    const auto trouve = [&](std::uint64_t cle) { return boites.Cherche(cle, jumeau); };
+    if (tamis.EstCherche(i) && cellules.Autour(b, trouve)) {
       garde[i] = 0;
       ++jumeaux;
+      arbres.erase(i);
     } else {
-      boites.Ajoute(b, Numero32(i));
+      boites.Ajoute(cellules.De(b), Numero32(i));
     }
-    if (garde[i] == 0) arbres[i].reset();
   }
   return jumeaux;
 }

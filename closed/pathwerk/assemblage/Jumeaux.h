@@ -11,6 +11,6 @@ namespace pathwerk::assemblage {
 // whole length within `ecart` mm of an earlier path of its nature, and that earlier one within `ecart` of the path.
 // Crumbs of no more than four times that size are left alone, but for holes: the pieces of a finely cut line lie as
 // near to each other as its doubles do.
-long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<char>& garde);
+long MarqueJumeaux(const CheminsAssembles& assembles, double ecart, std::vector<char>& garde, unsigned fils);
 
 }  // namespace pathwerk::assemblage

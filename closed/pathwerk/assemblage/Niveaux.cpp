@@ -15,12 +15,6 @@ namespace {
 
 using Boite = base::Boite<float>;
 
-Boite BoiteDe(std::span<const PointF> points) {
-  auto b = Boite::De(points[0].x, points[0].y);
-  for (const PointF p : points) b.Etend(p.x, p.y);
-  return b;
-}
-
 // Abscissa of an edge at the height y that it straddles.
 double Traverse(PointF a, PointF b, double y) {
   const double ax = a.x;
@@ -124,30 +118,15 @@ struct Contour {
 
 }  // namespace
 
-double DoubleAire(std::span<const PointF> contour) {
-  // Relative to the first point, so that a small contour far from the origin keeps its digits.
-  double somme = 0;
-  const double ox = contour[0].x;
-  const double oy = contour[0].y;
-  for (std::size_t i = 1; i < contour.size(); ++i) {
-    somme += ((contour[i - 1].x) - ox) * (contour[i].y - oy) - (contour[i].x - ox) * ((contour[i - 1].y) - oy);
-  }
-  return somme;
-}
-
 // Contours are sorted by area; the first one behind a path whose box holds the path's box and that holds most of
 // its witnesses is its parent. There are no more contours than codes, so the look through their boxes stays short;
 // points are looked at through the tree of one contour at a time.
 std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge) {
   const std::size_t n = assembles.chemins.size();
-  std::vector<Boite> boites(n);
-  std::vector<double> aires(n, 0);
   std::vector<Contour> contours;
   for (std::size_t i = 0; i < n; ++i) {
-    boites[i] = BoiteDe(assembles.De(i));
-    if (assembles.chemins[i].nature != Nature::Ferme) continue;
-    aires[i] = std::fabs(DoubleAire(assembles.De(i)));
-    contours.push_back({i, aires[i], boites[i]});
+    const CheminAssemble& c = assembles.chemins[i];
+    if (c.nature == Nature::Ferme) contours.push_back({i, std::fabs(c.doubleAire), c.boite});
   }
   std::sort(contours.begin(), contours.end(), [](const Contour& a, const Contour& b) {
     return a.aire != b.aire ? a.aire < b.aire : a.chemin < b.chemin;
@@ -156,18 +135,19 @@ std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge
   std::vector<std::size_t> parents(n, SansParent);
   std::vector<Vec2> temoins;
   for (std::size_t i = 0; i < n; ++i) {
-    const Boite& b = boites[i];
+    const CheminAssemble& chemin = assembles.chemins[i];
+    const Boite& b = chemin.boite;
     const float jeu = static_cast<float>(std::min(marge, 0.01 * (b.x1 - b.x0 + b.y1 - b.y0)));
     const Boite dedans{b.x0 + jeu, b.y0 + jeu, b.x1 - jeu, b.y1 - jeu};
     temoins.clear();
     // Two contours of the same area lie beside each other, or are one contour drawn with other points.
-    const double seuil = assembles.chemins[i].nature == Nature::Ferme ? aires[i] * (1 + 1e-7) : -1;
+    const double seuil = chemin.nature == Nature::Ferme ? std::fabs(chemin.doubleAire) * (1 + 1e-7) : -1;
     auto it = std::upper_bound(contours.begin(), contours.end(), seuil,
                                [](double a, const Contour& c) { return a < c.aire; });
     for (; it != contours.end(); ++it) {
       const Boite& c = it->boite;
       if (c.x0 > dedans.x0 || c.x1 < dedans.x1 || c.y0 > dedans.y0 || c.y1 < dedans.y1) continue;
-      if (temoins.empty()) temoins = Temoins(assembles.De(i), assembles.chemins[i].nature, b);
+      if (temoins.empty()) temoins = Temoins(assembles.De(i), chemin.nature, b);
       auto& arbre = arbres[base::Indice(it - contours.begin())];
       if (!arbre) arbre = std::make_unique<Interieur>(assembles.De(it->chemin));
       const auto dans = std::count_if(temoins.begin(), temoins.end(), [&](Vec2 p) { return arbre->Contient(p); });

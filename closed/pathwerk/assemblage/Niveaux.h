@@ -18,7 +18,4 @@ std::vector<std::size_t> Parents(const CheminsAssembles& assembles, double marge
 // Indices of all paths, each contour behind everything that it contains, otherwise in the given order.
 std::vector<std::size_t> OrdreDeCoupe(std::span<const std::size_t> parents);
 
-// Twice the area inside a closed path, positive counter-clockwise, mm2.
-double DoubleAire(std::span<const PointF> contour);
-
 }  // namespace pathwerk::assemblage

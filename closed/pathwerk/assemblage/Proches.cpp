@@ -72,7 +72,7 @@ class GrandNoeud {
     // All that is left comes from one side.
     std::vector<Bout> restes;
     for (const Rayon& r : rayons_) {
-      if (chaines_.lien[r.e] == BoutLibre) restes.push_back(r.e);
+      if (chaines_.Lien(r.e) == BoutLibre) restes.push_back(r.e);
     }
     for (std::size_t i = 0; i + 1 < restes.size(); ++i) {
       if (chaines_.Permis(restes[i], restes[i + 1])) chaines_.Relie(restes[i], restes[i + 1]);
@@ -177,7 +177,7 @@ class Grille {
 };
 
 void GardeLibres(const Chaines& chaines, std::vector<Bout>& bouts) {
-  std::erase_if(bouts, [&](Bout e) { return chaines.lien[e] != BoutLibre; });
+  std::erase_if(bouts, [&](Bout e) { return chaines.Lien(e) != BoutLibre; });
 }
 
 // Ends nearer than this share of the tolerance count as one place: there the straightest goes first.

@@ -96,14 +96,14 @@ class Marche {
   // then `e` stands first, otherwise the open start of the chain does.
   bool Suite(Bout e, std::vector<Bout>& suite) const {
     Bout tete = e;
-    while (chaines_.lien[tete] != BoutLibre) {
-      tete = Oppose(chaines_.lien[tete]);
+    while (chaines_.Lien(tete) != BoutLibre) {
+      tete = Oppose(chaines_.Lien(tete));
       if (tete == e) break;
     }
-    const bool ferme = chaines_.lien[tete] != BoutLibre;
+    const bool ferme = chaines_.Lien(tete) != BoutLibre;
     for (Bout entree = tete;;) {
       suite.push_back(entree);
-      entree = chaines_.lien[Oppose(entree)];
+      entree = chaines_.Lien(Oppose(entree));
       if (entree == BoutLibre || entree == tete) return ferme;
     }
   }
@@ -170,7 +170,11 @@ class Marche {
       if (sortie.points.size() > debut + 2 && sortie.points.back() == sortie.points[debut]) nature = Nature::Ferme;
     }
     const std::uint16_t calque = assembles_.chemins[piece.rang].calque;
-    sortie.chemins.push_back({debut, sortie.points.size() - debut, nature, calque});
+    CheminAssemble& chemin = sortie.chemins.emplace_back();
+    chemin.debut = debut;
+    chemin.nb = sortie.points.size() - debut;
+    chemin.nature = nature;
+    chemin.calque = calque;
   }
 
   const CheminsAssembles& assembles_;
@@ -185,11 +189,15 @@ class Marche {
 
 // Method: ends at the same float pair first, then ends within the tolerance from near to far. Where many meet in
 // one point the straightest continuations are joined first. Each path is used once and none is lost.
-CheminsAssembles Soude(const CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance) {
+bool Soude(CheminsAssembles& assembles, std::span<const Bouts> bouts, double tolerance) {
+  const auto ouvert = [](const CheminAssemble& c) { return c.nature == Nature::Ouvert; };
+  if (std::none_of(assembles.chemins.begin(), assembles.chemins.end(), ouvert)) return false;
   Chaines chaines(assembles, bouts, tolerance > 0 ? tolerance : 0);
   const std::vector<std::uint32_t> noeud = RelieBoutsEgaux(assembles, chaines);
   if (tolerance > 1e-12 && std::isfinite(tolerance)) RelieBoutsProches(assembles, chaines, tolerance);
-  return Marche(assembles, chaines, noeud).Deroule();
+  if (!chaines.Reliees()) return false;
+  assembles = Marche(assembles, chaines, noeud).Deroule();
+  return true;
 }
 
 }  // namespace pathwerk::assemblage

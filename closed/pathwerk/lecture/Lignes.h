@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "base/Texte.h"
+#include "closed/pathwerk/lecture/Decimaux.h"
 
 namespace pathwerk::lecture {
 
@@ -39,6 +40,9 @@ inline std::string EnTexte(double v) {
 // writes it, D. What is too large comes back infinite, what is too small as 0. Nothing for anything else.
 inline std::optional<double> LitReel(std::string_view champ) {
   if (champ.empty() || champ.size() > 400) return std::nullopt;
+  const char* const bout = champ.data() + champ.size();
+  double simple = 0;
+  if (LitDecimal(champ.data(), bout, simple) == bout) return simple;
   std::string t(champ);
   if (t[0] == '+') t.erase(0, 1);
   bool chiffre = false;

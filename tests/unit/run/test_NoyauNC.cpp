@@ -1,7 +1,9 @@
 // A file of many rows, composed on several threads.
 #include <cmath>
+#include <numbers>
 
 #include "core/Coeurs.h"
+#include "run/Dialectes.h"
 #include "run/NoyauNC.h"
 #include "tests/unit/run/PlanEssai.h"
 
@@ -51,6 +53,50 @@ TEST(ComposeNC, IsTheSameForAnyNumberOfThreads) {
 TEST(ComposeNC, OnSeveralThreadsALineIsCountedForEachLineEnd) {
   const Fichier f = Compose(Rangs(50000), 2);
   EXPECT_EQ(f.resultat.lignes, std::count(f.texte.begin(), f.texte.end(), '\n'));
+}
+
+// Circles of 60 rows, each cut at two depths, with ways through the air between them.
+std::vector<Deplacement> Cercles(int nombre) {
+  constexpr int Rangs = 60;
+  std::vector<Deplacement> rangs(1);
+  const auto va = [&rangs](double x, double y, double z, double vitesse) {
+    rangs.push_back({});
+    rangs.back().X = static_cast<float>(x), rangs.back().Y = static_cast<float>(y);
+    rangs.back().Z = static_cast<float>(z), rangs.back().Vitesse = static_cast<float>(vitesse);
+  };
+  for (int k = 0; k < nombre; ++k) {
+    const double x = 20 + 25.0 * (k % 30), y = 20 + 25.0 * (k / 30), r = 5 + k % 5;
+    va(x + r, y, 5, 15);
+    for (const double z : {-1.0, -2.0}) {
+      va(x + r, y, z, 4);
+      for (int i = 1; i <= Rangs; ++i) {
+        const double a = 2 * std::numbers::pi * i / Rangs;
+        va(x + r * std::cos(a), y + r * std::sin(a), z, 10);
+      }
+    }
+    va(x + r, y, 5, 15);
+  }
+  return rangs;
+}
+
+TEST(ComposeNC, ADialectWithArcsIsTheSameForAnyNumberOfThreads) {
+  constexpr int Nombre = 600;
+  const auto rangs = Cercles(Nombre);
+  const Dialecte* const grbl = DialecteDeTable("grbl");
+  ASSERT_NE(grbl, nullptr);
+  NombreCoeurs = 1;
+  EcritureNC seule;
+  const std::string texte = ComposeNC(rangs, CadreNC{}, *grbl, seule);
+  EXPECT_EQ(seule.arcs, Nombre * 2 * 2) << "a full circle takes two";
+  for (const unsigned coeurs : {2U, 7U}) {
+    NombreCoeurs = coeurs;
+    EcritureNC resultat;
+    EXPECT_TRUE(ComposeNC(rangs, CadreNC{}, *grbl, resultat) == texte) << coeurs;
+    EXPECT_EQ(resultat.arcs, seule.arcs);
+    EXPECT_EQ(resultat.LongueurNC, seule.LongueurNC);
+    EXPECT_EQ(resultat.TempsNC, seule.TempsNC);
+    EXPECT_EQ(resultat.deplacements, seule.deplacements);
+  }
 }
 
 }  // namespace

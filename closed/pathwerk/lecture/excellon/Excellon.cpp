@@ -125,18 +125,18 @@ class Lecteur {
       return;
     }
     std::vector<std::string> inconnus;
-    if (LitUnites(ligne, format_, inconnus)) {
+    const bool unites = ligne[0] == 'I' || ligne[0] == 'M';  // as their names begin
+    if (unites && LitUnites(ligne, format_, inconnus)) {
       for (const std::string& mot : inconnus) lecture_.Ignore(mot, 1, numero_);
       return;
     }
     if (dansEntete_ && LigneDEntete(ligne)) return;
     dansEntete_ = false;
-    Mots mots;
     Bloc bloc;
     const bool texte = ligne.starts_with("M97") || ligne.starts_with("M98") || ligne.starts_with("M47");
     if (texte) {
       lecture_.Ignore(ligne.substr(0, 3), 1, numero_);
-    } else if (DecoupeMots(ligne, mots) && LitBloc(mots, bloc)) {
+    } else if (DecoupeMots(ligne, mots_) && LitBloc(mots_, bloc)) {
       ++comprises_;
       Execute(bloc);
     } else if (!lecture_.Refuse()) {
@@ -451,6 +451,7 @@ class Lecteur {
   double fleche_;
   Lecture& lecture_;
   FormatExcellon format_;
+  Mots mots_;  // of the line: so many that no line wipes the room for them
   Outils outils_;
   std::uint16_t calque_ = 0;  // of the tool in hand
   std::string_view etendue_;  // the comment with the extents

@@ -13,6 +13,9 @@ namespace {
 
 char Majuscule(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
+// Of ten, for as many digits as a format has behind the point.
+constexpr std::array Puissances{1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+
 bool Contient(std::string_view texte, std::string_view morceau) { return texte.find(morceau) != texte.npos; }
 
 }  // namespace
@@ -62,7 +65,7 @@ std::optional<double> FormatExcellon::Coordonnee(std::string_view texte) {
     // What is left out stands on the right: the first digits are the whole ones.
     return *v * std::pow(10.0, entiers - chiffres) * Echelle();
   }
-  return *v / std::pow(10.0, decimales) * Echelle();
+  return *v / Puissances[base::Indice(decimales)] * Echelle();
 }
 
 std::string FormatExcellon::Ligne() const {

@@ -53,12 +53,29 @@ std::string ValeurRefusee(std::string_view data, const HpglInstruction& i, std::
 // Would a file that ends behind this instruction end too early? A plot that is whole lifts the pen from its last
 // line; one that stops behind a number may lack digits, unless the pen just went home.
 bool EstCoupee(const HpglInstruction& i, bool baissee) {
-  constexpr std::string_view MeneLaPlume = " PA PR PD PU PE AA AR AT RT BZ BR ";
-  if (MeneLaPlume.find(' ' + i.Nom() + ' ') == std::string_view::npos) {
-    return i.interrompue && (i.Est("LB") || i.Est("CI") || i.Est("EA") || i.Est("ER") || i.Est("EW"));
+  if (!baissee && !i.interrompue) return false;
+  switch (NomHpgl(i.nom[0], i.nom[1])) {
+    case NomHpgl('P', 'A'):
+    case NomHpgl('P', 'R'):
+    case NomHpgl('P', 'D'):
+    case NomHpgl('P', 'U'):
+    case NomHpgl('P', 'E'):
+    case NomHpgl('A', 'A'):
+    case NomHpgl('A', 'R'):
+    case NomHpgl('A', 'T'):
+    case NomHpgl('R', 'T'):
+    case NomHpgl('B', 'Z'):
+    case NomHpgl('B', 'R'):
+      return baissee || i.nombres.empty() || !std::ranges::all_of(i.nombres, [](double v) { return v == 0; });
+    case NomHpgl('L', 'B'):
+    case NomHpgl('C', 'I'):
+    case NomHpgl('E', 'A'):
+    case NomHpgl('E', 'R'):
+    case NomHpgl('E', 'W'):
+      return i.interrompue;
+    default:
+      return false;
   }
-  const bool origine = !i.nombres.empty() && std::ranges::all_of(i.nombres, [](double v) { return v == 0; });
-  return baissee || (i.interrompue && !origine);
 }
 
 // How many points a file of this size may give, at some 45 bytes of memory each. The densest plots are encoded

@@ -16,6 +16,7 @@
 
 #include "base/Indices.h"
 #include "base/Texte.h"
+#include "closed/pathwerk/lecture/Decimaux.h"
 
 namespace pathwerk::lecture::hpgl {
 
@@ -160,21 +161,27 @@ bool HpglLexeur::DeuxiemeLettre(HpglInstruction& instruction) {
 }
 
 void HpglLexeur::LitContenu(HpglInstruction& instruction) {
-  if (instruction.Est("LB") || instruction.Est("BL") || instruction.Est("WD")) {
-    LitTexte(instruction);
-  } else if (instruction.Est("PE")) {
-    LitEncode(instruction);
-  } else if (instruction.Est("DT")) {
-    LitFinDeTexte();
-  } else if (instruction.Est("SM")) {
-    LitSymbole(instruction);
-  } else if (instruction.Est("MG")) {
-    pos_ = std::min(donnees_.find(';', pos_), donnees_.size());
-  } else if (instruction.Est("CO")) {
-    SauteCommentaire();
-  } else {
-    LitNombres(instruction);
-    if (instruction.Est("BP")) SauteCitation();
+  switch (NomHpgl(instruction.nom[0], instruction.nom[1])) {
+    case NomHpgl('L', 'B'):
+    case NomHpgl('B', 'L'):
+    case NomHpgl('W', 'D'):
+      return LitTexte(instruction);
+    case NomHpgl('P', 'E'):
+      return LitEncode(instruction);
+    case NomHpgl('D', 'T'):
+      return LitFinDeTexte();
+    case NomHpgl('S', 'M'):
+      return LitSymbole(instruction);
+    case NomHpgl('M', 'G'):
+      pos_ = std::min(donnees_.find(';', pos_), donnees_.size());
+      return;
+    case NomHpgl('C', 'O'):
+      return SauteCommentaire();
+    case NomHpgl('B', 'P'):
+      LitNombres(instruction);
+      return SauteCitation();
+    default:
+      return LitNombres(instruction);
   }
 }
 
@@ -246,7 +253,11 @@ void HpglLexeur::LitNombres(HpglInstruction& instruction) {
     fini = EstRien(c);
     if (EstChiffre(c) || c == '.' || c == '-' || c == '+') {
       double valeur = 0;
-      if (PrendNombre(valeur)) {
+      const char* const p = donnees_.data() + pos_;
+      if (const char* const apres = LitDecimal(p, donnees_.data() + donnees_.size(), valeur)) {
+        pos_ += base::Indice(apres - p);
+        instruction.nombres.push_back(valeur);
+      } else if (PrendNombre(valeur)) {
         instruction.nombres.push_back(valeur);
       } else {
         ++pos_;

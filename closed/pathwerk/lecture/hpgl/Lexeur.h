@@ -13,6 +13,9 @@
 
 namespace pathwerk::lecture::hpgl {
 
+// The two letters of a name as one number.
+constexpr unsigned NomHpgl(char a, char b) { return base::Octet(a) * 256U + base::Octet(b); }
+
 struct HpglInstruction {
   std::array<char, 2> nom{};    // two upper-case letters
   std::vector<double> nombres;  // the parameters; not finite when a number is out of range

@@ -19,6 +19,18 @@ struct HpglTable {
   using Action = void (HpglMachine::*)(const HpglInstruction&);
   std::string_view nom;
   Action action;
+
+  static constexpr std::size_t Lettres = 26;
+  static constexpr std::size_t Rang(char a, char b) {
+    return static_cast<std::size_t>(a - 'A') * Lettres + static_cast<std::size_t>(b - 'A');
+  }
+  // Actions by both letters of their name, null for none.
+  template <std::size_t N>
+  static constexpr auto ParNom(const std::array<HpglTable, N>& table) {
+    std::array<Action, Lettres * Lettres> actions{};
+    for (const HpglTable& t : table) actions[Rang(t.nom[0], t.nom[1])] = t.action;
+    return actions;
+  }
 };
 
 HpglMachine::Sorte HpglMachine::Execute(const HpglInstruction& i) {
@@ -76,9 +88,9 @@ HpglMachine::Sorte HpglMachine::Execute(const HpglInstruction& i) {
     traceur_.Page();
     return Sorte::Reglage;
   }
-  for (const HpglTable& t : Traces) {
-    if (!i.Est(t.nom)) continue;
-    (this->*t.action)(i);
+  static constexpr auto Actions = HpglTable::ParNom(Traces);
+  if (const HpglTable::Action action = Actions[HpglTable::Rang(i.nom[0], i.nom[1])]) {
+    (this->*action)(i);
     return Sorte::Trace;
   }
   if (InstructionsReglage.find(' ' + i.Nom() + ' ') != std::string_view::npos) return Sorte::Reglage;

@@ -59,6 +59,7 @@ void HpglTraceur::ChangePlume(double numero, bool dessine) {
   const bool baissee = baissee_;
   Leve();
   plume_ = dessine;
+  if (numero_ != numero) calque_.reset();
   numero_ = numero;
   baissee_ = baissee;  // a new pen goes on as the old one stood, but that is no dot
 }
@@ -148,7 +149,8 @@ void HpglTraceur::Emet(std::span<const Vec2> points, Nature nature) {
     const Vec2 mm{p.x * MmParUnite, p.y * MmParUnite};
     if (t.points.empty() || t.points.back() != mm) t.points.push_back(mm);
   }
-  t.calque = lecture_.calques.Place(Calque::Genre::Plume, EnTexte(numero_), std::nullopt);
+  if (!calque_) calque_ = lecture_.calques.Place(Calque::Genre::Plume, EnTexte(numero_), std::nullopt);
+  t.calque = *calque_;
   points_ += t.points.size() + 4;
   lecture_.traits.push_back(std::move(t));
   sansPlume_.push_back(plume_ ? 0 : 1);

@@ -81,9 +81,10 @@ class HpglTraceur {
 
   Vec2 position_;
   bool baissee_ = false;
-  bool pointe_ = false;  // lowered, and nothing drawn since
-  bool plume_ = true;    // a pen is in the holder
-  double numero_ = 1;    // its number
+  bool pointe_ = false;                  // lowered, and nothing drawn since
+  bool plume_ = true;                    // a pen is in the holder
+  double numero_ = 1;                    // its number
+  std::optional<std::uint16_t> calque_;  // its layer, once it has drawn
   std::vector<Vec2> trait_;
   std::optional<HpglFenetre> fenetre_;
 

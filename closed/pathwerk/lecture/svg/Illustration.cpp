@@ -88,12 +88,14 @@ struct Illustration::Inventaire : pugi::xml_tree_walker {
 };
 
 Illustration::Illustration(const pugi::xml_document& document, std::string_view texte,
-                           const OptionsLecture& options, const TraceLettres& lettres, Lecture& lecture)
+                           const OptionsLecture& options, const TraceLettres& lettres, Lecture& lecture,
+                           Partage partage)
     : document_(document),
       options_(options),
       lettres_(lettres),
       lecture_(lecture),
-      fleche_(options.Fleche > 1e-6 ? options.Fleche : 1e-6) {
+      fleche_(options.Fleche > 1e-6 ? options.Fleche : 1e-6),
+      partage_(partage) {
   for (std::size_t i = texte.find('\n'); i != std::string_view::npos; i = texte.find('\n', i + 1)) {
     finsDeLigne_.push_back(i);
   }
@@ -124,7 +126,12 @@ void Illustration::Dessine(pugi::xml_node racine, std::size_t octets) {
   if (!EnsembleDe(dits).montre) return Ignore("INVISIBLE");
   autour.apparence = Herite(autour.apparence, dits);
   Fragment(racine, autour, taille.largeur, taille.hauteur);
+  Vide();
   if (!lecture_.Refuse()) Releve(taille);
+}
+
+bool Illustration::Douteux() const {
+  return partage_.octets > 0 && (lecture_.Refuse() || lecture_.rapport.Ignores.size() >= GenresMax);
 }
 
 // A drawing that says nothing of its size has no lower edge to measure from: its own lowest place is 0.
@@ -190,6 +197,7 @@ void Illustration::Contenu(pugi::xml_node element, std::string_view nom, const E
 
 // An element that is no path, by its name.
 void Illustration::Absent(pugi::xml_node element, std::string_view nom) {
+  Vide();  // it may be called as what a shape is told by, and a kind is told by its first line
   std::string propre(nom.substr(0, 32));
   for (char& c : propre) {
     if (c < ' ' || c > '~') c = '?';

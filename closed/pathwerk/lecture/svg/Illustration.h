@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
@@ -27,17 +29,44 @@ struct Entourage {
   int profondeur = 0;
 };
 
+// How the shapes of a document are shared out.
+struct Partage {
+  std::size_t octets = 0;  // of their data that are drawn at a time; 0: each shape as it comes
+  unsigned fils = 1;
+};
+
 class Illustration {
  public:
   // `texte`: the file, for the lines of refusals; empty when its bytes aren't those of the document.
   Illustration(const pugi::xml_document& document, std::string_view texte, const OptionsLecture& options,
-               const TraceLettres& lettres, Lecture& lecture);
+               const TraceLettres& lettres, Lecture& lecture, Partage partage = {});
 
   // The outermost element and all in it. `octets`: length of the file, which bounds points and time.
   void Dessine(pugi::xml_node racine, std::size_t octets);
+  // Shapes were shared out, and the drawing is one of those that tell of it: it is refused, or has more kinds of
+  // things left out than are told apart. Then it has to be drawn with each shape as it comes.
+  [[nodiscard]] bool Douteux() const;
 
  private:
   struct Inventaire;  // identities and style sheets
+
+  // A shape on its way to its paths. What stands between its element and them is drawn by itself, so that several
+  // threads can do it for several shapes.
+  struct Tache {
+    enum class Reste : std::uint8_t { Rien, Chemin, Suite, SuiteFermee };
+    Tache(const Matrice& repere, double fleche, std::size_t pointsMax)
+        : m(repere), plume(repere, fleche, pointsMax) {}
+    void Trace();
+    Matrice m;
+    Plume plume;
+    Reste reste = Reste::Rien;  // what the pen has still to draw
+    bool lisible = true;
+    bool fond = false, trait = false, boutRond = false;  // as it is seen
+    std::optional<std::uint32_t> couleur;
+    std::string_view donnees;
+    std::string_view calque;
+    pugi::xml_node element;
+  };
 
   // Elements. They return when the drawing is refused.
   void Enfants(pugi::xml_node element, const Entourage& autour);
@@ -54,7 +83,12 @@ class Illustration {
   void TraceRect(pugi::xml_node element, const Entourage& ici, Plume& plume) const;
   void TraceRonde(pugi::xml_node element, bool cercle, const Entourage& ici, Plume& plume) const;
   static void TracePoints(std::string_view points, bool ferme, Plume& plume);
-  void Emet(Plume& plume, const Apparence& a, std::string_view calque, pugi::xml_node element);
+  Tache TacheDe(const Entourage& ici, const Apparence& a, pugi::xml_node element, std::size_t pointsMax) const;
+  void Pose(Tache&& tache);
+  void Acheve(Tache& tache);
+  void Emet(Tache& tache);
+  // Draws all shapes that wait, and makes their paths in their order.
+  void Vide();
 
   // Texts.
   struct Lettrage;
@@ -68,6 +102,7 @@ class Illustration {
   Dits DitsDe(pugi::xml_node element);
   static double Longueur(pugi::xml_node element, const char* nom, double em, double tout, double sinon);
   [[nodiscard]] std::size_t PointsRestants() const { return pointsMax_ - points_; }
+  [[nodiscard]] std::size_t PointsDAvance(std::size_t octets) const;
   // What an element costs of the time that there is. False when it is used up, and the drawing refused.
   bool Prend(std::size_t travail, pugi::xml_node element);
   void Refuse(Erreur numero, pugi::xml_node element);
@@ -87,6 +122,9 @@ class Illustration {
   std::unordered_map<std::string_view, pugi::xml_node> parIdentite_;
   std::vector<pugi::xml_node> ouvertes_;  // referred to, and being drawn
   ReglesCss regles_;
+  Partage partage_;
+  std::vector<Tache> taches_;  // that wait
+  std::size_t octetsPoses_ = 0;
 };
 
 }  // namespace pathwerk::lecture::svg

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/Equipe.h"
 #include "closed/pathwerk/lecture/svg/DonneesChemin.h"
 #include "closed/pathwerk/lecture/svg/Illustration.h"
 
@@ -20,26 +21,89 @@ bool Illustration::Forme(pugi::xml_node element, std::string_view nom, const Ent
     return true;
   }
   if (a.marques && (nom == "path" || nom == "line" || suite)) Ignore("marker", 1, element);
-  Plume plume(ici.m, fleche_, PointsRestants());
+  const std::string_view donnees = nom == "path" ? element.attribute("d").value()
+                                   : suite       ? element.attribute("points").value()
+                                                 : "";
+  if ((nom == "path" || suite) && !Prend(donnees.size() / 8, element)) return true;
+  Tache tache = TacheDe(ici, a, element, PointsDAvance(donnees.size()));
+  tache.donnees = donnees;
+  Plume& plume = tache.plume;
   if (nom == "path") {
-    const std::string_view donnees = element.attribute("d").value();
-    if (!Prend(donnees.size() / 8, element)) return true;
-    if (!TraceDonnees(donnees, plume)) Ignore("ROW", 1, element);
+    tache.reste = Tache::Reste::Chemin;
+  } else if (suite) {
+    tache.reste = nom == "polygon" ? Tache::Reste::SuiteFermee : Tache::Reste::Suite;
   } else if (nom == "rect") {
     TraceRect(element, ici, plume);
   } else if (ronde) {
     TraceRonde(element, nom == "circle", ici, plume);
-  } else if (suite) {
-    const std::string_view points = element.attribute("points").value();
-    if (!Prend(points.size() / 8, element)) return true;
-    TracePoints(points, nom == "polygon", plume);
   } else {
     const double em = a.corps;
     plume.Va({Longueur(element, "x1", em, ici.largeur, 0), Longueur(element, "y1", em, ici.hauteur, 0)});
     plume.Ligne({Longueur(element, "x2", em, ici.largeur, 0), Longueur(element, "y2", em, ici.hauteur, 0)});
   }
-  Emet(plume, a, ici.calque, element);
+  Pose(std::move(tache));
   return true;
+}
+
+// How many points a shape may have that is drawn before the ones ahead of it are counted. What has more is drawn
+// again when its turn comes.
+std::size_t Illustration::PointsDAvance(std::size_t octets) const {
+  constexpr std::size_t PointsParOctet = 4;
+  constexpr std::size_t PointsDUne = 4096;
+  if (partage_.octets == 0) return PointsRestants();
+  return std::min(PointsRestants(), PointsParOctet * octets + PointsDUne);
+}
+
+Illustration::Tache Illustration::TacheDe(const Entourage& ici, const Apparence& a, pugi::xml_node element,
+                                          std::size_t pointsMax) const {
+  Tache tache(ici.m, fleche_, pointsMax);
+  tache.fond = a.FondVisible();
+  tache.trait = a.TraitVisible();
+  tache.boutRond = a.boutRond;
+  tache.couleur = a.Couleur();
+  tache.calque = ici.calque;
+  tache.element = element;
+  return tache;
+}
+
+void Illustration::Tache::Trace() {
+  if (reste == Reste::Chemin) lisible = TraceDonnees(donnees, plume);
+  if (reste == Reste::Suite || reste == Reste::SuiteFermee) {
+    TracePoints(donnees, reste == Reste::SuiteFermee, plume);
+  }
+}
+
+void Illustration::Pose(Tache&& tache) {
+  constexpr std::size_t TachesMax = 1024;
+  if (partage_.octets == 0) {
+    tache.Trace();
+    return Acheve(tache);
+  }
+  octetsPoses_ += tache.donnees.size();
+  taches_.push_back(std::move(tache));
+  if (octetsPoses_ >= partage_.octets || taches_.size() >= TachesMax) Vide();
+}
+
+void Illustration::Vide() {
+  base::FaitParLots(partage_.fils, taches_.size(), [this](std::size_t debut, std::size_t fin) {
+    for (std::size_t i = debut; i < fin; ++i) taches_[i].Trace();
+  });
+  for (Tache& tache : taches_) {
+    // With fewer points left than the pen was given, or more than that needed, it may have drawn otherwise.
+    if (tache.reste != Tache::Reste::Rien && tache.plume.Plus() > std::min(tache.plume.Max(), PointsRestants())) {
+      tache.plume = Plume(tache.m, fleche_, PointsRestants());
+      tache.Trace();
+    }
+    Acheve(tache);
+    if (lecture_.Refuse()) break;
+  }
+  taches_.clear();
+  octetsPoses_ = 0;
+}
+
+void Illustration::Acheve(Tache& tache) {
+  if (!tache.lisible) Ignore("ROW", 1, tache.element);
+  Emet(tache);
 }
 
 // Radii: one alone counts for both, and neither reaches past the middle of its side.
@@ -108,12 +172,13 @@ void Illustration::TracePoints(std::string_view points, bool ferme, Plume& plume
 
 // What is painted inside gives its outline, which paint closes by itself; a line alone gives its centre. A subpath
 // of one place paints nothing, except the dot of ends that reach out.
-void Illustration::Emet(Plume& plume, const Apparence& a, std::string_view calque, pugi::xml_node element) {
-  if (plume.Pleine()) return Refuse(Erreur::Memoire, element);
+void Illustration::Emet(Tache& tache) {
+  const pugi::xml_node element = tache.element;
+  if (tache.plume.Plus() > PointsRestants()) return Refuse(Erreur::Memoire, element);
   const long ligne = LigneDe(element);
-  const std::uint16_t place = lecture_.calques.Place(Calque::Genre::Nomme, calque, a.Couleur());
+  const std::uint16_t place = lecture_.calques.Place(Calque::Genre::Nomme, tache.calque, tache.couleur);
   long nuls = 0;
-  for (SousChemin& s : plume.Finit()) {
+  for (SousChemin& s : tache.plume.Finit()) {
     Trait t;
     t.ligne = static_cast<std::uint32_t>(ligne);
     t.calque = place;
@@ -122,12 +187,12 @@ void Illustration::Emet(Plume& plume, const Apparence& a, std::string_view calqu
       s.ferme = true;
       p.pop_back();
     }
-    const bool contour = (s.ferme || a.FondVisible()) && p.size() > 2;
+    const bool contour = (s.ferme || tache.fond) && p.size() > 2;
     if (contour) {
       t.nature = Nature::Ferme;
-    } else if (p.size() == 1 && a.TraitVisible() && a.boutRond) {
+    } else if (p.size() == 1 && tache.trait && tache.boutRond) {
       t.nature = Nature::Percage;
-    } else if (p.size() < 2 || !a.TraitVisible()) {
+    } else if (p.size() < 2 || !tache.trait) {
       ++nuls;
       continue;
     }

@@ -177,7 +177,9 @@ void Illustration::Etiquette(Lettrage& lettrage) {
       continue;
     }
     a.fond = a.fondOpaque = true;  // letters are outlines, whichever way they are painted
-    Plume plume(lettrage.cadre.m, fleche_, PointsRestants());
+    Vide();
+    Tache tache = TacheDe(lettrage.cadre, a, lettrage.element, PointsRestants());
+    Plume& plume = tache.plume;
     for (const std::vector<Vec2>& contour : g.lettres.contours) {
       bool premier = true;
       for (const Vec2 p : contour) {
@@ -191,7 +193,7 @@ void Illustration::Etiquette(Lettrage& lettrage) {
       plume.Ferme();
       if (plume.Pleine()) break;
     }
-    Emet(plume, a, lettrage.cadre.calque, lettrage.element);
+    Emet(tache);
   }
   lettrage.plume.x -= recul;
 }

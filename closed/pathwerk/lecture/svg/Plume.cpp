@@ -22,9 +22,7 @@ double Angle(Vec2 v) { return std::atan2(v.y, v.x); }
 
 }  // namespace
 
-void Plume::Compte() {
-  if (faits_ + courant_.points.size() > pointsMax_) plein_ = true;
-}
+void Plume::Compte() { plus_ = std::max(plus_, faits_ + courant_.points.size()); }
 
 void Plume::Pose(Vec2 enMm) {
   if (courant_.points.empty() || !Memes(courant_.points.back(), enMm)) courant_.points.push_back(enMm);

@@ -33,7 +33,10 @@ class Plume {
   void Ferme();
 
   [[nodiscard]] Vec2 Ici() const { return ici_; }
-  [[nodiscard]] bool Pleine() const { return plein_; }
+  [[nodiscard]] bool Pleine() const { return plus_ > pointsMax_; }
+  // The most points that it has held so far, and how many it may.
+  [[nodiscard]] std::size_t Plus() const { return plus_; }
+  [[nodiscard]] std::size_t Max() const { return pointsMax_; }
   // Ends the last subpath; the pen is empty afterwards.
   std::vector<SousChemin> Finit();
 
@@ -49,7 +52,7 @@ class Plume {
   double fleche_;
   std::size_t pointsMax_;
   std::size_t faits_ = 0;  // points of the subpaths that have ended
-  bool plein_ = false;
+  std::size_t plus_ = 0;
   Vec2 ici_;     // user units
   Vec2 depart_;  // of the subpath
   SousChemin courant_;

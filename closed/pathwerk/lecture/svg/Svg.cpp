@@ -6,6 +6,7 @@
 #include <exception>
 #include <pugixml.hpp>
 #include <string>
+#include <utility>
 
 #include "base/Indices.h"
 #include "base/Texte.h"
@@ -33,7 +34,8 @@ bool Refus(std::string_view data, const pugi::xml_parse_result& fin, Lecture& le
   return true;
 }
 
-void Lit(std::string_view data, const OptionsLecture& options, const TraceLettres& lettres, Lecture& lecture) {
+void Lit(std::string_view data, const OptionsLecture& options, const TraceLettres& lettres, Lecture& lecture,
+         std::size_t octetsParPartage) {
   if (data.starts_with("\x1F\x8B")) return lecture.Refuse(Erreur::Svg, 0, "gzip");
   pugi::xml_document document;
   const pugi::xml_parse_result fin = document.load_buffer(data.data(), data.size(), Analyse);
@@ -45,17 +47,26 @@ void Lit(std::string_view data, const OptionsLecture& options, const TraceLettre
     return lecture.Refuse(Erreur::Svg, 0, racine.name());
   }
   const std::string_view lignes = fin.encoding == pugi::encoding_utf8 ? data : std::string_view();
+  if (octetsParPartage > 0 && options.Fils > 1 && data.size() > octetsParPartage) {
+    Lecture partagee = lecture;
+    Illustration illustration(document, lignes, options, lettres, partagee, {octetsParPartage, options.Fils});
+    illustration.Dessine(racine, data.size());
+    if (!illustration.Douteux()) {
+      lecture = std::move(partagee);
+      return;
+    }
+  }
   Illustration(document, lignes, options, lettres, lecture).Dessine(racine, data.size());
 }
 
 }  // namespace
 
 void LireSvgAvec(std::string_view data, const OptionsLecture& options, const TraceLettres& lettres,
-                 Lecture& lecture) {
+                 Lecture& lecture, std::size_t octetsParPartage) {
   lecture.rapport.Format = "SVG";
   lecture.souder = true;  // many programs write outlines as loose pieces
   try {
-    Lit(data, options, lettres, lecture);
+    Lit(data, options, lettres, lecture, octetsParPartage);
   } catch (const std::exception&) {
     lecture.traits.clear();
     lecture.Refuse(Erreur::Memoire, 0, "");

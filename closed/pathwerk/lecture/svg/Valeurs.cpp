@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "base/Texte.h"
+#include "closed/pathwerk/lecture/Decimaux.h"
 
 namespace pathwerk::lecture::svg {
 
@@ -80,6 +81,11 @@ bool LecteurValeurs::Nombre(double& v) {
   if (!CommenceNombre(chiffres)) return false;
   double lu = 0;
   const char* const fin = chiffres.data() + chiffres.size();
+  if (const char* const apres = LitDecimal(chiffres.data(), fin, lu)) {
+    v = reste_[0] == '-' ? -lu : lu;
+    reste_ = std::string_view(apres, static_cast<std::size_t>(fin - apres));
+    return true;
+  }
   const auto [apres, erreur] = std::from_chars(chiffres.data(), fin, lu);
   if (erreur == std::errc::result_out_of_range) {
     const std::string_view texte(chiffres.data(), static_cast<std::size_t>(apres - chiffres.data()));
