@@ -242,6 +242,8 @@ std::vector<std::size_t> Simplifie(std::span<const PointTrace> points, Vec2 cent
   if (points.size() < Dense) return Simplifie(place, points.size(), gardes, tolerance);
   const double part = tolerance * PartDesCordes;
   const std::vector<std::size_t> rangs = Eclaircit(points, gardes, part);
+  // Of a noisy path few go, and all of the tolerance is worth more.
+  if (rangs.size() > points.size() / 2) return Simplifie(place, points.size(), gardes, tolerance);
   std::vector<std::size_t> rangsGardes;
   for (const std::size_t i : gardes) {
     rangsGardes.push_back(base::Indice(std::lower_bound(rangs.begin(), rangs.end(), i) - rangs.begin()));

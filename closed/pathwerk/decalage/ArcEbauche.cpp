@@ -261,6 +261,7 @@ std::vector<ArcLibre> ArcsParEbauche(const ArcSource& source, double d, double b
 }
 
 std::optional<std::vector<ArcLibre>> ArcsSiPeuDeRencontres(const ArcSource& source, double d, double bruit) {
+  if (Saillants(source, std::abs(d))) return std::nullopt;
   return Ebauche(source, d, bruit).Releve(false);
 }
 
