@@ -4,9 +4,6 @@
 #include <cstdlib>
 #include <new>
 
-#if __has_include(<malloc.h>)
-#include <malloc.h>
-#endif
 #if __has_include(<sys/mman.h>)
 #include <sys/mman.h>
 #endif
@@ -41,22 +38,6 @@ void AnnonceGrandBloc(void* bloc, std::size_t octets) {
 }  // namespace base
 
 #ifndef OVELIN_NEW_DU_SYSTEME
-
-namespace {
-
-// A large block is a mapping of its own, which goes back whole when it is freed. The system's allocator would keep
-// blocks of the size of those that were freed before, between which nothing larger fits: one more was held by some
-// roads than was in use.
-[[maybe_unused]] const bool EnBlocsEntiers = [] {
-#ifdef __GLIBC__
-  constexpr int Grand = int{base::GrandBloc};
-  return mallopt(M_MMAP_THRESHOLD, Grand) == 1 && mallopt(M_TRIM_THRESHOLD, 2 * Grand) == 1;
-#else
-  return false;
-#endif
-}();
-
-}  // namespace
 
 // Replaces the library's own, which takes its blocks from the same place.
 void* operator new(std::size_t octets) {

@@ -20,7 +20,7 @@ PagesGrandes PagesDe(void* bloc, std::size_t octets);
 // drawing is read; a large one replaces 512 of them. Without effect where the system has none.
 //
 // Nobody need call this: `operator new` of any program that this library is part of does it for all large blocks,
-// those of vectors and strings among them. Each of those is a mapping of its own.
+// those of vectors and strings among them.
 void AnnonceGrandBloc(void* bloc, std::size_t octets);
 
 }  // namespace base
