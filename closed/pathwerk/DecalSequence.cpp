@@ -66,8 +66,8 @@ std::int32_t Decale(std::vector<PointTrace>& points, double tolerance, double di
     for (PointTrace& p : points) p.Seq = Code2{u'0', u'1'};
     return base::Compte(points.size());
   }
-  // A curve alone bears coarser thinning, as what it takes is taken off the arcs (Jeu.h); where there are few points,
-  // that costs more than it gains. The rings of a pocket have to cover all between them.
+  // A curve alone bears coarser thinning, as what it takes is taken off the arcs (Jeu.h); where there are few
+  // points, that costs more than it gains. The rings of a pocket have to cover all between them.
   const bool ferme = MemePlace(points.front(), points.back());
   const bool seule = points.size() > PointsMax && (!ferme || recouvrement == 100);
   const double part = seule ? 0.2 : 0.1;
