@@ -19,9 +19,10 @@ std::vector<Segment> SegmentsDeRegion(const Region& region) {
 
 }  // namespace
 
-// A cutter hardly wider than the tolerance still may not cross the outline.
+// Rings come as near as their hair and their chords make them (Jeu.h): so may the ways along and between them, and
+// no nearer. A cutter hardly wider than the tolerance still may not cross the outline.
 Acces::Acces(const Region& region, double rayon, double tolerance)
-    : contour_(SegmentsDeRegion(region)), limite_(std::max(rayon - 1.0001 * tolerance, rayon / 2)) {}
+    : contour_(SegmentsDeRegion(region)), limite_(std::max(rayon - 0.94 * tolerance, rayon / 2)) {}
 
 bool Acces::Libre(Vec2 a, Vec2 b) const { return !contour_.PassePres({a, b}, limite_); }
 

@@ -10,7 +10,7 @@ using decalage::Region;
 
 class Acces {
  public:
-  // `tolerance`: how much nearer than `rayon` the middle may come to the outline, mm.
+  // `tolerance`: of the rings, mm; the middle may come as near to the outline as they do.
   Acces(const Region& region, double rayon, double tolerance);
 
   // May the cutter go straight from `a`, a place it may be at, to `b`?
