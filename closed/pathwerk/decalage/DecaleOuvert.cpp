@@ -44,7 +44,17 @@ class Juge {
  public:
   // `egal`: distances that differ by less are equal, mm.
   Juge(const Chemin& chemin, bool gauche, double egal, Contacts& contacts)
-      : chemin_(chemin), gauche_(gauche), egal_(egal), arbre_(SegmentsDe(chemin, false)), contacts_(contacts) {}
+      : chemin_(chemin), gauche_(gauche), egal_(egal), arbre_(SegmentsDe(chemin, false)), contacts_(contacts) {
+    const std::size_t n = chemin.size();
+    double l = 0;
+    for (; premiers_ + 1 < n && l <= Contacts::Portee; ++premiers_) {
+      l += Norme(chemin[premiers_ + 1] - chemin[premiers_]);
+    }
+    l = 0;
+    for (; derniers_ + 1 < n && l <= Contacts::Portee; ++derniers_) {
+      l += Norme(chemin[n - 1 - derniers_] - chemin[n - 2 - derniers_]);
+    }
+  }
 
   // Does an edge of that origin, on the path there and back, run beside the way there?
   [[nodiscard]] bool Aller(const Origine& o) const {
@@ -130,6 +140,7 @@ class Juge {
     return bon;
   }
   [[nodiscard]] bool VuDuBonCote(Vec2 p, const Lieu& l) const {
+    if (AuDelaDUnBout(p, l)) return false;
     const std::size_t dernier = chemin_.size() - 2;
     const Segment& s = arbre_.Segments()[l.segment];
     const Vec2 u = Unite(s.b - s.a);
@@ -152,6 +163,20 @@ class Juge {
     return gauche_ ? cote > 0 : cote < 0;
   }
 
+  // Is `p` seen from an end, or from a place that isn't told apart from it, and beyond it? The first and the last
+  // segment tell, however short they are.
+  [[nodiscard]] bool AuDelaDUnBout(Vec2 p, const Lieu& l) const {
+    const std::size_t n = chemin_.size();
+    const auto pres = [&l](Vec2 bout) { return Norme(l.point - bout) <= Contacts::Portee; };
+    if (l.segment < premiers_ && pres(chemin_[0])) {
+      return Scalaire(p - chemin_[0], Unite(chemin_[1] - chemin_[0])) < -1e-9;
+    }
+    if (l.segment + derniers_ >= n - 1 && pres(chemin_[n - 1])) {
+      return Scalaire(p - chemin_[n - 1], Unite(chemin_[n - 1] - chemin_[n - 2])) > 1e-9;
+    }
+    return false;
+  }
+
   // Mean direction in the corner b; none where the path turns right back.
   [[nodiscard]] Vec2 Direction(Vec2 a, Vec2 b, Vec2 c) const {
     const Vec2 d = Unite(b - a) + Unite(c - b);
@@ -163,6 +188,8 @@ class Juge {
   double egal_;
   ArbreSegments arbre_;
   Contacts& contacts_;
+  std::size_t premiers_ = 0;  // segments that begin within a touch of the start, along the path
+  std::size_t derniers_ = 0;  // those that end so near to the end
 };
 
 // The path there and back, which knows which way each segment is walked.

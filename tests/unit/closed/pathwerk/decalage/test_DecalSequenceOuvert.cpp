@@ -161,3 +161,9 @@ TEST(DecalSequence, OpenPathsThatTrembleWithinTheThinningComeOutWithinTheToleran
       ASSERT_LE(Mesure(s, Decale(s, r).second, r, 600).Pire(), 0.0086) << k << " at " << r;
   }
 }
+
+TEST(DecalSequence, OpenPathWhoseEndSegmentsAreShorterThanATouchEndsAcrossThem) {
+  // The ends lie within a touch of the segments behind them; what is beyond an end is no side of those.
+  const Trace s = EnTrace({{0, 0}, {0.008, 0}, {10, 3}, {22, 0}, {22.008, 0}}, false);
+  for (const double r : {1.5, -1.5, 3.0, -3.0}) EXPECT_LE(Mesure(s, Decale(s, r).second, r).Pire(), 0.01) << r;
+}
