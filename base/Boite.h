@@ -31,8 +31,11 @@ struct Boite {
     x1 = std::max(x1, b.x1);
     y1 = std::max(y1, b.y1);
   }
+  // All four are compared, whatever the first one says: no processor foretells what a search finds, and a branch
+  // that it foretold wrongly costs more than they do. So below.
   [[nodiscard]] constexpr bool Rencontre(const Boite& b) const {
-    return x0 <= b.x1 && b.x0 <= x1 && y0 <= b.y1 && b.y0 <= y1;
+    return static_cast<int>(x0 <= b.x1) & static_cast<int>(b.x0 <= x1) & static_cast<int>(y0 <= b.y1) &
+           static_cast<int>(b.y0 <= y1);
   }
 };
 
@@ -40,8 +43,8 @@ struct Boite {
 template <class T>
 constexpr double Distance2(const Boite<T>& b, Vec2 p) {
   const double x0 = b.x0, y0 = b.y0, x1 = b.x1, y1 = b.y1;
-  const double dx = p.x < x0 ? x0 - p.x : p.x > x1 ? p.x - x1 : 0;
-  const double dy = p.y < y0 ? y0 - p.y : p.y > y1 ? p.y - y1 : 0;
+  const double dx = std::max(std::max(x0 - p.x, p.x - x1), 0.0);
+  const double dy = std::max(std::max(y0 - p.y, p.y - y1), 0.0);
   return dx * dx + dy * dy;
 }
 

@@ -68,12 +68,20 @@ inline std::optional<Part> PartDans(const Segment& s, const Boite<double>& b) {
   return dedans ? std::optional(part) : std::nullopt;
 }
 
-// The first of the nearest places among `nombre` segments, `segment(i)` each; linear.
+// The first of the nearest places among `nombre` segments, `segment(i)` each; linear. `limite2`: what is that far
+// from `p` or farther, squared, is none.
 template <class De>
-Lieu LieuProche(std::size_t nombre, De segment, Vec2 p) {
+Lieu LieuProche(std::size_t nombre, De segment, Vec2 p, double limite2 = std::numeric_limits<double>::infinity()) {
   Lieu meilleur;
+  meilleur.distance2 = limite2;
   for (std::size_t i = 0; i < nombre; ++i) {
-    Lieu l = LieuSurSegment(segment(i), p);
+    const Segment s = segment(i);
+    // Most lie too far along one axis already.
+    const double dx = std::max(std::min(s.a.x, s.b.x) - p.x, p.x - std::max(s.a.x, s.b.x));
+    if (dx > 0 && dx * dx >= meilleur.distance2) continue;
+    const double dy = std::max(std::min(s.a.y, s.b.y) - p.y, p.y - std::max(s.a.y, s.b.y));
+    if (dy > 0 && dy * dy >= meilleur.distance2) continue;
+    Lieu l = LieuSurSegment(s, p);
     l.segment = i;
     if (l.distance2 < meilleur.distance2) meilleur = l;
   }

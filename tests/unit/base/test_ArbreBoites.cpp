@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <numeric>
+#include <random>
 #include <set>
 #include <vector>
 
@@ -171,6 +174,63 @@ TEST(Segment, OfEqualPlacesTheFirstCountsAndAClosedPathHasTheEdgeBack) {
   EXPECT_EQ(base::LieuProche(4, arete, {1, 1}).segment, 0U);
   EXPECT_EQ(base::LieuProche(4, arete, {0.25, 1}).segment, 3U);
   EXPECT_EQ(base::LieuProche(0, arete, {1, 1}).distance2, std::numeric_limits<double>::infinity());
+}
+
+TEST(Segment, WhatLiesAsFarAsTheLimitIsNotFound) {
+  const base::Chemin carre{{0, 0}, {2, 0}, {2, 2}, {0, 2}};
+  const auto arete = [&](std::size_t i) { return base::Arete(carre, i); };
+  EXPECT_EQ(base::LieuProche(4, arete, {2.5, 1}, 0.26).segment, 1U);
+  EXPECT_EQ(base::LieuProche(4, arete, {2.5, 1}, 0.26).distance2, 0.25);
+  EXPECT_EQ(base::LieuProche(4, arete, {2.5, 1}, 0.25).distance2, 0.25);
+  EXPECT_EQ(base::LieuProche(4, arete, {2.5, 1}, 0.25).segment, 0U);  // none: the limit itself comes back
+}
+
+// Segments here and there, and the nearest of them by asking each: those passed over by their box are none of it.
+TEST(Segment, TheNearestOfManyIsThatOfAllAskedOneByOne) {
+  std::mt19937_64 g(5);
+  std::uniform_real_distribution<double> u(-10, 10);
+  std::vector<base::Segment> segments;
+  for (int k = 0; k < 60; ++k) {
+    const base::Vec2 a{u(g), u(g)};
+    segments.push_back({a, a + base::Vec2{u(g) / 5, u(g) / 5}});
+  }
+  for (int essai = 0; essai < 500; ++essai) {
+    const base::Vec2 p{u(g), u(g)};
+    double meilleur = std::numeric_limits<double>::infinity();
+    for (const base::Segment& s : segments) meilleur = std::min(meilleur, base::LieuSurSegment(s, p).distance2);
+    EXPECT_EQ(base::LieuProche(
+                  60, [&](std::size_t i) { return segments[i]; }, p)
+                  .distance2,
+              meilleur)
+        << essai;
+  }
+}
+
+TEST(Boite, OneThatHoldsNothingMeetsNothingAndLiesInfinitelyFar) {
+  const base::Boite<double> rien;
+  const auto tout = base::Boite<double>{-1e300, -1e300, 1e300, 1e300};
+  EXPECT_FALSE(rien.Rencontre(tout));
+  EXPECT_FALSE(tout.Rencontre(rien));
+  EXPECT_EQ(base::Distance2(rien, {0, 0}), std::numeric_limits<double>::infinity());
+}
+
+TEST(Boite, ThoseThatTouchMeetAndThoseApartAlongOneAxisDoNot) {
+  const base::Boite<double> b{0, 0, 2, 1};
+  EXPECT_TRUE(b.Rencontre({2, 1, 3, 3}));
+  EXPECT_FALSE(b.Rencontre({2.1, 0, 3, 1}));
+  EXPECT_FALSE(b.Rencontre({-3, 0, -0.1, 1}));
+  EXPECT_FALSE(b.Rencontre({0, 1.1, 2, 3}));
+  EXPECT_FALSE(b.Rencontre({0, -3, 2, -0.1}));
+}
+
+TEST(Boite, TheDistanceOfAPlaceIsThatToItsNearestSideOrCorner) {
+  const base::Boite<double> b{0, 0, 2, 1};
+  EXPECT_EQ(base::Distance2(b, {1, 0.5}), 0);
+  EXPECT_EQ(base::Distance2(b, {5, 0.5}), 9);
+  EXPECT_EQ(base::Distance2(b, {-3, 0.5}), 9);
+  EXPECT_EQ(base::Distance2(b, {1, 3}), 4);
+  EXPECT_EQ(base::Distance2(b, {1, -2}), 4);
+  EXPECT_EQ(base::Distance2(b, {5, 5}), 25);
 }
 
 }  // namespace
