@@ -108,7 +108,8 @@ bool PeutSeCroiser(const Chemin& boucle) {
 
 bool ArbreSegments::PeutSeCroiser() const {
   if (segments_.size() < 3) return !segments_.empty();
-  const Suites suites(arbre_, true, [this](std::size_t i) { return SensDe(segments_[i].b - segments_[i].a); });
+  const Suites suites(arbre_, true,
+                      [this](std::size_t i, Pas& pas) { pas.Ajoute(segments_[i].b - segments_[i].a); });
   return !suites.Parcourt([this](std::size_t i, std::size_t j) {
     return !SeTouchent(segments_[i], segments_[j], i, j, segments_.size());
   });

@@ -8,9 +8,11 @@
 //                       3     1 and 3: their boxes are looked at
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "base/Arret.h"
@@ -21,25 +23,56 @@ namespace pathwerk {
 // Senses that occur in a run, two bits for each of four axes (x, y, and the two diagonals): "some step doesn't go
 // up" and "some step doesn't go down".
 using Sens = std::uint8_t;
-constexpr Sens SensDe(Vec2 d) {
-  const auto axe = [](double v) { return static_cast<unsigned>(!(v > 0)) | static_cast<unsigned>(!(v < 0)) << 1; };
-  return static_cast<Sens>(axe(d.x) | axe(d.y) << 2 | axe(d.x + d.y) << 4 | axe(d.x - d.y) << 6);
-}
-constexpr Sens TousSens = 0xFF;  // of what turns right round
 constexpr bool UnSeulSens(unsigned sens) { return (sens & sens >> 1 & 0x55U) != 0x55U; }
+
+// Steps of a run. The least and the greatest along each axis tell their senses, and cost less than the senses of
+// each step.
+class Pas {
+ public:
+  constexpr void Ajoute(Vec2 d) {
+    Etend(0, d.x);
+    Etend(1, d.y);
+    Etend(2, d.x + d.y);
+    Etend(3, d.x - d.y);
+  }
+  // What turns right round.
+  constexpr void AjouteTous() {
+    for (std::size_t k = 0; k < Axes; ++k) {
+      Etend(k, -1);
+      Etend(k, 1);
+    }
+  }
+  [[nodiscard]] constexpr Sens Vus() const {
+    const auto axe = [this](std::size_t k) {
+      return static_cast<unsigned>(moins_[k] <= 0) | static_cast<unsigned>(plus_[k] >= 0) << 1U;
+    };
+    return static_cast<Sens>(axe(0) | axe(1) << 2U | axe(2) << 4U | axe(3) << 6U);
+  }
+
+ private:
+  static constexpr std::size_t Axes = 4;
+  constexpr void Etend(std::size_t k, double v) {
+    moins_[k] = std::min(moins_[k], v);
+    plus_[k] = std::max(plus_[k], v);
+  }
+  static constexpr double Inf = std::numeric_limits<double>::infinity();
+  double moins_[Axes] = {Inf, Inf, Inf, Inf};
+  double plus_[Axes] = {-Inf, -Inf, -Inf, -Inf};
+};
 
 // `Arbre`: a base::ArbreBoites over the things in the order of the path.
 template <class Arbre>
 class Suites {
  public:
-  // `sens(i)`: senses of thing i and of the step to its start from the end of the one before. `fermee`: the path is
-  // one that comes back from its last thing to its first.
-  template <class SensDuPas>
-  Suites(const Arbre& arbre, bool fermee, SensDuPas sens)
+  // `ajoute(i, pas)` adds the steps of thing i and the one to its start from the end of the thing before. `fermee`:
+  // the path is one that comes back from its last thing to its first.
+  template <class AjoutePas>
+  Suites(const Arbre& arbre, bool fermee, AjoutePas ajoute)
       : arbre_(arbre), fermee_(fermee), sens_(arbre.Noeuds(), 0) {
-    for (std::size_t i = 0; i < arbre.Nombre(); ++i) {
-      Sens& s = sens_[arbre.FeuilleDe(i)];
-      s = static_cast<Sens>(s | sens(i));
+    for (std::size_t k = arbre.Feuilles(), i = 0; i < arbre.Nombre(); ++k) {
+      Pas pas;
+      for (const std::size_t fin = arbre.Fin(k); i < fin; ++i) ajoute(i, pas);
+      sens_[k] = pas.Vus();
     }
     for (std::size_t k = arbre.Feuilles() - 1; k >= 1; --k)
       sens_[k] = static_cast<Sens>(sens_[2 * k] | sens_[2 * k + 1]);
@@ -71,14 +104,18 @@ class Suites {
       }
       return true;
     }
-    return Dans(2 * k, paire) && Dans(2 * k + 1, paire) && Entre(2 * k, 2 * k + 1, true, fermee_ && k == 1, paire);
+    return Dans(2 * k, paire) && Dans(2 * k + 1, paire) && Essaie(2 * k, 2 * k + 1, true, fermee_ && k == 1, paire);
   }
 
   // `joints`: d begins where g ends. `boucle`: g begins with the first thing of a closed path, d ends with the
   // last.
   template <class Paire>
+  bool Essaie(std::size_t g, std::size_t d, bool joints, bool boucle, Paire& paire) const {
+    return !arbre_.De(g).Rencontre(arbre_.De(d)) || Entre(g, d, joints, boucle, paire);
+  }
+  // The same of two whose boxes meet.
+  template <class Paire>
   bool Entre(std::size_t g, std::size_t d, bool joints, bool boucle, Paire& paire) const {
-    if (!arbre_.De(g).Rencontre(arbre_.De(d))) return true;
     // Two runs joined end to end that go one way together. Their far ends may join too, but only in a closed path,
     // and that can't go one way.
     if ((joints || boucle) && UnSeulSens(static_cast<unsigned>(sens_[g] | sens_[d]))) return true;
@@ -97,9 +134,9 @@ class Suites {
     }
     // The greater box is halved; leaves stay whole. An empty half has no box that meets another.
     if (feuilleD || std::bit_width(g) < std::bit_width(d)) {
-      return Entre(2 * g, d, false, boucle, paire) && Entre(2 * g + 1, d, joints, false, paire);
+      return Essaie(2 * g, d, false, boucle, paire) && Essaie(2 * g + 1, d, joints, false, paire);
     }
-    return Entre(g, 2 * d, joints, false, paire) && Entre(g, 2 * d + 1, false, boucle, paire);
+    return Essaie(g, 2 * d, joints, false, paire) && Essaie(g, 2 * d + 1, false, boucle, paire);
   }
 
   [[nodiscard]] bool Arrete(std::size_t noeud) const {

@@ -39,17 +39,17 @@ class Chercheur {
             std::max(p.a.y, p.b.y) + e};
   }
   // Of the stretch, and of the step to its start from the end of the one before.
-  [[nodiscard]] Sens SensDuPas(std::size_t k) const {
+  void AjoutePas(std::size_t k, Pas& pas) const {
     const ArcLibre& p = libres_[k];
-    unsigned sens = 0;
-    if (k > 0 && libres_[k - 1].suite != k) sens = SensDe(p.a - libres_[k - 1].b);
-    if (!p.arc) return static_cast<Sens>(sens | SensDe(p.b - p.a));
+    if (k > 0 && libres_[k - 1].suite != k) pas.Ajoute(p.a - libres_[k - 1].b);
+    if (!p.arc) return pas.Ajoute(p.b - p.a);
     const Vec2 c = source_.A(p.source);
     const Vec2 u = p.a - c;
     const Vec2 v = p.b - c;
     // A turn of less than half goes between the directions of its ends.
-    if (Vectoriel(u, v) * sens_ <= 1e-9 * r_ * r_ && Scalaire(u, v) < 0) return TousSens;
-    return static_cast<Sens>(sens | SensDe(Gauche(u) * sens_) | SensDe(Gauche(v) * sens_));
+    if (Vectoriel(u, v) * sens_ <= 1e-9 * r_ * r_ && Scalaire(u, v) < 0) return pas.AjouteTous();
+    pas.Ajoute(Gauche(u) * sens_);
+    pas.Ajoute(Gauche(v) * sens_);
   }
   [[nodiscard]] bool SeRencontrent(std::size_t i, std::size_t j) const {
     const ArcLibre& p = libres_[i];
@@ -120,11 +120,13 @@ std::optional<Rencontres> ChercheRencontres(const ArcSource& source, std::span<c
   // A crowd is one from its beginning.
   if (n > 8 * Essai && !ChercheRencontres(source, libres.first(Essai), d)) return std::nullopt;
   const Chercheur chercheur(source, libres, d);
-  std::vector<base::Boite<double>> boites(n);
-  for (std::size_t k = 0; k < n; ++k) boites[k] = chercheur.BoiteDe(k);
-  const base::ArbreBoites<double, 4> arbre(
-      n, [&boites](std::size_t k, base::Boite<double>& boite) { boite.Etend(boites[k]); });
-  const Suites suites(arbre, false, [&](std::size_t k) { return chercheur.SensDuPas(k); });
+  std::vector<base::Boite<double>> boites;
+  boites.reserve(n);
+  const base::ArbreBoites<double, 4> arbre(n, [&](std::size_t k, base::Boite<double>& boite) {
+    boites.push_back(chercheur.BoiteDe(k));
+    boite.Etend(boites.back());
+  });
+  const Suites suites(arbre, false, [&](std::size_t k, Pas& pas) { chercheur.AjoutePas(k, pas); });
   std::vector<Rencontres::Paire> paires;
   std::size_t reste = PairesParTrait * n + PairesToujours;
   std::size_t vus = 0;  // pairs of the first ones come first

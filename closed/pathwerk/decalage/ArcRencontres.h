@@ -22,6 +22,11 @@ class Rencontres {
   [[nodiscard]] std::span<const std::uint32_t> De(std::size_t k) const {
     return {autres_.data() + debuts_[k], autres_.data() + debuts_[k + 1]};
   }
+  // The first stretch from k on that meets one; their number: none does.
+  [[nodiscard]] std::size_t Prochaine(std::size_t k) const {
+    while (k + 1 < debuts_.size() && debuts_[k] == debuts_[k + 1]) ++k;
+    return k;
+  }
 
  private:
   std::vector<std::uint32_t> debuts_;

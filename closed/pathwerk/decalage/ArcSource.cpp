@@ -13,19 +13,22 @@ ArcSource::ArcSource(std::span<const Chemin> contours) {
   std::size_t n = 0;
   for (const Chemin& c : contours) n += c.size() >= 2 ? c.size() : 0;
   sommets_.reserve(n);
-  suivant_.reserve(n);
-  precedent_.reserve(n);
+  suivant_.resize(n);
+  precedent_.resize(n);
   for (const Chemin& c : contours) {
     if (c.size() < 2) continue;
     const std::size_t debut = sommets_.size();
     unSeul_ = unSeul_ && debut == 0;
     debuts_.push_back(Numero32(debut));
-    for (std::size_t k = 0; k < c.size(); ++k) {
-      sommets_.push_back(c[k]);
-      suivant_.push_back(Numero32(k + 1 < c.size() ? debut + k + 1 : debut));
-      precedent_.push_back(Numero32(k > 0 ? debut + k - 1 : debut + c.size() - 1));
-      etendue_ = std::max({etendue_, std::abs(c[k].x), std::abs(c[k].y)});
+    sommets_.insert(sommets_.end(), c.begin(), c.end());
+    const std::size_t dernier = sommets_.size() - 1;
+    for (std::size_t i = debut; i < dernier; ++i) {
+      suivant_[i] = Numero32(i + 1);
+      precedent_[i + 1] = Numero32(i);
     }
+    suivant_[dernier] = Numero32(debut);
+    precedent_[debut] = Numero32(dernier);
+    for (const Vec2 p : c) etendue_ = std::max({etendue_, std::abs(p.x), std::abs(p.y)});
   }
   arbre_ = Arbre(n, [this](std::size_t i, base::Boite<double>& b) {
     b.Etend(A(i).x, A(i).y);
@@ -40,7 +43,7 @@ std::size_t ArcSource::DebutDuContour(std::size_t i) const {
 bool ArcSource::PeutSeCroiser() const {
   const std::size_t n = Taille();
   if (n < 3) return n > 0;
-  const Suites suites(arbre_, true, [this](std::size_t i) { return SensDe(B(i) - A(i)); });
+  const Suites suites(arbre_, true, [this](std::size_t i, Pas& pas) { pas.Ajoute(B(i) - A(i)); });
   return !suites.Parcourt([this, n](std::size_t i, std::size_t j) {
     return !SeTouchent({A(i), B(i)}, {A(j), B(j)}, i, j, n);
   });

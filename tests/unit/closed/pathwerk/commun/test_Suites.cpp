@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <initializer_list>
 #include <random>
 #include <set>
 #include <utility>
@@ -13,8 +14,7 @@
 #include "closed/pathwerk/commun/Suites.h"
 
 using pathwerk::Chemin;
-using pathwerk::Sens;
-using pathwerk::SensDe;
+using pathwerk::Pas;
 using pathwerk::Suites;
 using pathwerk::Vec2;
 
@@ -29,7 +29,7 @@ Paires PairesDe(const Chemin& c) {
     b.Etend(c[i].x, c[i].y);
     b.Etend(c[i + 1].x, c[i + 1].y);
   });
-  const Suites suites(arbre, false, [&c](std::size_t i) { return SensDe(c[i + 1] - c[i]); });
+  const Suites suites(arbre, false, [&c](std::size_t i, Pas& pas) { pas.Ajoute(c[i + 1] - c[i]); });
   Paires r;
   EXPECT_TRUE(suites.Parcourt([&r](std::size_t i, std::size_t j) {
     r.emplace(i, j);
@@ -74,17 +74,41 @@ TEST(Suites, EndWhereThePairSaysSo) {
   Chemin c;
   for (int k = 0; k < 200; ++k) c.push_back({std::cos(0.7 * k), std::sin(0.7 * k)});
   const Arbre arbre(c.size() - 1, [&c](std::size_t i, base::Boite<double>& b) { b.Etend(c[i].x, c[i].y); });
-  const Suites suites(arbre, false, [](std::size_t) { return pathwerk::TousSens; });
+  const Suites suites(arbre, false, [](std::size_t, Pas& pas) { pas.AjouteTous(); });
   int vues = 0;
   EXPECT_FALSE(suites.Parcourt([&vues](std::size_t, std::size_t) { return ++vues < 5; }));
   EXPECT_EQ(vues, 5);
 }
 
-TEST(SensDe, KnowsStepsAlongTheAxesAndTheDiagonals) {
+namespace {
+
+bool VaDansUnSens(std::initializer_list<Vec2> directions) {
+  Pas pas;
+  for (const Vec2 d : directions) pas.Ajoute(d);
+  return pathwerk::UnSeulSens(pas.Vus());
+}
+
+}  // namespace
+
+TEST(Pas, KnowStepsAlongTheAxesAndTheDiagonals) {
   // A step along an axis goes neither way along the other one.
-  EXPECT_TRUE(pathwerk::UnSeulSens(SensDe({1, 0})));
-  EXPECT_TRUE(pathwerk::UnSeulSens(static_cast<Sens>(SensDe({1, 1}) | SensDe({1, -1}))));
-  EXPECT_TRUE(pathwerk::UnSeulSens(static_cast<Sens>(SensDe({-1, 0}) | SensDe({0, -1}))));
-  EXPECT_FALSE(pathwerk::UnSeulSens(static_cast<Sens>(SensDe({1, 0}) | SensDe({-1, 0}))));
-  EXPECT_FALSE(pathwerk::UnSeulSens(SensDe({0, 0})));
+  EXPECT_TRUE(VaDansUnSens({{1, 0}}));
+  EXPECT_TRUE(VaDansUnSens({{1, 1}, {1, -1}}));
+  EXPECT_TRUE(VaDansUnSens({{-1, 0}, {0, -1}}));
+  EXPECT_FALSE(VaDansUnSens({{1, 0}, {-1, 0}}));
+  EXPECT_FALSE(VaDansUnSens({{0, 0}}));
+}
+
+// On each side of every axis but one, so that only that one tells.
+TEST(Pas, GoOneWayAlongADiagonalAlone) {
+  EXPECT_TRUE(VaDansUnSens({{3, -1}, {-1, 3}}));
+  EXPECT_TRUE(VaDansUnSens({{3, 1}, {-1, -3}}));
+  EXPECT_FALSE(VaDansUnSens({{3, -1}, {-1, 3}, {-1, -1}}));
+}
+
+TEST(Pas, ThatTurnRightRoundGoNoWay) {
+  Pas pas;
+  pas.Ajoute({1, 1});
+  pas.AjouteTous();
+  EXPECT_FALSE(pathwerk::UnSeulSens(pas.Vus()));
 }
