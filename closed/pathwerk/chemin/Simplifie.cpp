@@ -113,6 +113,32 @@ std::size_t Portee(Places p, std::size_t a, std::size_t fin, double e) {
   return atteint;
 }
 
+// Does the path turn so much at b that no line from a passes both near b and near c? The sine between them is then
+// more than both discs together are wide as seen from a. Never a wrong yes.
+bool Tourne(Vec2 a, Vec2 b, Vec2 c, double e) {
+  const Vec2 v = b - a;
+  const Vec2 w = c - a;
+  const double sinus = Vectoriel(v, w);
+  return sinus * sinus > 2 * e * e * (Scalaire(v, v) + Scalaire(w, w)) && Scalaire(v, w) > 0;
+}
+
+// From `a` on all points that are corners, as most of a small drawing are: they stay, and cost no cone. Returns the
+// last one.
+template <class Places>
+std::size_t GardeCoins(Places p, std::size_t a, std::size_t fin, double e, std::vector<std::size_t>& reste) {
+  if (a + 2 > fin) return a;
+  Vec2 ici = p(a);
+  Vec2 coin = p(a + 1);
+  for (; a + 2 <= fin; ++a) {
+    const Vec2 apres = p(a + 2);
+    if (!Tourne(ici, coin, apres, e)) break;
+    reste.push_back(a + 1);
+    ici = coin;
+    coin = apres;
+  }
+  return a;
+}
+
 template <class Places>
 bool Couvre(Places p, std::size_t a, std::size_t b, double e) {
   const Vec2 d = p(b) - p(a);
@@ -129,7 +155,7 @@ template <class Places>
 void Passe(Places p, std::size_t debut, std::size_t fin, double e, std::vector<std::size_t>& reste) {
   const std::size_t premier = reste.size();
   for (std::size_t a = debut; a < fin;) {
-    a = Portee(p, a, fin, e);
+    a = Portee(p, GardeCoins(p, a, fin, e, reste), fin, e);
     reste.push_back(a);
   }
   // The greedy walk can leave its last but one point beside the end.

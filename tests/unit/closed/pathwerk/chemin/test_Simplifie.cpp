@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <numbers>
 #include <random>
 #include <vector>
@@ -81,4 +82,22 @@ TEST(SimplifieDense, DoesNotCutOffASpikeThatGoesThereAndBack) {
   points[pointe].Y = 0;
   const auto reste = pathwerk::chemin::Simplifie(points, Vec2{}, {}, Tolerance);
   EXPECT_TRUE(std::binary_search(reste.begin(), reste.end(), pointe));
+}
+
+// Seen from the first point the two in the middle lie 11 degrees apart, more than a disc is wide and less than both
+// are: a line between them comes near to both.
+TEST(Simplifie, ALineBetweenTwoPointsStandsForBoth) {
+  const double e = 1;
+  const double alpha = std::asin(e / 10);
+  const auto vers = [](double angle, double loin) { return Vec2{loin * std::cos(angle), loin * std::sin(angle)}; };
+  const std::vector<Vec2> c{{0, 0}, vers(0, 10), vers(1.9 * alpha, 10), vers(0.95 * alpha, 40)};
+  const std::vector<std::uint8_t> garde(c.size(), 0);
+  EXPECT_EQ(pathwerk::chemin::Simplifie(c, garde, e), (std::vector<std::size_t>{0, 3}));
+}
+
+TEST(Simplifie, CornersAllStay) {
+  std::vector<Vec2> c;
+  for (int k = 0; k < 50; ++k) c.push_back({double(k), (k % 2 != 0) ? 1.0 : 0.0});
+  const std::vector<std::uint8_t> garde(c.size(), 0);
+  EXPECT_EQ(pathwerk::chemin::Simplifie(c, garde, 0.01).size(), c.size());
 }
