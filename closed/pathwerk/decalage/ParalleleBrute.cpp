@@ -46,8 +46,11 @@ class Traceur {
     sortie_.reserve(2 * n);
     if (origines != nullptr) origines->reserve(2 * n);
     float entree = 1;  // of the first corner: share of the segment before it
+    Cote avant = CoteDe(n - 1);
     for (std::size_t i = 0; i < n; ++i) {
-      const Coin c = CoinEn(i);
+      const Cote apres = CoteDe(i);
+      const Coin c = CoinEntre(chemin_[i], avant, apres);
+      avant = apres;
       const double recul = Emet(c);
       if (origines == nullptr) continue;
       const auto arrivee = static_cast<float>(1 - recul / c.la);
@@ -96,7 +99,7 @@ class Traceur {
         Emet(c);
       } else {
         if (avant || secteur[i] != 0) sortie_.push_back(c.v + c.na * d_);
-        if (secteur[i] != 0 && !c.interieur) Arc(c.v, c.na * d_, c.angle);
+        if (secteur[i] != 0 && !c.interieur) Arc(c.v, c.na * d_, AngleDe(c));
         if (apres || secteur[i] != 0) sortie_.push_back(c.v + c.nb * d_);
       }
       if (!apres) suivi_.push_back(c.v);
@@ -112,46 +115,60 @@ class Traceur {
     double lb;  // ... and behind
     Vec2 na;    // left normals of both
     Vec2 nb;
-    double angle;    // turn of the path, left positive
+    double sinus;    // of the turn of the path, left positive
+    double cosinus;  // ... -1 where the path turns right back
     bool interieur;  // the parallels meet before the corner
   };
+  static constexpr double DemiTour = 1e-9;     // rad: a turn this near to half a turn goes right back
+  static constexpr double Droit = 1e-12;       // rad: a turn less than this is none
+  static constexpr double CosinusMin = -0.99;  // of an inner corner whose parallels meet
 
+  // Left normal and length of segment i.
+  struct Cote {
+    Vec2 n;
+    double l;
+  };
+  [[nodiscard]] Cote CoteDe(std::size_t i) const {
+    const Vec2 w = chemin_[base::Suivant(i, chemin_.size())] - chemin_[i];
+    const double l = Norme(w);
+    return {Gauche(w) * (1 / l), l};
+  }
   [[nodiscard]] Coin CoinEn(std::size_t i) const {
-    const std::size_t n = chemin_.size();
-    const Vec2 avant = chemin_[base::Precedent(i, n)];
-    const Vec2 apres = chemin_[base::Suivant(i, n)];
-    Coin c{};
-    c.v = chemin_[i];
-    c.la = Norme(c.v - avant);
-    c.lb = Norme(apres - c.v);
-    c.na = Gauche(c.v - avant) * (1 / c.la);
-    c.nb = Gauche(apres - c.v) * (1 / c.lb);
-    c.angle = std::atan2(Vectoriel(c.na, c.nb), Scalaire(c.na, c.nb));
+    return CoinEntre(chemin_[i], CoteDe(base::Precedent(i, chemin_.size())), CoteDe(i));
+  }
+  [[nodiscard]] Coin CoinEntre(Vec2 v, const Cote& avant, const Cote& apres) const {
+    Coin c{v, avant.l, apres.l, avant.n, apres.n, Vectoriel(avant.n, apres.n), Scalaire(avant.n, apres.n), false};
     // A turn right back has no inner side: the curve goes around the tip.
-    if (std::numbers::pi - std::abs(c.angle) < 1e-9) c.angle = d_ > 0 ? -std::numbers::pi : std::numbers::pi;
-    c.interieur = c.angle * d_ > 0;
+    if (c.cosinus < 0 && std::abs(c.sinus) < DemiTour) {
+      c.sinus = 0;
+      c.cosinus = -1;
+    }
+    c.interieur = c.sinus * d_ > 0;
     return c;
   }
+  // The turn, left positive.
+  [[nodiscard]] double AngleDe(const Coin& c) const {
+    if (c.cosinus == -1) return d_ > 0 ? -std::numbers::pi : std::numbers::pi;
+    return std::atan2(c.sinus, c.cosinus);
+  }
+  static bool VaDroit(const Coin& c) { return c.cosinus > 0 && std::abs(c.sinus) < Droit; }
 
   // How much of both segments the parallels lose in the corner comes back, mm.
   double Emet(const Coin& c) {
-    const double cosinus = Scalaire(c.na, c.nb);
-    const double demi = std::abs(c.angle) / 2;
-    const Vec2 rencontre = cosinus > -0.99 ? c.v + (c.na + c.nb) * (d_ / (1 + cosinus)) : c.v;
-    if (std::abs(c.angle) < 1e-12) {
+    const double tangente = std::abs(c.sinus) / (1 + c.cosinus);  // of half the turn
+    if (VaDroit(c)) {
       sortie_.push_back(c.v + c.nb * d_);
     } else if (c.interieur) {
-      if (cosinus > -0.99 && r_ * std::tan(demi) <= 0.5 * std::min(c.la, c.lb)) {
-        sortie_.push_back(rencontre);
-        return r_ * std::tan(demi);
-      } else {
-        sortie_.insert(sortie_.end(), {c.v + c.na * d_, c.v, c.v + c.nb * d_});
+      if (c.cosinus > CosinusMin && r_ * tangente <= 0.5 * std::min(c.la, c.lb)) {
+        sortie_.push_back(c.v + (c.na + c.nb) * (d_ / (1 + c.cosinus)));
+        return r_ * tangente;
       }
-    } else if (cosinus > 0.5 && r_ * (1 - std::cos(demi)) <= 0.5 * fleche_) {
+      sortie_.insert(sortie_.end(), {c.v + c.na * d_, c.v, c.v + c.nb * d_});
+    } else if (c.cosinus > 0.5 && r_ * (1 - std::sqrt((1 + c.cosinus) / 2)) <= 0.5 * fleche_) {
       sortie_.push_back(c.v + Unite(c.na + c.nb) * d_);
     } else {
       sortie_.push_back(c.v + c.na * d_);
-      Arc(c.v, c.na * d_, c.angle);
+      Arc(c.v, c.na * d_, AngleDe(c));
       sortie_.push_back(c.v + c.nb * d_);
     }
     return 0;
@@ -182,16 +199,17 @@ class Traceur {
   }
 
   [[nodiscard]] bool ArcLibre(const Coin& c, const ArbreSegments& arbre) const {
-    if (c.interieur || std::abs(c.angle) < 1e-12) return false;
-    const auto pas = static_cast<long>(std::ceil(std::abs(c.angle) / 0.7));
+    if (c.interieur || VaDroit(c)) return false;
+    const double angle = AngleDe(c);
+    const auto pas = static_cast<long>(std::ceil(std::abs(angle) / 0.7));
     Vec2 a = c.na * d_;
     for (long i = 1; i <= pas; ++i) {
-      const Vec2 b = Tourne(c.na * d_, c.angle * static_cast<double>(i) / static_cast<double>(pas));
+      const Vec2 b = Tourne(c.na * d_, angle * static_cast<double>(i) / static_cast<double>(pas));
       // Chord and arc are no farther apart than the chord's half length.
       const Vec2 m = c.v + (a + b) * 0.5;
       if (std::sqrt(arbre.PlusProche(m).distance2) + Norme(b - a) >= limite_ &&
-          !ArcEnterre(c.v, c.na * d_, c.angle * static_cast<double>(i - 1) / static_cast<double>(pas),
-                      c.angle * static_cast<double>(i) / static_cast<double>(pas), arbre)) {
+          !ArcEnterre(c.v, c.na * d_, angle * static_cast<double>(i - 1) / static_cast<double>(pas),
+                      angle * static_cast<double>(i) / static_cast<double>(pas), arbre)) {
         return true;
       }
       a = b;
