@@ -145,22 +145,22 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
                                    double fleche, double mini, std::vector<Origines>* origines,
                                    std::size_t* omises) {
   Aplatisseur aplatisseur(source, libres, d, fleche);
-  std::vector<std::uint8_t> vu(libres.size(), 0);
+  const auto n = Numero32(libres.size());
+  const ArcLibre* const a = libres.data();
+  std::vector<std::uint8_t> marques(n, 0);
+  std::uint8_t* const vu = marques.data();
   std::vector<Chemin> boucles;
   std::vector<std::uint32_t> chaine;
   Origines o;
   if (origines != nullptr) origines->clear();
-  std::vector<std::uint8_t> precede(libres.size(), 0);
-  for (const ArcLibre& a : libres) {
-    if (a.suite != Naturel) precede[a.suite] = 1;
-  }
+  const std::vector<std::uint8_t> precede = Precedes(libres);
   const auto depuis = [&](std::uint32_t depart) {
-    if (vu[depart] != 0 || libres[depart].hors) return;
+    if (a[depart].hors) return;
     chaine.clear();
     std::uint32_t k = depart;
-    for (; k != Naturel && vu[k] == 0; k = libres[k].suite) {
+    for (; k != Naturel && vu[k] == 0; k = a[k].suite) {
       vu[k] = 1;
-      chaine.push_back(k);
+      chaine.push_back(std::uint32_t{k});
     }
     Chemin c = aplatisseur.Boucle(chaine, k == Naturel, o);
     if (c.size() < 2 || !PlusLongue(c, mini)) {
@@ -171,10 +171,12 @@ std::vector<Chemin> AplatitBoucles(const ArcSource& source, const std::vector<Ar
     if (origines != nullptr) origines->push_back(std::move(o));
   };
   // Open chains first, from where they begin.
-  for (std::uint32_t k = 0; k < libres.size(); ++k) {
+  for (std::uint32_t k = 0; k < n; ++k) {
     if (precede[k] == 0) depuis(k);
   }
-  for (std::uint32_t k = 0; k < libres.size(); ++k) depuis(k);
+  for (std::uint32_t k = 0; k < n; ++k) {
+    if (vu[k] == 0) depuis(k);
+  }
   return boucles;
 }
 

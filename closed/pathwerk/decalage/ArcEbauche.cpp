@@ -132,22 +132,25 @@ class Ebauche {
     const auto copie = [&](std::size_t fin) {
       libres_.insert(libres_.end(), base::Iterateur(ebauche, garde), base::Iterateur(ebauche, fin));
     };
-    for (std::size_t k = 0; k < ebauche.size();) {
-      if (k % SegmentsParRegard == 0 && base::ArretDemande()) return;
+    const auto prochaine = [&] { return rencontres != nullptr ? rencontres->Prochaine(garde) : garde; };
+    for (std::size_t k = prochaine(); k < ebauche.size(); k = prochaine()) {
+      if (++regards_ % SegmentsParRegard == 0 && base::ArretDemande()) return;
       const ArcLibre& p = ebauche[k];
-      std::size_t fin = k;  // of the stretches of one piece
+      const auto deLaPiece = [&](std::size_t j) {
+        return ebauche[j].source == p.source && ebauche[j].arc == p.arc;
+      };
+      std::size_t debut = k;  // of the stretches of the piece
+      while (debut > garde && deLaPiece(debut - 1)) --debut;
+      std::size_t fin = k + 1;
+      while (fin < ebauche.size() && deLaPiece(fin)) ++fin;
+      copie(debut);
+      garde = fin;
       causes_.clear();
-      for (; fin < ebauche.size() && ebauche[fin].source == p.source && ebauche[fin].arc == p.arc; ++fin) {
-        if (rencontres == nullptr) continue;
-        for (const std::uint32_t j : rencontres->De(fin)) AjouteCause(ebauche[j]);
+      for (; rencontres != nullptr && k < fin; ++k) {
+        for (const std::uint32_t j : rencontres->De(k)) AjouteCause(ebauche[j]);
       }
-      if (rencontres == nullptr || !causes_.empty()) {
-        copie(k);
-        garde = fin;
-        const bool reste = Entame(p.source, p.arc) && (rencontres != nullptr ? Essaie() : tailleur_.TailleRestes());
-        if (reste) AjouteReste(tailleur_, libres_);
-      }
-      k = fin;
+      const bool reste = Entame(p.source, p.arc) && (rencontres != nullptr ? Essaie() : tailleur_.TailleRestes());
+      if (reste) AjouteReste(tailleur_, libres_);
     }
     copie(ebauche.size());
   }
@@ -181,26 +184,29 @@ class Ebauche {
     for (std::size_t k = 0; k < n; ++k) {
       if (etats_[k] == Libre) rangs[k] = garde++;
     }
+    ArcLibre* const a = libres_.data();
     for (std::size_t k = 0; k < n; ++k) {
       if (rangs[k] == Naturel) continue;
-      ArcLibre p = libres_[k];
+      ArcLibre& p = a[rangs[k]];
+      if (rangs[k] != k) p = a[k];
       if (p.suite != Naturel) p.suite = rangs[p.suite];
-      libres_[rangs[k]] = p;
     }
     libres_.resize(garde);
   }
   // The chain from stretch k on, up to where it ends or comes to one that is known.
   Etat JugeChaine(std::uint32_t k) {
     if (++regards_ % SegmentsParRegard == 0 && base::ArretDemande()) return Enterre;
-    std::uint32_t fin = Naturel;
-    for (std::uint32_t j = k; j != Naturel && etats_[j] == Inconnu; j = fin) {
-      etats_[j] = Juge;
-      fin = libres_[j].suite;
-      if (fin != Naturel && !Continue(libres_[j], libres_[fin])) fin = Naturel;
+    const ArcLibre* const a = libres_.data();
+    Etat* const etats = etats_.data();
+    std::uint32_t fin = k;  // behind the chain
+    for (std::uint32_t j = k; fin != Naturel && etats[fin] == Inconnu; j = fin) {
+      etats[j] = Juge;
+      fin = a[j].suite;
+      if (fin != Naturel && !Continue(a[j], a[fin])) fin = Naturel;
     }
-    Etat etat = fin == Naturel || etats_[fin] == Juge ? Inconnu : etats_[fin];
-    if (etat == Inconnu) etat = EstEnterree(MilieuDe(libres_[k])) ? Enterre : Libre;
-    for (std::uint32_t j = k; j != Naturel && etats_[j] == Juge; j = libres_[j].suite) etats_[j] = etat;
+    Etat etat = fin == Naturel || etats[fin] == Juge ? Inconnu : etats[fin];
+    if (etat == Inconnu) etat = EstEnterree(MilieuDe(a[k])) ? Enterre : Libre;
+    for (std::uint32_t j = k; j != Naturel && etats[j] == Juge; j = a[j].suite) etats[j] = etat;
     return etat;
   }
   // Does q surely go on where p, linked to it, ends? Both buried, or both free: in a corner, and where each is

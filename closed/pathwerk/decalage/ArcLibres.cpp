@@ -17,6 +17,7 @@
 #include <optional>
 
 #include "base/Arret.h"
+#include "base/Indices.h"
 #include "closed/pathwerk/commun/Numero32.h"
 #include "closed/pathwerk/decalage/ArcCoin.h"
 #include "closed/pathwerk/decalage/ArcSaillants.h"
@@ -194,7 +195,10 @@ class Grille {
  public:
   Grille(const std::vector<ArcLibre>& libres, const std::vector<std::uint32_t>& debuts, double pas)
       : pas_(pas), debuts_(debuts), peu_(debuts.size() <= Peu) {
-    if (peu_) return;
+    if (peu_) {
+      for (std::size_t i = 0; i < debuts.size(); ++i) abscisses_[i] = libres[debuts[i]].a.x;
+      return;
+    }
     cases_.reserve(debuts.size());
     for (const std::uint32_t k : debuts) cases_.push_back({Case(libres[k].a.x), Case(libres[k].a.y), k});
     std::sort(cases_.begin(), cases_.end(), [](const Entree& e, const Entree& f) {
@@ -204,7 +208,9 @@ class Grille {
   template <class Visite>
   void Autour(Vec2 p, Visite visite) const {
     if (peu_) {
-      std::for_each(debuts_.begin(), debuts_.end(), visite);
+      for (std::size_t i = 0, n = debuts_.size(); i < n; ++i) {
+        if (std::abs(abscisses_[i] - p.x) <= pas_) visite(debuts_[i]);
+      }
       return;
     }
     const std::int64_t x = Case(p.x);
@@ -223,12 +229,26 @@ class Grille {
     std::uint32_t k;
   };
   [[nodiscard]] std::int64_t Case(double v) const { return static_cast<std::int64_t>(std::floor(v / pas_)); }
-  static constexpr std::size_t Peu = 32;  // of so few all are visited
+  static constexpr std::size_t Peu = 32;  // of so few all are looked at
   double pas_;
   const std::vector<std::uint32_t>& debuts_;
   bool peu_;
+  double abscisses_[Peu];  // of few
   std::vector<Entree> cases_;
 };
+
+constexpr std::size_t QuelquesRangs = 32;
+
+// The places below `n` that `ou` takes.
+template <class Ou>
+std::vector<std::uint32_t> RangsOu(std::uint32_t n, Ou ou) {
+  std::vector<std::uint32_t> r;
+  r.reserve(QuelquesRangs);
+  for (std::uint32_t k = 0; k < n; ++k) {
+    if (ou(k)) r.push_back(std::uint32_t{k});  // a copy: no loop is quick whose counter has an address
+  }
+  return r;
+}
 
 // May the gap be bridged by a chord?
 bool Pont(const ArcSource& source, Vec2 a, Vec2 b, double r, double creux) {
@@ -251,13 +271,16 @@ bool SeSuivent(const ArcSource& source, const ArcLibre& p, const ArcLibre& q) {
 }  // namespace
 
 void LieSuites(const ArcSource& source, std::vector<ArcLibre>& libres) {
-  std::size_t debut = 0;  // of the contour's stretches
-  for (std::size_t k = 0; k < libres.size(); ++k) {
-    const bool dernier = k + 1 == libres.size() ||
-                         source.DebutDuContour(libres[k + 1].source) != source.DebutDuContour(libres[k].source);
-    const std::size_t suivant = dernier ? debut : k + 1;
-    libres[k].suite = SeSuivent(source, libres[k], libres[suivant]) ? Numero32(suivant) : Naturel;
-    if (dernier) debut = k + 1;
+  const std::size_t n = libres.size();
+  ArcLibre* const a = libres.data();
+  const auto lie = [&source, a](std::size_t k, std::size_t suivant) {
+    a[k].suite = SeSuivent(source, a[k], a[suivant]) ? Numero32(suivant) : Naturel;
+  };
+  for (std::size_t k = 0; k < n; ++k) {
+    const std::size_t debut = k;  // of the contour's stretches
+    const std::size_t dernier = source.Precedent(source.DebutDuContour(a[k].source));
+    for (; k + 1 < n && a[k + 1].source <= dernier; ++k) lie(k, k + 1);
+    lie(k, debut);
   }
 }
 
@@ -307,18 +330,22 @@ std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit
   return Suiveur(source, d, bruit, avant, pas, tueurs).Suit(apres);
 }
 
-std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux) {
-  if (std::none_of(libres.begin(), libres.end(), [](const ArcLibre& a) { return a.suite == Naturel; })) return 0;
-  std::vector<std::uint8_t> precede(libres.size(), 0);
+std::vector<std::uint8_t> Precedes(const std::vector<ArcLibre>& libres) {
+  std::vector<std::uint8_t> r(libres.size(), 0);
+  std::uint8_t* const marques = r.data();
   for (const ArcLibre& a : libres) {
-    if (a.suite != Naturel) precede[a.suite] = 1;
+    if (a.suite != Naturel) marques[a.suite] = 1;
   }
-  std::vector<std::uint32_t> fins;
-  std::vector<std::uint32_t> debuts;
-  for (std::uint32_t k = 0; k < libres.size(); ++k) {
-    if (libres[k].suite == Naturel) fins.push_back(k);
-    if (precede[k] == 0) debuts.push_back(k);
-  }
+  return r;
+}
+
+std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, double r, double ecart, double creux) {
+  const auto n = Numero32(libres.size());
+  std::vector<std::uint32_t> fins =
+      RangsOu(n, [a = libres.data()](std::uint32_t k) { return a[k].suite == Naturel; });
+  if (fins.empty()) return 0;
+  std::vector<std::uint8_t> precede = Precedes(libres);
+  std::vector<std::uint32_t> debuts = RangsOu(n, [p = precede.data()](std::uint32_t k) { return p[k] == 0; });
   // Most ends meet to the last digits: a fine grid first, the full gap for what is left.
   const double large = std::max(ecart, std::sqrt(8 * r * creux));
   double dernier = 0;
@@ -327,6 +354,7 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
     dernier = pas;
     const Grille grille(libres, debuts, pas);
     std::vector<Paire> paires;
+    paires.reserve(fins.size());
     std::size_t essayees = 0;
     for (const std::uint32_t f : fins) {
       if (++essayees % FinsParRegard == 0 && base::ArretDemande()) return fins.size();
@@ -357,41 +385,38 @@ std::size_t LieArcs(const ArcSource& source, std::vector<ArcLibre>& libres, doub
 }
 
 std::size_t OteMauvaisCote(const ArcSource& source, std::vector<ArcLibre>& libres, double d, int signe) {
-  std::vector<std::uint8_t> precede(libres.size(), 0);
-  std::size_t laches = 0;
-  for (const ArcLibre& a : libres) {
-    if (a.suite != Naturel) {
-      precede[a.suite] = 1;
-    } else {
-      ++laches;
-    }
-  }
+  const auto laches = base::Indice(
+      std::count_if(libres.begin(), libres.end(), [](const ArcLibre& a) { return a.suite == Naturel; }));
   if (signe == 0) return laches;
+  const std::vector<std::uint8_t> precede = laches > 0 ? Precedes(libres) : std::vector<std::uint8_t>();
   // Left of the outline the winding number is this, right of it one less.
   const int gauche = signe > 0 ? 1 : 0;
   std::size_t reste = 0;
-  std::vector<std::uint8_t> vu(libres.size(), 0);
+  const std::size_t n = libres.size();
+  ArcLibre* const a = libres.data();
+  std::vector<std::uint8_t> marques(n, 0);
+  std::uint8_t* const vu = marques.data();
   bool arrete = false;
   std::size_t juges = 0;
   const auto juge = [&](std::uint32_t depart, bool lache) {
     arrete = arrete || (++juges % FinsParRegard == 0 && base::ArretDemande());
     if (arrete) return;
-    const ArcLibre& p = libres[depart];
+    const ArcLibre& p = a[depart];
     const int tours = source.Tours(p.arc ? p.a : (p.a + p.b) * 0.5);
     const bool bon = d > 0 ? tours >= gauche : tours < gauche;
     if (bon && lache) ++reste;
-    for (std::uint32_t k = depart; k != Naturel && vu[k] == 0; k = libres[k].suite) {
+    for (std::uint32_t k = depart; k != Naturel && vu[k] == 0; k = a[k].suite) {
       vu[k] = 1;
-      libres[k].hors = !bon;
+      a[k].hors = !bon;
     }
   };
-  for (std::uint32_t k = 0; k < libres.size(); ++k) {
-    if (laches > 0 && precede[k] == 0) juge(k, true);
+  for (std::uint32_t k = 0; k < precede.size(); ++k) {
+    if (precede[k] == 0) juge(k, true);
   }
-  for (std::uint32_t k = 0; k < libres.size(); ++k) {
+  for (std::uint32_t k = 0; k < n; ++k) {
     if (vu[k] == 0) juge(k, false);
   }
-  return arrete ? libres.size() : reste;
+  return arrete ? n : reste;
 }
 
 }  // namespace pathwerk::decalage

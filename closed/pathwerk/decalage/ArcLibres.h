@@ -61,6 +61,9 @@ std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit
 std::vector<ArcLibre> ArcsLibres(const ArcSource& source, double d, double bruit, const PiecesVives& avant,
                                  const Tueurs* tueurs, PiecesVives& apres, double pas = 0);
 
+// Of each stretch, whether another one leads to it.
+std::vector<std::uint8_t> Precedes(const std::vector<ArcLibre>& libres);
+
 // Ends that meet to the last digits are no farther apart, mm.
 inline constexpr double MemePlace = 1e-6;
 

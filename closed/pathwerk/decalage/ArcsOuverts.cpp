@@ -121,13 +121,6 @@ class Poseur {
       b.Etend(source_.B(i).x, source_.B(i).y);
     });
   }
-  static Voulus Precedes(const std::vector<ArcLibre>& libres) {
-    Voulus r(libres.size(), 0);
-    for (const ArcLibre& a : libres) {
-      if (a.suite != Naturel) r[a.suite] = 1;
-    }
-    return r;
-  }
   // The way back along all that ends a stretch without a partner.
   [[nodiscard]] Voulus Manquants(const std::vector<ArcLibre>& libres) const {
     Voulus r(voulus_.size(), 0);

@@ -10,25 +10,37 @@
 
 namespace pathwerk::decalage {
 
+namespace {
+
+// What lies inside comes before what contains it, as in a drawing.
+void RangeParAire(std::vector<Piece>& pieces) {
+  std::vector<std::pair<double, Piece>> avecAire;
+  avecAire.reserve(pieces.size());
+  for (Piece& p : pieces) {
+    const double aire = std::abs(Aire(p.points));
+    avecAire.emplace_back(aire, std::move(p));
+  }
+  std::stable_sort(avecAire.begin(), avecAire.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (std::size_t k = 0; k < pieces.size(); ++k) pieces[k] = std::move(avecAire[k].second);
+}
+
+}  // namespace
+
 std::vector<Piece> DecaleFerme(const Source& source, double distance, double tolerance) {
   std::vector<Region> regions;
   if (!SepareLobes(source.chemin, tolerance, regions)) return {};
-  std::vector<std::pair<double, Piece>> boucles;
+  std::vector<Piece> pieces;
   for (Region& region : regions) {
     region.ecart = source.ecart;
     std::vector<Chemin> b;
     std::vector<Origines> o;
     if (!DecaleRegion(region, distance, tolerance, b, o)) return {};
     for (std::size_t k = 0; k < b.size(); ++k) {
-      const double aire = std::abs(Aire(b[k]));
-      boucles.emplace_back(aire, Piece{std::move(b[k]), true, true, Remonte(region, std::move(o[k]))});
+      pieces.push_back({std::move(b[k]), true, true, Remonte(region, std::move(o[k]))});
     }
   }
-  // What lies inside comes before what contains it, as in a drawing.
-  std::stable_sort(boucles.begin(), boucles.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-  std::vector<Piece> pieces;
-  pieces.reserve(boucles.size());
-  for (auto& [aire, p] : boucles) pieces.push_back(std::move(p));
+  if (pieces.size() > 1) RangeParAire(pieces);
   return pieces;
 }
 

@@ -68,20 +68,29 @@ double CosinusDuPlusVif(const Chemin& c, double sens) {
 CompteDuMoteur CompteDecaleRegion() { return {nbSimples, nbArcs, nbReplis, nbReplisLobes}; }
 
 Region RegionDe(const Chemin& chemin, int signe, bool deuxSens) {
-  Region r{{chemin}, signe};
+  Region r;
+  r.signe = signe;
+  r.contours.push_back(chemin);
+  r.entiere = !deuxSens;
+  if (!deuxSens) return r;
   const auto n = Numero32(chemin.size());
   Origines o(n);
   for (std::uint32_t i = 0; i < n; ++i) o[i] = {i, 0, 1};
-  r.origines.push_back(std::move(o));
-  if (deuxSens) {
-    r.contours.push_back(r.contours[0]);
-    r.origines.push_back(r.origines[0]);
-    Retourne(r.contours[1], r.origines[1]);
-  }
+  r.contours.push_back(chemin);
+  r.origines.assign(2, o);
+  Retourne(r.contours[1], r.origines[1]);
   return r;
 }
 
 Origines Remonte(const Region& region, Origines origines) {
+  if (region.entiere) {
+    if (region.contours.size() == 1) return origines;
+    const std::size_t n = region.contours[0].size();
+    for (Origine& o : origines) {
+      if (o.segment >= n) o = {};
+    }
+    return origines;
+  }
   if (region.origines.size() != region.contours.size()) return {};
   std::vector<std::size_t> debut;  // first segment of each contour that counts
   std::vector<std::size_t> contour;

@@ -18,8 +18,10 @@ struct Region {
   // +1: the region lies to the left of the outline (outer contours counter-clockwise, holes clockwise).
   // -1: to the right. 0: no area, every stretch is walked there and back.
   int signe = 0;
-  // Of each contour, where its segments lie on the path that the region was cut from. Empty: unknown.
+  // Of each contour, where its segments lie on the path that the region was cut from. Empty: unknown, but for the
+  // first contour where that is the path itself.
   std::vector<Origines> origines = {};
+  bool entiere = false;  // the first contour is the path itself
   // Contours that cross, themselves or each other: each strand is a wall from both sides, the winding number tells
   // which places lie in the region.
   bool fouillis = false;

@@ -69,14 +69,14 @@ template <class Proche>
 std::optional<Lieu> SurImage(const PointSuivi& r, double distance, double tolerance, Proche proche) {
   for (const double cote : {1.0, -1.0}) {
     const Lieu l = proche(r.lieu + r.normale * (cote * distance));
-    if (l.distance2 <= tolerance * tolerance) return l;
+    if (l.distance2 < tolerance * tolerance) return l;
   }
   return std::nullopt;
 }
 
-Lieu ProcheSur(const Piece& piece, Vec2 p) {
+Lieu ProcheSur(const Piece& piece, Vec2 p, double limite2 = Inf) {
   return base::LieuProche(
-      NbAretes(piece), [&](std::size_t i) { return AreteDe(piece, i); }, p);
+      NbAretes(piece), [&](std::size_t i) { return AreteDe(piece, i); }, p, limite2);
 }
 
 // All edges of the pieces that take marks, in a search tree built when it is first asked.
@@ -125,6 +125,11 @@ double Report::Ecart(double a, double b) const {
   return source_.ferme ? std::min(e, longueur_.back() - e) : e;
 }
 
+// Does all of a segment surely lie farther from the start than `seuil` mm along the source?
+bool Report::Loin(std::uint32_t segment, double seuil) const {
+  return longueur_[segment] > seuil && longueur_[segment + 1] < longueur_.back() - seuil;
+}
+
 // Squared distance of an edge to the nearer image, and the place there.
 double Report::AuxImages(const PointSuivi& r, const Piece& piece, std::size_t arete, LieuDePiece& lieu) const {
   double meilleur = Inf;
@@ -158,37 +163,41 @@ LieuDePiece Report::Depart(const Piece& piece) const {
   const auto proche = [&piece](Vec2 p) { return ProcheSur(piece, p); };
   const auto enPiece = [](const Lieu& l) { return LieuDePiece{0, l.segment, l.t, l.point}; };
   if (!SaitDOuElleVient(piece)) return enPiece(Repond(depart, distance_, tolerance_, proche));
-  const double ici = longueur_[depart.rang];
   const double seuil = tolerance_ / 10;
+  // The start lies at 0 along the source. Edges beside it come first; most pieces have one, and no more is asked
+  // then.
   LieuDePiece image;
+  double meilleureImage = Inf;
+  for (std::size_t k = 0, n = NbAretes(piece); k < n; ++k) {
+    const Origine& o = piece.origines[k];
+    if (!o.Connue() || Loin(o.segment, seuil)) continue;
+    if (std::min(Ecart(Place(o, o.de), 0), Ecart(Place(o, o.a), 0)) > seuil) continue;
+    LieuDePiece l;
+    const double d = AuxImages(depart, piece, k, l);
+    if (d < meilleureImage) {
+      meilleureImage = d;
+      image = l;
+    }
+  }
+  if (meilleureImage < Inf) return image;
+  const auto toutPres = [&](Vec2 p) { return ProcheSur(piece, p, tolerance_ * tolerance_); };
+  if (const auto l = SurImage(depart, distance_, tolerance_, toutPres)) return enPiece(*l);
   std::size_t voisine = 0;
   double lieuVoisin = 0;
-  double meilleureImage = Inf;
   double meilleurEcart = Inf;
   for (std::size_t k = 0, n = NbAretes(piece); k < n; ++k) {
     const Origine& o = piece.origines[k];
     if (!o.Connue()) continue;
-    const double de = Ecart(Place(o, o.de), ici);
-    const double a = Ecart(Place(o, o.a), ici);
-    const double e = std::min(de, a);
-    if (e <= seuil) {
-      LieuDePiece l;
-      const double d = AuxImages(depart, piece, k, l);
-      if (d < meilleureImage) {
-        meilleureImage = d;
-        image = l;
-      }
-    } else if (e < meilleurEcart) {
-      meilleurEcart = e;
-      voisine = k;
-      lieuVoisin = Place(o, de <= a ? o.de : o.a);
-    }
+    const double de = Ecart(Place(o, o.de), 0);
+    const double a = Ecart(Place(o, o.a), 0);
+    if (std::min(de, a) >= meilleurEcart) continue;
+    meilleurEcart = std::min(de, a);
+    voisine = k;
+    lieuVoisin = Place(o, de <= a ? o.de : o.a);
   }
-  if (meilleureImage < Inf) return image;
-  if (const auto l = SurImage(depart, distance_, tolerance_, proche)) return enPiece(*l);
   if (meilleurEcart == Inf) return enPiece(Repond(depart, distance_, tolerance_, proche));
   // Met on the way on from the start, or on the way back.
-  const bool devant = lieuVoisin - ici <= longueur_.back() / 2;
+  const bool devant = lieuVoisin <= longueur_.back() / 2;
   return Bout(piece, voisine, lieuVoisin, devant != Avance(piece));
 }
 

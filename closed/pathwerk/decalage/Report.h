@@ -33,6 +33,7 @@ class Report {
   class Index;
   [[nodiscard]] double Place(const Origine& o, float part) const;
   [[nodiscard]] double Ecart(double a, double b) const;
+  [[nodiscard]] bool Loin(std::uint32_t segment, double seuil) const;
   [[nodiscard]] LieuDePiece Bout(const Piece& piece, std::size_t arete, double s, bool suivante) const;
   [[nodiscard]] double AuxImages(const PointSuivi& r, const Piece& piece, std::size_t arete,
                                  LieuDePiece& lieu) const;

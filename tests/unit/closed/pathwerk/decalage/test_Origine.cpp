@@ -135,3 +135,16 @@ TEST(Origines, OfTheLastResortAreUnknown) {
   ASSERT_FALSE(boucles.empty());
   EXPECT_TRUE(origines[0].empty());
 }
+
+// What the offset of a region says of its contours; the first one is the path, an island behind it no part of it.
+TEST(Origine, BesideAnIslandThereIsNoPlaceOfThePath) {
+  Region region = RegionDe({{0, 0}, {10, 0}, {10, 10}, {0, 10}}, 1);
+  region.contours.push_back({{4, 4}, {4, 6}, {6, 6}, {6, 4}});
+  const Origines o = Remonte(region, {{3, 0, 1}, {4, 0, 1}, {7, 0.5F, 1}, {}});
+  ASSERT_EQ(o.size(), 4U);
+  EXPECT_EQ(o[0].segment, 3U);
+  EXPECT_EQ(o[0].a, 1);
+  EXPECT_FALSE(o[1].Connue());
+  EXPECT_FALSE(o[2].Connue());
+  EXPECT_FALSE(o[3].Connue());
+}
