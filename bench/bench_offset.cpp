@@ -9,7 +9,9 @@
 //   joins, and back. Its arcs come out up to 2.25 times as coarse as asked: at an arc tolerance of 0.0044 mm its
 //   result is as near to the truth as ours has to be
 //
-//   GEOS: its buffer, thinned alike, where the machine has that library; chords within 0.0085 mm. Else no column
+//   behind the last bar, where the machine has them, thinned alike, seconds and error: GEOS, its buffer, with
+//   chords within 0.0085 mm; Clipper2 and CavalierContours in WebAssembly, which costs them up to a half of their
+//   speed, but without the way of the points into their memory and back. "-": it took too long, or gave up
 //
 //   ratio: Clipper's time to ours
 //
@@ -32,6 +34,7 @@
 #include <vector>
 
 #include "bench/DeGeos.h"
+#include "bench/DeNode.h"
 #include "bench/Enfant.h"
 #include "bench/ErreurDecalage.h"
 #include "bench/FormesDecalage.h"
@@ -44,12 +47,10 @@ using banc::Chemin;
 
 namespace {
 
-constexpr float Tolerance = 0.01F;      // mm
-constexpr unsigned NotreLimite = 600;   // s
-constexpr double EchelleClipper = 1e5;  // Clipper's units a millimetre
-#ifdef BANC_GEOS
-constexpr double FlecheGeos = 0.0085;  // mm
-#endif
+constexpr float Tolerance = 0.01F;          // mm
+constexpr unsigned NotreLimite = 600;       // s
+constexpr double EchelleClipper = 1e5;      // Clipper's units a millimetre
+constexpr double FlecheDesAutres = 0.0085;  // mm
 
 unsigned limite = 60;  // of Clipper, s
 
@@ -161,7 +162,11 @@ struct Ligne {
   bool lisse = false;  // smooth outlines need not be ten times as fast as Clipper's
   std::optional<Mesures> notre;
   std::optional<Mesures> clipper;
-  std::optional<Mesures> geos;
+  struct Autre {
+    std::string nom;
+    std::optional<Mesures> mesures;
+  };
+  std::vector<Autre> autres;
 };
 
 class Tableau {
@@ -201,8 +206,15 @@ class Tableau {
       std::printf(" %7s", "");
     }
     std::printf("  | %lu%c", m.replis, Note(m.replis > 0));
-    if (l.geos) std::printf("   | GEOS %9.5f s", l.geos->secondes);
-    if (l.geos && l.geos->erreur > 0) std::printf(" %.5f", std::max(l.geos->erreur, l.geos->manque));
+    for (const Ligne::Autre& a : l.autres) {
+      std::printf("   | %s ", a.nom.c_str());
+      if (!a.mesures) {
+        std::printf("-");
+        continue;
+      }
+      std::printf("%9.5f s", a.mesures->secondes);
+      if (a.mesures->erreur > 0) std::printf(" %.5f", std::max(a.mesures->erreur, a.mesures->manque));
+    }
     std::printf("\n");
     std::fflush(stdout);
   }
@@ -228,6 +240,46 @@ struct Cas {
   bool lisse = false;
   bool croise = false;  // crosses itself all over: which side of a strand is wanted the strand doesn't tell
 };
+
+// The error of one contour alone is measured.
+std::vector<Ligne::Autre> Autres(const std::vector<Records>& contours, bool ferme, double d) {
+  std::vector<Ligne::Autre> autres;
+  const auto essaie = [&](const std::string& nom, const std::function<Mesures()>& f) {
+    autres.push_back({nom, banc::DansUnEnfant<Mesures>(f, limite)});
+  };
+#ifdef BANC_GEOS
+  essaie("GEOS", [&] {
+    std::vector<Segment> s;
+    Mesures m;
+    m.secondes = banc::TempsMoyen([&] {
+      for (const Records& contour : contours) {
+        const Records t = contour;  // as ours has to
+        s = banc::DeGeos(Aminci(t), ferme, FlecheDesAutres).Decale(d);
+      }
+    });
+    if (contours.size() == 1) MesureErreur(contours[0], ferme, s, d, m);
+    return m;
+  });
+#endif
+  for (const char* nom : {"clipper2", "cavalier"}) {
+    const banc::DeNode moteur(nom);
+    if (!moteur.Present()) continue;
+    essaie(nom, [&] {
+      std::vector<Chemin> amincis;
+      for (const Records& contour : contours) {
+        amincis.push_back(Aminci(contour));
+        if (ferme) amincis.back().pop_back();
+      }
+      const auto r = moteur.Decale(amincis, ferme, d, FlecheDesAutres);
+      if (!r) std::_Exit(1);
+      Mesures m;
+      m.secondes = r->secondes;
+      if (contours.size() == 1) MesureErreur(contours[0], ferme, r->segments, d, m);
+      return m;
+    });
+  }
+  return autres;
+}
 
 Ligne Compare(const Cas& cas) {
   Ligne l{cas.nom, cas.points, cas.d, cas.lisse, {}, {}, {}};
@@ -257,21 +309,7 @@ Ligne Compare(const Cas& cas) {
         return m;
       },
       limite);
-#ifdef BANC_GEOS
-  l.geos = banc::DansUnEnfant<Mesures>(
-      [&] {
-        const Records source = EnRecords(cas.forme(cas.points), cas.ferme);
-        std::vector<Segment> s;
-        Mesures m;
-        m.secondes = banc::TempsMoyen([&] {
-          const Records t = source;
-          s = banc::DeGeos(Aminci(t), cas.ferme, FlecheGeos).Decale(cas.d);
-        });
-        MesureErreur(source, cas.ferme, s, cas.d, m);
-        return m;
-      },
-      limite);
-#endif
+  l.autres = Autres({EnRecords(cas.forme(cas.points), cas.ferme)}, cas.ferme, cas.d);
   return l;
 }
 
@@ -326,20 +364,7 @@ Ligne CompareTexte(double d) {
         return m;
       },
       limite);
-#ifdef BANC_GEOS
-  l.geos = banc::DansUnEnfant<Mesures>(
-      [&] {
-        Mesures m;
-        m.secondes = banc::TempsMoyen([&] {
-          for (const Records& contour : page) {
-            const Records t = contour;
-            banc::DeGeos(Aminci(t), true, FlecheGeos).Decale(d);
-          }
-        });
-        return m;
-      },
-      limite);
-#endif
+  l.autres = Autres(page, true, d);
   return l;
 }
 
