@@ -215,7 +215,7 @@ void RetourCles::Note(std::string_view cle, const std::string& projet) {
     const auto notee = [&](const Avant& a) { return a.cle == cle && a.projet == projet; };
     if (std::ranges::find(retour->cles_, cle) == retour->cles_.end()) continue;
     if (std::ranges::any_of(retour->avant_, notee)) continue;
-    Avant avant{std::string(cle), projet, magasin::Ini(CheminIni()).Lit(SectionProgramme, cle), std::nullopt};
+    Avant avant{std::string(cle), projet, magasin::Ini(CheminIni()).Releve(SectionProgramme, cle), std::nullopt};
     if (!projet.empty()) avant.dansProjet = magasin::CleProjet(projet, EnTexte8(cle));
     retour->avant_.push_back(std::move(avant));
   }
@@ -227,12 +227,8 @@ void RetourCles::Remet() {
   for (; !avant_.empty(); avant_.pop_back()) {
     const Avant& a = avant_.back();
     if (Magasin.EcrireIni) {
-      magasin::ModifieIni(CheminIni(), [cle = a.cle, valeur = a.dansIni](FichierIni& ini) {
-        if (valeur) {
-          ini.Ecrit(SectionProgramme, cle, *valeur);
-        } else {
-          ini.Supprime(SectionProgramme, cle);
-        }
+      magasin::ModifieIni(CheminIni(), [cle = a.cle, telle = a.dansIni](FichierIni& ini) {
+        ini.Remet(SectionProgramme, cle, telle);
       });
     }
     if (a.projet.empty() || magasin::CleProjet(a.projet, EnTexte8(a.cle)) == a.dansProjet) continue;

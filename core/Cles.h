@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/SansCopie.h"
+#include "core/FichierIni.h"
 
 namespace ovelin {
 
@@ -95,7 +96,8 @@ class RetourCles : base::SansCopie {
   static void Note(std::string_view cle, const std::string& projet);  // "" for none
   struct Avant {
     std::string cle, projet;
-    std::optional<std::string> dansIni, dansProjet;  // as they stand there, bytes in the project
+    FichierIni::CleTelle dansIni;
+    std::optional<std::string> dansProjet;  // bytes as they stand there
   };
   std::vector<std::string> cles_;
   std::vector<Avant> avant_;

@@ -60,7 +60,10 @@ std::string NomCherche(std::string_view utf8) { return Majuscules(Rogne(UneLigne
 FichierIni::FichierIni(std::string_view octets) : finLigne_(FinDeLigne(octets)) {
   while (octets.substr(0, 3) == "\xEF\xBB\xBF") octets.remove_prefix(3);  // mark of an editor that writes UTF-8
   std::string_view ligne;
-  while (LigneSuivante(octets, ligne)) lignes_.push_back({std::string(ligne)});
+  for (std::string_view reste = octets; LigneSuivante(reste, ligne); octets = reste) {
+    const std::size_t fin = octets.size() - reste.size();
+    lignes_.push_back({std::string(ligne), std::string(octets.substr(ligne.size(), fin - ligne.size()))});
+  }
 }
 
 // Lines of a section, behind its header up to the next one. {0, 0} when it isn't there: no section can begin
@@ -101,7 +104,7 @@ void FichierIni::Ecrit(std::string_view section, std::string_view cle, std::stri
   const std::string nom = NomCherche(cle);
   auto [debut, fin] = Etendue(section);
   if (debut == 0) {
-    lignes_.push_back({"[" + EnLigne(section) + "]"});
+    lignes_.push_back({"[" + EnLigne(section) + "]", finLigne_});
     debut = fin = lignes_.size();
   }
   for (std::size_t i = debut; i < fin; ++i) {
@@ -113,7 +116,7 @@ void FichierIni::Ecrit(std::string_view section, std::string_view cle, std::stri
   }
   // In front of the empty lines that part this section from the next.
   while (fin > debut && SansBlancs(lignes_[fin - 1].texte).empty()) --fin;
-  lignes_.insert(base::Iterateur(lignes_, fin), {Rogne(EnLigne(cle)) + "=" + EnLigne(valeur)});
+  lignes_.insert(base::Iterateur(lignes_, fin), {Rogne(EnLigne(cle)) + "=" + EnLigne(valeur), finLigne_});
 }
 
 void FichierIni::Supprime(std::string_view section, std::string_view cle) {
@@ -129,6 +132,26 @@ void FichierIni::SupprimeSection(std::string_view section) {
   for (auto [debut, fin] = Etendue(section); debut != 0; std::tie(debut, fin) = Etendue(section)) {
     lignes_.erase(base::Iterateur(lignes_, debut - 1), base::Iterateur(lignes_, fin));
   }
+}
+
+FichierIni::CleTelle FichierIni::Releve(std::string_view section, std::string_view cle) const {
+  CleTelle telle;
+  telle.section = Etendue(section).first != 0;
+  telle.sansFin = !lignes_.empty() && lignes_.back().fin.empty();
+  if (const long n = LigneDe(section, cle); n > 0) telle.ligne = lignes_[base::Indice(n - 1)].texte;
+  return telle;
+}
+
+void FichierIni::Remet(std::string_view section, std::string_view cle, const CleTelle& telle) {
+  if (telle.ligne) {
+    if (LigneDe(section, cle) == 0) Ecrit(section, cle, "");
+    lignes_[base::Indice(LigneDe(section, cle) - 1)].texte = *telle.ligne;
+  } else {
+    Supprime(section, cle);
+    const auto [debut, fin] = Etendue(section);
+    if (!telle.section && debut == fin) SupprimeSection(section);
+  }
+  if (telle.sansFin && !lignes_.empty()) lignes_.back().fin.clear();
 }
 
 std::vector<std::string> FichierIni::Sections() const {
@@ -152,7 +175,11 @@ std::vector<std::pair<std::string, std::string>> FichierIni::Lignes(std::string_
 
 std::string FichierIni::Octets() const {
   std::string s;
-  for (const Ligne& l : lignes_) s.append(l.texte).append(finLigne_);
+  for (std::size_t i = 0; i < lignes_.size(); ++i) {
+    const Ligne& l = lignes_[i];
+    const bool derniere = i + 1 == lignes_.size();
+    s.append(l.texte).append(l.fin.empty() && !derniere ? finLigne_ : l.fin);
+  }
   return s;
 }
 

@@ -1,6 +1,6 @@
 // A file of sections and keys, kept line by line as it stands: look-up without regard to case, a key replaced where
-// it is, new keys at the end of their section, comments and order kept. In memory as bytes of the file's set;
-// names and values are UTF-8 at this interface.
+// it is, new keys at the end of their section, comments, order and line ends kept. In memory as bytes of the file's
+// set; names and values are UTF-8 at this interface.
 #pragma once
 
 #include <optional>
@@ -20,6 +20,15 @@ class FichierIni {
   void Ecrit(std::string_view section, std::string_view cle, std::string_view valeur);
   void Supprime(std::string_view section, std::string_view cle);
   void SupprimeSection(std::string_view section);
+  // A key as it stands, and the way back to that from what Ecrit has made of it since: to the byte, and without the
+  // header that came with it.
+  struct CleTelle {
+    bool section = false;  // there is one for it
+    bool sansFin = false;  // the file's last line has no end
+    std::optional<std::string> ligne;
+  };
+  [[nodiscard]] CleTelle Releve(std::string_view section, std::string_view cle) const;
+  void Remet(std::string_view section, std::string_view cle, const CleTelle& telle);
   [[nodiscard]] std::vector<std::string> Sections() const;
   [[nodiscard]] std::vector<std::pair<std::string, std::string>> Lignes(std::string_view section) const;
   // Line of a key from 1 on, 0 when it isn't there.
@@ -29,9 +38,10 @@ class FichierIni {
  private:
   struct Ligne {
     std::string texte;  // bytes without the line end
+    std::string fin;    // "" of a last line that has none
   };
   std::vector<Ligne> lignes_;
-  std::string finLigne_ = "\r\n";
+  std::string finLigne_ = "\r\n";  // of new lines
   [[nodiscard]] std::pair<std::size_t, std::size_t> Etendue(std::string_view section) const;
 };
 

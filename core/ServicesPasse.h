@@ -21,6 +21,10 @@ struct ServicesPasse {
   // is done at once, and Escape ends it; the rest of his input is held back. True: by Escape. Empty where nobody
   // offers it.
   std::function<bool(const PasseInterruptible& passe)> Jusque;
+  // Runs a reading to its end beside a live window, where all can still be as it was before. Escape ends it, the
+  // rest of the user's input is held back. True: by Escape; what has been read is then worth nothing. Empty where
+  // nobody offers it.
+  std::function<bool(const std::function<void()>& noyau, const std::function<void()>& arrete)> Lit;
   // Nothing is at work that it would be a part of: an opening that has begun, another pass.
   std::function<bool()> SePeut = [] { return true; };
   // The drawing has changed and its tool path is being computed: the picture shows it at once, without any path. No

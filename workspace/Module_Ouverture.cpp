@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/Arret.h"
+#include "core/Avancement.h"
 #include "core/BoiteRefus.h"
 #include "core/ChampsMachine.h"
 #include "core/Cles.h"
@@ -24,6 +26,7 @@
 #include "core/Projet.h"
 #include "core/ReglagesCourants.h"
 #include "core/Services.h"
+#include "core/ServicesPasse.h"
 #include "core/Textes.h"
 #include "core/Traduction.h"
 #include "core/ValeursCles.h"
@@ -47,36 +50,59 @@ constexpr double MmParPixel = 25.4 / 96;
 pathwerk::RapportLecture Rapport;  // of the drawing in force
 [[maybe_unused]] const bool Enregistree = EnregistreRemise([] { Rapport = {}; });
 
+bool SArrete(bool renoncable) { return renoncable && SvcPasse.Lit; }
+
+// A reading, on a thread where there is one. `renoncable`: all can still be as it was, so that Escape ends it.
+void MeneLecture(DessinLu& lu, bool renoncable, const std::function<void()>& noyau) {
+  if (!SArrete(renoncable)) return Travaille(noyau);
+  base::Arret arret;
+  lu.renonce = SvcPasse.Lit(
+      [&] {
+        const base::SousArret sous(&arret);
+        noyau();
+      },
+      [&] { arret.Demande(); });
+}
+
 // The reading runs on a thread where there is one; then nobody can follow its share done, and the bar moves without
 // a total.
-DessinLu LitEtranger(const std::string& chemin, SouhaitLecture souhait) {
+DessinLu LitEtranger(const std::string& chemin, SouhaitLecture souhait, bool renoncable) {
   constexpr int Centiemes = 100;
   int montres = 0;
   std::function<void(double)> avancement;
-  if (!Svc.EnFond) {
+  const bool sArrete = SArrete(renoncable);
+  const bool suivi = !Svc.EnFond && !sArrete;
+  if (suivi) {
     avancement = [&montres](double part) {
       for (; montres < Centiemes && montres < part * Centiemes; ++montres) Svc.AvancementPlus();
     };
   }
   souhait.motPlume = Traduire(Textes::CalquePlume);
   souhait.motOutil = Traduire(Textes::CalqueOutil);
-  Svc.AvancementDebut(Traduire(Textes::LectureDessin), Svc.EnFond ? 0 : Centiemes);
+  Svc.AvancementDebut(Traduire(sArrete ? Textes::LectureQuiSAnnule : Textes::LectureDessin), suivi ? Centiemes : 0);
   Svc.LaisseEvenements(Evenements::Affichage);
   DessinLu lu;
   const Reglages reglages = Regl;
-  Travaille([&] { lu = LitDessin(chemin, reglages, avancement, souhait); });
+  MeneLecture(lu, renoncable, [&] { lu = LitDessin(chemin, reglages, avancement, souhait); });
   Svc.AvancementFin();
   return lu;
 }
 
 // A project from a size on that is worth a thread.
-DessinLu LitProjetEnFond(const std::string& chemin) {
+DessinLu LitProjetEnFond(const std::string& chemin, bool renoncable) {
   constexpr std::uintmax_t seuilFond = 300000;  // bytes; below, it is there in some milliseconds
   std::error_code erreur;
   const std::uintmax_t taille = std::filesystem::file_size(chemin, erreur);
   DessinLu lu;
   const Reglages reglages = Regl;
-  TravailleSi(!erreur && taille >= seuilFond, [&] { lu = LitDessin(chemin, reglages, {}); });
+  const auto lit = [&] { lu = LitDessin(chemin, reglages, {}); };
+  if (erreur || taille < seuilFond) {
+    lit();
+    return lu;
+  }
+  std::optional<Avancement> attente;
+  if (SArrete(renoncable)) attente.emplace(Traduire(Textes::LectureQuiSAnnule));
+  MeneLecture(lu, renoncable, lit);
   return lu;
 }
 
@@ -204,9 +230,16 @@ std::string TailleEnMm(std::string_view taille, double mmParUnite) {
   return TexteTaille(largeur * mmParUnite) + " x " + TexteTaille(hauteur * mmParUnite) + " mm";
 }
 
+DessinLu Lit(const std::string& chemin, const SouhaitLecture& souhait, bool renoncable) {
+  DessinLu lu = EstProjet(chemin) ? LitProjetEnFond(chemin, renoncable) : LitEtranger(chemin, souhait, renoncable);
+  if (lu.refus && lu.document.NbPoints == ErreurTropPeuDePoints)
+    lu.refus->suite += PourquoiSiPeu(lu.contenu.rapport);
+  return lu;
+}
+
 // A drawing in SVG that says how many units it is wide and not which: asked once, with the size that each would
 // give. Millimetres are read anew, so that curves and joints hold their tolerance.
-void DemandeUniteSvg(DessinLu& lu) {
+void DemandeUniteSvg(DessinLu& lu, bool renoncable) {
   for (const pathwerk::AvisLecture& avis : lu.contenu.rapport.Suppose) {
     if (avis.Numero != pathwerk::Avis::SansUniteSvg) continue;
     BoiteMessage boite;
@@ -218,14 +251,13 @@ void DemandeUniteSvg(DessinLu& lu) {
     boite.icone = Icone::Question;
     boite.boutons = Boutons::OuiNon;
     boite.fichier = lu.chemin;
-    if (Svc.Montre(boite) == Reponse::Oui) lu = LitAOuvrir(std::string(lu.chemin), {.uniteSvg = 1});
+    if (Svc.Montre(boite) == Reponse::Oui) lu = Lit(std::string(lu.chemin), {.uniteSvg = 1}, renoncable);
     return;
   }
 }
 
 // The same for a foreign drawing, which becomes a job of this machine.
 bool PrendEtranger(DessinLu& lu, const OptionsOuverture& options) {
-  if (!lu.refus && options.demandeUnite) DemandeUniteSvg(lu);
   PrendDessin(std::move(lu.document));
   Svc.LaisseEvenements(Evenements::Affichage);
   LitReglagesDocument();
@@ -290,12 +322,18 @@ Ouverture MetEnVigueur(DessinLu& lu, const OptionsOuverture& options, ContenuLu*
 // The opening from its first effect on; `lit` gives the drawing when it is wanted. Want of memory on the way leaves
 // the drawing of before, where there is a way back.
 Ouverture Ouvre(const std::string& chemin, const OptionsOuverture& options, ContenuLu* contenu,
-                const std::function<DessinLu()>& lit) {
+                const std::function<DessinLu(bool renoncable)>& lit) {
   RetourOuverture retour(chemin, options, Rapport);
   try {
     CommenceOuverture(chemin, retour);
     if (EstProjet(chemin)) NbPoints = 0;  // the count of the drawing that stood is gone
-    DessinLu lu = lit();
+    DessinLu lu = lit(retour.SeReprend());
+    const bool etranger = !lu.renonce && !lu.refus && !lu.projet;
+    if (etranger && options.demandeUnite) DemandeUniteSvg(lu, retour.SeReprend());
+    if (lu.renonce) {
+      retour.Reprend();
+      return Ouverture::Abandon;
+    }
     return MetEnVigueur(lu, options, contenu, retour);
   } catch (...) {
     retour.Reprend();
@@ -318,10 +356,7 @@ std::string ChoisitDessin() {
 }
 
 DessinLu LitAOuvrir(const std::string& chemin, const SouhaitLecture& souhait) {
-  DessinLu lu = EstProjet(chemin) ? LitProjetEnFond(chemin) : LitEtranger(chemin, souhait);
-  if (lu.refus && lu.document.NbPoints == ErreurTropPeuDePoints)
-    lu.refus->suite += PourquoiSiPeu(lu.contenu.rapport);
-  return lu;
+  return Lit(chemin, souhait, SvcPasse.SePeut());
 }
 
 void RefuseDessinLu(const DessinLu& lu) {
@@ -342,12 +377,12 @@ Ouverture mnu_Ouvrir(const std::string& chemin, const OptionsOuverture& options,
   const std::string choisi = CheminComplet(options.dehors ? chemin : ChoisitDessin());
   std::error_code erreur;
   if (choisi.empty() || !std::filesystem::exists(choisi, erreur)) return Ouverture::Abandon;
-  return Ouvre(choisi, options, contenu, [&] { return LitAOuvrir(choisi, options.souhait); });
+  return Ouvre(choisi, options, contenu, [&](bool renoncable) { return Lit(choisi, options.souhait, renoncable); });
 }
 
 Ouverture OuvreDessinLu(DessinLu&& lu, const OptionsOuverture& options, ContenuLu* contenu) {
   lu.chemin = CheminComplet(lu.chemin);
-  return Ouvre(std::string(lu.chemin), options, contenu, [&] { return std::move(lu); });
+  return Ouvre(std::string(lu.chemin), options, contenu, [&](bool) { return std::move(lu); });
 }
 
 std::string EnregistreProjet(const std::string& nom) {

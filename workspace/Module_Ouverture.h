@@ -18,8 +18,8 @@ struct OptionsOuverture {
 
 enum class Ouverture {
   Reussie,
-  // No path, or a path that does not exist; or the user has taken it back while the tool path was computed: nothing
-  // has changed.
+  // No path, or a path that does not exist; or the user has taken it back while the file was read or the tool path
+  // computed: nothing has changed.
   Abandon,
   Refusee,  // the message has been shown; the document is empty of traces
 };
@@ -38,8 +38,8 @@ const pathwerk::RapportLecture& RapportOuvert();
 
 // The open dialog: starts at the key "Fichier". "" when it was left without an answer.
 std::string ChoisitDessin();
-// Reads a file to be opened, with the progress and the thread that a long reading has in a window. Nothing in force
-// is touched.
+// Reads a file to be opened, with the progress and the thread that a long reading has in a window; there the user
+// may end it. Nothing in force is touched.
 DessinLu LitAOuvrir(const std::string& chemin, const SouhaitLecture& souhait = {});
 // A refused reading of a window: the user is told, the next dialog starts there and the recent list knows it, and
 // the open job stays as it is.

@@ -30,6 +30,7 @@ struct ContenuLu {
 
 // A file as it was read, once and whole.
 struct DessinLu {
+  bool renonce = false;  // the user has ended the reading: nothing else of it counts
   std::string chemin;
   std::string extension;              // upper case, without the point
   std::optional<RefusFichier> refus;  // why it can't be opened; file, line and reason

@@ -77,7 +77,7 @@ bool RetourOuverture::Suit() {
 }
 
 void RetourOuverture::Reprend() {
-  if (fichiers_ || !passe_.SeReprend()) return;
+  if (!SeReprend()) return;
   passe_.Reprend();
   SvcPasse.ChangementRepris();
 }

@@ -30,7 +30,9 @@ class RetourOuverture : base::SansCopie {
   bool Suit();
   // The opening has been refused, which leaves nothing of the drawing before: what was put off comes now.
   void Refuse() { Acheve(); }
-  // It came to no end. All is as before, where what destroys hasn't come yet.
+  // All can be as before: nothing that destroys has come, and nothing is written.
+  [[nodiscard]] bool SeReprend() const { return !fichiers_ && passe_.SeReprend(); }
+  // It came to no end. All is as before, where it can be.
   void Reprend();
 
  private:

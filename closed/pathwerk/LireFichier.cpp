@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "base/Arret.h"
 #include "base/Boite.h"
 #include "base/Fichiers.h"
 #include "base/RendMemoire.h"
@@ -94,6 +95,7 @@ std::int32_t Ouvre(Importation& lu, const std::string& chemin, const OptionsLect
   const bool rend = options.Fils > 1 && octets.size() >= SeuilRend;
   std::string().swap(octets);
   avance(0.7);
+  if (base::ArretDemande()) return 0;
   const std::int32_t n = assemblage::Assemble(lecture, options, lu.Points, &lu.CalquesDesChemins);
   PrendCalques(lecture, lu);
   if (rend) base::RendMemoire();

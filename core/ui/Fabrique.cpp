@@ -1,5 +1,6 @@
 #include "core/ui/Fabrique.h"
 
+#include <QPainter>
 #include <QWheelEvent>
 
 #include "core/ui/Theme.h"
@@ -95,6 +96,35 @@ QToolButton* BoutonIcone(const QString& nom, const QString& bulle) {
 QPushButton* BoutonTexte(const QString& nom, const QString& texte, const QString& bulle) {
   auto* bouton = Nomme(new QPushButton(texte), nom, bulle);
   HabillePage(*bouton);
+  return bouton;
+}
+
+namespace {
+
+class BoutonSouligne : public QToolButton {
+ public:
+  using QToolButton::QToolButton;
+
+ protected:
+  void paintEvent(QPaintEvent* e) override {
+    constexpr int Trait = 2, Retrait = 2;  // logical pixels
+    QToolButton::paintEvent(e);
+    if (!isChecked()) return;
+    const QColor couleur =
+        isEnabled() ? palette().color(QPalette::Highlight) : palette().color(QPalette::ButtonText);
+    QPainter peintre(this);
+    peintre.fillRect(Retrait, height() - Retrait - Trait, width() - 2 * Retrait, Trait,
+                     CouleurLisible(couleur, palette().color(QPalette::Button)));
+  }
+};
+
+}  // namespace
+
+QToolButton* BoutonChoix(const QString& nom, const QString& texte, QWidget* parent) {
+  auto* bouton = Nomme(new BoutonSouligne(parent), nom);
+  bouton->setText(texte);
+  bouton->setCheckable(true);
+  bouton->setFocusPolicy(Qt::StrongFocus);
   return bouton;
 }
 

@@ -51,6 +51,9 @@ QPushButton* Bouton(const QString& nom, const QString& texte, const QString& bul
 // a field is taken over first.
 QToolButton* BoutonIcone(const QString& nom, const QString& bulle);
 QPushButton* BoutonTexte(const QString& nom, const QString& texte, const QString& bulle);
+// One of a row of which one is chosen: that one has a stroke under it, since a dark theme hardly tells a button
+// that is down from the others.
+QToolButton* BoutonChoix(const QString& nom, const QString& texte, QWidget* parent = nullptr);
 
 // The column of a window's parts, a grid of labels and fields in a window, the column of a page of the panel, the
 // grid and the row inside a group of it; each with its margins and distances.

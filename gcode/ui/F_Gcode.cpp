@@ -154,11 +154,9 @@ QWidget* F_Gcode::ConstruitVue() {
   auto* rangee = new QHBoxLayout;
   rangee->setSpacing(2);
   for (std::size_t i = 0; i < Vues.size(); ++i) {
-    auto* bouton =
-        Nomme(new QToolButton(this), QStringLiteral("Option_Vue_%1").arg(i), QString::fromUtf8(Vues[i].bulle));
-    bouton->setText(QString::fromUtf8(Vues[i].texte));
-    bouton->setCheckable(true);
-    bouton->setFocusPolicy(Qt::StrongFocus);
+    QToolButton* bouton =
+        BoutonChoix(QStringLiteral("Option_Vue_%1").arg(i), QString::fromUtf8(Vues[i].texte), this);
+    bouton->setToolTip(QString::fromUtf8(Vues[i].bulle));
     groupe->addButton(bouton);
     rangee->addWidget(bouton);
     Option_Vue_[i] = bouton;

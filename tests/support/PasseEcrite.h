@@ -50,6 +50,17 @@ class PasseEcrite {
     SvcPasse.ChangementRepris = [this] { ++repris; };
     Svc.Rafraichit = [this] { ++rafraichis; };
   }
+  // Readings, too.
+  void OffreLectures() {
+    using namespace ovelin;
+    SvcPasse.Lit = [this](const std::function<void()>& noyau, const std::function<void()>& arrete) {
+      ++lectures;
+      const bool echappe = lecture && lecture();
+      if (echappe) arrete();
+      noyau();
+      return echappe;
+    };
+  }
   static void Refuse() { ovelin::SvcPasse.Jusque = nullptr; }
   void Remet() {
     script.clear();
@@ -60,6 +71,8 @@ class PasseEcrite {
 
   // One step a kernel; true: Escape.
   std::deque<std::function<bool()>> script;
+  std::function<bool()> lecture;  // likewise, of each reading
+  int lectures = 0;
   int passes = 0, repris = 0, rafraichis = 0;
   bool aCote = false;                        // a thread of its own for each kernel
   bool seule = false, sansFleches = false;   // of the last one

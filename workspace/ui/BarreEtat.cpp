@@ -90,6 +90,7 @@ void BarreEtat::Panneau(PanneauEtat panneau, const std::string& texte) {
   const std::size_t place = panneau == PanneauEtat::Fichier ? 0 : panneau == PanneauEtat::Points ? 1 : 2;
   const QString t = QString::fromStdString(texte).trimmed();
   Ecrit(*textes_[place], t);
+  if (place == 0) NommeUneFois();
 }
 
 // A panel takes no more room than its text needs, an empty one none: the rest is for the words behind them.
@@ -99,6 +100,15 @@ void BarreEtat::Ecrit(QLabel& panneau, const QString& texte) {
   const int largeur = texte.isEmpty() ? 0 : panneau.sizeHint().width();
   panneau.setMinimumWidth(std::min(largeur, PanneauSur));
   panneau.setMaximumWidth(largeur);
+}
+
+// The words begin with the name of the drawing: the panel beside them need not tell it, too.
+void BarreEtat::NommeUneFois() {
+  const QString nom = textes_[0]->text();
+  const QString derriere = parlee_.mid(nom.size());
+  const bool dit = parlee_.startsWith(nom) && (derriere.isEmpty() || derriere[0] == QLatin1Char('*') ||
+                                               derriere.startsWith(QLatin1String("   ")));
+  textes_[0]->setVisible(!nom.isEmpty() && !dit);
 }
 
 void BarreEtat::Positions(const std::array<std::string, 3>& textes) {
@@ -115,6 +125,7 @@ void BarreEtat::Parle(const std::string& texte) {
   const QString t = QString::fromStdString(texte);
   if (t == parlee_) return;
   parlee_ = t;
+  NommeUneFois();
   parole_->setToolTip(t);
   // What it doesn't need is for what was left out.
   parole_->setMaximumWidth(parole_->fontMetrics().horizontalAdvance(t) + MargeParole);

@@ -45,6 +45,7 @@ class BarreEtat : public QStatusBar {
  private:
   QLabel* Etiquette(const char* nom, int largeur);
   static void Ecrit(QLabel& panneau, const QString& texte);
+  void NommeUneFois();
   void Coupe();
   void CoupeEcarte();
   void Etaie();

@@ -189,6 +189,9 @@ void F_Representation::Relie() {
 void F_Representation::InstalleServices() {
   Svc.Rafraichit = [this] { Rafraichit(); };
   SvcPasse.Jusque = [this](const PasseInterruptible& passe) { return MenePasse(passe); };
+  SvcPasse.Lit = [this](const std::function<void()>& noyau, const std::function<void()>& arrete) {
+    return MenePasse({noyau, [] {}, arrete, true, true});
+  };
   SvcPasse.SePeut = [this] { return !PasseEnCours() && !ouverture_; };
   SvcPasse.MontreSansTrajet = [this] { MontreSansTrajet(); };
   SvcPasse.ChangementRepris = [this] { ChangementRepris(); };

@@ -140,6 +140,10 @@ Ouverture F_Representation::OuvreFichier(const std::string& chemin) {
   if (!PeutLaisser()) return Ouverture::Abandon;
   const bool enregistre = change && !TravailChange();
   DessinLu lu = LitAOuvrir(chemin);
+  if (lu.renonce) {
+    if (!enregistre) Modifie = avant;
+    return Ouverture::Abandon;
+  }
   if (lu.refus) {
     RefuseDessinLu(lu);
     if (TravailChange()) Modifie = avant;

@@ -82,15 +82,12 @@ QGroupBox* PageFraisage::Selection() {
 }
 
 // A picture with its word, in the row of the sides.
-QToolButton* PageFraisage::Image(const QString& nom, const QString& texte) {
-  auto* bouton = Nomme(new QToolButton, nom);
-  bouton->setText(texte);
-  bouton->setIcon(IconeProgramme(nom));
+void PageFraisage::Image(QToolButton* bouton) {
+  bouton->setIcon(IconeProgramme(bouton->objectName()));
   bouton->setIconSize({20, 20});
   bouton->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   bouton->setFocusPolicy(Qt::StrongFocus);
   bouton->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
-  return bouton;
 }
 
 QWidget* PageFraisage::Cotes() {
@@ -102,14 +99,16 @@ QWidget* PageFraisage::Cotes() {
   static constexpr std::array<const char*, 3> Mots{"Gauche", "Sur trait", "Rebours"};
   for (int cote = CoteDirect; cote <= CoteInverse; ++cote) {
     const std::size_t rang = base::Indice(cote - CoteDirect);
-    QToolButton* bouton = Image(QStringLiteral("Option_Decal_%1").arg(cote), QString::fromLatin1(Mots[rang]));
-    bouton->setCheckable(true);
+    QToolButton* bouton = BoutonChoix(QStringLiteral("Option_Decal_%1").arg(cote), QString::fromLatin1(Mots[rang]));
+    Image(bouton);
     groupe->addButton(bouton, cote);
     ligne->addWidget(bouton, 1);
     decal_[rang] = bouton;
   }
-  QToolButton* autre = Image(QStringLiteral("CB_AutreCote"), QStringLiteral("Autre côté"));
-  autre->setToolTip(QStringLiteral("L'outil passe de l'autre côté : le sens du parcours est inversé"));
+  auto* autre = Nomme(new QToolButton, QStringLiteral("CB_AutreCote"),
+                      QStringLiteral("L'outil passe de l'autre côté : le sens du parcours est inversé"));
+  autre->setText(QStringLiteral("Autre côté"));
+  Image(autre);
   ligne->addWidget(autre, 1);
   connect(autre, &QToolButton::clicked, this, [] { InverseSelectionnees(); });
   BullesCotes();

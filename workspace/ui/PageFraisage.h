@@ -37,7 +37,7 @@ class PageFraisage : public QWidget {
     const LigneOutil* ligne = nullptr;
   };
   QGroupBox* Selection();
-  static QToolButton* Image(const QString& nom, const QString& texte);
+  static void Image(QToolButton* bouton);
   QWidget* Cotes();
   void BullesCotes();
   QGroupBox* Outil();

@@ -203,11 +203,27 @@ TEST_F(Barres, TheStatusBarNamesTheFileAndFollowsTheMouse) {
   EXPECT_THAT(Etiquette("SB1_7"), testing::StartsWith("y : "));
 }
 
+TEST_F(Barres, TheNameOfTheFileStandsOnceAndAnythingElseBesideIt) {
+  Plaque();
+  auto* panneau = C<QLabel>("SB1_1");
+  EXPECT_FALSE(panneau->isVisible());
+  EXPECT_TRUE(C<QLabel>("SB1_11")->text().startsWith("plaque.dxf"));
+  CliqueLigne("TreeView1", 0);
+  EXPECT_TRUE(panneau->isVisible());
+  Svc.Panneau(PanneauEtat::Fichier, " p");
+  EXPECT_TRUE(panneau->isVisible()) << "a code that the name begins with";
+  Deplacement_Selection(Direction::X, 2);
+  Svc.Rafraichit();
+  Svc.Panneau(PanneauEtat::Fichier, " plaque.dxf");
+  EXPECT_FALSE(panneau->isVisible()) << "with the star of a change behind it";
+  EXPECT_TRUE(C<QLabel>("SB1_11")->text().startsWith("plaque.dxf*"));
+}
+
 TEST_F(Barres, TheNameOfTheFileIsWholeBesideTheWordsOfTheSelection) {
   Plaque();
   fenetre_->resize(1024, 700);
   auto* panneau = C<QLabel>("SB1_1");
-  for (const char* nom : {"plaque.dxf", "plaque-1000000.dxf", "un nom un peu long.dxf"}) {
+  for (const char* nom : {"plaque.dx", "plaque-1000000.dxf", "un nom un peu long.dxf"}) {
     Svc.Panneau(PanneauEtat::Fichier, nom);
     essai::Evenements();
     EXPECT_GE(panneau->width(), panneau->sizeHint().width()) << nom;

@@ -3,7 +3,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <atomic>
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,9 +14,11 @@
 #include "core/DocumentCourant.h"
 #include "core/Fichiers.h"
 #include "core/ReglagesCourants.h"
+#include "core/ServicesPasse.h"
 #include "core/Textes.h"
 #include "core/ui/ServicesQt.h"
 #include "tests/ui/principale/PendantPasse.h"
+#include "workspace/Module_Cycle.h"
 #include "workspace/Module_Ouverture.h"
 #include "workspace/Module_Recents.h"
 #include "workspace/Module_Vue.h"
@@ -52,6 +56,22 @@ class OuverturePendantPasse : public essai::PendantPasse {
     finis_ = 0;
     ASSERT_TRUE(TravailChange());
     ASSERT_TRUE(Menu("mnu_Undo")->isEnabled());
+  }
+  // The next readings begin once the test has done this in a round of events.
+  void LectureQuiAttend(std::function<void()> pendant) {
+    SvcPasse.Lit = [this, lit = SvcPasse.Lit, pendant = std::move(pendant)](const auto& noyau, const auto& arrete) {
+      std::atomic<bool> passe{false};
+      QTimer::singleShot(0, &timer_, [&] {
+        pendant();
+        passe = true;
+      });
+      return lit(
+          [&] {
+            while (!passe) std::this_thread::yield();
+            noyau();
+          },
+          arrete);
+    };
   }
   static void LaisseTravail() {
     essai::Attend("F_Representation", std::string(Textes::TravailNonEnregistre.Cle()), Reponse::Non);
@@ -139,6 +159,49 @@ TEST_F(OuverturePendantPasse, EscapeLeavesTheWindowAsItWas) {
   libre_ = true;
   Commande("mnu_Undo");
   EXPECT_TRUE(TraceInitial == points_);
+}
+
+TEST_F(OuverturePendantPasse, EscapeWhileTheFileIsReadLeavesTheWindowAsItWas) {
+  Travail();
+  const Etat avant = Present();
+  std::string attente;
+  LectureQuiAttend([&] {
+    attente = C<QLabel>("Lbl_Avancement")->text().toStdString();
+    Presse(Qt::Key_Right);  // neither this drawing nor the next one moves
+    Presse(Qt::Key_Escape);
+  });
+  LaisseTravail();
+  Ouvre(EcritGrandDessin());
+  EXPECT_EQ(attente, Traduire(Textes::LectureQuiSAnnule));
+  EXPECT_EQ(finis_, 0);
+  Compare(Present(), avant);
+  essai::Evenements();
+  Compare(Present(), avant);
+  EXPECT_TRUE(TravailChange());
+  libre_ = true;
+  Commande("mnu_Undo");
+  EXPECT_TRUE(TraceInitial == points_);
+}
+
+TEST_F(OuverturePendantPasse, EscapeWhileTheFileIsReadAtTheStartLeavesTheEmptySheet) {
+  const std::string grand = EcritGrandDessin();
+  Charge();
+  LectureQuiAttend([this] { Presse(Qt::Key_Escape); });
+  EXPECT_EQ(OuvreLigneCommande(grand), SuiteCommande::Refusee);
+  EXPECT_TRUE(TraceInitial.empty());
+  EXPECT_EQ(FichierCourant, "");
+  EXPECT_EQ(fenetre_->windowTitle(), "OVELIN");
+  EXPECT_TRUE(C<QWidget>("Frame_Accueil")->isVisible());
+  EXPECT_TRUE(Recents.chemins.empty());
+}
+
+TEST_F(OuverturePendantPasse, ADrawingThatIsReadWithoutEscapeIsOpened) {
+  GrandePoche();
+  libre_ = true;
+  LectureQuiAttend([] {});
+  Ouvre(EcritGrandDessin());
+  EXPECT_EQ(TraceInitial.size(), 51001U);
+  EXPECT_EQ(fenetre_->windowTitle(), "OVELIN <-> grand.dxf");
 }
 
 TEST_F(OuverturePendantPasse, EscapeLeavesTheTitleOfADrawingThatComesFromNoFile) {

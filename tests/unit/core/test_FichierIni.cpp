@@ -64,6 +64,14 @@ TEST(FichierIni, KeepsTheLineEndsOfTheFile) {
   EXPECT_EQ(ini.Octets(), "[A]\nun=1\ndeux=2\n");
 }
 
+TEST(FichierIni, KeepsTheEndOfEachLineAndOfTheLast) {
+  const std::string melange = "[A]\nun=1\r\n; note\rdeux=2\n\ntrois=3";
+  EXPECT_EQ(FichierIni(melange).Octets(), melange);
+  FichierIni ini(melange);
+  ini.Ecrit("A", "quatre", "4");
+  EXPECT_EQ(ini.Octets(), melange + "\nquatre=4\n");
+}
+
 TEST(FichierIni, HoldsTheSystemsSetAndFindsNamesInEither) {
   FichierIni ini;
   ini.Ecrit("table_Dépron", "Clé", "Été");

@@ -36,6 +36,38 @@ TEST(RetourCles, AValueComesBackAsItWasWritten) {
   EXPECT_EQ(Ini(), avant);
 }
 
+TEST(RetourCles, AFileWithoutAHeaderHasNoneAgain) {
+  for (const std::string avant : {"[table_A]\r\nTB_SAV_15=3\r\n", "; a note\nRayonFraise=1\n", "[table_A]\nx=1"}) {
+    EcritFichierEssai("OVELIN.ini", avant);
+    RetourCles retour(Deux);
+    EcrireCle("RayonFraise", "2");
+    EcrireCle("PCPoche", "30");
+    ASSERT_EQ(LireCleIni("PCPoche", ""), "30");
+    retour.Remet();
+    EXPECT_EQ(Ini(), avant);
+  }
+}
+
+TEST(RetourCles, AHeaderThatCameWithTheKeyStaysForAnotherOne) {
+  EcritFichierEssai("OVELIN.ini", "[A]\r\nx=1\r\n");
+  RetourCles retour(Deux);
+  EcrireCle("RayonFraise", "2");
+  EcrireCle("ProfPasse", "-1");
+  retour.Remet();
+  EXPECT_EQ(Ini(), "[A]\r\nx=1\r\n[OVELIN]\r\nProfPasse=-1\r\n");
+}
+
+TEST(RetourCles, LineEndsAndTheBlanksOfALineComeBackToTheByte) {
+  const std::string avant = "[OVELIN]\r\n  RayonFraise =\t1 \n; a note\r[A]\r\nx=1";
+  EcritFichierEssai("OVELIN.ini", avant);
+  RetourCles retour(Deux);
+  EcrireCle("RayonFraise", "2");
+  EcrireCle("PCPoche", "30");
+  ASSERT_NE(Ini(), avant);
+  retour.Remet();
+  EXPECT_EQ(Ini(), avant);
+}
+
 TEST(RetourCles, AnotherKeyStaysWritten) {
   EcritFichierEssai("OVELIN.ini", "[OVELIN]\r\n");
   RetourCles retour(Deux);

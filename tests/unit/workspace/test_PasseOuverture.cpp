@@ -23,6 +23,7 @@
 #include "core/ReglagesCourants.h"
 #include "core/Reprises.h"
 #include "core/Services.h"
+#include "core/Textes.h"
 #include "core/Traduction.h"
 #include "database/Module_BD.h"
 #include "machine/Module_Table.h"
@@ -125,7 +126,7 @@ TEST(EnFond, TellsARefusalAsItDoesDirectly) {
   EXPECT_EQ(mnu_Ouvrir(Dossier(), OptionsOuverture{}), Ouverture::Refusee);
 }
 
-constexpr int PointsPoche = 2600;       // of a pocket that is worth a pass
+constexpr int PointsPoche = 5000;       // of a pocket that is worth a pass, in a project that is worth a thread
 constexpr int PointsContour = 51000;    // of an outline that is
 constexpr double RayonContour = 300.0;  // mm
 
@@ -377,6 +378,37 @@ TEST_P(PasseOuverture, TakenBackInTheSecondKernelLeavesAllAsItWas) {
   Compare(Present(), avant);
 }
 
+TEST_P(PasseOuverture, ItsReadingTakenBackLeavesAllAsItWas) {
+  const Etat avant = Present();
+  passe_.OffreLectures();
+  passe_.lecture = [] { return true; };
+  EXPECT_EQ(OuvreGrand(), Ouverture::Abandon);
+  EXPECT_EQ(passe_.lectures, 1);
+  EXPECT_EQ(passe_.passes, 0);
+  EXPECT_EQ(passe_.repris, 1);
+  EXPECT_EQ(passe_.rafraichis, 0);
+  Compare(Present(), avant);
+}
+
+TEST_P(PasseOuverture, AReadingThatIsNotTakenBackIsTheDrawing) {
+  ASSERT_EQ(OuvreGrand(), Ouverture::Reussie);
+  const Etat attendu = Present();
+  Pose();
+  passe_.OffreLectures();
+  ASSERT_EQ(OuvreGrand(), Ouverture::Reussie);
+  EXPECT_EQ(passe_.lectures, 1);
+  Compare(Present(), attendu);
+}
+
+TEST_P(PasseOuverture, AReadingAheadOfTheOpeningMayBeTakenBackWhereNothingElseIsAtWork) {
+  passe_.OffreLectures();
+  passe_.lecture = [] { return true; };
+  EXPECT_TRUE(LitAOuvrir(dessin_).renonce);
+  ouverture_ = true;
+  EXPECT_FALSE(LitAOuvrir(dessin_).renonce);
+  EXPECT_EQ(passe_.lectures, 1);
+}
+
 TEST_P(PasseOuverture, AFieldOfTheToolBeginsItAnewAndIsWhatItIsBehindIt) {
   PasseEcrite::Refuse();
   ASSERT_EQ(OuvreGrand(), Ouverture::Reussie);
@@ -463,6 +495,30 @@ TEST_P(PasseOuverturePetite, RecoveredWorkThatIsTakenBackIsOfferedAgain) {
   passe_.script = {[] { return true; }};
   EXPECT_EQ(OuvreReprise(reprise), Ouverture::Abandon);
   EXPECT_EQ(passe_.repris, 1);
+  Compare(Present(), avant);
+}
+
+TEST_P(PasseOuverturePetite, AFaultThatIsFoundInAReadingTakenBackIsToldToNobody) {
+  const std::string faute = EcritFichierEssai("texte.dxf", "Bonjour\nle monde\n");
+  const Etat avant = Present();
+  passe_.OffreLectures();
+  passe_.lecture = [] { return true; };
+  EXPECT_EQ(mnu_Ouvrir(faute, OptionsOuverture{}), Ouverture::Abandon);
+  Compare(Present(), avant);
+}
+
+TEST_P(PasseOuverturePetite, ADrawingThatIsReadAnewForItsUnitMayStillBeTakenBack) {
+  const std::string svg = EcritFichierEssai(
+      "u.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='24' height='24'><path d='M1 1H9V9H1Z'/></svg>");
+  const Etat avant = Present();
+  passe_.OffreLectures();
+  passe_.lecture = [] { return true; };
+  EXPECT_EQ(mnu_Ouvrir(svg, OptionsOuverture{}), Ouverture::Abandon) << "and asks for no unit";
+  passe_.lectures = 0;
+  passe_.lecture = [this] { return passe_.lectures == 2; };
+  Attend(std::string(Textes::DemandeUnite.Section()), std::string(Textes::DemandeUnite.Cle()), Reponse::Oui);
+  EXPECT_EQ(mnu_Ouvrir(svg, OptionsOuverture{}), Ouverture::Abandon);
+  EXPECT_EQ(passe_.lectures, 2);
   Compare(Present(), avant);
 }
 

@@ -19,6 +19,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/Arret.h"
 #include "base/Indices.h"
 #include "base/SansCopie.h"
 
@@ -161,7 +162,7 @@ int Ramasse(pid_t pid, Horloge::time_point fin, bool attend, bool& aTemps) {
   return WEXITSTATUS(etat);
 }
 
-// Hands over the output until it ends. Fini with `arret`: the receiver has had enough.
+// Hands over the output until it ends. Fini with `arret`: the receiver has had enough, or this thread is to end.
 IssueOutil Ecoute(int fd, const MoyensOutil& moyens, Horloge::time_point depart,
                   const std::function<bool(std::string_view)>& recoit, const std::function<void(double)>& attente,
                   bool& arret) {
@@ -172,6 +173,10 @@ IssueOutil Ecoute(int fd, const MoyensOutil& moyens, Horloge::time_point depart,
   for (;;) {
     const Horloge::time_point maintenant = Horloge::now();
     if (maintenant >= fin) return IssueOutil::Delai;
+    if (base::ArretDemande()) {
+      arret = true;
+      return IssueOutil::Fini;
+    }
     if (attente && maintenant - rapport >= std::chrono::milliseconds(50)) {
       rapport = maintenant;
       attente(std::chrono::duration<double>(maintenant - depart) / std::chrono::duration<double>(moyens.delai));

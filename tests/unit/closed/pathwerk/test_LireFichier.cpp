@@ -1,5 +1,6 @@
 #include <sys/stat.h>
 
+#include "base/Arret.h"
 #include "tests/unit/closed/pathwerk/Aide.h"
 
 using namespace aide;
@@ -159,6 +160,18 @@ TEST(ImporteFichier, ACommentInFrontMakesAPlotNoLessAPlot) {
   }
   EXPECT_EQ(Lis(d.Ecrit("texte", "COLUMNS OF A TABLE; WITHOUT NUMBERS\n")).Nombre,
             static_cast<int>(Erreur::FormatInconnu));
+}
+
+TEST(ImporteFichier, UnderTheWishToEndNothingIsAssembled) {
+  const Dossier d;
+  const std::string dessin = d.Ecrit("a.dxf", DessinDxf);
+  ASSERT_EQ(Lis(dessin).Nombre, 2);
+  base::Arret arret;
+  arret.Demande();
+  const base::SousArret sous(&arret);
+  const auto f = Lis(dessin);
+  EXPECT_EQ(f.Nombre, 0);
+  EXPECT_TRUE(f.Points.empty());
 }
 
 TEST(ImporteFichier, SuccessListsWhatWasLeftOut) {

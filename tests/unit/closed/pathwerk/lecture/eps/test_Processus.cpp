@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <fstream>
 
+#include "base/Arret.h"
 #include "closed/pathwerk/lecture/eps/Processus.h"
 #include "tests/unit/closed/pathwerk/lecture/eps/Mesures.h"
 
@@ -118,6 +119,18 @@ TEST_F(LanceGsTest, TheReceiverCanEndIt) {
   arretApres = 1000;
   EXPECT_EQ(Lance("while :; do echo aaaaaaaaaaaaaaaaaaaaaaaaaaaaaa; done").numero, Erreur::Aucune);
   EXPECT_GE(sortie.size(), 1000U);
+}
+
+TEST_F(LanceGsTest, TheWishToEndEndsIt) {
+  struct AuTroisiemeRegard : base::Arret {
+    [[nodiscard]] bool Demandee() const override { return ++regards > 2; }
+    mutable int regards = 0;
+  } arret;
+  const base::SousArret sous(&arret);
+  moyens.delai = std::chrono::milliseconds(5000);
+  const EpsFin fin = Lance("sleep 100");
+  EXPECT_EQ(fin.code, 128 + SIGKILL);
+  EXPECT_EQ(fin.numero, Erreur::Aucune) << "no delay is blamed";
 }
 
 TEST_F(LanceGsTest, ASignalIsAnExitCode) {
