@@ -266,14 +266,17 @@ std::vector<Ligne::Autre> Autres(const std::vector<Records>& contours, bool ferm
     if (!moteur.Present()) continue;
     essaie(nom, [&] {
       std::vector<Chemin> amincis;
-      for (const Records& contour : contours) {
-        amincis.push_back(Aminci(contour));
-        if (ferme) amincis.back().pop_back();
-      }
+      const double amincit = banc::TempsMoyen([&] {
+        amincis.clear();
+        for (const Records& contour : contours) {
+          amincis.push_back(Aminci(contour));
+          if (ferme) amincis.back().pop_back();
+        }
+      });
       const auto r = moteur.Decale(amincis, ferme, d, FlecheDesAutres);
       if (!r) std::_Exit(1);
       Mesures m;
-      m.secondes = r->secondes;
+      m.secondes = amincit + r->secondes;
       if (contours.size() == 1) MesureErreur(contours[0], ferme, r->segments, d, m);
       return m;
     });
